@@ -1,0 +1,283 @@
+/* SPDX-License-Identifier: MIT */
+/*
+ * What a host compiles against: the two entries of the tool library, the table of callbacks that the host offers,
+ * the records that pass between host and tools, and the few calls that take the place of a window system's own.
+ * Plain C; it never needs a Qt header. Text is UTF-16, colours are 0x00BBGGRR, results are 0 or positive on success.
+ * Everything here is called on the host's window thread (the thread of its QApplication) and calls back on it.
+ */
+#ifndef PNLTOOLS_PNLTOOLS_H
+#define PNLTOOLS_PNLTOOLS_H
+
+#include <stddef.h>
+#include <stdint.h>
+#include <uchar.h>
+
+#if defined(__cplusplus)
+#include <cstddef>
+#define PNL_STATIC_ASSERT static_assert
+extern "C" {
+#else
+#define PNL_STATIC_ASSERT _Static_assert
+#endif
+
+#define PNL_API __attribute__((visibility("default")))
+
+/* A window of the tool library or of the host, as a number. 0 is no window. A number is never used twice. */
+typedef int32_t PnlWindow;
+
+/* ---------------------------------------------------------------- tools */
+
+enum PnlToolId {
+  PNL_TOOL_ERRORS = 0,
+  PNL_TOOL_PLC_MESSAGES = 1,
+  PNL_TOOL_HELP = 2,
+  PNL_TOOL_CALCULATOR = 3,
+  PNL_TOOL_MACHINING_CALCULATOR = 4,
+  PNL_TOOL_EXPLORER = 5,
+  PNL_TOOL_MDI = 6
+};
+
+/* The reasons of HostToolClosed. */
+enum PnlCloseReason { PNL_CLOSED_ACCEPTED = 1, PNL_CLOSED = 2 };
+
+/* ---------------------------------------------------------------- records */
+
+/* A soft-key menu on its way to a bar of the host. menu 0 clears the bar. Passed by value. */
+typedef struct HostMenuRef {
+  int32_t zero;    /* always 0 */
+  uint32_t menu;   /* menu handle, read with PnlMenuItemCount and PnlMenuItemAt; 0 for no menu */
+  uint8_t one;     /* always 1 */
+  uint8_t another; /* always 1 */
+  uint16_t unused; /* not written */
+} HostMenuRef;
+PNL_STATIC_ASSERT(sizeof(HostMenuRef) == 12, "HostMenuRef is 12 bytes");
+PNL_STATIC_ASSERT(offsetof(HostMenuRef, menu) == 4, "HostMenuRef.menu");
+PNL_STATIC_ASSERT(offsetof(HostMenuRef, one) == 8, "HostMenuRef.one");
+PNL_STATIC_ASSERT(offsetof(HostMenuRef, another) == 9, "HostMenuRef.another");
+PNL_STATIC_ASSERT(offsetof(HostMenuRef, unused) == 10, "HostMenuRef.unused");
+
+/* One line of the host's message zone. An empty text clears the line. */
+typedef struct HostMessage {
+  int32_t line;       /* 1, or 1 to 3 for the machining calculator */
+  int32_t one;        /* 1 */
+  int32_t another;    /* 1 */
+  char16_t text[256]; /* terminated */
+  uint32_t back;      /* 0x00BBGGRR */
+  uint32_t fore;      /* 0x00BBGGRR */
+  int32_t ten;        /* always 10 */
+  uint8_t rest[1584]; /* zero */
+} HostMessage;
+PNL_STATIC_ASSERT(sizeof(HostMessage) == 2120, "HostMessage is 2120 bytes");
+PNL_STATIC_ASSERT(offsetof(HostMessage, text) == 12, "HostMessage.text");
+PNL_STATIC_ASSERT(offsetof(HostMessage, back) == 524, "HostMessage.back");
+PNL_STATIC_ASSERT(offsetof(HostMessage, fore) == 528, "HostMessage.fore");
+PNL_STATIC_ASSERT(offsetof(HostMessage, ten) == 532, "HostMessage.ten");
+PNL_STATIC_ASSERT(offsetof(HostMessage, rest) == 536, "HostMessage.rest");
+
+/* The error that the error tool offers to the host for display. The texts are valid during the call only. */
+typedef struct HostErrorLine {
+  uint32_t backColor;         /* the colour of the error's class */
+  uint32_t textColor;         /* white */
+  const char16_t* helpRef;    /* path and number parted by '#', or empty */
+  const char16_t* headerText; /* "word number : text" */
+} HostErrorLine;
+
+/* Second argument of a cycle start (message 0x800, first 1 or 2). */
+typedef struct PnlCycleStart {
+  int32_t reserved;
+  int8_t channel; /* from 1; 0 means the tool's current one */
+  int8_t unused[3];
+} PnlCycleStart;
+PNL_STATIC_ASSERT(offsetof(PnlCycleStart, channel) == 4, "PnlCycleStart.channel");
+
+/* Second argument of ToolNotify 41 and 42, valid during the call only. */
+typedef struct PnlToolNotify {
+  int32_t channel;
+  PnlWindow window; /* the tool's window */
+} PnlToolNotify;
+PNL_STATIC_ASSERT(sizeof(PnlToolNotify) == 8, "PnlToolNotify is 8 bytes");
+PNL_STATIC_ASSERT(offsetof(PnlToolNotify, window) == 4, "PnlToolNotify.window");
+
+/* Second argument of "ZM_SHOW_FILE" and "ZM_SHOW_ERRORHELP"; the texts are valid during the call only. */
+typedef struct ShowFileRecord {
+  uint32_t backColor;
+  uint32_t textColor;
+  const char16_t* file;
+  const char16_t* title;
+} ShowFileRecord;
+
+/* Request to the explorer and its answer. The asker keeps it alive from the request to the explorer's end. */
+typedef struct XPLRDATA_ST {
+  int32_t Owner;          /* 1000 + the asker's tool id */
+  char16_t Title[100];    /* empty keeps the explorer's own title */
+  char16_t Path[260];     /* in: start folder; out: chosen folder, no trailing backslash */
+  char16_t File[256];     /* in: proposed name; out: chosen name */
+  char16_t Filter[256];   /* patterns parted by commas */
+  char16_t Extension[10]; /* default extension without point; "*" means none */
+  uint32_t Flags;         /* XPLR_... */
+} XPLRDATA_ST;
+PNL_STATIC_ASSERT(sizeof(XPLRDATA_ST) == 1772, "XPLRDATA_ST is 1772 bytes");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Title) == 4, "XPLRDATA_ST.Title");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Path) == 204, "XPLRDATA_ST.Path");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, File) == 724, "XPLRDATA_ST.File");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Filter) == 1236, "XPLRDATA_ST.Filter");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Extension) == 1748, "XPLRDATA_ST.Extension");
+PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Flags) == 1768, "XPLRDATA_ST.Flags");
+
+enum PnlExplorerFlags {
+  XPLR_FOLDERMODE = 0x1,
+  XPLR_CONFIRMOVERWRITE = 0x2,
+  XPLR_LISTONLY = 0x8,
+  XPLR_HIDELOCKED = 0x10,
+  XPLR_NOBLANKS = 0x20,
+  XPLR_MUSTEXIST = 0x1000,
+  XPLR_NOREADONLY = 0x8000,
+  XPLR_PINNED = 0x800000
+};
+
+/* ---------------------------------------------------------------- the host's callbacks */
+
+/* Slot 0: may the tool come to the front? Non-zero is yes. Only the PLC message view asks. */
+typedef int (*HostMayOpenToolFn)(int tool);
+/* Slot 1: a tool is about to appear. */
+typedef void (*HostToolOpeningFn)(int tool);
+/* Slot 2: a tool has gone away; reason is a PnlCloseReason. */
+typedef void (*HostToolClosedFn)(int tool, int reason);
+/* Slots 3 and 4: install a soft-key menu in the main or the side bar; menu handle 0 clears it. */
+typedef void (*HostSetMainMenuFn)(int tool, HostMenuRef menu);
+typedef void (*HostSetSideMenuFn)(int tool, HostMenuRef menu);
+/* Slots 5 and 6: the items of the installed menu changed; draw it again. The second argument is 0. */
+typedef void (*HostUpdateMainMenuFn)(int tool, int zero);
+typedef void (*HostUpdateSideMenuFn)(int tool, int zero);
+/* Slot 7: show or clear a line of the message zone. */
+typedef void (*HostShowMessageFn)(int tool, const HostMessage* message);
+/* Slot 8: open the explorer for the record whose number was just written to the variable E.XPLRDATA. */
+typedef void (*HostExplorerRequestFn)(void);
+/* Slot 9: the calculator was closed with a value, ready in E.CALCRESUL. */
+typedef void (*HostCalcResultAcceptedFn)(void);
+/* Slots 10 and 11: the explorer was closed with a file, or with a folder. */
+typedef void (*HostExplorerAcceptedFn)(void);
+typedef void (*HostExplorerAcceptedAltFn)(void);
+/* Slot 12: the machining calculator put a block on the clipboard; take it into the program being edited. */
+typedef void (*HostInsertBlockFn)(void);
+/* Slot 13: the error tool offers the current error for display. */
+typedef int (*HostShowErrorFn)(const HostErrorLine* line);
+/* Slot 14: the error tool has nothing left to show. */
+typedef void (*HostErrorsGoneFn)(void);
+/* Slot 15: a key for the host (27), after the PLC message view stepped away from an error help text. */
+typedef void (*HostForwardKeyFn)(int key);
+/* Slot 16: the operator pressed the tool's close key; the host decides. */
+typedef void (*HostToolWantsCloseFn)(int tool);
+/* Slots 17 and 18: one calculator asks for the other. */
+typedef void (*HostOpenCalculatorFn)(void);
+typedef void (*HostOpenMachiningCalculatorFn)(void);
+
+/* ---------------------------------------------------------------- the two entries */
+
+/*
+ * Hands over the 19 callbacks, in slot order; a null one means that the host doesn't offer that service. Copies
+ * them and checks nothing. May be called again: the new table holds from the next callback on.
+ */
+PNL_API void SetPNLApi(HostMayOpenToolFn mayOpenTool, HostToolOpeningFn toolOpening, HostToolClosedFn toolClosed,
+                       HostSetMainMenuFn setMainMenu, HostSetSideMenuFn setSideMenu,
+                       HostUpdateMainMenuFn updateMainMenu, HostUpdateSideMenuFn updateSideMenu,
+                       HostShowMessageFn showMessage, HostExplorerRequestFn explorerRequest,
+                       HostCalcResultAcceptedFn calcResultAccepted, HostExplorerAcceptedFn explorerAccepted,
+                       HostExplorerAcceptedAltFn explorerAcceptedAlt, HostInsertBlockFn insertBlock,
+                       HostShowErrorFn showError, HostErrorsGoneFn errorsGone, HostForwardKeyFn forwardKey,
+                       HostToolWantsCloseFn toolWantsClose, HostOpenCalculatorFn openCalculator,
+                       HostOpenMachiningCalculatorFn openMachiningCalculator);
+
+/*
+ * Makes the tool with that number as a child of parent and returns its window; 0 for an unknown number, a parent
+ * that isn't alive, or a window that couldn't be made. Two calls with one number make two tools. The tool frees
+ * itself with its window, which ends with PnlDestroyWindow or with the parent.
+ */
+PNL_API PnlWindow LoadPNLTool(int toolId, PnlWindow parent);
+
+/* ---------------------------------------------------------------- windows and messages */
+
+/* Fixed message numbers between host and tools. */
+enum PnlMessage {
+  PNL_MSG_COMMAND = 0x111,         /* a soft key: first = the item's id */
+  PNL_MSG_VARIABLE_REPORT = 0x700, /* a CNC variable on which the window opened a report changed */
+  PNL_MSG_CYCLE_START = 0x800,     /* first 1, 2 or 3; second = address of a PnlCycleStart */
+  PNL_MSG_TOOL_NOTIFY = 0x801,     /* to a host: first 41 or 42, second = address of a PnlToolNotify */
+  PNL_MSG_TOOL_COMMAND = 0x802,    /* first = command code, second = its argument */
+  PNL_MSG_RESULT_READY = 0x804,    /* first 1: calculator result; 2: file accepted; 3: explorer left */
+  PNL_MSG_HELP_KEY = 0x805,
+  PNL_MSG_EXPLORER_ENDED = 0x806
+};
+
+/* Receives the messages that tools send to a window of the host. The result goes back to a synchronous sender. */
+typedef intptr_t (*PnlMessageProc)(void* context, PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
+
+/*
+ * Makes a widget of the host (a QWidget*) known, so that tools can be its children and send it messages. proc may be
+ * null. The same widget keeps its number; a second call replaces proc and context. Returns 0 for a null widget.
+ */
+PNL_API PnlWindow PnlAttachWidget(void* qwidget, PnlMessageProc proc, void* context);
+/* The window to which tools post messages meant for the whole panel ("ZM_UPDATE_NERRORS", "ZM_CLOSE7340"). */
+PNL_API void PnlSetMainWindow(PnlWindow window);
+/* The QWidget* behind a window, or null when it isn't alive. */
+PNL_API void* PnlWidgetOf(PnlWindow window);
+/* Non-zero while the window exists. */
+PNL_API int PnlIsAlive(PnlWindow window);
+/* Destroys a tool's window and the tool with it. A dead window and a window of the host are left alone. */
+PNL_API void PnlDestroyWindow(PnlWindow window);
+/* Delivers a message now and returns the answer; 0 for a dead window. */
+PNL_API intptr_t PnlSendMessage(PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
+/* Queues a message. Nothing happens for a window that is dead by then. */
+PNL_API void PnlPostMessage(PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
+/* The number of a registered name (ASCII), from 0xC000 up; the same for every caller in the process. 0 for null. */
+PNL_API uint32_t PnlRegisterMessage(const char* name);
+
+/* ---------------------------------------------------------------- records by number */
+
+/* E.XPLRDATA carries 32 bits: a record gets a number that stands for its address until it is withdrawn. */
+PNL_API int32_t PnlPublishRecord(void* record);
+/* The address behind a number, or null once its owner has withdrawn it. */
+PNL_API void* PnlResolveRecord(int32_t number);
+PNL_API void PnlWithdrawRecord(int32_t number);
+
+/* ---------------------------------------------------------------- menus */
+
+/* One item of a menu, as it is now. */
+typedef struct PnlMenuItem {
+  int32_t id;
+  int32_t enabled;
+  int32_t checked;
+  int32_t visible;
+  int32_t bitmap;       /* resource number, 0 for none; its picture comes from PnlBitmap */
+  uint32_t subMenu;     /* menu handle, 0 for none */
+  char16_t text[128];   /* terminated */
+  char16_t helper[128]; /* terminated; a word by which a host can look up help on the key */
+} PnlMenuItem;
+
+/* The number of items, hidden ones included; -1 for a menu that doesn't exist. */
+PNL_API int PnlMenuItemCount(uint32_t menu);
+/* Fills *item and answers non-zero; 0 when there is no such menu or item, and *item stays as it was. */
+PNL_API int PnlMenuItemAt(uint32_t menu, int index, PnlMenuItem* item);
+
+/* ---------------------------------------------------------------- language and CNC */
+
+/*
+ * The language of texts, menus, dialogs and bitmaps: "en", "es", or "none" (text n reads "Tn"). Answers non-zero when
+ * that pack was found. Call it before the first tool; a tool that is open keeps what it has.
+ */
+PNL_API int PnlSetLanguage(const char* code);
+/* The SVG of a bitmap by number, valid until the language changes. Answers non-zero when there is one. */
+PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);
+
+/*
+ * Which CNC the tools work with: "sim" (the start value) or the path of a backend library, which exports
+ * `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)` (headers in pnltools/backend/).
+ * Call it before the first tool. Answers non-zero on success; on failure the backend stays as it was.
+ */
+PNL_API int PnlSetBackend(const char* name);
+
+#if defined(__cplusplus)
+}
+#endif
+
+#endif

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// The host's side of the library: hands the callback table over, loads tools, keeps what they asked for (menus,
+// message lines, who is open) and passes it on to whoever listens. Knows no widget but the parent of the tools, so
+// that the window, the guided session and the remote control share one session.
+#pragma once
+
+#include <pnltools/pnltools.h>
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+#include <array>
+#include <map>
+#include <vector>
+
+namespace panel {
+
+inline constexpr int kSlotCount = 19;
+/// "HostMayOpenTool", … in slot order.
+extern const std::array<const char*, kSlotCount> kSlotNames;
+
+/// One line of the message zone as last shown.
+struct MessageLine {
+  QString text;
+  std::uint32_t back = 0;
+  std::uint32_t fore = 0;
+};
+
+/// A callback as it came: the arguments as QVariants in order (a menu as its raw HostMenuRef handle, a message as
+/// QVariantMap line, text, back, fore; an error line as back, fore, helpRef, header).
+struct HostCall {
+  int slot = 0;
+  QVariantList args;
+};
+
+class HostSession : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit HostSession(QObject* parent = nullptr);
+  ~HostSession() override;
+
+  /// Only one session exists in a process; the callbacks find it here.
+  static HostSession* Current();
+
+  /// The widget under which tools live and which takes their messages.
+  void SetToolArea(QWidget* area);
+  [[nodiscard]] PnlWindow ToolArea() const { return toolArea_; }
+  /// Hands the table over with only these slots filled.
+  void Offer(const std::vector<int>& slotNumbers);
+  void OfferAll();
+  /// What slots 0 and 13 answer.
+  void SetReturn(int slot, int value);
+
+  /// 0 on failure.
+  PnlWindow LoadTool(int toolId, PnlWindow parent);
+  /// The last window loaded for that tool that is still alive, else 0.
+  [[nodiscard]] PnlWindow ToolWindow(int toolId) const;
+  /// All windows ever loaded that are alive, in order.
+  [[nodiscard]] std::vector<PnlWindow> ToolWindows() const;
+  void DestroyTool(PnlWindow window);
+  /// Closes every tool in order.
+  void CloseAll();
+
+  [[nodiscard]] std::uint32_t MainMenu() const { return mainMenu_; }
+  [[nodiscard]] std::uint32_t SideMenu() const { return sideMenu_; }
+  [[nodiscard]] int MainMenuTool() const { return mainMenuTool_; }
+  [[nodiscard]] int SideMenuTool() const { return sideMenuTool_; }
+  [[nodiscard]] const std::map<int, MessageLine>& Messages() const { return messages_; }
+  [[nodiscard]] bool IsToolOpen(int toolId) const;
+  /// Whether the panel reacts to callbacks as a host does in a session with an operator (off under --bare).
+  void SetReacting(bool on) { reacting_ = on; }
+  [[nodiscard]] bool Reacting() const { return reacting_; }
+
+ signals:
+  /// Every callback, at the moment it is made.
+  void Called(const panel::HostCall& call);
+  void MainMenuChanged();
+  void SideMenuChanged();
+  void MessagesChanged();
+  void ToolsChanged();
+  /// A message that a tool sent or posted to the tool area or the main window, when it arrives.
+  void MessageArrived(std::uint32_t message, qint64 first, qint64 second);
+
+ private:
+  friend struct HostCallbacks;
+  void OnCall(HostCall call);
+  PnlWindow toolArea_ = 0;
+  std::array<int, kSlotCount> returns_{};
+  std::uint32_t mainMenu_ = 0;
+  std::uint32_t sideMenu_ = 0;
+  int mainMenuTool_ = -1;
+  int sideMenuTool_ = -1;
+  bool reacting_ = true;
+  std::map<int, MessageLine> messages_;
+  std::vector<std::pair<int, PnlWindow>> loaded_;
+  std::map<int, bool> open_;
+};
+
+}  // namespace panel

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The record that the kernel fills for one error: its layout is the exchange format with the kernel, so every field is
+// checked by offset. Fields overlap: which one holds depends on the error's source. Nothing here composes texts.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "base/text.h"
+
+namespace pnl {
+
+/// One typed parameter, 536 bytes.
+struct ErrorParameter {
+  std::int32_t valueType;  // 0: absent
+  std::int32_t unit;
+  std::int32_t meaning;
+  std::int32_t unused;
+  unsigned char value[520];  // read by valueType
+};
+static_assert(sizeof(ErrorParameter) == 536);
+static_assert(offsetof(ErrorParameter, value) == 16);
+
+/// One bare value, 24 bytes.
+struct ErrorValue {
+  std::int32_t valueType;
+  std::int32_t unused;
+  unsigned char value[16];
+};
+static_assert(sizeof(ErrorValue) == 24);
+static_assert(offsetof(ErrorValue, value) == 8);
+
+/// 4048 bytes. The named text fields overlap with others in places; they are reached through the offsets below.
+struct alignas(8) ErrorRecord {
+  unsigned char bytes[4048];
+
+  template <typename T>
+  [[nodiscard]] T Get(std::size_t offset) const {
+    T value;
+    std::memcpy(&value, bytes + offset, sizeof value);
+    return value;
+  }
+  template <typename T>
+  void Set(std::size_t offset, T value) {
+    std::memcpy(bytes + offset, &value, sizeof value);
+  }
+  /// The text of a field of that many bytes, up to its terminator or the field's end.
+  [[nodiscard]] Text GetText(std::size_t offset, std::size_t size) const;
+  /// Cut to what fits with its terminator.
+  void SetText(std::size_t offset, std::size_t size, TextView text);
+};
+static_assert(sizeof(ErrorRecord) == 4048);
+
+/// A field: its name in scripts and logs, its place, and what it holds.
+struct ErrorField {
+  enum class Kind { kText, kInt32, kUint16, kInt8, kUint8 };
+  const char* name;
+  std::size_t offset;
+  std::size_t size;  // in bytes
+  Kind kind;
+};
+
+namespace error_field {
+inline constexpr ErrorField kModule{"module", 0, 12, ErrorField::Kind::kText};
+inline constexpr ErrorField kSource{"source", 12, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kNumber{"number", 24, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kIdentifier{"identifier", 28, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kSeverity{"severity", 32, 2, ErrorField::Kind::kUint16};
+inline constexpr ErrorField kChannel{"channel", 36, 1, ErrorField::Kind::kInt8};
+inline constexpr ErrorField kMarked{"marked", 38, 1, ErrorField::Kind::kUint8};
+inline constexpr ErrorField kMessageText{"messageText", 40, 168, ErrorField::Kind::kText};
+inline constexpr ErrorField kCode{"code", 40, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kPartner{"partner", 44, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kDiagnosisKind{"diagnosisKind", 142, 2, ErrorField::Kind::kUint16};
+inline constexpr ErrorField kDiagnosisA{"diagnosisA", 144, 2, ErrorField::Kind::kUint16};
+inline constexpr ErrorField kDiagnosisB{"diagnosisB", 146, 2, ErrorField::Kind::kUint16};
+inline constexpr ErrorField kProgramName{"programName", 168, 128, ErrorField::Kind::kText};
+inline constexpr ErrorField kExtraText{"extraText", 208, 88, ErrorField::Kind::kText};
+inline constexpr ErrorField kFilePosition{"filePosition", 296, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kFileSpan{"fileSpan", 306, 2, ErrorField::Kind::kUint16};
+inline constexpr ErrorField kProgramPath{"programPath", 308, 148, ErrorField::Kind::kText};
+inline constexpr ErrorField kScriptState{"scriptState", 456, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kScriptText{"scriptText", 460, 512, ErrorField::Kind::kText};
+inline constexpr ErrorField kScriptPath{"scriptPath", 972, 244, ErrorField::Kind::kText};
+inline constexpr ErrorField kScriptPosition{"scriptPosition", 1216, 4, ErrorField::Kind::kInt32};
+inline constexpr ErrorField kScriptSpan{"scriptSpan", 1220, 2, ErrorField::Kind::kUint16};
+inline constexpr std::size_t kParametersOffset = 1224;
+inline constexpr std::size_t kParameterCount = 5;
+inline constexpr std::size_t kExtraValuesOffset = 3904;
+inline constexpr std::size_t kExtraValueCount = 4;
+static_assert(kParametersOffset + kParameterCount * sizeof(ErrorParameter) == kExtraValuesOffset);
+static_assert(kExtraValuesOffset + kExtraValueCount * sizeof(ErrorValue) <= sizeof(ErrorRecord));
+}  // namespace error_field
+
+/// What the text functions of the utilities fill.
+struct Z7340ERRORINFO_ST {
+  char16_t text[500];     // its first character is a separator
+  char16_t helpRef[260];  // path and number parted by '#', or empty
+  std::int32_t hasHelp;   // non-zero: the help view may open by itself
+};
+static_assert(sizeof(Z7340ERRORINFO_ST) == 1524);
+
+}  // namespace pnl

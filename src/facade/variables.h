@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// Named CNC variables: the seam to the panel's variable server, and ZCVariable, the handle on one variable that the
+// tools work with. Every operation returns 0 for success and another code otherwise.
+#pragma once
+
+#include <cstdint>
+
+#include "base/text.h"
+#include "window/window.h"
+
+namespace pnl {
+
+/// What the server knows of a variable when a name is bound.
+struct VariableInfo {
+  std::int32_t identifier = -1;  // -1: the name isn't known
+  std::int32_t externalId = 0;
+  std::int32_t integerDigits = 0;
+  std::int32_t decimals = 0;
+  char16_t pad = u' ';
+  bool plc = false;
+};
+
+/// The seam. Identifiers come from Bind; a call with one that isn't known (any more) fails with a code. Index arguments
+/// are -1 throughout the library and are left out here.
+class Variables {
+ public:
+  virtual ~Variables() = default;
+  [[nodiscard]] virtual VariableInfo Bind(TextView name) = 0;
+  /// On failure value keeps what it held; likewise the other reads.
+  virtual int ReadInt(std::int32_t identifier, std::int32_t& value) = 0;
+  virtual int WriteInt(std::int32_t identifier, std::int32_t value, int flag) = 0;
+  virtual int ReadDouble(std::int32_t identifier, double& value) = 0;
+  virtual int WriteDouble(std::int32_t identifier, double value) = 0;
+  virtual int ReadTxt(std::int32_t identifier, Text& value) = 0;
+  virtual int WriteTxt(std::int32_t identifier, TextView value) = 0;
+  virtual int UpdateCache(std::int32_t identifier) = 0;
+  /// From now on a change posts kMsgVariableReport to the window, first = identifier, second = 0.
+  virtual int OpenReport(std::int32_t identifier, WindowHandle window) = 0;
+  virtual int CloseReport(std::int32_t identifier, WindowHandle window) = 0;
+  /// Posts a report now although nothing changed.
+  virtual int GeneraReport(std::int32_t identifier, WindowHandle window) = 0;
+};
+
+/// A handle on one variable. Without a known name every operation fails quietly. Copying is not allowed (assignment
+/// between two handles copies nothing in the panel's own library); moving hands the open report over. The destructor
+/// closes an open report.
+class ZCVariable {
+ public:
+  explicit ZCVariable(Variables& variables) : variables_(&variables) {}
+  ZCVariable(Variables& variables, TextView name) : variables_(&variables) { SetNombre(name); }
+  ~ZCVariable();
+  ZCVariable(ZCVariable&& other) noexcept;
+  ZCVariable& operator=(ZCVariable&&) = delete;
+  ZCVariable(const ZCVariable&) = delete;
+  ZCVariable& operator=(const ZCVariable&) = delete;
+
+  /// Binds the name, closing a report of the old one. 0 when the name is known.
+  int SetNombre(TextView name);
+  [[nodiscard]] bool IsValid() const { return info_.identifier != -1; }
+  [[nodiscard]] std::int32_t GetIDExterno() const { return info_.externalId; }
+  [[nodiscard]] std::int32_t GetNEnteros() const { return info_.integerDigits; }
+  [[nodiscard]] std::int32_t GetNDecimales() const { return info_.decimals; }
+  [[nodiscard]] char16_t GetPad() const { return info_.pad; }
+  void SetPad(char16_t pad) { info_.pad = pad; }
+  [[nodiscard]] bool IsReport() const { return window_ != 0; }
+  [[nodiscard]] bool IsPLC() const { return info_.plc; }
+  [[nodiscard]] std::int32_t GetHexView() const { return hexView_; }
+  void SetHexView(std::int32_t view) { hexView_ = view; }
+
+  int ReadInt(std::int32_t& value) const;
+  int WriteInt(std::int32_t value, int flag = 0);
+  int ReadDouble(double& value) const;
+  int WriteDouble(double value);
+  int ReadTxt(Text& value) const;
+  int WriteTxt(TextView value);
+  /// Brings the local copy up to date, for a read that must see the present value.
+  int UpdateCache();
+  int OpenReport(WindowHandle window);
+  int CloseReport();
+  [[nodiscard]] bool IsReportOpened() const { return IsReport(); }
+  /// Called with the arguments of a kMsgVariableReport: true if that report is about this variable.
+  [[nodiscard]] bool HandleReport(std::intptr_t first, std::intptr_t second) const;
+  /// Sends a report now to the window that opened it, so that it sees the present value by the normal path.
+  int GeneraReport();
+
+ private:
+  Variables* variables_;
+  VariableInfo info_;
+  WindowHandle window_ = 0;  // who has a report open; 0 for none
+  std::int32_t hexView_ = 0;
+};
+
+}  // namespace pnl

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// The host's callback table and its guarded wrappers. No tool reads the table directly: a null slot means that the host
+// doesn't offer the service, and its wrapper does nothing or yields 0.
+#pragma once
+
+#include <pnltools/pnltools.h>
+
+#include "base/text.h"
+#include "facade/variables.h"
+
+namespace pnl {
+
+/// Exactly 19 pointers, in slot order; zero until SetPNLApi has run.
+struct HostApiTable {
+  HostMayOpenToolFn mayOpenTool;
+  HostToolOpeningFn toolOpening;
+  HostToolClosedFn toolClosed;
+  HostSetMainMenuFn setMainMenu;
+  HostSetSideMenuFn setSideMenu;
+  HostUpdateMainMenuFn updateMainMenu;
+  HostUpdateSideMenuFn updateSideMenu;
+  HostShowMessageFn showMessage;
+  HostExplorerRequestFn explorerRequest;
+  HostCalcResultAcceptedFn calcResultAccepted;
+  HostExplorerAcceptedFn explorerAccepted;
+  HostExplorerAcceptedAltFn explorerAcceptedAlt;
+  HostInsertBlockFn insertBlock;
+  HostShowErrorFn showError;
+  HostErrorsGoneFn errorsGone;
+  HostForwardKeyFn forwardKey;
+  HostToolWantsCloseFn toolWantsClose;
+  HostOpenCalculatorFn openCalculator;
+  HostOpenMachiningCalculatorFn openMachiningCalculator;
+};
+static_assert(sizeof(HostApiTable) == 19 * sizeof(void*));
+
+/// The one global of the library, in a data section named ".PNLTOOL".
+extern HostApiTable HostApi;
+
+/// The default look of a message line: green with black text.
+inline constexpr std::uint32_t kMessageBack = 0x2C8064;
+inline constexpr std::uint32_t kMessageText = 0;
+
+/// The wrappers. One object serves all tools.
+class HostBridge {
+ public:
+  HostBridge(const HostApiTable& table, Variables& variables) : table_(table), variables_(variables) {}
+
+  [[nodiscard]] int HostMayOpenTool(int tool) const;
+  void HostToolOpening(int tool) const;
+  void HostToolClosed(int tool, int reason) const;
+  /// Menu handle 0 clears the bar.
+  void HostSetMainMenu(int tool, std::uint32_t menu) const;
+  void HostSetSideMenu(int tool, std::uint32_t menu) const;
+  void HostUpdateMainMenu(int tool) const;
+  void HostUpdateSideMenu(int tool) const;
+  /// An empty text clears the line. Text beyond 255 units is cut.
+  void HostShowMessage(int tool, TextView text, std::uint32_t back = kMessageBack, std::uint32_t fore = kMessageText,
+                       int line = 1) const;
+  /// Without slot 8 nothing is written. Else the record's number goes to "E.XPLRDATA", if that variable is there, and
+  /// the host is called in any case. The record must outlive the request.
+  void HostExplorerRequest(XPLRDATA_ST& record) const;
+  void HostCalcResultAccepted() const;
+  void HostExplorerAccepted() const;
+  void HostExplorerAcceptedAlt() const;
+  void HostInsertBlock() const;
+  [[nodiscard]] int HostShowError(const HostErrorLine& line) const;
+  void HostErrorsGone() const;
+  void HostForwardKey(int key) const;
+  void HostToolWantsClose(int tool) const;
+  void HostOpenCalculator() const;
+  void HostOpenMachiningCalculator() const;
+
+ private:
+  const HostApiTable& table_;
+  Variables& variables_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// The window system as the tools' logic sees it: windows are numbers, messages have a number and two arguments. Not a
+// widget kit: how a window looks is the business of the window classes. window/qt holds the real thing.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace pnl {
+
+/// 0 is no window. A number is never used twice.
+using WindowHandle = std::int32_t;
+
+struct Message {
+  std::uint32_t number = 0;
+  std::intptr_t first = 0;
+  std::intptr_t second = 0;
+};
+
+/// The custom messages between host and tools.
+inline constexpr std::uint32_t kMsgCommand = 0x111;  // a soft key: first = the item's id
+inline constexpr std::uint32_t kMsgVariableReport = 0x700;
+inline constexpr std::uint32_t kMsgCycleStart = 0x800;
+inline constexpr std::uint32_t kMsgToolNotify = 0x801;
+inline constexpr std::uint32_t kMsgToolCommand = 0x802;
+inline constexpr std::uint32_t kMsgResultReady = 0x804;
+inline constexpr std::uint32_t kMsgHelpKey = 0x805;
+inline constexpr std::uint32_t kMsgExplorerEnded = 0x806;
+
+/// The number of a registered name, from 0xC000 up, one registry for the process.
+[[nodiscard]] std::uint32_t RegisterMessage(std::string_view name);
+/// The name behind a number, empty when none was registered with it.
+[[nodiscard]] std::string_view RegisteredMessageName(std::uint32_t number);
+
+struct Rect {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+  [[nodiscard]] int Width() const { return right - left; }
+  [[nodiscard]] int Height() const { return bottom - top; }
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+enum class BoxStyle { kInfo, kError, kQuestion };
+enum class BoxAnswer { kOk, kYes, kNo, kCancel };
+
+struct BoxSpec {
+  Text title;
+  Text text;
+  BoxStyle style = BoxStyle::kInfo;  // kQuestion has Yes and No, the others OK
+};
+
+class WindowSystem {
+ public:
+  virtual ~WindowSystem() = default;
+  [[nodiscard]] virtual bool IsAlive(WindowHandle window) const = 0;
+  /// Delivers now; 0 for a dead window.
+  virtual std::intptr_t Send(WindowHandle window, const Message& message) = 0;
+  /// Queues; dropped when the window is dead by then.
+  virtual void Post(WindowHandle window, const Message& message) = 0;
+  /// The window for messages to the whole panel, 0 when there is none.
+  [[nodiscard]] virtual WindowHandle MainWindow() const = 0;
+  /// The main window's rectangle on the screen, or 0,0,800,600 without one.
+  [[nodiscard]] virtual Rect PanelRect() const = 0;
+  /// Shows a modal box. Runs an event loop: any window may be gone when it returns.
+  virtual BoxAnswer ShowBox(WindowHandle owner, const BoxSpec& box) = 0;
+  virtual void SetClipboardText(TextView text) = 0;
+  [[nodiscard]] virtual Text ClipboardText() const = 0;
+};
+
+}  // namespace pnl

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// A window system without windows: records what is sent, posted and asked, and answers as told. A test opens and kills
+// windows by number.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <set>
+#include <vector>
+
+#include "window/window.h"
+
+namespace pnl::test {
+
+struct SentMessage {
+  WindowHandle window = 0;
+  Message message;
+  bool posted = false;
+};
+
+class FakeWindowSystem : public WindowSystem {
+ public:
+  WindowHandle Open() {
+    alive.insert(++last_);
+    return last_;
+  }
+  void Kill(WindowHandle window) { alive.erase(window); }
+
+  bool IsAlive(WindowHandle window) const override { return alive.count(window) != 0; }
+  std::intptr_t Send(WindowHandle window, const Message& message) override {
+    if (!IsAlive(window)) return 0;
+    sent.push_back({window, message, false});
+    return onSend ? onSend(window, message) : 0;
+  }
+  void Post(WindowHandle window, const Message& message) override {
+    if (!IsAlive(window)) return;
+    sent.push_back({window, message, true});
+    posted.push_back({window, message, true});
+  }
+  WindowHandle MainWindow() const override { return mainWindow; }
+  Rect PanelRect() const override { return panelRect; }
+  BoxAnswer ShowBox(WindowHandle, const BoxSpec& box) override {
+    boxes.push_back(box);
+    if (onBox) onBox();
+    return boxAnswer;
+  }
+  void SetClipboardText(TextView text) override { clipboard = Text(text); }
+  Text ClipboardText() const override { return clipboard; }
+
+  /// Hands every posted message for a live window to deliver, those posted meanwhile included.
+  void Drain(const std::function<void(WindowHandle, const Message&)>& deliver) {
+    while (!posted.empty()) {
+      const SentMessage next = posted.front();
+      posted.pop_front();
+      if (IsAlive(next.window)) deliver(next.window, next.message);
+    }
+  }
+
+  std::set<WindowHandle> alive;
+  std::vector<SentMessage> sent;
+  std::deque<SentMessage> posted;
+  std::vector<BoxSpec> boxes;
+  BoxAnswer boxAnswer = BoxAnswer::kOk;
+  std::function<std::intptr_t(WindowHandle, const Message&)> onSend;
+  std::function<void()> onBox;
+  WindowHandle mainWindow = 0;
+  Rect panelRect{0, 0, 800, 600};
+  Text clipboard;
+
+ private:
+  WindowHandle last_ = 0;
+};
+
+}  // namespace pnl::test
