@@ -1,0 +1,59 @@
+# SPDX-License-Identifier: MIT
+# What the commands of the project share: saying what goes on, installing Debian packages that are missing, configuring
+# and building a tree. Sourced by run, test and lint.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+say() { printf '\033[1m==> %s\033[0m\n' "$*"; }
+
+# fail STEP HINT: ends the script and tells what to do.
+fail() {
+  printf '\n%s failed.\n%s\n' "$1" "$2" >&2
+  exit 1
+}
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# need_packages NAME...: installs those that are missing; asks for nothing when all are there.
+need_packages() {
+  local missing=()
+  for name in "$@"; do
+    dpkg-query -W -f='${Status}' "$name" 2>/dev/null | grep -q 'install ok installed' || missing+=("$name")
+  done
+  [ ${#missing[@]} = 0 ] && return
+  say "Installing ${missing[*]}"
+  if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
+    fail "Installing packages" "Run as root once, or install them yourself: apt-get install ${missing[*]}"
+  fi
+  as_root apt-get update -qq || fail "Reading the package lists" "Is the network there? Then try again."
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
+    fail "Installing packages" "Try it by hand to see why: apt-get install ${missing[*]}"
+}
+
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libpugixml-dev
+  libqt6svg6 fonts-liberation)
+test_packages=(python3 libgtest-dev libgmock-dev locales binutils)
+bench_packages=(libbenchmark-dev)
+lint_packages=(clang-format-14 clang-tidy-14)
+
+# build PRESET [TARGET...]: configures the tree once, then builds what is left.
+build() {
+  local preset=$1
+  shift
+  # The compiler cache makes a second tree, and a second checkout, cheap.
+  export CCACHE_SLOPPINESS=pch_defines,time_macros
+  if [ ! -f "build/$preset/build.ninja" ]; then
+    say "Configuring build/$preset"
+    cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
+      cat "build-$preset.log"
+      fail "Configuring build/$preset" "The log above names what is missing. rm -r build/$preset starts afresh."
+    }
+    mv "build-$preset.log" "build/$preset/configure.log"
+  fi
+  say "Building build/$preset"
+  cmake --build "build/$preset" ${1:+--target "$@"} ||
+    fail "Building build/$preset" "The first error above is the one to look at. rm -r build/$preset starts afresh."
+}
