@@ -85,6 +85,11 @@ inline constexpr ErrorField kScriptText{"scriptText", 460, 512, ErrorField::Kind
 inline constexpr ErrorField kScriptPath{"scriptPath", 972, 244, ErrorField::Kind::kText};
 inline constexpr ErrorField kScriptPosition{"scriptPosition", 1216, 4, ErrorField::Kind::kInt32};
 inline constexpr ErrorField kScriptSpan{"scriptSpan", 1220, 2, ErrorField::Kind::kUint16};
+/// All of them, in order of offset.
+inline constexpr ErrorField kAll[] = {
+    kModule,   kSource,      kNumber,        kIdentifier, kSeverity,   kChannel,        kMarked,    kMessageText,
+    kCode,     kPartner,     kDiagnosisKind, kDiagnosisA, kDiagnosisB, kProgramName,    kExtraText, kFilePosition,
+    kFileSpan, kProgramPath, kScriptState,   kScriptText, kScriptPath, kScriptPosition, kScriptSpan};
 inline constexpr std::size_t kParametersOffset = 1224;
 inline constexpr std::size_t kParameterCount = 5;
 inline constexpr std::size_t kExtraValuesOffset = 3904;

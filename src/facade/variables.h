@@ -10,6 +10,16 @@
 
 namespace pnl {
 
+/// The codes of the operations below. Tools compare them with 0 only; they are told apart for logs and tests.
+namespace variable_code {
+inline constexpr int kDone = 0;
+inline constexpr int kUnknown = 1;     // no such variable (any more)
+inline constexpr int kNotAllowed = 2;  // it can't be read, or can't be written
+inline constexpr int kNoValue = 3;     // its value has no form of the type asked for
+inline constexpr int kNoReport = 4;    // no report is open
+inline constexpr int kDeadWindow = 5;
+}  // namespace variable_code
+
 /// What the server knows of a variable when a name is bound.
 struct VariableInfo {
   std::int32_t identifier = -1;  // -1: the name isn't known

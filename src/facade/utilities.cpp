@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "facade/utilities.h"
+
+#include <array>
+
+#include "base/format.h"
+#include "base/numbers.h"
+
+namespace pnl {
+
+namespace {
+
+struct NamedFunction {
+  ErrorTextFunction function;
+  const char* name;
+};
+constexpr std::array<NamedFunction, 10> kErrorTextFunctions{{
+    {ErrorTextFunction::kErrorToTxt, "error_to_txt"},
+    {ErrorTextFunction::kErrorCs, "error_CS_to_txt"},
+    {ErrorTextFunction::kWarningCs, "warning_CS_to_txt"},
+    {ErrorTextFunction::kErrorDrive, "error_drive_to_txt"},
+    {ErrorTextFunction::kWarningDrive, "warning_drive_to_txt"},
+    {ErrorTextFunction::kErrorUnknownDrive, "error_unknown_drive_to_txt"},
+    {ErrorTextFunction::kWarningUnknownDrive, "warning_unknown_drive_to_txt"},
+    {ErrorTextFunction::kErrorMlink, "error_mlink_to_txt"},
+    {ErrorTextFunction::kEmcyCopen, "emcy_Copen_to_txt"},
+    {ErrorTextFunction::kReadPlcError, "ReadPLCError"},
+}};
+
+/// Menus nest two or three deep; a menu that holds itself must not hang the panel.
+constexpr int kDeepestMenu = 16;
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+/// Takes the next decimal number, with its sign, off the front; what stands before it is skipped. Counts modulo 256.
+std::uint32_t TakeColourPart(TextView& text) {
+  std::size_t at = 0;
+  while (at < text.size() && !IsDigit(text[at])) ++at;
+  const bool negative = at > 0 && at < text.size() && text[at - 1] == u'-';
+  std::uint32_t value = 0;
+  for (; at < text.size() && IsDigit(text[at]); ++at) value = (value * 10 + (text[at] - u'0')) % 256;
+  text.remove_prefix(at);
+  return negative ? (256 - value) % 256 : value;
+}
+
+void CleanItem(MenuItem& item) {
+  item.bitmap = 0;
+  item.helper.clear();
+}
+
+void CleanMenuTo(MenuTable& menus, MenuHandle handle, int depth) {
+  Menu* menu = menus.Find(handle);
+  if (menu == nullptr || depth == 0) return;
+  for (MenuItem& item : menu->items) {
+    CleanItem(item);
+    if (item.subMenu != 0) CleanMenuTo(menus, item.subMenu, depth - 1);
+  }
+}
+
+}  // namespace
+
+const char* ErrorTextFunctionName(ErrorTextFunction function) {
+  for (const NamedFunction& entry : kErrorTextFunctions) {
+    if (entry.function == function) return entry.name;
+  }
+  return "";
+}
+
+std::uint32_t AsciiToColorref(TextView text) {
+  const std::uint32_t red = TakeColourPart(text);
+  const std::uint32_t green = TakeColourPart(text);
+  const std::uint32_t blue = TakeColourPart(text);
+  return red | green << 8 | blue << 16;
+}
+
+Rect AsciiToCRect(TextView text) {
+  Text rest(text);
+  Rect rect;
+  rect.left = GetIntData(rest, u',');
+  rect.top = GetIntData(rest, u',');
+  rect.right = GetIntData(rest, u',');
+  rect.bottom = GetIntData(rest, u',');
+  return rect;
+}
+
+Text CRectToAscii(const Rect& rect) { return Format(u"%d,%d,%d,%d", rect.left, rect.top, rect.right, rect.bottom); }
+
+Text GetData(Text& text, char16_t separator) {
+  const std::size_t at = text.find(separator);
+  Text part = text.substr(0, at);
+  text.erase(0, at == Text::npos ? at : at + 1);
+  return part;
+}
+
+std::int32_t GetIntData(Text& text, char16_t separator) { return ParseIntPrefix(GetData(text, separator)); }
+
+void UTIL7340_SetMenuItemBitmap(MenuTable& menus, MenuHandle menu, int id, bool byPosition, int bitmap) {
+  if (MenuItem* item = menus.FindItem(menu, id, byPosition)) item->bitmap = bitmap;
+}
+
+void UTIL7340_SetMenuItemHelper(MenuTable& menus, MenuHandle menu, int id, bool byPosition, TextView helper) {
+  if (MenuItem* item = menus.FindItem(menu, id, byPosition)) item->helper = Text(helper);
+}
+
+void UTIL7340_ShowMenuItem(MenuTable& menus, MenuHandle menu, int id) {
+  if (MenuItem* item = menus.FindItem(menu, id)) item->hidden = false;
+}
+
+void UTIL7340_HideMenuItem(MenuTable& menus, MenuHandle menu, int id) {
+  if (MenuItem* item = menus.FindItem(menu, id)) item->hidden = true;
+}
+
+void UTIL7340_CleanMenuItem(MenuTable& menus, MenuHandle menu, int id, bool byPosition) {
+  if (MenuItem* item = menus.FindItem(menu, id, byPosition)) CleanItem(*item);
+}
+
+void UTIL7340_CleanMenu(MenuTable& menus, MenuHandle menu) { CleanMenuTo(menus, menu, kDeepestMenu); }
+
+}  // namespace pnl
