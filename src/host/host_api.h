@@ -5,6 +5,9 @@
 
 #include <pnltools/pnltools.h>
 
+#include <array>
+#include <string_view>
+
 #include "base/text.h"
 #include "facade/variables.h"
 
@@ -33,6 +36,9 @@ struct HostApiTable {
   HostOpenMachiningCalculatorFn openMachiningCalculator;
 };
 static_assert(sizeof(HostApiTable) == 19 * sizeof(void*));
+
+/// The slots' names, in slot order: "HostMayOpenTool", ...
+extern const std::array<std::string_view, 19> kHostSlotNames;
 
 /// The one global of the library, in a data section named ".PNLTOOL".
 extern HostApiTable HostApi;
@@ -71,9 +77,16 @@ class HostBridge {
   void HostOpenCalculator() const;
   void HostOpenMachiningCalculator() const;
 
+  /// True while one of the host's callbacks runs, so while a tool's code stands on the stack below it.
+  [[nodiscard]] bool InCallback() const { return depth_ != 0; }
+
  private:
+  template <typename Slot, typename... Args>
+  auto Call(Slot slot, const Args&... args) const;
+
   const HostApiTable& table_;
   Variables& variables_;
+  mutable int depth_ = 0;
 };
 
 }  // namespace pnl

@@ -50,11 +50,15 @@ class LanguagePack {
   [[nodiscard]] const std::vector<MenuNode>* FindMenuNodes(TextView name) const;
 
  private:
+  void Add(std::uint32_t kind, int id, std::string_view payload);
   std::map<int, Text> texts_;
   std::map<Text, std::vector<MenuNode>, std::less<>> menus_;
   std::map<int, DialogTemplate> dialogs_;
   std::map<int, std::string> bitmaps_;
 };
+
+/// The file of the language library in the folder of path id 15.
+inline constexpr TextView kLanguageLibrary = u"LPNLTOOLS.DLL";
 
 /// A loaded module of language resources; 0 is none.
 using ModuleHandle = std::uint32_t;
@@ -89,6 +93,7 @@ class Language {
 
  private:
   MenuHandle Build(const std::vector<LanguagePack::MenuNode>& nodes);
+  [[nodiscard]] Text TextOf(const LanguagePack& pack, int id) const;
   MenuTable& menus_;
   Utilities& utilities_;
   Files& files_;

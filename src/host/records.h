@@ -3,6 +3,7 @@
 // owner withdraws it, so that a stale or invented number can't be followed into memory.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace pnl {
@@ -11,6 +12,9 @@ namespace pnl {
 [[nodiscard]] std::int32_t PublishRecord(void* record);
 /// The address, or null once it was withdrawn.
 [[nodiscard]] void* ResolveRecord(std::int32_t number);
+/// A number that isn't in use is left alone.
 void WithdrawRecord(std::int32_t number);
+/// How many records are published, for leak checks.
+[[nodiscard]] std::size_t PublishedRecords();
 
 }  // namespace pnl
