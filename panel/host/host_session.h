@@ -11,6 +11,7 @@
 #include <QVariant>
 #include <array>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace panel {
@@ -46,6 +47,9 @@ class HostSession : public QObject {
   /// The widget under which tools live and which takes their messages.
   void SetToolArea(QWidget* area);
   [[nodiscard]] PnlWindow ToolArea() const { return toolArea_; }
+  /// The window to which tools post what is meant for the whole panel.
+  void SetMainWindow(QWidget* window);
+  [[nodiscard]] PnlWindow MainWindow() const { return mainWindow_; }
   /// Hands the table over with only these slots filled.
   void Offer(const std::vector<int>& slotNumbers);
   void OfferAll();
@@ -67,7 +71,10 @@ class HostSession : public QObject {
   [[nodiscard]] int MainMenuTool() const { return mainMenuTool_; }
   [[nodiscard]] int SideMenuTool() const { return sideMenuTool_; }
   [[nodiscard]] const std::map<int, MessageLine>& Messages() const { return messages_; }
+  /// Between HostToolOpening and HostToolClosed.
   [[nodiscard]] bool IsToolOpen(int toolId) const;
+  /// The tool that opened last of those that are open, else -1.
+  [[nodiscard]] int FrontTool() const;
   /// Whether the panel reacts to callbacks as a host does in a session with an operator (off under --bare).
   void SetReacting(bool on) { reacting_ = on; }
   [[nodiscard]] bool Reacting() const { return reacting_; }
@@ -84,8 +91,13 @@ class HostSession : public QObject {
 
  private:
   friend struct HostCallbacks;
-  void OnCall(HostCall call);
+  void OnCall(const HostCall& call);
+  void KeepToolState(int tool, bool open);
+  void KeepMessage(const QVariantMap& message);
+  [[nodiscard]] static intptr_t OnMessage(void* context, PnlWindow window, std::uint32_t message, intptr_t first,
+                                          intptr_t second);
   PnlWindow toolArea_ = 0;
+  PnlWindow mainWindow_ = 0;
   std::array<int, kSlotCount> returns_{};
   std::uint32_t mainMenu_ = 0;
   std::uint32_t sideMenu_ = 0;
@@ -94,7 +106,7 @@ class HostSession : public QObject {
   bool reacting_ = true;
   std::map<int, MessageLine> messages_;
   std::vector<std::pair<int, PnlWindow>> loaded_;
-  std::map<int, bool> open_;
+  std::vector<int> open_;  // in the order of opening
 };
 
 }  // namespace panel

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "host/host_session.h"
+
+#include <QWidget>
+#include <algorithm>
+
+namespace panel {
+namespace {
+
+HostSession* current = nullptr;
+
+QString FromText(const char16_t* text) { return text == nullptr ? QString() : QString::fromUtf16(text); }
+
+/// A record's text ends at its terminator or at the end of its field, whichever comes first.
+template <std::size_t N>
+QString FromField(const char16_t (&field)[N]) {
+  const auto* end = std::find(std::begin(field), std::end(field), u'\0');
+  return QString::fromUtf16(field, end - std::begin(field));
+}
+
+}  // namespace
+
+const std::array<const char*, kSlotCount> kSlotNames = {"HostMayOpenTool",
+                                                        "HostToolOpening",
+                                                        "HostToolClosed",
+                                                        "HostSetMainMenu",
+                                                        "HostSetSideMenu",
+                                                        "HostUpdateMainMenu",
+                                                        "HostUpdateSideMenu",
+                                                        "HostShowMessage",
+                                                        "HostExplorerRequest",
+                                                        "HostCalcResultAccepted",
+                                                        "HostExplorerAccepted",
+                                                        "HostExplorerAcceptedAlt",
+                                                        "HostInsertBlock",
+                                                        "HostShowError",
+                                                        "HostErrorsGone",
+                                                        "HostForwardKey",
+                                                        "HostToolWantsClose",
+                                                        "HostOpenCalculator",
+                                                        "HostOpenMachiningCalculator"};
+
+/// The nineteen callbacks: plain functions, so each finds the one session and tells it what came.
+struct HostCallbacks {
+  static int Tell(int slot, QVariantList args = {}) {
+    if (current == nullptr) return 0;
+    current->OnCall({slot, std::move(args)});
+    // The session may have gone while its listeners were at work.
+    return current == nullptr ? 0 : current->returns_[static_cast<std::size_t>(slot)];
+  }
+
+  static int MayOpenTool(int tool) { return Tell(0, {tool}); }
+  static void ToolOpening(int tool) { Tell(1, {tool}); }
+  static void ToolClosed(int tool, int reason) { Tell(2, {tool, reason}); }
+  static void SetMainMenu(int tool, HostMenuRef menu) { Tell(3, {tool, menu.menu}); }
+  static void SetSideMenu(int tool, HostMenuRef menu) { Tell(4, {tool, menu.menu}); }
+  static void UpdateMainMenu(int tool, int zero) { Tell(5, {tool, zero}); }
+  static void UpdateSideMenu(int tool, int zero) { Tell(6, {tool, zero}); }
+  static void ShowMessage(int tool, const HostMessage* message) {
+    if (message == nullptr) return;
+    Tell(7, {tool, QVariantMap{{"line", message->line},
+                               {"text", FromField(message->text)},
+                               {"back", message->back},
+                               {"fore", message->fore}}});
+  }
+  static void ExplorerRequest() { Tell(8); }
+  static void CalcResultAccepted() { Tell(9); }
+  static void ExplorerAccepted() { Tell(10); }
+  static void ExplorerAcceptedAlt() { Tell(11); }
+  static void InsertBlock() { Tell(12); }
+  static int ShowError(const HostErrorLine* line) {
+    if (line == nullptr) return Tell(13, {QVariant()});
+    return Tell(13, {QVariantMap{{"back", line->backColor},
+                                 {"fore", line->textColor},
+                                 {"helpRef", FromText(line->helpRef)},
+                                 {"header", FromText(line->headerText)}}});
+  }
+  static void ErrorsGone() { Tell(14); }
+  static void ForwardKey(int key) { Tell(15, {key}); }
+  static void ToolWantsClose(int tool) { Tell(16, {tool}); }
+  static void OpenCalculator() { Tell(17); }
+  static void OpenMachiningCalculator() { Tell(18); }
+};
+
+HostSession::HostSession(QObject* parent) : QObject(parent) {
+  returns_[0] = 1;
+  current = this;
+}
+
+HostSession::~HostSession() {
+  CloseAll();
+  Offer({});
+  if (toolArea_ != 0 && PnlIsAlive(toolArea_)) PnlAttachWidget(PnlWidgetOf(toolArea_), nullptr, nullptr);
+  if (mainWindow_ != 0 && PnlIsAlive(mainWindow_)) PnlAttachWidget(PnlWidgetOf(mainWindow_), nullptr, nullptr);
+  if (current == this) current = nullptr;
+}
+
+HostSession* HostSession::Current() { return current; }
+
+intptr_t HostSession::OnMessage(void* context, PnlWindow window, std::uint32_t message, intptr_t first,
+                                intptr_t second) {
+  (void)window;
+  emit static_cast<HostSession*>(context)->MessageArrived(message, first, second);
+  return 0;
+}
+
+void HostSession::SetToolArea(QWidget* area) { toolArea_ = PnlAttachWidget(area, &HostSession::OnMessage, this); }
+
+void HostSession::SetMainWindow(QWidget* window) {
+  mainWindow_ = PnlAttachWidget(window, &HostSession::OnMessage, this);
+  PnlSetMainWindow(mainWindow_);
+}
+
+void HostSession::Offer(const std::vector<int>& slotNumbers) {
+  using C = HostCallbacks;
+  const auto pick = [&slotNumbers](int slot, auto function) {
+    return std::find(slotNumbers.begin(), slotNumbers.end(), slot) != slotNumbers.end() ? function : nullptr;
+  };
+  SetPNLApi(pick(0, &C::MayOpenTool), pick(1, &C::ToolOpening), pick(2, &C::ToolClosed), pick(3, &C::SetMainMenu),
+            pick(4, &C::SetSideMenu), pick(5, &C::UpdateMainMenu), pick(6, &C::UpdateSideMenu),
+            pick(7, &C::ShowMessage), pick(8, &C::ExplorerRequest), pick(9, &C::CalcResultAccepted),
+            pick(10, &C::ExplorerAccepted), pick(11, &C::ExplorerAcceptedAlt), pick(12, &C::InsertBlock),
+            pick(13, &C::ShowError), pick(14, &C::ErrorsGone), pick(15, &C::ForwardKey), pick(16, &C::ToolWantsClose),
+            pick(17, &C::OpenCalculator), pick(18, &C::OpenMachiningCalculator));
+}
+
+void HostSession::OfferAll() {
+  std::vector<int> all(kSlotCount);
+  for (int slot = 0; slot < kSlotCount; ++slot) all[static_cast<std::size_t>(slot)] = slot;
+  Offer(all);
+}
+
+void HostSession::SetReturn(int slot, int value) {
+  if (slot >= 0 && slot < kSlotCount) returns_[static_cast<std::size_t>(slot)] = value;
+}
+
+PnlWindow HostSession::LoadTool(int toolId, PnlWindow parent) {
+  const PnlWindow window = LoadPNLTool(toolId, parent);
+  if (window == 0) return 0;
+  loaded_.emplace_back(toolId, window);
+  emit ToolsChanged();
+  return window;
+}
+
+PnlWindow HostSession::ToolWindow(int toolId) const {
+  for (auto it = loaded_.rbegin(); it != loaded_.rend(); ++it) {
+    if (it->first == toolId && PnlIsAlive(it->second)) return it->second;
+  }
+  return 0;
+}
+
+std::vector<PnlWindow> HostSession::ToolWindows() const {
+  std::vector<PnlWindow> alive;
+  for (const auto& [tool, window] : loaded_) {
+    if (PnlIsAlive(window)) alive.push_back(window);
+  }
+  return alive;
+}
+
+void HostSession::DestroyTool(PnlWindow window) {
+  const auto it =
+      std::find_if(loaded_.begin(), loaded_.end(), [window](const auto& entry) { return entry.second == window; });
+  PnlDestroyWindow(window);
+  if (it == loaded_.end()) return;
+  const int tool = it->first;
+  loaded_.erase(it);
+  // A window that goes away without a word has closed its tool all the same.
+  if (ToolWindow(tool) == 0) KeepToolState(tool, false);
+}
+
+void HostSession::CloseAll() {
+  // A tool gets the chance to give its channel back before its window goes; code 5 asks for it whatever its state is.
+  constexpr int kAskToClose = 5;
+  constexpr int kChannel = 1;
+  for (const auto window : ToolWindows()) {
+    if (ToolWindow(PNL_TOOL_MDI) == window) PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kAskToClose, kChannel);
+    DestroyTool(window);
+  }
+}
+
+bool HostSession::IsToolOpen(int toolId) const { return std::find(open_.begin(), open_.end(), toolId) != open_.end(); }
+
+int HostSession::FrontTool() const { return open_.empty() ? -1 : open_.back(); }
+
+void HostSession::KeepToolState(int tool, bool open) {
+  const auto before = open_;
+  open_.erase(std::remove(open_.begin(), open_.end(), tool), open_.end());
+  if (open) open_.push_back(tool);
+  if (open_ != before) emit ToolsChanged();
+}
+
+void HostSession::KeepMessage(const QVariantMap& message) {
+  const int line = message.value("line").toInt();
+  const QString text = message.value("text").toString();
+  if (text.isEmpty()) {
+    messages_.erase(line);
+  } else {
+    messages_[line] = {text, message.value("back").toUInt(), message.value("fore").toUInt()};
+  }
+  emit MessagesChanged();
+}
+
+void HostSession::OnCall(const HostCall& call) {
+  const auto first = [&call] { return call.args.value(0).toInt(); };
+  // What the host keeps stands before anybody hears of the call, so that a listener sees the new state.
+  switch (call.slot) {
+    case 1:
+      KeepToolState(first(), true);
+      break;
+    case 2:
+      KeepToolState(first(), false);
+      break;
+    case 3:
+      mainMenuTool_ = first();
+      mainMenu_ = call.args.value(1).toUInt();
+      break;
+    case 4:
+      sideMenuTool_ = first();
+      sideMenu_ = call.args.value(1).toUInt();
+      break;
+    case 7:
+      KeepMessage(call.args.value(1).toMap());
+      break;
+    default:
+      break;
+  }
+  emit Called(call);
+  if (call.slot == 3 || call.slot == 5) emit MainMenuChanged();
+  if (call.slot == 4 || call.slot == 6) emit SideMenuChanged();
+}
+
+}  // namespace panel
