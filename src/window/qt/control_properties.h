@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// The names of the properties by which a panel program and tests see windows and controls without knowing their
+// classes, and small helpers around them. What each means is told in window/qt/tool_window.h.
+#pragma once
+
+#include <QVariant>
+#include <QWidget>
+#include <cstdint>
+
+namespace pnl {
+
+namespace property {
+// Every control.
+inline constexpr const char* kId = "pnlId";
+inline constexpr const char* kKind = "pnlKind";
+// Themed controls.
+inline constexpr const char* kBack = "pnlBack";
+inline constexpr const char* kFore = "pnlFore";
+inline constexpr const char* kFrame = "pnlFrame";
+inline constexpr const char* kBlinking = "pnlBlinking";
+inline constexpr const char* kPhase = "pnlPhase";
+inline constexpr const char* kPeriod = "pnlPeriod";
+inline constexpr const char* kState = "pnlState";
+inline constexpr const char* kLimit = "pnlLimit";
+// Windows of tools and the dialogs they open.
+inline constexpr const char* kTool = "pnlTool";
+inline constexpr const char* kTitle = "pnlTitle";
+inline constexpr const char* kWindow = "pnlWindow";
+inline constexpr const char* kDialog = "pnlDialog";
+}  // namespace property
+
+/// The values of "pnlKind".
+namespace control_kind {
+inline constexpr const char* kEdit = "edit";
+inline constexpr const char* kList = "list";
+inline constexpr const char* kStatic = "static";
+inline constexpr const char* kCombo = "combo";
+inline constexpr const char* kButton = "button";
+inline constexpr const char* kWindow = "window";
+}  // namespace control_kind
+
+/// Makes a widget a control with that id and kind.
+inline void MarkControl(QWidget* widget, int id, const char* kind) {
+  widget->setProperty(property::kId, id);
+  widget->setProperty(property::kKind, QString::fromLatin1(kind));
+}
+
+/// Colours are 0x00BBGGRR.
+inline void SetColorProperty(QWidget* widget, const char* name, std::uint32_t color) {
+  widget->setProperty(name, QVariant::fromValue<uint>(color));
+}
+
+/// -1 for a widget that is no control.
+[[nodiscard]] inline int ControlId(const QWidget* widget) {
+  const QVariant id = widget->property(property::kId);
+  return id.isValid() ? id.toInt() : -1;
+}
+
+[[nodiscard]] inline QString ControlKind(const QWidget* widget) { return widget->property(property::kKind).toString(); }
+
+/// The control with that id below a window; where several have it, one that can be seen goes first. Null when none.
+[[nodiscard]] inline QWidget* FindControl(const QWidget* window, int id) {
+  QWidget* hidden = nullptr;
+  for (QWidget* child : window->findChildren<QWidget*>()) {
+    if (ControlId(child) != id) continue;
+    if (child->isVisible()) return child;
+    if (hidden == nullptr) hidden = child;
+  }
+  return hidden;
+}
+
+}  // namespace pnl

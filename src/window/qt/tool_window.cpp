@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "window/qt/tool_window.h"
+
+#include <QPointer>
+
+#include "window/qt/control_properties.h"
+#include "window/qt/pnl_event.h"
+#include "window/qt/qt_text.h"
+#include "window/qt/window_registry.h"
+
+namespace pnl {
+
+MessageWindow::MessageWindow(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags) {
+  handle_ = WindowRegistry::Instance().Register(this);
+}
+
+MessageWindow::~MessageWindow() { EndMessages(); }
+
+void MessageWindow::EndMessages() { WindowRegistry::Instance().Unregister(handle_); }
+
+std::intptr_t MessageWindow::OnMessage(const Message&) { return 0; }
+
+bool MessageWindow::event(QEvent* event) {
+  if (event->type() != PnlEvent::EventType()) return QWidget::event(event);
+  auto* message = static_cast<PnlEvent*>(event);
+  // A handler may run an event loop in which the host's window, and this one with it, is destroyed.
+  const QPointer<MessageWindow> self(this);
+  ++depth_;
+  message->result = OnMessage(message->message);
+  if (self) --depth_;
+  return true;
+}
+
+ToolWindow::ToolWindow(int toolId, QWidget* parent) : MessageWindow(parent), toolId_(toolId) {
+  setProperty(property::kTool, toolId);
+  setProperty(property::kTitle, QString());
+  hide();
+}
+
+void ToolWindow::SetTitleProperty(TextView title) { setProperty(property::kTitle, ToQString(title)); }
+
+void ToolWindow::SetBackProperty(std::uint32_t color) { SetColorProperty(this, property::kBack, color); }
+
+ToolDialog::ToolDialog(QWidget* owner, Qt::WindowFlags flags) : MessageWindow(owner, flags) {
+  setProperty(property::kDialog, true);
+  setProperty(property::kTitle, QString());
+}
+
+void ToolDialog::SetTitleProperty(TextView title) { setProperty(property::kTitle, ToQString(title)); }
+
+}  // namespace pnl

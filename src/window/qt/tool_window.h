@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// The bases of every window of the library: they take a handle at construction, give it back at destruction, and turn
+// message events into OnMessage. Not a look and no logic: those belong to the derived windows.
+//
+// What a panel program and tests see of them goes by properties (names in window/qt/control_properties.h), so that
+// nobody needs the classes. They are dynamic properties or Q_PROPERTY, as the class prefers:
+//   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window")
+//   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
+//                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters)
+//   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle)
+//   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+
+#include "window/window.h"
+
+namespace pnl {
+
+/// A widget with a window handle, to which messages can be sent.
+class MessageWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit MessageWindow(QWidget* parent, Qt::WindowFlags flags = {});
+  ~MessageWindow() override;
+  [[nodiscard]] WindowHandle Handle() const { return handle_; }
+  /// True while a message to this window is being handled.
+  [[nodiscard]] bool InMessage() const { return depth_ != 0; }
+
+ protected:
+  /// The answer to a message; 0 for what isn't handled.
+  virtual std::intptr_t OnMessage(const Message& message);
+  bool event(QEvent* event) override;
+  /// Gives the handle back before the destructor of this base does, for a derived destructor whose members must not be
+  /// reached by messages any more.
+  void EndMessages();
+
+ private:
+  WindowHandle handle_ = 0;
+  int depth_ = 0;
+};
+
+/// The window of a tool: a child of the host's window, hidden at first.
+class ToolWindow : public MessageWindow {
+  Q_OBJECT
+
+ public:
+  ToolWindow(int toolId, QWidget* parent);
+  [[nodiscard]] int ToolId() const { return toolId_; }
+
+ protected:
+  /// What the properties tell of the window; setting the colour paints nothing.
+  void SetTitleProperty(TextView title);
+  void SetBackProperty(std::uint32_t color);
+
+ private:
+  const int toolId_;
+};
+
+/// A window that a tool opens for a while: a drop list, a search, a picker.
+class ToolDialog : public MessageWindow {
+  Q_OBJECT
+
+ public:
+  explicit ToolDialog(QWidget* owner, Qt::WindowFlags flags = {});
+
+ protected:
+  void SetTitleProperty(TextView title);
+};
+
+}  // namespace pnl
