@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "mdi/mdi_drop_list.h"
+
+#include <utility>
+
+namespace pnl {
+
+void MdiDropList::Accept(std::optional<Text> selected) {
+  if (finished_) return;
+  picked_ = std::move(selected).value_or(Text());
+  EndList(kPicked);
+}
+
+void MdiDropList::Cancel() {
+  if (finished_) return;
+  picked_.clear();
+  EndList(kCancelled);
+}
+
+void MdiDropList::EndList(std::intptr_t value) {
+  finished_ = true;
+  // The last act: the owner destroys the list on this message.
+  windows_.Send(owner_, {RegisterMessage("MDI_ENDLIST"), value, 0});
+}
+
+}  // namespace pnl

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The verdict of the drop list (ZCMDIList): what OK, a double click, Cancel and the loss of activation lead to. Holds
+// no items and paints nothing; the list's window owns it and tells it what is selected.
+#pragma once
+
+#include <optional>
+
+#include "base/text.h"
+#include "window/window.h"
+
+namespace pnl {
+
+class MdiDropList {
+ public:
+  /// owner gets "MDI_ENDLIST" (kPicked or kCancelled, 0), once, sent and not posted. It may have the list destroyed:
+  /// nothing of the list is touched after the message.
+  MdiDropList(WindowSystem& windows, WindowHandle owner) : windows_(windows), owner_(owner) {}
+
+  static constexpr std::intptr_t kPicked = 1;
+  static constexpr std::intptr_t kCancelled = 2;
+
+  /// A double click or OK, with the selected text, if any.
+  void Accept(std::optional<Text> selected);
+  /// Cancel, or the activation went to another window of the process.
+  void Cancel();
+
+  [[nodiscard]] const Text& GetText() const { return picked_; }
+  [[nodiscard]] bool Finished() const { return finished_; }
+
+ private:
+  void EndList(std::intptr_t value);
+  WindowSystem& windows_;
+  WindowHandle owner_;
+  Text picked_;
+  bool finished_ = false;
+};
+
+}  // namespace pnl
