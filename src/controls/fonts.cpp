@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "controls/fonts.h"
+
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace pnl {
+namespace {
+
+constexpr int kLongestFace = 31;
+constexpr int kTallest = 4000;
+constexpr int kHeaviest = 1000;
+constexpr int kNormalWeight = 400;
+
+/// A font's proportions don't depend on its size; measured large, rounding doesn't count.
+constexpr int kMeasureSize = 1000;
+
+int PixelSizeOfCell(QFont font, int cell) {
+  font.setPixelSize(kMeasureSize);
+  const QFontMetricsF metrics(font);
+  const double tall = metrics.ascent() + metrics.descent();
+  return tall <= 0 ? cell : std::max(1, static_cast<int>(std::lround(cell * kMeasureSize / tall)));
+}
+
+}  // namespace
+
+std::optional<QFont> MakeFont(const QString& face, int height, int weight) {
+  if (face.isEmpty() || face.size() > kLongestFace) return std::nullopt;
+  if (height > kTallest || height < -kTallest || weight < 0 || weight > kHeaviest) return std::nullopt;
+  QFont font;
+  if (face.compare(QLatin1String("Arial"), Qt::CaseInsensitive) == 0) {
+    font.setFamilies({face, QStringLiteral("Liberation Sans")});
+  } else {
+    font.setFamilies({face});
+  }
+  font.setWeight(static_cast<QFont::Weight>(weight == 0 ? kNormalWeight : weight));
+  if (height < 0) font.setPixelSize(-height);
+  if (height > 0) font.setPixelSize(PixelSizeOfCell(font, height));
+  return font;
+}
+
+}  // namespace pnl

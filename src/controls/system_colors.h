@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The panel's system colours by number. Not a theme: what the settings or a tool's table say goes before these.
+// window/qt/qt_text.h turns one into Qt's when it is painted.
+#pragma once
+
+#include <cstdint>
+
+namespace pnl {
+
+/// 0x00BBGGRR: red in the low byte.
+using Color = std::uint32_t;
+
+inline constexpr int kColorWindow = 5;
+inline constexpr int kColorWindowText = 8;
+inline constexpr int kColorHighlight = 13;
+inline constexpr int kColorHighlightText = 14;
+inline constexpr int kColorButtonFace = 15;
+inline constexpr int kColorGrayText = 17;
+inline constexpr int kColorButtonText = 18;
+
+/// Black for a number that isn't in the table.
+[[nodiscard]] constexpr Color SystemColor(int index) {
+  switch (index) {
+    case kColorWindow:
+    case kColorHighlightText:
+      return 0xFFFFFF;
+    case kColorHighlight:
+      return 0xD77800;
+    case kColorButtonFace:
+      return 0xF0F0F0;
+    case kColorGrayText:
+      return 0x6D6D6D;
+    case kColorWindowText:
+    case kColorButtonText:
+    default:
+      return 0;
+  }
+}
+
+}  // namespace pnl
