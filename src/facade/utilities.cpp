@@ -1,31 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "facade/utilities.h"
 
-#include <array>
-
 #include "base/format.h"
 #include "base/numbers.h"
 
 namespace pnl {
 
 namespace {
-
-struct NamedFunction {
-  ErrorTextFunction function;
-  const char* name;
-};
-constexpr std::array<NamedFunction, 10> kErrorTextFunctions{{
-    {ErrorTextFunction::kErrorToTxt, "error_to_txt"},
-    {ErrorTextFunction::kErrorCs, "error_CS_to_txt"},
-    {ErrorTextFunction::kWarningCs, "warning_CS_to_txt"},
-    {ErrorTextFunction::kErrorDrive, "error_drive_to_txt"},
-    {ErrorTextFunction::kWarningDrive, "warning_drive_to_txt"},
-    {ErrorTextFunction::kErrorUnknownDrive, "error_unknown_drive_to_txt"},
-    {ErrorTextFunction::kWarningUnknownDrive, "warning_unknown_drive_to_txt"},
-    {ErrorTextFunction::kErrorMlink, "error_mlink_to_txt"},
-    {ErrorTextFunction::kEmcyCopen, "emcy_Copen_to_txt"},
-    {ErrorTextFunction::kReadPlcError, "ReadPLCError"},
-}};
 
 /// Menus nest two or three deep; a menu that holds itself must not hang the panel.
 constexpr int kDeepestMenu = 16;
@@ -60,8 +41,27 @@ void CleanMenuTo(MenuTable& menus, MenuHandle handle, int depth) {
 }  // namespace
 
 const char* ErrorTextFunctionName(ErrorTextFunction function) {
-  for (const NamedFunction& entry : kErrorTextFunctions) {
-    if (entry.function == function) return entry.name;
+  switch (function) {
+    case ErrorTextFunction::kErrorToTxt:
+      return "error_to_txt";
+    case ErrorTextFunction::kErrorCs:
+      return "error_CS_to_txt";
+    case ErrorTextFunction::kWarningCs:
+      return "warning_CS_to_txt";
+    case ErrorTextFunction::kErrorDrive:
+      return "error_drive_to_txt";
+    case ErrorTextFunction::kWarningDrive:
+      return "warning_drive_to_txt";
+    case ErrorTextFunction::kErrorUnknownDrive:
+      return "error_unknown_drive_to_txt";
+    case ErrorTextFunction::kWarningUnknownDrive:
+      return "warning_unknown_drive_to_txt";
+    case ErrorTextFunction::kErrorMlink:
+      return "error_mlink_to_txt";
+    case ErrorTextFunction::kEmcyCopen:
+      return "emcy_Copen_to_txt";
+    case ErrorTextFunction::kReadPlcError:
+      return "ReadPLCError";
   }
   return "";
 }

@@ -42,6 +42,11 @@ enum class ErrorTextFunction {
   kEmcyCopen,            // emcy_Copen_to_txt
   kReadPlcError,         // ReadPLCError
 };
+inline constexpr ErrorTextFunction kErrorTextFunctions[] = {
+    ErrorTextFunction::kErrorToTxt,          ErrorTextFunction::kErrorCs,      ErrorTextFunction::kWarningCs,
+    ErrorTextFunction::kErrorDrive,          ErrorTextFunction::kWarningDrive, ErrorTextFunction::kErrorUnknownDrive,
+    ErrorTextFunction::kWarningUnknownDrive, ErrorTextFunction::kErrorMlink,   ErrorTextFunction::kEmcyCopen,
+    ErrorTextFunction::kReadPlcError};
 /// The function's own name, as in the enumeration's comments.
 [[nodiscard]] const char* ErrorTextFunctionName(ErrorTextFunction function);
 

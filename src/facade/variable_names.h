@@ -45,7 +45,7 @@ inline constexpr VariableName kVariableNames[] = {
     {u"E.PLCMSGDATA",           rig::VariableType::kInt, variable_access::kReport | variable_access::kRead},
     {u"E.NERRORS",              rig::VariableType::kInt, variable_access::kReport | variable_access::kRead},
     {u"E.ERRORPRI",             rig::VariableType::kInt, variable_access::kReport},
-    // A text, although the setup reads a number out of it: the error display writes its title and line there.
+    // A text: the error display writes the title and the line of what it shows there.
     {u"DM.HMI.ERROR.CURRENT",   rig::VariableType::kText, variable_access::kReadWrite},
     // Settings of the machining calculator.
     {u"DM.ZMC.S",               rig::VariableType::kInt, variable_access::kReadWrite},

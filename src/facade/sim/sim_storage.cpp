@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "facade/sim/sim_storage.h"
+
+#include <algorithm>
+
+#include "base/format.h"
+#include "facade/utilities.h"
+
+namespace pnl::sim {
+
+void SimStorage::SetPath(std::int32_t id, std::u16string_view path) {
+  while (!path.empty() && path.back() == u'\\') path.remove_suffix(1);
+  paths_[id] = Text(path);
+}
+
+std::u16string SimStorage::Path(std::int32_t id) const {
+  const auto set = paths_.find(id);
+  if (set != paths_.end()) return set->second;
+  const bool used = std::find(std::begin(path_id::kAll), std::end(path_id::kAll), id) != std::end(path_id::kAll);
+  return used ? Format(u"C:\\P%d", id) : Text();
+}
+
+void SimStorage::SetDrive(const rig::Drive& drive) {
+  rig::Drive described = drive;
+  if (described.letter >= 'a' && described.letter <= 'z') {
+    described.letter = static_cast<char>(described.letter - 'a' + 'A');
+  }
+  if (described.letter < 'A' || described.letter > 'Z') return;
+  drives_.Set(described.letter, described.dir);
+  if (described.dir.empty()) {
+    described_.erase(described.letter);
+  } else {
+    described_[described.letter] = described;
+  }
+}
+
+void SimStorage::SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) {
+  masks_ = {std::string(noDrives), std::string(remembered), std::string(locked)};
+}
+
+std::optional<std::string> SimStorage::HostPath(std::u16string_view panelPath) const {
+  return files_.HostPath(panelPath);
+}
+
+bool SimStorage::MakeFolders() {
+  bool all = true;
+  for (const int id : path_id::kAll) {
+    const Text path = Path(id);
+    if (!path.empty() && files_.MakeFolder(path) != FileStatus::kOk) all = false;
+  }
+  return all;
+}
+
+}  // namespace pnl::sim

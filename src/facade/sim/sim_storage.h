@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Where the panel's files are: folders by path id, drives by letter, and what the explorer is told about drives and the
+// network. Turns no path into one of this machine itself: that is base/files.
+#pragma once
+
+#include <pnltools/rig.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/files.h"
+
+namespace pnl::sim {
+
+class SimStorage final : public rig::Storage {
+ public:
+  SimStorage(Files& files, DriveMap& drives) : files_(files), drives_(drives) {}
+
+  /// Without its trailing backslashes.
+  void SetPath(std::int32_t id, std::u16string_view path) override;
+  /// "C:\Pn" for the ids that the tools use, else empty, unless another folder was set.
+  [[nodiscard]] std::u16string Path(std::int32_t id) const override;
+  /// Letters from A to Z, in either case; others are left alone.
+  void SetDrive(const rig::Drive& drive) override;
+  void SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) override;
+  void SetNetwork(std::vector<rig::NetworkNode> roots) override { network_ = std::move(roots); }
+  [[nodiscard]] std::optional<std::string> HostPath(std::u16string_view panelPath) const override;
+
+  /// Makes the folder of every path id that the tools use. False when one couldn't be made.
+  bool MakeFolders();
+
+  /// By capital letter.
+  [[nodiscard]] const std::map<char, rig::Drive>& Drives() const { return described_; }
+  struct Masks {
+    std::string noDrives;
+    std::string remembered;
+    std::string locked;
+  };
+  [[nodiscard]] const Masks& DriveMasks() const { return masks_; }
+  [[nodiscard]] const std::vector<rig::NetworkNode>& Network() const { return network_; }
+
+ private:
+  Files& files_;
+  DriveMap& drives_;
+  std::map<std::int32_t, Text> paths_;
+  std::map<char, rig::Drive> described_;
+  Masks masks_;
+  std::vector<rig::NetworkNode> network_;
+};
+
+}  // namespace pnl::sim

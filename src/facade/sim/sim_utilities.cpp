@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "facade/sim/sim_utilities.h"
+
+#include <cmath>
+
+#include "base/numbers.h"
+
+namespace pnl::sim {
+
+namespace {
+/// The panel height for which sizes are given.
+constexpr double kBaseHeight = 600;
+}  // namespace
+
+int SimUtilities::ErrorText(ErrorTextFunction function, std::int32_t number, Z7340ERRORINFO_ST& info) {
+  return texts_.Fill(ErrorTextFunctionName(function), number, info) ? 0 : -1;
+}
+
+bool SimUtilities::desc_to_txt(std::int32_t number, Text& text, TextView file) {
+  const Text* found = texts_.FindDescription(file, number);
+  if (found != nullptr) text = *found;
+  return found != nullptr;
+}
+
+int SimUtilities::UTIL7340_DriveStatus(int /*drive*/) { return answers_.Take("UTIL7340_DriveStatus"); }
+
+void SimUtilities::UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) {
+  recorder_.Cnc("UTIL7340_CopyToClipboard_Text", {Recorded(window), Recorded(text)}, rig::Value{});
+  windows_.SetClipboardText(text);
+}
+
+int SimUtilities::Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) {
+  constexpr std::string_view kName = "Util7340_MarcaHelpAsignadaABloque";
+  const auto found = marks_.find(block);
+  const auto preset = answers_.TakePreset(kName);
+  const int result = preset ? *preset : (found == marks_.end() ? -1 : SimAnswers::StartValue(kName));
+  rig::Value filled;
+  if (result == 0 && found != marks_.end()) {
+    mark = found->second;
+    filled = Recorded(mark);
+  }
+  recorder_.Cnc(kName, {Recorded(block), filled}, Recorded(result));
+  return result;
+}
+
+bool SimUtilities::UTIL7340_AreSoftkeyMetricsStandard() {
+  return answers_.Take("UTIL7340_AreSoftkeyMetricsStandard") != 0;
+}
+
+int SimUtilities::UTIL7340_FitFontSize(int height) { return Fit("UTIL7340_FitFontSize", height); }
+
+int SimUtilities::UTIL7340_FitHeight(int height) { return Fit("UTIL7340_FitHeight", height); }
+
+bool SimUtilities::UTIL7340_Is7335() { return answers_.Take("UTIL7340_Is7335") != 0; }
+
+int SimUtilities::Fit(std::string_view function, int height) {
+  if (const auto preset = answers_.TakePreset(function)) return *preset;
+  const int panel = windows_.PanelRect().Height();
+  if (panel <= 0) return height;
+  return TruncateToInt32(std::round(static_cast<double>(height) * panel / kBaseHeight));
+}
+
+}  // namespace pnl::sim

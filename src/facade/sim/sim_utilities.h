@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The panel's utilities over the simulated CNC: paths from the storage, error texts from their tables, help marks by
+// exact block text, the clipboard and the panel's size from the window system.
+#pragma once
+
+#include <map>
+
+#include "facade/sim/sim_answers.h"
+#include "facade/sim/sim_error_texts.h"
+#include "facade/sim/sim_recorder.h"
+#include "facade/sim/sim_storage.h"
+#include "facade/utilities.h"
+
+namespace pnl::sim {
+
+class SimUtilities final : public Utilities {
+ public:
+  SimUtilities(WindowSystem& windows, const SimRecorder& recorder, SimAnswers& answers, const SimErrorTexts& texts,
+               const SimStorage& storage)
+      : windows_(windows), recorder_(recorder), answers_(answers), texts_(texts), storage_(storage) {}
+
+  void SetBlockMark(TextView block, TextView mark) { marks_[Text(block)] = Text(mark); }
+
+  [[nodiscard]] Text Get7340Path(int id) override { return storage_.Path(id); }
+  /// 0 when the number has a text, else -1.
+  int ErrorText(ErrorTextFunction function, std::int32_t number, Z7340ERRORINFO_ST& info) override;
+  bool desc_to_txt(std::int32_t number, Text& text, TextView file) override;
+  int UTIL7340_DriveStatus(int drive) override;
+  void UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) override;
+  /// -1 for a block without a mark.
+  int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) override;
+  [[nodiscard]] Rect UTIL7340_GetCNCRect() override { return windows_.PanelRect(); }
+  [[nodiscard]] bool UTIL7340_AreSoftkeyMetricsStandard() override;
+  /// height · panel height / 600, to the nearest whole number, halves away from zero; a panel without a height counts
+  /// as 600 high. The sign, by which some fonts are measured, stays.
+  [[nodiscard]] int UTIL7340_FitFontSize(int height) override;
+  /// The same rule.
+  [[nodiscard]] int UTIL7340_FitHeight(int height) override;
+  [[nodiscard]] bool UTIL7340_Is7335() override;
+
+ private:
+  [[nodiscard]] int Fit(std::string_view function, int height);
+
+  WindowSystem& windows_;
+  const SimRecorder& recorder_;
+  SimAnswers& answers_;
+  const SimErrorTexts& texts_;
+  const SimStorage& storage_;
+  std::map<Text, Text, std::less<>> marks_;
+};
+
+}  // namespace pnl::sim
