@@ -20,9 +20,12 @@ class FormatArg {
   FormatArg(unsigned value) : value_(static_cast<std::int64_t>(value)) {}
   FormatArg(long value) : value_(static_cast<std::int64_t>(value)) {}
   FormatArg(unsigned long value) : value_(static_cast<std::int64_t>(value)) {}
+  FormatArg(long long value) : value_(static_cast<std::int64_t>(value)) {}
+  FormatArg(unsigned long long value) : value_(static_cast<std::int64_t>(value)) {}
   FormatArg(double value) : value_(value) {}
   FormatArg(char16_t value) : value_(value) {}
-  FormatArg(const char16_t* value) : value_(TextView(value)) {}
+  /// A null pointer is an empty text.
+  FormatArg(const char16_t* value) : value_(value != nullptr ? TextView(value) : TextView()) {}
   FormatArg(const Text& value) : value_(TextView(value)) {}
   FormatArg(TextView value) : value_(value) {}
 

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// Files that fail where they are told to: a decorator over other files, for showing that a tool survives a full disc, a
+// folder that can't be written, a file that breaks off in the middle. Records what was asked, in order. What isn't told
+// to fail goes through.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/files.h"
+
+namespace pnl {
+
+class FailingFiles final : public Files {
+ public:
+  enum class Call { kOpenRead, kCanReplace, kReplace, kMakeFolder };
+  struct Asked {
+    Call call;
+    Text path;
+    FileStatus answer;
+    friend bool operator==(const Asked&, const Asked&) = default;
+  };
+  static constexpr int kForEver = std::numeric_limits<int>::max();
+
+  explicit FailingFiles(Files& inner) : inner_(inner) {}
+
+  /// From now on the first-th such call on the path (counted from 1), and as many in all as count says, answer status
+  /// and do nothing. Paths compare without regard to case; an empty one stands for every path.
+  void Fail(Call call, TextView path, FileStatus status, int first = 1, int count = 1);
+  /// The disc takes only so many bytes more: a Replace with more answers kDiscFull, and the old file stays.
+  void SetRoom(std::uint64_t bytes) { room_ = bytes; }
+  /// Readers of the path opened from now on break off with -1 after so many bytes.
+  void FailReadsAfter(TextView path, std::uint64_t bytes);
+  /// Forgets every failure, not the record.
+  void Heal();
+  [[nodiscard]] const std::vector<Asked>& AskedSoFar() const { return asked_; }
+
+  FileInfo Query(TextView panelPath) const override { return inner_.Query(panelPath); }
+  std::unique_ptr<FileReader> OpenRead(TextView panelPath, FileStatus* status) const override;
+  FileStatus CanReplace(TextView panelPath) const override;
+  FileStatus Replace(TextView panelPath, std::string_view bytes) override;
+  FileStatus MakeFolder(TextView panelPath) override;
+  std::optional<std::string> HostPath(TextView panelPath) const override { return inner_.HostPath(panelPath); }
+
+ private:
+  struct Failure {
+    Call call;
+    Text path;
+    FileStatus status;
+    int skip;   // calls that still go through
+    int count;  // calls that fail after those
+  };
+  struct BrokenRead {
+    Text path;
+    std::uint64_t bytes;
+  };
+
+  /// The status of the failure that is due for this call; nothing when it may go through.
+  std::optional<FileStatus> Due(Call call, TextView path) const;
+  FileStatus Record(Call call, TextView path, FileStatus answer) const;
+
+  Files& inner_;
+  // Asking counts, and asking is const in the seam.
+  mutable std::vector<Failure> failures_;
+  mutable std::vector<Asked> asked_;
+  std::vector<BrokenRead> brokenReads_;
+  std::optional<std::uint64_t> room_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// One conversion of a format, parsed: what stands between a percent sign and its letter. Reads no argument; a star is
+// only noted here and filled in by base/format.
+#pragma once
+
+#include "base/text.h"
+
+namespace pnl {
+
+struct FormatSpec {
+  enum class Kind {
+    kUnknown,  // prints nothing and takes no argument
+    kSwallow,  // %n and %p: prints nothing, but printf would take an argument
+    kPercent,
+    kSigned,
+    kUnsigned,
+    kReal,
+    kLetter,
+    kText,
+  };
+  enum class Size { kByte, kShort, kInt, kLong };
+  static constexpr int kNone = -1;    // no precision given
+  static constexpr int kMost = 4096;  // of width and precision
+
+  Kind kind = Kind::kUnknown;
+  Size size = Size::kInt;
+  char16_t conversion = 0;
+  bool left = false;       // -
+  bool plus = false;       // +
+  bool blank = false;      // blank in place of a plus sign
+  bool alternate = false;  // #
+  bool zeros = false;      // 0
+  bool widthFromArgument = false;
+  bool precisionFromArgument = false;
+  int width = 0;
+  int precision = kNone;
+};
+
+/// Takes one conversion off the front of rest, which begins behind the percent sign. A conversion that the format's end
+/// cuts off is of unknown kind.
+[[nodiscard]] FormatSpec TakeFormatSpec(TextView& rest);
+
+}  // namespace pnl

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace pnl {
+namespace {
+
+/// White space as C has it, which is more than Trim takes.
+bool IsSpace(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
+
+TextView SkipSpace(TextView text) {
+  while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
+  return text;
+}
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+bool IsHexDigit(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
+
+/// "0x" and then a digit; without one the "0" is the whole number.
+bool BeginsHexNumber(std::string_view text) {
+  if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
+  return IsHexDigit(text[2]) || (text[2] == '.' && text.size() > 3 && IsHexDigit(text[3]));
+}
+
+struct IntPrefix {
+  std::int64_t value = 0;  // stops growing beyond 32 bits
+  std::size_t length = 0;  // units used, white space and sign included; 0 without a digit
+  bool fits = true;        // in 32 bits
+};
+
+IntPrefix ReadIntPrefix(TextView text) {
+  const TextView body = SkipSpace(text);
+  const std::size_t skipped = text.size() - body.size();
+  const bool minus = !body.empty() && body[0] == u'-';
+  std::size_t at = minus || (!body.empty() && body[0] == u'+') ? 1 : 0;
+  IntPrefix result;
+  if (at == body.size() || !IsDigit(body[at])) return result;
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  for (; at < body.size() && IsDigit(body[at]); ++at) {
+    if (result.value <= kMost) result.value = result.value * 10 + (body[at] - u'0');
+  }
+  if (minus) result.value = -result.value;
+  result.fits = result.value >= -kMost - 1 && result.value <= kMost;
+  result.value = std::clamp(result.value, -kMost - 1, kMost);
+  result.length = skipped + at;
+  return result;
+}
+
+/// What a number that fits no double becomes, as strtod has it: too large or too small, decided by the place of its
+/// first digit that counts.
+double OutOfRange(std::string_view number, bool hex) {
+  std::int64_t place = 0;  // digits of the whole part behind the first that counts, or minus the zeros in front of it
+  bool point = false;
+  bool counts = false;
+  std::size_t at = 0;
+  for (; at < number.size(); ++at) {
+    const char c = number[at];
+    if (c == '.') {
+      point = true;
+      continue;
+    }
+    if (hex ? c == 'p' || c == 'P' : c == 'e' || c == 'E') break;
+    counts = counts || c != '0';
+    if (counts && !point) ++place;
+    if (!counts && point) --place;
+  }
+  std::int64_t exponent = 0;
+  if (at < number.size()) {
+    const bool minus = at + 1 < number.size() && number[at + 1] == '-';
+    constexpr std::int64_t kFar = 1'000'000'000'000;
+    for (++at; at < number.size(); ++at) {
+      if (number[at] >= '0' && number[at] <= '9') exponent = std::min(exponent * 10 + (number[at] - '0'), kFar);
+    }
+    if (minus) exponent = -exponent;
+  }
+  return place * (hex ? 4 : 1) + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+struct DoublePrefix {
+  double value = 0;
+  std::size_t length = 0;
+};
+
+DoublePrefix ReadDoublePrefix(TextView text) {
+  const TextView body = SkipSpace(text);
+  const std::size_t skipped = text.size() - body.size();
+  std::string ascii;
+  for (const char16_t c : body) {
+    // No number holds anything else, apart from the letters of "nan(...)".
+    if (c <= u' ' || c >= 0x7F) break;
+    ascii.push_back(static_cast<char>(c));
+  }
+  std::string_view rest = ascii;
+  const bool minus = !rest.empty() && rest[0] == '-';
+  std::size_t used = minus || (!rest.empty() && rest[0] == '+') ? 1 : 0;
+  rest.remove_prefix(used);
+  if (rest.empty() || rest[0] == '-') return {};
+
+  const bool hex = BeginsHexNumber(rest);
+  if (hex) {
+    rest.remove_prefix(2);
+    used += 2;
+  }
+  double value = 0;
+  const auto format = hex ? std::chars_format::hex : std::chars_format::general;
+  const auto result = std::from_chars(rest.data(), rest.data() + rest.size(), value, format);
+  if (result.ec == std::errc::invalid_argument) return {};
+  const auto length = static_cast<std::size_t>(result.ptr - rest.data());
+  if (result.ec == std::errc::result_out_of_range) value = OutOfRange(rest.substr(0, length), hex);
+  return {minus ? -value : value, skipped + used + length};
+}
+
+}  // namespace
+
+std::int32_t TruncateToInt32(double value) {
+  if (value > -2147483649.0 && value < 2147483648.0) return static_cast<std::int32_t>(value);
+  return std::numeric_limits<std::int32_t>::min();
+}
+
+std::int64_t TruncateToInt64(double value) {
+  if (value >= -0x1p63 && value < 0x1p63) return static_cast<std::int64_t>(value);
+  return std::numeric_limits<std::int64_t>::min();
+}
+
+std::uint32_t TruncateToLowWord(double value) {
+  return static_cast<std::uint32_t>(static_cast<std::uint64_t>(TruncateToInt64(value)));
+}
+
+std::int32_t ParseIntPrefix(TextView text) { return static_cast<std::int32_t>(ReadIntPrefix(text).value); }
+
+std::optional<std::int32_t> ParseInt(TextView text) {
+  const IntPrefix prefix = ReadIntPrefix(text);
+  if (prefix.length == 0 || !prefix.fits || !SkipSpace(text.substr(prefix.length)).empty()) return std::nullopt;
+  return static_cast<std::int32_t>(prefix.value);
+}
+
+double ParseDoublePrefix(TextView text) { return ReadDoublePrefix(text).value; }
+
+std::optional<double> ParseDouble(TextView text) {
+  const DoublePrefix prefix = ReadDoublePrefix(text);
+  if (prefix.length == 0 || !SkipSpace(text.substr(prefix.length)).empty()) return std::nullopt;
+  return prefix.value;
+}
+
+}  // namespace pnl

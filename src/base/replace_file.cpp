@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "base/replace_file.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+
+#include "base/descriptor.h"
+
+namespace pnl {
+namespace {
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// Where a symbolic link leads, so that the link survives; a path without one as it is.
+std::string ThroughLinks(const std::string& path) {
+  struct stat info {};
+  if (lstat(path.c_str(), &info) != 0 || !S_ISLNK(info.st_mode)) return path;
+  const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
+  return real ? real.get() : path;
+}
+
+/// The same for every temporary file of one target. The target's own name might be too long to add to, so its hash
+/// stands for it.
+std::string TemporaryPrefix(const std::string& path) {
+  std::uint64_t hash = 14695981039346656037u;
+  for (const char c : path.substr(path.rfind('/') + 1)) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), ".pnl-%016llx-", static_cast<unsigned long long>(hash));
+  return text.data();
+}
+
+std::string NextSuffix() {
+  static std::atomic<unsigned> count{0};
+  return std::to_string(getpid()) + "-" + std::to_string(count++) + ".tmp";
+}
+
+/// Removes what killed writers of the same file left. Whoever still writes holds a lock on its file, which its death
+/// releases; so nothing is taken from a living writer, however slow, in this process or another.
+void RemoveLeftovers(const std::string& folder, const std::string& prefix) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> names(opendir(folder.c_str()), closedir);
+  if (!names) return;
+  while (const dirent* entry = readdir(names.get())) {
+    const std::string_view name = entry->d_name;
+    if (name.substr(0, prefix.size()) != prefix) continue;
+    const std::string path = folder + "/" + std::string(name);
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file && flock(file.Get(), LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+  }
+}
+
+/// The file being written beside its target; gone again unless it has been renamed.
+class Temporary {
+ public:
+  Temporary(std::string folder, const std::string& prefix) : folder_(std::move(folder)), prefix_(prefix) {}
+  ~Temporary() {
+    if (!path_.empty()) unlink(path_.c_str());
+  }
+  Temporary(const Temporary&) = delete;
+  Temporary& operator=(const Temporary&) = delete;
+
+  /// 0 or an errno.
+  int Create(mode_t mode) {
+    for (int attempt = 0; attempt < 100; ++attempt) {
+      const std::string path = folder_ + "/" + prefix_ + NextSuffix();
+      file_ = Descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+      if (!file_ && (errno == EEXIST || errno == EINTR)) continue;
+      if (!file_) return errno;
+      path_ = path;
+      if (OwnsItsName()) return 0;
+      path_.clear();
+    }
+    return EEXIST;
+  }
+
+  int Write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+      const ssize_t written = write(file_.Get(), bytes.data(), bytes.size());
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return written < 0 ? errno : ENOSPC;
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+  }
+
+  /// Owner as far as this process may give it, then the mode, which a change of owner would have cut.
+  [[nodiscard]] int Resemble(const struct stat& old) const {
+    if (old.st_uid != geteuid() || old.st_gid != getegid()) {
+      const int ignored = fchown(file_.Get(), old.st_uid, old.st_gid);
+      static_cast<void>(ignored);
+    }
+    return fchmod(file_.Get(), old.st_mode & 07777) == 0 ? 0 : errno;
+  }
+
+  [[nodiscard]] int Flush() const {
+    while (fsync(file_.Get()) != 0) {
+      // A file system that can't flush has nothing to wait for.
+      if (errno == EINVAL || errno == ENOTSUP) return 0;
+      if (errno != EINTR) return errno;
+    }
+    return 0;
+  }
+
+  int RenameTo(const std::string& target) {
+    if (rename(path_.c_str(), target.c_str()) != 0) return errno;
+    path_.clear();
+    return 0;
+  }
+
+ private:
+  /// Locks the new file. Between its making and the lock another writer may have taken it for a leftover: then it has
+  /// lost its name, or is about to.
+  [[nodiscard]] bool OwnsItsName() const {
+    if (flock(file_.Get(), LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+    struct stat info {};
+    return fstat(file_.Get(), &info) == 0 && info.st_nlink > 0;
+  }
+
+  std::string folder_;
+  std::string prefix_;
+  std::string path_;
+  Descriptor file_;
+};
+
+void FlushFolder(const std::string& folder) {
+  // The new file stands by now; if the folder can't be flushed, a power cut may still bring the old one back, whole.
+  const Descriptor names(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (names) fsync(names.Get());
+}
+
+/// As the first operation that fails tells; 0 when all went well.
+int WriteAndRename(Temporary& file, const std::optional<struct stat>& old, std::string_view bytes,
+                   const std::string& target) {
+  int error = file.Create(old ? 0600 : 0666);
+  if (error == 0 && old) error = file.Resemble(*old);
+  if (error == 0) error = file.Write(bytes);
+  if (error == 0) error = file.Flush();
+  return error == 0 ? file.RenameTo(target) : error;
+}
+
+}  // namespace
+
+FileStatus StatusOfError(int error) {
+  switch (error) {
+    case 0:
+      return FileStatus::kOk;
+    case ENOENT:
+    case ENOTDIR:
+      return FileStatus::kNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return FileStatus::kDenied;
+    case EISDIR:
+      return FileStatus::kIsFolder;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return FileStatus::kDiscFull;
+    default:
+      return FileStatus::kFailed;
+  }
+}
+
+bool IsWritable(const std::string& hostPath, unsigned mode) {
+  return (mode & S_IWUSR) != 0 && faccessat(AT_FDCWD, hostPath.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+FileStatus CheckReplace(const std::string& hostPath) {
+  struct stat info {};
+  const std::string target = ThroughLinks(hostPath);
+  if (stat(target.c_str(), &info) == 0) {
+    if (S_ISDIR(info.st_mode)) return FileStatus::kIsFolder;
+    if (!S_ISREG(info.st_mode) || !IsWritable(target, info.st_mode)) return FileStatus::kDenied;
+  } else if (errno != ENOENT) {
+    return StatusOfError(errno);
+  }
+  const std::string folder = FolderOf(target);
+  if (stat(folder.c_str(), &info) != 0) return StatusOfError(errno);
+  if (!S_ISDIR(info.st_mode)) return FileStatus::kNotFound;
+  return IsWritable(folder, info.st_mode) ? FileStatus::kOk : FileStatus::kDenied;
+}
+
+FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
+  const FileStatus check = CheckReplace(hostPath);
+  if (check != FileStatus::kOk) return check;
+  const std::string target = ThroughLinks(hostPath);
+  const std::string folder = FolderOf(target);
+  const std::string prefix = TemporaryPrefix(target);
+  RemoveLeftovers(folder, prefix);
+
+  struct stat info {};
+  std::optional<struct stat> old;
+  if (stat(target.c_str(), &info) == 0) old = info;
+  Temporary file(folder, prefix);
+  const int error = WriteAndRename(file, old, bytes, target);
+  if (error == 0) FlushFolder(folder);
+  return StatusOfError(error);
+}
+
+}  // namespace pnl

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Replacing a file of this machine whole, so that being killed at any instant leaves the old content or the new one.
+// Works on paths of this machine; panel paths are base/files' business.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/files.h"
+
+namespace pnl {
+
+/// What a failed system call means to a tool, by its errno.
+[[nodiscard]] FileStatus StatusOfError(int error);
+/// True when the owner's write permission is set and this process may write: the superuser isn't above it.
+[[nodiscard]] bool IsWritable(const std::string& hostPath, unsigned mode);
+/// See Files::CanReplace.
+[[nodiscard]] FileStatus CheckReplace(const std::string& hostPath);
+/// See Files::Replace. Keeps the old file's mode and owner, and a symbolic link in its place. Takes temporary files
+/// along that a killed process left behind for the same file.
+[[nodiscard]] FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes);
+
+}  // namespace pnl
