@@ -14,8 +14,6 @@
 
 namespace pnl {
 
-struct MdiSession;
-
 /// Key-downs that the window shows the logic before any control sees them. All others are the controls' own.
 enum class MdiKey { kTab, kEnter, kEscape, kUp, kDown, kDelete };
 

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// The record of one channel: how it is held, what it runs, its history and its list. Plain data, owned by the session
+// in an array indexed by channel minus 1; the rules that change it live in the other files of this folder.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+#include "base/text.h"
+#include "facade/variables.h"
+#include "mdi/mdi_layout.h"
+
+namespace pnl {
+
+namespace mdi_state {
+inline constexpr std::int32_t kReady = 1;
+inline constexpr std::int32_t kRunning = 2;
+inline constexpr std::int32_t kInterrupted = 4;
+}  // namespace mdi_state
+
+/// The high nibble of a role.
+namespace mdi_edit {
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kNewItem = 0x10;
+inline constexpr std::int32_t kChangeItem = 0x20;
+}  // namespace mdi_edit
+
+namespace mdi_load {
+inline constexpr std::int32_t kNotRead = 0;
+inline constexpr std::int32_t kMatchesFiles = 1;
+inline constexpr std::int32_t kChanged = 2;
+}  // namespace mdi_load
+
+struct MDIDATA_ST {
+  MDIDATA_ST(Variables& variables, std::int8_t channel)
+      : Channel(channel), StatusVar(variables), InspectVar(variables), StartVar(variables) {}
+
+  std::int8_t Channel;      // from 1
+  ZCVariable StatusVar;     // "[%d].G.FULLSTATUS"
+  ZCVariable InspectVar;    // "[%d].E.INSPECSTATUS"; bound only where the control has inspection
+  ZCVariable StartVar;      // "[%d].E.STARTONMDI"; likewise
+  std::int32_t Opened = 0;  // 1 while the tool is open in this channel
+  std::int32_t InMDI = 0;   // 1 while the channel is held in MDI state
+  /// 1 when the window has been hidden and the channel is to be given back as soon as the block ends.
+  std::int32_t ClosePending = 0;
+  std::int32_t Role = 1;  // low nibble 1 MDI, 2 MDA; high nibble as mdi_edit
+  std::int32_t State = mdi_state::kReady;
+  pnl::Text Text;  // the block in hand
+  std::int32_t LoadState = mdi_load::kNotRead;
+  std::deque<pnl::Text> History;   // newest first
+  std::vector<pnl::Text> MDAList;  // in the operator's order
+  std::int32_t MDASelection = -1;  // index in MDAList, -1 for none
+  std::int32_t SavedManualMode = 0;
+  // A file that is there but couldn't be read isn't written either, so that nothing on the disc is lost.
+  bool HistoryUnreadable = false;
+  bool ListUnreadable = false;
+
+  [[nodiscard]] MdiRole LowRole() const { return (Role & 0x0F) == 2 ? MdiRole::kMda : MdiRole::kMdi; }
+  [[nodiscard]] std::int32_t Edit() const { return Role & 0xF0; }
+  [[nodiscard]] bool IsReady() const { return State == mdi_state::kReady; }
+  /// The edit holds what the operator types: always in MDI role, in MDA role while an item is typed or changed.
+  [[nodiscard]] bool TypesInEdit() const { return LowRole() == MdiRole::kMdi || Edit() != mdi_edit::kNone; }
+};
+
+}  // namespace pnl
