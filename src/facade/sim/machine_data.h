@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// The facts of the simulated mill: travel, speeds, workpiece offsets, tools. Lengths are millimetres in machine
+// coordinates, speeds mm/min and rpm. Nothing here changes while the machine runs.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "base/text.h"
+
+namespace pnl::sim {
+
+inline constexpr std::size_t kAxisCount = 3;
+/// X, Y, Z.
+using Point = std::array<double, kAxisCount>;
+
+struct AxisFacts {
+  char16_t name;
+  double low;
+  double high;
+  double rapid;  // mm/min
+};
+inline constexpr std::array<AxisFacts, kAxisCount> kAxes{{
+    {u'X', -500, 500, 10000},
+    {u'Y', -300, 300, 10000},
+    {u'Z', -400, 200, 6000},
+}};
+
+inline constexpr double kHighestFeed = 20000;   // mm/min
+inline constexpr double kHighestSpeed = 12000;  // rpm
+inline constexpr double kArcTolerance = 0.01;   // by how much start and end may differ in their distance to the centre
+inline constexpr double kLongestDwell = 86400;  // seconds
+inline constexpr double kInch = 25.4;
+inline constexpr double kFoot = 0.3048;  // metres
+inline constexpr int kHighestTool = 99;
+inline constexpr int kHighestEdge = 99;
+
+/// Where the zero point of G54 to G59 lies; no offset for any other code.
+[[nodiscard]] Point OffsetOf(int gCode);
+
+struct ToolFacts {
+  int number;
+  double diameter;
+  double length;
+};
+/// Both 0 for a place of the magazine without data.
+[[nodiscard]] ToolFacts ToolOf(int number);
+
+}  // namespace pnl::sim

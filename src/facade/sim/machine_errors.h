@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// What the mill can refuse, as data: every code with its number and its wording in English and Spanish, and the error
+// record that carries one. A fault is a code, the word at fault and its place in the block; wording is made from it
+// only here.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "base/text.h"
+#include "facade/error_record.h"
+
+namespace pnl::sim {
+
+enum class FaultCode : std::uint8_t {
+  kUnknownCharacter,
+  kNumberMissing,
+  kBadNumber,
+  kCommentOpen,
+  kUnknownWord,
+  kUnknownG,
+  kUnknownM,
+  kSameGroup,
+  kWordTwice,
+  kUnusedWord,
+  kBadValue,
+  kFeedMissing,
+  kFeedZero,
+  kFeedTooHigh,
+  kArcCentre,
+  kArcEnd,
+  kArcRadius,
+  kTravelLimit,
+  kSpindleStopped,
+  kSpeedMissing,
+  kSpeedTooHigh,
+  kUnknownTool,
+  kNoToolDiameter,
+  kDwellTime,
+  kNotInMdi,
+  kBusy,
+  kEmergencyStop,
+};
+
+/// Why a block can't run. Without a word the fault is of the machine's state and begin and length are 0.
+struct Fault {
+  FaultCode code = FaultCode::kUnknownCharacter;
+  Text word;               // in upper case, without blanks
+  std::size_t begin = 0;   // where it stands in the block
+  std::size_t length = 0;  // how much of the block it takes
+};
+
+struct FaultText {
+  FaultCode code;
+  std::int32_t number;
+  TextView english;
+  TextView spanish;
+};
+
+enum class MachineLanguage : std::uint8_t { kEnglish, kSpanish };
+
+/// All of them, in the order of FaultCode.
+[[nodiscard]] std::span<const FaultText> FaultTexts();
+[[nodiscard]] std::int32_t FaultNumber(FaultCode code);
+/// The wording, then the word at fault behind a colon if there is one.
+[[nodiscard]] Text Describe(const Fault& fault, MachineLanguage language);
+/// The record that puts a fault into the kernel's queue. It carries its own wording, and the block as a second line, so
+/// that two of one number can stand in the queue with different words.
+[[nodiscard]] ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language);
+
+}  // namespace pnl::sim
