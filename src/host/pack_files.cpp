@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "host/pack_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace pnl {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> PackFolders(const char* environmentFolder, std::string_view libraryFile) {
+  if (environmentFolder != nullptr && *environmentFolder != '\0') return {environmentFolder};
+  if (libraryFile.empty()) return {};
+  const fs::path folder = fs::path(libraryFile).parent_path();
+  const fs::path packs = fs::path("share") / "pnltools" / "lang";
+  // Libraries lie in "lib" or, where one machine serves several architectures, a folder below it.
+  return {(folder / ".." / packs).lexically_normal().string(),
+          (folder / ".." / ".." / packs).lexically_normal().string()};
+}
+
+bool IsLanguageCode(std::string_view code) {
+  return !code.empty() && code.size() <= 16 && std::all_of(code.begin(), code.end(), [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
+  });
+}
+
+std::optional<std::string> ReadPackFile(const std::vector<std::string>& folders, std::string_view code) {
+  if (!IsLanguageCode(code)) return std::nullopt;
+  for (const std::string& folder : folders) {
+    const fs::path file = fs::path(folder) / (std::string(code) + ".pnl");
+    std::error_code problem;
+    if (!fs::is_regular_file(file, problem)) continue;
+    std::ifstream in(file, std::ios::binary);
+    if (in) return std::string(std::istreambuf_iterator<char>(in), {});
+  }
+  return std::nullopt;
+}
+
+}  // namespace pnl

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// Where the language packs lie on this machine, and the bytes of one. Reads nothing of their contents.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pnl {
+
+/// The folders to look in, in order: the one of the environment variable PNLTOOLS_LANG_DIR alone if it is set, else
+/// those beside the library's own file ("<prefix>/lib/libpnltools.so" gives "<prefix>/share/pnltools/lang").
+/// environmentFolder may be null.
+[[nodiscard]] std::vector<std::string> PackFolders(const char* environmentFolder, std::string_view libraryFile);
+
+/// True for what can be the code of a language: lower-case letters, digits, '-' and '_', so nothing that leads
+/// elsewhere.
+[[nodiscard]] bool IsLanguageCode(std::string_view code);
+
+/// The bytes of "<folder>/<code>.pnl" from the first folder that has it.
+[[nodiscard]] std::optional<std::string> ReadPackFile(const std::vector<std::string>& folders, std::string_view code);
+
+}  // namespace pnl
