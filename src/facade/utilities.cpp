@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "facade/utilities.h"
 
+#include <set>
+
 #include "base/format.h"
 #include "base/numbers.h"
 
 namespace pnl {
 
 namespace {
-
-/// Menus nest two or three deep; a menu that holds itself must not hang the panel.
-constexpr int kDeepestMenu = 16;
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
@@ -29,12 +28,13 @@ void CleanItem(MenuItem& item) {
   item.helper.clear();
 }
 
-void CleanMenuTo(MenuTable& menus, MenuHandle handle, int depth) {
+/// A menu that holds itself must not hang the panel: each one is cleaned once.
+void CleanMenuOnce(MenuTable& menus, MenuHandle handle, std::set<MenuHandle>& cleaned) {
   Menu* menu = menus.Find(handle);
-  if (menu == nullptr || depth == 0) return;
+  if (menu == nullptr || !cleaned.insert(handle).second) return;
   for (MenuItem& item : menu->items) {
     CleanItem(item);
-    if (item.subMenu != 0) CleanMenuTo(menus, item.subMenu, depth - 1);
+    if (item.subMenu != 0) CleanMenuOnce(menus, item.subMenu, cleaned);
   }
 }
 
@@ -114,6 +114,9 @@ void UTIL7340_CleanMenuItem(MenuTable& menus, MenuHandle menu, int id, bool byPo
   if (MenuItem* item = menus.FindItem(menu, id, byPosition)) CleanItem(*item);
 }
 
-void UTIL7340_CleanMenu(MenuTable& menus, MenuHandle menu) { CleanMenuTo(menus, menu, kDeepestMenu); }
+void UTIL7340_CleanMenu(MenuTable& menus, MenuHandle menu) {
+  std::set<MenuHandle> cleaned;
+  CleanMenuOnce(menus, menu, cleaned);
+}
 
 }  // namespace pnl

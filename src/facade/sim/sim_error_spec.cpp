@@ -109,11 +109,13 @@ bool PutField(ErrorRecord& record, const GivenField& given, std::size_t room) {
   return PutNumber(to, given.field->size, *given.value);
 }
 
-/// Fields in rising order, since some share their place: a later one then cuts the text before it, whatever the order
-/// in which they were given.
+/// Fields in rising order, since some share their place: a later one then cuts the text before it, and a number at
+/// the very place of a text replaces it, whatever the order in which they were given.
 bool PutFields(ErrorRecord& record, std::vector<GivenField> given, std::string& problem) {
-  std::stable_sort(given.begin(), given.end(),
-                   [](const GivenField& a, const GivenField& b) { return a.field->offset < b.field->offset; });
+  std::stable_sort(given.begin(), given.end(), [](const GivenField& a, const GivenField& b) {
+    if (a.field->offset != b.field->offset) return a.field->offset < b.field->offset;
+    return a.field->kind == ErrorField::Kind::kText && b.field->kind != ErrorField::Kind::kText;
+  });
   for (std::size_t i = 0; i < given.size(); ++i) {
     std::size_t room = given[i].field->size;
     if (i + 1 < given.size()) room = std::min(room, given[i + 1].field->offset - given[i].field->offset);
