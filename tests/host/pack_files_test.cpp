@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "host/pack_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/drive_settings.h"
+#include "support/temp_folder.h"
+
+namespace pnl {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(PackFiles, LieBesideTheLibraryUnlessTheEnvironmentNamesAFolder) {
+  EXPECT_THAT(PackFolders(nullptr, "/opt/p/lib/libpnltools.so"),
+              ElementsAre("/opt/p/share/pnltools/lang", "/opt/share/pnltools/lang"));
+  EXPECT_THAT(PackFolders("", "/usr/lib/x86_64-linux-gnu/libpnltools.so"),
+              ElementsAre("/usr/lib/share/pnltools/lang", "/usr/share/pnltools/lang"));
+  EXPECT_THAT(PackFolders("/packs", "/usr/lib/libpnltools.so"), ElementsAre("/packs"));
+  EXPECT_THAT(PackFolders(nullptr, ""), ElementsAre());
+}
+
+TEST(PackFiles, ACodeNeverLeadsElsewhere) {
+  for (const char* good : {"en", "es", "pt-br", "zh_cn", "x1"}) EXPECT_TRUE(IsLanguageCode(good)) << good;
+  for (const char* bad : {"", ".", "..", "../en", "en/..", "EN", "e n", "aaaaaaaaaaaaaaaaa"}) {
+    EXPECT_FALSE(IsLanguageCode(bad)) << bad;
+  }
+}
+
+TEST(PackFiles, TheFirstFolderThatHasThePackGivesIt) {
+  const test::TempFolder folder;
+  folder.Write("b/en.pnl", "second");
+  static_cast<void>(folder.Folder("a/es.pnl"));
+  folder.Write("c/en.pnl", "third");
+  const std::string root = folder.Path().string();
+  const std::vector<std::string> folders = {root + "/none", root + "/a", root + "/b", root + "/c"};
+  EXPECT_EQ(ReadPackFile(folders, "en"), "second");
+  EXPECT_EQ(ReadPackFile(folders, "es"), std::nullopt) << "a folder is no pack";
+  EXPECT_EQ(ReadPackFile(folders, "../b/en"), std::nullopt);
+  EXPECT_EQ(ReadPackFile({}, "en"), std::nullopt);
+}
+
+struct DriveCase {
+  const char* setting;
+  const char* dataHome;
+  const char* home;
+  const char* c;
+  const char* d;
+};
+
+TEST(DriveSettings, FillTheMapAndFallBackToTheUsersDataFolder) {
+  const DriveCase cases[] = {
+      {"C=/srv/cnc;D=/media/usb", "/data", "/home/op", "/srv/cnc", "/media/usb"},
+      {"d=/media/usb", "/data", "/home/op", "/data/pnltools", "/media/usb"},
+      {nullptr, nullptr, "/home/op", "/home/op/.local/share/pnltools", nullptr},
+      {nullptr, "not/absolute", "/home/op", "/home/op/.local/share/pnltools", nullptr},
+      {";;C=relative;D;=/x;D=", nullptr, nullptr, nullptr, nullptr},
+  };
+  for (const DriveCase& row : cases) {
+    DriveMap drives;
+    SetStartDrives(drives, row.setting, row.dataHome, row.home);
+    EXPECT_EQ(drives.Folder('C').value_or(""), row.c != nullptr ? row.c : "");
+    EXPECT_EQ(drives.Folder('D').value_or(""), row.d != nullptr ? row.d : "");
+  }
+}
+
+}  // namespace
+}  // namespace pnl
