@@ -77,7 +77,7 @@ class DemoMachine final : public Machine {
  private:
   enum class Halt : std::uint8_t { kNone, kSingleStep, kFeedHold, kStop, kOptionalStop };
   struct Task {
-    Run run;
+    BlockRun run;
     Halt halt = Halt::kNone;
     bool interlock = false;         // a grant to give back at the end
     std::optional<Point> comeBack;  // where it was interrupted, once inspection took the axes from it

@@ -95,7 +95,7 @@ void DemoMachine::PushFault(const Fault& fault, TextView block) {
 
 void DemoMachine::Accept(TextView block, Plan plan) {
   condition_.modal = plan.after;
-  task_ = Task{Run(Text(block), std::move(plan.steps), Now(), percent_), Halt::kNone, grants_ > 0, std::nullopt};
+  task_ = Task{BlockRun(Text(block), std::move(plan.steps), Now(), percent_), Halt::kNone, grants_ > 0, std::nullopt};
   if (task_->interlock) --grants_;
   Publish();
 }

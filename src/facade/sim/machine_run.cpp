@@ -10,65 +10,67 @@ namespace {
 constexpr double kMillisecondsPerMinute = 60000;
 }
 
-Run::Run(Text block, std::vector<Step> steps, double now, int percent)
+BlockRun::BlockRun(Text block, std::vector<Step> steps, double now, int percent)
     : block_(std::move(block)), steps_(std::move(steps)), since_(now), percent_(percent) {}
 
-double Run::Rate() const {
+double BlockRun::Rate() const {
   if (held_) return 0;
   if (Over() || Current().pace == Step::Pace::kFixed) return 1;
   const double part = percent_ / 100.0;
   return Current().pace == Step::Pace::kRapid ? std::min(part, 1.0) : part;
 }
 
-double Run::Done(double now) const {
+double BlockRun::Done(double now) const {
   return std::min(Current().duration, Current().done + std::max(0.0, now - since_) * Rate());
 }
 
-std::optional<double> Run::StepEnd() const {
+std::optional<double> BlockRun::StepEnd() const {
   const double rate = Rate();
   if (rate == 0) return std::nullopt;
   return Over() ? since_ : since_ + (Current().duration - Current().done) / rate;
 }
 
-bool Run::Moves() const { return !Over() && Current().kind == Step::Kind::kMove && Rate() > 0; }
+bool BlockRun::Moves() const { return !Over() && Current().kind == Step::Kind::kMove && Rate() > 0; }
 
-double Run::Feed() const {
+double BlockRun::Feed() const {
   if (!Moves() || Current().duration == 0) return 0;
   return Current().path.Length() / Current().duration * kMillisecondsPerMinute * Rate();
 }
 
-std::optional<Point> Run::Position(double now) const {
+std::optional<Point> BlockRun::Position(double now) const {
   if (Over() || Current().kind != Step::Kind::kMove) return std::nullopt;
   const Step& step = Current();
   return step.path.At(step.duration == 0 ? 1 : Done(now) / step.duration);
 }
 
-void Run::Book(double now) {
+void BlockRun::Book(double now) {
   if (!Over()) steps_[index_].done = Done(now);
   since_ = std::max(since_, now);
 }
 
-double Run::Next() {
+double BlockRun::Next() {
   since_ = StepEnd().value_or(since_);
   ++index_;
   return since_;
 }
 
-void Run::SetOverride(double now, int percent) {
+void BlockRun::SetOverride(double now, int percent) {
   Book(now);
   percent_ = percent;
 }
 
-void Run::Hold(double now) {
+void BlockRun::Hold(double now) {
   Book(now);
   held_ = true;
 }
 
-void Run::Release(double now) {
+void BlockRun::Release(double now) {
   Book(now);
   held_ = false;
 }
 
-void Run::Insert(Step step) { steps_.insert(steps_.begin() + static_cast<std::ptrdiff_t>(index_), std::move(step)); }
+void BlockRun::Insert(Step step) {
+  steps_.insert(steps_.begin() + static_cast<std::ptrdiff_t>(index_), std::move(step));
+}
 
 }  // namespace pnl::sim

@@ -12,9 +12,9 @@
 namespace pnl::sim {
 
 /// Times are milliseconds. Percent is the feed override.
-class Run {
+class BlockRun {
  public:
-  Run(Text block, std::vector<Step> steps, double now, int percent);
+  BlockRun(Text block, std::vector<Step> steps, double now, int percent);
 
   [[nodiscard]] const Text& Block() const { return block_; }
   /// No step is left. Then Current may not be asked.
