@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: MIT
+#include "host/operator.h"
+
+#include <algorithm>
+
+namespace panel {
+namespace {
+
+constexpr int kChannel = 1;
+constexpr int kOverrideStep = 10;
+constexpr int kOverrideMost = 200;
+constexpr int kInterrupted = 4;
+constexpr intptr_t kRefused = -200;
+
+/// Codes of ToolCommand.
+constexpr int kCommandOpen = 2;
+constexpr int kCommandClose = 6;
+constexpr int kCommandRestoreCaret = 7;
+constexpr int kCommandSwitchRole = 8;
+
+template <std::size_t N>
+bool Fits(const QString& text, const char16_t (&)[N]) {
+  return text.size() < static_cast<qsizetype>(N);
+}
+
+template <std::size_t N>
+void Put(const QString& text, char16_t (&field)[N]) {
+  std::fill(std::begin(field), std::end(field), u'\0');
+  std::copy_n(text.utf16(), text.size(), std::begin(field));
+}
+
+}  // namespace
+
+Operator::Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent)
+    : QObject(parent), session_(session), rig_(rig), machine_(rig == nullptr ? nullptr : rig->Machine()) {
+  connect(&session_, &HostSession::Called, this, &Operator::OnCalled);
+  connect(&session_, &HostSession::MessageArrived, this, &Operator::OnMessage);
+  connect(&session_, &HostSession::MainMenuChanged, this, &Operator::Touch);
+  connect(&session_, &HostSession::SideMenuChanged, this, &Operator::Touch);
+  connect(&session_, &HostSession::MessagesChanged, this, &Operator::Touch);
+  connect(&session_, &HostSession::ToolsChanged, this, &Operator::Touch);
+  if (rig_ == nullptr) return;
+  for (const char16_t* name : {u"E.NERRORS", u"E.ERRORPRI", u"[1].E.MANUALMODE"}) {
+    watches_.push_back(rig_->Cnc().Watch(name, [this] { Touch(); }));
+  }
+  if (machine_ != nullptr) machine_->OnChanged([this] { Touch(); });
+}
+
+Operator::~Operator() {
+  if (machine_ != nullptr) machine_->OnChanged([] {});
+  for (const int watch : watches_) rig_->Cnc().Unwatch(watch);
+}
+
+void Operator::Touch() {
+  if (touched_) return;
+  touched_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        touched_ = false;
+        emit Changed();
+      },
+      Qt::QueuedConnection);
+}
+
+void Operator::SetHint(const QString& text, bool warning) {
+  hint_ = {text, warning};
+  Touch();
+}
+
+pnl::rig::MachineState Operator::Machine() const {
+  return machine_ == nullptr ? pnl::rig::MachineState{} : machine_->State();
+}
+
+qint64 Operator::Int(const char16_t* name) const {
+  if (rig_ == nullptr) return 0;
+  const auto value = rig_->Cnc().Get(name);
+  const auto* number = value ? std::get_if<std::int64_t>(&*value) : nullptr;
+  return number == nullptr ? 0 : *number;
+}
+
+Word Operator::Mode() const {
+  if (!heldChannels_.empty()) return Word::kMdiMode;
+  return Int(u"[1].E.MANUALMODE") == 1 ? Word::kManual : Word::kAutomatic;
+}
+
+std::vector<pnl::rig::CncControl::ErrorSummary> Operator::Errors() const {
+  if (rig_ == nullptr) return {};
+  return rig_->Cnc().Errors();
+}
+
+bool Operator::Can(Action action) const {
+  switch (action) {
+    case Action::kFeedHold:
+    case Action::kSingleBlock:
+    case Action::kReset:
+      return machine_ != nullptr;
+    case Action::kCancel:
+      return machine_ != nullptr && machine_->State().channelStatus == kInterrupted;
+    case Action::kInspect:
+      return machine_ != nullptr && (machine_->State().channelStatus == kInterrupted || machine_->State().inspecting);
+    case Action::kOverrideDown:
+      return machine_ != nullptr && machine_->State().feedOverride > 0;
+    case Action::kOverrideUp:
+      return machine_ != nullptr && machine_->State().feedOverride < kOverrideMost;
+    case Action::kOverrideFull:
+      return machine_ != nullptr && machine_->State().feedOverride != 100;
+    case Action::kClearError:
+      return !Errors().empty() || offeredError_.has_value();
+    case Action::kFocusTool:
+      return session_.FrontTool() >= 0;
+    default:
+      return true;
+  }
+}
+
+void Operator::Do(Action action) {
+  hint_ = {};
+  Touch();
+  if (!Can(action)) {
+    if (machine_ == nullptr) SetHint(Say(Word::kNoMachineHere), true);
+    return;
+  }
+  switch (action) {
+    case Action::kCycleStart:
+      return CycleStart();
+    case Action::kOpenMdi:
+      return OpenMdi();
+    case Action::kSwitchRole:
+      return SwitchRole();
+    case Action::kHelp:
+      return AskHelp();
+    case Action::kClearError:
+      return ClearErrors();
+    case Action::kFocusTool:
+      PnlSendMessage(session_.ToolWindow(session_.FrontTool()), PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+      return;
+    default:
+      return DoMachine(action);
+  }
+}
+
+void Operator::DoMachine(Action action) {
+  if (machine_ == nullptr) return;
+  const auto state = machine_->State();
+  switch (action) {
+    case Action::kFeedHold:
+      // Never a toggle: a second press on a hold key must not set the axes moving. Cycle start does that.
+      return machine_->FeedHold(true);
+    case Action::kSingleBlock:
+      return machine_->SingleBlock(!state.singleBlock);
+    case Action::kCancel:
+      return machine_->Cancel();
+    case Action::kReset:
+      machine_->Reset();
+      return ClearErrors();
+    case Action::kInspect:
+      return machine_->Inspection(!state.inspecting);
+    case Action::kOverrideDown:
+      return machine_->FeedOverride(std::max(0, state.feedOverride - kOverrideStep));
+    case Action::kOverrideUp:
+      return machine_->FeedOverride(std::min(kOverrideMost, state.feedOverride + kOverrideStep));
+    case Action::kOverrideFull:
+      return machine_->FeedOverride(100);
+    default:
+      return;
+  }
+}
+
+void Operator::CycleStart() {
+  const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
+  const auto state = Machine();
+  const bool atRest = state.channelStatus != 2 && state.channelStatus != kInterrupted;
+  // A hidden command line still owns the block that it sent: its start key must reach it.
+  if (mdi == 0 || (atRest && !session_.IsToolOpen(PNL_TOOL_MDI))) {
+    if (machine_ != nullptr && state.feedHold) return machine_->FeedHold(false);
+    return SetHint(Say(Word::kNothingToStart), true);
+  }
+  PnlCycleStart record{};
+  record.channel = kChannel;
+  const auto address = reinterpret_cast<intptr_t>(&record);
+  constexpr intptr_t kInspecting = 4;
+  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 2, address) == kInspecting) SetHint(Say(Word::kStartInInspection));
+  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 1, address);
+}
+
+bool Operator::OpenTool(int tool) {
+  PnlWindow window = session_.ToolWindow(tool);
+  if (window == 0) window = session_.LoadTool(tool, session_.ToolArea());
+  if (window == 0) {
+    SetHint(Say(Word::kToolMissing), true);
+    return false;
+  }
+  if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandOpen, kChannel) == kRefused) {
+    SetHint(Say(Word::kMdiRefused), true);
+    return false;
+  }
+  return true;
+}
+
+void Operator::OpenMdi() {
+  const int tool = PNL_TOOL_MDI;
+  if (session_.IsToolOpen(tool) && session_.FrontTool() == tool) {
+    PnlSendMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+    return;
+  }
+  OpenTool(tool);
+}
+
+void Operator::SwitchRole() {
+  if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
+}
+
+void Operator::AskHelp() {
+  const PnlWindow tool = session_.ToolWindow(session_.FrontTool());
+  if (tool == 0 || PnlSendMessage(tool, PNL_MSG_HELP_KEY, 0, 0) != 0 || rig_ == nullptr) {
+    return SetHint(Say(Word::kToolMissing), true);
+  }
+  const auto mark = rig_->Cnc().Get(u"E.HELPDATA");
+  const auto* text = mark ? std::get_if<std::u16string>(&*mark) : nullptr;
+  if (text != nullptr) SetHint(Say(Word::kHelpMark, QString::fromStdU16String(*text)));
+}
+
+void Operator::ClearErrors() {
+  if (rig_ != nullptr && !Errors().empty()) rig_->Cnc().ClearErrors();
+  offeredError_.reset();
+  Touch();
+}
+
+void Operator::SendCommand(int tool, int id) {
+  hint_ = {};
+  PnlSendMessage(session_.ToolWindow(tool), PNL_MSG_COMMAND, id, 0);
+  Touch();
+}
+
+void Operator::OnCalled(const HostCall& call) {
+  if (!session_.Reacting()) return;
+  switch (call.slot) {
+    case 2:
+      return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
+    case 8:
+      asked_ = true;
+      if (Request() == nullptr) {
+        // Queued: the asker is still inside its own call.
+        QMetaObject::invokeMethod(this, &Operator::CancelFile, Qt::QueuedConnection);
+        return SetHint(Say(Word::kNoRequest), true);
+      }
+      emit ChooserWanted();
+      return;
+    case 9:
+      PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
+      return;
+    case 10:
+    case 11:
+      return EndRequest(true);
+    case 12:
+      if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
+      return;
+    case 13:
+      offeredError_ = call.args.value(0).toMap();
+      return Touch();
+    case 14:
+      offeredError_.reset();
+      return Touch();
+    case 15:
+      emit KeyForwarded(call.args.value(0).toInt());
+      return;
+    case 16:
+      PnlPostMessage(session_.ToolWindow(call.args.value(0).toInt()), PNL_MSG_TOOL_COMMAND, kCommandClose, 0);
+      return;
+    case 17:
+      OpenTool(PNL_TOOL_CALCULATOR);
+      return;
+    case 18:
+      OpenTool(PNL_TOOL_MACHINING_CALCULATOR);
+      return;
+    default:
+      return;
+  }
+}
+
+void Operator::OnToolClosed(int tool, int reason) {
+  if (tool == PNL_TOOL_EXPLORER && reason == PNL_CLOSED && asked_) EndRequest(false);
+}
+
+void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
+  constexpr int kTaken = 41;
+  constexpr int kLetGo = 42;
+  if (message == PNL_MSG_TOOL_NOTIFY && (first == kTaken || first == kLetGo) && second != 0) {
+    const auto channel = reinterpret_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel;
+    heldChannels_.erase(std::remove(heldChannels_.begin(), heldChannels_.end(), channel), heldChannels_.end());
+    if (first == kTaken) heldChannels_.push_back(channel);
+    return Touch();
+  }
+  if (!session_.Reacting()) return;
+  if (message == PnlRegisterMessage("ZM_UPDATE_NERRORS")) Touch();
+  if (message == PnlRegisterMessage("ZM_CLOSE7340") && first == 1) emit CloseWanted();
+}
+
+XPLRDATA_ST* Operator::Request() const {
+  return static_cast<XPLRDATA_ST*>(PnlResolveRecord(static_cast<std::int32_t>(Int(u"E.XPLRDATA"))));
+}
+
+PnlWindow Operator::Asker() const {
+  constexpr int kOwnerBase = 1000;
+  const XPLRDATA_ST* request = Request();
+  const PnlWindow owner = request == nullptr ? 0 : session_.ToolWindow(request->Owner - kOwnerBase);
+  return owner != 0 ? owner : session_.ToolWindow(PNL_TOOL_MDI);
+}
+
+bool Operator::AcceptFile(const QString& folder, const QString& file) {
+  XPLRDATA_ST* request = Request();
+  if (request == nullptr) {
+    SetHint(Say(Word::kNoRequest), true);
+    EndRequest(false);
+    return false;
+  }
+  if (!Fits(folder, request->Path) || !Fits(file, request->File)) {
+    // The asker must not wait for ever for an answer that can't be given.
+    SetHint(Say(Word::kNameBad), true);
+    EndRequest(false);
+    return false;
+  }
+  Put(folder, request->Path);
+  Put(file, request->File);
+  EndRequest(true);
+  return true;
+}
+
+void Operator::CancelFile() { EndRequest(false); }
+
+void Operator::EndRequest(bool accepted) {
+  if (!asked_) return;
+  asked_ = false;
+  const PnlWindow asker = Asker();
+  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? 2 : 3, 0);
+  constexpr intptr_t kExplorerWaitEnded = 5;
+  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, kExplorerWaitEnded, 0);
+  emit ChooserGone();
+  Touch();
+}
+
+}  // namespace panel

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// What the panel does on the operator's behalf: which tool a key goes to, what a callback asks of the host, what the
+// machine and the error queue say. One guard decides what is possible, so that a key, a soft key and a shortcut can't
+// disagree. It owns no widget; the window draws everything from its state.
+#pragma once
+
+#include <pnltools/rig.h>
+
+#include <QObject>
+#include <QString>
+#include <optional>
+#include <vector>
+
+#include "host/host_session.h"
+#include "ui/shortcuts.h"
+
+namespace panel {
+
+/// The panel's own word to the operator, until the next thing he does.
+struct Hint {
+  QString text;
+  bool warning = false;
+};
+
+class Operator : public QObject {
+  Q_OBJECT
+
+ public:
+  /// rig may be null: then there is no machine, no clock and no error queue to show.
+  Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent = nullptr);
+  ~Operator() override;
+
+  [[nodiscard]] bool Can(Action action) const;
+  /// Does it, or says in the hint why not. Actions of the editor and of the bars are not its own and do nothing.
+  void Do(Action action);
+  /// Loads the tool at first use and brings it to the front. False, and a hint, when it isn't there.
+  bool OpenTool(int tool);
+  /// A soft key of a tool's menu.
+  void SendCommand(int tool, int id);
+
+  /// The request whose record stands in E.XPLRDATA, null when there is none or its owner has withdrawn it.
+  [[nodiscard]] XPLRDATA_ST* Request() const;
+  /// Writes the answer into the record and tells the asker. False, and a hint, when the record has gone or the names
+  /// don't fit its fields; then nothing was written and the asker hears that there is no file.
+  bool AcceptFile(const QString& folder, const QString& file);
+  void CancelFile();
+
+  [[nodiscard]] bool HasMachine() const { return machine_ != nullptr; }
+  [[nodiscard]] pnl::rig::MachineState Machine() const;
+  [[nodiscard]] Word Mode() const;
+  [[nodiscard]] std::vector<pnl::rig::CncControl::ErrorSummary> Errors() const;
+  /// The error line that the error tool offered, until it says that there is none left.
+  [[nodiscard]] const std::optional<QVariantMap>& OfferedError() const { return offeredError_; }
+  [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
+  void SetHint(const QString& text, bool warning = false);
+
+ signals:
+  /// Something to draw changed; many changes come as one.
+  void Changed();
+  void ChooserWanted();
+  void ChooserGone();
+  void InsertBlockWanted(const QString& text);
+  void KeyForwarded(int key);
+  void CloseWanted();
+
+ private:
+  void Touch();
+  void OnCalled(const HostCall& call);
+  void OnMessage(std::uint32_t message, qint64 first, qint64 second);
+  void OnToolClosed(int tool, int reason);
+  void DoMachine(Action action);
+  void CycleStart();
+  void OpenMdi();
+  void SwitchRole();
+  void AskHelp();
+  void ClearErrors();
+  void EndRequest(bool accepted);
+  [[nodiscard]] PnlWindow Asker() const;
+  [[nodiscard]] qint64 Int(const char16_t* name) const;
+
+  HostSession& session_;
+  pnl::rig::Rig* rig_;
+  pnl::rig::MachineControl* machine_;
+  std::vector<int> watches_;
+  std::vector<std::int32_t> heldChannels_;
+  std::optional<QVariantMap> offeredError_;
+  Hint hint_;
+  bool asked_ = false;    // a file request waits for its answer
+  bool touched_ = false;  // a Changed is under way
+};
+
+}  // namespace panel

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include <pnltools/pnltools.h>
+#include <pnltools/rig.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+
+#include "guided/guided_session.h"
+#include "host/host_session.h"
+#include "host/operator.h"
+#include "options.h"
+#include "remote/remote_control.h"
+#include "ui/panel_window.h"
+#include "ui/program_desk.h"
+#include "ui/theme.h"
+
+namespace {
+
+constexpr int kBadCommandLine = 2;
+
+/// Says on standard error what is wrong and how to go on.
+int Refuse(const QString& text) {
+  std::fprintf(stderr, "pnlpanel: %s\nTry pnlpanel --help.\n", qPrintable(text));
+  return kBadCommandLine;
+}
+
+QStringList ArgumentsOf(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  return arguments;
+}
+
+QString RootFolder(const panel::Options& options) {
+  if (!options.root.isEmpty()) return QDir(options.root).absolutePath();
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/pnlpanel");
+}
+
+/// Puts drive C:, machine, clock and language in place. What is wrong, empty if nothing is.
+QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
+  const QString root = RootFolder(options);
+  if (!QDir().mkpath(root)) return QStringLiteral("--root: the folder %1 can't be made").arg(root);
+  pnl::rig::Drive drive;
+  drive.letter = 'C';
+  drive.dir = QFile::encodeName(root).toStdString();
+  rig.Files().SetDrive(drive);
+  const bool started = options.bare ? rig.StartBare() : rig.StartMachine(options.machine.toStdString());
+  if (!started) return QStringLiteral("--machine: there is no machine named %1").arg(options.machine);
+  if (options.manualTime || !options.guidedInto.isEmpty()) rig.UseManualTime();
+  if (PnlSetLanguage(qPrintable(options.language)) == 0) {
+    // The panel works without a pack too: it says so and goes on.
+    std::fprintf(stderr, "pnlpanel: no language pack for %s\n", qPrintable(options.language));
+  }
+  panel::UseWords(options.language);
+  return {};
+}
+
+panel::PathResolver ResolverOf(pnl::rig::Rig& rig) {
+  return [&rig](const QString& path) {
+    const auto host = rig.Files().HostPath(path.toStdU16String());
+    return host ? QFile::decodeName(QByteArray::fromStdString(*host)) : QString();
+  };
+}
+
+void SetUpPrograms(pnl::rig::Rig& rig, panel::PanelWindow& window) {
+  constexpr std::int32_t kProgramsPath = 101;
+  const QString folder = QString::fromStdU16String(rig.Files().Path(kProgramsPath));
+  if (folder.isEmpty()) return;
+  window.Desk().SetProgramsFolder(folder);
+  const auto host = rig.Files().HostPath(folder.toStdU16String());
+  if (host) QDir().mkpath(QFile::decodeName(QByteArray::fromStdString(*host)));
+}
+
+/// The size the options ask for, else 800x600 head-less and the whole screen where there is one.
+void ShowPanel(panel::PanelWindow& window, const panel::Options& options) {
+  const bool unseen = options.headless;
+  if (!options.toolArea.isEmpty() || unseen) {
+    window.ResizeToolArea(options.toolArea.isEmpty() ? QSize(800, 600) : options.toolArea);
+    window.show();
+    return;
+  }
+  window.showMaximized();
+}
+
+int Run(QApplication& application, const panel::Options& options) {
+  pnl::rig::Rig* rig = PnlRig();
+  if (rig == nullptr) return Refuse(QStringLiteral("the library has no simulated CNC"));
+  const QString problem = PrepareRig(*rig, options);
+  if (!problem.isEmpty()) return Refuse(problem);
+  panel::HostSession session;
+  session.SetReacting(!options.bare);
+  session.OfferAll();
+  panel::Operator op(session, rig);
+  panel::PanelWindow window(session, op, ResolverOf(*rig));
+  SetUpPrograms(*rig, window);
+  window.SetAsksBeforeClosing(!options.headless && !options.rpc);
+  std::unique_ptr<panel::RemoteControl> remote;
+  if (options.rpc) {
+    remote =
+        std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
+  }
+  ShowPanel(window, options);
+  if (!options.guidedInto.isEmpty()) {
+    const int result = panel::RunGuidedSession(window, session, op, *rig, options.guidedInto);
+    session.CloseAll();
+    return result;
+  }
+  if (remote) remote->Start();
+  return application.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const auto parsed = panel::ParseOptions(ArgumentsOf(argc, argv));
+  if (const auto* error = std::get_if<panel::OptionError>(&parsed)) return Refuse(error->text);
+  auto options = std::get<panel::Options>(parsed);
+  if (options.help) {
+    std::fputs(qPrintable(panel::OptionsHelp()), stdout);
+    return 0;
+  }
+  if (options.keys) {
+    panel::UseWords(options.language);
+    std::fputs(qPrintable(panel::ShortcutPage()), stdout);
+    return 0;
+  }
+  if (options.headless) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("pnlpanel"));
+  panel::theme::Apply(application);
+  return Run(application, options);
+}

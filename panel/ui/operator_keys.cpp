@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "ui/operator_keys.h"
+
+#include <array>
+
+#include "ui/panel_key.h"
+#include "ui/theme.h"
+
+namespace panel {
+namespace {
+
+struct Look {
+  Action action;
+  QRgb tint;    // 0: ordinary
+  bool filled;  // the keys that must be found at once
+  bool latches;
+};
+
+constexpr std::array kLooks = {
+    Look{Action::kCycleStart, theme::kGreen, true, false},
+    Look{Action::kFeedHold, theme::kAmber, true, false},
+    Look{Action::kSingleBlock, theme::kAccent, false, true},
+    Look{Action::kInspect, theme::kViolet, false, true},
+    Look{Action::kOverrideDown, 0, false, false},
+    Look{Action::kOverrideUp, 0, false, false},
+    Look{Action::kCancel, theme::kAmber, false, false},
+    Look{Action::kReset, theme::kRed, false, false},
+    Look{Action::kClearError, theme::kRed, false, false},
+};
+
+}  // namespace
+
+OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
+  for (const Look& look : kLooks) {
+    auto* key = new PanelKey(this);
+    key->setText(Say(WordOf(look.action)));
+    key->setAccessibleName(key->text());
+    key->SetKeyName(KeysOf(look.action).first().toString());
+    key->setToolTip(TooltipOf(look.action));
+    if (look.tint != 0) key->SetTint(QColor(look.tint));
+    key->SetFilled(look.filled);
+    key->setCheckable(look.latches);
+    connect(key, &PanelKey::clicked, this, [this, action = look.action] { emit Pressed(action); });
+    keys_.emplace_back(look.action, key);
+  }
+}
+
+void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched) {
+  for (const auto& [action, key] : keys_) {
+    key->setEnabled(can(action));
+    // The lamp follows the machine, not the finger.
+    if (key->isCheckable()) key->setChecked(latched(action));
+  }
+}
+
+void OperatorKeys::SetFontPixels(int pixels) {
+  for (const auto& [action, key] : keys_) key->SetFontPixels(pixels);
+}
+
+PanelKey* OperatorKeys::Key(Action action) const {
+  for (const auto& [known, key] : keys_) {
+    if (known == action) return key;
+  }
+  return nullptr;
+}
+
+void OperatorKeys::resizeEvent(QResizeEvent*) {
+  constexpr int kGap = 4;
+  const int count = static_cast<int>(keys_.size());
+  for (int i = 0; i < count; ++i) {
+    const int left = (width() + kGap) * i / count;
+    const int right = (width() + kGap) * (i + 1) / count - kGap;
+    keys_[static_cast<std::size_t>(i)].second->setGeometry(left, 0, right - left, height());
+  }
+}
+
+}  // namespace panel

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The row of the machine's keys: start, hold, single block, cancel, reset, override, inspection. It shows which are
+// possible and which are latched; what a press does is somebody else's.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "ui/shortcuts.h"
+
+namespace panel {
+
+class PanelKey;
+
+class OperatorKeys : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit OperatorKeys(QWidget* parent);
+  /// Lights what is possible and latched.
+  void Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched);
+  void SetFontPixels(int pixels);
+  [[nodiscard]] PanelKey* Key(Action action) const;
+  [[nodiscard]] const std::vector<std::pair<Action, PanelKey*>>& Keys() const { return keys_; }
+
+ signals:
+  void Pressed(panel::Action action);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  std::vector<std::pair<Action, PanelKey*>> keys_;
+};
+
+}  // namespace panel

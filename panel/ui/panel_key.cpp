@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel_key.h"
+
+#include <QImage>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <algorithm>
+
+#include "ui/theme.h"
+
+namespace panel {
+namespace {
+
+constexpr int kRadius = 6;
+constexpr int kPad = 5;
+constexpr int kPictureSide = 64;  // rendered once at this size, then scaled
+
+QImage Render(const QByteArray& svg) {
+  QSvgRenderer renderer(svg);
+  if (!renderer.isValid()) return {};
+  renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+  QImage image(kPictureSide, kPictureSide, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  renderer.render(&painter);
+  return image;
+}
+
+}  // namespace
+
+PanelKey::PanelKey(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void PanelKey::SetKeyName(const QString& name) {
+  keyName_ = name;
+  update();
+}
+
+void PanelKey::SetPicture(const QByteArray& svg) {
+  if (svg == svg_) return;
+  svg_ = svg;
+  picture_ = svg.isEmpty() ? QImage() : Render(svg);
+  update();
+}
+
+void PanelKey::SetTint(const QColor& tint) {
+  if (tint == tint_) return;
+  tint_ = tint;
+  update();
+}
+
+void PanelKey::SetFilled(bool filled) {
+  filled_ = filled;
+  update();
+}
+
+void PanelKey::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  update();
+}
+
+void PanelKey::SetLeadsOn(bool leadsOn) {
+  if (leadsOn == leadsOn_) return;
+  leadsOn_ = leadsOn;
+  update();
+}
+
+QSize PanelKey::sizeHint() const {
+  const int side = theme::TouchPixels(*this);
+  return {2 * side, side};
+}
+
+void PanelKey::enterEvent(QEnterEvent* event) {
+  QAbstractButton::enterEvent(event);
+  update();
+}
+
+void PanelKey::leaveEvent(QEvent* event) {
+  QAbstractButton::leaveEvent(event);
+  update();
+}
+
+void PanelKey::keyPressEvent(QKeyEvent* event) {
+  // A bare panel keyboard has Enter where a desk has the space bar.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+QColor PanelKey::Fill() const {
+  if (!isEnabled()) return QColor(theme::kSurface);
+  if (isDown()) return QColor(theme::kPressed);
+  if (filled_ && tint_.isValid()) return underMouse() ? tint_.lighter(112) : tint_;
+  if (isChecked()) return tint_.isValid() ? tint_.darker(140) : QColor(theme::kSteel);
+  return underMouse() ? QColor(theme::kRaisedHover) : QColor(theme::kRaised);
+}
+
+QColor PanelKey::Ink() const {
+  if (!isEnabled()) return QColor(theme::kFaint);
+  return filled_ && tint_ == QColor(theme::kAmber) && !isDown() ? QColor(theme::kDark) : QColor(theme::kText);
+}
+
+void PanelKey::PaintMarks(QPainter& painter) const {
+  const QColor soft = filled_ ? Ink() : QColor(isEnabled() ? theme::kMuted : theme::kFaint);
+  const int small = std::max(11, fontPixels_ * 3 / 4);
+  theme::DrawText(painter, rect().adjusted(kPad + 1, 3, -kPad, 0), Qt::AlignLeft | Qt::AlignTop, keyName_,
+                  theme::Font(small), soft);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (isChecked() && isCheckable()) {
+    // A tick in the corner: the state must not hang on colour alone.
+    QPen pen(isEnabled() ? QColor(theme::kText) : QColor(theme::kFaint), 2.4);
+    pen.setCapStyle(Qt::RoundCap);
+    painter.setPen(pen);
+    const QPointF corner(width() - kPad - 14, kPad + 7);
+    painter.drawPolyline(QPolygonF({corner, corner + QPointF(4, 4), corner + QPointF(12, -5)}));
+  }
+  if (leadsOn_) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(soft);
+    const QPointF tip(width() - kPad, height() - kPad - 5);
+    painter.drawPolygon(QPolygonF({tip, tip + QPointF(-7, -5), tip + QPointF(-7, 5)}));
+  }
+}
+
+void PanelKey::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor edge = hasFocus()                       ? QColor(theme::kAccent)
+                      : tint_.isValid() && isEnabled() ? tint_
+                                                       : QColor(isEnabled() ? theme::kBorder : theme::kRaised);
+  theme::DrawField(painter, rect(), Fill(), edge, kRadius);
+  if (hasFocus()) theme::DrawField(painter, rect().adjusted(1, 1, -1, -1), Qt::transparent, edge, kRadius);
+  PaintMarks(painter);
+  const int top = keyName_.isEmpty() ? 0 : std::max(11, fontPixels_ * 3 / 4) + 3;
+  QRect body = rect().adjusted(kPad, top / 2 + 2, -kPad, -3);
+  if (!picture_.isNull()) {
+    const int side = std::min({body.height() - (text().isEmpty() ? 0 : fontPixels_ + 4), body.width(), kPictureSide});
+    if (side >= 12) {
+      const QRect place(body.center().x() - side / 2, body.top(), side, side);
+      painter.setRenderHint(QPainter::SmoothPixmapTransform);
+      painter.setOpacity(isEnabled() ? 1.0 : 0.35);
+      painter.drawImage(place, picture_);
+      painter.setOpacity(1.0);
+      body.setTop(place.bottom());
+    }
+  } else if (!keyName_.isEmpty()) {
+    body.setTop(top);
+  }
+  const QFont font = theme::Font(fontPixels_, filled_);
+  const QFontMetrics metrics(font);
+  const bool twoLines = metrics.horizontalAdvance(text()) > body.width() && text().contains(QLatin1Char(' ')) &&
+                        body.height() >= 2 * metrics.height() - 4;
+  // The longest word decides how big the letters may be; the rest wraps or is cut.
+  QString longest;
+  for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
+    if (metrics.horizontalAdvance(word) > metrics.horizontalAdvance(longest)) longest = word;
+  }
+  theme::DrawText(painter, body, Qt::AlignCenter | (twoLines ? Qt::TextWordWrap : 0), text(),
+                  theme::FittingFont(longest, body.width(), fontPixels_, 11, filled_), Ink());
+}
+
+}  // namespace panel

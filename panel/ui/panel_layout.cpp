@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel_layout.h"
+
+#include <algorithm>
+
+#include "ui/shortcuts.h"
+
+namespace panel {
+namespace {
+
+constexpr int kGap = 4;
+constexpr double kMaxScale = 1.6;
+
+/// The parts around the tool area, before anybody knows where they stand.
+struct Sizes {
+  int status;
+  int axes;
+  int modal;
+  int messages;
+  int keys;
+  int operatorKeys;
+  int side;
+  int column;  // 0 unless wide
+};
+
+double ScaleOf(QSize size, QSize one) {
+  const double scale =
+      std::min(static_cast<double>(size.width()) / one.width(), static_cast<double>(size.height()) / one.height());
+  return std::clamp(scale, 1.0, kMaxScale);
+}
+
+Sizes SizesOf(double scale, bool wide, int touch) {
+  const auto scaled = [scale](int pixels) { return static_cast<int>(pixels * scale + 0.5); };
+  Sizes sizes{};
+  sizes.status = std::max(scaled(44), touch);
+  sizes.axes = scaled(80);
+  sizes.modal = scaled(22);
+  sizes.messages = std::max(scaled(44), touch);
+  sizes.keys = std::max(scaled(56), touch);
+  sizes.operatorKeys = std::max(scaled(54), touch);
+  // Two paging keys stand side by side in it.
+  sizes.side = std::max(scaled(100), 2 * touch + kGap);
+  sizes.column = wide ? scaled(330) : 0;
+  return sizes;
+}
+
+int Above(const Sizes& sizes, bool wide) {
+  return sizes.status + kGap + (wide ? 0 : sizes.axes + sizes.modal + 2 * kGap);
+}
+
+int Below(const Sizes& sizes) { return sizes.messages + sizes.keys + sizes.operatorKeys + 4 * kGap; }
+
+/// Sets the parts around the tool area, whose rectangle and window stand already.
+void Surround(PanelLayout& layout, const Sizes& sizes) {
+  const int width = layout.window.width();
+  const int height = layout.window.height();
+  const int inner = width - 2 * kGap;
+  layout.status = QRect(kGap, kGap, layout.wide ? inner : inner * 5 / 12, sizes.status - kGap);
+  layout.operatorKeys = QRect(kGap, height - kGap - sizes.operatorKeys, inner, sizes.operatorKeys);
+  layout.mainBar = QRect(kGap, layout.operatorKeys.top() - kGap - sizes.keys, inner, sizes.keys);
+  layout.messages = QRect(kGap, layout.mainBar.top() - kGap - sizes.messages, inner, sizes.messages);
+  const int sideLeft = width - kGap - sizes.side;
+  const int bodyTop = layout.status.bottom() + 1 + kGap;
+  const int bodyBottom = layout.messages.top() - kGap;
+  layout.sideBar = QRect(sideLeft, bodyTop, sizes.side, std::max(0, bodyBottom - bodyTop));
+  if (!layout.wide) {
+    const int readingsLeft = layout.status.right() + 1 + kGap;
+    layout.readings = QRect(readingsLeft, layout.status.top(), width - kGap - readingsLeft, layout.status.height());
+    layout.axes = QRect(kGap, bodyTop, sideLeft - 2 * kGap, sizes.axes);
+    layout.modal = QRect(kGap, layout.axes.bottom() + 1 + kGap, layout.axes.width(), sizes.modal);
+    return;
+  }
+  const int columnHeight = std::max(0, bodyBottom - bodyTop);
+  const int modalHeight = std::min(columnHeight / 6, 3 * sizes.modal);
+  const int readingsHeight = (columnHeight - modalHeight) * 2 / 5;
+  layout.axes = QRect(kGap, bodyTop, sizes.column, columnHeight - modalHeight - readingsHeight - 2 * kGap);
+  layout.readings = QRect(kGap, layout.axes.bottom() + 1 + kGap, sizes.column, readingsHeight);
+  layout.modal = QRect(kGap, layout.readings.bottom() + 1 + kGap, sizes.column, modalHeight);
+}
+
+}  // namespace
+
+PanelLayout LayOutWithin(QSize window, int touch) {
+  PanelLayout layout;
+  layout.window = window.expandedTo(kLeastWindow);
+  layout.scale = ScaleOf(layout.window, QSize(800, 600));
+  layout.wide = layout.window.width() >= 1200 && layout.window.height() >= 700;
+  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch);
+  const int left = layout.wide ? sizes.column + 2 * kGap : kGap;
+  const int top = Above(sizes, layout.wide) + kGap;
+  layout.toolArea = QRect(left, top, std::max(1, layout.window.width() - left - sizes.side - 2 * kGap),
+                          std::max(1, layout.window.height() - top - Below(sizes) - kGap));
+  Surround(layout, sizes);
+  return layout;
+}
+
+PanelLayout LayOutAround(QSize toolArea, int touch) {
+  PanelLayout layout;
+  const QSize area = toolArea.expandedTo(QSize(1, 1));
+  layout.scale = ScaleOf(area, QSize(800, 600));
+  layout.wide = area.width() >= 1100 && area.height() >= 560;
+  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch);
+  const int left = layout.wide ? sizes.column + 2 * kGap : kGap;
+  const int top = Above(sizes, layout.wide) + kGap;
+  layout.window = QSize(left + area.width() + 2 * kGap + sizes.side, top + area.height() + Below(sizes) + kGap)
+                      .expandedTo(kLeastWindow);
+  layout.toolArea = QRect(QPoint(left, top), area);
+  Surround(layout, sizes);
+  return layout;
+}
+
+}  // namespace panel

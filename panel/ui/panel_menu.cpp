@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel_menu.h"
+
+#include <array>
+
+namespace panel {
+namespace {
+
+constexpr int kToolBase = 1000;
+
+struct ToolRow {
+  int tool;
+  Word word;
+  bool made;  // the library answers 0 for the others
+};
+
+constexpr std::array kTools = {
+    ToolRow{PNL_TOOL_CALCULATOR, Word::kCalculator, false},
+    ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, false},
+    ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, false},
+    ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
+};
+
+SoftKeyItem ActionItem(const Operator& op, Action action, bool checked = false) {
+  SoftKeyItem item;
+  item.id = static_cast<int>(action);
+  item.text = Say(WordOf(action));
+  item.enabled = op.Can(action);
+  item.checked = checked;
+  return item;
+}
+
+}  // namespace
+
+std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operator& op) {
+  std::vector<SoftKeyItem> items;
+  items.push_back(ActionItem(op, Action::kOpenMdi, session.IsToolOpen(PNL_TOOL_MDI)));
+  items.push_back(ActionItem(op, Action::kSwitchRole));
+  for (const ToolRow& row : kTools) {
+    SoftKeyItem item;
+    item.id = kToolBase + row.tool;
+    item.text = Say(row.word);
+    item.enabled = row.made;
+    item.checked = session.IsToolOpen(row.tool);
+    items.push_back(item);
+  }
+  items.push_back(ActionItem(op, Action::kHelp));
+  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs, Action::kNewProgram,
+                              Action::kCoordinates, Action::kOverrideFull}) {
+    items.push_back(ActionItem(op, action));
+  }
+  return items;
+}
+
+std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op) {
+  (void)session;
+  std::vector<SoftKeyItem> items;
+  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kNewProgram, Action::kSwitchRole,
+                              Action::kCoordinates, Action::kOverrideFull}) {
+    items.push_back(ActionItem(op, action));
+  }
+  return items;
+}
+
+std::optional<Action> ActionOfItem(int id) {
+  if (id < 0 || id >= static_cast<int>(Action::kCount)) return std::nullopt;
+  return static_cast<Action>(id);
+}
+
+int ToolOfItem(int id) { return id >= kToolBase ? id - kToolBase : -1; }
+
+}  // namespace panel

@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QShortcut>
+#include <cmath>
+
+#include "ui/axis_display.h"
+#include "ui/file_chooser.h"
+#include "ui/message_zone.h"
+#include "ui/operator_keys.h"
+#include "ui/panel_key.h"
+#include "ui/panel_menu.h"
+#include "ui/program_desk.h"
+#include "ui/program_editor.h"
+#include "ui/question.h"
+#include "ui/readings.h"
+#include "ui/soft_key_bar.h"
+#include "ui/status_strip.h"
+#include "ui/theme.h"
+
+namespace panel {
+
+PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolve, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      op_(op),
+      status_(new StatusStrip(this)),
+      readings_(new Readings(this)),
+      axes_(new AxisDisplay(this)),
+      modal_(new ModalLine(this)),
+      toolArea_(new QWidget(this)),
+      editor_(new ProgramEditor(toolArea_)),
+      sideBar_(new SoftKeyBar(Qt::Vertical, kSideKeys, &SideKey, this)),
+      zone_(new MessageZone(this)),
+      mainBar_(new SoftKeyBar(Qt::Horizontal, kMainKeys, &MainKey, this)),
+      keys_(new OperatorKeys(this)),
+      chooser_(new FileChooser(resolve, this)),
+      question_(new Question(this)),
+      desk_(new ProgramDesk(*editor_, *chooser_, *question_, std::move(resolve), this)) {
+  setWindowTitle(QStringLiteral("pnlpanel"));
+  setMinimumSize(kLeastWindow);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  session_.SetToolArea(toolArea_);
+  session_.SetMainWindow(this);
+  Connect();
+  MakeShortcuts();
+  SetTabOrder();
+  resize(LayOutAround(QSize(800, 600), theme::TouchPixels(*this)).window);
+  LayOut();
+  UpdateDisplay();
+  editor_->setFocus();
+}
+
+PanelWindow::~PanelWindow() { session_.CloseAll(); }
+
+void PanelWindow::Connect() {
+  connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
+  connect(&op_, &Operator::ChooserWanted, this, &PanelWindow::ShowChooser);
+  connect(&op_, &Operator::ChooserGone, chooser_, &FileChooser::Dismiss);
+  connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
+  connect(&op_, &Operator::KeyForwarded, this, [this](int key) {
+    constexpr int kEscape = 27;
+    if (key == kEscape) Escape();
+  });
+  // Queued: whoever asks for it is still at work.
+  connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
+  connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
+  connect(desk_, &ProgramDesk::Said, &op_, &Operator::SetHint);
+  connect(mainBar_, &SoftKeyBar::Pressed, this,
+          [this](int id, std::uint32_t menu) { OnItem(session_.MainMenuTool(), id, menu); });
+  connect(sideBar_, &SoftKeyBar::Pressed, this,
+          [this](int id, std::uint32_t menu) { OnItem(session_.SideMenuTool(), id, menu); });
+}
+
+void PanelWindow::MakeShortcuts() {
+  for (const ShortcutRow& row : ShortcutTable()) {
+    for (const QKeySequence& keys : KeysOf(row.action)) {
+      auto* shortcut = new QShortcut(keys, this);
+      // A held start key starts once; only the override may repeat.
+      shortcut->setAutoRepeat(row.action == Action::kOverrideDown || row.action == Action::kOverrideUp);
+      connect(shortcut, &QShortcut::activated, this, [this, action = row.action] { Trigger(action); });
+    }
+  }
+  const auto soft = [this](const QKeySequence& keys, void (PanelWindow::*press)(int), int slot) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, [this, press, slot] { (this->*press)(slot); });
+  };
+  for (int slot = 0; slot < kMainKeys; ++slot) soft(MainKey(slot), &PanelWindow::PressMain, slot);
+  for (int slot = 0; slot < kSideKeys; ++slot) soft(SideKey(slot), &PanelWindow::PressSide, slot);
+}
+
+void PanelWindow::SetTabOrder() {
+  std::vector<QWidget*> order{&editor_->Edit()};
+  for (int slot = 0; slot < kSideKeys; ++slot) order.push_back(sideBar_->Key(slot));
+  order.insert(order.end(), {sideBar_->BackKey(), sideBar_->MoreKey(), mainBar_->BackKey()});
+  for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(mainBar_->Key(slot));
+  order.push_back(mainBar_->MoreKey());
+  for (const auto& [action, key] : keys_->Keys()) order.push_back(key);
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+QString PanelWindow::ProgramText() const { return editor_->Text(); }
+
+void PanelWindow::ResizeToolArea(const QSize& size) {
+  fixedToolArea_ = size.expandedTo(QSize(1, 1));
+  resize(LayOutAround(*fixedToolArea_, theme::TouchPixels(*this)).window);
+  LayOut();
+}
+
+void PanelWindow::LayOut() {
+  const int touch = theme::TouchPixels(*this);
+  layout_ = LayOutWithin(size(), touch);
+  if (fixedToolArea_) {
+    const PanelLayout around = LayOutAround(*fixedToolArea_, touch);
+    // Once the operator gives the window another size, the tool area takes what is left again.
+    if (around.window == size()) {
+      layout_ = around;
+    } else {
+      fixedToolArea_.reset();
+    }
+  }
+  status_->setGeometry(layout_.status);
+  readings_->setGeometry(layout_.readings);
+  axes_->setGeometry(layout_.axes);
+  modal_->setGeometry(layout_.modal);
+  toolArea_->setGeometry(layout_.toolArea);
+  sideBar_->setGeometry(layout_.sideBar);
+  zone_->setGeometry(layout_.messages);
+  mainBar_->setGeometry(layout_.mainBar);
+  keys_->setGeometry(layout_.operatorKeys);
+  // The covers leave status, axes and the machine's keys free: the operator must be able to hold the axes any time.
+  const int left = layout_.toolArea.left();
+  const QRect cover(left, layout_.toolArea.top(), layout_.sideBar.right() + 1 - left,
+                    layout_.mainBar.bottom() + 1 - layout_.toolArea.top());
+  chooser_->setGeometry(cover);
+  question_->setGeometry(cover);
+  const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
+  status_->SetFontPixels(pixels(14));
+  modal_->SetFontPixels(pixels(13));
+  sideBar_->SetFontPixels(pixels(14));
+  mainBar_->SetFontPixels(pixels(14));
+  keys_->SetFontPixels(pixels(14));
+  zone_->SetFontPixels(pixels(17));
+  editor_->SetFontPixels(pixels(16));
+  chooser_->SetFontPixels(pixels(16));
+  question_->SetFontPixels(pixels(16));
+  PlaceEditor();
+}
+
+void PanelWindow::PlaceEditor() {
+  QRect place = toolArea_->rect();
+  // A command line is a strip at an edge: the program stays readable beside it.
+  const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(session_.ToolWindow(session_.FrontTool())));
+  if (tool != nullptr && tool->isVisible() && tool->height() < place.height() / 2) {
+    if (tool->y() <= 0) {
+      place.setTop(tool->geometry().bottom() + 3);
+    } else {
+      place.setBottom(tool->y() - 3);
+    }
+  }
+  editor_->setGeometry(place);
+}
+
+void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
+
+void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
+
+bool PanelWindow::Covered() const { return chooser_->Stands() || question_->Stands(); }
+
+void PanelWindow::Trigger(Action action) {
+  // While a question stands only the machine's own keys work: they act on nothing that the cover hides.
+  const bool machineKey = keys_->Key(action) != nullptr;
+  if (Covered() && !machineKey) return;
+  switch (action) {
+    case Action::kOpenProgram:
+      return desk_->Open();
+    case Action::kSaveProgram:
+      return desk_->Save();
+    case Action::kSaveProgramAs:
+      return desk_->SaveAs();
+    case Action::kNewProgram:
+      return desk_->New();
+    case Action::kCoordinates:
+      return axes_->ShowMachinePositions(!axes_->MachinePositions());
+    case Action::kMainMore:
+      return mainBar_->NextPage();
+    case Action::kMainBack:
+      return mainBar_->Back();
+    case Action::kSideMore:
+      return sideBar_->NextPage();
+    case Action::kSideBack:
+      return sideBar_->Back();
+    default:
+      return op_.Do(action);
+  }
+}
+
+void PanelWindow::PressMain(int slot) {
+  if (!Covered()) mainBar_->Press(slot);
+}
+
+void PanelWindow::PressSide(int slot) {
+  if (!Covered()) sideBar_->Press(slot);
+}
+
+void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
+  if (menu != 0) return op_.SendCommand(tool, id);
+  if (const auto action = ActionOfItem(id)) return Trigger(*action);
+  if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
+}
+
+void PanelWindow::Escape() {
+  // The tool comes first: from a key of the panel Escape leads back to it, and only there does it close anything.
+  if (op_.Can(Action::kFocusTool)) return Trigger(Action::kFocusTool);
+  Trigger(Action::kClearError);
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return Escape();
+  QWidget::keyPressEvent(event);
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event) {
+  if (asks_ && editor_->IsModified()) {
+    event->ignore();
+    if (question_->Stands()) return;
+    desk_->AskToDiscard([this] {
+      asks_ = false;
+      close();
+    });
+    return;
+  }
+  chooser_->Leave();
+  session_.CloseAll();
+  event->accept();
+}
+
+}  // namespace panel

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+
+#include "ui/axis_display.h"
+#include "ui/file_chooser.h"
+#include "ui/message_zone.h"
+#include "ui/operator_keys.h"
+#include "ui/panel_menu.h"
+#include "ui/panel_window.h"
+#include "ui/program_editor.h"
+#include "ui/question.h"
+#include "ui/readings.h"
+#include "ui/soft_key_bar.h"
+#include "ui/status_strip.h"
+#include "ui/theme.h"
+
+namespace panel {
+namespace {
+
+constexpr int kRunning = 2;
+
+std::vector<AxisReading> AxesOf(const pnl::rig::MachineState& state) {
+  std::vector<AxisReading> axes;
+  for (const auto& axis : state.axes) {
+    axes.push_back({QString::fromStdU16String(axis.name), axis.position, axis.machine, axis.toGo});
+  }
+  return axes;
+}
+
+std::vector<Reading> ReadingsOf(const pnl::rig::MachineState& state) {
+  const QString turning = state.spindleDirection > 0   ? QStringLiteral("M3 ")
+                          : state.spindleDirection < 0 ? QStringLiteral("M4 ")
+                                                       : QString();
+  return {{Say(Word::kFeed), FormatNumber(state.feed), QStringLiteral("F") + FormatNumber(state.programmedFeed), false},
+          {Say(Word::kOverride), QStringLiteral("%1 %").arg(state.feedOverride), {}, state.feedOverride != 100},
+          {Say(Word::kSpindle), FormatNumber(state.spindleSpeed),
+           turning + QStringLiteral("S") + FormatNumber(state.programmedSpeed), false},
+          {Say(Word::kTool), QStringLiteral("T%1").arg(state.tool), state.coolant ? Say(Word::kCoolant) : QString(),
+           false}};
+}
+
+std::vector<Reading> NoReadings() {
+  const QString none = QStringLiteral("–");
+  return {{Say(Word::kFeed), none, {}, false},
+          {Say(Word::kOverride), none, {}, false},
+          {Say(Word::kSpindle), none, {}, false},
+          {Say(Word::kTool), none, {}, false}};
+}
+
+}  // namespace
+
+void PanelWindow::UpdateDisplay() {
+  ShowMachine();
+  ShowBars();
+  ShowMessages();
+  PlaceEditor();
+  KeepFocus();
+}
+
+void PanelWindow::ShowMachine() {
+  const auto state = op_.Machine();
+  const int errors = static_cast<int>(op_.Errors().size());
+  if (op_.HasMachine()) {
+    status_->Show(LookOf(state.channelStatus, state.feedHold, state.inspecting), Say(op_.Mode()), errors);
+    readings_->Show(ReadingsOf(state));
+  } else {
+    status_->Show(LookWithoutMachine(), Say(op_.Mode()), errors);
+    readings_->Show(NoReadings());
+  }
+  axes_->Show(AxesOf(state), state.channelStatus == kRunning);
+  modal_->Show(QString::fromStdU16String(state.gCodes), QString::fromStdU16String(state.block));
+  keys_->Show([this](Action action) { return op_.Can(action); },
+              [&state](Action action) {
+                return (action == Action::kSingleBlock && state.singleBlock) ||
+                       (action == Action::kInspect && state.inspecting);
+              });
+}
+
+void PanelWindow::ShowBars() {
+  // A closed tool leaves its menu behind; a bar shows it only while the tool is there to be commanded.
+  const auto shows = [this](int tool, std::uint32_t menu) { return MenuExists(menu) && session_.IsToolOpen(tool); };
+  if (shows(session_.MainMenuTool(), session_.MainMenu())) {
+    mainBar_->ShowMenu(session_.MainMenu());
+  } else {
+    mainBar_->ShowItems(PanelMainItems(session_, op_));
+  }
+  if (shows(session_.SideMenuTool(), session_.SideMenu())) {
+    sideBar_->ShowMenu(session_.SideMenu());
+  } else {
+    sideBar_->ShowItems(PanelSideItems(session_, op_));
+  }
+}
+
+void PanelWindow::ShowMessages() {
+  std::vector<ZoneLine> lines;
+  const QColor red(theme::kRed);
+  const QColor white(Qt::white);
+  const auto& offered = op_.OfferedError();
+  if (offered) {
+    lines.push_back({offered->value(QStringLiteral("header")).toString(),
+                     theme::FromColorRef(offered->value(QStringLiteral("back")).toUInt()),
+                     theme::FromColorRef(offered->value(QStringLiteral("fore")).toUInt()), true});
+  } else if (const auto errors = op_.Errors(); !errors.empty() && session_.ToolWindow(PNL_TOOL_ERRORS) == 0) {
+    const auto& newest = errors.back();
+    lines.push_back({Say(Word::kErrorNumber, QString::number(newest.number)) + QStringLiteral(": ") +
+                         QString::fromStdU16String(newest.text).trimmed(),
+                     red, white, true});
+  }
+  for (const auto& [line, message] : session_.Messages()) {
+    lines.push_back({message.text, theme::FromColorRef(message.back), theme::FromColorRef(message.fore)});
+  }
+  const Hint& hint = op_.CurrentHint();
+  if (!hint.text.isEmpty()) {
+    // The newest word must not be the one that finds no room.
+    if (lines.size() >= MessageZone::kMaxLines) lines.resize(MessageZone::kMaxLines - 1);
+    lines.push_back({hint.text, QColor(hint.warning ? theme::kAmber : theme::kSteel),
+                     QColor(hint.warning ? theme::kDark : theme::kText)});
+  }
+  zone_->Show(std::move(lines));
+}
+
+void PanelWindow::ShowChooser() {
+  const XPLRDATA_ST* request = op_.Request();
+  if (request == nullptr) return;
+  chooser_->Ask(
+      RequestFrom(*request), [this](const QString& folder, const QString& file) { op_.AcceptFile(folder, file); },
+      [this] {
+        op_.CancelFile();
+        op_.Do(Action::kFocusTool);
+      });
+}
+
+void PanelWindow::KeepFocus() {
+  const int front = session_.FrontTool();
+  // The last tool went: the keyboard belongs to the program again, not to whatever key comes next in the chain.
+  if (front < 0 && frontTool_ >= 0 && !chooser_->Stands() && !question_->Stands()) editor_->setFocus();
+  frontTool_ = front;
+}
+
+}  // namespace panel

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// A question inside the panel: a text and a few big keys, over everything but status and operator keys. The one that
+// stands is answered once; Escape gives the last answer.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+namespace panel {
+
+class PanelKey;
+
+class Question : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Question(QWidget* parent);
+  /// answered gets the index of the key; the last key is the careful answer. A question that stands is answered so.
+  void Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered);
+  void Answer(int index);
+  [[nodiscard]] bool Stands() const { return static_cast<bool>(answered_); }
+  [[nodiscard]] const QString& Text() const { return text_; }
+  [[nodiscard]] PanelKey* Key(int index) const { return keys_.at(static_cast<std::size_t>(index)); }
+  void SetFontPixels(int pixels);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  void Place();
+  QString text_;
+  std::function<void(int)> answered_;
+  std::vector<PanelKey*> keys_;
+  int fontPixels_ = 16;
+};
+
+/// Moves the focus among widgets alone, so that Tab doesn't lead behind a cover. False when none can take it.
+bool FocusAmong(const std::vector<QWidget*>& widgets, bool next);
+
+}  // namespace panel

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "ui/readings.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/theme.h"
+
+namespace panel {
+namespace {
+
+constexpr int kGap = 4;
+
+void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading) {
+  theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
+  const QRect body = rect.adjusted(8, 2, -8, -2);
+  const int caption = std::clamp(body.height() / 3, 12, 22);
+  const QFont small = theme::Font(std::max(11, caption * 5 / 6));
+  const QRect head(body.left(), body.top(), body.width(), caption);
+  theme::DrawText(painter, head, Qt::AlignLeft | Qt::AlignVCenter, reading.caption, small, QColor(theme::kMuted));
+  QRect value = body.adjusted(0, caption, 0, 0);
+  const bool tall = value.height() >= 3 * caption;
+  if (!reading.detail.isEmpty()) {
+    const int width = QFontMetrics(small).horizontalAdvance(reading.detail);
+    if (tall) {
+      const QRect foot(value.left(), value.bottom() + 1 - caption, value.width(), caption);
+      theme::DrawText(painter, foot, Qt::AlignRight | Qt::AlignVCenter, reading.detail, small, QColor(theme::kMuted));
+      value.setBottom(foot.top() - 1);
+    } else if (width + QFontMetrics(small).horizontalAdvance(reading.caption) + 6 < head.width()) {
+      theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, reading.detail, small, QColor(theme::kMuted));
+    }
+  }
+  const int most = std::min(value.height(), 64);
+  // As for the axes: the size follows a number of usual length and not the digits of the moment.
+  const QString measure = reading.value.size() > 5 ? reading.value : QStringLiteral("00000");
+  theme::DrawText(painter, value, Qt::AlignRight | Qt::AlignVCenter, reading.value,
+                  theme::FittingFont(measure, value.width(), most, 12, true),
+                  QColor(reading.stands ? theme::kAmber : theme::kText));
+}
+
+}  // namespace
+
+QString FormatNumber(double value) {
+  if (!std::isfinite(value) || std::abs(value) > 9999999) return QStringLiteral("-----");
+  QString text = QString::number(value, 'f', std::abs(value) < 100 ? 3 : 1);
+  while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+  if (text.endsWith(QLatin1Char('.'))) text.chop(1);
+  return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+Readings::Readings(QWidget* parent) : QWidget(parent) {}
+
+void Readings::Show(std::vector<Reading> readings) {
+  if (readings == readings_) return;
+  readings_ = std::move(readings);
+  QStringList spoken;
+  for (const auto& reading : readings_) spoken << reading.caption + QLatin1Char(' ') + reading.value;
+  setAccessibleName(spoken.join(QStringLiteral(", ")));
+  update();
+}
+
+void Readings::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const int count = static_cast<int>(readings_.size());
+  if (count == 0) return;
+  const int columns = height() < 100 ? count : 2;
+  const int rows = (count + columns - 1) / columns;
+  for (int i = 0; i < count; ++i) {
+    const int row = i / columns;
+    const int column = i % columns;
+    const int left = (width() + kGap) * column / columns;
+    const int right = (width() + kGap) * (column + 1) / columns - kGap;
+    const int top = (height() + kGap) * row / rows;
+    const int bottom = (height() + kGap) * (row + 1) / rows - kGap;
+    PaintTile(painter, QRect(left, top, right - left, bottom - top), readings_[static_cast<std::size_t>(i)]);
+  }
+}
+
+ModalLine::ModalLine(QWidget* parent) : QWidget(parent) {}
+
+void ModalLine::Show(const QString& codes, const QString& block) {
+  if (codes == codes_ && block == block_) return;
+  codes_ = codes;
+  block_ = block;
+  setAccessibleName(codes + QLatin1Char(' ') + block);
+  update();
+}
+
+void ModalLine::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  update();
+}
+
+void ModalLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  theme::DrawField(painter, rect(), QColor(theme::kSurface), QColor(theme::kBorder), 6);
+  const QRect body = rect().adjusted(10, 2, -10, -2);
+  const QFont font = theme::Font(fontPixels_);
+  const QFont mono = theme::MonoFont(fontPixels_);
+  if (height() >= 3 * fontPixels_) {
+    const int line = QFontMetrics(mono).height() + 2;
+    theme::DrawText(painter, body.adjusted(0, 0, 0, -line), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, codes_,
+                    font, QColor(theme::kMuted));
+    theme::DrawText(painter, QRect(body.left(), body.bottom() + 1 - line, body.width(), line),
+                    Qt::AlignLeft | Qt::AlignVCenter, block_, mono, QColor(theme::kAccent));
+    return;
+  }
+  const int block = block_.isEmpty() ? 0 : std::min(QFontMetrics(mono).horizontalAdvance(block_), body.width() / 2);
+  theme::DrawText(painter, body.adjusted(0, 0, -block - 12, 0), Qt::AlignLeft | Qt::AlignVCenter, codes_, font,
+                  QColor(theme::kMuted));
+  theme::DrawText(painter, QRect(body.right() + 1 - block, body.top(), block, body.height()),
+                  Qt::AlignRight | Qt::AlignVCenter, block_, mono, QColor(theme::kAccent));
+}
+
+}  // namespace panel

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "ui/status_strip.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/theme.h"
+
+namespace panel {
+
+ChannelLook LookOf(int status, bool feedHold, bool inspecting) {
+  constexpr int kRunning = 2;
+  constexpr int kInterrupted = 4;
+  constexpr int kAborted = 8;
+  // Inspection happens inside an interruption, and hold is one reason for it: the more exact word wins.
+  if (inspecting) return {Word::kInspection, theme::kViolet};
+  if (status == kAborted) return {Word::kAborted, theme::kRed};
+  if (feedHold) return {Word::kFeedHold, theme::kAmber};
+  if (status == kInterrupted) return {Word::kInterrupted, theme::kAmber};
+  if (status == kRunning) return {Word::kRunning, theme::kGreen};
+  return {Word::kReady, theme::kSteel};
+}
+
+ChannelLook LookWithoutMachine() { return {Word::kNoMachine, theme::kSurface}; }
+
+StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {}
+
+void StatusStrip::Show(const ChannelLook& channel, const QString& mode, int errors) {
+  channel_ = channel;
+  mode_ = mode;
+  errors_ = errors;
+  setAccessibleName(StateText() + QLatin1Char(' ') + mode);
+  update();
+}
+
+void StatusStrip::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  update();
+}
+
+void StatusStrip::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  constexpr int kGap = 4;
+  const int third = width() / 3;
+  const int most = std::min(220 * fontPixels_ / 15, width() * 9 / 20);
+  const QRect state(0, 0, std::max(third, most), height());
+  const QColor fill(channel_.color);
+  theme::DrawField(painter, state, fill, fill.lighter(130), 6);
+  const QColor ink(channel_.color == theme::kAmber ? theme::kDark : theme::kText);
+  theme::DrawText(painter, state.adjusted(8, 0, -8, 0), Qt::AlignCenter, StateText(),
+                  theme::FittingFont(StateText(), state.width() - 16, fontPixels_ * 5 / 4, 11, true), ink);
+  const int rest = width() - state.width() - 2 * kGap;
+  const QRect mode(state.right() + 1 + kGap, 0, std::min(rest / 2, most), height());
+  theme::DrawField(painter, mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);
+  theme::DrawText(painter, mode.adjusted(6, 0, -6, 0), Qt::AlignCenter, mode_,
+                  theme::FittingFont(mode_, mode.width() - 12, fontPixels_ * 5 / 4, 11, true), QColor(theme::kText));
+  const int errorsWidth = std::min(rest - mode.width(), most);
+  const QRect errors(width() - errorsWidth, 0, errorsWidth, height());
+  const QString words = errors_ == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, QString::number(errors_));
+  theme::DrawField(painter, errors, QColor(errors_ == 0 ? theme::kSurface : theme::kRed), QColor(theme::kBorder), 6);
+  theme::DrawText(painter, errors.adjusted(6, 0, -6, 0), Qt::AlignCenter, words,
+                  theme::FittingFont(words, errors.width() - 12, fontPixels_, 11, errors_ != 0),
+                  QColor(errors_ == 0 ? theme::kMuted : theme::kText));
+}
+
+}  // namespace panel
