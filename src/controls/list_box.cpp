@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "controls/list_box.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QScroller>
+#include <QtWidgets/QStyledItemDelegate>
+#include <algorithm>
+#include <utility>
+
+#include "controls/draw_text.h"
+#include "controls/fonts.h"
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+constexpr int kFingerHeight = 34;
+constexpr int kBarWidth = 30;
+constexpr int kSideMargin = 6;
+constexpr std::uint32_t kItemFormat =
+    draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kExpandTabs | draw::kEndEllipsis;
+
+class ItemDelegate : public QStyledItemDelegate {
+ public:
+  explicit ItemDelegate(ListBox* list) : QStyledItemDelegate(list), list_(*list) {}
+
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+    return {1, list_.RowHeight()};
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const bool selected = (option.state & QStyle::State_Selected) != 0;
+    painter->fillRect(option.rect, ToQColor(selected ? list_.SelectedBackColor() : list_.BackColor()));
+    painter->setFont(list_.font());
+    painter->setPen(ToQColor(selected ? list_.SelectedTextColor() : list_.TextColor()));
+    DrawText(*painter, option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0), ToQString(list_.Item(index.row())),
+             kItemFormat);
+  }
+
+ private:
+  const ListBox& list_;
+};
+
+class WideScrollBar : public QScrollBar {
+ public:
+  using QScrollBar::QScrollBar;
+  [[nodiscard]] QSize sizeHint() const override { return {kBarWidth, QScrollBar::sizeHint().height()}; }
+};
+
+}  // namespace
+
+void ListBoxModel::SetItems(std::vector<Text> items) {
+  beginResetModel();
+  items_ = std::move(items);
+  endResetModel();
+}
+
+void ListBoxModel::Insert(int index, Text text) {
+  const int at = Has(index) ? index : Count();
+  beginInsertRows({}, at, at);
+  items_.insert(items_.begin() + at, std::move(text));
+  endInsertRows();
+}
+
+void ListBoxModel::Replace(int index, Text text) {
+  if (!Has(index)) return;
+  items_[static_cast<std::size_t>(index)] = std::move(text);
+  emit dataChanged(createIndex(index, 0), createIndex(index, 0));
+}
+
+void ListBoxModel::Delete(int index) {
+  if (!Has(index)) return;
+  beginRemoveRows({}, index, index);
+  items_.erase(items_.begin() + index);
+  endRemoveRows();
+}
+
+int ListBoxModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Count(); }
+
+QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
+  if (role != Qt::DisplayRole || !Has(index.row())) return {};
+  return ToQString(Item(index.row()));
+}
+
+ListBox::ListBox(int id, QWidget* parent) : QListView(parent) {
+  MarkControl(this, id, control_kind::kList);
+  setModel(&items_);
+  setItemDelegate(new ItemDelegate(this));
+  setUniformItemSizes(true);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
+  setFrameShape(QFrame::NoFrame);
+  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
+  SetColors(back_, text_);
+}
+
+void ListBox::SetColors(Color back, Color text) {
+  back_ = back;
+  text_ = text;
+  // The scroll bar takes its shades from the background.
+  QPalette colors(ToQColor(back).lighter(125));
+  colors.setColor(QPalette::Base, ToQColor(back));
+  colors.setColor(QPalette::Text, ToQColor(text));
+  setPalette(colors);
+}
+
+void ListBox::SetSelectedColors(Color back, Color text) {
+  selectedBack_ = back;
+  selectedText_ = text;
+  viewport()->update();
+}
+
+void ListBox::SetFont(const QString& face, int height, int weight) {
+  if (const auto made = MakeFont(face, height, weight)) setFont(*made);
+}
+
+void ListBox::SetItems(std::vector<Text> items) { items_.SetItems(std::move(items)); }
+
+void ListBox::Insert(int index, Text text) { items_.Insert(index, std::move(text)); }
+
+void ListBox::Replace(int index, Text text) { items_.Replace(index, std::move(text)); }
+
+void ListBox::Delete(int index) {
+  const bool selected = index == Selection();
+  items_.Delete(index);
+  // The view would select the neighbour.
+  if (selected) Select(-1);
+}
+
+void ListBox::Select(int index) {
+  if (items_.Has(index)) {
+    setCurrentIndex(items_.index(index, 0));
+  } else if (index == -1) {
+    selectionModel()->clear();
+  }
+}
+
+int ListBox::Selection() const {
+  const auto selected = selectionModel()->selectedIndexes();
+  return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFontMetrics(font())) + 2); }
+
+bool ListBox::event(QEvent* event) {
+  const bool focused = event->type() == QEvent::FocusIn;
+  const bool handled = QListView::event(event);
+  // Last of all: whoever listens may destroy the list.
+  if (focused) emit Focused();
+  return handled;
+}
+
+}  // namespace pnl

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// A list box: one column of texts, at most one selected, quick with ten thousand of them. It knows nothing of what they
+// mean; indices out of range are left alone.
+#pragma once
+
+#include <QtCore/QAbstractListModel>
+#include <QtWidgets/QListView>
+#include <vector>
+
+#include "base/text.h"
+#include "controls/system_colors.h"
+
+namespace pnl {
+
+class ListBoxModel : public QAbstractListModel {
+  Q_OBJECT
+
+ public:
+  using QAbstractListModel::QAbstractListModel;
+  void SetItems(std::vector<Text> items);
+  void Insert(int index, Text text);
+  void Replace(int index, Text text);
+  void Delete(int index);
+  [[nodiscard]] bool Has(int index) const { return index >= 0 && index < Count(); }
+  [[nodiscard]] int Count() const { return static_cast<int>(items_.size()); }
+  [[nodiscard]] const Text& Item(int index) const { return items_[static_cast<std::size_t>(index)]; }
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+ private:
+  std::vector<Text> items_;
+};
+
+class ListBox : public QListView {
+  Q_OBJECT
+  Q_PROPERTY(uint pnlBack READ BackColor)
+  Q_PROPERTY(uint pnlFore READ TextColor)
+
+ public:
+  ListBox(int id, QWidget* parent);
+
+  /// The same whether it is enabled or has the focus, or not.
+  void SetColors(Color back, Color text);
+  void SetSelectedColors(Color back, Color text);
+  /// Does nothing with a font that can't be made.
+  void SetFont(const QString& face, int height, int weight);
+
+  /// Nothing is selected afterwards.
+  void SetItems(std::vector<Text> items);
+  /// At index, or at the end. The selected item stays selected.
+  void Insert(int index, Text text);
+  void Replace(int index, Text text);
+  /// A selected item leaves no selection behind.
+  void Delete(int index);
+  /// -1 for none; scrolls the item into view.
+  void Select(int index);
+  [[nodiscard]] int Selection() const;
+  [[nodiscard]] int Count() const { return items_.Count(); }
+  /// Empty for an item that isn't there.
+  [[nodiscard]] Text Item(int index) const { return items_.Has(index) ? items_.Item(index) : Text(); }
+
+  [[nodiscard]] uint BackColor() const { return back_; }
+  [[nodiscard]] uint TextColor() const { return text_; }
+  [[nodiscard]] uint SelectedBackColor() const { return selectedBack_; }
+  [[nodiscard]] uint SelectedTextColor() const { return selectedText_; }
+  /// High enough for a finger.
+  [[nodiscard]] int RowHeight() const;
+
+ signals:
+  /// The list got the focus and has done with it.
+  void Focused();
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  ListBoxModel items_;
+  Color back_ = SystemColor(kColorWindow);
+  Color text_ = SystemColor(kColorWindowText);
+  Color selectedBack_ = SystemColor(kColorHighlight);
+  Color selectedText_ = SystemColor(kColorHighlightText);
+};
+
+}  // namespace pnl
