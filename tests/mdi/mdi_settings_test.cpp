@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+// "MDIMAN.INI" in its two copies.
+#include "mdi/mdi_settings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "mdi_fakes.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kUser = "C:\\P108\\MDIMAN.INI";
+constexpr const char* kMachine = "C:\\P52\\MDIMAN.INI";
+
+class MdiSettingsTest : public testing::Test {
+ protected:
+  MdiSettingsTest() : cnc(log, windows), settings(files, cnc.utilities) {}
+  void User(const std::string& keys) { files.disc[kUser] = "[PRIVATE]\r\n" + keys; }
+  void Machine(const std::string& keys) { files.disc[kMachine] = "[PRIVATE]\r\n" + keys; }
+
+  Log log;
+  FakeWindowSystem windows;
+  FakeCnc cnc;
+  MemoryFiles files;
+  MdiSettings settings;
+};
+
+TEST_F(MdiSettingsTest, WithoutFilesTheDefaultsHold) {
+  settings.Open();
+  EXPECT_EQ(settings.Dir, u"");
+  EXPECT_TRUE(settings.FullLength);
+  EXPECT_TRUE(settings.Below);
+  EXPECT_EQ(settings.colors.textFocus, 0u);
+}
+
+TEST_F(MdiSettingsTest, TheUsersCopyGoesBeforeTheMachines) {
+  User("Dir=C:\\PRG\r\nBelow=NO\r\n");
+  Machine("Dir=C:\\OTHER\r\nFullLength=NO\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.Dir, u"C:\\PRG");
+  EXPECT_FALSE(settings.Below);
+  EXPECT_TRUE(settings.FullLength);
+}
+
+TEST_F(MdiSettingsTest, TheMachinesCopyStandsInForAMissingUsersCopy) {
+  Machine("Dir=C:\\OTHER\r\nFullLength=NO\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.Dir, u"C:\\OTHER");
+  EXPECT_FALSE(settings.FullLength);
+}
+
+TEST_F(MdiSettingsTest, TheWordFailKeepsTheFolder) {
+  User("Dir=FAIL\r\n");
+  settings.Dir = u"C:\\HELD";
+  settings.Open();
+  EXPECT_EQ(settings.Dir, u"C:\\HELD");
+}
+
+struct BoolRow {
+  const char* value;
+  bool expected;
+};
+
+class MdiBooleans : public MdiSettingsTest, public testing::WithParamInterface<BoolRow> {};
+
+TEST_P(MdiBooleans, AreTakenInCapitals) {
+  User(std::string("Below=") + GetParam().value + "\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.Below, GetParam().expected) << GetParam().value;
+}
+
+INSTANTIATE_TEST_SUITE_P(AllWords, MdiBooleans,
+                         testing::Values(BoolRow{"YES", true}, BoolRow{"yes", true}, BoolRow{"1", true},
+                                         BoolRow{"NO", false}, BoolRow{"no", false}, BoolRow{"0", false},
+                                         // "TRUE" is false by falling through, and stays so.
+                                         BoolRow{"TRUE", false}, BoolRow{"FALSE", false}, BoolRow{"2", false},
+                                         BoolRow{"", false}));
+
+TEST_F(MdiSettingsTest, CustomColoursComeFromTheMachinesCopyOnly) {
+  User("CustomColors=YES\r\nRGB_Text=1 2 3\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.colors.text, 0xFFFFFFu);
+  Machine("CustomColors=YES\r\nRGB_Text=1 2 3\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.colors.text, 0x030201u);
+}
+
+TEST_F(MdiSettingsTest, CustomColoursDefaultToWhiteFocusedText) {
+  Machine("CustomColors=1\r\n");
+  settings.Open();
+  const MdiColors builtIn;
+  EXPECT_EQ(settings.colors.textFocus, 0xFFFFFFu);
+  EXPECT_EQ(settings.colors.back, builtIn.back);
+  EXPECT_EQ(settings.colors.backFocus, builtIn.backFocus);
+  EXPECT_EQ(settings.colors.backRunning, builtIn.backRunning);
+  EXPECT_EQ(settings.colors.text, builtIn.text);
+  EXPECT_EQ(settings.colors.textRunning, builtIn.textRunning);
+  EXPECT_EQ(settings.colors.backList, builtIn.backList);
+  EXPECT_EQ(settings.colors.textList, builtIn.textList);
+}
+
+TEST_F(MdiSettingsTest, AllEightColoursAreRead) {
+  Machine(
+      "CustomColors=YES\r\nRGB_Bkgnd=1 0 0\r\nRGB_BkgndFocus=2 0 0\r\nRGB_BkgndRunning=3 0 0\r\nRGB_Text=4 0 "
+      "0\r\nRGB_TextFocus=5 0 0\r\nRGB_TextRunning=6 0 0\r\nRGB_Bkgnd_List=7 0 0\r\nRGB_Text_List=8 0 0\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.colors.back, 1u);
+  EXPECT_EQ(settings.colors.backFocus, 2u);
+  EXPECT_EQ(settings.colors.backRunning, 3u);
+  EXPECT_EQ(settings.colors.text, 4u);
+  EXPECT_EQ(settings.colors.textFocus, 5u);
+  EXPECT_EQ(settings.colors.textRunning, 6u);
+  EXPECT_EQ(settings.colors.backList, 7u);
+  EXPECT_EQ(settings.colors.textList, 8u);
+}
+
+TEST_F(MdiSettingsTest, TheWordTrueDoesNotSwitchCustomColoursOn) {
+  Machine("CustomColors=TRUE\r\nRGB_Text=1 2 3\r\n");
+  settings.Open();
+  EXPECT_EQ(settings.colors.text, 0xFFFFFFu);
+}
+
+TEST_F(MdiSettingsTest, SavingWritesTheThreeKeysToBothCopies) {
+  User("; mine\r\nNItems=7\r\n");
+  Machine("RGB_Text=1 2 3\r\n");
+  settings.Open();
+  settings.Dir = u"C:\\PRG";
+  settings.Below = false;
+  settings.SaveSettings();
+  EXPECT_EQ(files.disc[kUser], "[PRIVATE]\r\n; mine\r\nNItems=7\r\nDir=C:\\PRG\r\nFullLength=YES\r\nBelow=NO\r\n");
+  EXPECT_EQ(files.disc[kMachine], "[PRIVATE]\r\nRGB_Text=1 2 3\r\nDir=C:\\PRG\r\nFullLength=YES\r\nBelow=NO\r\n");
+}
+
+TEST_F(MdiSettingsTest, TheMachinesCopyIsSavedFirst) {
+  settings.Open();
+  settings.SaveSettings();
+  EXPECT_THAT(files.replaced, testing::ElementsAre(kMachine, kUser));
+}
+
+TEST_F(MdiSettingsTest, TheItemLimitReachesTheDiscOnlyThroughTheUsersCopy) {
+  settings.Open();
+  EXPECT_EQ(settings.HistoryLimit(), 10);
+  settings.SaveSettings();
+  EXPECT_THAT(files.disc[kUser], HasSubstr("NItems=10"));
+  EXPECT_THAT(files.disc[kMachine], Not(HasSubstr("NItems")));
+}
+
+TEST_F(MdiSettingsTest, WithoutAUsersCopyTheMachinesKeysGoIntoIt) {
+  Machine("NItems=4\r\nCustomColors=YES\r\n");
+  settings.Open();
+  settings.SaveSettings();
+  EXPECT_THAT(files.disc[kUser], HasSubstr("NItems=4"));
+  EXPECT_THAT(files.disc[kUser], HasSubstr("CustomColors=YES"));
+}
+
+TEST_F(MdiSettingsTest, ACopyThatCouldNotBeReadIsLeftAlone) {
+  User("NItems=7\r\n");
+  Machine("RGB_Text=1 2 3\r\n");
+  const auto before = files.disc;
+  files.unreadable = {kUser, kMachine};
+  settings.Open();
+  settings.SaveSettings();
+  EXPECT_EQ(files.disc, before);
+}
+
+TEST_F(MdiSettingsTest, AFullDiscLeavesBothCopies) {
+  User("NItems=7\r\n");
+  const auto before = files.disc;
+  settings.Open();
+  files.full = true;
+  settings.SaveSettings();
+  EXPECT_EQ(files.disc, before);
+}
+
+}  // namespace
+}  // namespace pnl::test
