@@ -105,7 +105,7 @@ TEST_F(ReplaceFileTest, AsksAndRefusesAlike) {
   Mode("locked.txt", 0444);
   temp.Write("readonly/a.txt", "old");
   Mode("readonly", 0555);
-  temp.Folder("dir");
+  fs::create_directory(Host("dir"));
   temp.Write("file", "x");
   const struct {
     Text path;
