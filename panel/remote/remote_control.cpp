@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "remote/remote_control.h"
+
+#include <QCoreApplication>
+#include <QMetaObject>
+
+#include "remote/json_rpc.h"
+#include "remote/methods.h"
+#include "remote/settle.h"
+#include "remote/standard_streams.h"
+#include "remote/trace.h"
+
+namespace panel {
+
+class RemoteControl::Impl {
+ public:
+  Impl(HostSession& session, PanelFace& face, RemoteOptions options, pnl::rig::Rig& rig)
+      : session_(session),
+        rig_(rig),
+        trace_(session),
+        world_{session, face, rig, options, trace_, boxes_, arguments_, request_},
+        methods_(AllMethods()) {
+    called_ =
+        QObject::connect(&session, &HostSession::Called, &session, [this](const HostCall& call) { trace_.Host(call); });
+    rig_.SetSink(&trace_);
+    rig_.AnswerBoxes([this](std::string_view style) { return boxes_.Take(style); });
+  }
+
+  ~Impl() {
+    rig_.SetSink(nullptr);
+    rig_.AnswerBoxes({});
+    QObject::disconnect(called_);
+  }
+
+  Impl(const Impl&) = delete;
+  Impl& operator=(const Impl&) = delete;
+
+  void Start() {
+    streams_ = std::make_unique<StandardStreams>();
+    streams_->Start([this](const QByteArray& bytes) { Receive(bytes); });
+  }
+
+  QByteArray Answer(const QByteArray& line) {
+    return AnswerLine(line,
+                      [this](const QString& method, const QJsonObject& params) { return Handle(method, params); });
+  }
+
+ private:
+  void Receive(const QByteArray& bytes) {
+    cutter_.Feed(bytes);
+    while (!ended_) {
+      auto line = cutter_.Next();
+      if (!line && bytes.isEmpty()) line = cutter_.Rest();
+      if (!line) break;
+      const QByteArray reply = line->tooLong ? AnswerTooLong() : Answer(line->bytes);
+      if (!reply.isEmpty()) streams_->Write(reply + '\n');
+    }
+    if (ended_ || bytes.isEmpty()) End();
+  }
+
+  RpcResult Handle(const QString& method, const QJsonObject& params) {
+    if (ended_) return RpcError{rpc_code::kInvalidRequest, "the panel is ending"};
+    if (method == "quit") return Quit();
+    const auto found = methods_.constFind(method);
+    if (found == methods_.constEnd()) {
+      return RpcError{rpc_code::kUnknownMethod, QString("method: there is no \"%1\"").arg(method.left(kLongestEcho))};
+    }
+    // What a timer or a screen has left behind since the last reply belongs before this request.
+    Settle();
+    Params reader(params);
+    RpcResult result = (*found)(world_, reader);
+    // Whoever posts to himself without end may still get a message with an address in it.
+    if (Settle()) arguments_.Clear();
+    return result;
+  }
+
+  RpcResult Quit() {
+    session_.CloseAll();
+    Settle();
+    ended_ = true;
+    return Done();
+  }
+
+  void End() {
+    ended_ = true;
+    streams_->Stop();
+    session_.CloseAll();
+    Settle();
+    streams_->Flush();
+    // Queued, because the loop may not run yet when a short input has ended already.
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+  }
+
+  static constexpr int kLongestEcho = 100;
+
+  HostSession& session_;
+  pnl::rig::Rig& rig_;
+  TraceLog trace_;
+  BoxAnswers boxes_;
+  MessageArguments arguments_;
+  PublishedRequest request_;
+  RemoteWorld world_;
+  MethodTable methods_;
+  QMetaObject::Connection called_;
+  LineCutter cutter_;
+  std::unique_ptr<StandardStreams> streams_;
+  bool ended_ = false;
+};
+
+RemoteControl::RemoteControl(HostSession& session, PanelFace& face, RemoteOptions options, QObject* parent)
+    : QObject(parent) {
+  session.SetReacting(!options.bare);
+  // Without the rig a backend library runs the show, and there is nothing to control remotely.
+  if (pnl::rig::Rig* rig = PnlRig()) impl_ = std::make_unique<Impl>(session, face, options, *rig);
+}
+
+RemoteControl::~RemoteControl() = default;
+
+void RemoteControl::Start() {
+  if (impl_) impl_->Start();
+}
+
+QByteArray RemoteControl::Answer(const QByteArray& line) {
+  if (!impl_) return {};
+  return impl_->Answer(line);
+}
+
+}  // namespace panel

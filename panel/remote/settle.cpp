@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "remote/settle.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+
+namespace panel {
+
+namespace {
+
+constexpr int kMostRounds = 1000;
+
+/// Notices whether any event went to anybody. Qt doesn't tell how much is posted.
+class EventSpotter : public QObject {
+ public:
+  EventSpotter() { QCoreApplication::instance()->installEventFilter(this); }
+  ~EventSpotter() override { QCoreApplication::instance()->removeEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override {
+    spotted = true;
+    return false;
+  }
+
+  bool spotted = false;
+};
+
+}  // namespace
+
+bool Settle() {
+  EventSpotter spotter;
+  for (int round = 0; round < kMostRounds; ++round) {
+    spotter.spotted = false;
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // What the window system has queued: windows that appear, become active, are painted.
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    if (!spotter.spotted) return true;
+  }
+  return false;
+}
+
+}  // namespace panel

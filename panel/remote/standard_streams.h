@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Standard input and output as the remote control's channel: reads whatever arrives without ever waiting for it, keeps
+// what the other side doesn't take yet, and outlives a reader that goes away. Knows bytes, not requests.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <functional>
+#include <memory>
+
+class QSocketNotifier;
+
+namespace panel {
+
+class StandardStreams : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Takes the two descriptors over. What others write to standard output goes to standard error from now on.
+  explicit StandardStreams(QObject* parent = nullptr);
+  /// The same on other descriptors, which stay the caller's.
+  StandardStreams(int input, int output, QObject* parent);
+  ~StandardStreams() override;
+
+  /// Calls received with every piece of input, an empty one at the end of it.
+  void Start(std::function<void(const QByteArray&)> received);
+  /// No more input is read.
+  void Stop();
+  void Write(const QByteArray& bytes);
+  /// Waits until everything is written or nobody reads any more.
+  void Flush();
+
+ private:
+  void OnReadable();
+  /// Writes what goes without waiting.
+  void WriteSome();
+  void Watch();
+
+  int input_;
+  int output_;
+  bool ownsOutput_ = false;
+  bool ended_ = false;
+  bool broken_ = false;  // nobody reads
+  QByteArray waiting_;
+  std::function<void(const QByteArray&)> received_;
+  std::unique_ptr<QSocketNotifier> readable_;
+  std::unique_ptr<QSocketNotifier> writable_;
+};
+
+}  // namespace panel

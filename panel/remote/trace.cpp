@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "remote/trace.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "remote/json_values.h"
+#include "remote/message_names.h"
+
+namespace panel {
+
+namespace {
+
+constexpr int kSetMainMenuSlot = 3;
+constexpr int kSetSideMenuSlot = 4;
+
+bool CarriesChannelRecord(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
+  return message == PNL_MSG_TOOL_NOTIFY && (first == 41 || first == 42) && second != 0;
+}
+
+QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
+  if (!CarriesChannelRecord(message, first, second)) return static_cast<qint64>(second);
+  const auto* record = reinterpret_cast<const PnlToolNotify*>(second);
+  return QJsonObject{{"channel", record->channel}, {"window", record->window}};
+}
+
+}  // namespace
+
+QJsonValue VisibleItemIds(std::uint32_t menu) {
+  const int count = menu == 0 ? -1 : PnlMenuItemCount(menu);
+  if (count < 0) return QJsonValue::Null;
+  QJsonArray ids;
+  for (int i = 0; i < count; ++i) {
+    PnlMenuItem item{};
+    if (PnlMenuItemAt(menu, i, &item) != 0 && item.visible != 0) ids.append(item.id);
+  }
+  return ids;
+}
+
+const QStringList& TraceLog::Kinds() {
+  static const QStringList kinds{"host", "cnc", "write", "message", "box"};
+  return kinds;
+}
+
+void TraceLog::Host(const HostCall& call) {
+  QJsonArray args;
+  const bool menu = call.slot == kSetMainMenuSlot || call.slot == kSetSideMenuSlot;
+  for (qsizetype i = 0; i < call.args.size(); ++i) {
+    const QVariant& arg = call.args[i];
+    // The menu's handle means nothing to a script, and its items may change before the script looks.
+    args.append(menu && i == 1 ? VisibleItemIds(arg.toUInt()) : QJsonValue::fromVariant(arg));
+  }
+  const QString name = call.slot >= 0 && call.slot < kSlotCount ? kSlotNames[static_cast<std::size_t>(call.slot)] : "";
+  events_.push_back({{"kind", "host"}, {"slot", call.slot}, {"name", name}, {"args", args}});
+}
+
+void TraceLog::Cnc(std::string_view name, const std::vector<pnl::rig::Value>& args, const pnl::rig::Value& result) {
+  QJsonArray list;
+  for (const auto& arg : args) list.append(ToJson(arg));
+  events_.push_back({{"kind", "cnc"}, {"name", Narrow(name)}, {"args", list}, {"result", ToJson(result)}});
+}
+
+void TraceLog::Write(std::u16string_view name, const pnl::rig::Value& value, bool ok) {
+  events_.push_back({{"kind", "write"}, {"name", Narrow(name)}, {"value", ToJson(value)}, {"ok", ok}});
+}
+
+void TraceLog::MessageToHost(PnlWindow window, std::uint32_t message, std::intptr_t first, std::intptr_t second) {
+  events_.push_back({{"kind", "message"},
+                     {"to", window == session_.ToolArea() ? "parent" : "main"},
+                     {"message", MessageToJson(message)},
+                     {"first", static_cast<qint64>(first)},
+                     {"second", SecondArgument(message, first, second)}});
+}
+
+void TraceLog::Box(std::u16string_view title, std::u16string_view text, std::string_view style,
+                   std::string_view answer) {
+  events_.push_back({{"kind", "box"},
+                     {"title", Narrow(title)},
+                     {"text", Narrow(text)},
+                     {"style", Narrow(style)},
+                     {"answer", Narrow(answer)}});
+}
+
+QJsonArray TraceLog::Take(const QStringList& kinds) {
+  QJsonArray taken;
+  std::vector<QJsonObject> kept;
+  for (QJsonObject& event : events_) {
+    if (kinds.contains(event.value("kind").toString())) {
+      taken.append(event);
+    } else {
+      kept.push_back(std::move(event));
+    }
+  }
+  events_ = std::move(kept);
+  return taken;
+}
+
+}  // namespace panel
