@@ -50,6 +50,8 @@ Library::Library() {
   UsePack(kDefaultLanguage);
 }
 
+Library::~Library() { simulation_->AttachMachine(nullptr); }
+
 WindowHandle Library::LoadTool(int toolId, WindowHandle parent) {
   if (!CanMakeWindows()) return 0;
   QWidget* const parentWidget = windows_.WidgetOf(parent);

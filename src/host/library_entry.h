@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The library's one instance: owns everything that a tool may reach, in the order in which the parts need each other,
-// and makes the tools. Knows no tool but by number. Made at first use, which may be before the application exists, and
-// never destroyed: a host's widgets, and the tools in them, may outlive every static object.
+// and makes the tools. Knows no tool but by number. Instance is made at first use, which may be before the application
+// exists, and never destroyed: a host's widgets, and the tools in them, may outlive every static object.
 #pragma once
 
 #include <memory>
@@ -21,6 +21,11 @@ namespace pnl {
 class Library {
  public:
   static Library& Instance();
+  /// For a test that wants one of its own.
+  Library();
+  ~Library();
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
 
   /// The tool's window, 0 when there is none, the parent isn't alive, or no application runs.
   [[nodiscard]] WindowHandle LoadTool(int toolId, WindowHandle parent);
@@ -49,7 +54,6 @@ class Library {
   [[nodiscard]] sim::Machine* Machine() { return machine_.get(); }
 
  private:
-  Library();
   /// What is bound to one facade and is made anew with another one.
   struct Tools {
     Tools(Library& library, CncFacade& cnc);

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "host/library_entry.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QWidget>
+
+#include "host/rig_entry.h"
+#include "support/temp_folder.h"
+
+namespace pnl {
+namespace {
+
+using ::testing::ElementsAre;
+
+class LibraryTest : public ::testing::Test {
+ protected:
+  LibraryTest() {
+    rig::Drive drive;
+    drive.dir = folder_.Path().string();
+    library_.Simulation()->Storage().SetDrive(drive);
+    parent_ = WindowRegistry::Instance().Attach(&host_, nullptr, nullptr);
+    HostApi = {};
+  }
+  ~LibraryTest() override { HostApi = {}; }
+
+  test::TempFolder folder_;
+  Library library_;
+  LibraryRig rig_{library_};
+  QWidget host_;
+  WindowHandle parent_ = 0;
+};
+
+struct ToolCase {
+  int id;
+  bool made;
+};
+
+TEST_F(LibraryTest, LoadingGivesAWindowForEachToolThatExistsAndZeroForTheRest) {
+  const ToolCase cases[] = {{0, false}, {1, false}, {2, false}, {3, false},  {4, false},
+                            {5, false}, {6, true},  {7, false}, {-1, false}, {0x7FFFFFFF, false}};
+  for (const ToolCase& row : cases) {
+    const WindowHandle window = library_.LoadTool(row.id, parent_);
+    EXPECT_EQ(window != 0, row.made) << row.id;
+    if (window == 0) continue;
+    EXPECT_EQ(library_.Windows().WidgetOf(window)->property("pnlTool").toInt(), row.id);
+    EXPECT_EQ(library_.Windows().WidgetOf(window)->parentWidget(), &host_);
+    EXPECT_FALSE(library_.Windows().WidgetOf(window)->isVisibleTo(&host_)) << "it waits for a command";
+  }
+}
+
+TEST_F(LibraryTest, AnUnknownNumberMakesNothing) {
+  const qsizetype children = host_.children().size();
+  EXPECT_EQ(library_.LoadTool(7, parent_), 0);
+  EXPECT_EQ(library_.LoadTool(-1, parent_), 0);
+  EXPECT_EQ(host_.children().size(), children);
+  EXPECT_EQ(rig_.Open().windows, 0u);
+}
+
+TEST_F(LibraryTest, AToolWithoutALivingParentIsNotMade) {
+  WindowHandle dead = 0;
+  {
+    QWidget gone;
+    dead = WindowRegistry::Instance().Attach(&gone, nullptr, nullptr);
+  }
+  EXPECT_EQ(library_.LoadTool(6, 0), 0);
+  EXPECT_EQ(library_.LoadTool(6, dead), 0);
+  EXPECT_EQ(library_.LoadTool(6, 12345678), 0);
+  EXPECT_EQ(rig_.Open().windows, 0u);
+}
+
+TEST_F(LibraryTest, TwoLoadsOfOneNumberMakeTwoTools) {
+  const WindowHandle first = library_.LoadTool(6, parent_);
+  const WindowHandle second = library_.LoadTool(6, parent_);
+  EXPECT_NE(first, second);
+  library_.DestroyTool(first);
+  EXPECT_FALSE(library_.Windows().IsAlive(first));
+  EXPECT_TRUE(library_.Windows().IsAlive(second));
+}
+
+TEST_F(LibraryTest, LoadingAndDestroyingLeavesNothingOpen) {
+  const rig::Rig::Counts before = rig_.Open();
+  for (int i = 0; i < 5; ++i) library_.DestroyTool(library_.LoadTool(6, parent_));
+  const rig::Rig::Counts after = rig_.Open();
+  EXPECT_EQ(after.windows, before.windows);
+  EXPECT_EQ(after.menus, before.menus);
+  EXPECT_EQ(after.timers, before.timers);
+  EXPECT_EQ(after.reports, before.reports);
+  EXPECT_EQ(after.records, before.records);
+}
+
+TEST_F(LibraryTest, AToolEndsWithItsParent) {
+  auto* widget = new QWidget;
+  const WindowHandle tool = library_.LoadTool(6, WindowRegistry::Instance().Attach(widget, nullptr, nullptr));
+  ASSERT_NE(tool, 0);
+  delete widget;
+  EXPECT_FALSE(library_.Windows().IsAlive(tool));
+  EXPECT_EQ(rig_.Open().menus, 0u);
+}
+
+TEST_F(LibraryTest, DestroyingLeavesWindowsOfTheHostAndDeadOnesAlone) {
+  library_.DestroyTool(parent_);
+  EXPECT_TRUE(library_.Windows().IsAlive(parent_));
+  library_.DestroyTool(0);
+  library_.DestroyTool(87654321);
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  library_.DestroyTool(tool);
+  library_.DestroyTool(tool);
+}
+
+Library* current = nullptr;
+WindowHandle doomed = 0;
+std::vector<std::string> seen;
+
+TEST_F(LibraryTest, AToolDestroyedFromItsOwnCallbackIsDeadAtOnceAndGoesOnceItsCodeIsThrough) {
+  ASSERT_TRUE(rig_.StartMachine("demo"));
+  doomed = library_.LoadTool(6, parent_);
+  current = &library_;
+  seen.clear();
+  const QPointer<QWidget> widget = library_.Windows().WidgetOf(doomed);
+  HostApi.toolOpening = [](int) {
+    current->DestroyTool(doomed);
+    seen.emplace_back(current->Windows().IsAlive(doomed) ? "alive" : "dead");
+  };
+  EXPECT_NE(library_.Windows().Send(doomed, {kMsgToolCommand, 2, 1}), -12345);
+  EXPECT_THAT(seen, ElementsAre("dead"));
+  EXPECT_FALSE(widget.isNull());
+  Library::Drain();
+  EXPECT_TRUE(widget.isNull());
+  EXPECT_EQ(rig_.Open().windows, 0u);
+}
+
+TEST_F(LibraryTest, AToolDestroyedFromOutsideIsGoneAtOnce) {
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  const QPointer<QWidget> widget = library_.Windows().WidgetOf(tool);
+  library_.DestroyTool(tool);
+  EXPECT_TRUE(widget.isNull());
+}
+
+TEST_F(LibraryTest, ASecondTableHoldsForToolsThatAreOpen) {
+  ASSERT_TRUE(rig_.StartMachine("demo"));
+  seen.clear();
+  HostApi.toolOpening = [](int) { seen.emplace_back("first host"); };
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), 0);
+  HostApi.toolOpening = [](int) { seen.emplace_back("second host"); };
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 4, 1}), 0);
+  EXPECT_THAT(seen, ElementsAre("first host", "second host"));
+}
+
+TEST_F(LibraryTest, WithAllSlotsNullTheCommandLineOpensAndClosesAllTheSame) {
+  ASSERT_TRUE(rig_.StartMachine("demo"));
+  host_.show();
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  QWidget* widget = library_.Windows().WidgetOf(tool);
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), 0);
+  EXPECT_TRUE(widget->isVisible());
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 5, 1}), 0);
+  EXPECT_FALSE(widget->isVisible());
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 99, 1}), 0) << "an unknown code";
+}
+
+TEST_F(LibraryTest, TheLanguageChangesOnlyToAPackThatIsThere) {
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"End edit") << "the start value";
+  EXPECT_TRUE(library_.SetLanguage("es"));
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  for (const char* none : {"xx", "", "../en", "EN"}) EXPECT_FALSE(library_.SetLanguage(none)) << none;
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  EXPECT_TRUE(library_.SetLanguage("none"));
+  EXPECT_EQ(library_.Texts().LoadToolText(38), u"T38");
+  EXPECT_NE(library_.Texts().LoadToolMenu(u"3015"), 0u);
+  EXPECT_TRUE(library_.SetLanguage("en"));
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"End edit");
+}
+
+TEST_F(LibraryTest, WithoutAnyPackTheLibraryGoesOn) {
+  qputenv("PNLTOOLS_LANG_DIR", "/nowhere");
+  Library bare;
+  EXPECT_FALSE(bare.SetLanguage("en"));
+  EXPECT_EQ(bare.Texts().LoadToolText(7), u"");
+  EXPECT_EQ(bare.Texts().LoadToolMenu(u"3015"), 0u);
+  const WindowHandle tool = bare.LoadTool(6, parent_);
+  EXPECT_NE(tool, 0);
+  bare.DestroyTool(tool);
+  qunsetenv("PNLTOOLS_LANG_DIR");
+}
+
+TEST_F(LibraryTest, ADamagedPackIsNone) {
+  const test::TempFolder packs;
+  packs.Write("en.pnl", "PNLLANG, but then something else");
+  qputenv("PNLTOOLS_LANG_DIR", packs.Path().c_str());
+  EXPECT_FALSE(library_.SetLanguage("en"));
+  qunsetenv("PNLTOOLS_LANG_DIR");
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"End edit") << "the pack in use stays";
+}
+
+TEST_F(LibraryTest, ABareStartMakesTheFoldersAndPutsTheLanguageLibraryInItsPlace) {
+  ASSERT_TRUE(rig_.StartBare());
+  for (const int id : path_id::kAll) EXPECT_TRUE(folder_.Has("P" + std::to_string(id))) << id;
+  EXPECT_TRUE(folder_.Has("P15/LPNLTOOLS.DLL"));
+  const ModuleHandle module = library_.Texts().LoadLanguageLibrary();
+  EXPECT_NE(module, 0u);
+  library_.Texts().FreeLanguageLibrary(module);
+  EXPECT_EQ(rig_.Machine(), nullptr);
+}
+
+TEST_F(LibraryTest, TheLanguageLibraryFollowsTheLanguage) {
+  ASSERT_TRUE(rig_.StartBare());
+  const std::string english = folder_.Read("P15/LPNLTOOLS.DLL");
+  ASSERT_TRUE(library_.SetLanguage("es"));
+  EXPECT_NE(folder_.Read("P15/LPNLTOOLS.DLL"), english);
+  folder_.Write("P15/LPNLTOOLS.DLL", "damaged");
+  ASSERT_TRUE(library_.SetLanguage("en"));
+  EXPECT_EQ(folder_.Read("P15/LPNLTOOLS.DLL"), english);
+}
+
+TEST_F(LibraryTest, AMachineStartsOnceAndHasItsFolders) {
+  EXPECT_FALSE(rig_.StartMachine("lathe from nowhere"));
+  EXPECT_EQ(rig_.Machine(), nullptr);
+  ASSERT_TRUE(rig_.StartMachine("demo"));
+  EXPECT_NE(rig_.Machine(), nullptr);
+  EXPECT_FALSE(rig_.StartMachine("demo"));
+  EXPECT_FALSE(rig_.StartBare());
+  for (const int id : path_id::kAll) {
+    const auto host = rig_.Files().HostPath(rig_.Files().Path(id));
+    ASSERT_TRUE(host.has_value()) << id;
+    EXPECT_TRUE(std::filesystem::is_directory(*host)) << *host;
+  }
+  EXPECT_TRUE(folder_.Has("CNC/LANG/LPNLTOOLS.DLL"));
+}
+
+TEST_F(LibraryTest, ABackendLibraryTakesTheSimulationsPlace) {
+  const std::string folder = PNL_TEST_BACKENDS;
+  ASSERT_TRUE(library_.SetLanguage("es"));
+  EXPECT_TRUE(library_.SetBackend(folder + "/tiny_works.so"));
+  EXPECT_EQ(library_.Simulation(), nullptr);
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición") << "the language stays";
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  ASSERT_NE(tool, 0);
+  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), kRefused) << "that control has no kernel";
+  EXPECT_FALSE(library_.SetBackend("sim")) << "a tool is open";
+  library_.DestroyTool(tool);
+  EXPECT_TRUE(library_.SetBackend("sim"));
+  EXPECT_NE(library_.Simulation(), nullptr);
+}
+
+TEST_F(LibraryTest, ABackendThatCantBeHadLeavesTheOneInUse) {
+  const std::string folder = PNL_TEST_BACKENDS;
+  for (const char* name : {"/tiny_makes_nothing.so", "/tiny_throws.so", "/tiny_exports_nothing.so", "/none.so"}) {
+    EXPECT_FALSE(library_.SetBackend(folder + name)) << name;
+    EXPECT_NE(library_.Simulation(), nullptr) << name;
+  }
+  EXPECT_FALSE(library_.SetBackend("")) << "no path at all";
+}
+
+}  // namespace
+}  // namespace pnl
