@@ -194,9 +194,9 @@ class Planner {
   MaybeFault PlanMotion() {
     if (request_.Chosen(Group::kDwell) != nullptr) return std::nullopt;
     const MotionInput input{request_, modal_, spindle_, before_.position, WorkOffset(modal_, tool_), Unit()};
-    auto move = PlanMove(input);
+    const auto move = PlanMove(input);
     if (const Fault* fault = std::get_if<Fault>(&move)) return *fault;
-    if (std::optional<Step>& step = std::get<std::optional<Step>>(move)) steps_.push_back(std::move(*step));
+    if (const std::optional<Step>& step = std::get<std::optional<Step>>(move)) steps_.push_back(*step);
     return std::nullopt;
   }
 

@@ -69,8 +69,6 @@ void BlockRun::Release(double now) {
   held_ = false;
 }
 
-void BlockRun::Insert(Step step) {
-  steps_.insert(steps_.begin() + static_cast<std::ptrdiff_t>(index_), std::move(step));
-}
+void BlockRun::Insert(const Step& step) { steps_.insert(steps_.begin() + static_cast<std::ptrdiff_t>(index_), step); }
 
 }  // namespace pnl::sim

@@ -36,7 +36,7 @@ class BlockRun {
   void Hold(double now);
   void Release(double now);
   /// Puts a step before what is left of the current one. Only while held.
-  void Insert(Step step);
+  void Insert(const Step& step);
 
  private:
   [[nodiscard]] double Rate() const;
