@@ -30,6 +30,7 @@ rig::Value Recorded(const ToolData& data) {
 
 rig::Value Recorded(const std::vector<std::int32_t>& numbers) {
   std::vector<rig::Field> fields;
+  fields.reserve(numbers.size());
   for (const std::int32_t number : numbers) fields.push_back({std::to_string(fields.size()), Recorded(number)});
   return fields;
 }

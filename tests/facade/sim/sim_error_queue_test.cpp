@@ -87,9 +87,11 @@ TEST_F(ErrorQueueTest, ReadingWhatIsNotThereLeavesTheRecord) {
 TEST_F(ErrorQueueTest, AReadCanBeMadeToFail) {
   Push(5);
   cnc.Returns("ReadError", {-1, 0});
-  EXPECT_EQ(Read(-1), -1);
-  EXPECT_EQ(Read(-1), 0);
-  EXPECT_EQ(last, 5);
+  ErrorRecord record{};
+  EXPECT_EQ(kernel.ReadError(-1, record), -1);
+  EXPECT_EQ(record.Get<std::int32_t>(error_field::kNumber.offset), 0) << "a failed read leaves the record";
+  EXPECT_EQ(kernel.ReadError(-1, record), 0);
+  EXPECT_EQ(record.Get<std::int32_t>(error_field::kNumber.offset), 5);
 }
 
 TEST_F(ErrorQueueTest, TakingTheFirstOutReportsBoth) {
