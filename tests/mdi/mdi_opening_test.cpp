@@ -1,0 +1,524 @@
+// SPDX-License-Identifier: MIT
+// Opening, hiding, showing again and closing in a channel: the codes of ToolCommand, and the order in which a channel
+// is taken and given back.
+#include "mdi_fixture.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const Log kTaken = {"HostToolOpening(6)",
+                    "clear message",
+                    "ToolNotify 41 channel 1",
+                    "write [1].E.MANUALMODE=0",
+                    "write [1].E.PNLMODE=2",
+                    "SetMdi(1,1)=1",
+                    "write [1].G.CNCAUTSTATUS=268435456 flag 1",
+                    "open report [1].G.FULLSTATUS",
+                    "side menu position",
+                    "main menu none",
+                    "clear message"};
+const Log kGivenBack = {"CogerPlcFree(0,1)=1",     "close report [1].G.FULLSTATUS",
+                        "ToolNotify 42 channel 1", "SetMdi(1,0)=1",
+                        "EndMDIMode(1)=1",         "SetMode(1,0)=1",
+                        "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 flag 1",
+                        "clear message",           "HostToolClosed(6,2)"};
+
+using MdiOpening = MdiTest;
+
+TEST_F(MdiOpening, MakingTheToolOnlyReadsAndLaysOut) {
+  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_FALSE(view->visible);
+  EXPECT_EQ(view->title, u"MDI");
+  EXPECT_EQ(view->blinking, 0);
+  EXPECT_EQ(view->layout.window, (Rect{0, 571, 800, 600}));
+  EXPECT_EQ(view->signFore, 0x02B6E8u);
+  EXPECT_EQ(view->signBack, 0x02B6E8u);
+}
+
+TEST_F(MdiOpening, Code2TakesTheChannelInOrderAndShowsTheWindow) {
+  Forget();
+  EXPECT_EQ(Command(2), 0);
+  EXPECT_EQ(Asked(), kTaken);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(view->blinking, 800);
+  EXPECT_EQ(view->focus, FakeMdiView::Focus::kEdit);
+  EXPECT_EQ(view->signFore, 0x05B9D2u);
+  EXPECT_EQ(view->signBack, 0x02B6E8u);
+}
+
+TEST_F(MdiOpening, TheWindowIsShownThenBroughtToTheTopThenFocused) {
+  Forget();
+  Open();
+  const Log all = All();
+  const auto show = std::find(all.begin(), all.end(), "view show");
+  ASSERT_LT(show + 2, all.end());
+  EXPECT_EQ(*(show + 1), "view top");
+  EXPECT_EQ(*(show + 2), "view focus window");
+}
+
+TEST_F(MdiOpening, Code2WhereMdiIsNotAvailableAnswersRefusedAndChangesNothing) {
+  cnc.vars.Define("DM.MDI.ENABLEC1", 0);
+  Forget();
+  EXPECT_EQ(Command(2), -200);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(MdiOpening, AHeldChannelOpensWithoutTheChecks) {
+  Open();
+  Command(3);
+  cnc.vars.At("[1].G.STATUS").value = 2;
+  EXPECT_EQ(Command(2), 0);
+}
+
+TEST_F(MdiOpening, ResetInspectionOpensAlthoughTheChannelRuns) {
+  cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
+  cnc.vars.At("[1].G.STATUS").value = 2;
+  EXPECT_EQ(Command(2), 0);
+}
+
+TEST_F(MdiOpening, UnknownChannelsAreAnsweredAsTold) {
+  Open();
+  for (const char* name : {"[2].G.STATUS", "[2].E.APISTATUS", "[0].G.STATUS", "[0].E.APISTATUS"}) {
+    cnc.vars.Define(name);
+  }
+  Forget();
+  for (const std::intptr_t channel : {std::intptr_t{0}, std::intptr_t{2}, std::intptr_t{-1}, std::intptr_t{257},
+                                      std::numeric_limits<std::intptr_t>::min()}) {
+    EXPECT_EQ(Command(2, channel), -200) << channel;
+    EXPECT_EQ(Command(3, channel), -200) << channel;
+    EXPECT_EQ(Command(4, channel), -200) << channel;
+    EXPECT_EQ(Command(5, channel), 0) << channel;
+    EXPECT_EQ(Command(6, channel), 0) << channel;
+  }
+  EXPECT_EQ(Command(10, 2), -200);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_F(MdiOpening, UnknownCodesAnswer0AndDoNothing) {
+  Open();
+  Forget();
+  for (const std::intptr_t code : {0, 1, 9, 11, 14, 20, 34, -1, 1000}) EXPECT_EQ(Command(code), 0) << code;
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(MdiOpening, OpeningAgainTellsTheHostAgainButTakesNothingTwice) {
+  Open();
+  Forget();
+  EXPECT_EQ(Command(2), 0);
+  EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(6)", "clear message", "ToolNotify 41 channel 1",
+                                   "side menu position", "main menu none", "clear message"));
+}
+
+TEST_F(MdiOpening, TheManualModeIsSavedAndMarkedInItsOwnStatusWord) {
+  cnc.vars.At("[1].E.MANUALMODE").value = 1;
+  cnc.vars.At("[1].G.CNCMANSTATUS").value = 0x21;
+  Open();
+  EXPECT_EQ(cnc.vars.At("[1].E.MANUALMODE").value, 0);
+  EXPECT_EQ(cnc.vars.At("[1].G.CNCMANSTATUS").value, 0x10000021);
+  EXPECT_EQ(cnc.vars.At("[1].G.CNCAUTSTATUS").value, 0);
+  Forget();
+  Command(5);
+  const Log asked = Asked();
+  EXPECT_THAT(asked, testing::Contains("SetMode(1,1)=1"));
+  EXPECT_EQ(cnc.vars.At("[1].G.CNCMANSTATUS").value, 0x21);
+}
+
+TEST_F(MdiOpening, AnyOtherManualModeMarksNoWord) {
+  cnc.vars.At("[1].E.MANUALMODE").value = 2;
+  Open();
+  EXPECT_EQ(cnc.vars.At("[1].G.CNCMANSTATUS").value, 0);
+  EXPECT_EQ(cnc.vars.At("[1].G.CNCAUTSTATUS").value, 0);
+}
+
+TEST_F(MdiOpening, AMarkThatIsGoneIsNotTakenAwayTwice) {
+  Open();
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x5;
+  Forget();
+  Command(5);
+  for (const std::string& line : Asked()) EXPECT_EQ(line.find("CNCAUTSTATUS"), std::string::npos) << line;
+}
+
+TEST_F(MdiOpening, AnUnreadableStatusWordIsNotWritten) {
+  cnc.vars.At("[1].G.CNCAUTSTATUS").readable = false;
+  Forget();
+  Open();
+  for (const std::string& line : Asked()) EXPECT_EQ(line.find("CNCAUTSTATUS"), std::string::npos) << line;
+}
+
+TEST_F(MdiOpening, WhereTheManualModeCannotBeWrittenTheWindowOpensButHoldsNothing) {
+  cnc.vars.At("[1].E.MANUALMODE").writable = false;
+  Forget();
+  EXPECT_EQ(Command(2), 0);
+  EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(6)", "clear message", "ToolNotify 41 channel 1",
+                                   "write [1].E.MANUALMODE=0 failed", "open report [1].G.FULLSTATUS",
+                                   "side menu position", "main menu none", "clear message"));
+  EXPECT_TRUE(view->visible);
+  Type("M3");
+  EXPECT_EQ(Start(), 0);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_F(MdiOpening, AReadyReportTakesAChannelThatIsNotHeldYet) {
+  cnc.vars.At("[1].E.MANUALMODE").writable = false;
+  Open();
+  cnc.vars.At("[1].E.MANUALMODE").writable = true;
+  Forget();
+  Status(1);
+  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1", "write [1].E.MANUALMODE=0", "write [1].E.PNLMODE=2",
+                                   "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 flag 1"));
+}
+
+TEST_F(MdiOpening, Code3HidesAndReportsButKeepsTheChannel) {
+  Open();
+  Forget();
+  EXPECT_EQ(Command(3), 0);
+  EXPECT_THAT(All(), ElementsAre("view hide", "view redraw edit", "view blink 0", "HostToolClosed(6,2)"));
+  EXPECT_EQ(cnc.vars.OpenReports(), 1u);
+  EXPECT_EQ(Send(kMsgToolNotify, 1, 1), 0);
+  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1"));
+}
+
+TEST_F(MdiOpening, Code3BeforeTheFirstOpeningDoesNothing) {
+  Forget();
+  EXPECT_EQ(Command(3), 0);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(MdiOpening, Code4ShowsAnOpenChannelAgain) {
+  Open();
+  Command(3);
+  Forget();
+  EXPECT_EQ(Command(4), 0);
+  EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(6)", "clear message", "ToolNotify 41 channel 1",
+                                   "side menu position", "main menu none", "clear message"));
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(view->blinking, 800);
+}
+
+TEST_F(MdiOpening, Code4OnAChannelThatIsNotOpenShowsNothing) {
+  Forget();
+  EXPECT_EQ(Command(4), 0);
+  EXPECT_FALSE(view->visible);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_F(MdiOpening, Code4WhileABlockRunsLeavesTheEditReadOnly) {
+  Open();
+  Type("M3");
+  Start();
+  Command(3);
+  Command(4);
+  EXPECT_TRUE(view->readOnly);
+  Status(1);
+  EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
+}
+
+TEST_F(MdiOpening, Code5GivesAnIdleChannelBackInOrder) {
+  Open();
+  Forget();
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_EQ(Asked(), kGivenBack);
+  EXPECT_FALSE(view->visible);
+  EXPECT_EQ(view->blinking, 0);
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+}
+
+TEST_F(MdiOpening, TheChannelGoesBackBeforeTheWindowHides) {
+  Open();
+  Forget();
+  Command(5);
+  const Log all = All();
+  const auto at = [&all](const char* line) { return std::find(all.begin(), all.end(), line); };
+  EXPECT_LT(at("LiberarPlcFree(0,1,1)=1"), at("view hide"));
+  EXPECT_LT(at("view blink 0"), at("HostToolClosed(6,2)"));
+}
+
+TEST_F(MdiOpening, Code5AnswersDoneAlsoWhenTheInterlockIsRefused) {
+  Open();
+  cnc.kernel.returns["CogerPlcFree"] = 0;
+  Forget();
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_THAT(All(), ElementsAre("CogerPlcFree(0,1)=0"));
+  EXPECT_TRUE(view->visible);
+}
+
+TEST_F(MdiOpening, AChannelWhoseStatusCannotBeReadCountsAsIdle) {
+  Open();
+  cnc.vars.At("[1].G.FULLSTATUS").readable = false;
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_FALSE(view->visible);
+}
+
+TEST_F(MdiOpening, AChannelThatWasNotHeldKeepsTheInterlock) {
+  cnc.vars.At("[1].E.MANUALMODE").writable = false;
+  Open();
+  Forget();
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_THAT(Asked(), ElementsAre("CogerPlcFree(0,1)=1", "close report [1].G.FULLSTATUS", "ToolNotify 42 channel 1",
+                                   "clear message", "HostToolClosed(6,2)"));
+}
+
+TEST_F(MdiOpening, ClosingAChannelThatIsNotOpenTakesTheInterlockAndEnds) {
+  Forget();
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_THAT(All(), ElementsAre("CogerPlcFree(0,1)=1"));
+}
+
+TEST_F(MdiOpening, Code5WhileRunningHidesAtOnceAndGivesBackWhenTheBlockEnds) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Status(2);
+  Forget();
+  EXPECT_EQ(Command(5), 1);
+  EXPECT_THAT(All(), ElementsAre("view hide", "view redraw edit", "view blink 0", "HostToolClosed(6,2)"));
+  Status(1);
+  EXPECT_EQ(Asked(), kGivenBack);
+}
+
+TEST_F(MdiOpening, Code5InAnInterruptedBlockWaitsToo) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Status(2);
+  Status(4);
+  EXPECT_EQ(Command(5), 1);
+  EXPECT_FALSE(view->visible);
+}
+
+TEST_F(MdiOpening, Code5InAReadyStateOfABusyChannelWaits) {
+  Open();
+  cnc.vars.At("[1].G.FULLSTATUS").value = 0x200;
+  EXPECT_EQ(Command(5), 1);
+  Forget();
+  Status(1);
+  EXPECT_EQ(Asked(), kGivenBack);
+}
+
+TEST_F(MdiOpening, Code2TakesAPendingCloseBack) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Command(5);
+  EXPECT_EQ(Command(2), 0);
+  Forget();
+  Status(1);
+  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_TRUE(view->visible);
+}
+
+TEST_F(MdiOpening, Code4LeavesAPendingCloseAsItIs) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Command(5);
+  Command(4);
+  EXPECT_TRUE(view->visible);
+  Status(1);
+  EXPECT_FALSE(view->visible);
+}
+
+TEST_F(MdiOpening, APendingCloseTriesAgainWhenTheInterlockWasRefused) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Command(5);
+  cnc.kernel.returns["CogerPlcFree"] = 0;
+  Status(1);
+  EXPECT_EQ(cnc.vars.OpenReports(), 1u);
+  cnc.kernel.returns["CogerPlcFree"] = 1;
+  Forget();
+  Status(1);
+  EXPECT_EQ(Asked(), kGivenBack);
+}
+
+TEST_F(MdiOpening, AfterAnAbortThePendingCloseComesWithTheNextReadyReport) {
+  Open();
+  Type("G1 X9");
+  Start();
+  Status(2);
+  Status(4);
+  Command(5);
+  Status(8);
+  EXPECT_EQ(cnc.vars.OpenReports(), 1u);
+  Status(1);
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+}
+
+TEST_F(MdiOpening, Code7PutsTheCaretToTheEndAndTheFocusBack) {
+  Open();
+  Type("G0 X1");
+  view->Move(FakeMdiView::Focus::kElsewhere);
+  EXPECT_EQ(Command(7), 0);
+  EXPECT_EQ(view->selection, (MdiSelection{5, 5}));
+  EXPECT_EQ(view->focus, FakeMdiView::Focus::kEdit);
+}
+
+TEST_F(MdiOpening, Code7OutsideState1DoesNothing) {
+  Open();
+  Type("G0 X1");
+  Start();
+  Forget();
+  EXPECT_EQ(Command(7), 0);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(MdiOpening, Code7AndCode8BeforeTheFirstOpeningDoNothing) {
+  Forget();
+  EXPECT_EQ(Command(7), 0);
+  EXPECT_EQ(Command(8), 0);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+std::intptr_t Mode(std::intptr_t channel, std::intptr_t mode) { return mode << 16 | channel; }
+
+TEST_F(MdiOpening, Code10MovesTheMarkToTheWordOfTheNewMode) {
+  Open();
+  Forget();
+  EXPECT_EQ(Command(10, Mode(1, 1)), 0);
+  EXPECT_THAT(All(), ElementsAre("write [1].G.CNCAUTSTATUS=0 flag 1", "write [1].G.CNCMANSTATUS=268435456 flag 1"));
+  Command(5);
+  EXPECT_THAT(Asked(), testing::Contains("SetMode(1,1)=1"));
+}
+
+TEST_F(MdiOpening, Code10OnAChannelThatIsNotHeldDoesNothing) {
+  Forget();
+  EXPECT_EQ(Command(10, Mode(1, 1)), 0);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(MdiOpening, Code10WithAutomaticWorkWaitingGivesAnIdleChannelBack) {
+  Open();
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x3000;
+  Command(10, Mode(1, 0));
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+  EXPECT_FALSE(view->visible);
+}
+
+TEST_F(MdiOpening, Code10WithAutomaticWorkWaitingClosesLaterWhileABlockRuns) {
+  Open();
+  Type("G1 X9");
+  Start();
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x3000;
+  Forget();
+  EXPECT_EQ(Command(10, Mode(1, 0)), 0);
+  EXPECT_EQ(Asked().back(), "HostToolClosed(6,2)");
+  EXPECT_FALSE(view->visible);
+  Status(1);
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+}
+
+TEST_F(MdiOpening, InManualModeAutomaticWorkNeverWaits) {
+  cnc.vars.At("[1].E.MANUALMODE").value = 1;
+  Open();
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x3000;
+  Type("M3");
+  Start();
+  Status(1);
+  EXPECT_TRUE(view->visible);
+}
+
+TEST_F(MdiOpening, AutomaticWorkThatWaitsTakesTheChannelWhenTheBlockEnds) {
+  Open();
+  Type("M3");
+  Start();
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x1000;
+  Status(1);
+  EXPECT_FALSE(view->visible);
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+}
+
+struct ChannelCountRow {
+  int value;  // of MPG.NCHANNEL; -99 for absent
+  bool readable;
+  int result;  // of code 2 in channel 1
+};
+
+class MdiChannelCount : public MdiTest, public testing::WithParamInterface<ChannelCountRow> {};
+
+TEST_P(MdiChannelCount, IsOneUnlessTheMachineSaysNone) {
+  if (GetParam().value != -99) cnc.vars.Define("MPG.NCHANNEL", GetParam().value).readable = GetParam().readable;
+  MakeTool();
+  EXPECT_EQ(Command(2), GetParam().result);
+  EXPECT_EQ(Command(2, 2), -200);
+  EXPECT_EQ(view->title, u"MDI");
+}
+
+INSTANTIATE_TEST_SUITE_P(AllValues, MdiChannelCount,
+                         testing::Values(ChannelCountRow{-99, true, 0}, ChannelCountRow{1, false, 0},
+                                         ChannelCountRow{0, false, 0}, ChannelCountRow{-1, true, 0},
+                                         ChannelCountRow{1, true, 0}, ChannelCountRow{2, true, 0},
+                                         ChannelCountRow{3, true, 0}, ChannelCountRow{0, true, -200}));
+
+TEST_F(MdiOpening, WithAllSlotsNullTheToolStillOpensRunsAndCloses) {
+  table = {};
+  EXPECT_EQ(Command(2), 0);
+  RunBlock("M3");
+  EXPECT_EQ(Command(8), 0);
+  Menu(32775);
+  Send(kMsgExplorerEnded, 5, 0);
+  EXPECT_EQ(Command(5), 0);
+}
+
+TEST_F(MdiOpening, AHostThatDestroysTheWindowInACallbackFindsNothingLeftInAnyOfThem) {
+  for (const char* line :
+       {"HostToolOpening(6)", "clear message", "ToolNotify 41 channel 1", "side menu position", "main menu none"}) {
+    MakeTool();
+    onHostCall = [this, line](const std::string& called) {
+      if (called == line) DestroyTool();
+    };
+    const std::shared_ptr<MdiExecution> kept = tool;
+    kept->OnMessage({kMsgToolCommand, 2, 1});
+    EXPECT_EQ(tool, nullptr) << line;
+    onHostCall = nullptr;
+  }
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+  EXPECT_EQ(menus.Count(), 0u);
+}
+
+TEST_F(MdiOpening, DestroyingTheWindowClosesReportsAndMenusAndStoresAll) {
+  Open();
+  RunBlock("M3");
+  DestroyTool();
+  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+  EXPECT_EQ(menus.Count(), 0u);
+  EXPECT_EQ(Disc("MDIC1.DAT"), "M3\r\n");
+  EXPECT_EQ(Disc("MDAC1.DAT"), "M3\r\n");
+  EXPECT_NE(Disc("MDIMAN.INI"), "");
+}
+
+TEST_F(MdiOpening, AfterARestartBothListsAreBack) {
+  Open();
+  RunBlock("M3");
+  RunBlock("M4");
+  MakeTool();
+  Open();
+  EXPECT_THAT(view->Items(), ElementsAre("M3", "M4"));
+  EXPECT_THAT(HistoryShown(), ElementsAre("M4", "M3"));
+}
+
+TEST_F(MdiOpening, ADestroyedLogicAnswersNothing) {
+  const std::shared_ptr<MdiExecution> kept = tool;
+  DestroyTool();
+  EXPECT_EQ(kept->OnMessage({kMsgToolCommand, 2, 1}), std::nullopt);
+  EXPECT_FALSE(kept->OnKey(MdiKey::kEnter));
+  kept->OnLeftPress(false);
+  kept->OnWindowFocus();
+  kept->OnEditFocus(true);
+  kept->OnListFocus();
+  kept->OnParentResized();
+  kept->OnDestroy();
+}
+
+TEST_F(MdiOpening, AnotherSizeOfTheParentLaysOutAgain) {
+  Open();
+  view->parent = {0, 0, 1000, 700};
+  tool->OnParentResized();
+  EXPECT_EQ(view->layout.window, (Rect{0, 671, 1000, 700}));
+}
+
+}  // namespace
+}  // namespace pnl::test
