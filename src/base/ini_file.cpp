@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "base/numbers.h"
 
@@ -90,11 +91,11 @@ void CIniFile::WriteString(TextView section, TextView key, TextView value) {
   Text text = OneLine(value);
   const auto found = keys_.find(IndexName(sectionName, keyName));
   if (found == keys_.end()) {
-    Insert(sectionName, {true, false, keyName.size() + 1, keyName + u'=' + text, keyName, text});
+    const auto valueAt = static_cast<std::uint32_t>(keyName.size() + 1);
+    Insert(sectionName, {true, false, valueAt, {}, keyName + u'=' + text, keyName, text});
     return;
   }
-  const Place place = found->second.front();
-  Line& line = stretches_[place.stretch].lines[place.line];
+  Line& line = At(found->second);
   line.raw.replace(line.valueAt, Text::npos, text);
   line.value = std::move(text);
 }
@@ -117,9 +118,10 @@ void CIniFile::WriteBool(TextView section, TextView key, bool value) {
 void CIniFile::DeleteKey(TextView section, TextView key) {
   const auto found = keys_.find(IndexName(OneLine(section), OneLine(key)));
   if (found == keys_.end()) return;
-  for (const Place& place : found->second) {
+  for (Place place = found->second; place.stretch != kNowhere;) {
     // The line stays in its list, empty, so that the places of the others hold.
-    Line& line = stretches_[place.stretch].lines[place.line];
+    Line& line = At(place);
+    place = line.again;
     line = {};
     line.deleted = true;
   }
@@ -130,7 +132,7 @@ std::vector<Text> CIniFile::GetKeyNames(TextView section) const {
   std::vector<Text> names;
   const auto found = sections_.find(ToUpper(OneLine(section)));
   if (found == sections_.end()) return names;
-  for (const std::size_t stretch : found->second) {
+  for (const std::uint32_t stretch : found->second) {
     for (const Line& line : stretches_[stretch].lines) {
       // Only where it counts: a second line of the same key isn't told.
       if (line.isKey && Find(section, line.name) == &line) names.push_back(line.name);
@@ -168,7 +170,7 @@ void CIniFile::Parse(std::string_view bytes) {
 
 void CIniFile::AddLine(TextView line) {
   if (const auto section = SectionName(line)) {
-    sections_[ToUpper(*section)].push_back(stretches_.size());
+    sections_[ToUpper(*section)].push_back(static_cast<std::uint32_t>(stretches_.size()));
     stretches_.push_back({Text(line), Text(*section), {}});
     return;
   }
@@ -180,7 +182,7 @@ void CIniFile::AddLine(TextView line) {
   std::vector<Line>& lines = stretches_.back().lines;
   // Lines without meaning are kept together: a file of blank lines must not cost a record for each.
   if (lines.empty() || lines.back().isKey) {
-    lines.push_back({false, false, 0, Text(line), {}, {}});
+    lines.push_back({false, false, 0, {}, Text(line), {}, {}});
   } else {
     lines.back().raw.append(u"\r\n").append(line);
   }
@@ -192,34 +194,38 @@ void CIniFile::AddKey(TextView line, std::size_t equals) {
   // An empty value begins behind the sign, so that nothing is left in front of it when it is set.
   const std::size_t valueAt = value.empty() ? equals + 1 : static_cast<std::size_t>(value.data() - line.data());
   Stretch& stretch = stretches_.back();
-  keys_[IndexName(stretch.name, name)].push_back({stretches_.size() - 1, stretch.lines.size()});
-  stretch.lines.push_back({true, false, valueAt, Text(line), Text(name), Text(value)});
+  const Place place{static_cast<std::uint32_t>(stretches_.size() - 1),
+                    static_cast<std::uint32_t>(stretch.lines.size())};
+  stretch.lines.push_back({true, false, static_cast<std::uint32_t>(valueAt), {}, Text(line), Text(name), Text(value)});
+  const auto [first, isNew] = keys_.try_emplace(IndexName(stretch.name, name), place);
+  // The first place counts; every further one hangs on it, in any order.
+  if (!isNew) stretch.lines.back().again = std::exchange(At(first->second).again, place);
 }
 
 const CIniFile::Line* CIniFile::Find(TextView section, TextView key) const {
   const auto found = keys_.find(IndexName(OneLine(section), OneLine(key)));
   if (found == keys_.end()) return nullptr;
-  const Place& place = found->second.front();
+  const Place place = found->second;
   return &stretches_[place.stretch].lines[place.line];
 }
 
 void CIniFile::Insert(const Text& section, Line line) {
-  const std::size_t stretch = StretchOf(section);
+  const std::uint32_t stretch = StretchOf(section);
   std::vector<Line>& lines = stretches_[stretch].lines;
   // Behind the last key: the comments after it mostly belong to what follows. No key's place moves.
   const auto lastKey = std::find_if(lines.rbegin(), lines.rend(), [](const Line& each) { return each.isKey; });
-  const auto at = static_cast<std::size_t>(lines.rend() - lastKey);
-  keys_[IndexName(section, line.name)].push_back({stretch, at});
-  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
+  const auto at = lines.rend() - lastKey;
+  keys_[IndexName(section, line.name)] = {stretch, static_cast<std::uint32_t>(at)};
+  lines.insert(lines.begin() + at, std::move(line));
 }
 
-std::size_t CIniFile::StretchOf(const Text& section) {
+std::uint32_t CIniFile::StretchOf(const Text& section) {
   const auto found = sections_.find(ToUpper(section));
   if (found != sections_.end()) return found->second.front();
   BlankLineAtEnd();
-  sections_[ToUpper(section)].push_back(stretches_.size());
+  sections_[ToUpper(section)].push_back(static_cast<std::uint32_t>(stretches_.size()));
   stretches_.push_back({u'[' + section + u']', section, {}});
-  return stretches_.size() - 1;
+  return static_cast<std::uint32_t>(stretches_.size() - 1);
 }
 
 void CIniFile::BlankLineAtEnd() {

@@ -55,13 +55,19 @@ class CIniFile {
   void Parse(std::string_view bytes);
 
  private:
+  static constexpr std::uint32_t kNowhere = 0xFFFFFFFF;
+  struct Place {
+    std::uint32_t stretch = kNowhere;
+    std::uint32_t line = kNowhere;
+  };
   /// A key's line, or any number of lines that are none, as they were read.
   struct Line {
     bool isKey = false;
     bool deleted = false;
-    std::size_t valueAt = 0;  // in raw, of a key
-    Text raw;                 // without its ending
-    Text name;                // of a key
+    std::uint32_t valueAt = 0;  // in raw, of a key
+    Place again;                // where the same key stands once more
+    Text raw;                   // without its ending
+    Text name;                  // of a key
     Text value;
   };
   /// A section's stretch of the file. The first stretch has no header and an empty name.
@@ -70,23 +76,20 @@ class CIniFile {
     Text name;
     std::vector<Line> lines;
   };
-  struct Place {
-    std::size_t stretch;
-    std::size_t line;
-  };
 
   void AddLine(TextView line);
   void AddKey(TextView line, std::size_t equals);
   [[nodiscard]] const Line* Find(TextView section, TextView key) const;
+  [[nodiscard]] Line& At(Place place) { return stretches_[place.stretch].lines[place.line]; }
   void Insert(const Text& section, Line line);
-  std::size_t StretchOf(const Text& section);
+  std::uint32_t StretchOf(const Text& section);
   void BlankLineAtEnd();
 
   Files* files_;
   std::vector<Stretch> stretches_;
-  std::unordered_map<Text, std::vector<std::size_t>> sections_;  // by name in capitals: its stretches
-  std::unordered_map<Text, std::vector<Place>> keys_;            // by both names in capitals: where it stands
-  Text unreadPath_;                                              // of the file that is there but couldn't be read
+  std::unordered_map<Text, std::vector<std::uint32_t>> sections_;  // by name in capitals: its stretches
+  std::unordered_map<Text, Place> keys_;                           // by both names in capitals: where it counts
+  Text unreadPath_;                                                // of the file that is there but couldn't be read
   Text fallback_;
 };
 

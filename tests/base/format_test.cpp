@@ -207,7 +207,10 @@ std::string RandomConversion(std::mt19937& random, const std::string& letters, c
     if (random() % 3 == 0) format += flag;
   }
   if (random() % 2 == 0) format += std::to_string(1 + random() % 30);
-  if (random() % 2 == 0) format += "." + (random() % 5 == 0 ? "" : std::to_string(random() % 30));
+  if (random() % 2 == 0) {
+    format += '.';
+    if (random() % 5 != 0) format += std::to_string(random() % 30);
+  }
   return format + size + letters[random() % letters.size()] + ">";
 }
 

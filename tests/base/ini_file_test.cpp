@@ -7,6 +7,7 @@
 #include <random>
 
 #include "base/failing_files.h"
+#include "base/format.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -65,9 +66,8 @@ TEST_F(IniFileTest, WhatItDoesntKnowComesBackAsItWas) {
   ini.Parse(text);
   EXPECT_EQ(ini.Serialize(), text);
   ini.WriteInt(u"private", u"nitems", 25);
-  std::string expected = text;
-  expected.replace(expected.find("10 "), 3, "25");
-  EXPECT_EQ(ini.Serialize(), expected);
+  const std::size_t value = text.find("10 ");
+  EXPECT_EQ(ini.Serialize(), text.substr(0, value) + "25" + text.substr(value + 3));
 }
 
 TEST_F(IniFileTest, ANewKeyGoesBehindTheLastOneOfItsSection) {
@@ -279,14 +279,26 @@ TEST_F(IniFileTest, NulsAreOrdinaryCharacters) {
 
 TEST_F(IniFileTest, AMillionLinesAreReadAndFoundByName) {
   std::string text;
-  for (int i = 0; i < 500'000; ++i) text += "[S" + std::to_string(i % 1000) + "]\nkey" + std::to_string(i) + "=v\n";
-  ini.Parse(text);
-  for (int i = 0; i < 500'000; i += 7) {
-    ini.WriteInt(u"s" + FromUtf8(std::to_string(i % 1000)), u"KEY" + FromUtf8(std::to_string(i)), i);
+  for (int section = 0; section < 1000; ++section) {
+    text.append("[S").append(std::to_string(section)).append("]\n");
+    for (int key = 0; key < 1000; ++key) text.append("key").append(std::to_string(key)).append("=v\n");
   }
-  EXPECT_EQ(ini.ReadInt(u"S6", u"key7006", 0), 0);
-  EXPECT_EQ(ini.ReadInt(u"S7", u"key7007", 0), 7007);
-  EXPECT_EQ(ini.GetKeyNames(u"S7").size(), 500u);
+  ini.Parse(text);
+  for (int key = 0; key < 1000; ++key) {
+    ini.WriteInt(u"s999", Format(u"KEY%d", key), key);
+    EXPECT_EQ(ini.ReadInt(Format(u"S%d", key), u"key999", -1), key == 999 ? 999 : 0);
+  }
+  EXPECT_EQ(ini.ReadInt(u"S999", u"key7", 0), 7);
+  EXPECT_EQ(ini.GetKeyNames(u"S7").size(), 1000u);
+}
+
+TEST_F(IniFileTest, ManyLinesOfOneKeyAndManyPartsOfOneSectionAreQuick) {
+  std::string text;
+  for (int i = 0; i < 100'000; ++i) text += "[S]\nk=1\n";
+  ini.Parse(text);
+  EXPECT_EQ(ini.GetKeyNames(u"S"), std::vector<Text>{u"k"});
+  ini.DeleteKey(u"S", u"k");
+  EXPECT_TRUE(ini.GetKeyNames(u"S").empty());
 }
 
 TEST_F(IniFileTest, AMillionBlankLinesAreKept) {
