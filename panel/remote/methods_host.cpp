@@ -53,7 +53,7 @@ RpcResult HostReturns(RemoteWorld& world, Params& params) {
   if (slot != kMayOpenSlot && slot != kShowErrorSlot) params.Fail("slot", "0 or 13 is needed");
   const int value = params.Int("value");
   if (params.Problem()) return *params.Problem();
-  world.session.SetReturn(*slot, value);
+  world.session.SetReturn(slot.value_or(kMayOpenSlot), value);
   return Done();
 }
 
