@@ -86,11 +86,33 @@ void ShowPanel(panel::PanelWindow& window, const panel::Options& options) {
   window.showMaximized();
 }
 
+/// One guided session in one language, with a panel of its own. The number of the next step, 0 when one failed.
+int Guide(pnl::rig::Rig& rig, const panel::Options& options, const char* language, panel::Tour tour, int first) {
+  PnlSetLanguage(language);
+  panel::UseWords(QString::fromLatin1(language));
+  panel::HostSession session;
+  session.OfferAll();
+  panel::Operator op(session, &rig);
+  panel::PanelWindow window(session, op, ResolverOf(rig));
+  SetUpPrograms(rig, window);
+  ShowPanel(window, options);
+  return panel::RunGuidedSession(window, session, op, rig, options.guidedInto, tour, first);
+}
+
+/// The whole tour in the language asked for, then a glance in the other one.
+int RunGuided(pnl::rig::Rig& rig, const panel::Options& options) {
+  const bool spanish = options.language == QLatin1String("es");
+  const int next = Guide(rig, options, spanish ? "es" : "en", panel::Tour::kWhole, 1);
+  if (next == 0) return 1;
+  return Guide(rig, options, spanish ? "en" : "es", panel::Tour::kGlance, next) == 0 ? 1 : 0;
+}
+
 int Run(QApplication& application, const panel::Options& options) {
   pnl::rig::Rig* rig = PnlRig();
   if (rig == nullptr) return Refuse(QStringLiteral("the library has no simulated CNC"));
   const QString problem = PrepareRig(*rig, options);
   if (!problem.isEmpty()) return Refuse(problem);
+  if (!options.guidedInto.isEmpty()) return RunGuided(*rig, options);
   panel::HostSession session;
   session.SetReacting(!options.bare);
   session.OfferAll();
@@ -104,11 +126,6 @@ int Run(QApplication& application, const panel::Options& options) {
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
   ShowPanel(window, options);
-  if (!options.guidedInto.isEmpty()) {
-    const int result = panel::RunGuidedSession(window, session, op, *rig, options.guidedInto);
-    session.CloseAll();
-    return result;
-  }
   if (remote) remote->Start();
   return application.exec();
 }

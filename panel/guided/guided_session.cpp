@@ -229,28 +229,47 @@ std::vector<Step> LaterSteps() {
   };
 }
 
+std::vector<Step> GlanceSteps() {
+  return {
+      {"language", "the same panel in another language",
+       [](Hands& h) {
+         h.window_.Editor().SetProgram(QString::fromLatin1(kProgram), {});
+         h.Press(Action::kOpenMdi);
+         return MdiStands(h);
+       }},
+      {"language-refused", "a refusal in another language",
+       [](Hands& h) {
+         h.Type(QStringLiteral("G999"));
+         h.Start();
+         return !h.window_.Zone().Lines().empty();
+       }},
+  };
+}
+
 }  // namespace
 
-int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig,
-                     const QString& folder) {
+int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig, const QString& folder,
+                     Tour tour, int first) {
   if (!QDir().mkpath(folder)) {
     std::fprintf(stderr, "pnlpanel: --guided: the folder %s can't be made\n", qPrintable(folder));
-    return 1;
+    return 0;
   }
   Hands hands(window, session, op, rig, folder);
   window.activateWindow();
   hands.Settle();
-  auto steps = FirstSteps();
-  for (auto& step : LaterSteps()) steps.push_back(std::move(step));
-  int number = 0;
+  auto steps = tour == Tour::kWhole ? FirstSteps() : GlanceSteps();
+  if (tour == Tour::kWhole) {
+    for (auto& step : LaterSteps()) steps.push_back(std::move(step));
+  }
+  int number = first;
   for (const Step& step : steps) {
-    ++number;
     const bool done = step.run(hands) && hands.Capture(number, QString::fromLatin1(step.name));
     std::printf("%02d %s%s\n", number, step.text, done ? "" : "  -- FAILED");
     std::fflush(stdout);
-    if (!done) return 1;
+    if (!done) return 0;
+    ++number;
   }
-  return 0;
+  return number;
 }
 
 }  // namespace panel

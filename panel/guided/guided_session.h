@@ -14,8 +14,14 @@ class HostSession;
 class Operator;
 class PanelWindow;
 
-/// 0 when every step did what it says; else 1, with the step named on standard error. Makes the folder.
+enum class Tour {
+  kWhole,  // from the first block to the saved program
+  kGlance  // the panel and a refusal, for a second language
+};
+
+/// Steps and captures are numbered from first on. The number of the next step; 0 when a step didn't do what it says,
+/// which its line then tells. Makes the folder.
 [[nodiscard]] int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig,
-                                   const QString& folder);
+                                   const QString& folder, Tour tour, int first);
 
 }  // namespace panel

@@ -207,6 +207,7 @@ void FileChooser::resizeEvent(QResizeEvent*) { Place(); }
 
 void FileChooser::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  painter.fillRect(rect(), QColor(theme::kBackground));
   theme::DrawField(painter, rect(), QColor(theme::kBackground), QColor(theme::kAccent), 8);
   const QRect head(kPad + 2, 0, width() - 2 * kPad - 4, list_->y());
   theme::DrawText(painter, head.adjusted(0, 0, -head.width() / 2, 0), Qt::AlignLeft | Qt::AlignVCenter, request_.title,

@@ -124,6 +124,39 @@ void PanelKey::PaintMarks(QPainter& painter) const {
   }
 }
 
+void PanelKey::PaintFace(QPainter& painter) const {
+  const int top = keyName_.isEmpty() ? 4 : std::max(11, fontPixels_ * 3 / 4) + 4;
+  QRect body = rect().adjusted(kPad, top, -kPad, -4);
+  // A long caption takes two lines, in somewhat smaller letters where a picture stands above it.
+  const bool wraps = text().contains(QLatin1Char(' ')) &&
+                     QFontMetrics(theme::Font(fontPixels_, filled_)).horizontalAdvance(text()) > body.width() - 4;
+  const int pixels = wraps && !picture_.isNull() ? std::max(12, fontPixels_ * 6 / 7) : fontPixels_;
+  const int line = QFontMetrics(theme::Font(pixels, filled_)).height();
+  if (!picture_.isNull()) {
+    // In a flat key the picture may use the height beside the key's name, which stands in the corner.
+    const bool shortName = keyName_.size() <= 3;
+    if (height() < 5 * fontPixels_ && shortName) body = rect().adjusted(kPad, 3, -kPad, -2);
+    const int caption = text().isEmpty() ? 0 : (wraps ? 2 * line - 1 : line);
+    const int side = std::min({body.height() - caption, body.width(), kPictureSide});
+    if (side >= 12) {
+      body.setTop(body.top() + (body.height() - side - caption) / 2);
+      painter.setRenderHint(QPainter::SmoothPixmapTransform);
+      painter.setOpacity(isEnabled() ? 1.0 : 0.35);
+      painter.drawImage(QRect(body.center().x() - side / 2, body.top(), side, side), picture_);
+      painter.setOpacity(1.0);
+      body = QRect(body.left(), body.top() + side, body.width(), caption);
+    }
+  }
+  const bool twoLines = wraps && body.height() >= 2 * line - 6;
+  // The longest word decides how big the letters may be; the rest wraps or is cut.
+  QString longest;
+  for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
+    if (word.size() > longest.size()) longest = word;
+  }
+  theme::DrawText(painter, body, Qt::AlignCenter | (twoLines ? Qt::TextWordWrap : 0), text(),
+                  theme::FittingFont(longest, body.width() - 4, pixels, 11, filled_), Ink());
+}
+
 void PanelKey::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QColor edge = hasFocus()                       ? QColor(theme::kAccent)
@@ -132,32 +165,7 @@ void PanelKey::paintEvent(QPaintEvent*) {
   theme::DrawField(painter, rect(), Fill(), edge, kRadius);
   if (hasFocus()) theme::DrawField(painter, rect().adjusted(1, 1, -1, -1), Qt::transparent, edge, kRadius);
   PaintMarks(painter);
-  const int top = keyName_.isEmpty() ? 0 : std::max(11, fontPixels_ * 3 / 4) + 3;
-  QRect body = rect().adjusted(kPad, top / 2 + 2, -kPad, -3);
-  if (!picture_.isNull()) {
-    const int side = std::min({body.height() - (text().isEmpty() ? 0 : fontPixels_ + 4), body.width(), kPictureSide});
-    if (side >= 12) {
-      const QRect place(body.center().x() - side / 2, body.top(), side, side);
-      painter.setRenderHint(QPainter::SmoothPixmapTransform);
-      painter.setOpacity(isEnabled() ? 1.0 : 0.35);
-      painter.drawImage(place, picture_);
-      painter.setOpacity(1.0);
-      body.setTop(place.bottom());
-    }
-  } else if (!keyName_.isEmpty()) {
-    body.setTop(top);
-  }
-  const QFont font = theme::Font(fontPixels_, filled_);
-  const QFontMetrics metrics(font);
-  const bool twoLines = metrics.horizontalAdvance(text()) > body.width() && text().contains(QLatin1Char(' ')) &&
-                        body.height() >= 2 * metrics.height() - 4;
-  // The longest word decides how big the letters may be; the rest wraps or is cut.
-  QString longest;
-  for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
-    if (metrics.horizontalAdvance(word) > metrics.horizontalAdvance(longest)) longest = word;
-  }
-  theme::DrawText(painter, body, Qt::AlignCenter | (twoLines ? Qt::TextWordWrap : 0), text(),
-                  theme::FittingFont(longest, body.width(), fontPixels_, 11, filled_), Ink());
+  PaintFace(painter);
 }
 
 }  // namespace panel

@@ -43,6 +43,7 @@ class PanelKey : public QAbstractButton {
   [[nodiscard]] QColor Fill() const;
   [[nodiscard]] QColor Ink() const;
   void PaintMarks(QPainter& painter) const;
+  void PaintFace(QPainter& painter) const;
   QString keyName_;
   QByteArray svg_;
   QImage picture_;

@@ -7,6 +7,7 @@
 #include "ui/operator_keys.h"
 #include "ui/panel_menu.h"
 #include "ui/panel_window.h"
+#include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/readings.h"
@@ -122,8 +123,10 @@ void PanelWindow::ShowMessages() {
 void PanelWindow::ShowChooser() {
   const XPLRDATA_ST* request = op_.Request();
   if (request == nullptr) return;
+  FileRequest asked = RequestFrom(*request);
+  asked.folder = desk_->FolderOrPrograms(asked.folder);
   chooser_->Ask(
-      RequestFrom(*request), [this](const QString& folder, const QString& file) { op_.AcceptFile(folder, file); },
+      asked, [this](const QString& folder, const QString& file) { op_.AcceptFile(folder, file); },
       [this] {
         op_.CancelFile();
         op_.Do(Action::kFocusTool);

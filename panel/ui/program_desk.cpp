@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/program_desk.h"
 
+#include <QFileInfo>
 #include <utility>
 
 #include "ui/file_chooser.h"
@@ -29,6 +30,11 @@ Word WordFor(FileOutcome outcome) {
 ProgramDesk::ProgramDesk(ProgramEditor& editor, FileChooser& chooser, Question& question, PathResolver resolve,
                          QObject* parent)
     : QObject(parent), editor_(editor), chooser_(chooser), question_(question), resolve_(std::move(resolve)) {}
+
+QString ProgramDesk::FolderOrPrograms(const QString& folder) const {
+  const QString path = folder.isEmpty() ? QString() : resolve_(folder);
+  return !path.isEmpty() && QFileInfo(path).isDir() ? folder : programsFolder_;
+}
 
 void ProgramDesk::AskToDiscard(std::function<void()> go) {
   if (!editor_.IsModified()) return go();

@@ -22,6 +22,8 @@ class ProgramDesk : public QObject {
 
   /// Where Open and Save As begin.
   void SetProgramsFolder(const QString& folder) { programsFolder_ = folder; }
+  /// folder if it is there, else the programs' own: a request for one that isn't made yet begins among the programs.
+  [[nodiscard]] QString FolderOrPrograms(const QString& folder) const;
 
   void New();
   void Open();

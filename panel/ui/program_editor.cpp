@@ -113,7 +113,8 @@ void CodeEdit::PaintNumbers(QPaintEvent* event) {
     const int height = qRound(blockBoundingRect(block).height());
     if (block.isVisible() && top + height >= event->rect().top()) {
       painter.setPen(QColor(block.blockNumber() == current ? theme::kAccent : theme::kFaint));
-      painter.drawText(0, top, numbers_->width() - 7, height, Qt::AlignRight | Qt::AlignVCenter,
+      // By the height of a line: the last block's rectangle holds the margin of the document too.
+      painter.drawText(0, top, numbers_->width() - 7, fontMetrics().height(), Qt::AlignRight | Qt::AlignVCenter,
                        QString::number(block.blockNumber() + 1));
     }
     block = block.next();

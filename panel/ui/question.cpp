@@ -87,6 +87,7 @@ void Question::resizeEvent(QResizeEvent*) { Place(); }
 
 void Question::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  painter.fillRect(rect(), QColor(theme::kBackground));
   theme::DrawField(painter, rect(), QColor(theme::kBackground), QColor(theme::kAmber), 8);
   const int box = std::min(width() - 24, fontPixels_ * 40);
   const QRect text((width() - box) / 2, 12, box, height() / 2 + fontPixels_ - 24);

@@ -106,7 +106,7 @@ void ModalLine::paintEvent(QPaintEvent*) {
                     Qt::AlignLeft | Qt::AlignVCenter, block_, mono, QColor(theme::kAccent));
     return;
   }
-  const int block = block_.isEmpty() ? 0 : std::min(QFontMetrics(mono).horizontalAdvance(block_), body.width() / 2);
+  const int block = block_.isEmpty() ? 0 : std::min(QFontMetrics(mono).horizontalAdvance(block_) + 4, body.width() / 2);
   theme::DrawText(painter, body.adjusted(0, 0, -block - 12, 0), Qt::AlignLeft | Qt::AlignVCenter, codes_, font,
                   QColor(theme::kMuted));
   theme::DrawText(painter, QRect(body.right() + 1 - block, body.top(), block, body.height()),

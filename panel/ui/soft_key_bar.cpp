@@ -91,8 +91,8 @@ void SoftKeyBar::Take(std::vector<SoftKeyItem> items) {
 
 void SoftKeyBar::Read() {
   // A sub-menu that has gone closes by itself.
-  while (menus_.size() > 1 && !MenuExists(menus_.back())) menus_.pop_back();
-  Take(ReadMenu(menus_.back()));
+  while (menus_.size() > 1 && !source_.exists(menus_.back())) menus_.pop_back();
+  Take(source_.read(menus_.back()));
 }
 
 int SoftKeyBar::PageCount() const {

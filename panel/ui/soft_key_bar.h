@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace panel {
@@ -31,6 +32,12 @@ struct SoftKeyItem {
 /// Whether a menu handle is in use.
 [[nodiscard]] bool MenuExists(std::uint32_t menu);
 
+/// Where a bar gets a menu from: the tools' menus unless a test brings others.
+struct MenuSource {
+  std::function<bool(std::uint32_t)> exists = &MenuExists;
+  std::function<std::vector<SoftKeyItem>(std::uint32_t)> read = &ReadMenu;
+};
+
 class SoftKeyBar : public QWidget {
   Q_OBJECT
 
@@ -49,6 +56,7 @@ class SoftKeyBar : public QWidget {
   void Back();
 
   void SetFontPixels(int pixels);
+  void SetMenuSource(MenuSource source) { source_ = std::move(source); }
   [[nodiscard]] std::uint32_t Menu() const { return menus_.empty() ? 0 : menus_.front(); }
   [[nodiscard]] int PageCount() const;
   [[nodiscard]] int Page() const { return page_; }
@@ -75,6 +83,7 @@ class SoftKeyBar : public QWidget {
   [[nodiscard]] const SoftKeyItem* ItemAt(int slot) const;
   Qt::Orientation orientation_;
   int slotCount_;
+  MenuSource source_;
   std::vector<std::uint32_t> menus_;  // the tool's menu and the sub-menus opened in it; empty for the panel's own
   std::vector<SoftKeyItem> items_;
   int page_ = 0;

@@ -41,9 +41,8 @@ void StatusStrip::SetFontPixels(int pixels) {
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   constexpr int kGap = 4;
-  const int third = width() / 3;
   const int most = std::min(220 * fontPixels_ / 15, width() * 9 / 20);
-  const QRect state(0, 0, std::max(third, most), height());
+  const QRect state(0, 0, most, height());
   const QColor fill(channel_.color);
   theme::DrawField(painter, state, fill, fill.lighter(130), 6);
   const QColor ink(channel_.color == theme::kAmber ? theme::kDark : theme::kText);

@@ -31,7 +31,7 @@ constexpr std::array kWords = {
     Row{Word::kMachinePosition, "machine", "máquina"},
     Row{Word::kWorkPosition, "work", "pieza"},
     Row{Word::kCoolant, "COOLANT", "REFRIG."},
-    Row{Word::kErrors, "%1 error(s)", "%1 error(es)"},
+    Row{Word::kErrors, "Errors: %1", "Errores: %1"},
     Row{Word::kNoErrors, "no errors", "sin errores"},
     Row{Word::kProgram, "Program", "Programa"},
     Row{Word::kNewProgram, "new program", "programa nuevo"},
