@@ -121,7 +121,7 @@ class MovePlanner {
     const double programmed = perRevolution ? modal.feedPerRevolution : modal.feedPerMinute;
     if (programmed <= 0) return MotionFault(FaultCode::kFeedMissing);
     if (!perRevolution) return programmed;
-    if (input_.spindle.direction == 0 || input_.spindle.speed <= 0) return FeedFault(FaultCode::kSpindleStopped);
+    if (input_.spindle.speed <= 0) return FeedFault(FaultCode::kSpindleStopped);
     const double feed = programmed * input_.spindle.speed;
     if (feed > kHighestFeed) return FeedFault(FaultCode::kFeedTooHigh);
     return feed;

@@ -185,6 +185,14 @@ TEST(MachineChannel, ResetOfARestingMachineAbortsNothing) {
   EXPECT_EQ(bench.machine->State().gCodes, u"G00 G17 G21 G40 G54 G90 G94 G97");
 }
 
+TEST(MachineChannel, ResetKeepsTheToolThatWasChosen) {
+  MachineBench bench;
+  bench.Do(u"T5");
+  bench.machine->Reset();
+  bench.Do(u"M6");
+  EXPECT_EQ(bench.machine->State().tool, 5);
+}
+
 TEST(MachineChannel, AProgramEndGoesBackToTheStartValues) {
   for (const TextView end : {u"M30", u"M2"}) {
     MachineBench bench;

@@ -109,6 +109,25 @@ TEST_F(MachineInspection, WithoutAMoveTheBlockGoesOnAtOnce) {
   EXPECT_EQ(bench.At(0), 100);
 }
 
+TEST_F(MachineInspection, WithoutAMoveThereIsNoWayBackToWaitBehind) {
+  bench.machine->SingleBlock(true);
+  bench.machine->Inspection(false);
+  bench.Statuses();
+  bench.machine->ClearFeedhold();
+  bench.Wait(3000);
+  EXPECT_EQ(bench.Statuses(), "0x200 0x100");
+}
+
+TEST_F(MachineInspection, AnOverrideTurnedMeanwhileHoldsForTheBlockThatGoesOn) {
+  bench.machine->FeedOverride(200);
+  bench.machine->Inspection(false);
+  bench.machine->ClearFeedhold();
+  bench.Wait(1499);
+  EXPECT_EQ(bench.Status(), 0x200);
+  bench.Wait(1);
+  EXPECT_EQ(bench.Status(), 0x100);
+}
+
 TEST_F(MachineInspection, ASecondInspectionComesBackToTheSamePlace) {
   bench.Do(u"G0 Y10");
   bench.machine->Inspection(false);
@@ -117,7 +136,10 @@ TEST_F(MachineInspection, ASecondInspectionComesBackToTheSamePlace) {
   bench.machine->Inspection(false);
   EXPECT_EQ(bench.At(1), 20);
   bench.machine->ClearFeedhold();
-  bench.Wait(120 + 3000);
+  bench.Wait(120);
+  EXPECT_NEAR(bench.At(0), 50, 1e-9);
+  EXPECT_NEAR(bench.At(1), 0, 1e-9);
+  bench.Wait(3000);
   EXPECT_EQ(bench.Status(), 0x100);
   EXPECT_EQ(bench.At(0), 100);
   EXPECT_NEAR(bench.At(1), 0, 1e-9);
@@ -172,6 +194,7 @@ TEST_F(MachineInspection, CancelInItAbortsOnlyItsOwnBlock) {
   bench.machine->FeedHold(true);
   bench.Statuses();
   bench.machine->Cancel();
+  bench.machine->Inspection(false);
   bench.Wait(1);
   EXPECT_EQ(bench.Statuses(), "0x800 0x100");
   EXPECT_TRUE(bench.machine->State().inspecting);

@@ -202,6 +202,17 @@ TEST(MachineMotion, WhileAxesMoveThePanelHearsTwentyFiveTimesASecond) {
   EXPECT_EQ(calls, 27);
 }
 
+TEST(MachineMotion, TurningTheOverrideDoesNotHoldTheDisplayBack) {
+  MachineBench bench;
+  bench.Send(u"G1 X100 F1000");
+  bench.Wait(30);
+  bench.machine->FeedOverride(100);
+  int calls = 0;
+  bench.machine->OnChanged([&] { ++calls; });
+  bench.Wait(10);
+  EXPECT_EQ(calls, 1);
+}
+
 TEST(MachineMotion, PositionVariablesFollowTheDisplay) {
   MachineBench bench;
   bench.Send(u"G1 X100 F1000");

@@ -84,6 +84,8 @@ TEST(MachinePlan, ArcsFollowTheirCentreOrRadius) {
       {{}, u"G2 X10 Y10 R10 F1000", u"arc 15.708 mm 942.478 ms to X10 Y10 Z0\nG02 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G2 X10 Y10 R-10 F1000", u"arc 47.1239 mm 2827.43 ms to X10 Y10 Z0\nG02 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G3 X20 R9.995 F1000", u"arc 31.4159 mm 1884.96 ms to X20 Y0 Z0\nG03 G17 G21 G40 G54 G90 G94 G97"},
+      {{}, u"G20 G3 X2 I1 F10", u"arc 79.7965 mm 18849.6 ms to X50.8 Y0 Z0\nG03 G17 G20 G40 G54 G90 G94 G97"},
+      {{}, u"G20 G3 X2 R1 F10", u"arc 79.7965 mm 18849.6 ms to X50.8 Y0 Z0\nG03 G17 G20 G40 G54 G90 G94 G97"},
       {{}, u"G18 G2 X20 I10 F1000", u"arc 31.4159 mm 1884.96 ms to X20 Y0 Z0\nG02 G18 G21 G40 G54 G90 G94 G97"},
       {{}, u"G19 G3 Y20 J10 F1000", u"arc 31.4159 mm 1884.96 ms to X0 Y20 Z0\nG03 G19 G21 G40 G54 G90 G94 G97"},
       {{},
