@@ -64,7 +64,7 @@ void SetRole(MdiSession& session, MDIDATA_ST& record, MdiRole role) {
   const bool typed = role == MdiRole::kMda && !session.View().EditText().empty();
   SetEdit(session, record, typed ? mdi_edit::kNewItem : mdi_edit::kNone);
   LayOut(session, role, &record);
-  ShowTitle(session, record);
+  ShowTitle(session, record, session.View().IsVisible());
   SetCaretToEnd(session);
   FocusForRoleFirstItem(session);
   InstallMenus(session, record);

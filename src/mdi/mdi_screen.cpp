@@ -33,13 +33,13 @@ void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
 
 void ShowRole(MdiSession& session, const MDIDATA_ST& record) {
   session.View().Place(LayoutFor(session, record.LowRole()));
-  ShowTitle(session, record);
+  ShowTitle(session, record, true);
 }
 
-void ShowTitle(MdiSession& session, const MDIDATA_ST& record) {
+void ShowTitle(MdiSession& session, const MDIDATA_ST& record, bool visible) {
   const MdiRole role = record.LowRole();
   session.View().SetTitle(MdiTitleText(role, session.ChannelCount(), record.Channel));
-  session.View().SetTitleBlinking(MdiTitleBlink(role));
+  session.View().SetTitleBlinking(visible ? MdiTitleBlink(role) : 0);
 }
 
 void FillList(MdiSession& session, const MDIDATA_ST& record) {

@@ -10,10 +10,10 @@ namespace pnl::mdi {
 /// Lays the window out for a role of a channel; record may be null. Closes the drop list. The edit is writable and the
 /// list enabled only while no block of the channel is in the machine's hands.
 void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record);
-/// The role's controls and its title.
+/// The role's controls and its title, in a window that is about to be visible.
 void ShowRole(MdiSession& session, const MDIDATA_ST& record);
-/// The title alone: its text, and whether it blinks.
-void ShowTitle(MdiSession& session, const MDIDATA_ST& record);
+/// The title alone: its text, and whether it blinks. Out of sight it rests, so that an idle panel sleeps.
+void ShowTitle(MdiSession& session, const MDIDATA_ST& record, bool visible);
 /// The list box gets the record's list, and its selection.
 void FillList(MdiSession& session, const MDIDATA_ST& record);
 /// Hides the window with all that belongs to it and lets the title rest.

@@ -97,6 +97,11 @@ void MdiRig::MakeTool() {
   view = std::make_unique<FakeMdiView>(log, windows);
   tool = MdiExecution::Make(context, *view, hostWindow);
   view->execution = tool;
+  // Handles are never used twice: this tool's three menus follow those of the tool before.
+  const MenuHandle before = std::exchange(mdaMenu, 0);
+  for (MenuHandle menu = before; menu < before + 8; ++menu) {
+    if (MenuName(menu) == "mda") mdaMenu = menu;
+  }
 }
 
 void MdiRig::DestroyTool() {
@@ -153,14 +158,7 @@ Log MdiRig::Asked() {
   return kept;
 }
 
-MenuHandle MdiRig::MdaMenu() {
-  for (MenuHandle menu = 1; menu < 1000; ++menu) {
-    if (MenuName(menu) == "mda") return menu;
-  }
-  return 0;
-}
-
-const MenuItem* MdiRig::MdaItem(int id) { return menus.FindItem(MdaMenu(), id); }
+const MenuItem* MdiRig::MdaItem(int id) { return menus.FindItem(mdaMenu, id); }
 
 std::string MdiRig::MenuName(std::uint32_t menu) {
   if (menu == 0) return "none";

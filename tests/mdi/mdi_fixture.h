@@ -36,7 +36,10 @@ class MdiRig {
   bool Key(MdiKey key) { return tool->OnKey(key); }
   /// The cycle start key for a channel.
   std::intptr_t Start(int channel = 1);
-  void Type(const std::string& text) { view->edit = FromUtf8(text); }
+  void Type(const std::string& text) {
+    view->edit = FromUtf8(text);
+    view->selection = {};
+  }
   void Drain();
   /// The control reports a status byte and detail.
   void Status(int byte, int detail = 0);
@@ -52,7 +55,6 @@ class MdiRig {
   Log All();
   void Forget() { log.clear(); }
   [[nodiscard]] const MenuItem* MdaItem(int id);
-  [[nodiscard]] MenuHandle MdaMenu();
   [[nodiscard]] std::string MenuName(std::uint32_t menu);
   [[nodiscard]] std::string Disc(const std::string& name) { return files.disc["C:\\P108\\" + name]; }
   [[nodiscard]] std::vector<std::string> HistoryShown();
@@ -70,6 +72,7 @@ class MdiRig {
   WindowHandle hostWindow;
   std::unique_ptr<FakeMdiView> view;
   std::shared_ptr<MdiExecution> tool;
+  MenuHandle mdaMenu = 0;
   std::function<void(const std::string&)> onHostCall;  // after it was logged
 
   static MdiRig* current;

@@ -12,14 +12,14 @@ class MdiMenus : public MdiTest {
  protected:
   [[nodiscard]] std::vector<int> Enabled() {
     std::vector<int> ids;
-    for (const MenuItem& item : menus.Find(MdaMenu())->items) {
+    for (const MenuItem& item : menus.Find(mdaMenu)->items) {
       if (item.enabled) ids.push_back(item.id);
     }
     return ids;
   }
   [[nodiscard]] std::vector<int> Shown() {
     std::vector<int> ids;
-    for (const MenuItem& item : menus.Find(MdaMenu())->items) {
+    for (const MenuItem& item : menus.Find(mdaMenu)->items) {
       if (!item.hidden) ids.push_back(item.id);
     }
     return ids;
