@@ -65,14 +65,16 @@ void StandardStreams::Stop() {
 }
 
 void StandardStreams::OnReadable() {
-  if (ended_) return;
+  if (ended_ || busy_) return;
   std::array<char, kPiece> piece;
   const ssize_t count = read(input_, piece.data(), piece.size());
   if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
   if (count <= 0) Stop();
   // While this piece is being worked on, an event loop inside must not bring the next one.
+  busy_ = true;
   readable_->setEnabled(false);
   received_(count > 0 ? QByteArray(piece.data(), count) : QByteArray());
+  busy_ = false;
   Watch();
 }
 
@@ -99,7 +101,7 @@ void StandardStreams::WriteSome() {
 }
 
 void StandardStreams::Watch() {
-  if (readable_ && !ended_) readable_->setEnabled(waiting_.size() < kMostWaiting);
+  if (readable_ && !ended_ && !busy_) readable_->setEnabled(waiting_.size() < kMostWaiting);
   if (waiting_.isEmpty()) {
     writable_.reset();
   } else if (!writable_) {

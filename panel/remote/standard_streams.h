@@ -40,6 +40,7 @@ class StandardStreams : public QObject {
   int output_;
   bool ownsOutput_ = false;
   bool ended_ = false;
+  bool busy_ = false;    // a piece is being worked on
   bool broken_ = false;  // nobody reads
   QByteArray waiting_;
   std::function<void(const QByteArray&)> received_;

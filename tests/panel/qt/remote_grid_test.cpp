@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// Grids and trees over Qt's own views: what is told of them, and the hands on cells and nodes.
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTreeView>
+
+#include "panel/qt/remote_fixture.h"
+#include "remote/item_roles.h"
+
+namespace panel {
+namespace {
+
+class RemoteGrid : public RemoteMethods {
+ protected:
+  RemoteGrid() {
+    tool = new QWidget(&face.area);
+    tool->resize(400, 300);
+    model.setHorizontalHeaderLabels({"Name", "On"});
+    AddRow("steel", true, true);
+    AddRow("brass", false, false);
+    model.setHeaderData(1, Qt::Vertical, 2, kRowStateRole);
+    grid = new QTableView(tool);
+    grid->setModel(&model);
+    grid->setGeometry(0, 0, 200, 200);
+    grid->setProperty("pnlId", 7);
+    tree = new QTreeView(tool);
+    tree->setModel(&nodes);
+    tree->setGeometry(200, 0, 200, 200);
+    tree->setProperty("pnlId", 8);
+    auto* drive = new QStandardItem("C:");
+    drive->setData("drive", kNodeKindRole);
+    drive->setData(3, kNodeImageRole);
+    drive->appendRow(new QStandardItem("P108"));
+    nodes.appendRow(drive);
+    window = "\"window\":" + QByteArray::number(PnlAttachWidget(tool, nullptr, nullptr));
+    face.panel.show();
+  }
+  ~RemoteGrid() override { delete tool; }
+  void AddRow(const QString& name, bool on, bool editable) {
+    auto* text = new QStandardItem(name);
+    text->setEditable(editable);
+    auto* check = new QStandardItem;
+    check->setEditable(false);
+    check->setCheckable(editable);
+    check->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    model.appendRow({text, check});
+  }
+  std::string Grid(const QString& method, const QByteArray& params) {
+    return Ask(method, "{" + window + "," + params + "}");
+  }
+
+  QStandardItemModel model;
+  QStandardItemModel nodes;
+  QWidget* tool = nullptr;
+  QTableView* grid = nullptr;
+  QTreeView* tree = nullptr;
+  QByteArray window;
+};
+
+TEST_F(RemoteGrid, TellsItsCellsWithTheHeaderAsRowZero) {
+  grid->setCurrentIndex(model.index(1, 0));
+  EXPECT_EQ(Grid("ui.grid", R"("id":7)"),
+            R"({"cells":[["Name","On"],["steel",true],["brass",false]],"cols":2,"current":[2,0],"editing":false,)"
+            R"("readOnly":[[true,true],[false,false],[true,true]],"rowState":[0,0,2],"rows":3,"sort":-1})");
+}
+
+TEST_F(RemoteGrid, MovesTheCurrentCellAndChoosesRows) {
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":2,"col":1)"), "{}");
+  EXPECT_EQ(grid->currentIndex(), model.index(1, 1));
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0,"toRow":2)"), "{}");
+  EXPECT_EQ(grid->selectionModel()->selectedRows().size(), 2);
+}
+
+TEST_F(RemoteGrid, TypesIntoACellAndCommits) {
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"text":"inox")"), "{}");
+  EXPECT_EQ(model.item(0, 0)->text(), "inox");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"checked":false)"), "{}");
+  EXPECT_EQ(model.item(0, 1)->checkState(), Qt::Unchecked);
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("editing":false)"), std::string::npos);
+}
+
+TEST_F(RemoteGrid, RefusesWhatIsNotThere) {
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":3,"col":0)"), "-32602 row: there is no such row");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":2)"), "-32602 col: there is no such column");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0,"toRow":9)"),
+            "-32602 toRow: an integer from 1 to 2 is needed");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":2,"col":0,"text":"x")"), "-32602 text: the cell is read-only");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"checked":true)"), "-32602 checked: the cell has no check");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"checked":true,"text":"")"),
+            "-32602 checked: stands in the place of text");
+  EXPECT_EQ(Grid("ui.grid", R"("id":8)"), "-32602 id: the control is no grid");
+  EXPECT_EQ(Grid("ui.tree", R"("id":7)"), "-32602 id: the control is no tree");
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":["C:","P52"])"), "-32602 path: there is no \"P52\"");
+  EXPECT_EQ(Grid("ui.tree.expand", R"("id":8,"path":[])"), "-32602 path: at least one text is needed");
+}
+
+TEST_F(RemoteGrid, TellsChoosesAndOpensNodes) {
+  EXPECT_EQ(
+      Grid("ui.tree", R"("id":8)"),
+      R"([{"children":[{"children":[],"expanded":false,"hasChildren":false,"image":0,"kind":null,"selected":false,)"
+      R"("text":"P108"}],"expanded":false,"hasChildren":true,"image":3,"kind":"drive","selected":false,)"
+      R"("text":"C:"}])");
+  grid->setFocus();
+  EXPECT_EQ(Grid("ui.tree.expand", R"("id":8,"path":["C:"])"), "{}");
+  EXPECT_TRUE(tree->isExpanded(nodes.index(0, 0)));
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":["C:","P108"])"), "{}");
+  EXPECT_EQ(tree->currentIndex().data().toString(), "P108");
+  EXPECT_FALSE(tree->hasFocus());
+}
+
+}  // namespace
+}  // namespace panel

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// The trace: each kind of event with its fields, in order, taken once.
+#include "remote/trace.h"
+
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <QWidget>
+
+#include "remote/message_names.h"
+
+namespace panel {
+namespace {
+
+using pnl::rig::Value;
+
+class Trace : public ::testing::Test {
+ protected:
+  Trace() { session.SetToolArea(&area); }
+  /// The events of all kinds, one a line.
+  std::string Take(const QStringList& kinds = TraceLog::Kinds()) {
+    std::string lines;
+    for (const QJsonValue& event : log.Take(kinds)) {
+      lines += QJsonDocument(event.toObject()).toJson(QJsonDocument::Compact).toStdString() + "\n";
+    }
+    return lines;
+  }
+
+  QWidget area;
+  HostSession session;
+  TraceLog log{session};
+};
+
+TEST_F(Trace, ACallbackHasItsSlotNameAndArguments) {
+  log.Host({1, {6}});
+  log.Host({2, {6, 2}});
+  EXPECT_EQ(Take(),
+            "{\"args\":[6],\"kind\":\"host\",\"name\":\"HostToolOpening\",\"slot\":1}\n"
+            "{\"args\":[6,2],\"kind\":\"host\",\"name\":\"HostToolClosed\",\"slot\":2}\n");
+}
+
+TEST_F(Trace, AMessageLineIsARecordOfFourFields) {
+  log.Host({7, {6, QVariantMap{{"line", 1}, {"text", "T38"}, {"back", 0x2C8064u}, {"fore", 0u}}}});
+  EXPECT_EQ(Take(),
+            "{\"args\":[6,{\"back\":2916452,\"fore\":0,\"line\":1,\"text\":\"T38\"}],\"kind\":\"host\","
+            "\"name\":\"HostShowMessage\",\"slot\":7}\n");
+}
+
+TEST_F(Trace, NoMenuReadsNull) {
+  log.Host({3, {6, 0u}});
+  EXPECT_EQ(Take(), "{\"args\":[6,null],\"kind\":\"host\",\"name\":\"HostSetMainMenu\",\"slot\":3}\n");
+  EXPECT_TRUE(VisibleItemIds(0x7FFFFFFF).isNull());
+}
+
+TEST_F(Trace, ACallIntoTheCncHasArgumentsAndResult) {
+  log.Cnc("MDILine", {Value(std::int64_t{0}), Value(std::u16string(u"G0 X1")), Value(std::int64_t{4})},
+          Value(std::int64_t{0}));
+  EXPECT_EQ(Take(), "{\"args\":[0,\"G0 X1\",4],\"kind\":\"cnc\",\"name\":\"MDILine\",\"result\":0}\n");
+}
+
+TEST_F(Trace, AWriteTellsWhetherItSucceeded) {
+  log.Write(u"[1].E.PNLMODE", Value(std::int64_t{2}), false);
+  EXPECT_EQ(Take(), "{\"kind\":\"write\",\"name\":\"[1].E.PNLMODE\",\"ok\":false,\"value\":2}\n");
+}
+
+TEST_F(Trace, AChannelMessageShowsItsRecord) {
+  const PnlToolNotify record{1, 77};
+  log.MessageToHost(session.ToolArea(), PNL_MSG_TOOL_NOTIFY, 41, reinterpret_cast<std::intptr_t>(&record));
+  EXPECT_EQ(Take(),
+            "{\"first\":41,\"kind\":\"message\",\"message\":2049,\"second\":{\"channel\":1,\"window\":77},"
+            "\"to\":\"parent\"}\n");
+}
+
+TEST_F(Trace, AMessageToTheWholePanelShowsItsName) {
+  log.MessageToHost(session.ToolArea() + 1, *MessageNumber("ZM_UPDATE_NERRORS"), 5, 6);
+  EXPECT_EQ(Take(),
+            "{\"first\":5,\"kind\":\"message\",\"message\":\"ZM_UPDATE_NERRORS\",\"second\":6,\"to\":\"main\"}\n");
+}
+
+TEST_F(Trace, ABoxTellsWhatWasAskedAndAnswered) {
+  log.Box(u"T8", u"T9", "error", "ok");
+  EXPECT_EQ(Take(), "{\"answer\":\"ok\",\"kind\":\"box\",\"style\":\"error\",\"text\":\"T9\",\"title\":\"T8\"}\n");
+}
+
+TEST_F(Trace, WhatWasTakenIsForgottenAndOtherKindsStay) {
+  log.Host({1, {6}});
+  log.Write(u"a", Value(), true);
+  log.Host({14, {}});
+  EXPECT_EQ(log.Take({"host"}).size(), 2);
+  EXPECT_EQ(log.Take({"host"}).size(), 0);
+  EXPECT_EQ(log.Take(TraceLog::Kinds()).size(), 1);
+  EXPECT_EQ(log.Take(TraceLog::Kinds()).size(), 0);
+}
+
+TEST(MessageNames, AreRegisteredOnceAndKnownByTheirNumber) {
+  const auto number = MessageNumber("MDI_ENDLIST");
+  ASSERT_TRUE(number.has_value());
+  EXPECT_EQ(*number, PnlRegisterMessage("MDI_ENDLIST"));
+  EXPECT_EQ(MessageToJson(*number), QJsonValue("MDI_ENDLIST"));
+  EXPECT_EQ(MessageToJson(0x802), QJsonValue(0x802));
+  EXPECT_FALSE(MessageNumber("MDI_ENDLISTS").has_value());
+}
+
+TEST(MessageNames, KnowWhichArgumentsAreAddresses) {
+  EXPECT_EQ(AddressesOf(PNL_MSG_CYCLE_START, 1).second, AddressKind::kCycleStart);
+  EXPECT_EQ(AddressesOf(PNL_MSG_CYCLE_START, 2).second, AddressKind::kCycleStart);
+  EXPECT_EQ(AddressesOf(PNL_MSG_CYCLE_START, 3).second, AddressKind::kNone);
+  EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 41).second, AddressKind::kChannelRecord);
+  EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 1).second, AddressKind::kNone);
+  EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_COMMAND, 2).second, AddressKind::kNone);
+  EXPECT_EQ(AddressesOf(*MessageNumber("ZM_SHOW_FILE"), 0).second, AddressKind::kFile);
+  EXPECT_EQ(AddressesOf(*MessageNumber("HELPHTML_GOTOMANUAL"), 0).first, AddressKind::kText);
+}
+
+}  // namespace
+}  // namespace panel
