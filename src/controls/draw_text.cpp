@@ -13,7 +13,8 @@ namespace {
 constexpr int kTabCharacters = 8;
 
 /// More than any screen shows; what lies beyond would only cost time to measure.
-constexpr qsizetype kLongestText = 32768;
+constexpr qsizetype kLongestText = 8192;
+constexpr qsizetype kMostLines = 500;
 
 /// A text ready to be drawn: lines without line ends and prefix marks.
 struct Lines {
@@ -86,8 +87,10 @@ QString PathShortened(const QFontMetrics& metrics, const QString& line, int widt
 /// Breaks a paragraph between words; a word longer than the line stays whole unless kEditControl breaks it.
 void Wrap(const QFontMetrics& metrics, const QString& paragraph, int width, std::uint32_t flags, QStringList& lines) {
   QString rest = paragraph;
-  while (LineWidth(metrics, rest, flags) > width) {
-    const qsizetype fit = Fitting(metrics, rest, width, 1);
+  // A line never holds more characters than pixels; what lies behind need not be measured for every line.
+  const qsizetype most = std::max(width, 1) + 1;
+  while (lines.size() < kMostLines && LineWidth(metrics, rest.left(most), flags) > width) {
+    const qsizetype fit = Fitting(metrics, rest.left(most), width, 1);
     qsizetype cut = rest.lastIndexOf(u' ', fit);
     if (cut <= 0 && (flags & draw::kEditControl) != 0) {
       lines << rest.left(fit);

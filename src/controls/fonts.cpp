@@ -3,8 +3,6 @@
 
 #include <QtWidgets/QApplication>
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
 namespace pnl {
 namespace {
@@ -14,14 +12,19 @@ constexpr int kTallest = 4000;
 constexpr int kHeaviest = 1000;
 constexpr int kNormalWeight = 400;
 
-/// A font's proportions don't depend on its size; measured large, rounding doesn't count.
+/// A font's proportions hardly depend on its size; measured large, rounding doesn't count.
 constexpr int kMeasureSize = 1000;
 
+/// The largest size whose line is no higher than the cell.
 int PixelSizeOfCell(QFont font, int cell) {
   font.setPixelSize(kMeasureSize);
-  const QFontMetricsF metrics(font);
-  const double tall = metrics.ascent() + metrics.descent();
-  return tall <= 0 ? cell : std::max(1, static_cast<int>(std::lround(cell * kMeasureSize / tall)));
+  const int tall = CellHeight(QFontMetrics(font));
+  int size = tall <= 0 ? cell : cell * kMeasureSize / tall + 1;
+  for (; size > 1; --size) {
+    font.setPixelSize(size);
+    if (CellHeight(QFontMetrics(font)) <= cell) break;
+  }
+  return std::max(1, size);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QScroller>
 #include <QtWidgets/QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
@@ -94,7 +93,6 @@ ListBox::ListBox(int id, QWidget* parent) : QListView(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
   setFrameShape(QFrame::NoFrame);
-  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
   SetColors(back_, text_);
 }
 

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "controls/list_box.h"
+
+#include "support/widget_probe.h"
+
+namespace pnl::test {
+namespace {
+
+class ListBoxTest : public testing::Test {
+ protected:
+  ListBoxTest() {
+    box.SetColors(0x78643C, 0xFFFFFF);
+    box.SetSelectedColors(0xD3BF97, 0x000001);
+    box.SetFont("Arial", 18, 600);
+    box.resize(200, 150);
+  }
+  [[nodiscard]] std::vector<Text> Items() const {
+    std::vector<Text> items;
+    for (int i = 0; i < box.Count(); ++i) items.push_back(box.Item(i));
+    return items;
+  }
+  ListBox box{5001, nullptr};
+};
+
+TEST_F(ListBoxTest, NothingIsSelectedAfterFilling) {
+  box.SetItems({u"a", u"b"});
+  EXPECT_EQ(box.Selection(), -1);
+  box.Select(1);
+  EXPECT_EQ(box.Selection(), 1);
+  box.SetItems({u"a", u"b"});
+  EXPECT_EQ(box.Selection(), -1);
+}
+
+TEST_F(ListBoxTest, InsertingKeepsTheSelectedItemSelected) {
+  box.SetItems({u"a", u"b"});
+  box.Select(1);
+  box.Insert(0, u"first");
+  EXPECT_EQ(box.Selection(), 2);
+  box.Insert(99, u"last");
+  EXPECT_EQ(Items(), (std::vector<Text>{u"first", u"a", u"b", u"last"}));
+}
+
+TEST_F(ListBoxTest, ADeletedSelectionLeavesNone) {
+  box.SetItems({u"a", u"b", u"c"});
+  box.Select(1);
+  box.Delete(1);
+  EXPECT_EQ(box.Selection(), -1);
+  box.Select(1);
+  box.Delete(0);
+  EXPECT_EQ(box.Selection(), 0);
+  EXPECT_EQ(box.Item(0), u"c");
+}
+
+TEST_F(ListBoxTest, WrongIndicesAreLeftAlone) {
+  box.SetItems({u"a"});
+  box.Select(0);
+  box.Select(5);
+  box.Select(-7);
+  EXPECT_EQ(box.Selection(), 0);
+  box.Delete(3);
+  box.Replace(-1, u"x");
+  EXPECT_EQ(Items(), std::vector<Text>{u"a"});
+  EXPECT_EQ(box.Item(4), u"");
+  box.Select(-1);
+  EXPECT_EQ(box.Selection(), -1);
+}
+
+TEST_F(ListBoxTest, PaintsItsColoursAlsoWhenDisabled) {
+  box.SetItems({u"HHHH", u"HHHH"});
+  box.Select(1);
+  for (const bool enabled : {true, false}) {
+    box.setEnabled(enabled);
+    box.show();
+    Settle();
+    const QImage image = Paint(*box.viewport());
+    EXPECT_EQ(ColorAt(image, 150, 10), 0x78643Cu);
+    EXPECT_EQ(ColorAt(image, 150, box.RowHeight() + 10), 0xD3BF97u);
+    EXPECT_GT(Count(image, 0xFFFFFF), 10);
+    EXPECT_GT(Count(image, 0x000001), 10);
+    EXPECT_EQ(ColorAt(image, 150, 140), 0x78643Cu);
+  }
+}
+
+TEST_F(ListBoxTest, RowsAreHighEnoughForAFinger) {
+  EXPECT_GE(box.RowHeight(), 34);
+  box.SetItems({u"a"});
+  EXPECT_EQ(box.sizeHintForRow(0), box.RowHeight());
+}
+
+TEST_F(ListBoxTest, AFullListHasABarForAFinger) {
+  box.SetItems(std::vector<Text>(10000, u"G0 X1"));
+  box.show();
+  Settle();
+  EXPECT_TRUE(box.verticalScrollBar()->isVisible());
+  EXPECT_GE(box.verticalScrollBar()->width(), 30);
+}
+
+TEST_F(ListBoxTest, HandsItsTextsToWhoeverReadsTheModel) {
+  box.SetItems({u"G0 X1"});
+  EXPECT_EQ(box.model()->index(0, 0).data().toString(), "G0 X1");
+  EXPECT_FALSE(box.model()->index(0, 0).data(Qt::DecorationRole).isValid());
+}
+
+}  // namespace
+}  // namespace pnl::test

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "controls/zwc_list_ctrl.h"
+
+#include "controls/fonts.h"
+#include "support/widget_probe.h"
+
+namespace pnl::test {
+namespace {
+
+constexpr Color kBack = 0x402010;
+constexpr Color kText = 0xFFFFFF;
+constexpr Color kSelBack = 0x00A0FF;
+constexpr Color kSelText = 0x010203;
+constexpr Color kIcon = 0x00FF00;
+constexpr Color kOverlay = 0x0000FF;
+
+QPixmap Square(int side, QColor color) {
+  QPixmap pixmap(side, side);
+  pixmap.fill(color);
+  return pixmap;
+}
+
+class ZWCListCtrlTest : public testing::Test {
+ protected:
+  ZWCListCtrlTest() {
+    list.Setup(kBack, kText, kSelBack, kSelText, "Arial", 14, 400);
+    list.setFrameShape(QFrame::NoFrame);
+    list.setHeaderHidden(true);
+    list.header()->setStretchLastSection(false);
+    list.header()->setMinimumSectionSize(1);
+    list.Rows().SetColumns({{"Name", Qt::AlignLeft}, {"Size", Qt::AlignRight}, {"Date", Qt::AlignHCenter}});
+    for (int column = 0; column < 3; ++column) list.setColumnWidth(column, 100);
+    list.resize(400, 200);
+    list.show();
+    Settle();
+  }
+  void Fill(int rows) {
+    std::vector<ReportRow> all(static_cast<std::size_t>(rows));
+    for (ReportRow& row : all) row.cells = {{"HHHH", 0}, {"HHHH", 1}, {"HHHH", -1}};
+    list.Rows().SetRows(std::move(all));
+  }
+  void Select(int row) {
+    list.selectionModel()->select(list.Rows().index(row, 0),
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
+  QImage Draw() { return Paint(*list.viewport()); }
+  [[nodiscard]] QRect Row(int row) const { return {0, row * list.RowHeight(), 400, list.RowHeight()}; }
+  void GiveIcons() {
+    list.SetSmallImages({QSize(16, 16), {Square(16, Qt::green), Square(16, Qt::green), Square(16, Qt::red)}});
+  }
+  ZWCListCtrl list{1100, nullptr};
+};
+
+TEST_F(ZWCListCtrlTest, IsAReportWithRowsOfOneHeight) {
+  EXPECT_EQ(list.property("pnlKind").toString(), "report");
+  EXPECT_TRUE(list.uniformRowHeights());
+  EXPECT_FALSE(list.rootIsDecorated());
+}
+
+TEST_F(ZWCListCtrlTest, WithoutImagesTheFontAloneMakesTheHeight) {
+  const QFontMetrics metrics(list.font());
+  EXPECT_EQ(list.RowHeight(), CellHeight(metrics) + metrics.leading() + 5);
+  Fill(2);
+  Settle();
+  EXPECT_EQ(list.visualRect(list.Rows().index(0, 0)).height(), list.RowHeight());
+}
+
+TEST_F(ZWCListCtrlTest, AnImagePlusFourWinsWhenItIsHigher) {
+  const int text = list.RowHeight();
+  list.SetSmallImages({QSize(16, 10), {}});
+  EXPECT_EQ(list.RowHeight(), text);
+  list.SetSmallImages({QSize(32, 32), {}});
+  EXPECT_EQ(list.RowHeight(), 36);
+}
+
+TEST_F(ZWCListCtrlTest, ASelectedRowTakesTheSelectedColoursAcrossItsWholeLength) {
+  Fill(2);
+  Select(1);
+  const QImage image = Draw();
+  EXPECT_EQ(Count(image, kSelBack, Row(0)), 0);
+  EXPECT_EQ(Count(image, kBack, Row(1)), 0);
+  EXPECT_EQ(ColorAt(image, 399, Row(1).center().y()), kSelBack);
+  EXPECT_GT(Count(image, kSelText, Row(1)), 10);
+  EXPECT_GT(Count(image, kText, Row(0)), 10);
+}
+
+TEST_F(ZWCListCtrlTest, WithoutFullRowTheSelectionStartsBehindTheIcon) {
+  Fill(1);
+  GiveIcons();
+  Select(0);
+  EXPECT_EQ(ColorAt(Draw(), 1, 1), kSelBack);
+  list.SetFullRow(false);
+  list.viewport()->update();
+  const QImage image = Draw();
+  EXPECT_EQ(Count(image, kSelBack, QRect(0, 0, 16, list.RowHeight())), 0);
+  EXPECT_EQ(ColorAt(image, 1, 0), kBack);
+  EXPECT_EQ(ColorAt(image, 8, list.RowHeight() / 2), kIcon);
+  EXPECT_EQ(ColorAt(image, 17, 0), kSelBack);
+}
+
+TEST_F(ZWCListCtrlTest, TheStateImageStandsLeftOfTheIconAndTheOverlayOverIt) {
+  list.SetStateImages({QSize(8, 8), {Square(8, Qt::yellow)}});
+  GiveIcons();
+  ReportRow row;
+  row.cells = {{"a", 0}};
+  row.stateImage = 0;
+  row.overlay = 2;
+  list.Rows().SetRows({row});
+  const QImage image = Draw();
+  const int middle = list.RowHeight() / 2;
+  EXPECT_EQ(ColorAt(image, 4, middle), 0x00FFFFu);
+  EXPECT_EQ(ColorAt(image, 16, middle), kOverlay);
+}
+
+TEST_F(ZWCListCtrlTest, TheFirstColumnIsInsetByHalfTheOffset) {
+  Fill(1);
+  const int offset = 2 * QFontMetrics(list.font()).horizontalAdvance(' ');
+  const QRect ink = Ink(Draw(), kBack, QRect(0, 0, 100, list.RowHeight()));
+  EXPECT_NEAR(ink.left(), offset / 2 - 1, 2);
+}
+
+TEST_F(ZWCListCtrlTest, FurtherColumnsAreAlignedAsTheyAreTold) {
+  Fill(1);
+  const QImage image = Draw();
+  const int offset = 2 * QFontMetrics(list.font()).horizontalAdvance(' ');
+  const QRect right = Ink(image, kBack, QRect(100, 0, 100, list.RowHeight()));
+  EXPECT_NEAR(right.right(), 200 - offset, 2);
+  const QRect centre = Ink(image, kBack, QRect(200, 0, 100, list.RowHeight()));
+  EXPECT_NEAR(centre.center().x(), 250, 2);
+}
+
+TEST_F(ZWCListCtrlTest, SubItemsShowTheirImagesWhenAsked) {
+  Fill(1);
+  GiveIcons();
+  const QRect cell(100, 0, 100, list.RowHeight());
+  EXPECT_EQ(Count(Draw(), kIcon, cell), 0);
+  EXPECT_FALSE(list.SetSubItemImages(true));
+  EXPECT_TRUE(list.SetSubItemImages(true));
+  const QImage image = Draw();
+  EXPECT_EQ(Count(image, kIcon, cell), 16 * 16);
+  EXPECT_EQ(Count(image, kIcon, QRect(200, 0, 100, list.RowHeight())), 0) << "a cell without an image";
+}
+
+TEST_F(ZWCListCtrlTest, AFirstColumnTextThatDoesNotFitEndsInAnEllipsis) {
+  list.Rows().SetRows({ReportRow{{{"a name that is much too long for its column", -1}}, -1, -1, 0}});
+  const QImage image = Draw();
+  const int offset = 2 * QFontMetrics(list.font()).horizontalAdvance(' ');
+  const QRect ink = Ink(image, kBack, QRect(0, 0, 110, list.RowHeight()));
+  EXPECT_LE(ink.right(), 100 - offset);
+  // Three dots on the base line are all there is at the end.
+  const QRect end = Ink(image, kBack, QRect(ink.right() - 8, 0, 9, list.RowHeight()));
+  EXPECT_LE(end.height(), 3);
+}
+
+TEST_F(ZWCListCtrlTest, TheExtentHoldsAllRowsAndTheWidestText) {
+  QSize size(1, 1);
+  EXPECT_FALSE(list.GetExtent(size));
+  EXPECT_EQ(size, QSize(0, 0));
+  list.Rows().SetRows({ReportRow{{{"a"}}, -1, -1, 0}, ReportRow{{{"wide one"}}, -1, -1, 0}});
+  const QFontMetrics metrics(list.font());
+  EXPECT_TRUE(list.GetExtent(size));
+  const int text = metrics.horizontalAdvance("wide one") + 2 * metrics.averageCharWidth();
+  EXPECT_EQ(size, QSize(text, 2 * list.RowHeight()));
+  GiveIcons();
+  EXPECT_TRUE(list.GetExtent(size));
+  EXPECT_EQ(size.width(), text + 16);
+}
+
+TEST(LongReport, OnlyTheRowsThatShowAreDrawn) {
+  class Counting : public ZWCListCtrl {
+   public:
+    using ZWCListCtrl::ZWCListCtrl;
+    mutable int drawn = 0;
+    void DrawReportRow(QPainter& painter, const QRect& bounds, int row) const override {
+      ++drawn;
+      ZWCListCtrl::DrawReportRow(painter, bounds, row);
+    }
+  } list(1100, nullptr);
+  list.Rows().SetColumns({{"Name"}});
+  list.Rows().SetRows(std::vector<ReportRow>(10000, ReportRow{{{"a", -1}}, -1, -1, 0}));
+  list.resize(300, 200);
+  list.show();
+  Settle();
+  list.scrollToBottom();
+  list.drawn = 0;
+  Paint(*list.viewport());
+  EXPECT_GT(list.drawn, 3);
+  EXPECT_LE(list.drawn, 200 / list.RowHeight() + 2);
+  EXPECT_EQ(list.indexAt(QPoint(5, list.viewport()->height() - 2)).row(), 9999);
+}
+
+TEST(ReportModel, StaysConsistentUnderEveryChange) {
+  ReportModel model;
+  EXPECT_TRUE(model.IsConsistent());
+  model.SetColumns({{"Name"}, {"Size"}});
+  EXPECT_EQ(model.InsertRow(5, {{{"a"}}, -1, -1, 1}), 0);
+  EXPECT_EQ(model.InsertRow(0, {{{"b"}}, -1, -1, 2}), 0);
+  EXPECT_TRUE(model.IsConsistent());
+  EXPECT_TRUE(model.SetCell(1, 1, {"12", 3}));
+  EXPECT_EQ(model.Cell(1, 1).text, "12");
+  EXPECT_FALSE(model.SetCell(1, 2, {"x"}));
+  EXPECT_FALSE(model.SetCell(9, 0, {"x"}));
+  EXPECT_FALSE(model.ReplaceRow(-1, {}));
+  EXPECT_FALSE(model.DeleteRow(2));
+  EXPECT_TRUE(model.DeleteRow(0));
+  EXPECT_EQ(model.Row(0)->data, 1);
+  EXPECT_EQ(model.Row(1), nullptr);
+  EXPECT_EQ(model.Cell(7, 7).text, "");
+  model.Clear();
+  EXPECT_EQ(model.rowCount(), 0);
+  EXPECT_TRUE(model.IsConsistent());
+}
+
+}  // namespace
+}  // namespace pnl::test
