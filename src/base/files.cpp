@@ -17,6 +17,12 @@
 namespace pnl {
 namespace {
 
+/// A drive's own place is a folder even while its disc is missing: no file may take that name.
+bool IsDriveRoot(TextView panelPath) {
+  const auto path = ParsePanelPath(panelPath);
+  return path && path->names.empty();
+}
+
 bool HasEntry(const std::string& path) {
   struct stat info {};
   return lstat(path.c_str(), &info) == 0;
@@ -128,12 +134,14 @@ std::unique_ptr<FileReader> DiscFiles::OpenRead(TextView panelPath, FileStatus* 
 
 FileStatus DiscFiles::CanReplace(TextView panelPath) const {
   const auto host = HostPath(panelPath);
-  return host ? CheckReplace(*host) : FileStatus::kNotFound;
+  if (!host) return FileStatus::kNotFound;
+  return IsDriveRoot(panelPath) ? FileStatus::kIsFolder : CheckReplace(*host);
 }
 
 FileStatus DiscFiles::Replace(TextView panelPath, std::string_view bytes) {
   const auto host = HostPath(panelPath);
-  return host ? ReplaceFile(*host, bytes) : FileStatus::kNotFound;
+  if (!host) return FileStatus::kNotFound;
+  return IsDriveRoot(panelPath) ? FileStatus::kIsFolder : ReplaceFile(*host, bytes);
 }
 
 FileStatus DiscFiles::MakeFolder(TextView panelPath) {

