@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// An ini file of any bytes is read, changed and stored: what is stored reads back the same, and what nobody touched
+// stays.
+#include "base/ini_file.h"
+#include "fuzz_check.h"
+#include "memory_files.h"
+
+namespace {
+
+using pnl::CIniFile;
+using pnl::Text;
+using pnl::TextView;
+
+void CheckSame(CIniFile& a, CIniFile& b, TextView section) {
+  const auto names = a.GetKeyNames(section);
+  FUZZ_CHECK(names == b.GetKeyNames(section));
+  for (const Text& name : names) {
+    FUZZ_CHECK(a.ReadString(section, name, u"FAIL") == b.ReadString(section, name, u"OTHER"));
+    FUZZ_CHECK(a.ReadInt(section, name, -1) == b.ReadInt(section, name, -2));
+    FUZZ_CHECK(a.ReadBool(section, name, true) == b.ReadBool(section, name, false));
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  pnl::fuzz::MemoryFiles files;
+  files.content[u"a"] = std::string(reinterpret_cast<const char*>(data), size);
+  CIniFile ini(files);
+  FUZZ_CHECK(ini.ReadIniFile(u"a"));
+  const std::string stored = ini.Serialize();
+  // From here on what the file holds is UTF-8: half a surrogate pair, which UTF-16 can bring, has become U+FFFD.
+  ini.Parse(stored);
+  CIniFile again(files);
+  again.Parse(stored);
+  FUZZ_CHECK(again.Serialize() == stored);
+
+  for (const TextView section : {TextView(u""), TextView(u"PRIVATE"), TextView(u"a")}) {
+    CheckSame(ini, again, section);
+    const auto names = ini.GetKeyNames(section);
+    // A name and a value of the input's own choice, so that every odd character is written as well as read.
+    const Text start = names.empty() ? pnl::DecodeFile(stored).substr(0, 20) : names.back();
+    const Text odd = pnl::FromUtf8(pnl::ToUtf8(start));
+    ini.WriteString(odd, odd, odd);
+    ini.WriteString(section, u"New", odd);
+    ini.WriteInt(section, odd, 7);
+    if (!names.empty()) ini.DeleteKey(section, names.front());
+    again.Parse(ini.Serialize());
+    CheckSame(ini, again, section);
+    CheckSame(ini, again, odd);
+  }
+  FUZZ_CHECK(ini.WriteIniFile(u"b"));
+  FUZZ_CHECK(files.content[u"b"] == ini.Serialize());
+  return 0;
+}
