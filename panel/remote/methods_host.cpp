@@ -49,11 +49,11 @@ RpcResult HostApi(RemoteWorld& world, Params& params) {
 }
 
 RpcResult HostReturns(RemoteWorld& world, Params& params) {
-  const auto slot = params.Has("slot") ? SlotNumber(params.Raw("slot")) : std::nullopt;
+  const int slot = (params.Has("slot") ? SlotNumber(params.Raw("slot")) : std::nullopt).value_or(-1);
   if (slot != kMayOpenSlot && slot != kShowErrorSlot) params.Fail("slot", "0 or 13 is needed");
   const int value = params.Int("value");
   if (params.Problem()) return *params.Problem();
-  world.session.SetReturn(slot.value_or(kMayOpenSlot), value);
+  world.session.SetReturn(slot, value);
   return Done();
 }
 
