@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <system_error>
 
@@ -13,6 +14,8 @@ namespace pnl::sim {
 namespace {
 
 constexpr double kHighestLineNumber = 99'999'999;
+/// Beyond it lengths would lose the digits that matter, and arcs their ends.
+constexpr double kHighestValue = 1e9;
 
 bool IsBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
@@ -21,7 +24,7 @@ bool IsNumberPart(char16_t c) { return IsDigit(c) || c == u'.' || c == u'+' || c
 char16_t UpperAscii(char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; }
 bool IsLetter(char16_t c) { return UpperAscii(c) >= u'A' && UpperAscii(c) <= u'Z'; }
 
-/// Sign, digits, point, digits, with at least one digit; nothing else and nothing that is beyond a double.
+/// Sign, digits, point, digits, with at least one digit, and nothing else. What no double can hold is infinite.
 std::optional<double> ParseNumber(TextView digits) {
   std::string ascii(digits.begin(), digits.end());
   const bool negative = ascii.front() == '-';
@@ -30,6 +33,7 @@ std::optional<double> ParseNumber(TextView digits) {
   if (ascii.find_first_not_of('.') == std::string::npos) return std::nullopt;
   double value = 0;
   const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value, std::chars_format::fixed);
+  if (error == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();
   if (error != std::errc() || end != ascii.data() + ascii.size()) return std::nullopt;
   return negative ? -value : value;
 }
@@ -92,6 +96,7 @@ class Scanner {
     word.length = at_ - word.begin;
     const std::optional<double> value = ParseNumber(digits);
     if (!value) return Fail(FaultCode::kBadNumber, word.text, word.begin, word.length);
+    if (std::abs(*value) > kHighestValue) return Fail(FaultCode::kBadValue, word.text, word.begin, word.length);
     word.value = *value;
     Store(std::move(word));
   }

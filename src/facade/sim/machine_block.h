@@ -17,7 +17,7 @@ namespace pnl::sim {
 /// A letter and its number, as it stands in the block.
 struct Word {
   char16_t letter = u' ';  // upper case
-  double value = 0;        // finite
+  double value = 0;        // 1e9 at most, either way
   Text text;               // upper case, without blanks
   std::size_t begin = 0;
   std::size_t length = 0;

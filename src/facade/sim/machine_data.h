@@ -26,7 +26,8 @@ inline constexpr std::array<AxisFacts, kAxisCount> kAxes{{
     {u'Z', -400, 200, 6000},
 }};
 
-inline constexpr double kHighestFeed = 20000;   // mm/min
+inline constexpr double kHighestFeed = 20000;  // mm/min
+inline constexpr double kLowestFeed = 1e-4;
 inline constexpr double kHighestSpeed = 12000;  // rpm
 inline constexpr double kArcTolerance = 0.01;   // by how much start and end may differ in their distance to the centre
 inline constexpr double kLongestDwell = 86400;  // seconds

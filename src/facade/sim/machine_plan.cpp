@@ -62,8 +62,8 @@ class Planner {
   MaybeFault TakeFeed() {
     const Word* word = request_.Find(u'F');
     if (word == nullptr) return std::nullopt;
-    if (word->value <= 0) return FaultOf(FaultCode::kFeedZero, *word);
     const double feed = word->value * Unit();
+    if (feed < kLowestFeed) return FaultOf(FaultCode::kFeedZero, *word);
     if (feed > kHighestFeed) return FaultOf(FaultCode::kFeedTooHigh, *word);
     (modal_.feedMode == 95 ? modal_.feedPerRevolution : modal_.feedPerMinute) = feed;
     return std::nullopt;

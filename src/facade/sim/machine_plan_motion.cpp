@@ -124,6 +124,7 @@ class MovePlanner {
     if (input_.spindle.speed <= 0) return FeedFault(FaultCode::kSpindleStopped);
     const double feed = programmed * input_.spindle.speed;
     if (feed > kHighestFeed) return FeedFault(FaultCode::kFeedTooHigh);
+    if (feed < kLowestFeed) return FeedFault(FaultCode::kFeedZero);
     return feed;
   }
 

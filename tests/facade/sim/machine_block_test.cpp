@@ -29,6 +29,7 @@ const GoodRow kGoodRows[] = {
     {u"Q1 A2 G1.5", u"Q1 A2 G1.5"},
     {u"X-0", u"X-0"},
     {u"X123456789.123", u"X123456789.1"},
+    {u"X1000000000 Y-1000000000", u"X1000000000 Y-1000000000"},
 };
 
 TEST(MachineBlock, WordsAreLetterAndNumber) {
@@ -86,7 +87,9 @@ const BadRow kBadRows[] = {
     {u"X.", FaultCode::kBadNumber, u"X.", 0, 2},
     {u"X+", FaultCode::kBadNumber, u"X+", 0, 2},
     {u"X..5", FaultCode::kBadNumber, u"X..5", 0, 4},
-    {kHuge, FaultCode::kBadNumber, kHuge, 0, 401},
+    {kHuge, FaultCode::kBadValue, kHuge, 0, 401},
+    {u"G1 X1000000000.5", FaultCode::kBadValue, u"X1000000000.5", 3, 13},
+    {u"X-1000000001", FaultCode::kBadValue, u"X-1000000001", 0, 12},
     {u"G1 (to the left", FaultCode::kCommentOpen, u"(to the left", 3, 12},
     {u"N1 N2", FaultCode::kWordTwice, u"N2", 3, 2},
     {u"G1 N2", FaultCode::kUnusedWord, u"N2", 3, 2},
