@@ -112,10 +112,10 @@ TEST(JsonValues, ValuesComeThroughBothWays) {
   EXPECT_EQ(ToJson(Value(std::u16string(u"G0 X1"))), QJsonValue("G0 X1"));
   const Value record(std::vector<pnl::rig::Field>{{"channel", Value(std::int64_t{1})}});
   EXPECT_EQ(ToJson(record), QJsonValue(QJsonObject{{"channel", 1}}));
-  EXPECT_EQ(FromJson(QJsonValue(4)), Value(std::int64_t{4}));
-  EXPECT_EQ(FromJson(QJsonValue(4.5)), Value(4.5));
-  EXPECT_EQ(FromJson(QJsonValue("x")), Value(std::u16string(u"x")));
-  EXPECT_EQ(FromJson(QJsonValue(true)), std::nullopt);
+  EXPECT_EQ(std::get<std::int64_t>(*FromJson(QJsonValue(4))), 4);
+  EXPECT_EQ(std::get<double>(*FromJson(QJsonValue(4.5))), 4.5);
+  EXPECT_EQ(std::get<std::u16string>(*FromJson(QJsonValue("x"))), u"x");
+  EXPECT_FALSE(FromJson(QJsonValue(true)).has_value());
 }
 
 TEST(JsonValues, WhatJsonHasNoNumberForReadsNull) {
@@ -124,12 +124,12 @@ TEST(JsonValues, WhatJsonHasNoNumberForReadsNull) {
 }
 
 TEST(JsonValues, AVariableTakesOnlyValuesOfItsType) {
-  EXPECT_EQ(FromJson(QJsonValue(4), VariableType::kDouble), Value(4.0));
-  EXPECT_EQ(FromJson(QJsonValue(4.0), VariableType::kInt), Value(std::int64_t{4}));
-  EXPECT_EQ(FromJson(QJsonValue(4.5), VariableType::kInt), std::nullopt);
-  EXPECT_EQ(FromJson(QJsonValue(4294967296.0), VariableType::kInt), std::nullopt);
-  EXPECT_EQ(FromJson(QJsonValue("4"), VariableType::kInt), std::nullopt);
-  EXPECT_EQ(FromJson(QJsonValue(4), VariableType::kText), std::nullopt);
+  EXPECT_EQ(std::get<double>(*FromJson(QJsonValue(4), VariableType::kDouble)), 4.0);
+  EXPECT_EQ(std::get<std::int64_t>(*FromJson(QJsonValue(4.0), VariableType::kInt)), 4);
+  EXPECT_FALSE(FromJson(QJsonValue(4.5), VariableType::kInt).has_value());
+  EXPECT_FALSE(FromJson(QJsonValue(4294967296.0), VariableType::kInt).has_value());
+  EXPECT_FALSE(FromJson(QJsonValue("4"), VariableType::kInt).has_value());
+  EXPECT_FALSE(FromJson(QJsonValue(4), VariableType::kText).has_value());
 }
 
 }  // namespace

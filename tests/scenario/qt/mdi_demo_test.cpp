@@ -3,6 +3,8 @@
 // an error that can be read.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "scenario/qt/panel_client.h"
 #include "support/temp_folder.h"
 
@@ -47,8 +49,8 @@ TEST_F(DemoMdi, ATypedBlockRunsForAsLongAsItsFeedAsks) {
   EXPECT_EQ(Status(), 1);
   EXPECT_EQ(client.Text(mdi, kEdit), "");
   EXPECT_EQ(client.Finish(), 0);
-  EXPECT_EQ(temp.Read("root/P108/MDIC1.DAT"), "G1 X10 F600\r\n");
-  EXPECT_EQ(temp.Read("root/P108/MDAC1.DAT"), "G1 X10 F600\r\n");
+  EXPECT_EQ(temp.Read("root/CNC/USER/MDIC1.DAT"), "G1 X10 F600\r\n");
+  EXPECT_EQ(temp.Read("root/CNC/USER/MDAC1.DAT"), "G1 X10 F600\r\n");
 }
 
 TEST_F(DemoMdi, AWrongBlockIsRefusedWithAnErrorThatNamesItsWord) {
@@ -67,19 +69,97 @@ TEST_F(DemoMdi, AWrongBlockIsRefusedWithAnErrorThatNamesItsWord) {
   EXPECT_FALSE(Running());
 }
 
-TEST_F(DemoMdi, ABlockIsHeldCancelledAndLandsInTheHistoryOnly) {
+TEST_F(DemoMdi, AToolClosedWhileItsBlockRunsGivesTheChannelBackAtItsEnd) {
   Open();
-  Type("G1 X100 F100");
+  Type("G1 X100 F1000");
   client.Start(mdi);
-  client.Advance(1000);
-  // A feed hold comes from the operator's panel.
-  client.Call("tool.destroy", {{"window", 0}});
-  EXPECT_EQ(Status(), 2);
   EXPECT_EQ(client.Tell(mdi, kCommand, kClose, 1), 1);
   EXPECT_EQ(client.Window(mdi)["visible"], false);
-  client.Advance(120000);
+  client.Advance(3000);
+  EXPECT_EQ(Status(), 2);
+  EXPECT_EQ(client.Get("[1].E.PNLMODE"), 2);
+  client.Trace();
+  client.Advance(10000);
   EXPECT_EQ(Status(), 1);
-  EXPECT_EQ(client.Get("[1].E.PNLMODE"), 0);
+  EXPECT_EQ(client.TraceText({"cnc"}),
+            "cnc CogerPlcFree [0,1] 1\n"
+            "cnc SetMdi [1,0] 1\n"
+            "cnc EndMDIMode [1] 1\n"
+            "cnc SetMode [1,1] 1\n"
+            "cnc LiberarPlcFree [0,1,1] 1\n");
+}
+
+TEST_F(DemoMdi, AProgramStopInterruptsAndTheStartKeyGoesOn) {
+  Open();
+  Type("M0");
+  client.Start(mdi);
+  client.Advance(1000);
+  EXPECT_EQ(Status(), 4);
+  EXPECT_TRUE(Running());
+  client.Trace();
+  client.Start(mdi);
+  EXPECT_EQ(client.TraceText({"cnc"}), "cnc NextSingleStep [0] 0\n");
+  client.Advance(1000);
+  EXPECT_EQ(Status(), 1);
+  EXPECT_FALSE(Running());
+}
+
+TEST_F(DemoMdi, AnInterruptedBlockIsCancelledAndLandsInTheHistoryOnly) {
+  Open();
+  Type("M0");
+  client.Start(mdi);
+  client.Advance(1000);
+  const QJsonArray menu = client.Call("ui.menu", {{"bar", "main"}}).toArray();
+  ASSERT_EQ(menu.size(), 1);
+  EXPECT_EQ(menu[0].toObject()["text"], "Cancel block");
+  client.Call("ui.command", {{"window", mdi}, {"id", 40000}});
+  client.Advance(1000);
+  EXPECT_FALSE(Running());
+  EXPECT_EQ(client.Call("ui.menu", {{"bar", "main"}}), QJsonValue(QJsonValue::Null));
+  EXPECT_EQ(client.Finish(), 0);
+  EXPECT_EQ(temp.Read("root/CNC/USER/MDIC1.DAT"), "M0\r\n");
+  EXPECT_EQ(temp.Read("root/CNC/USER/MDAC1.DAT"), "");
+}
+
+TEST_F(DemoMdi, TheListIsSavedAsAProgramThroughThePanelsOwnChooser) {
+  Open();
+  for (const char* block : {"G0 X1", "M5"}) {
+    Type(block);
+    client.Start(mdi);
+    client.Advance(60000);
+  }
+  client.Tell(mdi, kCommand, kSwitchRole);
+  client.Call("ui.command", {{"window", mdi}, {"id", 32775}});
+  EXPECT_EQ(client.Call("xplr.record").toObject()["Title"], "Save program");
+  // The chooser belongs to the panel, whose own window is the one after the tool area.
+  const int panel = mdi - 1;
+  client.Call("ui.type", {{"window", panel}, {"text", "PART7.nc"}});
+  client.Call("ui.key", {{"window", panel}, {"key", "Enter"}});
+  EXPECT_EQ(temp.Read("root/CNC/PROGRAMS/PART7.nc"),
+            "(------------- CREATED BY MDI -------------)\n% PART7\nG0 X1\nM5\nM30");
+  EXPECT_EQ(client.Call("xplr.record").toObject()["File"], "PART7.nc");
+}
+
+TEST_F(DemoMdi, AProgramThatCantBeReplacedIsToldInABox) {
+  Open();
+  Type("M5");
+  client.Start(mdi);
+  client.Advance(1000);
+  client.Tell(mdi, kCommand, kSwitchRole);
+  temp.Write("root/CNC/PROGRAMS/OLD.nc", "M30");
+  std::filesystem::permissions(temp.Path() / "root/CNC/PROGRAMS/OLD.nc", std::filesystem::perms::owner_read);
+  client.Call("ui.command", {{"window", mdi}, {"id", 32775}});
+  client.Trace();
+  const int panel = mdi - 1;
+  client.Call("ui.type", {{"window", panel}, {"text", "OLD.nc"}});
+  client.Call("ui.key", {{"window", panel}, {"key", "Enter"}});
+  // The panel asks whether the file is to be replaced; the safe answer has the focus.
+  client.Call("ui.key", {{"window", panel}, {"key", "Left"}});
+  client.Call("ui.key", {{"window", panel}, {"key", "Space"}});
+  const std::string boxes = client.TraceText({"box"});
+  EXPECT_EQ(boxes.substr(0, 12), "box \"error\" ") << boxes;
+  EXPECT_NE(boxes.find("OLD.nc"), std::string::npos) << boxes;
+  EXPECT_EQ(temp.Read("root/CNC/PROGRAMS/OLD.nc"), "M30");
 }
 
 TEST_F(DemoMdi, SettingsAndListsSurviveARestart) {
@@ -100,7 +180,7 @@ TEST_F(DemoMdi, SettingsAndListsSurviveARestart) {
   again.Tell(window, kCommand, kSwitchRole, 0);
   EXPECT_EQ(again.Control(window, kList)["items"], QJsonValue(QJsonArray({"G0 X1", "G0 X2"})));
   EXPECT_EQ(again.Finish(), 0);
-  EXPECT_EQ(temp.Read("root/P108/MDIC1.DAT"), "G0 X2\r\nG0 X1\r\n");
+  EXPECT_EQ(temp.Read("root/CNC/USER/MDIC1.DAT"), "G0 X2\r\nG0 X1\r\n");
 }
 
 TEST_F(DemoMdi, ThePanelIsCapturedWithItsTool) {
