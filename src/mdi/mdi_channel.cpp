@@ -15,7 +15,7 @@ constexpr std::int32_t kPanelModeMdi = 2;
 
 /// Holds the channel in MDI state, unless the manual mode can't be set to 0.
 void HoldChannel(MdiSession& session, MDIDATA_ST& record) {
-  const int channel = record.Channel;
+  const std::int8_t channel = record.Channel;
   ZCVariable manualMode = session.ChannelVariable(channel, u"E.MANUALMODE");
   record.SavedManualMode = ReadPresent(manualMode).value_or(record.SavedManualMode);
   if (!manualMode.IsValid() || manualMode.WriteInt(0) != 0) return;
@@ -27,7 +27,7 @@ void HoldChannel(MdiSession& session, MDIDATA_ST& record) {
 }
 
 void ReleaseChannel(MdiSession& session, MDIDATA_ST& record) {
-  const int channel = record.Channel;
+  const std::int8_t channel = record.Channel;
   session.Kapi().SetMdi(channel, 0);
   session.Kapi().EndMDIMode(channel);
   session.Kapi().SetMode(channel, record.SavedManualMode);

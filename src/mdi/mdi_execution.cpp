@@ -44,9 +44,10 @@ std::intptr_t OnCycleStart(MdiSession& session, const Message& message) {
   if (message.second == 0) return kDone;
   // Only the channel's byte is read: a host's record may end behind it.
   std::int8_t asked = 0;
-  std::memcpy(&asked, reinterpret_cast<const char*>(message.second) + offsetof(PnlCycleStart, channel), 1);
+  const auto* record = reinterpret_cast<const char*>(message.second);  // NOLINT(performance-no-int-to-ptr)
+  std::memcpy(&asked, record + offsetof(PnlCycleStart, channel), 1);
   if (message.first == 1) return mdi::Start(session, asked, true);
-  const int channel = asked == 0 ? session.CurrentChannel : asked;
+  const std::int8_t channel = asked == 0 ? session.CurrentChannel : asked;
   return mdi::IsInspecting(session, channel) ? kCycleStartDuringInspection : kCycleStartAllowed;
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kOwnMark = u"OPT0130";
 
 Text SelectedInEdit(const MdiView& view) {
-  const Text text = view.EditText();
+  Text text = view.EditText();
   const int length = static_cast<int>(text.size());
   const MdiSelection selection = view.EditSelection();
   const int start = std::clamp(std::min(selection.start, selection.end), 0, length);
