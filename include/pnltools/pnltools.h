@@ -262,8 +262,10 @@ PNL_API int PnlMenuItemAt(uint32_t menu, int index, PnlMenuItem* item);
 /* ---------------------------------------------------------------- language and CNC */
 
 /*
- * The language of texts, menus, dialogs and bitmaps: "en", "es", or "none" (text n reads "Tn"). Answers non-zero when
- * that pack was found. Call it before the first tool; a tool that is open keeps what it has.
+ * The language of texts, menus, dialogs and bitmaps: "en" (the start value), "es", or "none" (text n reads "Tn").
+ * Answers non-zero when that pack was found, else the language stays as it was. Call it before the first tool; a tool
+ * that is open keeps what it has. Packs lie in share/pnltools/lang beside the library; the environment variable
+ * PNLTOOLS_LANG_DIR names another folder.
  */
 PNL_API int PnlSetLanguage(const char* code);
 /* The SVG of a bitmap by number, valid until the language changes. Answers non-zero when there is one. */
@@ -272,7 +274,9 @@ PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);
 /*
  * Which CNC the tools work with: "sim" (the start value) or the path of a backend library, which exports
  * `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)` (headers in pnltools/backend/).
- * Call it before the first tool. Answers non-zero on success; on failure the backend stays as it was.
+ * Answers non-zero on success; on failure, or while a tool is open, the backend stays as it was. Drives of the panel's
+ * paths come from the environment variable PNLTOOLS_DRIVES ("C=/srv/cnc;D=/media/usb"); without it drive C: is the
+ * folder pnltools among the user's data.
  */
 PNL_API int PnlSetBackend(const char* name);
 
