@@ -10,6 +10,7 @@ namespace pnl::sim {
 namespace {
 /// Errors of this source carry two numbers in the place of the message text.
 constexpr std::int32_t kSourceWithCode = 3;
+constexpr std::int32_t kSourceWithOwnText = 15;  // messageText is the title
 }  // namespace
 
 SimulatedCnc::SimulatedCnc(WindowSystem& windows, Timers& timers, Files& files, DriveMap& drives)
@@ -108,14 +109,15 @@ void SimulatedCnc::BlockMark(std::u16string_view block, std::u16string_view mark
 
 Text SimulatedCnc::OperatorText(const ErrorRecord& record) const {
   const auto number = record.Get<std::int32_t>(error_field::kNumber.offset);
+  const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
+  Text own;
+  if (source != kSourceWithCode) own = record.GetText(error_field::kMessageText.offset, error_field::kMessageText.size);
+  if (!own.empty() && own.front() == u'\n') own.erase(0, 1);
+  // Such a record says itself what happened; the table's text of its number may be that of a later error.
+  if (source == kSourceWithOwnText && !own.empty()) return own;
   const Text* known = texts_.Find(ErrorTextFunctionName(ErrorTextFunction::kErrorToTxt), number);
   if (known != nullptr && known->size() > 1) return known->substr(1);
-  if (record.Get<std::int32_t>(error_field::kSource.offset) != kSourceWithCode) {
-    Text own = record.GetText(error_field::kMessageText.offset, error_field::kMessageText.size);
-    if (!own.empty() && own.front() == u'\n') own.erase(0, 1);
-    if (!own.empty()) return own;
-  }
-  return Format(u"Error %d", number);
+  return own.empty() ? Format(u"Error %d", number) : own;
 }
 
 void SimulatedCnc::MachineSide::Define(TextView name, rig::VariableType type, const rig::Value& value) {
