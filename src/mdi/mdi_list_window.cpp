@@ -86,7 +86,8 @@ void ZCMDIList::OnFocusChanged(QWidget* now) {
   if (taker && !inOwner && taker->isVisible()) taker->setFocus(Qt::OtherFocusReason);
 }
 
-bool ZCMDIList::OnKey(const QKeyEvent& event) {
+bool ZCMDIList::OnKey(QKeyEvent& event) {
+  event.accept();
   switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -106,7 +107,7 @@ bool ZCMDIList::OnKey(const QKeyEvent& event) {
 
 bool ZCMDIList::eventFilter(QObject* watched, QEvent* event) {
   if (watched != list_) return ToolDialog::eventFilter(watched, event);
-  if (event->type() == QEvent::KeyPress) return OnKey(static_cast<const QKeyEvent&>(*event));
+  if (event->type() == QEvent::KeyPress) return OnKey(static_cast<QKeyEvent&>(*event));
   if (event->type() == QEvent::ShortcutOverride) {
     // The list's own keys go before the panel's shortcuts.
     const int key = static_cast<QKeyEvent*>(event)->key();

@@ -55,7 +55,7 @@ class ZCMDIList : public ToolDialog {
 
  private:
   void OnFocusChanged(QWidget* now);
-  [[nodiscard]] bool OnKey(const QKeyEvent& event);
+  [[nodiscard]] bool OnKey(QKeyEvent& event);
   const QPointer<const QWidget> owner_;
   MdiDropList verdict_;
   ListBox* list_;

@@ -95,16 +95,18 @@ std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {
   return answer;
 }
 
-bool ZCMDIWindow::OnKeyDown(int key) {
-  const auto logicKey = LogicKey(key);
+bool ZCMDIWindow::OnKeyDown(QKeyEvent& event) {
+  const auto key = LogicKey(event.key());
   bool consumed = false;
-  if (logicKey) Tell([&](MdiExecution& logic) { consumed = logic.OnKey(*logicKey); });
+  if (key) Tell([&](MdiExecution& logic) { consumed = logic.OnKey(*key); });
+  // A key that isn't accepted goes on to the parents.
+  if (consumed) event.accept();
   return consumed;
 }
 
 bool ZCMDIWindow::event(QEvent* event) {
   const QEvent::Type type = event->type();
-  if (type == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent*>(event)->key())) return true;
+  if (type == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
   if (type != QEvent::FocusIn) return ToolWindow::event(event);
   const bool handled = ToolWindow::event(event);
   Tell([](MdiExecution& logic) { logic.OnWindowFocus(); });
@@ -113,7 +115,7 @@ bool ZCMDIWindow::event(QEvent* event) {
 
 bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == edit_ || watched == list_) {
-    if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent*>(event)->key());
+    if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
     // The panel's shortcuts come behind the keys of the command line.
     if (event->type() == QEvent::ShortcutOverride && LogicKey(static_cast<QKeyEvent*>(event)->key())) event->accept();
     return false;

@@ -83,7 +83,7 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   /// window may be touched behind it: the intention may have ended in its destruction.
   template <typename Intention>
   void Tell(Intention intention);
-  [[nodiscard]] bool OnKeyDown(int key);
+  [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
   void NoteEndedDropList();
   void UseColors();
 

@@ -69,7 +69,6 @@ inline void Activate(QWidget& window) {
 /// A key to the widget; true when it, or one of its parents, took it.
 inline bool PressKey(QWidget* widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
   QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-  press.ignore();
   QApplication::sendEvent(widget, &press);
   return press.isAccepted();
 }

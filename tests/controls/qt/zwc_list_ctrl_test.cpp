@@ -186,7 +186,7 @@ TEST(LongReport, OnlyTheRowsThatShowAreDrawn) {
   Paint(*list.viewport());
   EXPECT_GT(list.drawn, 3);
   EXPECT_LE(list.drawn, 200 / list.RowHeight() + 2);
-  EXPECT_EQ(list.indexAt(QPoint(5, list.viewport()->height() - 2)).row(), 9999);
+  EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.Rows().index(9999, 0)).center()));
 }
 
 TEST(ReportModel, StaysConsistentUnderEveryChange) {
