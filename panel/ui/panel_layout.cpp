@@ -29,7 +29,8 @@ double ScaleOf(QSize size, QSize one) {
   return std::clamp(scale, 1.0, kMaxScale);
 }
 
-Sizes SizesOf(double scale, bool wide, int touch) {
+/// columnMost: what the column may take at most of a wide window.
+Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
   const auto scaled = [scale](int pixels) { return static_cast<int>(pixels * scale + 0.5); };
   Sizes sizes{};
   sizes.status = std::max(scaled(44), touch);
@@ -40,7 +41,7 @@ Sizes SizesOf(double scale, bool wide, int touch) {
   sizes.operatorKeys = std::max(scaled(54), touch);
   // Two paging keys stand side by side in it.
   sizes.side = std::max(scaled(100), 2 * touch + kGap);
-  sizes.column = wide ? scaled(330) : 0;
+  sizes.column = wide ? std::min(scaled(330), columnMost) : 0;
   return sizes;
 }
 
@@ -85,7 +86,7 @@ PanelLayout LayOutWithin(QSize window, int touch) {
   layout.window = window.expandedTo(kLeastWindow);
   layout.scale = ScaleOf(layout.window, QSize(800, 600));
   layout.wide = layout.window.width() >= 1200 && layout.window.height() >= 700;
-  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch);
+  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch, layout.window.width() * 3 / 10);
   const int left = layout.wide ? sizes.column + 2 * kGap : kGap;
   const int top = Above(sizes, layout.wide) + kGap;
   layout.toolArea = QRect(left, top, std::max(1, layout.window.width() - left - sizes.side - 2 * kGap),
@@ -99,7 +100,7 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
   const QSize area = toolArea.expandedTo(QSize(1, 1));
   layout.scale = ScaleOf(area, QSize(800, 600));
   layout.wide = area.width() >= 1100 && area.height() >= 560;
-  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch);
+  const Sizes sizes = SizesOf(layout.scale, layout.wide, touch, area.width() * 9 / 20);
   const int left = layout.wide ? sizes.column + 2 * kGap : kGap;
   const int top = Above(sizes, layout.wide) + kGap;
   layout.window = QSize(left + area.width() + 2 * kGap + sizes.side, top + area.height() + Below(sizes) + kGap)

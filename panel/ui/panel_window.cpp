@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -78,12 +79,15 @@ void PanelWindow::Connect() {
 void PanelWindow::MakeShortcuts() {
   for (const ShortcutRow& row : ShortcutTable()) {
     for (const QKeySequence& keys : KeysOf(row.action)) {
+      panelKeys_ << keys;
       auto* shortcut = new QShortcut(keys, this);
       // A held start key starts once; only the override may repeat.
       shortcut->setAutoRepeat(row.action == Action::kOverrideDown || row.action == Action::kOverrideUp);
       connect(shortcut, &QShortcut::activated, this, [this, action = row.action] { Trigger(action); });
     }
   }
+  // A tool's line edit takes Enter whatever is held with it; the start key must reach the panel all the same.
+  qApp->installEventFilter(this);
   const auto soft = [this](const QKeySequence& keys, void (PanelWindow::*press)(int), int slot) {
     auto* shortcut = new QShortcut(keys, this);
     shortcut->setAutoRepeat(false);
@@ -91,6 +95,18 @@ void PanelWindow::MakeShortcuts() {
   };
   for (int slot = 0; slot < kMainKeys; ++slot) soft(MainKey(slot), &PanelWindow::PressMain, slot);
   for (int slot = 0; slot < kSideKeys; ++slot) soft(SideKey(slot), &PanelWindow::PressSide, slot);
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
+    if (panelKeys_.contains(QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(key->key()))))) {
+      event->ignore();
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void PanelWindow::SetTabOrder() {

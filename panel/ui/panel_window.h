@@ -3,6 +3,8 @@
 // state of the session and the operator in UpdateDisplay. It decides nothing that could be decided without a window.
 #pragma once
 
+#include <QKeySequence>
+#include <QList>
 #include <QWidget>
 #include <optional>
 
@@ -69,6 +71,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Connect();
@@ -87,6 +90,7 @@ class PanelWindow : public QWidget, public PanelFace {
   HostSession& session_;
   Operator& op_;
   PanelLayout layout_;
+  QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
   int frontTool_ = -1;

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+// The host's side of the library: what the callbacks leave behind, and which slots are offered. A tool made by the
+// library makes the calls.
+#include "host/host_session.h"
+
+#include <gtest/gtest.h>
+#include <pnltools/rig.h>
+
+#include <QApplication>
+
+#include "panel/machine/qt/demo_machine.h"
+
+namespace panel {
+namespace {
+
+constexpr int kOpen = 2;
+constexpr int kClose = 5;
+constexpr int kSwitchRole = 8;
+
+class HostSessionTest : public ::testing::Test {
+ protected:
+  HostSessionTest() {
+    DemoMachine();
+    area_.resize(800, 600);
+    area_.show();
+    session_.SetToolArea(&area_);
+    session_.SetMainWindow(&main_);
+    QObject::connect(&session_, &HostSession::Called, &session_, [this](const HostCall& call) {
+      calls_.emplace_back(kSlotNames.at(static_cast<std::size_t>(call.slot)));
+    });
+    session_.OfferAll();
+  }
+  PnlWindow Mdi() { return session_.LoadTool(PNL_TOOL_MDI, session_.ToolArea()); }
+  intptr_t Command(PnlWindow window, int code) { return PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, code, 1); }
+  [[nodiscard]] bool Heard(const std::string& name) const {
+    return std::find(calls_.begin(), calls_.end(), name) != calls_.end();
+  }
+
+  QWidget area_;
+  QWidget main_;
+  HostSession session_;
+  std::vector<std::string> calls_;
+};
+
+TEST_F(HostSessionTest, ParentAndMainWindowAreTwoWindows) {
+  EXPECT_NE(session_.ToolArea(), 0);
+  EXPECT_NE(session_.MainWindow(), 0);
+  EXPECT_NE(session_.ToolArea(), session_.MainWindow());
+  EXPECT_EQ(HostSession::Current(), &session_);
+}
+
+TEST_F(HostSessionTest, ToolsThatDoNotExistAreZeroAndNotKept) {
+  for (const int tool : {-1, 7, 1000000}) EXPECT_EQ(session_.LoadTool(tool, session_.ToolArea()), 0) << tool;
+  EXPECT_TRUE(session_.ToolWindows().empty());
+  EXPECT_EQ(session_.ToolWindow(PNL_TOOL_MDI), 0);
+}
+
+TEST_F(HostSessionTest, TwoToolsOfOneNumberAreTwoWindowsAndTheLastOneCounts) {
+  const PnlWindow first = Mdi();
+  const PnlWindow second = Mdi();
+  ASSERT_NE(first, 0);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(session_.ToolWindow(PNL_TOOL_MDI), second);
+  EXPECT_EQ(session_.ToolWindows(), (std::vector<PnlWindow>{first, second}));
+  session_.DestroyTool(second);
+  EXPECT_FALSE(PnlIsAlive(second));
+  EXPECT_EQ(session_.ToolWindow(PNL_TOOL_MDI), first);
+  session_.CloseAll();
+  EXPECT_TRUE(session_.ToolWindows().empty());
+}
+
+TEST_F(HostSessionTest, AnOpenedToolIsInFrontUntilItCloses) {
+  const PnlWindow mdi = Mdi();
+  EXPECT_EQ(session_.FrontTool(), -1);
+  ASSERT_EQ(Command(mdi, kOpen), 0);
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_MDI));
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+  EXPECT_TRUE(Heard("HostToolOpening"));
+  EXPECT_NE(session_.SideMenu(), 0u);
+  EXPECT_EQ(session_.SideMenuTool(), PNL_TOOL_MDI);
+  EXPECT_EQ(session_.MainMenu(), 0u);
+  Command(mdi, kSwitchRole);
+  EXPECT_GT(PnlMenuItemCount(session_.MainMenu()), 0);
+  EXPECT_EQ(session_.SideMenu(), 0u);
+  Command(mdi, kClose);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  EXPECT_TRUE(Heard("HostToolClosed"));
+}
+
+TEST_F(HostSessionTest, ADestroyedToolIsNotOpenAnyMore) {
+  const PnlWindow mdi = Mdi();
+  Command(mdi, kOpen);
+  session_.DestroyTool(mdi);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  EXPECT_EQ(session_.FrontTool(), -1);
+}
+
+TEST_F(HostSessionTest, SlotsThatAreNotOfferedAreNotHeard) {
+  session_.Offer({1});
+  const PnlWindow mdi = Mdi();
+  EXPECT_EQ(Command(mdi, kOpen), 0);
+  EXPECT_EQ(calls_, std::vector<std::string>{"HostToolOpening"});
+  calls_.clear();
+  session_.Offer({});
+  Command(mdi, kClose);
+  Command(mdi, kOpen);
+  EXPECT_TRUE(calls_.empty());
+}
+
+TEST_F(HostSessionTest, TheChannelIsTakenAndLetGoByNotice) {
+  std::vector<std::pair<qint64, int>> notices;
+  QObject::connect(&session_, &HostSession::MessageArrived, &session_,
+                   [&notices](std::uint32_t message, qint64 first, qint64 second) {
+                     if (message != PNL_MSG_TOOL_NOTIFY) return;
+                     notices.emplace_back(
+                         first, reinterpret_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel);
+                   });
+  const PnlWindow mdi = Mdi();
+  Command(mdi, kOpen);
+  Command(mdi, kClose);
+  EXPECT_EQ(notices, (std::vector<std::pair<qint64, int>>{{41, 1}, {42, 1}}));
+}
+
+TEST_F(HostSessionTest, ASlotNameStandsForEverySlot) {
+  EXPECT_STREQ(kSlotNames[0], "HostMayOpenTool");
+  EXPECT_STREQ(kSlotNames[7], "HostShowMessage");
+  EXPECT_STREQ(kSlotNames[18], "HostOpenMachiningCalculator");
+}
+
+}  // namespace
+}  // namespace panel
