@@ -40,6 +40,12 @@ QString RootFolder(const panel::Options& options) {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/pnlpanel");
 }
 
+/// Without a display Qt would end the process; the operator shall read why instead.
+bool LacksDisplay(const panel::Options& options) {
+  return !options.headless && qEnvironmentVariableIsEmpty("DISPLAY") &&
+         qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 /// Puts drive C:, machine, clock and language in place. What is wrong, empty if nothing is.
 QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
   const QString root = RootFolder(options);
@@ -145,6 +151,7 @@ int main(int argc, char** argv) {
     std::fputs(qPrintable(panel::ShortcutPage()), stdout);
     return 0;
   }
+  if (LacksDisplay(options)) return Refuse(QStringLiteral("there is no display; --headless draws off screen"));
   if (options.headless) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("pnlpanel"));
