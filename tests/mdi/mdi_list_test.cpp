@@ -170,6 +170,17 @@ TEST_F(MdiList, AChangeThatWasRefusedAndCorrectedStillReplacesItsItem) {
   EXPECT_THAT(view->Items(), ElementsAre("A", "B2", "C"));
 }
 
+TEST_F(MdiList, AChangeReplacesItsOwnItemWhateverIsSelectedMeanwhile) {
+  OpenAbc();
+  view->selected = 1;
+  Menu(32772);
+  Type("B2");
+  view->selected = 2;
+  Start();
+  Status(1);
+  EXPECT_THAT(view->Items(), ElementsAre("A", "B2", "C"));
+}
+
 TEST_F(MdiList, AnAbortedItemOfAnEditStaysInTheEdit) {
   OpenAbc();
   Menu(32773);
@@ -331,6 +342,15 @@ TEST_F(MdiList, MovingAfterADeletionLosesNothingOfTheStore) {
   std::string stored = Stored();
   EXPECT_EQ(stored.size(), 9u);
   for (const char item : {'A', 'B', 'C'}) EXPECT_NE(stored.find(item), std::string::npos);
+}
+
+TEST_F(MdiList, MovingUpFromTheTopGoesToTheEndOfTheStoreTooAlthoughItIsLonger) {
+  OpenAbc();
+  Menu(32771);
+  view->selected = 0;
+  Menu(40003);
+  EXPECT_THAT(view->Items(), ElementsAre("C", "B"));
+  EXPECT_EQ(Stored(), "B\r\nC\r\nA\r\n");
 }
 
 TEST_F(MdiList, EnterOnAnItemChangesItAndWithoutOneBeginsANewOne) {

@@ -220,6 +220,15 @@ TEST_F(MdiMenus, TheMdaBarsOfAnInterruptionHoldCancelOrTheMdaMenu) {
   EXPECT_THAT(Enabled(), IsEmpty());
 }
 
+TEST_F(MdiMenus, InAnInterruptionTheBarIsNotUpdated) {
+  OpenMda("A\r\n");
+  Interrupt("");
+  Forget();
+  tool->OnListFocus();
+  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(Enabled(), IsEmpty());
+}
+
 struct BlackBoxRow {
   bool mda;
   int possible;

@@ -216,6 +216,16 @@ TEST_F(MdiOpening, Code4WhileABlockRunsLeavesTheEditReadOnly) {
   EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
 }
 
+TEST_F(MdiOpening, Code4WhileABlockRunsKeepsTheBlockThatWasSent) {
+  Open();
+  Type("M3");
+  Start();
+  Type("not sent");
+  Command(4);
+  Status(1);
+  EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
+}
+
 TEST_F(MdiOpening, Code5GivesAnIdleChannelBackInOrder) {
   Open();
   Forget();
