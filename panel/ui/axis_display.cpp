@@ -68,7 +68,8 @@ void AxisDisplay::paintEvent(QPaintEvent*) {
     return;
   }
   const int count = static_cast<int>(axes_.size());
-  const bool columns = width() > height();
+  // A number is some five times as broad as high, so rows fit until the field is broader than a band.
+  const bool columns = width() > 3 * height();
   constexpr int kGap = 4;
   for (int i = 0; i < count; ++i) {
     const int length = (columns ? width() : height()) + kGap;

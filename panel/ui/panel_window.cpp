@@ -106,6 +106,11 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
+  const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+  if (shownOrHidden && (watched == chooser_ || watched == question_)) {
+    mainBar_->setEnabled(!Covered());
+    sideBar_->setEnabled(!Covered());
+  }
   return QWidget::eventFilter(watched, event);
 }
 
@@ -150,8 +155,10 @@ void PanelWindow::LayOut() {
   keys_->setGeometry(layout_.operatorKeys);
   // The covers leave status, axes and the machine's keys free: the operator must be able to hold the axes any time.
   const int left = layout_.toolArea.left();
+  // A small panel gives them the room of the soft keys too, which rest meanwhile.
+  const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const QRect cover(left, layout_.toolArea.top(), layout_.sideBar.right() + 1 - left,
-                    layout_.mainBar.bottom() + 1 - layout_.toolArea.top());
+                    bottom + 1 - layout_.toolArea.top());
   chooser_->setGeometry(cover);
   question_->setGeometry(cover);
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };

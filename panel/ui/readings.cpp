@@ -33,9 +33,9 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading) {
   }
   const int most = std::min(value.height(), 64);
   // As for the axes: the size follows a number of usual length and not the digits of the moment.
-  const QString measure = reading.value.size() > 5 ? reading.value : QStringLiteral("00000");
+  const int usual = theme::FittingFont(QStringLiteral("00000"), value.width(), most, 12, true).pixelSize();
   theme::DrawText(painter, value, Qt::AlignRight | Qt::AlignVCenter, reading.value,
-                  theme::FittingFont(measure, value.width(), most, 12, true),
+                  theme::FittingFont(reading.value, value.width(), usual, 12, true),
                   QColor(reading.stands ? theme::kAmber : theme::kText));
 }
 

@@ -279,8 +279,11 @@ TEST_F(PanelRequestTest, WhileTheChooserStandsOnlyTheMachinesKeysWork) {
   EXPECT_FALSE(window_->Asking().Stands());
   window_->PressMain(0);
   EXPECT_TRUE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->MainBar().isEnabled());
   Do(Action::kSingleBlock);
   EXPECT_TRUE(op_->Machine().singleBlock);
+  window_->Chooser().Leave();
+  EXPECT_TRUE(window_->MainBar().isEnabled());
 }
 
 TEST_F(PanelWindowTest, TheShortcutsWorkWhileTheCommandLineHasTheFocus) {
