@@ -82,8 +82,9 @@ QFont FittingFont(const QString& text, int width, int pixels, int least, bool bo
   int size = pixels;
   const int needed = QFontMetrics(Font(size, bold)).horizontalAdvance(text);
   // Widths grow as sizes do, nearly: one step by proportion, the rest by trying.
-  if (needed > width && needed > 0) size = std::max(least, size * width / needed + 1);
-  while (size > least && QFontMetrics(Font(size, bold)).horizontalAdvance(text) > width) --size;
+  // Advances are rounded: a text exactly as wide as its room may be a fraction wider, and would be cut.
+  if (needed >= width && needed > 0) size = std::max(least, size * width / needed + 1);
+  while (size > least && QFontMetrics(Font(size, bold)).horizontalAdvance(text) >= width) --size;
   return Font(std::max(size, least), bold);
 }
 
