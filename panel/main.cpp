@@ -15,6 +15,7 @@
 #include "host/operator.h"
 #include "options.h"
 #include "remote/remote_control.h"
+#include "remote/standard_streams.h"
 #include "ui/panel_window.h"
 #include "ui/program_desk.h"
 #include "ui/theme.h"
@@ -139,6 +140,7 @@ int Run(QApplication& application, const panel::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  panel::KeepStandardDescriptors();
   const auto parsed = panel::ParseOptions(ArgumentsOf(argc, argv));
   if (const auto* error = std::get_if<panel::OptionError>(&parsed)) return Refuse(error->text);
   auto options = std::get<panel::Options>(parsed);

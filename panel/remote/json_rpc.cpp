@@ -56,7 +56,7 @@ QByteArray AnswerBatch(const QJsonArray& batch, const RpcHandler& handler) {
     return OneLine(InvalidRequest(QString("a batch holds at most %1 requests").arg(kLongestBatch)));
   }
   QJsonArray replies;
-  for (const QJsonValue& request : batch) {
+  for (const QJsonValue request : batch) {
     if (const auto reply = AnswerRequest(request, handler)) replies.append(*reply);
   }
   return replies.isEmpty() ? QByteArray() : QJsonDocument(replies).toJson(QJsonDocument::Compact);

@@ -92,7 +92,7 @@ std::intptr_t MessageArguments::KeepObject(Params& params, const QString& name, 
   }
   std::intptr_t address = 0;
   if (key == "text") {
-    address = KeepText(object.Text(key));
+    address = reinterpret_cast<std::intptr_t>(KeepText(object.Text(key)));
   } else if (key == "start") {
     Params start(object.Object(key), name + ".start.");
     const auto channel = static_cast<std::int8_t>(start.Integer("channel", -128, 127));
@@ -113,18 +113,18 @@ std::intptr_t MessageArguments::KeepObject(Params& params, const QString& name, 
   return address;
 }
 
-std::intptr_t MessageArguments::KeepText(const QString& text) {
+const char16_t* MessageArguments::KeepText(const QString& text) {
   std::vector<char16_t>& kept = texts_.emplace_back(std::max(static_cast<std::size_t>(text.size()) + 1, kRoomOfText));
   std::copy_n(text.toStdU16String().c_str(), text.size(), kept.begin());
-  return reinterpret_cast<std::intptr_t>(kept.data());
+  return kept.data();
 }
 
 std::intptr_t MessageArguments::KeepFile(Params& file) {
   ShowFileRecord record{};
   record.backColor = static_cast<std::uint32_t>(file.Integer("back", 0, 0xFFFFFFFF, 0));
   record.textColor = static_cast<std::uint32_t>(file.Integer("text", 0, 0xFFFFFFFF, 0));
-  record.file = reinterpret_cast<const char16_t*>(KeepText(file.Text("file", QString())));
-  record.title = reinterpret_cast<const char16_t*>(KeepText(file.Text("title", QString())));
+  record.file = KeepText(file.Text("file", QString()));
+  record.title = KeepText(file.Text("title", QString()));
   return AddressOf(files_.emplace_back(record));
 }
 

@@ -24,7 +24,7 @@ class MessageArguments {
   void Clear();
 
  private:
-  [[nodiscard]] std::intptr_t KeepText(const QString& text);
+  [[nodiscard]] const char16_t* KeepText(const QString& text);
   [[nodiscard]] std::intptr_t KeepObject(Params& params, const QString& name, AddressKind kind);
   [[nodiscard]] std::intptr_t KeepFile(Params& file);
 

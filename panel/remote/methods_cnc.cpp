@@ -12,7 +12,7 @@ using pnl::rig::VariableType;
 
 /// A name of something in the CNC: a text that isn't empty.
 QString ReadName(Params& params, const QString& name = "name") {
-  const QString text = params.Text(name);
+  QString text = params.Text(name);
   if (text.isEmpty()) params.Fail(name, "a text that isn't empty is needed");
   return text;
 }

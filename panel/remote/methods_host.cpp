@@ -31,7 +31,7 @@ std::vector<int> OfferedSlots(Params& params) {
   if (offered == QJsonValue("none")) return {};
   std::vector<int> chosen;
   if (!offered.isArray()) params.Fail("offered", "\"all\", \"none\" or a list of slots is needed");
-  for (const QJsonValue& slot : offered.toArray()) {
+  for (const QJsonValue slot : offered.toArray()) {
     if (const auto number = SlotNumber(slot)) {
       chosen.push_back(*number);
     } else {

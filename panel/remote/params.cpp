@@ -40,14 +40,14 @@ bool Params::Bool(const QString& name, std::optional<bool> fallback) {
   return value.toBool();
 }
 
-QString Params::Text(const QString& name, std::optional<QString> fallback) {
+QString Params::Text(const QString& name, const std::optional<QString>& fallback) {
   if (!Present(name, fallback.has_value())) return fallback.value_or(QString());
   const QJsonValue value = object_.value(name);
   if (!value.isString()) Fail(name, "a text is needed");
   return value.toString();
 }
 
-QString Params::Choice(const QString& name, const QStringList& words, std::optional<QString> fallback) {
+QString Params::Choice(const QString& name, const QStringList& words, const std::optional<QString>& fallback) {
   if (!Present(name, fallback.has_value())) return fallback.value_or(words.first());
   const QJsonValue value = object_.value(name);
   if (value.isString() && words.contains(value.toString())) return value.toString();
@@ -55,7 +55,7 @@ QString Params::Choice(const QString& name, const QStringList& words, std::optio
   return words.first();
 }
 
-QJsonArray Params::List(const QString& name, std::optional<QJsonArray> fallback) {
+QJsonArray Params::List(const QString& name, const std::optional<QJsonArray>& fallback) {
   if (!Present(name, fallback.has_value())) return fallback.value_or(QJsonArray());
   const QJsonValue value = object_.value(name);
   if (!value.isArray()) Fail(name, "a list is needed");
@@ -70,14 +70,14 @@ QJsonObject Params::Object(const QString& name) {
 }
 
 QString Params::HostFile(const QString& name) {
-  const QString file = Text(name);
+  QString file = Text(name);
   if (file.isEmpty() || file.contains(QChar(u'\0'))) Fail(name, "the name of a file or folder is needed");
   return file;
 }
 
 QList<int> Params::Integers(const QString& name, int least, int most) {
   QList<int> numbers;
-  for (const QJsonValue& value : List(name)) {
+  for (const QJsonValue value : List(name)) {
     const auto number = WholeNumber(value);
     if (!number || *number < least || *number > most) {
       Fail(name, QString("integers from %1 to %2 are needed").arg(least).arg(most));
@@ -88,10 +88,10 @@ QList<int> Params::Integers(const QString& name, int least, int most) {
   return numbers;
 }
 
-QStringList Params::Texts(const QString& name, std::optional<QStringList> fallback) {
+QStringList Params::Texts(const QString& name, const std::optional<QStringList>& fallback) {
   if (!Present(name, fallback.has_value())) return fallback.value_or(QStringList());
   QStringList texts;
-  for (const QJsonValue& value : List(name)) {
+  for (const QJsonValue value : List(name)) {
     if (!value.isString()) Fail(name, "a list of texts is needed");
     texts.append(value.toString());
   }

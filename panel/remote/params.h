@@ -29,15 +29,16 @@ class Params {
   [[nodiscard]] qint64 Integer(const QString& name, qint64 least, qint64 most, std::optional<qint64> fallback = {});
   [[nodiscard]] std::int32_t Int(const QString& name, std::optional<std::int32_t> fallback = {});
   [[nodiscard]] bool Bool(const QString& name, std::optional<bool> fallback = {});
-  [[nodiscard]] QString Text(const QString& name, std::optional<QString> fallback = {});
-  [[nodiscard]] QString Choice(const QString& name, const QStringList& words, std::optional<QString> fallback = {});
-  [[nodiscard]] QJsonArray List(const QString& name, std::optional<QJsonArray> fallback = {});
+  [[nodiscard]] QString Text(const QString& name, const std::optional<QString>& fallback = {});
+  [[nodiscard]] QString Choice(const QString& name, const QStringList& words,
+                               const std::optional<QString>& fallback = {});
+  [[nodiscard]] QJsonArray List(const QString& name, const std::optional<QJsonArray>& fallback = {});
   [[nodiscard]] QJsonObject Object(const QString& name);
   /// A file or folder name of this machine: not empty, without NUL.
   [[nodiscard]] QString HostFile(const QString& name);
   /// Integers from least to most.
   [[nodiscard]] QList<int> Integers(const QString& name, int least, int most);
-  [[nodiscard]] QStringList Texts(const QString& name, std::optional<QStringList> fallback = {});
+  [[nodiscard]] QStringList Texts(const QString& name, const std::optional<QStringList>& fallback = {});
 
   /// Notes what is wrong with a parameter, unless something was wrong before it.
   void Fail(const QString& name, const QString& text);

@@ -33,6 +33,12 @@ bool CanWrite(int descriptor, int milliseconds) {
 
 }  // namespace
 
+void KeepStandardDescriptors() {
+  int descriptor = open("/dev/null", O_RDWR);
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
+  if (descriptor >= 0) close(descriptor);
+}
+
 StandardStreams::StandardStreams(QObject* parent) : QObject(parent), input_(STDIN_FILENO) {
   output_ = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   ownsOutput_ = output_ >= 0;

@@ -12,6 +12,10 @@ class QSocketNotifier;
 
 namespace panel {
 
+/// Opens what stands behind descriptors 0 to 2 if nothing does, so that no other file gets their numbers. Call it first
+/// in main: what is opened later would be taken for standard input.
+void KeepStandardDescriptors();
+
 class StandardStreams : public QObject {
   Q_OBJECT
 

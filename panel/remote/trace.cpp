@@ -20,6 +20,7 @@ bool CarriesChannelRecord(std::uint32_t message, std::intptr_t first, std::intpt
 
 QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
   if (!CarriesChannelRecord(message, first, second)) return static_cast<qint64>(second);
+  // A message carries its record as an address. NOLINTNEXTLINE(performance-no-int-to-ptr)
   const auto* record = reinterpret_cast<const PnlToolNotify*>(second);
   return QJsonObject{{"channel", record->channel}, {"window", record->window}};
 }

@@ -61,7 +61,7 @@ qint64 BackgroundOf(const QWidget* widget) {
 }
 
 QString KindOf(QWidget* control) {
-  const QString kind = control->property("pnlKind").toString();
+  QString kind = control->property("pnlKind").toString();
   if (!kind.isEmpty()) return kind;
   if (qobject_cast<QLineEdit*>(control) != nullptr) return "edit";
   if (qobject_cast<QComboBox*>(control) != nullptr) return "combo";

@@ -108,6 +108,13 @@ TEST_F(Protocol, BareMakesTheFolderOfEveryPathInUse) {
             temp.Folder("root/P108"));
 }
 
+TEST_F(Protocol, AClosedInputIsAnEndedOne) {
+  // The first file that the program opened once got the number of the closed input and was read as requests.
+  const QString line = QString("\"%1\" --headless --rpc --bare --root \"%2\" <&-")
+                           .arg(PNL_PANEL_PROGRAM, QString::fromStdString(temp.Folder("closed")));
+  EXPECT_EQ(QProcess::execute("sh", {"-c", line}), 0);
+}
+
 TEST_F(Protocol, ABadOptionIsRefusedBeforeAnythingStarts) {
   PanelClient refused({"--no-such-option"});
   EXPECT_GT(refused.WaitForEnd(), 0);
