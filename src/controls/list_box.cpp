@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/list_box.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>

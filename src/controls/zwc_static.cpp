@@ -3,6 +3,7 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QRegion>
+#include <QtGui/QResizeEvent>
 #include <array>
 
 #include "controls/draw_text.h"
