@@ -184,9 +184,11 @@ TEST_F(ZWCStaticTest, TheTextStaysBehindTheStripInBothPhases) {
 
 TEST_F(ZWCStaticTest, SetBlinkTwiceStartsOneTimer) {
   box.SetBlink(true, 800);
-  box.SetBlink(true, 800);
+  Paint(box);
+  box.SetBlink(true, 400);
   EXPECT_EQ(timers.Running(), 1u);
-  EXPECT_EQ(box.Period(), 800);
+  EXPECT_EQ(box.Period(), 800) << "one that blinks already goes on as it did";
+  EXPECT_FALSE(box.Phase());
   box.SetBlink(false, 0);
   EXPECT_EQ(timers.Running(), 0u);
   EXPECT_FALSE(box.Phase());
