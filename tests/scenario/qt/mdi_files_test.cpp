@@ -164,7 +164,7 @@ TEST_F(MdiFiles, AFolderInTheFilesPlaceIsAnEmptyList) {
 }
 
 TEST_F(MdiFiles, OddBytesInAListAreSurvived) {
-  const std::string odd("G0 X1\nG0 X2\rstill two\r\n\0NUL\r\n\xff\xfe\x80\r\n\r\nlast", 47);
+  const std::string odd("G0 X1\nG0 X2\rstill two\r\n\0NUL\r\n\xff\xfe\x80\r\n\r\nlast", 40);
   temp.Write("root/P108/MDAC1.DAT", odd);
   PanelClient client(Options());
   const int window = Open(client);
