@@ -98,8 +98,8 @@ class Hands {
     SoftKeyBar& bar = window_.MainBar();
     for (int page = 0; page < bar.PageCount(); ++page) {
       for (int slot = 0; slot < kMainKeys; ++slot) {
-        const auto index = static_cast<std::size_t>(bar.Page() * kMainKeys + slot);
-        if (index < bar.Items().size() && bar.Items()[index].id == id) {
+        const int index = bar.Page() * kMainKeys + slot;
+        if (index < static_cast<int>(bar.Items().size()) && bar.Items().at(static_cast<std::size_t>(index)).id == id) {
           window_.PressMain(slot);
           Settle();
           return true;

@@ -2,6 +2,7 @@
 #include "host/operator.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace panel {
 namespace {
@@ -288,7 +289,7 @@ void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
   constexpr int kTaken = 41;
   constexpr int kLetGo = 42;
   if (message == PNL_MSG_TOOL_NOTIFY && (first == kTaken || first == kLetGo) && second != 0) {
-    const auto channel = reinterpret_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel;
+    const auto channel = std::bit_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel;
     heldChannels_.erase(std::remove(heldChannels_.begin(), heldChannels_.end(), channel), heldChannels_.end());
     if (first == kTaken) heldChannels_.push_back(channel);
     return Touch();

@@ -75,6 +75,9 @@ FileChooser::FileChooser(PathResolver resolve, QWidget* parent)
   hide();
 }
 
+// A gesture that nobody gives back stays with the program.
+FileChooser::~FileChooser() { QScroller::ungrabGesture(list_->viewport()); }
+
 void FileChooser::Ask(const FileRequest& request, Accepted accepted, std::function<void()> left) {
   if (stands_) Leave();
   request_ = request;

@@ -22,6 +22,7 @@ class FileChooser : public QWidget {
   using Accepted = std::function<void(const QString& folder, const QString& file)>;
 
   FileChooser(PathResolver resolve, QWidget* parent);
+  ~FileChooser() override;
 
   /// One request at a time: one that still stands is left first, with its left().
   void Ask(const FileRequest& request, Accepted accepted, std::function<void()> left);

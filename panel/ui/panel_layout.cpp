@@ -2,6 +2,7 @@
 #include "ui/panel_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "ui/shortcuts.h"
 
@@ -31,7 +32,7 @@ double ScaleOf(QSize size, QSize one) {
 
 /// columnMost: what the column may take at most of a wide window.
 Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
-  const auto scaled = [scale](int pixels) { return static_cast<int>(pixels * scale + 0.5); };
+  const auto scaled = [scale](int pixels) { return static_cast<int>(std::lround(pixels * scale)); };
   Sizes sizes{};
   sizes.status = std::max(scaled(44), touch);
   sizes.axes = scaled(80);

@@ -71,6 +71,9 @@ CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbe
   LightCurrentLine();
 }
 
+// A gesture that nobody gives back stays with the program.
+CodeEdit::~CodeEdit() { QScroller::ungrabGesture(viewport()); }
+
 void CodeEdit::SetFontPixels(int pixels) {
   setFont(theme::MonoFont(pixels));
   PlaceNumbers();

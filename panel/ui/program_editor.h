@@ -14,6 +14,7 @@ class CodeEdit : public QPlainTextEdit {
 
  public:
   explicit CodeEdit(QWidget* parent);
+  ~CodeEdit() override;
   void PaintNumbers(QPaintEvent* event);
   [[nodiscard]] int NumbersWidth() const;
   void SetFontPixels(int pixels);

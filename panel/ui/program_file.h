@@ -15,7 +15,7 @@ struct ProgramText {
   bool carriageReturns = false;  // the file's lines end with \r\n
 };
 
-inline constexpr qint64 kMostProgramBytes = 32 * 1024 * 1024;
+inline constexpr qint64 kMostProgramBytes = 32LL * 1024 * 1024;
 
 /// A byte order mark decides the encoding, else UTF-8 if it is that, else Latin-1. A file with a NUL is no text.
 [[nodiscard]] ProgramText ReadProgram(const QString& path);

@@ -100,8 +100,9 @@ int SoftKeyBar::PageCount() const {
 }
 
 const SoftKeyItem* SoftKeyBar::ItemAt(int slot) const {
-  const auto index = static_cast<std::size_t>(page_ * slotCount_ + slot);
-  return slot >= 0 && slot < slotCount_ && index < items_.size() ? &items_[index] : nullptr;
+  const int index = page_ * slotCount_ + slot;
+  const bool there = slot >= 0 && slot < slotCount_ && index < static_cast<int>(items_.size());
+  return there ? &items_[static_cast<std::size_t>(index)] : nullptr;
 }
 
 void SoftKeyBar::Press(int slot) {
