@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 #include "guided/guided_session.h"
 #include "host/host_session.h"
@@ -114,6 +115,16 @@ int RunGuided(pnl::rig::Rig& rig, const panel::Options& options) {
   return Guide(rig, options, spanish ? "en" : "es", panel::Tour::kGlance, next) == 0 ? 1 : 0;
 }
 
+/// Ends the program behind the window's first paint.
+class EndWhenPainted : public QObject {
+ public:
+  explicit EndWhenPainted(QWidget& window) { window.installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
+  }
+};
+
 int Run(QApplication& application, const panel::Options& options) {
   pnl::rig::Rig* rig = PnlRig();
   if (rig == nullptr) return Refuse(QStringLiteral("the library has no simulated CNC"));
@@ -132,6 +143,8 @@ int Run(QApplication& application, const panel::Options& options) {
     remote =
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
+  std::optional<EndWhenPainted> end;
+  if (options.untilPainted) end.emplace(window);
   ShowPanel(window, options);
   if (remote) remote->Start();
   return application.exec();

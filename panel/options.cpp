@@ -72,6 +72,7 @@ const std::vector<OptionRow>& Rows() {
       {"--time", "real|manual", "manual: timers and machine move only when told", &TakeTime},
       {"--size", "WIDTHxHEIGHT", "the tool area (default 800x600 head-less)", &TakeSize},
       {"--guided", "DIR", "run a guided session, leave its captures in DIR", &TakeText<&Options::guidedInto>},
+      {"--until-painted", "", "leave once the window is painted", &TakeFlag<&Options::untilPainted>},
       {"--keys", "", "print the table of keys and leave", &TakeFlag<&Options::keys>},
       {"--help", "", "print this page and leave", &TakeFlag<&Options::help>},
   };

@@ -17,7 +17,8 @@ struct Options {
   bool rpc = false;
   bool bare = false;
   bool manualTime = false;
-  QString root;  // empty: the user's data folder
+  bool untilPainted = false;  // leave once the window was painted, for measuring the start
+  QString root;               // empty: the user's data folder
   QString machine = QStringLiteral("demo");
   QString language = QStringLiteral("en");
   QSize toolArea;      // empty: 800x600 head-less, else what the screen leaves

@@ -83,8 +83,8 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(OptionsTest, TheHelpNamesEveryOptionOfTheProtocol) {
-  for (const char* name :
-       {"--headless", "--rpc", "--root", "--bare", "--machine", "--lang", "--time", "--size", "--guided", "--keys"}) {
+  for (const char* name : {"--headless", "--rpc", "--root", "--bare", "--machine", "--lang", "--time", "--size",
+                           "--guided", "--until-painted", "--keys"}) {
     EXPECT_TRUE(OptionsHelp().contains(name)) << name;
   }
 }
