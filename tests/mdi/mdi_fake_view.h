@@ -19,7 +19,6 @@ class FakeMdiView final : public MdiView {
 
   FakeMdiView(Log& log, FakeWindowSystem& windows) : log_(log), windows_(windows), handle_(windows.Open()) {}
 
-  // What the test sees and sets.
   std::shared_ptr<MdiExecution> execution;
   bool dead = false;
   Rect parent{0, 0, 800, 600};
@@ -177,13 +176,11 @@ class FakeMdiView final : public MdiView {
     if (to == Focus::kList) logic->OnListFocus();
   }
   void OkInDropList() {
-    MdiDropList* list = dropList.get();
-    if (list != nullptr) list->Accept(DropListSelection());
+    if (dropList) dropList->Accept(DropListSelection());
     buried_.clear();
   }
   void CancelInDropList() {
-    MdiDropList* list = dropList.get();
-    if (list != nullptr) list->Cancel();
+    if (dropList) dropList->Cancel();
     buried_.clear();
   }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "mdi_fakes.h"
+#include "mdi_memory_files.h"
 
 namespace pnl::test {
 namespace {
