@@ -70,6 +70,8 @@ long IdleWakeups(const std::string& root) {
   const pid_t child = fork();
   if (child == 0) {
     dup2(in[0], 0);
+    // Its own copy of the writing end would keep the end of input from it.
+    close(in[1]);
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, 1);
     dup2(nowhere, 2);

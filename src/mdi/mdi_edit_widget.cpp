@@ -61,6 +61,9 @@ void MdiEdit::Select(MdiSelection selection) {
 void MdiEdit::ReplaceSelection(const QString& text) { insert(text); }
 
 void MdiEdit::SetColors(const MdiColorPair& colors) {
+  // Asked after every message: what stays the same must cost nothing.
+  if (colors_ == colors) return;
+  colors_ = colors;
   SetColorProperty(this, property::kBack, colors.back);
   SetColorProperty(this, property::kFore, colors.text);
   QPalette wanted = palette();

@@ -35,6 +35,7 @@ class MdiEdit : public QLineEdit {
 
  private:
   void KeepLimit();
+  std::optional<MdiColorPair> colors_;  // nothing before the first ones were set
 };
 
 }  // namespace pnl

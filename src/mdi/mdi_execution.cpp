@@ -113,6 +113,8 @@ void MdiExecution::OnDestroy() {
   mdi::DestroyMenus(session);
 }
 
+bool MdiExecution::Ended() const { return parts_->session.Ended(); }
+
 std::optional<std::intptr_t> MdiExecution::OnMessage(const Message& message) {
   const std::shared_ptr<MdiExecution> alive = shared_from_this();
   MdiSession& session = parts_->session;

@@ -33,6 +33,8 @@ class MdiExecution : public std::enable_shared_from_this<MdiExecution> {
   /// The window is being destroyed, its controls are still there or not: settings and histories are stored, reports
   /// closed, menus freed. From now on the view isn't asked any more and every intention does nothing.
   void OnDestroy();
+  /// True from OnDestroy on.
+  [[nodiscard]] bool Ended() const;
 
   /// Messages: VariableReport 0x700, cycle start 0x800, ToolNotify 0x801, ToolCommand 0x802, 0x804, the help key 0x805,
   /// 0x806, menu commands (kMsgCommand) and "MDI_ENDLIST". The answer to the sender, or nothing for a message that the

@@ -84,9 +84,9 @@ template <typename Intention>
 void ZCMDIWindow::Tell(Intention intention) {
   const std::shared_ptr<MdiExecution> logic = logic_;
   if (!logic) return;
-  const QPointer<ZCMDIWindow> self(this);
   intention(*logic);
-  if (self) UseColors();
+  // The logic has ended with the window, if somebody destroyed it meanwhile.
+  if (!logic->Ended()) UseColors();
 }
 
 std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {
@@ -117,7 +117,12 @@ bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == edit_ || watched == list_) {
     if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
     // The panel's shortcuts come behind the keys of the command line.
-    if (event->type() == QEvent::ShortcutOverride && LogicKey(static_cast<QKeyEvent*>(event)->key())) event->accept();
+    if (event->type() == QEvent::ShortcutOverride) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      // With Ctrl or Alt the same keys are the host's: its start key may be one of them.
+      const bool plain = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+      if (plain && LogicKey(key->key())) event->accept();
+    }
     return false;
   }
   if (event->type() == QEvent::Resize) Tell([](MdiExecution& logic) { logic.OnParentResized(); });
@@ -204,7 +209,7 @@ void ZCMDIWindow::RedrawEdit() {
 void ZCMDIWindow::UseColors() {
   if (!logic_) return;
   if (const auto colors = logic_->ControlColors(MdiControl::kEdit, edit_->hasFocus())) edit_->SetColors(*colors);
-  const auto list = logic_->ControlColors(MdiControl::kList, list_->hasFocus());
+  const auto list = logic_->ControlColors(MdiControl::kList, false);
   if (list && (list->back != list_->BackColor() || list->text != list_->TextColor())) {
     list_->SetColors(list->back, list->text);
   }

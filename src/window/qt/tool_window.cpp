@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/qt/tool_window.h"
 
-#include <QPointer>
+#include <utility>
 
 #include "window/qt/control_properties.h"
 #include "window/qt/pnl_event.h"
@@ -14,7 +14,10 @@ MessageWindow::MessageWindow(QWidget* parent, Qt::WindowFlags flags) : QWidget(p
   handle_ = WindowRegistry::Instance().Register(this);
 }
 
-MessageWindow::~MessageWindow() { EndMessages(); }
+MessageWindow::~MessageWindow() {
+  if (gone_ != nullptr) *gone_ = true;
+  EndMessages();
+}
 
 void MessageWindow::EndMessages() { WindowRegistry::Instance().Unregister(handle_); }
 
@@ -23,11 +26,18 @@ std::intptr_t MessageWindow::OnMessage(const Message&) { return 0; }
 bool MessageWindow::event(QEvent* event) {
   if (event->type() != PnlEvent::EventType()) return QWidget::event(event);
   auto* message = static_cast<PnlEvent*>(event);
-  // A handler may run an event loop in which the host's window, and this one with it, is destroyed.
-  const QPointer<MessageWindow> self(this);
+  // A handler may run an event loop in which the host's window, and this one with it, is destroyed. The destructor says
+  // so to the innermost handling, each handling to the one around it.
+  bool gone = false;
+  bool* const outer = std::exchange(gone_, &gone);
   ++depth_;
   message->result = OnMessage(message->message);
-  if (self) --depth_;
+  if (gone) {
+    if (outer != nullptr) *outer = true;
+    return true;
+  }
+  gone_ = outer;
+  --depth_;
   return true;
 }
 

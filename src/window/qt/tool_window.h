@@ -40,6 +40,7 @@ class MessageWindow : public QWidget {
  private:
   WindowHandle handle_ = 0;
   int depth_ = 0;
+  bool* gone_ = nullptr;  // set by the destructor for the message being handled
 };
 
 /// The window of a tool: a child of the host's window, hidden at first.

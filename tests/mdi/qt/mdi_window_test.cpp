@@ -319,4 +319,17 @@ TEST_F(MdiWindowTest, TenThousandItemsAreShownWithoutAWidgetEach) {
 }
 
 }  // namespace
+TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
+  Make();
+  Open();
+  QKeyEvent plain(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
+  plain.ignore();
+  QCoreApplication::sendEvent(Edit(), &plain);
+  EXPECT_TRUE(plain.isAccepted());
+  QKeyEvent start(QEvent::ShortcutOverride, Qt::Key_Return, Qt::ControlModifier);
+  start.ignore();
+  QCoreApplication::sendEvent(Edit(), &start);
+  EXPECT_FALSE(start.isAccepted());
+}
+
 }  // namespace pnl::test
