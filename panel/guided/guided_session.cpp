@@ -23,8 +23,6 @@
 namespace panel {
 namespace {
 
-constexpr int kMdiEdit = 5000;
-
 const char* const kProgram =
     "(POCKET 60 X 40)\n"
     "G90 G17 G54\n"
@@ -211,7 +209,7 @@ std::vector<Step> LaterSteps() {
          return h.window_.MainBar().Menu() != 0;
        }},
       {"save-as", "the list is saved as a program: the panel asks for a name",
-       [kSaveAsProgram](Hands& h) {
+       [](Hands& h) {
          if (!h.PressItem(kSaveAsProgram)) return false;
          h.Type(QStringLiteral("GUIDED.NC"));
          return h.window_.Chooser().Stands();
