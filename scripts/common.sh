@@ -21,7 +21,7 @@ as_root() {
 need_packages() {
   local missing=()
   for name in "$@"; do
-    dpkg-query -W -f='${Status}' "$name" 2>/dev/null | grep -q 'install ok installed' || missing+=("$name")
+    [ "$(dpkg-query -W -f='${Status}' "$name" 2>/dev/null)" = 'install ok installed' ] || missing+=("$name")
   done
   [ ${#missing[@]} = 0 ] && return
   say "Installing ${missing[*]}"
