@@ -42,7 +42,8 @@ class Files {
  public:
   virtual ~Files() = default;
   virtual FileInfo Query(TextView panelPath) const = 0;
-  /// Null with *status set when it can't be opened. status may be null.
+  /// Null with *status set when it can't be opened: kDenied also for what is no regular file and for a file without its
+  /// owner's read permission, for the superuser too. status may be null.
   virtual std::unique_ptr<FileReader> OpenRead(TextView panelPath, FileStatus* status = nullptr) const = 0;
   /// Could Replace start now? Checks the folder, the file's write permission and that the path is no folder; changes
   /// nothing on the disc.
@@ -51,7 +52,7 @@ class Files {
   /// any failure the old file stays as it was and no temporary file is left. Refuses a file or folder that isn't
   /// writable in the sense of FileInfo.
   virtual FileStatus Replace(TextView panelPath, std::string_view bytes) = 0;
-  /// Makes a folder and its parents; kOk when it is there already.
+  /// Makes a folder and its parents; kOk when it is there already. Never makes a drive's own folder: kNotFound.
   virtual FileStatus MakeFolder(TextView panelPath) = 0;
   /// The path on this machine: drive by the drive map, each name by exact match, else without regard to case; names
   /// that don't exist are kept as they are. Nothing when the drive isn't mapped or the path can't be one.
