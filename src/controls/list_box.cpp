@@ -97,6 +97,10 @@ ListBox::ListBox(int id, QWidget* parent) : QListView(parent) {
   SetColors(back_, text_);
 }
 
+void ListBox::SetExtended(bool extended) {
+  setSelectionMode(extended ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
+}
+
 void ListBox::SetColors(Color back, Color text) {
   back_ = back;
   text_ = text;
@@ -124,9 +128,10 @@ void ListBox::Insert(int index, Text text) { items_.Insert(index, std::move(text
 void ListBox::Replace(int index, Text text) { items_.Replace(index, std::move(text)); }
 
 void ListBox::Delete(int index) {
-  const bool selected = index == Selection();
+  const bool single = selectionMode() == QAbstractItemView::SingleSelection;
+  const bool selected = single && index == Selection();
   items_.Delete(index);
-  // The view would select the neighbour.
+  // The view would select the neighbour, but for an extended list.
   if (selected) Select(-1);
 }
 
@@ -139,8 +144,18 @@ void ListBox::Select(int index) {
 }
 
 int ListBox::Selection() const {
-  const auto selected = selectionModel()->selectedIndexes();
-  return selected.isEmpty() ? -1 : selected.first().row();
+  const std::vector<int> selected = Selected();
+  return selected.empty() ? -1 : selected.front();
+}
+
+std::vector<int> ListBox::Selected() const {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
 }
 
 int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFontMetrics(font())) + 2); }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A list box: one column of texts, at most one selected, quick with ten thousand of them. It knows nothing of what they
-// mean; indices out of range are left alone.
+// A list box: one column of texts, at most one selected unless it is extended, quick with ten thousand of them. It knows
+// nothing of what they mean; indices out of range are left alone.
 #pragma once
 
 #include <QtCore/QAbstractListModel>
@@ -40,6 +40,8 @@ class ListBox : public QListView {
  public:
   ListBox(int id, QWidget* parent);
 
+  /// Several may be selected: with Ctrl, Shift or by dragging. Select and Selection speak of one all the same.
+  void SetExtended(bool extended);
   /// The same whether it is enabled or has the focus, or not.
   void SetColors(Color back, Color text);
   void SetSelectedColors(Color back, Color text);
@@ -55,7 +57,12 @@ class ListBox : public QListView {
   void Delete(int index);
   /// -1 for none; scrolls the item into view.
   void Select(int index);
+  /// The first selected one.
   [[nodiscard]] int Selection() const;
+  /// All selected ones, in ascending order.
+  [[nodiscard]] std::vector<int> Selected() const;
+  /// The one that the keys move from; -1 for none.
+  [[nodiscard]] int Current() const { return currentIndex().row(); }
   [[nodiscard]] int Count() const { return items_.Count(); }
   /// Empty for an item that isn't there.
   [[nodiscard]] Text Item(int index) const { return items_.Has(index) ? items_.Item(index) : Text(); }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_edit_widget.h"
 
-#include <QtCore/QSignalBlocker>
 #include <QtGui/QFocusEvent>
 #include <algorithm>
 
@@ -15,32 +14,9 @@ constexpr int kSideMargin = 4;
 
 }  // namespace
 
-MdiEdit::MdiEdit(int id, QWidget* parent) : QLineEdit(parent) {
-  MarkControl(this, id, control_kind::kEdit);
-  setProperty(property::kLimit, kLimit);
-  setMaxLength(kLimit);
+MdiEdit::MdiEdit(int id, QWidget* parent) : LimitedEdit(id, kLimit, parent) {
   setFrame(false);
   setTextMargins(kSideMargin, 0, kSideMargin, 0);
-  connect(this, &QLineEdit::textChanged, this, &MdiEdit::KeepLimit);
-}
-
-void MdiEdit::KeepLimit() {
-  const int limit = std::max(kLimit, static_cast<int>(text().size()));
-  if (maxLength() == limit) return;
-  // Another limit moves the caret to the end.
-  const int caret = cursorPosition();
-  setMaxLength(limit);
-  setCursorPosition(caret);
-}
-
-void MdiEdit::SetText(const QString& text) {
-  {
-    // An edit cuts even a text set from outside, and this one may come from a list that never had a limit.
-    const QSignalBlocker quiet(this);
-    setMaxLength(std::max(kLimit, static_cast<int>(text.size())));
-  }
-  setText(text);
-  setCursorPosition(0);
 }
 
 MdiSelection MdiEdit::Selection() const {
@@ -76,7 +52,7 @@ bool MdiEdit::event(QEvent* event) {
   const QEvent::Type type = event->type();
   const bool focus = (type == QEvent::FocusIn || type == QEvent::FocusOut) &&
                      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
-  const bool handled = QLineEdit::event(event);
+  const bool handled = LimitedEdit::event(event);
   // Last of all: whoever listens may destroy the edit.
   if (focus) emit FocusChanged(type == QEvent::FocusIn);
   return handled;

@@ -3,14 +3,13 @@
 // window sets. It tells when the focus has come or gone; what follows is the window's business.
 #pragma once
 
-#include <QtWidgets/QLineEdit>
-
+#include "controls/limited_edit.h"
 #include "mdi/mdi_colors.h"
 #include "mdi/mdi_view.h"
 
 namespace pnl {
 
-class MdiEdit : public QLineEdit {
+class MdiEdit : public LimitedEdit {
   Q_OBJECT
 
  public:
@@ -18,8 +17,6 @@ class MdiEdit : public QLineEdit {
 
   MdiEdit(int id, QWidget* parent);
 
-  /// Also beyond the limit, which then holds again once the text is shorter. The caret goes to the start.
-  void SetText(const QString& text);
   [[nodiscard]] MdiSelection Selection() const;
   /// As MdiView::SetEditSelection says.
   void Select(MdiSelection selection);
@@ -34,7 +31,6 @@ class MdiEdit : public QLineEdit {
   bool event(QEvent* event) override;
 
  private:
-  void KeepLimit();
   std::optional<MdiColorPair> colors_;  // nothing before the first ones were set
 };
 

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "controls/limited_edit.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QSignalBlocker>
+#include <algorithm>
+
+#include "window/qt/control_properties.h"
+
+namespace pnl {
+
+LimitedEdit::LimitedEdit(int id, int limit, QWidget* parent) : QLineEdit(parent), limit_(limit) {
+  MarkControl(this, id, control_kind::kEdit);
+  SetLimit(limit);
+  connect(this, &QLineEdit::textChanged, this, &LimitedEdit::KeepLimit);
+}
+
+void LimitedEdit::SetLimit(int limit) {
+  limit_ = limit;
+  setProperty(property::kLimit, limit);
+  KeepLimit();
+}
+
+void LimitedEdit::KeepLimit() {
+  const int limit = std::max(limit_, static_cast<int>(text().size()));
+  if (maxLength() == limit) return;
+  // Another limit moves the caret to the end.
+  const int caret = cursorPosition();
+  setMaxLength(limit);
+  setCursorPosition(caret);
+}
+
+void LimitedEdit::SetText(const QString& text) {
+  {
+    // An edit cuts even a text set from outside, and this one may come from a list that never had a limit.
+    const QSignalBlocker quiet(this);
+    setMaxLength(std::max(limit_, static_cast<int>(text.size())));
+  }
+  const QPointer<LimitedEdit> alive(this);
+  setText(text);
+  // Whoever listens may have destroyed it.
+  if (alive) setCursorPosition(0);
+}
+
+}  // namespace pnl
