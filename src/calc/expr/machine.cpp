@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "calc/expr/machine.h"
+
+#include <cmath>
+
+#include "calc/expr/operations.h"
+
+namespace pnl {
+namespace {
+
+constexpr std::int32_t kDefaultSteps = 100;
+constexpr std::int32_t kMostIntervals = 500000;
+constexpr std::int32_t kMostIterations = 50000;
+constexpr double kZeroStep = 1E-6;
+
+std::int32_t Clamped(std::int32_t count, std::int32_t most) {
+  if (count <= 0) return kDefaultSteps;
+  return count >= most ? most : count;
+}
+
+}  // namespace
+
+void ExprMachine::Begin() {
+  ip_ = program.code.data();
+  done_ = false;
+  succeeded_ = true;
+  xSaved_ = false;
+  report_ = {};
+}
+
+bool ExprMachine::Run(std::int64_t steps) {
+  if (done_ || ip_ == nullptr) return true;
+  const ExprInstruction* ip = ip_;
+  for (; steps > 0; --steps) {
+    switch (ip->op) {
+      case ExprOp::kEnd:
+        done_ = true;
+        return true;
+      case ExprOp::kIntegralBegin:
+        ip = BeginIntegral(*ip);
+        continue;
+      case ExprOp::kIntegralNext:
+        ip = NextIntegral(*ip);
+        continue;
+      case ExprOp::kZeroBegin:
+        // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
+        zero_.phase = Zero::Phase::kProbe;
+        ++ip;
+        continue;
+      case ExprOp::kZeroNext:
+        ip = NextZero(*ip);
+        continue;
+      default:
+        if (!Apply(*ip)) {
+          Fail();
+          return true;
+        }
+        ++ip;
+    }
+  }
+  ip_ = ip;
+  return false;
+}
+
+void ExprMachine::SaveX() {
+  savedX_ = X();
+  xSaved_ = true;
+}
+
+void ExprMachine::Fail() {
+  if (xSaved_) X() = savedX_;
+  succeeded_ = false;
+  done_ = true;
+}
+
+const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruction) {
+  Integral& s = integral_;
+  s.a = store_.Variables['A' - 'A'];
+  s.b = store_.Variables['B' - 'A'];
+  const auto twice = static_cast<std::int32_t>(2 * TruncateToLowWord(store_.Variables['N' - 'A']));
+  s.intervals = Clamped(twice, kMostIntervals);
+  s.h = (s.b - s.a) / s.intervals;
+  if (s.h == 0) {
+    *instruction.to = 0;
+    report_.kind = SolverReport::Kind::kIntegral;
+    return BehindSolver();
+  }
+  SaveX();
+  s.sum = -0.0;  // the first addend comes through as it is, a -0 too
+  s.place = 0;
+  s.weight = 1;
+  s.left = 1;
+  X() = s.a;
+  return Body();
+}
+
+const ExprInstruction* ExprMachine::NextIntegral(const ExprInstruction& instruction) {
+  Integral& s = integral_;
+  s.sum += s.weight * *instruction.a;
+  if (s.left > 0 && s.weight != 1) {
+    --s.left;
+    s.place += 2;
+    X() = s.a + s.place * s.h;
+    return Body();
+  }
+  if (s.weight == 1 && s.left > 0) {
+    s.left = 0;
+    X() = s.b;
+    return Body();
+  }
+  if (s.weight == 1 && s.intervals > 2) {
+    s.weight = 2;
+    s.place = 2;
+    s.left = s.intervals / 2 - 2;
+  } else if (s.weight != 4) {
+    s.weight = 4;
+    s.place = 1;
+    s.left = s.intervals / 2 - 1;
+  } else {
+    *instruction.to = s.h / 3 * s.sum;
+    X() = savedX_;
+    xSaved_ = false;
+    report_.kind = SolverReport::Kind::kIntegral;
+    report_.steps = s.intervals;
+    return BehindSolver();
+  }
+  X() = s.a + s.place * s.h;
+  return Body();
+}
+
+const ExprInstruction* ExprMachine::NextZero(const ExprInstruction& instruction) {
+  Zero& s = zero_;
+  switch (s.phase) {
+    case Zero::Phase::kProbe:
+      s.x = store_.Variables['A' - 'A'];
+      s.most = Clamped(static_cast<std::int32_t>(TruncateToLowWord(store_.Variables['N' - 'A'])), kMostIterations);
+      s.tolerance = std::fabs(store_.Variables['E' - 'A']);
+      s.count = 0;
+      SaveX();
+      X() = s.x;
+      s.phase = Zero::Phase::kValue;
+      return Body();
+    case Zero::Phase::kValue:
+      s.fx = *instruction.a;
+      if (!(std::fabs(s.fx) > s.tolerance && s.count < s.most)) break;
+      X() = s.x - kZeroStep;
+      s.phase = Zero::Phase::kLeft;
+      return Body();
+    case Zero::Phase::kLeft:
+      s.l = *instruction.a;
+      X() = s.x + kZeroStep;
+      s.phase = Zero::Phase::kRight;
+      return Body();
+    case Zero::Phase::kRight:
+      // The difference is the negated slope, so the step is added.
+      s.x += s.fx / ((s.l - *instruction.a) / (2.0 * kZeroStep));
+      X() = s.x;
+      ++s.count;
+      s.phase = Zero::Phase::kValue;
+      return Body();
+  }
+  X() = savedX_;
+  xSaved_ = false;
+  *instruction.to = s.x;
+  report_ = {SolverReport::Kind::kZero, s.count, std::fabs(s.fx) <= s.tolerance, s.fx};
+  return BehindSolver();
+}
+
+}  // namespace pnl

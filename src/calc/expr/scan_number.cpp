@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// CScaner's numbers: decimal with exponent, "$" hexadecimal, "B" binary.
+#include "base/numbers.h"
+#include "calc/expr/scaner.h"
+
+namespace pnl {
+namespace {
+
+constexpr int kMostDigits = 33;  // of each part of a decimal number; further ones are taken and dropped
+constexpr int kMostHexDigits = 8;
+constexpr int kMostBinaryDigits = 32;
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+/// 16 and more for what is no digit in any radix.
+unsigned DigitValue(char16_t c) {
+  if (IsDigit(c)) return c - unsigned{u'0'};
+  return c >= u'A' && c <= u'F' ? c - unsigned{u'A'} + 10 : 16;
+}
+
+}  // namespace
+
+int CScaner::ScanNumber(double& number) {
+  number = 0;
+  Text text;
+  switch (GetChar()) {
+    case u'$':
+      return ScanRadix(16, kMostHexDigits, number);
+    case u'B':
+      // So B101 is always the number 5 and never the variable B.
+      return ScanRadix(2, kMostBinaryDigits, number);
+    case u'.':
+      // .5.25 goes on with a fraction of its own; the conversion then reads as far as it can: 0.5.
+      text = u"0.";
+      break;
+    default:
+      UngetChar();
+  }
+  if (ScanDigits(text, 0) == 0) {
+    cursor_ = tokenStart_;
+    return 0;
+  }
+  // Where a fraction or an exponent without digits leaves the cursor. The answer is then 1 with no value of meaning:
+  // what the cursor is at makes the expression fail, in the scanner (".") or in the parser ("E").
+  const char16_t* fallback = cursor_;
+  char16_t c = GetChar();
+  if (c == u'.') {
+    text += c;
+    if (ScanDigits(text, 0) == 0) {
+      cursor_ = fallback;
+      return 1;
+    }
+    fallback = cursor_;
+    c = GetChar();
+  }
+  if (c != u'E') {
+    UngetChar();
+  } else if (ScanExponent(text) == 0) {
+    cursor_ = fallback;
+    return 1;
+  }
+  number = ParseDoublePrefix(text);
+  return 1;
+}
+
+int CScaner::ScanRadix(unsigned radix, int mostDigits, double& number) {
+  std::uint32_t value = 0;
+  int digits = 0;
+  for (unsigned digit = DigitValue(GetChar()); digit < radix; digit = DigitValue(GetChar())) {
+    if (digits < mostDigits) value = value * radix + digit;
+    ++digits;
+  }
+  UngetChar();
+  if (digits == 0) {
+    cursor_ = tokenStart_;
+    return 0;
+  }
+  number = value;
+  return 1;
+}
+
+int CScaner::ScanDigits(Text& digits, int kept) {
+  int appended = 0;
+  for (; IsDigit(*cursor_); ++cursor_) {
+    if (kept + appended >= kMostDigits) continue;
+    digits += *cursor_;
+    ++appended;
+  }
+  return appended;
+}
+
+/// Behind the "E". 0 when the exponent has begun but has no digit; 1 with the exponent appended, or with the cursor
+/// back at the "E" when none begins here.
+int CScaner::ScanExponent(Text& exponent) {
+  const char16_t c = GetChar();
+  if (c != u'+' && c != u'-' && !IsDigit(c)) {
+    UngetChar();
+    UngetChar();
+    return 1;
+  }
+  exponent += u'E';
+  if (IsDigit(c)) UngetChar();
+  if (c == u'-') exponent += c;
+  return ScanDigits(exponent, c == u'-' ? 1 : 0) > 0 ? 1 : 0;
+}
+
+}  // namespace pnl
