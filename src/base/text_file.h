@@ -50,6 +50,8 @@ class CStdioFileEx {
   bool Close();
 
   [[nodiscard]] bool IsOpen() const { return mode_ != Mode::kClosed; }
+  /// True once the file being read couldn't be read further: the lines that it gave are then not all that it has.
+  [[nodiscard]] bool ReadFailed() const { return reader_ != nullptr && reader_->ReadFailed(); }
   /// False for a file being read as Latin-1 and when nothing is open.
   [[nodiscard]] bool IsFileUnicodeText() const;
   /// No encrypted format is known here, so never.

@@ -67,7 +67,7 @@ void TextReader::Recognise() {
 }
 
 void TextReader::Rewind() {
-  file_->Seek(mark_.length);
+  if (!file_->Seek(mark_.length)) readFailed_ = true;
   bytes_.clear();
   units_.clear();
   taken_ = 0;
@@ -78,6 +78,7 @@ bool TextReader::Fill() {
   const std::size_t old = bytes_.size();
   bytes_.resize(old + kPiece);
   const std::int64_t got = file_->Read(bytes_.data() + old, kPiece);
+  if (got < 0) readFailed_ = true;
   bytes_.resize(old + static_cast<std::size_t>(std::max<std::int64_t>(got, 0)));
   return got > 0;
 }

@@ -28,11 +28,13 @@ class TextReader {
   /// The number of units in the file.
   [[nodiscard]] std::uint64_t Length();
   [[nodiscard]] Encoding FileEncoding() const { return mark_.encoding; }
+  /// True once the disc refused something: the text is then only a part of the file.
+  [[nodiscard]] bool ReadFailed() const { return readFailed_; }
 
  private:
   void Recognise();
   void Rewind();
-  /// Reads one more piece of bytes behind those not yet decoded; false at the end.
+  /// Reads one more piece of bytes behind those not yet decoded; false at the end and on a failure.
   bool Fill();
   bool Skip(std::uint64_t units);
 
@@ -42,6 +44,7 @@ class TextReader {
   Text units_;         // decoded
   std::size_t taken_ = 0;
   std::uint64_t position_ = 0;
+  bool readFailed_ = false;
 };
 
 }  // namespace pnl

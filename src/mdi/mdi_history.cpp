@@ -16,14 +16,14 @@ constexpr TextView kHistoryFile = u"MDIC%d.DAT";
 constexpr TextView kListFile = u"MDAC%d.DAT";
 constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 
-/// Appends up to limit lines of the file. False when the file is there but can't be read.
+/// Appends up to limit lines of the file. False when the file is there but can't be read, or only in part.
 template <typename List>
 bool ReadLines(Files& files, const Text& path, std::size_t limit, List& lines) {
   CStdioFileEx file(files);
   if (!file.Open(path, CStdioFileEx::kRead)) return !files.Query(path).exists;
   Text line;
   while (lines.size() < limit && file.ReadString(line)) lines.push_back(std::move(line));
-  return true;
+  return !file.ReadFailed();
 }
 
 /// The first count lines, each ended by CR LF; an empty list leaves an empty file.

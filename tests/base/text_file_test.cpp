@@ -295,7 +295,24 @@ TEST_F(TextFileTest, AReadThatBreaksOffEndsTheFile) {
     Text all;
     for (Text line; file.ReadString(line);) all += line;
     EXPECT_TRUE(TextView(u"firstsecond").starts_with(all));
+    EXPECT_TRUE(file.ReadFailed()) << good;
   }
+}
+
+TEST_F(TextFileTest, AFileReadToItsEndHasNotFailed) {
+  FailingFiles broken(files);
+  temp.Write("a.dat", "first\nsecond\n");
+  CStdioFileEx file(broken);
+  EXPECT_FALSE(file.ReadFailed());
+  broken.FailReadsAfter(u"C:\\a.dat", 3);
+  ASSERT_TRUE(file.Open(u"C:\\a.dat", CStdioFileEx::kRead));
+  for (Text line; file.ReadString(line);) {
+  }
+  EXPECT_TRUE(file.ReadFailed());
+  broken.Heal();
+  ASSERT_TRUE(file.Open(u"C:\\a.dat", CStdioFileEx::kRead));
+  for (Text line; file.ReadString(line);) EXPECT_FALSE(file.ReadFailed());
+  EXPECT_FALSE(file.ReadFailed());
 }
 
 TEST_F(TextFileTest, TellsWhatKindOfFileIsOpen) {

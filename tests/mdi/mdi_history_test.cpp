@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/failing_files.h"
 #include "mdi_fakes.h"
 #include "mdi_memory_files.h"
 
@@ -212,6 +213,25 @@ TEST_F(MdiHistoryTest, AFileThatCouldNotBeReadIsNotReplaced) {
   history.SaveLists(record);
   EXPECT_EQ(files.disc[kHistory], "precious\r\n");
   EXPECT_EQ(files.disc[kList], "precious too\r\n");
+}
+
+TEST_F(MdiHistoryTest, FilesThatBreakOffAreShownAsFarAsTheyGoAndAreNeverWrittenOver) {
+  // A disc error in the middle once counted as the end of the file, and the part read was saved over the whole.
+  const std::string whole = "G0 X1\r\nG0 X2\r\nG0 X3\r\n";
+  files.disc[kHistory] = whole;
+  files.disc[kList] = whole;
+  FailingFiles broken(files);
+  broken.FailReadsAfter({}, 14);
+  MdiHistory onBrokenDisc(broken, cnc.utilities, settings);
+  onBrokenDisc.LoadLists(record);
+  EXPECT_THAT(record.History, ElementsAre(u"G0 X1", u"G0 X2"));
+  EXPECT_THAT(record.MDAList, ElementsAre(u"G0 X1", u"G0 X2"));
+  MdiHistory::AddToHistory(record, u"M5");
+  record.MDAList.clear();
+  broken.Heal();
+  onBrokenDisc.SaveLists(record);
+  EXPECT_EQ(files.disc[kHistory], whole);
+  EXPECT_EQ(files.disc[kList], whole);
 }
 
 TEST_F(MdiHistoryTest, AMachinesCopyThatCouldNotBeReadDoesNotHinderTheUsers) {
