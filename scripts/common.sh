@@ -35,8 +35,8 @@ need_packages() {
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libpugixml-dev
   libqt6svg6 fonts-liberation)
-test_packages=(python3 libgtest-dev libgmock-dev locales binutils)
-bench_packages=(libbenchmark-dev)
+test_packages=(python3 libgtest-dev libgmock-dev libmuparser-dev locales binutils)
+bench_packages=(libbenchmark-dev libmuparser-dev)
 lint_packages=(clang-format-14 clang-tidy-14)
 
 # build PRESET [TARGET...]: configures the tree once, then builds what is left.
