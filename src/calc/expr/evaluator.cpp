@@ -87,7 +87,7 @@ void CEvaluator::Begin() {
 }
 
 CEvaluator::Progress CEvaluator::Advance(std::int64_t steps) {
-  return machine_->Run(steps) ? Progress::kDone : Progress::kRunning;
+  return machine_->Run(steps) ? Progress::kEnded : Progress::kRunning;
 }
 
 int CEvaluator::Finish(double& result) {

@@ -44,8 +44,8 @@ class CEvaluator {
   /// compiled tree. Assignments made before a failure stay.
   int Evaluate(double& result);
 
-  enum class Progress { kRunning, kDone };
-  /// The same in pieces: Begin, then Advance until it says kDone, then Finish, which answers as Evaluate does. Each
+  enum class Progress { kRunning, kEnded };
+  /// The same in pieces: Begin, then Advance until it says kEnded, then Finish, which answers as Evaluate does. Each
   /// step is short and bounded; the store changes as the steps go on. An evaluation that is dropped on its way leaves
   /// the store as it is at that step, X not restored.
   void Begin();
