@@ -12,6 +12,8 @@
 
 namespace pnl {
 
+struct CalcState;
+
 enum class CalcKey {
   kEnter,
   kEscape,
@@ -70,8 +72,7 @@ class CalcSession {
   [[nodiscard]] double Value() const;
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  std::shared_ptr<CalcState> state_;
 };
 
 }  // namespace pnl
