@@ -1,13 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "host/tool_factory_entry.h"
 
+#include <QPointer>
+
+#include "calc/calc_window.h"
 #include "mdi/mdi_window.h"
+#include "window/qt/window_registry.h"
 
 namespace pnl {
 
 ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
   if (parent == nullptr) return nullptr;
   switch (toolId) {
+    case tool_id::kCalculator: {
+      // Shows itself; a callback on the way may destroy the parent, and it with it.
+      const QPointer<ZCCalc7340> calculator =
+          new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
+      calculator->Open();
+      return calculator;
+    }
     case tool_id::kMdi:
       return new ZCMDIWindow(context, parent);
     default:

@@ -13,6 +13,8 @@ namespace property {
 // Every control.
 inline constexpr const char* kId = "pnlId";
 inline constexpr const char* kKind = "pnlKind";
+// A control that lies beside its window, not in it: the window's handle.
+inline constexpr const char* kOwner = "pnlOwner";
 // Themed controls.
 inline constexpr const char* kBack = "pnlBack";
 inline constexpr const char* kFore = "pnlFore";
@@ -27,6 +29,7 @@ inline constexpr const char* kTool = "pnlTool";
 inline constexpr const char* kTitle = "pnlTitle";
 inline constexpr const char* kWindow = "pnlWindow";
 inline constexpr const char* kDialog = "pnlDialog";
+inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 }  // namespace property
 
 /// The values of "pnlKind".

@@ -5,9 +5,11 @@
 // What a panel program and tests see of them goes by properties (names in window/qt/control_properties.h), so that
 // nobody needs the classes. They are dynamic properties or Q_PROPERTY, as the class prefers:
 //   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window")
+//                      and where it lies beside its window, not in it, pnlOwner (int, the window's handle)
 //   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters)
-//   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle)
+//   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
+//                      and pnlMenuAttached (bool) where it can have a menu bar
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
 #pragma once
 

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// The calculator's client area: all its controls, made after the dialog of the language pack. It places, fills and asks
+// them; what a press means is told by signals, and what follows is decided elsewhere.
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <map>
+
+#include "calc/calc_places.h"
+#include "calc/calc_view.h"
+#include "controls/limited_edit.h"
+#include "controls/list_box.h"
+#include "host/language.h"
+
+namespace pnl {
+
+class CalcKeyWidget;
+class CalcLabelWidget;
+class ZCResultWnd;
+
+/// The expression line.
+class CalcLine final : public LimitedEdit {
+  Q_OBJECT
+
+ public:
+  CalcLine(int id, QWidget* parent);
+  [[nodiscard]] CalcSelection Selection() const;
+  void Select(CalcSelection selection);
+
+ signals:
+  /// The edit has done with the press.
+  void Pressed();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+};
+
+class CalcClientWidget final : public QWidget {
+  Q_OBJECT
+
+ public:
+  CalcClientWidget(const Language& language, double scale, QWidget* parent);
+
+  /// Null for an id that isn't one of its controls.
+  [[nodiscard]] QWidget* Control(int id) const;
+  /// Empty for such an id.
+  [[nodiscard]] Rect ControlRect(int id) const;
+  void SetKeyIcon(int id, const std::string* svg);
+  /// Relative to the dialog's own font; a negative height is a taller one.
+  void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight);
+  void InsertRow(int index, TextView text);
+  void DeleteRow(int index);
+  void FillHistory(const std::vector<Text>& rows);
+
+  [[nodiscard]] CalcLine& Line() const { return *line_; }
+  [[nodiscard]] ZCResultWnd& Result() const { return *result_; }
+  [[nodiscard]] CalcLabelWidget& Status() const { return *status_; }
+  [[nodiscard]] ListBox& History() const { return *history_; }
+  [[nodiscard]] ListBox& Variables() const { return *variables_; }
+
+ signals:
+  void KeyPressed(int id);
+  /// By the operator, not by a change of the rows.
+  void HistorySelected();
+  void HistoryDoubleClicked();
+  void VariablesPicked();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] QWidget* Make(const CalcControl& control);
+  [[nodiscard]] QWidget* MakeKey(const CalcControl& control);
+  [[nodiscard]] ListBox* MakeList(int id);
+  void Connect();
+  const double scale_;
+  std::map<int, QWidget*> controls_;
+  CalcLine* line_ = nullptr;
+  ZCResultWnd* result_ = nullptr;
+  CalcLabelWidget* status_ = nullptr;
+  ListBox* history_ = nullptr;
+  ListBox* variables_ = nullptr;
+  bool quiet_ = false;  // the rows change, which is no choice of the operator's
+};
+
+}  // namespace pnl

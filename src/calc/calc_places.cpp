@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "calc/calc_places.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "calc/calc_ids.h"
+
+namespace pnl {
+namespace {
+
+constexpr CalcExtent kDialogExtent{188, 135};
+constexpr double kNormalDensity = 96;
+constexpr double kLargestScale = 4;
+constexpr int kNoteGap = 2;
+
+// Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and rows at 54, 75, 96 and 117. The keys of what is
+// beyond the keypad stand between the first two columns.
+constexpr std::array kControls = {
+    CalcControl{calc_id::kResult, CalcKind::kResult, u"", 2, 2, 184, 17},
+    CalcControl{calc_id::kLine, CalcKind::kEdit, u"", 2, 22, 163, 16},
+    CalcControl{calc_id::kOpenList, CalcKind::kKey, u"v", 167, 22, 19, 16},
+    CalcControl{calc_id::kStatus, CalcKind::kStatic, u"", 2, 41, 184, 10},
+    CalcControl{calc_id::kBack, CalcKind::kKey, u"<-", 2, 54, 22, 17},
+    CalcControl{calc_id::kOpenBracket, CalcKind::kKey, u"(", 2, 75, 22, 17},
+    CalcControl{calc_id::kCloseBracket, CalcKind::kKey, u")", 2, 96, 22, 17},
+    CalcControl{calc_id::kAcc, CalcKind::kKey, u"Acc", 2, 117, 22, 17},
+    CalcControl{1017, CalcKind::kKey, u"7", 59, 54, 22, 17},
+    CalcControl{1018, CalcKind::kKey, u"8", 85, 54, 22, 17},
+    CalcControl{1019, CalcKind::kKey, u"9", 111, 54, 22, 17},
+    CalcControl{1020, CalcKind::kKey, u"/", 137, 54, 22, 17},
+    CalcControl{1021, CalcKind::kKey, u"Sqrt", 164, 54, 22, 17},
+    CalcControl{1022, CalcKind::kKey, u"4", 59, 75, 22, 17},
+    CalcControl{1023, CalcKind::kKey, u"5", 85, 75, 22, 17},
+    CalcControl{1024, CalcKind::kKey, u"6", 111, 75, 22, 17},
+    CalcControl{1025, CalcKind::kKey, u"*", 137, 75, 22, 17},
+    CalcControl{1026, CalcKind::kKey, u"%", 164, 75, 22, 17},
+    CalcControl{1027, CalcKind::kKey, u"1", 59, 96, 22, 17},
+    CalcControl{1028, CalcKind::kKey, u"2", 85, 96, 22, 17},
+    CalcControl{1029, CalcKind::kKey, u"3", 111, 96, 22, 17},
+    CalcControl{1030, CalcKind::kKey, u"-", 137, 96, 22, 17},
+    CalcControl{1031, CalcKind::kKey, u"1/X", 164, 96, 22, 17},
+    CalcControl{1032, CalcKind::kKey, u"0", 59, 117, 22, 17},
+    CalcControl{1033, CalcKind::kKey, u"+/-", 85, 117, 22, 17},
+    CalcControl{1034, CalcKind::kKey, u".", 111, 117, 22, 17},
+    CalcControl{1035, CalcKind::kKey, u"+", 137, 117, 22, 17},
+    CalcControl{1036, CalcKind::kKey, u"=", 164, 117, 22, 17},
+    CalcControl{calc_id::kShowBases, CalcKind::kKey, u"Bases", 27, 54, 29, 17},
+    CalcControl{calc_id::kShowVariables, CalcKind::kKey, u"Vars", 27, 75, 29, 17},
+    CalcControl{calc_id::kShowSolver, CalcKind::kKey, u"Solver", 27, 96, 29, 17},
+    CalcControl{calc_id::kAssign, CalcKind::kKey, u"X =", 30, 117, 22, 17},
+    CalcControl{calc_id::kHistory, CalcKind::kList, u"", 2, 54, 184, 79},
+    CalcControl{calc_id::kVariables, CalcKind::kList, u"", 2, 54, 184, 79},
+};
+
+}  // namespace
+
+std::span<const CalcControl> CalcControls() { return kControls; }
+
+CalcExtent CalcDialogUnits() { return kDialogExtent; }
+
+CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* dialog) {
+  const DialogControl* found = dialog == nullptr ? nullptr : dialog->Find(control.id);
+  if (found == nullptr) return control;
+  CalcControl localized = control;
+  if (!found->text.empty()) localized.text = found->text;
+  if (found->rect.Width() <= 0 || found->rect.Height() <= 0) return localized;
+  localized.x = found->rect.left;
+  localized.y = found->rect.top;
+  localized.width = found->rect.Width();
+  localized.height = found->rect.Height();
+  return localized;
+}
+
+int DialogPixelsX(int units, double scale) { return static_cast<int>(std::lround(units * scale * 6 / 4)); }
+
+int DialogPixelsY(int units, double scale) { return static_cast<int>(std::lround(units * scale * 13 / 8)); }
+
+Rect DialogPixels(const CalcControl& control, double scale) {
+  const int left = DialogPixelsX(control.x, scale);
+  const int top = DialogPixelsY(control.y, scale);
+  return {left, top, left + DialogPixelsX(control.width, scale), top + DialogPixelsY(control.height, scale)};
+}
+
+double DialogScale(double dotsPerInch) {
+  const double scale = dotsPerInch / kNormalDensity;
+  return scale > 1 && scale <= kLargestScale ? scale : 1;
+}
+
+Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note) {
+  int top = window.bottom + kNoteGap;
+  if (top + note.height > parent.bottom) top = window.top - kNoteGap - note.height;
+  if (top < parent.top) top = std::max(parent.top, parent.bottom - note.height);
+  const int left = std::max(parent.left, std::min(window.left, parent.right - note.width));
+  return {left, top, left + note.width, top + note.height};
+}
+
+}  // namespace pnl

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Where the calculator's controls lie: the built-in dialog in dialog units, what a language pack makes of it, and the
+// pixels that come of both. Not the rules of opening, closing and compacting, which move controls later.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "base/text.h"
+#include "host/language.h"
+#include "window/window.h"
+
+namespace pnl {
+
+enum class CalcKind { kResult, kEdit, kStatic, kKey, kList };
+
+struct CalcControl {
+  int id;
+  CalcKind kind;
+  TextView text;            // of a key whose icon is missing
+  int x, y, width, height;  // dialog units
+};
+
+struct CalcExtent {
+  int width = 0;
+  int height = 0;
+};
+
+/// Every control that has a place of its own, in the order in which they are made: later ones lie over earlier ones.
+[[nodiscard]] std::span<const CalcControl> CalcControls();
+/// Of the whole dialog, in dialog units.
+[[nodiscard]] CalcExtent CalcDialogUnits();
+
+/// The control as the language's dialog has it; what that lacks stays as built in. The result points into both.
+[[nodiscard]] CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* dialog);
+
+/// Dialog units are 6/4 by 13/8 pixels at scale 1, each number rounded by itself.
+[[nodiscard]] int DialogPixelsX(int units, double scale);
+[[nodiscard]] int DialogPixelsY(int units, double scale);
+[[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
+/// The scale of a screen of that density; 1 for one below 96 dots per inch, or one that can't be true.
+[[nodiscard]] double DialogScale(double dotsPerInch);
+
+/// Where a note of that size lies: below the window, above it where there is no room, else over its lower edge; always
+/// inside the parent as far as that reaches.
+[[nodiscard]] Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note);
+
+}  // namespace pnl
