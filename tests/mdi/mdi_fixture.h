@@ -13,7 +13,7 @@
 #include "mdi/mdi_execution.h"
 #include "mdi_fake_view.h"
 #include "mdi_fakes.h"
-#include "mdi_memory_files.h"
+#include "support/memory_files.h"
 #include "window/timers.h"
 
 namespace pnl::test {

@@ -7,7 +7,7 @@
 
 #include "base/failing_files.h"
 #include "mdi_fakes.h"
-#include "mdi_memory_files.h"
+#include "support/memory_files.h"
 
 namespace pnl::test {
 namespace {

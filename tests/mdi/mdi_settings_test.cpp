@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "mdi_fakes.h"
-#include "mdi_memory_files.h"
+#include "support/memory_files.h"
 
 namespace pnl::test {
 namespace {

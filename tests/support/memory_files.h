@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The disc of the command line's tests: files in memory that fail as told and note what was replaced.
+// A disc for tests: files in memory that fail as told and note what was replaced.
 #pragma once
 
 #include <algorithm>
