@@ -4,6 +4,7 @@
 #include "calc/calc_evaluation.h"
 #include "calc/calc_ids.h"
 #include "calc/calc_menus.h"
+#include "calc/calc_notes.h"
 
 namespace pnl::calc {
 
@@ -35,6 +36,7 @@ void MakeControls(CalcState& state) {
 
 /// Nothing runs and nothing is heard any more; the window is still there.
 void EndActivity(CalcState& state) {
+  CloseNote(state);
   DropWork(state);
   state.timer.Stop();
   state.closed = true;
@@ -63,8 +65,9 @@ void Open(const std::shared_ptr<CalcState>& keep) {
   state.View().SetTitle(state.texts.title);
   state.View().SetResultColors(kResultBack, kResultText);
   MakeControls(state);
+  // A box about the language, and then the host, may have ended the tool.
+  if (state.closed) return;
   state.context.host.HostToolOpening(tool_id::kCalculator);
-  // A box of the language, or the host, may have closed the tool meanwhile.
   if (state.closed) return;
   InstallMenus(state);
   if (state.closed) return;
@@ -111,7 +114,10 @@ std::intptr_t OnToolCommand(CalcState& state, std::intptr_t request) {
 
 void OnDestroyed(CalcState& state) {
   if (state.window == nullptr) return;
-  EndActivity(state);
+  // A window that is going is asked for nothing but what is to be saved.
+  state.closed = true;
+  state.timer.Stop();
+  DropWork(state);
   if (state.opened) {
     std::vector<Text> rows;
     const int count = state.window->ListCount();

@@ -36,7 +36,7 @@ void EndPreview(CalcState& state, CalcWork& work, CalcTask task) {
   state.View().SetStatus(value ? ValueStatus(state.texts, extent, *value, state.numberBase)
                                : FailureStatus(state.texts, extent));
   if (value) state.previewValue = value;
-  TakeSolverReport(state, work.Solver());
+  TakeSolverReport(state, value ? work.Solver() : SolverReport());
 }
 
 void Preview(CalcState& state, const Text& text, CalcTask task) {

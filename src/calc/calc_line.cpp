@@ -35,6 +35,7 @@ void OnButton(CalcState& state, int id) {
   if (id == calc_id::kOpenList) ToggleHistory(state);
   if (id == calc_id::kShowVariables) ToggleVariables(state);
   if (id == calc_id::kConfirm) {
+    CloseVariables(state);
     Confirm(state);
     state.View().FocusLine();
   }
@@ -63,7 +64,7 @@ void OnLineChanged(CalcState& state) {
     if (state.View().LineText() != state.confirmedLine) WriteLine(state, state.confirmedLine);
     return;
   }
-  DropHint(state);
+  state.hint.reset();
   PreviewLine(state);
 }
 

@@ -38,9 +38,9 @@ void LayOverKeypad(CalcState& state, int list, bool shown) {
 void OpenHistory(CalcState& state) {
   CloseVariables(state);
   state.openList = CalcOpenList::kHistory;
+  state.savedLine = state.View().LineText();
   LayOverKeypad(state, calc_id::kHistory, true);
   state.View().FocusList();
-  state.savedLine = state.View().LineText();
 }
 
 void CloseHistory(CalcState& state, CalcKeep keep) {

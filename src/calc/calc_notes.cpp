@@ -17,7 +17,6 @@ Text BasesText(CalcState& state) {
 }
 
 Text HintText(CalcState& state) {
-  if (!state.hint) return {};
   return Format(state.context.language.LoadToolText(calc_id::kTextTolerance), static_cast<int>(state.hint->steps),
                 Decimal(state.hint->residual));
 }
@@ -29,22 +28,17 @@ Text SolverText(CalcState& state) {
   const Language& language = state.context.language;
   const Text integral = Format(language.LoadToolText(calc_id::kTextIntegral), of('A'), of('B'), of('N'));
   const Text zero = Format(language.LoadToolText(calc_id::kTextZero), of('A'), of('N'), of('E'));
-  const Text hint = HintText(state);
-  return integral + u'\n' + zero + (hint.empty() ? Text() : u'\n' + hint);
+  return integral + u'\n' + zero;
 }
 
+/// A hint stands below whatever note is there.
 Text NoteText(CalcState& state) {
-  switch (state.note) {
-    case CalcNote::kNone:
-      break;
-    case CalcNote::kBases:
-      return BasesText(state);
-    case CalcNote::kSolver:
-      return SolverText(state);
-    case CalcNote::kHint:
-      return HintText(state);
-  }
-  return {};
+  Text text;
+  if (state.note == CalcNote::kBases) text = BasesText(state);
+  if (state.note == CalcNote::kSolver) text = SolverText(state);
+  if (!state.hint) return text;
+  if (!text.empty()) text += u'\n';
+  return text + HintText(state);
 }
 
 }  // namespace
@@ -63,23 +57,13 @@ void ToggleNote(CalcState& state, CalcNote note) {
 
 void CloseNote(CalcState& state) {
   state.note = CalcNote::kNone;
+  state.hint.reset();
   RefreshNote(state);
 }
 
 void TakeSolverReport(CalcState& state, const SolverReport& report) {
-  const bool shortOf = report.kind == SolverReport::Kind::kZero && !report.reachedTolerance;
-  if (!shortOf) {
-    DropHint(state);
-    return;
-  }
-  state.hint = report;
-  // The solver's note tells it as well, beside the parameters.
-  if (state.note != CalcNote::kSolver) state.note = CalcNote::kHint;
-}
-
-void DropHint(CalcState& state) {
   state.hint.reset();
-  if (state.note == CalcNote::kHint) state.note = CalcNote::kNone;
+  if (report.kind == SolverReport::Kind::kZero && !report.reachedTolerance) state.hint = report;
 }
 
 }  // namespace pnl::calc

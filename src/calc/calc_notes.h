@@ -12,9 +12,8 @@ void ToggleNote(CalcState& state, CalcNote note);
 void CloseNote(CalcState& state);
 /// Brings the note up to date.
 void RefreshNote(CalcState& state);
-/// What a finished evaluation has to tell of its solver: a tolerance that wasn't reached brings the hint.
+/// What a finished evaluation has to tell of its solver: a tolerance that wasn't reached brings the hint,
+/// which goes with the next report or change of the line.
 void TakeSolverReport(CalcState& state, const SolverReport& report);
-/// A hint that came by itself goes again.
-void DropHint(CalcState& state);
 
 }  // namespace pnl::calc

@@ -22,8 +22,8 @@ namespace pnl {
 /// What the running evaluation is for.
 enum class CalcTask { kNone, kLinePreview, kSelectionPreview, kConfirm, kConfirmAndClose };
 
-/// What the note shows. A hint came by itself and goes with the next change of the line.
-enum class CalcNote { kNone, kBases, kSolver, kHint };
+/// What the operator asked the note to show.
+enum class CalcNote { kNone, kBases, kSolver };
 
 /// Which list lies over the keypad.
 enum class CalcOpenList { kNone, kHistory, kVariables };
