@@ -8,7 +8,10 @@
 namespace pnl {
 namespace {
 
-double Pi() { return 2 * std::asin(1.0); }
+double Pi() {
+  static const double pi = 2 * std::asin(1.0);
+  return pi;
+}
 
 /// By the index of the function table. The solvers have no single operation.
 constexpr std::array<ExprOp, kFunctions.size()> kFunctionOps = {
@@ -21,6 +24,11 @@ constexpr std::array<ExprOp, kLogic.size()> kLogicOps = {ExprOp::kOr, ExprOp::kX
 constexpr std::array<ExprOp, kDelimiters.size()> kDelimiterOps = {
     ExprOp::kEnd,    ExprOp::kEnd,     ExprOp::kEnd,   ExprOp::kAdd,       ExprOp::kSubtract, ExprOp::kMultiply,
     ExprOp::kDivide, ExprOp::kPercent, ExprOp::kPower, ExprOp::kFactorial, ExprOp::kEnd,      ExprOp::kEnd};
+
+/// Of add, subtract, multiply and divide.
+constexpr std::array kLeftOnTop = {ExprOp::kAddTop, ExprOp::kSubtractTop, ExprOp::kMultiplyTop, ExprOp::kDivideTop};
+constexpr std::array kRightOnTop = {ExprOp::kAddTop, ExprOp::kSubtractFromTop, ExprOp::kMultiplyTop,
+                                    ExprOp::kDivideByTop};
 
 bool IsSolver(const ExprNode& node) {
   return node.kind == TOK_FUNCTION && (node.value.index == FUN_INTEGRAL || node.value.index == FUN_ZERO);
@@ -111,11 +119,29 @@ class Flattener {
   const double* Operation(ExprOp op, const double* a, const double* b) {
     if (IsConstant(a) && IsConstant(b)) {
       double value = 0;
-      if (Apply({op, &value, a, b})) return Constant(value);
+      double top = 0;
+      if (Apply({op, &value, a, b}, top)) return Constant(value);
     }
     double* to = Temporary();
-    Emit(op, to, a, b);
+    if (!EmitOnTop(op, to, a, b)) Emit(op, to, a, b);
     return to;
+  }
+
+  /// Takes an operand from the operation before when it has just computed it; false when it hasn't.
+  bool EmitOnTop(ExprOp op, double* to, const double* a, const double* b) {
+    if (op < ExprOp::kAdd || op > ExprOp::kDivide || program_.code.empty()) return false;
+    const ExprInstruction& before = program_.code.back();
+    if (before.op < ExprOp::kCopy || before.op == ExprOp::kDivisor) return false;
+    const auto form = static_cast<std::size_t>(op) - static_cast<std::size_t>(ExprOp::kAdd);
+    if (before.to == a) {
+      Emit(kLeftOnTop[form], to, nullptr, b);
+    } else if (before.to == b) {
+      const bool commutes = op == ExprOp::kAdd || op == ExprOp::kMultiply;
+      Emit(kRightOnTop[form], to, commutes ? nullptr : a, commutes ? a : nullptr);
+    } else {
+      return false;
+    }
+    return true;
   }
 
   const double* Unary(ExprOp op, const ExprNode& node, const double* b = nullptr) {
@@ -130,7 +156,10 @@ class Flattener {
     const double* a = Settled(Value(*node.left), HasEffects(node.right.get()));
     const double* b = Value(*node.right);
     temporaries_ = mark;
-    if (op == ExprOp::kPower && IsConstant(b) && *b == 2) return Operation(ExprOp::kSquare, a, nullptr);
+    if (op == ExprOp::kPower && IsConstant(b)) {
+      if (*b == 2) return Operation(ExprOp::kSquare, a, b);
+      if (*b == 3) return Operation(ExprOp::kCube, a, b);
+    }
     return Operation(op, a, b);
   }
 

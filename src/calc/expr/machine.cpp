@@ -31,6 +31,7 @@ void ExprMachine::Begin() {
 bool ExprMachine::Run(std::int64_t steps) {
   if (done_ || ip_ == nullptr) return true;
   const ExprInstruction* ip = ip_;
+  double top = top_;
   for (; steps > 0; --steps) {
     switch (ip->op) {
       case ExprOp::kEnd:
@@ -38,9 +39,11 @@ bool ExprMachine::Run(std::int64_t steps) {
         return true;
       case ExprOp::kIntegralBegin:
         ip = BeginIntegral(*ip);
+        top = 0;
         continue;
       case ExprOp::kIntegralNext:
         ip = NextIntegral(*ip);
+        top = 0;
         continue;
       case ExprOp::kZeroBegin:
         // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
@@ -49,9 +52,10 @@ bool ExprMachine::Run(std::int64_t steps) {
         continue;
       case ExprOp::kZeroNext:
         ip = NextZero(*ip);
+        top = 0;
         continue;
       default:
-        if (!Apply(*ip)) {
+        if (!Apply(*ip, top)) {
           Fail();
           return true;
         }
@@ -59,6 +63,7 @@ bool ExprMachine::Run(std::int64_t steps) {
     }
   }
   ip_ = ip;
+  top_ = top;
   return false;
 }
 
@@ -87,9 +92,9 @@ const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruc
   }
   SaveX();
   s.sum = -0.0;  // the first addend comes through as it is, a -0 too
-  s.place = 0;
+  s.round = Integral::Round::kFirst;
   s.weight = 1;
-  s.left = 1;
+  s.left = 0;
   X() = s.a;
   return Body();
 }
@@ -97,26 +102,22 @@ const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruc
 const ExprInstruction* ExprMachine::NextIntegral(const ExprInstruction& instruction) {
   Integral& s = integral_;
   s.sum += s.weight * *instruction.a;
-  if (s.left > 0 && s.weight != 1) {
-    --s.left;
-    s.place += 2;
-    X() = s.a + s.place * s.h;
-    return Body();
-  }
-  if (s.weight == 1 && s.left > 0) {
-    s.left = 0;
+  if (s.left == 0) return NextRound(instruction);
+  --s.left;
+  s.place += 2;
+  X() = s.a + s.place * s.h;
+  return Body();
+}
+
+const ExprInstruction* ExprMachine::NextRound(const ExprInstruction& instruction) {
+  using Round = Integral::Round;
+  Integral& s = integral_;
+  if (s.round == Round::kFirst) {
+    s.round = Round::kLast;
     X() = s.b;
     return Body();
   }
-  if (s.weight == 1 && s.intervals > 2) {
-    s.weight = 2;
-    s.place = 2;
-    s.left = s.intervals / 2 - 2;
-  } else if (s.weight != 4) {
-    s.weight = 4;
-    s.place = 1;
-    s.left = s.intervals / 2 - 1;
-  } else {
+  if (s.round == Round::kOdd) {
     *instruction.to = s.h / 3 * s.sum;
     X() = savedX_;
     xSaved_ = false;
@@ -124,6 +125,12 @@ const ExprInstruction* ExprMachine::NextIntegral(const ExprInstruction& instruct
     report_.steps = s.intervals;
     return BehindSolver();
   }
+  // Two intervals have no even place between their ends.
+  s.round = s.round == Round::kLast && s.intervals > 2 ? Round::kEven : Round::kOdd;
+  const bool even = s.round == Round::kEven;
+  s.weight = even ? 2 : 4;
+  s.place = even ? 2 : 1;
+  s.left = s.intervals / 2 - (even ? 2 : 1);
   X() = s.a + s.place * s.h;
   return Body();
 }

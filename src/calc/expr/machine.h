@@ -36,13 +36,15 @@ class ExprMachine {
  private:
   /// Composite Simpson rule: the two ends, then the even places, then the odd ones.
   struct Integral {
+    enum class Round { kFirst, kLast, kEven, kOdd };
+    Round round = Round::kFirst;
     double a = 0;
     double b = 0;
     double h = 0;
     double sum = 0;
-    double place = 0;       // of the evaluation under way, in intervals from a
-    double weight = 1;      // of that evaluation
-    std::int32_t left = 0;  // evaluations of this round still to come
+    double weight = 1;      // of the evaluation under way
+    double place = 0;       // of it, in intervals from a
+    std::int32_t left = 0;  // evaluations of this round behind it
     std::int32_t intervals = 0;
   };
   /// Newton's method with a central difference.
@@ -64,12 +66,14 @@ class ExprMachine {
   // Each says where the run goes on.
   const ExprInstruction* BeginIntegral(const ExprInstruction& instruction);
   const ExprInstruction* NextIntegral(const ExprInstruction& instruction);
+  const ExprInstruction* NextRound(const ExprInstruction& instruction);
   const ExprInstruction* NextZero(const ExprInstruction& instruction);
   [[nodiscard]] const ExprInstruction* Body() const { return program.code.data() + program.bodyBegin; }
   [[nodiscard]] const ExprInstruction* BehindSolver() const { return program.code.data() + program.bodyEnd + 1; }
 
   CalcStore& store_;
   const ExprInstruction* ip_ = nullptr;
+  double top_ = 0;  // value of the operation before
   bool done_ = false;
   bool succeeded_ = false;
   bool xSaved_ = false;

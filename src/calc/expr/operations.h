@@ -35,147 +35,177 @@ inline bool Factorial(double value, double& result) {
   return true;
 }
 
-/// Does one operation; false, with nothing stored, on a domain failure. A NaN fails nowhere but in "!".
-[[gnu::always_inline]] inline bool Apply(const ExprInstruction& i) {
-  double* const to = i.to;
+/// Does one operation; false, with nothing stored, on a domain failure. A NaN fails nowhere but in "!". top is the
+/// value of the operation before, and then of this one, so that a chain needn't wait for what it has just stored.
+[[gnu::always_inline]] inline bool Apply(const ExprInstruction& i, double& top) {
   switch (i.op) {
     case ExprOp::kCopy:
-      *to = *i.a;
-      return true;
+      top = *i.a;
+      break;
     case ExprOp::kAdd:
-      *to = *i.a + *i.b;
-      return true;
+      top = *i.a + *i.b;
+      break;
     case ExprOp::kSubtract:
-      *to = *i.a - *i.b;
-      return true;
+      top = *i.a - *i.b;
+      break;
     case ExprOp::kMultiply:
-      *to = *i.a * *i.b;
-      return true;
+      top = *i.a * *i.b;
+      break;
     case ExprOp::kDivide:
       if (*i.b == 0) return false;
-      *to = *i.a / *i.b;
-      return true;
+      top = *i.a / *i.b;
+      break;
+    case ExprOp::kAddTop:
+      top = top + *i.b;
+      break;
+    case ExprOp::kSubtractTop:
+      top = top - *i.b;
+      break;
+    case ExprOp::kSubtractFromTop:
+      top = *i.a - top;
+      break;
+    case ExprOp::kMultiplyTop:
+      top = top * *i.b;
+      break;
+    case ExprOp::kDivideTop:
+      if (*i.b == 0) return false;
+      top = top / *i.b;
+      break;
+    case ExprOp::kDivideByTop:
+      if (top == 0) return false;
+      top = *i.a / top;
+      break;
     case ExprOp::kDivisor:
       return *i.b != 0;
     case ExprOp::kPercent:
-      *to = *i.a * *i.b / 100;
-      return true;
+      top = *i.a * *i.b / 100;
+      break;
     case ExprOp::kPower:
-      return Power(*i.a, *i.b, *to);
+      if (!Power(*i.a, *i.b, *i.to)) return false;
+      top = *i.to;
+      break;
     case ExprOp::kSquare:
-      *to = Square(*i.a);
-      return true;
+      top = Square(*i.a, *i.b);
+      break;
+    case ExprOp::kCube:
+      top = Cube(*i.a, *i.b);
+      break;
     case ExprOp::kFactorial:
-      return Factorial(*i.a, *to);
+      if (!Factorial(*i.a, *i.to)) return false;
+      top = *i.to;
+      break;
     case ExprOp::kNegate:
-      *to = -*i.a;
-      return true;
+      top = -*i.a;
+      break;
     case ExprOp::kOr:
-      *to = TruncateToLowWord(*i.a) | TruncateToLowWord(*i.b);
-      return true;
+      top = TruncateToLowWord(*i.a) | TruncateToLowWord(*i.b);
+      break;
     case ExprOp::kXor:
-      *to = TruncateToLowWord(*i.a) ^ TruncateToLowWord(*i.b);
-      return true;
+      top = TruncateToLowWord(*i.a) ^ TruncateToLowWord(*i.b);
+      break;
     case ExprOp::kAnd:
-      *to = TruncateToLowWord(*i.a) & TruncateToLowWord(*i.b);
-      return true;
+      top = TruncateToLowWord(*i.a) & TruncateToLowWord(*i.b);
+      break;
     case ExprOp::kNot:
-      *to = ~TruncateToLowWord(*i.a);
-      return true;
+      top = ~TruncateToLowWord(*i.a);
+      break;
     case ExprOp::kAbs:
-      *to = std::fabs(*i.a);
-      return true;
+      top = std::fabs(*i.a);
+      break;
     case ExprOp::kSqrt:
       if (*i.a < 0) return false;
-      *to = std::sqrt(*i.a);
-      return true;
+      top = std::sqrt(*i.a);
+      break;
     case ExprOp::kLog:
       if (*i.a <= 0) return false;
-      *to = std::log10(*i.a);
-      return true;
+      top = std::log10(*i.a);
+      break;
     case ExprOp::kInvLog:
-      *to = std::pow(10.0, *i.a);
-      return true;
+      top = std::pow(10.0, *i.a);
+      break;
     case ExprOp::kLn:
       if (*i.a <= 0) return false;
-      *to = std::log(*i.a);
-      return true;
+      top = std::log(*i.a);
+      break;
     case ExprOp::kInvLn:
-      *to = std::exp(*i.a);
-      return true;
+      top = std::exp(*i.a);
+      break;
     case ExprOp::kSin:
-      *to = std::sin(*i.a);
-      return true;
+      top = std::sin(*i.a);
+      break;
     case ExprOp::kCos:
-      *to = std::cos(*i.a);
-      return true;
+      top = std::cos(*i.a);
+      break;
     case ExprOp::kTan:
-      *to = std::tan(*i.a);
-      return true;
+      top = std::tan(*i.a);
+      break;
     case ExprOp::kInvSin:
       if (std::fabs(*i.a) > 1) return false;
-      *to = std::asin(*i.a);
-      return true;
+      top = std::asin(*i.a);
+      break;
     case ExprOp::kInvCos:
       if (std::fabs(*i.a) > 1) return false;
-      *to = std::acos(*i.a);
-      return true;
+      top = std::acos(*i.a);
+      break;
     case ExprOp::kInvTan:
-      *to = std::atan(*i.a);
-      return true;
+      top = std::atan(*i.a);
+      break;
     case ExprOp::kSinScaled:
-      *to = std::sin(*i.a / *i.b);
-      return true;
+      top = std::sin(*i.a / *i.b);
+      break;
     case ExprOp::kCosScaled:
-      *to = std::cos(*i.a / *i.b);
-      return true;
+      top = std::cos(*i.a / *i.b);
+      break;
     case ExprOp::kTanScaled:
-      *to = std::tan(*i.a / *i.b);
-      return true;
+      top = std::tan(*i.a / *i.b);
+      break;
     case ExprOp::kInvSinScaled:
       if (std::fabs(*i.a) > 1) return false;
-      *to = std::asin(*i.a) * *i.b;
-      return true;
+      top = std::asin(*i.a) * *i.b;
+      break;
     case ExprOp::kInvCosScaled:
       if (std::fabs(*i.a) > 1) return false;
-      *to = std::acos(*i.a) * *i.b;
-      return true;
+      top = std::acos(*i.a) * *i.b;
+      break;
     case ExprOp::kInvTanScaled:
-      *to = std::atan(*i.a) * *i.b;
-      return true;
+      top = std::atan(*i.a) * *i.b;
+      break;
     case ExprOp::kSh:
-      *to = std::sinh(*i.a);
-      return true;
+      top = std::sinh(*i.a);
+      break;
     case ExprOp::kCh:
-      *to = std::cosh(*i.a);
-      return true;
+      top = std::cosh(*i.a);
+      break;
     case ExprOp::kTh:
-      *to = std::tanh(*i.a);
-      return true;
+      top = std::tanh(*i.a);
+      break;
     case ExprOp::kInvSh:
-      *to = std::log(*i.a + std::sqrt(*i.a * *i.a + 1));
-      return true;
+      top = std::log(*i.a + std::sqrt(*i.a * *i.a + 1));
+      break;
     case ExprOp::kInvCh:
       if (*i.a < 1) return false;
-      *to = std::log(*i.a + std::sqrt(*i.a * *i.a - 1));
-      return true;
+      top = std::log(*i.a + std::sqrt(*i.a * *i.a - 1));
+      break;
     case ExprOp::kInvTh:
       // Exactly 1 and -1 are let through and give infinities.
       if (std::fabs(*i.a) > 1) return false;
-      *to = 0.5 * std::log((1 + *i.a) / (1 - *i.a));
-      return true;
+      top = 0.5 * std::log((1 + *i.a) / (1 - *i.a));
+      break;
     case ExprOp::kMmToI:
-      *to = *i.a / kMmPerInch;
-      return true;
+      top = *i.a / kMmPerInch;
+      break;
     case ExprOp::kIToMm:
-      *to = *i.a * kMmPerInch;
-      return true;
+      top = *i.a * kMmPerInch;
+      break;
     case ExprOp::kInt:
-      *to = TruncateToInt32(*i.a);
-      return true;
+      top = TruncateToInt32(*i.a);
+      break;
     default:
-      return true;
+      // Control: not for here.
+      return false;
   }
+  *i.to = top;
+  return true;
 }
 
 }  // namespace pnl

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "calc/expr/power.h"
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 
@@ -26,24 +25,6 @@ bool Power(double a, double b, double& result) {
   if (a < 0 && std::fabs(b) < 1) return RootOfNegative(a, b, result);
   result = std::pow(a, b);
   return true;
-}
-
-double Square(double a) {
-#ifdef __GLIBC__
-  // glibc's pow is within 0.55 units in the last place. So the rounded product, when it is within 0.44, is the only
-  // double that pow can give. The product's error comes from halves of a that multiply exactly.
-  const double product = a * a;
-  if (product > 1E-280 && product < 1E280) {
-    const double high = std::bit_cast<double>(std::bit_cast<std::uint64_t>(a) & ~((std::uint64_t{1} << 27) - 1));
-    const double low = a - high;
-    const double error = ((high * high - product) + 2 * high * low) + low * low;
-    // The power of two at or below the product; below it when the product is one itself, where the unit changes.
-    constexpr std::uint64_t kExponent = 0xFFF0'0000'0000'0000;
-    const double scale = std::bit_cast<double>((std::bit_cast<std::uint64_t>(product) - 1) & kExponent);
-    if (std::fabs(error) < scale * (0.44 * 0x1p-52)) return product;
-  }
-#endif
-  return std::pow(a, 2.0);
 }
 
 }  // namespace pnl

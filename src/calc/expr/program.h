@@ -28,10 +28,17 @@ enum class ExprOp : std::uint8_t {
   kSubtract,
   kMultiply,
   kDivide,
+  kAddTop,  // these six: the value of the operation before in place of a, or of b where the name says so
+  kSubtractTop,
+  kSubtractFromTop,
+  kMultiplyTop,
+  kDivideTop,
+  kDivideByTop,
   kDivisor,  // fails when b is 0, ahead of a left side that must then not be evaluated
   kPercent,
   kPower,
   kSquare,
+  kCube,
   kFactorial,
   kNegate,
   kOr,
