@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/host_session.h"
 
+#include <QApplication>
 #include <QWidget>
 #include <algorithm>
 
@@ -182,6 +183,35 @@ bool HostSession::IsToolOpen(int toolId) const { return std::find(open_.begin(),
 
 int HostSession::FrontTool() const { return open_.empty() ? -1 : open_.back(); }
 
+void HostSession::BringToFront(int toolId) {
+  const PnlWindow window = ToolWindow(toolId);
+  auto* widget = static_cast<QWidget*>(PnlWidgetOf(window));
+  if (widget == nullptr || !IsToolOpen(toolId)) return;
+  widget->raise();
+  KeepToolState(toolId, true);
+  FocusWithin(window);
+}
+
+void HostSession::FocusWithin(PnlWindow window) {
+  auto* widget = static_cast<QWidget*>(PnlWidgetOf(window));
+  if (widget == nullptr) return;
+  const QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == widget || widget->isAncestorOf(focused))) return;
+  QWidget* last = widget->focusWidget();
+  (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
+}
+
+HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& menus) const {
+  for (auto tool = open_.rbegin(); tool != open_.rend(); ++tool) {
+    const auto menu = menus.find(*tool);
+    if (menu == menus.end()) continue;
+    // A tool that cleared its bar leaves it to the panel, not to the tool behind.
+    if (menu->second == 0 || PnlMenuItemCount(menu->second) < 0) break;
+    return {*tool, menu->second};
+  }
+  return {-1, 0};
+}
+
 void HostSession::KeepToolState(int tool, bool open) {
   const auto before = open_;
   open_.erase(std::remove(open_.begin(), open_.end(), tool), open_.end());
@@ -213,10 +243,12 @@ void HostSession::OnCall(const HostCall& call) {
     case 3:
       mainMenuTool_ = first();
       mainMenu_ = call.args.value(1).toUInt();
+      mainMenus_[mainMenuTool_] = mainMenu_;
       break;
     case 4:
       sideMenuTool_ = first();
       sideMenu_ = call.args.value(1).toUInt();
+      sideMenus_[sideMenuTool_] = sideMenu_;
       break;
     case 7:
       KeepMessage(call.args.value(1).toMap());

@@ -66,6 +66,17 @@ class HostSession : public QObject {
   /// Closes every tool in order.
   void CloseAll();
 
+  /// Makes an open tool the front one, above the others, and gives it the keyboard.
+  void BringToFront(int toolId);
+  /// The keyboard to that window: to the control in it that had it last.
+  static void FocusWithin(PnlWindow window);
+
+  /// A tool and the menu that it handed over last.
+  using ToolMenu = std::pair<int, std::uint32_t>;
+  /// What a bar shows: the menu of the open tool nearest to the front that ever handed one over. Tool -1 and menu 0
+  /// when there is no such tool, or the menu is gone.
+  [[nodiscard]] ToolMenu MainBar() const { return BarOf(mainMenus_); }
+  [[nodiscard]] ToolMenu SideBar() const { return BarOf(sideMenus_); }
   [[nodiscard]] std::uint32_t MainMenu() const { return mainMenu_; }
   [[nodiscard]] std::uint32_t SideMenu() const { return sideMenu_; }
   [[nodiscard]] int MainMenuTool() const { return mainMenuTool_; }
@@ -99,10 +110,13 @@ class HostSession : public QObject {
   PnlWindow toolArea_ = 0;
   PnlWindow mainWindow_ = 0;
   std::array<int, kSlotCount> returns_{};
+  [[nodiscard]] ToolMenu BarOf(const std::map<int, std::uint32_t>& menus) const;
   std::uint32_t mainMenu_ = 0;
   std::uint32_t sideMenu_ = 0;
   int mainMenuTool_ = -1;
   int sideMenuTool_ = -1;
+  std::map<int, std::uint32_t> mainMenus_;  // by tool, as each handed it over last
+  std::map<int, std::uint32_t> sideMenus_;
   bool reacting_ = true;
   std::map<int, MessageLine> messages_;
   std::vector<std::pair<int, PnlWindow>> loaded_;

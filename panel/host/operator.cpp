@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 
 namespace panel {
 namespace {
@@ -18,6 +19,16 @@ constexpr int kCommandOpen = 2;
 constexpr int kCommandClose = 6;
 constexpr int kCommandRestoreCaret = 7;
 constexpr int kCommandSwitchRole = 8;
+constexpr int kCommandCloseAndTell = 20;
+
+/// As a program takes a number: a point, no exponent, no zeros that say nothing.
+QString PlainNumber(double value) {
+  constexpr int kDecimals = 6;
+  QString text = QString::number(value, 'f', kDecimals);
+  while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+  if (text.endsWith(QLatin1Char('.'))) text.chop(1);
+  return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
 
 template <std::size_t N>
 bool Fits(const QString& text, const char16_t (&)[N]) {
@@ -133,9 +144,10 @@ void Operator::Do(Action action) {
       return AskHelp();
     case Action::kClearError:
       return ClearErrors();
+    case Action::kOpenCalculator:
+      return OpenCalculator();
     case Action::kFocusTool:
-      PnlSendMessage(session_.ToolWindow(session_.FrontTool()), PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
-      return;
+      return FocusTool();
     default:
       return DoMachine(action);
   }
@@ -208,6 +220,44 @@ void Operator::OpenMdi() {
   OpenTool(tool);
 }
 
+void Operator::OpenCalculator() {
+  if (session_.IsToolOpen(PNL_TOOL_CALCULATOR) && session_.FrontTool() == PNL_TOOL_CALCULATOR) return FocusTool();
+  // It opens with its window; a second one beside it would have a history of its own.
+  if (session_.IsToolOpen(PNL_TOOL_CALCULATOR)) return session_.BringToFront(PNL_TOOL_CALCULATOR);
+  OpenTool(PNL_TOOL_CALCULATOR);
+}
+
+void Operator::OpenMachining() {
+  if (!OpenTool(PNL_TOOL_MACHINING_CALCULATOR)) SetHint(Say(Word::kMachiningMissing), true);
+}
+
+void Operator::FocusTool() {
+  const PnlWindow window = session_.ToolWindow(session_.FrontTool());
+  PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+  session_.FocusWithin(window);
+}
+
+void Operator::CloseTool(int tool) {
+  // The calculator goes without a word on the other code, and the panel would think that it still stands there.
+  const int code = tool == PNL_TOOL_CALCULATOR ? kCommandCloseAndTell : kCommandClose;
+  // Posted: the tool is still inside the key that asked for it.
+  PnlPostMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, code, 0);
+}
+
+void Operator::TakeCalcResult() {
+  if (session_.IsToolOpen(PNL_TOOL_MDI)) {
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
+    return;
+  }
+  const auto result = rig_ == nullptr ? std::nullopt : rig_->Cnc().Get(u"E.CALCRESUL");
+  const auto* value = result ? std::get_if<double>(&*result) : nullptr;
+  if (value == nullptr) return;
+  if (!std::isfinite(*value)) return SetHint(Say(Word::kResultNoNumber), true);
+  const QString text = PlainNumber(*value);
+  emit InsertValueWanted(text);
+  SetHint(Say(Word::kResultInProgram, text));
+}
+
 void Operator::SwitchRole() {
   if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
@@ -250,8 +300,7 @@ void Operator::OnCalled(const HostCall& call) {
       emit ChooserWanted();
       return;
     case 9:
-      PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
-      return;
+      return TakeCalcResult();
     case 10:
     case 11:
       return EndRequest(true);
@@ -268,14 +317,11 @@ void Operator::OnCalled(const HostCall& call) {
       emit KeyForwarded(call.args.value(0).toInt());
       return;
     case 16:
-      PnlPostMessage(session_.ToolWindow(call.args.value(0).toInt()), PNL_MSG_TOOL_COMMAND, kCommandClose, 0);
-      return;
+      return CloseTool(call.args.value(0).toInt());
     case 17:
-      OpenTool(PNL_TOOL_CALCULATOR);
-      return;
+      return OpenCalculator();
     case 18:
-      OpenTool(PNL_TOOL_MACHINING_CALCULATOR);
-      return;
+      return OpenMachining();
     default:
       return;
   }

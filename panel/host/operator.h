@@ -60,6 +60,8 @@ class Operator : public QObject {
   void ChooserWanted();
   void ChooserGone();
   void InsertBlockWanted(const QString& text);
+  /// A value for wherever the operator works in the program.
+  void InsertValueWanted(const QString& text);
   void KeyForwarded(int key);
   void CloseWanted();
 
@@ -71,6 +73,12 @@ class Operator : public QObject {
   void DoMachine(Action action);
   void CycleStart();
   void OpenMdi();
+  void OpenCalculator();
+  void OpenMachining();
+  /// The keyboard to the tool in front.
+  void FocusTool();
+  void CloseTool(int tool);
+  void TakeCalcResult();
   void SwitchRole();
   void AskHelp();
   void ClearErrors();

@@ -50,6 +50,14 @@ QList<QWidget*> Controls(QWidget* window) {
   for (QWidget* child : window->findChildren<QWidget*>()) {
     if (IdOf(child) >= 0 && OwnerWindow(child) == window) controls.append(child);
   }
+  // What lies beside the window, not in it, says whose control it is.
+  const QVariant handle = window->property("pnlWindow");
+  const QWidget* parent = window->parentWidget();
+  if (parent == nullptr || !handle.isValid()) return controls;
+  for (QWidget* beside : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    const QVariant owner = beside->property("pnlOwner");
+    if (owner.isValid() && owner.toInt() == handle.toInt() && IdOf(beside) >= 0) controls.append(beside);
+  }
   return controls;
 }
 
@@ -208,7 +216,7 @@ QJsonObject WindowInspector::DescribeWindow(QWidget* window) const {
 QJsonObject WindowInspector::DescribeControl(QWidget* window, QWidget* control) const {
   const QVariant readOnly = control->property("readOnly");
   const QVariant state = control->property("pnlState");
-  const QPoint place = control->mapTo(window, QPoint(0, 0));
+  const QPoint place = window->mapFromGlobal(control->mapToGlobal(QPoint(0, 0)));
   QJsonObject told{{"kind", KindOf(control)},
                    {"text", TextOf(control)},
                    {"visible", control->isVisible()},

@@ -111,4 +111,21 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
   return layout;
 }
 
+QRect RoomBeside(const QRect& area, const QRect& tool) {
+  constexpr int kGap = 3;
+  constexpr int kLeastPart = 3;
+  const QRect covered = tool & area;
+  if (covered.isEmpty()) return area;
+  const QRect rooms[] = {
+      {area.topLeft(), QPoint(area.right(), covered.top() - kGap)},
+      {QPoint(area.left(), covered.bottom() + kGap), area.bottomRight()},
+      {QPoint(covered.right() + kGap, area.top()), area.bottomRight()},
+      {area.topLeft(), QPoint(covered.left() - kGap, area.bottom())},
+  };
+  const auto size = [](const QRect& rect) { return rect.isValid() ? rect.width() * rect.height() : 0; };
+  const QRect* best = std::max_element(std::begin(rooms), std::end(rooms),
+                                       [&size](const QRect& a, const QRect& b) { return size(a) < size(b); });
+  return size(*best) * kLeastPart >= area.width() * area.height() ? *best : area;
+}
+
 }  // namespace panel

@@ -31,4 +31,8 @@ inline constexpr QSize kLeastWindow{640, 480};
 /// Everything around a tool area of exactly that size.
 [[nodiscard]] PanelLayout LayOutAround(QSize toolArea, int touch);
 
+/// The largest part of area that a tool leaves free above, below or at a side; all of it where that is too little to
+/// work in.
+[[nodiscard]] QRect RoomBeside(const QRect& area, const QRect& tool);
+
 }  // namespace panel

@@ -15,7 +15,6 @@ struct ToolRow {
 };
 
 constexpr std::array kTools = {
-    ToolRow{PNL_TOOL_CALCULATOR, Word::kCalculator, false},
     ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, false},
     ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, false},
     ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
@@ -36,6 +35,7 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   std::vector<SoftKeyItem> items;
   items.push_back(ActionItem(op, Action::kOpenMdi, session.IsToolOpen(PNL_TOOL_MDI)));
   items.push_back(ActionItem(op, Action::kSwitchRole));
+  items.push_back(ActionItem(op, Action::kOpenCalculator, session.IsToolOpen(PNL_TOOL_CALCULATOR)));
   for (const ToolRow& row : kTools) {
     SoftKeyItem item;
     item.id = kToolBase + row.tool;

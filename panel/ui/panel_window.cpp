@@ -24,6 +24,20 @@
 
 namespace panel {
 
+namespace {
+
+/// The command line starts blocks, so the start keys are the panel's wherever its caret is. In any other tool a key
+/// that the tool takes must not set the machine going.
+bool KeepsItsKeys(const QObject* watched) {
+  for (const QObject* object = watched; object != nullptr; object = object->parent()) {
+    const QVariant tool = object->property("pnlTool");
+    if (tool.isValid()) return tool.toInt() != PNL_TOOL_MDI;
+  }
+  return false;
+}
+
+}  // namespace
+
 PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolve, QWidget* parent)
     : QWidget(parent),
       session_(session),
@@ -62,6 +76,10 @@ void PanelWindow::Connect() {
   connect(&op_, &Operator::ChooserWanted, this, &PanelWindow::ShowChooser);
   connect(&op_, &Operator::ChooserGone, chooser_, &FileChooser::Dismiss);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
+  connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
+    editor_->Insert(text);
+    editor_->setFocus();
+  });
   connect(&op_, &Operator::KeyForwarded, this, [this](int key) {
     constexpr int kEscape = 27;
     if (key == kEscape) Escape();
@@ -71,9 +89,9 @@ void PanelWindow::Connect() {
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
   connect(desk_, &ProgramDesk::Said, &op_, &Operator::SetHint);
   connect(mainBar_, &SoftKeyBar::Pressed, this,
-          [this](int id, std::uint32_t menu) { OnItem(session_.MainMenuTool(), id, menu); });
+          [this](int id, std::uint32_t menu) { OnItem(session_.MainBar().first, id, menu); });
   connect(sideBar_, &SoftKeyBar::Pressed, this,
-          [this](int id, std::uint32_t menu) { OnItem(session_.SideMenuTool(), id, menu); });
+          [this](int id, std::uint32_t menu) { OnItem(session_.SideBar().first, id, menu); });
 }
 
 void PanelWindow::MakeShortcuts() {
@@ -98,7 +116,7 @@ void PanelWindow::MakeShortcuts() {
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride) {
+  if (event->type() == QEvent::ShortcutOverride && !KeepsItsKeys(watched)) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
     if (panelKeys_.contains(QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(key->key()))))) {
@@ -106,6 +124,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
+  const bool placed = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+  if (placed && watched->isWidgetType() && watched->property("pnlTool").isValid()) PlaceEditor();
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   if (shownOrHidden && (watched == chooser_ || watched == question_)) {
     mainBar_->setEnabled(!Covered());
@@ -176,14 +196,10 @@ void PanelWindow::LayOut() {
 
 void PanelWindow::PlaceEditor() {
   QRect place = toolArea_->rect();
-  // A command line is a strip at an edge: the program stays readable beside it.
-  const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(session_.ToolWindow(session_.FrontTool())));
-  if (tool != nullptr && tool->isVisible() && tool->height() < place.height() / 2) {
-    if (tool->y() <= 0) {
-      place.setTop(tool->geometry().bottom() + 3);
-    } else {
-      place.setBottom(tool->y() - 3);
-    }
+  // The program stays readable beside a command line or a calculator, wherever they stand.
+  for (const PnlWindow window : session_.ToolWindows()) {
+    const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
+    if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
   }
   editor_->setGeometry(place);
 }

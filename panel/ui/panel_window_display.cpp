@@ -79,14 +79,13 @@ void PanelWindow::ShowMachine() {
 
 void PanelWindow::ShowBars() {
   // A closed tool leaves its menu behind; a bar shows it only while the tool is there to be commanded.
-  const auto shows = [this](int tool, std::uint32_t menu) { return MenuExists(menu) && session_.IsToolOpen(tool); };
-  if (shows(session_.MainMenuTool(), session_.MainMenu())) {
-    mainBar_->ShowMenu(session_.MainMenu());
+  if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
+    mainBar_->ShowMenu(menu);
   } else {
     mainBar_->ShowItems(PanelMainItems(session_, op_));
   }
-  if (shows(session_.SideMenuTool(), session_.SideMenu())) {
-    sideBar_->ShowMenu(session_.SideMenu());
+  if (const auto [tool, menu] = session_.SideBar(); menu != 0) {
+    sideBar_->ShowMenu(menu);
   } else {
     sideBar_->ShowItems(PanelSideItems(session_, op_));
   }

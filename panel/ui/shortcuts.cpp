@@ -15,6 +15,7 @@ const QList<ShortcutRow>& ShortcutTable() {
       {Action::kInspect, Word::kInspect, "Shift+F10"},
       {Action::kOpenMdi, Word::kMdi, "Ctrl+M"},
       {Action::kSwitchRole, Word::kMdiMda, "Ctrl+Shift+M"},
+      {Action::kOpenCalculator, Word::kCalculator, "Ctrl+K"},
       {Action::kHelp, Word::kHelp, "Ctrl+F1"},
       {Action::kClearError, Word::kClear, "Shift+Esc"},
       {Action::kFocusTool, Word::kFocusTool, "Ctrl+T"},

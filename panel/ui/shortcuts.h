@@ -22,6 +22,7 @@ enum class Action {
   kInspect,
   kOpenMdi,
   kSwitchRole,
+  kOpenCalculator,
   kHelp,
   kClearError,
   kFocusTool,

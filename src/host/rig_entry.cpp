@@ -80,7 +80,8 @@ bool LibraryRig::StartMachine(std::string_view name) {
   if (!library_.StartMachine(name)) return false;
   for (const PathFolder& path : kMachineFolders) Files().SetPath(path.id, path.folder);
   library_.PrepareFolders();
-  return true;
+  // A machine's drive is ready: what was saved on it is read back.
+  return Cnc().Returns("UTIL7340_DriveStatus", {0});
 }
 
 void LibraryRig::UseManualTime() { library_.Timers().UseManual(); }

@@ -187,7 +187,7 @@ TEST_F(PanelWindowTest, ARefusedCommandLineSaysSo) {
 }
 
 TEST_F(PanelWindowTest, AToolThatDoesNotExistSaysSo) {
-  EXPECT_FALSE(op_->OpenTool(PNL_TOOL_CALCULATOR));
+  EXPECT_FALSE(op_->OpenTool(PNL_TOOL_PLC_MESSAGES));
   Settle();
   EXPECT_EQ(ZoneText(), Say(Word::kToolMissing));
 }
