@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QtGui/QFont>
+#include <QtGui/QPalette>
 #include <QtGui/QRgb>
 
 #include "controls/fonts.h"
@@ -34,6 +35,16 @@ inline constexpr int kStatusHeight = 13;
 inline constexpr int kListHeight = 16;
 inline constexpr int kNormalWeight = 400;
 inline constexpr int kBoldWeight = 600;
+
+/// For the parts that the style draws: the menu bar, and what lies behind the controls.
+[[nodiscard]] inline QPalette DialogPalette() {
+  QPalette palette{QColor(kGround)};
+  palette.setColor(QPalette::WindowText, QColor(kText));
+  palette.setColor(QPalette::ButtonText, QColor(kText));
+  palette.setColor(QPalette::Highlight, QColor(kSelection));
+  palette.setColor(QPalette::HighlightedText, QColor(kText));
+  return palette;
+}
 
 /// Characters of that height in pixels, in the dialog's face.
 [[nodiscard]] inline QFont Font(int height, int weight) {

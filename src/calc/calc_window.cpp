@@ -98,6 +98,8 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
   setProperty(property::kMenuAttached, false);
   setFocusPolicy(Qt::ClickFocus);
   SetBackProperty(calc_look::kGroundColor);
+  setPalette(calc_look::DialogPalette());
+  setAutoFillBackground(true);
   client_ = new CalcClientWidget(context_.language, scale, this);
   if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), parent);
   const CalcExtent extent = CalcDialogUnits();
