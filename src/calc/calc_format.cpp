@@ -24,7 +24,8 @@ Text WithDecimals(double value, int decimals) { return Format(u"%.*f", decimals,
 Text BinaryDigits(double value) {
   const std::uint32_t word = TruncateToLowWord(value);
   Text digits;
-  for (int bit = std::bit_width(word); bit > 0; --bit) digits += (word >> (bit - 1) & 1U) != 0 ? u'1' : u'0';
+  for (auto bit = static_cast<int>(std::bit_width(word)); bit > 0; --bit)
+    digits += (word >> (bit - 1) & 1U) != 0 ? u'1' : u'0';
   return digits.empty() ? Text(u"0") : digits;
 }
 

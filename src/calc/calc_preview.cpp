@@ -21,7 +21,7 @@ CalcTexts LoadCalcTexts(Language& language) {
 }
 
 Text SyntaxStatus(const CalcTexts& texts, CalcExtent extent, TextView text, std::size_t place) {
-  const TextView before = text.substr(0, place);
+  const TextView before = text.substr(0, std::min(place, text.size()));
   const TextView from = text.substr(before.size());
   if (extent == CalcExtent::kLine) return Format(u"%s: %s< >%s", texts.syntax, before, from);
   return Format(u"%s %s: %s< >%s", texts.selection, texts.syntax, before, from);

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The calculator's settings out of an ini file of any bytes: read, stored into both copies and read again from either
+// they are the same, and so is every other key.
+#include "base/ini_file.h"
+#include "calc/calc_settings.h"
+#include "fuzz_check.h"
+#include "fuzz_utilities.h"
+#include "memory_files.h"
+
+namespace {
+
+using pnl::CalcSettings;
+using pnl::CIniFile;
+using pnl::Text;
+
+constexpr int kFarthest = 32767;
+
+void CheckOtherKeys(CIniFile& before, CIniFile& after) {
+  for (const Text& name : before.GetKeyNames(u"PRIVATE")) {
+    FUZZ_CHECK(before.ReadString(u"PRIVATE", name, u"") == after.ReadString(u"PRIVATE", name, u"?"));
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const Text users = u"C:\\P108\\Calc7340.ini";
+  const Text machines = u"C:\\P52\\Calc7340.ini";
+  pnl::fuzz::MemoryFiles files;
+  pnl::fuzz::PathUtilities utilities;
+  files.content[users] = std::string(reinterpret_cast<const char*>(data), size);
+
+  const CalcSettings settings = pnl::LoadCalcSettings(files, utilities);
+  FUZZ_CHECK(settings.left >= -kFarthest && settings.left <= kFarthest);
+  FUZZ_CHECK(settings.top >= -kFarthest && settings.top <= kFarthest);
+  CIniFile before(files);
+  before.ReadIniFile(users);
+  // Half a surrogate pair, which UTF-16 can bring, is U+FFFD once it was stored.
+  before.Parse(before.Serialize());
+  pnl::SaveCalcSettings(files, utilities, settings);
+  CIniFile after(files);
+  FUZZ_CHECK(after.ReadIniFile(users));
+  CheckOtherKeys(before, after);
+
+  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities) == settings);
+  utilities.driveStatus = 1;
+  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities) == settings);
+  const std::string stored = files.content[users];
+  pnl::SaveCalcSettings(files, utilities, settings);
+  FUZZ_CHECK(files.content[users] == stored);
+  return 0;
+}

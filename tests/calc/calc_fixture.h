@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// A whole calculator on a simulated CNC: host, disc, language and window are fakes, with one log of everything that was
+// asked, in order. The program's variables are cleared for each test.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "calc/calc_session.h"
+#include "calc/expr/calc_store.h"
+#include "calc_fake_view.h"
+#include "host/language_pack.h"
+#include "support/memory_files.h"
+#include "support/sim_fixture.h"
+
+namespace pnl::test {
+
+class CalcRig {
+ public:
+  CalcRig();
+  ~CalcRig();
+  CalcRig(const CalcRig&) = delete;
+  CalcRig& operator=(const CalcRig&) = delete;
+
+  /// A tool that is not open yet; one that was there is destroyed first.
+  void MakeTool();
+  void Open() { session->Open(); }
+  /// The window goes, as it does when the event that closed it is over.
+  void DestroyTool();
+
+  bool Key(CalcKey key, bool ctrl = false) { return session->OnKey(key, ctrl); }
+  void Button(int id) { session->OnButton(id); }
+  void Menu(int id) { session->OnMenuCommand(id); }
+  /// One character after the other, as the focused line gets them.
+  void Type(const std::string& text);
+  /// The line as if the operator had replaced it, with the caret at its end.
+  void Line(const std::string& text);
+  void Mark(int start, int end) { view->selection = {start, end}; }
+  void Tick() { timers.Advance(250); }
+  /// The operator selects rows of the open history.
+  void Pick(std::vector<int> rows);
+  void Confirm(const std::string& text);
+  /// Pieces until nothing runs; how many there were.
+  int WorkToTheEnd();
+
+  [[nodiscard]] std::string LineNow() const { return ToUtf8(view->line); }
+  [[nodiscard]] std::string Status() const { return ToUtf8(view->status); }
+  [[nodiscard]] std::string Result() const { return ToUtf8(view->result); }
+  [[nodiscard]] std::string Note() const { return ToUtf8(view->note); }
+  [[nodiscard]] std::vector<std::string> Rows() const;
+  [[nodiscard]] static double Variable(char letter);
+  /// Everything asked since the last call; Asked leaves the view's orders out.
+  Log All() { return std::exchange(log, {}); }
+  Log Asked();
+  [[nodiscard]] const MenuItem* Item(int id);
+  [[nodiscard]] std::string MenuName(MenuHandle menu) const;
+
+  RecordingSink sink;
+  Log& log = sink.lines;
+  FakeWindowSystem windows;
+  ManualTimers timers;
+  MemoryFiles files;
+  DriveMap drives;
+  sim::SimulatedCnc cnc{windows, timers, files, drives};
+  MenuTable menus;
+  Language language;
+  HostApiTable table = {};
+  HostBridge host;
+  ToolContext context;
+  std::unique_ptr<FakeCalcView> view;
+  std::unique_ptr<CalcSession> session;
+  std::function<void(const std::string&)> onHostCall;  // after it was logged
+
+  static CalcRig* current;
+};
+
+class CalcTest : public testing::Test, public CalcRig {};
+
+/// A calculator that stands open with an empty log.
+class OpenCalcTest : public CalcTest {
+ protected:
+  OpenCalcTest() {
+    Open();
+    log.clear();
+  }
+};
+
+}  // namespace pnl::test
