@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "calc/expr/program.h"
+
+#include "calc/expr/expr_fixture.h"
+
+namespace pnl::test {
+namespace {
+
+std::string Program(const Text& text, bool radians = true) {
+  CScaner scanner;
+  CParser parser;
+  CalcStore store;
+  std::unique_ptr<Token> tokens;
+  std::unique_ptr<ExprNode> tree;
+  std::int32_t place = 0;
+  scanner.ScanExpression(text.c_str(), tokens);
+  if (tokens == nullptr || parser.ParseTokens(tokens.get(), place, tree) == 0) return "refused";
+  ExprProgram program;
+  Flatten(*tree, store, radians ? 1.0 : DegreesPerRadian(), program);
+  Text described;
+  DescribeProgram(program, store, described);
+  return ToUtf8(described);
+}
+
+TEST(Program, ALeafCostsNothing) {
+  EXPECT_EQ("end\nvalue A\n", Program(u"A"));
+  EXPECT_EQ("end\nvalue ACC\n", Program(u"ACC"));
+  EXPECT_EQ("end\nvalue 1.5\n", Program(u"1.5"));
+}
+
+TEST(Program, AnOperatorCostsOneInstruction) {
+  EXPECT_EQ("t0 = add A B\nend\nvalue t0\n", Program(u"A+B"));
+  EXPECT_EQ("t0 = sqrt A\nend\nvalue t0\n", Program(u"SQRT A"));
+  EXPECT_EQ("A = copy B\nend\nvalue A\n", Program(u"A=B"));
+}
+
+TEST(Program, AChainTakesTheValueBefore) {
+  EXPECT_EQ("t0 = multiply A B\nt0 = add top C\nend\nvalue t0\n", Program(u"A*B+C"));
+  EXPECT_EQ("t0 = multiply A B\nt0 = subtract from top C\nend\nvalue t0\n", Program(u"C-A*B"));
+  EXPECT_EQ("t0 = multiply A B\nt0 = divide by top C\nend\nvalue t0\n", Program(u"C/(A*B)"));
+  EXPECT_EQ("t0 = multiply A B\nt1 = multiply C D\nt0 = subtract from top t0\nend\nvalue t0\n", Program(u"A*B-C*D"));
+}
+
+TEST(Program, ConstantsAreComputedOnce) {
+  EXPECT_EQ("end\nvalue 7\n", Program(u"1+2*3"));
+  EXPECT_EQ("t0 = add A 6.2831853071795862\nend\nvalue t0\n", Program(u"A+2*PI"));
+  EXPECT_EQ("end\nvalue 90\n", Program(u"INVSIN 1", false));
+}
+
+TEST(Program, WhatFailsIsLeftToTheRun) {
+  EXPECT_EQ("t0 = divide 1 0\nend\nvalue t0\n", Program(u"1/0"));
+  EXPECT_EQ("t0 = sqrt -1\nend\nvalue t0\n", Program(u"SQRT -1"));
+}
+
+TEST(Program, AnglesAreScaledInDegreesOnly) {
+  EXPECT_EQ("t0 = sin A\nend\nvalue t0\n", Program(u"SIN A"));
+  EXPECT_EQ("t0 = sin scaled A 57.295779513082323\nend\nvalue t0\n", Program(u"SIN A", false));
+}
+
+TEST(Program, AVariableIsCopiedWhenItMayChange) {
+  EXPECT_EQ("t0 = copy A\nA = copy 5\nt0 = add top t0\nend\nvalue t0\n", Program(u"A+(A=5)"));
+}
+
+TEST(Program, ADivisorIsLookedAtBeforeALeftSideThatAssigns) {
+  EXPECT_EQ("t0 = copy B\ndivisor t0\nA = copy 1\nt0 = divide top t0\nend\nvalue t0\n", Program(u"(A=1)/B"));
+}
+
+TEST(Program, SolversEncloseTheirOperand) {
+  EXPECT_EQ("t0 = integral begin\nt1 = square X 2\nt0 = integral next t1\nend\nvalue t0\n", Program(u"INTEGRAL X^2"));
+  EXPECT_EQ("t0 = zero begin\nt1 = sin X\nt0 = zero next t1\nt0 = negate t0\nend\nvalue t0\n", Program(u"-ZERO SIN X"));
+}
+
+TEST(Program, EveryOperationHasAName) {
+  for (const TextView function : kFunctions) {
+    const std::string name = ToUtf8(function);
+    std::string lower = name;
+    for (char& c : lower) c = static_cast<char>(c - 'A' + 'a');
+    EXPECT_NE(std::string::npos, Program(Text(function) + u" X").find("= " + lower)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace pnl::test
