@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+// The history list: opening, walking, closing in each way, deleting.
+#include "calc_fixture.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CalcListTest : public CalcTest {
+ protected:
+  CalcListTest() {
+    files.disc["C:\\P1\\calc.htr"] = "1+1\r\n2+2\r\n3+3\r\n";
+    Open();
+    Line("abc");
+    log.clear();
+  }
+  /// What the operator sees of the keypad and the list.
+  void ExpectShown(bool list) {
+    EXPECT_EQ(session->IsListOpen(), list);
+    EXPECT_EQ(view->IsShown(calc_id::kHistory) && view->shown.count(calc_id::kHistory) != 0, list);
+    for (int key = 1013; key <= 1036; ++key) EXPECT_EQ(view->IsShown(key), !list) << key;
+    EXPECT_TRUE(view->IsShown(calc_id::kAssign));
+    EXPECT_TRUE(view->IsShown(calc_id::kOpenList));
+  }
+};
+
+TEST_F(CalcListTest, TheButtonAndBothArrowsOpenIt) {
+  Button(calc_id::kOpenList);
+  ExpectShown(true);
+  Key(CalcKey::kEscape);
+  for (const CalcKey key : {CalcKey::kUp, CalcKey::kDown}) {
+    EXPECT_TRUE(Key(key));
+    ExpectShown(true);
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kList);
+    Key(CalcKey::kEscape);
+  }
+}
+
+TEST_F(CalcListTest, OpenItLiesOverTheKeypadDownToTheBottom) {
+  Key(CalcKey::kUp);
+  EXPECT_EQ(view->rects[calc_id::kHistory], (Rect{3, 83, 279, 221}));
+  EXPECT_TRUE(view->IsShown(calc_id::kResult));
+}
+
+TEST_F(CalcListTest, InCompactSizeItTakesThePlaceOfTheResult) {
+  Menu(calc_id::kMenuCompact);
+  Key(CalcKey::kUp);
+  EXPECT_EQ(view->rects[calc_id::kHistory], (Rect{3, 0, 279, 36}));
+  EXPECT_FALSE(view->IsShown(calc_id::kResult));
+  Key(CalcKey::kEscape);
+  EXPECT_TRUE(view->IsShown(calc_id::kResult));
+  ExpectShown(false);
+}
+
+TEST_F(CalcListTest, WalkingCopiesTheRowIntoTheLine) {
+  Key(CalcKey::kUp);
+  EXPECT_FALSE(Key(CalcKey::kDown)) << "the list itself moves";
+  Pick({1});
+  EXPECT_EQ(LineNow(), "2+2");
+  EXPECT_EQ(Status(), "Value : 4");
+}
+
+TEST_F(CalcListTest, OfSeveralRowsTheOneUnderTheKeysCounts) {
+  Key(CalcKey::kUp);
+  Pick({0, 1, 2});
+  EXPECT_EQ(LineNow(), "3+3");
+  view->currentRow = -1;
+  session->OnListSelection();
+  EXPECT_EQ(LineNow(), "1+1");
+}
+
+TEST_F(CalcListTest, EnterClosesItWithTheRow) {
+  Key(CalcKey::kUp);
+  Pick({1});
+  log.clear();
+  EXPECT_TRUE(Key(CalcKey::kEnter));
+  EXPECT_EQ(LineNow(), "2+2");
+  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  ExpectShown(false);
+  EXPECT_THAT(Rows(), ElementsAre("1+1", "2+2", "3+3")) << "nothing was confirmed";
+}
+
+TEST_F(CalcListTest, ADoubleClickAndAClickOnTheLineCloseItWithTheRowToo) {
+  Key(CalcKey::kUp);
+  Pick({2});
+  session->OnListDoubleClick();
+  EXPECT_EQ(LineNow(), "3+3");
+  ExpectShown(false);
+  Key(CalcKey::kUp);
+  Pick({0});
+  session->OnLinePressed();
+  EXPECT_EQ(LineNow(), "1+1");
+  ExpectShown(false);
+}
+
+TEST_F(CalcListTest, WithoutSelectionTheLineKeepsItsText) {
+  Key(CalcKey::kUp);
+  Key(CalcKey::kEnter);
+  EXPECT_EQ(LineNow(), "abc");
+  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+}
+
+TEST_F(CalcListTest, AnEmptyListKeepsTheLinesText) {
+  view->rows.clear();
+  Key(CalcKey::kUp);
+  Key(CalcKey::kEnter);
+  EXPECT_EQ(LineNow(), "abc");
+}
+
+TEST_F(CalcListTest, EscapeAndTheButtonGiveTheLineBack) {
+  Key(CalcKey::kUp);
+  Pick({1});
+  EXPECT_TRUE(Key(CalcKey::kEscape));
+  EXPECT_EQ(LineNow(), "abc");
+  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  ExpectShown(false);
+  EXPECT_THAT(Asked(), IsEmpty()) << "the host was not asked to close";
+  Button(calc_id::kOpenList);
+  Pick({0});
+  Button(calc_id::kOpenList);
+  EXPECT_EQ(LineNow(), "abc");
+  ExpectShown(false);
+}
+
+TEST_F(CalcListTest, DeleteTakesTheSelectedRowsFromTheLastToTheFirst) {
+  Key(CalcKey::kUp);
+  Pick({0, 2});
+  log.clear();
+  EXPECT_TRUE(Key(CalcKey::kDelete));
+  EXPECT_THAT(All(), ElementsAre("view delete row 2", "view delete row 0"));
+  EXPECT_THAT(Rows(), ElementsAre("2+2"));
+  EXPECT_TRUE(Key(CalcKey::kDelete)) << "nothing is selected now";
+  EXPECT_THAT(Rows(), ElementsAre("2+2"));
+}
+
+TEST_F(CalcListTest, DeletingAllRowsAndClosingLeavesTheOldFile) {
+  Key(CalcKey::kUp);
+  Pick({0, 1, 2});
+  Key(CalcKey::kDelete);
+  EXPECT_THAT(Rows(), IsEmpty());
+  session->OnToolCommand(34);
+  DestroyTool();
+  EXPECT_EQ(files.disc["C:\\P1\\calc.htr"], "1+1\r\n2+2\r\n3+3\r\n");
+}
+
+TEST_F(CalcListTest, WithTheListOpenCharactersAreNotTaken) {
+  Key(CalcKey::kUp);
+  EXPECT_FALSE(session->OnCharacter(u'+'));
+  EXPECT_EQ(LineNow(), "abc");
+}
+
+TEST_F(CalcListTest, ACommandThatWritesStillWritesAndEscapeTakesItBack) {
+  Key(CalcKey::kUp);
+  Menu(32784);
+  EXPECT_EQ(LineNow(), "abcSin");
+  EXPECT_TRUE(session->IsListOpen());
+  Key(CalcKey::kEscape);
+  EXPECT_EQ(LineNow(), "abc");
+}
+
+TEST_F(CalcListTest, InsertWithTheListOpenHandsTheRowOver) {
+  Key(CalcKey::kUp);
+  Pick({1});
+  Key(CalcKey::kInsert);
+  EXPECT_THAT(Asked(), ElementsAre("write E.CALCRESUL=4.0 ok", "HostToolClosed(3,1)", "HostCalcResultAccepted"));
+}
+
+TEST_F(CalcListTest, SelectionsOfAClosedListAreNobodysBusiness) {
+  view->selectedRows = {1};
+  session->OnListSelection();
+  session->OnListDoubleClick();
+  session->OnLinePressed();
+  EXPECT_EQ(LineNow(), "abc");
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(CalcListTest, TheMenuCanBeSwitchedFromARowOfTheList) {
+  view->rows = {u"SETMENU(TRUE)"};
+  Key(CalcKey::kUp);
+  Pick({0});
+  Key(CalcKey::kEnter);
+  EXPECT_TRUE(session->IsMenuAttached());
+  EXPECT_FALSE(session->IsListOpen());
+  EXPECT_EQ(LineNow(), "SETMENU(TRUE)");
+}
+
+}  // namespace
+}  // namespace pnl::test
