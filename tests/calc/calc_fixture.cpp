@@ -22,8 +22,14 @@ void FillTable(HostApiTable& table) {
   table.toolClosed = [](int tool, int reason) {
     Logged("HostToolClosed(" + std::to_string(tool) + "," + std::to_string(reason) + ")");
   };
-  table.setMainMenu = [](int, HostMenuRef menu) { Logged("main menu " + CalcRig::current->MenuName(menu.menu)); };
-  table.setSideMenu = [](int, HostMenuRef menu) { Logged("side menu " + CalcRig::current->MenuName(menu.menu)); };
+  table.setMainMenu = [](int, HostMenuRef menu) {
+    CalcRig::current->mainMenu = menu.menu;
+    Logged("main menu " + CalcRig::current->MenuName(menu.menu));
+  };
+  table.setSideMenu = [](int, HostMenuRef menu) {
+    CalcRig::current->sideMenu = menu.menu;
+    Logged("side menu " + CalcRig::current->MenuName(menu.menu));
+  };
   table.updateMainMenu = [](int tool, int) { Logged(Called("HostUpdateMainMenu", tool)); };
   table.updateSideMenu = [](int tool, int) { Logged(Called("HostUpdateSideMenu", tool)); };
   table.calcResultAccepted = [] { Logged("HostCalcResultAccepted"); };
@@ -156,10 +162,8 @@ Log CalcRig::Asked() {
 }
 
 const MenuItem* CalcRig::Item(int id) {
-  for (MenuHandle menu = 1; menu < 32; ++menu) {
-    if (const MenuItem* item = menus.FindItem(menu, id)) return item;
-  }
-  return nullptr;
+  const MenuItem* item = menus.FindItem(mainMenu, id);
+  return item != nullptr ? item : menus.FindItem(sideMenu, id);
 }
 
 std::string CalcRig::MenuName(MenuHandle menu) const {

@@ -56,6 +56,7 @@ class CalcRig {
   /// Everything asked since the last call; Asked leaves the view's orders out.
   Log All() { return std::exchange(log, {}); }
   Log Asked();
+  /// The item in the bars' menus; null when there is none.
   [[nodiscard]] const MenuItem* Item(int id);
   [[nodiscard]] std::string MenuName(MenuHandle menu) const;
 
@@ -71,6 +72,8 @@ class CalcRig {
   HostApiTable table = {};
   HostBridge host;
   ToolContext context;
+  MenuHandle mainMenu = 0;
+  MenuHandle sideMenu = 0;
   std::unique_ptr<FakeCalcView> view;
   std::unique_ptr<CalcSession> session;
   std::function<void(const std::string&)> onHostCall;  // after it was logged
