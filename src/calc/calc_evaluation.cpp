@@ -17,8 +17,8 @@ constexpr std::size_t kLongestPreview = 199;
 constexpr std::int64_t kStepsAtOnce = 200'000;
 constexpr std::int64_t kStepsAPiece = 30'000;
 
-CalcExtent ExtentOf(CalcTask task) {
-  return task == CalcTask::kSelectionPreview ? CalcExtent::kSelection : CalcExtent::kLine;
+PreviewExtent ExtentOf(CalcTask task) {
+  return task == CalcTask::kSelectionPreview ? PreviewExtent::kSelection : PreviewExtent::kLine;
 }
 
 Text PreviewedText(CalcState& state) { return LineText(state).substr(0, kLongestPreview); }
@@ -32,7 +32,7 @@ Text SelectedText(TextView line, CalcSelection selection) {
 
 void EndPreview(CalcState& state, CalcWork& work, CalcTask task) {
   const std::optional<double> value = work.Finish();
-  const CalcExtent extent = ExtentOf(task);
+  const PreviewExtent extent = ExtentOf(task);
   state.View().SetStatus(value ? ValueStatus(state.texts, extent, *value, state.numberBase)
                                : FailureStatus(state.texts, extent));
   if (value) state.previewValue = value;

@@ -20,23 +20,23 @@ CalcTexts LoadCalcTexts(Language& language) {
           text(calc_id::kTextSyntax), text(calc_id::kTextValue), text(calc_id::kTextSelection)};
 }
 
-Text SyntaxStatus(const CalcTexts& texts, CalcExtent extent, TextView text, std::size_t place) {
+Text SyntaxStatus(const CalcTexts& texts, PreviewExtent extent, TextView text, std::size_t place) {
   const TextView before = text.substr(0, std::min(place, text.size()));
   const TextView from = text.substr(before.size());
-  if (extent == CalcExtent::kLine) return Format(u"%s: %s< >%s", texts.syntax, before, from);
+  if (extent == PreviewExtent::kLine) return Format(u"%s: %s< >%s", texts.syntax, before, from);
   return Format(u"%s %s: %s< >%s", texts.selection, texts.syntax, before, from);
 }
 
-Text FailureStatus(const CalcTexts& texts, CalcExtent extent) {
-  if (extent == CalcExtent::kLine) return texts.failed;
+Text FailureStatus(const CalcTexts& texts, PreviewExtent extent) {
+  if (extent == PreviewExtent::kLine) return texts.failed;
   return Format(u"%s %s", texts.selection, texts.failed);
 }
 
-Text ValueStatus(const CalcTexts& texts, CalcExtent extent, double value, int base) {
+Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base) {
   const Text number = FormatResult(value, base);
   // Up to 32 digits take the whole line.
   if (base == number_base::kBinary) return number;
-  if (extent == CalcExtent::kLine) return Format(u"%s : %s", texts.value, number);
+  if (extent == PreviewExtent::kLine) return Format(u"%s : %s", texts.value, number);
   return Format(u"%s %s : %s", texts.selection, texts.value, number);
 }
 

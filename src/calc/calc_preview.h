@@ -23,13 +23,13 @@ struct CalcTexts {
 [[nodiscard]] CalcTexts LoadCalcTexts(Language& language);
 
 /// What is previewed: the line, or the selection in it.
-enum class CalcExtent { kLine, kSelection };
+enum class PreviewExtent { kLine, kSelection };
 
 /// A text that doesn't compile, parted at the failing place; a place beyond it is its end.
-[[nodiscard]] Text SyntaxStatus(const CalcTexts& texts, CalcExtent extent, TextView text, std::size_t place);
-[[nodiscard]] Text FailureStatus(const CalcTexts& texts, CalcExtent extent);
+[[nodiscard]] Text SyntaxStatus(const CalcTexts& texts, PreviewExtent extent, TextView text, std::size_t place);
+[[nodiscard]] Text FailureStatus(const CalcTexts& texts, PreviewExtent extent);
 /// Binary digits stand alone, without a label.
-[[nodiscard]] Text ValueStatus(const CalcTexts& texts, CalcExtent extent, double value, int base);
+[[nodiscard]] Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base);
 /// A confirmed evaluation that failed, with the tree in words.
 [[nodiscard]] Text ConfirmFailureStatus(const CalcTexts& texts, TextView tree);
 

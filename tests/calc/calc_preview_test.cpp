@@ -12,31 +12,31 @@ namespace {
 const CalcTexts kTexts{u"T1", u"T2", u"T3", u"T4", u"T5", u"T6"};
 
 TEST(CalcPreviewTest, ALineThatDoesNotCompileIsPartedAtThePlace) {
-  EXPECT_EQ(SyntaxStatus(kTexts, CalcExtent::kLine, u"1+#2", 2), u"T4: 1+< >#2");
-  EXPECT_EQ(SyntaxStatus(kTexts, CalcExtent::kLine, u"#", 0), u"T4: < >#");
-  EXPECT_EQ(SyntaxStatus(kTexts, CalcExtent::kLine, u"1+", 2), u"T4: 1+< >");
+  EXPECT_EQ(SyntaxStatus(kTexts, PreviewExtent::kLine, u"1+#2", 2), u"T4: 1+< >#2");
+  EXPECT_EQ(SyntaxStatus(kTexts, PreviewExtent::kLine, u"#", 0), u"T4: < >#");
+  EXPECT_EQ(SyntaxStatus(kTexts, PreviewExtent::kLine, u"1+", 2), u"T4: 1+< >");
 }
 
 TEST(CalcPreviewTest, ASelectionThatDoesNotCompileHasItsPrefix) {
-  EXPECT_EQ(SyntaxStatus(kTexts, CalcExtent::kSelection, u"1+#2", 2), u"T6 T4: 1+< >#2");
+  EXPECT_EQ(SyntaxStatus(kTexts, PreviewExtent::kSelection, u"1+#2", 2), u"T6 T4: 1+< >#2");
 }
 
 TEST(CalcPreviewTest, APlaceBeyondTheTextIsItsEnd) {
-  EXPECT_EQ(SyntaxStatus(kTexts, CalcExtent::kLine, u"1+", 9), u"T4: 1+< >");
+  EXPECT_EQ(SyntaxStatus(kTexts, PreviewExtent::kLine, u"1+", 9), u"T4: 1+< >");
 }
 
 TEST(CalcPreviewTest, AFailureIsItsTextAlone) {
-  EXPECT_EQ(FailureStatus(kTexts, CalcExtent::kLine), u"T3");
-  EXPECT_EQ(FailureStatus(kTexts, CalcExtent::kSelection), u"T6 T3");
+  EXPECT_EQ(FailureStatus(kTexts, PreviewExtent::kLine), u"T3");
+  EXPECT_EQ(FailureStatus(kTexts, PreviewExtent::kSelection), u"T6 T3");
 }
 
 TEST(CalcPreviewTest, AValueHasItsLabelButForBinaryDigits) {
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kLine, 255.5, number_base::kHexadecimal), u"T5 : $FF");
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kLine, 255.5, number_base::kDecimal), u"T5 : 255.5");
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kLine, 5, number_base::kBinary), u"B101");
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kSelection, 255.5, number_base::kHexadecimal), u"T6 T5 : $FF");
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kSelection, 255.5, number_base::kDecimal), u"T6 T5 : 255.5");
-  EXPECT_EQ(ValueStatus(kTexts, CalcExtent::kSelection, 5, number_base::kBinary), u"B101");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kLine, 255.5, number_base::kHexadecimal), u"T5 : $FF");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kLine, 255.5, number_base::kDecimal), u"T5 : 255.5");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kLine, 5, number_base::kBinary), u"B101");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kSelection, 255.5, number_base::kHexadecimal), u"T6 T5 : $FF");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kSelection, 255.5, number_base::kDecimal), u"T6 T5 : 255.5");
+  EXPECT_EQ(ValueStatus(kTexts, PreviewExtent::kSelection, 5, number_base::kBinary), u"B101");
 }
 
 TEST(CalcPreviewTest, AConfirmationThatFailedShowsTheTree) {
@@ -45,8 +45,8 @@ TEST(CalcPreviewTest, AConfirmationThatFailedShowsTheTree) {
 
 TEST(CalcPreviewTest, PercentSignsInTextsAndLinesAreJustThat) {
   const CalcTexts odd{u"", u"", u"%s%n", u"%d", u"100%", u"%%"};
-  EXPECT_EQ(SyntaxStatus(odd, CalcExtent::kLine, u"2%s#", 3), u"%d: 2%s< >#");
-  EXPECT_EQ(ValueStatus(odd, CalcExtent::kSelection, 1, number_base::kDecimal), u"%% 100% : 1");
+  EXPECT_EQ(SyntaxStatus(odd, PreviewExtent::kLine, u"2%s#", 3), u"%d: 2%s< >#");
+  EXPECT_EQ(ValueStatus(odd, PreviewExtent::kSelection, 1, number_base::kDecimal), u"%% 100% : 1");
   EXPECT_EQ(ConfirmFailureStatus(odd, u"(2%3)"), u"%s%n: (2%3)");
 }
 
