@@ -87,6 +87,11 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
     made->setGeometry(place.left, place.top, place.Width(), place.Height());
     controls_.emplace(control.id, made);
   }
+  // A press on a key or a field must leave caret and selection in the line, whatever the host's own widgets do with it.
+  for (const auto& [id, control] : controls_) {
+    if (control->focusPolicy() == Qt::NoFocus) control->setFocusProxy(line_);
+  }
+  setFocusProxy(line_);
   MakeFonts(0, calc_look::kNormalWeight, 0, calc_look::kNormalWeight);
   Connect();
 }
@@ -171,6 +176,12 @@ void CalcClientWidget::FillHistory(const std::vector<Text>& rows) {
   quiet_ = true;
   history_->SetItems(rows);
   quiet_ = false;
+}
+
+void CalcClientWidget::mousePressEvent(QMouseEvent* event) {
+  // The ground between the controls belongs to the calculator: whoever presses it wants to type here.
+  event->accept();
+  if (!history_->isVisible() && !variables_->isVisible()) line_->setFocus(Qt::MouseFocusReason);
 }
 
 void CalcClientWidget::paintEvent(QPaintEvent* /*event*/) {

@@ -66,6 +66,7 @@ class CalcClientWidget final : public QWidget {
   void VariablesPicked();
 
  protected:
+  void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -96,11 +96,11 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
     : ToolWindow(tool_id::kCalculator, parent), context_(context) {
   const double scale = DialogScale(logicalDpiX());
   setProperty(property::kMenuAttached, false);
-  setFocusPolicy(Qt::ClickFocus);
   SetBackProperty(calc_look::kGroundColor);
   setPalette(calc_look::DialogPalette());
   setAutoFillBackground(true);
   client_ = new CalcClientWidget(context_.language, scale, this);
+  setFocusProxy(&client_->Line());
   if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), parent);
   const CalcExtent extent = CalcDialogUnits();
   resize(DialogPixelsX(extent.width, scale), DialogPixelsY(extent.height, scale));
@@ -253,15 +253,15 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCCalc7340::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab stays within; keys of the keypad take no focus.
-  const Qt::FocusReason reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
+  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select the
+  // whole line: a list that closes comes here too.
   for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
     if (list->isVisible() && !list->hasFocus()) {
-      list->setFocus(reason);
+      list->setFocus(Qt::OtherFocusReason);
       return true;
     }
   }
-  client_->Line().setFocus(reason);
+  FocusLine();
   return true;
 }
 

@@ -160,6 +160,13 @@ std::vector<int> ListBox::Selected() const {
 
 int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFontMetrics(font())) + 2); }
 
+void ListBox::focusInEvent(QFocusEvent* event) {
+  const bool untouched = !currentIndex().isValid();
+  QListView::focusInEvent(event);
+  // The view goes to the first item without selecting it, and the first Down would pass it over.
+  if (untouched && !selectionModel()->hasSelection()) selectionModel()->clearCurrentIndex();
+}
+
 bool ListBox::event(QEvent* event) {
   const bool focused = event->type() == QEvent::FocusIn;
   const bool handled = QListView::event(event);

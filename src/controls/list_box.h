@@ -80,6 +80,7 @@ class ListBox : public QListView {
 
  protected:
   bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   ListBoxModel items_;

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "calc/calc_places.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "calc/calc_ids.h"
+
+namespace pnl {
+namespace {
+
+const CalcControl& Built(int id) {
+  for (const CalcControl& control : CalcControls()) {
+    if (control.id == id) return control;
+  }
+  ADD_FAILURE() << "no control " << id;
+  return CalcControls().front();
+}
+
+struct PlaceRow {
+  int id;
+  int x, y, width, height;
+};
+
+class CalcPlaces : public testing::TestWithParam<PlaceRow> {};
+
+TEST_P(CalcPlaces, StandWhereTheDialogHasThem) {
+  const PlaceRow& row = GetParam();
+  const CalcControl& control = Built(row.id);
+  EXPECT_EQ(control.x, row.x);
+  EXPECT_EQ(control.y, row.y);
+  EXPECT_EQ(control.width, row.width);
+  EXPECT_EQ(control.height, row.height);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, CalcPlaces,
+    testing::Values(PlaceRow{1010, 2, 2, 184, 17}, PlaceRow{1008, 2, 22, 163, 16}, PlaceRow{1012, 167, 22, 19, 16},
+                    PlaceRow{1011, 2, 41, 184, 10}, PlaceRow{1038, 2, 54, 184, 79}, PlaceRow{1013, 2, 54, 22, 17},
+                    PlaceRow{1014, 2, 75, 22, 17}, PlaceRow{1015, 2, 96, 22, 17}, PlaceRow{1016, 2, 117, 22, 17},
+                    PlaceRow{1017, 59, 54, 22, 17}, PlaceRow{1018, 85, 54, 22, 17}, PlaceRow{1019, 111, 54, 22, 17},
+                    PlaceRow{1020, 137, 54, 22, 17}, PlaceRow{1021, 164, 54, 22, 17}, PlaceRow{1022, 59, 75, 22, 17},
+                    PlaceRow{1023, 85, 75, 22, 17}, PlaceRow{1024, 111, 75, 22, 17}, PlaceRow{1025, 137, 75, 22, 17},
+                    PlaceRow{1026, 164, 75, 22, 17}, PlaceRow{1027, 59, 96, 22, 17}, PlaceRow{1028, 85, 96, 22, 17},
+                    PlaceRow{1029, 111, 96, 22, 17}, PlaceRow{1030, 137, 96, 22, 17}, PlaceRow{1031, 164, 96, 22, 17},
+                    PlaceRow{1032, 59, 117, 22, 17}, PlaceRow{1033, 85, 117, 22, 17}, PlaceRow{1034, 111, 117, 22, 17},
+                    PlaceRow{1035, 137, 117, 22, 17}, PlaceRow{1036, 164, 117, 22, 17}),
+    [](const auto& row) { return "Id" + std::to_string(row.param.id); });
+
+TEST(CalcDialog, IsAsLargeAsItsTemplate) {
+  EXPECT_EQ(CalcDialogUnits().width, 188);
+  EXPECT_EQ(CalcDialogUnits().height, 135);
+}
+
+TEST(CalcDialog, LeavesRoomForEveryKey) {
+  for (const CalcControl& a : CalcControls()) {
+    if (a.kind == CalcKind::kList) continue;  // lists lie over the keypad
+    EXPECT_GE(a.x, 0);
+    EXPECT_LE(a.x + a.width, CalcDialogUnits().width) << a.id;
+    EXPECT_LE(a.y + a.height, CalcDialogUnits().height) << a.id;
+    for (const CalcControl& b : CalcControls()) {
+      if (b.kind == CalcKind::kList || a.id == b.id) continue;
+      const bool apart = a.x + a.width <= b.x || b.x + b.width <= a.x || a.y + a.height <= b.y || b.y + b.height <= a.y;
+      EXPECT_TRUE(apart) << a.id << " lies over " << b.id;
+    }
+  }
+}
+
+TEST(CalcDialog, HasItsListsInFrontOfTheKeys) {
+  bool list = false;
+  for (const CalcControl& control : CalcControls()) {
+    EXPECT_FALSE(list && control.kind != CalcKind::kList) << control.id;
+    list = list || control.kind == CalcKind::kList;
+  }
+  EXPECT_TRUE(list);
+}
+
+TEST(CalcDialog, TakesPlacesAndWordsFromTheLanguage) {
+  DialogTemplate dialog;
+  dialog.controls.push_back({1101, u"button", u"Grundzahl", {10, 20, 40, 35}});
+  dialog.controls.push_back({1102, u"button", u"", {0, 0, 0, 0}});
+  const CalcControl moved = LocalizedControl(Built(1101), &dialog);
+  EXPECT_EQ(moved.text, u"Grundzahl");
+  EXPECT_EQ(moved.x, 10);
+  EXPECT_EQ(moved.y, 20);
+  EXPECT_EQ(moved.width, 30);
+  EXPECT_EQ(moved.height, 15);
+  const CalcControl empty = LocalizedControl(Built(1102), &dialog);
+  EXPECT_EQ(empty.text, Built(1102).text) << "a control without words or size keeps its own";
+  EXPECT_EQ(empty.width, Built(1102).width);
+  const CalcControl absent = LocalizedControl(Built(1017), &dialog);
+  EXPECT_EQ(absent.x, 59);
+  EXPECT_EQ(LocalizedControl(Built(1017), nullptr).x, 59) << "a pack without the dialog";
+}
+
+struct PixelRow {
+  int units;
+  double scale;
+  int x, y;
+};
+
+class DialogPixelsTest : public testing::TestWithParam<PixelRow> {};
+
+TEST_P(DialogPixelsTest, RoundsEachNumberByItself) {
+  const PixelRow& row = GetParam();
+  EXPECT_EQ(DialogPixelsX(row.units, row.scale), row.x);
+  EXPECT_EQ(DialogPixelsY(row.units, row.scale), row.y);
+}
+
+INSTANTIATE_TEST_SUITE_P(Units, DialogPixelsTest,
+                         testing::Values(PixelRow{0, 1, 0, 0}, PixelRow{2, 1, 3, 3}, PixelRow{17, 1, 26, 28},
+                                         PixelRow{22, 1, 33, 36}, PixelRow{54, 1, 81, 88}, PixelRow{117, 1, 176, 190},
+                                         PixelRow{135, 1, 203, 219}, PixelRow{188, 1, 282, 306},
+                                         PixelRow{22, 1.5, 50, 54}, PixelRow{17, 2, 51, 55}));
+
+TEST(DialogPixelsTest, SizeIsRoundedLikeThePlace) {
+  const Rect acc = DialogPixels(Built(1016), 1);
+  EXPECT_EQ(acc, (Rect{3, 190, 36, 218}));
+}
+
+struct ScaleRow {
+  double density;
+  double scale;
+};
+
+class DialogScaleTest : public testing::TestWithParam<ScaleRow> {};
+
+TEST_P(DialogScaleTest, FollowsADensityThatCanBeTrue) {
+  EXPECT_DOUBLE_EQ(DialogScale(GetParam().density), GetParam().scale);
+}
+
+INSTANTIATE_TEST_SUITE_P(Densities, DialogScaleTest,
+                         testing::Values(ScaleRow{96, 1}, ScaleRow{72, 1}, ScaleRow{144, 1.5}, ScaleRow{192, 2},
+                                         ScaleRow{0, 1}, ScaleRow{-5, 1}, ScaleRow{1e9, 1}));
+
+struct NoteRow {
+  const char* what;
+  Rect window;
+  CalcExtent note;
+  Rect place;
+};
+
+class CalcNotePlace : public testing::TestWithParam<NoteRow> {};
+
+TEST_P(CalcNotePlace, KeepsTheWindowFreeWhereThereIsRoom) {
+  const NoteRow& row = GetParam();
+  EXPECT_EQ(CalcNoteRect({0, 0, 800, 600}, row.window, row.note), row.place) << row.what;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, CalcNotePlace,
+    testing::Values(NoteRow{"below", {0, 0, 282, 221}, {282, 30}, {0, 223, 282, 253}},
+                    NoteRow{"exactly below", {0, 347, 282, 568}, {282, 30}, {0, 570, 282, 600}},
+                    NoteRow{"above", {0, 348, 282, 569}, {282, 30}, {0, 316, 282, 346}},
+                    NoteRow{"over a window that fills the parent", {0, 0, 282, 600}, {282, 30}, {0, 570, 282, 600}},
+                    NoteRow{"not beyond the right edge", {700, 0, 982, 221}, {282, 30}, {518, 223, 800, 253}},
+                    NoteRow{"not beyond the left edge", {-200, 0, 82, 221}, {282, 30}, {0, 223, 282, 253}},
+                    NoteRow{"higher than the parent", {0, 0, 282, 600}, {282, 700}, {0, 0, 282, 700}}));
+
+}  // namespace
+}  // namespace pnl

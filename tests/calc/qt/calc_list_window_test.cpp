@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// The history and the variables over the keypad, by keys and fingers.
+#include <algorithm>
+
+#include "calc/expr/calc_store.h"
+#include "calc_stage.h"
+
+namespace pnl::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CalcListWindowTest : public CalcStage {
+ protected:
+  void OpenWith(int rows) {
+    History(rows);
+    Open();
+    Key(Qt::Key_Down);
+    ASSERT_TRUE(List()->isVisible());
+  }
+};
+
+TEST_F(CalcListWindowTest, OpensOverTheKeypadWithoutASelection) {
+  OpenWith(5);
+  EXPECT_EQ(List()->geometry(), QRect(3, 83, 276, 138)) << "from the status line's bottom to the window's";
+  EXPECT_EQ(Focus(), List());
+  EXPECT_THAT(List()->Selected(), IsEmpty());
+  for (int id = calc_id::kFirstKey; id <= calc_id::kLastKey; ++id) EXPECT_FALSE(Control(id)->isVisible()) << id;
+}
+
+TEST_F(CalcListWindowTest, TakesThePlaceOfTheResultWhenCompact) {
+  History(5);
+  Open();
+  Menu(calc_id::kMenuCompact);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(List()->geometry(), QRect(3, 0, 276, 36));
+  EXPECT_FALSE(Control(calc_id::kResult)->isVisible());
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(Control(calc_id::kResult)->isVisible());
+}
+
+TEST_F(CalcListWindowTest, WalksByKeysAndShowsTheRowInTheLine) {
+  OpenWith(5);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "0+1");
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "1+1");
+  EXPECT_EQ(Focus(), List());
+  Key(Qt::Key_Return);
+  EXPECT_FALSE(List()->isVisible());
+  EXPECT_EQ(LineText(), "1+1");
+  EXPECT_EQ(Line()->Selection(), (CalcSelection{3, 3}));
+  EXPECT_EQ(Focus(), Line());
+}
+
+TEST_F(CalcListWindowTest, EscapeGivesTheLineBack) {
+  History(3);
+  Open();
+  Write("7*7");
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "0+1");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(LineText(), "7*7");
+  EXPECT_EQ(Focus(), Line());
+}
+
+TEST_F(CalcListWindowTest, ThePressedLineTakesTheRow) {
+  OpenWith(3);
+  Key(Qt::Key_Down);
+  Touch(calc_id::kLine);
+  EXPECT_FALSE(List()->isVisible());
+  EXPECT_EQ(LineText(), "0+1");
+  EXPECT_EQ(Line()->Selection(), (CalcSelection{3, 3})) << "at the end, wherever the finger was";
+}
+
+TEST_F(CalcListWindowTest, ADoublePressTakesTheRow) {
+  OpenWith(3);
+  TouchRow(List(), 1);
+  EXPECT_EQ(LineText(), "1+1");
+  const QPoint place = List()->visualRect(List()->model()->index(1, 0)).center();
+  PressMouse(List()->viewport(), place, QEvent::MouseButtonDblClick);
+  EXPECT_FALSE(List()->isVisible());
+  EXPECT_EQ(LineText(), "1+1");
+}
+
+TEST_F(CalcListWindowTest, DeleteTakesAllSelectedRowsAway) {
+  OpenWith(5);
+  TouchRow(List(), 1);
+  TouchRow(List(), 3, Qt::ControlModifier);
+  EXPECT_THAT(List()->Selected(), ElementsAre(1, 3));
+  Key(Qt::Key_Delete);
+  ASSERT_EQ(List()->Count(), 3);
+  EXPECT_EQ(List()->Item(0), u"0+1");
+  EXPECT_EQ(List()->Item(1), u"2+1");
+  EXPECT_EQ(List()->Item(2), u"4+1");
+  EXPECT_THAT(List()->Selected(), IsEmpty()) << "no neighbour slips under the next Delete";
+}
+
+TEST_F(CalcListWindowTest, AStretchIsSelectedWithShift) {
+  OpenWith(5);
+  TouchRow(List(), 1);
+  TouchRow(List(), 3, Qt::ShiftModifier);
+  EXPECT_THAT(List()->Selected(), ElementsAre(1, 2, 3));
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(List()->Count(), 2);
+}
+
+TEST_F(CalcListWindowTest, DeleteInTheLineIsOrdinaryEditing) {
+  History(3);
+  Open();
+  Write("12");
+  Key(Qt::Key_Home);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(LineText(), "2");
+  EXPECT_EQ(List()->Count(), 3);
+}
+
+TEST_F(CalcListWindowTest, TheKeyOpensAndClosesIt) {
+  History(3);
+  Open();
+  Write("8");
+  Touch(calc_id::kOpenList);
+  EXPECT_TRUE(List()->isVisible());
+  TouchRow(List(), 0);
+  Touch(calc_id::kOpenList);
+  EXPECT_FALSE(List()->isVisible());
+  EXPECT_EQ(LineText(), "8");
+}
+
+TEST_F(CalcListWindowTest, RowsMoveFromTheLineToo) {
+  OpenWith(3);
+  Line()->setFocus();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "0+1");
+}
+
+TEST_F(CalcListWindowTest, TenThousandRowsAreThereAtOnceAndPaintOnlyWhatIsSeen) {
+  OpenWith(10'000);
+  ASSERT_EQ(List()->Count(), 10'000);
+  EXPECT_TRUE(List()->uniformItemSizes());
+  Key(Qt::Key_Down);
+  Key(Qt::Key_End);
+  EXPECT_EQ(LineText(), "9999+1");
+  Key(Qt::Key_Escape);
+  Command(20);
+  EXPECT_EQ(OnDisc("C:\\P1\\calc.htr").size(), [] {
+    std::size_t size = 0;
+    for (int i = 0; i < 10'000; ++i) size += std::to_string(i).size() + 4;
+    return size;
+  }());
+}
+
+TEST_F(CalcListWindowTest, RowsOfAWholeListCanBeDeleted) {
+  OpenWith(2000);
+  List()->selectAll();
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(List()->Count(), 0);
+  Key(Qt::Key_Down);
+  EXPECT_TRUE(List()->isVisible());
+}
+
+class CalcVariablesWindowTest : public CalcStage {};
+
+TEST_F(CalcVariablesWindowTest, ShowsWhatIsNotZeroAndTakesItByOneTouch) {
+  Open();
+  Write("A=5;B=2");
+  Key(Qt::Key_Return);
+  Key(Qt::Key_R, Qt::ControlModifier);
+  ASSERT_TRUE(Variables()->isVisible());
+  EXPECT_EQ(Focus(), Variables());
+  EXPECT_EQ(Variables()->Item(0), u"A = 5");
+  TouchRow(Variables(), 1);
+  EXPECT_FALSE(Variables()->isVisible());
+  EXPECT_EQ(LineText(), "B");
+  EXPECT_EQ(Focus(), Line());
+}
+
+TEST_F(CalcVariablesWindowTest, IsWalkedByKeysWithoutPickingAnything) {
+  Open();
+  Write("A=5;B=2");
+  Key(Qt::Key_Return);
+  Touch(calc_id::kShowVariables);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(LineText(), "B");
+}
+
+TEST_F(CalcVariablesWindowTest, SaysWhenThereIsNone) {
+  Open();
+  Touch(calc_id::kShowVariables);
+  EXPECT_EQ(ToUtf8(Variables()->Item(0)), "All variables and ACC are 0");
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(Variables()->isVisible());
+  EXPECT_EQ(Focus(), Line());
+}
+
+}  // namespace
+}  // namespace pnl::test
