@@ -246,5 +246,40 @@ TEST(Differential, FunctionsAndPowersAgreeToFourPlaces) {
   EXPECT_LT(comparison.failed, comparison.compared) << "domain failures";
 }
 
+/// A double of any mantissa whose exponent is within that many binary places of 0.
+double AnyDouble(std::mt19937_64& random, unsigned places) {
+  const std::uint64_t bits = random();
+  const std::uint64_t exponent = 1023 - places + random() % (2 * places + 1);
+  return std::bit_cast<double>((bits & ~(std::uint64_t{0x7FF} << 52)) | exponent << 52);
+}
+
+// A whole power that is computed sooner than by pow must be the very same double.
+TEST(Differential, WholePowersAreThoseOfTheLibraryToTheLastBit) {
+  CalcStore store;
+  for (const int exponent : {2, 3, 4, 5, -1, -2, -3}) {
+    CScaner scanner;
+    CParser parser;
+    CEvaluator evaluator(scanner, parser, store);
+    const Text text = u"A^" + FromUtf8(std::to_string(exponent));
+    const char16_t* error = nullptr;
+    ASSERT_EQ(evaluator.Compile(text.c_str(), error), 1);
+    volatile double power = exponent;  // else the compiler may know better than pow
+    std::mt19937_64 random(static_cast<unsigned>(exponent + 10));
+    for (int i = 0; i < 60000; ++i) {
+      const unsigned places = i % 10 == 0 ? 1000 : 20;
+      // Every other base is short, as a typed number or a step of a table is.
+      const double any = AnyDouble(random, places);
+      const double a = i % 2 == 0 ? any : std::round(any * 1000) / 1000;
+      store.Variables[0] = a;
+      double ours = 0;
+      ASSERT_EQ(evaluator.Evaluate(ours), 1);
+      double wanted = std::pow(a, power);
+      if (std::abs(wanted) < 1E-14) wanted = 0;
+      ASSERT_EQ(std::bit_cast<std::uint64_t>(ours), std::bit_cast<std::uint64_t>(wanted))
+          << std::hexfloat << a << " ^ " << exponent << ": " << ours << ", not " << wanted;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -196,6 +196,11 @@ def solvers():
                 ("A=0;B=1;N=2;INTEGRAL X", ""), ("A=2;N=9;E=1E-9;ZERO(X^2-2)", ""), ("A=0:B=PI:N=9:INTEGRAL SIN X", ""),
                 ("INTEGRAL X/(A=1)", "B=4 N=1"), ("(A=1)/INTEGRAL X", "B=4 N=1"), ("A=INTEGRAL X", "B=4 N=1"),
                 ("INTEGRAL X", "A=0 B=1E999 N=1"), ("INTEGRAL(X^2)", "B=1 N=2000"), ("INTEGRAL X", "B=1 N=250000"))
+    # Long enough for any way of taking places together, and failing or ending just before and behind round numbers.
+    for n in (15, 16, 17, 31, 32, 33, 63, 64, 65, 127, 128, 129, 500, 1023):
+        for text in ("(X*X+1/(X+1))", "(X*X*X-X/3%7)", "SQRT X", "SQRT(2.5-X)", "(C=C+X*X)", "X+X", "(1/(X-C))", "(ABS(X-1)!)",
+                     "(X XOR 5)", "(X+ACC)*(X+1)", "INT(3*X)", "(A+B*N)", "(D=D+1/(C-X))"):
+            yield "INTEGRAL " + text, f"A=.25 B=3 C=1.5 N={n} X=7 ACC=.125"
     for text in ("A=0:B=PI:N=20:INTEGRAL SIN X", "A=1;INTEGRAL(X*COS X)", "INTEGRAL TAN(X/4)", "ZERO(COS X-X)", "ZERO(SIN X)"):
         yield text, "A=2.5 B=3 N=30 E=1E-9", "rad"
     yield from ("INTEGRAL", "ZERO", "INTEGRAL)", "INTEGRALINTEGRAL", "INTEGRAL INTEGRAL X", "ZERO ZERO X", "ZEROINTEGRALX",

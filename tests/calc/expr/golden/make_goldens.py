@@ -14,7 +14,8 @@ import sys
 import threading
 
 import cases
-from oracle import CompileError, DomainError, Evaluation, compile_text, describe, libm
+from c_numbers import libm
+from oracle import CompileError, DomainError, Evaluation, compile_text, describe
 
 HEADER = """\
 # The calculator's language: one case a line, columns parted by tabs. Written by make_goldens.py; don't edit by hand.

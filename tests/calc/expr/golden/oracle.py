@@ -1,15 +1,12 @@
 # SPDX-License-Identifier: MIT
 """An independent implementation of the calculator's language, for writing tests only.
 
-It shares nothing with the program but the C library's mathematical functions, which it calls through ctypes so that
-infinities and NaN come out as they do there. It is written the plain way round (exceptions for failures, one small
-method a grammar row) and is slow. make_goldens.py writes the golden table with it.
+It shares nothing with the program but the C library's mathematical functions. It is written the plain way round
+(exceptions for failures, one small method a grammar row) and is slow. make_goldens.py writes the golden table with it.
 """
-import ctypes
-import ctypes.util
 import math
-import random
-from fractions import Fraction
+
+from c_numbers import divide, libm, low_word, signed_word, truncated
 
 FUNCTIONS = ("ABS SQRT LOG INVLOG LN INVLN SIN COS TAN INVSIN INVCOS INVTAN SH CH TH INVSH INVCH INVTH MMTOI ITOMM "
              "INTEGRAL INT ZERO").split()
@@ -32,70 +29,6 @@ class CompileError(Exception):
 
 class DomainError(Exception):
     """The evaluation failed."""
-
-
-class Libm:
-    """The C library's functions. They note whether a result may differ in its last place on another machine, and with
-    nudge set they make it differ, which shows how far an answer depends on those places."""
-
-    def __init__(self):
-        self.library = ctypes.CDLL(ctypes.util.find_library("m"))
-        self.nudge = False
-        self.rounded = False
-        self.random = random.Random(7)
-
-    def __call__(self, name, *arguments):
-        function = getattr(self.library, name)
-        function.restype = ctypes.c_double
-        function.argtypes = [ctypes.c_double] * len(arguments)
-        result = function(*arguments)
-        if self.is_exact(name, arguments, result):
-            return result
-        self.rounded = True
-        if self.nudge:
-            result = math.nextafter(result, self.random.choice((-math.inf, result, math.inf)))
-        return result
-
-    @staticmethod
-    def is_exact(name, arguments, result):
-        if not all(map(math.isfinite, (result, *arguments))) or result == 0 or arguments[0] == 0:
-            return True
-        if name != "pow":
-            return False
-        base, exponent = arguments
-        if exponent == 0 or base == 1:
-            return True
-        return (exponent == int(exponent) and abs(exponent) < 1100 and abs(math.log2(abs(base)) * exponent) < 1100
-                and Fraction(base) ** int(exponent) == Fraction(result))
-
-
-libm = Libm()
-
-
-def divide(a, b):
-    if b != 0:
-        return a / b
-    if a == 0 or math.isnan(a):
-        return math.nan
-    return math.copysign(math.inf, a) * math.copysign(1.0, b)
-
-
-def truncated(x, bits):
-    """Conversion to a signed integer as the processor does it: the lowest value for whatever doesn't fit."""
-    lowest = -(1 << (bits - 1))
-    if math.isnan(x) or math.isinf(x):
-        return lowest
-    n = int(x)
-    return n if lowest <= n < -lowest else lowest
-
-
-def low_word(x):
-    return truncated(x, 64) & 0xFFFFFFFF
-
-
-def signed_word(n):
-    n &= 0xFFFFFFFF
-    return n - (1 << 32) if n >> 31 else n
 
 
 # ---- text to tokens: (kind, value, position)
