@@ -52,7 +52,7 @@ Text FormatValue(double value) {
   double whole = 0;
   const double fraction = std::modf(std::fabs(value), &whole);
   if (!std::isfinite(value)) return WithDecimals(value, 0);
-  const int size = whole > 0 ? static_cast<int>(std::log10(whole) + 0.5) : 0;
+  const int size = whole > 0 ? static_cast<int>(std::floor(std::log10(whole) + 0.5)) : 0;
   const bool few = size < kFewDigits;
   const int decimals = few ? kMostDecimals : kDigits - size;
   const double least = few ? 1E-10 : std::pow(10.0, size) * 1E-15;

@@ -33,7 +33,7 @@ Text FailureStatus(const CalcTexts& texts, PreviewExtent extent) {
 }
 
 Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base) {
-  const Text number = FormatResult(value, base);
+  Text number = FormatResult(value, base);
   // Up to 32 digits take the whole line.
   if (base == number_base::kBinary) return number;
   if (extent == PreviewExtent::kLine) return Format(u"%s : %s", texts.value, number);
