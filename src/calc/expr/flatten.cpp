@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 
 #include "calc/expr/operations.h"
@@ -43,6 +44,12 @@ bool HasEffects(const ExprNode* node) {
   if (node == nullptr) return false;
   return IsSolver(*node) || IsDelimiter(*node, DEL_ASSIGN) || HasEffects(node->left.get()) ||
          HasEffects(node->right.get());
+}
+
+/// Dividing by such a number is multiplying by its inverse, to the last bit.
+bool IsPowerOfTwo(double value) {
+  int exponent = 0;
+  return std::fabs(std::frexp(value, &exponent)) == 0.5 && std::abs(exponent) < 1000;
 }
 
 class Flattener {
@@ -159,6 +166,7 @@ class Flattener {
     if (op == ExprOp::kPower && IsConstant(b)) {
       if (*b == 2) return Operation(ExprOp::kSquare, a, b);
       if (*b == 3) return Operation(ExprOp::kCube, a, b);
+      if (*b == 4) return Operation(ExprOp::kFourth, a, b);
     }
     return Operation(op, a, b);
   }
@@ -172,6 +180,7 @@ class Flattener {
     if (effects) Emit(ExprOp::kDivisor, nullptr, nullptr, b);
     const double* a = Value(*node.left);
     temporaries_ = mark;
+    if (!IsConstant(a) && IsConstant(b) && IsPowerOfTwo(*b)) return Operation(ExprOp::kMultiply, a, Constant(1 / *b));
     return Operation(ExprOp::kDivide, a, b);
   }
 

@@ -28,43 +28,61 @@ void ExprMachine::Begin() {
   report_ = {};
 }
 
+inline bool ExprMachine::NextPlace(const ExprInstruction& instruction) {
+  Integral& s = integral_;
+  s.sum += s.weight * *instruction.a;
+  if (s.left == 0) return false;
+  --s.left;
+  s.place += 2;
+  X() = s.a + s.place * s.h;
+  return true;
+}
+
 bool ExprMachine::Run(std::int64_t steps) {
   if (done_ || ip_ == nullptr) return true;
   const ExprInstruction* ip = ip_;
+  const ExprInstruction* const body = Body();
   double top = top_;
   for (; steps > 0; --steps) {
-    switch (ip->op) {
-      case ExprOp::kEnd:
-        done_ = true;
-        return true;
-      case ExprOp::kIntegralBegin:
-        ip = BeginIntegral(*ip);
-        top = 0;
-        continue;
-      case ExprOp::kIntegralNext:
-        ip = NextIntegral(*ip);
-        top = 0;
-        continue;
-      case ExprOp::kZeroBegin:
-        // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
-        zero_.phase = Zero::Phase::kProbe;
-        ++ip;
-        continue;
-      case ExprOp::kZeroNext:
-        ip = NextZero(*ip);
-        top = 0;
-        continue;
-      default:
-        if (!Apply(*ip, top)) {
-          Fail();
-          return true;
-        }
-        ++ip;
+    if (Apply(*ip, top)) [[likely]] {
+      ++ip;
+      continue;
     }
+    if (ip->op == ExprOp::kIntegralNext && NextPlace(*ip)) {
+      // The one control instruction that runs a million times.
+      ip = body;
+      continue;
+    }
+    ip = Control(*ip);
+    if (ip == nullptr) {
+      done_ = true;
+      return true;
+    }
+    top = 0;
   }
   ip_ = ip;
   top_ = top;
   return false;
+}
+
+const ExprInstruction* ExprMachine::Control(const ExprInstruction& instruction) {
+  switch (instruction.op) {
+    case ExprOp::kEnd:
+      return nullptr;
+    case ExprOp::kIntegralBegin:
+      return BeginIntegral(instruction);
+    case ExprOp::kIntegralNext:
+      return NextRound(instruction);
+    case ExprOp::kZeroBegin:
+      // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
+      zero_.phase = Zero::Phase::kProbe;
+      return Body();
+    case ExprOp::kZeroNext:
+      return NextZero(instruction);
+    default:
+      Fail();
+      return nullptr;
+  }
 }
 
 void ExprMachine::SaveX() {
@@ -75,7 +93,6 @@ void ExprMachine::SaveX() {
 void ExprMachine::Fail() {
   if (xSaved_) X() = savedX_;
   succeeded_ = false;
-  done_ = true;
 }
 
 const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruction) {
@@ -96,16 +113,6 @@ const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruc
   s.weight = 1;
   s.left = 0;
   X() = s.a;
-  return Body();
-}
-
-const ExprInstruction* ExprMachine::NextIntegral(const ExprInstruction& instruction) {
-  Integral& s = integral_;
-  s.sum += s.weight * *instruction.a;
-  if (s.left == 0) return NextRound(instruction);
-  --s.left;
-  s.place += 2;
-  X() = s.a + s.place * s.h;
   return Body();
 }
 

@@ -63,9 +63,12 @@ class ExprMachine {
   void SaveX();
   void Fail();
 
+  /// What isn't an operation, or has failed. Null at the end.
+  const ExprInstruction* Control(const ExprInstruction& instruction);
   // Each says where the run goes on.
   const ExprInstruction* BeginIntegral(const ExprInstruction& instruction);
-  const ExprInstruction* NextIntegral(const ExprInstruction& instruction);
+  /// Adds the operand's value and sets X for the next one of the round; false when there is none.
+  bool NextPlace(const ExprInstruction& instruction);
   const ExprInstruction* NextRound(const ExprInstruction& instruction);
   const ExprInstruction* NextZero(const ExprInstruction& instruction);
   [[nodiscard]] const ExprInstruction* Body() const { return program.code.data() + program.bodyBegin; }

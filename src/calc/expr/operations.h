@@ -35,8 +35,9 @@ inline bool Factorial(double value, double& result) {
   return true;
 }
 
-/// Does one operation; false, with nothing stored, on a domain failure. A NaN fails nowhere but in "!". top is the
-/// value of the operation before, and then of this one, so that a chain needn't wait for what it has just stored.
+/// Does one operation; false, with nothing stored, on a domain failure, and for control, which is the machine's. A NaN
+/// fails nowhere but in "!". top is the value of the operation before, and then of this one, so that a chain needn't
+/// wait for what it has just stored.
 [[gnu::always_inline]] inline bool Apply(const ExprInstruction& i, double& top) {
   switch (i.op) {
     case ExprOp::kCopy:
@@ -89,6 +90,9 @@ inline bool Factorial(double value, double& result) {
       break;
     case ExprOp::kCube:
       top = Cube(*i.a, *i.b);
+      break;
+    case ExprOp::kFourth:
+      top = Fourth(*i.a, *i.b);
       break;
     case ExprOp::kFactorial:
       if (!Factorial(*i.a, *i.to)) return false;
@@ -200,9 +204,14 @@ inline bool Factorial(double value, double& result) {
     case ExprOp::kInt:
       top = TruncateToInt32(*i.a);
       break;
-    default:
-      // Control: not for here.
+    case ExprOp::kEnd:
+    case ExprOp::kIntegralBegin:
+    case ExprOp::kIntegralNext:
+    case ExprOp::kZeroBegin:
+    case ExprOp::kZeroNext:
       return false;
+    default:
+      __builtin_unreachable();
   }
   *i.to = top;
   return true;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The language's power: the C library's pow with a rule for roots of negative numbers, and its square, which is the
-// same double sooner.
+// The language's power: the C library's pow with a rule for roots of negative numbers; and small whole exponents, which
+// give the same double sooner.
 #pragma once
 
 #include <bit>
@@ -12,30 +12,30 @@ namespace pnl {
 /// False, with the result untouched, when a negative base has an even root or the exponent 0.
 [[nodiscard]] bool Power(double a, double b, double& result);
 
-/// Whether a double is the only one within 0.55 units in the last place of the exact value, which lies at that
-/// distance. glibc's pow is that near, so what passes here is what pow gives.
-[[nodiscard]] inline bool IsOnlyPower(double value, double distance) {
+/// Whether value is what the C library's pow gives for value + rest, which is exact but for far less than matters here.
+/// glibc's pow is within 0.515 units in the last place in this range, so a rest of up to 0.48 leaves it no other
+/// double.
+[[nodiscard]] inline bool IsOnlyPower(double value, double rest) {
 #ifdef __GLIBC__
-  // Away from the ends of the range, where distances themselves are not exact.
-  if (!(std::fabs(value) > 1E-280 && std::fabs(value) < 1E280)) return false;
-  // The power of two at or below the value; below it when the value is one itself, where the unit changes.
-  constexpr std::uint64_t kExponent = 0x7FF0'0000'0000'0000;
-  const double scale = std::bit_cast<double>((std::bit_cast<std::uint64_t>(value) - 1) & kExponent);
-  return std::fabs(distance) < scale * (0.44 * 0x1p-52);
+  constexpr auto kLeast = std::bit_cast<std::uint64_t>(1E-30);
+  constexpr auto kMost = std::bit_cast<std::uint64_t>(1E30);
+  const std::uint64_t size = std::bit_cast<std::uint64_t>(value) & ~(std::uint64_t{1} << 63);
+  // The sum rounds back to value when what is added is less than half a unit.
+  return size - kLeast < kMost - kLeast && value + rest * (0.5 / 0.48) == value;
 #else
   static_cast<void>(value);
-  static_cast<void>(distance);
+  static_cast<void>(rest);
   return false;
 #endif
 }
 
-/// The product of two numbers as a double and what is missing to the exact product.
-struct ExactProduct {
+/// A number of twice the digits: a double and what is missing.
+struct WideNumber {
   double value;
   double rest;
 };
-[[nodiscard]] inline ExactProduct Multiply(double a, double b) {
-  // Halves multiply exactly, but for a last bit of the product of the low ones, far below what matters here.
+[[nodiscard]] inline WideNumber Multiply(double a, double b) {
+  // Halves multiply exactly, but for a last bit of the product of the low ones.
   constexpr std::uint64_t kHigh = ~((std::uint64_t{1} << 27) - 1);
   const double highA = std::bit_cast<double>(std::bit_cast<std::uint64_t>(a) & kHigh);
   const double highB = std::bit_cast<double>(std::bit_cast<std::uint64_t>(b) & kHigh);
@@ -44,20 +44,29 @@ struct ExactProduct {
   const double value = a * b;
   return {value, ((highA * highB - value) + highA * lowB + lowA * highB) + lowA * lowB};
 }
+/// The product with what was missing in its factors, together.
+[[nodiscard]] inline WideNumber Multiply(double a, double b, double missing) {
+  const WideNumber product = Multiply(a, b);
+  const double rest = product.rest + missing;
+  const double value = product.value + rest;
+  return {value, rest - (value - product.value)};
+}
 
-/// pow(a, two), the very same double, where two is 2. It isn't written as a constant, for the compiler would then make
-/// a product of the call.
+// pow(a, 2.0), pow(a, 3.0) and pow(a, 4.0), the very same doubles. The exponent isn't written as a constant, for the
+// compiler would then make a product of the call.
 [[nodiscard]] inline double Square(double a, double two) {
-  const ExactProduct square = Multiply(a, a);
+  const WideNumber square = Multiply(a, a);
   return IsOnlyPower(square.value, square.rest) ? square.value : std::pow(a, two);
 }
 [[nodiscard]] inline double Cube(double a, double three) {
-  const ExactProduct square = Multiply(a, a);
-  const ExactProduct cube = Multiply(square.value, a);
-  // The rounded sum of both rests may be off by far less than what IsOnlyPower leaves over.
-  const double rest = cube.rest + square.rest * a;
-  const double value = cube.value + rest;
-  return IsOnlyPower(value, rest - (value - cube.value)) ? value : std::pow(a, three);
+  const WideNumber square = Multiply(a, a);
+  const WideNumber cube = Multiply(square.value, a, square.rest * a);
+  return IsOnlyPower(cube.value, cube.rest) ? cube.value : std::pow(a, three);
+}
+[[nodiscard]] inline double Fourth(double a, double four) {
+  const WideNumber square = Multiply(a, a);
+  const WideNumber fourth = Multiply(square.value, square.value, 2 * square.rest * square.value);
+  return IsOnlyPower(fourth.value, fourth.rest) ? fourth.value : std::pow(a, four);
 }
 
 }  // namespace pnl

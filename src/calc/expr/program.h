@@ -39,6 +39,7 @@ enum class ExprOp : std::uint8_t {
   kPower,
   kSquare,
   kCube,
+  kFourth,
   kFactorial,
   kNegate,
   kOr,

@@ -113,19 +113,22 @@ double AnyNumber(std::mt19937_64& random) {
   }
 }
 
-TEST(Power, SquaresAndCubesAreWhatTheLibraryGives) {
+TEST(Power, SmallPowersAreWhatTheLibraryGives) {
   // Read at run time: with a constant the compiler makes a product of the call.
   volatile double two = 2;
   volatile double three = 3;
+  volatile double four = 4;
   std::mt19937_64 random(2);
   for (int i = 0; i < 100000; ++i) {
     const double a = AnyNumber(random);
     ASSERT_TRUE(Same(std::pow(a, two), Square(a, two))) << std::hexfloat << a;
     ASSERT_TRUE(Same(std::pow(a, three), Cube(a, three))) << std::hexfloat << a;
+    ASSERT_TRUE(Same(std::pow(a, four), Fourth(a, four))) << std::hexfloat << a;
   }
   for (const double a : {0.0, -0.0, 1.0, -1.0, kInfinity, -kInfinity, kNotANumber, 5e-324, 1.7e308, 1e-160, 1e154}) {
     EXPECT_TRUE(Same(std::pow(a, two), Square(a, two))) << a;
     EXPECT_TRUE(Same(std::pow(a, three), Cube(a, three))) << a;
+    EXPECT_TRUE(Same(std::pow(a, four), Fourth(a, four))) << a;
   }
 }
 

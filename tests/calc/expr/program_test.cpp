@@ -70,6 +70,59 @@ TEST(Program, SolversEncloseTheirOperand) {
   EXPECT_EQ("t0 = zero begin\nt1 = sin X\nt0 = zero next t1\nt0 = negate t0\nend\nvalue t0\n", Program(u"-ZERO SIN X"));
 }
 
+TEST(Program, DividingByAPowerOfTwoIsMultiplying) {
+  EXPECT_EQ("t0 = multiply A 0.125\nend\nvalue t0\n", Program(u"A/8"));
+  EXPECT_EQ("t0 = multiply A -2\nend\nvalue t0\n", Program(u"A/-.5"));
+  EXPECT_EQ("t0 = divide A 3\nend\nvalue t0\n", Program(u"A/3"));
+  EXPECT_EQ("t0 = divide A 0\nend\nvalue t0\n", Program(u"A/0"));
+}
+
+TEST(Program, SmallWholePowersHaveTheirOwnOperations) {
+  EXPECT_EQ("t0 = square A 2\nend\nvalue t0\n", Program(u"A^2"));
+  EXPECT_EQ("t0 = cube A 3\nend\nvalue t0\n", Program(u"A^3"));
+  EXPECT_EQ("t0 = fourth A 4\nend\nvalue t0\n", Program(u"A^4"));
+  EXPECT_EQ("t0 = power A 5\nend\nvalue t0\n", Program(u"A^5"));
+}
+
+TEST(Program, EveryTextThatFitsHasRoomForItsValues) {
+  const auto repeated = [](const Text& begin, const Text& piece, std::size_t size) {
+    Text text = begin;
+    while (text.size() + piece.size() <= size) text += piece;
+    return text;
+  };
+  const std::vector<Text> texts = {repeated(u"2", u"/2", 255),
+                                   repeated(u"A", u"/2", 255),
+                                   repeated(u"A", u"/--2", 255),
+                                   repeated(u"A", u"-A", 255),
+                                   repeated(u"1", u"+1", 255),
+                                   repeated(u"", u"-", 254) + u"1",
+                                   repeated(u"SIN", u"-", 254) + u"1",
+                                   repeated(u"SIN", u"-", 254) + u"A",
+                                   repeated(u"", u"A+(", 168) + u"A=1" + repeated(u"", u")", 56),
+                                   repeated(u"", u"A/(", 168) + u"A=1" + repeated(u"", u")", 56),
+                                   repeated(u"2", u"^2", 255),
+                                   repeated(u"A", u"!", 255)};
+  for (const Text& text : texts) {
+    CScaner scanner;
+    CParser parser;
+    CalcStore store;
+    std::unique_ptr<Token> tokens;
+    std::unique_ptr<ExprNode> tree;
+    std::int32_t place = 0;
+    scanner.ScanExpression(text.c_str(), tokens);
+    ASSERT_EQ(1, parser.ParseTokens(tokens.get(), place, tree)) << ToUtf8(text);
+    ExprProgram program;
+    Flatten(*tree, store, DegreesPerRadian(), program);
+    EXPECT_LE(program.constantCount, ExprProgram::kMostValues) << ToUtf8(text);
+    for (const ExprInstruction& instruction : program.code) {
+      if (instruction.to == nullptr) continue;
+      const bool temporary = instruction.to >= program.temporaries.data() &&
+                             instruction.to < program.temporaries.data() + program.temporaries.size();
+      EXPECT_TRUE(temporary || instruction.to == store.Variables.data()) << ToUtf8(text);
+    }
+  }
+}
+
 TEST(Program, EveryOperationHasAName) {
   for (const TextView function : kFunctions) {
     const std::string name = ToUtf8(function);
