@@ -2,6 +2,8 @@
 #include "host/host_session.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
 #include <QWidget>
 #include <algorithm>
 
@@ -198,7 +200,17 @@ void HostSession::FocusWithin(PnlWindow window) {
   const QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == widget || widget->isAncestorOf(focused))) return;
   QWidget* last = widget->focusWidget();
-  (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
+  auto* line = qobject_cast<QLineEdit*>(last);
+  if (line == nullptr) return (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
+  // A tool may put the caret elsewhere on getting the focus; the operator goes on where he was.
+  const int caret = line->cursorPosition();
+  const int start = line->selectionStart();
+  const int length = line->selectionLength();
+  const QPointer<QLineEdit> alive(line);
+  line->setFocus(Qt::OtherFocusReason);
+  if (!alive) return;
+  line->setCursorPosition(caret);
+  if (start >= 0) line->setSelection(start, length);
 }
 
 HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& menus) const {

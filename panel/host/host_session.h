@@ -68,7 +68,7 @@ class HostSession : public QObject {
 
   /// Makes an open tool the front one, above the others, and gives it the keyboard.
   void BringToFront(int toolId);
-  /// The keyboard to that window: to the control in it that had it last.
+  /// The keyboard to that window: to the control in it that had it last, with its caret.
   static void FocusWithin(PnlWindow window);
 
   /// A tool and the menu that it handed over last.

@@ -246,7 +246,9 @@ void Operator::CloseTool(int tool) {
 
 void Operator::TakeCalcResult() {
   if (session_.IsToolOpen(PNL_TOOL_MDI)) {
-    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
+    const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
+    HostSession::FocusWithin(mdi);
+    PnlSendMessage(mdi, PNL_MSG_RESULT_READY, 1, 0);
     return;
   }
   const auto result = rig_ == nullptr ? std::nullopt : rig_->Cnc().Get(u"E.CALCRESUL");
