@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "guided/guided_session.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QPixmap>
 #include <cstdio>
-#include <functional>
-#include <vector>
 
-#include "host/host_session.h"
-#include "host/operator.h"
+#include "guided/calculator_steps.h"
+#include "guided/hands.h"
 #include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/panel_key.h"
-#include "ui/panel_window.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
-#include "ui/soft_key_bar.h"
 
 namespace panel {
 namespace {
@@ -36,104 +28,6 @@ const char* const kProgram =
     "G1 Y0\n"
     "G0 Z50\n"
     "M30\n";
-
-/// The operator's hands: keys to whatever has the focus, time that passes, and eyes on what came of it.
-class Hands {
- public:
-  Hands(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig, const QString& folder)
-      : window_(window), session_(session), op_(op), rig_(rig), folder_(folder) {}
-
-  void Settle() {
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-  }
-
-  void Key(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) focus = &window_;
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-      QKeyEvent event(type, key, modifiers, text);
-      QCoreApplication::sendEvent(focus, &event);
-      // A press may take the focus, or the widget, away.
-      focus = QApplication::focusWidget();
-      if (focus == nullptr) focus = &window_;
-    }
-    Settle();
-  }
-
-  void Type(const QString& text) {
-    for (const QChar c : text) Key(c.toUpper().unicode(), QString(c));
-  }
-
-  void Advance(int milliseconds) {
-    rig_.Advance(milliseconds);
-    Settle();
-  }
-
-  /// Presses start, and waits until the channel is at rest again.
-  bool Start() {
-    Press(Action::kCycleStart);
-    return true;
-  }
-
-  void Press(Action action) {
-    window_.Trigger(action);
-    Settle();
-  }
-
-  bool WaitForRest() {
-    for (int i = 0; i < 600 && op_.Machine().channelStatus != 1; ++i) Advance(100);
-    return op_.Machine().channelStatus == 1;
-  }
-
-  bool RunBlock(const QString& block) {
-    Type(block);
-    Start();
-    return WaitForRest();
-  }
-
-  /// The key that shows this menu item, on whatever page; false when there is none.
-  bool PressItem(int id) {
-    SoftKeyBar& bar = window_.MainBar();
-    for (int page = 0; page < bar.PageCount(); ++page) {
-      for (int slot = 0; slot < kMainKeys; ++slot) {
-        const int index = bar.Page() * kMainKeys + slot;
-        if (index < static_cast<int>(bar.Items().size()) && bar.Items().at(static_cast<std::size_t>(index)).id == id) {
-          window_.PressMain(slot);
-          Settle();
-          return true;
-        }
-      }
-      bar.NextPage();
-    }
-    return false;
-  }
-
-  [[nodiscard]] QLineEdit* MdiEdit() const {
-    const auto* tool = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_MDI)));
-    return tool == nullptr ? nullptr : tool->findChild<QLineEdit*>();
-  }
-
-  bool Capture(int number, const QString& name) {
-    Settle();
-    const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_).arg(number, 2, 10, QLatin1Char('0')).arg(name);
-    return window_.grab().save(file);
-  }
-
-  PanelWindow& window_;
-  HostSession& session_;
-  Operator& op_;
-  pnl::rig::Rig& rig_;
-
- private:
-  QString folder_;
-};
-
-/// One step: what is done, and whether it came out as told.
-struct Step {
-  const char* name;
-  const char* text;
-  std::function<bool(Hands&)> run;
-};
 
 double PositionX(const Hands& hands) {
   const auto state = hands.op_.Machine();
@@ -241,6 +135,7 @@ std::vector<Step> GlanceSteps() {
          h.Start();
          return !h.window_.Zone().Lines().empty();
        }},
+      CalculatorGlance(),
   };
 }
 
@@ -258,6 +153,7 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
   auto steps = tour == Tour::kWhole ? FirstSteps() : GlanceSteps();
   if (tour == Tour::kWhole) {
     for (auto& step : LaterSteps()) steps.push_back(std::move(step));
+    for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
   }
   int number = first;
   for (const Step& step : steps) {

@@ -259,6 +259,25 @@ TEST(Settling, HandlesWhatIsPostedWhileItSettles) {
   EXPECT_TRUE(Settle());
 }
 
+TEST(Settling, DoesNotWaitForWorkInSlicesButForWhatItPosts) {
+  struct Worker : QObject {
+    void timerEvent(QTimerEvent*) override {
+      ++slices;
+      if (slices == 2) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    }
+    bool event(QEvent* event) override {
+      if (event->type() == QEvent::User) told = true;
+      return QObject::event(event);
+    }
+    int slices = 0;
+    bool told = false;
+  } worker;
+  worker.startTimer(0);
+  for (int round = 0; round < 4; ++round) EXPECT_TRUE(Settle()) << "the work never ends";
+  EXPECT_GE(worker.slices, 2);
+  EXPECT_TRUE(worker.told);
+}
+
 TEST(Settling, FreesWhatWasToBeDeletedLater) {
   QPointer<QObject> object = new QObject;
   object->deleteLater();
