@@ -189,4 +189,20 @@ std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std
   return bytes;
 }
 
+namespace {
+
+struct DrivesOfItsOwn {
+  DriveMap drives;
+};
+
+/// Disc files over a copy of the drive map.
+class CopiedDiscFiles final : private DrivesOfItsOwn, public DiscFiles {
+ public:
+  explicit CopiedDiscFiles(const DriveMap& original) : DrivesOfItsOwn{original}, DiscFiles(drives) {}
+};
+
+}  // namespace
+
+std::unique_ptr<Files> DiscFiles::ForAnotherThread() const { return std::make_unique<CopiedDiscFiles>(drives_); }
+
 }  // namespace pnl

@@ -57,6 +57,8 @@ class Files {
   /// The path on this machine: drive by the drive map, each name by exact match, else without regard to case; names
   /// that don't exist are kept as they are. Nothing when the drive isn't mapped or the path can't be one.
   virtual std::optional<std::string> HostPath(TextView panelPath) const = 0;
+  /// The same files for one other thread, as the drives are now; null when only this thread may read them.
+  [[nodiscard]] virtual std::unique_ptr<Files> ForAnotherThread() const { return nullptr; }
 };
 
 /// The whole file; nothing when it can't be read or is larger than limit.
@@ -75,7 +77,7 @@ class DriveMap {
   std::map<char, std::string> folders_;
 };
 
-class DiscFiles final : public Files {
+class DiscFiles : public Files {
  public:
   explicit DiscFiles(const DriveMap& drives) : drives_(drives) {}
   FileInfo Query(TextView panelPath) const override;
@@ -84,6 +86,7 @@ class DiscFiles final : public Files {
   FileStatus Replace(TextView panelPath, std::string_view bytes) override;
   FileStatus MakeFolder(TextView panelPath) override;
   std::optional<std::string> HostPath(TextView panelPath) const override;
+  std::unique_ptr<Files> ForAnotherThread() const override;
 
  private:
   const DriveMap& drives_;

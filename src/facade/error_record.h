@@ -31,6 +31,23 @@ struct ErrorValue {
 static_assert(sizeof(ErrorValue) == 24);
 static_assert(offsetof(ErrorValue, value) == 8);
 
+/// Codes of the values in parameters and extra values.
+namespace value_type {
+inline constexpr std::int32_t kAbsent = 0;
+inline constexpr std::int32_t kBool = 1;
+inline constexpr std::int32_t kUint8 = 2;
+inline constexpr std::int32_t kInt8 = 3;
+inline constexpr std::int32_t kUint16 = 4;
+inline constexpr std::int32_t kInt16 = 5;
+inline constexpr std::int32_t kUint32 = 6;
+inline constexpr std::int32_t kInt32 = 7;
+inline constexpr std::int32_t kDouble = 8;
+inline constexpr std::int32_t kHexWord = 10;
+inline constexpr std::int32_t kChar16 = 16;
+inline constexpr std::int32_t kText = 17;
+inline constexpr std::int32_t kHexValue = 18;
+}  // namespace value_type
+
 /// 4048 bytes. The named text fields overlap with others in places; they are reached through the offsets below.
 struct alignas(8) ErrorRecord {
   unsigned char bytes[4048];

@@ -12,23 +12,6 @@
 
 namespace pnl::sim {
 
-/// Codes of the values in parameters and extra values.
-namespace value_type {
-inline constexpr std::int32_t kAbsent = 0;
-inline constexpr std::int32_t kBool = 1;
-inline constexpr std::int32_t kUint8 = 2;
-inline constexpr std::int32_t kInt8 = 3;
-inline constexpr std::int32_t kUint16 = 4;
-inline constexpr std::int32_t kInt16 = 5;
-inline constexpr std::int32_t kUint32 = 6;
-inline constexpr std::int32_t kInt32 = 7;
-inline constexpr std::int32_t kDouble = 8;
-inline constexpr std::int32_t kHexWord = 10;
-inline constexpr std::int32_t kChar16 = 16;
-inline constexpr std::int32_t kText = 17;
-inline constexpr std::int32_t kHexValue = 18;
-}  // namespace value_type
-
 /// The record; nothing, with problem naming the culprit ("channel", "parameters[1].value"), when a name or a value
 /// doesn't fit. Texts are cut to their field, and to what a later field in the same place leaves of it. A number may be
 /// given signed or unsigned. Of a code that isn't in the list above the low 32 bits of a number are kept.
