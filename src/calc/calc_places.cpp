@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "calc/calc_ids.h"
 
@@ -11,8 +10,6 @@ namespace pnl {
 namespace {
 
 constexpr CalcExtent kDialogExtent{188, 135};
-constexpr double kNormalDensity = 96;
-constexpr double kLargestScale = 4;
 constexpr int kNoteGap = 2;
 
 // Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and rows at 54, 75, 96 and 117. The keys of what is
@@ -73,19 +70,8 @@ CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* d
   return localized;
 }
 
-int DialogPixelsX(int units, double scale) { return static_cast<int>(std::lround(units * scale * 6 / 4)); }
-
-int DialogPixelsY(int units, double scale) { return static_cast<int>(std::lround(units * scale * 13 / 8)); }
-
 Rect DialogPixels(const CalcControl& control, double scale) {
-  const int left = DialogPixelsX(control.x, scale);
-  const int top = DialogPixelsY(control.y, scale);
-  return {left, top, left + DialogPixelsX(control.width, scale), top + DialogPixelsY(control.height, scale)};
-}
-
-double DialogScale(double dotsPerInch) {
-  const double scale = dotsPerInch / kNormalDensity;
-  return scale > 1 && scale <= kLargestScale ? scale : 1;
+  return DialogPixels({control.x, control.y, control.x + control.width, control.y + control.height}, scale);
 }
 
 Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note) {

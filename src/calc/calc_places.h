@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "host/language.h"
+#include "window/dialog_units.h"
 #include "window/window.h"
 
 namespace pnl {
@@ -35,12 +36,8 @@ struct CalcExtent {
 /// The control as the language's dialog has it; what that lacks stays as built in. The result points into both.
 [[nodiscard]] CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* dialog);
 
-/// Dialog units are 6/4 by 13/8 pixels at scale 1, each number rounded by itself.
-[[nodiscard]] int DialogPixelsX(int units, double scale);
-[[nodiscard]] int DialogPixelsY(int units, double scale);
+/// In pixels.
 [[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
-/// The scale of a screen of that density; 1 for one below 96 dots per inch, or one that can't be true.
-[[nodiscard]] double DialogScale(double dotsPerInch);
 
 /// Where a note of that size lies: below the window, above it where there is no room, else over its lower edge; always
 /// inside the parent as far as that reaches.
