@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "calc/calc_window.h"
+#include "errors/error_window.h"
 #include "mdi/mdi_window.h"
 #include "window/qt/window_registry.h"
 
@@ -18,6 +19,12 @@ ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
           new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
       calculator->Open();
       return calculator;
+    }
+    case tool_id::kErrorManager: {
+      // Hidden until an error comes; one that stands already shows it, and a callback may destroy the parent.
+      const QPointer<ZCErrorManager> errors = new ZCErrorManager(context, parent);
+      errors->Start();
+      return errors;
     }
     case tool_id::kMdi:
       return new ZCMDIWindow(context, parent);

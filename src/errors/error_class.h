@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The classes of an error and what a source means for its texts: tables only. Composing is error_composer's business.
+#pragma once
+
+#include <cstdint>
+
+#include "facade/error_record.h"
+
+namespace pnl {
+
+enum class ErrorClass : std::int32_t {
+  kError = 0,
+  kMarked = 1,
+  kWarning = 2,
+  kFatal = 3,
+  kConfirm = 4,
+};
+
+/// The error that is confirmed with Enter.
+inline constexpr std::int32_t kConfirmNumber = 3753;
+/// The error that closes the panel by itself.
+inline constexpr std::int32_t kClosingNumber = 201;
+
+/// The window's colour, 0x00BBGGRR.
+[[nodiscard]] std::uint32_t ErrorColorOf(ErrorClass errorClass);
+inline constexpr std::uint32_t kErrorWhite = 0xFFFFFF;
+/// Behind title line and description.
+inline constexpr std::uint32_t kErrorPanelColor = 0xBFC9D3;
+
+[[nodiscard]] ErrorClass ClassifyError(const ErrorRecord& record);
+
+/// Sources with rules of their own; all others are the kernel's.
+namespace error_source {
+inline constexpr std::int32_t kProgram = 1;
+inline constexpr std::int32_t kPreparation = 2;
+inline constexpr std::int32_t kPartner = 3;
+inline constexpr std::int32_t kScript = 9;
+inline constexpr std::int32_t kPlc = 10;
+inline constexpr std::int32_t kTextBelow = 11;
+inline constexpr std::int32_t kTextAlone = 12;
+inline constexpr std::int32_t kDrive = 13;
+inline constexpr std::int32_t kUnknownDrive = 14;
+inline constexpr std::int32_t kOwnText = 15;
+inline constexpr std::int32_t kMechatrolink = 16;
+inline constexpr std::int32_t kFieldBus = 17;
+inline constexpr std::int32_t kCanOpen = 19;
+}  // namespace error_source
+
+/// True for the sources whose title word is that of the kernel and which name their channel.
+[[nodiscard]] bool HasChannel(std::int32_t source);
+/// True for the sources whose title word is that of the kernel, CANopen included.
+[[nodiscard]] bool HasKernelWord(std::int32_t source);
+
+}  // namespace pnl

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "errors/error_layout.h"
+
+#include <algorithm>
+
+namespace pnl {
+
+namespace {
+
+constexpr int kTitleBoxWidth = 320;
+constexpr int kBetween = 10;
+constexpr int kBelowText = 15;
+constexpr int kArrowLift = 5;
+
+Rect Place(const Rect& size, int left, int top) { return {left, top, left + size.Width(), top + size.Height()}; }
+
+}  // namespace
+
+ErrorTopRow LayoutTop(int windowWidth, const ErrorTopRow& before, bool withChannel) {
+  ErrorTopRow row = before;
+  const int picture = before.help.Width();
+  int left = (windowWidth - (withChannel ? picture + kTitleBoxWidth : kTitleBoxWidth)) / 2;
+  if (withChannel) {
+    row.channelBox = Place(before.channelBox, left, before.channelBox.top);
+    left = row.channelBox.right;
+  }
+  row.titleBox = {left, before.titleBox.top, left + kTitleBoxWidth, before.titleBox.bottom};
+  row.help = Place(before.help, row.titleBox.right + kBetween, row.titleBox.top);
+  row.sign = Place(before.sign, row.help.left + kBetween + picture, row.titleBox.top);
+  return row;
+}
+
+ErrorArrow LayoutArrow(const ErrorArrow& before, int titleTop, int oldWidth, int newWidth, bool right) {
+  const int shift = right ? newWidth - oldWidth : 0;
+  // In the middle of what is free above the title line, and a little higher, for the counter below.
+  const int top = std::max((titleTop - before.arrow.Height()) / 2 - kArrowLift, 0);
+  ErrorArrow placed;
+  placed.arrow = Place(before.arrow, before.arrow.left + shift, top);
+  placed.counter = Place(before.counter, before.counter.left + shift, placed.arrow.bottom);
+  return placed;
+}
+
+Rect LayoutTitleLine(const Rect& before, int windowWidth) {
+  return {before.left, before.top, std::max(windowWidth - before.left, before.left), before.bottom};
+}
+
+Rect LayoutDescription(const Rect& titleLine, int gap, const Rect& client) {
+  const int top = titleLine.bottom + gap;
+  return {titleLine.left, top, titleLine.right, std::max(client.bottom - kBelowText, top)};
+}
+
+TitleFit FitTitle(int base, int current, int needed) {
+  if (needed == current || (needed < current && current == base)) return {false, current, current == base};
+  if (needed <= base) return {true, base, true};
+  return {true, needed, false};
+}
+
+}  // namespace pnl

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// The error manager without its window: which error of the kernel's queue is on the screen, when the window shows
+// itself, what keys and clicks do, what the host is told. Holds no list: the queue is the kernel's. Owned by the
+// window.
+#pragma once
+
+#include <cstdint>
+
+#include "errors/error_composer.h"
+#include "errors/error_layout.h"
+#include "errors/error_reader.h"
+#include "errors/error_settings.h"
+#include "errors/error_view.h"
+#include "host/tool_context.h"
+
+namespace pnl {
+
+enum class ErrorKey { kLeft, kRight, kUp, kDown, kEscape, kEnter };
+
+class ErrorSession {
+ public:
+  ErrorSession(const ToolContext& context, ErrorView& view, ErrorLineReader& reader);
+  ~ErrorSession();
+  ErrorSession(const ErrorSession&) = delete;
+  ErrorSession& operator=(const ErrorSession&) = delete;
+
+  /// The window stands, hidden, with its controls as the dialog has them.
+  void Start();
+  /// The window is going: no call to the view follows.
+  void End();
+
+  /// kMsgVariableReport.
+  void OnReport(std::intptr_t first, std::intptr_t second);
+  /// kMsgToolNotify.
+  void OnToolNotify(std::intptr_t what, std::intptr_t value);
+  /// kMsgHelpKey, and a click on the help picture: hides the window and offers the error to the host. False without an
+  /// error or a reference.
+  bool ShowHelp();
+  /// "ZM_END_ERRORHELP".
+  void HelpEnded();
+  void OnHotKey();
+  void OnKey(ErrorKey key);
+  void OnClick(int id);
+  /// Inside the window, on none of the controls that a click acts on.
+  void OnDoubleClick();
+  void OnResized();
+
+  [[nodiscard]] bool IsActive() const { return active_; }
+  [[nodiscard]] bool IsVisible() const { return visible_; }
+
+ private:
+  // Reading and composing.
+  void ReadShown();
+  void NothingToShow();
+  void ShowComposed(const ErrorRecord& record);
+  void ReadProgramLinesLater();
+  void DecideState();
+  [[nodiscard]] bool MustShow() const;
+  // The window's state.
+  void Activate();
+  void Deactivate();
+  void Show();
+  void Hide(bool notify);
+  void Toggle(bool hide);
+  void Refresh();
+  // Reports and the queue.
+  void OnCountReport();
+  void OnPriorityReport();
+  [[nodiscard]] int Count() const;
+  void UpdateCounters();
+  void ShowPrevious(bool shown);
+  void ShowNext(bool shown);
+  void GoNext();
+  void GoPrevious();
+  void WriteCurrent();
+  void PostCount(int count);
+  void PostClose();
+  // Acknowledging.
+  void Acknowledge();
+  void ConfirmWithEnter();
+  void StepBack();
+  void ResetShown(int kind);
+  // Looks.
+  void OnFlash();
+  void SetBoxes(ErrorClass titleClass, ErrorClass channelClass, bool inverted, bool now);
+  void LayTopRow();
+  void FitTitleLine();
+  void MeasureBase();
+  void TellDescription();
+
+  ToolContext context_;
+  ErrorView& view_;
+  ErrorLineReader& reader_;
+  ErrorWords words_;
+  TextWidths widths_;
+  ErrorSettings settings_;
+  ErrorBaseGeometry base_;
+  Rect baseClient_;
+  ErrorClass currentClass_ = ErrorClass::kError;
+  ErrorRecord shownRecord_{};
+  std::int32_t shownIndex_ = -1;
+  std::int32_t shownNumber_ = 0;
+  Text titleWord_;
+  std::int32_t requestedIndex_ = -1;
+  bool flashPhase_ = false;
+  bool closePending_ = false;
+  ZCVariable priorityVariable_;
+  ZCVariable countVariable_;
+  bool active_ = false;
+  bool visible_ = false;
+  bool suppressed_ = false;
+  bool blocked_ = false;
+  bool channelShown_ = false;
+  ComposedError composed_;
+  ScopedTimer flashTimer_;
+  ScopedTimer closeTimer_;
+  ErrorTopRow topRow_;
+  ErrorArrow previousArrow_;
+  ErrorArrow nextArrow_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,705 @@
+// SPDX-License-Identifier: MIT
+// When the window shows itself, what the host hears, how the queue is walked and acknowledged.
+#include "errors/error_session.h"
+
+#include "errors/error_rig.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
+
+constexpr const char* kCountZero = "ZM_UPDATE_NERRORS number 0 class 0 flash 0 count 0";
+
+RecordBuilder Kernel(int number) { return RecordBuilder().Number(number); }
+RecordBuilder Warning(int number) { return RecordBuilder().Number(number).Severity(0); }
+RecordBuilder Fatal(int number) { return RecordBuilder().Number(number).Severity(7); }
+RecordBuilder Marked(int number) { return RecordBuilder().Number(number).Marked(); }
+
+// Start.
+
+TEST_F(ErrorToolTest, StartsHiddenAndIdle) {
+  MakeTool();
+  EXPECT_FALSE(tool->IsActive());
+  EXPECT_FALSE(view->visible);
+  EXPECT_TRUE(view->hotKey);
+  EXPECT_FALSE(view->raisedLook[error_id::kTitleBox]);
+  EXPECT_FALSE(view->raisedLook[error_id::kChannelBox]);
+  EXPECT_EQ(view->window, kDefaultErrorWindow);
+  EXPECT_EQ(view->titleFont, (ErrorFont{u"Arial", 21, 400, false, false, false}));
+  EXPECT_EQ(Current(), "\"\"");
+}
+
+TEST_F(ErrorToolTest, ReadsTheQueueAtItsStart) {
+  cnc.SetSink(nullptr);
+  const ErrorRecord record = Kernel(1000);
+  cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  cnc.SetSink(&sink);
+  MakeTool();
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Box(), "ERROR 1000");
+}
+
+TEST_F(ErrorToolTest, WithoutTheVariablesStaysIdle) {
+  cnc.Undefine(u"E.NERRORS");
+  cnc.Undefine(u"E.ERRORPRI");
+  MakeTool();
+  EXPECT_FALSE(tool->IsActive());
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_F(ErrorToolTest, UnregistersItsHotKeyAtTheEnd) {
+  MakeTool();
+  tool->End();
+  EXPECT_FALSE(view->hotKey);
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+// One error.
+
+TEST_F(ErrorToolTest, AnErrorOpensTheWindow) {
+  MakeTool();
+  Asked();
+  Push(Kernel(1000));
+  EXPECT_THAT(Asked(), ElementsAre("ReadError(-1)=0", "HostToolOpening(0)", "show", "top", "focus",
+                                   "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\""));
+  EXPECT_EQ(Box(), "ERROR 1000");
+  EXPECT_EQ(Title(), "fault 1000");
+  EXPECT_EQ(Description(), "\nID: NC-77");
+  EXPECT_EQ(view->classColor, 0x0000A0u);
+  EXPECT_EQ(Counters(), "-/-");
+  EXPECT_EQ(Current(), "\"ERROR 1000: fault 1000\"");
+}
+
+TEST_F(ErrorToolTest, TheSignBelongsToTheClass) {
+  struct SignCase {
+    RecordBuilder record;
+    bool acknowledge, confirm, marked;
+  };
+  const SignCase cases[] = {{Kernel(1000), true, false, false},
+                            {Marked(1000), false, false, true},
+                            {Warning(1000), false, false, false},
+                            {Fatal(1000), false, false, false},
+                            {Kernel(3753), false, true, false}};
+  for (const SignCase& row : cases) {
+    cnc.ClearErrors();
+    if (!tool) MakeTool();
+    Push(row.record);
+    EXPECT_EQ(view->Shows(error_id::kAcknowledge), row.acknowledge);
+    EXPECT_EQ(view->Shows(error_id::kConfirmSign), row.confirm);
+    EXPECT_EQ(view->Shows(error_id::kMarkedSign), row.marked);
+  }
+}
+
+TEST_F(ErrorToolTest, TheChannelStandsInItsBoxWhereThereAreSeveral) {
+  cnc.Returns("ChannelNumber", {2});
+  MakeTool();
+  Push(RecordBuilder().Channel(2));
+  EXPECT_TRUE(view->Shows(error_id::kChannelBox));
+  EXPECT_EQ(view->texts[error_id::kChannelBox], "2");
+  EXPECT_EQ(view->rects[error_id::kTitleBox].left, view->rects[error_id::kChannelBox].right);
+  Key(ErrorKey::kEscape);
+  Push(RecordBuilder().Channel(5));
+  EXPECT_FALSE(view->Shows(error_id::kChannelBox));
+  EXPECT_EQ(view->rects[error_id::kTitleBox].left, (710 - 320) / 2);
+}
+
+TEST_F(ErrorToolTest, FatalAndConfirmErrorsGoToTheMachinesLog) {
+  MakeTool();
+  Asked();
+  Push(Fatal(1000));
+  EXPECT_THAT(Asked(), Contains("AddLogOnInfo(\"ERROR 1000 : fault 1000\")=0"));
+}
+
+TEST_F(ErrorToolTest, BoxesAreFlatInTheColourOfTheClass) {
+  MakeTool();
+  Push(Warning(1000));
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], std::pair(0xFFFFFFu, 0x648064u));
+}
+
+// The colour of the error before, until the next flash: kept, because it costs nothing and is gone in half a second.
+TEST_F(ErrorToolTest, ADrivesBoxTakesTheColourOfTheErrorBeforeUntilItFlashes) {
+  MakeTool();
+  Push(Kernel(1000));
+  Key(ErrorKey::kEscape);
+  Push(RecordBuilder().Source(13).Severity(7));
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], std::pair(0xFFFFFFu, 0x0000A0u));
+  timers.Advance(500);
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], std::pair(0x806480u, 0xFFFFFFu));
+}
+
+TEST_F(ErrorToolTest, TheBoxesFlash) {
+  cnc.Returns("ChannelNumber", {2});
+  MakeTool();
+  Push(RecordBuilder().Channel(1));
+  const std::pair plain(0xFFFFFFu, 0x0000A0u);
+  const std::pair inverted(0x0000A0u, 0xFFFFFFu);
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], plain);
+  timers.Advance(500);
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], inverted);
+  EXPECT_EQ(view->boxColors[error_id::kChannelBox], inverted);
+  timers.Advance(500);
+  EXPECT_EQ(view->boxColors[error_id::kTitleBox], plain);
+  EXPECT_EQ(view->boxColors[error_id::kChannelBox], plain);
+}
+
+TEST_F(ErrorToolTest, AFlashPeriodOfZeroDoesNotFlash) {
+  Ini() = "[PRIVATE]\r\nFlash=0\r\n";
+  MakeTool();
+  Push(Kernel(1000));
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+TEST_F(ErrorToolTest, ALongTitleGetsMoreLines) {
+  MakeTool();
+  cnc.ErrorText("error_to_txt", 1001, u"|" + Text(200, u'x'), u"", false);
+  Push(Kernel(1001));
+  EXPECT_EQ(view->rects[error_id::kTitleLine].Height(), 60);
+  EXPECT_FALSE(view->titleCentred);
+  EXPECT_EQ(view->rects[error_id::kDescription].top, view->rects[error_id::kTitleLine].bottom + 12);
+  Key(ErrorKey::kEscape);
+  Push(Kernel(1000));
+  EXPECT_EQ(view->rects[error_id::kTitleLine].Height(), 34);
+  EXPECT_TRUE(view->titleCentred);
+}
+
+// The program line.
+
+class ErrorInProgram : public ErrorToolTest {
+ protected:
+  ErrorInProgram() { disc.disc["C:\\P\\A.NC"] = "G0 X1\r\nG1 X2 F0\r\n"; }
+  static RecordBuilder Record() {
+    return RecordBuilder()
+        .Source(1)
+        .Text(error_field::kProgramPath, u"C:\\P")
+        .Text(error_field::kProgramName, u"A.NC")
+        .Int(error_field::kFilePosition, 7)
+        .Word(error_field::kFileSpan, 12);
+  }
+};
+
+TEST_F(ErrorInProgram, TheFailingLineIsShown) {
+  MakeTool();
+  Push(Record());
+  EXPECT_EQ(Description(), "\nT237  C:\\P\\A.NC\nT240 2\nT210 G1 X2 <F>0\nID: NC-77");
+}
+
+TEST_F(ErrorInProgram, AFileThatTakesLongKeepsTheRestWaitingForNothing) {
+  MakeTool();
+  reader->slow = true;
+  Push(Record());
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Description(), "\nT237  C:\\P\\A.NC\nID: NC-77");
+  ASSERT_TRUE(reader->later);
+  reader->later({u"\nT240 2", u"\nT210 G1"});
+  EXPECT_EQ(Description(), "\nT237  C:\\P\\A.NC\nT240 2\nT210 G1\nID: NC-77");
+}
+
+TEST_F(ErrorInProgram, ALineThatComesTooLateIsNotAskedForAnyMore) {
+  MakeTool();
+  reader->slow = true;
+  Push(Record());
+  Key(ErrorKey::kEscape);
+  EXPECT_FALSE(reader->later);
+}
+
+TEST_F(ErrorInProgram, TheFileIsReadOnlyWhenAnotherErrorIsShown) {
+  MakeTool();
+  Push(Record());
+  EXPECT_EQ(reader->reads, 1);
+  cnc.Set(u"E.NERRORS", std::int64_t{5});
+  Drain();
+  EXPECT_EQ(view->texts[error_id::kAfter], "4");
+  EXPECT_EQ(reader->reads, 1) << "a change of the count alone updates the counters and nothing else";
+  Push(Kernel(1001));
+  EXPECT_EQ(reader->reads, 2) << "the kernel told of its primary error";
+  Key(ErrorKey::kRight);
+  EXPECT_EQ(reader->reads, 2);
+  Key(ErrorKey::kLeft);
+  EXPECT_EQ(reader->reads, 3);
+}
+
+// Hide settings and the states.
+
+struct StateCase {
+  const char* ini;
+  RecordBuilder record;
+  bool shows;
+  const char* message;
+};
+
+TEST_F(ErrorToolTest, HideSettingsDecideWhichErrorsOpenTheWindow) {
+  const char* warnings = "[PRIVATE]\r\nHideWarnings=TRUE\r\n";
+  const char* errors = "[PRIVATE]\r\nHideErrors=TRUE\r\n";
+  const StateCase cases[] = {
+      {"", Kernel(1000), true, nullptr},
+      {"", Marked(1000), true, nullptr},
+      {"", Warning(1000), true, nullptr},
+      {"", Fatal(1000), true, nullptr},
+      {"", Kernel(3753), true, nullptr},
+      {warnings, Kernel(1000), true, nullptr},
+      {warnings, Warning(1000), false, "ZM_UPDATE_NERRORS number 1000 class 2 flash 500 count 1"},
+      {warnings, Fatal(1000), true, nullptr},
+      {errors, Kernel(1000), false, "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"},
+      {errors, Marked(1000), false, "ZM_UPDATE_NERRORS number 1000 class 1 flash 500 count 1"},
+      {errors, Warning(1000), false, "ZM_UPDATE_NERRORS number 1000 class 2 flash 500 count 1"},
+      {errors, Fatal(1000), true, nullptr},
+      {errors, Kernel(3753), true, nullptr},
+  };
+  for (const StateCase& row : cases) {
+    cnc.ClearErrors();
+    Drain();
+    Ini() = row.ini;
+    MakeTool();
+    Asked();
+    Push(row.record);
+    const Log asked = Asked();
+    const std::string where =
+        std::string(row.ini) + " class " + std::to_string(static_cast<int>(ClassifyError(row.record)));
+    EXPECT_EQ(view->visible, row.shows) << where;
+    EXPECT_TRUE(tool->IsActive()) << where;
+    if (row.message != nullptr) {
+      EXPECT_THAT(asked, Contains(row.message)) << where;
+    }
+  }
+}
+
+TEST_F(ErrorToolTest, AHiddenWarningTogglesTheWindowAwayUnlessErrorsAreHiddenToo) {
+  Ini() = "[PRIVATE]\r\nHideWarnings=TRUE\r\n";
+  MakeTool();
+  Asked();
+  Push(Warning(1000));
+  EXPECT_THAT(Asked(), Contains("HostToolClosed(0,2)"));
+  Ini() = "[PRIVATE]\r\nHideErrors=TRUE\r\n";
+  cnc.ClearErrors();
+  Drain();
+  MakeTool();
+  Asked();
+  Push(Warning(1000));
+  EXPECT_THAT(Asked(), Not(Contains("HostToolClosed(0,2)")));
+}
+
+TEST_F(ErrorToolTest, SuppressedErrorsStayQuietButFatalOnesShow) {
+  MakeTool();
+  Notify(1, 1);
+  Asked();
+  Push(Kernel(1000));
+  EXPECT_FALSE(view->visible);
+  EXPECT_THAT(Asked(), Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+  Key(ErrorKey::kEscape);
+  Push(Fatal(1001));
+  EXPECT_TRUE(view->visible);
+  Notify(1, 0);
+}
+
+TEST_F(ErrorToolTest, ABlockedWindowNeverShows) {
+  MakeTool();
+  Notify(79, 1);
+  for (const RecordBuilder& record : {Kernel(1000), Fatal(1001), Kernel(3753)}) {
+    cnc.ClearErrors();
+    Drain();
+    Push(record);
+    EXPECT_FALSE(view->visible);
+    EXPECT_TRUE(tool->IsActive());
+  }
+  Asked();
+  tool->OnHotKey();
+  EXPECT_FALSE(view->visible);
+  EXPECT_THAT(Asked(), ElementsAre("ZM_UPDATE_NERRORS number 3753 class 4 flash 500 count 1"));
+}
+
+TEST_F(ErrorToolTest, BlockingHidesAWindowThatIsShown) {
+  MakeTool();
+  Push(Kernel(1000));
+  Asked();
+  Notify(79, 1);
+  EXPECT_THAT(Asked(),
+              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+}
+
+TEST_F(ErrorToolTest, TheHotKeyHidesAndShows) {
+  MakeTool();
+  tool->OnHotKey();
+  EXPECT_FALSE(view->visible) << "no error stands";
+  Push(Kernel(1000));
+  Asked();
+  tool->OnHotKey();
+  EXPECT_THAT(Asked(),
+              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+  tool->OnHotKey();
+  EXPECT_THAT(Asked(), ElementsAre(kCountZero, "HostErrorsGone", "HostToolOpening(0)", "show", "top", "focus"));
+}
+
+TEST_F(ErrorToolTest, TheHotKeyIsRegisteredAndUnregisteredOnRequest) {
+  MakeTool();
+  Notify(2, 0);
+  EXPECT_FALSE(view->hotKey);
+  Notify(2, 1);
+  EXPECT_TRUE(view->hotKey);
+  Notify(2, 5);
+  EXPECT_FALSE(view->hotKey);
+}
+
+TEST_F(ErrorToolTest, ADoubleClickHides) {
+  MakeTool();
+  Push(Kernel(1000));
+  tool->OnDoubleClick();
+  EXPECT_FALSE(view->visible);
+  EXPECT_TRUE(tool->IsActive());
+}
+
+TEST_F(ErrorToolTest, AHiddenWindowTellsEachChangeOfTheCount) {
+  MakeTool();
+  Push(Kernel(1000));
+  tool->OnHotKey();
+  Asked();
+  cnc.Set(u"E.NERRORS", std::int64_t{2});
+  Drain();
+  EXPECT_THAT(Asked(), ElementsAre("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 2"));
+}
+
+// Walking the queue.
+
+class ThreeErrors : public ErrorToolTest {
+ protected:
+  ThreeErrors() {
+    MakeTool();
+    for (const int number : {1000, 1001, 1002}) Push(Kernel(number));
+    Asked();
+  }
+};
+
+TEST_F(ThreeErrors, TheFirstOneShowsHowManyLieAfterIt) {
+  EXPECT_EQ(Box(), "ERROR 1000");
+  EXPECT_EQ(Counters(), "-/2");
+}
+
+TEST_F(ThreeErrors, WalkingToTheLastHidesTheWayOn) {
+  Key(ErrorKey::kRight);
+  EXPECT_EQ(Box(), "ERROR 1001");
+  EXPECT_EQ(Counters(), "1/1");
+  EXPECT_EQ(Current(), "\"ERROR 1001: fault 1001\"");
+  Key(ErrorKey::kDown);
+  EXPECT_EQ(Box(), "ERROR 1002");
+  EXPECT_EQ(Counters(), "2/-");
+  Asked();
+  Key(ErrorKey::kRight);
+  EXPECT_THAT(Asked(), IsEmpty()) << "there is none behind it";
+}
+
+TEST_F(ThreeErrors, WalkingBackToTheFirstHidesTheWayBack) {
+  Click(error_id::kNext);
+  Click(error_id::kNext);
+  Key(ErrorKey::kLeft);
+  EXPECT_EQ(Counters(), "1/1");
+  Key(ErrorKey::kUp);
+  EXPECT_EQ(Box(), "ERROR 1000");
+  EXPECT_EQ(Counters(), "-/2");
+  Asked();
+  Click(error_id::kPrevious);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_F(ThreeErrors, AskForTheIndexOnly) {
+  Key(ErrorKey::kRight);
+  EXPECT_THAT(Asked(), ElementsAre("ReadError(1)=1", "DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\""));
+}
+
+TEST_F(ThreeErrors, ResettingTheFirstShowsTheNextPrimaryOne) {
+  Key(ErrorKey::kEscape);
+  EXPECT_THAT(Asked(), IsSupersetOf({"wait", "ResetError(0,1)=0", "ReadError(-1)=0", "ready"}));
+  EXPECT_EQ(Box(), "ERROR 1001");
+  EXPECT_EQ(Counters(), "-/1");
+}
+
+TEST_F(ThreeErrors, ResettingTheSecondShowsTheFirst) {
+  Key(ErrorKey::kRight);
+  Asked();
+  Key(ErrorKey::kEscape);
+  EXPECT_THAT(Asked(), IsSupersetOf({"ResetError(1,1)=0", "ReadError(0)=0"}));
+  EXPECT_EQ(Box(), "ERROR 1000");
+  EXPECT_EQ(Counters(), "-/1");
+}
+
+TEST_F(ThreeErrors, ResettingTheLastGoesOneBack) {
+  Key(ErrorKey::kRight);
+  Key(ErrorKey::kRight);
+  Key(ErrorKey::kEscape);
+  EXPECT_EQ(Box(), "ERROR 1001");
+  EXPECT_EQ(view->texts[error_id::kBefore], "1");
+}
+
+TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
+  for (int i = 0; i < 3; ++i) Key(ErrorKey::kEscape);
+  EXPECT_FALSE(view->visible);
+  EXPECT_FALSE(tool->IsActive());
+  EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
+  EXPECT_THAT(Asked(), IsSupersetOf({"hide", "HostToolClosed(0,2)", "HostErrorsGone"}));
+  EXPECT_EQ(Current(), "\"\"");
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+// Keys by class.
+
+struct KeyCase {
+  RecordBuilder record;
+  ErrorKey key;
+  const char* call;
+};
+
+TEST_F(ErrorToolTest, EachClassHasItsKey) {
+  const KeyCase cases[] = {
+      {Kernel(1000), ErrorKey::kEscape, "ResetError(0,1)=0"},
+      {Marked(1000), ErrorKey::kEscape, "ResetError(0,1)=0"},
+      {Warning(1000), ErrorKey::kEscape, "ResetError(0,0)=0"},
+      {Fatal(1000), ErrorKey::kEscape, nullptr},
+      {Kernel(3753), ErrorKey::kEscape, nullptr},
+      {Kernel(1000), ErrorKey::kEnter, nullptr},
+      {Marked(1000), ErrorKey::kEnter, nullptr},
+      {Warning(1000), ErrorKey::kEnter, nullptr},
+      {Fatal(1000), ErrorKey::kEnter, nullptr},
+      {Kernel(3753), ErrorKey::kEnter, "ResetErrorWithEnter(0)=0"},
+  };
+  MakeTool();
+  for (const KeyCase& row : cases) {
+    cnc.ClearErrors();
+    Drain();
+    Push(row.record);
+    Asked();
+    Key(row.key);
+    const std::string where = "class " + std::to_string(static_cast<int>(ClassifyError(row.record)));
+    if (row.call != nullptr) {
+      EXPECT_THAT(Asked(), Contains(row.call)) << where;
+      EXPECT_THAT(cnc.ErrorQueue(), IsEmpty()) << where;
+    } else {
+      EXPECT_THAT(Asked(), Not(Contains(testing::HasSubstr("ResetError")))) << where;
+      EXPECT_EQ(cnc.ErrorQueue().size(), 1u) << where;
+    }
+  }
+}
+
+// The two signs look crossed, and are kept so: a click on the one of class 4 does nothing.
+TEST_F(ErrorToolTest, TheSignOfAConfirmErrorDoesNothingWhenClicked) {
+  MakeTool();
+  Push(Kernel(3753));
+  Asked();
+  Click(error_id::kConfirmSign);
+  EXPECT_THAT(Asked(), IsEmpty());
+  Click(error_id::kMarkedSign);
+  EXPECT_THAT(Asked(), Contains("ResetErrorWithEnter(0)=0"));
+}
+
+TEST_F(ErrorToolTest, AClickOnTheAcknowledgeSignIsEscape) {
+  MakeTool();
+  Push(Kernel(1000));
+  Asked();
+  Click(error_id::kAcknowledge);
+  EXPECT_THAT(Asked(), Contains("ResetError(0,1)=0"));
+}
+
+TEST_F(ErrorToolTest, EscapeOnAFatalErrorHidesTheWindowWhenItIsTheOnlyOne) {
+  MakeTool();
+  Push(Fatal(1000));
+  Asked();
+  Key(ErrorKey::kEscape);
+  EXPECT_FALSE(view->visible);
+  EXPECT_THAT(Asked(), ElementsAre("wait", "hide", "HostToolClosed(0,2)",
+                                   "ZM_UPDATE_NERRORS number 1000 class 3 flash 500 count 1", "ready"));
+}
+
+TEST_F(ErrorToolTest, EscapeOnAFatalErrorGoesToTheNext) {
+  MakeTool();
+  Push(Fatal(1000));
+  Push(Kernel(1001));
+  Key(ErrorKey::kEscape);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Box(), "ERROR 1001");
+}
+
+// Closing the panel.
+
+TEST_F(ErrorToolTest, Error201ClosesThePanelAfterFiveSeconds) {
+  MakeTool();
+  Push(Kernel(201));
+  Asked();
+  timers.Advance(4999);
+  EXPECT_THAT(Asked(), Not(Contains("ZM_CLOSE7340(1,0)")));
+  timers.Advance(1);
+  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+  timers.Advance(5000);
+  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)")) << "and again until it does";
+}
+
+TEST_F(ErrorToolTest, Error201ClosesThePanelForTheKernelsSourcesOnly) {
+  for (const auto& [source, closes] : {std::pair(0, true),
+                                       {1, true},
+                                       {2, true},
+                                       {3, true},
+                                       {9, false},
+                                       {10, false},
+                                       {11, true},
+                                       {12, true},
+                                       {13, false},
+                                       {14, false},
+                                       {15, false},
+                                       {16, false},
+                                       {17, false},
+                                       {18, true},
+                                       {19, true}}) {
+    cnc.ClearErrors();
+    Ini() = "[PRIVATE]\r\nFlash=0\r\n";
+    Drain();
+    MakeTool();
+    Push(Kernel(201).Source(source));
+    EXPECT_EQ(timers.Running(), closes ? 1u : 0u) << source;
+    tool->End();
+  }
+}
+
+TEST_F(ErrorToolTest, Error201AsAWarningStartsNoTimer) {
+  Ini() = "[PRIVATE]\r\nFlash=0\r\n";
+  MakeTool();
+  Push(Warning(201));
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+TEST_F(ErrorToolTest, AfterEscapeOnAFatalErrorThePanelClosesWhenTheQueueRunsEmpty) {
+  MakeTool();
+  Push(Fatal(201));
+  Key(ErrorKey::kEscape);
+  Asked();
+  cnc.ClearErrors();
+  Drain();
+  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+TEST_F(ErrorToolTest, WithoutTheClosingTimerAnEmptyQueueClosesNothing) {
+  MakeTool();
+  Push(Fatal(1000));
+  Key(ErrorKey::kEscape);
+  Asked();
+  cnc.ClearErrors();
+  Drain();
+  EXPECT_THAT(Asked(), Not(Contains("ZM_CLOSE7340(1,0)")));
+}
+
+TEST_F(ErrorToolTest, TheClosingTimerOutlivesAnOrdinaryReset) {
+  MakeTool();
+  Push(Kernel(201));
+  Key(ErrorKey::kEscape);
+  EXPECT_FALSE(tool->IsActive());
+  Asked();
+  timers.Advance(5000);
+  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+}
+
+// Help.
+
+class ErrorWithHelp : public ErrorToolTest {
+ protected:
+  void Define(bool byItself) { cnc.ErrorText("error_to_txt", 2000, u"\nbroken", u"C:\\H.TXT#7", byItself); }
+};
+
+TEST_F(ErrorWithHelp, ThePictureIsShownWhereThereIsAReference) {
+  Define(false);
+  MakeTool();
+  Push(Kernel(1000));
+  EXPECT_FALSE(view->Shows(error_id::kHelp));
+  Key(ErrorKey::kEscape);
+  Push(Kernel(2000));
+  EXPECT_TRUE(view->Shows(error_id::kHelp));
+}
+
+TEST_F(ErrorWithHelp, AskingForItHidesTheWindowAndOffersTheErrorToTheHost) {
+  Define(false);
+  MakeTool();
+  Push(Kernel(2000));
+  Asked();
+  Click(error_id::kHelp);
+  EXPECT_THAT(Asked(),
+              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 2000 class 0 flash 500 count 1",
+                          "HostShowError(0000A0,C:\\H.TXT#7,Error 2000 : broken)"));
+  EXPECT_TRUE(tool->IsActive());
+}
+
+TEST_F(ErrorWithHelp, TheWindowComesBackWhenTheHelpHasEnded) {
+  Define(false);
+  MakeTool();
+  Push(Kernel(2000));
+  EXPECT_TRUE(tool->ShowHelp());
+  Asked();
+  tool->HelpEnded();
+  EXPECT_THAT(Asked(), ElementsAre(kCountZero, "HostToolOpening(0)", "show", "top", "focus"));
+  tool->HelpEnded();
+  EXPECT_THAT(Asked(), IsEmpty()) << "it is there already";
+}
+
+TEST_F(ErrorWithHelp, AnErrorThatOpensItsHelpByItselfLeavesTheWindowAway) {
+  Define(true);
+  MakeTool();
+  Asked();
+  Push(Kernel(2000));
+  EXPECT_FALSE(view->visible);
+  EXPECT_THAT(Asked(), Contains("HostShowError(0000A0,C:\\H.TXT#7,Error 2000 : broken)"));
+}
+
+TEST_F(ErrorWithHelp, WithoutAnErrorOrAReferenceThereIsNone) {
+  MakeTool();
+  EXPECT_FALSE(tool->ShowHelp());
+  tool->HelpEnded();
+  Push(Kernel(1000));
+  Asked();
+  EXPECT_FALSE(tool->ShowHelp());
+  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_TRUE(view->visible);
+}
+
+TEST_F(ErrorWithHelp, APlcErrorHasThePictureOnlyWithItsDescription) {
+  MakeTool();
+  disc.disc["C:\\D.TXT"] = "there";
+  cnc.ErrorText("ReadPLCError", 1000, u"door", u"C:\\D.TXT#3", false);
+  Push(RecordBuilder().Source(10));
+  EXPECT_FALSE(view->Shows(error_id::kHelp));
+  Key(ErrorKey::kEscape);
+  cnc.Description(u"C:\\D.TXT", 3, u"The door is open.");
+  Push(RecordBuilder().Source(10));
+  EXPECT_TRUE(view->Shows(error_id::kHelp));
+  EXPECT_EQ(Description(), "The door is open.");
+}
+
+// What is written for the machine.
+
+TEST_F(ErrorToolTest, TheCurrentErrorIsWrittenInAtMost260Units) {
+  cnc.ErrorText("error_to_txt", 1001, u"|" + Text(400, u'x'), u"", false);
+  MakeTool();
+  Push(Kernel(1001));
+  EXPECT_EQ(Current().size(), 260u + 2);
+}
+
+TEST_F(ErrorToolTest, WithoutTheVariableNothingIsWritten) {
+  cnc.Undefine(u"DM.HMI.ERROR.CURRENT");
+  MakeTool();
+  Asked();
+  Push(Kernel(1000));
+  EXPECT_THAT(Asked(), Not(Contains(testing::HasSubstr("DM.HMI"))));
+}
+
+TEST_F(ErrorToolTest, TenThousandErrorsAtOnceAreAllCounted) {
+  MakeTool();
+  const ErrorRecord record = Kernel(1000);
+  for (int i = 0; i < 10000; ++i)
+    cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  Drain();
+  EXPECT_EQ(view->texts[error_id::kAfter], "9999");
+  for (int i = 0; i < 10000; ++i) Key(ErrorKey::kEscape);
+  EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
+  EXPECT_FALSE(tool->IsActive());
+}
+
+}  // namespace
+}  // namespace pnl::test
