@@ -88,14 +88,29 @@ class CncControl {
   virtual bool PushErrorRecord(std::string_view bytes) = 0;
   [[nodiscard]] virtual std::vector<std::int32_t> ErrorQueue() const = 0;
   virtual void ClearErrors() = 0;
-  /// What stands in the queue for an operator to read: number, channel and text of each.
+  /// What stands in the queue for an operator to read. Where no table has a text for the number, the rest still tells
+  /// what happened.
   struct ErrorSummary {
     std::int32_t number = 0;
     std::int32_t channel = 0;
-    std::int32_t severity = 0;
-    std::u16string text;
+    std::int32_t severity = 0;  // 0 a warning, 7 fatal, else an error
+    std::u16string text;        // empty when no table and no field of the record has one
+    std::int32_t source = 0;
+    std::int32_t identifier = 0;
+    std::u16string module;
+    std::vector<std::u16string> parameters;  // the plain values of the typed parameters that are there
+    std::int64_t serial = 0;                 // never used twice
   };
   [[nodiscard]] virtual std::vector<ErrorSummary> Errors() const = 0;
+  /// What becomes of an error: it enters the queue, or leaves it by ResetError, by ResetErrorWithEnter, or with all
+  /// others when the queue is cleared.
+  enum class ErrorFate { kRaised, kAcknowledged, kConfirmed, kCleared };
+  /// Calls back at once for each error of the queue from now on, for a host that keeps a list. The number ends it with
+  /// UnwatchErrors.
+  virtual int WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)> changed) = 0;
+  virtual void UnwatchErrors(int watch) = 0;
+  /// The long description behind a reference "file#number"; nothing when there is none.
+  [[nodiscard]] virtual std::optional<std::u16string> DescriptionBehind(std::u16string_view helpRef) const = 0;
   virtual void PlcMessage(std::int32_t type, std::int32_t id, std::u16string_view message,
                           std::u16string_view info) = 0;
   virtual void Tool(std::int32_t number, std::int32_t type, std::int32_t family, std::int32_t subfamily,
@@ -147,6 +162,16 @@ class MachineControl {
   /// Inspection of an interrupted block, on or off.
   virtual void Inspection(bool on) = 0;
   virtual void EmergencyStop(bool on) = 0;
+  /// Faults that the machine can show without a real one: what the PLC, a drive, a bus and the kernel may raise.
+  enum class Fault { kDoorOpen, kDriveWarning, kDriveFault, kBusFault, kProgramLine, kConfirm, kFatal };
+  /// Where kProgramLine lies; the other faults don't look at it.
+  struct ProgramSpot {
+    std::u16string folder;  // panel path
+    std::u16string file;
+    std::int32_t position = 0;  // of the block, in units of its text
+    std::int32_t span = 0;      // from the block's start to the word at fault, in units of its text
+  };
+  virtual void Raise(Fault fault, const ProgramSpot& spot = {}) = 0;
   /// A manual mode is chosen (1) or left (0).
   virtual void ManualMode(bool on) = 0;
 };
