@@ -254,15 +254,9 @@ ErrorDescription ComposeDescription(const ErrorRecord& record, const ErrorSurrou
 }
 
 bool ReadHelp(TextView helpRef, const Files& files, Utilities& utilities, Text& text) {
-  const auto hash = helpRef.find(u'#');
-  if (hash == TextView::npos || hash == 0) return false;
-  // As "%d" reads it: white space and a sign may stand before the digits.
-  const TextView file = helpRef.substr(0, hash);
-  TextView rest = helpRef.substr(hash + 1);
-  while (!rest.empty() && (rest[0] == u' ' || (rest[0] >= u'\t' && rest[0] <= u'\r'))) rest.remove_prefix(1);
-  const std::size_t sign = !rest.empty() && (rest[0] == u'-' || rest[0] == u'+') ? 1 : 0;
-  if (rest.size() <= sign || rest[sign] < u'0' || rest[sign] > u'9') return false;
-  return files.Query(file).exists && utilities.desc_to_txt(ParseIntPrefix(rest), text, file);
+  const auto reference = ParseHelpReference(helpRef);
+  return reference && files.Query(reference->file).exists &&
+         utilities.desc_to_txt(reference->number, text, reference->file);
 }
 
 Text TrimLeadingBlank(Text text) {

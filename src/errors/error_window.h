@@ -31,7 +31,6 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
  protected:
   std::intptr_t OnMessage(const Message& message) override;
   bool event(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+#include "error_stage.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int kControls[] = {1000, 1002, 1004, 1005, 1006, 1007, 1040, 1041, 1042, 1043, 1044, 1045};
+
+TEST_F(ErrorStage, StartsHiddenWithAllItsControls) {
+  Open();
+  EXPECT_FALSE(tool->isVisible());
+  for (const int id : kControls) EXPECT_NE(Control(id), nullptr) << id;
+  EXPECT_EQ(tool->geometry(), QRect(0, 0, 710, 298));
+}
+
+TEST_F(ErrorStage, AnErrorOpensTheWindowAndTakesTheKeys) {
+  Open();
+  other->setFocus();
+  Push(RecordBuilder());
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_TRUE(tool->hasFocus());
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  EXPECT_EQ(TextOf(error_id::kTitleLine), "fault 1000");
+  EXPECT_EQ(TextOf(error_id::kDescription), "\nID: NC-77");
+  EXPECT_EQ(tool->property("pnlBack").toUInt(), 0x0000A0u);
+}
+
+TEST_F(ErrorStage, IsPaintedInTheColourOfTheClassWithThePanelsColourBehindTheTexts) {
+  Open();
+  Push(RecordBuilder().Severity(0));
+  const QImage image = Paint(*tool);
+  EXPECT_EQ(ColorAt(image, 2, 2), 0x648064u);
+  EXPECT_EQ(
+      ColorAt(image, Control(error_id::kDescription)->x() + 1, Control(error_id::kDescription)->geometry().bottom()),
+      0xBFC9D3u);
+  EXPECT_EQ(BackOf(error_id::kDescription), 0xBFC9D3u);
+  EXPECT_GT(Count(image, 0x000000, Control(error_id::kTitleLine)->geometry()), 20) << "black text";
+  for (const int id : {1040, 1041, 1042, 1043, 1044, 1045}) EXPECT_EQ(BackOf(id), 0x648064u) << id;
+}
+
+TEST_F(ErrorStage, KeysWalkAndAcknowledge) {
+  Open();
+  for (const int number : {1000, 1001, 1002}) Push(RecordBuilder().Number(number));
+  EXPECT_EQ(TextOf(error_id::kAfter), "2");
+  Key(Qt::Key_Right);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+  Key(Qt::Key_Down);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1002");
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Left);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  Key(Qt::Key_Escape);
+  EXPECT_THAT(Queue(), ElementsAre(1001, 1002));
+  Key(Qt::Key_Escape, Qt::ControlModifier);
+  EXPECT_THAT(Queue(), ElementsAre(1001, 1002)) << "with Ctrl the key is somebody else's";
+}
+
+TEST_F(ErrorStage, EnterConfirms) {
+  Open();
+  Push(RecordBuilder().Number(3753));
+  Key(Qt::Key_Return);
+  EXPECT_THAT(Queue(), IsEmpty());
+  Push(RecordBuilder().Number(3753));
+  Key(Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_THAT(Queue(), IsEmpty());
+}
+
+TEST_F(ErrorStage, FingersWalkAndAcknowledge) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  Push(RecordBuilder().Number(1001));
+  Touch(error_id::kNext);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+  Touch(error_id::kPrevious);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  Touch(error_id::kAcknowledge);
+  EXPECT_THAT(Queue(), ElementsAre(1001));
+}
+
+TEST_F(ErrorStage, AHiddenPictureDoesNothing) {
+  Open();
+  Push(RecordBuilder().Severity(0));
+  Touch(error_id::kAcknowledge);
+  Touch(error_id::kMarkedSign);
+  EXPECT_THAT(Queue(), ElementsAre(1000));
+}
+
+TEST_F(ErrorStage, ADoubleClickBesideThePicturesHides) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  Push(RecordBuilder().Number(1001));
+  PressMouse(tool, Control(error_id::kNext)->geometry().center(), QEvent::MouseButtonDblClick);
+  EXPECT_TRUE(tool->isVisible()) << "two presses on a picture are two presses";
+  PressMouse(Control(error_id::kDescription), QPoint(20, 20), QEvent::MouseButtonDblClick);
+  EXPECT_FALSE(tool->isVisible());
+}
+
+TEST_F(ErrorStage, TheBoxesFlash) {
+  Open();
+  Push(RecordBuilder());
+  EXPECT_EQ(BackOf(error_id::kTitleBox), 0xFFFFFFu);
+  timers.Advance(500);
+  EXPECT_EQ(BackOf(error_id::kTitleBox), 0x0000A0u);
+  EXPECT_EQ(Control(error_id::kTitleBox)->property("pnlFore").toUInt(), 0xFFFFFFu);
+}
+
+TEST_F(ErrorStage, TheTopRowStandsInTheMiddleAndNothingOverlaps) {
+  cnc.Returns("ChannelNumber", {2});
+  for (const QSize size : {QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+    for (const int channel : {0, 1}) {
+      cnc.ClearErrors();
+      Settle();
+      if (tool == nullptr) Open();
+      tool->resize(size.width() * 710 / 800, size.height() / 2);
+      cnc.ErrorText("error_to_txt", 1000, u"|fault", u"C:\\H#1", false);
+      Push(RecordBuilder().Channel(channel));
+      Push(RecordBuilder().Channel(channel).Number(1001));
+      Key(Qt::Key_Right);
+      Push(RecordBuilder().Number(1002));
+      std::vector<QWidget*> shown;
+      for (const int id : kControls) {
+        if (Control(id)->isVisible()) shown.push_back(Control(id));
+      }
+      for (QWidget* one : shown) {
+        EXPECT_TRUE(tool->rect().contains(one->geometry())) << ControlId(one) << " at " << size.width();
+        for (QWidget* two : shown) {
+          if (one == two) continue;
+          EXPECT_FALSE(one->geometry().intersects(two->geometry()))
+              << ControlId(one) << " and " << ControlId(two) << " at " << size.width();
+        }
+      }
+    }
+  }
+}
+
+TEST_F(ErrorStage, ALongTitleIsShownWhole) {
+  cnc.ErrorText("error_to_txt", 1000, u"|" + Text(60, u'w') + u" " + Text(60, u'w') + u" " + Text(60, u'w'), u"",
+                false);
+  Open();
+  Push(RecordBuilder());
+  const auto* title = tool->findChild<ErrorTextWidget*>();
+  ASSERT_NE(title, nullptr);
+  EXPECT_GE(title->height(), title->HeightOf(title->Shown(), title->width()));
+  EXPECT_GT(Control(error_id::kDescription)->y(), title->geometry().bottom());
+}
+
+TEST_F(ErrorStage, AMissingIniFileIsNotWritten) {
+  Open();
+  EXPECT_FALSE(files.Query(u"C:\\P52\\errman.ini").exists);
+}
+
+TEST_F(ErrorStage, FontsComeFromTheIniFile) {
+  Disc("C:\\P52\\errman.ini", "[PRIVATE]\r\nFontText=Times,40,700,1\r\n");
+  Open();
+  const QFont font = tool->findChild<ErrorTextWidget*>()->TextFont();
+  EXPECT_TRUE(font.italic());
+  EXPECT_EQ(font.weight(), 700);
+  EXPECT_EQ(font.families().front(), "Arial") << "the face of the file has no effect";
+}
+
+TEST_F(ErrorStage, TheHotKeyWorksWhileTheWindowIsHidden) {
+  Open();
+  Push(RecordBuilder());
+  auto* hotKey = panel.findChild<QShortcut*>();
+  ASSERT_NE(hotKey, nullptr);
+  EXPECT_EQ(hotKey->key(), QKeySequence(Qt::ALT | Qt::Key_W));
+  emit hotKey->activated();
+  EXPECT_FALSE(tool->isVisible());
+  emit hotKey->activated();
+  EXPECT_TRUE(tool->isVisible());
+  Send(kMsgToolNotify, 2, 0);
+  EXPECT_EQ(panel.findChild<QShortcut*>(), nullptr);
+  Send(kMsgToolNotify, 2, 1);
+  EXPECT_NE(panel.findChild<QShortcut*>(), nullptr);
+}
+
+TEST_F(ErrorStage, TheHotKeyGoesWithTheWindow) {
+  Open();
+  delete tool;
+  EXPECT_EQ(panel.findChild<QShortcut*>(), nullptr);
+}
+
+TEST_F(ErrorStage, HelpGoesToTheHostAndComesBack) {
+  cnc.ErrorText("error_to_txt", 1000, u"|fault", u"C:\\H.TXT#1", false);
+  Open();
+  Push(RecordBuilder());
+  TakeHostCalls();
+  Send(kMsgHelpKey, 0);
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("closed 0,2", "show Error 1000 : |fault"));
+  EXPECT_FALSE(tool->isVisible());
+  Send(RegisterMessage("ZM_END_ERRORHELP"), 0);
+  EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(ErrorStage, TheKernelsTextIsNeverReadAsRichText) {
+  cnc.ErrorText("error_to_txt", 1000, u"|<h1>big</h1><img src='http://x/'>", u"", false);
+  Open();
+  Push(RecordBuilder());
+  EXPECT_EQ(TextOf(error_id::kTitleLine), "<h1>big</h1><img src='http://x/'>");
+  for (const QLabel* label : tool->findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
+  // A line as high as any other: no heading was made of it.
+  const auto* title = tool->findChild<ErrorTextWidget*>();
+  EXPECT_EQ(title->HeightOf(title->Shown(), 2000), title->HeightOf(QStringLiteral("x"), 2000));
+}
+
+TEST_F(ErrorStage, AProgramsFailingLineIsReadFromTheDisc) {
+  Disc("C:\\P1\\A.NC", "G0 X1\r\nG1 X2 F0\r\n");
+  Open();
+  Push(RecordBuilder()
+           .Source(1)
+           .Text(error_field::kProgramPath, u"C:\\P1")
+           .Text(error_field::kProgramName, u"A.NC")
+           .Int(error_field::kFilePosition, 7)
+           .Word(error_field::kFileSpan, 12));
+  // In another thread, which may take its time.
+  while (TextOf(error_id::kDescription).find("<F>0") == std::string::npos) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  EXPECT_THAT(TextOf(error_id::kDescription), testing::HasSubstr("C:\\P1\\A.NC"));
+}
+
+TEST_F(ErrorStage, AFileThatIsStillBeingReadLetsTheWindowGo) {
+  Disc("C:\\P1\\BIG.NC", std::string(40'000'000, 'x'));
+  Open();
+  Push(RecordBuilder()
+           .Source(1)
+           .Text(error_field::kProgramPath, u"C:\\P1")
+           .Text(error_field::kProgramName, u"BIG.NC")
+           .Int(error_field::kFilePosition, 39'999'999));
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_THAT(TextOf(error_id::kDescription), testing::HasSubstr("BIG.NC"));
+  delete tool;
+  Settle();
+}
+
+// The host's part in it.
+
+TEST_F(ErrorStage, AHostMayDestroyThePanelFromAnyCallback) {
+  for (const char* moment : {"opening 0", "closed 0,2", "gone"}) {
+    QWidget* fresh = new QWidget(&panel);
+    WindowRegistry::Instance().Attach(fresh, nullptr, nullptr);
+    const QPointer<ZCErrorManager> doomed = new ZCErrorManager(context, fresh);
+    doomed->Start();
+    Settle();
+    onHostCall = [&](const std::string& call) {
+      if (call == moment) fresh->deleteLater();
+    };
+    Push(RecordBuilder());
+    if (doomed != nullptr) PressKey(doomed, Qt::Key_Escape);
+    Settle();
+    onHostCall = nullptr;
+    EXPECT_TRUE(doomed.isNull()) << moment;
+    cnc.ClearErrors();
+    Settle();
+  }
+}
+
+TEST_F(ErrorStage, ADeadWindowGetsNoReport) {
+  Open();
+  delete tool;
+  Push(RecordBuilder());
+  timers.Advance(10000);
+  EXPECT_THAT(TakeHostCalls(), testing::Not(Contains("opening 0")));
+}
+
+TEST_F(ErrorStage, TwoWindowsGoTheirOwnWays) {
+  Open();
+  const QPointer<ZCErrorManager> second = new ZCErrorManager(context, area);
+  second->Start();
+  Settle();
+  Push(RecordBuilder());
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_TRUE(second->isVisible());
+  delete second;
+  Key(Qt::Key_Escape);
+}
+
+}  // namespace
+}  // namespace pnl::test

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "errors/raised_text_widget.h"
+
+#include <gtest/gtest.h>
+
+#include "support/widget_probe.h"
+
+namespace pnl::test {
+namespace {
+
+constexpr Color kBlue = 0xFF0000;
+constexpr Color kYellow = 0x00FFFF;
+
+class RaisedText : public testing::Test {
+ protected:
+  RaisedText() {
+    box.resize(120, 40);
+    box.SetTextColor(kBlue, false);
+    box.SetBkgndColor(kYellow, false);
+  }
+  ZC3DText box{7, nullptr};
+};
+
+TEST_F(RaisedText, StartsEmbossedInTheSystemsColours) {
+  ZC3DText fresh(7, nullptr);
+  EXPECT_EQ(fresh.GetTextColor(), SystemColor(kColorWindowText));
+  EXPECT_EQ(fresh.GetBkgndColor(), SystemColor(kColorWindow));
+  QString shown = QStringLiteral("x");
+  fresh.GetWindowTextW(shown);
+  EXPECT_EQ(shown, QString());
+}
+
+TEST_F(RaisedText, AnEmptyTextStillHasItsFrame) {
+  box.Use3D(false);
+  const QImage image = Paint(box);
+  EXPECT_EQ(ColorAt(image, 0, 0), kBlue);
+  EXPECT_EQ(ColorAt(image, 119, 39), kBlue);
+  EXPECT_EQ(ColorAt(image, 1, 1), kYellow);
+  EXPECT_EQ(Count(image, kBlue), 2 * 120 + 2 * 38);
+}
+
+TEST_F(RaisedText, WithoutTheRaisedLookTheFrameLiesOnTheEdge) {
+  box.Use3D(false);
+  EXPECT_EQ(Ink(Paint(box), kYellow), QRect(0, 0, 120, 40));
+}
+
+TEST_F(RaisedText, WithTheRaisedLookTheFrameLiesThreeInside) {
+  box.Use3D(true);
+  const QImage image = Paint(box);
+  EXPECT_EQ(ColorAt(image, 3, 3), kBlue);
+  EXPECT_EQ(ColorAt(image, 4, 4), kYellow);
+  EXPECT_NE(ColorAt(image, 2, 2), kBlue);
+}
+
+TEST_F(RaisedText, TheTextStandsInTheMiddle) {
+  box.Use3D(false);
+  box.SetWindowTextW(QStringLiteral("HHHH"), false);
+  const QRect ink = Ink(Paint(box), kYellow, QRect(1, 1, 118, 38));
+  EXPECT_NEAR(ink.center().x(), 60, 2);
+  EXPECT_NEAR(ink.center().y(), 20, 4);
+}
+
+TEST_F(RaisedText, TheRaisedTextHasItsFourShades) {
+  box.SetWindowTextW(QStringLiteral("HHHH"), false);
+  const QImage raised = Paint(box);
+  for (const int color : {kColorDarkShadow, kColorHighlight3D, kColorShadow, kColorLight}) {
+    EXPECT_GT(Count(raised, SystemColor(color), QRect(4, 4, 112, 32)), 0) << color;
+  }
+  box.Use3D(false);
+  const QImage flat = Paint(box);
+  for (const int color : {kColorDarkShadow, kColorShadow}) EXPECT_EQ(Count(flat, SystemColor(color)), 0) << color;
+}
+
+// What is drawn later lies over what was drawn before, so the light shade reaches further up than any shadow.
+TEST_F(RaisedText, TheTextItselfLiesOnTop) {
+  box.SetWindowTextW(QStringLiteral("H"), false);
+  const QImage image = Paint(box);
+  EXPECT_GT(Count(image, kBlue, QRect(5, 5, 110, 30)), 5);
+}
+
+TEST_F(RaisedText, AFontWithoutAHeightIsTwentyHigh) {
+  box.Use3D(false);
+  box.SetWindowTextW(QStringLiteral("Hg"), false);
+  box.SetFont(QStringLiteral("Arial"), 20, QFont());
+  const QImage twenty = Paint(box);
+  box.SetFont(QStringLiteral("Arial"), 0, QFont());
+  EXPECT_EQ(Paint(box), twenty);
+  box.SetFont(QStringLiteral("Arial"), 30, QFont());
+  EXPECT_NE(Paint(box), twenty);
+}
+
+TEST_F(RaisedText, ARedrawPaintsAtOnce) {
+  struct Watch : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) ++paints;
+      return false;
+    }
+    int paints = 0;
+  } watch;
+  Activate(box);
+  box.installEventFilter(&watch);
+  box.SetTextColor(0x00FF00, true);
+  EXPECT_EQ(watch.paints, 1);
+  box.SetBkgndColor(0x0000FF, true);
+  EXPECT_EQ(watch.paints, 2);
+  box.SetWindowTextW(QStringLiteral("now"), true);
+  EXPECT_EQ(watch.paints, 3);
+  box.SetTextColor(0x0000FF, false);
+  EXPECT_EQ(watch.paints, 3);
+  box.removeEventFilter(&watch);
+}
+
+TEST_F(RaisedText, SurvivesAnySize) {
+  for (const QSize size : {QSize(0, 0), QSize(1, 1), QSize(3, 200), QSize(5, 5), QSize(4000, 10)}) {
+    box.resize(size);
+    box.SetWindowTextW(QStringLiteral("much too long for so small a box"), false);
+    Paint(box);
+    box.Use3D(size.width() % 2 == 0);
+  }
+}
+
+}  // namespace
+}  // namespace pnl::test
