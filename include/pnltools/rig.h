@@ -144,6 +144,14 @@ struct MachineState {
   std::u16string gCodes;  // modal, "G01 G17 G90 …"
 };
 
+/// Where a fault of a program lies.
+struct ProgramSpot {
+  std::u16string folder;  // panel path
+  std::u16string file;
+  std::int32_t position = 0;  // of the block, in units of its text
+  std::int32_t span = 0;      // from the block's start to the word at fault, in units of its text
+};
+
 /// The operator's panel of the simulated machine. Without one (--bare) Machine() is null.
 class MachineControl {
  public:
@@ -164,13 +172,8 @@ class MachineControl {
   virtual void EmergencyStop(bool on) = 0;
   /// Faults that the machine can show without a real one: what the PLC, a drive, a bus and the kernel may raise.
   enum class Fault { kDoorOpen, kDriveWarning, kDriveFault, kBusFault, kProgramLine, kConfirm, kFatal };
-  /// Where kProgramLine lies; the other faults don't look at it.
-  struct ProgramSpot {
-    std::u16string folder;  // panel path
-    std::u16string file;
-    std::int32_t position = 0;  // of the block, in units of its text
-    std::int32_t span = 0;      // from the block's start to the word at fault, in units of its text
-  };
+  using ProgramSpot = rig::ProgramSpot;
+  /// Only kProgramLine looks at the spot.
   virtual void Raise(Fault fault, const ProgramSpot& spot = {}) = 0;
   /// A manual mode is chosen (1) or left (0).
   virtual void ManualMode(bool on) = 0;

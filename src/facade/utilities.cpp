@@ -40,6 +40,16 @@ void CleanMenuOnce(MenuTable& menus, MenuHandle handle, std::set<MenuHandle>& cl
 
 }  // namespace
 
+std::optional<HelpReference> ParseHelpReference(TextView text) {
+  const auto hash = text.find(u'#');
+  if (hash == TextView::npos || hash == 0) return std::nullopt;
+  TextView rest = text.substr(hash + 1);
+  while (!rest.empty() && (rest[0] == u' ' || (rest[0] >= u'\t' && rest[0] <= u'\r'))) rest.remove_prefix(1);
+  const std::size_t sign = !rest.empty() && (rest[0] == u'-' || rest[0] == u'+') ? 1 : 0;
+  if (rest.size() <= sign || !IsDigit(rest[sign])) return std::nullopt;
+  return HelpReference{Text(text.substr(0, hash)), ParseIntPrefix(rest)};
+}
+
 const char* ErrorTextFunctionName(ErrorTextFunction function) {
   switch (function) {
     case ErrorTextFunction::kErrorToTxt:

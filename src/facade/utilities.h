@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "base/text.h"
 #include "facade/error_record.h"
@@ -49,6 +50,15 @@ inline constexpr ErrorTextFunction kErrorTextFunctions[] = {
     ErrorTextFunction::kReadPlcError};
 /// The function's own name, as in the enumeration's comments.
 [[nodiscard]] const char* ErrorTextFunctionName(ErrorTextFunction function);
+
+/// A reference to a long description: "file#number".
+struct HelpReference {
+  Text file;
+  std::int32_t number = 0;
+};
+/// As "%[^#]#%d" reads it: white space and a sign may stand before the digits, anything behind them. Nothing when one
+/// of the two is missing.
+[[nodiscard]] std::optional<HelpReference> ParseHelpReference(TextView text);
 
 class Utilities {
  public:

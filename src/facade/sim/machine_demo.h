@@ -73,6 +73,7 @@ class DemoMachine final : public Machine {
   void EmergencyStop(bool on) override;
   /// While MDI holds the channel the variable stays: the tool sets the mode by SetMode when it leaves.
   void ManualMode(bool on) override;
+  void Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) override;
 
  private:
   enum class Halt : std::uint8_t { kNone, kSingleStep, kFeedHold, kStop, kOptionalStop };
@@ -107,9 +108,9 @@ class DemoMachine final : public Machine {
   void Changed() const;
 
   // Calls (machine_demo_kernel.cpp).
-  [[nodiscard]] std::optional<Fault> CheckState() const;
-  int Refuse(const Fault& fault, TextView block);
-  void PushFault(const Fault& fault, TextView block);
+  [[nodiscard]] std::optional<sim::Fault> CheckState() const;
+  int Refuse(const sim::Fault& fault, TextView block);
+  void PushFault(const sim::Fault& fault, TextView block);
   void Accept(TextView block, Plan plan);
   void SetInt(TextView name, int value);
   void TakeStartRequest();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "facade/sim/machine_demo.h"
+#include "facade/sim/machine_raised.h"
 #include "facade/sim/machine_variables.h"
 
 namespace pnl::sim {
@@ -11,6 +12,7 @@ constexpr int kStartAsked = 1;
 constexpr int kStartAnswered = 2;
 /// Every error text begins with a separator, which its readers skip.
 constexpr TextView kSeparator = u"\n";
+constexpr std::string_view kKernelTexts = "error_to_txt";
 }  // namespace
 
 void DemoMachine::SetInt(TextView name, int value) { environment_.Set(name, static_cast<std::int64_t>(value)); }
@@ -18,7 +20,14 @@ void DemoMachine::SetInt(TextView name, int value) { environment_.Set(name, stat
 void DemoMachine::SetLanguage(std::string_view code) {
   language_ = code.substr(0, 2) == "es" ? MachineLanguage::kSpanish : MachineLanguage::kEnglish;
   for (const FaultText& entry : FaultTexts()) {
-    environment_.SetErrorText(entry.number, Text(kSeparator) + Describe({entry.code, {}, 0, 0}, language_), {});
+    environment_.SetErrorText(kKernelTexts, entry.number,
+                              Text(kSeparator) + Describe({entry.code, {}, 0, 0}, language_),
+                              HelpRefOf(entry.number, language_));
+  }
+  for (const TableText& entry : RaisedTexts()) {
+    environment_.SetErrorText(entry.function, entry.number,
+                              language_ == MachineLanguage::kSpanish ? entry.spanish : entry.english,
+                              entry.description == 0 ? Text() : HelpRefOf(entry.description, language_));
   }
 }
 
@@ -62,8 +71,8 @@ int DemoMachine::SetMode(int channel, int mode) {
   return 1;
 }
 
-std::optional<Fault> DemoMachine::CheckState() const {
-  const auto fault = [](FaultCode code) { return Fault{code, {}, 0, 0}; };
+std::optional<sim::Fault> DemoMachine::CheckState() const {
+  const auto fault = [](FaultCode code) { return sim::Fault{code, {}, 0, 0}; };
   if (emergency_) return fault(FaultCode::kEmergencyStop);
   if (!mdi_) return fault(FaultCode::kNotInMdi);
   if (task_ || aborting_) return fault(FaultCode::kBusy);
@@ -72,24 +81,26 @@ std::optional<Fault> DemoMachine::CheckState() const {
 
 int DemoMachine::MDILine(TextView block) {
   TakeStartRequest();
-  if (const std::optional<Fault> fault = CheckState()) return Refuse(*fault, block);
-  const std::variant<Block, Fault> parsed = ParseBlock(block);
-  if (const Fault* fault = std::get_if<Fault>(&parsed)) return Refuse(*fault, block);
-  const std::variant<Request, Fault> request = ReadRequest(std::get<Block>(parsed));
-  if (const Fault* fault = std::get_if<Fault>(&request)) return Refuse(*fault, block);
-  std::variant<Plan, Fault> plan = PlanBlock(std::get<Request>(request), condition_);
-  if (const Fault* fault = std::get_if<Fault>(&plan)) return Refuse(*fault, block);
+  if (const std::optional<sim::Fault> fault = CheckState()) return Refuse(*fault, block);
+  const std::variant<Block, sim::Fault> parsed = ParseBlock(block);
+  if (const sim::Fault* fault = std::get_if<sim::Fault>(&parsed)) return Refuse(*fault, block);
+  const std::variant<Request, sim::Fault> request = ReadRequest(std::get<Block>(parsed));
+  if (const sim::Fault* fault = std::get_if<sim::Fault>(&request)) return Refuse(*fault, block);
+  std::variant<Plan, sim::Fault> plan = PlanBlock(std::get<Request>(request), condition_);
+  if (const sim::Fault* fault = std::get_if<sim::Fault>(&plan)) return Refuse(*fault, block);
   Accept(block, std::get<Plan>(std::move(plan)));
   return 0;
 }
 
-int DemoMachine::Refuse(const Fault& fault, TextView block) {
+int DemoMachine::Refuse(const sim::Fault& fault, TextView block) {
   PushFault(fault, block);
   return FaultNumber(fault.code);
 }
 
-void DemoMachine::PushFault(const Fault& fault, TextView block) {
-  environment_.SetErrorText(FaultNumber(fault.code), Text(kSeparator) + Describe(fault, language_), {});
+void DemoMachine::PushFault(const sim::Fault& fault, TextView block) {
+  const std::int32_t number = FaultNumber(fault.code);
+  environment_.SetErrorText(kKernelTexts, number, Text(kSeparator) + Describe(fault, language_),
+                            HelpRefOf(number, language_));
   environment_.PushError(MakeErrorRecord(fault, block, language_));
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "facade/sim/machine_demo.h"
+#include "facade/sim/machine_raised.h"
 #include "facade/sim/machine_variables.h"
 
 namespace pnl::sim {
@@ -100,6 +101,10 @@ void DemoMachine::EmergencyStop(bool on) {
   } else {
     Changed();
   }
+}
+
+void DemoMachine::Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) {
+  environment_.PushError(MakeRaisedRecord(fault, spot));
 }
 
 void DemoMachine::ManualMode(bool on) {

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "base/format.h"
+
 namespace pnl::sim {
 
 namespace {
@@ -62,6 +64,14 @@ void Put(ErrorRecord& record, const ErrorField& field, TextView text) {
 std::span<const FaultText> FaultTexts() { return kFaultTexts; }
 
 std::int32_t FaultNumber(FaultCode code) { return Entry(code).number; }
+
+Text DescriptionFile(std::string_view language) {
+  return u"C:\\CNC\\HELP\\ERRORS\\" + FromUtf8(language) + u"\\MACHINE.TXT";
+}
+
+Text HelpRefOf(std::int32_t number, MachineLanguage language) {
+  return DescriptionFile(language == MachineLanguage::kSpanish ? "es" : "en") + Format(u"#%d", number);
+}
 
 Text Describe(const Fault& fault, MachineLanguage language) {
   const FaultText& entry = Entry(fault.code);

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "base/text.h"
 #include "facade/error_record.h"
@@ -63,6 +64,10 @@ enum class MachineLanguage : std::uint8_t { kEnglish, kSpanish };
 /// All of them, in the order of FaultCode.
 [[nodiscard]] std::span<const FaultText> FaultTexts();
 [[nodiscard]] std::int32_t FaultNumber(FaultCode code);
+/// The panel path of the file with the long descriptions in that language, "en" or "es".
+[[nodiscard]] Text DescriptionFile(std::string_view language);
+/// The reference to the entry of that number in it.
+[[nodiscard]] Text HelpRefOf(std::int32_t number, MachineLanguage language);
 /// The wording, then the word at fault behind a colon if there is one.
 [[nodiscard]] Text Describe(const Fault& fault, MachineLanguage language);
 /// The record that puts a fault into the kernel's queue. It carries its own wording, and the block as a second line, so

@@ -6,6 +6,8 @@
 
 #include <pnltools/rig.h>
 
+#include <string_view>
+
 #include "base/text.h"
 #include "facade/error_record.h"
 #include "window/timers.h"
@@ -24,8 +26,9 @@ class MachineEnvironment {
   [[nodiscard]] virtual std::int32_t GetInt(TextView name) const = 0;
   /// Appends to the kernel's error queue and reports it.
   virtual void PushError(const ErrorRecord& record) = 0;
-  /// Makes a text of an error number, as error_to_txt finds it.
-  virtual void SetErrorText(std::int32_t number, TextView text, TextView helpRef) = 0;
+  /// Makes a text of a number, as the function of that name finds it: error_to_txt and the others of
+  /// CncControl::ErrorText.
+  virtual void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) = 0;
   [[nodiscard]] virtual Timers& Clock() = 0;
 };
 

@@ -2,6 +2,7 @@
 #include "facade/sim/sim_error_queue.h"
 
 #include <cstring>
+#include <utility>
 
 namespace pnl::sim {
 
@@ -16,33 +17,37 @@ std::int32_t SourceOf(const ErrorRecord& record) { return record.Get<std::int32_
 }  // namespace
 
 void SimErrorQueue::Push(const ErrorRecord& record) {
-  records_.push_back(std::make_unique<ErrorRecord>(record));
+  entries_.push_back({++lastSerial_, std::make_unique<ErrorRecord>(record)});
+  Tell(record, lastSerial_, Fate::kRaised);
   ReportCount();
   ReportFirst();
 }
 
-bool SimErrorQueue::Take(std::size_t index) {
-  if (index >= records_.size()) return false;
-  records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(index));
+bool SimErrorQueue::Take(std::size_t index, Fate fate) {
+  if (index >= entries_.size()) return false;
+  const Entry taken = std::move(entries_[index]);
+  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
+  Tell(*taken.record, taken.serial, fate);
   ReportCount();
   if (index == 0) ReportFirst();
   return true;
 }
 
 void SimErrorQueue::Clear() {
-  records_.clear();
+  const std::deque<Entry> taken = std::exchange(entries_, {});
+  for (const Entry& entry : taken) Tell(*entry.record, entry.serial, Fate::kCleared);
   ReportCount();
   ReportFirst();
 }
 
 const ErrorRecord* SimErrorQueue::At(std::size_t index) const {
-  return index < records_.size() ? records_[index].get() : nullptr;
+  return index < entries_.size() ? entries_[index].record.get() : nullptr;
 }
 
 std::optional<std::size_t> SimErrorQueue::Find(const ErrorRecord& record) const {
   std::optional<std::size_t> alike;
-  for (std::size_t i = 0; i < records_.size(); ++i) {
-    const ErrorRecord& other = *records_[i];
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const ErrorRecord& other = *entries_[i].record;
     if (NumberOf(other) != NumberOf(record) || SourceOf(other) != SourceOf(record)) continue;
     if (std::memcmp(other.bytes, record.bytes, sizeof record.bytes) == 0) return i;
     if (!alike) alike = i;
@@ -52,13 +57,17 @@ std::optional<std::size_t> SimErrorQueue::Find(const ErrorRecord& record) const 
 
 std::vector<std::int32_t> SimErrorQueue::Numbers() const {
   std::vector<std::int32_t> numbers;
-  numbers.reserve(records_.size());
-  for (const auto& record : records_) numbers.push_back(NumberOf(*record));
+  numbers.reserve(entries_.size());
+  for (const Entry& entry : entries_) numbers.push_back(NumberOf(*entry.record));
   return numbers;
 }
 
+void SimErrorQueue::Tell(const ErrorRecord& record, std::int64_t serial, Fate fate) const {
+  if (changed_) changed_(record, serial, fate);
+}
+
 void SimErrorQueue::ReportCount() {
-  const rig::Value count = static_cast<std::int64_t>(records_.size());
+  const rig::Value count = static_cast<std::int64_t>(entries_.size());
   if (!variables_.Exists(kCount)) variables_.Define(kCount, rig::VariableType::kInt, count);
   variables_.Set(kCount, count);
 }

@@ -108,22 +108,24 @@ int SimKernel::ReadError(int index, ErrorRecord& record) {
 int SimKernel::ResetError(int index, int kind) {
   std::optional<std::size_t> wanted;
   if (index >= -1) wanted = index == -1 ? 0 : static_cast<std::size_t>(index);
-  return TakeError("ResetError", {Recorded(index), Recorded(kind)}, wanted);
+  return TakeError("ResetError", {Recorded(index), Recorded(kind)}, wanted, SimErrorQueue::Fate::kAcknowledged);
 }
 
 int SimKernel::ResetErrorWithEnter(int zero, const ErrorRecord& record) {
-  return TakeError("ResetErrorWithEnter", {Recorded(zero), Recorded(record)}, errors_.Find(record));
+  return TakeError("ResetErrorWithEnter", {Recorded(zero), Recorded(record)}, errors_.Find(record),
+                   SimErrorQueue::Fate::kConfirmed);
 }
 
 // The call is recorded before the reports that it causes, as a reader expects of cause and effect; so the result must
 // be known first.
-int SimKernel::TakeError(std::string_view name, const SimRecorder::Args& args, std::optional<std::size_t> index) {
+int SimKernel::TakeError(std::string_view name, const SimRecorder::Args& args, std::optional<std::size_t> index,
+                         SimErrorQueue::Fate fate) {
   const bool there = index && *index < errors_.Size();
   const auto preset = answers_.TakePreset(name);
   const int result = preset ? *preset : (there ? SimAnswers::StartValue(name) : -1);
   recorder_.Cnc(name, args, Recorded(result));
   if (there) {
-    errors_.Take(*index);
+    errors_.Take(*index, fate);
     if (machine_ != nullptr) machine_->OnErrorReset();
   }
   return result;

@@ -58,7 +58,8 @@ class SimKernel final : public Kernel {
   template <typename Ask>
   int Call(std::string_view name, const SimRecorder::Args& args, Ask ask);
   int Call(std::string_view name, const SimRecorder::Args& args);
-  int TakeError(std::string_view name, const SimRecorder::Args& args, std::optional<std::size_t> index);
+  int TakeError(std::string_view name, const SimRecorder::Args& args, std::optional<std::size_t> index,
+                SimErrorQueue::Fate fate);
   int FieldBusText(std::string_view name, int code, Text& text);
 
   const SimRecorder& recorder_;

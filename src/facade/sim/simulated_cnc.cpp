@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "facade/sim/simulated_cnc.h"
 
-#include "base/format.h"
 #include "facade/sim/sim_error_spec.h"
+#include "facade/sim/sim_error_summary.h"
 #include "facade/sim/sim_values.h"
 
 namespace pnl::sim {
-
-namespace {
-/// Errors of this source carry two numbers in the place of the message text.
-constexpr std::int32_t kSourceWithCode = 3;
-constexpr std::int32_t kSourceWithOwnText = 15;  // messageText is the title
-}  // namespace
 
 SimulatedCnc::SimulatedCnc(WindowSystem& windows, Timers& timers, Files& files, DriveMap& drives)
     : storage_(files, drives),
@@ -21,6 +15,9 @@ SimulatedCnc::SimulatedCnc(WindowSystem& windows, Timers& timers, Files& files, 
       tables_(recorder_, answers_),
       utilities_(windows, recorder_, answers_, texts_, storage_),
       machineSide_(*this, timers) {
+  errors_.OnChanged([this](const ErrorRecord& record, std::int64_t serial, ErrorFate fate) {
+    TellErrorWatchers(record, serial, fate);
+  });
   variables_.OnWritten([this](TextView name) {
     if (kernel_.Machine() != nullptr) kernel_.Machine()->OnWritten(name);
   });
@@ -85,12 +82,39 @@ void SimulatedCnc::ClearErrors() {
 std::vector<rig::CncControl::ErrorSummary> SimulatedCnc::Errors() const {
   std::vector<ErrorSummary> summaries;
   summaries.reserve(errors_.Size());
-  for (std::size_t i = 0; const ErrorRecord* record = errors_.At(i); ++i) {
-    summaries.push_back({record->Get<std::int32_t>(error_field::kNumber.offset),
-                         record->Get<std::int8_t>(error_field::kChannel.offset),
-                         record->Get<std::uint16_t>(error_field::kSeverity.offset), OperatorText(*record)});
+  for (const SimErrorQueue::Entry& entry : errors_.Entries()) {
+    summaries.push_back(Summarize(*entry.record, entry.serial, texts_));
   }
   return summaries;
+}
+
+int SimulatedCnc::WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)> changed) {
+  errorWatchers_[++lastErrorWatch_] = std::move(changed);
+  return lastErrorWatch_;
+}
+
+void SimulatedCnc::UnwatchErrors(int watch) { errorWatchers_.erase(watch); }
+
+// A summary is made only for somebody: thousands of errors may come at once.
+void SimulatedCnc::TellErrorWatchers(const ErrorRecord& record, std::int64_t serial, ErrorFate fate) {
+  if (errorWatchers_.empty()) return;
+  const ErrorSummary summary = Summarize(record, serial, texts_);
+  // A watcher may watch, unwatch and raise errors in turn.
+  const int newest = lastErrorWatch_;
+  for (auto next = errorWatchers_.begin(); next != errorWatchers_.end() && next->first <= newest;) {
+    const int watch = next->first;
+    const ErrorWatcher changed = next->second;
+    if (changed) changed(summary, fate);
+    next = errorWatchers_.upper_bound(watch);
+  }
+}
+
+std::optional<std::u16string> SimulatedCnc::DescriptionBehind(std::u16string_view helpRef) const {
+  const std::optional<HelpReference> reference = ParseHelpReference(helpRef);
+  if (!reference) return std::nullopt;
+  const Text* text = texts_.FindDescription(reference->file, reference->number);
+  if (text == nullptr) return std::nullopt;
+  return *text;
 }
 
 void SimulatedCnc::PlcMessage(std::int32_t type, std::int32_t id, std::u16string_view message,
@@ -107,19 +131,6 @@ void SimulatedCnc::BlockMark(std::u16string_view block, std::u16string_view mark
   utilities_.SetBlockMark(block, mark);
 }
 
-Text SimulatedCnc::OperatorText(const ErrorRecord& record) const {
-  const auto number = record.Get<std::int32_t>(error_field::kNumber.offset);
-  const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
-  Text own;
-  if (source != kSourceWithCode) own = record.GetText(error_field::kMessageText.offset, error_field::kMessageText.size);
-  if (!own.empty() && own.front() == u'\n') own.erase(0, 1);
-  // Such a record says itself what happened; the table's text of its number may be that of a later error.
-  if (source == kSourceWithOwnText && !own.empty()) return own;
-  const Text* known = texts_.Find(ErrorTextFunctionName(ErrorTextFunction::kErrorToTxt), number);
-  if (known != nullptr && known->size() > 1) return known->substr(1);
-  return own.empty() ? Format(u"Error %d", number) : own;
-}
-
 void SimulatedCnc::MachineSide::Define(TextView name, rig::VariableType type, const rig::Value& value) {
   cnc_.variables_.Define(name, type, value);
 }
@@ -134,8 +145,10 @@ std::int32_t SimulatedCnc::MachineSide::GetInt(TextView name) const {
 
 void SimulatedCnc::MachineSide::PushError(const ErrorRecord& record) { cnc_.errors_.Push(record); }
 
-void SimulatedCnc::MachineSide::SetErrorText(std::int32_t number, TextView text, TextView helpRef) {
-  cnc_.texts_.Set(ErrorTextFunctionName(ErrorTextFunction::kErrorToTxt), number, text, helpRef, false);
+void SimulatedCnc::MachineSide::SetErrorText(std::string_view function, std::int32_t number, TextView text,
+                                             TextView helpRef) {
+  // No help opens by itself: the error window comes first.
+  cnc_.texts_.Set(function, number, text, helpRef, false);
 }
 
 }  // namespace pnl::sim

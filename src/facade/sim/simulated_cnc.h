@@ -61,6 +61,10 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
   [[nodiscard]] std::vector<std::int32_t> ErrorQueue() const override;
   void ClearErrors() override;
   [[nodiscard]] std::vector<ErrorSummary> Errors() const override;
+  /// Watchers are called in the order in which they came; one that ends in between isn't called any more.
+  int WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)> changed) override;
+  void UnwatchErrors(int watch) override;
+  [[nodiscard]] std::optional<std::u16string> DescriptionBehind(std::u16string_view helpRef) const override;
   void PlcMessage(std::int32_t type, std::int32_t id, std::u16string_view message, std::u16string_view info) override;
   void Tool(std::int32_t number, std::int32_t type, std::int32_t family, std::int32_t subfamily, std::int32_t diameter,
             std::int32_t teeth) override;
@@ -74,7 +78,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
     void Set(TextView name, const rig::Value& value) override;
     [[nodiscard]] std::int32_t GetInt(TextView name) const override;
     void PushError(const ErrorRecord& record) override;
-    void SetErrorText(std::int32_t number, TextView text, TextView helpRef) override;
+    void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) override;
     [[nodiscard]] Timers& Clock() override { return timers_; }
 
    private:
@@ -82,8 +86,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
     Timers& timers_;
   };
 
-  /// What an operator reads of an error: the text of its number, else the one it carries, else its number.
-  [[nodiscard]] Text OperatorText(const ErrorRecord& record) const;
+  void TellErrorWatchers(const ErrorRecord& record, std::int64_t serial, ErrorFate fate);
 
   SimRecorder recorder_;
   SimAnswers answers_;
@@ -95,6 +98,9 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
   SimTables tables_;
   SimUtilities utilities_;
   MachineSide machineSide_;
+  using ErrorWatcher = std::function<void(const ErrorSummary&, ErrorFate)>;
+  std::map<int, ErrorWatcher> errorWatchers_;
+  int lastErrorWatch_ = 0;
 };
 
 }  // namespace pnl::sim

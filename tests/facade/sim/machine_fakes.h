@@ -36,7 +36,10 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
     return number != nullptr ? static_cast<std::int32_t>(*number) : 0;
   }
   void PushError(const ErrorRecord& record) override { errors.push_back(record); }
-  void SetErrorText(std::int32_t number, TextView text, TextView) override { errorTexts[number] = Text(text); }
+  void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) override {
+    if (function == "error_to_txt") errorTexts[number] = Text(text);
+    tableTexts[{std::string(function), number}] = {Text(text), Text(helpRef)};
+  }
   Timers& Clock() override { return clock; }
 
   double GetDouble(TextView name) const { return std::get<double>(variables.at(Text(name))); }
@@ -57,7 +60,9 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
   std::map<Text, rig::VariableType> types;
   std::vector<Report> reports;
   std::vector<ErrorRecord> errors;
-  std::map<std::int32_t, Text> errorTexts;
+  std::map<std::int32_t, Text> errorTexts;  // those of error_to_txt
+  /// Text and help reference by function and number.
+  std::map<std::pair<std::string, std::int32_t>, std::pair<Text, Text>> tableTexts;
   std::function<void(TextView)> onSet;
   ManualTimers clock;
 };

@@ -245,7 +245,7 @@ TEST_F(SimKernelTest, TheMachinesSideDefinesSetsAndReads) {
   side.Set(u"NO", std::int64_t{4});
   EXPECT_EQ(Get(u"NO"), "absent");
   EXPECT_EQ(&side.Clock(), &timers);
-  side.SetErrorText(77, u"\nWord at fault", u"F#1");
+  side.SetErrorText("error_to_txt", 77, u"\nWord at fault", u"F#1");
   Z7340ERRORINFO_ST info{};
   EXPECT_EQ(cnc.Util().ErrorText(ErrorTextFunction::kErrorToTxt, 77, info), 0);
   EXPECT_EQ(FieldText(info.text), u"\nWord at fault");

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "facade/sim/sim_error_summary.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/format.h"
+#include "facade/utilities.h"
+
+namespace pnl::sim {
+
+namespace {
+
+constexpr std::int32_t kSourceWithCode = 3;  // two numbers stand in the place of the message text
+constexpr std::int32_t kSourceOfScript = 9;
+constexpr std::int32_t kSourceWithOwnText = 15;  // messageText is the title
+constexpr std::int32_t kSourceCanOpen = 19;
+/// The fifth parameter's value, where the code of an emergency stands.
+constexpr std::size_t kEmergencyCodeOffset = 3384;
+
+struct TableOfSource {
+  std::int32_t source;
+  ErrorTextFunction error;
+  ErrorTextFunction warning;
+};
+constexpr std::array kTables{
+    TableOfSource{10, ErrorTextFunction::kReadPlcError, ErrorTextFunction::kReadPlcError},
+    TableOfSource{13, ErrorTextFunction::kErrorDrive, ErrorTextFunction::kWarningDrive},
+    TableOfSource{14, ErrorTextFunction::kErrorUnknownDrive, ErrorTextFunction::kWarningUnknownDrive},
+    TableOfSource{16, ErrorTextFunction::kErrorMlink, ErrorTextFunction::kWarningDrive},
+    TableOfSource{17, ErrorTextFunction::kErrorCs, ErrorTextFunction::kWarningCs},
+    TableOfSource{kSourceCanOpen, ErrorTextFunction::kEmcyCopen, ErrorTextFunction::kEmcyCopen},
+};
+
+Text FieldOf(const ErrorRecord& record, const ErrorField& field) { return record.GetText(field.offset, field.size); }
+
+Text WithoutLeadingLineFeed(Text text) {
+  if (text.starts_with(u'\n')) text.erase(0, 1);
+  return text;
+}
+
+template <typename T>
+T Read(const unsigned char* bytes) {
+  T value;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
+}
+
+Text OwnText(const ErrorRecord& record, std::int32_t source) {
+  if (source == kSourceWithCode) return {};
+  const ErrorField& field = source == kSourceOfScript ? error_field::kScriptText : error_field::kMessageText;
+  return WithoutLeadingLineFeed(FieldOf(record, field));
+}
+
+/// The text that the table of the record's source has for its number.
+const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
+  const bool warning = record.Get<std::uint16_t>(error_field::kSeverity.offset) == 0;
+  const auto* row = std::find_if(kTables.begin(), kTables.end(),
+                                 [source](const TableOfSource& candidate) { return candidate.source == source; });
+  auto function = ErrorTextFunction::kErrorToTxt;
+  if (row != kTables.end()) function = warning ? row->warning : row->error;
+  const std::size_t number = source == kSourceCanOpen ? kEmergencyCodeOffset : error_field::kNumber.offset;
+  return texts.Find(ErrorTextFunctionName(function), record.Get<std::int32_t>(number));
+}
+
+Text OperatorText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
+  Text own = OwnText(record, source);
+  // Such a record says itself what happened, whatever the table has for its number.
+  const bool ownFirst = source == kSourceWithOwnText || source == kSourceOfScript;
+  if (ownFirst && !own.empty()) return own;
+  const Text* known = TableText(record, source, texts);
+  return known != nullptr && known->size() > 1 ? known->substr(1) : own;
+}
+
+}  // namespace
+
+Text PlainValue(std::int32_t valueType, const unsigned char* bytes, std::size_t size) {
+  switch (valueType) {
+    case value_type::kBool:
+      return bytes[0] != 0 ? u"TRUE" : u"FALSE";
+    case value_type::kUint8:
+      return Format(u"%d", Read<std::uint8_t>(bytes));
+    case value_type::kInt8:
+      return Format(u"%d", Read<std::int8_t>(bytes));
+    case value_type::kUint16:
+      return Format(u"%d", Read<std::uint16_t>(bytes));
+    case value_type::kInt16:
+      return Format(u"%d", Read<std::int16_t>(bytes));
+    case value_type::kUint32:
+      return Format(u"%u", Read<std::uint32_t>(bytes));
+    case value_type::kInt32:
+      return Format(u"%d", Read<std::int32_t>(bytes));
+    case value_type::kDouble:
+      return Format(u"%.10g", Read<double>(bytes));
+    case value_type::kHexWord:
+    case value_type::kHexValue:
+      return Format(u"0x%X", Read<std::uint32_t>(bytes));
+    case value_type::kChar16: {
+      const auto unit = Read<char16_t>(bytes);
+      return unit == u'\0' ? Text() : Text(1, unit);
+    }
+    case value_type::kText: {
+      Text text;
+      for (std::size_t at = 0; at + sizeof(char16_t) <= size; at += sizeof(char16_t)) {
+        const auto unit = Read<char16_t>(bytes + at);
+        if (unit == u'\0') break;
+        text.push_back(unit);
+      }
+      return WithoutLeadingLineFeed(std::move(text));
+    }
+    default:
+      return {};
+  }
+}
+
+rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t serial, const SimErrorTexts& texts) {
+  rig::CncControl::ErrorSummary summary;
+  summary.number = record.Get<std::int32_t>(error_field::kNumber.offset);
+  summary.channel = record.Get<std::int8_t>(error_field::kChannel.offset);
+  summary.severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
+  summary.source = record.Get<std::int32_t>(error_field::kSource.offset);
+  summary.identifier = record.Get<std::int32_t>(error_field::kIdentifier.offset);
+  summary.module = FieldOf(record, error_field::kModule);
+  summary.text = OperatorText(record, summary.source, texts);
+  summary.serial = serial;
+  for (std::size_t i = 0; i < error_field::kParameterCount; ++i) {
+    const std::size_t at = error_field::kParametersOffset + i * sizeof(ErrorParameter);
+    const auto type = record.Get<std::int32_t>(at + offsetof(ErrorParameter, valueType));
+    if (type == value_type::kAbsent) continue;
+    summary.parameters.push_back(
+        PlainValue(type, record.bytes + at + offsetof(ErrorParameter, value), sizeof(ErrorParameter::value)));
+  }
+  return summary;
+}
+
+}  // namespace pnl::sim
