@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "facade/sim/machine_descriptions.h"
+#include "facade/sim/machine_errors.h"
 #include "host/backend_entry.h"
 #include "host/drive_settings.h"
 #include "host/pack_files.h"
@@ -119,6 +121,7 @@ void Library::PrepareFolders() {
   simulation_->Storage().MakeFolders();
   foldersReady_ = true;
   InstallLanguageLibrary();
+  if (machine_) InstallDescriptions();
 }
 
 void Library::InstallLanguageLibrary() {
@@ -128,6 +131,20 @@ void Library::InstallLanguageLibrary() {
   if (ReadWhole(files_, file, packBytes_.size()) == packBytes_) return;
   // On a disc that can't be written the dialogs that need the file are reported as cancelled, as without a file.
   if (files_.Replace(file, packBytes_) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no language library\n");
+}
+
+void Library::InstallDescriptions() {
+  const std::vector<std::string> folders = PackFolders(std::getenv("PNLTOOLS_LANG_DIR"), OwnFile());
+  for (const char* language : {"en", "es"}) {
+    const auto bytes = ReadSharedFile(folders, std::string("errors/") + language + "/machine.txt");
+    if (!bytes) continue;
+    const Text file = sim::DescriptionFile(language);
+    for (const auto& [number, text] : sim::ParseDescriptions(*bytes)) simulation_->Description(file, number, text);
+    if (ReadWhole(files_, file, bytes->size()) == *bytes) continue;
+    // On a disc that can't be written the texts can still be read; only what asks for the file finds none.
+    files_.MakeFolder(TextView(file).substr(0, file.rfind(u'\\')));
+    if (files_.Replace(file, *bytes) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no error descriptions\n");
+  }
 }
 
 bool Library::StartMachine(std::string_view name) {

@@ -63,6 +63,8 @@ class Library {
   };
   bool UsePack(const std::string& code);
   void InstallLanguageLibrary();
+  /// Puts the machine's long descriptions, in every language there are, onto its drive and into the kernel's tables.
+  void InstallDescriptions();
 
   DriveMap drives_;
   DiscFiles files_{drives_};

@@ -26,14 +26,27 @@ bool IsLanguageCode(std::string_view code) {
   });
 }
 
+namespace {
+std::optional<std::string> ReadFile(const fs::path& file) {
+  std::error_code problem;
+  if (!fs::is_regular_file(file, problem)) return std::nullopt;
+  std::ifstream in(file, std::ios::binary);
+  if (!in) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+}  // namespace
+
+std::optional<std::string> ReadSharedFile(const std::vector<std::string>& packFolders, std::string_view file) {
+  for (const std::string& folder : packFolders) {
+    if (auto bytes = ReadFile((fs::path(folder) / ".." / file).lexically_normal())) return bytes;
+  }
+  return std::nullopt;
+}
+
 std::optional<std::string> ReadPackFile(const std::vector<std::string>& folders, std::string_view code) {
   if (!IsLanguageCode(code)) return std::nullopt;
   for (const std::string& folder : folders) {
-    const fs::path file = fs::path(folder) / (std::string(code) + ".pnl");
-    std::error_code problem;
-    if (!fs::is_regular_file(file, problem)) continue;
-    std::ifstream in(file, std::ios::binary);
-    if (in) return std::string(std::istreambuf_iterator<char>(in), {});
+    if (auto bytes = ReadFile(fs::path(folder) / (std::string(code) + ".pnl"))) return bytes;
   }
   return std::nullopt;
 }

@@ -110,7 +110,9 @@ class Scanner {
     } else if (!block_.words.empty()) {
       fault_ = FaultOf(FaultCode::kUnusedWord, word);
     } else if (word.value < 0 || word.value > kHighestLineNumber || word.value != std::floor(word.value)) {
-      fault_ = FaultOf(FaultCode::kBadValue, word);
+      fault_ = FaultOf(FaultCode::kBadValue, word)
+                   .With(FaultFact::Kind::kLowest, 0)
+                   .With(FaultFact::Kind::kHighest, kHighestLineNumber);
     } else {
       block_.line = static_cast<std::int32_t>(word.value);
     }
@@ -141,7 +143,7 @@ class Scanner {
 
 std::variant<Block, Fault> ParseBlock(TextView text) { return Scanner(text).Run(); }
 
-Fault FaultOf(FaultCode code, const Word& word) { return {code, word.text, word.begin, word.length}; }
+Fault FaultOf(FaultCode code, const Word& word) { return {code, word.text, word.begin, word.length, word.value}; }
 
 Text Print(const Block& block) {
   Text line;

@@ -20,8 +20,7 @@ void DemoMachine::SetInt(TextView name, int value) { environment_.Set(name, stat
 void DemoMachine::SetLanguage(std::string_view code) {
   language_ = code.substr(0, 2) == "es" ? MachineLanguage::kSpanish : MachineLanguage::kEnglish;
   for (const FaultText& entry : FaultTexts()) {
-    environment_.SetErrorText(kKernelTexts, entry.number,
-                              Text(kSeparator) + Describe({entry.code, {}, 0, 0}, language_),
+    environment_.SetErrorText(kKernelTexts, entry.number, Text(kSeparator) + Text(Wording(entry.code, language_)),
                               HelpRefOf(entry.number, language_));
   }
   for (const TableText& entry : RaisedTexts()) {
@@ -98,9 +97,6 @@ int DemoMachine::Refuse(const sim::Fault& fault, TextView block) {
 }
 
 void DemoMachine::PushFault(const sim::Fault& fault, TextView block) {
-  const std::int32_t number = FaultNumber(fault.code);
-  environment_.SetErrorText(kKernelTexts, number, Text(kSeparator) + Describe(fault, language_),
-                            HelpRefOf(number, language_));
   environment_.PushError(MakeErrorRecord(fault, block, language_));
 }
 

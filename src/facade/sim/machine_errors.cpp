@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "facade/sim/machine_errors.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 
 #include "base/format.h"
+#include "facade/sim/machine_data.h"
+#include "facade/sim/machine_diagnosis.h"
+#include "facade/sim/machine_record.h"
 
 namespace pnl::sim {
 
@@ -49,14 +54,72 @@ constexpr bool InOrder() {
 }
 static_assert(InOrder());
 
-/// An error whose title and second line stand in the record itself.
-constexpr std::int32_t kSourceWithText = 15;
-constexpr std::uint16_t kSeverityError = 1;
+/// Of messageText for a source whose diagnosis stands behind it in the same field.
+constexpr std::size_t kRoomBeforeDiagnosis = error_field::kDiagnosisKind.offset - error_field::kMessageText.offset;
+static_assert(kRoomBeforeDiagnosis / sizeof(char16_t) == 51);
 
 const FaultText& Entry(FaultCode code) { return kFaultTexts[static_cast<std::size_t>(code)]; }
 
-void Put(ErrorRecord& record, const ErrorField& field, TextView text) {
-  record.SetText(field.offset, field.size, text);
+/// How a fact stands in a record.
+struct FactRow {
+  FaultFact::Kind kind;
+  std::int32_t meaning;
+  std::int32_t valueType;
+  std::int32_t unit;
+  std::int32_t inchUnit;
+  double stored;  // what 1 is stored as
+};
+using Kind = FaultFact::Kind;
+constexpr double kMicroseconds = 1e6;
+constexpr double kTenThousandths = 1e4;
+// clang-format off
+constexpr std::array kFacts{
+    FactRow{Kind::kAxis,         parameter_meaning::kAxis,    value_type::kInt32,  parameter_unit::kNone,                 parameter_unit::kNone,            1},
+    FactRow{Kind::kLimit,        parameter_meaning::kLimit,   value_type::kDouble, parameter_unit::kMillimetres,          parameter_unit::kInches,          1},
+    FactRow{Kind::kTarget,       parameter_meaning::kTarget,  value_type::kDouble, parameter_unit::kMillimetres,          parameter_unit::kInches,          1},
+    FactRow{Kind::kFeed,         parameter_meaning::kFeed,    value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
+    FactRow{Kind::kFeedPerRevolution, parameter_meaning::kFeed, value_type::kDouble, parameter_unit::kPerRevolution,      parameter_unit::kPerRevolution,   kTenThousandths},
+    FactRow{Kind::kFeedLimit,  parameter_meaning::kHighest, value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
+    FactRow{Kind::kFeedLeast,   parameter_meaning::kLowest,  value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
+    FactRow{Kind::kSpeed,        parameter_meaning::kSpeed,   value_type::kDouble, parameter_unit::kRevolutions,          parameter_unit::kRevolutions,     1},
+    FactRow{Kind::kSpeedLimit, parameter_meaning::kHighest, value_type::kDouble, parameter_unit::kRevolutions,          parameter_unit::kRevolutions,     1},
+    FactRow{Kind::kTool,         parameter_meaning::kTool,    value_type::kInt32,  parameter_unit::kNone,                 parameter_unit::kNone,            1},
+    FactRow{Kind::kLowest,       parameter_meaning::kLowest,  value_type::kInt32,  parameter_unit::kNone,                 parameter_unit::kNone,            1},
+    FactRow{Kind::kHighest,      parameter_meaning::kHighest, value_type::kInt32,  parameter_unit::kNone,                 parameter_unit::kNone,            1},
+    FactRow{Kind::kHighestTime,  parameter_meaning::kHighest, value_type::kDouble, parameter_unit::kMicroseconds,         parameter_unit::kMicroseconds,    kMicroseconds},
+};
+// clang-format on
+
+void PutFact(RecordMaker& maker, const FaultFact& fact, bool inches) {
+  const auto* row =
+      std::find_if(kFacts.begin(), kFacts.end(), [&](const FactRow& candidate) { return candidate.kind == fact.kind; });
+  if (row == kFacts.end()) return;
+  const std::int32_t unit = inches ? row->inchUnit : row->unit;
+  const bool converted = unit == parameter_unit::kInches || unit == parameter_unit::kInchesPerMinute;
+  const double value = fact.value * row->stored / (converted ? kInch : 1);
+  if (row->valueType == value_type::kInt32) {
+    maker.Parameter(row->meaning, row->valueType, static_cast<std::int32_t>(value), unit);
+  } else {
+    maker.Parameter(row->meaning, row->valueType, value, unit);
+  }
+}
+
+/// At most that many units, the last of them telling that there was more.
+Text Cut(TextView text, std::size_t units) {
+  return text.size() <= units ? Text(text) : Text(text.substr(0, units - 1)) + u'…';
+}
+
+void PutDiagnosis(RecordMaker& maker, const Diagnosis& diagnosis, TextView block) {
+  maker.Put({"messageText", error_field::kMessageText.offset, kRoomBeforeDiagnosis, ErrorField::Kind::kText},
+            Cut(block, kRoomBeforeDiagnosis / sizeof(char16_t) - 1));
+  maker.Put(error_field::kDiagnosisKind, diagnosis.kind);
+  maker.Put(error_field::kDiagnosisA, diagnosis.a);
+  maker.Put(error_field::kDiagnosisB, diagnosis.b);
+}
+
+/// A line of its own, which takes no caption from the error display.
+Text BlockLine(TextView block, MachineLanguage language) {
+  return (language == MachineLanguage::kSpanish ? u"\nBloque: " : u"\nBlock: ") + Text(block);
 }
 
 }  // namespace
@@ -73,25 +136,26 @@ Text HelpRefOf(std::int32_t number, MachineLanguage language) {
   return DescriptionFile(language == MachineLanguage::kSpanish ? "es" : "en") + Format(u"#%d", number);
 }
 
-Text Describe(const Fault& fault, MachineLanguage language) {
-  const FaultText& entry = Entry(fault.code);
-  Text text(language == MachineLanguage::kSpanish ? entry.spanish : entry.english);
-  if (!fault.word.empty()) text.append(u": ").append(fault.word);
-  return text;
+TextView Wording(FaultCode code, MachineLanguage language) {
+  return language == MachineLanguage::kSpanish ? Entry(code).spanish : Entry(code).english;
+}
+
+Fault Fault::With(FaultFact::Kind kind, double fact) const {
+  Fault more = *this;
+  more.facts.push_back({kind, fact});
+  return more;
 }
 
 ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language) {
-  ErrorRecord record{};
   const std::int32_t number = FaultNumber(fault.code);
-  Put(record, error_field::kModule, u"NC");
-  record.Set(error_field::kSource.offset, kSourceWithText);
-  record.Set(error_field::kNumber.offset, number);
-  record.Set(error_field::kIdentifier.offset, number);
-  record.Set(error_field::kSeverity.offset, kSeverityError);
-  record.Set(error_field::kChannel.offset, std::int8_t{1});
-  Put(record, error_field::kMessageText, Describe(fault, language));
-  Put(record, error_field::kExtraText, block);
-  return record;
+  const std::optional<Diagnosis> diagnosis = DiagnosisOf(fault);
+  RecordMaker maker(diagnosis ? record_source::kBlock : record_source::kKernel, number, severity::kError, u"NC");
+  if (diagnosis) PutDiagnosis(maker, *diagnosis, block);
+  if (!fault.word.empty()) maker.Parameter(parameter_meaning::kValue, fault.word);
+  for (const FaultFact& fact : fault.facts) PutFact(maker, fact, fault.inches);
+  // With a diagnosis the block stands beside it.
+  if (!diagnosis && !block.empty()) maker.Parameter(parameter_meaning::kNone, BlockLine(block, language));
+  return maker.Record();
 }
 
 }  // namespace pnl::sim

@@ -15,8 +15,10 @@ constexpr int kClockwiseCode = 3;
 constexpr int kStopSpindleCode = 5;
 constexpr int kCoolantOffCode = 9;
 constexpr int kProgramEndCode = 30;
+constexpr int kInchCode = 20;
 
 using MaybeFault = std::optional<Fault>;
+using Kind = FaultFact::Kind;
 
 /// Works through a request in the order of the checks; the first fault ends it.
 class Planner {
@@ -33,7 +35,10 @@ class Planner {
     if (!fault) fault = PlanFunctions();
     if (!fault) fault = PlanDwell();
     if (!fault) fault = PlanMotion();
-    if (fault) return *fault;
+    if (fault) {
+      fault->inches = modal_.units == kInchCode;
+      return *fault;
+    }
     PlanEnd();
     return Plan{modal_, std::move(steps_)};
   }
@@ -63,30 +68,39 @@ class Planner {
     const Word* word = request_.Find(u'F');
     if (word == nullptr) return std::nullopt;
     const double feed = word->value * Unit();
-    if (feed < kLowestFeed) return FaultOf(FaultCode::kFeedZero, *word);
-    if (feed > kHighestFeed) return FaultOf(FaultCode::kFeedTooHigh, *word);
-    (modal_.feedMode == 95 ? modal_.feedPerRevolution : modal_.feedPerMinute) = feed;
+    const bool perRevolution = modal_.feedMode == 95;
+    const Kind kind = perRevolution ? Kind::kFeedPerRevolution : Kind::kFeed;
+    if (feed < kLowestFeed) return FaultOf(FaultCode::kFeedZero, *word).With(kind, feed);
+    if (feed > kHighestFeed) {
+      const Fault fault = FaultOf(FaultCode::kFeedTooHigh, *word).With(kind, feed);
+      return perRevolution ? fault : fault.With(Kind::kFeedLimit, kHighestFeed);
+    }
+    (perRevolution ? modal_.feedPerRevolution : modal_.feedPerMinute) = feed;
     return std::nullopt;
   }
 
   MaybeFault TakeSpeed() {
     const Word* word = request_.Find(u'S');
     if (word == nullptr) return std::nullopt;
-    if (word->value < 0) return FaultOf(FaultCode::kBadValue, *word);
+    if (word->value < 0) return FaultOf(FaultCode::kBadValue, *word).With(Kind::kLowest, 0);
     if (modal_.speedMode == 96) {
       modal_.cuttingSpeed = word->value * (modal_.units == 20 ? kFoot : 1);
     } else if (word->value > kHighestSpeed) {
-      return FaultOf(FaultCode::kSpeedTooHigh, *word);
+      return TooFast(FaultOf(FaultCode::kSpeedTooHigh, *word), word->value);
     } else {
       modal_.speed = word->value;
     }
     return std::nullopt;
   }
 
+  static Fault TooFast(const Fault& fault, double speed) {
+    return fault.With(Kind::kSpeed, speed).With(Kind::kSpeedLimit, kHighestSpeed);
+  }
+
   /// Nothing when there is no such word; else its whole value from 0 to highest, or the fault.
   static std::variant<int, Fault> WholeValue(const Word& word, int highest, FaultCode code) {
     const bool fits = word.value >= 0 && word.value <= highest && word.value == std::floor(word.value);
-    if (!fits) return FaultOf(code, word);
+    if (!fits) return FaultOf(code, word).With(Kind::kLowest, 0).With(Kind::kHighest, highest);
     return static_cast<int>(word.value);
   }
 
@@ -168,9 +182,9 @@ class Planner {
     spindle_.speed = programmed;
     if (!cutting) return std::nullopt;
     const double diameter = ToolOf(tool_).diameter;
-    if (diameter == 0) return SpeedFault(FaultCode::kNoToolDiameter);
+    if (diameter == 0) return SpeedFault(FaultCode::kNoToolDiameter).With(Kind::kTool, tool_);
     spindle_.speed = programmed * kMillimetres / (std::numbers::pi * diameter);
-    if (spindle_.speed > kHighestSpeed) return SpeedFault(FaultCode::kSpeedTooHigh);
+    if (spindle_.speed > kHighestSpeed) return TooFast(SpeedFault(FaultCode::kSpeedTooHigh), spindle_.speed);
     return std::nullopt;
   }
 
@@ -183,7 +197,9 @@ class Planner {
       const Word* other = request_.Find(letter);
       if (other != nullptr && other != time) return FaultOf(FaultCode::kUnusedWord, *other);
     }
-    if (time->value < 0 || time->value > kLongestDwell) return FaultOf(FaultCode::kBadValue, *time);
+    if (time->value < 0 || time->value > kLongestDwell) {
+      return FaultOf(FaultCode::kBadValue, *time).With(Kind::kLowest, 0).With(Kind::kHighestTime, kLongestDwell);
+    }
     Step step;
     step.kind = Step::Kind::kDwell;
     step.duration = time->value * 1000;

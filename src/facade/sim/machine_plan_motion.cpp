@@ -14,6 +14,8 @@ constexpr double kMillisecondsPerMinute = 60000;
 constexpr double kLimitTolerance = 1e-6;
 constexpr std::array<char16_t, kAxisCount> kCentreLetters{u'I', u'J', u'K'};
 
+using Kind = FaultFact::Kind;
+
 template <typename T>
 using Result = std::variant<T, Fault>;
 
@@ -123,8 +125,10 @@ class MovePlanner {
     if (!perRevolution) return programmed;
     if (input_.spindle.speed <= 0) return FeedFault(FaultCode::kSpindleStopped);
     const double feed = programmed * input_.spindle.speed;
-    if (feed > kHighestFeed) return FeedFault(FaultCode::kFeedTooHigh);
-    if (feed < kLowestFeed) return FeedFault(FaultCode::kFeedZero);
+    if (feed > kHighestFeed) {
+      return FeedFault(FaultCode::kFeedTooHigh).With(Kind::kFeed, feed).With(Kind::kFeedLimit, kHighestFeed);
+    }
+    if (feed < kLowestFeed) return FeedFault(FaultCode::kFeedZero).With(Kind::kFeed, feed);
     return feed;
   }
 
@@ -139,7 +143,12 @@ class MovePlanner {
       const Path::Range reach = path.Reach(axis);
       if (reach.low >= kAxes[axis].low - kLimitTolerance && reach.high <= kAxes[axis].high + kLimitTolerance) continue;
       const Word* word = request_.Find(kAxes[axis].name);
-      return word != nullptr ? FaultOf(FaultCode::kTravelLimit, *word) : MotionFault(FaultCode::kTravelLimit);
+      const Fault fault =
+          word != nullptr ? FaultOf(FaultCode::kTravelLimit, *word) : MotionFault(FaultCode::kTravelLimit);
+      const bool below = reach.low < kAxes[axis].low - kLimitTolerance;
+      return fault.With(Kind::kAxis, static_cast<double>(axis + 1))
+          .With(Kind::kLimit, below ? kAxes[axis].low : kAxes[axis].high)
+          .With(Kind::kTarget, below ? reach.low : reach.high);
     }
     return std::nullopt;
   }

@@ -29,11 +29,11 @@ inline constexpr std::uint16_t kFatal = 7;
 
 /// What a parameter is, of those that the mill uses.
 namespace parameter_meaning {
+inline constexpr std::int32_t kNone = 0;
 inline constexpr std::int32_t kLimit = 1;
 inline constexpr std::int32_t kValue = 2;
 inline constexpr std::int32_t kLowest = 3;
 inline constexpr std::int32_t kHighest = 4;
-inline constexpr std::int32_t kParameter = 5;
 inline constexpr std::int32_t kAxis = 6;
 inline constexpr std::int32_t kTarget = 10;
 inline constexpr std::int32_t kFeed = 11;
@@ -43,9 +43,11 @@ inline constexpr std::int32_t kNode = 15;
 inline constexpr std::int32_t kDriveCode = 17;
 }  // namespace parameter_meaning
 
-/// Units that the mill's parameters come in; the stored value is the plain one.
+/// Units that the mill's parameters come in.
 namespace parameter_unit {
 inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kMicroseconds = 5;
+inline constexpr std::int32_t kPerRevolution = 9;  // in 1/10000 mm
 inline constexpr std::int32_t kMillimetres = 11;
 inline constexpr std::int32_t kMillimetresPerMinute = 12;
 inline constexpr std::int32_t kRevolutions = 13;

@@ -16,7 +16,7 @@ std::variant<Plan, Fault> PlanText(TextView text, const Condition& condition) {
 Condition After(Condition condition, TextView text) {
   const auto plan = PlanText(text, condition);
   if (const Fault* fault = std::get_if<Fault>(&plan)) {
-    ADD_FAILURE() << ToUtf8(text) << ": " << ToUtf8(Describe(*fault, MachineLanguage::kEnglish));
+    ADD_FAILURE() << ToUtf8(text) << ": " << ToUtf8(Text(Wording(fault->code, MachineLanguage::kEnglish)));
     return condition;
   }
   condition.modal = std::get<Plan>(plan).after;
@@ -243,7 +243,8 @@ TEST(MachinePlan, WhatTheMachineCannotDoIsRefusedByTheWordAtFault) {
     const auto plan = PlanText(row.block, condition);
     ASSERT_TRUE(std::holds_alternative<Fault>(plan)) << ToUtf8(row.block);
     const Fault& fault = std::get<Fault>(plan);
-    EXPECT_EQ(fault.code, row.code) << ToUtf8(row.block) << ": " << ToUtf8(Describe(fault, MachineLanguage::kEnglish));
+    EXPECT_EQ(fault.code, row.code) << ToUtf8(row.block) << ": "
+                                    << ToUtf8(Text(Wording(fault.code, MachineLanguage::kEnglish)));
     EXPECT_EQ(ToUtf8(fault.word), ToUtf8(row.word)) << ToUtf8(row.block);
     EXPECT_EQ(ToUtf8(row.block.substr(fault.begin, fault.length)), ToUtf8(row.word));
   }
