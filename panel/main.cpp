@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -104,6 +105,7 @@ int Guide(pnl::rig::Rig& rig, const panel::Options& options, const char* languag
   panel::PanelWindow window(session, op, ResolverOf(rig));
   SetUpPrograms(rig, window);
   ShowPanel(window, options);
+  op.Desk().StartTool();
   return panel::RunGuidedSession(window, session, op, rig, options.guidedInto, tour, first);
 }
 
@@ -115,14 +117,19 @@ int RunGuided(pnl::rig::Rig& rig, const panel::Options& options) {
   return Guide(rig, options, spanish ? "en" : "es", panel::Tour::kGlance, next) == 0 ? 1 : 0;
 }
 
-/// Ends the program behind the window's first paint.
-class EndWhenPainted : public QObject {
+/// Does something once, behind the window's first paint.
+class WhenPainted : public QObject {
  public:
-  explicit EndWhenPainted(QWidget& window) { window.installEventFilter(this); }
+  WhenPainted(QWidget& window, std::function<void()> act) : act_(std::move(act)) { window.installEventFilter(this); }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint) QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    if (event->type() == QEvent::Paint && act_) {
+      QMetaObject::invokeMethod(this, std::exchange(act_, nullptr), Qt::QueuedConnection);
+    }
     return QObject::eventFilter(watched, event);
   }
+
+ private:
+  std::function<void()> act_;
 };
 
 int Run(QApplication& application, const panel::Options& options) {
@@ -143,9 +150,13 @@ int Run(QApplication& application, const panel::Options& options) {
     remote =
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
-  std::optional<EndWhenPainted> end;
-  if (options.untilPainted) end.emplace(window);
+  std::optional<WhenPainted> end;
+  if (options.untilPainted) end.emplace(window, [] { QCoreApplication::quit(); });
+  // The error tool measures the panel when it is made; a screen's size is known once the window is drawn on it.
+  std::optional<WhenPainted> tools;
+  if (!options.headless) tools.emplace(window, [&op] { op.Desk().StartTool(); });
   ShowPanel(window, options);
+  if (options.headless) op.Desk().StartTool();
   if (remote) remote->Start();
   return application.exec();
 }

@@ -30,27 +30,22 @@ QString PlainNumber(double value) {
   return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
-template <std::size_t N>
-bool Fits(const QString& text, const char16_t (&)[N]) {
-  return text.size() < static_cast<qsizetype>(N);
-}
-
-template <std::size_t N>
-void Put(const QString& text, char16_t (&field)[N]) {
-  std::fill(std::begin(field), std::end(field), u'\0');
-  std::copy_n(text.utf16(), text.size(), std::begin(field));
-}
-
 }  // namespace
 
 Operator::Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent)
-    : QObject(parent), session_(session), rig_(rig), machine_(rig == nullptr ? nullptr : rig->Machine()) {
+    : QObject(parent),
+      session_(session),
+      rig_(rig),
+      machine_(rig == nullptr ? nullptr : rig->Machine()),
+      errors_(session, rig) {
   connect(&session_, &HostSession::Called, this, &Operator::OnCalled);
   connect(&session_, &HostSession::MessageArrived, this, &Operator::OnMessage);
   connect(&session_, &HostSession::MainMenuChanged, this, &Operator::Touch);
   connect(&session_, &HostSession::SideMenuChanged, this, &Operator::Touch);
   connect(&session_, &HostSession::MessagesChanged, this, &Operator::Touch);
   connect(&session_, &HostSession::ToolsChanged, this, &Operator::Touch);
+  connect(&errors_, &ErrorDesk::Changed, this, &Operator::Touch);
+  connect(&errors_, &ErrorDesk::CloseWanted, this, &Operator::CloseWanted);
   if (rig_ == nullptr) return;
   for (const char16_t* name : {u"E.NERRORS", u"E.ERRORPRI", u"[1].E.MANUALMODE"}) {
     watches_.push_back(rig_->Cnc().Watch(name, [this] { Touch(); }));
@@ -118,7 +113,7 @@ bool Operator::Can(Action action) const {
     case Action::kOverrideFull:
       return machine_ != nullptr && machine_->State().feedOverride != 100;
     case Action::kClearError:
-      return !Errors().empty() || offeredError_.has_value();
+      return errors_.Standing() != 0 || errors_.Help().has_value();
     case Action::kFocusTool:
       return session_.FrontTool() >= 0;
     default:
@@ -143,7 +138,7 @@ void Operator::Do(Action action) {
     case Action::kHelp:
       return AskHelp();
     case Action::kClearError:
-      return ClearErrors();
+      return ClearError();
     case Action::kOpenCalculator:
       return OpenCalculator();
     case Action::kFocusTool:
@@ -166,7 +161,7 @@ void Operator::DoMachine(Action action) {
       return machine_->Cancel();
     case Action::kReset:
       machine_->Reset();
-      return ClearErrors();
+      return errors_.ClearAll();
     case Action::kInspect:
       return machine_->Inspection(!state.inspecting);
     case Action::kOverrideDown:
@@ -275,10 +270,24 @@ void Operator::AskHelp() {
   if (text != nullptr) SetHint(Say(Word::kHelpMark, QString::fromStdU16String(*text)));
 }
 
-void Operator::ClearErrors() {
-  if (rig_ != nullptr && !Errors().empty()) rig_->Cnc().ClearErrors();
-  offeredError_.reset();
+void Operator::ClearError() {
+  const bool seen = errors_.WindowShown();
+  const int before = errors_.Standing();
+  errors_.Acknowledge();
+  if (seen && errors_.WindowShown() && errors_.Standing() == before) SetHint(Say(Word::kErrorStays), true);
+}
+
+void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot) {
+  hint_ = {};
   Touch();
+  if (machine_ == nullptr) return SetHint(Say(Word::kNoMachineHere), true);
+  if (!fault.fault) {
+    emergencyStop_ = !emergencyStop_;
+    return machine_->EmergencyStop(emergencyStop_);
+  }
+  const bool ofProgram = *fault.fault == pnl::rig::MachineControl::Fault::kProgramLine;
+  if (ofProgram && !spot) return SetHint(Say(Word::kFaultNeedsProgram), true);
+  machine_->Raise(*fault.fault, spot.value_or(pnl::rig::ProgramSpot{}));
 }
 
 void Operator::SendCommand(int tool, int id) {
@@ -310,11 +319,9 @@ void Operator::OnCalled(const HostCall& call) {
       if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
       return;
     case 13:
-      offeredError_ = call.args.value(0).toMap();
-      return Touch();
+      return errors_.OnShowError(call.args.value(0).toMap());
     case 14:
-      offeredError_.reset();
-      return Touch();
+      return errors_.OnErrorsGone();
     case 15:
       emit KeyForwarded(call.args.value(0).toInt());
       return;
@@ -343,51 +350,7 @@ void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
     return Touch();
   }
   if (!session_.Reacting()) return;
-  if (message == PnlRegisterMessage("ZM_UPDATE_NERRORS")) Touch();
-  if (message == PnlRegisterMessage("ZM_CLOSE7340") && first == 1) emit CloseWanted();
-}
-
-XPLRDATA_ST* Operator::Request() const {
-  return static_cast<XPLRDATA_ST*>(PnlResolveRecord(static_cast<std::int32_t>(Int(u"E.XPLRDATA"))));
-}
-
-PnlWindow Operator::Asker() const {
-  constexpr int kOwnerBase = 1000;
-  const XPLRDATA_ST* request = Request();
-  const PnlWindow owner = request == nullptr ? 0 : session_.ToolWindow(request->Owner - kOwnerBase);
-  return owner != 0 ? owner : session_.ToolWindow(PNL_TOOL_MDI);
-}
-
-bool Operator::AcceptFile(const QString& folder, const QString& file) {
-  XPLRDATA_ST* request = Request();
-  if (request == nullptr) {
-    SetHint(Say(Word::kNoRequest), true);
-    EndRequest(false);
-    return false;
-  }
-  if (!Fits(folder, request->Path) || !Fits(file, request->File)) {
-    // The asker must not wait for ever for an answer that can't be given.
-    SetHint(Say(Word::kNameBad), true);
-    EndRequest(false);
-    return false;
-  }
-  Put(folder, request->Path);
-  Put(file, request->File);
-  EndRequest(true);
-  return true;
-}
-
-void Operator::CancelFile() { EndRequest(false); }
-
-void Operator::EndRequest(bool accepted) {
-  if (!asked_) return;
-  asked_ = false;
-  const PnlWindow asker = Asker();
-  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? 2 : 3, 0);
-  constexpr intptr_t kExplorerWaitEnded = 5;
-  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, kExplorerWaitEnded, 0);
-  emit ChooserGone();
-  Touch();
+  errors_.OnMessage(message, first, second);
 }
 
 }  // namespace panel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the panel does on the operator's behalf: which tool a key goes to, what a callback asks of the host, what the
-// machine and the error queue say. One guard decides what is possible, so that a key, a soft key and a shortcut can't
-// disagree. It owns no widget; the window draws everything from its state.
+// machine says; of the errors its error desk knows. One guard decides what is possible, so that a key, a soft key and a
+// shortcut can't disagree. It owns no widget; the window draws everything from its state.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -11,6 +11,8 @@
 #include <optional>
 #include <vector>
 
+#include "host/demo_faults.h"
+#include "host/error_desk.h"
 #include "host/host_session.h"
 #include "ui/shortcuts.h"
 
@@ -49,8 +51,11 @@ class Operator : public QObject {
   [[nodiscard]] pnl::rig::MachineState Machine() const;
   [[nodiscard]] Word Mode() const;
   [[nodiscard]] std::vector<pnl::rig::CncControl::ErrorSummary> Errors() const;
-  /// The error line that the error tool offered, until it says that there is none left.
-  [[nodiscard]] const std::optional<QVariantMap>& OfferedError() const { return offeredError_; }
+  [[nodiscard]] ErrorDesk& Desk() { return errors_; }
+  [[nodiscard]] const ErrorDesk& Desk() const { return errors_; }
+  /// A fault of the demo machine. spot: where the fault of a program lies; without one it can't be raised.
+  void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
+  [[nodiscard]] bool EmergencyStop() const { return emergencyStop_; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false);
 
@@ -81,7 +86,7 @@ class Operator : public QObject {
   void TakeCalcResult();
   void SwitchRole();
   void AskHelp();
-  void ClearErrors();
+  void ClearError();
   void EndRequest(bool accepted);
   [[nodiscard]] PnlWindow Asker() const;
   [[nodiscard]] qint64 Int(const char16_t* name) const;
@@ -91,8 +96,9 @@ class Operator : public QObject {
   pnl::rig::MachineControl* machine_;
   std::vector<int> watches_;
   std::vector<std::int32_t> heldChannels_;
-  std::optional<QVariantMap> offeredError_;
+  ErrorDesk errors_;
   Hint hint_;
+  bool emergencyStop_ = false;
   bool asked_ = false;    // a file request waits for its answer
   bool touched_ = false;  // a Changed is under way
 };

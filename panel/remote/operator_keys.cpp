@@ -57,10 +57,19 @@ KeyStroke CharacterStroke(const QString& character, Qt::KeyboardModifiers modifi
   return {key, modifiers, TextWithModifiers(key, character, modifiers)};
 }
 
-/// A key that the window has reserved with a QShortcut, wherever its focus is.
+/// A key that the window has reserved with a QShortcut, wherever its focus is, or that any tool has reserved in the
+/// whole panel: such a one belongs to the top-level window and names its tool. The window's own go first, since two
+/// tools may have reserved one key.
 bool FireHotKey(QWidget* window, const KeyStroke& stroke) {
   const QKeySequence pressed(QKeyCombination(stroke.modifiers, static_cast<Qt::Key>(stroke.key)));
-  for (QShortcut* shortcut : window->findChildren<QShortcut*>()) {
+  QList<QShortcut*> found = window->findChildren<QShortcut*>();
+  for (QShortcut* shortcut : window->window()->findChildren<QShortcut*>(Qt::FindDirectChildrenOnly)) {
+    const QVariant owner = shortcut->property("pnlOwner");
+    if (!owner.isValid()) continue;
+    const bool own = owner.toInt() == window->property("pnlWindow").toInt();
+    own ? found.prepend(shortcut) : found.append(shortcut);
+  }
+  for (QShortcut* shortcut : found) {
     if (!shortcut->isEnabled() || shortcut->key() != pressed) continue;
     emit shortcut->activated();
     return true;

@@ -5,6 +5,7 @@
 
 #include <QSize>
 #include <QString>
+#include <functional>
 
 class QWidget;
 
@@ -21,6 +22,9 @@ class PanelFace {
   [[nodiscard]] virtual QString ProgramText() const = 0;
   /// Gives the tool area exactly that size, the rest of the panel around it.
   virtual void ResizeToolArea(const QSize& size) = 0;
+  /// Who answers instead of the operator when the panel asks whether to go on; an empty function gives the questions
+  /// back to him.
+  virtual void AnswerQuestions(std::function<bool(const QString& text)> answer) { (void)answer; }
 };
 
 }  // namespace panel

@@ -24,11 +24,13 @@ class RemoteControl::Impl {
         QObject::connect(&session, &HostSession::Called, &session, [this](const HostCall& call) { trace_.Host(call); });
     rig_.SetSink(&trace_);
     rig_.AnswerBoxes([this](std::string_view style) { return boxes_.Take(style); });
+    world_.face.AnswerQuestions([this](const QString& text) { return AnswerQuestion(text); });
   }
 
   ~Impl() {
     rig_.SetSink(nullptr);
     rig_.AnswerBoxes({});
+    world_.face.AnswerQuestions({});
     QObject::disconnect(called_);
   }
 
@@ -72,6 +74,13 @@ class RemoteControl::Impl {
     // Whoever posts to himself without end may still get a message with an address in it.
     if (Settle()) arguments_.Clear();
     return result;
+  }
+
+  /// The panel's own questions are boxes like the tools'.
+  bool AnswerQuestion(const QString& text) {
+    const std::string answer = boxes_.Take("question");
+    trace_.Box(u"pnlpanel", text.toStdU16String(), "question", answer);
+    return answer == "yes" || answer == "ok";
   }
 
   RpcResult Quit() {

@@ -7,6 +7,7 @@ namespace panel {
 namespace {
 
 constexpr int kToolBase = 1000;
+constexpr int kFaultBase = 2000;
 
 struct ToolRow {
   int tool;
@@ -45,9 +46,15 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
     items.push_back(item);
   }
   items.push_back(ActionItem(op, Action::kHelp));
-  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs, Action::kNewProgram,
-                              Action::kCoordinates, Action::kOverrideFull}) {
+  for (const Action action : {Action::kErrorList, Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs,
+                              Action::kNewProgram, Action::kCoordinates, Action::kOverrideFull}) {
     items.push_back(ActionItem(op, action));
+  }
+  if (op.HasMachine()) {
+    SoftKeyItem faults;
+    faults.id = kFaultsItem;
+    faults.text = Say(Word::kDemoFaults);
+    items.push_back(faults);
   }
   return items;
 }
@@ -62,11 +69,29 @@ std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operat
   return items;
 }
 
+std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
+  std::vector<SoftKeyItem> items;
+  for (const DemoFault& fault : DemoFaults()) {
+    SoftKeyItem item;
+    item.id = kFaultBase + static_cast<int>(items.size());
+    item.text = Say(fault.word);
+    item.checked = !fault.fault && op.EmergencyStop();
+    items.push_back(item);
+  }
+  return items;
+}
+
 std::optional<Action> ActionOfItem(int id) {
   if (id < 0 || id >= static_cast<int>(Action::kCount)) return std::nullopt;
   return static_cast<Action>(id);
 }
 
-int ToolOfItem(int id) { return id >= kToolBase ? id - kToolBase : -1; }
+int ToolOfItem(int id) { return id >= kToolBase && id < kFaultBase ? id - kToolBase : -1; }
+
+const DemoFault* FaultOfItem(int id) {
+  const auto faults = DemoFaults();
+  const int index = id - kFaultBase;
+  return index >= 0 && index < static_cast<int>(faults.size()) ? &faults[static_cast<std::size_t>(index)] : nullptr;
+}
 
 }  // namespace panel

@@ -9,6 +9,8 @@
 #include <cmath>
 
 #include "ui/axis_display.h"
+#include "ui/error_help.h"
+#include "ui/error_list.h"
 #include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -54,13 +56,18 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       keys_(new OperatorKeys(this)),
       chooser_(new FileChooser(resolve, this)),
       question_(new Question(this)),
-      desk_(new ProgramDesk(*editor_, *chooser_, *question_, std::move(resolve), this)) {
+      desk_(new ProgramDesk(*editor_, *chooser_, *question_, std::move(resolve), this)),
+      errorHelp_(new ErrorHelpCover(this)),
+      errorList_(new ErrorListCover(op.Desk(), this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
   setAttribute(Qt::WA_OpaquePaintEvent);
   session_.SetToolArea(toolArea_);
   session_.SetMainWindow(this);
+  // Tools measure the panel by the room that they have in it, not by its frame of keys.
+  setProperty("pnlPanelArea", QVariant::fromValue<QWidget*>(toolArea_));
   Connect();
+  ConnectErrors();
   MakeShortcuts();
   SetTabOrder();
   resize(LayOutAround(QSize(800, 600), theme::TouchPixels(*this)).window);
@@ -127,7 +134,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool placed = event->type() == QEvent::Move || event->type() == QEvent::Resize;
   if (placed && watched->isWidgetType() && watched->property("pnlTool").isValid()) PlaceEditor();
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  if (shownOrHidden && (watched == chooser_ || watched == question_)) {
+  const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
+  if (shownOrHidden && cover) {
     mainBar_->setEnabled(!Covered());
     sideBar_->setEnabled(!Covered());
   }
@@ -135,7 +143,7 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PanelWindow::SetTabOrder() {
-  std::vector<QWidget*> order{&editor_->Edit()};
+  std::vector<QWidget*> order{&editor_->Edit(), &status_->Indicator()};
   for (int slot = 0; slot < kSideKeys; ++slot) order.push_back(sideBar_->Key(slot));
   order.insert(order.end(), {sideBar_->BackKey(), sideBar_->MoreKey(), mainBar_->BackKey()});
   for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(mainBar_->Key(slot));
@@ -179,8 +187,9 @@ void PanelWindow::LayOut() {
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const QRect cover(left, layout_.toolArea.top(), layout_.sideBar.right() + 1 - left,
                     bottom + 1 - layout_.toolArea.top());
-  chooser_->setGeometry(cover);
-  question_->setGeometry(cover);
+  for (QWidget* widget : std::initializer_list<QWidget*>{chooser_, question_, errorHelp_, errorList_}) {
+    widget->setGeometry(cover);
+  }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
   status_->SetFontPixels(pixels(14));
   modal_->SetFontPixels(pixels(13));
@@ -191,6 +200,8 @@ void PanelWindow::LayOut() {
   editor_->SetFontPixels(pixels(16));
   chooser_->SetFontPixels(pixels(16));
   question_->SetFontPixels(pixels(16));
+  errorHelp_->SetFontPixels(pixels(16));
+  errorList_->SetFontPixels(pixels(16));
   PlaceEditor();
 }
 
@@ -208,11 +219,15 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
-bool PanelWindow::Covered() const { return chooser_->Stands() || question_->Stands(); }
+bool PanelWindow::Covered() const {
+  return chooser_->Stands() || question_->Stands() || errorHelp_->Stands() || errorList_->Stands();
+}
 
 void PanelWindow::Trigger(Action action) {
   // While a question stands only the machine's own keys work: they act on nothing that the cover hides.
   const bool machineKey = keys_->Key(action) != nullptr;
+  // The key that opened the list closes it.
+  if (action == Action::kErrorList && errorList_->Stands()) return errorList_->Leave();
   if (Covered() && !machineKey) return;
   switch (action) {
     case Action::kOpenProgram:
@@ -223,6 +238,8 @@ void PanelWindow::Trigger(Action action) {
       return desk_->SaveAs();
     case Action::kNewProgram:
       return desk_->New();
+    case Action::kErrorList:
+      return errorList_->Open();
     case Action::kCoordinates:
       return axes_->ShowMachinePositions(!axes_->MachinePositions());
     case Action::kMainMore:
@@ -249,6 +266,11 @@ void PanelWindow::PressSide(int slot) {
 void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (menu != 0) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
+  if (id == kFaultsItem) {
+    faultKeys_ = true;
+    return ShowBars();
+  }
+  if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
   if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
 }
 

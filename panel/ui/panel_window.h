@@ -17,6 +17,8 @@
 namespace panel {
 
 class AxisDisplay;
+class ErrorHelpCover;
+class ErrorListCover;
 class FileChooser;
 class MessageZone;
 class ModalLine;
@@ -43,6 +45,7 @@ class PanelWindow : public QWidget, public PanelFace {
 
   /// Whether closing asks for changes that no file has; off where nobody is there to answer.
   void SetAsksBeforeClosing(bool on) { asks_ = on; }
+  void AnswerQuestions(std::function<bool(const QString& text)> answer) override { answer_ = std::move(answer); }
   /// What a key of the panel does, wherever it was pressed.
   void Trigger(Action action);
   void PressMain(int slot);
@@ -60,6 +63,8 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] AxisDisplay& Axes() const { return *axes_; }
   [[nodiscard]] ProgramEditor& Editor() const { return *editor_; }
   [[nodiscard]] FileChooser& Chooser() const { return *chooser_; }
+  [[nodiscard]] ErrorHelpCover& ErrorHelpShown() const { return *errorHelp_; }
+  [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
 
@@ -84,6 +89,14 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowMessages();
   void ShowChooser();
   void KeepFocus();
+  void ConnectErrors();
+  void ShowErrors();
+  /// Covers step back while the error window stands and come again behind it.
+  void LetErrorsPass();
+  void AskToClose();
+  void OnErrorSign();
+  /// To the tool in front, else to the program.
+  void FocusBehind();
   void OnItem(int tool, int id, std::uint32_t menu);
   [[nodiscard]] bool Covered() const;
 
@@ -94,6 +107,9 @@ class PanelWindow : public QWidget, public PanelFace {
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
   int frontTool_ = -1;
+  bool errorWindow_ = false;  // the error window stood at the last look
+  bool faultKeys_ = false;    // the main bar has the demo machine's faults
+  std::function<bool(const QString& text)> answer_;
   StatusStrip* status_;
   Readings* readings_;
   AxisDisplay* axes_;
@@ -107,6 +123,8 @@ class PanelWindow : public QWidget, public PanelFace {
   FileChooser* chooser_;
   Question* question_;
   ProgramDesk* desk_;
+  ErrorHelpCover* errorHelp_;
+  ErrorListCover* errorList_;
 };
 
 }  // namespace panel

@@ -54,20 +54,21 @@ void PanelWindow::UpdateDisplay() {
   ShowMachine();
   ShowBars();
   ShowMessages();
+  ShowErrors();
   PlaceEditor();
   KeepFocus();
 }
 
 void PanelWindow::ShowMachine() {
   const auto state = op_.Machine();
-  const int errors = static_cast<int>(op_.Errors().size());
   if (op_.HasMachine()) {
-    status_->Show(LookOf(state.channelStatus, state.feedHold, state.inspecting), Say(op_.Mode()), errors);
+    status_->Show(LookOf(state.channelStatus, state.feedHold, state.inspecting), Say(op_.Mode()));
     readings_->Show(ReadingsOf(state));
   } else {
-    status_->Show(LookWithoutMachine(), Say(op_.Mode()), errors);
+    status_->Show(LookWithoutMachine(), Say(op_.Mode()));
     readings_->Show(NoReadings());
   }
+  status_->Indicator().Show(op_.Desk().Sign(), op_.Desk().Standing());
   axes_->Show(AxesOf(state), state.channelStatus == kRunning);
   modal_->Show(QString::fromStdU16String(state.gCodes), QString::fromStdU16String(state.block));
   keys_->Show([this](Action action) { return op_.Can(action); },
@@ -82,7 +83,8 @@ void PanelWindow::ShowBars() {
   if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
     mainBar_->ShowMenu(menu);
   } else {
-    mainBar_->ShowItems(PanelMainItems(session_, op_));
+    mainBar_->ShowItems(faultKeys_ ? PanelFaultItems(op_) : PanelMainItems(session_, op_));
+    mainBar_->SetInner(faultKeys_);
   }
   if (const auto [tool, menu] = session_.SideBar(); menu != 0) {
     sideBar_->ShowMenu(menu);
@@ -95,12 +97,9 @@ void PanelWindow::ShowMessages() {
   std::vector<ZoneLine> lines;
   const QColor red(theme::kRed);
   const QColor white(Qt::white);
-  const auto& offered = op_.OfferedError();
-  if (offered) {
-    lines.push_back({offered->value(QStringLiteral("header")).toString(),
-                     theme::FromColorRef(offered->value(QStringLiteral("back")).toUInt()),
-                     theme::FromColorRef(offered->value(QStringLiteral("fore")).toUInt()), true});
-  } else if (const auto errors = op_.Errors(); !errors.empty() && session_.ToolWindow(PNL_TOOL_ERRORS) == 0) {
+  // Where the error tool is, its window says it.
+  const auto errors = op_.Desk().HasTool() ? std::vector<pnl::rig::CncControl::ErrorSummary>() : op_.Errors();
+  if (!errors.empty()) {
     const auto& newest = errors.back();
     lines.push_back({Say(Word::kErrorNumber, QString::number(newest.number)) + QStringLiteral(": ") +
                          QString::fromStdU16String(newest.text).trimmed(),
@@ -134,8 +133,10 @@ void PanelWindow::ShowChooser() {
 
 void PanelWindow::KeepFocus() {
   const int front = session_.FrontTool();
-  // The last tool went: the keyboard belongs to the program again, not to whatever key comes next in the chain.
-  if (front < 0 && frontTool_ >= 0 && !chooser_->Stands() && !question_->Stands()) editor_->setFocus();
+  // The last tool went: the keyboard belongs to the program again, not to whatever key comes next in the chain. Behind
+  // the error window stands the tool in which the operator was.
+  const bool errorsLeft = frontTool_ == PNL_TOOL_ERRORS && front != PNL_TOOL_ERRORS;
+  if ((errorsLeft || (front < 0 && frontTool_ >= 0)) && !Covered()) FocusBehind();
   frontTool_ = front;
 }
 

@@ -2,6 +2,7 @@
 #include "ui/program_desk.h"
 
 #include <QFileInfo>
+#include <QTextBlock>
 #include <utility>
 
 #include "ui/file_chooser.h"
@@ -115,6 +116,21 @@ bool ProgramDesk::Store(const QString& panelPath) {
   editor_.SetSaved();
   emit Said(Say(Word::kSaved, panelPath), false);
   return true;
+}
+
+std::optional<pnl::rig::ProgramSpot> ProgramDesk::CaretSpot() const {
+  if (path_.isEmpty() || editor_.IsModified()) return std::nullopt;
+  const QTextCursor caret = editor_.Edit().textCursor();
+  const QTextBlock block = caret.block();
+  // The editor counts one unit for a line's end, the file has two with carriage returns.
+  const int extra = carriageReturns_ ? block.blockNumber() : 0;
+  const QString before = block.text().left(caret.positionInBlock());
+  pnl::rig::ProgramSpot spot;
+  spot.folder = FolderAbove(path_).toStdU16String();
+  spot.file = path_.section(QLatin1Char('\\'), -1).toStdU16String();
+  spot.position = block.position() + extra;
+  spot.span = static_cast<std::int32_t>(before.lastIndexOf(QLatin1Char(' ')) + 1);
+  return spot;
 }
 
 }  // namespace panel

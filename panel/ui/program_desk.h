@@ -3,8 +3,11 @@
 // are never dropped without asking.
 #pragma once
 
+#include <pnltools/rig.h>
+
 #include <QObject>
 #include <functional>
+#include <optional>
 
 #include "ui/file_request.h"
 
@@ -37,6 +40,9 @@ class ProgramDesk : public QObject {
   bool Load(const QString& panelPath);
   bool Store(const QString& panelPath);
   [[nodiscard]] const QString& Path() const { return path_; }
+  /// Where the caret stands in the program's file: its block and the word in that. Nothing while the text has no file,
+  /// or another one than the file.
+  [[nodiscard]] std::optional<pnl::rig::ProgramSpot> CaretSpot() const;
 
  signals:
   /// Something for the message zone.

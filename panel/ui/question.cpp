@@ -50,6 +50,10 @@ void Question::Ask(const QString& text, const QStringList& answers, std::functio
   Place();
   show();
   raise();
+  FocusCareful();
+}
+
+void Question::FocusCareful() {
   // The careful answer is in front, so that a hasty Enter loses nothing.
   if (!keys_.empty()) keys_.back()->setFocus();
 }

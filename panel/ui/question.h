@@ -21,6 +21,8 @@ class Question : public QWidget {
   /// answered gets the index of the key; the last key is the careful answer. A question that stands is answered so.
   void Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered);
   void Answer(int index);
+  /// The keyboard to the careful answer.
+  void FocusCareful();
   [[nodiscard]] bool Stands() const { return static_cast<bool>(answered_); }
   [[nodiscard]] const QString& Text() const { return text_; }
   [[nodiscard]] PanelKey* Key(int index) const { return keys_.at(static_cast<std::size_t>(index)); }

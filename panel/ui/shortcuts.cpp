@@ -18,6 +18,7 @@ const QList<ShortcutRow>& ShortcutTable() {
       {Action::kOpenCalculator, Word::kCalculator, "Ctrl+K"},
       {Action::kHelp, Word::kHelp, "Ctrl+F1"},
       {Action::kClearError, Word::kClear, "Shift+Esc"},
+      {Action::kErrorList, Word::kErrorList, "Ctrl+L"},
       {Action::kFocusTool, Word::kFocusTool, "Ctrl+T"},
       {Action::kOpenProgram, Word::kOpen, "Ctrl+O"},
       {Action::kSaveProgram, Word::kSave, "Ctrl+S"},

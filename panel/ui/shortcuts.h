@@ -25,6 +25,7 @@ enum class Action {
   kOpenCalculator,
   kHelp,
   kClearError,
+  kErrorList,
   kFocusTool,
   kOpenProgram,
   kSaveProgram,

@@ -82,6 +82,13 @@ void SoftKeyBar::ShowItems(std::vector<SoftKeyItem> items) {
   Take(std::move(items));
 }
 
+void SoftKeyBar::SetInner(bool inner) {
+  if (inner == inner_) return;
+  inner_ = inner;
+  page_ = 0;
+  UpdateDisplay();
+}
+
 void SoftKeyBar::Take(std::vector<SoftKeyItem> items) {
   // The panel redraws many times a second while axes move; its keys are the same nearly always.
   if (items == items_) return;
@@ -124,6 +131,10 @@ void SoftKeyBar::NextPage() {
 }
 
 void SoftKeyBar::Back() {
+  if (IsInner() && page_ == 0) {
+    emit Left();
+    return;
+  }
   page_ = 0;
   if (menus_.size() > 1) {
     menus_.pop_back();
@@ -154,7 +165,7 @@ void SoftKeyBar::UpdateDisplay() {
   page_ = std::min(page_, PageCount() - 1);
   for (int slot = 0; slot < slotCount_; ++slot) ShowItem(*Key(slot), ItemAt(slot));
   more_->setEnabled(PageCount() > 1);
-  back_->setEnabled(InSubMenu() || page_ > 0);
+  back_->setEnabled(InSubMenu() || IsInner() || page_ > 0);
   more_->setText((orientation_ == Qt::Horizontal ? QStringLiteral("▶") : QStringLiteral("▼")) +
                  (PageCount() > 1 ? QStringLiteral(" %1/%2").arg(page_ + 1).arg(PageCount()) : QString()));
   Place();
@@ -166,7 +177,7 @@ void SoftKeyBar::Place() {
   const int touch = theme::TouchPixels(*this);
   const int narrow = std::max(touch, across ? std::min(length / 12, 72) : touch);
   // At the side the two paging keys share a row, which is there only when it is needed.
-  const bool paging = across || PageCount() > 1 || InSubMenu();
+  const bool paging = across || PageCount() > 1 || InSubMenu() || IsInner();
   back_->setVisible(paging);
   more_->setVisible(paging);
   const int before = across ? narrow + kGap : 0;

@@ -49,6 +49,8 @@ class SoftKeyBar : public QWidget {
   void ShowMenu(std::uint32_t menu);
   /// Shows the panel's own keys.
   void ShowItems(std::vector<SoftKeyItem> items);
+  /// The panel's own keys lie inside others: the key back leads out of them, which Left tells.
+  void SetInner(bool inner);
   /// Presses the key in that slot as the keyboard does; nothing for an empty or disabled one.
   void Press(int slot);
   void NextPage();
@@ -61,6 +63,7 @@ class SoftKeyBar : public QWidget {
   [[nodiscard]] int PageCount() const;
   [[nodiscard]] int Page() const { return page_; }
   [[nodiscard]] bool InSubMenu() const { return menus_.size() > 1; }
+  [[nodiscard]] bool IsInner() const { return inner_ && menus_.empty(); }
   [[nodiscard]] const std::vector<SoftKeyItem>& Items() const { return items_; }
   /// The key in that slot, for tests and for the order of focus.
   [[nodiscard]] PanelKey* Key(int slot) const { return keys_.at(static_cast<std::size_t>(slot)); }
@@ -70,6 +73,7 @@ class SoftKeyBar : public QWidget {
  signals:
   /// menu is 0 when the panel's own keys show.
   void Pressed(int id, std::uint32_t menu);
+  void Left();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -87,6 +91,7 @@ class SoftKeyBar : public QWidget {
   std::vector<std::uint32_t> menus_;  // the tool's menu and the sub-menus opened in it; empty for the panel's own
   std::vector<SoftKeyItem> items_;
   int page_ = 0;
+  bool inner_ = false;
   std::vector<PanelKey*> keys_;
   PanelKey* back_;
   PanelKey* more_;

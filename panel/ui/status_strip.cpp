@@ -23,43 +23,46 @@ ChannelLook LookOf(int status, bool feedHold, bool inspecting) {
 
 ChannelLook LookWithoutMachine() { return {Word::kNoMachine, theme::kSurface}; }
 
-StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {}
+StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent), indicator_(new ErrorIndicator(this)) {}
 
-void StatusStrip::Show(const ChannelLook& channel, const QString& mode, int errors) {
+void StatusStrip::Show(const ChannelLook& channel, const QString& mode) {
   channel_ = channel;
   mode_ = mode;
-  errors_ = errors;
   setAccessibleName(StateText() + QLatin1Char(' ') + mode);
   update();
 }
 
 void StatusStrip::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
+  indicator_->SetFontPixels(pixels);
+  indicator_->setGeometry(Place().errors);
   update();
 }
 
-void StatusStrip::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+StatusStrip::Fields StatusStrip::Place() const {
   constexpr int kGap = 4;
   const int most = std::min(220 * fontPixels_ / 15, width() * 9 / 20);
   const QRect state(0, 0, most, height());
-  const QColor fill(channel_.color);
-  theme::DrawField(painter, state, fill, fill.lighter(130), 6);
-  const QColor ink(channel_.color == theme::kAmber ? theme::kDark : theme::kText);
-  theme::DrawText(painter, state.adjusted(8, 0, -8, 0), Qt::AlignCenter, StateText(),
-                  theme::FittingFont(StateText(), state.width() - 16, fontPixels_ * 5 / 4, 11, true), ink);
   const int rest = width() - state.width() - 2 * kGap;
   const QRect mode(state.right() + 1 + kGap, 0, std::min(rest / 2, most), height());
-  theme::DrawField(painter, mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);
-  theme::DrawText(painter, mode.adjusted(6, 0, -6, 0), Qt::AlignCenter, mode_,
-                  theme::FittingFont(mode_, mode.width() - 12, fontPixels_ * 5 / 4, 11, true), QColor(theme::kText));
-  const int errorsWidth = std::min(rest - mode.width(), most);
-  const QRect errors(width() - errorsWidth, 0, errorsWidth, height());
-  const QString words = errors_ == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, QString::number(errors_));
-  theme::DrawField(painter, errors, QColor(errors_ == 0 ? theme::kSurface : theme::kRed), QColor(theme::kBorder), 6);
-  theme::DrawText(painter, errors.adjusted(6, 0, -6, 0), Qt::AlignCenter, words,
-                  theme::FittingFont(words, errors.width() - 12, fontPixels_, 11, errors_ != 0),
-                  QColor(errors_ == 0 ? theme::kMuted : theme::kText));
+  const int errors = std::min(rest - mode.width(), most);
+  return {state, mode, QRect(width() - errors, 0, errors, height())};
+}
+
+void StatusStrip::resizeEvent(QResizeEvent*) { indicator_->setGeometry(Place().errors); }
+
+void StatusStrip::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const Fields fields = Place();
+  const QColor fill(channel_.color);
+  theme::DrawField(painter, fields.state, fill, fill.lighter(130), 6);
+  const QColor ink(channel_.color == theme::kAmber ? theme::kDark : theme::kText);
+  theme::DrawText(painter, fields.state.adjusted(8, 0, -8, 0), Qt::AlignCenter, StateText(),
+                  theme::FittingFont(StateText(), fields.state.width() - 16, fontPixels_ * 5 / 4, 11, true), ink);
+  theme::DrawField(painter, fields.mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);
+  theme::DrawText(painter, fields.mode.adjusted(6, 0, -6, 0), Qt::AlignCenter, mode_,
+                  theme::FittingFont(mode_, fields.mode.width() - 12, fontPixels_ * 5 / 4, 11, true),
+                  QColor(theme::kText));
 }
 
 }  // namespace panel

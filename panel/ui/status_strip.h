@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The channel's state in words and colour, the mode and the number of errors. It shows what it is given.
+// The channel's state in words and colour, the mode, and the indicator of errors. It shows what it is given.
 #pragma once
 
 #include <QColor>
 #include <QString>
 #include <QWidget>
 
+#include "ui/error_indicator.h"
 #include "ui/words.h"
 
 namespace panel {
@@ -23,20 +24,29 @@ struct ChannelLook {
 class StatusStrip : public QWidget {
  public:
   explicit StatusStrip(QWidget* parent);
-  void Show(const ChannelLook& channel, const QString& mode, int errors);
+  void Show(const ChannelLook& channel, const QString& mode);
   void SetFontPixels(int pixels);
   [[nodiscard]] QString StateText() const { return Say(channel_.word); }
   [[nodiscard]] const QString& Mode() const { return mode_; }
-  [[nodiscard]] int Errors() const { return errors_; }
+  [[nodiscard]] ErrorIndicator& Indicator() const { return *indicator_; }
+  [[nodiscard]] int Errors() const { return indicator_->Count(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// Where state, mode and indicator stand.
+  struct Fields {
+    QRect state;
+    QRect mode;
+    QRect errors;
+  };
+  [[nodiscard]] Fields Place() const;
   ChannelLook channel_ = LookWithoutMachine();
   QString mode_;
-  int errors_ = 0;
   int fontPixels_ = 15;
+  ErrorIndicator* indicator_;
 };
 
 }  // namespace panel

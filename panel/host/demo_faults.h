@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The faults that the demo machine can show without a real one, as the panel offers them: one table from soft key to
+// fault. It raises none itself.
+#pragma once
+
+#include <pnltools/rig.h>
+
+#include <optional>
+#include <span>
+
+#include "ui/words.h"
+
+namespace panel {
+
+struct DemoFault {
+  Word word;
+  std::optional<pnl::rig::MachineControl::Fault> fault;  // nothing for the emergency stop, which stays until released
+};
+
+/// In the order of their soft keys.
+[[nodiscard]] std::span<const DemoFault> DemoFaults();
+
+}  // namespace panel

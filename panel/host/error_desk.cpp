@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "host/error_desk.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWidget>
+#include <array>
+
+#include "ui/words.h"
+
+namespace panel {
+namespace {
+
+constexpr std::array<std::uint32_t, kErrorClasses> kColors = {0x0000A0, 0x0000A0, 0x648064, 0x806480, 0x806480};
+
+/// The error after which the control can't go on; it closes the panel.
+constexpr std::int32_t kClosingError = 201;
+constexpr std::int32_t kFatalSeverity = 7;
+
+std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
+
+}  // namespace
+
+std::uint32_t ColorOfKind(ErrorKind kind) { return kColors[static_cast<std::size_t>(kind)]; }
+
+ErrorSign ErrorSignOf(qint64 first, qint64 second) {
+  constexpr int kHalf = 16;
+  const auto low = [](qint64 value) { return static_cast<int>(value & 0xFFFF); };
+  const auto high = [](qint64 value) { return static_cast<int>((value >> kHalf) & 0xFFFF); };
+  const int kind = high(first) < kErrorClasses ? high(first) : 0;
+  return {low(first), static_cast<ErrorKind>(kind), low(second), high(second)};
+}
+
+ErrorDesk::ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now)
+    : session_(session), rig_(rig), now_(std::move(now)), history_(now_) {
+  if (rig_ == nullptr || !session_.Reacting()) return;
+  watch_ = rig_->Cnc().WatchErrors([this](const pnl::rig::CncControl::ErrorSummary& error,
+                                          pnl::rig::CncControl::ErrorFate fate) { OnError(error, fate); });
+  watching_ = true;
+}
+
+ErrorDesk::~ErrorDesk() {
+  if (watching_) rig_->Cnc().UnwatchErrors(watch_);
+}
+
+void ErrorDesk::StartTool() {
+  if (session_.Reacting() && !HasTool()) session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+}
+
+int ErrorDesk::Standing() const {
+  return rig_ == nullptr ? sign_.count : static_cast<int>(rig_->Cnc().ErrorQueue().size());
+}
+
+bool ErrorDesk::BringBack() {
+  if (!HasTool() || Standing() == 0) return false;
+  // The same word that ends the help: it shows the window wherever that was.
+  if (!WindowShown()) PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  if (!WindowShown()) return false;
+  help_.reset();
+  session_.BringToFront(PNL_TOOL_ERRORS);
+  return true;
+}
+
+void ErrorDesk::Acknowledge() {
+  // A script's own tool is the script's to command.
+  if (!session_.Reacting() || !HasTool()) return ClearAll();
+  if (!WindowShown()) {
+    BringBack();
+    return;
+  }
+  session_.BringToFront(PNL_TOOL_ERRORS);
+  // Escape, never Enter: an error that must be confirmed is confirmed by hand, in its window.
+  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  auto* window = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  if (window != nullptr) QCoreApplication::sendEvent(window, &escape);
+  emit Changed();
+}
+
+void ErrorDesk::ClearAll() {
+  if (rig_ != nullptr && Standing() != 0) rig_->Cnc().ClearErrors();
+  OnErrorsGone();
+}
+
+void ErrorDesk::CloseHelp() {
+  if (!help_) return;
+  help_.reset();
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  emit Changed();
+}
+
+void ErrorDesk::AnswerClose(bool yes) {
+  if (!asksToClose_) return;
+  asksToClose_ = false;
+  // The tool asks every few seconds: who said no is asked again only when there is a new reason.
+  closeRefused_ = !yes;
+  if (yes) emit CloseWanted();
+  emit Changed();
+}
+
+void ErrorDesk::OnShowError(const QVariantMap& line) {
+  const QString reference = line.value(QStringLiteral("helpRef")).toString();
+  help_ = ErrorHelp{line.value(QStringLiteral("header")).toString(), line.value(QStringLiteral("back")).toUInt(),
+                    line.value(QStringLiteral("fore")).toUInt(), DescriptionOf(reference)};
+  emit Changed();
+}
+
+void ErrorDesk::OnErrorsGone() {
+  help_.reset();
+  emit Changed();
+}
+
+void ErrorDesk::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
+  if (message == Registered("ZM_UPDATE_NERRORS")) {
+    sign_ = ErrorSignOf(first, second);
+    emit Changed();
+  }
+  if (message != Registered("ZM_CLOSE7340") || first != 1 || asksToClose_ || closeRefused_) return;
+  asksToClose_ = true;
+  emit CloseAsked();
+}
+
+void ErrorDesk::OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::rig::CncControl::ErrorFate fate) {
+  using Fate = pnl::rig::CncControl::ErrorFate;
+  history_.Tell(error, fate);
+  if (fate == Fate::kRaised && (error.number == kClosingError || error.severity == kFatalSeverity)) {
+    closeRefused_ = false;
+  }
+  emit Changed();
+}
+
+QString ErrorDesk::DescriptionOf(const QString& reference) const {
+  const auto text = rig_ == nullptr ? std::nullopt : rig_->Cnc().DescriptionBehind(reference.toStdU16String());
+  const QString description = text ? QString::fromStdU16String(*text).trimmed() : QString();
+  return description.isEmpty() ? Say(Word::kNoDescription, reference) : description;
+}
+
+}  // namespace panel

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// A tool's request for a file: the record that stands for it, and its answer.
+#include <algorithm>
+
+#include "host/operator.h"
+
+namespace panel {
+namespace {
+
+template <std::size_t N>
+bool Fits(const QString& text, const char16_t (&)[N]) {
+  return text.size() < static_cast<qsizetype>(N);
+}
+
+template <std::size_t N>
+void Put(const QString& text, char16_t (&field)[N]) {
+  std::fill(std::begin(field), std::end(field), u'\0');
+  std::copy_n(text.utf16(), text.size(), std::begin(field));
+}
+
+}  // namespace
+
+XPLRDATA_ST* Operator::Request() const {
+  return static_cast<XPLRDATA_ST*>(PnlResolveRecord(static_cast<std::int32_t>(Int(u"E.XPLRDATA"))));
+}
+
+PnlWindow Operator::Asker() const {
+  constexpr int kOwnerBase = 1000;
+  const XPLRDATA_ST* request = Request();
+  const PnlWindow owner = request == nullptr ? 0 : session_.ToolWindow(request->Owner - kOwnerBase);
+  return owner != 0 ? owner : session_.ToolWindow(PNL_TOOL_MDI);
+}
+
+bool Operator::AcceptFile(const QString& folder, const QString& file) {
+  XPLRDATA_ST* request = Request();
+  if (request == nullptr) {
+    SetHint(Say(Word::kNoRequest), true);
+    EndRequest(false);
+    return false;
+  }
+  if (!Fits(folder, request->Path) || !Fits(file, request->File)) {
+    // The asker must not wait for ever for an answer that can't be given.
+    SetHint(Say(Word::kNameBad), true);
+    EndRequest(false);
+    return false;
+  }
+  Put(folder, request->Path);
+  Put(file, request->File);
+  EndRequest(true);
+  return true;
+}
+
+void Operator::CancelFile() { EndRequest(false); }
+
+void Operator::EndRequest(bool accepted) {
+  if (!asked_) return;
+  asked_ = false;
+  const PnlWindow asker = Asker();
+  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? 2 : 3, 0);
+  constexpr intptr_t kExplorerWaitEnded = 5;
+  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, kExplorerWaitEnded, 0);
+  emit ChooserGone();
+  Touch();
+}
+
+}  // namespace panel

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "ui/error_indicator.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/shortcuts.h"
+#include "ui/theme.h"
+
+namespace panel {
+
+QString NameOfKind(ErrorKind kind) {
+  return Say(static_cast<Word>(static_cast<int>(Word::kKindError) + static_cast<int>(kind)));
+}
+
+ErrorIndicator::ErrorIndicator(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::TabFocus);
+  setToolTip(TooltipOf(Action::kErrorList));
+  Show({}, 0);
+}
+
+void ErrorIndicator::Show(const ErrorSign& sign, int standing) {
+  if (sign == sign_ && standing == standing_) return;
+  const bool otherFlash = sign.flashPeriod != sign_.flashPeriod || (sign.count > 0) != (sign_.count > 0);
+  sign_ = sign;
+  standing_ = standing;
+  if (otherFlash) StartFlash();
+  const QString count = QString::number(Count());
+  setText(Count() == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, count));
+  setAccessibleName(sign_.count > 0 ? Say(Word::kErrorSign).arg(count, NameOfKind(sign_.kind)) : text());
+  update();
+}
+
+void ErrorIndicator::StartFlash() {
+  // Nobody sees a shorter one, and it would only keep the processor awake.
+  constexpr int kShortest = 50;
+  inverted_ = false;
+  flash_.stop();
+  if (sign_.count > 0 && sign_.flashPeriod > 0) flash_.start(std::max(sign_.flashPeriod, kShortest), this);
+}
+
+void ErrorIndicator::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  update();
+}
+
+void ErrorIndicator::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != flash_.timerId()) return QAbstractButton::timerEvent(event);
+  inverted_ = !inverted_;
+  update();
+}
+
+void ErrorIndicator::keyPressEvent(QKeyEvent* event) {
+  // A bare panel keyboard has Enter where a desk has the space bar.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+QColor ErrorIndicator::Fill() const {
+  if (Count() == 0) return QColor(theme::kSurface);
+  if (sign_.count == 0) return QColor(theme::kRed);
+  return inverted_ ? QColor(Qt::white) : theme::FromColorRef(ColorOfKind(sign_.kind));
+}
+
+QColor ErrorIndicator::Ink() const {
+  if (Count() == 0) return QColor(theme::kMuted);
+  if (sign_.count == 0) return QColor(theme::kText);
+  return inverted_ ? theme::FromColorRef(ColorOfKind(sign_.kind)) : QColor(Qt::white);
+}
+
+void ErrorIndicator::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor edge = hasFocus() ? QColor(theme::kAccent) : QColor(theme::kBorder);
+  theme::DrawField(painter, rect(), isDown() ? QColor(theme::kPressed) : Fill(), edge, 6);
+  theme::DrawText(painter, rect().adjusted(6, 0, -6, 0), Qt::AlignCenter, text(),
+                  theme::FittingFont(text(), width() - 12, fontPixels_, 11, Count() != 0), Ink());
+}
+
+}  // namespace panel

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "ui/error_list.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScroller>
+#include <algorithm>
+
+#include "ui/panel_key.h"
+#include "ui/question.h"
+#include "ui/theme.h"
+#include "ui/words.h"
+
+namespace panel {
+namespace {
+
+constexpr int kPad = 10;
+
+QListView* MakeList(ErrorListModel* model, ErrorRowDelegate* delegate, QWidget* parent) {
+  auto* list = new QListView(parent);
+  list->setModel(model);
+  list->setItemDelegate(delegate);
+  list->setFrameShape(QFrame::NoFrame);
+  list->setUniformItemSizes(true);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  QScroller::grabGesture(list->viewport(), QScroller::TouchGesture);
+  return list;
+}
+
+}  // namespace
+
+void ErrorRowDelegate::SetSizes(int fontPixels, int rowHeight) {
+  fontPixels_ = fontPixels;
+  rowHeight_ = rowHeight;
+}
+
+QSize ErrorRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const {
+  return {100, rowHeight_};
+}
+
+void ErrorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QRect row = option.rect.adjusted(0, 1, 0, -1);
+  const bool chosen = (option.state & QStyle::State_Selected) != 0;
+  const QColor fill(chosen ? theme::kPressed : theme::kRaised);
+  painter->save();
+  theme::DrawField(*painter, row, fill, fill, 4);
+  const auto color = index.data(ErrorListModel::kColorRole).value<QColor>();
+  const QFont strong = theme::Font(fontPixels_, true);
+  const QString name = index.data(ErrorListModel::kNameRole).toString();
+  const QRect body = row.adjusted(kPad, 2, -kPad, -2);
+  const int middle = body.top() + body.height() * 11 / 20;
+  const QRect upper(body.left(), body.top(), body.width(), middle - body.top());
+  const QString time = index.data(ErrorListModel::kTimeRole).toString();
+  const int timeWidth = QFontMetrics(theme::Font(fontPixels_)).horizontalAdvance(time) + kPad;
+  theme::DrawText(*painter, upper, Qt::AlignLeft | Qt::AlignVCenter, time, theme::Font(fontPixels_),
+                  QColor(theme::kText));
+  // The kind in its colour, on a field of its own: the words say it too.
+  const int nameWidth = QFontMetrics(strong).horizontalAdvance(name) + 2 * kPad;
+  const QRect field(upper.left() + timeWidth, upper.top() + 1, nameWidth, upper.height() - 2);
+  theme::DrawField(*painter, field, color, color, 4);
+  theme::DrawText(*painter, field, Qt::AlignCenter, name, strong, Qt::white);
+  theme::DrawText(*painter, upper.adjusted(timeWidth + nameWidth + kPad, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                  index.data().toString(), strong, QColor(theme::kText));
+  theme::DrawText(*painter, QRect(body.left(), middle, body.width(), body.bottom() + 1 - middle),
+                  Qt::AlignLeft | Qt::AlignVCenter, index.data(ErrorListModel::kDetailsRole).toString(),
+                  theme::Font(fontPixels_ * 9 / 10), QColor(chosen ? theme::kText : theme::kMuted));
+  painter->restore();
+}
+
+ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
+    : QWidget(parent),
+      desk_(desk),
+      model_(new ErrorListModel(this)),
+      delegate_(new ErrorRowDelegate(this)),
+      list_(MakeList(model_, delegate_, this)),
+      details_(new QPlainTextEdit(this)),
+      back_(new PanelKey(this)) {
+  setAccessibleName(Say(Word::kErrorListTitle));
+  list_->setAccessibleName(Say(Word::kErrorListTitle));
+  list_->installEventFilter(this);
+  details_->setReadOnly(true);
+  details_->setFrameShape(QFrame::NoFrame);
+  details_->setFocusPolicy(Qt::NoFocus);
+  back_->setText(Say(Word::kBack));
+  back_->setAccessibleName(back_->text());
+  back_->SetKeyName(QStringLiteral("Esc"));
+  connect(back_, &PanelKey::clicked, this, &ErrorListCover::Leave);
+  connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ErrorListCover::ShowDetails);
+  hide();
+}
+
+// A gesture that nobody gives back stays with the program.
+ErrorListCover::~ErrorListCover() { QScroller::ungrabGesture(list_->viewport()); }
+
+void ErrorListCover::Open() {
+  stands_ = true;
+  revision_.reset();
+  Update();
+  list_->setCurrentIndex(model_->index(0));
+  list_->scrollToTop();
+  show();
+  raise();
+  list_->setFocus();
+}
+
+void ErrorListCover::Leave() {
+  if (!stands_) return;
+  stands_ = false;
+  floodEnd_.stop();
+  hide();
+  emit Left();
+}
+
+void ErrorListCover::Update() {
+  if (!stands_ || revision_ == desk_.History().Revision()) return;
+  revision_ = desk_.History().Revision();
+  Read();
+}
+
+void ErrorListCover::Read() {
+  const std::int64_t chosen = model_->IdAt(list_->currentIndex().row());
+  model_->Take(desk_.History(), desk_.Now());
+  // The operator goes on reading the row he had, wherever it stands now.
+  if (const int row = model_->RowOf(chosen); row >= 0) list_->setCurrentIndex(model_->index(row));
+  ReadNotes();
+  ShowDetails();
+}
+
+void ErrorListCover::ReadNotes() {
+  notes_ = NotesOf(desk_.History());
+  floodEnd_.stop();
+  if (const auto end = desk_.History().FloodEnd()) {
+    const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(*end - desk_.Now());
+    floodEnd_.start(static_cast<int>(std::max<std::int64_t>(wait.count(), 0)) + 1, this);
+  }
+  Place();
+  update();
+}
+
+void ErrorListCover::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != floodEnd_.timerId()) return QWidget::timerEvent(event);
+  ReadNotes();
+}
+
+void ErrorListCover::ShowDetails() {
+  const QModelIndex index = list_->currentIndex();
+  QStringList lines;
+  if (model_->rowCount() == 0) lines << Say(Word::kErrorListEmpty);
+  if (index.isValid()) {
+    lines << index.data(ErrorListModel::kNameRole).toString() + QStringLiteral(": ") + index.data().toString()
+          << index.data(ErrorListModel::kDetailsRole).toString();
+  }
+  details_->setPlainText(lines.join(QLatin1Char('\n')));
+}
+
+void ErrorListCover::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  delegate_->SetSizes(pixels, std::max(theme::TouchPixels(*this), pixels * 7 / 2));
+  details_->setFont(theme::Font(pixels));
+  back_->SetFontPixels(pixels);
+  list_->doItemsLayout();
+  Place();
+}
+
+void ErrorListCover::Place() {
+  const int row = std::max(theme::TouchPixels(*this), fontPixels_ * 3);
+  const int line = fontPixels_ * 2;
+  const int top = line + line * static_cast<int>(notes_.size()) + kPad / 2;
+  const int bottom = std::max(row, fontPixels_ * 5);
+  const int key = std::max(fontPixels_ * 8, 2 * row);
+  const int low = height() - kPad - bottom;
+  list_->setGeometry(kPad, top, width() - 2 * kPad, std::max(0, low - kPad / 2 - top));
+  back_->setGeometry(width() - kPad - key, height() - kPad - row, key, row);
+  details_->setGeometry(kPad, low, back_->x() - 2 * kPad, bottom);
+}
+
+void ErrorListCover::resizeEvent(QResizeEvent*) { Place(); }
+
+void ErrorListCover::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor(theme::kBackground));
+  theme::DrawField(painter, rect(), QColor(theme::kBackground), QColor(theme::kAccent), 8);
+  const int line = fontPixels_ * 2;
+  QRect at(kPad + 2, 0, width() - 2 * kPad - 4, line);
+  theme::DrawText(painter, at, Qt::AlignLeft | Qt::AlignVCenter, Say(Word::kErrorListTitle),
+                  theme::Font(fontPixels_ * 9 / 8, true), QColor(theme::kText));
+  for (const QString& note : notes_) {
+    at.translate(0, line);
+    const QRect field = at.adjusted(-2, 1, 2, -1);
+    theme::DrawField(painter, field, QColor(theme::kAmber), QColor(theme::kAmber), 4);
+    theme::DrawText(painter, at.adjusted(kPad, 0, -kPad, 0), Qt::AlignLeft | Qt::AlignVCenter, note,
+                    theme::Font(fontPixels_, true), QColor(theme::kDark));
+  }
+}
+
+bool ErrorListCover::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list_ && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool ends = key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (ends) {
+      Leave();
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void ErrorListCover::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return Leave();
+  // Nothing behind the cover hears a key while it stands.
+  event->accept();
+}
+
+bool ErrorListCover::focusNextPrevChild(bool next) { return FocusAmong({list_, back_}, next); }
+
+}  // namespace panel

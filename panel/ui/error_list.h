@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// The list of the session's errors, a cover over the panel: the last ones first, notes above them, the chosen one in
+// full below. Big rows for touch, arrow keys for the keyboard. It reads the history only while it stands.
+#pragma once
+
+#include <QBasicTimer>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QStyledItemDelegate>
+#include <QWidget>
+#include <optional>
+
+#include "host/error_desk.h"
+#include "ui/error_list_model.h"
+
+namespace panel {
+
+class PanelKey;
+
+/// Two lines a row: time, name and text; what became of it.
+class ErrorRowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void SetSizes(int fontPixels, int rowHeight);
+
+ private:
+  int fontPixels_ = 16;
+  int rowHeight_ = 48;
+};
+
+class ErrorListCover : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// desk must outlive it.
+  ErrorListCover(const ErrorDesk& desk, QWidget* parent);
+  ~ErrorListCover() override;
+  /// Shows it and takes the keyboard.
+  void Open();
+  /// Hides it and tells with Left.
+  void Leave();
+  /// Reads the history anew if it changed.
+  void Update();
+  [[nodiscard]] bool Stands() const { return stands_; }
+  [[nodiscard]] QListView& List() const { return *list_; }
+  [[nodiscard]] const QStringList& Notes() const { return notes_; }
+  [[nodiscard]] QString Details() const { return details_->toPlainText(); }
+  [[nodiscard]] PanelKey* BackKey() const { return back_; }
+  void SetFontPixels(int pixels);
+
+ signals:
+  void Left();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  void Read();
+  void ReadNotes();
+  void ShowDetails();
+  void Place();
+  const ErrorDesk& desk_;
+  ErrorListModel* model_;
+  ErrorRowDelegate* delegate_;
+  QListView* list_;
+  QPlainTextEdit* details_;
+  PanelKey* back_;
+  QStringList notes_;
+  QBasicTimer floodEnd_;  // so that the flood's line goes when nothing happens any more
+  std::optional<std::int64_t> revision_;
+  bool stands_ = false;
+  int fontPixels_ = 16;
+};
+
+}  // namespace panel

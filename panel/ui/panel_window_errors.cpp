@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// The window's side of the errors: the indicator's press, help and list over the panel, the question whether to close,
+// and who stands in front of whom.
+#include "ui/error_help.h"
+#include "ui/error_list.h"
+#include "ui/file_chooser.h"
+#include "ui/panel_window.h"
+#include "ui/program_editor.h"
+#include "ui/question.h"
+#include "ui/soft_key_bar.h"
+#include "ui/status_strip.h"
+
+namespace panel {
+
+void PanelWindow::ConnectErrors() {
+  connect(&status_->Indicator(), &ErrorIndicator::clicked, this, &PanelWindow::OnErrorSign);
+  connect(errorHelp_, &ErrorHelpCover::Left, this, [this] {
+    op_.Desk().CloseHelp();
+    ShowErrors();
+  });
+  connect(errorList_, &ErrorListCover::Left, this, &PanelWindow::FocusBehind);
+  connect(&op_.Desk(), &ErrorDesk::CloseAsked, this, &PanelWindow::AskToClose);
+  connect(mainBar_, &SoftKeyBar::Left, this, [this] {
+    faultKeys_ = false;
+    ShowBars();
+  });
+}
+
+void PanelWindow::OnErrorSign() {
+  if (op_.Desk().WindowShown() || !op_.Desk().BringBack()) Trigger(Action::kErrorList);
+}
+
+void PanelWindow::ShowErrors() {
+  LetErrorsPass();
+  const bool stood = errorHelp_->Stands();
+  errorHelp_->Show(op_.Desk().Help());
+  if (stood && !errorHelp_->Stands() && !op_.Desk().WindowShown() && !Covered()) FocusBehind();
+  errorList_->Update();
+}
+
+void PanelWindow::LetErrorsPass() {
+  const bool shown = op_.Desk().WindowShown();
+  if (shown == errorWindow_) return;
+  errorWindow_ = shown;
+  if (shown) errorList_->Leave();
+  // A window that nobody sees must not have the keyboard: what asked before waits until the errors are seen.
+  for (QWidget* cover : std::initializer_list<QWidget*>{chooser_, question_}) {
+    const bool stands = cover == chooser_ ? chooser_->Stands() : question_->Stands();
+    if (!stands || cover->isVisible() != shown) continue;
+    cover->setVisible(!shown);
+    if (shown) continue;
+    cover->raise();
+    if (cover == chooser_) {
+      chooser_->NameEdit().setFocus();
+    } else {
+      question_->FocusCareful();
+    }
+  }
+  if (shown) FocusBehind();
+}
+
+void PanelWindow::AskToClose() {
+  LetErrorsPass();
+  const QString text = Say(Word::kCloseAsked);
+  if (answer_) return op_.Desk().AnswerClose(answer_(text));
+  question_->Ask(text, {Say(Word::kClosePanel), Say(Word::kKeepRunning)}, [this](int index) {
+    op_.Desk().AnswerClose(index == 0);
+    FocusBehind();
+  });
+}
+
+void PanelWindow::FocusBehind() {
+  const int front = session_.FrontTool();
+  if (front < 0) return editor_->setFocus();
+  HostSession::FocusWithin(session_.ToolWindow(front));
+}
+
+}  // namespace panel
