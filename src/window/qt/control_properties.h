@@ -15,6 +15,8 @@ inline constexpr const char* kId = "pnlId";
 inline constexpr const char* kKind = "pnlKind";
 // A control that lies beside its window, not in it: the window's handle.
 inline constexpr const char* kOwner = "pnlOwner";
+// A host's main window: the widget in which its tools have their room, as a QWidget*. It must live as long.
+inline constexpr const char* kPanelArea = "pnlPanelArea";
 // Themed controls.
 inline constexpr const char* kBack = "pnlBack";
 inline constexpr const char* kFore = "pnlFore";

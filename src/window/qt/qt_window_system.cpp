@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include "window/qt/control_properties.h"
 #include "window/qt/pnl_event.h"
 #include "window/qt/qt_text.h"
 
@@ -55,6 +56,9 @@ void QtWindowSystem::Post(WindowHandle window, const Message& message) {
 Rect QtWindowSystem::PanelRect() const {
   const QWidget* widget = WidgetOf(mainWindow_);
   if (widget == nullptr) return {0, 0, 800, 600};
+  // A host whose tools have only a part of its window names that part.
+  const QWidget* area = widget->property(property::kPanelArea).value<QWidget*>();
+  if (area != nullptr) return {0, 0, area->width(), area->height()};
   const QPoint origin = widget->mapToGlobal(QPoint(0, 0));
   return {origin.x(), origin.y(), origin.x() + widget->width(), origin.y() + widget->height()};
 }

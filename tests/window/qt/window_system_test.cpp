@@ -262,6 +262,15 @@ TEST_F(WindowSystemTest, ThePanelsRectangleIsTheMainWindowsOnTheScreen) {
   EXPECT_EQ(windows_.PanelRect(), (Rect{0, 0, 800, 600}));
 }
 
+TEST_F(WindowSystemTest, AMainWindowMayNameThePartInWhichItsToolsHaveTheirRoom) {
+  host_.setGeometry(20, 30, 400, 300);
+  QWidget area(&host_);
+  area.setGeometry(5, 60, 320, 200);
+  host_.setProperty(property::kPanelArea, QVariant::fromValue(&area));
+  windows_.SetMainWindow(registry_.Attach(&host_, nullptr, nullptr));
+  EXPECT_EQ(windows_.PanelRect(), (Rect{0, 0, 320, 200})) << "in that part's own coordinates";
+}
+
 TEST_F(WindowSystemTest, TheClipboardKeepsEveryCharacter) {
   windows_.SetClipboardText(u"G1 X10 ; Ñ €\tá\n");
   EXPECT_EQ(windows_.ClipboardText(), u"G1 X10 ; Ñ €\tá\n");
