@@ -13,6 +13,8 @@
 namespace pnl {
 namespace {
 
+/// Left and right of the text, so that it doesn't stick to the edge.
+constexpr int kPadding = 6;
 constexpr std::uint32_t kLines = draw::kWordBreak | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 
 }  // namespace
@@ -41,10 +43,12 @@ void ErrorTextWidget::SetCentred(bool centred) {
 }
 
 int ErrorTextWidget::HeightOf(const QString& text, int width) const {
-  return MeasureText(QFontMetrics(font_), width, text, kLines).height();
+  return MeasureText(QFontMetrics(font_), std::max(width - 2 * kPadding, 1), text, kLines).height();
 }
 
-int ErrorTextWidget::WidthOf(const QString& text) const { return QFontMetrics(font_).horizontalAdvance(text); }
+int ErrorTextWidget::WidthOf(const QString& text) const {
+  return QFontMetrics(font_).horizontalAdvance(text) + 2 * kPadding;
+}
 
 uint ErrorTextWidget::Back() const { return kErrorPanelColor; }
 
@@ -53,11 +57,11 @@ void ErrorTextWidget::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), ToQColor(kErrorPanelColor));
   painter.setFont(font_);
   painter.setPen(ToQColor(Fore()));
-  QRect area = rect();
+  QRect area = rect().adjusted(kPadding, 0, -kPadding, 0);
   std::uint32_t flags = kLines;
   if (centred_) {
     flags |= draw::kCenter;
-    const int height = HeightOf(text_, area.width());
+    const int height = HeightOf(text_, width());
     area.setTop(area.top() + std::max((area.height() - height) / 2, 0));
   }
   DrawText(painter, area, text_, flags);

@@ -24,6 +24,7 @@ class ErrorTextWidget : public QWidget {
   void SetCentred(bool centred);
   /// Of the text broken into lines at that width.
   [[nodiscard]] int HeightOf(const QString& text, int width) const;
+  /// Of a widget that shows the text in one line.
   [[nodiscard]] int WidthOf(const QString& text) const;
   [[nodiscard]] uint Back() const;
   [[nodiscard]] uint Fore() const { return 0; }
