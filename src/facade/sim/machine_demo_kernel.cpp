@@ -20,7 +20,7 @@ void DemoMachine::SetInt(TextView name, int value) { environment_.Set(name, stat
 void DemoMachine::SetLanguage(std::string_view code) {
   language_ = code.substr(0, 2) == "es" ? MachineLanguage::kSpanish : MachineLanguage::kEnglish;
   for (const FaultText& entry : FaultTexts()) {
-    environment_.SetErrorText(kKernelTexts, entry.number, Text(kSeparator) + Text(Wording(entry.code, language_)),
+    environment_.SetErrorText(kKernelTexts, entry.number, Text(kSeparator).append(Wording(entry.code, language_)),
                               HelpRefOf(entry.number, language_));
   }
   for (const TableText& entry : RaisedTexts()) {

@@ -106,7 +106,7 @@ void PutFact(RecordMaker& maker, const FaultFact& fact, bool inches) {
 
 /// At most that many units, the last of them telling that there was more.
 Text Cut(TextView text, std::size_t units) {
-  return text.size() <= units ? Text(text) : Text(text.substr(0, units - 1)) + u'…';
+  return text.size() <= units ? Text(text) : Text(text.substr(0, units - 1)).append(1, u'…');
 }
 
 void PutDiagnosis(RecordMaker& maker, const Diagnosis& diagnosis, TextView block) {
@@ -119,7 +119,7 @@ void PutDiagnosis(RecordMaker& maker, const Diagnosis& diagnosis, TextView block
 
 /// A line of its own, which takes no caption from the error display.
 Text BlockLine(TextView block, MachineLanguage language) {
-  return (language == MachineLanguage::kSpanish ? u"\nBloque: " : u"\nBlock: ") + Text(block);
+  return Text(language == MachineLanguage::kSpanish ? u"\nBloque: " : u"\nBlock: ").append(block);
 }
 
 }  // namespace
@@ -129,11 +129,11 @@ std::span<const FaultText> FaultTexts() { return kFaultTexts; }
 std::int32_t FaultNumber(FaultCode code) { return Entry(code).number; }
 
 Text DescriptionFile(std::string_view language) {
-  return u"C:\\CNC\\HELP\\ERRORS\\" + FromUtf8(language) + u"\\MACHINE.TXT";
+  return Format(u"C:\\CNC\\HELP\\ERRORS\\%s\\MACHINE.TXT", FromUtf8(language));
 }
 
 Text HelpRefOf(std::int32_t number, MachineLanguage language) {
-  return DescriptionFile(language == MachineLanguage::kSpanish ? "es" : "en") + Format(u"#%d", number);
+  return Format(u"%s#%d", DescriptionFile(language == MachineLanguage::kSpanish ? "es" : "en"), number);
 }
 
 TextView Wording(FaultCode code, MachineLanguage language) {

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// Who keeps a list of errors hears of each one that comes and goes, before the variables report it.
+#include "support/sim_fixture.h"
+
+namespace pnl::sim {
+namespace {
+
+using Fate = rig::CncControl::ErrorFate;
+using Summary = rig::CncControl::ErrorSummary;
+
+class ErrorWatchTest : public test::SimFixture {
+ protected:
+  void Push(std::int64_t number, std::int64_t source = 0) {
+    rig::ErrorSpec spec;
+    spec.fields = {{"number", number}, {"source", source}};
+    std::string problem;
+    ASSERT_TRUE(cnc.PushError(spec, problem)) << problem;
+  }
+  int Watch(std::string name = "") {
+    return cnc.WatchErrors([this, name](const Summary& error, Fate fate) {
+      constexpr const char* kFates[] = {"raised", "acknowledged", "confirmed", "cleared"};
+      heard += name + kFates[static_cast<int>(fate)] + " " + std::to_string(error.number) + "#" +
+               std::to_string(error.serial) + " of " + Get(u"E.NERRORS") + "; ";
+    });
+  }
+  std::string Heard() { return std::exchange(heard, {}); }
+  std::string heard;
+};
+
+TEST_F(ErrorWatchTest, EveryWayInAndOutIsTold) {
+  cnc.ClearErrors();
+  const int watch = Watch();
+  Push(5);
+  Push(6);
+  Push(7);
+  EXPECT_EQ(Heard(), "raised 5#1 of 0; raised 6#2 of 1; raised 7#3 of 2; ") << "before the count is reported";
+  ErrorRecord shown{};
+  cnc.Kapi().ReadError(1, shown);
+  cnc.Kapi().ResetErrorWithEnter(0, shown);
+  EXPECT_EQ(Heard(), "confirmed 6#2 of 3; ");
+  cnc.Kapi().ResetError(0, 1);
+  EXPECT_EQ(Heard(), "acknowledged 5#1 of 2; ");
+  cnc.Kapi().ResetError(9, 1);
+  EXPECT_EQ(Heard(), "");
+  Push(8);
+  Heard();
+  cnc.ClearErrors();
+  EXPECT_EQ(Heard(), "cleared 7#3 of 2; cleared 8#4 of 2; ");
+  cnc.UnwatchErrors(watch);
+  Push(9);
+  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(cnc.Errors().at(0).serial, 5) << "a serial is never used twice";
+}
+
+TEST_F(ErrorWatchTest, AWatcherMayEndItselfAndTheNext) {
+  cnc.ClearErrors();
+  int first = 0;
+  int second = 0;
+  first = cnc.WatchErrors([&](const Summary&, Fate) {
+    cnc.UnwatchErrors(first);
+    cnc.UnwatchErrors(second);
+    Watch("late ");
+  });
+  second = Watch("second ");
+  Watch("third ");
+  Push(5);
+  EXPECT_EQ(Heard(), "third raised 5#1 of 0; ");
+  Push(6);
+  EXPECT_EQ(Heard(), "third raised 6#2 of 1; late raised 6#2 of 1; ");
+}
+
+TEST_F(ErrorWatchTest, AWatcherMayTakeTheErrorOutAtOnce) {
+  cnc.WatchErrors([&](const Summary&, Fate fate) {
+    if (fate == Fate::kRaised) cnc.Kapi().ResetError(-1, 1);
+  });
+  Push(5);
+  EXPECT_TRUE(cnc.ErrorQueue().empty());
+  EXPECT_EQ(Get(u"E.NERRORS"), "0");
+}
+
+TEST_F(ErrorWatchTest, TheSummaryTellsSourceIdentifierModuleAndPlainParameters) {
+  rig::ErrorSpec spec;
+  spec.fields = {{"number", std::int64_t{5}},
+                 {"source", std::int64_t{13}},
+                 {"identifier", std::int64_t{-77}},
+                 {"module", std::u16string(u"DRV")}};
+  spec.parameters = {
+      {7, 1, 9, std::int64_t{12345}}, {0, 0, 0, {}}, {8, 11, 1, 1.5}, {17, 0, 0, std::u16string(u"\nX5")}};
+  std::string problem;
+  ASSERT_TRUE(cnc.PushError(spec, problem)) << problem;
+  const Summary error = cnc.Errors().at(0);
+  EXPECT_EQ(error.source, 13);
+  EXPECT_EQ(error.identifier, -77);
+  EXPECT_EQ(error.module, u"DRV");
+  EXPECT_EQ(error.text, u"");
+  EXPECT_THAT(error.parameters, testing::ElementsAre(u"12345", u"1.5", u"X5"));
+}
+
+TEST_F(ErrorWatchTest, TheTextIsThatOfTheSourcesTable) {
+  const struct {
+    std::int64_t source;
+    std::int64_t severity;
+    TextView text;
+  } rows[] = {
+      {0, 1, u"error_to_txt"},
+      {1, 0, u"error_to_txt"},
+      {10, 1, u"ReadPLCError"},
+      {10, 0, u"ReadPLCError"},
+      {13, 1, u"error_drive_to_txt"},
+      {13, 0, u"warning_drive_to_txt"},
+      {14, 7, u"error_unknown_drive_to_txt"},
+      {14, 0, u"warning_unknown_drive_to_txt"},
+      {16, 1, u"error_mlink_to_txt"},
+      {16, 0, u"warning_drive_to_txt"},
+      {17, 1, u"error_CS_to_txt"},
+      {17, 0, u"warning_CS_to_txt"},
+      {19, 1, u"emcy_Copen_to_txt"},
+  };
+  for (const ErrorTextFunction function : kErrorTextFunctions) {
+    const std::string name = ErrorTextFunctionName(function);
+    cnc.ErrorText(name, name == "emcy_Copen_to_txt" ? 0 : 5, FromUtf8("|" + name), u"", false);
+  }
+  for (const auto& row : rows) {
+    cnc.ClearErrors();
+    rig::ErrorSpec spec;
+    spec.fields = {{"number", std::int64_t{5}}, {"source", row.source}, {"severity", row.severity}};
+    std::string problem;
+    ASSERT_TRUE(cnc.PushError(spec, problem)) << problem;
+    EXPECT_EQ(cnc.Errors().at(0).text, row.text) << row.source << " " << row.severity;
+  }
+}
+
+TEST_F(ErrorWatchTest, ADescriptionIsFoundBehindItsReference) {
+  cnc.Description(u"C:\\D.TXT", 7, u"Seven");
+  cnc.Description(u"C:\\D.TXT", -7, u"Minus seven");
+  const struct {
+    TextView reference;
+    std::optional<Text> text;
+  } rows[] = {
+      {u"C:\\D.TXT#7", u"Seven"},
+      {u"C:\\D.TXT# \t+7x", u"Seven"},
+      {u"C:\\D.TXT#-7", u"Minus seven"},
+      {u"C:\\D.TXT#8", {}},
+      {u"C:\\E.TXT#7", {}},
+      {u"C:\\D.TXT", {}},
+      {u"#7", {}},
+      {u"", {}},
+      {u"C:\\D.TXT#", {}},
+      {u"C:\\D.TXT#x7", {}},
+      {u"C:\\D.TXT#--7", {}},
+      {u"C:\\D.TXT#99999999999", {}},
+  };
+  for (const auto& row : rows) EXPECT_EQ(cnc.DescriptionBehind(row.reference), row.text) << ToUtf8(row.reference);
+}
+
+TEST_F(ErrorWatchTest, TenThousandErrorsAreToldOneByOne) {
+  std::int64_t heardOf = 0;
+  cnc.WatchErrors([&](const Summary&, Fate) { ++heardOf; });
+  for (int i = 0; i < 10'000; ++i) Push(i);
+  cnc.ClearErrors();
+  EXPECT_EQ(heardOf, 20'000);
+}
+
+}  // namespace
+}  // namespace pnl::sim
