@@ -43,7 +43,7 @@ class BenchKernel final : public pnl::Kernel {
  public:
   int ChannelNumber() override { return 4; }
   int ConvertLogToName(int, Text& name) override {
-    name = u"X";
+    name.assign(1, u'X');
     return 0;
   }
   int ExisteKernel() override { return 0; }
