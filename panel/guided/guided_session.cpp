@@ -5,9 +5,9 @@
 #include <cstdio>
 
 #include "guided/calculator_steps.h"
+#include "guided/error_steps.h"
 #include "guided/hands.h"
 #include "ui/file_chooser.h"
-#include "ui/message_zone.h"
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -84,18 +84,18 @@ std::vector<Step> LaterSteps() {
          h.Key(Qt::Key_Down);
          return ran;
        }},
-      {"refused", "a block the machine doesn't know is refused, and the panel says why",
+      {"refused", "a block the machine doesn't know is refused, and the error window says why",
        [](Hands& h) {
          h.Key(Qt::Key_Escape);
          h.Type(QStringLiteral("G999"));
          h.Start();
-         return !h.op_.Errors().empty() && !h.window_.Zone().Lines().empty();
+         return ErrorWindowStands(h);
        }},
       {"cleared", "the error is acknowledged",
        [](Hands& h) {
          h.Press(Action::kClearError);
          for (int i = 0; i < 4; ++i) h.Key(Qt::Key_Backspace);
-         return h.op_.Errors().empty();
+         return h.op_.Desk().Standing() == 0;
        }},
       {"mda", "the MDA list holds every block that ran",
        [](Hands& h) {
@@ -133,7 +133,7 @@ std::vector<Step> GlanceSteps() {
        [](Hands& h) {
          h.Type(QStringLiteral("G999"));
          h.Start();
-         return !h.window_.Zone().Lines().empty();
+         return ErrorWindowStands(h);
        }},
       CalculatorGlance(),
   };
@@ -154,6 +154,7 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
   if (tour == Tour::kWhole) {
     for (auto& step : LaterSteps()) steps.push_back(std::move(step));
     for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
+    for (auto& step : ErrorSteps()) steps.push_back(std::move(step));
   }
   int number = first;
   for (const Step& step : steps) {

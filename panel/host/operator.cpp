@@ -299,6 +299,10 @@ void Operator::SendCommand(int tool, int id) {
 void Operator::OnCalled(const HostCall& call) {
   if (!session_.Reacting()) return;
   switch (call.slot) {
+    case 1:
+      // The help stands in the window's place, never beside it.
+      if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnErrorsGone();
+      return;
     case 2:
       return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
     case 8:

@@ -12,6 +12,7 @@ namespace panel::test {
 namespace {
 
 constexpr int kMdi = 6;
+constexpr int kPanel = 2;  // the panel's own window, the one after the tool area: the chooser belongs to it
 constexpr int kCommand = 0x802;
 constexpr int kOpen = 2;
 constexpr int kClose = 5;
@@ -131,10 +132,8 @@ TEST_F(DemoMdi, TheListIsSavedAsAProgramThroughThePanelsOwnChooser) {
   client.Tell(mdi, kCommand, kSwitchRole);
   client.Call("ui.command", {{"window", mdi}, {"id", 32775}});
   EXPECT_EQ(client.Call("xplr.record").toObject()["Title"], "Save program");
-  // The chooser belongs to the panel, whose own window is the one after the tool area.
-  const int panel = mdi - 1;
-  client.Call("ui.type", {{"window", panel}, {"text", "PART7.nc"}});
-  client.Call("ui.key", {{"window", panel}, {"key", "Enter"}});
+  client.Call("ui.type", {{"window", kPanel}, {"text", "PART7.nc"}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "Enter"}});
   EXPECT_EQ(temp.Read("root/CNC/PROGRAMS/PART7.nc"),
             "(------------- CREATED BY MDI -------------)\n% PART7\nG0 X1\nM5\nM30");
   EXPECT_EQ(client.Call("xplr.record").toObject()["File"], "PART7.nc");
@@ -150,12 +149,11 @@ TEST_F(DemoMdi, AProgramThatCantBeReplacedIsToldInABox) {
   std::filesystem::permissions(temp.Path() / "root/CNC/PROGRAMS/OLD.nc", std::filesystem::perms::owner_read);
   client.Call("ui.command", {{"window", mdi}, {"id", 32775}});
   client.Trace();
-  const int panel = mdi - 1;
-  client.Call("ui.type", {{"window", panel}, {"text", "OLD.nc"}});
-  client.Call("ui.key", {{"window", panel}, {"key", "Enter"}});
+  client.Call("ui.type", {{"window", kPanel}, {"text", "OLD.nc"}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "Enter"}});
   // The panel asks whether the file is to be replaced; the safe answer has the focus.
-  client.Call("ui.key", {{"window", panel}, {"key", "Left"}});
-  client.Call("ui.key", {{"window", panel}, {"key", "Space"}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "Left"}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "Space"}});
   const std::string boxes = client.TraceText({"box"});
   EXPECT_EQ(boxes.substr(0, 12), "box \"error\" ") << boxes;
   EXPECT_NE(boxes.find("OLD.nc"), std::string::npos) << boxes;

@@ -158,7 +158,7 @@ TEST_F(PanelWindowTest, ARefusalShowsInRedUntilItIsCleared) {
   Type("G999");
   Do(Action::kCycleStart);
   ASSERT_EQ(window_->Zone().Lines().size(), 1u);
-  EXPECT_TRUE(ZoneText().contains("G999")) << ZoneText().toStdString();
+  EXPECT_TRUE(ZoneText().contains("Unknown G code")) << ZoneText().toStdString();
   EXPECT_TRUE(ZoneText().startsWith("Error "));
   EXPECT_EQ(window_->Zone().Lines()[0].back, QColor(theme::kRed));
   EXPECT_EQ(window_->Zone().Lines()[0].fore, QColor(Qt::white));
@@ -379,7 +379,13 @@ TEST_F(PanelWindowTest, EveryKeyIsBigEnoughForAFingerAndReachableByTab) {
 TEST_F(PanelWindowTest, EveryItemOfThePanelsOwnMenuMeansOneThing) {
   auto items = PanelMainItems(session_, *op_);
   for (const auto& item : PanelSideItems(session_, *op_)) items.push_back(item);
-  for (const auto& item : items) EXPECT_NE(ActionOfItem(item.id).has_value(), ToolOfItem(item.id) >= 0) << item.id;
+  for (const auto& item : PanelFaultItems(*op_)) items.push_back(item);
+  for (const auto& item : items) {
+    const int meanings = static_cast<int>(ActionOfItem(item.id).has_value()) +
+                         static_cast<int>(ToolOfItem(item.id) >= 0) +
+                         static_cast<int>(FaultOfItem(item.id) != nullptr) + static_cast<int>(item.id == kFaultsItem);
+    EXPECT_EQ(meanings, 1) << item.id;
+  }
   EXPECT_FALSE(ActionOfItem(-1).has_value());
 }
 

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "guided/error_steps.h"
+
+#include "ui/error_help.h"
+#include "ui/error_indicator.h"
+#include "ui/error_list.h"
+#include "ui/program_desk.h"
+#include "ui/program_editor.h"
+#include "ui/status_strip.h"
+
+namespace panel {
+namespace {
+
+using Fault = pnl::rig::MachineControl::Fault;
+
+void Raise(Hands& hands, Fault fault) {
+  for (const DemoFault& row : DemoFaults()) {
+    if (row.fault == fault) hands.op_.RaiseFault(row, hands.window_.Desk().CaretSpot());
+  }
+  hands.Settle();
+}
+
+/// The caret into the word at fault of the open program.
+bool PlaceCaret(Hands& hands, const QString& word) {
+  QPlainTextEdit& edit = hands.window_.Editor().Edit();
+  const auto at = edit.toPlainText().indexOf(word);
+  QTextCursor caret = edit.textCursor();
+  caret.setPosition(static_cast<int>(std::max<qsizetype>(at, 0)));
+  edit.setTextCursor(caret);
+  return at >= 0;
+}
+
+}  // namespace
+
+bool ErrorWindowStands(const Hands& hands) { return hands.op_.Desk().WindowShown(); }
+
+std::vector<Step> ErrorSteps() {
+  return {
+      {"error-warning", "a warning of a drive opens the error window in its own colour",
+       [](Hands& h) {
+         Raise(h, Fault::kDriveWarning);
+         return ErrorWindowStands(h);
+       }},
+      {"error-program", "an error in a program shows the file and the word at fault",
+       [](Hands& h) {
+         h.Press(Action::kClearError);
+         h.window_.Desk().Store(QStringLiteral("C:\\POCKET.NC"));
+         PlaceCaret(h, QStringLiteral("F1000"));
+         Raise(h, Fault::kProgramLine);
+         return ErrorWindowStands(h);
+       }},
+      {"error-queue", "three errors: the counters tell how many lie before and behind",
+       [](Hands& h) {
+         Raise(h, Fault::kDriveFault);
+         Raise(h, Fault::kBusFault);
+         h.Key(Qt::Key_Right);
+         return h.op_.Desk().Standing() == 3;
+       }},
+      {"error-help", "the long description stands in the window's place",
+       [](Hands& h) {
+         PnlSendMessage(h.session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
+         h.Settle();
+         return h.window_.ErrorHelpShown().Stands();
+       }},
+      {"error-indicator", "put away, the window leaves a flashing count",
+       [](Hands& h) {
+         h.Key(Qt::Key_Escape);
+         const auto* tool = static_cast<QWidget*>(PnlWidgetOf(h.session_.ToolWindow(PNL_TOOL_ERRORS)));
+         QMouseEvent twice(QEvent::MouseButtonDblClick, QPointF(3, 3), tool->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
+                           Qt::LeftButton, Qt::NoModifier);
+         QCoreApplication::sendEvent(const_cast<QWidget*>(tool), &twice);
+         h.Settle();
+         return h.window_.Status().Indicator().Flashes();
+       }},
+      {"error-list", "the list of the session's errors, and what became of each",
+       [](Hands& h) {
+         h.Press(Action::kErrorList);
+         return h.window_.ErrorsShown().Stands();
+       }},
+      {"error-done", "the indicator brings the window back, and each error is acknowledged",
+       [](Hands& h) {
+         h.Press(Action::kErrorList);
+         for (int i = 0; i < 4 && h.op_.Desk().Standing() > 0; ++i) h.Press(Action::kClearError);
+         return h.op_.Desk().Standing() == 0;
+       }},
+  };
+}
+
+}  // namespace panel

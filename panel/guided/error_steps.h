@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// The guided session's steps with errors: warning, program line, queue, help, list, indicator.
+#pragma once
+
+#include "guided/hands.h"
+
+namespace panel {
+
+[[nodiscard]] std::vector<Step> ErrorSteps();
+/// Whether the error window stands.
+[[nodiscard]] bool ErrorWindowStands(const Hands& hands);
+
+}  // namespace panel
