@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "host/drive_settings.h"
 #include "support/temp_folder.h"
 
@@ -63,6 +66,20 @@ TEST(DriveSettings, FillTheMapAndFallBackToTheUsersDataFolder) {
     EXPECT_EQ(drives.Folder('C').value_or(""), row.c != nullptr ? row.c : "");
     EXPECT_EQ(drives.Folder('D').value_or(""), row.d != nullptr ? row.d : "");
   }
+}
+
+TEST(SharedFiles, LieBesideThePacks) {
+  const test::TempFolder folder;
+  const std::filesystem::path root = folder.Path();
+  std::filesystem::create_directories(root / "one" / "lang");
+  std::filesystem::create_directories(root / "two" / "lang");
+  std::filesystem::create_directories(root / "two" / "errors");
+  std::ofstream(root / "two" / "errors" / "a.txt") << "two";
+  const std::vector<std::string> packs = {(root / "one" / "lang").string(), (root / "two" / "lang").string()};
+  EXPECT_EQ(ReadSharedFile(packs, "errors/a.txt"), "two");
+  EXPECT_EQ(ReadSharedFile(packs, "errors/b.txt"), std::nullopt);
+  EXPECT_EQ(ReadSharedFile(packs, "errors"), std::nullopt) << "a folder is no file";
+  EXPECT_EQ(ReadSharedFile({}, "errors/a.txt"), std::nullopt);
 }
 
 }  // namespace
