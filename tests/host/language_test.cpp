@@ -181,6 +181,14 @@ TEST_F(LanguageTest, SharedTextsComeFromTheModuleOnceAndForAll) {
   EXPECT_TRUE(windows_.boxes.empty());
 }
 
+TEST_F(LanguageTest, AnotherLanguageReadsTheSharedTextsAnew) {
+  language_.Use(PackOf({{{203, u"Error"}}, {}, {}, {}}));
+  const auto& texts = language_.SharedToolTexts();
+  EXPECT_EQ(texts.at(203), u"Error");
+  language_.Use(PackOf({{{203, u"Fallo"}}, {}, {}, {}}));
+  EXPECT_EQ(language_.SharedToolTexts().at(203), u"Fallo");
+}
+
 TEST_F(LanguageTest, WithoutTheModuleTheBoxShowsAndTheTextsAreThoseOfThePackInUse) {
   language_.Use(PackOf({{{203, u"Error"}}, {}, {}, {}}));
   const auto& texts = language_.SharedToolTexts();
