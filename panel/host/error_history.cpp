@@ -106,8 +106,8 @@ bool ErrorHistory::IsConsistent() const {
   ErrorTime before = ErrorTime::max();
   for (const ErrorRow& row : rows_) {
     standing += row.standing.size();
-    const auto left = static_cast<std::size_t>(row.acknowledged + row.confirmed + row.cleared);
-    if (row.standing.size() + left != static_cast<std::size_t>(row.times)) return false;
+    const int left = row.acknowledged + row.confirmed + row.cleared;
+    if (static_cast<int>(row.standing.size()) + left != row.times) return false;
     if (row.first > row.last || row.last > before) return false;
     before = row.last;
   }

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// The indicator of errors: what it says, its colours, its flash, and the message it is driven by.
+#include "ui/error_indicator.h"
+
+#include <gtest/gtest.h>
+
+#include <QTimerEvent>
+
+#include "ui/theme.h"
+#include "ui/words.h"
+
+namespace panel {
+namespace {
+
+struct SignRow {
+  const char* name;
+  qint64 first;
+  qint64 second;
+  ErrorSign sign;
+};
+
+class SignTest : public ::testing::TestWithParam<SignRow> {};
+
+TEST_P(SignTest, TheMessageHoldsFourNumbers) {
+  EXPECT_EQ(ErrorSignOf(GetParam().first, GetParam().second), GetParam().sign);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SignTest,
+    ::testing::Values(SignRow{"none", 0, 0, {}},
+                      SignRow{"warning", (2 << 16) | 1110, (3 << 16) | 500, {1110, ErrorKind::kWarning, 500, 3}},
+                      SignRow{"confirm", (4 << 16) | 1, 1 << 16, {1, ErrorKind::kConfirm, 0, 1}},
+                      SignRow{"many", 0xFFFF, 0xFFFF0000LL, {0xFFFF, ErrorKind::kError, 0, 0xFFFF}},
+                      SignRow{"noClass", 9 << 16, 1 << 16, {0, ErrorKind::kError, 0, 1}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+struct ColorRow {
+  ErrorKind kind;
+  std::uint32_t color;
+  const char* spoken;
+};
+
+TEST(ErrorIndicatorTest, EachClassHasItsColourAndItsWord) {
+  UseWords("en");
+  for (const ColorRow& row : {ColorRow{ErrorKind::kError, 0x0000A0, "Errors: 2, error"},
+                              ColorRow{ErrorKind::kMarked, 0x0000A0, "Errors: 2, error"},
+                              ColorRow{ErrorKind::kWarning, 0x648064, "Errors: 2, warning"},
+                              ColorRow{ErrorKind::kFatal, 0x806480, "Errors: 2, fatal error"},
+                              ColorRow{ErrorKind::kConfirm, 0x806480, "Errors: 2, to be confirmed"}}) {
+    ErrorIndicator indicator(nullptr);
+    indicator.Show({5, row.kind, 0, 2}, 2);
+    EXPECT_EQ(indicator.Fill(), theme::FromColorRef(row.color));
+    EXPECT_EQ(indicator.Ink(), QColor(Qt::white));
+    EXPECT_EQ(indicator.accessibleName(), row.spoken);
+    EXPECT_FALSE(indicator.Flashes()) << "period 0";
+  }
+}
+
+TEST(ErrorIndicatorTest, ItsTimerRunsOnlyWhileItFlashes) {
+  ErrorIndicator indicator(nullptr);
+  EXPECT_FALSE(indicator.Flashes());
+  indicator.Show({5, ErrorKind::kError, 500, 1}, 1);
+  EXPECT_TRUE(indicator.Flashes());
+  indicator.Show({}, 1);
+  EXPECT_FALSE(indicator.Flashes()) << "the window shows the error";
+  EXPECT_EQ(indicator.Count(), 1);
+  EXPECT_EQ(indicator.Fill(), QColor(theme::kRed));
+  indicator.Show({}, 0);
+  EXPECT_EQ(indicator.Fill(), QColor(theme::kSurface));
+  EXPECT_EQ(indicator.text(), Say(Word::kNoErrors));
+}
+
+}  // namespace
+}  // namespace panel
