@@ -117,7 +117,8 @@ Text PlainValue(std::int32_t valueType, const unsigned char* bytes, std::size_t 
 rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t serial, const SimErrorTexts& texts) {
   rig::CncControl::ErrorSummary summary;
   summary.number = record.Get<std::int32_t>(error_field::kNumber.offset);
-  summary.channel = static_cast<int>(record.Get<std::int8_t>(error_field::kChannel.offset));
+  // A number that may be negative, no character.
+  summary.channel = record.Get<std::int8_t>(error_field::kChannel.offset);  // NOLINT(bugprone-signed-char-misuse)
   summary.severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
   summary.source = record.Get<std::int32_t>(error_field::kSource.offset);
   summary.identifier = record.Get<std::int32_t>(error_field::kIdentifier.offset);
