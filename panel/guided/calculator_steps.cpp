@@ -93,7 +93,7 @@ std::vector<Step> LaterSteps() {
          Confirm(h, QStringLiteral("A=150;B=170;N=500000"));
          h.Key(Qt::Key_E, {}, Qt::ControlModifier);
          QLineEdit* line = h.Edit(PNL_TOOL_CALCULATOR);
-         line->setText(QStringLiteral("INTEGRAL(X!") + QStringLiteral("+X!").repeated(40) + QLatin1Char(')'));
+         line->setText(QStringLiteral("INTEGRAL(X!") + QStringLiteral("-X!+X!").repeated(30) + QLatin1Char(')'));
          h.Settle();
          return CalculatorStands(h);
        }},

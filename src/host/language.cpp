@@ -15,7 +15,11 @@ constexpr std::uint64_t kMaxPackSize = 64ull << 20;
 Language::Language(MenuTable& menus, Utilities& utilities, Files& files, WindowSystem& windows)
     : menus_(menus), utilities_(utilities), files_(files), windows_(windows) {}
 
-void Language::Use(LanguagePack pack) { pack_ = std::move(pack); }
+void Language::Use(LanguagePack pack) {
+  pack_ = std::move(pack);
+  // Once means once a language: the next tool to open must not speak the old one.
+  sharedLoaded_ = false;
+}
 
 void Language::SetText(int id, Text text) { overrides_[id] = std::move(text); }
 
