@@ -39,8 +39,10 @@ struct CalcExtent {
 [[nodiscard]] int DialogPixelsX(int units, double scale);
 [[nodiscard]] int DialogPixelsY(int units, double scale);
 [[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
-/// The scale of a screen of that density; 1 for one below 96 dots per inch, or one that can't be true.
-[[nodiscard]] double DialogScale(double dotsPerInch);
+/// The scale that keeps keys as large as a finger on a screen of that density, in steps of a quarter; 1 for one of some
+/// 96 dots per inch or less, or one that can't be true. Never so large that the dialog takes more than half the
+/// parent's width or more than its height, unless it does so at 1.
+[[nodiscard]] double DialogScale(double dotsPerInch, const Rect& parent);
 
 /// Where a note of that size lies: below the window, above it where there is no room, else over its lower edge; always
 /// inside the parent as far as that reaches.

@@ -94,7 +94,7 @@ std::optional<CalcKey> LogicKey(const QKeyEvent& event) {
 
 ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param)
     : ToolWindow(tool_id::kCalculator, parent), context_(context) {
-  const double scale = DialogScale(logicalDpiX());
+  const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);
   setPalette(calc_look::DialogPalette());
