@@ -253,8 +253,8 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCCalc7340::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select the
-  // whole line: a list that closes comes here too.
+  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select
+  // the whole line: a list that closes comes here too.
   for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
     if (list->isVisible() && !list->hasFocus()) {
       list->setFocus(Qt::OtherFocusReason);
