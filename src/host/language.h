@@ -87,8 +87,8 @@ class Language {
   [[nodiscard]] ModuleHandle LoadLanguageLibrary();
   void FreeLanguageLibrary(ModuleHandle module);
 
-  /// The 70 shared texts, filled once for a language by whoever asks first. A language module that can't be had shows the box
-  /// "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.
+  /// The 70 shared texts, filled once for a language by whoever asks first. A language module that can't be had shows
+  /// the box "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.
   [[nodiscard]] const std::map<int, Text>& SharedToolTexts();
 
  private:
