@@ -90,10 +90,10 @@ std::vector<Step> LaterSteps() {
       {"calculator-long", "a long integral says that it is being computed, and gives way to the next key",
        [](Hands& h) {
          Empty(h);
-         Confirm(h, QStringLiteral("A=150;B=170;N=500000"));
+         Confirm(h, QStringLiteral("A=100;B=130;N=500000"));
          h.Key(Qt::Key_E, {}, Qt::ControlModifier);
          QLineEdit* line = h.Edit(PNL_TOOL_CALCULATOR);
-         line->setText(QStringLiteral("INTEGRAL(X!") + QStringLiteral("+X!").repeated(40) + QLatin1Char(')'));
+         line->setText(QStringLiteral("INTEGRAL(X!") + QStringLiteral("-X!+X!").repeated(30) + QLatin1Char(')'));
          h.Settle();
          return CalculatorStands(h);
        }},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "calc/calc_note_widget.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtGui/QPainter>
 
 #include "calc/calc_ids.h"
@@ -13,7 +14,15 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kHeight = 14;
-constexpr int kFormat = Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere | Qt::TextExpandTabs;
+
+/// Lines break between words, and within one only where it is wider than the note.
+int FormatFor(const QFontMetrics& metrics, const QString& text, int width) {
+  int format = Qt::AlignLeft | Qt::AlignTop;
+  for (const QString& word : text.split(QRegularExpression(QStringLiteral("\\s")))) {
+    if (metrics.horizontalAdvance(word) > width) return format | Qt::TextWrapAnywhere;
+  }
+  return format | Qt::TextWordWrap;
+}
 
 }  // namespace
 
@@ -34,7 +43,8 @@ void CalcNoteWidget::SetText(const QString& text) {
 
 void CalcNoteWidget::PlaceBeside(const QRect& window) {
   const QRect room(0, 0, std::max(1, window.width() - 2 * kMargin), QWIDGETSIZE_MAX);
-  const QRect used = QFontMetrics(font()).boundingRect(room, kFormat, text_);
+  const QFontMetrics metrics(font());
+  const QRect used = metrics.boundingRect(room, FormatFor(metrics, text_, room.width()), text_);
   const CalcExtent extent{window.width(), used.height() + 2 * kMargin};
   const Rect area{0, 0, parentWidget()->width(), parentWidget()->height()};
   const Rect beside{window.left(), window.top(), window.left() + window.width(), window.top() + window.height()};
@@ -49,7 +59,8 @@ void CalcNoteWidget::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QColor(calc_look::kEdge));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
   painter.setPen(QColor(calc_look::kText));
-  painter.drawText(rect().adjusted(kMargin, kMargin, -kMargin, -kMargin), kFormat, text_);
+  const QRect room = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  painter.drawText(room, FormatFor(QFontMetrics(font()), text_, room.width()), text_);
 }
 
 }  // namespace pnl

@@ -10,6 +10,9 @@ namespace pnl {
 namespace {
 
 constexpr CalcExtent kDialogExtent{188, 135};
+constexpr double kNormalDensity = 96;
+constexpr double kLargestDensity = 800;
+constexpr double kScaleSteps = 4;
 constexpr int kNoteGap = 2;
 
 // Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and rows at 54, 75, 96 and 117. The keys of what is
@@ -72,6 +75,14 @@ CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* d
 
 Rect DialogPixels(const CalcControl& control, double scale) {
   return DialogPixels({control.x, control.y, control.x + control.width, control.y + control.height}, scale);
+}
+
+double DialogScale(double dotsPerInch, const Rect& parent) {
+  if (!(dotsPerInch > kNormalDensity && dotsPerInch <= kLargestDensity)) return 1;
+  const double widest = parent.Width() / 2.0 / DialogPixelsX(kDialogExtent.width, 1);
+  const double highest = static_cast<double>(parent.Height()) / DialogPixelsY(kDialogExtent.height + 1, 1);
+  const double scale = std::min({dotsPerInch / kNormalDensity, widest, highest});
+  return std::max(1.0, std::floor(scale * kScaleSteps) / kScaleSteps);
 }
 
 Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note) {

@@ -38,6 +38,10 @@ struct CalcExtent {
 
 /// In pixels.
 [[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
+/// The scale that keeps keys as large as a finger on a screen of that density, in steps of a quarter; 1 for one of some
+/// 96 dots per inch or less, or one that can't be true. Never so large that the dialog takes more than half the
+/// parent's width or more than its height, unless it does so at 1.
+[[nodiscard]] double DialogScale(double dotsPerInch, const Rect& parent);
 
 /// Where a note of that size lies: below the window, above it where there is no room, else over its lower edge; always
 /// inside the parent as far as that reaches.

@@ -94,7 +94,7 @@ std::optional<CalcKey> LogicKey(const QKeyEvent& event) {
 
 ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param)
     : ToolWindow(tool_id::kCalculator, parent), context_(context) {
-  const double scale = DialogScale(logicalDpiX());
+  const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);
   setPalette(calc_look::DialogPalette());
@@ -253,8 +253,8 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCCalc7340::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select the
-  // whole line: a list that closes comes here too.
+  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select
+  // the whole line: a list that closes comes here too.
   for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
     if (list->isVisible() && !list->hasFocus()) {
       list->setFocus(Qt::OtherFocusReason);

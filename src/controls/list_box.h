@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A list box: one column of texts, at most one selected unless it is extended, quick with ten thousand of them. It knows
-// nothing of what they mean; indices out of range are left alone.
+// A list box: one column of texts, at most one selected unless it is extended, quick with ten thousand of them. It
+// knows nothing of what they mean; indices out of range are left alone.
 #pragma once
 
 #include <QtCore/QAbstractListModel>

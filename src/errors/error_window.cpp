@@ -74,7 +74,8 @@ void ZCErrorManager::Start() {
 }
 
 void ZCErrorManager::MakeControls() {
-  const double scale = DialogScale(logicalDpiX());
+  // The window's own size comes in pixels of the panel, so its controls are not scaled either.
+  constexpr double scale = 1;
   for (const ErrorControl& control : ErrorControls()) {
     QWidget* widget = nullptr;
     switch (control.kind) {

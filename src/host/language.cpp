@@ -17,7 +17,7 @@ Language::Language(MenuTable& menus, Utilities& utilities, Files& files, WindowS
 
 void Language::Use(LanguagePack pack) {
   pack_ = std::move(pack);
-  // The next tool that shares them reads them in this language.
+  // Once means once a language: the next tool to open must not speak the old one.
   sharedLoaded_ = false;
 }
 

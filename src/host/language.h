@@ -67,7 +67,7 @@ class Language {
  public:
   Language(MenuTable& menus, Utilities& utilities, Files& files, WindowSystem& windows);
 
-  /// Takes the pack in use; texts set by SetText stay.
+  /// Takes the pack in use; texts set by SetText stay. The shared texts are filled anew for whoever asks next.
   void Use(LanguagePack pack);
   /// Text id n reads "Tn" from now on; menus, dialogs and bitmaps stay those of the pack.
   void UseNumbersForTexts(bool on) { numbers_ = on; }
@@ -87,8 +87,8 @@ class Language {
   [[nodiscard]] ModuleHandle LoadLanguageLibrary();
   void FreeLanguageLibrary(ModuleHandle module);
 
-  /// The 70 shared texts, filled once by whoever asks first. A language module that can't be had shows the box
-  /// "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.
+  /// The 70 shared texts, filled once for a language by whoever asks first. A language module that can't be had shows
+  /// the box "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.
   [[nodiscard]] const std::map<int, Text>& SharedToolTexts();
 
  private:

@@ -23,12 +23,4 @@ namespace pnl {
   return {left, top, left + DialogPixelsX(units.Width(), scale), top + DialogPixelsY(units.Height(), scale)};
 }
 
-/// The scale of a screen of that density; 1 for one below 96 dots per inch, or one that can't be true.
-[[nodiscard]] inline double DialogScale(double dotsPerInch) {
-  constexpr double kNormalDensity = 96;
-  constexpr double kLargestScale = 4;
-  const double scale = dotsPerInch / kNormalDensity;
-  return scale > 1 && scale <= kLargestScale ? scale : 1;
-}
-
 }  // namespace pnl

@@ -101,5 +101,38 @@ TEST_F(ListBoxTest, HandsItsTextsToWhoeverReadsTheModel) {
   EXPECT_FALSE(box.model()->index(0, 0).data(Qt::DecorationRole).isValid());
 }
 
+TEST_F(ListBoxTest, AnExtendedOneTakesSeveralAndTellsThemInOrder) {
+  box.SetExtended(true);
+  box.SetItems({u"a", u"b", u"c", u"d"});
+  EXPECT_TRUE(box.Selected().empty());
+  EXPECT_EQ(box.Current(), -1);
+  auto* selection = box.selectionModel();
+  for (const int row : {3, 0, 1}) selection->select(box.model()->index(row, 0), QItemSelectionModel::Select);
+  EXPECT_EQ(box.Selected(), (std::vector<int>{0, 1, 3}));
+  EXPECT_EQ(box.Selection(), 0);
+}
+
+TEST_F(ListBoxTest, DeletingFromAnExtendedOneSelectsNoNeighbour) {
+  box.SetExtended(true);
+  box.SetItems({u"a", u"b", u"c", u"d"});
+  auto* selection = box.selectionModel();
+  for (const int row : {1, 3}) selection->select(box.model()->index(row, 0), QItemSelectionModel::Select);
+  box.Delete(1);
+  EXPECT_EQ(box.Selected(), (std::vector<int>{2})) << "the other one stays selected";
+  box.Delete(2);
+  EXPECT_TRUE(box.Selected().empty());
+}
+
+TEST_F(ListBoxTest, TheFirstDownGoesToTheFirstItem) {
+  QWidget window;
+  auto* inside = new ListBox(1, &window);
+  inside->SetItems({u"a", u"b"});
+  Activate(window);
+  inside->setFocus(Qt::OtherFocusReason);
+  EXPECT_EQ(inside->Current(), -1);
+  PressKey(inside, Qt::Key_Down);
+  EXPECT_EQ(inside->Selection(), 0);
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -10,6 +10,8 @@
 #include <set>
 
 #include "base/text.h"
+#include "calc/calc_ids.h"
+#include "calc/calc_places.h"
 #include "host/language.h"
 #include "host/pack_files.h"
 #include "host/shared_texts.h"
@@ -44,6 +46,39 @@ TEST_P(Pack, HasEveryTextOfTheCommandLineAndEverySharedText) {
   }
 }
 
+TEST_P(Pack, HasTheCalculatorsTextsMenuAndFaces) {
+  for (int id = calc_id::kTextComputing; id <= calc_id::kTextTolerance; ++id)
+    EXPECT_NE(pack_.FindText(id), nullptr) << id;
+  const auto* menu = pack_.FindMenuNodes(u"IDR_CALCMENU");
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->size(), 2u) << "a menu for each bar";
+  EXPECT_LE(menu->front().children.size(), 7u) << "all groups on one page";
+  for (const auto& group : menu->front().children) EXPECT_LE(group.children.size(), 7u) << ToUtf8(group.item.text);
+  std::vector<int> side;
+  for (const auto& node : menu->back().children) side.push_back(node.item.id);
+  EXPECT_THAT(side,
+              ElementsAre(calc_id::kMenuBase, calc_id::kMenuAngle, calc_id::kMenuCompact, calc_id::kMenuMachining));
+  for (int face = calc_id::kFirstKeyIcon; face < calc_id::kFirstKeyIcon + 25; ++face) {
+    EXPECT_NE(pack_.FindBitmap(face), nullptr) << face;
+  }
+  for (const int picture :
+       {365, 366, 367, calc_id::kDegreesBitmap, calc_id::kRadiansBitmap, calc_id::kMachiningBitmap}) {
+    EXPECT_NE(pack_.FindBitmap(picture), nullptr) << picture;
+  }
+}
+
+TEST_P(Pack, HasTheCalculatorsControlsWhereTheLibraryHasThem) {
+  const DialogTemplate* dialog = pack_.FindDialog(calc_id::kDialog);
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->width, CalcDialogUnits().width);
+  EXPECT_EQ(dialog->height, CalcDialogUnits().height);
+  for (const CalcControl& built : CalcControls()) {
+    ASSERT_NE(dialog->Find(built.id), nullptr) << built.id;
+    const CalcControl found = LocalizedControl(built, dialog);
+    EXPECT_EQ(DialogPixels(found, 1), DialogPixels(built, 1)) << built.id;
+  }
+}
+
 /// The conversions of a format in order, "%s%d".
 std::string Conversions(TextView text) {
   std::string found;
@@ -60,11 +95,11 @@ struct FormatCase {
 
 TEST_P(Pack, FormatsTakeTheArgumentsThatTheToolsGiveThem) {
   const FormatCase cases[] = {
-      {9, "%s"},     {10, "%s"},    {57345, "%d"}, {230, "%s"}, {231, "%s%d"}, {245, "%d"},   {235, "%s"},
-      {246, "%s%d"}, {238, "%d"},   {247, "%d%d"}, {241, "%d"}, {242, "%s"},   {243, "%s%d"}, {57348, "%d"},
-      {57349, "%d"}, {57352, "%d"}, {252, "%d"},   {263, "%d"}, {57355, "%d"}, {38, ""},      {39, ""},
-      {7, ""},       {8, ""},       {214, ""},     {215, ""},   {229, ""},     {232, ""},     {233, ""},
-      {234, ""},     {244, ""},     {57353, ""},   {57347, ""},
+      {7004, "%s%s%s"}, {7005, "%s%s%s"}, {7006, "%d%s"}, {9, "%s"},     {10, "%s"},    {57345, "%d"}, {230, "%s"},
+      {231, "%s%d"},    {245, "%d"},      {235, "%s"},    {246, "%s%d"}, {238, "%d"},   {247, "%d%d"}, {241, "%d"},
+      {242, "%s"},      {243, "%s%d"},    {57348, "%d"},  {57349, "%d"}, {57352, "%d"}, {252, "%d"},   {263, "%d"},
+      {57355, "%d"},    {38, ""},         {39, ""},       {7, ""},       {8, ""},       {214, ""},     {215, ""},
+      {229, ""},        {232, ""},        {233, ""},      {234, ""},     {244, ""},     {57353, ""},   {57347, ""},
   };
   for (const FormatCase& row : cases) EXPECT_EQ(Conversions(*pack_.FindText(row.id)), row.conversions) << row.id;
 }

@@ -13,13 +13,13 @@ class Libm:
     nudge set they make it differ, which shows how far an answer depends on those places."""
 
     def __init__(self):
-        self.library = ctypes.CDLL(ctypes.util.find_library("m"))
+        self.libm = ctypes.CDLL(ctypes.util.find_library("m"))
         self.nudge = False
         self.rounded = False
         self.random = random.Random(7)
 
     def __call__(self, name, *arguments):
-        function = getattr(self.library, name)
+        function = getattr(self.libm, name)
         function.restype = ctypes.c_double
         function.argtypes = [ctypes.c_double] * len(arguments)
         result = function(*arguments)
