@@ -24,7 +24,7 @@ class PanelFace {
   virtual void ResizeToolArea(const QSize& size) = 0;
   /// Who answers instead of the operator when the panel asks whether to go on; an empty function gives the questions
   /// back to him.
-  virtual void AnswerQuestions(std::function<bool(const QString& text)> answer) { (void)answer; }
+  virtual void AnswerQuestions(const std::function<bool(const QString& text)>& answer) { (void)answer; }
 };
 
 }  // namespace panel

@@ -45,7 +45,7 @@ class PanelWindow : public QWidget, public PanelFace {
 
   /// Whether closing asks for changes that no file has; off where nobody is there to answer.
   void SetAsksBeforeClosing(bool on) { asks_ = on; }
-  void AnswerQuestions(std::function<bool(const QString& text)> answer) override { answer_ = std::move(answer); }
+  void AnswerQuestions(const std::function<bool(const QString& text)>& answer) override { answer_ = answer; }
   /// What a key of the panel does, wherever it was pressed.
   void Trigger(Action action);
   void PressMain(int slot);

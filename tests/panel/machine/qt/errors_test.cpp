@@ -303,6 +303,31 @@ TEST_F(ErrorsTest, TheListTellsHowAnErrorLeftWhileItStands) {
   EXPECT_FALSE(window_->ErrorsShown().Stands()) << "its key closes it";
 }
 
+TEST_F(ErrorsTest, TheListKeepsTheRowThatIsReadWhileOthersComeAbove) {
+  for (int i = 0; i < 200; ++i) Push(3000 + i, 0);
+  PutAway();
+  Do(Action::kErrorList);
+  QListView& list = window_->ErrorsShown().List();
+  ASSERT_EQ(list.model()->rowCount(), 200);
+  EXPECT_EQ(window_->ErrorsShown().Notes().size(), 1) << "a flood";
+  for (int i = 0; i < 3; ++i) Key(Qt::Key_Down);
+  EXPECT_EQ(list.currentIndex().row(), 3);
+  const QString name = list.currentIndex().data(ErrorListModel::kNameRole).toString();
+  EXPECT_EQ(name, "warning 3196");
+  op_->Desk().BringBack();
+  Settle();
+  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  PutAway();
+  Do(Action::kErrorList);
+  list.setCurrentIndex(list.model()->index(3, 0));
+  Push(5000, 0);
+  EXPECT_EQ(window_->ErrorsShown().Notes().size(), 2) << "the 201st leaves a line";
+  EXPECT_EQ(list.currentIndex().row(), 4);
+  EXPECT_EQ(list.currentIndex().data(ErrorListModel::kNameRole).toString(), name);
+  Key(Qt::Key_End);
+  EXPECT_EQ(list.currentIndex().row(), 199);
+}
+
 TEST_F(ErrorsTest, TheFaultKeysStandBehindOneKeyAndLeadBack) {
   SoftKeyBar& bar = window_->MainBar();
   const auto press = [this, &bar](int id) {
