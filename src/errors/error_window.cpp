@@ -17,6 +17,8 @@ namespace pnl {
 namespace {
 
 constexpr int kBoldWeight = 700;
+/// So far beside a picture a finger still means it.
+constexpr int kReach = 4;
 
 std::optional<ErrorKey> LogicKey(const QKeyEvent& event) {
   if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier)) != 0) {
@@ -160,7 +162,9 @@ int ZCErrorManager::PictureAt(const QPoint& place) const {
   for (const ErrorControl& control : ErrorControls()) {
     if (control.kind != ErrorControlKind::kPicture) continue;
     const QWidget* widget = controls_.at(control.id);
-    if (widget->isVisible() && widget->geometry().contains(place)) return control.id;
+    // Neighbours stand ten pixels apart, so that no place belongs to two.
+    const QRect reach = widget->geometry().adjusted(-kReach, -kReach, kReach, kReach);
+    if (widget->isVisible() && reach.contains(place)) return control.id;
   }
   return 0;
 }

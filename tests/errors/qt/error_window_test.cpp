@@ -81,6 +81,17 @@ TEST_F(ErrorStage, FingersWalkAndAcknowledge) {
   EXPECT_THAT(Queue(), ElementsAre(1001));
 }
 
+TEST_F(ErrorStage, AFingerMayMissAPictureByALittle) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  Push(RecordBuilder().Number(1001));
+  const QRect next = Control(error_id::kNext)->geometry();
+  PressMouse(tool, QPoint(next.left() - 6, next.center().y()));
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  PressMouse(tool, QPoint(next.left() - 4, next.center().y()));
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+}
+
 TEST_F(ErrorStage, AHiddenPictureDoesNothing) {
   Open();
   Push(RecordBuilder().Severity(0));
