@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// From the kernel's record to the painted error window, beside a plain Qt window with the same texts; and ten thousand
+// records at once, until the window is right again.
+#include <benchmark/benchmark.h>
+#include <pnltools/pnltools.h>
+#include <pnltools/rig.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The tool's parent: a plain widget on the screen.
+struct Host {
+  QWidget widget;
+  PnlWindow window = 0;
+  Host() {
+    widget.resize(800, 600);
+    widget.show();
+    window = PnlAttachWidget(&widget, nullptr, nullptr);
+  }
+};
+
+Host& TheHost() {
+  static auto* host = new Host;
+  return *host;
+}
+
+pnl::rig::CncControl& Cnc() { return PnlRig()->Cnc(); }
+
+pnl::rig::ErrorSpec Spec() {
+  pnl::rig::ErrorSpec spec;
+  spec.fields = {{"number", std::int64_t{1018}}, {"severity", std::int64_t{1}}, {"module", std::u16string(u"NC")}};
+  for (std::int32_t i = 0; i < 5; ++i) spec.parameters.push_back({8, 11, 2 + i, 12.5});
+  return spec;
+}
+
+void Push() {
+  std::string problem;
+  Cnc().PushError(Spec(), problem);
+}
+
+void HandlePosted() { QCoreApplication::sendPostedEvents(); }
+
+/// What a screen would get.
+void PaintHost() { benchmark::DoNotOptimize(TheHost().widget.grab()); }
+
+void RecordToPaintedWindow(benchmark::State& state) {
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, TheHost().window);
+  HandlePosted();
+  for (auto _ : state) {
+    Push();
+    HandlePosted();
+    PaintHost();
+    state.PauseTiming();
+    if (!static_cast<QWidget*>(PnlWidgetOf(tool))->isVisible()) state.SkipWithError("the window didn't open");
+    Cnc().ClearErrors();
+    HandlePosted();
+    PaintHost();
+    state.ResumeTiming();
+  }
+  PnlDestroyWindow(tool);
+}
+BENCHMARK(RecordToPaintedWindow)->Unit(benchmark::kMillisecond);
+
+void PlainQtWindowToPainted(benchmark::State& state) {
+  auto* window = new QWidget(&TheHost().widget);
+  window->setGeometry(0, 0, 710, 298);
+  auto* title = new QLabel("ERROR 1018", window);
+  title->setGeometry(195, 10, 320, 42);
+  auto* line = new QLabel("Travel limit exceeded", window);
+  line->setGeometry(10, 63, 690, 34);
+  auto* text = new QLabel(window);
+  text->setGeometry(10, 109, 690, 174);
+  for (int i = 0; i < 4; ++i) (new QPushButton("x", window))->setGeometry(525 + i * 40, 10, 30, 32);
+  window->hide();
+  for (auto _ : state) {
+    text->setText("Value: 12.5 mm\nLowest value: 12.5 mm\nHighest value: 12.5 mm\nParameter: 12.5 mm\nID: NC-0");
+    window->show();
+    window->raise();
+    HandlePosted();
+    PaintHost();
+    state.PauseTiming();
+    window->hide();
+    PaintHost();
+    state.ResumeTiming();
+  }
+  delete window;
+}
+BENCHMARK(PlainQtWindowToPainted)->Unit(benchmark::kMillisecond);
+
+void TenThousandRecordsAtOnce(benchmark::State& state) {
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, TheHost().window);
+  HandlePosted();
+  for (auto _ : state) {
+    for (int i = 0; i < 10000; ++i) Push();
+    HandlePosted();
+    PaintHost();
+    state.PauseTiming();
+    if (Cnc().ErrorQueue().size() != 10000) state.SkipWithError("records were lost");
+    Cnc().ClearErrors();
+    HandlePosted();
+    state.ResumeTiming();
+  }
+  PnlDestroyWindow(tool);
+}
+BENCHMARK(TenThousandRecordsAtOnce)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QTemporaryDir root;
+  pnl::rig::Rig* rig = PnlRig();
+  pnl::rig::Drive drive;
+  drive.dir = root.path().toStdString();
+  rig->Files().SetDrive(drive);
+  if (!rig->StartMachine("demo")) return 1;
+  PnlSetLanguage("en");
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
