@@ -13,7 +13,8 @@ using namespace pnl::sim;
 
 void CheckFault(const Fault& fault, pnl::TextView block) {
   FUZZ_CHECK(fault.begin <= block.size() && fault.length <= block.size() - fault.begin);
-  FUZZ_CHECK(!Describe(fault, MachineLanguage::kSpanish).empty());
+  const pnl::ErrorRecord record = MakeErrorRecord(fault, block, MachineLanguage::kSpanish);
+  FUZZ_CHECK(record.Get<std::int32_t>(pnl::error_field::kNumber.offset) == FaultNumber(fault.code));
 }
 
 void RunStep(const Step& step, Condition& condition) {
