@@ -112,14 +112,14 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
 }
 
 QRect RoomBeside(const QRect& area, const QRect& tool) {
-  constexpr int kGap = 3;
+  constexpr int kRoomGap = 3;
   constexpr int kLeastPart = 3;
   const QRect covered = tool & area;
   if (covered.isEmpty()) return area;
   const QRect rooms[] = {
-      {area.topLeft(), QPoint(area.right(), covered.top() - kGap)},
-      {QPoint(area.left(), covered.bottom() + kGap), area.bottomRight()},
-      {QPoint(covered.right() + kGap, area.top()), area.bottomRight()},
+      {area.topLeft(), QPoint(area.right(), covered.top() - kRoomGap)},
+      {QPoint(area.left(), covered.bottom() + kRoomGap), area.bottomRight()},
+      {QPoint(covered.right() + kRoomGap, area.top()), area.bottomRight()},
       {area.topLeft(), QPoint(covered.left() - kGap, area.bottom())},
   };
   const auto size = [](const QRect& rect) { return rect.isValid() ? rect.width() * rect.height() : 0; };

@@ -23,6 +23,11 @@ ErrorClass ClassifyError(const ErrorRecord& record) {
   return severity == kSeverityFatal ? ErrorClass::kFatal : ErrorClass::kError;
 }
 
+int ChannelOf(const ErrorRecord& record) {
+  const auto channel = record.Get<std::int8_t>(error_field::kChannel.offset);
+  return static_cast<int>(channel);
+}
+
 bool HasChannel(std::int32_t source) {
   switch (source) {
     case error_source::kPlc:

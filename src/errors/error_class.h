@@ -46,6 +46,9 @@ inline constexpr std::int32_t kFieldBus = 17;
 inline constexpr std::int32_t kCanOpen = 19;
 }  // namespace error_source
 
+/// 0 or less when there is none.
+[[nodiscard]] int ChannelOf(const ErrorRecord& record);
+
 /// True for the sources whose title word is that of the kernel and which name their channel.
 [[nodiscard]] bool HasChannel(std::int32_t source);
 /// True for the sources whose title word is that of the kernel, CANopen included.

@@ -163,7 +163,7 @@ class Composition {
     }
     DescribeKernel();
     const int channels = around_.kapi.ChannelNumber();
-    const int channel = record_.Get<std::int8_t>(error_field::kChannel.offset);
+    const int channel = ChannelOf(record_);
     result_.showChannel = channel >= 1 && channel <= channels && channels != 1;
     result_.logIt = result_.errorClass == ErrorClass::kFatal || result_.errorClass == ErrorClass::kConfirm;
   }

@@ -109,8 +109,7 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   SetBoxes(kernels ? composed_.errorClass : currentClass_, composed_.errorClass, false, false);
   channelShown_ = composed_.showChannel;
   if (channelShown_) {
-    const int channel = record.Get<std::int8_t>(error_field::kChannel.offset);
-    view_.SetControlText(error_id::kChannelBox, Format(u"%d", channel));
+    view_.SetControlText(error_id::kChannelBox, Format(u"%d", ChannelOf(record)));
   }
   view_.ShowControl(error_id::kChannelBox, channelShown_);
   LayTopRow();
@@ -231,17 +230,12 @@ void ErrorSession::OnPriorityReport() {
   WriteCurrent();
   UpdateCounters();
   if (composed_.info.hasHelp != 0 && ShowHelp()) return;
+  const bool hiddenWarning = currentClass_ == ErrorClass::kWarning && settings_.hideWarnings;
   const bool error = currentClass_ == ErrorClass::kError || currentClass_ == ErrorClass::kMarked;
-  if (suppressed_) {
-    Refresh();
-  } else if (currentClass_ == ErrorClass::kWarning && settings_.hideWarnings) {
-    // Who hides errors too has the window away already.
-    if (settings_.hideErrors) {
-      Refresh();
-    } else {
-      Toggle(true);
-    }
-  } else if (error && settings_.hideErrors) {
+  // Who hides errors too has the window away already.
+  if (hiddenWarning && !suppressed_ && !settings_.hideErrors) {
+    Toggle(true);
+  } else if (suppressed_ || hiddenWarning || (error && settings_.hideErrors)) {
     Refresh();
   } else if (!visible_) {
     Toggle(false);
