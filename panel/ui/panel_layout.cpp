@@ -120,7 +120,7 @@ QRect RoomBeside(const QRect& area, const QRect& tool) {
       {area.topLeft(), QPoint(area.right(), covered.top() - kRoomGap)},
       {QPoint(area.left(), covered.bottom() + kRoomGap), area.bottomRight()},
       {QPoint(covered.right() + kRoomGap, area.top()), area.bottomRight()},
-      {area.topLeft(), QPoint(covered.left() - kGap, area.bottom())},
+      {area.topLeft(), QPoint(covered.left() - kRoomGap, area.bottom())},
   };
   const auto size = [](const QRect& rect) { return rect.isValid() ? rect.width() * rect.height() : 0; };
   const QRect* best = std::max_element(std::begin(rooms), std::end(rooms),
