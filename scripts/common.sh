@@ -33,7 +33,7 @@ need_packages() {
     fail "Installing packages" "Try it by hand to see why: apt-get install ${missing[*]}"
 }
 
-build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libpugixml-dev
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libpugixml-dev
   libqt6svg6 fonts-liberation)
 test_packages=(python3 libgtest-dev libgmock-dev libmuparser-dev locales binutils)
 bench_packages=(libbenchmark-dev libmuparser-dev)
