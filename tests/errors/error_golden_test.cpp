@@ -86,6 +86,7 @@ const std::vector<std::vector<TextView>> kBlocks = {
     {u"T100"},
     {u"T50 M6", u"G96 S100 M3"},
     {u"G4"},
+    {u"G0 X10/0"},
     {u"G999 X1 Y2 Z3 (a comment that makes the block far too long for its field)"},
 };
 

@@ -38,6 +38,23 @@ std::optional<double> ParseNumber(TextView digits) {
   return negative ? -value : value;
 }
 
+/// One number, or several divided one by the other from left to right. Sets byZero where one of the divisors is 0.
+std::optional<double> ParseQuotient(TextView digits, bool& byZero) {
+  std::optional<double> quotient;
+  while (true) {
+    const std::size_t stroke = digits.find(u'/');
+    const std::optional<double> number = ParseNumber(digits.substr(0, stroke));
+    if (!number) return std::nullopt;
+    if (quotient && *number == 0) {
+      byZero = true;
+      return std::nullopt;
+    }
+    quotient = quotient ? *quotient / *number : *number;
+    if (stroke == TextView::npos) return quotient;
+    digits.remove_prefix(stroke + 1);
+  }
+}
+
 class Scanner {
  public:
   explicit Scanner(TextView text) : text_(text) {}
@@ -89,16 +106,23 @@ class Scanner {
     word.length = 1;
     SkipBlanks();
     const std::size_t number = at_;
-    while (at_ < text_.size() && IsNumberPart(text_[at_])) ++at_;
+    while (at_ < text_.size() && (IsNumberPart(text_[at_]) || IsDivision(number))) ++at_;
     if (at_ == number) return Fail(FaultCode::kNumberMissing, word.text, word.begin, word.length);
     const TextView digits = text_.substr(number, at_ - number);
     word.text.append(digits);
     word.length = at_ - word.begin;
-    const std::optional<double> value = ParseNumber(digits);
+    bool byZero = false;
+    const std::optional<double> value = ParseQuotient(digits, byZero);
+    if (byZero) return Fail(FaultCode::kDivisionByZero, word.text, word.begin, word.length);
     if (!value) return Fail(FaultCode::kBadNumber, word.text, word.begin, word.length);
     if (std::abs(*value) > kHighestValue) return Fail(FaultCode::kBadValue, word.text, word.begin, word.length);
     word.value = *value;
     Store(std::move(word));
+  }
+
+  /// A stroke between two numbers, the first of which began there.
+  [[nodiscard]] bool IsDivision(std::size_t number) const {
+    return at_ > number && text_[at_] == u'/' && at_ + 1 < text_.size() && IsNumberPart(text_[at_ + 1]);
   }
 
   /// The block number is the first word or none.

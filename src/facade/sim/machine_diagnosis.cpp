@@ -24,6 +24,7 @@ struct DiagnosisRow {
 constexpr std::array kRows{
     DiagnosisRow{FaultCode::kUnknownG,         1,  First::kNumberOrNone},
     DiagnosisRow{FaultCode::kWordTwice,        2,  First::kAxisOfWord},
+    DiagnosisRow{FaultCode::kDivisionByZero,   4,  First::kNothing},
     DiagnosisRow{FaultCode::kSameGroup,        6,  First::kNumberOrNone},
     DiagnosisRow{FaultCode::kTravelLimit,      7,  First::kAxisFact},
     DiagnosisRow{FaultCode::kUnknownTool,      8,  First::kNumber},

@@ -40,6 +40,7 @@ constexpr std::array kFaultTexts{
     FaultText{FaultCode::kUnknownTool,      1022, u"Unknown tool",                u"Herramienta desconocida"},
     FaultText{FaultCode::kNoToolDiameter,   1023, u"Tool without a diameter",     u"Herramienta sin diámetro"},
     FaultText{FaultCode::kDwellTime,        1024, u"Dwell without a time",        u"Temporización sin tiempo"},
+    FaultText{FaultCode::kDivisionByZero,   1025, u"Division by zero",            u"División por cero"},
     FaultText{FaultCode::kNotInMdi,         1031, u"The channel is not in MDI",   u"El canal no está en MDI"},
     FaultText{FaultCode::kBusy,             1032, u"The channel is busy",         u"El canal está ocupado"},
     FaultText{FaultCode::kEmergencyStop,    1033, u"Emergency stop",              u"Parada de emergencia"},

@@ -40,6 +40,7 @@ enum class FaultCode : std::uint8_t {
   kUnknownTool,
   kNoToolDiameter,
   kDwellTime,
+  kDivisionByZero,
   kNotInMdi,
   kBusy,
   kEmergencyStop,

@@ -99,6 +99,7 @@ const RefusalRow kRefusals[] = {
     {{}, u"T1.5", 1022, "", "2:0:T1.5, 3:0:0, 4:0:99, 0:0:Block: T1.5"},
     {{u"T50 M6"}, u"G96 S100 M3", 1023, "", "2:0:S100, 13:0:50, 0:0:Block: G96 S100 M3"},
     {{}, u"G4", 1024, "", "2:0:G4, 0:0:Block: G4"},
+    {{}, u"G0 X10/0", 1025, "4 0 0", "2:0:X10/0"},
 };
 
 TEST(MachineErrors, ARefusalSaysWhatHappenedByItsFields) {
