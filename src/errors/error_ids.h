@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers of the error window: its dialog, controls, pictures and timers.
+// Numbers of the error window: its dialog and its controls.
 #pragma once
 
 namespace pnl::error_id {
@@ -18,9 +18,5 @@ inline constexpr int kHelp = 1042;
 inline constexpr int kAcknowledge = 1043;  // shown for class 0
 inline constexpr int kConfirmSign = 1044;  // shown for class 4
 inline constexpr int kMarkedSign = 1045;   // shown for class 1
-
-inline constexpr int kFlashTimer = 136;
-inline constexpr int kCloseTimer = 119;
-inline constexpr int kHotKey = 2013;
 
 }  // namespace pnl::error_id

@@ -3,11 +3,10 @@
 // constants beforehand (flatten.cpp), so that both give the same doubles.
 #pragma once
 
-#include <array>
 #include <cmath>
-#include <limits>
 
 #include "base/numbers.h"
+#include "calc/expr/factorial.h"
 #include "calc/expr/power.h"
 #include "calc/expr/program.h"
 
@@ -15,25 +14,6 @@ namespace pnl {
 
 inline constexpr double kMmPerInch = 25.4;
 inline constexpr double kInchPerMm = 0.03937007874015748;
-
-inline constexpr int kFiniteFactorials = 171;  // 0! to 170!
-
-inline constexpr std::array<double, kFiniteFactorials> kFactorials = [] {
-  std::array<double, kFiniteFactorials> table{};
-  double product = 1.0;
-  for (int n = 0; n < kFiniteFactorials; ++n) {
-    if (n >= 2) product *= n;
-    table[static_cast<std::size_t>(n)] = product;
-  }
-  return table;
-}();
-
-inline bool Factorial(double value, double& result) {
-  const std::int32_t n = TruncateToInt32(value);
-  if (n < 0) return false;
-  result = n < kFiniteFactorials ? kFactorials[static_cast<std::size_t>(n)] : std::numeric_limits<double>::infinity();
-  return true;
-}
 
 /// Does one operation; false, with nothing stored, on a domain failure, and for control, which is the machine's. A NaN
 /// fails nowhere but in "!". top is the value of the operation before, and then of this one, so that a chain needn't
