@@ -18,7 +18,7 @@ namespace pnl::test {
 namespace {
 
 constexpr std::size_t kFewestCases = 1500;
-constexpr std::int64_t kPlaces = 4;
+constexpr std::uint64_t kPlaces = 4;
 constexpr double kEightDigits = 1e-8;
 
 /// An evaluator with all that it borrows.
@@ -46,17 +46,18 @@ bool SameNumbers(const CalcStore& a, const CalcStore& b) {
   return SameValue(a.Acc, b.Acc);
 }
 
-/// The doubles as integers that count their places.
-std::int64_t Ordered(double x) {
-  const auto bits = std::bit_cast<std::int64_t>(x);
-  return bits >= 0 ? bits : -(bits & std::numeric_limits<std::int64_t>::max());
+/// How many places the finite doubles lie apart; those of other signs by way of 0.
+std::uint64_t PlacesBetween(double a, double b) {
+  const auto size = [](double x) { return std::bit_cast<std::uint64_t>(std::fabs(x)); };
+  if (std::signbit(a) != std::signbit(b)) return size(a) + size(b);
+  return size(a) < size(b) ? size(b) - size(a) : size(a) - size(b);
 }
 
 bool Matches(double got, double wanted, Answer answer) {
   if (SameValue(got, wanted)) return true;
   if (answer == Answer::kExactly || !std::isfinite(got) || !std::isfinite(wanted)) return false;
   if (answer == Answer::kToEightDigits) return std::abs(got - wanted) <= kEightDigits * std::abs(wanted);
-  return std::abs(Ordered(got) - Ordered(wanted)) <= kPlaces;
+  return PlacesBetween(got, wanted) <= kPlaces;
 }
 
 std::string Shown(double value) {
@@ -110,6 +111,19 @@ void Check(const Golden& golden, Language& language) {
     EXPECT_TRUE(Matches(result, golden.value, golden.answer)) << Case(golden) << Shown(result);
   }
   CheckStore(golden, language.store, answer, result);
+}
+
+// Values of other signs overflowed the difference of their places, so that a wrong sign aborted instead of failing.
+TEST(Golden, AWrongSignIsAWrongAnswer) {
+  constexpr double kLeast = 5e-324;
+  EXPECT_TRUE(Matches(2 * kLeast, -2 * kLeast, Answer::kWithinPlaces));
+  EXPECT_FALSE(Matches(3 * kLeast, -2 * kLeast, Answer::kWithinPlaces));
+  for (const double size : {1.0, 1e300, 1e-300, std::numeric_limits<double>::max()}) {
+    EXPECT_FALSE(Matches(size, -size, Answer::kWithinPlaces)) << size;
+    EXPECT_FALSE(Matches(-size, size, Answer::kWithinPlaces)) << size;
+    EXPECT_TRUE(Matches(-size, -size, Answer::kWithinPlaces)) << size;
+  }
+  EXPECT_FALSE(Matches(0.0, -0.0, Answer::kExactly));
 }
 
 TEST(Golden, TheTableIsLarge) { EXPECT_GE(GoldenTable().size(), kFewestCases); }

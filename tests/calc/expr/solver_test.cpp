@@ -172,6 +172,15 @@ TEST(Zero, AStartWithinTheToleranceIsTheValue) {
   EXPECT_EQ(3, calc.evaluator.Solver().residual);
 }
 
+TEST(Zero, AnExactRootReachesATolerance0) {
+  Calc calc;
+  EXPECT_EQ(0, calc.Value(u"A=0;E=0;ZERO X"));
+  const SolverReport report = calc.evaluator.Solver();
+  EXPECT_EQ(SolverReport::Kind::kZero, report.kind);
+  EXPECT_EQ(0, report.residual);
+  EXPECT_TRUE(report.reachedTolerance);
+}
+
 TEST(Zero, TheCapIsNAsItIs) {
   const std::vector<std::pair<double, std::int32_t>> rows = {
       {1, 1},         {7.9, 7},     {0, 100},    {-2, 100},          {49999, 49999},
