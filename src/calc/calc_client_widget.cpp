@@ -91,6 +91,7 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
   for (const auto& [id, control] : controls_) {
     if (control->focusPolicy() == Qt::NoFocus) control->setFocusProxy(line_);
   }
+  for (QWidget* list : {history_->viewport(), variables_->viewport()}) list->installEventFilter(this);
   setFocusProxy(line_);
   MakeFonts(0, calc_look::kNormalWeight, 0, calc_look::kNormalWeight);
   Connect();
@@ -113,6 +114,7 @@ QWidget* CalcClientWidget::Make(const CalcControl& control) {
 
 QWidget* CalcClientWidget::MakeKey(const CalcControl& control) {
   auto* key = new CalcKeyWidget(control.id, ToQString(control.text), GroundOf(control.id), this);
+  key->installEventFilter(this);
   connect(key, &QAbstractButton::clicked, this, [this, id = control.id] { emit KeyPressed(id); });
   return key;
 }
@@ -131,6 +133,7 @@ void CalcClientWidget::Connect() {
   connect(history_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     if (!quiet_) emit HistorySelected();
   });
+  connect(history_, &ListBox::Walked, this, &CalcClientWidget::HistorySelected);
   connect(history_, &QAbstractItemView::doubleClicked, this, [this] { emit HistoryDoubleClicked(); });
   connect(variables_, &QAbstractItemView::clicked, this, [this] { emit VariablesPicked(); });
 }
@@ -172,10 +175,24 @@ void CalcClientWidget::DeleteRow(int index) {
   quiet_ = false;
 }
 
+void CalcClientWidget::SelectRow(int index) {
+  quiet_ = true;
+  history_->Select(index);
+  quiet_ = false;
+}
+
 void CalcClientWidget::FillHistory(const std::vector<Text>& rows) {
   quiet_ = true;
   history_->SetItems(rows);
   quiet_ = false;
+}
+
+bool CalcClientWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) pressed_ = static_cast<QWidget*>(watched);
+  // The second tap of two quick ones belongs to what was under the first: when that has gone, because a list opened
+  // over it or closed, what lies there now isn't pressed by it. A neighbour of what is still there is.
+  if (event->type() != QEvent::MouseButtonDblClick) return false;
+  return pressed_ != nullptr && !pressed_->isVisible();
 }
 
 void CalcClientWidget::mousePressEvent(QMouseEvent* event) {

@@ -3,6 +3,7 @@
 // them; what a press means is told by signals, and what follows is decided elsewhere.
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 #include <map>
 
@@ -50,6 +51,7 @@ class CalcClientWidget final : public QWidget {
   void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight);
   void InsertRow(int index, TextView text);
   void DeleteRow(int index);
+  void SelectRow(int index);
   void FillHistory(const std::vector<Text>& rows);
 
   [[nodiscard]] CalcLine& Line() const { return *line_; }
@@ -60,12 +62,14 @@ class CalcClientWidget final : public QWidget {
 
  signals:
   void KeyPressed(int id);
-  /// By the operator, not by a change of the rows.
+  /// The operator selected something, pressed a row, or walked with the keys and found an end. Not by a change of the
+  /// rows.
   void HistorySelected();
   void HistoryDoubleClicked();
   void VariablesPicked();
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
@@ -81,7 +85,8 @@ class CalcClientWidget final : public QWidget {
   CalcLabelWidget* status_ = nullptr;
   ListBox* history_ = nullptr;
   ListBox* variables_ = nullptr;
-  bool quiet_ = false;  // the rows change, which is no choice of the operator's
+  QPointer<QWidget> pressed_;  // the key or list under the last press
+  bool quiet_ = false;         // the rows change, which is no choice of the operator's
 };
 
 }  // namespace pnl

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calc/calc_line.h"
 
+#include <algorithm>
+
 #include "calc/calc_confirm.h"
 #include "calc/calc_evaluation.h"
 #include "calc/calc_ids.h"
@@ -13,7 +15,10 @@ namespace pnl::calc {
 
 namespace {
 
-void Show(CalcState& state, const CalcEdit& edit) {
+/// What the keys write keeps to the limit of what is typed: an edit that would pass it is none. A line that is longer
+/// already, a row of the history for instance, may only get shorter.
+void Show(CalcState& state, const Text& line, const CalcEdit& edit) {
+  if (edit.text.size() > std::max(line.size(), kLongestExpression)) return state.View().FocusLine();
   state.View().SetLineText(edit.text);
   state.View().FocusLine();
   state.View().SetLineSelection({edit.caret, edit.caret});
@@ -41,12 +46,14 @@ void OnButton(CalcState& state, int id) {
   }
   if (!IsInsertion(id)) return;
   CloseVariables(state);
-  Show(state, InsertAtCaret(state.View().LineText(), state.View().LineSelection(), id));
+  const Text line = state.View().LineText();
+  Show(state, line, InsertAtCaret(line, state.View().LineSelection(), id));
 }
 
 void InsertText(CalcState& state, TextView text) {
   const int caret = static_cast<int>(text.size());
-  Show(state, InsertPlainly(state.View().LineText(), state.View().LineSelection(), text, caret));
+  const Text line = state.View().LineText();
+  Show(state, line, InsertPlainly(line, state.View().LineSelection(), text, caret));
 }
 
 bool OnCharacter(CalcState& state, char16_t character) {

@@ -65,6 +65,14 @@ void ShowSelectedRow(CalcState& state) {
   if (const auto row = SelectedRow(state)) state.View().SetLineText(*row);
 }
 
+bool TakeCurrentRow(CalcState& state) {
+  const int current = state.View().ListCurrent();
+  if (current < 0 || !state.View().ListSelection().empty()) return false;
+  state.View().SelectListItem(current);
+  ShowSelectedRow(state);
+  return true;
+}
+
 void DeleteSelectedRows(CalcState& state) {
   const std::vector<int> selected = state.View().ListSelection();
   for (auto row = selected.rbegin(); row != selected.rend(); ++row) state.View().DeleteListItem(*row);

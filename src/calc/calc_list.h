@@ -17,6 +17,9 @@ void CloseHistory(CalcState& state, CalcKeep keep);
 void ToggleHistory(CalcState& state);
 /// The selected row goes to the line.
 void ShowSelectedRow(CalcState& state);
+/// With nothing selected the row that the keys are on becomes the selected one, and goes to the line; else false. So a
+/// row that took the place of a deleted one isn't passed over.
+[[nodiscard]] bool TakeCurrentRow(CalcState& state);
 void DeleteSelectedRows(CalcState& state);
 
 /// Puts that list over the keypad, or takes it away and shows the keypad again.

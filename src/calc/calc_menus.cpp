@@ -79,8 +79,11 @@ void ToggleCompact(CalcState& state) {
 void InstallMenus(CalcState& state) {
   state.menu = state.context.language.LoadToolMenu(kMenuName);
   MarkCompact(state);
+  // Each call may end the tool, and its menus with it.
   state.context.host.HostSetMainMenu(tool_id::kCalculator, SubMenu(state, 0));
+  if (state.closed) return;
   state.context.host.HostSetSideMenu(tool_id::kCalculator, SubMenu(state, 1));
+  if (state.closed) return;
   if (state.context.cnc.Kapi().SWOption_IsZMCON() == 0) RemoveMachiningItem(state);
   UpdateMenuState(state);
 }

@@ -99,7 +99,8 @@ bool OnEditingKey(CalcState& state, CalcKey key) {
       return state.openList == CalcOpenList::kHistory;
     case CalcKey::kUp:
     case CalcKey::kDown:
-      if (state.openList != CalcOpenList::kNone) return false;
+      if (state.openList == CalcOpenList::kHistory) return TakeCurrentRow(state);
+      if (state.openList == CalcOpenList::kVariables) return false;
       OpenHistory(state);
       return true;
     case CalcKey::kVariables:

@@ -44,6 +44,7 @@ class CalcNoView final : public CalcView {
   void FillList(const std::vector<Text>& /*rows*/) override {}
   void InsertListItem(int /*index*/, TextView /*text*/) override {}
   void DeleteListItem(int /*index*/) override {}
+  void SelectListItem(int /*index*/) override {}
   void FocusList() override {}
   void FillVariables(const std::vector<Text>& /*rows*/) override {}
   [[nodiscard]] int VariablesSelection() const override { return -1; }

@@ -40,7 +40,7 @@ class CalcSession {
   /// The opening steps, to the window's appearance.
   void Open();
   /// Ahead of the controls' own handling; true when there is nothing left to do for them. For Up and Down with the list
-  /// open the answer is false: the list moves, and OnListSelection follows.
+  /// open the answer is false as a rule: the list moves, and OnListSelection follows.
   bool OnKey(CalcKey key, bool ctrl);
   /// A typed character; true when it was taken ("+", "=", ... while the list is closed).
   bool OnCharacter(char16_t character);
@@ -50,6 +50,7 @@ class CalcSession {
   void OnButton(int id);
   /// A command of the menus: from a soft key (kMsgCommand), or from the bar on the window.
   void OnMenuCommand(int id);
+  /// The operator has moved in the open history or pressed a row of it, whether or not the selection is another one.
   void OnListSelection();
   void OnListDoubleClick();
   void OnVariablesPicked();

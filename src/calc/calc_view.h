@@ -68,7 +68,9 @@ class CalcView {
   virtual void SetResultColors(std::uint32_t back, std::uint32_t text) = 0;
   virtual void SetStatus(TextView text) = 0;
 
-  // The history 1038, with extended selection. Only the operator's changes of the selection bring OnListSelection.
+  // The history 1038, with extended selection. What the operator does to the selection brings OnListSelection, and so
+  // does each press on a row and each Up or Down that the list gets, even if the selection stays as it is. Orders
+  // don't.
   [[nodiscard]] virtual int ListCount() const = 0;
   [[nodiscard]] virtual Text ListItem(int index) const = 0;
   /// Selected rows in ascending order.
@@ -77,7 +79,10 @@ class CalcView {
   [[nodiscard]] virtual int ListCurrent() const = 0;
   virtual void FillList(const std::vector<Text>& rows) = 0;
   virtual void InsertListItem(int index, TextView text) = 0;
+  /// The keys then move from the row that took its place, or from the last one; it isn't selected.
   virtual void DeleteListItem(int index) = 0;
+  /// That row alone.
+  virtual void SelectListItem(int index) = 0;
   virtual void FocusList() = 0;
 
   // The variables 1104: rows as told, nothing or one of them selected; and the note 1105, a line or more in a frame

@@ -41,8 +41,10 @@ void ZCCalc7340::LayOut() {
 
 void ZCCalc7340::Hide() {
   // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
+  const QPointer<ZCCalc7340> alive(this);
   ClearFocus();
-  hide();
+  // Whoever gets the focus may have ended the window.
+  if (alive) hide();
 }
 
 void ZCCalc7340::ClearFocus() {
@@ -60,8 +62,9 @@ void ZCCalc7340::Destroy() {
   closing_ = true;
   work_.stop();
   EndMessages();
+  const QPointer<ZCCalc7340> alive(this);
   Hide();
-  deleteLater();
+  if (alive) deleteLater();
 }
 
 void ZCCalc7340::ClosePanel() {

@@ -92,8 +92,14 @@ std::optional<CalcKey> LogicKey(const QKeyEvent& event) {
 
 }  // namespace
 
-ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param)
-    : ToolWindow(tool_id::kCalculator, parent), context_(context) {
+ZCCalc7340::Clock ZCCalc7340::SteadyClock() {
+  QElapsedTimer clock;
+  clock.start();
+  return [clock] { return clock.elapsed(); };
+}
+
+ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock)
+    : ToolWindow(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
   const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);
@@ -158,9 +164,8 @@ void ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
 void ZCCalc7340::FinishOrWork(int milliseconds) {
   const std::shared_ptr<CalcSession> session = session_;
   const QPointer<ZCCalc7340> alive(this);
-  QElapsedTimer clock;
-  clock.start();
-  while (session && !closing_ && session->IsComputing() && clock.elapsed() < milliseconds) {
+  const std::int64_t end = clock_() + milliseconds;
+  while (session && !closing_ && session->IsComputing() && clock_() < end) {
     ++depth_;
     session->Work();
     if (!alive) return;

@@ -23,8 +23,13 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   Q_OBJECT
 
  public:
-  /// Hidden. param is the second argument of LoadPNLTool: the parent.
-  ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param);
+  /// Rising milliseconds. Not those of the context's timers: while those stand still an event must still come to its
+  /// end.
+  using Clock = std::function<std::int64_t()>;
+  [[nodiscard]] static Clock SteadyClock();
+
+  /// Hidden. param is the second argument of LoadPNLTool: the parent. The clock measures how long an event computes.
+  ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock = SteadyClock());
   ~ZCCalc7340() override;
 
   /// The opening steps, to its appearance. A callback on the way may destroy it.
@@ -78,6 +83,7 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void FillList(const std::vector<Text>& rows) override { client_->FillHistory(rows); }
   void InsertListItem(int index, TextView text) override { client_->InsertRow(index, text); }
   void DeleteListItem(int index) override { client_->DeleteRow(index); }
+  void SelectListItem(int index) override { client_->SelectRow(index); }
   void FocusList() override { client_->History().setFocus(Qt::OtherFocusReason); }
   void FillVariables(const std::vector<Text>& rows) override;
   [[nodiscard]] int VariablesSelection() const override { return client_->Variables().Selection(); }
@@ -103,6 +109,7 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   CalcMenuWidget* bar_ = nullptr;
   QPointer<CalcNoteWidget> note_;
   QBasicTimer work_;
+  const Clock clock_;
   int depth_ = 0;         // calls into the logic that are under way
   bool closing_ = false;  // the logic has closed the window
   std::shared_ptr<CalcSession> session_;

@@ -2,6 +2,9 @@
 #include "controls/list_box.h"
 
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>
@@ -41,6 +44,8 @@ class ItemDelegate : public QStyledItemDelegate {
  private:
   const ListBox& list_;
 };
+
+bool IsUpOrDown(const QKeyEvent& event) { return event.key() == Qt::Key_Up || event.key() == Qt::Key_Down; }
 
 class WideScrollBar : public QScrollBar {
  public:
@@ -169,9 +174,25 @@ void ListBox::focusInEvent(QFocusEvent* event) {
 
 bool ListBox::event(QEvent* event) {
   const bool focused = event->type() == QEvent::FocusIn;
+  const bool walked = event->type() == QEvent::KeyPress && IsUpOrDown(static_cast<const QKeyEvent&>(*event));
+  const QPointer<ListBox> alive(this);
   const bool handled = QListView::event(event);
+  if (!alive) return handled;
   // Last of all: whoever listens may destroy the list.
   if (focused) emit Focused();
+  if (walked) emit Walked();
+  return handled;
+}
+
+bool ListBox::viewportEvent(QEvent* event) {
+  bool walked = false;
+  if (event->type() == QEvent::MouseButtonPress) {
+    const auto& press = static_cast<const QMouseEvent&>(*event);
+    walked = press.button() == Qt::LeftButton && indexAt(press.position().toPoint()).isValid();
+  }
+  const QPointer<ListBox> alive(this);
+  const bool handled = QListView::viewportEvent(event);
+  if (alive && walked) emit Walked();
   return handled;
 }
 

@@ -77,9 +77,12 @@ class ListBox : public QListView {
  signals:
   /// The list got the focus and has done with it.
   void Focused();
+  /// The operator pressed Up or Down, or a row, and the list has done with it. Also when the selection is as before.
+  void Walked();
 
  protected:
   bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 
  private:

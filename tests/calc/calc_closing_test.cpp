@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The ways to close the calculator, what is saved when its window goes, and that nothing happens afterwards.
+#include <functional>
+#include <utility>
+
 #include "calc_fixture.h"
 
 namespace pnl::test {
@@ -21,45 +24,45 @@ class CalcClosingTest : public OpenCalcTest {
       EXPECT_FALSE(Key(key));
       EXPECT_FALSE(Key(key, true));
     }
-    EXPECT_FALSE(session->OnCharacter(u'+'));
+    EXPECT_FALSE(Character(u'+'));
     session->OnLineChanged();
-    session->OnLinePressed();
-    session->OnListSelection();
-    session->OnListDoubleClick();
-    session->OnVariablesPicked();
-    session->OnHandleValue();
+    PressLine();
+    SelectInList();
+    DoubleClickList();
+    PickVariable();
+    HandleValue();
     for (const int id : {1012, 1013, 1017, 1036, 1101, 1102, 1103}) Button(id);
     for (const int id : {32779, 32781, 32784, 32817, 32821}) Menu(id);
-    for (const int code : {6, 20, 34, 0}) EXPECT_EQ(session->OnToolCommand(code), 0);
-    session->Work();
+    for (const int code : {6, 20, 34, 0}) EXPECT_EQ(Command(code), 0);
+    Work();
     timers.Advance(1000);
   }
 };
 
 TEST_F(CalcClosingTest, Code6HidesAndDestroysWithoutAWordToTheHost) {
-  EXPECT_EQ(session->OnToolCommand(6), 0);
+  EXPECT_EQ(Command(6), 0);
   EXPECT_THAT(All(), ElementsAre("view hide", "view destroy"));
 }
 
 TEST_F(CalcClosingTest, Code20ClosesAndAnswers2) {
-  EXPECT_EQ(session->OnToolCommand(20), 2);
+  EXPECT_EQ(Command(20), 2);
   EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(3,2)", "view destroy"));
 }
 
 TEST_F(CalcClosingTest, Code34ClosesAndAnswers0) {
-  EXPECT_EQ(session->OnToolCommand(34), 0);
+  EXPECT_EQ(Command(34), 0);
   EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(3,2)", "view destroy"));
 }
 
 TEST_F(CalcClosingTest, OtherCodesDoNothing) {
   for (const int code : {0, 1, 2, 3, 4, 5, 7, 8, 10, 14, 19, 21, 33, 35, -1}) {
-    EXPECT_EQ(session->OnToolCommand(code), 0) << code;
+    EXPECT_EQ(Command(code), 0) << code;
   }
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(CalcClosingTest, AfterClosingNothingIsDoneAnyMore) {
-  session->OnToolCommand(20);
+  Command(20);
   log.clear();
   EXPECT_EQ(timers.Running(), 0u);
   DoEverything();
@@ -95,9 +98,8 @@ TEST_F(CalcClosingTest, HistoryAndSettingsAreSavedWhenTheWindowGoes) {
   Menu(calc_id::kMenuCompact);
   view->left = 33;
   view->top = 44;
-  session->OnToolCommand(34);
-  EXPECT_THAT(files.replaced, IsEmpty()) << "not before the window goes";
-  DestroyTool();
+  onHostCall = [this](const std::string&) { EXPECT_THAT(files.replaced, IsEmpty()) << "not before the window goes"; };
+  Command(34);
   EXPECT_THAT(files.replaced, ElementsAre(kHistory, kUsers, kMachines));
   EXPECT_EQ(files.disc[kHistory], "2+2\r\n1+1\r\n");
   EXPECT_EQ(files.disc[kUsers], "[COMMON]\r\nWindow=33,44\r\nMinimized=YES\r\n");
@@ -132,6 +134,58 @@ TEST_F(CalcTest, AHistoryThatCouldNotBeReadSurvivesTheSession) {
   Confirm("1+1");
   DestroyTool();
   EXPECT_EQ(files.disc[kHistory], "precious\r\n");
+}
+
+/// A callback that ends the tool, what brings it, and what the host still hears then: what it must know all the same.
+struct CallbackRow {
+  const char* call;
+  std::function<void(CalcRig&)> act;
+  Log after;
+};
+
+TEST_F(CalcTest, AHostThatDestroysTheWindowInACallbackHearsOnlyWhatItMustKnow) {
+  const auto insert = [](CalcRig& rig) {
+    rig.Type("1");
+    rig.Key(CalcKey::kInsert);
+  };
+  const auto machining = [](CalcRig& rig) { rig.Menu(calc_id::kMenuMachining); };
+  const CallbackRow rows[] = {
+      {"HostToolOpening(3)", {}, {}},
+      {"main menu main", {}, {}},
+      {"side menu side", {}, {}},
+      {"HostUpdateSideMenu(3)", {}, {}},
+      {"HostUpdateSideMenu(3)", [](CalcRig& rig) { rig.Menu(calc_id::kMenuBase); }, {}},
+      {"HostUpdateSideMenu(3)", [](CalcRig& rig) { rig.Menu(calc_id::kMenuAngle); }, {}},
+      {"HostUpdateMainMenu(3)", [](CalcRig& rig) { rig.Menu(calc_id::kMenuCompact); }, {}},
+      {"HostToolWantsClose(3)", [](CalcRig& rig) { rig.Key(CalcKey::kEscape); }, {}},
+      {"HostToolClosed(3,2)", [](CalcRig& rig) { rig.Command(20); }, {}},
+      {"HostToolClosed(3,2)", [](CalcRig& rig) { rig.Command(34); }, {}},
+      {"HostToolClosed(3,2)", machining, {"HostOpenMachiningCalculator"}},
+      {"HostOpenMachiningCalculator", machining, {}},
+      {"HostToolClosed(3,1)", insert, {"HostCalcResultAccepted"}},
+      {"HostCalcResultAccepted", insert, {}},
+  };
+  for (const CallbackRow& row : rows) {
+    SCOPED_TRACE(row.call);
+    MakeTool();
+    bool done = false;
+    const auto destroyOnce = [&](const std::string& call) {
+      if (call != row.call || std::exchange(done, true)) return;
+      log.clear();
+      DestroyTool();
+    };
+    if (!row.act) onHostCall = destroyOnce;
+    Open();
+    if (row.act) {
+      onHostCall = destroyOnce;
+      row.act(*this);
+    }
+    onHostCall = nullptr;
+    EXPECT_TRUE(done);
+    EXPECT_EQ(All(), row.after);
+    EXPECT_EQ(timers.Running(), 0u);
+    EXPECT_EQ(menus.Count(), 0u);
+  }
 }
 
 TEST_F(CalcClosingTest, AHostThatDestroysTheWindowWhileItClosesFindsNothingLeftToDo) {

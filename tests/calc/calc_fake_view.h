@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A window of the calculator without a window: keeps what the logic set, tells it of changes of the line as the real
-// one does, and writes every order into the log. Once it is closing only what is saved may be asked of it, and once it
-// is dead nothing at all.
+// one does, moves rows, selection and focus as the real controls do, and writes every order into the log. Once it is
+// closing only what is saved may be asked of it, and once it is dead nothing at all.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -46,6 +46,7 @@ class FakeCalcView final : public CalcView {
   std::map<int, bool> shown;
   std::map<int, int> icons;
   Text line;
+  int limit = 32767;  // of what is typed
   CalcSelection selection;
   Text result;
   Text status;
@@ -79,7 +80,11 @@ class FakeCalcView final : public CalcView {
     height = wanted;
   }
   void Show() override { Order("show"), visible = true; }
-  void Hide() override { Order("hide"), visible = false; }
+  void Hide() override {
+    Order("hide");
+    visible = false;
+    focus = Focus::kElsewhere;
+  }
   void BringToTop() override { Order("top"); }
   void Destroy() override { Order("destroy"), closing = true; }
   void ClosePanel() override { Order("close panel"); }
@@ -99,6 +104,10 @@ class FakeCalcView final : public CalcView {
   void ShowControl(int id, bool on) override {
     Order((on ? "show " : "hide ") + std::to_string(id));
     shown[id] = on;
+    const bool focused =
+        (id == calc_id::kHistory && focus == Focus::kList) || (id == calc_id::kVariables && focus == Focus::kVariables);
+    // A control that is hidden with the focus gives it to the line.
+    if (!on && focused) focus = Focus::kLine;
   }
   void SetKeyIcon(int id, int bitmap) override {
     Order("icon " + std::to_string(id));
@@ -128,7 +137,10 @@ class FakeCalcView final : public CalcView {
     const int size = static_cast<int>(line.size());
     selection = {std::clamp(wanted.start, 0, size), std::clamp(wanted.end, 0, size)};
   }
-  void LimitLine(int characters) override { Order("limit " + std::to_string(characters)); }
+  void LimitLine(int characters) override {
+    Order("limit " + std::to_string(characters));
+    limit = characters;
+  }
   void FocusLine() override { Order("focus line"), focus = Focus::kLine; }
 
   [[nodiscard]] Text ResultText() const override { return Asked(), result; }
@@ -148,7 +160,12 @@ class FakeCalcView final : public CalcView {
   }
   [[nodiscard]] std::vector<int> ListSelection() const override { return Asked(), selectedRows; }
   [[nodiscard]] int ListCurrent() const override { return Asked(), currentRow; }
-  void FillList(const std::vector<Text>& all) override { Order("fill " + std::to_string(all.size())), rows = all; }
+  void FillList(const std::vector<Text>& all) override {
+    Order("fill " + std::to_string(all.size()));
+    rows = all;
+    selectedRows.clear();
+    currentRow = -1;
+  }
   void InsertListItem(int index, TextView text) override {
     Order("row " + std::to_string(index) + " \"" + ToUtf8(text) + "\"");
     rows.insert(rows.begin() + index, Text(text));
@@ -161,7 +178,21 @@ class FakeCalcView final : public CalcView {
     rows.erase(rows.begin() + index);
     std::erase(selectedRows, index);
     for (int& row : selectedRows) row -= row > index ? 1 : 0;
-    currentRow = std::min(currentRow, static_cast<int>(rows.size()) - 1);
+    if (index < currentRow || currentRow == static_cast<int>(rows.size())) --currentRow;
+  }
+  void SelectListItem(int index) override {
+    Order("select row " + std::to_string(index));
+    ASSERT_LT(index, static_cast<int>(rows.size()));
+    selectedRows = {index};
+    currentRow = index;
+  }
+  /// The list itself gets Up or Down: to the next row, to the first one when it is on none, nowhere at its ends.
+  void Walk(bool down) {
+    const int last = static_cast<int>(rows.size()) - 1;
+    const int next = currentRow < 0 ? 0 : currentRow + (down ? 1 : -1);
+    if (next < 0 || next > last) return;
+    selectedRows = {next};
+    currentRow = next;
   }
   void FocusList() override { Order("focus list"), focus = Focus::kList; }
 

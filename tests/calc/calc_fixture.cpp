@@ -111,9 +111,83 @@ void CalcRig::DestroyTool() {
   session.reset();
 }
 
+template <typename Intention>
+auto CalcRig::Tell(Intention intention) {
+  struct Way {
+    explicit Way(CalcRig& rigOfIt) : rig(rigOfIt) { ++rig.depth_; }
+    ~Way() {
+      if (--rig.depth_ == 0) rig.EndClosed();
+    }
+    CalcRig& rig;
+  } const way(*this);
+  // The session may be destroyed on the way.
+  return intention(*session);
+}
+
+void CalcRig::Open() {
+  Tell([](CalcSession& tool) { tool.Open(); });
+}
+
+void CalcRig::EndClosed() {
+  if (!session || !view->closing || view->dead) return;
+  session->OnDestroyed();
+  view->dead = true;
+}
+
+bool CalcRig::Key(CalcKey key, bool ctrl) {
+  const bool walking = !ctrl && (key == CalcKey::kUp || key == CalcKey::kDown);
+  if (Tell([=](CalcSession& tool) { return tool.OnKey(key, ctrl); })) return true;
+  if (!walking || !session->IsListOpen()) return false;
+  view->Walk(key == CalcKey::kDown);
+  SelectInList();
+  return false;
+}
+
+bool CalcRig::Character(char16_t character) {
+  return Tell([=](CalcSession& tool) { return tool.OnCharacter(character); });
+}
+
+void CalcRig::Button(int id) {
+  Tell([=](CalcSession& tool) { tool.OnButton(id); });
+}
+
+void CalcRig::Menu(int id) {
+  Tell([=](CalcSession& tool) { tool.OnMenuCommand(id); });
+}
+
+std::intptr_t CalcRig::Command(std::intptr_t request) {
+  return Tell([=](CalcSession& tool) { return tool.OnToolCommand(request); });
+}
+
+void CalcRig::HandleValue() {
+  Tell([](CalcSession& tool) { tool.OnHandleValue(); });
+}
+
+void CalcRig::PressLine() {
+  Tell([](CalcSession& tool) { tool.OnLinePressed(); });
+}
+
+void CalcRig::SelectInList() {
+  Tell([](CalcSession& tool) { tool.OnListSelection(); });
+}
+
+void CalcRig::DoubleClickList() {
+  Tell([](CalcSession& tool) { tool.OnListDoubleClick(); });
+}
+
+void CalcRig::PickVariable() {
+  Tell([](CalcSession& tool) { tool.OnVariablesPicked(); });
+}
+
+void CalcRig::Work() {
+  Tell([](CalcSession& tool) { tool.Work(); });
+}
+
 void CalcRig::Type(const std::string& text) {
   for (const char16_t c : FromUtf8(text)) {
-    if (session->OnCharacter(c)) continue;
+    if (Character(c)) continue;
+    const int room = view->limit - static_cast<int>(view->line.size());
+    if (room + (view->selection.end - view->selection.start) <= 0) continue;
     Text line = view->line;
     const CalcSelection at = view->selection;
     line.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.end - at.start), 1, c);
@@ -132,7 +206,7 @@ void CalcRig::Line(const std::string& text) {
 void CalcRig::Pick(std::vector<int> rows) {
   view->selectedRows = std::move(rows);
   view->currentRow = view->selectedRows.empty() ? -1 : view->selectedRows.back();
-  session->OnListSelection();
+  SelectInList();
 }
 
 void CalcRig::Confirm(const std::string& text) {
@@ -142,7 +216,7 @@ void CalcRig::Confirm(const std::string& text) {
 
 int CalcRig::WorkToTheEnd() {
   int pieces = 0;
-  for (; session->IsComputing() && pieces < 1'000'000; ++pieces) session->Work();
+  for (; session->IsComputing() && pieces < 1'000'000; ++pieces) Work();
   EXPECT_FALSE(session->IsComputing());
   return pieces;
 }

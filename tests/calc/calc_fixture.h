@@ -28,16 +28,26 @@ class CalcRig {
 
   /// A tool that is not open yet; one that was there is destroyed first.
   void MakeTool();
-  void Open() { session->Open(); }
-  /// The window goes, as it does when the event that closed it is over.
+  void Open();
+  /// The window goes, whoever destroys it.
   void DestroyTool();
 
-  bool Key(CalcKey key, bool ctrl = false) { return session->OnKey(key, ctrl); }
-  void Button(int id) { session->OnButton(id); }
-  void Menu(int id) { session->OnMenuCommand(id); }
-  /// One character after the other, as the focused line gets them.
+  // Intentions of the window. When the outermost one is over and has closed the window, the session ends as well.
+  /// False is a key that the focused control has got: Up and Down have moved the open list then.
+  bool Key(CalcKey key, bool ctrl = false);
+  bool Character(char16_t character);
+  void Button(int id);
+  void Menu(int id);
+  std::intptr_t Command(std::intptr_t request);
+  void HandleValue();
+  void PressLine();
+  void SelectInList();
+  void DoubleClickList();
+  void PickVariable();
+  void Work();
+  /// One character after the other, as the focused line gets them, up to its limit.
   void Type(const std::string& text);
-  /// The line as if the operator had replaced it, with the caret at its end.
+  /// The line as a program replaces it, beyond the limit too, with the caret at its end.
   void Line(const std::string& text);
   void Mark(int start, int end) { view->selection = {start, end}; }
   void Tick() { timers.Advance(250); }
@@ -79,6 +89,12 @@ class CalcRig {
   std::function<void(const std::string&)> onHostCall;  // after it was logged
 
   static CalcRig* current;
+
+ private:
+  template <typename Intention>
+  auto Tell(Intention intention);
+  void EndClosed();
+  int depth_ = 0;  // intentions that are under way
 };
 
 class CalcTest : public testing::Test, public CalcRig {};

@@ -65,6 +65,76 @@ TEST_F(CalcLineTest, APreviewChangesNoVariable) {
   EXPECT_EQ(SharedCalcStore().Acc, 6);
 }
 
+// The keys of operators and functions wrote on beyond the limit of what is typed, and each press took longer than the
+// one before it.
+TEST_F(CalcLineTest, NoKeyWritesBeyondTheLimit) {
+  struct LimitRow {
+    int length;
+    int command;
+    int after;
+  };
+  const LimitRow rows[] = {
+      {254, 1017, 255},  {255, 1017, 255}, {254, 1035, 255},  {255, 1035, 255},  {251, 32784, 254}, {252, 32784, 255},
+      {253, 32784, 253}, {255, 1014, 255}, {254, 1015, 255},  {251, 1031, 255},  {252, 1031, 252},  {252, 1033, 255},
+      {253, 1033, 253},  {254, 1037, 255}, {255, 1037, 255},  {252, 1016, 255},  {253, 1016, 253},  {255, 32799, 255},
+      {255, 1013, 254},  {255, 0, 255},    {253, 32792, 255}, {254, 32792, 254},
+  };
+  for (const LimitRow& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.command << " at " << row.length);
+    Line(std::string(static_cast<std::size_t>(row.length), '1'));
+    row.command < 32768 ? Button(row.command) : Menu(row.command);
+    EXPECT_EQ(LineNow().size(), static_cast<std::size_t>(row.after));
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  }
+}
+
+TEST_F(CalcLineTest, AKeyThatFindsNoRoomLeavesLineAndCaretAsTheyAre) {
+  Line(std::string(255, '1'));
+  Mark(3, 5);
+  log.clear();
+  Button(1035);
+  Type("=");
+  EXPECT_THAT(All(), ElementsAre("view focus line", "view focus line"));
+  EXPECT_EQ(view->selection, (CalcSelection{3, 5}));
+  Button(1017);
+  EXPECT_EQ(LineNow(), std::string(3, '1') + "7" + std::string(250, '1')) << "what gives way makes room";
+}
+
+TEST_F(CalcLineTest, ALineThatIsLongerAlreadyOnlyGetsShorter) {
+  Line(std::string(300, '1'));
+  Button(1035);
+  Button(1014);
+  EXPECT_EQ(LineNow().size(), 300u);
+  Mark(10, 11);
+  Button(1017);
+  EXPECT_EQ(LineNow(), std::string(10, '1') + "7" + std::string(289, '1'));
+  Line(std::string(300, '1'));
+  Button(1013);
+  EXPECT_EQ(LineNow().size(), 299u);
+}
+
+TEST_F(CalcLineTest, AVariableThatFindsNoRoomIsNotInserted) {
+  Confirm("A=5");
+  Line(std::string(254, '1'));
+  Key(CalcKey::kVariables);
+  view->variable = 1;
+  PickVariable();
+  EXPECT_EQ(LineNow().size(), 254u) << "ACC is three letters";
+  Key(CalcKey::kVariables);
+  view->variable = 0;
+  PickVariable();
+  EXPECT_EQ(LineNow(), std::string(254, '1') + "A");
+}
+
+TEST_F(CalcLineTest, AHeldOperatorKeyEndsAtTheLimitAndCostsNothingThere) {
+  Type(std::string(300, '+'));
+  EXPECT_EQ(LineNow(), std::string(255, '+'));
+  log.clear();
+  Type(std::string(32'768, '+'));
+  EXPECT_EQ(LineNow().size(), 255u);
+  EXPECT_THAT(log, testing::Each("view focus line")) << "neither the line nor a preview is made anew";
+}
+
 TEST_F(CalcLineTest, SqrtWrapsTheSelectionWithTheCaretBehindTheBracket) {
   Line("2+3*4");
   Mark(0, 3);
@@ -88,18 +158,18 @@ TEST_F(CalcLineTest, ADigitReplacesTheSelectionAndPlusWrapsIt) {
 TEST_F(CalcLineTest, ATypedOperatorWrapsTheSelectionToo) {
   Line("2+3*4");
   Mark(0, 3);
-  EXPECT_TRUE(session->OnCharacter(u'!'));
+  EXPECT_TRUE(Character(u'!'));
   EXPECT_EQ(LineNow(), "(2+3)!*4");
 }
 
 TEST_F(CalcLineTest, TypedBracketsAreOrdinaryCharacters) {
   Line("2");
   Mark(0, 1);
-  EXPECT_FALSE(session->OnCharacter(u'('));
-  EXPECT_FALSE(session->OnCharacter(u')'));
-  EXPECT_FALSE(session->OnCharacter(u'7'));
-  EXPECT_FALSE(session->OnCharacter(u'.'));
-  EXPECT_FALSE(session->OnCharacter(u' '));
+  EXPECT_FALSE(Character(u'('));
+  EXPECT_FALSE(Character(u')'));
+  EXPECT_FALSE(Character(u'7'));
+  EXPECT_FALSE(Character(u'.'));
+  EXPECT_FALSE(Character(u' '));
 }
 
 TEST_F(CalcLineTest, AccAtTheEndPutsTheCaretAtTheEnd) {
@@ -211,25 +281,25 @@ TEST_F(CalcLineTest, AValueFromOutsideReplacesTheLine) {
   cnc.Set(u"E.CALCRESUL", 2.5);
   Line("17");
   log.clear();
-  session->OnHandleValue();
+  HandleValue();
   EXPECT_THAT(All(), ElementsAre("view line \"2.5\"", "view status Value : 2.5", "view caret 3"));
 }
 
 TEST_F(CalcLineTest, NoValueFromOutsideLeavesTheLine) {
   Line("17");
   log.clear();
-  session->OnHandleValue();
+  HandleValue();
   cnc.Define(u"E.CALCRESUL", rig::VariableType::kDouble, 3.0, false, true);
-  session->OnHandleValue();
+  HandleValue();
   cnc.Undefine(u"E.CALCRESUL");
-  session->OnHandleValue();
+  HandleValue();
   EXPECT_THAT(All(), IsEmpty());
   EXPECT_EQ(LineNow(), "17");
 }
 
 TEST_F(CalcLineTest, AValueThatIsNoNumberIsHarmless) {
   cnc.Set(u"E.CALCRESUL", std::nan(""));
-  session->OnHandleValue();
+  HandleValue();
   EXPECT_EQ(LineNow(), "nan");
 }
 

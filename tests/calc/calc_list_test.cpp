@@ -63,12 +63,99 @@ TEST_F(CalcListTest, WalkingCopiesTheRowIntoTheLine) {
   EXPECT_EQ(Status(), "Value : 4");
 }
 
+// Up at the first row and Down at the last one copied nothing, because the selection stays what it was.
+TEST_F(CalcListTest, UpAtTheFirstRowAndDownAtTheLastCopyItAgain) {
+  Key(CalcKey::kUp);
+  Pick({0});
+  Line("changed");
+  EXPECT_FALSE(Key(CalcKey::kUp));
+  EXPECT_EQ(LineNow(), "1+1");
+  Pick({2});
+  Line("changed");
+  EXPECT_FALSE(Key(CalcKey::kDown));
+  EXPECT_EQ(LineNow(), "3+3");
+}
+
+TEST_F(CalcListTest, ATapOnTheRowThatIsSelectedCopiesItAgain) {
+  Key(CalcKey::kUp);
+  Pick({1});
+  Menu(32784);
+  EXPECT_EQ(LineNow(), "Sin2+2") << "the caret is at the start of a copied row";
+  Pick({1});
+  EXPECT_EQ(LineNow(), "2+2");
+}
+
+TEST_F(CalcListTest, AListOpenedAgainKeepsItsSelectionAndCopiesIt) {
+  Key(CalcKey::kUp);
+  Pick({0});
+  Key(CalcKey::kEscape);
+  EXPECT_EQ(LineNow(), "abc");
+  Key(CalcKey::kUp);
+  EXPECT_EQ(LineNow(), "abc") << "opening copies nothing";
+  EXPECT_FALSE(Key(CalcKey::kUp));
+  EXPECT_EQ(LineNow(), "1+1");
+}
+
+TEST_F(CalcListTest, TheOnlyRowIsCopiedByEachArrow) {
+  view->FillList({u"5+5"});
+  for (const CalcKey key : {CalcKey::kUp, CalcKey::kDown, CalcKey::kUp}) {
+    Key(CalcKey::kUp);
+    EXPECT_FALSE(Key(key));
+    EXPECT_EQ(LineNow(), "5+5");
+    Key(CalcKey::kEscape);
+    EXPECT_EQ(LineNow(), "abc");
+  }
+}
+
+// The row that came into the place of a deleted one was passed over, and the only one left couldn't be reached.
+TEST_F(CalcListTest, AfterDeletingTheNextArrowSelectsTheRowThatTookThePlace) {
+  struct WalkRow {
+    int deleted;
+    CalcKey key;
+    const char* line;
+    int selected;
+  };
+  const WalkRow rows[] = {{0, CalcKey::kDown, "2+2", 0}, {0, CalcKey::kUp, "2+2", 0},   {1, CalcKey::kDown, "3+3", 1},
+                          {1, CalcKey::kUp, "3+3", 1},   {2, CalcKey::kDown, "2+2", 1}, {2, CalcKey::kUp, "2+2", 1}};
+  for (const WalkRow& row : rows) {
+    SCOPED_TRACE(testing::Message() << "row " << row.deleted);
+    view->FillList({u"1+1", u"2+2", u"3+3"});
+    Key(CalcKey::kUp);
+    Pick({row.deleted});
+    Key(CalcKey::kDelete);
+    EXPECT_TRUE(Key(row.key));
+    EXPECT_EQ(LineNow(), row.line);
+    EXPECT_THAT(view->selectedRows, ElementsAre(row.selected));
+    Key(CalcKey::kEscape);
+  }
+}
+
+TEST_F(CalcListTest, AfterDeletingAllButOneTheLastOneCanBeReached) {
+  Key(CalcKey::kUp);
+  Pick({0, 1});
+  Key(CalcKey::kDelete);
+  Key(CalcKey::kDown);
+  EXPECT_EQ(LineNow(), "3+3");
+  Key(CalcKey::kDelete);
+  EXPECT_THAT(Rows(), IsEmpty());
+  EXPECT_FALSE(Key(CalcKey::kDown));
+  EXPECT_EQ(LineNow(), "3+3") << "there is nothing to copy any more";
+}
+
+TEST_F(CalcListTest, WithSomethingSelectedTheListMovesItself) {
+  Key(CalcKey::kUp);
+  Pick({0, 1});
+  log.clear();
+  EXPECT_FALSE(Key(CalcKey::kDown));
+  EXPECT_THAT(All(), testing::Not(Contains(testing::HasSubstr("select row"))));
+}
+
 TEST_F(CalcListTest, OfSeveralRowsTheOneUnderTheKeysCounts) {
   Key(CalcKey::kUp);
   Pick({0, 1, 2});
   EXPECT_EQ(LineNow(), "3+3");
   view->currentRow = -1;
-  session->OnListSelection();
+  SelectInList();
   EXPECT_EQ(LineNow(), "1+1");
 }
 
@@ -87,12 +174,12 @@ TEST_F(CalcListTest, EnterClosesItWithTheRow) {
 TEST_F(CalcListTest, ADoubleClickAndAClickOnTheLineCloseItWithTheRowToo) {
   Key(CalcKey::kUp);
   Pick({2});
-  session->OnListDoubleClick();
+  DoubleClickList();
   EXPECT_EQ(LineNow(), "3+3");
   ExpectShown(false);
   Key(CalcKey::kUp);
   Pick({0});
-  session->OnLinePressed();
+  PressLine();
   EXPECT_EQ(LineNow(), "1+1");
   ExpectShown(false);
 }
@@ -142,14 +229,14 @@ TEST_F(CalcListTest, DeletingAllRowsAndClosingLeavesTheOldFile) {
   Pick({0, 1, 2});
   Key(CalcKey::kDelete);
   EXPECT_THAT(Rows(), IsEmpty());
-  session->OnToolCommand(34);
+  Command(34);
   DestroyTool();
   EXPECT_EQ(files.disc["C:\\P1\\calc.htr"], "1+1\r\n2+2\r\n3+3\r\n");
 }
 
 TEST_F(CalcListTest, WithTheListOpenCharactersAreNotTaken) {
   Key(CalcKey::kUp);
-  EXPECT_FALSE(session->OnCharacter(u'+'));
+  EXPECT_FALSE(Character(u'+'));
   EXPECT_EQ(LineNow(), "abc");
 }
 
@@ -171,9 +258,9 @@ TEST_F(CalcListTest, InsertWithTheListOpenHandsTheRowOver) {
 
 TEST_F(CalcListTest, SelectionsOfAClosedListAreNobodysBusiness) {
   view->selectedRows = {1};
-  session->OnListSelection();
-  session->OnListDoubleClick();
-  session->OnLinePressed();
+  SelectInList();
+  DoubleClickList();
+  PressLine();
   EXPECT_EQ(LineNow(), "abc");
   EXPECT_THAT(All(), IsEmpty());
 }

@@ -54,7 +54,7 @@ TEST_F(CalcLongTest, TheNextKeyDropsThePreview) {
   Line("2");
   EXPECT_THAT(All(), ElementsAre("view idle", "view status Value : 2"));
   EXPECT_FALSE(session->IsComputing());
-  session->Work();
+  Work();
   EXPECT_THAT(All(), IsEmpty());
 }
 
@@ -104,7 +104,7 @@ TEST_F(CalcLongTest, NobodySeesTheVariablesHalfWay) {
   while (session->IsComputing()) {
     EXPECT_EQ(Variable('C'), 1);
     EXPECT_EQ(Variable('X'), 0);
-    session->Work();
+    Work();
   }
   EXPECT_EQ(Variable('C'), 8);
 }
@@ -112,7 +112,7 @@ TEST_F(CalcLongTest, NobodySeesTheVariablesHalfWay) {
 TEST_F(CalcLongTest, EscapeCancelsAConfirmationAndLeavesTheVariables) {
   const CalcStore before = SharedCalcStore();
   Confirm(kLongAssigning);
-  session->Work();
+  Work();
   log.clear();
   EXPECT_TRUE(Key(CalcKey::kEscape));
   EXPECT_THAT(All(), ElementsAre("view idle", "view working", "view status Computing"));
@@ -127,8 +127,8 @@ TEST_F(CalcLongTest, EscapeCancelsAConfirmationAndLeavesTheVariables) {
 TEST_F(CalcLongTest, WhileItConfirmsNothingElseChangesLineListOrVariables) {
   Confirm(kLong);
   log.clear();
-  EXPECT_TRUE(session->OnCharacter(u'+'));
-  EXPECT_TRUE(session->OnCharacter(u'7'));
+  EXPECT_TRUE(Character(u'+'));
+  EXPECT_TRUE(Character(u'7'));
   for (const CalcKey key :
        {CalcKey::kEnter, CalcKey::kInsert, CalcKey::kDelete, CalcKey::kUp, CalcKey::kDown, CalcKey::kVariables}) {
     EXPECT_TRUE(Key(key));
@@ -136,11 +136,11 @@ TEST_F(CalcLongTest, WhileItConfirmsNothingElseChangesLineListOrVariables) {
   for (const int id : {1012, 1013, 1017, 1031, 1036, 1037, 1102}) Button(id);
   Menu(32784);
   cnc.Set(u"E.CALCRESUL", 5.0);
-  session->OnHandleValue();
-  session->OnLinePressed();
-  session->OnListSelection();
-  session->OnListDoubleClick();
-  session->OnVariablesPicked();
+  HandleValue();
+  PressLine();
+  SelectInList();
+  DoubleClickList();
+  PickVariable();
   Mark(0, 4);
   Tick();
   EXPECT_THAT(All(), IsEmpty());
@@ -205,7 +205,7 @@ TEST_F(CalcLongTest, AConfirmationThatFailsAfterAWhileKeepsItsAssignments) {
 TEST_F(CalcLongTest, ClosingDropsWhateverRuns) {
   const CalcStore before = SharedCalcStore();
   Confirm(kLongAssigning);
-  session->OnToolCommand(34);
+  Command(34);
   EXPECT_FALSE(session->IsComputing());
   EXPECT_EQ(SharedCalcStore().Variables, before.Variables);
   DestroyTool();

@@ -74,8 +74,8 @@ const KeyRow kRows[] = {
     {"CtrlDownOnTheList", CalcKey::kDown, true, true, true, {"view move 100,58"}},
     {"Up", CalcKey::kUp, false, false, true, {}},
     {"Down", CalcKey::kDown, false, false, true, {}},
-    {"UpOnTheList", CalcKey::kUp, false, true, false, {}},
-    {"DownOnTheList", CalcKey::kDown, false, true, false, {}},
+    {"UpOnTheList", CalcKey::kUp, false, true, false, {"view line \"1+1\""}},
+    {"DownOnTheList", CalcKey::kDown, false, true, false, {"view line \"1+1\""}},
     {"AltF4", CalcKey::kAltF4, false, false, true, {"view close panel"}},
     {"AltF4OnTheList", CalcKey::kAltF4, false, true, true, {"view close panel"}},
     {"CtrlAltF4", CalcKey::kAltF4, true, false, false, {}},
@@ -106,7 +106,7 @@ TEST_F(CalcNavigationTest, UpOpensTheListAndDownGoesToIt) {
 TEST_F(CalcNavigationTest, AHostThatClosesTheToolOnItsWishFindsNothingHalfDone) {
   onHostCall = [this](const std::string& call) {
     if (call != "HostToolWantsClose(3)") return;
-    EXPECT_EQ(session->OnToolCommand(20), 2);
+    EXPECT_EQ(Command(20), 2);
   };
   EXPECT_TRUE(Key(CalcKey::kEscape));
   EXPECT_THAT(All(), ElementsAre("HostToolWantsClose(3)", "view hide", "HostToolClosed(3,2)", "view destroy"));

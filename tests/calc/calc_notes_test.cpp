@@ -40,6 +40,14 @@ TEST_F(CalcNotesTest, ItFollowsTheLineAndKeepsTheLastValueWhileTheLineHasNone) {
   EXPECT_EQ(Note(), "0  $0  B0");
 }
 
+TEST_F(CalcNotesTest, AFailedEvaluationKeepsTheLastValueToo) {
+  Line("10");
+  Button(calc_id::kShowBases);
+  Line("1/0");
+  EXPECT_EQ(Status(), "Failed");
+  EXPECT_EQ(Note(), "10  $A  B1010");
+}
+
 TEST_F(CalcNotesTest, TheSolversParametersAreThoseOfTheVariables) {
   Confirm("A=1;B=2;N=100;E=0.5");
   Button(calc_id::kShowSolver);
@@ -113,7 +121,7 @@ TEST_F(CalcNotesTest, EscapeTakesTheNoteAndClosesTheListInOnePress) {
 TEST_F(CalcNotesTest, TheNoteGoesWithTheTool) {
   Button(calc_id::kShowBases);
   log.clear();
-  session->OnToolCommand(34);
+  Command(34);
   EXPECT_THAT(All(), ElementsAre("view note \"\"", "view hide", "HostToolClosed(3,2)", "view destroy"));
 }
 

@@ -119,7 +119,7 @@ TEST_F(CalcTest, WithoutHostItOpensAndCloses) {
   table = {};
   Open();
   EXPECT_TRUE(view->visible);
-  EXPECT_EQ(session->OnToolCommand(20), 2);
+  EXPECT_EQ(Command(20), 2);
 }
 
 TEST_F(CalcTest, OpeningTwiceIsOpeningOnce) {
@@ -131,7 +131,7 @@ TEST_F(CalcTest, OpeningTwiceIsOpeningOnce) {
 
 TEST_F(CalcTest, AHostThatClosesTheToolWhileItOpensLeavesNothingBehind) {
   onHostCall = [this](const std::string& call) {
-    if (call == "HostToolOpening(3)") session->OnToolCommand(6);
+    if (call == "HostToolOpening(3)") Command(6);
   };
   Open();
   EXPECT_FALSE(view->visible);

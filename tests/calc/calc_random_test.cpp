@@ -69,25 +69,25 @@ class CalcRandomTest : public testing::TestWithParam<unsigned>, public CalcRig {
         timers.Advance(Number(600));
         break;
       case 8:
-        for (int pieces = Number(30); pieces > 0; --pieces) session->Work();
+        for (int pieces = Number(30); pieces > 0; --pieces) Work();
         break;
       case 9:
         if (session->IsListOpen() && !view->rows.empty()) Pick({Number(static_cast<int>(view->rows.size()))});
         break;
       case 10:
         if (!view->variables.empty()) view->variable = Number(1 + static_cast<int>(view->variables.size())) - 1;
-        session->OnVariablesPicked();
+        PickVariable();
         break;
       case 11:
-        Number(2) == 0 ? session->OnListDoubleClick() : session->OnLinePressed();
+        Number(2) == 0 ? DoubleClickList() : PressLine();
         break;
       case 12:
         if (Number(2) == 0) cnc.Set(u"E.CALCRESUL", 0.37 * Number(1000));
-        session->OnHandleValue();
+        HandleValue();
         break;
       default:
         if (Number(8) == 0) Key(CalcKey::kInsert);
-        if (Number(8) == 0) session->OnToolCommand(Number(40));
+        if (Number(8) == 0) Command(Number(40));
         if (Number(8) == 0) Menu(calc_id::kMenuMachining);
         break;
     }

@@ -61,7 +61,7 @@ TEST_F(CalcVariablesTest, ATapWritesTheNameInThePlaceOfTheSelection) {
   Mark(2, 3);
   Button(calc_id::kShowVariables);
   view->variable = 0;
-  session->OnVariablesPicked();
+  PickVariable();
   EXPECT_EQ(LineNow(), "1+ACC");
   EXPECT_EQ(Status(), "Value : 8");
 }
@@ -87,7 +87,7 @@ TEST_F(CalcVariablesTest, EnterWithoutSelectionJustClosesIt) {
   Confirm("A=5");
   Line("1");
   Button(calc_id::kShowVariables);
-  session->OnVariablesPicked();
+  PickVariable();
   EXPECT_TRUE(IsOpen());
   Key(CalcKey::kEnter);
   EXPECT_FALSE(IsOpen());
@@ -114,7 +114,7 @@ TEST_F(CalcVariablesTest, OnlyOneListIsOpen) {
 TEST_F(CalcVariablesTest, ArrowsAndDeleteAreTheListsOwn) {
   Button(calc_id::kShowVariables);
   for (const CalcKey key : {CalcKey::kUp, CalcKey::kDown, CalcKey::kDelete}) EXPECT_FALSE(Key(key));
-  EXPECT_FALSE(session->OnCharacter(u'+'));
+  EXPECT_FALSE(Character(u'+'));
   EXPECT_TRUE(IsOpen());
 }
 
@@ -129,7 +129,7 @@ TEST_F(CalcVariablesTest, WritingAndConfirmingCloseIt) {
   Button(calc_id::kConfirm);
   EXPECT_FALSE(IsOpen());
   Button(calc_id::kShowVariables);
-  session->OnLinePressed();
+  PressLine();
   EXPECT_FALSE(IsOpen());
 }
 
@@ -146,7 +146,7 @@ TEST_F(CalcVariablesTest, CompactingClosesItAndOpensItOverTheResultNextTime) {
 TEST_F(CalcVariablesTest, PickingInAClosedListIsNothing) {
   Confirm("A=5");
   view->variable = 0;
-  session->OnVariablesPicked();
+  PickVariable();
   EXPECT_EQ(LineNow(), "");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The ends of the calculator's window: whoever destroys it, whenever, nothing is left, nothing falls, and what the
 // operator had lies on the disc.
+#include "calc/expr/calc_store.h"
 #include "calc_stage.h"
 
 namespace pnl::test {
@@ -42,50 +43,120 @@ TEST_F(CalcEndTest, OutlivesANoteThatSomebodyElseDestroys) {
   delete Note();
   Touch(calc_id::kShowBases);
   tool->move(10, 10);
+  Write("1+1");
+  EXPECT_EQ(Status(), "Result : 2");
+  EXPECT_EQ(Note(), nullptr);
 }
+
+enum class HowItEnds { kAtOnce, kLater, kWithItsParent };
 
 struct EndRow {
   const char* call;
   std::function<void()> act;
 };
 
-TEST_F(CalcEndTest, MayBeDestroyedByTheHostInEveryCallback) {
-  const EndRow rows[] = {
-      {"opening 3", [] {}},
-      {"update side", [] {}},
-      {"wants close 3", [this] { Key(Qt::Key_Escape); }},
-      {"closed 3,2", [this] { Command(20); }},
-      {"closed 3,1",
-       [this] {
-         Write("1");
-         Key(Qt::Key_Insert);
-       }},
-      {"accepted",
-       [this] {
-         Write("1");
-         Key(Qt::Key_Insert);
-       }},
-      {"machining", [this] { Menu(calc_id::kMenuMachining); }},
-      {"update main", [this] { Menu(calc_id::kMenuCompact); }},
-  };
-  for (const EndRow& row : rows) {
-    for (const bool atOnce : {false, true}) {
-      SCOPED_TRACE(testing::Message() << row.call << (atOnce ? " at once" : " later"));
-      bool done = false;
-      onHostCall = [&](const std::string& call) {
-        if (call != row.call || std::exchange(done, true)) return;
-        // While it opens, the stage doesn't know it yet.
-        auto* target = area->findChild<ZCCalc7340*>();
-        atOnce ? delete target : target->deleteLater();
-      };
-      Open();
-      if (!tool.isNull()) row.act();
-      Settle();
-      EXPECT_TRUE(done);
-      EXPECT_TRUE(tool.isNull());
-      onHostCall = nullptr;
+class CalcCallbackTest : public CalcEndTest, public testing::WithParamInterface<HowItEnds> {
+ protected:
+  void Destroy() {
+    // While it opens, the stage doesn't know it yet.
+    auto* target = area->findChild<ZCCalc7340*>();
+    switch (GetParam()) {
+      case HowItEnds::kAtOnce:
+        delete target;
+        break;
+      case HowItEnds::kLater:
+        target->deleteLater();
+        break;
+      case HowItEnds::kWithItsParent:
+        delete std::exchange(area, nullptr);
+        break;
     }
   }
+  void MakeArea() {
+    if (area != nullptr) return;
+    area = new QWidget(&panel);
+    area->setGeometry(20, 10, 800, 600);
+    WindowRegistry::Instance().Attach(area, nullptr, nullptr);
+    area->show();
+  }
+  /// Each of the ways to a callback, and the callback in which the host ends the tool.
+  std::vector<EndRow> Rows() {
+    const auto insert = [this] {
+      Write("1");
+      Key(Qt::Key_Insert);
+    };
+    const auto longInsert = [this] {
+      SharedCalcStore().Variables['N' - 'A'] = 500000;
+      SharedCalcStore().Variables[0] = 1;
+      Line()->SetText("INTEGRAL(X" + QString("+X").repeated(20) + ")");
+      Key(Qt::Key_Insert);
+      WaitForComputing();
+    };
+    const auto machining = [this] { Menu(calc_id::kMenuMachining); };
+    return {
+        {"box", {}},
+        {"opening 3", {}},
+        {"main menu", {}},
+        {"side menu", {}},
+        {"update side", {}},
+        {"update side", [this] { Menu(calc_id::kMenuBase); }},
+        {"update side", [this] { Menu(calc_id::kMenuAngle); }},
+        {"update main", [this] { Menu(calc_id::kMenuCompact); }},
+        {"wants close 3", [this] { Key(Qt::Key_Escape); }},
+        {"closed 3,2", [this] { Command(20); }},
+        {"closed 3,2", [this] { Command(34); }},
+        {"closed 3,2", machining},
+        {"machining", machining},
+        {"closed 3,1", insert},
+        {"accepted", insert},
+        {"closed 3,1", longInsert},
+        {"accepted", longInsert},
+    };
+  }
+};
+
+// A host may put away the window in which the tool lies, and the tool with it, from within each of its callbacks.
+TEST_P(CalcCallbackTest, TheHostMayEndItInEveryCallback) {
+  for (const EndRow& row : Rows()) {
+    SCOPED_TRACE(row.call);
+    MakeArea();
+    language.Use(BuiltPack());
+    bool done = false;
+    const auto endOnce = [&](const std::string& call) {
+      if (call != row.call || std::exchange(done, true)) return;
+      Destroy();
+    };
+    if (!row.act) onHostCall = endOnce;
+    Open();
+    if (row.act) {
+      onHostCall = endOnce;
+      row.act();
+    }
+    Settle();
+    EXPECT_TRUE(done);
+    EXPECT_TRUE(tool.isNull());
+    EXPECT_FALSE(windows.IsAlive(handle));
+    EXPECT_EQ(timers.Running(), 0u);
+    EXPECT_EQ(menus.Count(), 0u);
+    onHostCall = nullptr;
+  }
+  MakeArea();
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, CalcCallbackTest,
+                         testing::Values(HowItEnds::kAtOnce, HowItEnds::kLater, HowItEnds::kWithItsParent));
+
+TEST_F(CalcEndTest, WhatTheOperatorHadIsSavedWhenTheHostEndsItInACallback) {
+  Open();
+  Write("1+2");
+  Key(Qt::Key_Return);
+  onHostCall = [this](const std::string& call) {
+    if (call == "wants close 3") delete std::exchange(area, nullptr);
+  };
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(tool.isNull());
+  EXPECT_EQ(OnDisc("C:\\P1\\calc.htr"), "1+2\r\n");
+  EXPECT_EQ(OnDisc("C:\\P52\\Calc7340.ini"), "[COMMON]\r\nWindow=0,0\r\nMinimized=NO\r\n");
 }
 
 TEST_F(CalcEndTest, ASecondOneReadsWhatTheFirstOneSavedEvenBeforeItIsGone) {
@@ -123,9 +194,12 @@ TEST_F(CalcEndTest, CommandSixGoesWithoutAWord) {
 
 TEST_F(CalcEndTest, PostedMessagesDieWithIt) {
   Open();
+  TakeHostCalls();
   windows.Post(handle, {kMsgToolCommand, 20, 1});
   delete tool;
   Settle();
+  EXPECT_TRUE(TakeHostCalls().empty());
+  EXPECT_EQ(Command(20), 0) << "as a message sent to it does";
 }
 
 TEST_F(CalcEndTest, ALineChangedByADyingWidgetTellsNobody) {
@@ -133,7 +207,11 @@ TEST_F(CalcEndTest, ALineChangedByADyingWidgetTellsNobody) {
   QObject::connect(tool, &QObject::destroyed, area, [line = QPointer<CalcLine>(Line())] {
     if (line) line->setText("9");
   });
+  const std::int64_t then = now;
+  const CalcStore before = SharedCalcStore();
   delete tool;
+  EXPECT_EQ(now, then) << "nothing is previewed";
+  EXPECT_EQ(SharedCalcStore().Acc, before.Acc);
 }
 
 }  // namespace

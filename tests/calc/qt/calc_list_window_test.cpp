@@ -136,6 +136,84 @@ TEST_F(CalcListWindowTest, RowsMoveFromTheLineToo) {
   EXPECT_EQ(LineText(), "0+1");
 }
 
+// Up at the first row, Down at the last one and a finger on the selected row changed no selection and copied nothing.
+TEST_F(CalcListWindowTest, ArrowsAtTheEndsAndAFingerOnTheSelectedRowCopyItAgain) {
+  OpenWith(3);
+  const auto change = [this] { Menu(32784); };
+  Key(Qt::Key_Down);
+  change();
+  ASSERT_EQ(LineText(), "Sin0+1");
+  List()->setFocus();
+  Key(Qt::Key_Up);
+  EXPECT_EQ(LineText(), "0+1");
+  change();
+  TouchRow(List(), 0);
+  EXPECT_EQ(LineText(), "0+1");
+  Key(Qt::Key_End);
+  EXPECT_EQ(LineText(), "2+1");
+  change();
+  List()->setFocus();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "2+1");
+  change();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "2+1") << "from the line too";
+}
+
+TEST_F(CalcListWindowTest, AListOpenedAgainCopiesItsRowByTheFirstArrow) {
+  OpenWith(2);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(LineText(), "");
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "") << "opening copies nothing";
+  Key(Qt::Key_Up);
+  EXPECT_EQ(LineText(), "0+1");
+}
+
+TEST_F(CalcListWindowTest, TheOnlyRowIsCopiedByEachOpeningsArrow) {
+  OpenWith(1);
+  for (const int key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+    Key(key);
+    EXPECT_EQ(LineText(), "0+1");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(LineText(), "");
+    Key(Qt::Key_Down);
+    ASSERT_TRUE(List()->isVisible());
+  }
+}
+
+// The row that came into the place of a deleted one was passed over, and the only one left couldn't be reached.
+TEST_F(CalcListWindowTest, AfterDeleteTheRowThatTookThePlaceComesNext) {
+  OpenWith(4);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "1+1");
+  EXPECT_THAT(List()->Selected(), ElementsAre(0));
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(LineText(), "2+1");
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "3+1");
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "2+1") << "behind the last row comes the last one left";
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(List()->Count(), 0);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(LineText(), "2+1") << "nothing is left to copy";
+}
+
+TEST_F(CalcListWindowTest, AWalkWithShiftStillSelectsAStretch) {
+  OpenWith(4);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_THAT(List()->Selected(), ElementsAre(0, 1, 2));
+  EXPECT_EQ(LineText(), "2+1") << "the row that the keys are on";
+}
+
 TEST_F(CalcListWindowTest, TenThousandRowsAreThereAtOnceAndPaintOnlyWhatIsSeen) {
   OpenWith(10'000);
   ASSERT_EQ(List()->Count(), 10'000);
@@ -161,7 +239,45 @@ TEST_F(CalcListWindowTest, RowsOfAWholeListCanBeDeleted) {
   EXPECT_TRUE(List()->isVisible());
 }
 
-class CalcVariablesWindowTest : public CalcStage {};
+class CalcVariablesWindowTest : public CalcStage {
+ protected:
+  /// The second tap of two quick ones, wherever it lands now.
+  void TapAgain(QWidget* widget, QPoint place) {
+    PressMouse(widget, place, QEvent::MouseButtonDblClick);
+    PressMouse(widget, place, QEvent::MouseButtonRelease);
+    Settle();
+  }
+};
+
+// The second tap picked whatever variable had come under the finger.
+TEST_F(CalcVariablesWindowTest, TwoQuickTapsOnItsKeyOpenItAndPickNothing) {
+  Open();
+  Write("A=5;B=2");
+  Key(Qt::Key_Return);
+  Touch(calc_id::kShowVariables);
+  ASSERT_TRUE(Variables()->isVisible());
+  const QPoint row = Variables()->visualRect(Variables()->model()->index(0, 0)).center();
+  TapAgain(Variables()->viewport(), row);
+  EXPECT_TRUE(Variables()->isVisible());
+  EXPECT_EQ(LineText(), "");
+  TouchRow(Variables(), 1);
+  EXPECT_EQ(LineText(), "B");
+}
+
+// The second tap wrote whatever key had come under the finger.
+TEST_F(CalcVariablesWindowTest, TwoQuickTapsOnARowPickItAndPressNoKey) {
+  Open();
+  Write("A=5;B=2");
+  Key(Qt::Key_Return);
+  Touch(calc_id::kShowVariables);
+  TouchRow(Variables(), 0);
+  ASSERT_EQ(LineText(), "A");
+  TapAgain(Control(1017), Control(1017)->rect().center());
+  EXPECT_EQ(LineText(), "A");
+  Touch(1035);
+  TapAgain(Control(1028), Control(1028)->rect().center());
+  EXPECT_EQ(LineText(), "A+2") << "the key beside one that is still there";
+}
 
 TEST_F(CalcVariablesWindowTest, ShowsWhatIsNotZeroAndTakesItByOneTouch) {
   Open();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A calculator in a panel's window, off screen: a simulated control without a machine, a disc in a folder, a clock that
-// stands still, the built English pack, and a host that notes what it is called. Real widgets get real events.
+// A calculator in a panel's window, off screen: a simulated control without a machine, a disc in a folder, timers that
+// stand still, the built English pack, and a host that notes what it is called. Real widgets get real events. How much
+// an event computes is counted: each look at the clock takes a millisecond.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -21,6 +22,9 @@
 #include "window/qt/qt_window_system.h"
 
 namespace pnl::test {
+
+/// The English pack that the build made.
+[[nodiscard]] LanguagePack BuiltPack();
 
 class CalcStage : public testing::Test {
  protected:
@@ -53,7 +57,7 @@ class CalcStage : public testing::Test {
   void Touch(int id) const { Touch(Control(id)); }
   void Touch(QWidget* widget) const;
   void TouchRow(ListBox* list, int row, Qt::KeyboardModifiers modifiers = {}) const;
-  /// Until nothing is computed any more.
+  /// Until nothing is computed any more; fails when that doesn't come.
   void WaitForComputing() const;
   std::vector<std::string> TakeHostCalls() { return std::exchange(hostCalls, {}); }
 
@@ -76,6 +80,7 @@ class CalcStage : public testing::Test {
   QLineEdit* other;  // something else that takes the focus
   QPointer<ZCCalc7340> tool;
   WindowHandle handle = 0;
+  std::int64_t now = 0;
 };
 
 }  // namespace pnl::test

@@ -24,7 +24,7 @@ TEST_F(CalcWindowTest, ShowsItselfAtTheEndOfItsOpening) {
   EXPECT_EQ(Line()->property(property::kLimit).toInt(), 255);
   EXPECT_FALSE(List()->isVisible());
   EXPECT_FALSE(Variables()->isVisible());
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("opening 3", "update side"));
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("box", "opening 3", "main menu", "side menu", "update side"));
 }
 
 struct PixelRow {
@@ -219,6 +219,18 @@ TEST_F(CalcWindowTest, TheLineTakesLongerTextsThanMayBeTyped) {
   Key(Qt::Key_End);
   Type(Line(), "2");
   EXPECT_EQ(Line()->text().size(), 300) << "typing doesn't make it longer still";
+}
+
+// The keys of operators went beyond the limit, and each one laid the whole line out anew.
+TEST_F(CalcWindowTest, AHeldOperatorKeyStopsAtTheLimitAndLeavesTheLineAlone) {
+  Type(Line(), QString(300, '+'));
+  EXPECT_EQ(LineText(), std::string(255, '+'));
+  const QMetaObject::Connection changed =
+      QObject::connect(Line(), &QLineEdit::textChanged, [] { ADD_FAILURE() << "the line is written again"; });
+  Type(Line(), QString(1000, '+'));
+  for (int i = 0; i < 100; ++i) Touch(1035);
+  QObject::disconnect(changed);
+  EXPECT_EQ(LineText(), std::string(255, '+'));
 }
 
 TEST_F(CalcWindowTest, HidingItGivesTheFocusAway) {
