@@ -3,6 +3,8 @@
 // windows by number.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <set>
@@ -30,7 +32,10 @@ class FakeWindowSystem : public WindowSystem {
   std::intptr_t Send(WindowHandle window, const Message& message) override {
     if (!IsAlive(window)) return 0;
     sent.push_back({window, message, false});
-    return onSend ? onSend(window, message) : 0;
+    ++callOuts_;
+    const std::intptr_t answer = onSend ? onSend(window, message) : 0;
+    --callOuts_;
+    return answer;
   }
   void Post(WindowHandle window, const Message& message) override {
     if (!IsAlive(window)) return;
@@ -41,11 +46,19 @@ class FakeWindowSystem : public WindowSystem {
   Rect PanelRect() const override { return panelRect; }
   BoxAnswer ShowBox(WindowHandle, const BoxSpec& box) override {
     boxes.push_back(box);
+    ++callOuts_;
     if (onBox) onBox();
+    --callOuts_;
+    // A question has no OK, and a box without a question nothing else.
+    if (box.style != BoxStyle::kQuestion) return BoxAnswer::kOk;
+    EXPECT_TRUE(boxAnswer == BoxAnswer::kYes || boxAnswer == BoxAnswer::kNo) << "a question without an answer";
     return boxAnswer;
   }
   void SetClipboardText(TextView text) override { clipboard = Text(text); }
   Text ClipboardText() const override { return clipboard; }
+
+  /// True while a box is open or a message is being delivered: the tool's code may be below on the stack.
+  [[nodiscard]] bool InCallOut() const { return callOuts_ != 0; }
 
   /// Hands every posted message for a live window to deliver, those posted meanwhile included.
   void Drain(const std::function<void(WindowHandle, const Message&)>& deliver) {
@@ -69,6 +82,7 @@ class FakeWindowSystem : public WindowSystem {
 
  private:
   WindowHandle last_ = 0;
+  int callOuts_ = 0;
 };
 
 }  // namespace pnl::test

@@ -3,12 +3,24 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <set>
 
 #include "window/window.h"
 
 namespace pnl {
 namespace {
+
+// In a process of its own, where nobody has asked for any name before.
+TEST(Messages, TheNumberOfASharedNameDependsOnTheTableAndNotOnWhoAsksFirst) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(std::_Exit(RegisterMessage("NOT_SHARED") == kFirstRegistered + 34 ? 0 : 1), testing::ExitedWithCode(0),
+              "");
+  EXPECT_EXIT(std::_Exit(RegisterMessage("XPLR_END_FIND") == kFirstRegistered + 33 ? 0 : 1), testing::ExitedWithCode(0),
+              "");
+  EXPECT_EXIT(std::_Exit(RegisteredMessageName(kFirstRegistered) == "ZMC_CANCELDLG" ? 0 : 1),
+              testing::ExitedWithCode(0), "");
+}
 
 TEST(Messages, EverySharedNameHasANumberOfItsOwnThatFollowsTheTable) {
   std::set<std::uint32_t> numbers;

@@ -218,12 +218,56 @@ TEST_F(WindowSystemTest, AWindowMayEndInItsOwnMessage) {
   EXPECT_FALSE(windows_.IsAlive(window));
 }
 
+TEST_F(WindowSystemTest, AWindowMayEndInAMessageWithinItsMessage) {
+  auto* tool = new NotingTool(&host_);
+  const WindowHandle window = tool->Handle();
+  std::intptr_t inner = 0;
+  tool->onMessage = [&](const Message& message) {
+    if (message.number == 3) {
+      delete tool;
+    } else {
+      inner = windows_.Send(window, {message.number + 1, 2, 3});
+    }
+  };
+  EXPECT_EQ(windows_.Send(window, {1, 1, 1}), 2);
+  EXPECT_EQ(inner, 5);
+  EXPECT_THAT(Log(), ElementsAre("tool 1", "tool 2", "tool 3"));
+  EXPECT_FALSE(windows_.IsAlive(window));
+}
+
+// A tool that is to be destroyed when its own code is off the stack has no handle any more, but still is.
+TEST_F(WindowSystemTest, WhatWasPostedToAWindowWithoutItsHandleIsDropped) {
+  NotingTool tool(&host_);
+  windows_.Post(tool.Handle(), {1, 0, 0});
+  registry_.Unregister(tool.Handle());
+  QCoreApplication::sendPostedEvents();
+  EXPECT_THAT(Log(), ElementsAre());
+  EXPECT_EQ(windows_.Send(tool.Handle(), {1, 2, 3}), 0);
+}
+
+TEST_F(WindowSystemTest, AHostThatEndsWhileItsMessageIsToldDoesNotGetIt) {
+  auto widget = std::make_unique<QWidget>();
+  const WindowHandle window = registry_.Attach(widget.get(), HostProc, nullptr);
+  bool inside = false;
+  windows_.onMessageToHost = [&](WindowHandle, const Message&) {
+    inside = windows_.InCallOut();
+    widget.reset();
+  };
+  EXPECT_EQ(windows_.Send(window, {1, 2, 3}), 0);
+  EXPECT_TRUE(inside);
+  EXPECT_FALSE(windows_.InCallOut());
+  EXPECT_THAT(Log(), ElementsAre());
+}
+
 TEST_F(WindowSystemTest, AWindowKnowsThatItIsHandlingAMessage) {
   NotingTool tool(&host_);
-  bool inside = false;
-  tool.onMessage = [&](const Message&) { inside = tool.InMessage(); };
+  std::vector<bool> inside;
+  tool.onMessage = [&](const Message& message) {
+    if (message.number == 1) windows_.Send(tool.Handle(), {2, 0, 0});
+    inside.push_back(tool.InMessage());
+  };
   windows_.Send(tool.Handle(), {1, 0, 0});
-  EXPECT_TRUE(inside);
+  EXPECT_THAT(inside, ElementsAre(true, true)) << "also after a message within it";
   EXPECT_FALSE(tool.InMessage());
 }
 
