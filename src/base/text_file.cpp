@@ -104,6 +104,10 @@ std::int64_t CStdioFileEx::TCHAR_Seek(std::int64_t offset, int origin) {
   return static_cast<std::int64_t>(target);
 }
 
+bool CStdioFileEx::SeekByte(std::int64_t byte) {
+  return mode_ == Mode::kReading && byte >= 0 && reader_->SeekByte(static_cast<std::uint64_t>(byte));
+}
+
 bool CStdioFileEx::Close() {
   const Mode mode = std::exchange(mode_, Mode::kClosed);
   reader_.reset();

@@ -46,6 +46,9 @@ class CStdioFileEx {
   /// Moves in a file being read, by 16-bit units of its text (CR LF counts as two). The new position, or -1 with the
   /// place unchanged when it lies outside the file or the file isn't being read.
   std::int64_t TCHAR_Seek(std::int64_t offset, int origin);
+  /// Goes to the character that has that byte of the file being read; a byte of the mark is the text's start. False,
+  /// with the place unchanged, when it lies outside the file or the file isn't being read.
+  bool SeekByte(std::int64_t byte);
   /// Stores what was written. False when that failed; the file is then as it was before Open.
   bool Close();
 

@@ -4,9 +4,6 @@
 #include <algorithm>
 
 namespace pnl {
-namespace {
-constexpr std::size_t kPiece = 1u << 16;
-}
 
 TextReader::TextReader(std::unique_ptr<FileReader> file) : file_(std::move(file)) {
   Recognise();
@@ -36,6 +33,34 @@ bool TextReader::Seek(std::uint64_t position) {
   Rewind();
   Skip(old);
   return false;
+}
+
+bool TextReader::SeekByte(std::uint64_t byte) {
+  const std::uint64_t old = position_;
+  Rewind();
+  // What lies before is decoded, so that the place is known in units too.
+  for (std::uint64_t left = byte - std::min<std::uint64_t>(byte, mark_.length); left != 0;) {
+    const std::size_t before = bytes_.size();
+    if (!Fill(static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, left)))) {
+      Rewind();
+      Skip(old);
+      return false;
+    }
+    left -= bytes_.size() - before;
+    units_.clear();
+    bytes_.erase(0, Decode(mark_.encoding, bytes_, false, units_));
+    position_ += units_.size();
+  }
+  if (mark_.encoding == Encoding::kUtf8) {
+    // Decode holds the last bytes back, which may be whole characters.
+    const std::size_t whole = ValidUtf8Prefix(bytes_);
+    units_.clear();
+    Decode(mark_.encoding, std::string_view(bytes_).substr(0, whole), true, units_);
+    bytes_.erase(0, whole);
+    position_ += units_.size();
+  }
+  units_.clear();
+  return true;
 }
 
 std::uint64_t TextReader::Length() {
@@ -74,10 +99,10 @@ void TextReader::Rewind() {
   position_ = 0;
 }
 
-bool TextReader::Fill() {
+bool TextReader::Fill(std::size_t most) {
   const std::size_t old = bytes_.size();
-  bytes_.resize(old + kPiece);
-  const std::int64_t got = file_->Read(bytes_.data() + old, kPiece);
+  bytes_.resize(old + most);
+  const std::int64_t got = file_->Read(bytes_.data() + old, most);
   if (got < 0) readFailed_ = true;
   bytes_.resize(old + static_cast<std::size_t>(std::max<std::int64_t>(got, 0)));
   return got > 0;

@@ -25,6 +25,9 @@ class TextReader {
   [[nodiscard]] std::uint64_t Position() const { return position_; }
   /// Goes to that position; false, and the place stays, beyond the end.
   bool Seek(std::uint64_t position);
+  /// Goes to the character that has that byte of the file; a byte of the mark is the text's start. False, and the place
+  /// stays, beyond the end.
+  bool SeekByte(std::uint64_t byte);
   /// The number of units in the file.
   [[nodiscard]] std::uint64_t Length();
   [[nodiscard]] Encoding FileEncoding() const { return mark_.encoding; }
@@ -32,10 +35,11 @@ class TextReader {
   [[nodiscard]] bool ReadFailed() const { return readFailed_; }
 
  private:
+  static constexpr std::size_t kPiece = 1u << 16;
   void Recognise();
   void Rewind();
   /// Reads one more piece of bytes behind those not yet decoded; false at the end and on a failure.
-  bool Fill();
+  bool Fill(std::size_t most = kPiece);
   bool Skip(std::uint64_t units);
 
   std::unique_ptr<FileReader> file_;

@@ -27,6 +27,11 @@ TextView From(TextView text, std::int64_t start) {
   return text.substr(static_cast<std::size_t>(std::clamp<std::int64_t>(start, 0, size)));
 }
 
+/// A text begins with a character of two units.
+bool IsPair(TextView text) {
+  return text.size() > 1 && text[0] >= 0xD800 && text[0] < 0xDC00 && text[1] >= 0xDC00 && text[1] < 0xE000;
+}
+
 bool Cancelled(const std::atomic<bool>* cancel) { return cancel != nullptr && cancel->load(); }
 
 }  // namespace
@@ -88,13 +93,12 @@ std::int32_t CountLines(std::int32_t position, CStdioFileEx& file, const std::at
 }
 
 Text MarkLine(TextView line, std::size_t index) {
-  const std::size_t at = std::min(index, line.size());
-  Text marked(line.substr(0, at));
-  marked += u'<';
-  if (at < line.size()) marked += line[at];
-  marked += u'>';
-  if (at < line.size()) marked += line.substr(at + 1);
-  return marked;
+  std::size_t at = std::min(index, line.size());
+  // A character of two units is marked whole.
+  if (at > 0 && at < line.size() && IsPair(line.substr(at - 1))) --at;
+  const TextView rest = line.substr(at);
+  const std::size_t length = IsPair(rest) ? 2 : std::min<std::size_t>(rest.size(), 1);
+  return Format(u"%s<%s>%s", line.substr(0, at), rest.substr(0, length), rest.substr(length));
 }
 
 ProgramCaptions ProgramCaptionsOf(const ErrorWords& words) {
@@ -108,7 +112,7 @@ ProgramLines ReadProgramLines(const ProgramPlace& place, const ProgramCaptions& 
   if (place.path.empty() || !file.Open(place.path, CStdioFileEx::kRead) || file.IsFileEncryptedText()) return lines;
   lines.lineNumber = Format(u"\n%s %d", captions.lineNumber, CountLines(place.position, file, cancel));
   if (Cancelled(cancel)) return lines;
-  if (file.TCHAR_Seek(place.position, CStdioFileEx::kBegin) == -1) return lines;
+  if (!file.SeekByte(place.position)) return lines;
   std::int32_t mark = place.span / 2;
   const bool cut = mark >= kFarMark;
   if (cut) {

@@ -23,9 +23,9 @@ struct TextWidths {
 
 /// Where in which file an error lies. Positions and spans are as the kernel gives them.
 struct ProgramPlace {
-  Text path;  // at most 259 units
-  std::int32_t position = 0;
-  std::int32_t span = 0;  // in bytes of 16-bit text
+  Text path;                  // at most 259 units
+  std::int32_t position = 0;  // the byte of the file at which the failing block begins
+  std::int32_t span = 0;      // from there, in bytes of 16-bit text, whatever the file's encoding
 };
 
 struct ProgramLines {
@@ -56,7 +56,7 @@ struct ProgramCaptions {
 /// file's own place is as before.
 [[nodiscard]] std::int32_t CountLines(std::int32_t position, CStdioFileEx& file,
                                       const std::atomic<bool>* cancel = nullptr);
-/// The line with "<" and ">" around the unit at that index, or around nothing at its end.
+/// The line with "<" and ">" around the character at that index, or around nothing at its end.
 [[nodiscard]] Text MarkLine(TextView line, std::size_t index);
 
 }  // namespace pnl

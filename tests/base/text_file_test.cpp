@@ -343,5 +343,61 @@ TEST_F(TextFileTest, ALineOfManyMegabytesIsOneLine) {
   EXPECT_EQ(lines[0].size(), 20'000'000u);
 }
 
+TEST_F(TextFileTest, AByteIsFoundInEveryEncodingAndAWrongOneLeavesThePlace) {
+  struct Row {
+    std::string bytes;
+    std::int64_t byte;
+    TextView rest;          // "none" where there is no such byte
+    std::int64_t position;  // in units of the text
+  };
+  const Row rows[] = {
+      {"AB\xC3\xB1"
+       "C",
+       4, u"C", 3},
+      {"AB\xC3\xB1"
+       "C",
+       3, u"\u00F1C", 2},
+      {"AB\xC3\xB1"
+       "C",
+       5, u"", 4},
+      {"AB\xC3\xB1"
+       "C",
+       6, u"none", 0},
+      {"AB", -1, u"none", 0},
+      {"\xEF\xBB\xBF"
+       "AB",
+       1, u"AB", 0},
+      {"\xEF\xBB\xBF"
+       "AB",
+       4, u"B", 1},
+      {"\xF1"
+       "AB",
+       2, u"B", 2},
+      {std::string("\xFF\xFE"
+                   "A\0B\0",
+                   6),
+       4, u"B", 1},
+      {std::string("\xFF\xFE"
+                   "A\0B\0",
+                   6),
+       5, u"B", 1},
+      {std::string(200'000, 'x') + "\xC3\xB1z", 200'002, u"z", 200'001},
+  };
+  for (const Row& row : rows) {
+    temp.Write("a.dat", row.bytes);
+    CStdioFileEx file(files);
+    ASSERT_TRUE(file.Open(u"C:\\a.dat", CStdioFileEx::kRead));
+    ASSERT_EQ(file.TCHAR_Seek(1, CStdioFileEx::kBegin), 1);
+    const bool there = row.rest != u"none";
+    EXPECT_EQ(file.SeekByte(row.byte), there) << row.byte;
+    EXPECT_EQ(file.TCHAR_Seek(0, CStdioFileEx::kCurrent), there ? row.position : 1) << row.byte;
+    Text rest = u"none";
+    if (there && !file.ReadString(rest)) rest.clear();
+    EXPECT_EQ(rest, row.rest) << row.byte;
+  }
+  CStdioFileEx closed(files);
+  EXPECT_FALSE(closed.SeekByte(0));
+}
+
 }  // namespace
 }  // namespace pnl

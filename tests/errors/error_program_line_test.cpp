@@ -122,6 +122,16 @@ TEST_F(ErrorProgramLine, CountsALineFeedAloneAsTwoUnits) {
   EXPECT_EQ(LinesTo(5), 3);
 }
 
+// With its line feed a line of 510 units fills the buffer exactly, and is a line all the same.
+TEST_F(ErrorProgramLine, ALineThatFillsTheBufferWithItsEndIsALine) {
+  Program() = std::string(510, 'x') + "\r\n" + "second\r\n";
+  EXPECT_EQ(LinesTo(512), 2);
+  EXPECT_EQ(LinesTo(513), 3);
+  Program() = std::string(511, 'x') + "\r\n" + "second\r\n";
+  EXPECT_EQ(LinesTo(512), 1) << "511 units leave no room for the end";
+  EXPECT_EQ(LinesTo(513), 2);
+}
+
 TEST_F(ErrorProgramLine, APieceThatFillsTheBufferIsNoLine) {
   Program() = std::string(511, 'x') + std::string(511, 'y') + "z\r\nend\r\n";
   EXPECT_EQ(LinesTo(512), 1) << "the first piece counts 512 units and no line";
@@ -134,6 +144,92 @@ TEST_F(ErrorProgramLine, ShowsTheLineWithTheUnitMarked) {
   const ProgramLines lines = Read(7, 12);
   EXPECT_EQ(ToUtf8(lines.lineNumber), "\nT240 2");
   EXPECT_EQ(ToUtf8(lines.lineText), "\nT210 G1 X2 <F>0");
+}
+
+/// The bytes of a text in UTF-16.
+std::string Utf16(TextView text, bool big) {
+  std::string bytes;
+  for (const char16_t unit : text) {
+    const char low = static_cast<char>(unit & 0xFF);
+    const char high = static_cast<char>(unit >> 8);
+    bytes += big ? high : low;
+    bytes += big ? low : high;
+  }
+  return bytes;
+}
+
+struct EncodingCase {
+  const char* name;
+  std::string mark;
+  std::string (*encode)(TextView);
+};
+
+// The place was sought in characters of the text, so each accent before it showed a later one, and UTF-16 none at all.
+TEST_F(ErrorProgramLine, APositionIsAByteOfTheFileWhateverItsEncoding) {
+  const EncodingCase cases[] = {
+      {"UTF-8", "", [](TextView text) { return ToUtf8(text); }},
+      {"UTF-8 with a mark", "\xEF\xBB\xBF", [](TextView text) { return ToUtf8(text); }},
+      {"Latin-1", "",
+       [](TextView text) {
+         std::string bytes;
+         for (const char16_t unit : text) bytes += static_cast<char>(unit);
+         return bytes;
+       }},
+      {"UTF-16 little", "\xFF\xFE", [](TextView text) { return Utf16(text, false); }},
+      {"UTF-16 big", "\xFE\xFF", [](TextView text) { return Utf16(text, true); }},
+  };
+  const Text before = u"; Ca\u00F1\u00F3n, \u00E1rea, \u00BA\r\n; \u00F1\u00F1\u00F1\u00F1\r\n";
+  const Text line = u"G1 \u00D1=X2 F0";
+  for (const EncodingCase& row : cases) {
+    const std::string head = row.mark + row.encode(before);
+    Program() = head + row.encode(line + u"\r\nM30\r\n");
+    const auto position = static_cast<std::int32_t>(head.size());
+    EXPECT_EQ(ToUtf8(Read(position, 16).lineText), ToUtf8(u"\nT210 G1 \u00D1=X2 <F>0")) << row.name;
+    EXPECT_EQ(ToUtf8(Read(position, 6).lineText), ToUtf8(u"\nT210 G1 <\u00D1>=X2 F0")) << row.name;
+    EXPECT_EQ(ToUtf8(Read(position, 24).lineText), ToUtf8(u"\nT210 G1 \u00D1=X2 F0<>")) << row.name;
+  }
+}
+
+TEST_F(ErrorProgramLine, APositionInsideACharacterShowsItWhole) {
+  Program() = "\xC3\x91=X2\r\n";
+  EXPECT_EQ(ToUtf8(Read(1, 0).lineText), ToUtf8(u"\nT210 <\u00D1>=X2"));
+  Program() = "\xFF\xFE" + Utf16(u"AB\r\n", false);
+  EXPECT_EQ(ToUtf8(Read(5, 0).lineText), "\nT210 <B>");
+  EXPECT_EQ(ToUtf8(Read(1, 0).lineText), "\nT210 <A>B") << "within the mark";
+}
+
+TEST_F(ErrorProgramLine, AFarMarkIsCountedInCharactersOfTheLine) {
+  Text line;
+  for (int i = 0; i < 800; ++i) line += static_cast<char16_t>(i % 2 == 0 ? u'\u00F1' : u'a' + i % 26);
+  Program() = "; \xC3\xB1\r\n" + ToUtf8(line) + "\r\n";
+  const Text shown = line.substr(596, 4) + u"<" + line.substr(600, 1) + u">" + line.substr(601);
+  EXPECT_EQ(ToUtf8(Read(6, 1200).lineText), ToUtf8(u"\nT210 ... " + shown));
+}
+
+// The count is of characters and one for each line, so that it is true of a file whose lines end in CR LF.
+TEST_F(ErrorProgramLine, TheCountedLineIsTheTrueOneWhereLinesEndInCrLf) {
+  std::vector<std::int32_t> starts;
+  for (int i = 0; i < 500; ++i) {
+    starts.push_back(static_cast<std::int32_t>(Program().size()));
+    Program() += std::string(static_cast<std::size_t>(i % 40), 'X') + "\r\n";
+  }
+  for (std::size_t i = 0; i < starts.size(); ++i) EXPECT_EQ(LinesTo(starts[i]), static_cast<std::int32_t>(i) + 1);
+}
+
+TEST_F(ErrorProgramLine, ACharacterOfTwoUnitsIsMarkedWhole) {
+  EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 1)), ToUtf8(u"A<\U0001F600>B"));
+  EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 2)), ToUtf8(u"A<\U0001F600>B"));
+  EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 3)), ToUtf8(u"A\U0001F600<B>"));
+}
+
+// A piece of the line fills the buffer with no room left for its end.
+TEST_F(ErrorProgramLine, ALineOfAsManyUnitsAsTheBufferHoldsIsShownWhole) {
+  for (const std::size_t length : {510u, 511u, 512u}) {
+    const std::string line = std::string(length - 1, 'x') + "z";
+    Program() = line + "\r\nnext\r\n";
+    const std::string shown = length <= 511 ? line.substr(1) : line.substr(1, 510);
+    EXPECT_EQ(ToUtf8(Read(0, 0).lineText), "\nT210 <x>" + shown) << length;
+  }
 }
 
 TEST_F(ErrorProgramLine, AMarkAtTheEndOfALineStandsThere) {
