@@ -65,10 +65,12 @@ std::vector<Step> ErrorSteps() {
       {"error-indicator", "put away, the window leaves a flashing count",
        [](Hands& h) {
          h.Key(Qt::Key_Escape);
-         const auto* tool = static_cast<QWidget*>(PnlWidgetOf(h.session_.ToolWindow(PNL_TOOL_ERRORS)));
-         QMouseEvent twice(QEvent::MouseButtonDblClick, QPointF(3, 3), tool->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
-                           Qt::LeftButton, Qt::NoModifier);
-         QCoreApplication::sendEvent(const_cast<QWidget*>(tool), &twice);
+         auto* tool = static_cast<QWidget*>(PnlWidgetOf(h.session_.ToolWindow(PNL_TOOL_ERRORS)));
+         for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+           QMouseEvent press(type, QPointF(3, 3), tool->mapToGlobal(QPointF(3, 3)), Qt::LeftButton, Qt::LeftButton,
+                             Qt::NoModifier);
+           QCoreApplication::sendEvent(tool, &press);
+         }
          h.Settle();
          return h.window_.Status().Indicator().Flashes();
        }},

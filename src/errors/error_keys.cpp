@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What keys and clicks do: walking the queue and acknowledging.
+#include <utility>
+
 #include "errors/error_ids.h"
 #include "errors/error_session.h"
 
@@ -7,7 +9,7 @@ namespace pnl {
 
 void ErrorSession::GoNext() {
   const int count = Count();
-  if (shownIndex_ + 1 >= count) return;
+  if (LiesAfterShown() <= 0) return;
   requestedIndex_ = shownIndex_ + 1;
   ReadShown();
   WriteCurrent();
@@ -42,6 +44,21 @@ void ErrorSession::OnKey(ErrorKey key) {
 }
 
 void ErrorSession::OnClick(int id) {
+  firstPress_ = id;
+  Press(id);
+}
+
+void ErrorSession::OnDoubleClick(int id) {
+  const std::optional<int> first = std::exchange(firstPress_, std::nullopt);
+  // The first press was for what lay there before the window came: this one is the window's first.
+  if (!first) return OnClick(id);
+  if (*first == 0 && id == 0) return Toggle(true);
+  // Two quick presses on a picture are two presses. On one that the first press hid, or put another in place of, the
+  // second means nothing any more.
+  if (*first == 0 || *first == id) Press(id);
+}
+
+void ErrorSession::Press(int id) {
   switch (id) {
     case error_id::kPrevious:
       return GoPrevious();
@@ -60,11 +77,9 @@ void ErrorSession::OnClick(int id) {
   }
 }
 
-void ErrorSession::OnDoubleClick() { Toggle(true); }
-
 void ErrorSession::Acknowledge() {
   if (shownIndex_ < 0) return;
-  view_.SetWaitCursor(true);
+  ShowWaiting(true);
   switch (currentClass_) {
     case ErrorClass::kError:
     case ErrorClass::kMarked:
@@ -84,7 +99,7 @@ void ErrorSession::Acknowledge() {
     case ErrorClass::kConfirm:
       break;
   }
-  view_.SetWaitCursor(false);
+  ShowWaiting(false);
 }
 
 void ErrorSession::ResetShown(int kind) {
@@ -97,12 +112,17 @@ void ErrorSession::ResetShown(int kind) {
 
 void ErrorSession::ConfirmWithEnter() {
   if (shownIndex_ < 0 || currentClass_ != ErrorClass::kConfirm) return;
-  view_.SetWaitCursor(true);
+  ShowWaiting(true);
   StepBack();
   context_.cnc.Kapi().ResetErrorWithEnter(0, shownRecord_);
   ReadShown();
   WriteCurrent();
-  view_.SetWaitCursor(false);
+  ShowWaiting(false);
+}
+
+void ErrorSession::ShowWaiting(bool waiting) {
+  waiting_ = waiting;
+  view_->SetWaitCursor(waiting);
 }
 
 void ErrorSession::StepBack() {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "errors/error_session.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/format.h"
 #include "errors/error_ids.h"
 
@@ -12,6 +15,8 @@ constexpr int kTool = tool_id::kErrorManager;
 constexpr int kOrdinaryClose = 2;
 constexpr int kClosePeriod = 5000;
 constexpr std::size_t kMostCurrent = 260;
+/// A shorter period in the file would keep the panel busy with nothing but flashing.
+constexpr int kFastestFlash = 50;
 
 /// As the messages to the main window carry two numbers in one argument.
 std::intptr_t Packed(std::int32_t low, std::int32_t high) {
@@ -21,63 +26,73 @@ std::intptr_t Packed(std::int32_t low, std::int32_t high) {
 
 }  // namespace
 
-ErrorSession::ErrorSession(const ToolContext& context, ErrorView& view, ErrorLineReader& reader)
+ErrorSession::ErrorSession(const ToolContext& context, ErrorView& view, std::unique_ptr<ErrorLineReader> reader)
     : context_(context),
       view_(view),
-      reader_(reader),
-      words_(context_.language.SharedToolTexts()),
-      titleWord_(words_(error_text::kError)),
+      reader_(std::move(reader)),
       priorityVariable_(context_.cnc.Vars()),
       countVariable_(context_.cnc.Vars()),
       flashTimer_(context_.timers),
       closeTimer_(context_.timers) {
-  widths_.of = [this](TextView text) { return view_.DescriptionTextWidth(text); };
+  widths_.of = [this](TextView text) { return view_->DescriptionTextWidth(text); };
 }
 
-ErrorSession::~ErrorSession() { reader_.Drop(); }
+ErrorSession::~ErrorSession() { reader_->Drop(); }
 
 void ErrorSession::Start() {
-  view_.Hide();
+  // Not in the constructor: a missing language library opens a box, and the window may be gone when that is closed.
+  words_ = ErrorWords(context_.language.SharedToolTexts());
+  if (HasEnded()) return;
+  titleWord_ = words_(error_text::kError);
+  view_->Hide();
   const Text ini = ErrorIniPath(context_.cnc.Util());
   settings_ = ReadErrorSettings(context_.files, ini);
   MeasureBase();
   priorityVariable_.SetNombre(u"E.ERRORPRI");
   countVariable_.SetNombre(u"E.NERRORS");
-  priorityVariable_.OpenReport(view_.Handle());
-  countVariable_.OpenReport(view_.Handle());
-  view_.SetFonts(settings_.titleFont, settings_.textFont);
-  view_.UseRaisedLook(error_id::kTitleBox, false);
-  view_.UseRaisedLook(error_id::kChannelBox, false);
-  view_.SetWindowRect(PlaceErrorWindow(context_.files, context_.cnc.Util()));
+  priorityVariable_.OpenReport(view_->Handle());
+  countVariable_.OpenReport(view_->Handle());
+  view_->SetFonts(settings_.titleFont, settings_.textFont);
+  view_->UseRaisedLook(error_id::kTitleBox, false);
+  view_->UseRaisedLook(error_id::kChannelBox, false);
+  view_->SetWindowRect(PlaceErrorWindow(context_.files, context_.cnc.Util()));
   OnResized();
   priorityVariable_.GeneraReport();
   countVariable_.GeneraReport();
-  view_.RegisterHotKey(true);
+  view_->RegisterHotKey(true);
 }
 
 void ErrorSession::End() {
-  view_.RegisterHotKey(false);
-  reader_.Drop();
+  if (HasEnded()) return;
+  view_->RegisterHotKey(false);
+  if (waiting_) view_->SetWaitCursor(false);
+  view_.Detach();
+  active_ = false;
+  visible_ = false;
+  reader_->Drop();
   flashTimer_.Stop();
   closeTimer_.Stop();
+  priorityVariable_.CloseReport();
+  countVariable_.CloseReport();
 }
 
 // Reading and composing.
 
 void ErrorSession::ReadShown() {
   composed_ = {};
-  reader_.Drop();
+  reader_->Drop();
   ErrorRecord record{};
   shownIndex_ = context_.cnc.Kapi().ReadError(requestedIndex_, record);
   if (shownIndex_ == -1) return NothingToShow();
   ShowComposed(record);
-  view_.SetClassColor(ErrorColorOf(composed_.errorClass));
+  view_->SetClassColor(ErrorColorOf(composed_.errorClass));
   DecideState();
+  if (HasEnded()) return;
   shownNumber_ = record.Get<std::int32_t>(error_field::kNumber.offset);
   shownRecord_ = record;
   FitTitleLine();
   currentClass_ = composed_.errorClass;
-  view_.Invalidate();
+  view_->Invalidate();
 }
 
 void ErrorSession::NothingToShow() {
@@ -94,14 +109,14 @@ void ErrorSession::NothingToShow() {
 }
 
 void ErrorSession::ShowComposed(const ErrorRecord& record) {
-  widths_.available = view_.ControlRect(error_id::kDescription).Width();
+  widths_.available = view_->ControlRect(error_id::kDescription).Width();
   const ErrorSurroundings around{context_.cnc.Kapi(), context_.cnc.Util(), context_.files, words_, widths_};
   composed_ = ComposeError(record, around);
   titleWord_ = composed_.titleWord;
   if (composed_.inProgram) ReadProgramLinesLater();
-  view_.SetControlText(error_id::kTitleLine, composed_.titleLine);
+  view_->SetControlText(error_id::kTitleLine, composed_.titleLine);
   TellDescription();
-  view_.SetControlText(error_id::kTitleBox, composed_.boxText);
+  view_->SetControlText(error_id::kTitleBox, composed_.boxText);
 
   const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
   const bool kernels = HasChannel(source);
@@ -109,9 +124,9 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   SetBoxes(kernels ? composed_.errorClass : currentClass_, composed_.errorClass, false, false);
   channelShown_ = composed_.showChannel;
   if (channelShown_) {
-    view_.SetControlText(error_id::kChannelBox, Format(u"%d", ChannelOf(record)));
+    view_->SetControlText(error_id::kChannelBox, Format(u"%d", ChannelOf(record)));
   }
-  view_.ShowControl(error_id::kChannelBox, channelShown_);
+  view_->ShowControl(error_id::kChannelBox, channelShown_);
   LayTopRow();
   const bool closes = record.Get<std::int32_t>(error_field::kNumber.offset) == kClosingNumber &&
                       composed_.errorClass != ErrorClass::kWarning && HasKernelWord(source) &&
@@ -120,14 +135,14 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   if (composed_.logIt) context_.cnc.Kapi().AddLogOnInfo(composed_.LogText());
 
   const bool helps = composed_.info.helpRef[0] != u'\0' && composed_.hasDescription;
-  view_.ShowControl(error_id::kHelp, helps);
-  view_.ShowControl(error_id::kAcknowledge, composed_.errorClass == ErrorClass::kError);
-  view_.ShowControl(error_id::kConfirmSign, composed_.errorClass == ErrorClass::kConfirm);
-  view_.ShowControl(error_id::kMarkedSign, composed_.errorClass == ErrorClass::kMarked);
+  view_->ShowControl(error_id::kHelp, helps);
+  view_->ShowControl(error_id::kAcknowledge, composed_.errorClass == ErrorClass::kError);
+  view_->ShowControl(error_id::kConfirmSign, composed_.errorClass == ErrorClass::kConfirm);
+  view_->ShowControl(error_id::kMarkedSign, composed_.errorClass == ErrorClass::kMarked);
 }
 
 void ErrorSession::ReadProgramLinesLater() {
-  const auto lines = reader_.Read(composed_.place, ProgramCaptionsOf(words_), [this](const ProgramLines& late) {
+  const auto lines = reader_->Read(composed_.place, ProgramCaptionsOf(words_), [this](const ProgramLines& late) {
     composed_.parts.lineNumber = late.lineNumber;
     composed_.parts.lineText = late.lineText;
     TellDescription();
@@ -137,7 +152,7 @@ void ErrorSession::ReadProgramLinesLater() {
   composed_.parts.lineText = lines->lineText;
 }
 
-void ErrorSession::TellDescription() { view_.SetControlText(error_id::kDescription, composed_.Description()); }
+void ErrorSession::TellDescription() { view_->SetControlText(error_id::kDescription, composed_.Description()); }
 
 bool ErrorSession::MustShow() const {
   if (blocked_) return false;
@@ -173,20 +188,25 @@ void ErrorSession::Activate() {
 void ErrorSession::Deactivate() {
   active_ = false;
   Hide(true);
+  if (HasEnded()) return;
   context_.host.HostErrorsGone();
 }
 
 void ErrorSession::Show() {
   context_.host.HostToolOpening(kTool);
-  if (settings_.flashPeriod > 0) flashTimer_.Start(settings_.flashPeriod, [this] { OnFlash(); });
-  view_.Show();
-  view_.BringToTop();
-  view_.FocusWindow();
+  if (HasEnded()) return;
+  if (settings_.flashPeriod > 0) {
+    flashTimer_.Start(std::max(settings_.flashPeriod, kFastestFlash), [this] { OnFlash(); });
+  }
+  firstPress_.reset();
+  view_->Show();
+  view_->BringToTop();
+  view_->FocusWindow();
   visible_ = true;
 }
 
 void ErrorSession::Hide(bool notify) {
-  view_.Hide();
+  view_->Hide();
   visible_ = false;
   if (notify) context_.host.HostToolClosed(kTool, kOrdinaryClose);
 }
@@ -201,7 +221,7 @@ void ErrorSession::Toggle(bool hide) {
   } else {
     PostCount(0);
     context_.host.HostErrorsGone();
-    Show();
+    if (!HasEnded()) Show();
   }
 }
 
@@ -212,6 +232,7 @@ void ErrorSession::Refresh() {
 // Reports and the queue.
 
 void ErrorSession::OnReport(std::intptr_t first, std::intptr_t second) {
+  if (HasEnded()) return;
   if (countVariable_.HandleReport(first, second)) OnCountReport();
   if (priorityVariable_.HandleReport(first, second)) OnPriorityReport();
 }
@@ -219,7 +240,7 @@ void ErrorSession::OnReport(std::intptr_t first, std::intptr_t second) {
 void ErrorSession::OnCountReport() {
   const int count = Count();
   if (!visible_) PostCount(count);
-  ShowNext(count >= 2 && count > shownIndex_ + 1);
+  ShowNext(count >= 2 && LiesAfterShown() > 0);
   UpdateCounters();
 }
 
@@ -248,19 +269,21 @@ int ErrorSession::Count() const {
   return count;
 }
 
+std::int64_t ErrorSession::LiesAfterShown() const { return std::int64_t{Count()} - shownIndex_ - 1; }
+
 void ErrorSession::UpdateCounters() {
-  view_.SetControlText(error_id::kBefore, Format(u"%d", shownIndex_));
-  view_.SetControlText(error_id::kAfter, Format(u"%d", std::int64_t{Count()} - shownIndex_ - 1));
+  view_->SetControlText(error_id::kBefore, Format(u"%d", shownIndex_));
+  view_->SetControlText(error_id::kAfter, Format(u"%d", LiesAfterShown()));
 }
 
 void ErrorSession::ShowPrevious(bool shown) {
-  view_.ShowControl(error_id::kPrevious, shown);
-  view_.ShowControl(error_id::kBefore, shown);
+  view_->ShowControl(error_id::kPrevious, shown);
+  view_->ShowControl(error_id::kBefore, shown);
 }
 
 void ErrorSession::ShowNext(bool shown) {
-  view_.ShowControl(error_id::kNext, shown);
-  view_.ShowControl(error_id::kAfter, shown);
+  view_->ShowControl(error_id::kNext, shown);
+  view_->ShowControl(error_id::kAfter, shown);
 }
 
 void ErrorSession::WriteCurrent() {
@@ -292,7 +315,7 @@ void ErrorSession::OnToolNotify(std::intptr_t what, std::intptr_t value) {
   if (what == kSuppress) {
     suppressed_ = value != 0;
   } else if (what == kHotKey) {
-    view_.RegisterHotKey(value == 1);
+    view_->RegisterHotKey(value == 1);
   } else if (what == kBlock) {
     blocked_ = value != 0;
     if (blocked_ && active_ && visible_) {
@@ -307,6 +330,7 @@ void ErrorSession::OnToolNotify(std::intptr_t what, std::intptr_t value) {
 bool ErrorSession::ShowHelp() {
   if (!active_ || composed_.info.helpRef[0] == u'\0') return false;
   if (visible_) Hide(true);
+  if (HasEnded()) return true;
   PostCount(Count());
   const Text helpRef = FieldText(composed_.info.helpRef);
   const Text infoText = FieldText(composed_.info.text);

@@ -1,17 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The error manager without its window: which error of the kernel's queue is on the screen, when the window shows
 // itself, what keys and clicks do, what the host is told. Holds no list: the queue is the kernel's. Owned by the
-// window.
+// window, which any call of the host may destroy: the operation under way then ends without it.
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <optional>
 
 #include "errors/error_composer.h"
 #include "errors/error_layout.h"
+#include "errors/error_no_view.h"
 #include "errors/error_reader.h"
 #include "errors/error_settings.h"
 #include "errors/error_view.h"
 #include "host/tool_context.h"
+#include "window/tool_link.h"
 
 namespace pnl {
 
@@ -19,15 +23,16 @@ enum class ErrorKey { kLeft, kRight, kUp, kDown, kEscape, kEnter };
 
 class ErrorSession {
  public:
-  ErrorSession(const ToolContext& context, ErrorView& view, ErrorLineReader& reader);
+  ErrorSession(const ToolContext& context, ErrorView& view, std::unique_ptr<ErrorLineReader> reader);
   ~ErrorSession();
   ErrorSession(const ErrorSession&) = delete;
   ErrorSession& operator=(const ErrorSession&) = delete;
 
   /// The window stands, hidden, with its controls as the dialog has them.
   void Start();
-  /// The window is going: no call to the view follows.
+  /// The window is going: what it took is given back. No call to the view or to the host follows.
   void End();
+  [[nodiscard]] bool HasEnded() const { return view_.IsDetached(); }
 
   /// kMsgVariableReport.
   void OnReport(std::intptr_t first, std::intptr_t second);
@@ -40,9 +45,10 @@ class ErrorSession {
   void HelpEnded();
   void OnHotKey();
   void OnKey(ErrorKey key);
+  /// A press inside the window: on the control with that id, or with 0 on none that acts.
   void OnClick(int id);
-  /// Inside the window, on none of the controls that a click acts on.
-  void OnDoubleClick();
+  /// The second of two quick presses, there. It belongs to what was under the first one, which may have hidden that.
+  void OnDoubleClick(int id);
   void OnResized();
 
   [[nodiscard]] bool IsActive() const { return active_; }
@@ -67,9 +73,12 @@ class ErrorSession {
   void OnCountReport();
   void OnPriorityReport();
   [[nodiscard]] int Count() const;
+  /// How many errors the kernel has after the one on the screen. Its numbers may be anything.
+  [[nodiscard]] std::int64_t LiesAfterShown() const;
   void UpdateCounters();
   void ShowPrevious(bool shown);
   void ShowNext(bool shown);
+  void Press(int id);
   void GoNext();
   void GoPrevious();
   void WriteCurrent();
@@ -80,6 +89,7 @@ class ErrorSession {
   void ConfirmWithEnter();
   void StepBack();
   void ResetShown(int kind);
+  void ShowWaiting(bool waiting);
   // Looks.
   void OnFlash();
   void SetBoxes(ErrorClass titleClass, ErrorClass channelClass, bool inverted, bool now);
@@ -89,8 +99,8 @@ class ErrorSession {
   void TellDescription();
 
   ToolContext context_;
-  ErrorView& view_;
-  ErrorLineReader& reader_;
+  ViewLink<ErrorView, ErrorNoView> view_;
+  std::unique_ptr<ErrorLineReader> reader_;
   ErrorWords words_;
   TextWidths widths_;
   ErrorSettings settings_;
@@ -111,6 +121,8 @@ class ErrorSession {
   bool suppressed_ = false;
   bool blocked_ = false;
   bool channelShown_ = false;
+  bool waiting_ = false;
+  std::optional<int> firstPress_;  // what was under it; none since the window came
   ComposedError composed_;
   ScopedTimer flashTimer_;
   ScopedTimer closeTimer_;

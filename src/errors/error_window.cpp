@@ -10,6 +10,7 @@
 #include "errors/error_counter_widget.h"
 #include "errors/error_ids.h"
 #include "errors/error_places.h"
+#include "errors/error_reader_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 
@@ -54,25 +55,22 @@ QFont FontOf(const ErrorFont& font) {
 }  // namespace
 
 ZCErrorManager::ZCErrorManager(const ToolContext& context, QWidget* parent)
-    : ToolWindow(tool_id::kErrorManager, parent),
-      context_(context),
-      reader_(context.files),
-      classColor_(ErrorColorOf(ErrorClass::kError)) {
+    : ToolWindow(tool_id::kErrorManager, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   MakeControls();
   ErrorView& view = *this;
-  session_ = std::make_shared<ErrorSession>(context_, view, reader_);
+  session_.Make(context_, view, std::make_unique<ThreadedLineReader>(context_.files));
   SetClassColor(classColor_);
 }
 
 ZCErrorManager::~ZCErrorManager() {
   EndMessages();
-  if (const auto session = std::exchange(session_, nullptr)) session->End();
+  session_.End();
 }
 
 void ZCErrorManager::Start() {
-  Tell([](ErrorSession& session) { session.Start(); });
+  session_.Tell([](ErrorSession& session) { session.Start(); });
 }
 
 void ZCErrorManager::MakeControls() {
@@ -110,16 +108,10 @@ void ZCErrorManager::MakeControls() {
   resize(DialogPixelsX(kErrorDialogWidth, scale), DialogPixelsY(kErrorDialogHeight, scale));
 }
 
-void ZCErrorManager::Tell(const std::function<void(ErrorSession&)>& intention) {
-  // Kept for the call: the host may destroy the window from one of its callbacks.
-  const std::shared_ptr<ErrorSession> session = session_;
-  if (session) intention(*session);
-}
-
 std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
   static const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
   std::intptr_t answer = 0;
-  Tell([&](ErrorSession& session) {
+  session_.Tell([&](ErrorSession& session) {
     if (message.number == kMsgVariableReport) {
       session.OnReport(message.first, message.second);
     } else if (message.number == kMsgToolNotify) {
@@ -137,7 +129,7 @@ bool ZCErrorManager::OnKeyDown(QKeyEvent& event) {
   const auto key = LogicKey(event);
   if (!key) return false;
   event.accept();
-  Tell([key](ErrorSession& session) { session.OnKey(*key); });
+  session_.Tell([key](ErrorSession& session) { session.OnKey(*key); });
   return true;
 }
 
@@ -155,7 +147,7 @@ bool ZCErrorManager::focusNextPrevChild(bool next) {
 
 void ZCErrorManager::resizeEvent(QResizeEvent* event) {
   ToolWindow::resizeEvent(event);
-  Tell([](ErrorSession& session) { session.OnResized(); });
+  session_.Tell([](ErrorSession& session) { session.OnResized(); });
 }
 
 int ZCErrorManager::PictureAt(const QPoint& place) const {
@@ -173,23 +165,24 @@ void ZCErrorManager::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int id = PictureAt(event->position().toPoint());
-  if (id != 0) Tell([id](ErrorSession& session) { session.OnClick(id); });
+  session_.Tell([id](ErrorSession& session) { session.OnClick(id); });
 }
 
 void ZCErrorManager::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int id = PictureAt(event->position().toPoint());
-  // Two quick presses on a picture are two presses.
-  Tell([id](ErrorSession& session) { id != 0 ? session.OnClick(id) : session.OnDoubleClick(); });
+  session_.Tell([id](ErrorSession& session) { session.OnDoubleClick(id); });
 }
 
 void ZCErrorManager::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(classColor_)); }
 
 void ZCErrorManager::Hide() {
   // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
+  const QPointer<ZCErrorManager> alive = this;
   if (hasFocus()) clearFocus();
-  hide();
+  // Who follows the focus may have destroyed the window.
+  if (alive) hide();
 }
 
 void ZCErrorManager::SetWindowRect(const Rect& rect) { setGeometry(rect.left, rect.top, rect.Width(), rect.Height()); }
@@ -210,7 +203,8 @@ void ZCErrorManager::RegisterHotKey(bool registered) {
   hotKey_ = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_W), parent->window());
   hotKey_->setContext(Qt::ApplicationShortcut);
   hotKey_->setProperty(property::kOwner, static_cast<int>(Handle()));
-  connect(hotKey_, &QShortcut::activated, this, [this] { Tell([](ErrorSession& session) { session.OnHotKey(); }); });
+  connect(hotKey_, &QShortcut::activated, this,
+          [this] { session_.Tell([](ErrorSession& session) { session.OnHotKey(); }); });
 }
 
 void ZCErrorManager::SetFonts(const ErrorFont& title, const ErrorFont& text) {

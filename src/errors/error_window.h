@@ -6,16 +6,14 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QShortcut>
-#include <functional>
 #include <map>
-#include <memory>
 
-#include "errors/error_reader_window.h"
 #include "errors/error_session.h"
 #include "errors/error_text_widget.h"
 #include "errors/raised_text_widget.h"
 #include "host/tool_context.h"
 #include "window/qt/tool_window.h"
+#include "window/tool_link.h"
 
 namespace pnl {
 
@@ -65,11 +63,8 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
   /// The control with that id under a place in the window; 0 for none that a click acts on.
   [[nodiscard]] int PictureAt(const QPoint& place) const;
-  /// Calls an intention of the logic, if it is there.
-  void Tell(const std::function<void(ErrorSession&)>& intention);
 
   const ToolContext context_;
-  ThreadedLineReader reader_;
   std::map<int, QWidget*> controls_;
   ErrorTextWidget* titleLine_ = nullptr;
   ErrorTextWidget* description_ = nullptr;
@@ -77,7 +72,7 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   ZC3DText* channelBox_ = nullptr;
   QPointer<QShortcut> hotKey_;
   std::uint32_t classColor_;
-  std::shared_ptr<ErrorSession> session_;
+  LogicLink<ErrorSession> session_;
 };
 
 }  // namespace pnl

@@ -24,18 +24,20 @@ inline constexpr int kBus = 254;
 inline constexpr int kCanOpen = 57356;
 }  // namespace error_text
 
-/// The words of the language in use, by number. Borrowed: the map belongs to the language.
+/// The words of the language in use, by number. Borrowed: the map belongs to the language. None until it is given one.
 class ErrorWords {
  public:
-  explicit ErrorWords(const std::map<int, Text>& texts) : texts_(texts) {}
+  ErrorWords() = default;
+  explicit ErrorWords(const std::map<int, Text>& texts) : texts_(&texts) {}
   /// Empty for a number without a text.
   [[nodiscard]] TextView operator()(int id) const {
-    const auto found = texts_.find(id);
-    return found == texts_.end() ? TextView() : TextView(found->second);
+    if (texts_ == nullptr) return {};
+    const auto found = texts_->find(id);
+    return found == texts_->end() ? TextView() : TextView(found->second);
   }
 
  private:
-  const std::map<int, Text>& texts_;
+  const std::map<int, Text>* texts_ = nullptr;
 };
 
 }  // namespace pnl

@@ -70,10 +70,8 @@ void LoggingSink::Write(std::u16string_view name, const rig::Value& value, bool 
 }
 
 ErrorRig::ErrorRig()
-    : language(menus, cnc.Util(), disc, windows),
-      host(table, cnc.Vars()),
-      context{host, cnc, windows, timers, language, disc},
-      window(windows.Open()) {
+    : language(menus, cnc.Util(), disc, windows), host(table, cnc.Vars()), context{host,   cnc,      windows,
+                                                                                   timers, language, disc} {
   current = this;
   windows.mainWindow = windows.Open();
   FillTable(table);
@@ -92,22 +90,36 @@ ErrorRig::ErrorRig()
 }
 
 ErrorRig::~ErrorRig() {
-  tool.reset();
+  DestroyTool();
   cnc.SetSink(nullptr);
 }
 
 void ErrorRig::MakeTool() {
-  tool.reset();
+  DestroyTool();
+  window = windows.Open();
   view = std::make_unique<FakeErrorView>(log, window);
-  reader = std::make_unique<FakeLineReader>(disc);
-  tool = std::make_unique<ErrorSession>(context, *view, *reader);
-  tool->Start();
+  view->onResized = [this] { Tell([](ErrorSession& session) { session.OnResized(); }); };
+  auto lines = std::make_unique<FakeLineReader>(disc, false);
+  reader = lines.get();
+  tool = std::make_shared<ErrorSession>(context, *view, std::move(lines));
+  Tell([](ErrorSession& session) { session.Start(); });
   Drain();
+}
+
+void ErrorRig::DestroyTool() {
+  const std::shared_ptr<ErrorSession> ending = std::exchange(tool, nullptr);
+  if (!ending) return;
+  windows.Kill(window);
+  ending->End();
+  view->dead = true;
+  EXPECT_FALSE(view->hotKey);
+  EXPECT_FALSE(view->waits);
 }
 
 void ErrorRig::Drain() {
   windows.Drain([this](WindowHandle target, const Message& message) {
-    if (target == window && message.number == kMsgVariableReport) tool->OnReport(message.first, message.second);
+    if (target != window || message.number != kMsgVariableReport) return;
+    Tell([&message](ErrorSession& session) { session.OnReport(message.first, message.second); });
   });
 }
 
@@ -117,17 +129,22 @@ void ErrorRig::Push(const ErrorRecord& record) {
 }
 
 void ErrorRig::Key(ErrorKey key) {
-  tool->OnKey(key);
+  Tell([key](ErrorSession& session) { session.OnKey(key); });
   Drain();
 }
 
 void ErrorRig::Click(int id) {
-  tool->OnClick(id);
+  Tell([id](ErrorSession& session) { session.OnClick(id); });
+  Drain();
+}
+
+void ErrorRig::DoubleClick(int id) {
+  Tell([id](ErrorSession& session) { session.OnDoubleClick(id); });
   Drain();
 }
 
 void ErrorRig::Notify(std::intptr_t what, std::intptr_t value) {
-  tool->OnToolNotify(what, value);
+  Tell([what, value](ErrorSession& session) { session.OnToolNotify(what, value); });
   Drain();
 }
 

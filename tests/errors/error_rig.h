@@ -19,7 +19,8 @@ namespace pnl::test {
 
 using Log = std::vector<std::string>;
 
-/// A window that remembers what it was told and logs what an operator would notice.
+/// A window that remembers what it was told and logs what an operator would notice. Once it is dead, whatever is asked
+/// of it is a failed test.
 class FakeErrorView final : public ErrorView {
  public:
   FakeErrorView(Log& log, WindowHandle handle) : log_(log), handle_(handle) {
@@ -30,43 +31,56 @@ class FakeErrorView final : public ErrorView {
              {error_id::kHelp, {436, 10, 466, 42}},        {error_id::kAcknowledge, {471, 10, 501, 42}},
              {error_id::kConfirmSign, {502, 10, 532, 42}}, {error_id::kMarkedSign, {502, 10, 532, 42}}};
   }
-  [[nodiscard]] WindowHandle Handle() const override { return handle_; }
+  [[nodiscard]] WindowHandle Handle() const override { return Alive(), handle_; }
   void Show() override { Note("show"), visible = true; }
   void Hide() override {
     if (visible) Note("hide");
+    Alive();
     visible = false;
   }
   void BringToTop() override { Note("top"); }
   void FocusWindow() override { Note("focus"); }
-  void Invalidate() override { ++invalidated; }
+  void Invalidate() override { Alive(), ++invalidated; }
   void SetWindowRect(const Rect& rect) override {
+    Alive();
+    const bool resized = rect.Width() != client.Width() || rect.Height() != client.Height();
     window = rect;
     client = {0, 0, rect.Width(), rect.Height()};
+    if (resized && onResized) onResized();
   }
-  [[nodiscard]] Rect ClientRect() const override { return client; }
-  void SetWaitCursor(bool waiting) override { Note(waiting ? "wait" : "ready"); }
-  void RegisterHotKey(bool registered) override { hotKey = registered; }
+  [[nodiscard]] Rect ClientRect() const override { return Alive(), client; }
+  void SetWaitCursor(bool waiting) override {
+    Note(waiting ? "wait" : "ready");
+    waits = waiting;
+  }
+  void RegisterHotKey(bool registered) override { Alive(), hotKey = registered; }
   void SetFonts(const ErrorFont& title, const ErrorFont& text) override {
+    Alive();
     titleFont = title;
     textFont = text;
   }
-  [[nodiscard]] Rect ControlRect(int id) const override { return rects.at(id); }
-  void MoveControl(int id, const Rect& rect) override { rects[id] = rect; }
+  [[nodiscard]] Rect ControlRect(int id) const override { return Alive(), rects.at(id); }
+  void MoveControl(int id, const Rect& rect) override { Alive(), rects.at(id) = rect; }
   void ShowControl(int id, bool shown) override {
+    Alive();
     if (shown) {
       shownControls.insert(id);
     } else {
       shownControls.erase(id);
     }
   }
-  void SetControlText(int id, TextView text) override { texts[id] = ToUtf8(text); }
-  void CentreTitleLine(bool centred) override { titleCentred = centred; }
-  void SetClassColor(std::uint32_t color) override { classColor = color; }
-  void SetBoxColors(int id, std::uint32_t back, std::uint32_t text, bool) override { boxColors[id] = {back, text}; }
-  void UseRaisedLook(int id, bool raised) override { raisedLook[id] = raised; }
-  [[nodiscard]] int DescriptionTextWidth(TextView text) const override { return static_cast<int>(text.size()) * 8; }
+  void SetControlText(int id, TextView text) override { Alive(), texts[id] = ToUtf8(text); }
+  void CentreTitleLine(bool centred) override { Alive(), titleCentred = centred; }
+  void SetClassColor(std::uint32_t color) override { Alive(), classColor = color; }
+  void SetBoxColors(int id, std::uint32_t back, std::uint32_t text, bool) override {
+    Alive(), boxColors[id] = {back, text};
+  }
+  void UseRaisedLook(int id, bool raised) override { Alive(), raisedLook[id] = raised; }
+  [[nodiscard]] int DescriptionTextWidth(TextView text) const override {
+    return Alive(), static_cast<int>(text.size()) * 8;
+  }
   [[nodiscard]] int TitleTextHeight(TextView text, int width) const override {
-    return 20 * (1 + static_cast<int>(text.size()) * 8 / std::max(width, 1));
+    return Alive(), 20 * (1 + static_cast<int>(text.size()) * 8 / std::max(width, 1));
   }
   [[nodiscard]] bool Shows(int id) const { return shownControls.count(id) != 0; }
 
@@ -83,10 +97,14 @@ class FakeErrorView final : public ErrorView {
   bool visible = false;
   bool hotKey = false;
   bool titleCentred = true;
+  bool waits = false;
   int invalidated = 0;
+  bool dead = false;
+  std::function<void()> onResized;
 
  private:
-  void Note(const char* what) { log_.push_back(what); }
+  void Alive() const { EXPECT_FALSE(dead) << "a window that is gone was asked"; }
+  void Note(const char* what) { Alive(), log_.push_back(what); }
   Log& log_;
   WindowHandle handle_;
 };
@@ -94,7 +112,7 @@ class FakeErrorView final : public ErrorView {
 /// Reads at once, or keeps whoever asked waiting.
 class FakeLineReader final : public ErrorLineReader {
  public:
-  explicit FakeLineReader(Files& files) : files_(files) {}
+  FakeLineReader(Files& files, bool isSlow) : slow(isSlow), files_(files) {}
   std::optional<ProgramLines> Read(const ProgramPlace& place, const ProgramCaptions& captions,
                                    std::function<void(const ProgramLines&)> whenRead) override {
     ++reads;
@@ -104,7 +122,7 @@ class FakeLineReader final : public ErrorLineReader {
   }
   void Drop() override { later = nullptr; }
 
-  bool slow = false;
+  bool slow;
   int reads = 0;
   std::function<void(const ProgramLines&)> later;
 
@@ -142,13 +160,21 @@ class ErrorRig {
 
   /// Makes window and logic; the ini file and the queue are as they are then.
   void MakeTool();
+  /// The window goes, and the logic with it unless a call keeps it for its own length.
+  void DestroyTool();
   /// Delivers what waits for the tool.
   void Drain();
   /// Into the kernel's queue, with its reports delivered.
   void Push(const ErrorRecord& record);
   void Key(ErrorKey key);
   void Click(int id);
+  void DoubleClick(int id);
   void Notify(std::intptr_t what, std::intptr_t value);
+  /// Calls an intention as the window does.
+  template <typename Intention>
+  void Tell(Intention intention) {
+    if (const std::shared_ptr<ErrorSession> kept = tool) intention(*kept);
+  }
   /// What was asked since the last call.
   Log Asked();
   [[nodiscard]] std::string Box() const { return view->texts.at(error_id::kTitleBox); }
@@ -170,10 +196,10 @@ class ErrorRig {
   HostApiTable table = {};
   HostBridge host;
   ToolContext context;
-  WindowHandle window;
+  WindowHandle window = 0;
   std::unique_ptr<FakeErrorView> view;
-  std::unique_ptr<FakeLineReader> reader;
-  std::unique_ptr<ErrorSession> tool;
+  FakeLineReader* reader = nullptr;  // the tool's
+  std::shared_ptr<ErrorSession> tool;
 
   static ErrorRig* current;
 };

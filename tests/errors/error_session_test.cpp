@@ -154,6 +154,26 @@ TEST_F(ErrorToolTest, AFlashPeriodOfZeroDoesNotFlash) {
   EXPECT_EQ(timers.Running(), 0u);
 }
 
+// A millisecond in the file cost hundreds of wake-ups a second. What the host hears is the number of the file.
+TEST_F(ErrorToolTest, FlashesTwentyTimesASecondAtMostAndReportsThePeriodAsRead) {
+  for (const auto& [period, ticks] : {std::pair(1, 20), {49, 20}, {50, 20}, {51, 19}, {100, 10}}) {
+    cnc.ClearErrors();
+    Drain();
+    Ini() = "[PRIVATE]\r\nFlash=" + std::to_string(period) + "\r\n";
+    MakeTool();
+    Push(Kernel(1000));
+    int seen = 0;
+    timers.SetAfterTick([&seen] { ++seen; });
+    timers.Advance(1000);
+    timers.SetAfterTick(nullptr);
+    EXPECT_EQ(seen, ticks) << period;
+    Asked();
+    tool->OnHotKey();
+    EXPECT_THAT(Asked(),
+                Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash " + std::to_string(period) + " count 1"));
+  }
+}
+
 TEST_F(ErrorToolTest, ALongTitleGetsMoreLines) {
   MakeTool();
   cnc.ErrorText("error_to_txt", 1001, u"|" + Text(200, u'x'), u"", false);
@@ -344,12 +364,27 @@ TEST_F(ErrorToolTest, TheHotKeyIsRegisteredAndUnregisteredOnRequest) {
   EXPECT_FALSE(view->hotKey);
 }
 
-TEST_F(ErrorToolTest, ADoubleClickHides) {
+TEST_F(ErrorToolTest, ADoubleClickBesideThePicturesHides) {
   MakeTool();
   Push(Kernel(1000));
-  tool->OnDoubleClick();
+  Click(0);
+  EXPECT_TRUE(view->visible);
+  DoubleClick(0);
   EXPECT_FALSE(view->visible);
   EXPECT_TRUE(tool->IsActive());
+}
+
+// The first tap was for what lay there before; the error would go unread.
+TEST_F(ErrorToolTest, ADoubleClickWhoseFirstPressCameBeforeTheWindowIsAFirstPress) {
+  MakeTool();
+  Push(Kernel(1000));
+  DoubleClick(0);
+  EXPECT_TRUE(view->visible);
+  DoubleClick(0);
+  EXPECT_FALSE(view->visible);
+  tool->OnHotKey();
+  DoubleClick(0);
+  EXPECT_TRUE(view->visible) << "what came before the window went counts no more";
 }
 
 TEST_F(ErrorToolTest, AHiddenWindowTellsEachChangeOfTheCount) {
@@ -401,6 +436,53 @@ TEST_F(ThreeErrors, WalkingBackToTheFirstHidesTheWayBack) {
   EXPECT_EQ(Counters(), "-/2");
   Asked();
   Click(error_id::kPrevious);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+// The second tap went through to the window, and put it away with the last error unread.
+TEST_F(ThreeErrors, TwoQuickTapsOnAnArrowThatTheFirstOneHidesLeaveTheWindow) {
+  Click(error_id::kNext);
+  Click(error_id::kNext);
+  ASSERT_FALSE(view->Shows(error_id::kNext));
+  DoubleClick(0);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Box(), "ERROR 1002");
+}
+
+TEST_F(ThreeErrors, TwoQuickTapsOnAnArrowAreTwoSteps) {
+  Click(error_id::kNext);
+  DoubleClick(error_id::kNext);
+  EXPECT_EQ(Box(), "ERROR 1002");
+}
+
+TEST_F(ThreeErrors, ASecondTapThatOnlyNowHitsThePictureIsATapOnIt) {
+  Click(0);
+  DoubleClick(error_id::kNext);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Box(), "ERROR 1001");
+}
+
+TEST_F(ThreeErrors, TheSecondTapOnASignThatTheFirstOneHidesMeansNothing) {
+  cnc.ClearErrors();
+  Drain();
+  Push(Kernel(1000));
+  Push(Warning(1001));
+  Click(error_id::kAcknowledge);
+  ASSERT_FALSE(view->Shows(error_id::kAcknowledge));
+  DoubleClick(0);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Box(), "WARNING 1001");
+}
+
+// Where the sign of the first error was, the next one has another: what was meant for the first isn't meant for that.
+TEST_F(ThreeErrors, TheSecondTapDoesNotReachThePictureThatTookTheFirstOnesPlace) {
+  cnc.ClearErrors();
+  Drain();
+  Push(Kernel(1000));
+  Push(Marked(1001));
+  Click(error_id::kNext);
+  Asked();
+  DoubleClick(error_id::kAcknowledge);
   EXPECT_THAT(Asked(), IsEmpty());
 }
 

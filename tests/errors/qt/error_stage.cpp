@@ -92,4 +92,14 @@ void ErrorStage::Touch(int id) {
   Settle();
 }
 
+void ErrorStage::TouchTwice(QWidget* widget, QPoint place) {
+  const QPointer<QWidget> alive = widget;
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                          QEvent::MouseButtonRelease}) {
+    // The host may have deleted it between two of them.
+    if (alive) PressMouse(widget, place, type);
+  }
+  Settle();
+}
+
 }  // namespace pnl::test

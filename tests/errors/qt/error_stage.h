@@ -33,6 +33,8 @@ class ErrorStage : public testing::Test {
   void Disc(const std::string& path, const std::string& bytes) const;
   void Key(int key, Qt::KeyboardModifiers modifiers = {});
   void Touch(int id);
+  /// Two quick presses at one place, as Qt makes them.
+  static void TouchTwice(QWidget* widget, QPoint place);
 
   [[nodiscard]] QWidget* Control(int id) const { return FindControl(tool, id); }
   [[nodiscard]] std::string TextOf(int id) const { return Control(id)->property("pnlText").toString().toStdString(); }

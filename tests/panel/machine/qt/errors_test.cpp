@@ -94,9 +94,11 @@ class ErrorsTest : public ::testing::Test {
   [[nodiscard]] ErrorIndicator& Sign() const { return window_->Status().Indicator(); }
   /// Puts the window away, as its double click does.
   void PutAway() {
-    QMouseEvent press(QEvent::MouseButtonDblClick, QPointF(3, 3), Tool()->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Tool(), &press);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+      QMouseEvent press(type, QPointF(3, 3), Tool()->mapToGlobal(QPointF(3, 3)), Qt::LeftButton, Qt::LeftButton,
+                        Qt::NoModifier);
+      QCoreApplication::sendEvent(Tool(), &press);
+    }
     Settle();
   }
   void OpenHelp() {

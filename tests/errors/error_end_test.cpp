@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// The ends of the error manager: whoever destroys its window, in whatever call, the operation under way ends without
+// it.
+#include "errors/error_rig.h"
+#include "support/deleting_host.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+
+class ErrorEnd : public ErrorToolTest {
+ protected:
+  ErrorEnd() {
+    cnc.ErrorText("error_to_txt", 2000, u"\nbroken", u"C:\\H.TXT#7", false);
+    cnc.ErrorText("error_to_txt", 2001, u"\nbroken", u"C:\\H.TXT#8", true);
+  }
+  /// A life from the making to the end; some calls of the host lie in each step.
+  FatalScene Scene(std::vector<std::function<void()>> steps) {
+    return {[this] { MakeTool(); }, std::move(steps), [this] { DestroyTool(); },
+            [this] {
+              DestroyTool();
+              EXPECT_EQ(timers.Running(), 0u);
+              EXPECT_EQ(cnc.OpenReports(), 0u);
+              cnc.ClearErrors();
+              windows.posted.clear();
+            }};
+  }
+  std::function<void()> Pushing(const RecordBuilder& record) {
+    return [this, record] { Push(record); };
+  }
+  std::function<void()> Pressing(ErrorKey key) {
+    return [this, key] { Key(key); };
+  }
+  std::function<void()> Toggling() {
+    return [this] { Tell([](ErrorSession& session) { session.OnHotKey(); }); };
+  }
+};
+
+TEST_F(ErrorEnd, TheWindowMayGoInEveryCallOfTheHost) {
+  DeletingHost killer(table);
+  const auto calls = PlayWithEachCallFatal(
+      killer,
+      Scene({Pushing(RecordBuilder()), Pushing(RecordBuilder().Number(2000)), Toggling(), Toggling(),
+             [this] { Click(0), DoubleClick(0); }, Toggling(), Pressing(ErrorKey::kRight),
+             [this] { Click(error_id::kHelp); }, [this] { Tell([](ErrorSession& session) { session.HelpEnded(); }); },
+             [this] { Notify(79, 1), Notify(79, 0); }, Toggling(), Pressing(ErrorKey::kEscape),
+             Pressing(ErrorKey::kEscape)}));
+  EXPECT_THAT(calls, IsSupersetOf({"HostToolOpening", "HostToolClosed", "HostErrorsGone", "HostShowError"}));
+}
+
+TEST_F(ErrorEnd, TheWindowMayGoWhileEachClassIsAcknowledged) {
+  DeletingHost killer(table);
+  for (const RecordBuilder& record :
+       {RecordBuilder(), RecordBuilder().Marked(), RecordBuilder().Severity(0), RecordBuilder().Severity(7),
+        RecordBuilder().Number(201).Severity(7), RecordBuilder().Number(3753)}) {
+    const auto calls = PlayWithEachCallFatal(
+        killer, Scene({Pushing(record), Pressing(ErrorKey::kEscape), Pressing(ErrorKey::kEnter), [this] {
+                         cnc.ClearErrors();
+                         Drain();
+                       }}));
+    EXPECT_THAT(calls, IsSupersetOf({"HostToolOpening", "HostToolClosed", "HostErrorsGone"}));
+  }
+}
+
+TEST_F(ErrorEnd, TheWindowMayGoWhereErrorsAreHiddenOrOpenTheirHelp) {
+  DeletingHost killer(table);
+  for (const char* ini : {"", "[PRIVATE]\r\nHideWarnings=TRUE\r\n", "[PRIVATE]\r\nHideErrors=TRUE\r\n"}) {
+    Ini() = ini;
+    const auto calls = PlayWithEachCallFatal(
+        killer,
+        Scene({Pushing(RecordBuilder().Severity(0)), Toggling(), Pressing(ErrorKey::kEscape),
+               Pushing(RecordBuilder().Number(2001)), Toggling(), Pressing(ErrorKey::kEscape), [this] { Notify(1, 1); },
+               Pushing(RecordBuilder().Number(2001).Severity(0)), Pressing(ErrorKey::kEscape)}));
+    EXPECT_THAT(calls, IsSupersetOf({"HostToolOpening", "HostToolClosed", "HostErrorsGone", "HostShowError"}));
+  }
+}
+
+// The errors stand when the tool is made, so that its first reports open it.
+TEST_F(ErrorEnd, TheWindowMayGoWhileItStarts) {
+  DeletingHost killer(table);
+  FatalScene scene = Scene({Pressing(ErrorKey::kEscape)});
+  scene.open = [this] {
+    const ErrorRecord record = RecordBuilder();
+    cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+    MakeTool();
+  };
+  EXPECT_THAT(PlayWithEachCallFatal(killer, scene), Contains("HostToolOpening"));
+}
+
+// The box runs an event loop, in which the host closes what it likes.
+TEST_F(ErrorEnd, TheWindowMayGoWhileTheBoxForAMissingLanguageLibraryIsOpen) {
+  Language fresh(menus, cnc.Util(), disc, windows);
+  const ToolContext bare{host, cnc, windows, timers, fresh, disc};
+  window = windows.Open();
+  view = std::make_unique<FakeErrorView>(log, window);
+  tool = std::make_shared<ErrorSession>(bare, *view, std::make_unique<FakeLineReader>(disc, false));
+  EXPECT_THAT(windows.boxes, IsEmpty()) << "not before the window is whole";
+  windows.onBox = [this] { DestroyTool(); };
+  Tell([](ErrorSession& session) { session.Start(); });
+  EXPECT_EQ(windows.boxes.size(), 1u);
+  EXPECT_EQ(tool, nullptr);
+  EXPECT_EQ(cnc.OpenReports(), 0u);
+}
+
+// The wait cursor is the whole panel's: it would stay for ever.
+TEST_F(ErrorEnd, AWindowThatGoesWhileItWaitsGivesTheCursorBack) {
+  MakeTool();
+  Push(RecordBuilder());
+  table.toolClosed = [](int, int) {
+    EXPECT_TRUE(current->view->waits);
+    current->DestroyTool();
+  };
+  Key(ErrorKey::kEscape);
+  EXPECT_EQ(tool, nullptr);
+  EXPECT_FALSE(view->waits);
+}
+
+TEST_F(ErrorEnd, ALineThatIsReadWhenTheWindowIsGoneIsNotWaitedFor) {
+  disc.disc["C:\\P\\A.NC"] = "G0 X1\r\n";
+  MakeTool();
+  reader->slow = true;
+  Push(RecordBuilder().Source(1).Text(error_field::kProgramPath, u"C:\\P").Text(error_field::kProgramName, u"A.NC"));
+  ASSERT_TRUE(reader->later);
+  const std::shared_ptr<ErrorSession> kept = tool;
+  DestroyTool();
+  EXPECT_FALSE(reader->later);
+}
+
+TEST_F(ErrorEnd, AnEndedLogicDoesNothing) {
+  MakeTool();
+  Push(RecordBuilder());
+  const std::shared_ptr<ErrorSession> kept = tool;
+  DestroyTool();
+  Asked();
+  const ErrorRecord another = RecordBuilder().Number(1001);
+  cnc.SetSink(nullptr);
+  cnc.PushErrorRecord({reinterpret_cast<const char*>(another.bytes), sizeof another.bytes});
+  cnc.SetSink(&sink);
+  EXPECT_TRUE(kept->HasEnded());
+  kept->OnReport(1, 0);
+  kept->OnHotKey();
+  kept->HelpEnded();
+  EXPECT_FALSE(kept->ShowHelp());
+  kept->OnToolNotify(79, 1);
+  kept->OnResized();
+  kept->OnClick(0);
+  kept->OnDoubleClick(0);
+  kept->End();
+  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_FALSE(kept->IsActive());
+  EXPECT_FALSE(kept->IsVisible());
+}
+
+}  // namespace
+}  // namespace pnl::test
