@@ -20,6 +20,7 @@
 #include "remote/standard_streams.h"
 #include "ui/panel_window.h"
 #include "ui/program_desk.h"
+#include "ui/quiet_caches.h"
 #include "ui/theme.h"
 
 namespace {
@@ -179,7 +180,9 @@ int main(int argc, char** argv) {
   }
   if (LacksDisplay(options)) return Refuse(QStringLiteral("there is no display; --headless draws off screen"));
   if (options.headless) qputenv("QT_QPA_PLATFORM", "offscreen");
+  panel::QuietFontCache();
   QApplication application(argc, argv);
+  panel::QuietPixmapCache();
   QApplication::setApplicationName(QStringLiteral("pnlpanel"));
   panel::theme::Apply(application);
   return Run(application, options);

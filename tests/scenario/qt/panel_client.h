@@ -37,6 +37,7 @@ class PanelClient {
   int WaitForEnd();
   /// Ends the program as a power cut does.
   void Kill();
+  [[nodiscard]] qint64 ProcessId() const { return process_.processId(); }
   [[nodiscard]] bool Runs() const { return process_.state() == QProcess::Running; }
 
   // What scripts do again and again.
