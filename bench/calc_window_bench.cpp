@@ -6,14 +6,13 @@
 #include <pnltools/rig.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QFile>
 #include <QImage>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <memory>
+
+#include "bench_host.h"
 
 namespace {
 
@@ -28,28 +27,27 @@ void Paint(QWidget& widget) {
   benchmark::DoNotOptimize(image);
 }
 
-/// A calculator in a window of 800x600, its history on a disc of its own.
+void WriteHistory() {
+  QFile file(QString::fromStdString(*PnlRig()->Files().HostPath(u"C:\\P1\\calc.htr")));
+  if (!file.open(QIODevice::WriteOnly)) std::abort();
+  for (int i = 0; i < kRows; ++i) file.write((Row(i) + QStringLiteral("\r\n")).toUtf8());
+}
+
+/// A calculator whose history was read from the disc; destroyed with this object.
 class Calculator {
  public:
-  Calculator() {
-    pnl::rig::Drive drive;
-    drive.letter = 'C';
-    drive.dir = QFile::encodeName(root_.path()).toStdString();
-    PnlRig()->Files().SetDrive(drive);
-    PnlRig()->StartBare();
-    QFile file(QString::fromStdString(*PnlRig()->Files().HostPath(u"C:\\P1\\calc.htr")));
-    if (!file.open(QIODevice::WriteOnly)) std::abort();
-    for (int i = 0; i < kRows; ++i) file.write((Row(i) + QStringLiteral("\r\n")).toUtf8());
-    file.close();
-    area_.resize(800, 600);
-    area_.show();
-    tool_ =
-        static_cast<QWidget*>(PnlWidgetOf(LoadPNLTool(PNL_TOOL_CALCULATOR, PnlAttachWidget(&area_, nullptr, nullptr))));
+  Calculator()
+      : window_(LoadPNLTool(PNL_TOOL_CALCULATOR, BenchHost::Here().Window())),
+        tool_(static_cast<QWidget*>(PnlWidgetOf(window_))) {
     for (auto* view : tool_->findChildren<QAbstractItemView*>()) {
       if (view->property("pnlId").toInt() == kHistoryId) list_ = view;
     }
     QCoreApplication::processEvents();
   }
+  ~Calculator() { PnlDestroyWindow(window_); }
+  Calculator(const Calculator&) = delete;
+  Calculator& operator=(const Calculator&) = delete;
+
   void Key(int key) const {
     QWidget* focus = tool_->focusWidget();
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
@@ -59,27 +57,22 @@ class Calculator {
   [[nodiscard]] QAbstractItemView& List() const { return *list_; }
 
  private:
-  QTemporaryDir root_;
-  QWidget area_;
-  QWidget* tool_ = nullptr;
+  PnlWindow window_;
+  QWidget* tool_;
   QAbstractItemView* list_ = nullptr;
 };
 
-Calculator& TheCalculator() {
-  static Calculator calculator;
-  return calculator;
-}
-
 std::unique_ptr<QListWidget> PlainList() {
+  const Calculator calculator;
   auto list = std::make_unique<QListWidget>();
   list->setSelectionMode(QAbstractItemView::ExtendedSelection);
   for (int i = 0; i < kRows; ++i) list->addItem(Row(i));
-  list->resize(TheCalculator().List().size().isEmpty() ? QSize(276, 138) : TheCalculator().List().size());
+  list->resize(calculator.List().size().isEmpty() ? QSize(276, 138) : calculator.List().size());
   return list;
 }
 
 void OpenAndCloseHistory(benchmark::State& state) {
-  const Calculator& calculator = TheCalculator();
+  const Calculator calculator;
   for (auto _ : state) {
     calculator.Key(Qt::Key_Down);
     Paint(calculator.Tool());
@@ -97,7 +90,7 @@ void ShowAndHidePlainList(benchmark::State& state) {
 }
 
 void ScrollHistory(benchmark::State& state) {
-  const Calculator& calculator = TheCalculator();
+  const Calculator calculator;
   calculator.Key(Qt::Key_Down);
   int step = 0;
   for (auto _ : state) {
@@ -127,8 +120,9 @@ BENCHMARK(ScrollPlainList)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  BenchHost host(argc, argv);
+  PnlRig()->StartBare();
+  WriteHistory();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -2,32 +2,14 @@
 // From the kernel's record to the painted error window, beside a plain Qt window with the same texts; and ten thousand
 // records at once, until the window is right again.
 #include <benchmark/benchmark.h>
-#include <pnltools/pnltools.h>
-#include <pnltools/rig.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QPushButton>
-#include <QTemporaryDir>
+
+#include "bench_host.h"
 
 namespace {
-
-/// The tool's parent: a plain widget on the screen.
-struct Host {
-  QWidget widget;
-  PnlWindow window = 0;
-  Host() {
-    widget.resize(800, 600);
-    widget.show();
-    window = PnlAttachWidget(&widget, nullptr, nullptr);
-  }
-};
-
-Host& TheHost() {
-  static auto* host = new Host;
-  return *host;
-}
 
 pnl::rig::CncControl& Cnc() { return PnlRig()->Cnc(); }
 
@@ -46,10 +28,10 @@ void Push() {
 void HandlePosted() { QCoreApplication::sendPostedEvents(); }
 
 /// What a screen would get.
-void PaintHost() { benchmark::DoNotOptimize(TheHost().widget.grab()); }
+void PaintHost() { benchmark::DoNotOptimize(BenchHost::Here().Widget().grab()); }
 
 void RecordToPaintedWindow(benchmark::State& state) {
-  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, TheHost().window);
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, BenchHost::Here().Window());
   HandlePosted();
   for (auto _ : state) {
     Push();
@@ -67,7 +49,7 @@ void RecordToPaintedWindow(benchmark::State& state) {
 BENCHMARK(RecordToPaintedWindow)->Unit(benchmark::kMillisecond);
 
 void PlainQtWindowToPainted(benchmark::State& state) {
-  auto* window = new QWidget(&TheHost().widget);
+  auto* window = new QWidget(&BenchHost::Here().Widget());
   window->setGeometry(0, 0, 710, 298);
   auto* title = new QLabel("ERROR 1018", window);
   title->setGeometry(195, 10, 320, 42);
@@ -93,7 +75,7 @@ void PlainQtWindowToPainted(benchmark::State& state) {
 BENCHMARK(PlainQtWindowToPainted)->Unit(benchmark::kMillisecond);
 
 void TenThousandRecordsAtOnce(benchmark::State& state) {
-  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, TheHost().window);
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_ERRORS, BenchHost::Here().Window());
   HandlePosted();
   for (auto _ : state) {
     for (int i = 0; i < 10000; ++i) Push();
@@ -112,14 +94,8 @@ BENCHMARK(TenThousandRecordsAtOnce)->Unit(benchmark::kMillisecond)->Iterations(3
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QTemporaryDir root;
-  pnl::rig::Rig* rig = PnlRig();
-  pnl::rig::Drive drive;
-  drive.dir = root.path().toStdString();
-  rig->Files().SetDrive(drive);
-  if (!rig->StartMachine("demo")) return 1;
+  BenchHost host(argc, argv);
+  if (!PnlRig()->StartMachine("demo")) return 1;
   PnlSetLanguage("en");
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -90,17 +91,19 @@ long IdleWakeups(const std::string& root) {
 
 }  // namespace
 
-int main() {
+// With --brief every program is started once, and the resting panel isn't watched.
+int main(int argc, char** argv) {
+  const bool brief = argc == 2 && std::string_view(argv[1]) == "--brief";
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
   char pattern[] = "/tmp/pnl-bench-XXXXXX";
   const std::string root = mkdtemp(pattern);
   const std::vector<std::string> panel{PNLPANEL, "--headless", "--until-painted", "--root", root};
   const std::vector<std::string> plain{PLAIN_QT_PANEL};
-  constexpr int kRuns = 15;
+  const int runs = brief ? 0 : 15;
   std::vector<double> panelTime, plainTime, timeRatio, panelMemory, plainMemory;
   Measure(panel);
   Measure(plain);
-  for (int i = 0; i < kRuns; ++i) {
+  for (int i = 0; i < runs; ++i) {
     const Run a = Measure(panel);
     const Run b = Measure(plain);
     panelTime.push_back(a.milliseconds);
@@ -109,11 +112,13 @@ int main() {
     panelMemory.push_back(a.megabytes);
     plainMemory.push_back(b.megabytes);
   }
-  std::printf("start to first paint   panel %.0f ms   plain Qt %.0f ms   ratio %.2f (at most 1.5)\n", Median(panelTime),
-              Median(plainTime), Median(timeRatio));
-  std::printf("most memory            panel %.1f MB  plain Qt %.1f MB  ratio %.2f (at most 1.5)\n", Median(panelMemory),
-              Median(plainMemory), Median(panelMemory) / Median(plainMemory));
-  std::printf("wake-ups of the resting panel in 10 s: %ld (0)\n", IdleWakeups(root));
+  if (!brief) {
+    std::printf("start to first paint   panel %.0f ms   plain Qt %.0f ms   ratio %.2f (at most 1.5)\n",
+                Median(panelTime), Median(plainTime), Median(timeRatio));
+    std::printf("most memory            panel %.1f MB  plain Qt %.1f MB  ratio %.2f (at most 1.5)\n",
+                Median(panelMemory), Median(plainMemory), Median(panelMemory) / Median(plainMemory));
+    std::printf("wake-ups of the resting panel in 10 s: %ld (0)\n", IdleWakeups(root));
+  }
   const std::string cleanUp = "rm -rf " + root;
   return std::system(cleanUp.c_str());
 }

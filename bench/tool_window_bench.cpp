@@ -1,42 +1,23 @@
 // SPDX-License-Identifier: MIT
 // The command line's window beside plain Qt windows of the same make, and the cost of a message beside a bare event.
 #include <benchmark/benchmark.h>
-#include <pnltools/pnltools.h>
-#include <pnltools/rig.h>
 
-#include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTemporaryDir>
+
+#include "bench_host.h"
 
 namespace {
 
 constexpr int kHistory = 10000;
 
-/// The tools' parent: a plain widget on the screen.
-struct Host {
-  QWidget widget;
-  PnlWindow window = 0;
-  Host() {
-    widget.resize(800, 600);
-    widget.show();
-    window = PnlAttachWidget(&widget, nullptr, nullptr);
-  }
-};
-
-Host& TheHost() {
-  static auto* host = new Host;
-  return *host;
-}
-
 void LoadToolToPainted(benchmark::State& state) {
   for (auto _ : state) {
-    const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, TheHost().window);
+    const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, BenchHost::Here().Window());
     if (PnlSendMessage(tool, PNL_MSG_TOOL_COMMAND, 2, 1) != 0) state.SkipWithError("the tool didn't open");
     static_cast<QWidget*>(PnlWidgetOf(tool))->repaint();
     PnlSendMessage(tool, PNL_MSG_TOOL_COMMAND, 5, 1);
@@ -47,7 +28,7 @@ BENCHMARK(LoadToolToPainted)->Unit(benchmark::kMillisecond);
 
 void PlainQtWindowToPainted(benchmark::State& state) {
   for (auto _ : state) {
-    auto* window = new QWidget(&TheHost().widget);
+    auto* window = new QWidget(&BenchHost::Here().Widget());
     window->setGeometry(0, 571, 800, 29);
     auto* title = new QLabel("MDI", window);
     title->setGeometry(0, 0, 65, 30);
@@ -65,7 +46,7 @@ void PlainQtWindowToPainted(benchmark::State& state) {
 BENCHMARK(PlainQtWindowToPainted)->Unit(benchmark::kMillisecond);
 
 void SendMessage(benchmark::State& state) {
-  const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, TheHost().window);
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, BenchHost::Here().Window());
   for (auto _ : state) benchmark::DoNotOptimize(PnlSendMessage(tool, PNL_MSG_CYCLE_START, 3, 0));
   PnlDestroyWindow(tool);
 }
@@ -88,7 +69,7 @@ class BareWindow : public QWidget {
 };
 
 void BareSendEvent(benchmark::State& state) {
-  BareWindow window(&TheHost().widget);
+  BareWindow window(&BenchHost::Here().Widget());
   for (auto _ : state) {
     QEvent event(QEvent::User);
     benchmark::DoNotOptimize(QCoreApplication::sendEvent(&window, &event));
@@ -109,13 +90,13 @@ void Press(QWidget* widget, int key) {
 }
 
 void DropListOfTenThousandToPainted(benchmark::State& state) {
-  const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, TheHost().window);
+  const PnlWindow tool = LoadPNLTool(PNL_TOOL_MDI, BenchHost::Here().Window());
   if (PnlSendMessage(tool, PNL_MSG_TOOL_COMMAND, 2, 1) != 0) state.SkipWithError("the tool didn't open");
   QWidget* edit = EditOf(static_cast<QWidget*>(PnlWidgetOf(tool)));
   for (auto _ : state) {
     Press(edit, Qt::Key_Down);
-    TheHost().widget.repaint();
-    benchmark::DoNotOptimize(TheHost().widget.grab());
+    BenchHost::Here().Widget().repaint();
+    benchmark::DoNotOptimize(BenchHost::Here().Widget().grab());
     Press(edit, Qt::Key_Escape);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
@@ -126,12 +107,12 @@ BENCHMARK(DropListOfTenThousandToPainted)->Unit(benchmark::kMillisecond);
 
 void PlainQtListOfTenThousandToPainted(benchmark::State& state) {
   for (auto _ : state) {
-    auto* list = new QListWidget(&TheHost().widget);
+    auto* list = new QListWidget(&BenchHost::Here().Widget());
     list->setGeometry(65, 420, 734, 150);
     for (int i = 0; i < kHistory; ++i) list->addItem(QString("G1 X%1 F1000").arg(i));
     list->show();
-    TheHost().widget.repaint();
-    benchmark::DoNotOptimize(TheHost().widget.grab());
+    BenchHost::Here().Widget().repaint();
+    benchmark::DoNotOptimize(BenchHost::Here().Widget().grab());
     delete list;
   }
 }
@@ -149,15 +130,9 @@ void WriteHistory(const QString& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QTemporaryDir root;
-  pnl::rig::Rig* rig = PnlRig();
-  pnl::rig::Drive drive;
-  drive.dir = root.path().toStdString();
-  rig->Files().SetDrive(drive);
-  if (!rig->StartMachine("demo")) return 1;
-  const auto folder = rig->Files().HostPath(rig->Files().Path(108));
+  BenchHost host(argc, argv);
+  if (!PnlRig()->StartMachine("demo")) return 1;
+  const auto folder = PnlRig()->Files().HostPath(PnlRig()->Files().Path(108));
   if (!folder) return 1;
   WriteHistory(QString::fromStdString(*folder));
   PnlSetLanguage("en");
