@@ -74,22 +74,21 @@ void ReinstallMenus(MdiSession& session, const MDIDATA_ST& record) {
   if (session.IsCurrent(record)) InstallMenus(session, record);
 }
 
+/// The host may have ended the window when it got the menus: the lists were stored then, without this block.
+void StoreIfEnded(MdiSession& session, MDIDATA_ST& record) {
+  if (session.Ended()) session.history.SaveLists(record);
+}
+
+/// False when the channel stays open: nobody wants it, or the interlock was refused.
 bool LeaveIfWanted(MdiSession& session, const MDIDATA_ST& record) {
   if (record.ClosePending == 0 && !AutomaticWaits(session, record)) return false;
-  LeaveChannel(session, record.Channel);
-  return true;
+  return LeaveChannel(session, record.Channel) == kDone;
 }
 
 void ShowReady(MdiSession& session, const MDIDATA_ST& record) {
-  MdiView& view = session.View();
-  view.RedrawEdit();
-  if (record.LowRole() == MdiRole::kMdi) {
-    view.SetEditReadOnly(false);
-  } else {
-    view.SetListEnabled(true);
-    if (record.Edit() != mdi_edit::kNone) view.SetEditReadOnly(false);
-  }
-  if (view.IsVisible()) FocusForRole(session);
+  session.View().RedrawEdit();
+  ShowAccess(session, record.LowRole(), &record);
+  if (session.View().IsVisible()) FocusForRole(session);
   UpdateMenus(session);
 }
 
@@ -102,6 +101,7 @@ void OnReady(MdiSession& session, MDIDATA_ST& record) {
   const std::int32_t old = std::exchange(record.State, mdi_state::kReady);
   if (old == mdi_state::kInterrupted) ReinstallMenus(session, record);
   BlockDone(session, record);
+  StoreIfEnded(session, record);
   if (LeaveIfWanted(session, record)) return;
   if (session.IsCurrent(record)) ShowReady(session, record);
 }
@@ -112,7 +112,8 @@ void ShowAborted(MdiSession& session, const MDIDATA_ST& record) {
   view.SetEditReadOnly(false);
   view.SetListEnabled(true);
   if (view.IsVisible()) FocusForRole(session);
-  view.RedrawEdit();
+  // Not through view: the focus on the list calls the host, which may end the window.
+  session.View().RedrawEdit();
   UpdateMenus(session);
 }
 
@@ -122,6 +123,7 @@ void OnAborted(MdiSession& session, MDIDATA_ST& record) {
   const std::int32_t old = std::exchange(record.State, mdi_state::kReady);
   if (old == mdi_state::kInterrupted) ReinstallMenus(session, record);
   MdiHistory::AddToHistory(record, record.Text);
+  StoreIfEnded(session, record);
   record.Text.clear();
   if (session.IsCurrent(record)) ShowAborted(session, record);
 }

@@ -70,7 +70,7 @@ std::intptr_t LeaveChannel(MdiSession& session, int channel) {
   if (session.IsCurrent(*record)) {
     HideWindow(session);
     ClearMessage(session);
-    session.context.host.HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+    session.Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
   }
   return kDone;
 }
@@ -102,7 +102,7 @@ bool IsIdle(MDIDATA_ST& record) {
 void CloseLater(MdiSession& session, MDIDATA_ST& record) {
   HideWindow(session);
   record.ClosePending = 1;
-  session.context.host.HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  session.Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
 }
 
 }  // namespace pnl::mdi

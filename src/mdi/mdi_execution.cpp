@@ -212,8 +212,14 @@ void MdiExecution::OnListFocus() {
   session.View().SetEditText({});
   session.View().SetEditReadOnly(true);
   session.View().RedrawEdit();
-  mdi::UpdateMenus(session);
 }
+
+void MdiExecution::OnFocusSettled() {
+  const std::shared_ptr<MdiExecution> alive = shared_from_this();
+  if (!parts_->session.Ended()) mdi::UpdateMenus(parts_->session);
+}
+
+void MdiExecution::OnHidden() { mdi::CloseDropList(parts_->session); }
 
 void MdiExecution::OnParentResized() {
   MdiSession& session = parts_->session;

@@ -47,12 +47,17 @@ class MdiExecution : public std::enable_shared_from_this<MdiExecution> {
   /// list by taking the activation from it; then the list is not opened again.
   void OnLeftPress(bool endedDropList);
 
-  /// The window itself got the focus: hands it on to the edit or the list.
+  /// The window itself got the focus: hands it on to the edit or the list. Calls nobody outside.
   void OnWindowFocus();
   /// The edit got or lost the focus.
   void OnEditFocus(bool focused);
-  /// The list box got the focus: an edit of an item ends.
+  /// The list box got the focus: an edit of an item ends. Calls nobody outside: the host may destroy the window in any
+  /// call, and a widget must not be lost in the middle of its focus event.
   void OnListFocus();
+  /// The change of focus that OnListFocus told of is over: the host learns of the menus.
+  void OnFocusSettled();
+  /// The window is out of sight, whoever hid it: the drop list goes too.
+  void OnHidden();
   /// The parent's client area has another size.
   void OnParentResized();
 

@@ -96,6 +96,8 @@ void NewItem(MdiSession& session, MDIDATA_ST& record) {
 void EndEdit(MdiSession& session, MDIDATA_ST& record) {
   SetEdit(session, record, mdi_edit::kNone);
   session.View().SetEditText({});
+  // The list can't always take the focus, which would do this too: the window may be hidden.
+  session.View().SetEditReadOnly(true);
   session.View().FocusList();
   UpdateMenus(session);
 }

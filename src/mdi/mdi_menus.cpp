@@ -119,9 +119,7 @@ void UpdatePositionItems(MdiSession& session) {
   SetItem(session, menu, command::kSwitchLength, full ? 3029 : 3028, full ? u"MDI_Shrink" : u"MDI_Stretch");
 }
 
-void InstallPositionMenu(MdiSession& session) {
-  session.context.host.HostSetSideMenu(tool_id::kMdi, session.menus.position);
-}
+void InstallPositionMenu(MdiSession& session) { session.Host().HostSetSideMenu(tool_id::kMdi, session.menus.position); }
 
 void SetEdit(MdiSession& session, MDIDATA_ST& record, std::int32_t edit) {
   if (record.Edit() == edit) return;
@@ -134,14 +132,15 @@ void SetEdit(MdiSession& session, MDIDATA_ST& record, std::int32_t edit) {
 }
 
 void InstallMenus(MdiSession& session, const MDIDATA_ST& record) {
-  HostBridge& host = session.context.host;
   if (record.LowRole() == MdiRole::kMdi) {
     InstallPositionMenu(session);
-    host.HostSetMainMenu(tool_id::kMdi, CancelIsOffered(session, record) ? session.menus.cancel : 0);
+    const bool cancel = CancelIsOffered(session, record);
+    session.Host().HostSetMainMenu(tool_id::kMdi, cancel ? session.menus.cancel : 0);
   } else {
     GreyItems(session, record);
-    host.HostSetMainMenu(tool_id::kMdi, CancelIsOffered(session, record) ? session.menus.cancel : session.menus.mda);
-    host.HostSetSideMenu(tool_id::kMdi, 0);
+    const bool cancel = CancelIsOffered(session, record);
+    session.Host().HostSetMainMenu(tool_id::kMdi, cancel ? session.menus.cancel : session.menus.mda);
+    session.Host().HostSetSideMenu(tool_id::kMdi, 0);
   }
 }
 
@@ -150,7 +149,7 @@ void UpdateMenus(MdiSession& session) {
   if (record == nullptr || record->LowRole() != MdiRole::kMda) return;
   GreyItems(session, *record);
   // In State 4 the bar may hold the cancel menu, which hasn't changed.
-  if (record->State != mdi_state::kInterrupted) session.context.host.HostUpdateMainMenu(tool_id::kMdi);
+  if (record->State != mdi_state::kInterrupted) session.Host().HostUpdateMainMenu(tool_id::kMdi);
 }
 
 }  // namespace pnl::mdi

@@ -13,7 +13,7 @@ namespace pnl::mdi {
 namespace {
 
 void AnnounceOpening(MdiSession& session) {
-  session.context.host.HostToolOpening(tool_id::kMdi);
+  session.Host().HostToolOpening(tool_id::kMdi);
   ClearMessage(session);
 }
 
@@ -84,7 +84,7 @@ std::intptr_t HideChannel(MdiSession& session, std::intptr_t channel) {
   if (record == nullptr) return kRefused;
   if (!session.IsCurrent(*record)) return kDone;
   HideWindow(session);
-  if (record->Opened != 0) session.context.host.HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  if (record->Opened != 0) session.Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
   return kDone;
 }
 

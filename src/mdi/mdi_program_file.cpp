@@ -3,6 +3,7 @@
 
 #include "base/format.h"
 #include "base/text_file.h"
+#include "mdi/mdi_screen.h"
 
 namespace pnl::mdi {
 
@@ -41,7 +42,7 @@ void RequestProgramFile(MdiSession& session) {
   SetField(request.Filter, u"*");
   SetField(request.Extension, {});
   request.Flags = XPLR_CONFIRMOVERWRITE;
-  session.context.host.HostExplorerRequest(request);
+  session.Host().HostExplorerRequest(request);
 }
 
 std::intptr_t WriteProgramFile(MdiSession& session, const Text& folder, const Text& name) {
@@ -59,7 +60,7 @@ std::intptr_t WriteProgramFile(MdiSession& session, const Text& folder, const Te
   file.WriteString(Format(u"%% %s\n", FileTitleOf(name)));
   WriteItems(session.View(), file);
   session.WaitingForExplorer = 0;
-  session.View().FocusEdit();
+  FocusForRole(session);
   // Only now the file comes to the disc, whole; a full disc shows here.
   if (!file.Close()) ShowProblem(session, kTextNotCreated, name);
   return kDone;

@@ -19,8 +19,12 @@ MdiLayout LayoutFor(const MdiSession& session, MdiRole role) {
 void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
   CloseDropList(session);
   session.DisplayedRole = role;
+  session.View().Place(LayoutFor(session, role));
+  ShowAccess(session, role, record);
+}
+
+void ShowAccess(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
   MdiView& view = session.View();
-  view.Place(LayoutFor(session, role));
   const bool ready = record == nullptr || record->IsReady();
   if (role == MdiRole::kMdi) {
     view.SetEditReadOnly(!ready);
@@ -33,6 +37,8 @@ void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
 
 void ShowRole(MdiSession& session, const MDIDATA_ST& record) {
   session.View().Place(LayoutFor(session, record.LowRole()));
+  // A block may have ended, or the channel may have gone back, while the window was out of sight.
+  ShowAccess(session, record.LowRole(), &record);
   ShowTitle(session, record, true);
 }
 
@@ -112,7 +118,7 @@ void EndDropList(MdiSession& session, std::intptr_t verdict) {
   CloseDropList(session);
 }
 
-void ShowMessage(MdiSession& session, TextView text) { session.context.host.HostShowMessage(tool_id::kMdi, text); }
+void ShowMessage(MdiSession& session, TextView text) { session.Host().HostShowMessage(tool_id::kMdi, text); }
 
 void ClearMessage(MdiSession& session) { ShowMessage(session, {}); }
 

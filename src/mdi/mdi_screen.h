@@ -7,10 +7,12 @@
 
 namespace pnl::mdi {
 
-/// Lays the window out for a role of a channel; record may be null. Closes the drop list. The edit is writable and the
-/// list enabled only while no block of the channel is in the machine's hands.
+/// Lays the window out for a role of a channel; record may be null. Closes the drop list.
 void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record);
-/// The role's controls and its title, in a window that is about to be visible.
+/// What can be written and chosen: the edit where the operator types in it, the list in MDA role, and neither while a
+/// block of the channel is in the machine's hands. record may be null.
+void ShowAccess(MdiSession& session, MdiRole role, const MDIDATA_ST* record);
+/// The role's controls, their access and the title, in a window that is about to be visible.
 void ShowRole(MdiSession& session, const MDIDATA_ST& record);
 /// The title alone: its text, and whether it blinks. Out of sight it rests, so that an idle panel sleeps.
 void ShowTitle(MdiSession& session, const MDIDATA_ST& record, bool visible);

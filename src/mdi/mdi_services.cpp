@@ -35,7 +35,10 @@ Text BlockInHand(MdiSession& session) {
 void PasteCalcResult(MdiSession& session) {
   ZCVariable result(session.context.cnc.Vars(), u"E.CALCRESUL");
   double value = 0;
-  if (result.IsValid()) result.ReadDouble(value);
+  if (result.IsValid()) {
+    result.UpdateCache();
+    result.ReadDouble(value);
+  }
   const MDIDATA_ST* record = session.Current();
   if (record == nullptr || !record->IsReady()) return;
   if (!record->TypesInEdit()) {

@@ -14,6 +14,7 @@ MdiNoView& NoView() {
   return view;
 }
 
+constexpr HostApiTable kNoServices = {};
 constexpr std::int32_t kOwnerBase = 1000;
 
 }  // namespace
@@ -31,7 +32,8 @@ MdiSession::MdiSession(const ToolContext& toolContext, MdiView& window, WindowHa
       settings(context.files, context.cnc.Util()),
       history(context.files, context.cnc.Util(), settings),
       HostWindow(host),
-      view_(&window) {
+      view_(&window),
+      noHost_(kNoServices, context.cnc.Vars()) {
   ExplorerRequest.Owner = kOwnerBase + tool_id::kMdi;
 }
 

@@ -48,6 +48,8 @@ struct MdiSession {
   [[nodiscard]] ZCVariable ChannelVariable(int channel, TextView name) const;
   [[nodiscard]] int ChannelCount() const { return static_cast<int>(records.size()); }
   [[nodiscard]] Kernel& Kapi() const { return context.cnc.Kapi(); }
+  /// The host. Once the window has ended it hears nothing more of it.
+  [[nodiscard]] const HostBridge& Host() const { return ended_ ? noHost_ : context.host; }
 
   ToolContext context;
   MdiSettings settings;
@@ -64,6 +66,7 @@ struct MdiSession {
  private:
   [[nodiscard]] int NumberOfChannels() const;
   MdiView* view_;
+  HostBridge noHost_;  // offers no service
   bool ended_ = false;
 };
 

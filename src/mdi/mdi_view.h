@@ -54,9 +54,10 @@ class MdiView {
   /// Plus and ground of the sign 3003.
   virtual void SetSignColors(std::uint32_t fore, std::uint32_t back) = 0;
 
-  // The focus. Each call that moves the focus brings the matching event (OnWindowFocus, OnEditFocus, OnListFocus) back
-  // into the logic, possibly before the call returns; a control that has the focus already gets no event, and nothing
-  // happens when the control is disabled or can't be focused.
+  // The focus. Each call that moves the focus brings the matching event (OnWindowFocus, OnEditFocus, OnListFocus, and
+  // behind the last OnFocusSettled) back into the logic, possibly before the call returns; a control that has the focus
+  // already gets no event, and nothing happens when the control is disabled or can't be focused. The view may be gone
+  // when such a call returns, since OnFocusSettled calls the host.
   virtual void FocusWindow() = 0;
   virtual void FocusEdit() = 0;
   virtual void FocusList() = 0;

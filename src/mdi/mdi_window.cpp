@@ -63,7 +63,7 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
 
   connect(edit_, &MdiEdit::FocusChanged, this,
           [this](bool focused) { Tell([focused](MdiExecution& logic) { logic.OnEditFocus(focused); }); });
-  connect(list_, &ListBox::Focused, this, [this] { Tell([](MdiExecution& logic) { logic.OnListFocus(); }); });
+  connect(list_, &ListBox::Focused, this, &ZCMDIWindow::OnListFocus);
   edit_->installEventFilter(this);
   list_->installEventFilter(this);
   if (parent != nullptr) parent->installEventFilter(this);
@@ -109,7 +109,7 @@ bool ZCMDIWindow::event(QEvent* event) {
   if (type == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
   if (type != QEvent::FocusIn) return ToolWindow::event(event);
   const bool handled = ToolWindow::event(event);
-  Tell([](MdiExecution& logic) { logic.OnWindowFocus(); });
+  OnWindowFocus();
   return handled;
 }
 
@@ -139,10 +139,37 @@ bool ZCMDIWindow::focusNextPrevChild(bool next) {
   return true;
 }
 
+void ZCMDIWindow::MoveFocus(QWidget* taker) {
+  ++focusMoves_;
+  taker->setFocus(Qt::OtherFocusReason);
+  if (--focusMoves_ == 0) SettleFocus();
+}
+
+void ZCMDIWindow::OnListFocus() {
+  Tell([](MdiExecution& logic) { logic.OnListFocus(); });
+  listGotFocus_ = true;
+  if (focusMoves_ == 0) SettleFocusLater();
+}
+
+void ZCMDIWindow::OnWindowFocus() {
+  ++focusMoves_;
+  Tell([](MdiExecution& logic) { logic.OnWindowFocus(); });
+  if (--focusMoves_ == 0) SettleFocusLater();
+}
+
+void ZCMDIWindow::SettleFocus() {
+  if (std::exchange(listGotFocus_, false)) Tell([](MdiExecution& logic) { logic.OnFocusSettled(); });
+}
+
+void ZCMDIWindow::SettleFocusLater() {
+  // The widget kit moves the focus and goes on with its widgets behind us.
+  if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
+}
+
 void ZCMDIWindow::hideEvent(QHideEvent* event) {
   ToolWindow::hideEvent(event);
   // The drop list lies over the whole panel and would stay there alone.
-  CloseDropList();
+  Tell([](MdiExecution& logic) { logic.OnHidden(); });
 }
 
 void ZCMDIWindow::mousePressEvent(QMouseEvent* event) {

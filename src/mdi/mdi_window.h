@@ -51,9 +51,9 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   void SetTitle(TextView title) override;
   void SetTitleBlinking(int period) override;
   void SetSignColors(std::uint32_t fore, std::uint32_t back) override;
-  void FocusWindow() override { setFocus(Qt::OtherFocusReason); }
-  void FocusEdit() override { edit_->setFocus(Qt::OtherFocusReason); }
-  void FocusList() override { list_->setFocus(Qt::OtherFocusReason); }
+  void FocusWindow() override { MoveFocus(this); }
+  void FocusEdit() override { MoveFocus(edit_); }
+  void FocusList() override { MoveFocus(list_); }
   void ClearFocus() override;
   [[nodiscard]] Text EditText() const override;
   void SetEditText(TextView text) override;
@@ -84,6 +84,11 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   template <typename Intention>
   void Tell(Intention intention);
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
+  void MoveFocus(QWidget* taker);
+  void OnListFocus();
+  void OnWindowFocus();
+  void SettleFocus();
+  void SettleFocusLater();
   void NoteEndedDropList();
   void UseColors();
 
@@ -96,6 +101,8 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   MdiColorPair titleColors_;
   MdiColorPair signColors_;
   bool endedDropList_ = false;
+  bool listGotFocus_ = false;  // and the logic hasn't been told yet that this is over
+  int focusMoves_ = 0;         // changes of the focus that are going on
   std::shared_ptr<MdiExecution> logic_;
 };
 

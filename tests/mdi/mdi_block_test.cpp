@@ -258,7 +258,7 @@ TEST_P(MdiStartKey, DoesAsStateStatusAndDetailSay) {
     Status(2);
     if (row.state == 4) Status(4);
   }
-  Type("M3");
+  Type("M3");  // which a running block doesn't let in
   cnc.vars.At("[1].G.FULLSTATUS").value = row.byte << 8 | row.detail;
   Forget();
   EXPECT_EQ(Start(), 0);

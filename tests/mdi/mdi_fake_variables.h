@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The CNC's variables for the command line's tests: a table that fails as told, reports, and writes every change that
-// was asked of it into the log.
+// The CNC's variables for the command line's tests: a table that fails as told, reports every change, and writes what
+// was asked of it into the log. As strict as a real server: a read without an update of the cache before it gives a
+// stale value, a window that is dead can't open a report, and one that isn't open can't be closed.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "facade/variables.h"
@@ -23,6 +27,8 @@ class FakeVariables final : public Variables {
     Text text;
     bool readable = true;
     bool writable = true;
+    bool closable = true;  // false: CloseReport fails and the report stays open
+    bool fresh = false;    // the cache was brought up to date since the last read
     std::set<WindowHandle> reports;
   };
 
@@ -39,7 +45,7 @@ class FakeVariables final : public Variables {
   void Set(const std::string& name, std::int32_t value) {
     Entry& entry = entries_.at(name);
     entry.value = value;
-    for (const WindowHandle window : entry.reports) windows_.Post(window, {kMsgVariableReport, Id(name), 0});
+    Report(name, entry);
   }
   [[nodiscard]] std::int32_t Id(const std::string& name) {
     const auto [at, added] = ids_.try_emplace(name, static_cast<std::int32_t>(ids_.size()) + 100);
@@ -59,29 +65,31 @@ class FakeVariables final : public Variables {
     return info;
   }
   int ReadInt(std::int32_t id, std::int32_t& value) override {
-    const Entry* entry = Find(id);
-    if (entry == nullptr || !entry->readable) return 1;
+    const Entry* entry = Present(id);
+    if (entry == nullptr) return 1;
     value = entry->value;
     return 0;
   }
   int WriteInt(std::int32_t id, std::int32_t value, int flag) override {
     Entry* entry = Find(id);
     const bool ok = entry != nullptr && entry->writable;
-    if (ok) entry->value = value;
+    const bool changed = ok && std::exchange(entry->value, value) != value;
     log_.push_back("write " + names_[id] + "=" + std::to_string(value) + (flag == 1 ? " flag 1" : "") +
                    (ok ? "" : " failed"));
+    // Also to the window that wrote.
+    if (changed) Report(names_[id], *entry);
     return ok ? 0 : 1;
   }
   int ReadDouble(std::int32_t id, double& value) override {
-    const Entry* entry = Find(id);
-    if (entry == nullptr || !entry->readable) return 1;
+    const Entry* entry = Present(id);
+    if (entry == nullptr) return 1;
     value = entry->real;
     return 0;
   }
   int WriteDouble(std::int32_t, double) override { return 1; }
   int ReadTxt(std::int32_t id, Text& value) override {
-    const Entry* entry = Find(id);
-    if (entry == nullptr || !entry->readable) return 1;
+    const Entry* entry = Present(id);
+    if (entry == nullptr) return 1;
     value = entry->text;
     return 0;
   }
@@ -92,23 +100,38 @@ class FakeVariables final : public Variables {
     log_.push_back("write " + names_[id] + "=" + ToUtf8(value));
     return 0;
   }
-  int UpdateCache(std::int32_t) override { return 0; }
-  int OpenReport(std::int32_t id, WindowHandle window) override {
+  int UpdateCache(std::int32_t id) override {
     Entry* entry = Find(id);
     if (entry == nullptr) return 1;
-    entry->reports.insert(window);
-    log_.push_back("open report " + names_[id]);
+    entry->fresh = true;
     return 0;
+  }
+  int OpenReport(std::int32_t id, WindowHandle window) override {
+    Entry* entry = Find(id);
+    const bool ok = entry != nullptr && windows_.IsAlive(window);
+    if (ok) entry->reports.insert(window);
+    log_.push_back("open report " + names_[id] + (ok ? "" : " failed"));
+    return ok ? 0 : 1;
   }
   int CloseReport(std::int32_t id, WindowHandle window) override {
     Entry* entry = Find(id);
-    if (entry != nullptr) entry->reports.erase(window);
-    log_.push_back("close report " + names_[id]);
-    return 0;
+    const bool ok = entry != nullptr && entry->closable && entry->reports.erase(window) == 1;
+    log_.push_back("close report " + names_[id] + (ok ? "" : " failed"));
+    return ok ? 0 : 1;
   }
   int GeneraReport(std::int32_t, WindowHandle) override { return 0; }
 
  private:
+  /// The entry for one read; null when it can't be read.
+  Entry* Present(std::int32_t id) {
+    Entry* entry = Find(id);
+    if (entry == nullptr) return nullptr;
+    EXPECT_TRUE(std::exchange(entry->fresh, false)) << names_[id] << " is read from an old cache";
+    return entry->readable ? entry : nullptr;
+  }
+  void Report(const std::string& name, const Entry& entry) {
+    for (const WindowHandle window : entry.reports) windows_.Post(window, {kMsgVariableReport, Id(name), 0});
+  }
   Entry* Find(std::int32_t id) {
     const auto name = names_.find(id);
     if (name == names_.end()) return nullptr;

@@ -65,6 +65,8 @@ class FakeMdiView final : public MdiView {
     signFore = fore;
     signBack = back;
   }
+  // Nothing of the logic may touch the view behind a move: the host, told when the focus has settled, may have ended
+  // it.
   void FocusWindow() override {
     Order("focus window");
     if (visible) Move(Focus::kWindow);
@@ -164,16 +166,11 @@ class FakeMdiView final : public MdiView {
 
   /// The focus goes somewhere, with the events that this brings.
   void Move(Focus to) {
-    if (to == focus) return;
-    const Focus from = focus;
-    focus = to;
+    ++moves_;
+    Arrive(to);
+    if (--moves_ != 0 || !std::exchange(listGotFocus_, false)) return;
     const std::shared_ptr<MdiExecution> logic = execution;
-    if (!logic) return;
-    if (from == Focus::kEdit) logic->OnEditFocus(false);
-    if (focus != to) return;
-    if (to == Focus::kWindow) logic->OnWindowFocus();
-    if (to == Focus::kEdit) logic->OnEditFocus(true);
-    if (to == Focus::kList) logic->OnListFocus();
+    if (logic) logic->OnFocusSettled();
   }
   void OkInDropList() {
     if (dropList) dropList->Accept(DropListSelection());
@@ -187,6 +184,20 @@ class FakeMdiView final : public MdiView {
  private:
   [[nodiscard]] bool IsItem(int index) const { return index >= 0 && index < static_cast<int>(items.size()); }
   void Asked() const { EXPECT_FALSE(dead) << "asked of a window that is gone"; }
+  void Arrive(Focus to) {
+    if (to == focus) return;
+    const Focus from = focus;
+    focus = to;
+    const std::shared_ptr<MdiExecution> logic = execution;
+    if (!logic) return;
+    if (from == Focus::kEdit) logic->OnEditFocus(false);
+    if (focus != to) return;
+    if (to == Focus::kWindow) logic->OnWindowFocus();
+    if (to == Focus::kEdit) logic->OnEditFocus(true);
+    if (to != Focus::kList) return;
+    listGotFocus_ = true;
+    logic->OnListFocus();
+  }
   void Order(const std::string& line) {
     Asked();
     log_.push_back("view " + line);
@@ -194,6 +205,8 @@ class FakeMdiView final : public MdiView {
   Log& log_;
   FakeWindowSystem& windows_;
   WindowHandle handle_;
+  int moves_ = 0;
+  bool listGotFocus_ = false;
   std::vector<std::unique_ptr<MdiDropList>> buried_;
 };
 

@@ -3,6 +3,8 @@
 // asked of them into one ordered log, a line a call. Reads are not logged.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -16,18 +18,29 @@
 
 namespace pnl::test {
 
+/// Its interlock is a real one: refused while a block is in hand, counted, and never given back without having been
+/// taken. An accepted block takes one grant over.
 class FakeKernel final : public Kernel {
  public:
   explicit FakeKernel(Log& log) : log_(log) {}
   std::map<std::string, int> returns;
+  int grants = 0;
+  bool blockInHand = false;
 
   int ExisteKernel() override { return Answer("ExisteKernel", 0); }
   int IsNewInspecAllowed(int) override { return Answer("IsNewInspecAllowed", 0); }
   int EnProcesoInspec(int) override { return Answer("EnProcesoInspec", 0); }
   int IsMDIAllowedInResetInspect(int) override { return Answer("IsMDIAllowedInResetInspect", 0); }
-  int CogerPlcFree(int zero, int channel) override { return Call("CogerPlcFree", 1, {zero, channel}); }
+  int CogerPlcFree(int zero, int channel) override {
+    const bool granted = !blockInHand && Answer("CogerPlcFree", 1) != 0;
+    if (granted) ++grants;
+    return Note("CogerPlcFree", granted ? 1 : 0, {zero, channel});
+  }
   int LiberarPlcFree(int zero, int channel, int one) override {
-    return Call("LiberarPlcFree", 1, {zero, channel, one});
+    const bool held = grants > 0;
+    EXPECT_TRUE(held) << "the interlock was given back without having been taken";
+    if (held) --grants;
+    return Note("LiberarPlcFree", held ? 1 : 0, {zero, channel, one});
   }
   int SetMdi(int channel, int on) override { return Call("SetMdi", 1, {channel, on}); }
   int EndMDIMode(int channel) override { return Call("EndMDIMode", 1, {channel}); }
@@ -36,6 +49,12 @@ class FakeKernel final : public Kernel {
     const int result = Answer("MDILine", 0);
     log_.push_back("MDILine(" + std::to_string(zero) + ",\"" + ToUtf8(block) + "\"," + std::to_string(none) + "," +
                    std::to_string(four) + "," + std::to_string(last) + ")=" + std::to_string(result));
+    if (result == 0) {
+      EXPECT_GT(grants, 0) << "a block was sent without the interlock";
+      EXPECT_FALSE(blockInHand) << "a block was sent while another one is in hand";
+      --grants;
+      blockInHand = true;
+    }
     return result;
   }
   int NextSingleStep(int zero) override { return Call("NextSingleStep", 0, {zero}); }
@@ -62,7 +81,9 @@ class FakeKernel final : public Kernel {
     return set == returns.end() ? usual : set->second;
   }
   int Call(const char* name, int usual, std::initializer_list<int> args) {
-    const int result = Answer(name, usual);
+    return Note(name, Answer(name, usual), args);
+  }
+  int Note(const char* name, int result, std::initializer_list<int> args) {
     std::string line = std::string(name) + "(";
     for (const int arg : args) line += (line.back() == '(' ? "" : ",") + std::to_string(arg);
     log_.push_back(line + ")=" + std::to_string(result));

@@ -129,7 +129,15 @@ void MdiRig::Drain() {
   });
 }
 
+void MdiRig::Type(const std::string& text) {
+  // As an edit does: what is read-only takes no typing.
+  if (view->readOnly) return;
+  view->edit = FromUtf8(text);
+  view->selection = {};
+}
+
 void MdiRig::Status(int byte, int detail) {
+  if (byte == 1 || byte == 8) cnc.kernel.blockInHand = false;
   cnc.vars.Set("[1].G.FULLSTATUS", byte << 8 | detail);
   Drain();
 }

@@ -37,10 +37,8 @@ class MdiRig {
   bool Key(MdiKey key) { return tool->OnKey(key); }
   /// The cycle start key for a channel.
   std::intptr_t Start(int channel = 1);
-  void Type(const std::string& text) {
-    view->edit = FromUtf8(text);
-    view->selection = {};
-  }
+  /// Types over all that the edit holds.
+  void Type(const std::string& text);
   void Drain();
   /// The control reports a status byte and detail.
   void Status(int byte, int detail = 0);

@@ -87,8 +87,23 @@ TEST_F(MdiProgramFile, TheListIsWrittenWithHeaderTitleAndEnd) {
   Ask("G0 X1\r\nM3\r\n");
   Accept(u"C:\\PRG", u"part.1.nc");
   EXPECT_EQ(files.disc["C:\\PRG\\part.1.nc"], std::string(kHeader) + "% part.1\nG0 X1\nM3\nM30");
+}
+
+TEST_F(MdiProgramFile, AfterWritingTheListHasTheFocus) {
+  // The read-only edit had it, and the arrow keys were dead.
+  Ask("G0 X1\r\nM3\r\n");
+  view->Move(FakeMdiView::Focus::kElsewhere);
+  Accept(u"C:\\PRG", u"p");
+  EXPECT_EQ(view->focus, FakeMdiView::Focus::kList);
+  EXPECT_TRUE(view->readOnly);
+}
+
+TEST_F(MdiProgramFile, AnAnswerInMdiRoleGivesTheFocusToTheEdit) {
+  Ask("G0 X1\r\n");
+  Command(8);
+  view->Move(FakeMdiView::Focus::kElsewhere);
+  Accept(u"C:\\PRG", u"p");
   EXPECT_EQ(view->focus, FakeMdiView::Focus::kEdit);
-  Forget();
 }
 
 TEST_F(MdiProgramFile, AnItemEqualToTheEndOfProgramGetsNoFurtherOne) {

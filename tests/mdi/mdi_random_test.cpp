@@ -93,7 +93,10 @@ class Session : public MdiRig {
     const int byte = std::array{1, 1, 1, 2, 2, 4, 8, 0, 3}[Roll(9)];
     Status(byte, std::array{0, 1, 4, 5, 6, 15}[Roll(6)]);
     if (!sent.empty() && tool && !Running()) ran_.insert(sent);
-    if (cnc.vars.At("[1].G.FULLSTATUS").value >> 8 != 1 && Roll(2) == 0) cnc.vars.At("[1].G.FULLSTATUS").value = 0x100;
+    if (cnc.vars.At("[1].G.FULLSTATUS").value >> 8 != 1 && Roll(2) == 0) {
+      cnc.vars.At("[1].G.FULLSTATUS").value = 0x100;
+      cnc.kernel.blockInHand = false;
+    }
   }
   void Drop() {
     if (Roll(3) == 0) tool->OnLeftPress(Roll(2) == 0);
@@ -161,6 +164,7 @@ class Session : public MdiRig {
     cnc.vars.At("[1].G.CNCAUTSTATUS").value &= 0x3F000;
     cnc.vars.At("[1].G.CNCMANSTATUS").value = 0;
     cnc.vars.At("[1].G.FULLSTATUS").value = 0x100;
+    cnc.kernel.blockInHand = false;
     Forget();
     MakeTool();
   }
@@ -178,6 +182,13 @@ class Session : public MdiRig {
       EXPECT_TRUE(view->readOnly) << "a running block can be typed over";
       EXPECT_TRUE(held_) << "a block runs in a channel that is not held";
       EXPECT_EQ(view->dropList, nullptr);
+    } else if (view->visible) {
+      const bool mda = view->title == u"MDA";
+      const bool editing = MdaItem(32774) != nullptr;
+      if (!mda || editing) {
+        EXPECT_FALSE(view->readOnly) << "the line can't be written into";
+      }
+      EXPECT_TRUE(!mda || view->listEnabled) << "the list can't be used";
     }
     EXPECT_LE(cnc.vars.OpenReports(), 2u);
     EXPECT_EQ(menus.Count(), 3u);

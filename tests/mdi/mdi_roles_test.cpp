@@ -96,9 +96,9 @@ TEST_F(MdiRoles, TheSelectedItemIsRunAndStaysWhereItIs) {
   Status(2);
   Forget();
   Status(1);
-  EXPECT_THAT(All(),
-              ElementsAre("view edit \"\"", "view redraw edit", "view list on", "view focus list", "view edit \"\"",
-                          "view read-only", "view redraw edit", "HostUpdateMainMenu(6)", "HostUpdateMainMenu(6)"));
+  EXPECT_THAT(All(), ElementsAre("view edit \"\"", "view redraw edit", "view read-only", "view list on",
+                                 "view focus list", "view edit \"\"", "view read-only", "view redraw edit",
+                                 "HostUpdateMainMenu(6)", "HostUpdateMainMenu(6)"));
   EXPECT_THAT(view->Items(), ElementsAre("A", "B", "C"));
   EXPECT_EQ(view->selected, 1);
   Command(8);

@@ -12,7 +12,7 @@ void Note(const std::string& call) {
 
 }  // namespace
 
-MdiStage::MdiStage() : area(new QWidget(&panel)), other(new QLineEdit(&panel)) {
+MdiStage::MdiStage() : other(new QLineEdit(&panel)) {
   static std::function<void(const std::string&)> note;
   note = [this](const std::string& call) {
     hostCalls.push_back(call);
@@ -21,7 +21,16 @@ MdiStage::MdiStage() : area(new QWidget(&panel)), other(new QLineEdit(&panel)) {
   listener = &note;
   table.toolOpening = [](int id) { Note("opening " + std::to_string(id)); };
   table.toolClosed = [](int id, int reason) { Note("closed " + std::to_string(id) + "," + std::to_string(reason)); };
+  table.setMainMenu = [](int, HostMenuRef) { Note("main menu"); };
+  table.setSideMenu = [](int, HostMenuRef) { Note("side menu"); };
   table.updateMainMenu = [](int, int) { Note("update menu"); };
+  table.showMessage = [](int, const HostMessage*) { Note("message"); };
+  table.explorerRequest = [] { Note("explorer"); };
+  // A real box would wait for an operator.
+  windows.SetBoxAnswerer([](const BoxSpec&) { return BoxAnswer::kOk; });
+  windows.onMessageToHost = [](WindowHandle, const Message& message) {
+    Note("notify " + std::to_string(message.first));
+  };
 
   drives.Set('C', disc.Path().string());
   cnc.Storage().MakeFolders();
@@ -30,11 +39,11 @@ MdiStage::MdiStage() : area(new QWidget(&panel)), other(new QLineEdit(&panel)) {
     cnc.Define(name, rig::VariableType::kInt, std::int64_t{0}, true, true);
   }
   cnc.Define(u"[1].G.FULLSTATUS", rig::VariableType::kInt, std::int64_t{0x100}, true, true);
+  cnc.Define(u"E.XPLRDATA", rig::VariableType::kInt, std::int64_t{0}, true, true);
 
   panel.resize(700, 500);
-  area->setGeometry(20, 10, 600, 400);
   other->setGeometry(20, 450, 100, 30);
-  WindowRegistry::Instance().Attach(area, nullptr, nullptr);
+  MakeArea();
   Activate(panel);
 }
 
@@ -45,6 +54,13 @@ MdiStage::~MdiStage() {
   EXPECT_EQ(menus.Count(), 0u) << "every menu is given back";
   EXPECT_EQ(cnc.OpenReports(), 0u);
   EXPECT_EQ(timers.Running(), 0u);
+}
+
+void MdiStage::MakeArea() {
+  area = new QWidget(&panel);
+  area->setGeometry(20, 10, 600, 400);
+  if (panel.isVisible()) area->show();
+  WindowRegistry::Instance().Attach(area, nullptr, nullptr);
 }
 
 void MdiStage::Make() {

@@ -26,6 +26,8 @@ class MdiStage : public testing::Test {
   MdiStage();
   ~MdiStage() override;
 
+  /// The tool's parent, after a test that destroyed the one before.
+  void MakeArea();
   /// Makes the tool; files on the disc must be there before.
   void Make();
   void Open();
@@ -71,9 +73,9 @@ class MdiStage : public testing::Test {
   std::vector<std::string> hostCalls;
   std::function<void(const std::string&)> onHostCall;  // after it was noted
 
-  QWidget panel;     // the panel's own window
-  QWidget* area;     // the tool's parent
-  QLineEdit* other;  // something else that takes the focus
+  QWidget panel;           // the panel's own window
+  QPointer<QWidget> area;  // the tool's parent
+  QLineEdit* other;        // something else that takes the focus
   QPointer<ZCMDIWindow> tool;
   WindowHandle handle = 0;
 };

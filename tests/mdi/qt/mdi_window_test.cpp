@@ -2,6 +2,8 @@
 // The command line's window: where things lie, how they look, what keys and presses do, who has the focus.
 #include "mdi/mdi_window.h"
 
+#include "controls/fonts.h"
+#include "host/records.h"
 #include "mdi_stage.h"
 
 namespace pnl::test {
@@ -78,10 +80,19 @@ TEST_F(MdiWindowTest, SurvivesAParentWithoutRoom) {
   for (const QSize& size : {QSize(0, 0), QSize(10, 10), QSize(64, 20)}) {
     area->resize(size);
     Paint(*tool);
+    for (const QWidget* control : {static_cast<QWidget*>(Title()), static_cast<QWidget*>(Edit())}) {
+      EXPECT_GE(control->width(), 0);
+    }
+    EXPECT_EQ(tool->geometry(), QRect(0, size.height() - 29, size.width(), 29));
     SwitchRole();
+    EXPECT_EQ(tool->geometry(), QRect(QPoint(0, 0), size));
     Paint(*tool);
     SwitchRole();
   }
+  area->resize(600, 400);
+  EXPECT_EQ(Edit()->geometry(), QRect(65, 1, 600 - 65 - 31, 30));
+  Type(Edit(), "G0");
+  EXPECT_EQ(Edit()->text(), "G0");
 }
 
 TEST_F(MdiWindowTest, TheTitleBlinksWhileTheLineIsOpenAndRestsWhenItIsNot) {
@@ -167,6 +178,120 @@ TEST_F(MdiWindowTest, TheDialogIsFilledWithItsColour) {
   OpenMda();
   // Between the list's end and the edit there is one line of it.
   EXPECT_EQ(ColorAt(Paint(*tool), 300, 400 - 31), 0x05B9D2u);
+}
+
+TEST_F(MdiWindowTest, TheSignIsAPlusWhateverItsTextSays) {
+  Open();
+  const QImage sign = Paint(*Sign());
+  EXPECT_EQ(Count(sign, 0x05B9D2), 18 * 6 + 2 * 6 * 6);
+  EXPECT_EQ(ColorAt(sign, 15, 7), 0x05B9D2u);
+  EXPECT_EQ(ColorAt(sign, 7, 15), 0x05B9D2u);
+  EXPECT_EQ(ColorAt(sign, 7, 7), 0x02B6E8u);
+}
+
+TEST_F(MdiWindowTest, EditListTitleAndDropListAreInArialOfHeight18AndWeight600) {
+  History(1);
+  Disc("MDAC1.DAT", "HHHH\r\n");
+  Open();
+  Key(Qt::Key_Down);
+  ASSERT_NE(Drop(), nullptr);
+  const QFont wanted = MakeFont("Arial", 18, 600).value();
+  EXPECT_EQ(wanted.weight(), 600);
+  for (const QWidget* control :
+       {static_cast<QWidget*>(Edit()), static_cast<QWidget*>(List()), static_cast<QWidget*>(DropItems())}) {
+    EXPECT_EQ(control->font().families(), wanted.families());
+    EXPECT_EQ(control->font().pixelSize(), wanted.pixelSize());
+    EXPECT_EQ(control->font().weight(), 600);
+  }
+  // The title keeps its font to itself: what it paints must be what a static with that font paints.
+  ZWCStatic like(1, timers, files, nullptr);
+  like.resize(Title()->size());
+  like.SetFont("Arial", 18, 600);
+  like.SetTextW("MDI", false);
+  Command(3);  // at rest: no triangle
+  EXPECT_EQ(Paint(*Title()), Paint(like));
+  like.SetFont("Arial", 18, 400);
+  EXPECT_NE(Paint(*Title()), Paint(like));
+}
+
+TEST_F(MdiWindowTest, TheSignLosesItsOpenColourWhenTheHostHidesTheTool) {
+  // The list went with the window, and the sign said that it was open still.
+  History(3);
+  Open();
+  PressSign();
+  Settle();
+  ASSERT_NE(Drop(), nullptr);
+  ASSERT_EQ(Back(Sign()), 0x23D7F0u);
+  area->hide();
+  EXPECT_EQ(Drop(), nullptr);
+  EXPECT_EQ(Back(Sign()), 0x02B6E8u);
+  area->show();
+  EXPECT_EQ(Back(Sign()), 0x02B6E8u);
+}
+
+TEST_F(MdiWindowTest, TheEditGetsTheFocusBackWhenLayingOutClosesTheDropList) {
+  History(3);
+  Open();
+  Key(Qt::Key_Down);
+  ASSERT_EQ(Focus(), DropItems());
+  Send(kMsgCommand, 40005);
+  EXPECT_EQ(Drop(), nullptr);
+  EXPECT_EQ(Focus(), Edit());
+}
+
+TEST_F(MdiWindowTest, ALineOpenedAgainAfterACloseThatWaitedCanBeUsed) {
+  Open();
+  Type(Edit(), "G0");
+  StartKey();
+  EXPECT_EQ(Command(5), 1);
+  Status(1);
+  EXPECT_EQ(Command(2), 0);
+  EXPECT_FALSE(Edit()->isReadOnly());
+  EXPECT_EQ(Focus(), Edit());
+  Type(Edit(), "G1");
+  EXPECT_EQ(Edit()->text(), "G1");
+}
+
+TEST_F(MdiWindowTest, AListOpenedAgainAfterACloseThatWaitedCanBeUsed) {
+  Disc("MDAC1.DAT", "G0\r\nG1\r\n");
+  OpenMda();
+  StartKey();
+  EXPECT_FALSE(List()->isEnabled());
+  EXPECT_EQ(Command(5), 1);
+  Status(1);
+  EXPECT_EQ(Command(2), 0);
+  EXPECT_TRUE(List()->isEnabled());
+  EXPECT_EQ(Focus(), List());
+  Key(Qt::Key_Down);
+  EXPECT_EQ(List()->Selection(), 1);
+}
+
+TEST_F(MdiWindowTest, TheArrowKeysWalkTheListAfterItIsSavedAsAProgram) {
+  Disc("MDAC1.DAT", "G0\r\nG1\r\n");
+  OpenMda();
+  Send(kMsgCommand, 32775);
+  const auto number = std::get<std::int64_t>(*cnc.Get(u"E.XPLRDATA"));
+  auto* request = static_cast<XPLRDATA_ST*>(ResolveRecord(static_cast<std::int32_t>(number)));
+  ASSERT_NE(request, nullptr);
+  SetField(request->Path, u"C:\\P108");
+  SetField(request->File, u"P.NC");
+  other->setFocus();
+  Send(kMsgResultReady, 2);
+  EXPECT_EQ(Focus(), List());
+  Key(Qt::Key_Down);
+  EXPECT_EQ(List()->Selection(), 1);
+}
+
+TEST_F(MdiWindowTest, TheHostLearnsOfTheMenusOnceTheListsFocusHasSettled) {
+  OpenMda();
+  Send(kMsgCommand, 32773);
+  Type(Edit(), "G1");
+  hostCalls.clear();
+  List()->setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(Edit()->text(), "") << "the edit ends at once";
+  EXPECT_THAT(TakeHostCalls(), testing::IsEmpty()) << "the widget kit is in the middle of it";
+  Settle();
+  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("update menu"));
 }
 
 TEST_F(MdiWindowTest, TheSignsColoursFollowFocusAndDropList) {
