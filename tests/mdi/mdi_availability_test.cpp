@@ -88,6 +88,30 @@ const Row kRows[] = {
        cnc.vars.At("DM.MDI.ENABLEC1").value = 0;
      },
      false},
+    {"AutomaticWorkGoesBeforeResetInspect",
+     [](FakeCnc& cnc) {
+       cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
+       cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
+     },
+     false},
+    {"TheKernelGoesBeforeResetInspect",
+     [](FakeCnc& cnc) {
+       cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
+       cnc.kernel.returns["ExisteKernel"] = 1;
+     },
+     false},
+    {"ChannelTypeGoesBeforeResetInspect",
+     [](FakeCnc& cnc) {
+       cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
+       cnc.vars.At("[1].MPG.CHTYPE").value = 1;
+     },
+     false},
+    {"ResetInspectSkipsTheApiStatusCheck",
+     [](FakeCnc& cnc) {
+       cnc.kernel.returns["IsMDIAllowedInResetInspect"] = -1;
+       cnc.vars.Undefine("[1].E.APISTATUS");
+     },
+     true},
     {"ApiStatusSet", [](FakeCnc& cnc) { cnc.vars.At("[1].E.APISTATUS").value = 1; }, false},
     {"ApiStatusAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("[1].E.APISTATUS"); }, false},
     {"ApiStatusUnreadable",

@@ -196,14 +196,39 @@ TEST_F(MdiClosing, InManualModeAutomaticWorkNeverWaits) {
   EXPECT_TRUE(view->visible);
 }
 
-TEST_F(MdiClosing, AutomaticWorkThatWaitsTakesTheChannelWhenTheBlockEnds) {
+struct WaitingRow {
+  std::int32_t word;
+  bool waits;
+};
+
+class MdiWaiting : public MdiTest, public testing::WithParamInterface<WaitingRow> {};
+
+TEST_P(MdiWaiting, AutomaticWorkTakesTheChannelWhenTheBlockEnds) {
   Open();
   Type("M3");
   Start();
-  cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x1000;
+  cnc.vars.At("[1].G.CNCAUTSTATUS").value = GetParam().word;
   Status(1);
-  EXPECT_FALSE(view->visible);
-  EXPECT_EQ(cnc.vars.OpenReports(), 0u);
+  EXPECT_EQ(view->visible, !GetParam().waits);
+  EXPECT_EQ(cnc.vars.OpenReports(), GetParam().waits ? 0u : 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllBits, MdiWaiting,
+                         testing::Values(WaitingRow{0x1000, true}, WaitingRow{0x2000, true}, WaitingRow{0x4000, true},
+                                         WaitingRow{0x8000, true}, WaitingRow{0x10000, true}, WaitingRow{0x20000, true},
+                                         WaitingRow{0x40000, false}, WaitingRow{0x800, false},
+                                         WaitingRow{~0x3F000, false}));
+
+TEST_F(MdiClosing, AReportThatCannotBeClosedDoesNotKeepTheChannel) {
+  Open();
+  cnc.vars.At("[1].G.FULLSTATUS").closable = false;
+  Forget();
+  EXPECT_EQ(Command(5), 0);
+  EXPECT_THAT(Asked(), testing::IsSupersetOf(
+                           {"close report [1].G.FULLSTATUS failed", "LiberarPlcFree(0,1,1)=1", "HostToolClosed(6,2)"}));
+  // Reports that still come find the channel closed.
+  Status(2);
+  EXPECT_THAT(All(), IsEmpty());
 }
 
 }  // namespace

@@ -130,6 +130,12 @@ TEST_F(MdiHistoryTest, AnEqualEntryMovesToTheHeadFromWhereverItStood) {
   EXPECT_EQ(record.LoadState, mdi_load::kChanged);
 }
 
+TEST_F(MdiHistoryTest, TheNewestEntryRepeatedStaysOne) {
+  Load();
+  for (const TextView text : {u"a", u"b", u"b"}) MdiHistory::AddToHistory(record, Text(text));
+  EXPECT_THAT(record.History, ElementsAre(u"b", u"a"));
+}
+
 TEST_F(MdiHistoryTest, EntriesThatDifferInCaseOrBlanksAreDifferent) {
   Load();
   for (const TextView text : {u"g0", u"G0", u"G0 "}) MdiHistory::AddToHistory(record, Text(text));

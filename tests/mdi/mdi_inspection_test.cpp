@@ -91,6 +91,64 @@ INSTANTIATE_TEST_SUITE_P(AllBytes, MdiDiversion,
                                          DiversionRow{3, false}, DiversionRow{4, true}, DiversionRow{5, false},
                                          DiversionRow{8, false}, DiversionRow{255, false}));
 
+class MdiBothReports : public MdiInspection {
+ protected:
+  /// A block of the tool runs; its end and the control's start come at once, in either order.
+  void BothPending(bool statusFirst) {
+    Type("M3");
+    Start();
+    Status(2);
+    cnc.vars.At("[1].E.STARTONMDI").value = 2;
+    cnc.kernel.blockInHand = false;
+    if (statusFirst) cnc.vars.Set("[1].G.FULLSTATUS", 0x100);
+    cnc.vars.Set("[1].E.INSPECSTATUS", 1);
+    if (!statusFirst) cnc.vars.Set("[1].G.FULLSTATUS", 0x100);
+    Forget();
+  }
+};
+
+TEST_F(MdiBothReports, EachIsHandledOnceAndNoBlockIsSentTwice) {
+  for (const bool statusFirst : {true, false}) {
+    SCOPED_TRACE(statusFirst);
+    cnc.vars.At("[1].E.INSPECSTATUS").value = 0;
+    BothPending(statusFirst);
+    ASSERT_EQ(windows.posted.size(), 2u);
+    Drain();
+    EXPECT_THAT(Asked(), ElementsAre("message \"Hint MDI\""));
+    EXPECT_EQ(view->edit, u"");
+    EXPECT_FALSE(view->readOnly);
+    EXPECT_THAT(view->Items().back(), "M3");
+  }
+  EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
+}
+
+TEST_F(MdiBothReports, TheStatusAnswersForItsOwnReportOnly) {
+  cnc.vars.At("[1].E.INSPECSTATUS").value = 1;
+  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_THAT(Asked(), IsEmpty()) << "no hint: the inspection's report is still to come";
+  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+  EXPECT_THAT(Asked(), ElementsAre("message \"Hint MDI\""));
+}
+
+TEST_F(MdiBothReports, AnUnreadableStatusAnswersRefusedForItsOwnReportOnly) {
+  cnc.vars.At("[1].G.FULLSTATUS").readable = false;
+  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
+  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+}
+
+TEST_F(MdiBothReports, TheSecondIsNotAnsweredWhenTheFirstGaveTheChannelBack) {
+  Type("M3");
+  Start();
+  Status(2);
+  EXPECT_EQ(Command(5), 1);
+  cnc.vars.Set("[1].G.FULLSTATUS", 0x100);
+  cnc.vars.Set("[1].E.INSPECSTATUS", 1);
+  cnc.kernel.blockInHand = false;
+  Forget();
+  Drain();
+  EXPECT_EQ(Asked().back(), "HostToolClosed(6,2)");
+}
+
 TEST_F(MdiInspection, WithoutAStartRequestVariableTheKeyIsDivertedAllTheSame) {
   cnc.vars.Undefine("[1].E.STARTONMDI");
   MakeTool();

@@ -116,6 +116,14 @@ TEST_F(MdiMessages, WithoutTheVariableTheCalculatorsResultIs0) {
   EXPECT_EQ(view->edit, u"0");
 }
 
+TEST_F(MdiMessages, AResultThatCannotBeReadIs0) {
+  Open();
+  cnc.vars.At("E.CALCRESUL").real = 12.5;
+  cnc.vars.At("E.CALCRESUL").readable = false;
+  Send(kMsgResultReady, 1);
+  EXPECT_EQ(view->edit, u"0");
+}
+
 TEST_F(MdiMessages, TheCalculatorsResultOutsideState1DoesNothing) {
   Open();
   Type("M3");
