@@ -108,6 +108,12 @@ TEST_F(DrawTextTest, OnlyAnEditBreaksAWordThatIsTooLong) {
   EXPECT_GT(Shortened("Donaudampfschifffahrt", 60, 0x2810).count('\n'), 0);
 }
 
+TEST_F(DrawTextTest, AWordThatIsTooLongTakesALineOfItsOwn) {
+  const QString lines = Shortened("Donaudampfschifffahrt one two", 60, 0x810);
+  EXPECT_EQ(lines, "Donaudampfschifffahrt\none two");
+  EXPECT_EQ(Shortened("one Donaudampfschifffahrt two", 60, 0x810), "one\nDonaudampfschifffahrt\ntwo");
+}
+
 TEST_F(DrawTextTest, LinesThatAreTooManyEndInAnEllipsis) {
   const QString lines = ShortenText(metrics, QSize(80, 40), "one two three four five six seven eight", 0xaa10);
   EXPECT_EQ(lines.count('\n'), 1);

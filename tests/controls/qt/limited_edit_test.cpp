@@ -45,6 +45,21 @@ TEST_F(LimitedEditTest, TheLimitHoldsAgainOnceTheTextIsShorter) {
   EXPECT_EQ(edit.text(), "123ab");
 }
 
+TEST_F(LimitedEditTest, TheCaretStaysWhereItIsWhenTheLimitHoldsAgain) {
+  // The kit's edit puts the caret to the end with every new limit.
+  edit.SetText("123456");
+  edit.setCursorPosition(3);
+  PressKey(&edit, Qt::Key_Backspace);
+  EXPECT_EQ(edit.text(), "12456");
+  EXPECT_EQ(edit.cursorPosition(), 2);
+  edit.setCursorPosition(1);
+  edit.SetLimit(3);
+  EXPECT_EQ(edit.cursorPosition(), 1);
+  PressKey(&edit, Qt::Key_Delete);
+  EXPECT_EQ(edit.text(), "1456");
+  EXPECT_EQ(edit.cursorPosition(), 1);
+}
+
 TEST_F(LimitedEditTest, AnotherLimitCutsNothingThatIsThere) {
   edit.SetText("12345");
   edit.SetLimit(2);
@@ -56,10 +71,13 @@ TEST_F(LimitedEditTest, AnotherLimitCutsNothingThatIsThere) {
 }
 
 TEST_F(LimitedEditTest, MayBeDestroyedByWhoListens) {
-  auto* other = new LimitedEdit(1, 5, nullptr);
+  const QPointer<LimitedEdit> other = new LimitedEdit(1, 5, nullptr);
   QObject::connect(other, &QLineEdit::textChanged, [other] { other->deleteLater(); });
   other->SetText("1");
+  ASSERT_FALSE(other.isNull());
+  EXPECT_EQ(other->text(), "1");
   Settle();
+  EXPECT_TRUE(other.isNull());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/zwc_edit.h"
 
+#include "paint_counter.h"
 #include "support/fake_window_system.h"
 #include "support/widget_probe.h"
 
@@ -107,6 +108,27 @@ TEST_F(ZWCEditTest, TheColoursFollowTheFocus) {
   EXPECT_EQ(edit->property("pnlFore").toUInt(), 0x000001u);
   other.setFocus();
   EXPECT_EQ(ColorAt(Paint(*edit), middle.x(), middle.y()), 0x804020u);
+}
+
+TEST_F(ZWCEditTest, ColoursSetWithoutRedrawPaintNothing) {
+  Settle();
+  PaintCounter paints(*edit);
+  edit->SetNormalColors(1, 2, false);
+  edit->SetFocusColors(3, 4, false);
+  Settle();
+  EXPECT_EQ(paints.Count(), 0);
+  edit->SetNormalColors(5, 6, true);
+  EXPECT_EQ(paints.Count(), 1) << "at once";
+  edit->SetFocusColors(7, 8, true);
+  EXPECT_EQ(paints.Count(), 2) << "at once";
+}
+
+TEST_F(ZWCEditTest, StartsWithTheSystemsColoursInBothStates) {
+  EXPECT_EQ(edit->BackColor(), 0xFFFFFFu);
+  EXPECT_EQ(edit->TextColor(), 0u);
+  edit->setFocus();
+  EXPECT_EQ(edit->BackColor(), 0xFFFFFFu);
+  EXPECT_EQ(edit->TextColor(), 0u);
 }
 
 TEST_F(ZWCEditTest, NewColoursShowWithTheNextPaint) {

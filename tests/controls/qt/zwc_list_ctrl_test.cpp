@@ -2,6 +2,7 @@
 #include "controls/zwc_list_ctrl.h"
 
 #include "controls/fonts.h"
+#include "paint_counter.h"
 #include "support/widget_probe.h"
 
 namespace pnl::test {
@@ -55,6 +56,73 @@ TEST_F(ZWCListCtrlTest, IsAReportWithRowsOfOneHeight) {
   EXPECT_EQ(list.property("pnlKind").toString(), "report");
   EXPECT_TRUE(list.uniformRowHeights());
   EXPECT_FALSE(list.rootIsDecorated());
+}
+
+TEST_F(ZWCListCtrlTest, StartsWithTheSystemsColoursAndBlackOnBlueForTheSelected) {
+  ZWCListCtrl fresh(1, nullptr);
+  EXPECT_EQ(fresh.BackColor(), 0xFFFFFFu);
+  EXPECT_EQ(fresh.TextColor(), 0u);
+  fresh.setFrameShape(QFrame::NoFrame);
+  fresh.setHeaderHidden(true);
+  fresh.SetFont("Arial", 30, 900);  // strokes that fill whole pixels
+  fresh.SetSmallImages({QSize(16, 16), {}});
+  fresh.Rows().SetColumns({{"Name"}});
+  fresh.Rows().SetRows(std::vector<ReportRow>(2, ReportRow{{{"HHHH", -1}}, -1, -1, 0}));
+  fresh.selectionModel()->select(fresh.Rows().index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  fresh.resize(200, 100);
+  fresh.show();
+  Settle();
+  const QImage image = Paint(*fresh.viewport());
+  const QRect first(0, 0, 200, fresh.RowHeight());
+  EXPECT_EQ(ColorAt(image, 199, 3), 0xff0000u);
+  EXPECT_EQ(ColorAt(image, 2, 3), 0xff0000u) << "the whole row, under the icon too";
+  EXPECT_GT(Count(image, 0, first), 10);
+  const QRect second = first.translated(0, first.height());
+  EXPECT_EQ(ColorAt(image, 199, second.top() + 3), 0xFFFFFFu);
+  EXPECT_GT(Count(image, 0, second), 10);
+  EXPECT_FALSE(fresh.SetSubItemImages(false)) << "off at the start";
+}
+
+TEST_F(ZWCListCtrlTest, SelectedColoursChangeWithoutARepaint) {
+  Fill(1);
+  Select(0);
+  Draw();
+  Settle();
+  PaintCounter paints(*list.viewport());
+  list.SetSelectedColors(1, 2);
+  list.SetFullRow(false);
+  list.SetSubItemImages(false);
+  Settle();
+  EXPECT_EQ(paints.Count(), 0);
+  list.SetSubItemImages(true);
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
+}
+
+TEST_F(ZWCListCtrlTest, AFontThatCannotBeMadeChangesNothing) {
+  const int height = list.RowHeight();
+  list.SetFont("", 30, 400);
+  EXPECT_EQ(list.RowHeight(), height);
+  list.SetFont("Arial", 30, 400);
+  EXPECT_GT(list.RowHeight(), height);
+}
+
+TEST_F(ZWCListCtrlTest, WithoutFullRowTheStateImageStaysInSight) {
+  list.SetStateImages({QSize(8, 8), {Square(8, Qt::yellow)}});
+  GiveIcons();
+  ReportRow row;
+  row.cells = {{"a", 0}};
+  row.stateImage = 0;
+  list.Rows().SetRows({row});
+  Select(0);
+  list.SetFullRow(false);
+  const QImage image = Draw();
+  const QRect icons(0, 0, 8 + 16, list.RowHeight());
+  EXPECT_EQ(Count(image, kSelBack, icons), 0) << "up to the right edge of the icon";
+  EXPECT_EQ(Count(image, 0x00FFFF, icons), 8 * 8);
+  EXPECT_EQ(Count(image, kIcon, icons), 16 * 16);
+  EXPECT_EQ(ColorAt(image, 8 + 16, 0), kSelBack);
+  EXPECT_EQ(ColorAt(image, 0, 0), kBack);
 }
 
 TEST_F(ZWCListCtrlTest, WithoutImagesTheFontAloneMakesTheHeight) {

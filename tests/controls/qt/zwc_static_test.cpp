@@ -5,6 +5,7 @@
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
+#include "paint_counter.h"
 #include "support/widget_probe.h"
 
 namespace pnl::test {
@@ -109,6 +110,32 @@ TEST_F(ZWCStaticTest, ALockedOneIgnoresTextFontAndColours) {
   box.Unlock();
   box.SetTextW("after", true);
   EXPECT_EQ(box.WindowText(), "after");
+}
+
+TEST_F(ZWCStaticTest, WithoutRedrawNothingIsPainted) {
+  ShowIt();
+  PaintCounter paints(box);
+  box.SetTextW("a", false);
+  box.SetColors(1, 2, 3, false);
+  box.SetColors(4, 5, false);
+  box.SetFormat(0x8866);
+  Settle();
+  EXPECT_EQ(paints.Count(), 0);
+  const std::function<void()> redraws[] = {
+      [this] { box.SetTextW("b", true); },   [this] { box.SetColors(1, 2, 3, true); },
+      [this] { box.SetColors(4, 5, true); }, [this] { box.SetFrameColor(6); },
+      [this] { box.SetBackColor(7); },       [this] { box.SetTextColor(8); },
+      [this] { box.SetPlusSign(); },         [this] { box.SetBlink(true, 0); },
+      [this] { box.SetBlink(false, 0); }};
+  int expected = 0;
+  for (const auto& redraw : redraws) {
+    redraw();
+    Settle();
+    EXPECT_EQ(paints.Count(), ++expected);
+  }
+  box.SetPlusSign();
+  Settle();
+  EXPECT_EQ(paints.Count(), expected) << "nothing changes";
 }
 
 TEST_F(ZWCStaticTest, ThePlusSignIsEighteenWideWithArmsOfSix) {
