@@ -187,6 +187,13 @@ TEST_F(MdiInspection, OpeningDuringAnInspectionShowsTheHint) {
   EXPECT_EQ(Asked().back(), "message \"Hint MDI\"");
 }
 
+TEST_F(MdiInspection, TheVeryFirstOpeningShowsTheHintToo) {
+  MakeTool();
+  Inspect(1);
+  Open();
+  EXPECT_EQ(Asked().back(), "message \"Hint MDI\"");
+}
+
 TEST_F(MdiInspection, LeavingTheChannelEndsTheInspection) {
   Inspect(1);
   Forget();

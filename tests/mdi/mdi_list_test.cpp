@@ -253,6 +253,25 @@ TEST_F(MdiList, ShowingAgainDuringAChangeStillReplacesTheItem) {
   EXPECT_THAT(view->Items(), ElementsAre("A", "B2", "C"));
 }
 
+TEST_F(MdiList, ShowingAgainKeepsTheSelectedItem) {
+  OpenAbc();
+  view->selected = 2;
+  Command(3);
+  Command(4);
+  EXPECT_EQ(view->selected, 2);
+}
+
+TEST_F(MdiList, AStoredChangeHasNoItemInHandAnyMore) {
+  OpenAbc();
+  view->selected = 1;
+  Menu(32772);
+  Type("B2");
+  EXPECT_TRUE(Key(MdiKey::kEnter));
+  Command(8);
+  Command(4);
+  EXPECT_EQ(view->selected, -1);
+}
+
 TEST_F(MdiList, ShowingAgainBringsDeletedItemsBack) {
   OpenAbc();
   Menu(32771);

@@ -135,6 +135,15 @@ TEST_F(MdiProgramFile, TheFolderIsKeptForTheNextRun) {
   EXPECT_EQ(FieldText(Request()->Path), u"C:\\PRG");
 }
 
+TEST_F(MdiProgramFile, TheFolderIsKeptAlsoWhenTheFileCannotBeWritten) {
+  files.readOnly = {"C:\\PRG\\p"};
+  Ask("A\r\n");
+  Accept(u"C:\\PRG", u"p");
+  ASSERT_EQ(windows.boxes.size(), 1u);
+  Menu(32775);
+  EXPECT_EQ(FieldText(Request()->Path), u"C:\\PRG");
+}
+
 TEST_F(MdiProgramFile, AfterWritingTheStartKeyWorksAgain) {
   Ask("A\r\n");
   Accept(u"C:\\PRG", u"p");
