@@ -12,6 +12,7 @@ namespace panel {
 namespace {
 
 constexpr int kLargestIndex = 0x7FFFFFFF;
+const QString kUnseen = QStringLiteral("the control can't be seen");
 
 RpcResult UiControl(RemoteWorld& world, Params& params) {
   const FoundControl found = ReadControl(params);
@@ -61,6 +62,7 @@ RpcResult UiFocus(RemoteWorld& /*world*/, Params& params) {
   const FoundControl found = ReadControl(params);
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
+  if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
   found.control->setFocus(Qt::OtherFocusReason);
   if (place && place->index >= 0) PickItems(found.control, {place->index});
   return Done();
@@ -70,7 +72,7 @@ RpcResult PressControl(Params& params, bool twice) {
   const FoundControl found = ReadControl(params);
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
-  if (!found.control->isVisible()) return BadParameter("id", "the control can't be seen");
+  if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
   if (Press(found.control, place.value_or(PressPlace()), twice)) return Done();
   return BadParameter(place->index == PressPlace::kHeader ? "column" : "index",
                       "there is no such place in the control");

@@ -182,6 +182,15 @@ QWidget* WindowInspector::Control(QWidget* window, int id) {
   return found;
 }
 
+bool WindowInspector::IsSeen(const QWidget* control) {
+  if (!control->isVisible()) return false;
+  QRect seen = control->rect();
+  for (const QWidget* at = control; !at->isWindow(); at = at->parentWidget()) {
+    seen = seen.translated(at->pos()) & at->parentWidget()->rect();
+  }
+  return !seen.isEmpty();
+}
+
 QWidget* WindowInspector::Focused(QWidget* window) {
   QWidget* focus = QApplication::focusWidget();
   if (focus != nullptr && (focus == window || window->isAncestorOf(focus))) return focus;
@@ -219,7 +228,7 @@ QJsonObject WindowInspector::DescribeControl(QWidget* window, QWidget* control) 
   const QPoint place = window->mapFromGlobal(control->mapToGlobal(QPoint(0, 0)));
   QJsonObject told{{"kind", KindOf(control)},
                    {"text", TextOf(control)},
-                   {"visible", control->isVisible()},
+                   {"visible", IsSeen(control)},
                    {"enabled", control->isEnabled()},
                    {"readOnly", readOnly.isValid() && readOnly.toBool()},
                    {"focused", HasFocus(control)},

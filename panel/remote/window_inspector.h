@@ -23,6 +23,8 @@ class WindowInspector {
   [[nodiscard]] static QWidget* Window(PnlWindow window);
   /// The control with that id; where several share it, the one that can be seen. Null when there is none.
   [[nodiscard]] static QWidget* Control(QWidget* window, int id);
+  /// Whether an operator sees any of it: it and all that it lies in are shown, and none of that cuts it off.
+  [[nodiscard]] static bool IsSeen(const QWidget* control);
   /// The control in which a key press to that window arrives: the focused one, or the window.
   [[nodiscard]] static QWidget* Focused(QWidget* window);
 

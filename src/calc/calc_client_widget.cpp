@@ -65,7 +65,6 @@ void CalcLine::Select(CalcSelection selection) {
   const int length = static_cast<int>(text().size());
   const int start = std::clamp(selection.start, 0, length);
   const int end = std::clamp(selection.end, 0, length);
-  deselect();
   if (start == end) return setCursorPosition(end);
   setSelection(start, end - start);
 }

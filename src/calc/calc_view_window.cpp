@@ -41,10 +41,8 @@ void ZCCalc7340::LayOut() {
 
 void ZCCalc7340::Hide() {
   // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  const QPointer<ZCCalc7340> alive(this);
   ClearFocus();
-  // Whoever gets the focus may have ended the window.
-  if (alive) hide();
+  hide();
 }
 
 void ZCCalc7340::ClearFocus() {
@@ -62,9 +60,8 @@ void ZCCalc7340::Destroy() {
   closing_ = true;
   work_.stop();
   EndMessages();
-  const QPointer<ZCCalc7340> alive(this);
   Hide();
-  if (alive) deleteLater();
+  deleteLater();
 }
 
 void ZCCalc7340::ClosePanel() {

@@ -195,6 +195,19 @@ TEST_F(CalcBarTest, IsAttachedAndTakenOffByWords) {
   EXPECT_EQ(tool->height(), 221);
 }
 
+TEST_F(CalcBarTest, ASecondOneTakesThePlaceOfTheFirst) {
+  Open();
+  Line()->SetText("SETMENU(TRUE)");
+  Key(Qt::Key_Return);
+  const QRect place = tool->findChild<CalcMenuWidget*>()->geometry();
+  EXPECT_EQ(place.width(), tool->width());
+  Key(Qt::Key_Return);
+  Settle();
+  ASSERT_EQ(tool->findChildren<CalcMenuWidget*>().size(), 1);
+  EXPECT_EQ(tool->findChild<CalcMenuWidget*>()->geometry(), place) << "although the window keeps its size";
+  EXPECT_EQ(tool->height(), 221 + place.height());
+}
+
 TEST_F(CalcBarTest, IsCompactedToo) {
   Open();
   Line()->SetText("SETMENU(TRUE)");

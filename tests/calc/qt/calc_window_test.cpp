@@ -85,7 +85,10 @@ TEST_F(CalcWindowTest, QuickTouchesAllCount) {
 }
 
 TEST_F(CalcWindowTest, NoKeyOfTheKeypadTakesTheFocus) {
-  for (int id = 1012; id <= 1037; ++id) EXPECT_EQ(Control(id)->focusPolicy(), Qt::NoFocus) << id;
+  for (int id = 1012; id <= 1037; ++id) {
+    EXPECT_EQ(Control(id)->focusPolicy(), Qt::NoFocus) << id;
+    EXPECT_EQ(Control(id)->focusProxy(), Line()) << id << ": or a press on it gives the focus to the host's widget";
+  }
 }
 
 TEST_F(CalcWindowTest, APressOnTheResultChangesNothing) {

@@ -273,6 +273,7 @@ TEST_F(RemoteMethods, AControlIsWorkedByItsId) {
   list->addItems({"a", "b"});
   const QByteArray window = "\"window\":" + QByteArray::number(PnlAttachWidget(tool, nullptr, nullptr));
   EXPECT_EQ(Ask("ui.click", "{" + window + R"(,"id":5000})"), "-32602 id: the control can't be seen");
+  EXPECT_EQ(Ask("ui.focus", "{" + window + R"(,"id":5000})"), "-32602 id: the control can't be seen");
   face.panel.show();
   EXPECT_EQ(Ask("ui.focus", "{" + window + R"(,"id":5000})"), "{}");
   EXPECT_EQ(Ask("ui.type", "{" + window + R"(,"text":"G1 X"})"), "{}");

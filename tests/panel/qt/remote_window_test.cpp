@@ -40,6 +40,23 @@ TEST_F(RemoteWindow, AControlInAHiddenWindowIsNotVisible) {
   EXPECT_EQ(Control(edit)["visible"], false);
 }
 
+// The keys of a compact calculator lie below its lower edge and were told as visible.
+TEST_F(RemoteWindow, AControlThatIsCutOffIsNotVisible) {
+  Show();
+  edit->move(5, 99);
+  EXPECT_EQ(Control(edit)["visible"], true) << "a row of it is seen";
+  edit->move(5, 100);
+  EXPECT_EQ(Control(edit)["visible"], false);
+  edit->move(-100, 6);
+  EXPECT_EQ(Control(edit)["visible"], false);
+  edit->move(-99, 6);
+  EXPECT_EQ(Control(edit)["visible"], true);
+  tool->move(-1, 20);
+  EXPECT_EQ(Control(edit)["visible"], false) << "what it lies in is cut off too";
+  tool->move(10, 300 - 6);
+  EXPECT_EQ(Control(edit)["visible"], false);
+}
+
 TEST_F(RemoteWindow, OfControlsThatShareAnIdTheVisibleOneAnswers) {
   Show();
   auto* other = Make<QLineEdit>(tool, 5000, {0, 0, 10, 10});
