@@ -171,6 +171,15 @@ TEST_F(CalcListTest, EnterClosesItWithTheRow) {
   EXPECT_THAT(Rows(), ElementsAre("1+1", "2+2", "3+3")) << "nothing was confirmed";
 }
 
+TEST_F(CalcListTest, ClosingItTakesTheFocusToTheLineWhereverItWas) {
+  for (const bool bySoftKey : {false, true}) {
+    Key(CalcKey::kUp);
+    view->focus = FakeCalcView::Focus::kElsewhere;
+    bySoftKey ? Menu(calc_id::kMenuCompact) : Button(calc_id::kOpenList);
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  }
+}
+
 TEST_F(CalcListTest, ADoubleClickAndAClickOnTheLineCloseItWithTheRowToo) {
   Key(CalcKey::kUp);
   Pick({2});

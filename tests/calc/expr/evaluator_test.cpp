@@ -379,6 +379,20 @@ TEST(Evaluator, ASyntaxFailureIsPlacedAtItsToken) {
   EXPECT_EQ(0, calc.Place(u""));
 }
 
+TEST(Evaluator, ARefusedTextLeavesNothingOfTheOneBeforeIt) {
+  for (const Text& refused : {Text(u"#"), Text(u"1+"), Text(u"ZERO X+ZERO X"), Text(256, u'1')}) {
+    Calc calc;
+    ASSERT_EQ(7, calc.Value(u"7"));
+    ASSERT_GE(calc.Place(refused), 0);
+    double value = 4711;
+    EXPECT_EQ(0, calc.evaluator.Evaluate(value)) << ToUtf8(refused);
+    EXPECT_EQ(4711, value);
+    Text tree;
+    calc.evaluator.DescribeTree(tree);
+    EXPECT_EQ(u"", tree);
+  }
+}
+
 TEST(Evaluator, MoreThanOneSolverIsRefusedAtTheEnd) {
   Calc calc;
   for (const Text text : {u"INTEGRAL X+INTEGRAL X", u"ZERO X;ZERO X", u"INTEGRAL ZERO X", u"ZERO X + INTEGRAL X",

@@ -173,6 +173,61 @@ TEST_F(BareCalc, TheHistoryIsPickedDeletedAndSaved) {
   EXPECT_EQ(temp.Read("root/P1/calc.htr"), "3+3\r\n1+1\r\n3+3\r\n");
 }
 
+TEST_F(BareCalc, EachArrowAndEachTapCopiesTheSelectedRow) {
+  temp.Write("root/P1/calc.htr", "1+1\r\n2+2\r\n3+3\r\n");
+  Open();
+  const auto tap = [this](int row) { client.Call("ui.click", {{"window", calc}, {"id", kCalcList}, {"index", row}}); };
+  Key("Down");
+  Key("Down");
+  EXPECT_EQ(LineText(), "1+1");
+  Line("7");
+  Key("Up");
+  EXPECT_EQ(LineText(), "1+1") << "the first row is selected already";
+  Line("7");
+  tap(0);
+  EXPECT_EQ(LineText(), "1+1");
+  Key("Escape");
+  EXPECT_EQ(LineText(), "");
+  Key("Down");
+  Key("Up");
+  EXPECT_EQ(LineText(), "1+1") << "and still so at the next opening";
+  Key("Delete");
+  Key("Down");
+  EXPECT_EQ(LineText(), "2+2") << "the row that took the place";
+  tap(1);
+  Line("7");
+  Key("Down");
+  EXPECT_EQ(LineText(), "3+3") << "the last row too";
+  Key("Delete");
+  Key("Down");
+  EXPECT_EQ(LineText(), "2+2") << "the only row left";
+}
+
+TEST_F(BareCalc, KeysEndAtTheLimitOfTheLine) {
+  Open();
+  Type(QString(260, '+'));
+  EXPECT_EQ(LineText(), QString(255, '+'));
+  Click(1021);
+  Menu(32799);
+  EXPECT_EQ(LineText(), QString(255, '+'));
+  Click(1013);
+  EXPECT_EQ(LineText(), QString(254, '+'));
+}
+
+TEST_F(BareCalc, KeysBelowTheEdgeOfACompactWindowAreNotVisible) {
+  Open();
+  EXPECT_TRUE(client.Control(calc, 1013)["visible"].toBool());
+  Menu(32817);
+  for (int key = 1013; key <= 1037; ++key) EXPECT_FALSE(client.Control(calc, key)["visible"].toBool()) << key;
+  for (const int id : {kCalcLine, kCalcResult, kCalcStatus, 1012}) {
+    EXPECT_TRUE(client.Control(calc, id)["visible"].toBool()) << id;
+  }
+  EXPECT_FALSE(client.Refused("ui.click", {{"window", calc}, {"id", 1017}}).isEmpty());
+  EXPECT_EQ(LineText(), "");
+  Menu(32817);
+  EXPECT_TRUE(client.Control(calc, 1037)["visible"].toBool());
+}
+
 TEST_F(BareCalc, AnEmptiedHistoryLeavesTheFile) {
   temp.Write("root/P1/calc.htr", "1+1\r\n");
   Open();
@@ -280,11 +335,14 @@ TEST_F(BareCalc, TakesAValueFromOutside) {
   EXPECT_EQ(LineText(), "1234.5") << "0 is no value";
 }
 
+/// Half a million intervals of forty powers.
+const QString kLong = "INTEGRAL(X^.3" + QString("+X^.3").repeated(35) + ")";
+
 TEST_F(BareCalc, AReplyDoesNotWaitForALongComputation) {
   Open();
   Line("A=100;B=130;N=500000");
   Key("Enter");
-  Line("INTEGRAL(X!" + QString("-X!+X!").repeated(30) + ")");
+  Line(kLong);
   EXPECT_TRUE(Status().startsWith("T7001")) << Status().toStdString();
   Line("1+1");
   EXPECT_EQ(Status(), "T5 : 2");
@@ -295,13 +353,12 @@ TEST_F(BareCalc, ALongConfirmationIsCancelledByEscape) {
   Line("A=100;B=130;N=500000");
   Key("Enter");
   const QString result = Result();
-  const QString line = "INTEGRAL(X!" + QString("-X!+X!").repeated(30) + ")";
-  Line(line);
+  Line(kLong);
   Key("Enter");
   EXPECT_TRUE(Status().startsWith("T7002")) << Status().toStdString();
   Key("Escape");
   EXPECT_TRUE(Alive());
-  EXPECT_EQ(LineText(), line);
+  EXPECT_EQ(LineText(), kLong);
   EXPECT_EQ(Result(), result);
 }
 
