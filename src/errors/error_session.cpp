@@ -273,7 +273,7 @@ std::int64_t ErrorSession::LiesAfterShown() const { return std::int64_t{Count()}
 
 void ErrorSession::UpdateCounters() {
   view_->SetControlText(error_id::kBefore, Format(u"%d", shownIndex_));
-  view_->SetControlText(error_id::kAfter, Format(u"%d", LiesAfterShown()));
+  view_->SetControlText(error_id::kAfter, Format(u"%lld", LiesAfterShown()));
 }
 
 void ErrorSession::ShowPrevious(bool shown) {

@@ -130,11 +130,13 @@ void ErrorRig::Push(const ErrorRecord& record) {
 
 void ErrorRig::Key(ErrorKey key) {
   Tell([key](ErrorSession& session) { session.OnKey(key); });
+  EXPECT_FALSE(view->waits) << "the wait cursor stays";
   Drain();
 }
 
 void ErrorRig::Click(int id) {
   Tell([id](ErrorSession& session) { session.OnClick(id); });
+  EXPECT_FALSE(view->waits) << "the wait cursor stays";
   Drain();
 }
 

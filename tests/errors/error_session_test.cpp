@@ -2,6 +2,8 @@
 // When the window shows itself, what the host hears, how the queue is walked and acknowledged.
 #include "errors/error_session.h"
 
+#include <limits>
+
 #include "errors/error_rig.h"
 
 namespace pnl::test {
@@ -10,7 +12,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::Not;
 
 constexpr const char* kCountZero = "ZM_UPDATE_NERRORS number 0 class 0 flash 0 count 0";
@@ -52,11 +53,28 @@ TEST_F(ErrorToolTest, WithoutTheVariablesStaysIdle) {
   EXPECT_THAT(Asked(), IsEmpty());
 }
 
-TEST_F(ErrorToolTest, UnregistersItsHotKeyAtTheEnd) {
+// The error that the first report reads is told of by the second one, which brings the count.
+TEST_F(ErrorToolTest, ReadsTheErrorBeforeTheCountAtItsStart) {
+  Ini() = "[PRIVATE]\r\nHideErrors=TRUE\r\n";
+  cnc.SetSink(nullptr);
+  const ErrorRecord record = Kernel(1000);
+  cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  cnc.SetSink(&sink);
   MakeTool();
-  tool->End();
+  const char* told = "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1";
+  EXPECT_THAT(Asked(), ElementsAre("ReadError(-1)=0", "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\"", told, told));
+}
+
+TEST_F(ErrorToolTest, AtItsEndGivesItsHotKeyBackAndStopsBothTimers) {
+  MakeTool();
+  Push(Kernel(201));
+  EXPECT_EQ(timers.Running(), 2u);
+  // A call that is under way keeps the logic.
+  const std::shared_ptr<ErrorSession> kept = tool;
+  DestroyTool();
   EXPECT_FALSE(view->hotKey);
   EXPECT_EQ(timers.Running(), 0u);
+  EXPECT_EQ(cnc.OpenReports(), 0u);
 }
 
 // One error.
@@ -108,11 +126,33 @@ TEST_F(ErrorToolTest, TheChannelStandsInItsBoxWhereThereAreSeveral) {
   EXPECT_EQ(view->rects[error_id::kTitleBox].left, (710 - 320) / 2);
 }
 
-TEST_F(ErrorToolTest, FatalAndConfirmErrorsGoToTheMachinesLog) {
+TEST_F(ErrorToolTest, FatalAndConfirmErrorsOfTheKernelGoToTheMachinesLog) {
+  struct LogCase {
+    RecordBuilder record;
+    const char* line;  // null: none
+  };
+  const LogCase cases[] = {{Kernel(1000), nullptr},
+                           {Marked(1000).Severity(7), nullptr},
+                           {Warning(3753), nullptr},
+                           {Fatal(1000), "AddLogOnInfo(\"ERROR 1000 : fault 1000\")=0"},
+                           {Kernel(3753), "AddLogOnInfo(\"ERROR 3753 : fault 3753\")=0"},
+                           {Fatal(1000).Source(18), "AddLogOnInfo(\"ERROR 1000 : fault 1000\")=0"},
+                           {Fatal(1000).Source(10), nullptr},
+                           {Fatal(1000).Source(13), nullptr},
+                           {Fatal(1000).Source(19), nullptr}};
   MakeTool();
-  Asked();
-  Push(Fatal(1000));
-  EXPECT_THAT(Asked(), Contains("AddLogOnInfo(\"ERROR 1000 : fault 1000\")=0"));
+  for (const LogCase& row : cases) {
+    cnc.ClearErrors();
+    Drain();
+    Asked();
+    Push(row.record);
+    const Log asked = Asked();
+    if (row.line != nullptr) {
+      EXPECT_THAT(asked, Contains(row.line));
+    } else {
+      EXPECT_THAT(asked, Not(Contains(testing::HasSubstr("AddLogOnInfo"))));
+    }
+  }
 }
 
 TEST_F(ErrorToolTest, BoxesAreFlatInTheColourOfTheClass) {
@@ -493,7 +533,10 @@ TEST_F(ThreeErrors, AskForTheIndexOnly) {
 
 TEST_F(ThreeErrors, ResettingTheFirstShowsTheNextPrimaryOne) {
   Key(ErrorKey::kEscape);
-  EXPECT_THAT(Asked(), IsSupersetOf({"wait", "ResetError(0,1)=0", "ReadError(-1)=0", "ready"}));
+  const char* written = "DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\"";
+  // The kernel's own report of its new primary error follows.
+  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1)=0", written, "ready", "ReadError(-1)=0",
+                                   written));
   EXPECT_EQ(Box(), "ERROR 1001");
   EXPECT_EQ(Counters(), "-/1");
 }
@@ -502,7 +545,8 @@ TEST_F(ThreeErrors, ResettingTheSecondShowsTheFirst) {
   Key(ErrorKey::kRight);
   Asked();
   Key(ErrorKey::kEscape);
-  EXPECT_THAT(Asked(), IsSupersetOf({"ResetError(1,1)=0", "ReadError(0)=0"}));
+  const char* written = "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\"";
+  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(1,1)=0", "ReadError(0)=0", written, "ready"));
   EXPECT_EQ(Box(), "ERROR 1000");
   EXPECT_EQ(Counters(), "-/1");
 }
@@ -516,11 +560,17 @@ TEST_F(ThreeErrors, ResettingTheLastGoesOneBack) {
 }
 
 TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
-  for (int i = 0; i < 3; ++i) Key(ErrorKey::kEscape);
+  Key(ErrorKey::kEscape);
+  Key(ErrorKey::kEscape);
+  Asked();
+  Key(ErrorKey::kEscape);
   EXPECT_FALSE(view->visible);
   EXPECT_FALSE(tool->IsActive());
   EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
-  EXPECT_THAT(Asked(), IsSupersetOf({"hide", "HostToolClosed(0,2)", "HostErrorsGone"}));
+  // And once more at the kernel's own report: the queue ran empty.
+  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "HostToolClosed(0,2)",
+                                   "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
+                                   "HostToolClosed(0,2)", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
   EXPECT_EQ(Current(), "\"\"");
   EXPECT_EQ(timers.Running(), 0u);
 }
@@ -781,6 +831,38 @@ TEST_F(ErrorToolTest, TenThousandErrorsAtOnceAreAllCounted) {
   for (int i = 0; i < 10000; ++i) Key(ErrorKey::kEscape);
   EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
   EXPECT_FALSE(tool->IsActive());
+}
+
+// A kernel may answer anything; its numbers are only compared and counted with room to spare.
+TEST_F(ErrorToolTest, AnyIndexAndCountOfTheKernelAreCountedRight) {
+  struct NumberCase {
+    std::int32_t index;
+    std::int32_t count;
+    const char* after;
+    bool next;
+  };
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  const NumberCase cases[] = {{kMost, 5, "-2147483643", false},      {kMost, kMost, "-1", false},
+                              {0, kMost, "2147483646", true},        {kMost - 1, kMost, "0", false},
+                              {kMost, kLeast, "-4294967296", false}, {kLeast, kMost, "4294967294", true},
+                              {0, kLeast, "-2147483649", false}};
+  MakeTool();
+  Push(Kernel(1000));
+  for (const NumberCase& row : cases) {
+    cnc.Returns("ReadError", {row.index});
+    cnc.Set(u"E.NERRORS", std::int64_t{row.count});
+    cnc.Set(u"E.ERRORPRI", std::int64_t{row.index % 1000});
+    Drain();
+    Tell([](ErrorSession& session) { session.OnResized(); });
+    EXPECT_EQ(view->texts[error_id::kBefore], std::to_string(row.index));
+    EXPECT_EQ(view->texts[error_id::kAfter], row.after);
+    for (const ErrorKey key : {ErrorKey::kRight, ErrorKey::kLeft, ErrorKey::kEscape, ErrorKey::kEnter}) Key(key);
+    cnc.Set(u"E.NERRORS", std::int64_t{3});
+    cnc.Set(u"E.NERRORS", std::int64_t{row.count});
+    Drain();
+    EXPECT_EQ(view->Shows(error_id::kNext), row.next) << row.index << " of " << row.count;
+  }
 }
 
 }  // namespace

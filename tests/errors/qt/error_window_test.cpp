@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "error_stage.h"
+#include "support/event_wait.h"
 
 namespace pnl::test {
 namespace {
@@ -54,8 +55,23 @@ TEST_F(ErrorStage, KeysWalkAndAcknowledge) {
   EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
   Key(Qt::Key_Escape);
   EXPECT_THAT(Queue(), ElementsAre(1001, 1002));
-  Key(Qt::Key_Escape, Qt::ControlModifier);
-  EXPECT_THAT(Queue(), ElementsAre(1001, 1002)) << "with Ctrl the key is somebody else's";
+}
+
+TEST_F(ErrorStage, AKeyWithAModifierIsSomebodyElses) {
+  Open();
+  for (const int number : {1000, 3753}) {
+    cnc.ClearErrors();
+    Settle();
+    Push(RecordBuilder().Number(number));
+    Push(RecordBuilder().Number(1001));
+    for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+      for (const int key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Right, Qt::Key_Down}) {
+        Key(key, modifier);
+        EXPECT_THAT(Queue(), ElementsAre(number, 1001)) << key << " with " << modifier;
+        EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR " + std::to_string(number)) << key << " with " << modifier;
+      }
+    }
+  }
 }
 
 TEST_F(ErrorStage, EnterConfirms) {
@@ -240,9 +256,7 @@ TEST_F(ErrorStage, AProgramsFailingLineIsReadFromTheDisc) {
            .Int(error_field::kFilePosition, 7)
            .Word(error_field::kFileSpan, 12));
   // In another thread, which may take its time.
-  while (TextOf(error_id::kDescription).find("<F>0") == std::string::npos) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
+  ASSERT_TRUE(RunUntil([this] { return TextOf(error_id::kDescription).find("<F>0") != std::string::npos; }));
   EXPECT_THAT(TextOf(error_id::kDescription), testing::HasSubstr("C:\\P1\\A.NC"));
 }
 
@@ -271,7 +285,10 @@ TEST_F(ErrorStage, TwoWindowsGoTheirOwnWays) {
   EXPECT_TRUE(tool->isVisible());
   EXPECT_TRUE(second->isVisible());
   delete second;
-  Key(Qt::Key_Escape);
+  PressKey(tool, Qt::Key_Escape);
+  Settle();
+  EXPECT_THAT(Queue(), IsEmpty());
+  EXPECT_FALSE(tool->isVisible());
 }
 
 }  // namespace

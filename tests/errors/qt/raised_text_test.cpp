@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QtGui/QPainter>
+
+#include "controls/fonts.h"
 #include "support/widget_probe.h"
+#include "window/qt/qt_text.h"
 
 namespace pnl::test {
 namespace {
@@ -69,6 +73,45 @@ TEST_F(RaisedText, TheRaisedTextHasItsFourShades) {
   box.Use3D(false);
   const QImage flat = Paint(box);
   for (const int color : {kColorDarkShadow, kColorShadow}) EXPECT_EQ(Count(flat, SystemColor(color)), 0) << color;
+}
+
+struct Stroke {
+  std::uint32_t color;
+  int x;
+  int y;
+};
+
+// The colour numbers are 21, 20, 16 and 22; what is drawn later lies over what was drawn before.
+TEST_F(RaisedText, TheRaisedTextIsTwelveShadesInTheirOrderAndTheTextOnTop) {
+  constexpr std::uint32_t kNoShade = 0xFFFFFFFF;
+  const std::uint32_t dark = SystemColor(21);
+  const std::uint32_t high = SystemColor(20);
+  const std::uint32_t mid = SystemColor(16);
+  const std::uint32_t light = SystemColor(22);
+  const Stroke strokes[] = {{dark, -2, 2},  {dark, 2, -2},   {dark, 2, 2},    {high, 1, -2}, {high, -2, 1},
+                            {high, -2, -2}, {mid, -1, 1},    {mid, 1, -1},    {mid, 1, 1},   {light, 0, -1},
+                            {light, -1, 0}, {light, -1, -1}, {kNoShade, 0, 0}};
+  const QFont font = *MakeFont(QStringLiteral("Arial"), 20, QFont::Normal);
+  for (const char* shown : {"H", "ERROR 1000", "."}) {
+    box.SetFont(QStringLiteral("Arial"), 20, QFont());
+    box.SetWindowTextW(QString::fromLatin1(shown), false);
+    QImage expected(box.size(), QImage::Format_RGB32);
+    expected.fill(box.palette().color(box.backgroundRole()));
+    QPainter painter(&expected);
+    const QRect area = box.rect().adjusted(3, 3, -3, -3);
+    painter.fillRect(area, ToQColor(kBlue));
+    painter.fillRect(area.adjusted(1, 1, -1, -1), ToQColor(kYellow));
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    const QPoint place((area.width() - metrics.horizontalAdvance(shown)) / 2 + 3 + 3,
+                       (area.height() - CellHeight(metrics)) / 2 + 3 + 3 + metrics.ascent());
+    for (const Stroke& stroke : strokes) {
+      painter.setPen(ToQColor(stroke.color == kNoShade ? kBlue : stroke.color));
+      painter.drawText(place + QPoint(stroke.x, stroke.y), shown);
+    }
+    painter.end();
+    EXPECT_EQ(Paint(box), expected) << shown;
+  }
 }
 
 // What is drawn later lies over what was drawn before, so the light shade reaches further up than any shadow.
