@@ -282,6 +282,23 @@ TEST_F(ZWCStaticTest, TheFitModesChooseTheFormat) {
   }
 }
 
+TEST_F(ZWCStaticTest, ATextIsFittedInTheControlsOwnFont) {
+  box.SetWrapFit();
+  box.SetTextW("a few", false);
+  EXPECT_EQ(box.Format(), 0xb65u);
+  box.SetFont("Arial", 60, 600);
+  box.SetTextW("a few", false);
+  EXPECT_EQ(box.Format(), 0xaa10u);
+}
+
+TEST_F(ZWCStaticTest, IsPaintedWholeAfterItHasGrown) {
+  Paint(box);
+  box.resize(200, 60);
+  const QImage image = Paint(box);
+  EXPECT_EQ(ColorAt(image, 199, 59), kFrame);
+  EXPECT_EQ(ColorAt(image, 150, 50), kBack);
+}
+
 TEST_F(ZWCStaticTest, AFormatSetByHandEndsTheFitting) {
   box.SetPathFit();
   box.SetFormat(0x8866);
