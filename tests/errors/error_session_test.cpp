@@ -568,9 +568,10 @@ TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
   EXPECT_FALSE(tool->IsActive());
   EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
   // And once more at the kernel's own report: the queue ran empty.
-  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "HostToolClosed(0,2)",
-                                   "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
-                                   "HostToolClosed(0,2)", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
+  EXPECT_THAT(Asked(),
+              ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "HostToolClosed(0,2)",
+                          "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
+                          "HostToolClosed(0,2)", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
   EXPECT_EQ(Current(), "\"\"");
   EXPECT_EQ(timers.Running(), 0u);
 }
@@ -863,6 +864,33 @@ TEST_F(ErrorToolTest, AnyIndexAndCountOfTheKernelAreCountedRight) {
     Drain();
     EXPECT_EQ(view->Shows(error_id::kNext), row.next) << row.index << " of " << row.count;
   }
+}
+
+TEST_F(ErrorToolTest, TheHostHearsTheLowHalfOfALongNumberAndItsClass) {
+  MakeTool();
+  Push(Warning(0x12345));
+  Asked();
+  tool->OnHotKey();
+  EXPECT_THAT(Asked(), Contains("ZM_UPDATE_NERRORS number " + std::to_string(0x2345) + " class 2 flash 500 count 1"));
+}
+
+// Only the title box of such a source takes the colour of the error before.
+TEST_F(ErrorToolTest, TheChannelBoxHasTheColourOfItsOwnErrorFromTheStart) {
+  cnc.Returns("ChannelNumber", {2});
+  MakeTool();
+  Push(Warning(1000));
+  Key(ErrorKey::kEscape);
+  Push(Kernel(1001).Channel(2));
+  EXPECT_EQ(view->boxColors[error_id::kChannelBox], std::pair(0xFFFFFFu, 0x0000A0u));
+}
+
+TEST_F(ErrorToolTest, AWiderWindowMovesTheArrowOnTheRightAlone) {
+  MakeTool();
+  const Rect previous = view->rects[error_id::kPrevious];
+  const Rect next = view->rects[error_id::kNext];
+  view->SetWindowRect({0, 0, 810, 298});
+  EXPECT_EQ(view->rects[error_id::kPrevious], previous);
+  EXPECT_EQ(view->rects[error_id::kNext].left, next.left + 100);
 }
 
 }  // namespace
