@@ -88,13 +88,16 @@ class CncControl {
   virtual bool PushErrorRecord(std::string_view bytes) = 0;
   [[nodiscard]] virtual std::vector<std::int32_t> ErrorQueue() const = 0;
   virtual void ClearErrors() = 0;
+  /// How the error window sorts errors, as it numbers them.
+  enum class ErrorClass { kError, kMarked, kWarning, kFatal, kConfirm };
   /// What stands in the queue for an operator to read. Where no table has a text for the number, the rest still tells
   /// what happened.
   struct ErrorSummary {
     std::int32_t number = 0;
     std::int32_t channel = 0;
-    std::int32_t severity = 0;  // 0 a warning, 7 fatal, else an error
-    std::u16string text;        // empty when no table and no field of the record has one
+    std::int32_t severity = 0;
+    ErrorClass errorClass = ErrorClass::kWarning;  // the class that the error window gives it
+    std::u16string text;                           // empty when no table and no field of the record has one
     std::int32_t source = 0;
     std::int32_t identifier = 0;
     std::u16string module;
@@ -127,10 +130,13 @@ struct MachineState {
     double toGo = 0;      // mm
   };
   std::vector<Axis> axes;
-  double feed = 0;            // mm/min, what is being moved with
-  double programmedFeed = 0;  // as F says, in the unit of its G code
-  int feedOverride = 100;     // percent
-  double spindleSpeed = 0;    // rpm, turning
+  bool inches = false;             // G20: programmed lengths, feeds and what an operator reads are inches
+  bool feedPerRevolution = false;  // G95
+  bool cuttingSpeed = false;       // G96: S is a cutting speed
+  double feed = 0;                 // mm/min, what is being moved with
+  double programmedFeed = 0;       // as F says, in the unit of its G code
+  int feedOverride = 100;          // percent
+  double spindleSpeed = 0;         // rpm, turning
   double programmedSpeed = 0;
   int spindleDirection = 0;  // 1 clockwise (M3), -1 counter-clockwise (M4), 0 stopped
   int tool = 0;
@@ -148,8 +154,8 @@ struct MachineState {
 struct ProgramSpot {
   std::u16string folder;  // panel path
   std::u16string file;
-  std::int32_t position = 0;  // of the block, in units of its text
-  std::int32_t span = 0;      // from the block's start to the word at fault, in units of its text
+  std::int32_t position = 0;  // of the block, in bytes of the file
+  std::int32_t span = 0;      // from the block's start to the word at fault, in bytes
 };
 
 /// The operator's panel of the simulated machine. Without one (--bare) Machine() is null.
@@ -214,6 +220,9 @@ class Storage {
   virtual void SetNetwork(std::vector<NetworkNode> roots) = 0;
   /// The path of this machine; nothing when the drive isn't mapped.
   [[nodiscard]] virtual std::optional<std::string> HostPath(std::u16string_view panelPath) const = 0;
+  /// Replaces or makes a file of this machine as the tools do: whole, so that a kill leaves the old content or the new
+  /// one. False on failure; the old file stays then. Any thread may call it.
+  [[nodiscard]] virtual bool Replace(const std::string& hostPath, std::string_view bytes) const = 0;
 };
 
 /// Everything at once.

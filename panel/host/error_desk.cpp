@@ -15,7 +15,6 @@ constexpr std::array<std::uint32_t, kErrorClasses> kColors = {0x0000A0, 0x0000A0
 
 /// The error after which the control can't go on; it closes the panel.
 constexpr std::int32_t kClosingError = 201;
-constexpr std::int32_t kFatalSeverity = 7;
 
 std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
 
@@ -122,9 +121,8 @@ void ErrorDesk::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
 void ErrorDesk::OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::rig::CncControl::ErrorFate fate) {
   using Fate = pnl::rig::CncControl::ErrorFate;
   history_.Tell(error, fate);
-  if (fate == Fate::kRaised && (error.number == kClosingError || error.severity == kFatalSeverity)) {
-    closeRefused_ = false;
-  }
+  const bool closing = error.number == kClosingError && error.errorClass != ErrorKind::kWarning;
+  if (fate == Fate::kRaised && (closing || error.errorClass == ErrorKind::kFatal)) closeRefused_ = false;
   emit Changed();
 }
 

@@ -15,9 +15,10 @@
 
 namespace panel {
 
-/// How the tool sorts errors, as it numbers them.
+/// How the tool sorts errors, as it numbers them: the tool's message and the library's summary bring it, and nothing
+/// here sorts anew.
+using ErrorKind = pnl::rig::CncControl::ErrorClass;
 inline constexpr int kErrorClasses = 5;
-enum class ErrorKind { kError, kMarked, kWarning, kFatal, kConfirm };
 /// 0x00BBGGRR; the colour of an error for a number that is no class.
 [[nodiscard]] std::uint32_t ColorOfKind(ErrorKind kind);
 

@@ -15,6 +15,7 @@ std::u16string ErrorHistory::KeyOf(const Summary& error) {
   number(error.number);
   number(error.channel);
   number(error.severity);
+  number(static_cast<int>(error.errorClass));
   number(error.source);
   number(error.identifier);
   key += error.module;

@@ -11,13 +11,6 @@
 namespace panel {
 namespace {
 
-constexpr int kFatalSeverity = 7;
-
-ErrorKind KindOf(const ErrorHistory::Summary& error) {
-  if (error.severity == 0) return ErrorKind::kWarning;
-  return error.severity == kFatalSeverity ? ErrorKind::kFatal : ErrorKind::kError;
-}
-
 QDateTime LocalTime(ErrorTime time) {
   const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
   return QDateTime::fromMSecsSinceEpoch(since.count());
@@ -59,7 +52,7 @@ QString TextOfTime(ErrorTime time, ErrorTime now) {
 
 ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now) {
   const ErrorHistory::Summary& error = row.error;
-  const ErrorKind kind = KindOf(error);
+  const ErrorKind kind = error.errorClass;
   QString text = QString::fromStdU16String(error.text).simplified();
   const QString source = Say(Word::kErrorSource, QString::number(error.source));
   const QString id = Say(Word::kErrorId, IdOf(error));

@@ -12,17 +12,6 @@ constexpr std::array<std::uint32_t, 5> kColors = {0x0000A0, 0x0000A0, 0x648064, 
 
 std::uint32_t ErrorColorOf(ErrorClass errorClass) { return kColors[static_cast<std::size_t>(errorClass)]; }
 
-// The order decides: a warning is a warning whatever else is set, and a mark outweighs a fatal severity.
-ErrorClass ClassifyError(const ErrorRecord& record) {
-  constexpr std::uint16_t kSeverityWarning = 0;
-  constexpr std::uint16_t kSeverityFatal = 7;
-  const auto severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
-  if (severity == kSeverityWarning) return ErrorClass::kWarning;
-  if (record.Get<std::uint8_t>(error_field::kMarked.offset) != 0) return ErrorClass::kMarked;
-  if (record.Get<std::int32_t>(error_field::kNumber.offset) == kConfirmNumber) return ErrorClass::kConfirm;
-  return severity == kSeverityFatal ? ErrorClass::kFatal : ErrorClass::kError;
-}
-
 int ChannelOf(const ErrorRecord& record) {
   const auto channel = record.Get<std::int8_t>(error_field::kChannel.offset);
   return static_cast<int>(channel);

@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The classes of an error and what a source means for its texts: tables only. Composing is error_composer's business.
+// What an error's class and source mean for its window and its texts: tables only. Composing is error_composer's
+// business, and which class an error has is the facade's.
 #pragma once
 
 #include <cstdint>
 
-#include "facade/error_record.h"
+#include "facade/error_class.h"
 
 namespace pnl {
 
-enum class ErrorClass : std::int32_t {
-  kError = 0,
-  kMarked = 1,
-  kWarning = 2,
-  kFatal = 3,
-  kConfirm = 4,
-};
-
-/// The error that is confirmed with Enter.
-inline constexpr std::int32_t kConfirmNumber = 3753;
 /// The error that closes the panel by itself.
 inline constexpr std::int32_t kClosingNumber = 201;
 
@@ -26,8 +17,6 @@ inline constexpr std::int32_t kClosingNumber = 201;
 inline constexpr std::uint32_t kErrorWhite = 0xFFFFFF;
 /// Behind title line and description.
 inline constexpr std::uint32_t kErrorPanelColor = 0xBFC9D3;
-
-[[nodiscard]] ErrorClass ClassifyError(const ErrorRecord& record);
 
 /// Sources with rules of their own; all others are the kernel's.
 namespace error_source {

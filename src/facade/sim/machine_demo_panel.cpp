@@ -23,6 +23,9 @@ rig::MachineState DemoMachine::State() const {
     state.axes.push_back({Text(1, kAxes[axis].name), here[axis] - offset[axis], here[axis], toGo});
   }
   const double unit = modal.units == 20 ? kInch : 1;
+  state.inches = modal.units == 20;
+  state.feedPerRevolution = modal.feedMode == 95;
+  state.cuttingSpeed = modal.speedMode == 96;
   state.feed = task_ ? task_->run.Feed() : 0;
   state.programmedFeed = (modal.feedMode == 95 ? modal.feedPerRevolution : modal.feedPerMinute) / unit;
   state.feedOverride = percent_;

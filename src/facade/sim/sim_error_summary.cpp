@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/format.h"
+#include "facade/error_class.h"
 #include "facade/utilities.h"
 
 namespace pnl::sim {
@@ -120,6 +121,7 @@ rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t 
   // A number that may be negative, no character.
   summary.channel = record.Get<std::int8_t>(error_field::kChannel.offset);  // NOLINT(bugprone-signed-char-misuse)
   summary.severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
+  summary.errorClass = static_cast<rig::CncControl::ErrorClass>(ClassifyError(record));
   summary.source = record.Get<std::int32_t>(error_field::kSource.offset);
   summary.identifier = record.Get<std::int32_t>(error_field::kIdentifier.offset);
   summary.module = FieldOf(record, error_field::kModule);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/format.h"
+#include "base/replace_file.h"
 #include "facade/utilities.h"
 
 namespace pnl::sim {
@@ -40,6 +41,10 @@ void SimStorage::SetDriveMasks(std::string_view noDrives, std::string_view remem
 
 std::optional<std::string> SimStorage::HostPath(std::u16string_view panelPath) const {
   return files_.HostPath(panelPath);
+}
+
+bool SimStorage::Replace(const std::string& hostPath, std::string_view bytes) const {
+  return ReplaceFile(hostPath, bytes) == FileStatus::kOk;
 }
 
 bool SimStorage::MakeFolders() {

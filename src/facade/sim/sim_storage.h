@@ -26,6 +26,7 @@ class SimStorage final : public rig::Storage {
   void SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) override;
   void SetNetwork(std::vector<rig::NetworkNode> roots) override { network_ = std::move(roots); }
   [[nodiscard]] std::optional<std::string> HostPath(std::u16string_view panelPath) const override;
+  [[nodiscard]] bool Replace(const std::string& hostPath, std::string_view bytes) const override;
 
   /// Makes the folder of every path id that the tools use. False when one couldn't be made.
   bool MakeFolders();

@@ -78,13 +78,14 @@ TEST_F(ErrorHistoryTest, ErrorsThatDifferInAnythingHaveRowsOfTheirOwn) {
   };
   differ([](Summary& e) { e.channel = 2; });
   differ([](Summary& e) { e.severity = 0; });
+  differ([](Summary& e) { e.errorClass = pnl::rig::CncControl::ErrorClass::kMarked; });
   differ([](Summary& e) { e.source = 10; });
   differ([](Summary& e) { e.identifier = 7; });
   differ([](Summary& e) { e.module = u"PLC"; });
   differ([](Summary& e) { e.text = u"other"; });
   differ([](Summary& e) { e.parameters = {u"1"}; });
   differ([](Summary& e) { e.parameters = {u"1", u""}; });
-  EXPECT_EQ(history_.Rows().size(), 9u);
+  EXPECT_EQ(history_.Rows().size(), 10u);
 }
 
 TEST_F(ErrorHistoryTest, EveryErrorTellsHowItLeft) {
@@ -170,10 +171,12 @@ struct TextRow {
   const char* details;
 };
 
-Summary Told(int number, int severity, std::u16string text, int channel, std::vector<std::u16string> parameters) {
+using Class = pnl::rig::CncControl::ErrorClass;
+
+Summary Told(int number, Class errorClass, std::u16string text, int channel, std::vector<std::u16string> parameters) {
   Summary error;
   error.number = number;
-  error.severity = severity;
+  error.errorClass = errorClass;
   error.text = std::move(text);
   error.channel = channel;
   error.parameters = std::move(parameters);
@@ -199,14 +202,19 @@ TEST_P(ErrorTextTest, ARowReadsAsTold) {
 INSTANTIATE_TEST_SUITE_P(
     All, ErrorTextTest,
     ::testing::Values(
-        TextRow{"error", Told(12, 1, u"\nToo fast", 2, {u"7"}), "error 12", "Too fast",
+        TextRow{"error", Told(12, Class::kError, u"\nToo fast", 2, {u"7"}), "error 12", "Too fast",
                 "channel 2  ·  source 13  ·  standing"},
-        TextRow{"warning", Told(13, 0, u"Hot", 0, {}), "warning 13", "Hot", "source 13  ·  standing"},
-        TextRow{"fatal", Told(14, 7, u"Over", 0, {}), "fatal error 14", "Over", "source 13  ·  standing"},
-        TextRow{"lines", Told(15, 1, u"two\r\nlines", 0, {}), "error 15", "two lines", "source 13  ·  standing"},
-        TextRow{"unknown", Told(16, 1, u"", 1, {u" 1", u" 2.5"}), "error 16",
+        TextRow{"warning", Told(13, Class::kWarning, u"Hot", 0, {}), "warning 13", "Hot", "source 13  ·  standing"},
+        TextRow{"fatal", Told(14, Class::kFatal, u"Over", 0, {}), "fatal error 14", "Over", "source 13  ·  standing"},
+        TextRow{"marked", Told(14, Class::kMarked, u"Over", 0, {}), "error 14", "Over", "source 13  ·  standing"},
+        TextRow{"confirm", Told(3753, Class::kConfirm, u"Look", 0, {}), "to be confirmed 3753", "Look",
+                "source 13  ·  standing"},
+        TextRow{"lines", Told(15, Class::kError, u"two\r\nlines", 0, {}), "error 15", "two lines",
+                "source 13  ·  standing"},
+        TextRow{"unknown", Told(16, Class::kError, u"", 1, {u" 1", u" 2.5"}), "error 16",
                 "no text  ·  source 13  ·  ID DRV-77  ·  parameters 1, 2.5", "channel 1  ·  standing"},
-        TextRow{"markup", Told(17, 1, u"<b>bold</b>", 0, {}), "error 17", "<b>bold</b>", "source 13  ·  standing"}),
+        TextRow{"markup", Told(17, Class::kError, u"<b>bold</b>", 0, {}), "error 17", "<b>bold</b>",
+                "source 13  ·  standing"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
