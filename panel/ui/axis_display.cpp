@@ -6,26 +6,39 @@
 #include <cmath>
 
 #include "ui/theme.h"
+#include "ui/units.h"
 #include "ui/words.h"
 
 namespace panel {
 
-QString FormatPosition(double millimetres) {
+namespace {
+constexpr int kSmallest = 6;  // a number gets as small as this before a digit of it is lost
+}
+
+QString FormatPosition(double millimetres, bool inches) {
   constexpr double kMost = 999999.999;
   if (!std::isfinite(millimetres) || std::abs(millimetres) > kMost) return QStringLiteral("-----");
-  const QString text = QString::number(millimetres, 'f', 3);
-  return text == QLatin1String("-0.000") ? QStringLiteral("0.000") : text;
+  const QString text =
+      inches ? QString::number(millimetres / kMillimetresPerInch, 'f', 4) : QString::number(millimetres, 'f', 3);
+  const bool nothing = text.startsWith(QLatin1Char('-')) && text.toDouble() == 0;
+  return nothing ? text.mid(1) : text;
 }
 
 AxisDisplay::AxisDisplay(QWidget* parent) : QWidget(parent) {}
 
-void AxisDisplay::Show(std::vector<AxisReading> axes, bool moving) {
-  if (axes == axes_ && moving == moving_) return;
+void AxisDisplay::Show(std::vector<AxisReading> axes, bool moving, bool inches) {
+  if (axes == axes_ && moving == moving_ && inches == inches_) return;
   axes_ = std::move(axes);
   moving_ = moving;
+  inches_ = inches;
   QStringList spoken;
-  for (const auto& axis : axes_) spoken << axis.name + QLatin1Char(' ') + FormatPosition(axis.work);
+  for (const auto& axis : axes_) spoken << axis.name + QLatin1Char(' ') + FormatPosition(axis.work, inches_);
   setAccessibleName(spoken.join(QStringLiteral(", ")));
+  update();
+}
+
+void AxisDisplay::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
   update();
 }
 
@@ -34,37 +47,63 @@ void AxisDisplay::ShowMachinePositions(bool on) {
   update();
 }
 
+QString AxisDisplay::OtherText(const AxisReading& axis) const {
+  const Word other = machine_ ? Word::kWorkPosition : Word::kMachinePosition;
+  return Say(other) + QLatin1Char(' ') + FormatPosition(machine_ ? axis.work : axis.machine, inches_);
+}
+
+QString AxisDisplay::ToGoText(const AxisReading& axis) const {
+  return Say(Word::kToGo) + QLatin1Char(' ') + FormatPosition(axis.toGo, inches_);
+}
+
+AxisDisplay::Foot AxisDisplay::FitFoot(const QString& left, const QString& right, int width, int pixels) {
+  constexpr int kLegible = 11;
+  const QString both = left + QStringLiteral("   ") + right;
+  const int beside = theme::FittingFont(both, width, pixels, kLegible).pixelSize();
+  if (QFontMetrics(theme::Font(beside)).horizontalAdvance(both) < width) return {beside, false};
+  const int below = std::min(theme::FittingFont(left, width, pixels, kSmallest).pixelSize(),
+                             theme::FittingFont(right, width, pixels, kSmallest).pixelSize());
+  return {below, true};
+}
+
+void AxisDisplay::PaintFoot(QPainter& painter, const QRect& foot, const AxisReading& axis, const Foot& fit) const {
+  const QFont font = theme::Font(fit.pixels);
+  const bool going = moving_ && std::abs(axis.toGo) >= 0.0005;
+  const int row = fit.twoRows ? foot.height() / 2 : foot.height();
+  theme::DrawText(painter, QRect(foot.left(), foot.top(), foot.width(), row), Qt::AlignLeft | Qt::AlignVCenter,
+                  OtherText(axis), font, QColor(theme::kMuted));
+  theme::DrawText(painter, QRect(foot.left(), foot.bottom() + 1 - row, foot.width(), row),
+                  Qt::AlignRight | Qt::AlignVCenter, ToGoText(axis), font,
+                  QColor(going ? theme::kAmber : theme::kMuted));
+}
+
 void AxisDisplay::PaintAxis(QPainter& painter, const QRect& rect, const AxisReading& axis) const {
   theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   const QRect body = rect.adjusted(10, 4, -10, -4);
-  const int below = std::clamp(body.height() / 4, 14, 26);
+  const Foot fit = FitFoot(OtherText(axis), ToGoText(axis), body.width(), fontPixels_);
+  const int line = fit.pixels * 5 / 4;
+  const int below = std::min(fit.twoRows ? 2 * line : line, body.height() / 2);
   const QRect digits(body.left(), body.top(), body.width(), body.height() - below);
   const int most = std::min(digits.height() * 9 / 10, 110);
-  const QString value = FormatPosition(machine_ ? axis.machine : axis.work);
+  const QString value = FormatPosition(machine_ ? axis.machine : axis.work, inches_);
   const int nameWidth = std::min(digits.width() / 6, most);
   const QRect valueRect = digits.adjusted(nameWidth, 0, 0, 0);
   // The size follows a full-length number, so that digits don't breathe while an axis moves.
-  const QFont font = theme::FittingFont(QStringLiteral("-0000.000"), valueRect.width(), most, 12, true);
+  const int usual =
+      theme::FittingFont(QStringLiteral("-0000.000"), valueRect.width(), most, kSmallest, true).pixelSize();
   theme::DrawText(painter, digits, Qt::AlignLeft | Qt::AlignVCenter, axis.name,
-                  theme::FittingFont(axis.name, nameWidth, font.pixelSize(), 12, true), QColor(theme::kAccent));
-  theme::DrawText(painter, valueRect, Qt::AlignRight | Qt::AlignVCenter, value, font, QColor(theme::kText));
-  const QFont small = theme::Font(std::max(12, below * 4 / 5));
-  const QRect foot(body.left(), body.bottom() + 1 - below, body.width(), below);
-  const Word other = machine_ ? Word::kWorkPosition : Word::kMachinePosition;
-  const QString left = Say(other) + QLatin1Char(' ') + FormatPosition(machine_ ? axis.work : axis.machine);
-  const QString right = Say(Word::kToGo) + QLatin1Char(' ') + FormatPosition(axis.toGo);
-  const bool going = moving_ && std::abs(axis.toGo) >= 0.0005;
-  theme::DrawText(painter, foot.adjusted(0, 0, -foot.width() / 2, 0), Qt::AlignLeft | Qt::AlignVCenter, left, small,
-                  QColor(theme::kMuted));
-  theme::DrawText(painter, foot.adjusted(foot.width() / 2, 0, 0, 0), Qt::AlignRight | Qt::AlignVCenter, right, small,
-                  QColor(going ? theme::kAmber : theme::kMuted));
+                  theme::FittingFont(axis.name, nameWidth, usual, kSmallest, true), QColor(theme::kAccent));
+  theme::DrawText(painter, valueRect, Qt::AlignRight | Qt::AlignVCenter, value,
+                  theme::FittingFont(value, valueRect.width(), usual, kSmallest, true), QColor(theme::kText));
+  PaintFoot(painter, QRect(body.left(), body.bottom() + 1 - below, body.width(), below), axis, fit);
 }
 
 void AxisDisplay::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (axes_.empty()) {
     theme::DrawField(painter, rect(), QColor(theme::kSurface), QColor(theme::kBorder), 6);
-    theme::DrawText(painter, rect(), Qt::AlignCenter, Say(Word::kNoMachine), theme::Font(20), QColor(theme::kFaint));
+    theme::DrawText(painter, rect(), Qt::AlignCenter, Say(Word::kNoMachine), theme::Font(fontPixels_ * 4 / 3),
+                    QColor(theme::kMuted));
     return;
   }
   const int count = static_cast<int>(axes_.size());

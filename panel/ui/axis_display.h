@@ -17,26 +17,43 @@ struct AxisReading {
   bool operator==(const AxisReading&) const = default;
 };
 
-/// "-12.500" with three decimals; a value that is no number, or too big to show, reads "-----". Never "-0.000".
-[[nodiscard]] QString FormatPosition(double millimetres);
+/// "-12.500" with three decimals, or as inches "-0.4921" with four; a value that is no number, or too big to show,
+/// reads
+/// "-----". Never "-0.000".
+[[nodiscard]] QString FormatPosition(double millimetres, bool inches = false);
 
 class AxisDisplay : public QWidget {
  public:
   explicit AxisDisplay(QWidget* parent);
   /// No axes: the field says that there is no machine.
-  void Show(std::vector<AxisReading> axes, bool moving);
+  /// inches: what is shown, whatever the readings are in.
+  void Show(std::vector<AxisReading> axes, bool moving, bool inches);
   /// Which coordinate is the big one.
   void ShowMachinePositions(bool on);
   [[nodiscard]] bool MachinePositions() const { return machine_; }
+  /// The small texts are that high where they find room; they get smaller before a digit is lost.
+  void SetFontPixels(int pixels);
+
+  /// The small texts of one axis as they stand in a foot of that width: beside each other, or in two rows.
+  struct Foot {
+    int pixels = 0;
+    bool twoRows = false;
+  };
+  [[nodiscard]] static Foot FitFoot(const QString& left, const QString& right, int width, int pixels);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   void PaintAxis(QPainter& painter, const QRect& rect, const AxisReading& axis) const;
+  void PaintFoot(QPainter& painter, const QRect& foot, const AxisReading& axis, const Foot& fit) const;
+  [[nodiscard]] QString OtherText(const AxisReading& axis) const;
+  [[nodiscard]] QString ToGoText(const AxisReading& axis) const;
   std::vector<AxisReading> axes_;
   bool moving_ = false;
   bool machine_ = false;
+  bool inches_ = false;
+  int fontPixels_ = 14;
 };
 
 }  // namespace panel

@@ -61,7 +61,8 @@ void ErrorHelpCover::SetFontPixels(int pixels) {
 QRect ErrorHelpCover::HeaderRect() const {
   const int width = this->width() - 2 * kPad;
   const QFontMetrics metrics(theme::Font(fontPixels_ * 5 / 4, true));
-  const int text = metrics.boundingRect(QRect(0, 0, width - 2 * kPad, height()), Qt::TextWordWrap, header_).height();
+  const QSize room(width - 2 * kPad, height() / 3);
+  const int text = metrics.boundingRect(QRect(QPoint(), room), Qt::TextWordWrap, header_).height();
   return {kPad, kPad, width, std::min(text + kPad, height() / 3)};
 }
 
@@ -82,8 +83,8 @@ void ErrorHelpCover::paintEvent(QPaintEvent*) {
   const QColor back = theme::FromColorRef(help_->back);
   theme::DrawField(painter, rect(), QColor(theme::kBackground), back.lighter(150), 8);
   theme::DrawField(painter, HeaderRect(), back, back, 6);
-  theme::DrawText(painter, HeaderRect().adjusted(kPad, 0, -kPad, 0), Qt::AlignVCenter | Qt::TextWordWrap, header_,
-                  theme::Font(fontPixels_ * 5 / 4, true), theme::FromColorRef(help_->fore));
+  theme::DrawParagraph(painter, HeaderRect().adjusted(kPad, 0, -kPad, 0), Qt::AlignLeft | Qt::AlignVCenter, header_,
+                       theme::Font(fontPixels_ * 5 / 4, true), theme::FromColorRef(help_->fore));
 }
 
 void ErrorHelpCover::keyPressEvent(QKeyEvent* event) {

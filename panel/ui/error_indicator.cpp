@@ -16,7 +16,7 @@ QString NameOfKind(ErrorKind kind) {
 
 ErrorIndicator::ErrorIndicator(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::TabFocus);
-  setToolTip(TooltipOf(Action::kErrorList));
+  setToolTip(theme::PlainTip(TooltipOf(Action::kErrorList)));
   Show({}, 0);
 }
 
@@ -60,13 +60,15 @@ void ErrorIndicator::keyPressEvent(QKeyEvent* event) {
 QColor ErrorIndicator::Fill() const {
   if (Count() == 0) return QColor(theme::kSurface);
   if (sign_.count == 0) return QColor(theme::kRed);
-  return inverted_ ? QColor(Qt::white) : theme::FromColorRef(ColorOfKind(sign_.kind));
+  const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
+  return inverted_ ? theme::InkOn(color) : color;
 }
 
 QColor ErrorIndicator::Ink() const {
   if (Count() == 0) return QColor(theme::kMuted);
   if (sign_.count == 0) return QColor(theme::kText);
-  return inverted_ ? theme::FromColorRef(ColorOfKind(sign_.kind)) : QColor(Qt::white);
+  const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
+  return inverted_ ? color : theme::InkOn(color);
 }
 
 void ErrorIndicator::paintEvent(QPaintEvent*) {

@@ -59,7 +59,7 @@ void ErrorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const int nameWidth = QFontMetrics(strong).horizontalAdvance(name) + 2 * kPad;
   const QRect field(upper.left() + timeWidth, upper.top() + 1, nameWidth, upper.height() - 2);
   theme::DrawField(*painter, field, color, color, 4);
-  theme::DrawText(*painter, field, Qt::AlignCenter, name, strong, Qt::white);
+  theme::DrawText(*painter, field, Qt::AlignCenter, name, strong, theme::InkOn(color));
   theme::DrawText(*painter, upper.adjusted(timeWidth + nameWidth + kPad, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                   index.data().toString(), strong, QColor(theme::kText));
   theme::DrawText(*painter, QRect(body.left(), middle, body.width(), body.bottom() + 1 - middle),

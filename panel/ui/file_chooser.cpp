@@ -60,7 +60,8 @@ FileChooser::FileChooser(PathResolver resolve, QWidget* parent)
       confirm_(new Question(this)) {
   name_->setAccessibleName(Say(Word::kFileName));
   name_->setMaxLength(255);
-  up_->setText(QStringLiteral("▲ ") + Say(Word::kFolderUp));
+  up_->SetArrow(Qt::UpArrow);
+  up_->setText(Say(Word::kFolderUp));
   ok_->setText(Say(Word::kOk));
   ok_->SetTint(QColor(theme::kGreen));
   ok_->SetFilled(true);
@@ -216,18 +217,17 @@ void FileChooser::paintEvent(QPaintEvent*) {
   theme::DrawText(painter, head.adjusted(0, 0, -head.width() / 2, 0), Qt::AlignLeft | Qt::AlignVCenter, request_.title,
                   theme::Font(fontPixels_ * 9 / 8, true), QColor(theme::kText));
   theme::DrawText(painter, head.adjusted(head.width() / 2, 0, 0, 0), Qt::AlignRight | Qt::AlignVCenter, folder_,
-                  theme::MonoFont(fontPixels_), QColor(theme::kAccent));
+                  theme::MonoFont(fontPixels_), QColor(theme::kAccent), Qt::ElideMiddle);
   const QRect name = name_->geometry();
   theme::DrawText(painter, QRect(name.left(), head.bottom(), name.width(), name.top() - head.bottom() - 2),
                   Qt::AlignLeft | Qt::AlignBottom, Say(Word::kFileName), theme::Font(fontPixels_ * 7 / 8),
                   QColor(theme::kMuted));
-  theme::DrawText(painter, QRect(name.left(), name.bottom() + 4, name.width(), up_->y() - name.bottom() - 8),
-                  Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, problem_, theme::Font(fontPixels_),
-                  QColor(theme::kAmber));
+  theme::DrawParagraph(painter, QRect(name.left(), name.bottom() + 4, name.width(), up_->y() - name.bottom() - 8),
+                       Qt::AlignLeft | Qt::AlignTop, problem_, theme::Font(fontPixels_), QColor(theme::kAmber));
   if (list_->count() == 0) {
     list_->setAccessibleName(Say(Word::kEmptyFolder));
     theme::DrawText(painter, list_->geometry(), Qt::AlignCenter, Say(Word::kEmptyFolder), theme::Font(fontPixels_),
-                    QColor(theme::kFaint));
+                    QColor(theme::kMuted));
   }
 }
 

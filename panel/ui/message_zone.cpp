@@ -17,7 +17,7 @@ void MessageZone::Show(std::vector<ZoneLine> lines) {
   QStringList spoken;
   for (const auto& line : lines_) spoken << line.text;
   setAccessibleName(spoken.join(QStringLiteral("; ")));
-  setToolTip(spoken.join(QLatin1Char('\n')));
+  setToolTip(theme::PlainTip(spoken.join(QLatin1Char('\n'))));
   update();
 }
 
@@ -36,13 +36,11 @@ void MessageZone::paintEvent(QPaintEvent*) {
     const QRect row(0, top, width(), height() * (i + 1) / count - top);
     theme::DrawField(painter, row, line.back, line.back, 6);
     const QRect body = row.adjusted(12, 0, -12, 0);
-    // A long text on a row of its own takes two lines before it is cut.
     const QFont font = theme::Font(std::min(fontPixels_, row.height() * 9 / 10), line.strong);
-    const QFontMetrics metrics(font);
-    const bool wraps = metrics.horizontalAdvance(line.text) > body.width() && count == 1;
+    // A long text on a row of its own takes two lines before its middle goes; most ends say more: a file, a number.
+    const bool wraps = QFontMetrics(font).horizontalAdvance(line.text) > body.width() && count == 1;
     const QFont used = wraps ? theme::Font(std::min(fontPixels_, row.height() * 2 / 5), line.strong) : font;
-    theme::DrawText(painter, body, Qt::AlignLeft | Qt::AlignVCenter | (wraps ? Qt::TextWordWrap : 0), line.text, used,
-                    line.fore);
+    theme::DrawParagraph(painter, body, Qt::AlignLeft | Qt::AlignVCenter, line.text, used, line.fore);
   }
 }
 

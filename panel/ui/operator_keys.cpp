@@ -28,6 +28,9 @@ constexpr std::array kLooks = {
     Look{Action::kClearError, theme::kRed, false, false},
 };
 
+constexpr int kRepeatAfter = 400;  // ms
+constexpr int kRepeatEvery = 120;  // ms
+
 }  // namespace
 
 OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
@@ -36,11 +39,20 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
     key->setText(Say(WordOf(look.action)));
     key->setAccessibleName(key->text());
     key->SetKeyName(KeysOf(look.action).first().toString());
-    key->setToolTip(TooltipOf(look.action));
+    key->SetTip(TooltipOf(look.action));
     if (look.tint != 0) key->SetTint(QColor(look.tint));
     key->SetFilled(look.filled);
     key->setCheckable(look.latches);
-    connect(key, &PanelKey::clicked, this, [this, action = look.action] { emit Pressed(action); });
+    key->setAutoRepeat(Repeats(look.action));
+    key->setAutoRepeatDelay(kRepeatAfter);
+    key->setAutoRepeatInterval(kRepeatEvery);
+    const auto press = [this, action = look.action] { emit Pressed(action); };
+    // A key that repeats acts when it goes down: acting when it comes up too, it would step once more than was held.
+    if (key->autoRepeat()) {
+      connect(key, &PanelKey::pressed, this, press);
+    } else {
+      connect(key, &PanelKey::clicked, this, press);
+    }
     keys_.emplace_back(look.action, key);
   }
 }

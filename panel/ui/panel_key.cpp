@@ -34,6 +34,18 @@ PanelKey::PanelKey(QWidget* parent) : QAbstractButton(parent) {
   setAttribute(Qt::WA_Hover);
 }
 
+void PanelKey::setText(const QString& text) {
+  QAbstractButton::setText(text);
+  setShortcut({});
+}
+
+void PanelKey::SetArrow(Qt::ArrowType arrow) {
+  arrow_ = arrow;
+  update();
+}
+
+void PanelKey::SetTip(const QString& text) { setToolTip(theme::PlainTip(text)); }
+
 void PanelKey::SetKeyName(const QString& name) {
   keyName_ = name;
   update();
@@ -92,19 +104,21 @@ void PanelKey::keyPressEvent(QKeyEvent* event) {
 QColor PanelKey::Fill() const {
   if (!isEnabled()) return QColor(theme::kSurface);
   if (isDown()) return QColor(theme::kPressed);
-  if (filled_ && tint_.isValid()) return underMouse() ? tint_.lighter(112) : tint_;
-  if (isChecked()) return tint_.isValid() ? tint_.darker(140) : QColor(theme::kSteel);
+  if (filled_ && tint_.isValid()) return underMouse() ? theme::HoverOf(tint_) : tint_;
+  if (isChecked()) return tint_.isValid() ? theme::LatchedOf(tint_) : QColor(theme::kSteel);
   return underMouse() ? QColor(theme::kRaisedHover) : QColor(theme::kRaised);
 }
 
 QColor PanelKey::Ink() const {
   if (!isEnabled()) return QColor(theme::kFaint);
-  return filled_ && tint_ == QColor(theme::kAmber) && !isDown() ? QColor(theme::kDark) : QColor(theme::kText);
+  return theme::InkOn(Fill());
 }
+
+int PanelKey::KeyNamePixels() const { return std::max(12, fontPixels_ * 6 / 7); }
 
 void PanelKey::PaintMarks(QPainter& painter) const {
   const QColor soft = filled_ ? Ink() : QColor(isEnabled() ? theme::kMuted : theme::kFaint);
-  const int small = std::max(11, fontPixels_ * 3 / 4);
+  const int small = KeyNamePixels();
   theme::DrawText(painter, rect().adjusted(kPad + 1, 3, -kPad, 0), Qt::AlignLeft | Qt::AlignTop, keyName_,
                   theme::Font(small), soft);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -124,8 +138,18 @@ void PanelKey::PaintMarks(QPainter& painter) const {
   }
 }
 
+QRect PanelKey::PaintArrow(QPainter& painter, const QRect& body) const {
+  if (arrow_ == Qt::NoArrow) return body;
+  const int side = std::min({fontPixels_, body.width(), body.height()});
+  const int words =
+      text().isEmpty() ? 0 : QFontMetrics(theme::Font(fontPixels_, filled_)).horizontalAdvance(text()) + 8;
+  const int left = body.left() + std::max(0, (body.width() - side - words) / 2);
+  theme::DrawArrow(painter, QRect(left, body.top(), side, body.height()), arrow_, Ink());
+  return text().isEmpty() ? body : QRect(QPoint(left + side + 8, body.top()), body.bottomRight());
+}
+
 void PanelKey::PaintFace(QPainter& painter) const {
-  const int top = keyName_.isEmpty() ? 4 : std::max(11, fontPixels_ * 3 / 4) + 4;
+  const int top = keyName_.isEmpty() ? 4 : KeyNamePixels() + 4;
   QRect body = rect().adjusted(kPad, top, -kPad, -4);
   // A long caption takes two lines, in somewhat smaller letters where a picture stands above it.
   const bool wraps = text().contains(QLatin1Char(' ')) &&
@@ -147,14 +171,17 @@ void PanelKey::PaintFace(QPainter& painter) const {
       body = QRect(body.left(), body.top() + side, body.width(), caption);
     }
   }
+  body = PaintArrow(painter, body);
   const bool twoLines = wraps && body.height() >= 2 * line - 6;
   // The longest word decides how big the letters may be; the rest wraps or is cut.
   QString longest;
   for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
     if (word.size() > longest.size()) longest = word;
   }
-  theme::DrawText(painter, body, Qt::AlignCenter | (twoLines ? Qt::TextWordWrap : 0), text(),
-                  theme::FittingFont(longest, body.width() - 4, pixels, 11, filled_), Ink());
+  const QFont font = theme::FittingFont(longest, body.width() - 4, pixels, 11, filled_);
+  if (twoLines) return theme::DrawParagraph(painter, body, Qt::AlignCenter, text(), font, Ink());
+  theme::DrawText(painter, body, arrow_ == Qt::NoArrow ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter, text(),
+                  font, Ink());
 }
 
 void PanelKey::paintEvent(QPaintEvent*) {

@@ -16,6 +16,13 @@ class PanelKey : public QAbstractButton {
  public:
   explicit PanelKey(QWidget* parent);
 
+  /// The caption, as it is: a "&" in it is a character like any other and makes no shortcut.
+  void setText(const QString& text);
+  /// An arrow before the caption, or alone; NoArrow for none.
+  void SetArrow(Qt::ArrowType arrow);
+  [[nodiscard]] Qt::ArrowType Arrow() const { return arrow_; }
+  /// Plain text, whatever it looks like.
+  void SetTip(const QString& text);
   /// The keyboard's name for the key, drawn small in the corner; empty for none.
   void SetKeyName(const QString& name);
   [[nodiscard]] const QString& KeyName() const { return keyName_; }
@@ -31,6 +38,10 @@ class PanelKey : public QAbstractButton {
   /// Marks a key that leads to a sub-menu.
   void SetLeadsOn(bool leadsOn);
 
+  /// What the key is filled with at this moment, and what is written on it.
+  [[nodiscard]] QColor Fill() const;
+  [[nodiscard]] QColor Ink() const;
+
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
@@ -40,14 +51,16 @@ class PanelKey : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  [[nodiscard]] QColor Fill() const;
-  [[nodiscard]] QColor Ink() const;
   void PaintMarks(QPainter& painter) const;
   void PaintFace(QPainter& painter) const;
+  [[nodiscard]] int KeyNamePixels() const;
+  /// Draws the caption's arrow. What it leaves of body.
+  [[nodiscard]] QRect PaintArrow(QPainter& painter, const QRect& body) const;
   QString keyName_;
   QByteArray svg_;
   QImage picture_;
   QColor tint_;
+  Qt::ArrowType arrow_ = Qt::NoArrow;
   bool filled_ = false;
   bool leadsOn_ = false;
   int fontPixels_ = 15;

@@ -28,26 +28,6 @@ std::vector<AxisReading> AxesOf(const pnl::rig::MachineState& state) {
   return axes;
 }
 
-std::vector<Reading> ReadingsOf(const pnl::rig::MachineState& state) {
-  const QString turning = state.spindleDirection > 0   ? QStringLiteral("M3 ")
-                          : state.spindleDirection < 0 ? QStringLiteral("M4 ")
-                                                       : QString();
-  return {{Say(Word::kFeed), FormatNumber(state.feed), QStringLiteral("F") + FormatNumber(state.programmedFeed), false},
-          {Say(Word::kOverride), QStringLiteral("%1 %").arg(state.feedOverride), {}, state.feedOverride != 100},
-          {Say(Word::kSpindle), FormatNumber(state.spindleSpeed),
-           turning + QStringLiteral("S") + FormatNumber(state.programmedSpeed), false},
-          {Say(Word::kTool), QStringLiteral("T%1").arg(state.tool), state.coolant ? Say(Word::kCoolant) : QString(),
-           false}};
-}
-
-std::vector<Reading> NoReadings() {
-  const QString none = QStringLiteral("–");
-  return {{Say(Word::kFeed), none, {}, false},
-          {Say(Word::kOverride), none, {}, false},
-          {Say(Word::kSpindle), none, {}, false},
-          {Say(Word::kTool), none, {}, false}};
-}
-
 }  // namespace
 
 void PanelWindow::UpdateDisplay() {
@@ -69,7 +49,7 @@ void PanelWindow::ShowMachine() {
     readings_->Show(NoReadings());
   }
   status_->Indicator().Show(op_.Desk().Sign(), op_.Desk().Standing());
-  axes_->Show(AxesOf(state), state.channelStatus == kRunning);
+  axes_->Show(AxesOf(state), state.channelStatus == kRunning, state.inches);
   modal_->Show(QString::fromStdU16String(state.gCodes), QString::fromStdU16String(state.block));
   keys_->Show([this](Action action) { return op_.Can(action); },
               [&state](Action action) {

@@ -95,8 +95,8 @@ void Question::paintEvent(QPaintEvent*) {
   theme::DrawField(painter, rect(), QColor(theme::kBackground), QColor(theme::kAmber), 8);
   const int box = std::min(width() - 24, fontPixels_ * 40);
   const QRect text((width() - box) / 2, 12, box, height() / 2 + fontPixels_ - 24);
-  theme::DrawText(painter, text, Qt::AlignCenter | Qt::TextWordWrap, text_, theme::Font(fontPixels_ * 5 / 4, true),
-                  QColor(theme::kText));
+  theme::DrawParagraph(painter, text, Qt::AlignCenter, text_, theme::Font(fontPixels_ * 5 / 4, true),
+                       QColor(theme::kText));
 }
 
 void Question::keyPressEvent(QKeyEvent* event) {

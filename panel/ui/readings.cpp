@@ -6,17 +6,22 @@
 #include <cmath>
 
 #include "ui/theme.h"
+#include "ui/units.h"
+#include "ui/words.h"
 
 namespace panel {
 namespace {
 
 constexpr int kGap = 4;
 
-void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading) {
+constexpr int kSmallest = 6;  // a number gets as small as this before a digit of it is lost
+
+void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int fontPixels) {
   theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   const QRect body = rect.adjusted(8, 2, -8, -2);
-  const int caption = std::clamp(body.height() / 3, 12, 22);
-  const QFont small = theme::Font(std::max(11, caption * 5 / 6));
+  const int caption = std::clamp(body.height() / 3, fontPixels, 2 * fontPixels);
+  const int smallPixels = std::max(fontPixels, caption * 5 / 6);
+  const QFont small = theme::FittingFont(reading.caption, body.width(), smallPixels, kSmallest);
   const QRect head(body.left(), body.top(), body.width(), caption);
   theme::DrawText(painter, head, Qt::AlignLeft | Qt::AlignVCenter, reading.caption, small, QColor(theme::kMuted));
   QRect value = body.adjusted(0, caption, 0, 0);
@@ -25,7 +30,8 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading) {
     const int width = QFontMetrics(small).horizontalAdvance(reading.detail);
     if (tall) {
       const QRect foot(value.left(), value.bottom() + 1 - caption, value.width(), caption);
-      theme::DrawText(painter, foot, Qt::AlignRight | Qt::AlignVCenter, reading.detail, small, QColor(theme::kMuted));
+      theme::DrawText(painter, foot, Qt::AlignRight | Qt::AlignVCenter, reading.detail,
+                      theme::FittingFont(reading.detail, foot.width(), smallPixels, kSmallest), QColor(theme::kMuted));
       value.setBottom(foot.top() - 1);
     } else if (width + QFontMetrics(small).horizontalAdvance(reading.caption) + 6 < head.width()) {
       theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, reading.detail, small, QColor(theme::kMuted));
@@ -33,20 +39,59 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading) {
   }
   const int most = std::min(value.height(), 64);
   // As for the axes: the size follows a number of usual length and not the digits of the moment.
-  const int usual = theme::FittingFont(QStringLiteral("00000"), value.width(), most, 12, true).pixelSize();
+  const int usual = theme::FittingFont(QStringLiteral("00000"), value.width(), most, kSmallest, true).pixelSize();
   theme::DrawText(painter, value, Qt::AlignRight | Qt::AlignVCenter, reading.value,
-                  theme::FittingFont(reading.value, value.width(), usual, 12, true),
+                  theme::FittingFont(reading.value, value.width(), usual, kSmallest, true),
                   QColor(reading.stands ? theme::kAmber : theme::kText));
+}
+
+Word FeedCaption(const pnl::rig::MachineState& state) {
+  if (state.feedPerRevolution) return state.inches ? Word::kFeedInchPerRevolution : Word::kFeedPerRevolution;
+  return state.inches ? Word::kFeedInch : Word::kFeed;
+}
+
+/// What the axes move with, in the unit of the caption.
+QString FeedText(const pnl::rig::MachineState& state) {
+  constexpr int kFineDecimals = 4;  // a feed per revolution is a few thousandths
+  const double lengths = state.inches ? state.feed / kMillimetresPerInch : state.feed;
+  if (!state.feedPerRevolution) return FormatNumber(lengths);
+  return FormatNumber(state.spindleSpeed > 0 ? lengths / state.spindleSpeed : 0, kFineDecimals);
+}
+
+QString SpeedDetail(const pnl::rig::MachineState& state) {
+  QString detail;
+  if (state.spindleDirection != 0) detail = state.spindleDirection > 0 ? QStringLiteral("M3 ") : QStringLiteral("M4 ");
+  // Under G96 the programmed number is a cutting speed and no number of revolutions.
+  if (state.cuttingSpeed) detail += QStringLiteral("G96 ");
+  return detail + QLatin1Char('S') + FormatNumber(state.programmedSpeed);
 }
 
 }  // namespace
 
-QString FormatNumber(double value) {
+QString FormatNumber(double value, int decimals) {
   if (!std::isfinite(value) || std::abs(value) > 9999999) return QStringLiteral("-----");
-  QString text = QString::number(value, 'f', std::abs(value) < 100 ? 3 : 1);
-  while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+  QString text = QString::number(value, 'f', std::abs(value) < 100 ? decimals : 1);
+  while (text.contains(QLatin1Char('.')) && text.endsWith(QLatin1Char('0'))) text.chop(1);
   if (text.endsWith(QLatin1Char('.'))) text.chop(1);
   return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+std::vector<Reading> ReadingsOf(const pnl::rig::MachineState& state) {
+  constexpr int kFineDecimals = 4;
+  return {{Say(FeedCaption(state)), FeedText(state),
+           QLatin1Char('F') + FormatNumber(state.programmedFeed, state.feedPerRevolution ? kFineDecimals : 3), false},
+          {Say(Word::kOverride), QStringLiteral("%1 %").arg(state.feedOverride), {}, state.feedOverride != 100},
+          {Say(Word::kSpindle), FormatNumber(state.spindleSpeed), SpeedDetail(state), false},
+          {Say(Word::kTool), QStringLiteral("T%1").arg(state.tool), state.coolant ? Say(Word::kCoolant) : QString(),
+           false}};
+}
+
+std::vector<Reading> NoReadings() {
+  const QString none = QStringLiteral("–");
+  return {{Say(Word::kFeed), none, {}, false},
+          {Say(Word::kOverride), none, {}, false},
+          {Say(Word::kSpindle), none, {}, false},
+          {Say(Word::kTool), none, {}, false}};
 }
 
 Readings::Readings(QWidget* parent) : QWidget(parent) {}
@@ -57,6 +102,11 @@ void Readings::Show(std::vector<Reading> readings) {
   QStringList spoken;
   for (const auto& reading : readings_) spoken << reading.caption + QLatin1Char(' ') + reading.value;
   setAccessibleName(spoken.join(QStringLiteral(", ")));
+  update();
+}
+
+void Readings::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
   update();
 }
 
@@ -73,7 +123,8 @@ void Readings::paintEvent(QPaintEvent*) {
     const int right = (width() + kGap) * (column + 1) / columns - kGap;
     const int top = (height() + kGap) * row / rows;
     const int bottom = (height() + kGap) * (row + 1) / rows - kGap;
-    PaintTile(painter, QRect(left, top, right - left, bottom - top), readings_[static_cast<std::size_t>(i)]);
+    PaintTile(painter, QRect(left, top, right - left, bottom - top), readings_[static_cast<std::size_t>(i)],
+              fontPixels_);
   }
 }
 
@@ -100,8 +151,8 @@ void ModalLine::paintEvent(QPaintEvent*) {
   const QFont mono = theme::MonoFont(fontPixels_);
   if (height() >= 3 * fontPixels_) {
     const int line = QFontMetrics(mono).height() + 2;
-    theme::DrawText(painter, body.adjusted(0, 0, 0, -line), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, codes_,
-                    font, QColor(theme::kMuted));
+    theme::DrawParagraph(painter, body.adjusted(0, 0, 0, -line), Qt::AlignLeft | Qt::AlignVCenter, codes_, font,
+                         QColor(theme::kMuted));
     theme::DrawText(painter, QRect(body.left(), body.bottom() + 1 - line, body.width(), line),
                     Qt::AlignLeft | Qt::AlignVCenter, block_, mono, QColor(theme::kAccent));
     return;

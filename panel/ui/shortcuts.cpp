@@ -46,6 +46,8 @@ QList<QKeySequence> KeysOf(Action action) {
 
 Word WordOf(Action action) { return ShortcutTable().at(static_cast<int>(action)).what; }
 
+bool Repeats(Action action) { return action == Action::kOverrideDown || action == Action::kOverrideUp; }
+
 QString TooltipOf(Action action) {
   return QStringLiteral("%1 (%2)").arg(Say(WordOf(action)), KeysOf(action).first().toString());
 }
@@ -60,6 +62,8 @@ QString ShortcutPage() {
       QStringLiteral("| %1 … %2 | soft keys below |\n").arg(MainKey(0).toString(), MainKey(kMainKeys - 1).toString());
   page += QStringLiteral("| %1 … %2 | soft keys at the side |\n")
               .arg(SideKey(0).toString(), SideKey(kSideKeys - 1).toString());
+  // The error tool's own hot key, which it registers with the panel.
+  page += QStringLiteral("| Alt+W | %1 |\n").arg(Say(Word::kToggleErrors));
   for (const ShortcutRow& row : ShortcutTable()) {
     QStringList names;
     for (const QKeySequence& key : KeysOf(row.action)) names << key.toString();

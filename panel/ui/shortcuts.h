@@ -50,6 +50,8 @@ struct ShortcutRow {
 [[nodiscard]] const QList<ShortcutRow>& ShortcutTable();
 [[nodiscard]] QList<QKeySequence> KeysOf(Action action);
 [[nodiscard]] Word WordOf(Action action);
+/// Whether the action goes on while its key is held. A held start key starts once.
+[[nodiscard]] bool Repeats(Action action);
 /// "Start (F9)": what a key does and the keyboard's way to it.
 [[nodiscard]] QString TooltipOf(Action action);
 

@@ -47,9 +47,9 @@ SoftKeyBar::SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence 
     : QWidget(parent), orientation_(orientation), slotCount_(slotCount) {
   const bool main = orientation == Qt::Horizontal;
   back_ = new PanelKey(this);
-  back_->setText(main ? QStringLiteral("◀") : QStringLiteral("▲"));
+  back_->SetArrow(main ? Qt::LeftArrow : Qt::UpArrow);
   back_->setAccessibleName(Say(Word::kBack));
-  back_->setToolTip(TooltipOf(main ? Action::kMainBack : Action::kSideBack));
+  back_->SetTip(TooltipOf(main ? Action::kMainBack : Action::kSideBack));
   connect(back_, &PanelKey::clicked, this, &SoftKeyBar::Back);
   for (int slot = 0; slot < slotCount; ++slot) {
     auto* key = new PanelKey(this);
@@ -58,10 +58,10 @@ SoftKeyBar::SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence 
     keys_.push_back(key);
   }
   more_ = new PanelKey(this);
-  more_->setText(main ? QStringLiteral("▶") : QStringLiteral("▼"));
+  more_->SetArrow(main ? Qt::RightArrow : Qt::DownArrow);
   more_->setAccessibleName(Say(Word::kMore));
   more_->SetKeyName(KeysOf(main ? Action::kMainMore : Action::kSideMore).first().toString());
-  more_->setToolTip(TooltipOf(main ? Action::kMainMore : Action::kSideMore));
+  more_->SetTip(TooltipOf(main ? Action::kMainMore : Action::kSideMore));
   connect(more_, &PanelKey::clicked, this, &SoftKeyBar::NextPage);
   UpdateDisplay();
 }
@@ -158,7 +158,7 @@ void SoftKeyBar::ShowItem(PanelKey& key, const SoftKeyItem* item) {
   key.setCheckable(item != nullptr && item->checked);
   key.setChecked(item != nullptr && item->checked);
   key.SetLeadsOn(item != nullptr && item->subMenu != 0);
-  key.setToolTip(item == nullptr ? QString() : QStringLiteral("%1 (%2)").arg(item->text, key.KeyName()));
+  key.SetTip(item == nullptr ? QString() : QStringLiteral("%1 (%2)").arg(item->text, key.KeyName()));
 }
 
 void SoftKeyBar::UpdateDisplay() {
@@ -166,8 +166,7 @@ void SoftKeyBar::UpdateDisplay() {
   for (int slot = 0; slot < slotCount_; ++slot) ShowItem(*Key(slot), ItemAt(slot));
   more_->setEnabled(PageCount() > 1);
   back_->setEnabled(InSubMenu() || IsInner() || page_ > 0);
-  more_->setText((orientation_ == Qt::Horizontal ? QStringLiteral("▶") : QStringLiteral("▼")) +
-                 (PageCount() > 1 ? QStringLiteral(" %1/%2").arg(page_ + 1).arg(PageCount()) : QString()));
+  more_->setText(PageCount() > 1 ? QStringLiteral("%1/%2").arg(page_ + 1).arg(PageCount()) : QString());
   Place();
 }
 

@@ -56,7 +56,7 @@ void StatusStrip::paintEvent(QPaintEvent*) {
   const Fields fields = Place();
   const QColor fill(channel_.color);
   theme::DrawField(painter, fields.state, fill, fill.lighter(130), 6);
-  const QColor ink(channel_.color == theme::kAmber ? theme::kDark : theme::kText);
+  const QColor ink = theme::InkOn(fill);
   theme::DrawText(painter, fields.state.adjusted(8, 0, -8, 0), Qt::AlignCenter, StateText(),
                   theme::FittingFont(StateText(), fields.state.width() - 16, fontPixels_ * 5 / 4, 11, true), ink);
   theme::DrawField(painter, fields.mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);

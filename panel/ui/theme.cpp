@@ -7,6 +7,8 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyleFactory>
+#include <QTextDocument>
+#include <QTextLayout>
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
@@ -41,7 +43,7 @@ QPalette DarkPalette() {
   palette.setColor(QPalette::Base, QColor(kSurface));
   palette.setColor(QPalette::AlternateBase, QColor(kRaised));
   palette.setColor(QPalette::Text, QColor(kText));
-  palette.setColor(QPalette::PlaceholderText, QColor(kFaint));
+  palette.setColor(QPalette::PlaceholderText, QColor(kMuted));
   palette.setColor(QPalette::Button, QColor(kRaised));
   palette.setColor(QPalette::ButtonText, QColor(kText));
   palette.setColor(QPalette::BrightText, QColor(kRed));
@@ -56,7 +58,66 @@ QPalette DarkPalette() {
   return palette;
 }
 
+/// The share of light that a channel gives, by its value from 0 to 1.
+double Linear(double channel) {
+  return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(const QColor& color) {
+  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
+}
+
+/// Breaks text into lines of that width. Its height.
+qreal BreakIntoLines(QTextLayout& layout, const QString& text, const QFont& font, Qt::Alignment alignment, int width) {
+  QTextOption option(alignment);
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QString lines = text;
+  lines.replace(QLatin1Char('\n'), QChar(QChar::LineSeparator));
+  layout.setText(lines);
+  layout.setFont(font);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  qreal height = 0;
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    line.setPosition(QPointF(0, height));
+    height += line.height();
+  }
+  layout.endLayout();
+  return height;
+}
+
+/// The first and last of a text's characters, kept in all, with a sign between for what is left out.
+QString WithoutMiddle(const QString& text, qsizetype kept) {
+  qsizetype first = (kept + 1) / 2;
+  qsizetype last = text.size() - kept / 2;
+  // A pair of surrogates stays together or goes.
+  if (first > 0 && text.at(first - 1).isHighSurrogate()) --first;
+  if (last < text.size() && text.at(last).isLowSurrogate()) ++last;
+  return text.left(first) + QChar(0x2026) + text.mid(last);
+}
+
 }  // namespace
+
+double Contrast(const QColor& one, const QColor& other) {
+  constexpr double kFlare = 0.05;
+  const auto [dark, bright] = std::minmax({Luminance(one), Luminance(other)});
+  return (bright + kFlare) / (dark + kFlare);
+}
+
+QColor InkOn(const QColor& fill) {
+  const QColor light(kText);
+  const QColor dark(kDark);
+  return Contrast(light, fill) >= Contrast(dark, fill) ? light : dark;
+}
+
+QColor HoverOf(const QColor& fill) {
+  // Away from its ink, so that the text on it is read no worse.
+  constexpr int kStep = 112;
+  return InkOn(fill) == QColor(kText) ? fill.darker(kStep) : fill.lighter(kStep);
+}
+
+QColor LatchedOf(const QColor& tint) { return tint.darker(170); }
 
 void Apply(QApplication& application) {
   if (QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"))) QApplication::setStyle(fusion);
@@ -102,13 +163,61 @@ int TouchPixels(const QWidget& widget) {
   return TouchPixels(screen == nullptr ? 96 : screen->physicalDotsPerInch());
 }
 
-void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color) {
+void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,
+              Qt::TextElideMode cut) {
   if (rect.width() <= 0 || rect.height() <= 0) return;
   painter.setFont(font);
   painter.setPen(color);
-  const QString shown =
-      (flags & Qt::TextWordWrap) != 0 ? text : QFontMetrics(font).elidedText(text, Qt::ElideRight, rect.width());
-  painter.drawText(rect, flags, shown);
+  painter.drawText(rect, flags, QFontMetrics(font).elidedText(text, cut, rect.width()));
+}
+
+QString ParagraphIn(const QString& text, const QFont& font, QSize field) {
+  const auto fits = [&](const QString& shown) {
+    QTextLayout layout;
+    const qreal height = BreakIntoLines(layout, shown, font, Qt::AlignLeft, field.width());
+    return height <= field.height() || layout.lineCount() == 1;
+  };
+  // No field of the panel has room for more; a text of any length costs no more than this one.
+  constexpr qsizetype kMost = 4000;
+  QString shown = text.size() > kMost ? WithoutMiddle(text, kMost) : text;
+  if (fits(shown)) return shown;
+  qsizetype fitting = 0;
+  qsizetype tooMany = std::min(text.size(), kMost);
+  while (tooMany - fitting > 1) {
+    const qsizetype kept = (fitting + tooMany) / 2;
+    (fits(WithoutMiddle(text, kept)) ? fitting : tooMany) = kept;
+  }
+  return WithoutMiddle(text, fitting);
+}
+
+void DrawParagraph(QPainter& painter, const QRect& rect, Qt::Alignment alignment, const QString& text,
+                   const QFont& font, QColor color) {
+  if (rect.width() <= 0 || rect.height() <= 0) return;
+  QTextLayout layout;
+  const qreal height = BreakIntoLines(layout, ParagraphIn(text, font, rect.size()), font,
+                                      alignment & Qt::AlignHorizontal_Mask, rect.width());
+  const qreal spare = rect.height() - height;
+  const qreal above = (alignment & Qt::AlignVCenter) != 0 ? spare / 2 : (alignment & Qt::AlignBottom) != 0 ? spare : 0;
+  painter.setPen(color);
+  layout.draw(&painter, QPointF(rect.left(), rect.top() + above));
+}
+
+void DrawArrow(QPainter& painter, const QRect& rect, Qt::ArrowType direction, QColor color) {
+  // Its tip to the right, around the origin, then turned.
+  const QPolygonF arrow({{0.45, 0}, {-0.35, -0.5}, {-0.35, 0.5}});
+  const qreal degrees = direction == Qt::DownArrow   ? 90
+                        : direction == Qt::LeftArrow ? 180
+                        : direction == Qt::UpArrow   ? 270
+                                                     : 0;
+  const qreal side = std::min(rect.width(), rect.height());
+  QTransform place;
+  place.translate(rect.x() + rect.width() / 2.0, rect.y() + rect.height() / 2.0).rotate(degrees).scale(side, side);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  painter.drawPolygon(place.map(arrow));
+  painter.restore();
 }
 
 void DrawField(QPainter& painter, const QRect& rect, QColor fill, QColor edge, int radius) {
@@ -119,6 +228,8 @@ void DrawField(QPainter& painter, const QRect& rect, QColor fill, QColor edge, i
   painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
   painter.restore();
 }
+
+QString PlainTip(const QString& text) { return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text; }
 
 QColor FromColorRef(std::uint32_t color) {
   return {static_cast<int>(color & 0xff), static_cast<int>((color >> 8) & 0xff),

@@ -50,7 +50,7 @@ TEST(ErrorIndicatorTest, EachClassHasItsColourAndItsWord) {
     ErrorIndicator indicator(nullptr);
     indicator.Show({5, row.kind, 0, 2}, 2);
     EXPECT_EQ(indicator.Fill(), theme::FromColorRef(row.color));
-    EXPECT_EQ(indicator.Ink(), QColor(Qt::white));
+    EXPECT_EQ(indicator.Ink(), theme::InkOn(indicator.Fill()));
     EXPECT_EQ(indicator.accessibleName(), row.spoken);
     EXPECT_FALSE(indicator.Flashes()) << "period 0";
   }

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+// The one conversion between what the machine reports and what an operator reads under G20.
+#pragma once
+
+namespace panel {
+
+inline constexpr double kMillimetresPerInch = 25.4;
+
+}  // namespace panel
