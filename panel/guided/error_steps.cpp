@@ -45,6 +45,7 @@ std::vector<Step> ErrorSteps() {
        [](Hands& h) {
          h.Press(Action::kClearError);
          h.window_.Desk().Store(QStringLiteral("C:\\POCKET.NC"));
+         h.Settle();
          PlaceCaret(h, QStringLiteral("F1000"));
          Raise(h, Fault::kProgramLine);
          return ErrorWindowStands(h);

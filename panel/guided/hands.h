@@ -24,6 +24,7 @@ class Hands {
       : window_(window), session_(session), op_(op), rig_(rig), folder_(folder) {}
 
   void Settle() {
+    while (window_.Working()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   }
 

@@ -65,14 +65,25 @@ void Operator::Touch() {
       this,
       [this] {
         touched_ = false;
+        DropStaleHint();
         emit Changed();
       },
       Qt::QueuedConnection);
 }
 
-void Operator::SetHint(const QString& text, bool warning) {
-  hint_ = {text, warning};
+void Operator::SetHint(const QString& text, bool warning, std::function<bool()> holds) {
+  hint_ = {text, warning, std::move(holds)};
   Touch();
+}
+
+void Operator::OnPress() {
+  if (hint_.text.isEmpty() || hint_.warning) return;
+  hint_ = {};
+  Touch();
+}
+
+void Operator::DropStaleHint() {
+  if (hint_.holds && !hint_.holds()) hint_ = {};
 }
 
 pnl::rig::MachineState Operator::Machine() const {
@@ -182,13 +193,15 @@ void Operator::CycleStart() {
   // A hidden command line still owns the block that it sent: its start key must reach it.
   if (mdi == 0 || (atRest && !session_.IsToolOpen(PNL_TOOL_MDI))) {
     if (machine_ != nullptr && state.feedHold) return machine_->FeedHold(false);
-    return SetHint(Say(Word::kNothingToStart), true);
+    return SetHint(Say(Word::kNothingToStart), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
   }
   PnlCycleStart record{};
   record.channel = kChannel;
   const auto address = reinterpret_cast<intptr_t>(&record);
   constexpr intptr_t kInspecting = 4;
-  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 2, address) == kInspecting) SetHint(Say(Word::kStartInInspection));
+  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 2, address) == kInspecting) {
+    SetHint(Say(Word::kStartInInspection), false, [this] { return Machine().inspecting; });
+  }
   PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 1, address);
 }
 
@@ -200,7 +213,7 @@ bool Operator::OpenTool(int tool) {
     return false;
   }
   if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandOpen, kChannel) == kRefused) {
-    SetHint(Say(Word::kMdiRefused), true);
+    SetHint(Say(Word::kMdiRefused), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
     return false;
   }
   return true;
@@ -274,7 +287,8 @@ void Operator::ClearError() {
   const bool seen = errors_.WindowShown();
   const int before = errors_.Standing();
   errors_.Acknowledge();
-  if (seen && errors_.WindowShown() && errors_.Standing() == before) SetHint(Say(Word::kErrorStays), true);
+  const auto stays = [this, before] { return errors_.WindowShown() && errors_.Standing() == before; };
+  if (seen && stays()) SetHint(Say(Word::kErrorStays), true, stays);
 }
 
 void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot) {

@@ -18,10 +18,12 @@
 
 namespace panel {
 
-/// The panel's own word to the operator, until the next thing he does.
+/// The panel's own word to the operator. What only tells goes with the next press of a key or a touch, a warning with
+/// the next thing that is asked of the panel; both go with their cause.
 struct Hint {
   QString text;
   bool warning = false;
+  std::function<bool()> holds;  // whether the cause is still there; empty for one that doesn't end
 };
 
 class Operator : public QObject {
@@ -57,7 +59,9 @@ class Operator : public QObject {
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
   [[nodiscard]] bool EmergencyStop() const { return emergencyStop_; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
-  void SetHint(const QString& text, bool warning = false);
+  void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
+  /// The operator has pressed something: what only tells has been seen.
+  void OnPress();
 
  signals:
   /// Something to draw changed; many changes come as one.
@@ -72,6 +76,7 @@ class Operator : public QObject {
 
  private:
   void Touch();
+  void DropStaleHint();
   void OnCalled(const HostCall& call);
   void OnMessage(std::uint32_t message, qint64 first, qint64 second);
   void OnToolClosed(int tool, int reason);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A tool's request for a file: the record that stands for it, and its answer.
+#include <sys/stat.h>
+
 #include <algorithm>
 
 #include "host/operator.h"
@@ -16,6 +18,21 @@ template <std::size_t N>
 void Put(const QString& text, char16_t (&field)[N]) {
   std::fill(std::begin(field), std::end(field), u'\0');
   std::copy_n(text.utf16(), text.size(), std::begin(field));
+}
+
+/// What changes whenever a file is written or replaced.
+struct FileStamp {
+  bool there = false;
+  ino_t number = 0;
+  std::int64_t seconds = 0;
+  std::int64_t nanoseconds = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
+FileStamp StampOf(const std::optional<std::string>& hostPath) {
+  struct stat facts {};
+  if (!hostPath || ::stat(hostPath->c_str(), &facts) != 0) return {};
+  return {true, facts.st_ino, facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec};
 }
 
 }  // namespace
@@ -46,7 +63,13 @@ bool Operator::AcceptFile(const QString& folder, const QString& file) {
   }
   Put(folder, request->Path);
   Put(file, request->File);
+  const QString path = folder + (folder.endsWith(QLatin1Char('\\')) ? QString() : QStringLiteral("\\")) + file;
+  const auto host = rig_ == nullptr ? std::nullopt : rig_->Files().HostPath(path.toStdU16String());
+  const FileStamp before = StampOf(host);
   EndRequest(true);
+  // The asker says what went wrong in a box of its own; what went well nobody says but the panel.
+  const FileStamp after = StampOf(host);
+  if (after.there && after != before) SetHint(Say(Word::kSaved, path));
   return true;
 }
 

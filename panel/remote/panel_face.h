@@ -20,6 +20,8 @@ class PanelFace {
   [[nodiscard]] virtual QWidget* ToolAreaWidget() = 0;
   /// The text of the program editor.
   [[nodiscard]] virtual QString ProgramText() const = 0;
+  /// Whether a program is on its way from a file or to one.
+  [[nodiscard]] virtual bool Working() const { return false; }
   /// Gives the tool area exactly that size, the rest of the panel around it.
   virtual void ResizeToolArea(const QSize& size) = 0;
   /// Who answers instead of the operator when the panel asks whether to go on; an empty function gives the questions

@@ -71,6 +71,7 @@ class RemoteControl::Impl {
     Settle();
     Params reader(params);
     RpcResult result = (*found)(world_, reader);
+    WaitWhile([this] { return world_.face.Working(); }, kPatienceMilliseconds);
     // Whoever posts to himself without end may still get a message with an address in it.
     if (Settle()) arguments_.Clear();
     return result;
@@ -102,6 +103,8 @@ class RemoteControl::Impl {
   }
 
   static constexpr int kLongestEcho = 100;
+  /// So long a reply waits for a program on its way.
+  static constexpr int kPatienceMilliseconds = 5000;
 
   HostSession& session_;
   pnl::rig::Rig& rig_;

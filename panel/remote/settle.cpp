@@ -2,8 +2,10 @@
 #include "remote/settle.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <QEventLoop>
+#include <QTimer>
 
 namespace panel {
 
@@ -38,6 +40,18 @@ bool Settle() {
     if (!spotter.spotted) return true;
   }
   return false;
+}
+
+bool WaitWhile(const std::function<bool()>& working, int milliseconds) {
+  QDeadlineTimer end(milliseconds);
+  // Wakes the loop at the end, also when nothing else happens any more.
+  QTimer alarm;
+  alarm.setSingleShot(true);
+  alarm.start(milliseconds);
+  while (working() && !end.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers | QEventLoop::WaitForMoreEvents);
+  }
+  return !working();
 }
 
 }  // namespace panel

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/axis_display.h"
@@ -94,7 +95,7 @@ void PanelWindow::Connect() {
   // Queued: whoever asks for it is still at work.
   connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
-  connect(desk_, &ProgramDesk::Said, &op_, &Operator::SetHint);
+  connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
   connect(mainBar_, &SoftKeyBar::Pressed, this,
           [this](int id, std::uint32_t menu) { OnItem(session_.MainBar().first, id, menu); });
   connect(sideBar_, &SoftKeyBar::Pressed, this,
@@ -106,8 +107,7 @@ void PanelWindow::MakeShortcuts() {
     for (const QKeySequence& keys : KeysOf(row.action)) {
       panelKeys_ << keys;
       auto* shortcut = new QShortcut(keys, this);
-      // A held start key starts once; only the override may repeat.
-      shortcut->setAutoRepeat(row.action == Action::kOverrideDown || row.action == Action::kOverrideUp);
+      shortcut->setAutoRepeat(Repeats(row.action));
       connect(shortcut, &QShortcut::activated, this, [this, action = row.action] { Trigger(action); });
     }
   }
@@ -123,6 +123,7 @@ void PanelWindow::MakeShortcuts() {
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) op_.OnPress();
   if (event->type() == QEvent::ShortcutOverride && !KeepsItsKeys(watched)) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
@@ -132,12 +133,16 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     }
   }
   const bool placed = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-  if (placed && watched->isWidgetType() && watched->property("pnlTool").isValid()) PlaceEditor();
+  if (placed && watched->isWidgetType() && watched->property("pnlTool").isValid()) {
+    PlaceErrors();
+    PlaceEditor();
+  }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
   if (shownOrHidden && cover) {
     mainBar_->setEnabled(!Covered());
     sideBar_->setEnabled(!Covered());
+    ShowSideBar();
   }
   return QWidget::eventFilter(watched, event);
 }
@@ -153,6 +158,8 @@ void PanelWindow::SetTabOrder() {
 }
 
 QString PanelWindow::ProgramText() const { return editor_->Text(); }
+
+bool PanelWindow::Working() const { return desk_->Working(); }
 
 void PanelWindow::ResizeToolArea(const QSize& size) {
   fixedToolArea_ = size.expandedTo(QSize(1, 1));
@@ -185,13 +192,16 @@ void PanelWindow::LayOut() {
   const int left = layout_.toolArea.left();
   // A small panel gives them the room of the soft keys too, which rest meanwhile.
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
-  const QRect cover(left, layout_.toolArea.top(), layout_.sideBar.right() + 1 - left,
-                    bottom + 1 - layout_.toolArea.top());
+  const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
+  const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
   for (QWidget* widget : std::initializer_list<QWidget*>{chooser_, question_, errorHelp_, errorList_}) {
     widget->setGeometry(cover);
   }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
   status_->SetFontPixels(pixels(14));
+  ShowSideBar();
+  axes_->SetFontPixels(pixels(14));
+  readings_->SetFontPixels(pixels(12));
   modal_->SetFontPixels(pixels(13));
   sideBar_->SetFontPixels(pixels(14));
   mainBar_->SetFontPixels(pixels(14));
@@ -202,7 +212,24 @@ void PanelWindow::LayOut() {
   question_->SetFontPixels(pixels(16));
   errorHelp_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
+  PlaceErrors();
   PlaceEditor();
+}
+
+void PanelWindow::PlaceErrors() {
+  // On a small screen the error window is bigger than the room that it has here. A script that asks for a room of its
+  // own gets the window as the tool makes it.
+  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
+  const QSize size = errors->size().boundedTo(toolArea_->size());
+  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
+  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
+  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
+}
+
+void PanelWindow::ShowSideBar() {
+  // A cover of a small panel would slice the bar, which begins above it.
+  sideBar_->setVisible(layout_.wide || !Covered());
 }
 
 void PanelWindow::PlaceEditor() {

@@ -41,6 +41,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] QWidget* PanelWidget() override { return this; }
   [[nodiscard]] QWidget* ToolAreaWidget() override { return toolArea_; }
   [[nodiscard]] QString ProgramText() const override;
+  [[nodiscard]] bool Working() const override;
   void ResizeToolArea(const QSize& size) override;
 
   /// Whether closing asks for changes that no file has; off where nobody is there to answer.
@@ -84,6 +85,9 @@ class PanelWindow : public QWidget, public PanelFace {
   void SetTabOrder();
   void LayOut();
   void PlaceEditor();
+  /// The error window inside the tool area, whole.
+  void PlaceErrors();
+  void ShowSideBar();
   void ShowMachine();
   void ShowBars();
   void ShowMessages();

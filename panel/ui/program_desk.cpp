@@ -7,7 +7,6 @@
 
 #include "ui/file_chooser.h"
 #include "ui/program_editor.h"
-#include "ui/program_file.h"
 #include "ui/question.h"
 
 namespace panel {
@@ -37,7 +36,15 @@ QString ProgramDesk::FolderOrPrograms(const QString& folder) const {
   return !path.isEmpty() && QFileInfo(path).isDir() ? folder : programsFolder_;
 }
 
+ProgramDesk::~ProgramDesk() { writer_.Finish(); }
+
+bool ProgramDesk::Working() const { return reader_.Working() || writer_.Working() || editor_.Filling(); }
+
 void ProgramDesk::AskToDiscard(std::function<void()> go) {
+  if (writer_.Working()) {
+    atRest_.push_back([this, go = std::move(go)] { AskToDiscard(go); });
+    return;
+  }
   if (!editor_.IsModified()) return go();
   question_.Ask(Say(Word::kDiscardChanges), {Say(Word::kDiscard), Say(Word::kCancel)},
                 [this, go = std::move(go)](int index) {
@@ -46,11 +53,17 @@ void ProgramDesk::AskToDiscard(std::function<void()> go) {
                 });
 }
 
+void ProgramDesk::DropReading() {
+  reader_.Drop();
+  editor_.SetBusy({});
+}
+
 void ProgramDesk::New() {
   AskToDiscard([this] {
+    DropReading();
     path_.clear();
-    carriageReturns_ = false;
-    editor_.SetProgram({}, {});
+    layout_ = {};
+    editor_.Fill({}, {}, [this] { Rest(); });
     editor_.setFocus();
   });
 }
@@ -92,44 +105,81 @@ void ProgramDesk::SaveAs() {
       [this] { editor_.setFocus(); });
 }
 
-bool ProgramDesk::Load(const QString& panelPath) {
-  const ProgramText program = ReadProgram(resolve_(panelPath));
-  if (program.outcome != FileOutcome::kDone) {
-    emit Said(Say(WordFor(program.outcome), panelPath), true);
-    return false;
-  }
-  path_ = panelPath;
-  carriageReturns_ = program.carriageReturns;
-  editor_.SetProgram(program.text, panelPath);
-  emit Said(Say(Word::kOpened, panelPath), false);
-  return true;
+void ProgramDesk::Load(const QString& panelPath) {
+  DropReading();
+  editor_.SetBusy(Say(Word::kOpening, panelPath));
+  reader_.Run<ProgramText>([host = resolve_(panelPath)] { return ReadProgram(host); },
+                           [this, panelPath](ProgramText program) { OnRead(panelPath, std::move(program)); });
 }
 
-bool ProgramDesk::Store(const QString& panelPath) {
-  const FileOutcome outcome = WriteProgram(resolve_(panelPath), editor_.Text(), carriageReturns_);
-  if (outcome != FileOutcome::kDone) {
-    emit Said(Say(WordFor(outcome), panelPath), true);
-    return false;
+void ProgramDesk::OnRead(const QString& panelPath, ProgramText program) {
+  editor_.SetBusy({});
+  if (program.outcome != FileOutcome::kDone) {
+    emit Said(Say(WordFor(program.outcome), panelPath), true);
+    return Rest();
   }
   path_ = panelPath;
-  editor_.SetName(panelPath);
-  editor_.SetSaved();
-  emit Said(Say(Word::kSaved, panelPath), false);
-  return true;
+  layout_ = std::move(program.layout);
+  editor_.Fill(program.text, panelPath, [this, panelPath] {
+    emit Said(Say(Word::kOpened, panelPath), false);
+    Rest();
+  });
+}
+
+void ProgramDesk::Store(const QString& panelPath) {
+  if (reader_.Working() || editor_.Filling()) {
+    emit Said(Say(Word::kStillOpening), true);
+    return;
+  }
+  if (writer_.Working()) {
+    storeNext_ = panelPath;
+    return;
+  }
+  pnl::rig::Rig* rig = PnlRig();
+  if (rig == nullptr) {
+    emit Said(Say(Word::kCannotSave, panelPath), true);
+    return;
+  }
+  writer_.Run<FileOutcome>([&storage = rig->Files(), host = resolve_(panelPath),
+                            text = editor_.RawText()] { return WriteProgram(storage, host, text); },
+                           [this, panelPath, revision = editor_.Revision()](FileOutcome outcome) {
+                             OnWritten(panelPath, revision, outcome);
+                           });
+}
+
+void ProgramDesk::OnWritten(const QString& panelPath, int revision, FileOutcome outcome) {
+  if (outcome == FileOutcome::kDone) {
+    path_ = panelPath;
+    layout_ = {};
+    editor_.SetName(panelPath);
+    // What was typed meanwhile no file has yet.
+    if (editor_.Revision() == revision) editor_.SetSaved();
+    emit Said(Say(Word::kSaved, panelPath), false);
+  } else {
+    emit Said(Say(WordFor(outcome), panelPath), true);
+  }
+  if (const QString next = std::exchange(storeNext_, QString()); !next.isEmpty()) return Store(next);
+  Rest();
+}
+
+void ProgramDesk::Rest() {
+  for (const auto& go : std::exchange(atRest_, {})) go();
 }
 
 std::optional<pnl::rig::ProgramSpot> ProgramDesk::CaretSpot() const {
-  if (path_.isEmpty() || editor_.IsModified()) return std::nullopt;
+  if (path_.isEmpty() || editor_.IsModified() || Working()) return std::nullopt;
   const QTextCursor caret = editor_.Edit().textCursor();
-  const QTextBlock block = caret.block();
-  // The editor counts one unit for a line's end, the file has two with carriage returns.
-  const int extra = carriageReturns_ ? block.blockNumber() : 0;
-  const QString before = block.text().left(caret.positionInBlock());
+  qint64 position = layout_.markBytes;
+  for (QTextBlock block = caret.document()->begin(); block != caret.block(); block = block.next()) {
+    position += layout_.BytesOf(block.text()) + layout_.EndBytes(block.blockNumber());
+  }
+  const QString before = caret.block().text().left(caret.positionInBlock());
+  const QString upToWord = before.left(before.lastIndexOf(QLatin1Char(' ')) + 1);
   pnl::rig::ProgramSpot spot;
   spot.folder = FolderAbove(path_).toStdU16String();
   spot.file = path_.section(QLatin1Char('\\'), -1).toStdU16String();
-  spot.position = block.position() + extra;
-  spot.span = static_cast<std::int32_t>(before.lastIndexOf(QLatin1Char(' ')) + 1);
+  spot.position = static_cast<std::int32_t>(position);
+  spot.span = static_cast<std::int32_t>(layout_.BytesOf(upToWord));
   return spot;
 }
 

@@ -2,11 +2,12 @@
 #include "ui/program_editor.h"
 
 #include <QPainter>
-#include <QRegularExpression>
-#include <QScroller>
-#include <QSyntaxHighlighter>
+#include <QSignalBlocker>
 #include <QTextBlock>
+#include <QTextDocument>
+#include <QTimerEvent>
 #include <algorithm>
+#include <utility>
 
 #include "ui/theme.h"
 #include "ui/words.h"
@@ -14,116 +15,13 @@
 namespace panel {
 namespace {
 
-/// The strip of numbers beside the text.
-class Numbers : public QWidget {
- public:
-  explicit Numbers(CodeEdit* edit) : QWidget(edit), edit_(edit) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override { edit_->PaintNumbers(event); }
-
- private:
-  CodeEdit* edit_;
-};
-
-/// Comments step back, G and M words step forward.
-class BlockColours : public QSyntaxHighlighter {
- public:
-  explicit BlockColours(QTextDocument* document) : QSyntaxHighlighter(document) {}
-
- protected:
-  void highlightBlock(const QString& text) override {
-    static const QRegularExpression words(QStringLiteral("[GM][0-9]+(?:\\.[0-9]+)?"));
-    static const QRegularExpression comments(QStringLiteral("\\([^)]*\\)?"));
-    Colour(text, words, theme::kAccent);
-    Colour(text, comments, theme::kMuted);
-  }
-
- private:
-  void Colour(const QString& text, const QRegularExpression& what, QRgb color) {
-    for (auto it = what.globalMatch(text); it.hasNext();) {
-      const auto match = it.next();
-      setFormat(static_cast<int>(match.capturedStart()), static_cast<int>(match.capturedLength()), QColor(color));
-    }
-  }
-};
+/// So long the panel works on a program before it looks at its keys again.
+constexpr int kSliceMilliseconds = 10;
+/// What one step takes, in characters; far below a slice's time. To take text away is quicker than to lay it out.
+constexpr qsizetype kStep = 16 * 1024;
+constexpr int kStepAway = 128 * 1024;
 
 }  // namespace
-
-CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbers(this)) {
-  setFrameShape(QFrame::NoFrame);
-  setLineWrapMode(QPlainTextEdit::NoWrap);
-  // Tab leads on through the panel: an operator without a mouse must get out of the editor.
-  setTabChangesFocus(true);
-  setCursorWidth(2);
-  new BlockColours(document());
-  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
-  connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEdit::PlaceNumbers);
-  connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEdit::LightCurrentLine);
-  connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& rect, int dy) {
-    if (dy != 0) {
-      numbers_->scroll(0, dy);
-    } else {
-      numbers_->update(0, rect.y(), numbers_->width(), rect.height());
-    }
-  });
-  PlaceNumbers();
-  LightCurrentLine();
-}
-
-// A gesture that nobody gives back stays with the program.
-CodeEdit::~CodeEdit() { QScroller::ungrabGesture(viewport()); }
-
-void CodeEdit::SetFontPixels(int pixels) {
-  setFont(theme::MonoFont(pixels));
-  PlaceNumbers();
-}
-
-int CodeEdit::NumbersWidth() const {
-  const auto digits = std::max<qsizetype>(3, QString::number(std::max(1, blockCount())).size());
-  return 14 + fontMetrics().horizontalAdvance(QLatin1Char('9')) * static_cast<int>(digits);
-}
-
-void CodeEdit::PlaceNumbers() {
-  const int width = NumbersWidth();
-  setViewportMargins(width, 0, 0, 0);
-  numbers_->setGeometry(contentsRect().left(), contentsRect().top(), width, contentsRect().height());
-}
-
-void CodeEdit::resizeEvent(QResizeEvent* event) {
-  QPlainTextEdit::resizeEvent(event);
-  PlaceNumbers();
-}
-
-void CodeEdit::LightCurrentLine() {
-  QTextEdit::ExtraSelection line;
-  line.format.setBackground(QColor(theme::kRaised));
-  line.format.setProperty(QTextFormat::FullWidthSelection, true);
-  line.cursor = textCursor();
-  line.cursor.clearSelection();
-  setExtraSelections({line});
-  numbers_->update();
-}
-
-void CodeEdit::PaintNumbers(QPaintEvent* event) {
-  QPainter painter(numbers_);
-  painter.fillRect(event->rect(), QColor(theme::kBackground));
-  painter.setFont(font());
-  const int current = textCursor().blockNumber();
-  QTextBlock block = firstVisibleBlock();
-  int top = qRound(blockBoundingGeometry(block).translated(contentOffset()).top());
-  while (block.isValid() && top <= event->rect().bottom()) {
-    const int height = qRound(blockBoundingRect(block).height());
-    if (block.isVisible() && top + height >= event->rect().top()) {
-      painter.setPen(QColor(block.blockNumber() == current ? theme::kAccent : theme::kFaint));
-      // By the height of a line: the last block's rectangle holds the margin of the document too.
-      painter.drawText(0, top, numbers_->width() - 7, fontMetrics().height(), Qt::AlignRight | Qt::AlignVCenter,
-                       QString::number(block.blockNumber() + 1));
-    }
-    block = block.next();
-    top += height;
-  }
-}
 
 ProgramEditor::ProgramEditor(QWidget* parent) : QWidget(parent), edit_(new CodeEdit(this)) {
   setFocusProxy(edit_);
@@ -132,10 +30,79 @@ ProgramEditor::ProgramEditor(QWidget* parent) : QWidget(parent), edit_(new CodeE
   connect(edit_->document(), &QTextDocument::modificationChanged, this, qOverload<>(&QWidget::update));
 }
 
-void ProgramEditor::SetProgram(const QString& text, const QString& name) {
-  edit_->setPlainText(text);
-  edit_->document()->setModified(false);
+void ProgramEditor::Begin(const QString& text, const QString& name, std::function<void()> shown) {
+  coming_ = text;
+  taken_ = 0;
+  inserted_.clear();
+  shown_ = std::move(shown);
   SetName(name);
+  edit_->setReadOnly(true);
+  // From its end a view would follow the text as it shrinks.
+  edit_->moveCursor(QTextCursor::Start);
+  // The old program can't come back, and the new one is no step to go back from.
+  edit_->document()->setUndoRedoEnabled(false);
+  slice_.start(0, this);
+}
+
+void ProgramEditor::Fill(const QString& text, const QString& name, std::function<void()> shown) {
+  Begin(text, name, std::move(shown));
+  QTimerEvent first(slice_.timerId());
+  timerEvent(&first);
+}
+
+void ProgramEditor::SetProgram(const QString& text, const QString& name) {
+  Begin(text, name, {});
+  Work(QDeadlineTimer(QDeadlineTimer::Forever));
+  End();
+}
+
+bool ProgramEditor::Work(QDeadlineTimer end) {
+  // Numbers and colours follow once a slice and not at every step.
+  const QSignalBlocker quiet(edit_);
+  bool more = true;
+  while (more && !end.hasExpired()) more = Step();
+  edit_->Refresh();
+  return more;
+}
+
+bool ProgramEditor::Step() {
+  QTextDocument* document = edit_->document();
+  QTextCursor end(document);
+  end.movePosition(QTextCursor::End);
+  if (taken_ == 0 && !document->isEmpty()) {
+    end.setPosition(std::max(0, end.position() - kStepAway), QTextCursor::KeepAnchor);
+    end.removeSelectedText();
+    return true;
+  }
+  if (taken_ >= coming_.size()) return false;
+  end.insertText(coming_.mid(taken_, kStep));
+  // The caret stays at the beginning, where the first step would push it away.
+  if (taken_ == 0) edit_->moveCursor(QTextCursor::Start);
+  taken_ += kStep;
+  return taken_ < coming_.size();
+}
+
+void ProgramEditor::End() {
+  slice_.stop();
+  coming_.clear();
+  edit_->document()->setUndoRedoEnabled(true);
+  edit_->document()->setModified(false);
+  edit_->setReadOnly(!busy_.isEmpty());
+  update();
+  if (const auto shown = std::exchange(shown_, nullptr)) shown();
+  if (const QString inserted = std::exchange(inserted_, QString()); !inserted.isEmpty()) Insert(inserted);
+}
+
+void ProgramEditor::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != slice_.timerId()) return QWidget::timerEvent(event);
+  if (Work(QDeadlineTimer(kSliceMilliseconds))) return update();
+  End();
+}
+
+void ProgramEditor::SetBusy(const QString& busy) {
+  busy_ = busy;
+  edit_->setReadOnly(!busy_.isEmpty() || Filling());
+  update();
 }
 
 void ProgramEditor::SetName(const QString& name) {
@@ -143,13 +110,24 @@ void ProgramEditor::SetName(const QString& name) {
   update();
 }
 
-QString ProgramEditor::Text() const { return edit_->toPlainText(); }
+QString ProgramEditor::Text() const { return RawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n')); }
+
+// Qt's plain text would turn every no-break space into a blank.
+QString ProgramEditor::RawText() const { return edit_->document()->toRawText(); }
+
+int ProgramEditor::Revision() const { return edit_->document()->revision(); }
 
 bool ProgramEditor::IsModified() const { return edit_->document()->isModified(); }
 
 void ProgramEditor::SetSaved() { edit_->document()->setModified(false); }
 
-void ProgramEditor::Insert(const QString& text) { edit_->insertPlainText(text); }
+void ProgramEditor::Insert(const QString& text) {
+  if (Filling()) {
+    inserted_ += text;
+  } else {
+    edit_->insertPlainText(text);
+  }
+}
 
 void ProgramEditor::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
@@ -165,15 +143,22 @@ void ProgramEditor::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   theme::DrawField(painter, rect(), QColor(theme::kSurface), QColor(theme::kBorder), 4);
   const QRect head(10, 0, width() - 20, HeadHeight());
-  const QString line = Say(Word::kLine, QString::number(edit_->textCursor().blockNumber() + 1));
+  QString right = Say(Word::kLine, QString::number(edit_->textCursor().blockNumber() + 1));
+  if (Filling()) right = QStringLiteral("%1 %").arg(coming_.isEmpty() ? 0 : taken_ * 100 / coming_.size());
   const QFont small = theme::Font(fontPixels_ * 7 / 8);
-  const int lineWidth = QFontMetrics(small).horizontalAdvance(line) + 8;
+  const int rightWidth = QFontMetrics(small).horizontalAdvance(right) + 8;
+  const QString name = !busy_.isEmpty() ? busy_ : name_.isEmpty() ? Say(Word::kNewProgram) : name_;
+  const QFont strong = theme::Font(fontPixels_, true);
+  const int dot = fontPixels_ / 2;
+  const QRect place = head.adjusted(0, 0, -rightWidth - dot - 8, 0);
+  theme::DrawText(painter, place, Qt::AlignLeft | Qt::AlignVCenter, name, strong, QColor(theme::kText),
+                  Qt::ElideMiddle);
+  theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, right, small, QColor(theme::kMuted));
+  if (!IsModified() || Filling()) return;
   // A dot says that there are changes that no file has yet.
-  const QString name =
-      (name_.isEmpty() ? Say(Word::kNewProgram) : name_) + (IsModified() ? QStringLiteral(" ●") : QString());
-  theme::DrawText(painter, head.adjusted(0, 0, -lineWidth, 0), Qt::AlignLeft | Qt::AlignVCenter, name,
-                  theme::Font(fontPixels_, true), QColor(theme::kText));
-  theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, line, small, QColor(theme::kMuted));
+  const int nameWidth = std::min(QFontMetrics(strong).horizontalAdvance(name), place.width());
+  const QRect sign(place.left() + nameWidth + 8, (HeadHeight() - dot) / 2, dot, dot);
+  theme::DrawField(painter, sign, QColor(theme::kText), QColor(theme::kText), dot / 2);
 }
 
 }  // namespace panel

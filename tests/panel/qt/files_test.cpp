@@ -6,10 +6,9 @@
 
 #include <QKeyEvent>
 
-#include "support/temp_folder.h"
+#include "panel/qt/files_fixture.h"
 #include "ui/file_chooser.h"
 #include "ui/panel_key.h"
-#include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/program_file.h"
 #include "ui/question.h"
@@ -17,24 +16,6 @@
 
 namespace panel {
 namespace {
-
-/// Drive C: on a folder of this test.
-class FilesTest : public ::testing::Test {
- protected:
-  [[nodiscard]] PathResolver Resolver() const {
-    const QString root = QString::fromStdString(folder_.Path().string());
-    return [root](const QString& path) {
-      if (!path.startsWith("C:")) return QString();
-      return root + QString(path.mid(2)).replace('\\', '/');
-    };
-  }
-  [[nodiscard]] QString Host(const char* name) const {
-    return QString::fromStdString((folder_.Path() / name).string());
-  }
-  void Protect(const char* name) const { QFile::setPermissions(Host(name), QFileDevice::ReadOwner); }
-
-  pnl::test::TempFolder folder_;
-};
 
 TEST_F(FilesTest, AProgramIsReadInTheEncodingItWasWrittenIn) {
   folder_.Write("utf8.nc", "(Ø 10)\nG0\n");
@@ -49,13 +30,22 @@ TEST_F(FilesTest, AProgramIsReadInTheEncodingItWasWrittenIn) {
   EXPECT_EQ(ReadProgram(Host("wide.nc")).text, "G0\n");
 }
 
-TEST_F(FilesTest, LineEndsComeBackAsTheyWere) {
-  folder_.Write("dos.nc", "G0\r\nM30\r\n");
-  const ProgramText program = ReadProgram(Host("dos.nc"));
-  EXPECT_EQ(program.text, "G0\nM30\n");
-  ASSERT_TRUE(program.carriageReturns);
-  ASSERT_EQ(WriteProgram(Host("dos.nc"), program.text, program.carriageReturns), FileOutcome::kDone);
-  EXPECT_EQ(folder_.Read("dos.nc"), "G0\r\nM30\r\n");
+FileOutcome Write(const QString& path, const QString& text) { return WriteProgram(PnlRig()->Files(), path, text); }
+
+TEST_F(FilesTest, AnyLineEndIsALineEndAndSavedLinesEndAsTheControlCountsThem) {
+  folder_.Write("any.nc", "G0\r\nG1\nG2\rG3\n\rG4\r\r\nM30");
+  const ProgramText program = ReadProgram(Host("any.nc"));
+  EXPECT_EQ(program.text, "G0\nG1\nG2\nG3\n\nG4\n\nM30");
+  ASSERT_EQ(Write(Host("any.nc"), program.text), FileOutcome::kDone);
+  EXPECT_EQ(folder_.Read("any.nc"), "G0\r\nG1\r\nG2\r\nG3\r\n\r\nG4\r\n\r\nM30");
+  EXPECT_EQ(ReadProgram(Host("any.nc")).text, program.text);
+}
+
+TEST_F(FilesTest, AProgramOfNothingAndOneOfLineEndsComeBack) {
+  for (const char* text : {"", "\n", "\n\n\n", "G0", "G0\n"}) {
+    ASSERT_EQ(Write(Host("few.nc"), text), FileOutcome::kDone);
+    EXPECT_EQ(ReadProgram(Host("few.nc")).text, text);
+  }
 }
 
 TEST_F(FilesTest, WhatIsNoProgramIsNotOpened) {
@@ -70,12 +60,32 @@ TEST_F(FilesTest, WhatIsNoProgramIsNotOpened) {
   EXPECT_EQ(ReadProgram(Host("huge.nc")).outcome, FileOutcome::kTooBig);
 }
 
+TEST_F(FilesTest, ALineThatNoProgramHasIsRefusedBeforeItHangsTheEditor) {
+  folder_.Write("long.nc", "G0\n" + std::string(kLongestProgramLine, 'X') + "\nM30\n");
+  EXPECT_EQ(ReadProgram(Host("long.nc")).outcome, FileOutcome::kDone);
+  folder_.Write("long.nc", "G0\n" + std::string(kLongestProgramLine + 1, 'X'));
+  EXPECT_EQ(ReadProgram(Host("long.nc")).outcome, FileOutcome::kNotAText);
+}
+
 TEST_F(FilesTest, AReadOnlyProgramIsNotReplaced) {
   folder_.Write("keep.nc", "old");
   Protect("keep.nc");
-  EXPECT_EQ(WriteProgram(Host("keep.nc"), "new", false), FileOutcome::kCannotSave);
+  EXPECT_EQ(Write(Host("keep.nc"), "new"), FileOutcome::kCannotSave);
   EXPECT_EQ(folder_.Read("keep.nc"), "old");
-  EXPECT_EQ(WriteProgram(Host("no/folder/x.nc"), "new", false), FileOutcome::kCannotSave);
+  EXPECT_EQ(Write(Host("no/folder/x.nc"), "new"), FileOutcome::kCannotSave);
+  EXPECT_EQ(Write(QString(), "new"), FileOutcome::kCannotSave);
+  (void)folder_.Folder("sub.nc");
+  EXPECT_EQ(Write(Host("sub.nc"), "new"), FileOutcome::kCannotSave);
+}
+
+TEST_F(FilesTest, AProgramIsReplacedAsTheToolsReplaceTheirFiles) {
+  folder_.Write("real.nc", "old");
+  std::filesystem::permissions(folder_.Path() / "real.nc", std::filesystem::perms(0640));
+  std::filesystem::create_symlink(folder_.Path() / "real.nc", folder_.Path() / "link.nc");
+  ASSERT_EQ(Write(Host("link.nc"), "new\n"), FileOutcome::kDone);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path() / "link.nc")) << "a link stays in its place";
+  EXPECT_EQ(folder_.Read("real.nc"), "new\r\n");
+  EXPECT_EQ(std::filesystem::status(folder_.Path() / "real.nc").permissions(), std::filesystem::perms(0640));
 }
 
 TEST(PathTest, FoldersJoinAndClimb) {
@@ -266,74 +276,6 @@ TEST_F(ChooserTest, KeysAndRowsAreBigEnoughForAFinger) {
   for (PanelKey* key : chooser_.Keys()) EXPECT_GE(std::min(key->width(), key->height()), touch);
   EXPECT_GE(chooser_.List().visualItemRect(chooser_.List().item(0)).height(), touch);
   EXPECT_GE(chooser_.NameEdit().height(), touch);
-}
-
-class DeskTest : public FilesTest {
- protected:
-  DeskTest() : editor_(&window_), chooser_(Resolver(), &window_), question_(&window_), desk_(MakeDesk()) {
-    folder_.Write("PROGRAMS/a.nc", "G0 X1\n");
-    QObject::connect(desk_.get(), &ProgramDesk::Said, desk_.get(),
-                     [this](const QString& text, bool warning) { said_ << (warning ? "!" : "") + text; });
-    window_.show();
-  }
-  std::unique_ptr<ProgramDesk> MakeDesk() {
-    return std::make_unique<ProgramDesk>(editor_, chooser_, question_, Resolver(), nullptr);
-  }
-
-  QWidget window_;
-  ProgramEditor editor_;
-  FileChooser chooser_;
-  Question question_;
-  std::unique_ptr<ProgramDesk> desk_;
-  QStringList said_;
-};
-
-TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
-  desk_->Open();
-  ASSERT_TRUE(chooser_.Stands());
-  EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
-  chooser_.NameEdit().setText("a.nc");
-  chooser_.Accept();
-  EXPECT_EQ(editor_.Text(), "G0 X1\n");
-  EXPECT_FALSE(editor_.IsModified());
-  editor_.Insert("(first)\n");
-  EXPECT_TRUE(editor_.IsModified());
-  desk_->Save();
-  EXPECT_FALSE(editor_.IsModified());
-  EXPECT_EQ(folder_.Read("PROGRAMS/a.nc"), "(first)\nG0 X1\n");
-  EXPECT_EQ(said_, (QStringList{"Opened: C:\\PROGRAMS\\a.nc", "Saved: C:\\PROGRAMS\\a.nc"}));
-}
-
-TEST_F(DeskTest, ANewProgramIsAskedForItsName) {
-  editor_.Insert("M30\n");
-  desk_->Save();
-  ASSERT_TRUE(chooser_.Stands());
-  chooser_.NameEdit().setText("b");
-  chooser_.Accept();
-  EXPECT_EQ(folder_.Read("PROGRAMS/b.nc"), "M30\n");
-  EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\b.nc");
-}
-
-TEST_F(DeskTest, ChangesAreNotDroppedWithoutAsking) {
-  editor_.Insert("G1");
-  desk_->New();
-  ASSERT_TRUE(question_.Stands());
-  question_.Answer(1);
-  EXPECT_EQ(editor_.Text(), "G1");
-  desk_->New();
-  question_.Answer(0);
-  EXPECT_EQ(editor_.Text(), "");
-}
-
-TEST_F(DeskTest, AFileThatCannotBeReadOrWrittenLeavesTheTextAndSaysSo) {
-  editor_.Insert("G1");
-  EXPECT_FALSE(desk_->Load("C:\\PROGRAMS\\none.nc"));
-  EXPECT_FALSE(desk_->Store("C:\\NONE\\x.nc"));
-  EXPECT_FALSE(desk_->Store("X:\\x.nc"));
-  EXPECT_EQ(editor_.Text(), "G1");
-  EXPECT_TRUE(editor_.IsModified());
-  EXPECT_EQ(said_, (QStringList{"!Can't be read: C:\\PROGRAMS\\none.nc", "!Can't be written: C:\\NONE\\x.nc",
-                                "!Can't be written: X:\\x.nc"}));
 }
 
 TEST(EditorTest, AnInsertedBlockGoesToTheCaretAndOneStepBackUndoesIt) {

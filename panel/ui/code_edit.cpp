@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "ui/code_edit.h"
+
+#include <QPainter>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QScroller>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "ui/theme.h"
+
+namespace panel {
+namespace {
+
+/// The strip of numbers beside the text.
+class Numbers : public QWidget {
+ public:
+  explicit Numbers(CodeEdit* edit) : QWidget(edit), edit_(edit) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override { edit_->PaintNumbers(event); }
+
+ private:
+  CodeEdit* edit_;
+};
+
+void Colour(const QTextBlock& block, const QString& text, const QRegularExpression& what, QRgb color,
+            QList<QTextEdit::ExtraSelection>& into) {
+  for (auto it = what.globalMatch(text); it.hasNext();) {
+    const auto match = it.next();
+    QTextEdit::ExtraSelection word;
+    word.format.setForeground(QColor(color));
+    word.cursor = QTextCursor(block);
+    word.cursor.setPosition(block.position() + static_cast<int>(match.capturedStart()));
+    word.cursor.setPosition(block.position() + static_cast<int>(match.capturedEnd()), QTextCursor::KeepAnchor);
+    into << word;
+  }
+}
+
+/// G and M words step forward, comments back, the words in a comment with it.
+void ColourBlock(const QTextBlock& block, QList<QTextEdit::ExtraSelection>& into) {
+  static const QRegularExpression words(QStringLiteral("[GM][0-9]+(?:\\.[0-9]+)?"));
+  static const QRegularExpression comments(QStringLiteral("\\([^)]*\\)?"));
+  // Nobody sees more of a line.
+  constexpr qsizetype kMost = 2000;
+  const QString text = block.text().left(kMost);
+  Colour(block, text, words, theme::kAccent, into);
+  Colour(block, text, comments, theme::kMuted, into);
+}
+
+}  // namespace
+
+CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbers(this)) {
+  setFrameShape(QFrame::NoFrame);
+  setLineWrapMode(QPlainTextEdit::NoWrap);
+  // Tab leads on through the panel: an operator without a mouse must get out of the editor.
+  setTabChangesFocus(true);
+  setCursorWidth(2);
+  QScroller::grabGesture(viewport(), QScroller::TouchGesture);
+  connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEdit::PlaceNumbers);
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEdit::Light);
+  connect(this, &QPlainTextEdit::textChanged, this, &CodeEdit::Light);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CodeEdit::Light);
+  connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& rect, int dy) {
+    if (dy != 0) {
+      numbers_->scroll(0, dy);
+    } else {
+      numbers_->update(0, rect.y(), numbers_->width(), rect.height());
+    }
+  });
+  PlaceNumbers();
+  Light();
+}
+
+// A gesture that nobody gives back stays with the program.
+CodeEdit::~CodeEdit() { QScroller::ungrabGesture(viewport()); }
+
+void CodeEdit::SetFontPixels(int pixels) {
+  setFont(theme::MonoFont(pixels));
+  PlaceNumbers();
+}
+
+int CodeEdit::NumbersWidth() const {
+  const auto digits = std::max<qsizetype>(3, QString::number(std::max(1, blockCount())).size());
+  return 14 + fontMetrics().horizontalAdvance(QLatin1Char('9')) * static_cast<int>(digits);
+}
+
+void CodeEdit::Refresh() {
+  PlaceNumbers();
+  Light();
+}
+
+void CodeEdit::PlaceNumbers() {
+  const int width = NumbersWidth();
+  setViewportMargins(width, 0, 0, 0);
+  numbers_->setGeometry(contentsRect().left(), contentsRect().top(), width, contentsRect().height());
+}
+
+void CodeEdit::resizeEvent(QResizeEvent* event) {
+  // Without wrapping no line depends on the width. The base would lay every line of the program out anew for it; all
+  // that is needed is the scroll bars, which follow the size of the document.
+  QAbstractScrollArea::resizeEvent(event);
+  emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
+  PlaceNumbers();
+  Light();
+}
+
+void CodeEdit::Light() {
+  QTextEdit::ExtraSelection line;
+  line.format.setBackground(QColor(theme::kRaised));
+  line.format.setProperty(QTextFormat::FullWidthSelection, true);
+  line.cursor = textCursor();
+  line.cursor.clearSelection();
+  QList<QTextEdit::ExtraSelection> marks{line};
+  QTextBlock block = firstVisibleBlock();
+  for (int seen = viewport()->height() / std::max(1, fontMetrics().height()) + 2; seen > 0 && block.isValid(); --seen) {
+    ColourBlock(block, marks);
+    block = block.next();
+  }
+  setExtraSelections(marks);
+  numbers_->update();
+}
+
+void CodeEdit::PaintNumbers(QPaintEvent* event) {
+  QPainter painter(numbers_);
+  painter.fillRect(event->rect(), QColor(theme::kBackground));
+  painter.setFont(font());
+  const int current = textCursor().blockNumber();
+  QTextBlock block = firstVisibleBlock();
+  int top = qRound(blockBoundingGeometry(block).translated(contentOffset()).top());
+  while (block.isValid() && top <= event->rect().bottom()) {
+    const int height = qRound(blockBoundingRect(block).height());
+    if (block.isVisible() && top + height >= event->rect().top()) {
+      painter.setPen(QColor(block.blockNumber() == current ? theme::kAccent : theme::kMuted));
+      // By the height of a line: the last block's rectangle holds the margin of the document too.
+      painter.drawText(0, top, numbers_->width() - 7, fontMetrics().height(), Qt::AlignRight | Qt::AlignVCenter,
+                       QString::number(block.blockNumber() + 1));
+    }
+    block = block.next();
+    top += height;
+  }
+}
+
+}  // namespace panel

@@ -1,0 +1,355 @@
+// SPDX-License-Identifier: MIT
+// Programs opened, changed and saved while the panel goes on hearing its keys: what is on its way, what is asked
+// meanwhile, and what is said in the end.
+#include "ui/program_desk.h"
+
+#include <QCoreApplication>
+#include <QTextBlock>
+
+#include "panel/qt/files_fixture.h"
+#include "remote/settle.h"
+#include "ui/file_chooser.h"
+#include "ui/program_editor.h"
+#include "ui/question.h"
+
+namespace panel {
+namespace {
+
+constexpr int kPatience = 60'000;
+
+class DeskTest : public FilesTest {
+ protected:
+  DeskTest() : editor_(&window_), chooser_(Resolver(), &window_), question_(&window_), desk_(MakeDesk()) {
+    UseWords("en");
+    folder_.Write("PROGRAMS/a.nc", "G0 X1\n");
+    Listen();
+    window_.show();
+  }
+  std::unique_ptr<ProgramDesk> MakeDesk() {
+    return std::make_unique<ProgramDesk>(editor_, chooser_, question_, Resolver(), nullptr);
+  }
+  void Listen() {
+    QObject::connect(desk_.get(), &ProgramDesk::Said, desk_.get(),
+                     [this](const QString& text, bool warning) { said_ << (warning ? "!" : "") + text; });
+  }
+  /// Until nothing is on its way.
+  void Rest() {
+    ASSERT_TRUE(WaitWhile([this] { return desk_->Working(); }, kPatience));
+  }
+  void Load(const char* name) {
+    desk_->Load(QString("C:\\") + name);
+    Rest();
+  }
+  void Store(const char* name) {
+    desk_->Store(QString("C:\\") + name);
+    Rest();
+  }
+
+  QWidget window_;
+  ProgramEditor editor_;
+  FileChooser chooser_;
+  Question question_;
+  std::unique_ptr<ProgramDesk> desk_;
+  QStringList said_;
+};
+
+TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
+  desk_->Open();
+  ASSERT_TRUE(chooser_.Stands());
+  EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
+  chooser_.NameEdit().setText("a.nc");
+  chooser_.Accept();
+  Rest();
+  EXPECT_EQ(editor_.Text(), "G0 X1\n");
+  EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\a.nc");
+  EXPECT_FALSE(editor_.IsModified());
+  editor_.Insert("(first)\n");
+  EXPECT_TRUE(editor_.IsModified());
+  desk_->Save();
+  Rest();
+  EXPECT_FALSE(editor_.IsModified());
+  EXPECT_EQ(folder_.Read("PROGRAMS/a.nc"), "(first)\r\nG0 X1\r\n");
+  EXPECT_EQ(said_, (QStringList{"Opened: C:\\PROGRAMS\\a.nc", "Saved: C:\\PROGRAMS\\a.nc"}));
+}
+
+TEST_F(DeskTest, ANewProgramIsAskedForItsName) {
+  editor_.Insert("M30\n");
+  desk_->Save();
+  ASSERT_TRUE(chooser_.Stands());
+  chooser_.NameEdit().setText("b");
+  chooser_.Accept();
+  Rest();
+  EXPECT_EQ(folder_.Read("PROGRAMS/b.nc"), "M30\r\n");
+  EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\b.nc");
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\b.nc");
+}
+
+TEST_F(DeskTest, ChangesAreNotDroppedWithoutAsking) {
+  editor_.Insert("G1");
+  desk_->New();
+  ASSERT_TRUE(question_.Stands());
+  question_.Answer(1);
+  EXPECT_EQ(editor_.Text(), "G1");
+  desk_->New();
+  question_.Answer(0);
+  EXPECT_EQ(editor_.Text(), "");
+  EXPECT_FALSE(editor_.IsModified());
+}
+
+TEST_F(DeskTest, AFileThatCannotBeReadOrWrittenLeavesTheTextAndSaysSo) {
+  editor_.Insert("G1");
+  Load("PROGRAMS\\none.nc");
+  Store("NONE\\x.nc");
+  desk_->Store("X:\\x.nc");
+  Rest();
+  EXPECT_EQ(editor_.Text(), "G1");
+  EXPECT_TRUE(editor_.IsModified());
+  EXPECT_FALSE(editor_.Edit().isReadOnly());
+  EXPECT_EQ(said_, (QStringList{"!Can't be read: C:\\PROGRAMS\\none.nc", "!Can't be written: C:\\NONE\\x.nc",
+                                "!Can't be written: X:\\x.nc"}));
+}
+
+TEST_F(DeskTest, ANoBreakSpaceComesBackFromTheEditor) {
+  folder_.Write("space.nc", "(10\xC2\xA0mm)\n");
+  Load("space.nc");
+  Store("space.nc");
+  EXPECT_EQ(folder_.Read("space.nc"), "(10\xC2\xA0mm)\r\n");
+}
+
+TEST_F(DeskTest, NothingCanBeTypedIntoAProgramOnItsWay) {
+  editor_.Insert("old");
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  EXPECT_TRUE(desk_->Working());
+  EXPECT_TRUE(editor_.Edit().isReadOnly());
+  desk_->Store("C:\\PROGRAMS\\other.nc");
+  EXPECT_EQ(said_, QStringList{"!The program is still being opened"});
+  Rest();
+  EXPECT_FALSE(editor_.Edit().isReadOnly());
+  EXPECT_EQ(editor_.Text(), "G0 X1\n");
+  EXPECT_FALSE(folder_.Has("PROGRAMS/other.nc"));
+}
+
+TEST_F(DeskTest, ANewProgramTakesThePlaceOfOneOnItsWay) {
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  desk_->New();
+  Rest();
+  for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(editor_.Text(), "");
+  EXPECT_EQ(desk_->Path(), "");
+  EXPECT_FALSE(editor_.Edit().isReadOnly());
+  EXPECT_TRUE(said_.isEmpty()) << said_.join('|').toStdString();
+}
+
+TEST_F(DeskTest, TheLastOfTwoProgramsThatAreOpenedIsShown) {
+  folder_.Write("PROGRAMS/b.nc", "G1 Y2\n");
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  desk_->Load("C:\\PROGRAMS\\b.nc");
+  Rest();
+  EXPECT_EQ(editor_.Text(), "G1 Y2\n");
+  EXPECT_EQ(said_, QStringList{"Opened: C:\\PROGRAMS\\b.nc"});
+}
+
+TEST_F(DeskTest, WhatIsTypedWhileAProgramIsWrittenStaysAChange) {
+  editor_.Insert("G1\n");
+  desk_->Store("C:\\c.nc");
+  editor_.Insert("G2\n");
+  Rest();
+  EXPECT_EQ(folder_.Read("c.nc"), "G1\r\n");
+  EXPECT_TRUE(editor_.IsModified());
+  EXPECT_EQ(editor_.Name(), "C:\\c.nc");
+}
+
+TEST_F(DeskTest, ASecondSaveWaitsForTheFirst) {
+  editor_.Insert("G1\n");
+  desk_->Store("C:\\c.nc");
+  editor_.Insert("G2\n");
+  desk_->Store("C:\\c.nc");
+  Rest();
+  EXPECT_EQ(folder_.Read("c.nc"), "G1\r\nG2\r\n");
+  EXPECT_FALSE(editor_.IsModified());
+  EXPECT_EQ(said_, (QStringList{"Saved: C:\\c.nc", "Saved: C:\\c.nc"}));
+}
+
+TEST_F(DeskTest, WhoDiscardsWhileAProgramIsWrittenIsNotAskedForIt) {
+  editor_.Insert("G1\n");
+  desk_->Store("C:\\c.nc");
+  desk_->New();
+  EXPECT_EQ(editor_.Text(), "G1\n") << "not before it is written";
+  Rest();
+  EXPECT_FALSE(question_.Stands());
+  EXPECT_EQ(editor_.Text(), "");
+  EXPECT_EQ(folder_.Read("c.nc"), "G1\r\n");
+}
+
+TEST_F(DeskTest, TheEndOfThePanelWaitsForAProgramThatIsBeingWritten) {
+  editor_.Insert(QString("G1 X1\n").repeated(50'000));
+  desk_->Store("C:\\c.nc");
+  desk_.reset();
+  EXPECT_EQ(folder_.Read("c.nc").size(), 50'000u * 7);
+}
+
+TEST_F(DeskTest, TheCaretsSpotIsInBytesOfTheFile) {
+  struct Row {
+    const char* name;
+    std::string bytes;
+  };
+  const auto wide = [](std::u16string_view text, bool big) {
+    std::string bytes = big ? "\xFE\xFF" : "\xFF\xFE";
+    for (const char16_t unit : text) {
+      const char low = static_cast<char>(unit & 0xFF);
+      const char high = static_cast<char>(unit >> 8);
+      bytes += big ? std::string{high, low} : std::string{low, high};
+    }
+    return bytes;
+  };
+  for (const Row& row :
+       {Row{"dos", "(\xC3\x98 10)\r\n(\xC3\xA9)\r\nG1 X2 F9\r\n"}, Row{"unix", "(\xC3\x98 10)\n(\xC3\xA9)\nG1 X2 F9\n"},
+        Row{"mixed", "(\xC3\x98 10)\r\n(\xC3\xA9)\nG1 X2 F9\r"},
+        Row{"mark", "\xEF\xBB\xBF(\xC3\x98 10)\r\n(\xC3\xA9)\r\nG1 X2 F9\r\n"},
+        Row{"latin", "(\xD8 10)\r\n(\xE9)\r\nG1 X2 F9\r\n"}, Row{"wide", wide(u"(Ø 10)\r\n(é)\nG1 X2 F9\r\n", false)},
+        Row{"wideBig", wide(u"(Ø 10)\r\n(é)\nG1 X2 F9\r\n", true)}}) {
+    folder_.Write("spot.nc", row.bytes);
+    Load("spot.nc");
+    QTextCursor caret = editor_.Edit().textCursor();
+    caret.setPosition(caret.document()->findBlockByNumber(2).position() + 4);
+    editor_.Edit().setTextCursor(caret);
+    const auto spot = desk_->CaretSpot();
+    ASSERT_TRUE(spot) << row.name;
+    const bool isWide = std::string_view(row.name).starts_with("wide");
+    const std::string block = isWide ? wide(u"G1 X2", row.name == std::string_view("wideBig")).substr(2) : "G1 X2";
+    EXPECT_EQ(row.bytes.substr(static_cast<std::size_t>(spot->position), block.size()), block) << row.name;
+    EXPECT_EQ(spot->span, isWide ? 6 : 3) << row.name;
+    EXPECT_EQ(spot->folder, u"C:\\");
+    EXPECT_EQ(spot->file, u"spot.nc");
+  }
+}
+
+TEST_F(DeskTest, AChangedProgramHasNoSpotUntilItIsSaved) {
+  Load("PROGRAMS\\a.nc");
+  EXPECT_TRUE(desk_->CaretSpot());
+  editor_.Insert("(\xC3\x98)\n");
+  EXPECT_FALSE(desk_->CaretSpot());
+  desk_->Store("C:\\PROGRAMS\\a.nc");
+  EXPECT_FALSE(desk_->CaretSpot()) << "not while it is being written";
+  Rest();
+  ASSERT_TRUE(desk_->CaretSpot());
+  EXPECT_EQ(desk_->CaretSpot()->position, static_cast<int>(folder_.Read("PROGRAMS/a.nc").find("G0")));
+}
+
+/// A program of so many lines, each with its number.
+QString LongProgram(int lines) {
+  QString text;
+  for (int i = 0; i < lines; ++i) text += QStringLiteral("N%1 G1 X1\n").arg(i);
+  return text;
+}
+
+class FillTest : public ::testing::Test {
+ protected:
+  FillTest() : editor_(nullptr) {
+    editor_.resize(400, 300);
+    editor_.show();
+  }
+  [[nodiscard]] bool Filled() {
+    return WaitWhile([this] { return editor_.Filling(); }, kPatience);
+  }
+  ProgramEditor editor_;
+};
+
+TEST_F(FillTest, ThePanelHearsItsKeysWhileABigProgramComes) {
+  const QString text = LongProgram(150'000);
+  bool shown = false;
+  editor_.Fill(text, "BIG", [&] { shown = true; });
+  EXPECT_TRUE(editor_.Filling());
+  EXPECT_FALSE(shown);
+  // Each of these stands for a key that comes after what went before it was handled.
+  int heard = 0;
+  std::function<void()> next = [&] {
+    ++heard;
+    if (editor_.Filling()) QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+  };
+  QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+  ASSERT_TRUE(Filled());
+  EXPECT_GT(heard, 10);
+  EXPECT_TRUE(shown);
+  EXPECT_EQ(editor_.Text(), text);
+  EXPECT_EQ(editor_.Edit().textCursor().position(), 0);
+  EXPECT_FALSE(editor_.IsModified());
+  EXPECT_FALSE(editor_.Edit().document()->isUndoAvailable());
+  EXPECT_FALSE(editor_.Edit().isReadOnly());
+  // And away again, as gently.
+  editor_.Fill("G0\n", "SMALL", [&] { shown = false; });
+  EXPECT_TRUE(editor_.Filling());
+  ASSERT_TRUE(Filled());
+  EXPECT_EQ(editor_.Text(), "G0\n");
+  EXPECT_FALSE(shown);
+}
+
+TEST_F(FillTest, ASmallProgramIsThereAtOnce) {
+  bool shown = false;
+  editor_.Fill("G0\nM30\n", "SMALL", [&] { shown = true; });
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(editor_.Filling());
+  EXPECT_EQ(editor_.Text(), "G0\nM30\n");
+}
+
+TEST_F(FillTest, WhatIsInsertedMeanwhileComesWhenTheProgramIsThere) {
+  const QString text = LongProgram(150'000);
+  editor_.Fill(text, "BIG");
+  ASSERT_TRUE(editor_.Filling());
+  editor_.Insert("S1000\n");
+  editor_.Insert("F200\n");
+  EXPECT_TRUE(editor_.Edit().isReadOnly());
+  ASSERT_TRUE(Filled());
+  EXPECT_EQ(editor_.Text(), "S1000\nF200\n" + text);
+  EXPECT_TRUE(editor_.IsModified());
+  editor_.Edit().undo();
+  EXPECT_EQ(editor_.Text(), text);
+}
+
+TEST_F(FillTest, AnotherProgramDropsTheOneOnItsWay) {
+  bool first = false;
+  bool second = false;
+  editor_.Fill(LongProgram(150'000), "BIG", [&] { first = true; });
+  editor_.Insert("lost");
+  editor_.Fill("G1", "OTHER", [&] { second = true; });
+  ASSERT_TRUE(Filled());
+  EXPECT_EQ(editor_.Text(), "G1");
+  EXPECT_EQ(editor_.Name(), "OTHER");
+  EXPECT_FALSE(first);
+  EXPECT_TRUE(second);
+}
+
+TEST_F(FillTest, OnlyTheLinesThatAreSeenAreColoured) {
+  editor_.SetProgram(LongProgram(150'000), "BIG");
+  EXPECT_LT(editor_.Edit().extraSelections().size(), 100);
+  EXPECT_GT(editor_.Edit().extraSelections().size(), 5);
+  editor_.Edit().moveCursor(QTextCursor::End);
+  int last = 0;
+  for (const auto& mark : editor_.Edit().extraSelections()) last = std::max(last, mark.cursor.position());
+  EXPECT_GT(last, editor_.Edit().document()->characterCount() - 100);
+}
+
+TEST_F(FillTest, GAndMWordsAndCommentsHaveTheirColours) {
+  editor_.SetProgram("G54.1 X1 (G0) M30 (open", "P");
+  QStringList words;
+  for (const auto& mark : editor_.Edit().extraSelections()) {
+    if (mark.cursor.hasSelection()) words << mark.cursor.selectedText();
+  }
+  EXPECT_EQ(words, (QStringList{"G54.1", "G0", "M30", "(G0)", "(open"}));
+  editor_.Insert("M5 ");
+  bool found = false;
+  for (const auto& mark : editor_.Edit().extraSelections()) found = found || mark.cursor.selectedText() == "M5";
+  EXPECT_TRUE(found) << "what is typed is coloured at once";
+}
+
+TEST_F(FillTest, TheScrollBarsFollowTheSizeOfTheEditor) {
+  editor_.SetProgram(LongProgram(1000), "P");
+  const int before = editor_.Edit().verticalScrollBar()->pageStep();
+  editor_.resize(300, 150);
+  QCoreApplication::processEvents();
+  EXPECT_LT(editor_.Edit().verticalScrollBar()->pageStep(), before);
+  EXPECT_GT(editor_.Edit().verticalScrollBar()->maximum(), 900);
+}
+
+}  // namespace
+}  // namespace panel
