@@ -37,10 +37,20 @@ void FailingFiles::FailReadsAfter(TextView path, std::uint64_t bytes) { brokenRe
 void FailingFiles::Heal() {
   failures_.clear();
   brokenReads_.clear();
+  away_.clear();
   room_.reset();
 }
 
+bool FailingFiles::IsAway(TextView path) const {
+  return std::any_of(away_.begin(), away_.end(), [path](const Text& folder) {
+    const TextView beginning = path.substr(0, folder.size());
+    const bool whole = path.size() <= folder.size() || folder.empty() || path[folder.size()] == u'\\';
+    return whole && EqualNoCase(beginning, folder);
+  });
+}
+
 std::optional<FileStatus> FailingFiles::Due(Call call, TextView path) const {
+  if (IsAway(path)) return FileStatus::kOutOfReach;
   std::optional<FileStatus> due;
   for (Failure& failure : failures_) {
     if (failure.call != call || !IsFor(failure.path, path)) continue;
@@ -57,6 +67,13 @@ std::optional<FileStatus> FailingFiles::Due(Call call, TextView path) const {
 FileStatus FailingFiles::Record(Call call, TextView path, FileStatus answer) const {
   asked_.push_back({call, Text(path), answer});
   return answer;
+}
+
+FileInfo FailingFiles::Query(TextView panelPath) const {
+  if (!IsAway(panelPath)) return inner_.Query(panelPath);
+  FileInfo unknown;
+  unknown.outOfReach = true;
+  return unknown;
 }
 
 std::unique_ptr<FileReader> FailingFiles::OpenRead(TextView panelPath, FileStatus* status) const {

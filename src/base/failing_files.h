@@ -35,11 +35,14 @@ class FailingFiles final : public Files {
   void SetRoom(std::uint64_t bytes) { room_ = bytes; }
   /// Readers of the path opened from now on break off with -1 after so many bytes.
   void FailReadsAfter(TextView path, std::uint64_t bytes);
-  /// Forgets every failure, not the record.
+  /// Everything in and below the folder is out of reach from now on, as when its disc isn't mounted; with an empty path
+  /// every file is.
+  void TakeAway(TextView folder) { away_.emplace_back(folder); }
+  /// Forgets every failure and brings back what was taken away; the record stays.
   void Heal();
   [[nodiscard]] const std::vector<Asked>& AskedSoFar() const { return asked_; }
 
-  FileInfo Query(TextView panelPath) const override { return inner_.Query(panelPath); }
+  FileInfo Query(TextView panelPath) const override;
   std::unique_ptr<FileReader> OpenRead(TextView panelPath, FileStatus* status) const override;
   FileStatus CanReplace(TextView panelPath) const override;
   FileStatus Replace(TextView panelPath, std::string_view bytes) override;
@@ -59,6 +62,7 @@ class FailingFiles final : public Files {
     std::uint64_t bytes;
   };
 
+  [[nodiscard]] bool IsAway(TextView path) const;
   /// The status of the failure that is due for this call; nothing when it may go through.
   std::optional<FileStatus> Due(Call call, TextView path) const;
   FileStatus Record(Call call, TextView path, FileStatus answer) const;
@@ -68,6 +72,7 @@ class FailingFiles final : public Files {
   mutable std::vector<Failure> failures_;
   mutable std::vector<Asked> asked_;
   std::vector<BrokenRead> brokenReads_;
+  std::vector<Text> away_;
   std::optional<std::uint64_t> room_;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/files.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,38 +10,18 @@
 #include <climits>
 
 #include "base/descriptor.h"
+#include "base/locate.h"
 #include "base/panel_path.h"
 #include "base/replace_file.h"
 
 namespace pnl {
 namespace {
 
-/// A drive's own place is a folder even while its disc is missing: no file may take that name.
-bool IsDriveRoot(TextView panelPath) {
-  const auto path = ParsePanelPath(panelPath);
-  return path && path->names.empty();
-}
-
-bool HasEntry(const std::string& path) {
-  struct stat info {};
-  return lstat(path.c_str(), &info) == 0;
-}
-
-std::string Under(const std::string& folder, const std::string& name) {
-  return folder.back() == '/' ? folder + name : folder + "/" + name;
-}
-
-/// The name in the folder that equals this one but for case; of several the first in byte order, so that the choice
-/// doesn't hang on the disc's own order.
-std::optional<std::string> MatchNoCase(const std::string& folder, const Text& name) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> names(opendir(folder.c_str()), closedir);
-  if (!names) return std::nullopt;
-  std::optional<std::string> best;
-  while (const dirent* entry = readdir(names.get())) {
-    const std::string_view found = entry->d_name;
-    if (EqualNoCase(FromUtf8(found), name) && (!best || found < *best)) best = found;
-  }
-  return best;
+FileStatus CheckTarget(TextView panelPath, const std::optional<Located>& found) {
+  if (!found) return FileStatus::kOutOfReach;
+  // A drive's own place is a folder even while its disc is missing: no file may take that name.
+  if (ParsePanelPath(panelPath)->names.empty()) return FileStatus::kIsFolder;
+  return found->presence == Presence::kOutOfReach ? FileStatus::kOutOfReach : CheckReplace(found->host);
 }
 
 class DiscReader final : public FileReader {
@@ -84,13 +63,14 @@ FileStatus CheckReadable(const struct stat& info) {
   return S_ISREG(info.st_mode) && (info.st_mode & S_IRUSR) != 0 ? FileStatus::kOk : FileStatus::kDenied;
 }
 
-OpenedFile OpenRegular(const std::string& path) {
-  struct stat info {};
-  if (stat(path.c_str(), &info) != 0) return {StatusOfError(errno), {}, 0};
-  if (const FileStatus status = CheckReadable(info); status != FileStatus::kOk) return {status, {}, 0};
-  Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+OpenedFile OpenRegular(const Located& found) {
+  if (found.presence == Presence::kOutOfReach) return {FileStatus::kOutOfReach, {}, 0};
+  if (found.presence == Presence::kAbsent) return {FileStatus::kNotFound, {}, 0};
+  if (const FileStatus status = CheckReadable(found.info); status != FileStatus::kOk) return {status, {}, 0};
+  Descriptor file(open(found.host.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) return {StatusOfError(errno), {}, 0};
   // Somebody may have put another thing in its place meanwhile.
+  struct stat info {};
   if (fstat(file.Get(), &info) != 0) return {StatusOfError(errno), {}, 0};
   const FileStatus status = CheckReadable(info);
   return {status, std::move(file), static_cast<std::uint64_t>(info.st_size)};
@@ -98,73 +78,51 @@ OpenedFile OpenRegular(const std::string& path) {
 
 }  // namespace
 
-std::optional<std::string> DiscFiles::HostPath(TextView panelPath) const {
+std::optional<Located> DiscFiles::Find(TextView panelPath) const {
   const auto path = ParsePanelPath(panelPath);
   if (!path) return std::nullopt;
   const auto root = drives_.Folder(path->drive);
   if (!root) return std::nullopt;
-  std::string host = *root;
-  bool exists = true;
-  for (const Text& name : path->names) {
-    std::string next = Under(host, ToUtf8(name));
-    if (exists && !HasEntry(next)) {
-      const auto match = MatchNoCase(host, name);
-      exists = match.has_value();
-      if (exists) next = Under(host, *match);
-    }
-    host = std::move(next);
-  }
-  return host;
+  return Locate(*root, path->names);
+}
+
+std::optional<std::string> DiscFiles::HostPath(TextView panelPath) const {
+  auto found = Find(panelPath);
+  if (!found) return std::nullopt;
+  return std::move(found->host);
 }
 
 FileInfo DiscFiles::Query(TextView panelPath) const {
-  const auto host = HostPath(panelPath);
-  struct stat info {};
-  if (!host || stat(host->c_str(), &info) != 0) return {};
-  return {true, S_ISDIR(info.st_mode), IsWritable(*host, info.st_mode), static_cast<std::uint64_t>(info.st_size)};
+  FileInfo answer;
+  const Located found = Find(panelPath).value_or(Located{});
+  answer.outOfReach = found.presence == Presence::kOutOfReach;
+  if (found.presence != Presence::kThere) return answer;
+  answer.exists = true;
+  answer.folder = S_ISDIR(found.info.st_mode);
+  answer.writable = IsWritable(found.host, found.info.st_mode);
+  answer.size = static_cast<std::uint64_t>(found.info.st_size);
+  return answer;
 }
 
 std::unique_ptr<FileReader> DiscFiles::OpenRead(TextView panelPath, FileStatus* status) const {
-  const auto host = HostPath(panelPath);
-  OpenedFile opened = host ? OpenRegular(*host) : OpenedFile{FileStatus::kNotFound, {}, 0};
+  OpenedFile opened = OpenRegular(Find(panelPath).value_or(Located{}));
   if (status != nullptr) *status = opened.status;
   if (opened.status != FileStatus::kOk) return nullptr;
   return std::make_unique<DiscReader>(std::move(opened.file), opened.size);
 }
 
-FileStatus DiscFiles::CanReplace(TextView panelPath) const {
-  const auto host = HostPath(panelPath);
-  if (!host) return FileStatus::kNotFound;
-  return IsDriveRoot(panelPath) ? FileStatus::kIsFolder : CheckReplace(*host);
-}
+FileStatus DiscFiles::CanReplace(TextView panelPath) const { return CheckTarget(panelPath, Find(panelPath)); }
 
 FileStatus DiscFiles::Replace(TextView panelPath, std::string_view bytes) {
-  const auto host = HostPath(panelPath);
-  if (!host) return FileStatus::kNotFound;
-  return IsDriveRoot(panelPath) ? FileStatus::kIsFolder : ReplaceFile(*host, bytes);
+  const auto found = Find(panelPath);
+  const FileStatus status = CheckTarget(panelPath, found);
+  return status == FileStatus::kOk ? ReplaceFile(found->host, bytes) : status;
 }
 
 FileStatus DiscFiles::MakeFolder(TextView panelPath) {
-  const auto host = HostPath(panelPath);
-  if (!host) return FileStatus::kNotFound;
-  const std::string root = *drives_.Folder(ParsePanelPath(panelPath)->drive);
-  std::size_t end = root.size();
-  for (;;) {
-    const std::string folder = host->substr(0, end);
-    struct stat info {};
-    if (stat(folder.c_str(), &info) == 0) {
-      if (!S_ISDIR(info.st_mode)) return FileStatus::kFailed;
-    } else {
-      // A drive's own folder is never made: its disc may be missing.
-      if (errno != ENOENT || end == root.size()) return StatusOfError(errno);
-      const std::string parent = folder.substr(0, std::max<std::size_t>(folder.rfind('/'), 1));
-      if (stat(parent.c_str(), &info) != 0) return StatusOfError(errno);
-      if (!IsWritable(parent, info.st_mode)) return FileStatus::kDenied;
-      if (mkdir(folder.c_str(), 0777) != 0 && errno != EEXIST) return StatusOfError(errno);
-    }
-    if (end >= host->size()) return FileStatus::kOk;
-    end = std::min(host->find('/', end + 1), host->size());
-  }
+  const auto found = Find(panelPath);
+  if (!found) return FileStatus::kOutOfReach;
+  return MakeFolders(*drives_.Folder(ParsePanelPath(panelPath)->drive), found->host);
 }
 
 std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std::uint64_t limit) {

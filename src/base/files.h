@@ -16,14 +16,29 @@
 
 namespace pnl {
 
-enum class FileStatus { kOk, kNotFound, kDenied, kIsFolder, kDiscFull, kFailed };
+struct Located;
 
+enum class FileStatus {
+  kOk,
+  kNotFound,    // its folder was looked through: nothing in it has that name
+  kOutOfReach,  // nobody can say what is there: see FileInfo
+  kDenied,
+  kIsFolder,
+  kDiscFull,
+  kFailed
+};
+
+/// What is known of a path: it exists, it doesn't, or it is out of reach. Only what is known not to exist may be made
+/// afresh. What was out of reach may come back with all that it holds.
 struct FileInfo {
   bool exists = false;
   bool folder = false;
   /// False for a file or folder without its owner's write permission, for the superuser too.
   bool writable = false;
   std::uint64_t size = 0;
+  /// Nobody can say whether it exists: the drive isn't mapped, a folder on the way is missing or can't be looked
+  /// through, a link leads to such a place, the disc doesn't answer. Never together with exists.
+  bool outOfReach = false;
 };
 
 /// An open file being read. Reads never see a later change by Replace: they keep the file they opened.
@@ -42,8 +57,9 @@ class Files {
  public:
   virtual ~Files() = default;
   virtual FileInfo Query(TextView panelPath) const = 0;
-  /// Null with *status set when it can't be opened: kDenied also for what is no regular file and for a file without its
-  /// owner's read permission, for the superuser too. status may be null.
+  /// Null with *status set when it can't be opened: kNotFound only for what is known not to exist; kDenied also for
+  /// what is no regular file and for a file without its owner's read permission, for the superuser too. status may be
+  /// null.
   virtual std::unique_ptr<FileReader> OpenRead(TextView panelPath, FileStatus* status = nullptr) const = 0;
   /// Could Replace start now? Checks the folder, the file's write permission and that the path is no folder; changes
   /// nothing on the disc.
@@ -52,7 +68,8 @@ class Files {
   /// any failure the old file stays as it was and no temporary file is left. Refuses a file or folder that isn't
   /// writable in the sense of FileInfo.
   virtual FileStatus Replace(TextView panelPath, std::string_view bytes) = 0;
-  /// Makes a folder and its parents; kOk when it is there already. Never makes a drive's own folder: kNotFound.
+  /// Makes a folder and its parents, each flushed to the disc; kOk when it is there already. Never makes a drive's own
+  /// folder: kOutOfReach.
   virtual FileStatus MakeFolder(TextView panelPath) = 0;
   /// The path on this machine: drive by the drive map, each name by exact match, else without regard to case; names
   /// that don't exist are kept as they are. Nothing when the drive isn't mapped or the path can't be one.
@@ -89,6 +106,7 @@ class DiscFiles : public Files {
   std::unique_ptr<Files> ForAnotherThread() const override;
 
  private:
+  [[nodiscard]] std::optional<Located> Find(TextView panelPath) const;
   const DriveMap& drives_;
 };
 

@@ -44,7 +44,8 @@ bool CIniFile::ReadIniFile(TextView panelPath) {
     Parse(*bytes);
     return true;
   }
-  if (files_->Query(panelPath).exists) unreadPath_ = panelPath;
+  const FileInfo info = files_->Query(panelPath);
+  if (info.exists || info.outOfReach) unreadPath_ = panelPath;
   return false;
 }
 

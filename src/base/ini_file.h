@@ -24,7 +24,8 @@ class CIniFile {
   /// Drops what it holds and reads the file. False, and empty, when there is none or it can't be read.
   bool ReadIniFile(TextView panelPath);
   /// Stores the whole file, also under a path other than the one read. False when it couldn't be stored; the file on
-  /// the disc is then as it was. A file that is there but that ReadIniFile couldn't read isn't written over: false.
+  /// the disc is then as it was. A file that ReadIniFile couldn't read isn't written over, whether it was there or out
+  /// of reach: false.
   [[nodiscard]] bool WriteIniFile(TextView panelPath) const;
   void CloseIniFile();
 
@@ -89,7 +90,7 @@ class CIniFile {
   std::vector<Stretch> stretches_;
   std::unordered_map<Text, std::vector<std::uint32_t>> sections_;  // by name in capitals: its stretches
   std::unordered_map<Text, Place> keys_;                           // by both names in capitals: where it counts
-  Text unreadPath_;                                                // of the file that is there but couldn't be read
+  Text unreadPath_;                                                // of a file that may be there but wasn't read
   Text fallback_;
 };
 

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -18,23 +19,10 @@
 #include <optional>
 
 #include "base/descriptor.h"
+#include "base/locate.h"
 
 namespace pnl {
 namespace {
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-/// Where a symbolic link leads, so that the link survives; a path without one as it is.
-std::string ThroughLinks(const std::string& path) {
-  struct stat info {};
-  if (lstat(path.c_str(), &info) != 0 || !S_ISLNK(info.st_mode)) return path;
-  const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
-  return real ? real.get() : path;
-}
 
 /// The same for every temporary file of one target. The target's own name might be too long to add to, so its hash
 /// stands for it.
@@ -161,8 +149,17 @@ FileStatus StatusOfError(int error) {
     case 0:
       return FileStatus::kOk;
     case ENOENT:
-    case ENOTDIR:
       return FileStatus::kNotFound;
+    case ENOTDIR:
+    case ELOOP:
+    case ENODEV:
+    case ENXIO:
+    case ESTALE:
+    case ETIMEDOUT:
+    case ENOTCONN:
+    case EHOSTDOWN:
+    case EHOSTUNREACH:
+      return FileStatus::kOutOfReach;
     case EACCES:
     case EPERM:
     case EROFS:
@@ -192,8 +189,8 @@ FileStatus CheckReplace(const std::string& hostPath) {
     return StatusOfError(errno);
   }
   const std::string folder = FolderOf(target);
-  if (stat(folder.c_str(), &info) != 0) return StatusOfError(errno);
-  if (!S_ISDIR(info.st_mode)) return FileStatus::kNotFound;
+  if (stat(folder.c_str(), &info) != 0) return errno == ENOENT ? FileStatus::kOutOfReach : StatusOfError(errno);
+  if (!S_ISDIR(info.st_mode)) return FileStatus::kOutOfReach;
   return IsWritable(folder, info.st_mode) ? FileStatus::kOk : FileStatus::kDenied;
 }
 
@@ -212,6 +209,29 @@ FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
   const int error = WriteAndRename(file, old, bytes, target);
   if (error == 0) FlushFolder(folder);
   return StatusOfError(error);
+}
+
+FileStatus MakeFolders(const std::string& root, const std::string& hostPath) {
+  // The root is never made: the disc behind it may be missing.
+  struct stat info {};
+  if (stat(root.c_str(), &info) != 0) return FileStatus::kOutOfReach;
+  if (!S_ISDIR(info.st_mode)) return FileStatus::kFailed;
+  for (std::size_t end = root.size(); end < hostPath.size();) {
+    const std::string parent = hostPath.substr(0, std::max<std::size_t>(end, 1));
+    end = std::min(hostPath.find('/', end + 1), hostPath.size());
+    const std::string folder = hostPath.substr(0, end);
+    if (stat(folder.c_str(), &info) == 0) {
+      if (!S_ISDIR(info.st_mode)) return FileStatus::kFailed;
+      continue;
+    }
+    if (errno != ENOENT) return StatusOfError(errno);
+    if (stat(parent.c_str(), &info) != 0) return StatusOfError(errno);
+    if (!IsWritable(parent, info.st_mode)) return FileStatus::kDenied;
+    if (mkdir(folder.c_str(), 0777) != 0 && errno != EEXIST) return StatusOfError(errno);
+    // Else a power cut could take the folder back, with every file that is flushed into it.
+    FlushFolder(parent);
+  }
+  return FileStatus::kOk;
 }
 
 }  // namespace pnl

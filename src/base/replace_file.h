@@ -19,5 +19,7 @@ namespace pnl {
 /// See Files::Replace. Keeps the old file's mode and owner, and a symbolic link in its place. Takes temporary files
 /// along that a killed process left behind for the same file.
 [[nodiscard]] FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes);
+/// See Files::MakeFolder, for a path that begins with root, the drive's own folder.
+[[nodiscard]] FileStatus MakeFolders(const std::string& root, const std::string& hostPath);
 
 }  // namespace pnl

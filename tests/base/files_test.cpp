@@ -126,10 +126,10 @@ TEST_F(FilesTest, OpeningTellsWhyItFailed) {
   EXPECT_EQ(OpenStatus(u"C:\\secret.txt"), FileStatus::kOk);
   EXPECT_EQ(OpenStatus(u"C:\\dir"), FileStatus::kIsFolder);
   EXPECT_EQ(OpenStatus(u"C:\\none"), FileStatus::kNotFound);
-  EXPECT_EQ(OpenStatus(u"C:\\none\\none"), FileStatus::kNotFound);
-  EXPECT_EQ(OpenStatus(u"C:\\secret.txt\\below"), FileStatus::kNotFound);
-  EXPECT_EQ(OpenStatus(u"D:\\a"), FileStatus::kNotFound);
-  EXPECT_EQ(OpenStatus(u""), FileStatus::kNotFound);
+  EXPECT_EQ(OpenStatus(u"C:\\none\\none"), FileStatus::kOutOfReach);
+  EXPECT_EQ(OpenStatus(u"C:\\secret.txt\\below"), FileStatus::kOutOfReach);
+  EXPECT_EQ(OpenStatus(u"D:\\a"), FileStatus::kOutOfReach);
+  EXPECT_EQ(OpenStatus(u""), FileStatus::kOutOfReach);
   EXPECT_NE(OpenStatus(u"C:\\" + Text(5000, u'x')), FileStatus::kOk);
 }
 
@@ -177,9 +177,9 @@ TEST_F(FilesTest, MakeFolderTellsWhyItFailed) {
   EXPECT_EQ(files.MakeFolder(u"C:\\file"), FileStatus::kFailed);
   EXPECT_EQ(files.MakeFolder(u"C:\\file\\below"), FileStatus::kFailed);
   EXPECT_EQ(files.MakeFolder(u"C:\\locked\\below"), FileStatus::kDenied);
-  EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kNotFound);
+  EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kOutOfReach);
   drives.Set('D', Host("unplugged"));
-  EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kNotFound);
+  EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kOutOfReach);
   EXPECT_FALSE(temp.Has("unplugged"));
 }
 

@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
-// What a replacement asks of the system, in order. This program's own fsync and rename stand in front of the C
-// library's, note the call, and fail where they are told to.
+// What a replacement asks of the system, in order. This program's own calls stand in front of the C library's, note
+// what was asked, and fail where they are told to.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
@@ -22,6 +26,10 @@ struct SystemCalls {
   std::vector<std::string> made;
   std::string failing;  // the call that fails
   int error = 0;
+  std::function<void(const std::string& path)> beforeLock;  // once, with the new file's path
+  std::function<void()> beforeOpen;                         // once, before a file is opened for reading
+  std::string created;
+  int readFlags = 0;
 };
 SystemCalls calls;
 
@@ -29,16 +37,26 @@ SystemCalls calls;
 bool Note(const std::string& call) {
   if (!calls.recording) return false;
   calls.made.push_back(call);
+  if (call != calls.failing) return false;
   errno = calls.error;
-  return call == calls.failing;
+  return true;
+}
+
+bool IsFolder(int file) {
+  struct stat info {};
+  return fstat(file, &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::string Octal(unsigned mode) {
+  char text[8];
+  snprintf(text, sizeof text, "%o", mode);
+  return text;
 }
 
 }  // namespace
 
 extern "C" int fsync(int file) {
-  struct stat info {};
-  const bool folder = fstat(file, &info) == 0 && S_ISDIR(info.st_mode);
-  if (Note(folder ? "flush folder" : "flush file")) return -1;
+  if (Note(IsFolder(file) ? "flush folder" : "flush file")) return -1;
   return static_cast<int>(syscall(SYS_fsync, file));
 }
 
@@ -47,14 +65,51 @@ extern "C" int rename(const char* from, const char* to) noexcept {
   return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
 }
 
+extern "C" ssize_t write(int file, const void* bytes, size_t size) {
+  if (Note("write")) return -1;
+  return syscall(SYS_write, file, bytes, size);
+}
+
+extern "C" int fchmod(int file, mode_t mode) noexcept {
+  if (Note("mode " + Octal(mode))) return -1;
+  return static_cast<int>(syscall(SYS_fchmod, file, mode));
+}
+
+extern "C" int open(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned mode = (flags & O_CREAT) != 0 ? va_arg(arguments, unsigned) : 0;
+  va_end(arguments);
+  if (calls.recording && (flags & O_CREAT) != 0) {
+    if (Note("create " + Octal(mode))) return -1;
+    calls.created = path;
+  } else if (calls.recording && (flags & O_DIRECTORY) == 0) {
+    calls.readFlags = flags;
+    if (const auto hook = std::exchange(calls.beforeOpen, nullptr)) hook();
+  }
+  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+extern "C" int flock(int file, int operation) noexcept {
+  if (const auto hook = std::exchange(calls.beforeLock, nullptr)) hook(calls.created);
+  if (calls.recording && calls.failing == "lock" && Note("lock")) {
+    calls.failing.clear();
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_flock, file, operation));
+}
+
 namespace pnl {
 namespace {
+
+using Calls = std::vector<std::string>;
 
 class FlushOrderTest : public testing::Test {
  protected:
   FlushOrderTest() {
     drives.Set('C', temp.Path().string());
     temp.Write("a.txt", "old");
+    std::filesystem::permissions(temp.Path() / "a.txt", std::filesystem::perms(0644));
     calls = {};
     calls.recording = true;
   }
@@ -76,7 +131,13 @@ class FlushOrderTest : public testing::Test {
 
 TEST_F(FlushOrderTest, TheContentIsOnTheDiscBeforeItTakesTheName) {
   EXPECT_EQ(files.Replace(u"C:\\a.txt", "new"), FileStatus::kOk);
-  EXPECT_EQ(calls.made, (std::vector<std::string>{"flush file", "rename", "flush folder"}));
+  // Nobody else can read the new content before it has the old file's mode.
+  EXPECT_EQ(calls.made, (Calls{"create 600", "mode 644", "write", "flush file", "rename", "flush folder"}));
+}
+
+TEST_F(FlushOrderTest, AFileThatWasNotThereIsMadeLikeAnyOther) {
+  EXPECT_EQ(files.Replace(u"C:\\b.txt", "new"), FileStatus::kOk);
+  EXPECT_EQ(calls.made, (Calls{"create 666", "write", "flush file", "rename", "flush folder"}));
 }
 
 TEST_F(FlushOrderTest, AnyFailedStepLeavesTheOldFileAndNothingElse) {
@@ -84,10 +145,10 @@ TEST_F(FlushOrderTest, AnyFailedStepLeavesTheOldFileAndNothingElse) {
     const char* call;
     int error;
     FileStatus status;
-  } rows[] = {{"flush file", EIO, FileStatus::kFailed},
-              {"flush file", ENOSPC, FileStatus::kDiscFull},
-              {"rename", EACCES, FileStatus::kDenied},
-              {"rename", EIO, FileStatus::kFailed}};
+  } rows[] = {{"create 600", EACCES, FileStatus::kDenied}, {"mode 644", EPERM, FileStatus::kDenied},
+              {"write", ENOSPC, FileStatus::kDiscFull},    {"write", EIO, FileStatus::kFailed},
+              {"flush file", EIO, FileStatus::kFailed},    {"flush file", ENOSPC, FileStatus::kDiscFull},
+              {"rename", EACCES, FileStatus::kDenied},     {"rename", EIO, FileStatus::kFailed}};
   for (const auto& row : rows) {
     EXPECT_EQ(ReplaceFailing(row.call, row.error), row.status) << row.call;
     EXPECT_EQ(temp.Read("a.txt"), "old");
@@ -99,6 +160,43 @@ TEST_F(FlushOrderTest, AFileSystemThatCantFlushIsNoFailure) {
   EXPECT_EQ(ReplaceFailing("flush file", EINVAL), FileStatus::kOk);
   EXPECT_EQ(ReplaceFailing("flush folder", EINVAL), FileStatus::kOk);
   EXPECT_EQ(temp.Read("a.txt"), "new");
+}
+
+TEST_F(FlushOrderTest, ATemporaryFileThatACleanerTookIsMadeAnew) {
+  // Between its making and its lock another writer of the same file may take it for a leftover.
+  calls.beforeLock = [](const std::string& path) { std::filesystem::remove(path); };
+  EXPECT_EQ(files.Replace(u"C:\\a.txt", "new"), FileStatus::kOk);
+  EXPECT_EQ(temp.Read("a.txt"), "new");
+  EXPECT_EQ(calls.made[0], "create 600");
+  EXPECT_EQ(calls.made[1], "create 600");
+}
+
+TEST_F(FlushOrderTest, ATemporaryFileThatACleanerHasLockedIsMadeAnew) {
+  EXPECT_EQ(ReplaceFailing("lock", EWOULDBLOCK), FileStatus::kOk);
+  EXPECT_EQ(temp.Read("a.txt"), "new");
+  EXPECT_EQ(calls.made[2], "create 600");
+}
+
+TEST_F(FlushOrderTest, NewFoldersAreFlushedLikeFiles) {
+  // A power cut could take a new folder back with every file that had been flushed into it.
+  EXPECT_EQ(files.MakeFolder(u"C:\\one\\two"), FileStatus::kOk);
+  EXPECT_EQ(calls.made, (Calls{"flush folder", "flush folder"}));
+  EXPECT_EQ(files.MakeFolder(u"C:\\one\\two"), FileStatus::kOk);
+  EXPECT_EQ(calls.made.size(), 2u) << "what was there needs no flush";
+}
+
+TEST_F(FlushOrderTest, APipePutInAFilesPlaceAfterTheCheckIsNotWaitedFor) {
+  calls.beforeOpen = [this] {
+    const std::string path = (temp.Path() / "a.txt").string();
+    // Without the flag the opening would wait for the pipe's writer.
+    ASSERT_NE(calls.readFlags & O_NONBLOCK, 0);
+    std::filesystem::remove(path);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  };
+  FileStatus status = FileStatus::kOk;
+  EXPECT_EQ(files.OpenRead(u"C:\\a.txt", &status), nullptr);
+  EXPECT_EQ(status, FileStatus::kDenied);
+  EXPECT_NE(calls.readFlags & O_CLOEXEC, 0) << "a program that the panel starts must not inherit it";
 }
 
 }  // namespace

@@ -97,7 +97,20 @@ TEST_F(ReplaceFileTest, ALinkStaysAndItsTargetIsReplaced) {
   EXPECT_EQ(temp.Read("real/a.txt"), "new");
   fs::create_symlink("nowhere", Host("dangling.txt"));
   EXPECT_EQ(files.Replace(u"C:\\dangling.txt", "new"), FileStatus::kOk);
-  EXPECT_EQ(temp.Read("dangling.txt"), "new");
+  EXPECT_EQ(temp.Read("nowhere"), "new");
+  EXPECT_TRUE(fs::is_symlink(Host("dangling.txt")));
+}
+
+TEST_F(ReplaceFileTest, ALinkToADiscThatIsAwayIsNotReplacedByAFile) {
+  // The link was taken for a missing file and a fresh one put in its place.
+  fs::create_symlink(Host("unmounted/a.txt"), Host("link.txt"));
+  fs::create_symlink("loop.txt", Host("loop.txt"));
+  for (const TextView path : {u"C:\\link.txt", u"C:\\loop.txt"}) {
+    EXPECT_EQ(files.CanReplace(path), FileStatus::kOutOfReach);
+    EXPECT_EQ(files.Replace(path, "new"), FileStatus::kOutOfReach);
+  }
+  EXPECT_TRUE(fs::is_symlink(Host("link.txt")));
+  EXPECT_TRUE(fs::is_symlink(Host("loop.txt")));
 }
 
 TEST_F(ReplaceFileTest, AsksAndRefusesAlike) {
@@ -116,12 +129,12 @@ TEST_F(ReplaceFileTest, AsksAndRefusesAlike) {
       {u"C:\\readonly\\new.txt", FileStatus::kDenied},
       {u"C:\\dir", FileStatus::kIsFolder},
       {u"C:\\", FileStatus::kIsFolder},
-      {u"C:\\none\\a.txt", FileStatus::kNotFound},
-      {u"C:\\file\\a.txt", FileStatus::kNotFound},
-      {u"D:\\a.txt", FileStatus::kNotFound},
-      {u"", FileStatus::kNotFound},
-      {Text(u"C:\\a\0b", 6), FileStatus::kNotFound},
-      {u"C:\\" + Text(300, u'x'), FileStatus::kFailed},
+      {u"C:\\none\\a.txt", FileStatus::kOutOfReach},
+      {u"C:\\file\\a.txt", FileStatus::kOutOfReach},
+      {u"D:\\a.txt", FileStatus::kOutOfReach},
+      {u"", FileStatus::kOutOfReach},
+      {Text(u"C:\\a\0b", 6), FileStatus::kOutOfReach},
+      {u"C:\\" + Text(300, u'x'), FileStatus::kOutOfReach},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(files.CanReplace(row.path), row.status) << ToUtf8(row.path);
@@ -140,7 +153,7 @@ TEST_F(ReplaceFileTest, NoFileTakesThePlaceOfADrivesMissingFolder) {
     EXPECT_EQ(files.CanReplace(path), FileStatus::kIsFolder);
     EXPECT_EQ(files.Replace(path, "x"), FileStatus::kIsFolder);
   }
-  EXPECT_EQ(files.Replace(u"E:\\a", "x"), FileStatus::kNotFound);
+  EXPECT_EQ(files.Replace(u"E:\\a", "x"), FileStatus::kOutOfReach);
   EXPECT_TRUE(Names().empty());
 }
 
@@ -202,7 +215,10 @@ TEST(StatusOfError, TellsTheKindsApart) {
     FileStatus status;
   } rows[] = {{0, FileStatus::kOk},
               {ENOENT, FileStatus::kNotFound},
-              {ENOTDIR, FileStatus::kNotFound},
+              {ENOTDIR, FileStatus::kOutOfReach},
+              {ELOOP, FileStatus::kOutOfReach},
+              {ESTALE, FileStatus::kOutOfReach},
+              {ENODEV, FileStatus::kOutOfReach},
               {EACCES, FileStatus::kDenied},
               {EPERM, FileStatus::kDenied},
               {EROFS, FileStatus::kDenied},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A disc for tests: files in memory that fail as told and note what was replaced.
+// A disc for tests: files in memory that fail as told and note what was replaced. It is as strict as a real one: names
+// compare without regard to case, and a file needs its folder.
 #pragma once
 
 #include <algorithm>
@@ -13,43 +14,82 @@
 
 namespace pnl::test {
 
+/// Names that differ in case only are one.
+struct NameLess {
+  bool operator()(const std::string& left, const std::string& right) const {
+    return ToUpper(FromUtf8(left)) < ToUpper(FromUtf8(right));
+  }
+};
+
 /// A disc in memory. Names in the sets fail as their names say.
 class MemoryFiles final : public Files {
  public:
-  std::map<std::string, std::string> disc;
-  std::set<std::string> unreadable;
-  std::set<std::string> readOnly;
+  std::map<std::string, std::string, NameLess> disc;
+  std::set<std::string, NameLess> unreadable;
+  std::set<std::string, NameLess> readOnly;
+  /// Folders in which there is nothing; the others are where the files are. Path id n is "C:\Pn".
+  std::set<std::string, NameLess> folders{"C:",       "C:\\P1",  "C:\\P15",  "C:\\P18",  "C:\\P24",
+                                          "C:\\P52",  "C:\\P57", "C:\\P61",  "C:\\P100", "C:\\P101",
+                                          "C:\\P108", "C:\\PRG", "C:\\P113", "C:\\P118"};
+  /// Folders that can't be reached, with all that is below them.
+  std::set<std::string, NameLess> away;
   bool full = false;
   std::vector<std::string> replaced;
 
   FileInfo Query(TextView path) const override {
-    const std::string key = ToUtf8(path);
+    const std::string key = Key(path);
+    FileInfo info;
+    info.outOfReach = !IsInReach(key);
+    if (info.outOfReach) return info;
     const auto at = disc.find(key);
-    if (at == disc.end()) return {};
-    return {true, false, readOnly.count(key) == 0, at->second.size()};
+    info.folder = at == disc.end() && IsFolder(key);
+    info.exists = info.folder || at != disc.end();
+    info.writable = info.exists && readOnly.count(key) == 0;
+    info.size = at == disc.end() ? 0 : at->second.size();
+    return info;
   }
   std::unique_ptr<FileReader> OpenRead(TextView path, FileStatus* status) const override {
-    const std::string key = ToUtf8(path);
-    const auto at = disc.find(key);
-    const bool there = at != disc.end();
-    const bool readable = there && unreadable.count(key) == 0;
-    if (status != nullptr) {
-      *status = readable ? FileStatus::kOk : there ? FileStatus::kDenied : FileStatus::kNotFound;
+    const std::string key = Key(path);
+    const FileInfo info = Query(path);
+    FileStatus answer = FileStatus::kOk;
+    if (info.outOfReach) {
+      answer = FileStatus::kOutOfReach;
+    } else if (!info.exists) {
+      answer = FileStatus::kNotFound;
+    } else if (info.folder) {
+      answer = FileStatus::kIsFolder;
+    } else if (unreadable.count(key) != 0) {
+      answer = FileStatus::kDenied;
     }
-    return readable ? std::make_unique<Reader>(at->second) : nullptr;
+    if (status != nullptr) *status = answer;
+    return answer == FileStatus::kOk ? std::make_unique<Reader>(disc.at(key)) : nullptr;
   }
   FileStatus CanReplace(TextView path) const override {
-    return readOnly.count(ToUtf8(path)) != 0 ? FileStatus::kDenied : FileStatus::kOk;
+    const FileInfo info = Query(path);
+    if (info.outOfReach) return FileStatus::kOutOfReach;
+    if (info.folder) return FileStatus::kIsFolder;
+    return readOnly.count(Key(path)) != 0 ? FileStatus::kDenied : FileStatus::kOk;
   }
   FileStatus Replace(TextView path, std::string_view bytes) override {
+    const FileStatus status = CanReplace(path);
+    if (status != FileStatus::kOk) return status;
     if (full) return FileStatus::kDiscFull;
-    if (CanReplace(path) != FileStatus::kOk) return FileStatus::kDenied;
-    disc[ToUtf8(path)] = std::string(bytes);
+    disc[Key(path)] = std::string(bytes);
     replaced.push_back(ToUtf8(path));
     return FileStatus::kOk;
   }
-  FileStatus MakeFolder(TextView) override { return FileStatus::kOk; }
+  FileStatus MakeFolder(TextView path) override {
+    const std::string key = Key(path);
+    if (disc.count(key) != 0) return FileStatus::kFailed;
+    if (!IsFolder(FolderOf(key)) && MakeFolder(FromUtf8(FolderOf(key))) != FileStatus::kOk) {
+      return FileStatus::kOutOfReach;
+    }
+    folders.insert(key);
+    return FileStatus::kOk;
+  }
   std::optional<std::string> HostPath(TextView) const override { return std::nullopt; }
+  /// What is on the disc now; the two part company from here on.
+  std::unique_ptr<Files> ForAnotherThread() const override { return std::make_unique<MemoryFiles>(*this); }
 
  private:
   class Reader final : public FileReader {
@@ -73,6 +113,28 @@ class MemoryFiles final : public Files {
     std::string bytes_;
     std::size_t at_ = 0;
   };
+
+  static std::string Key(TextView path) {
+    std::string key = ToUtf8(path);
+    std::replace(key.begin(), key.end(), '/', '\\');
+    while (key.size() > 2 && key.back() == '\\') key.pop_back();
+    return key;
+  }
+  static std::string FolderOf(const std::string& key) { return key.substr(0, key.rfind('\\')); }
+  static bool IsBelow(const std::string& key, const std::string& folder) {
+    return key.size() > folder.size() && key[folder.size()] == '\\' &&
+           EqualNoCase(FromUtf8(key.substr(0, folder.size())), FromUtf8(folder));
+  }
+  bool IsFolder(const std::string& key) const {
+    if (folders.count(key) != 0) return true;
+    return std::any_of(disc.begin(), disc.end(), [&](const auto& file) { return IsBelow(file.first, key); });
+  }
+  bool IsInReach(const std::string& key) const {
+    const bool drive = key.size() > 1 && key[1] == ':';
+    const bool lost = std::any_of(away.begin(), away.end(),
+                                  [&](const std::string& folder) { return folder == key || IsBelow(key, folder); });
+    return drive && !lost && (key.size() == 2 || IsFolder(FolderOf(key)));
+  }
 };
 
 }  // namespace pnl::test

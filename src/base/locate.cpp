@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "base/locate.h"
+
+#include <dirent.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <memory>
+#include <optional>
+
+namespace pnl {
+namespace {
+
+std::string Under(const std::string& folder, const std::string& name) {
+  return folder.back() == '/' ? folder + name : folder + "/" + name;
+}
+
+/// A folder whose names can be used. Its owner's permission counts for the superuser too.
+bool CanBeEntered(const std::string& folder) {
+  struct stat info {};
+  return stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && (info.st_mode & S_IXUSR) != 0;
+}
+
+bool CanBeListed(const std::string& folder) {
+  struct stat info {};
+  return stat(folder.c_str(), &info) == 0 && (info.st_mode & S_IRUSR) != 0;
+}
+
+struct Entry {
+  Presence presence = Presence::kOutOfReach;
+  std::string name;  // as it is on the disc
+};
+
+/// The name in the folder that equals this one but for case; of several the first in byte order, so that the choice
+/// doesn't hang on the disc's own order.
+Entry FindNoCase(const std::string& folder, const Text& name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> names(CanBeListed(folder) ? opendir(folder.c_str()) : nullptr, closedir);
+  if (!names) return {};
+  std::optional<std::string> best;
+  // Only errno tells the end of the names from a disc that gives no more of them.
+  errno = 0;
+  while (const dirent* entry = readdir(names.get())) {
+    const std::string_view found = entry->d_name;
+    if (EqualNoCase(FromUtf8(found), name) && (!best || found < *best)) best = found;
+    errno = 0;
+  }
+  if (errno != 0) return {};
+  return best ? Entry{Presence::kThere, *best} : Entry{Presence::kAbsent, {}};
+}
+
+Entry FindEntry(const std::string& folder, const Text& name) {
+  if (!CanBeEntered(folder)) return {};
+  std::string exact = ToUtf8(name);
+  struct stat info {};
+  if (lstat(Under(folder, exact).c_str(), &info) == 0) return {Presence::kThere, std::move(exact)};
+  return errno == ENOENT ? FindNoCase(folder, name) : Entry{};
+}
+
+/// What a link's missing target is: absent when its folder can be looked through, else nobody can say.
+Presence OfMissingTarget(const std::string& link) {
+  const std::string target = ThroughLinks(link);
+  struct stat info {};
+  if (target == link || lstat(target.c_str(), &info) == 0 || errno != ENOENT) return Presence::kOutOfReach;
+  const std::string folder = FolderOf(target);
+  return CanBeEntered(folder) && CanBeListed(folder) ? Presence::kAbsent : Presence::kOutOfReach;
+}
+
+}  // namespace
+
+Located Locate(const std::string& driveFolder, const std::vector<Text>& names) {
+  Located located{Presence::kThere, driveFolder, {}};
+  for (const Text& name : names) {
+    Entry entry;
+    if (located.presence == Presence::kThere) entry = FindEntry(located.host, name);
+    located.host = Under(located.host, entry.presence == Presence::kThere ? entry.name : ToUtf8(name));
+    // Below a folder that is missing nothing is known to be absent: the folder may come back with all that it holds.
+    located.presence = &name == &names.back()               ? entry.presence
+                       : entry.presence == Presence::kThere ? Presence::kThere
+                                                            : Presence::kOutOfReach;
+  }
+  if (located.presence == Presence::kThere && stat(located.host.c_str(), &located.info) != 0) {
+    located.presence = errno == ENOENT && !names.empty() ? OfMissingTarget(located.host) : Presence::kOutOfReach;
+  }
+  return located;
+}
+
+std::string ThroughLinks(const std::string& hostPath) {
+  constexpr int kMostLinks = 40;
+  std::string path = hostPath;
+  for (int step = 0; step < kMostLinks; ++step) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = readlink(path.c_str(), target.data(), target.size());
+    if (length <= 0) return path;
+    const std::string next(target.data(), static_cast<std::size_t>(length));
+    path = next[0] == '/' ? next : Under(FolderOf(path), next);
+  }
+  return hostPath;
+}
+
+std::string FolderOf(const std::string& hostPath) {
+  const std::size_t slash = hostPath.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : hostPath.substr(0, slash);
+}
+
+}  // namespace pnl
