@@ -55,8 +55,8 @@ check_host(${WORK}/by_pkg_config)
 
 run("pkg-config" pkg-config --variable=backenddir pnltools)
 string(STRIP "${output}" backend_dir)
-file(WRITE ${WORK}/backend.cpp "#include \"facade/cnc_facade.h\"\n#include \"window/timers.h\"\n"
-  "extern \"C\" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&) { return nullptr; }\n")
+file(WRITE ${WORK}/backend.cpp "#include \"facade/backend.h\"\nPNL_BACKEND_LIBRARY\n"
+  "pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&) { return nullptr; }\n")
 run("compiling a backend" ${COMPILER} -std=c++20 -fPIC -shared ${flags} -I${backend_dir} ${WORK}/backend.cpp
   -o ${WORK}/backend.so)
 

@@ -272,13 +272,32 @@ PNL_API int PnlSetLanguage(const char* code);
 PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);
 
 /*
- * Which CNC the tools work with: "sim" (the start value) or the path of a backend library, which exports
- * `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)` (headers in pnltools/backend/).
+ * Which CNC the tools work with: "sim" (the start value) or the absolute path of a backend library, which exports what
+ * facade/backend.h tells (headers in pnltools/backend/): a mark of the interface it was built for, which is checked
+ * before its first call, and `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)`.
  * Answers non-zero on success; on failure, or while a tool is open, the backend stays as it was. Drives of the panel's
  * paths come from the environment variable PNLTOOLS_DRIVES ("C=/srv/cnc;D=/media/usb"); without it drive C: is the
  * folder pnltools among the user's data.
  */
 PNL_API int PnlSetBackend(const char* name);
+
+/* ---------------------------------------------------------------- files */
+
+enum PnlFileResult {
+  PNL_FILE_DONE = 0,
+  PNL_FILE_OUT_OF_REACH = 1, /* its folder is missing, or a link leads nowhere */
+  PNL_FILE_DENIED = 2,       /* the file or its folder can't be written, or it is no ordinary file */
+  PNL_FILE_IS_FOLDER = 3,
+  PNL_FILE_DISC_FULL = 4,
+  PNL_FILE_FAILED = 5
+};
+
+/*
+ * Replaces a file of this machine whole, as the tools do with theirs: a temporary file beside it, flushed to the disc,
+ * renamed over the old one, whose mode, owner and symbolic link stay. Being killed at any instant, or any failure,
+ * leaves the old file. path is UTF-8; bytes may be null when size is 0.
+ */
+PNL_API int PnlReplaceFile(const char* path, const void* bytes, size_t size);
 
 #if defined(__cplusplus)
 }

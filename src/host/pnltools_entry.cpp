@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include "base/replace_file.h"
 #include "host/library_entry.h"
 #include "host/records.h"
 
@@ -28,6 +29,25 @@ void Guarded(Operation operation) noexcept {
   } catch (...) {
     // Nothing was promised that could be taken back.
   }
+}
+
+int ResultOf(pnl::FileStatus status) {
+  switch (status) {
+    case pnl::FileStatus::kOk:
+      return PNL_FILE_DONE;
+    case pnl::FileStatus::kNotFound:
+    case pnl::FileStatus::kOutOfReach:
+      return PNL_FILE_OUT_OF_REACH;
+    case pnl::FileStatus::kDenied:
+      return PNL_FILE_DENIED;
+    case pnl::FileStatus::kIsFolder:
+      return PNL_FILE_IS_FOLDER;
+    case pnl::FileStatus::kDiscFull:
+      return PNL_FILE_DISC_FULL;
+    case pnl::FileStatus::kFailed:
+      break;
+  }
+  return PNL_FILE_FAILED;
 }
 
 }  // namespace
@@ -147,6 +167,13 @@ int PnlBitmap(int32_t number, const unsigned char** data, size_t* size) {
 
 int PnlSetBackend(const char* name) {
   return Guarded<int>(0, [&] { return name != nullptr && Library::Instance().SetBackend(name) ? 1 : 0; });
+}
+
+int PnlReplaceFile(const char* path, const void* bytes, size_t size) {
+  return Guarded<int>(PNL_FILE_FAILED, [&] {
+    if (path == nullptr || *path == '\0' || (bytes == nullptr && size != 0)) return static_cast<int>(PNL_FILE_FAILED);
+    return ResultOf(pnl::ReplaceFile(path, {static_cast<const char*>(bytes), size}));
+  });
 }
 
 }  // extern "C"

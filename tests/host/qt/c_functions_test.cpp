@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QThread>
 #include <QWidget>
+#include <filesystem>
 #include <memory>
 
 #include "host/library_entry.h"
@@ -177,6 +178,27 @@ TEST(CFunctions, TheRigIsThereWithTheSimulationAndGoneWithABackend) {
   EXPECT_EQ(PnlRig(), nullptr);
   ASSERT_NE(PnlSetBackend("sim"), 0);
   EXPECT_NE(PnlRig(), nullptr);
+}
+
+TEST(CFunctions, AFileIsReplacedWholeAndTheResultSaysWhyNot) {
+  const pnl::test::TempFolder temp;
+  temp.Write("a.txt", "old");
+  temp.Write("locked.txt", "old");
+  temp.Write("folder/x", "");
+  std::filesystem::permissions(temp.Path() / "locked.txt", std::filesystem::perms::owner_read);
+  const std::string folder = temp.Path().string() + "/";
+  EXPECT_EQ(PnlReplaceFile((folder + "a.txt").c_str(), "new\0er", 6), PNL_FILE_DONE);
+  EXPECT_EQ(temp.Read("a.txt"), std::string("new\0er", 6));
+  EXPECT_EQ(PnlReplaceFile((folder + "a.txt").c_str(), nullptr, 0), PNL_FILE_DONE);
+  EXPECT_EQ(temp.Read("a.txt"), "");
+  EXPECT_EQ(PnlReplaceFile((folder + "none/a.txt").c_str(), "x", 1), PNL_FILE_OUT_OF_REACH);
+  EXPECT_EQ(PnlReplaceFile((folder + "locked.txt").c_str(), "x", 1), PNL_FILE_DENIED);
+  EXPECT_EQ(PnlReplaceFile((folder + "folder").c_str(), "x", 1), PNL_FILE_IS_FOLDER);
+  EXPECT_EQ(PnlReplaceFile("/dev/null", "x", 1), PNL_FILE_DENIED);
+  EXPECT_EQ(PnlReplaceFile(nullptr, "x", 1), PNL_FILE_FAILED);
+  EXPECT_EQ(PnlReplaceFile("", "x", 1), PNL_FILE_FAILED);
+  EXPECT_EQ(PnlReplaceFile((folder + "b.txt").c_str(), nullptr, 1), PNL_FILE_FAILED);
+  EXPECT_FALSE(temp.Has("b.txt"));
 }
 
 }  // namespace

@@ -6,7 +6,10 @@
 
 #include <QApplication>
 #include <QWidget>
+#include <cstdlib>
+#include <filesystem>
 
+#include "host/backend_entry.h"
 #include "host/rig_entry.h"
 #include "support/temp_folder.h"
 
@@ -256,6 +259,51 @@ TEST_F(LibraryTest, ABackendThatCantBeHadLeavesTheOneInUse) {
     EXPECT_NE(library_.Simulation(), nullptr) << name;
   }
   EXPECT_FALSE(library_.SetBackend("")) << "no path at all";
+}
+
+TEST_F(LibraryTest, AForeignLibraryIsNotCalled) {
+  // One with a symbol of the maker's name was called, whatever it was, and took the host down with it.
+  const std::string folder = PNL_TEST_BACKENDS;
+  for (const char* name : {"/tiny_is_foreign.so", "/tiny_is_old.so", "/tiny_mark_is_code.so", "/tiny_other_compiler.so",
+                           "/tiny_other_name.so"}) {
+    EXPECT_FALSE(library_.SetBackend(folder + name)) << name;
+    EXPECT_NE(library_.Simulation(), nullptr) << name;
+  }
+}
+
+TEST_F(LibraryTest, ABackendIsTakenByItsAbsolutePathOnly) {
+  // A bare name is looked for in the system's folders, and a relative one wherever the host was started.
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(PNL_TEST_BACKENDS);
+  ASSERT_EQ(setenv("LD_LIBRARY_PATH", PNL_TEST_BACKENDS, 1), 0);
+  for (const char* name : {"tiny_works.so", "./tiny_works.so", "../backend/tiny_works.so"}) {
+    EXPECT_FALSE(library_.SetBackend(name)) << name;
+  }
+  std::filesystem::current_path(before);
+  EXPECT_NE(library_.Simulation(), nullptr);
+}
+
+TEST(BackendTest, ARefusalSaysWhy) {
+  const std::string folder = PNL_TEST_BACKENDS;
+  ManualTimers timers;
+  QtWindowSystem windows{WindowRegistry::Instance()};
+  const struct {
+    std::string path;
+    const char* problem;
+  } rows[] = {{"tiny_works.so", "absolute path"},
+              {folder + "/none.so", "none.so"},
+              {folder + "/tiny_exports_nothing.so", "tiny_exports_nothing.so: is no backend library"},
+              {folder + "/tiny_mark_is_code.so", "is no backend library"},
+              {folder + "/tiny_other_name.so", "is no backend library"},
+              {folder + "/tiny_is_old.so", "is made for version 0 of the interface, not 1"},
+              {folder + "/tiny_other_compiler.so", "another compiler"},
+              {folder + "/tiny_makes_nothing.so", "makes no backend"},
+              {folder + "/tiny_throws.so", "makes no backend"}};
+  for (const auto& row : rows) {
+    std::string problem;
+    EXPECT_EQ(LoadBackend(row.path, windows, timers, problem), nullptr);
+    EXPECT_NE(problem.find(row.problem), std::string::npos) << problem;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// What a backend library exports: a mark that says for which interface it was built, which the host reads before it
+// calls anything, and the maker of its CncFacade. A library writes PNL_BACKEND_LIBRARY once and then the maker:
+//
+//     PNL_BACKEND_LIBRARY
+//     extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&) { return new MyFacade; }
+#pragma once
+
+#include <cstdint>
+
+#include "facade/cnc_facade.h"
+#include "window/timers.h"
+#include "window/window.h"
+
+namespace pnl {
+
+/// Goes up with every change of an interface that a backend implements or is handed: cnc_facade.h and what it includes,
+/// window.h, timers.h.
+inline constexpr std::uint32_t kBackendVersion = 1;
+
+/// Plain data, read without a call. Everything in it must be equal for a call through the interface to be safe.
+struct BackendMark {
+  char name[16];
+  std::uint32_t version;
+  std::uint32_t pointerBytes;
+  std::uint32_t compilerAbi;
+  std::uint32_t textBytes;    // of the string class, which differs between standard libraries
+  std::uint32_t recordBytes;  // of ErrorRecord
+};
+
+inline constexpr BackendMark kBackendMark{"pnltools.cnc",    kBackendVersion, sizeof(void*),
+                                          __GXX_ABI_VERSION, sizeof(Text),    sizeof(ErrorRecord)};
+
+}  // namespace pnl
+
+#define PNL_BACKEND_LIBRARY                                                                \
+  extern "C" __attribute__((visibility("default"))) const pnl::BackendMark PnlBackendMark; \
+  const pnl::BackendMark PnlBackendMark = pnl::kBackendMark;                               \
+  extern "C" __attribute__((visibility("default"))) pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&);
