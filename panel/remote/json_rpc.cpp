@@ -55,11 +55,21 @@ QByteArray AnswerBatch(const QJsonArray& batch, const RpcHandler& handler) {
   if (batch.size() > kLongestBatch) {
     return OneLine(InvalidRequest(QString("a batch holds at most %1 requests").arg(kLongestBatch)));
   }
-  QJsonArray replies;
+  // The replies are kept as bytes: as values a thousand long ones would be many times their size.
+  QByteArray replies;
   for (const QJsonValue request : batch) {
-    if (const auto reply = AnswerRequest(request, handler)) replies.append(*reply);
+    if (replies.size() > kLongestBatchReply) {
+      const RpcHandler tooMuch = [](const QString&, const QJsonObject&) -> RpcResult {
+        return RpcError{rpc_code::kInvalidRequest, "the replies to this batch are too long"};
+      };
+      if (const auto reply = AnswerRequest(request, tooMuch)) replies += ',' + OneLine(*reply);
+    } else if (const auto reply = AnswerRequest(request, handler)) {
+      replies += ',' + OneLine(*reply);
+    }
   }
-  return replies.isEmpty() ? QByteArray() : QJsonDocument(replies).toJson(QJsonDocument::Compact);
+  if (replies.isEmpty()) return {};
+  replies[0] = '[';
+  return replies + ']';
 }
 
 }  // namespace

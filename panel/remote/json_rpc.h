@@ -33,6 +33,8 @@ using RpcHandler = std::function<RpcResult(const QString& method, const QJsonObj
 inline constexpr qsizetype kLongestLine = qsizetype{16} << 20;
 /// A longer batch is refused whole, so that a line of commas can't ask for a flood of replies.
 inline constexpr qsizetype kLongestBatch = 1000;
+/// Behind that many bytes of replies the rest of a batch is refused: somebody has to take them first.
+inline constexpr qsizetype kLongestBatchReply = qsizetype{16} << 20;
 
 /// Cuts a stream into lines. A line over the limit comes out once, empty and marked, and the stream goes on behind its
 /// end.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Windows as a whole: what they show, their keys and commands, the menus in the bars, dialogs, boxes, size, captures.
+#include <QBuffer>
 #include <QWidget>
 
 #include "remote/json_values.h"
@@ -128,7 +129,12 @@ RpcResult UiCapture(RemoteWorld& world, Params& params) {
   const QString file = params.HostFile("file");
   QWidget* widget = params.Has("window") ? ReadWindow(params) : world.face.PanelWidget();
   if (params.Problem()) return *params.Problem();
-  if (widget->grab().save(file, "PNG")) return Done();
+  QByteArray picture;
+  QBuffer buffer(&picture);
+  const bool drawn = buffer.open(QIODevice::WriteOnly) && widget->grab().save(&buffer, "PNG");
+  // Replaced as every file is: a pipe would make the panel wait for its reader, and a protected file stays.
+  const auto size = static_cast<std::size_t>(picture.size());
+  if (drawn && PnlReplaceFile(file.toUtf8().constData(), picture.constData(), size) == PNL_FILE_DONE) return Done();
   return BadParameter("file", "it can't be written");
 }
 

@@ -39,6 +39,7 @@ class RemoteControl::Impl {
 
   void Start() {
     streams_ = std::make_unique<StandardStreams>();
+    streams_->OnDrained([this] { AnswerLines(); });
     streams_->Start([this](const QByteArray& bytes) { Receive(bytes); });
   }
 
@@ -49,15 +50,25 @@ class RemoteControl::Impl {
 
  private:
   void Receive(const QByteArray& bytes) {
+    if (bytes.isEmpty()) inputEnded_ = true;
     cutter_.Feed(bytes);
-    while (!ended_) {
+    AnswerLines();
+  }
+
+  /// Answers the lines that are there, as far as somebody takes the replies: the rest waits, and so does further input.
+  void AnswerLines() {
+    // An event loop inside a request may find room for more; the requests after it wait for their turn.
+    if (answering_ || closed_) return;
+    answering_ = true;
+    while (!ended_ && !streams_->Full()) {
       auto line = cutter_.Next();
-      if (!line && bytes.isEmpty()) line = cutter_.Rest();
+      if (!line && inputEnded_) line = cutter_.Rest();
       if (!line) break;
       const QByteArray reply = line->tooLong ? AnswerTooLong() : Answer(line->bytes);
       if (!reply.isEmpty()) streams_->Write(reply + '\n');
     }
-    if (ended_ || bytes.isEmpty()) End();
+    answering_ = false;
+    if (ended_ || (inputEnded_ && !streams_->Full())) End();
   }
 
   RpcResult Handle(const QString& method, const QJsonObject& params) {
@@ -93,6 +104,7 @@ class RemoteControl::Impl {
 
   void End() {
     ended_ = true;
+    closed_ = true;
     streams_->Stop();
     session_.CloseAll();
     Settle();
@@ -117,7 +129,10 @@ class RemoteControl::Impl {
   QMetaObject::Connection called_;
   LineCutter cutter_;
   std::unique_ptr<StandardStreams> streams_;
-  bool ended_ = false;
+  bool inputEnded_ = false;
+  bool answering_ = false;  // a line is being answered
+  bool ended_ = false;      // no request is answered any more
+  bool closed_ = false;     // the tools were told to close
 };
 
 RemoteControl::RemoteControl(HostSession& session, PanelFace& face, RemoteOptions options, QObject* parent)

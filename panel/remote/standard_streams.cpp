@@ -19,8 +19,6 @@ namespace {
 constexpr std::size_t kPiece = 65536;
 /// A pipe that polls as writable takes this much without making us wait.
 constexpr qsizetype kSafeWrite = PIPE_BUF;
-/// With this much unread by the other side, its requests wait too.
-constexpr qsizetype kMostWaiting = qsizetype{64} << 20;
 
 bool CanWrite(int descriptor, int milliseconds) {
   pollfd poller{descriptor, POLLOUT, 0};
@@ -107,16 +105,20 @@ void StandardStreams::WriteSome() {
 }
 
 void StandardStreams::Watch() {
-  if (readable_ && !ended_ && !busy_) readable_->setEnabled(waiting_.size() < kMostWaiting);
+  if (readable_ && !ended_ && !busy_) readable_->setEnabled(!Full());
   if (waiting_.isEmpty()) {
     writable_.reset();
   } else if (!writable_) {
     writable_ = std::make_unique<QSocketNotifier>(output_, QSocketNotifier::Write);
-    connect(writable_.get(), &QSocketNotifier::activated, this, [this] {
-      WriteSome();
-      Watch();
-    });
+    connect(writable_.get(), &QSocketNotifier::activated, this, [this] { OnWritable(); });
   }
+}
+
+void StandardStreams::OnWritable() {
+  const bool full = Full();
+  WriteSome();
+  Watch();
+  if (full && !Full() && drained_) drained_();
 }
 
 void StandardStreams::Flush() {

@@ -20,6 +20,8 @@ class StandardStreams : public QObject {
   Q_OBJECT
 
  public:
+  static constexpr qsizetype kMostWaiting = qsizetype{1} << 20;
+
   /// Takes the two descriptors over. What others write to standard output goes to standard error from now on.
   explicit StandardStreams(QObject* parent = nullptr);
   /// The same on other descriptors, which stay the caller's.
@@ -30,12 +32,18 @@ class StandardStreams : public QObject {
   void Start(std::function<void(const QByteArray&)> received);
   /// No more input is read.
   void Stop();
+  /// Takes bytes over. Nobody is made to wait here: who writes much asks Full first.
   void Write(const QByteArray& bytes);
+  /// So much waits to be taken by the other side that no more should be made until it is Drained.
+  [[nodiscard]] bool Full() const { return waiting_.size() >= kMostWaiting; }
+  /// Calls drained each time when the output is no longer full.
+  void OnDrained(std::function<void()> drained) { drained_ = std::move(drained); }
   /// Waits until everything is written or nobody reads any more.
   void Flush();
 
  private:
   void OnReadable();
+  void OnWritable();
   /// Writes what goes without waiting.
   void WriteSome();
   void Watch();
@@ -48,6 +56,7 @@ class StandardStreams : public QObject {
   bool broken_ = false;  // nobody reads
   QByteArray waiting_;
   std::function<void(const QByteArray&)> received_;
+  std::function<void()> drained_;
   std::unique_ptr<QSocketNotifier> readable_;
   std::unique_ptr<QSocketNotifier> writable_;
 };

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "remote/trace.h"
 
-#include <algorithm>
-#include <iterator>
+#include <utility>
 
 #include "remote/json_values.h"
 #include "remote/message_names.h"
@@ -23,6 +22,18 @@ QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intpt
   // A message carries its record as an address. NOLINTNEXTLINE(performance-no-int-to-ptr)
   const auto* record = reinterpret_cast<const PnlToolNotify*>(second);
   return QJsonObject{{"channel", record->channel}, {"window", record->window}};
+}
+
+/// What a value takes in memory, about.
+std::size_t RoughSize(const QJsonValue& value) {
+  constexpr std::size_t kNode = 32;
+  std::size_t size = kNode + 2 * static_cast<std::size_t>(value.toString().size());
+  for (const QJsonValue item : value.toArray()) size += RoughSize(item);
+  const QJsonObject fields = value.toObject();
+  for (auto field = fields.begin(); field != fields.end(); ++field) {
+    size += kNode + 2 * static_cast<std::size_t>(field.key().size()) + RoughSize(field.value());
+  }
+  return size;
 }
 
 }  // namespace
@@ -52,21 +63,21 @@ void TraceLog::Host(const HostCall& call) {
     args.append(menu && i == 1 ? VisibleItemIds(arg.toUInt()) : QJsonValue::fromVariant(arg));
   }
   const QString name = call.slot >= 0 && call.slot < kSlotCount ? kSlotNames[static_cast<std::size_t>(call.slot)] : "";
-  events_.push_back({{"kind", "host"}, {"slot", call.slot}, {"name", name}, {"args", args}});
+  Add({{"kind", "host"}, {"slot", call.slot}, {"name", name}, {"args", args}});
 }
 
 void TraceLog::Cnc(std::string_view name, const std::vector<pnl::rig::Value>& args, const pnl::rig::Value& result) {
   QJsonArray list;
   for (const auto& arg : args) list.append(ToJson(arg));
-  events_.push_back({{"kind", "cnc"}, {"name", Narrow(name)}, {"args", list}, {"result", ToJson(result)}});
+  Add({{"kind", "cnc"}, {"name", Narrow(name)}, {"args", list}, {"result", ToJson(result)}});
 }
 
 void TraceLog::Write(std::u16string_view name, const pnl::rig::Value& value, bool ok) {
-  events_.push_back({{"kind", "write"}, {"name", Narrow(name)}, {"value", ToJson(value)}, {"ok", ok}});
+  Add({{"kind", "write"}, {"name", Narrow(name)}, {"value", ToJson(value)}, {"ok", ok}});
 }
 
 void TraceLog::MessageToHost(PnlWindow window, std::uint32_t message, std::intptr_t first, std::intptr_t second) {
-  events_.push_back({{"kind", "message"},
+  Add({{"kind", "message"},
                      {"to", window == session_.ToolArea() ? "parent" : "main"},
                      {"message", MessageToJson(message)},
                      {"first", static_cast<qint64>(first)},
@@ -75,7 +86,7 @@ void TraceLog::MessageToHost(PnlWindow window, std::uint32_t message, std::intpt
 
 void TraceLog::Box(std::u16string_view title, std::u16string_view text, std::string_view style,
                    std::string_view answer) {
-  events_.push_back({{"kind", "box"},
+  Add({{"kind", "box"},
                      {"title", Narrow(title)},
                      {"text", Narrow(text)},
                      {"style", Narrow(style)},
@@ -84,16 +95,32 @@ void TraceLog::Box(std::u16string_view title, std::u16string_view text, std::str
 
 QJsonArray TraceLog::Take(const QStringList& kinds) {
   QJsonArray taken;
-  std::vector<QJsonObject> kept;
-  for (QJsonObject& event : events_) {
-    if (kinds.contains(event.value("kind").toString())) {
-      taken.append(event);
+  qint64 lost = 0;
+  for (const QString& kind : kinds) lost += std::exchange(lost_[kind], 0);
+  if (lost != 0) taken.append(QJsonObject{{"kind", "lost"}, {"count", lost}});
+  std::deque<Event> kept;
+  bytes_ = 0;
+  for (Event& event : events_) {
+    if (kinds.contains(event.fields.value("kind").toString())) {
+      taken.append(event.fields);
     } else {
+      bytes_ += event.bytes;
       kept.push_back(std::move(event));
     }
   }
   events_ = std::move(kept);
   return taken;
+}
+
+void TraceLog::Add(QJsonObject event) {
+  const std::size_t bytes = RoughSize(event);
+  bytes_ += bytes;
+  events_.push_back({std::move(event), bytes});
+  while (events_.size() > kMostEvents || bytes_ > kMostBytes) {
+    ++lost_[events_.front().fields.value("kind").toString()];
+    bytes_ -= events_.front().bytes;
+    events_.pop_front();
+  }
 }
 
 }  // namespace panel

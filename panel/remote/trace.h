@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The trace: everything that happened between the tools, the host and the CNC, in order, as JSON events that a script
-// takes out. It listens and never interferes; what was taken is forgotten.
+// takes out. It listens and never interferes; what was taken is forgotten. What nobody takes doesn't grow for ever: the
+// oldest events go, and an event "lost" says how many.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -8,7 +9,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QStringList>
-#include <vector>
+#include <deque>
+#include <map>
 
 #include "host/host_session.h"
 
@@ -19,6 +21,10 @@ class TraceLog : public pnl::rig::EventSink {
   /// "host", "cnc", "write", "message", "box".
   static const QStringList& Kinds();
 
+  static constexpr std::size_t kMostEvents = 100'000;
+  /// Of all events together, roughly, in bytes.
+  static constexpr std::size_t kMostBytes = std::size_t{32} << 20;
+
   explicit TraceLog(const HostSession& session) : session_(session) {}
 
   void Host(const HostCall& call);
@@ -28,12 +34,21 @@ class TraceLog : public pnl::rig::EventSink {
   void Box(std::u16string_view title, std::u16string_view text, std::string_view style,
            std::string_view answer) override;
 
-  /// The events of these kinds, oldest first, which are then forgotten; the others stay.
+  /// The events of these kinds, oldest first, which are then forgotten; the others stay. Where events of these kinds
+  /// were lost since the last take, the first one is "lost" with their count.
   [[nodiscard]] QJsonArray Take(const QStringList& kinds);
 
  private:
+  struct Event {
+    QJsonObject fields;
+    std::size_t bytes;
+  };
+  void Add(QJsonObject event);
+
   const HostSession& session_;
-  std::vector<QJsonObject> events_;
+  std::deque<Event> events_;
+  std::size_t bytes_ = 0;
+  std::map<QString, qint64> lost_;  // by kind
 };
 
 /// The ids of a menu's visible items, or null for a handle behind which there is no menu.

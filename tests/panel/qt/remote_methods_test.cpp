@@ -2,9 +2,11 @@
 // The methods of the remote control as a script sees them, on the bare simulated CNC and a panel that is a plain
 // widget: results, and the exact text of every refusal.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QLineEdit>
 #include <QListWidget>
+#include <filesystem>
 
 #include "panel/qt/remote_fixture.h"
 #include "remote/methods.h"
@@ -313,6 +315,44 @@ TEST_F(RemoteMethods, ACaptureIsAPictureOfThePanel) {
   EXPECT_EQ(Ask("ui.capture", R"({"file":")" + file + R"("})"), "{}");
   EXPECT_EQ(QImage(file).size(), QSize(800, 600));
   EXPECT_EQ(temp.Read("a.png").substr(1, 3), "PNG");
+}
+
+TEST_F(RemoteMethods, ACaptureWaitsForNoPipeAndLeavesAProtectedFile) {
+  // It waited for ever for the pipe's reader, and wrote over what was protected.
+  const pnl::test::TempFolder temp;
+  const std::string pipe = (temp.Path() / "pipe").string();
+  const std::string locked = (temp.Path() / "locked.png").string();
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  temp.Write("locked.png", "mine");
+  std::filesystem::permissions(locked, std::filesystem::perms::owner_read);
+  for (const std::string& file : {pipe, locked, temp.Path().string(), std::string("/dev/null")}) {
+    EXPECT_EQ(Ask("ui.capture", QByteArray::fromStdString(R"({"file":")" + file + R"("})")),
+              "-32602 file: it can't be written");
+  }
+  EXPECT_EQ(temp.Read("locked.png"), "mine");
+}
+
+TEST_F(RemoteMethods, WhatWasQueuedBeforeARequestIsDoneBeforeIt) {
+  QMetaObject::invokeMethod(
+      &face.panel, [this] { Ask("cnc.define", R"({"name":"E.QUEUED","type":"int","value":7})"); },
+      Qt::QueuedConnection);
+  EXPECT_EQ(Ask("cnc.get", R"({"name":"E.QUEUED"})"), R"({"value":7})");
+}
+
+TEST_F(RemoteMethods, APostedTextIsStillThereWhenItsMessageArrives) {
+  struct Reader {
+    static std::intptr_t Read(void* context, PnlWindow, std::uint32_t, std::intptr_t first, std::intptr_t) {
+      *static_cast<std::u16string*>(context) = reinterpret_cast<const char16_t*>(first);
+      return 0;
+    }
+  };
+  QWidget widget;
+  std::u16string text;
+  const PnlWindow window = PnlAttachWidget(&widget, Reader::Read, &text);
+  const QByteArray params =
+      R"({"window":)" + QByteArray::number(window) + R"(,"message":"HELPHTML_GOTOMANUAL","first":{"text":"abc"}})";
+  EXPECT_EQ(Ask("tool.post", params), "{}");
+  EXPECT_EQ(text, u"abc");
 }
 
 TEST_F(RemoteMethods, NoBadRequestIsLeftUnanswered) {

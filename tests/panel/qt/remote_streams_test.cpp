@@ -4,11 +4,13 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QList>
 #include <array>
+#include <thread>
 
 #include "support/temp_folder.h"
 
@@ -39,6 +41,17 @@ struct Pipe {
   std::array<int, 2> ends{-1, -1};
 };
 
+/// Works on events until the condition holds. What a test waits for is there after a few rounds or never.
+template <typename Condition>
+bool EventsUntil(Condition condition) {
+  constexpr int kRounds = 10000;
+  for (int round = 0; round < kRounds; ++round) {
+    if (condition()) return true;
+    QCoreApplication::processEvents();
+  }
+  return condition();
+}
+
 TEST(StandardStreams, InputComesInPiecesAndItsEndIsEmpty) {
   Pipe in;
   StandardStreams streams(in.ends[0], -1, nullptr);
@@ -65,7 +78,7 @@ TEST(StandardStreams, AFileIsReadLikeAPipe) {
     read += piece;
     ended = piece.isEmpty();
   });
-  while (!ended) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_TRUE(EventsUntil([&] { return ended; }));
   EXPECT_EQ(read, "{}\n");
   close(file);
 }
@@ -76,21 +89,96 @@ TEST(StandardStreams, OutputThatNobodyTakesDoesNotMakeThePanelWait) {
   const QByteArray much(1 << 20, 'x');
   streams.Write(much);
   qsizetype taken = 0;
-  while (taken < much.size()) {
-    taken += out.Take(1 << 16).size();
-    QCoreApplication::processEvents();
-  }
+  EXPECT_TRUE(EventsUntil([&] {
+    // Only what is there: reading an empty pipe would wait.
+    int there = 0;
+    if (ioctl(out.ends[0], FIONREAD, &there) == 0 && there > 0) taken += out.Take(there).size();
+    return taken >= much.size();
+  }));
   EXPECT_EQ(taken, much.size());
 }
 
-TEST(StandardStreams, AReaderThatGoesAwayIsSurvived) {
+TEST(StandardStreams, WhatIsWaitingIsWrittenByAFlush) {
   Pipe out;
   StandardStreams streams(-1, out.ends[1], nullptr);
+  QByteArray much;
+  for (int i = 0; much.size() < (1 << 20); ++i) much += QByteArray::number(i) + '\n';
+  streams.Write(much);
+  QByteArray taken;
+  std::thread reader([&] {
+    while (taken.size() < much.size()) {
+      const QByteArray piece = out.Take(1 << 16);
+      if (piece.isEmpty()) break;
+      taken += piece;
+    }
+  });
+  streams.Flush();
+  // What the flush left behind the reader would wait for.
+  out.CloseWrite();
+  reader.join();
+  EXPECT_EQ(taken, much);
+}
+
+TEST(StandardStreams, WhileTheOtherSideTakesNothingItsRequestsWaitToo) {
+  Pipe in;
+  Pipe out;
+  StandardStreams streams(in.ends[0], out.ends[1], nullptr);
+  int pieces = 0;
+  int drained = 0;
+  streams.OnDrained([&] { ++drained; });
+  streams.Start([&](const QByteArray&) {
+    ++pieces;
+    streams.Write(QByteArray(2 * StandardStreams::kMostWaiting, 'x'));
+  });
+  in.Put("first");
+  EXPECT_TRUE(EventsUntil([&] { return pieces == 1; }));
+  EXPECT_TRUE(streams.Full());
+  in.Put("second");
+  for (int round = 0; round < 100; ++round) QCoreApplication::processEvents();
+  EXPECT_EQ(pieces, 1);
+  EXPECT_EQ(drained, 0);
+  EXPECT_TRUE(EventsUntil([&] {
+    int there = 0;
+    if (ioctl(out.ends[0], FIONREAD, &there) == 0 && there > 0) out.Take(there);
+    return pieces == 2;
+  }));
+  EXPECT_EQ(drained, 1);
+}
+
+TEST(StandardStreams, AReaderThatGoesAwayIsSurvivedAndNothingIsKeptForIt) {
+  Pipe in;
+  Pipe out;
+  StandardStreams streams(in.ends[0], out.ends[1], nullptr);
+  QByteArray read;
+  streams.Start([&](const QByteArray& piece) { read += piece; });
   out.CloseRead();
   streams.Write("x\n");
-  streams.Write(QByteArray(1 << 20, 'x'));
+  streams.Write(QByteArray(4 * StandardStreams::kMostWaiting, 'x'));
   streams.Flush();
-  SUCCEED();
+  EXPECT_FALSE(streams.Full());
+  in.Put("still heard");
+  EXPECT_TRUE(EventsUntil([&] { return read == "still heard"; }));
+}
+
+TEST(StandardStreams, WhatOthersPrintGoesToStandardErrorAndNotBetweenTheReplies) {
+  Pipe out;
+  Pipe errors;
+  const int oldOut = dup(STDOUT_FILENO);
+  const int oldErrors = dup(STDERR_FILENO);
+  dup2(out.ends[1], STDOUT_FILENO);
+  dup2(errors.ends[1], STDERR_FILENO);
+  {
+    StandardStreams streams;
+    EXPECT_EQ(write(STDOUT_FILENO, "noise", 5), 5);
+    streams.Write("reply\n");
+    streams.Flush();
+  }
+  dup2(oldOut, STDOUT_FILENO);
+  dup2(oldErrors, STDERR_FILENO);
+  close(oldOut);
+  close(oldErrors);
+  EXPECT_EQ(out.Take(100), "reply\n");
+  EXPECT_EQ(errors.Take(100), "noise");
 }
 
 TEST(StandardStreams, NothingIsReadWhileAPieceIsBeingWorkedOn) {
@@ -110,7 +198,7 @@ TEST(StandardStreams, NothingIsReadWhileAPieceIsBeingWorkedOn) {
     --depth;
   });
   in.Put("a");
-  while (read != "ab") QCoreApplication::processEvents();
+  EXPECT_TRUE(EventsUntil([&] { return read == "ab"; }));
   EXPECT_EQ(deepest, 1);
 }
 

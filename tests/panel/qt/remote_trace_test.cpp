@@ -92,6 +92,35 @@ TEST_F(Trace, WhatWasTakenIsForgottenAndOtherKindsStay) {
   EXPECT_EQ(log.Take(TraceLog::Kinds()).size(), 0);
 }
 
+TEST_F(Trace, WhatNobodyTakesIsBoundedAndAnEventTellsHowManyWereLost) {
+  // A trace never taken grew without end.
+  constexpr int kMore = 5;
+  log.Host({1, {6}});
+  for (std::size_t i = 0; i < TraceLog::kMostEvents + kMore - 1; ++i) log.Host({2, {static_cast<int>(i)}});
+  const QJsonArray events = log.Take({"host"});
+  ASSERT_EQ(events.size(), static_cast<qsizetype>(TraceLog::kMostEvents) + 1);
+  EXPECT_EQ(events.at(0).toObject(), (QJsonObject{{"kind", "lost"}, {"count", kMore}}));
+  EXPECT_EQ(events.at(1).toObject()["args"].toArray().at(0).toInt(), kMore - 1);
+  log.Host({1, {6}});
+  EXPECT_EQ(log.Take({"host"}).size(), 1) << "it is told once";
+}
+
+TEST_F(Trace, LongEventsAreBoundedByTheirSize) {
+  const std::u16string line(1u << 20, u'x');
+  for (int i = 0; i < 100; ++i) log.Box(u"T", line, "info", "ok");
+  const QJsonArray events = log.Take({"box"});
+  EXPECT_LT(events.size(), 20);
+  EXPECT_EQ(events.at(0).toObject()["count"].toInt() + events.size() - 1, 100);
+}
+
+TEST_F(Trace, LostEventsAreCountedByTheirKind) {
+  for (std::size_t i = 0; i < TraceLog::kMostEvents; ++i) log.Write(u"a", Value(), true);
+  log.Host({1, {6}});
+  log.Host({1, {6}});
+  EXPECT_EQ(log.Take({"host"}).size(), 2);
+  EXPECT_EQ(log.Take({"write"}).at(0).toObject()["count"].toInt(), 2);
+}
+
 TEST(MessageNames, AreRegisteredOnceAndKnownByTheirNumber) {
   const auto number = MessageNumber("MDI_ENDLIST");
   ASSERT_TRUE(number.has_value());
