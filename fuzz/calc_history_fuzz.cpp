@@ -18,8 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size % 3 == 1) files.piece = 7;
 
   CalcHistory history(files, utilities);
-  std::vector<Text> rows = history.Load();
-  history.Save(rows);
+  TextRows rows = history.Load();
+  static_cast<void>(history.Save(rows));
   if (rows.empty()) {
     FUZZ_CHECK(files.content[path] == std::string(reinterpret_cast<const char*>(data), size));
     return 0;
@@ -28,9 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (Text& row : rows) row = pnl::FromUtf8(pnl::ToUtf8(row));
   const std::string stored = files.content[path];
   CalcHistory again(files, utilities);
-  const std::vector<Text> reread = again.Load();
+  const TextRows reread = again.Load();
   FUZZ_CHECK(reread == rows);
-  again.Save(reread);
+  static_cast<void>(again.Save(reread));
   FUZZ_CHECK(files.content[path] == stored);
   return 0;
 }

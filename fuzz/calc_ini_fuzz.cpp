@@ -30,23 +30,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   pnl::fuzz::PathUtilities utilities;
   files.content[users] = std::string(reinterpret_cast<const char*>(data), size);
 
-  const CalcSettings settings = pnl::LoadCalcSettings(files, utilities);
+  const pnl::CalcSettingsRead loaded = pnl::LoadCalcSettings(files, utilities);
+  const CalcSettings settings = loaded.settings;
   FUZZ_CHECK(settings.left >= -kFarthest && settings.left <= kFarthest);
   FUZZ_CHECK(settings.top >= -kFarthest && settings.top <= kFarthest);
   CIniFile before(files);
   before.ReadIniFile(users);
   // Half a surrogate pair, which UTF-16 can bring, is U+FFFD once it was stored.
   before.Parse(before.Serialize());
-  pnl::SaveCalcSettings(files, utilities, settings);
+  static_cast<void>(pnl::SaveCalcSettings(files, utilities, settings, loaded));
   CIniFile after(files);
   FUZZ_CHECK(after.ReadIniFile(users));
   CheckOtherKeys(before, after);
 
-  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities) == settings);
+  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities).settings == settings);
   utilities.driveStatus = 1;
-  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities) == settings);
+  FUZZ_CHECK(pnl::LoadCalcSettings(files, utilities).settings == settings);
   const std::string stored = files.content[users];
-  pnl::SaveCalcSettings(files, utilities, settings);
+  static_cast<void>(pnl::SaveCalcSettings(files, utilities, settings, loaded));
   FUZZ_CHECK(files.content[users] == stored);
   return 0;
 }

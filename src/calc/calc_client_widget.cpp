@@ -164,7 +164,7 @@ void CalcClientWidget::MakeFonts(int lineHeight, int lineWeight, int resultHeigh
 
 void CalcClientWidget::InsertRow(int index, TextView text) {
   quiet_ = true;
-  history_->Insert(index, Text(text));
+  history_->Insert(index, text);
   quiet_ = false;
 }
 
@@ -180,7 +180,7 @@ void CalcClientWidget::SelectRow(int index) {
   quiet_ = false;
 }
 
-void CalcClientWidget::FillHistory(const std::vector<Text>& rows) {
+void CalcClientWidget::FillHistory(const TextRows& rows) {
   quiet_ = true;
   history_->SetItems(rows);
   quiet_ = false;

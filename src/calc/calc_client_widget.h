@@ -52,7 +52,7 @@ class CalcClientWidget final : public QWidget {
   void InsertRow(int index, TextView text);
   void DeleteRow(int index);
   void SelectRow(int index);
-  void FillHistory(const std::vector<Text>& rows);
+  void FillHistory(const TextRows& rows);
 
   [[nodiscard]] CalcLine& Line() const { return *line_; }
   [[nodiscard]] ZCResultWnd& Result() const { return *result_; }

@@ -5,6 +5,7 @@
 #include "calc/calc_ids.h"
 #include "calc/calc_menus.h"
 #include "calc/calc_notes.h"
+#include "host/storage_messages.h"
 
 namespace pnl::calc {
 
@@ -54,11 +55,12 @@ void HideAndDestroy(CalcState& state) {
 void Open(const std::shared_ptr<CalcState>& keep) {
   CalcState& state = *keep;
   if (state.opened || state.closed) return;
-  const CalcSettings settings = LoadCalcSettings(state.context.files, state.context.cnc.Util());
-  state.minimized = settings.minimized;
-  state.View().MoveWindow(settings.left, settings.top);
+  state.loaded = LoadCalcSettings(state.context.files, state.context.cnc.Util());
+  state.minimized = state.loaded.settings.minimized;
+  state.View().MoveWindow(state.loaded.settings.left, state.loaded.settings.top);
   ResizeWindow(state);
-  state.View().FillList(state.history.Load());
+  const TextRows rows = state.history.Load();
+  state.View().FillList(rows);
   // From here on there is something to save.
   state.opened = true;
   state.texts = LoadCalcTexts(state.context.language);
@@ -77,6 +79,7 @@ void Open(const std::shared_ptr<CalcState>& keep) {
   state.View().Show();
   state.View().BringToTop();
   state.View().FocusLine();
+  TellLargeFile(state.context, tool_id::kCalculator, CalcHistory::kName, rows.TextBytes() + rows.size());
 }
 
 void Close(CalcState& state, int code) {
@@ -118,17 +121,18 @@ void OnDestroyed(CalcState& state) {
   state.closed = true;
   state.timer.Stop();
   DropWork(state);
+  std::vector<Text> failed;
   if (state.opened) {
-    std::vector<Text> rows;
-    const int count = state.window->ListCount();
-    rows.reserve(static_cast<std::size_t>(count));
-    for (int row = 0; row < count; ++row) rows.push_back(state.window->ListItem(row));
-    state.history.Save(rows);
+    if (!state.history.Save(state.window->ListRows())) failed.emplace_back(CalcHistory::kName);
     const Rect place = state.window->WindowRect();
-    SaveCalcSettings(state.context.files, state.context.cnc.Util(), {place.left, place.top, state.minimized});
+    const CalcSettings settings{place.left, place.top, state.minimized};
+    if (!SaveCalcSettings(state.context.files, state.context.cnc.Util(), settings, state.loaded)) {
+      failed.emplace_back(kCalcIniName);
+    }
   }
   state.window = nullptr;
   DestroyMenus(state);
+  TellNotSaved(state.context, tool_id::kCalculator, failed);
 }
 
 }  // namespace pnl::calc

@@ -56,6 +56,7 @@ void EndConfirm(CalcState& state) {
   state.value = *value;
   state.View().SetResultText(FormatResult(state.value, state.numberBase));
   state.View().InsertListItem(0, line);
+  state.history.NoteAdded(line);
   state.View().SetLineText({});
   TakeSolverReport(state, work->Solver());
   RefreshNote(state);

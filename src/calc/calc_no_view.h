@@ -41,7 +41,8 @@ class CalcNoView final : public CalcView {
   [[nodiscard]] Text ListItem(int /*index*/) const override { return {}; }
   [[nodiscard]] std::vector<int> ListSelection() const override { return {}; }
   [[nodiscard]] int ListCurrent() const override { return -1; }
-  void FillList(const std::vector<Text>& /*rows*/) override {}
+  void FillList(const TextRows& /*rows*/) override {}
+  [[nodiscard]] TextRows ListRows() const override { return {}; }
   void InsertListItem(int /*index*/, TextView /*text*/) override {}
   void DeleteListItem(int /*index*/) override {}
   void SelectListItem(int /*index*/) override {}

@@ -19,28 +19,12 @@ constexpr int kNotWritable = -1;
 // What a window system takes; further out nothing could be seen, and sums would overflow.
 constexpr int kFarthest = 32767;
 
-Text PathIn(Utilities& utilities, int pathId) { return Format(u"%s\\Calc7340.ini", utilities.Get7340Path(pathId)); }
+Text PathIn(Utilities& utilities, int pathId) { return Format(u"%s\\%s", utilities.Get7340Path(pathId), kCalcIniName); }
 
 int Coordinate(Text& text) { return std::clamp(GetIntData(text, u','), -kFarthest, kFarthest); }
 
-void Write(Files& files, const Text& path, const CalcSettings& settings) {
-  CIniFile ini(files);
-  // Without a file the object is empty; one that can't be read is refused by WriteIniFile.
-  static_cast<void>(ini.ReadIniFile(path));
-  ini.WriteString(kSection, kWindow, Format(u"%d,%d", settings.left, settings.top));
-  ini.WriteString(kSection, kMinimized, settings.minimized ? u"YES" : u"NO");
-  static_cast<void>(ini.WriteIniFile(path));
-}
-
-}  // namespace
-
-CalcSettings LoadCalcSettings(Files& files, Utilities& utilities) {
-  const bool tryUsers = utilities.UTIL7340_DriveStatus(kUsersDrive) == kUsable;
-  Text path = PathIn(utilities, path_id::kUserSettings);
-  if (!tryUsers || !files.Query(path).exists) path = PathIn(utilities, path_id::kSetup);
+CalcSettings SettingsIn(CIniFile& ini) {
   CalcSettings settings;
-  CIniFile ini(files);
-  if (!ini.ReadIniFile(path)) return settings;
   Text window = ini.ReadString(kSection, kWindow, u"0,0");
   settings.left = Coordinate(window);
   settings.top = Coordinate(window);
@@ -49,12 +33,46 @@ CalcSettings LoadCalcSettings(Files& files, Utilities& utilities) {
   return settings;
 }
 
-void SaveCalcSettings(Files& files, Utilities& utilities, const CalcSettings& settings) {
-  // Any status but this one lets the copy be written, although loading asks for more.
-  if (utilities.UTIL7340_DriveStatus(kUsersDrive) != kNotWritable) {
-    Write(files, PathIn(utilities, path_id::kUserSettings), settings);
+/// kept: what the session holds only because it couldn't look at this copy; null if it could.
+bool Write(Files& files, const Text& path, const CalcSettings& settings, const CalcSettings* kept) {
+  CIniFile ini(files);
+  // Without a file the object is empty; one that can't be read is refused by WriteIniFile.
+  const bool there = ini.ReadIniFile(path);
+  const bool compare = there && kept != nullptr;
+  if (!compare || settings.left != kept->left || settings.top != kept->top) {
+    ini.WriteString(kSection, kWindow, Format(u"%d,%d", settings.left, settings.top));
   }
-  Write(files, PathIn(utilities, path_id::kSetup), settings);
+  if (!compare || settings.minimized != kept->minimized) {
+    ini.WriteString(kSection, kMinimized, settings.minimized ? u"YES" : u"NO");
+  }
+  return ini.WriteIniFile(path);
+}
+
+}  // namespace
+
+CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities) {
+  CalcSettingsRead read;
+  const Text users = PathIn(utilities, path_id::kUserSettings);
+  const bool tryUsers = utilities.UTIL7340_DriveStatus(kUsersDrive) == kUsable;
+  const FileInfo info = tryUsers ? files.Query(users) : FileInfo{};
+  CIniFile ini(files);
+  const bool usersRead = info.exists && ini.ReadIniFile(users);
+  read.usersUnknown = !usersRead && (info.exists || info.outOfReach);
+  if (usersRead || (!info.exists && ini.ReadIniFile(PathIn(utilities, path_id::kSetup)))) {
+    read.settings = SettingsIn(ini);
+  }
+  return read;
+}
+
+bool SaveCalcSettings(Files& files, Utilities& utilities, const CalcSettings& settings,
+                      const CalcSettingsRead& loaded) {
+  // Any status but this one lets the copy be written, although loading asks for more.
+  const bool users = utilities.UTIL7340_DriveStatus(kUsersDrive) != kNotWritable;
+  const CalcSettings* kept = loaded.usersUnknown ? &loaded.settings : nullptr;
+  const bool stored = users && Write(files, PathIn(utilities, path_id::kUserSettings), settings, kept);
+  const bool machines = Write(files, PathIn(utilities, path_id::kSetup), settings, nullptr);
+  // The user's copy is the one that is read first.
+  return users ? stored : machines;
 }
 
 }  // namespace pnl

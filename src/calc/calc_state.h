@@ -58,6 +58,7 @@ struct CalcState {
   MenuHandle menu = 0;
   CalcTexts texts;
   CalcHistory history;
+  CalcSettingsRead loaded;
   CalcOpenList openList = CalcOpenList::kNone;
 
   std::unique_ptr<CalcWork> work;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "base/text_rows.h"
 #include "window/menu.h"
 #include "window/window.h"
 
@@ -77,7 +78,8 @@ class CalcView {
   [[nodiscard]] virtual std::vector<int> ListSelection() const = 0;
   /// The row that the keys move from; -1: none.
   [[nodiscard]] virtual int ListCurrent() const = 0;
-  virtual void FillList(const std::vector<Text>& rows) = 0;
+  virtual void FillList(const TextRows& rows) = 0;
+  [[nodiscard]] virtual TextRows ListRows() const = 0;
   virtual void InsertListItem(int index, TextView text) = 0;
   /// The keys then move from the row that took its place, or from the last one; it isn't selected.
   virtual void DeleteListItem(int index) = 0;

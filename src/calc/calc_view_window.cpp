@@ -128,7 +128,7 @@ void ZCCalc7340::SetResultColors(std::uint32_t back, std::uint32_t text) {
 
 void ZCCalc7340::SetStatus(TextView text) { client_->Status().SetText(ToQString(text)); }
 
-void ZCCalc7340::FillVariables(const std::vector<Text>& rows) { client_->Variables().SetItems(rows); }
+void ZCCalc7340::FillVariables(const std::vector<Text>& rows) { client_->Variables().SetItems(TextRows(rows)); }
 
 void ZCCalc7340::SetNote(TextView text) {
   if (!note_) return;

@@ -80,7 +80,8 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   [[nodiscard]] Text ListItem(int index) const override { return client_->History().Item(index); }
   [[nodiscard]] std::vector<int> ListSelection() const override { return client_->History().Selected(); }
   [[nodiscard]] int ListCurrent() const override { return client_->History().Current(); }
-  void FillList(const std::vector<Text>& rows) override { client_->FillHistory(rows); }
+  void FillList(const TextRows& rows) override { client_->FillHistory(rows); }
+  [[nodiscard]] TextRows ListRows() const override { return client_->History().Items(); }
   void InsertListItem(int index, TextView text) override { client_->InsertRow(index, text); }
   void DeleteListItem(int index) override { client_->DeleteRow(index); }
   void SelectListItem(int index) override { client_->SelectRow(index); }

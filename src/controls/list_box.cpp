@@ -55,29 +55,29 @@ class WideScrollBar : public QScrollBar {
 
 }  // namespace
 
-void ListBoxModel::SetItems(std::vector<Text> items) {
+void ListBoxModel::SetItems(TextRows items) {
   beginResetModel();
   items_ = std::move(items);
   endResetModel();
 }
 
-void ListBoxModel::Insert(int index, Text text) {
+void ListBoxModel::Insert(int index, TextView text) {
   const int at = Has(index) ? index : Count();
   beginInsertRows({}, at, at);
-  items_.insert(items_.begin() + at, std::move(text));
+  items_.Insert(static_cast<std::size_t>(at), text);
   endInsertRows();
 }
 
-void ListBoxModel::Replace(int index, Text text) {
+void ListBoxModel::Replace(int index, TextView text) {
   if (!Has(index)) return;
-  items_[static_cast<std::size_t>(index)] = std::move(text);
+  items_.Replace(static_cast<std::size_t>(index), text);
   emit dataChanged(createIndex(index, 0), createIndex(index, 0));
 }
 
 void ListBoxModel::Delete(int index) {
   if (!Has(index)) return;
   beginRemoveRows({}, index, index);
-  items_.erase(items_.begin() + index);
+  items_.Erase(static_cast<std::size_t>(index));
   endRemoveRows();
 }
 
@@ -126,11 +126,11 @@ void ListBox::SetFont(const QString& face, int height, int weight) {
   if (const auto made = MakeFont(face, height, weight)) setFont(*made);
 }
 
-void ListBox::SetItems(std::vector<Text> items) { items_.SetItems(std::move(items)); }
+void ListBox::SetItems(TextRows items) { items_.SetItems(std::move(items)); }
 
-void ListBox::Insert(int index, Text text) { items_.Insert(index, std::move(text)); }
+void ListBox::Insert(int index, TextView text) { items_.Insert(index, text); }
 
-void ListBox::Replace(int index, Text text) { items_.Replace(index, std::move(text)); }
+void ListBox::Replace(int index, TextView text) { items_.Replace(index, text); }
 
 void ListBox::Delete(int index) {
   const bool single = selectionMode() == QAbstractItemView::SingleSelection;

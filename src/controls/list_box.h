@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "base/text_rows.h"
 #include "controls/system_colors.h"
 
 namespace pnl {
@@ -17,19 +18,20 @@ class ListBoxModel : public QAbstractListModel {
 
  public:
   using QAbstractListModel::QAbstractListModel;
-  void SetItems(std::vector<Text> items);
-  void Insert(int index, Text text);
-  void Replace(int index, Text text);
+  void SetItems(TextRows items);
+  void Insert(int index, TextView text);
+  void Replace(int index, TextView text);
   void Delete(int index);
+  [[nodiscard]] const TextRows& Items() const { return items_; }
   [[nodiscard]] bool Has(int index) const { return index >= 0 && index < Count(); }
   [[nodiscard]] int Count() const { return static_cast<int>(items_.size()); }
-  [[nodiscard]] const Text& Item(int index) const { return items_[static_cast<std::size_t>(index)]; }
+  [[nodiscard]] Text Item(int index) const { return items_[static_cast<std::size_t>(index)]; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:
-  std::vector<Text> items_;
+  TextRows items_;
 };
 
 class ListBox : public QListView {
@@ -49,10 +51,11 @@ class ListBox : public QListView {
   void SetFont(const QString& face, int height, int weight);
 
   /// Nothing is selected afterwards.
-  void SetItems(std::vector<Text> items);
+  void SetItems(TextRows items);
+  [[nodiscard]] const TextRows& Items() const { return items_.Items(); }
   /// At index, or at the end. The selected item stays selected.
-  void Insert(int index, Text text);
-  void Replace(int index, Text text);
+  void Insert(int index, TextView text);
+  void Replace(int index, TextView text);
   /// A selected item leaves no selection behind.
   void Delete(int index);
   /// -1 for none; scrolls the item into view.

@@ -4,10 +4,10 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <vector>
 
+#include "base/row_file.h"
 #include "base/text.h"
+#include "base/text_rows.h"
 #include "facade/variables.h"
 #include "mdi/mdi_layout.h"
 
@@ -48,13 +48,17 @@ struct MDIDATA_ST {
   std::int32_t State = mdi_state::kReady;
   pnl::Text Text;  // the block in hand
   std::int32_t LoadState = mdi_load::kNotRead;
-  std::deque<pnl::Text> History;   // newest first
-  std::vector<pnl::Text> MDAList;  // in the operator's order
+  TextRows History;                // newest first
+  TextRows MDAList;                // in the operator's order
   std::int32_t MDASelection = -1;  // index in MDAList, -1 for none
   std::int32_t SavedManualMode = 0;
-  // A file that is there but couldn't be read isn't written either, so that nothing on the disc is lost.
-  bool HistoryUnreadable = false;
-  bool ListUnreadable = false;
+  // What is known of the two files decides what may be written over them, so that nothing on the disc is lost.
+  FileKnown HistoryKnown = FileKnown::kUnknown;
+  FileKnown ListKnown = FileKnown::kUnknown;
+  std::size_t HistoryAdded = 0;   // the first so many of History are blocks of this session
+  TextRows ListAdded;             // what this session put into MDAList, in any order
+  std::uint64_t HistorySize = 0;  // of what was read, in bytes
+  std::uint64_t ListSize = 0;
 
   [[nodiscard]] MdiRole LowRole() const { return (Role & 0x0F) == 2 ? MdiRole::kMda : MdiRole::kMdi; }
   [[nodiscard]] std::int32_t Edit() const { return Role & 0xF0; }

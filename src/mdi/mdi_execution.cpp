@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/storage_messages.h"
 #include "mdi/mdi_block.h"
 #include "mdi/mdi_channel.h"
 #include "mdi/mdi_commands.h"
@@ -104,13 +105,15 @@ void MdiExecution::OnDestroy() {
   MdiSession& session = parts_->session;
   if (session.Ended()) return;
   session.DetachView();
-  session.settings.SaveSettings();
+  std::vector<Text> failed;
+  if (!session.settings.SaveSettings()) failed.emplace_back(kMdiIniName);
   for (MDIDATA_ST& record : session.records) {
-    session.history.SaveLists(record);
+    for (Text& name : session.history.SaveLists(record)) failed.push_back(std::move(name));
     if (record.StatusVar.IsReportOpened()) record.StatusVar.CloseReport();
     if (record.InspectVar.IsReportOpened()) record.InspectVar.CloseReport();
   }
   mdi::DestroyMenus(session);
+  TellNotSaved(session.context, tool_id::kMdi, failed);
 }
 
 bool MdiExecution::Ended() const { return parts_->session.Ended(); }

@@ -2,78 +2,84 @@
 #include "mdi/mdi_history.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "base/format.h"
-#include "base/text_file.h"
 
 namespace pnl {
 
 namespace {
 
-constexpr TextView kHistoryFile = u"MDIC%d.DAT";
-constexpr TextView kListFile = u"MDAC%d.DAT";
-constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
-
-/// Appends up to limit lines of the file. False when the file is there but can't be read, or only in part.
-template <typename List>
-bool ReadLines(Files& files, const Text& path, std::size_t limit, List& lines) {
-  CStdioFileEx file(files);
-  if (!file.Open(path, CStdioFileEx::kRead)) return !files.Query(path).exists;
-  Text line;
-  while (lines.size() < limit && file.ReadString(line)) lines.push_back(std::move(line));
-  return !file.ReadFailed();
-}
-
-/// The first count lines, each ended by CR LF; an empty list leaves an empty file.
-template <typename List>
-void WriteLines(Files& files, const Text& path, std::size_t count, const List& lines) {
-  CStdioFileEx file(files);
-  if (!file.Open(path, CStdioFileEx::kCreate)) return;
-  for (std::size_t i = 0; i < std::min(count, lines.size()); ++i) file.WriteString(lines[i] + u"\r\n");
-  static_cast<void>(file.Close());
+/// The first so many rows.
+TextRows FirstRows(const TextRows& rows, std::size_t count) {
+  TextRows first;
+  auto row = rows.begin();
+  for (std::size_t i = 0; i < count; ++i, ++row) first.push_back(*row);
+  return first;
 }
 
 }  // namespace
 
+Text MdiHistoryName(int channel) { return Format(u"MDIC%d.DAT", channel); }
+
+Text MdiListName(int channel) { return Format(u"MDAC%d.DAT", channel); }
+
+RowsRead MdiHistory::Load(TextView name, std::size_t most) {
+  const Text users = MdiFileIn(utilities_, path_id::kUserSettings, name);
+  const Text path = MdiFileToRead(files_, utilities_, name);
+  RowsRead read = ReadRows(files_, path, most);
+  if (path == users) return read;
+  // The machine's copy stands in; what may be written over is the user's alone.
+  const FileInfo info = files_.Query(users);
+  read.known = info.exists || info.outOfReach ? FileKnown::kUnknown : FileKnown::kAbsent;
+  return read;
+}
+
 void MdiHistory::LoadLists(MDIDATA_ST& record) {
   if (record.LoadState != mdi_load::kNotRead) return;
-  const Text history = Format(kHistoryFile, static_cast<int>(record.Channel));
-  record.History.clear();
+  const int channel = record.Channel;
   const auto limit = static_cast<std::size_t>(settings_.HistoryLimit());
-  const Text historyPath = MdiFileToRead(files_, utilities_, history);
-  const bool historyRead = ReadLines(files_, historyPath, limit, record.History);
-  record.HistoryUnreadable = !historyRead && historyPath == MdiFileIn(utilities_, path_id::kUserSettings, history);
+  RowsRead history = Load(MdiHistoryName(channel), limit);
+  record.History = std::move(history.rows);
+  record.HistoryKnown =
+      settings_.LimitUnknown() && history.known == FileKnown::kWhole ? FileKnown::kUnknown : history.known;
+  record.HistoryAdded = 0;
 
-  const Text list = Format(kListFile, static_cast<int>(record.Channel));
-  record.MDAList.clear();
-  const Text listPath = MdiFileToRead(files_, utilities_, list);
-  const bool listRead = ReadLines(files_, listPath, kNoLimit, record.MDAList);
-  record.ListUnreadable = !listRead && listPath == MdiFileIn(utilities_, path_id::kUserSettings, list);
+  RowsRead list = Load(MdiListName(channel), kAllRows);
+  record.MDAList = std::move(list.rows);
+  record.ListKnown = list.known;
+  record.ListAdded.clear();
 
+  record.HistorySize = history.bytes;
+  record.ListSize = list.bytes;
   record.LoadState = mdi_load::kMatchesFiles;
   record.MDASelection = -1;
 }
 
 void MdiHistory::AddToHistory(MDIDATA_ST& record, const Text& text) {
   if (text.empty()) return;
-  const auto equal = std::find(record.History.begin(), record.History.end(), text);
-  if (equal != record.History.end()) record.History.erase(equal);
+  const auto equal = record.History.Find(text);
+  if (equal) record.History.Erase(*equal);
+  if (!equal || *equal >= record.HistoryAdded) ++record.HistoryAdded;
   record.History.push_front(text);
   record.LoadState = mdi_load::kChanged;
 }
 
-void MdiHistory::SaveLists(MDIDATA_ST& record) {
-  if (record.LoadState != mdi_load::kChanged) return;
-  const Text history =
-      MdiFileIn(utilities_, path_id::kUserSettings, Format(kHistoryFile, static_cast<int>(record.Channel)));
-  const auto limit = static_cast<std::size_t>(settings_.HistoryLimit());
-  if (!record.HistoryUnreadable) WriteLines(files_, history, limit, record.History);
-  const Text list = MdiFileIn(utilities_, path_id::kUserSettings, Format(kListFile, static_cast<int>(record.Channel)));
-  if (!record.ListUnreadable) WriteLines(files_, list, record.MDAList.size(), record.MDAList);
+std::vector<Text> MdiHistory::SaveLists(MDIDATA_ST& record) {
+  std::vector<Text> failed;
+  if (record.LoadState != mdi_load::kChanged) return failed;
+  const auto store = [&](const Text& name, FileKnown known, const RowsToStore& rows) {
+    const Text path = MdiFileIn(utilities_, path_id::kUserSettings, name);
+    if (StoreRows(files_, path, known, rows) != FileStatus::kOk) failed.push_back(name);
+  };
+  const std::size_t limit = settings_.LimitUnknown() ? kAllRows : static_cast<std::size_t>(settings_.HistoryLimit());
+  const TextRows newBlocks = FirstRows(record.History, record.HistoryAdded);
+  store(MdiHistoryName(record.Channel), record.HistoryKnown, {record.History, newBlocks, limit, true});
+  const TextRows newItems = RowsOf(record.MDAList, record.ListAdded);
+  store(MdiListName(record.Channel), record.ListKnown, {record.MDAList, newItems});
   record.LoadState = mdi_load::kMatchesFiles;
   record.MDASelection = -1;
+  return failed;
 }
 
 }  // namespace pnl

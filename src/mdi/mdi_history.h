@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The two lists of a channel and their files: the history of blocks that ran and the working list of the MDA role.
-// Failures of files are silent: what can't be read is an empty list, what can't be written leaves the file as it was.
+// What can't be read is an empty list, silently; what can't be written leaves the file as it was and is told. Whatever
+// was out of reach when the lists were read gets the session's own rows in front of those that are found there later.
 #pragma once
+
+#include <vector>
 
 #include "base/files.h"
 #include "base/text.h"
@@ -10,6 +13,10 @@
 #include "mdi/mdi_settings.h"
 
 namespace pnl {
+
+/// The files' names.
+[[nodiscard]] Text MdiHistoryName(int channel);
+[[nodiscard]] Text MdiListName(int channel);
 
 class MdiHistory {
  public:
@@ -21,10 +28,11 @@ class MdiHistory {
   /// To the head, and away from wherever an equal entry stood. An empty text is ignored. Nothing is cut here: during a
   /// run the history may grow beyond its limit.
   static void AddToHistory(MDIDATA_ST& record, const Text& text);
-  /// Writes both lists if they changed.
-  void SaveLists(MDIDATA_ST& record);
+  /// Writes both lists if they changed; the names of the files that couldn't be written.
+  std::vector<Text> SaveLists(MDIDATA_ST& record);
 
  private:
+  [[nodiscard]] RowsRead Load(TextView name, std::size_t most);
   Files& files_;
   Utilities& utilities_;
   MdiSettings& settings_;

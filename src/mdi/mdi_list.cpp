@@ -17,7 +17,8 @@ bool IsItem(const MDIDATA_ST& record, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < record.MDAList.size();
 }
 
-auto At(MDIDATA_ST& record, int index) { return record.MDAList.begin() + static_cast<std::ptrdiff_t>(index); }
+/// The session put it there, whatever becomes of the file meanwhile.
+void NoteAdded(MDIDATA_ST& record, TextView text) { record.ListAdded.push_back(text); }
 
 void Mirror(MdiSession& session, const MDIDATA_ST& record, int index, const Text& text) {
   if (!session.IsCurrent(record)) return;
@@ -35,6 +36,7 @@ int MoveTarget(int index, int count, bool up) {
 
 void AppendItem(MdiSession& session, MDIDATA_ST& record, const Text& text) {
   record.MDAList.push_back(text);
+  NoteAdded(record, text);
   Mirror(session, record, session.View().ListCount(), text);
 }
 
@@ -44,7 +46,8 @@ void InsertBeforeSelected(MdiSession& session, MDIDATA_ST& record, const Text& t
     AppendItem(session, record, text);
     return;
   }
-  record.MDAList.insert(At(record, selected), text);
+  record.MDAList.Insert(static_cast<std::size_t>(selected), text);
+  NoteAdded(record, text);
   Mirror(session, record, selected, text);
 }
 
@@ -56,7 +59,11 @@ void ReplaceChanged(MdiSession& session, MDIDATA_ST& record, const Text& text) {
     AppendItem(session, record, text);
     return;
   }
-  *At(record, index) = text;
+  const auto place = static_cast<std::size_t>(index);
+  // A row that this session had put there is another one now.
+  if (const auto old = record.ListAdded.Find(record.MDAList[place])) record.ListAdded.Erase(*old);
+  record.MDAList.Replace(place, text);
+  NoteAdded(record, text);
   if (!session.IsCurrent(record)) return;
   session.View().ReplaceListItem(index, text);
   session.View().SetListSelection(index);
@@ -104,6 +111,7 @@ void EndEdit(MdiSession& session, MDIDATA_ST& record) {
 
 void ClearList(MdiSession& session, MDIDATA_ST& record) {
   record.MDAList.clear();
+  record.ListAdded.clear();
   session.View().FillList(record.MDAList);
   record.MDASelection = -1;
   record.LoadState = mdi_load::kChanged;
@@ -121,10 +129,11 @@ void MoveItem(MdiSession& session, MDIDATA_ST& record, bool up) {
   if (IsItem(record, index)) {
     // The store may be longer than the box, whose items it then keeps at its end; "the end" is each one's own.
     const bool toEnd = up && index == 0;
-    Text item = std::move(*At(record, index));
-    record.MDAList.erase(At(record, index));
-    const int end = static_cast<int>(record.MDAList.size());
-    record.MDAList.insert(At(record, toEnd ? end : std::min(target, end)), std::move(item));
+    const auto place = static_cast<std::size_t>(index);
+    const Text item = record.MDAList[place];
+    record.MDAList.Erase(place);
+    const std::size_t end = record.MDAList.size();
+    record.MDAList.Insert(toEnd ? end : std::min(static_cast<std::size_t>(target), end), item);
   }
   record.LoadState = mdi_load::kChanged;
   view.SetListSelection(target);

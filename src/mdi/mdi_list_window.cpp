@@ -3,7 +3,6 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
-#include <vector>
 
 namespace pnl {
 
@@ -30,8 +29,8 @@ void ZCMDIList::SetColors(Color background, Color text) { list_->SetColors(backg
 
 void ZCMDIList::SetSelectedColors(Color background, Color text) { list_->SetSelectedColors(background, text); }
 
-void ZCMDIList::Fill(const std::deque<Text>* items) {
-  list_->SetItems(items == nullptr ? std::vector<Text>() : std::vector<Text>(items->begin(), items->end()));
+void ZCMDIList::Fill(const TextRows* items) {
+  list_->SetItems(items == nullptr ? TextRows() : *items);
   list_->Select(0);
 }
 

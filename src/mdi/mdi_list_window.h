@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QtCore/QPointer>
-#include <deque>
 #include <optional>
 
 #include "controls/list_box.h"
@@ -29,7 +28,7 @@ class ZCMDIList : public ToolDialog {
   void SetColors(Color background, Color text);
   void SetSelectedColors(Color background, Color text);
   /// Null leaves the list empty; else all items in order, the first one selected.
-  void Fill(const std::deque<Text>* items);
+  void Fill(const TextRows* items);
   /// True with the selected text; false with an empty one if nothing is selected.
   bool GetSelected(Text& text) const;
   /// The text that was picked.

@@ -35,7 +35,7 @@ class MdiNoView final : public MdiView {
   [[nodiscard]] Text ListItem(int /*index*/) const override { return {}; }
   [[nodiscard]] int ListSelection() const override { return -1; }
   void SetListSelection(int /*index*/) override {}
-  void FillList(const std::vector<Text>& /*items*/) override {}
+  void FillList(const TextRows& /*items*/) override {}
   void InsertListItem(int /*index*/, TextView /*text*/) override {}
   void ReplaceListItem(int /*index*/, TextView /*text*/) override {}
   void DeleteListItem(int /*index*/) override {}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_opening.h"
 
+#include "host/storage_messages.h"
 #include "mdi/mdi_availability.h"
 #include "mdi/mdi_channel.h"
 #include "mdi/mdi_inspection.h"
@@ -26,6 +27,13 @@ void TakeAndShow(MdiSession& session, MDIDATA_ST& record) {
   ShowInspectHint(session);
 }
 
+/// After everything that clears the message line.
+void TellLargeLists(MdiSession& session, const MDIDATA_ST& record) {
+  const int channel = record.Channel;
+  TellLargeFile(session.context, tool_id::kMdi, MdiHistoryName(channel), record.HistorySize);
+  TellLargeFile(session.context, tool_id::kMdi, MdiListName(channel), record.ListSize);
+}
+
 std::intptr_t ShowInChannel(MdiSession& session, std::intptr_t channel) {
   MDIDATA_ST* record = session.Record(channel);
   if (record == nullptr) return kRefused;
@@ -45,6 +53,7 @@ std::intptr_t ShowInChannel(MdiSession& session, std::intptr_t channel) {
   session.View().FocusWindow();
   record->Opened = 1;
   record->ClosePending = 0;
+  TellLargeLists(session, *record);
   return kDone;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_program_file.h"
 
+#include <algorithm>
+
 #include "base/format.h"
 #include "base/text_file.h"
 #include "mdi/mdi_screen.h"
@@ -18,6 +20,11 @@ constexpr TextView kProgramEnd = u"M30";
 void ShowProblem(MdiSession& session, int textId, const Text& name) {
   const Text text = Format(session.context.language.LoadToolText(textId), name);
   session.context.windows.ShowBox(session.View().Handle(), {session.menus.programTitle, text, BoxStyle::kError});
+}
+
+/// A name with a line feed in it is one that nobody can type or read again, and would break the program's first lines.
+bool HasControls(TextView path) {
+  return std::any_of(path.begin(), path.end(), [](char16_t c) { return c < u' ' || (c >= 0x7F && c <= 0x9F); });
 }
 
 void WriteItems(const MdiView& view, CStdioFileEx& file) {
@@ -51,7 +58,7 @@ std::intptr_t WriteProgramFile(MdiSession& session, const Text& folder, const Te
   const FileInfo present = session.context.files.Query(path);
   CStdioFileEx file(session.context.files);
   const bool writable = !present.exists || present.writable;
-  if (!writable || !file.Open(path, CStdioFileEx::kCreateExclusive)) {
+  if (!writable || HasControls(path) || !file.Open(path, CStdioFileEx::kCreateExclusive)) {
     ShowProblem(session, writable ? kTextNotCreated : kTextNotWritable, name);
     session.WaitingForExplorer = 0;
     return kDone;

@@ -2,6 +2,7 @@
 #include "mdi/mdi_settings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/format.h"
 
@@ -9,7 +10,7 @@ namespace pnl {
 
 namespace {
 
-constexpr TextView kFileName = u"MDIMAN.INI";
+constexpr TextView kFileName = kMdiIniName;
 constexpr TextView kSection = u"PRIVATE";
 constexpr std::int32_t kDefaultItems = 10;
 constexpr std::int32_t kAbsent = -1;
@@ -49,14 +50,40 @@ MdiSettings::MdiSettings(Files& files, Utilities& utilities) : files_(files), ut
 Text MdiSettings::PathIn(int pathId) const { return MdiFileIn(utilities_, pathId, kFileName); }
 
 bool MdiSettings::Read(CIniFile& ini, const Text& path) const {
-  return ini.ReadIniFile(path) || !files_.Query(path).exists;
+  if (ini.ReadIniFile(path)) return true;
+  const FileInfo info = files_.Query(path);
+  return !info.exists && !info.outOfReach;
 }
 
 void MdiSettings::Open() {
-  const Text path = MdiFileToRead(files_, utilities_, kFileName);
-  const bool readable = Read(own_, path);
-  userCopyReadable_ = readable || path != PathIn(path_id::kUserSettings);
+  const Text users = PathIn(path_id::kUserSettings);
+  const FileInfo info = files_.Query(users);
+  const bool usersRead = info.exists && own_.ReadIniFile(users);
+  usersUnknown_ = !usersRead && (info.exists || info.outOfReach);
+  if (!info.exists) static_cast<void>(own_.ReadIniFile(PathIn(path_id::kSetup)));
   ReadSettings();
+  read_ = Now();
+}
+
+bool MdiSettings::CatchUp() {
+  const Text users = PathIn(path_id::kUserSettings);
+  const FileInfo info = files_.Query(users);
+  if (info.outOfReach) return false;
+  usersUnknown_ = false;
+  // It doesn't exist: what the session holds becomes the user's copy.
+  if (!info.exists) return true;
+  CIniFile found(files_);
+  if (!found.ReadIniFile(users)) {
+    usersUnknown_ = true;
+    return false;
+  }
+  own_ = std::move(found);
+  const Kept session = Now();
+  ReadSettings();
+  if (session.dir != read_.dir) Dir = session.dir;
+  if (session.fullLength != read_.fullLength) FullLength = session.fullLength;
+  if (session.below != read_.below) Below = session.below;
+  return true;
 }
 
 void MdiSettings::ReadSettings() {
@@ -92,7 +119,8 @@ void MdiSettings::WriteKeys(CIniFile& ini) const {
   ini.WriteBool(kSection, u"Below", Below);
 }
 
-void MdiSettings::SaveSettings() {
+bool MdiSettings::SaveSettings() {
+  const bool mayWrite = !usersUnknown_ || CatchUp();
   CIniFile machine(files_);
   const Text machinePath = PathIn(path_id::kSetup);
   if (Read(machine, machinePath)) {
@@ -100,7 +128,7 @@ void MdiSettings::SaveSettings() {
     static_cast<void>(machine.WriteIniFile(machinePath));
   }
   WriteKeys(own_);
-  if (userCopyReadable_) static_cast<void>(own_.WriteIniFile(PathIn(path_id::kUserSettings)));
+  return mayWrite && own_.WriteIniFile(PathIn(path_id::kUserSettings));
 }
 
 }  // namespace pnl

@@ -5,11 +5,11 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <vector>
 
 #include "base/text.h"
+#include "base/text_rows.h"
 #include "mdi/mdi_layout.h"
 #include "window/window.h"
 
@@ -27,7 +27,7 @@ struct MdiDropListSpec {
   Rect screenRect;
   std::uint32_t back = 0;
   std::uint32_t text = 0;
-  const std::deque<Text>* items = nullptr;  // null leaves the list empty; else all in order, the first one selected
+  const TextRows* items = nullptr;  // null leaves the list empty; else all in order, the first one selected
 };
 
 class MdiView {
@@ -84,7 +84,7 @@ class MdiView {
   [[nodiscard]] virtual int ListSelection() const = 0;  // -1: none
   virtual void SetListSelection(int index) = 0;         // -1: none
   /// Replaces all items; nothing is selected after it.
-  virtual void FillList(const std::vector<Text>& items) = 0;
+  virtual void FillList(const TextRows& items) = 0;
   /// At index, or at the end when index is the count. The selected item stays selected.
   virtual void InsertListItem(int index, TextView text) = 0;
   virtual void ReplaceListItem(int index, TextView text) = 0;

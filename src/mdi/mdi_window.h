@@ -67,7 +67,7 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   [[nodiscard]] Text ListItem(int index) const override { return list_->Item(index); }
   [[nodiscard]] int ListSelection() const override { return list_->Selection(); }
   void SetListSelection(int index) override { list_->Select(index); }
-  void FillList(const std::vector<Text>& items) override { list_->SetItems(items); }
+  void FillList(const TextRows& items) override { list_->SetItems(items); }
   void InsertListItem(int index, TextView text) override { list_->Insert(index, Text(text)); }
   void ReplaceListItem(int index, TextView text) override { list_->Replace(index, Text(text)); }
   void DeleteListItem(int index) override { list_->Delete(index); }

@@ -160,11 +160,15 @@ class FakeCalcView final : public CalcView {
   }
   [[nodiscard]] std::vector<int> ListSelection() const override { return Asked(), selectedRows; }
   [[nodiscard]] int ListCurrent() const override { return Asked(), currentRow; }
-  void FillList(const std::vector<Text>& all) override {
+  void FillList(const TextRows& all) override {
     Order("fill " + std::to_string(all.size()));
-    rows = all;
+    rows.assign(all.begin(), all.end());
     selectedRows.clear();
     currentRow = -1;
+  }
+  [[nodiscard]] TextRows ListRows() const override {
+    EXPECT_FALSE(dead);
+    return TextRows(rows);
   }
   void InsertListItem(int index, TextView text) override {
     Order("row " + std::to_string(index) + " \"" + ToUtf8(text) + "\"");

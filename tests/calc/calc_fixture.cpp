@@ -32,6 +32,9 @@ void FillTable(HostApiTable& table) {
   };
   table.updateMainMenu = [](int tool, int) { Logged(Called("HostUpdateMainMenu", tool)); };
   table.updateSideMenu = [](int tool, int) { Logged(Called("HostUpdateSideMenu", tool)); };
+  table.showMessage = [](int, const HostMessage* message) {
+    Logged("message \"" + ToUtf8(FieldText(message->text)) + "\"");
+  };
   table.calcResultAccepted = [] { Logged("HostCalcResultAccepted"); };
   table.toolWantsClose = [](int tool) { Logged(Called("HostToolWantsClose", tool)); };
   table.openMachiningCalculator = [] { Logged("HostOpenMachiningCalculator"); };
@@ -53,7 +56,9 @@ LanguagePack::MenuNode Part(TextView text, std::vector<LanguagePack::MenuNode> i
 
 std::string PackBytes() {
   PackContents contents;
-  contents.texts = {{1, u"Calc"},
+  contents.texts = {{60001, u"not saved: %s"},
+                    {60002, u"%s is slow"},
+                    {1, u"Calc"},
                     {2, u"Empty"},
                     {3, u"Failed"},
                     {4, u"Syntax"},

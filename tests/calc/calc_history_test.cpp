@@ -21,11 +21,12 @@ constexpr const char* kFile = "C:\\P1\\calc.htr";
 
 class CalcHistoryTest : public testing::Test {
  protected:
-  std::string Stored(const std::vector<Text>& rows) {
-    history.Save(rows);
+  std::string Stored(const TextRows& rows) {
+    saved = history.Save(rows);
     return files.disc[kFile];
   }
 
+  bool saved = false;
   FakeWindowSystem windows;
   ManualTimers timers;
   MemoryFiles files;
@@ -41,7 +42,8 @@ TEST_F(CalcHistoryTest, RowsAreLinesInOrderEachEndedByCrLf) {
 
 TEST_F(CalcHistoryTest, LiesInTheFolderOfItsPathNumber) {
   cnc.Storage().SetPath(1, u"C:\\users");
-  history.Save({u"1"});
+  files.folders.insert("C:\\users");
+  EXPECT_TRUE(history.Save({u"1"}));
   EXPECT_EQ(files.disc["C:\\users\\calc.htr"], "1\r\n");
 }
 
@@ -50,7 +52,7 @@ TEST_F(CalcHistoryTest, WithoutFileTheListIsEmpty) { EXPECT_THAT(history.Load(),
 TEST_F(CalcHistoryTest, WithoutRowsTheOldFileStays) {
   files.disc[kFile] = "old\r\n";
   ASSERT_THAT(history.Load(), ElementsAre(u"old"));
-  history.Save({});
+  EXPECT_TRUE(history.Save({}));
   EXPECT_EQ(files.disc[kFile], "old\r\n");
   EXPECT_THAT(files.replaced, IsEmpty());
 }
@@ -60,17 +62,47 @@ TEST_F(CalcHistoryTest, AFileThatCannotBeReadIsNotWrittenOver) {
   files.unreadable = {kFile};
   EXPECT_THAT(history.Load(), IsEmpty());
   EXPECT_EQ(Stored({u"new"}), "precious\r\n");
+  EXPECT_TRUE(saved) << "nothing was added, so nothing is lost";
+  history.NoteAdded(u"new");
+  EXPECT_EQ(Stored({u"new"}), "precious\r\n");
+  EXPECT_FALSE(saved);
 }
 
-TEST_F(CalcHistoryTest, AFileThatBreaksOffIsNotWrittenOver) {
+TEST_F(CalcHistoryTest, WhatWasAddedComesInFrontOfAFileThatBrokeOffWhenItWasLoaded) {
   files.disc[kFile] = "1+1\r\n2+2\r\n3+3\r\n";
   FailingFiles broken(files);
   broken.FailReadsAfter({}, 10);
   CalcHistory onBrokenDisc(broken, cnc.Util());
   EXPECT_THAT(onBrokenDisc.Load(), ElementsAre(u"1+1", u"2+2"));
   broken.Heal();
-  onBrokenDisc.Save({u"new"});
-  EXPECT_EQ(files.disc[kFile], "1+1\r\n2+2\r\n3+3\r\n");
+  onBrokenDisc.NoteAdded(u"new");
+  EXPECT_TRUE(onBrokenDisc.Save({u"new", u"2+2"}));
+  EXPECT_EQ(files.disc[kFile], "new\r\n1+1\r\n2+2\r\n3+3\r\n");
+}
+
+TEST_F(CalcHistoryTest, WhatWasAddedComesInFrontOfAFileThatWasOutOfReachWhenItWasLoaded) {
+  // A thousand rows became one: out of reach was taken for missing.
+  files.disc[kFile] = "1+1\r\n2+2\r\n";
+  files.away.insert("C:\\P1");
+  EXPECT_THAT(history.Load(), IsEmpty());
+  for (const TextView row : {u"a", u"deleted", u"b"}) history.NoteAdded(row);
+  files.away.clear();
+  EXPECT_EQ(Stored({u"b", u"a"}), "b\r\na\r\n1+1\r\n2+2\r\n");
+  EXPECT_TRUE(saved);
+}
+
+TEST_F(CalcHistoryTest, AFileThatCameIntoBeingSinceItWasLoadedKeepsItsRows) {
+  EXPECT_THAT(history.Load(), IsEmpty());
+  files.disc[kFile] = "1+1\r\n";
+  history.NoteAdded(u"new");
+  EXPECT_EQ(Stored({u"new"}), "new\r\n1+1\r\n");
+}
+
+TEST_F(CalcHistoryTest, AFileThatStaysOutOfReachIsTold) {
+  files.away.insert("C:\\P1");
+  EXPECT_THAT(history.Load(), IsEmpty());
+  history.NoteAdded(u"new");
+  EXPECT_FALSE(history.Save({u"new"}));
 }
 
 TEST_F(CalcHistoryTest, AFileThatCanBeReadAgainIsWrittenAgain) {
@@ -80,12 +112,15 @@ TEST_F(CalcHistoryTest, AFileThatCanBeReadAgainIsWrittenAgain) {
   files.unreadable.clear();
   EXPECT_THAT(history.Load(), ElementsAre(u"1+1"));
   EXPECT_EQ(Stored({u"2"}), "2\r\n");
+  EXPECT_TRUE(saved);
 }
 
 TEST_F(CalcHistoryTest, AFullDiscOrAProtectedFileKeepsTheOldOne) {
   files.disc[kFile] = "old\r\n";
   files.full = true;
+  ASSERT_THAT(history.Load(), ElementsAre(u"old"));
   EXPECT_EQ(Stored({u"new"}), "old\r\n");
+  EXPECT_FALSE(saved);
   files.full = false;
   files.readOnly = {kFile};
   EXPECT_EQ(Stored({u"new"}), "old\r\n");

@@ -26,13 +26,16 @@ class CalcSettingsTest : public testing::Test {
  protected:
   CalcSettings Load(int driveStatus = 0) {
     cnc.Returns("UTIL7340_DriveStatus", {driveStatus});
-    return LoadCalcSettings(files, cnc.Util());
+    loaded = LoadCalcSettings(files, cnc.Util());
+    return loaded.settings;
   }
   void Save(const CalcSettings& settings, int driveStatus = 0) {
     cnc.Returns("UTIL7340_DriveStatus", {driveStatus});
-    SaveCalcSettings(files, cnc.Util(), settings);
+    stored = SaveCalcSettings(files, cnc.Util(), settings, loaded);
   }
 
+  CalcSettingsRead loaded;
+  bool stored = false;
   FakeWindowSystem windows;
   ManualTimers timers;
   MemoryFiles files;

@@ -116,9 +116,9 @@ class FakeMdiView final : public MdiView {
     Order("list select " + std::to_string(index));
     if (index == -1 || IsItem(index)) selected = index;
   }
-  void FillList(const std::vector<Text>& all) override {
+  void FillList(const TextRows& all) override {
     Order("fill list");
-    items = all;
+    items.assign(all.begin(), all.end());
     selected = -1;
   }
   void InsertListItem(int index, TextView text) override {

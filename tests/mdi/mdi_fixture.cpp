@@ -44,8 +44,8 @@ LanguagePack::MenuNode Item(int id, TextView text) {
 
 LanguagePack MakePack() {
   PackContents contents;
-  contents.texts = {{7, u"End edit"},        {8, u"Save program"}, {9, u"%s can't be written"},
-                    {10, u"%s not created"}, {38, u"Hint MDI"},    {39, u"Hint MDA"}};
+  contents.texts = {{7, u"End edit"},  {8, u"Save program"}, {9, u"%s can't be written"}, {10, u"%s not created"},
+                    {38, u"Hint MDI"}, {39, u"Hint MDA"},    {60001, u"not saved: %s"},   {60002, u"%s is slow"}};
   contents.menus[u"3015"] = {Item(40000, u"Cancel")};
   contents.menus[u"IDR_MDAMENU"] = {Item(32771, u"Delete"), Item(32772, u"Change"), Item(32773, u"New"),
                                     Item(32775, u"Save"),   Item(32776, u"Clear"),  Item(40003, u"Up"),

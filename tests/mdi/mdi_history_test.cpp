@@ -45,7 +45,7 @@ TEST_F(MdiHistoryTest, WithoutFilesBothListsAreEmptyAndTheFirstSaveCreatesThem) 
   EXPECT_EQ(record.LoadState, mdi_load::kMatchesFiles);
   MdiHistory::AddToHistory(record, u"G0 X1");
   record.MDAList.push_back(u"M3");
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc[kHistory], "G0 X1\r\n");
   EXPECT_EQ(files.disc[kList], "M3\r\n");
 }
@@ -63,7 +63,7 @@ TEST_F(MdiHistoryTest, TheMachinesCopyIsNeverWritten) {
   files.disc["C:\\P52\\MDIC1.DAT"] = "machine\r\n";
   Load();
   MdiHistory::AddToHistory(record, u"new");
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc["C:\\P52\\MDIC1.DAT"], "machine\r\n");
   EXPECT_EQ(files.disc[kHistory], "new\r\nmachine\r\n");
 }
@@ -86,7 +86,7 @@ TEST_F(MdiHistoryTest, TheLimitIs10WhereTheKeyIsAbsentAnd10IsWrittenAtTheEnd) {
   for (int i = 0; i < 15; ++i) files.disc[kHistory] += std::to_string(i) + "\r\n";
   Load();
   EXPECT_EQ(record.History.size(), 10u);
-  settings.SaveSettings();
+  EXPECT_TRUE(settings.SaveSettings());
   EXPECT_THAT(files.disc[kIni], testing::HasSubstr("NItems=10"));
 }
 
@@ -95,7 +95,7 @@ TEST_F(MdiHistoryTest, TheHistoryMayGrowBeyondTheLimitDuringARunAndIsCutWhenSave
   Load();
   for (const TextView text : {u"1", u"2", u"3"}) MdiHistory::AddToHistory(record, Text(text));
   EXPECT_THAT(record.History, ElementsAre(u"3", u"2", u"1"));
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc[kHistory], "3\r\n2\r\n");
 }
 
@@ -105,7 +105,7 @@ TEST_F(MdiHistoryTest, ZeroItemsReadAndWriteNoLine) {
   Load();
   EXPECT_THAT(record.History, IsEmpty());
   MdiHistory::AddToHistory(record, u"new");
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc[kHistory], "");
 }
 
@@ -152,14 +152,14 @@ TEST_F(MdiHistoryTest, AnEmptyTextIsIgnored) {
 TEST_F(MdiHistoryTest, WithoutAChangeNoFileIsWritten) {
   files.disc[kHistory] = "old\n";
   Load();
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_THAT(files.replaced, IsEmpty());
 }
 
 TEST_F(MdiHistoryTest, AChannelNeverShownIsNotWritten) {
   files.disc[kHistory] = "old\r\n";
   settings.Open();
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_THAT(files.replaced, IsEmpty());
 }
 
@@ -174,7 +174,7 @@ TEST_F(MdiHistoryTest, SavingLeavesTheRecordAsAfterALoad) {
   Load();
   MdiHistory::AddToHistory(record, u"new");
   record.MDASelection = 3;
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(record.LoadState, mdi_load::kMatchesFiles);
   EXPECT_EQ(record.MDASelection, -1);
 }
@@ -184,7 +184,7 @@ TEST_F(MdiHistoryTest, AnEmptiedListEmptiesItsFile) {
   Load();
   record.MDAList.clear();
   record.LoadState = mdi_load::kChanged;
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc[kList], "");
 }
 
@@ -205,7 +205,7 @@ TEST_F(MdiHistoryTest, AFullDiscLeavesTheOldFiles) {
   Load();
   MdiHistory::AddToHistory(record, u"new");
   files.full = true;
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), ElementsAre(u"MDIC1.DAT", u"MDAC1.DAT"));
   EXPECT_EQ(files.disc[kHistory], "old\r\n");
 }
 
@@ -216,12 +216,12 @@ TEST_F(MdiHistoryTest, AFileThatCouldNotBeReadIsNotReplaced) {
   Load();
   EXPECT_THAT(record.History, IsEmpty());
   MdiHistory::AddToHistory(record, u"new");
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), ElementsAre(u"MDIC1.DAT"));
   EXPECT_EQ(files.disc[kHistory], "precious\r\n");
   EXPECT_EQ(files.disc[kList], "precious too\r\n");
 }
 
-TEST_F(MdiHistoryTest, FilesThatBreakOffAreShownAsFarAsTheyGoAndAreNeverWrittenOver) {
+TEST_F(MdiHistoryTest, FilesThatBreakOffAreShownAsFarAsTheyGoAndGetWhatWasAddedInFront) {
   // A disc error in the middle once counted as the end of the file, and the part read was saved over the whole.
   const std::string whole = "G0 X1\r\nG0 X2\r\nG0 X3\r\n";
   files.disc[kHistory] = whole;
@@ -235,9 +235,73 @@ TEST_F(MdiHistoryTest, FilesThatBreakOffAreShownAsFarAsTheyGoAndAreNeverWrittenO
   MdiHistory::AddToHistory(record, u"M5");
   record.MDAList.clear();
   broken.Heal();
-  onBrokenDisc.SaveLists(record);
-  EXPECT_EQ(files.disc[kHistory], whole);
+  EXPECT_THAT(onBrokenDisc.SaveLists(record), IsEmpty());
+  EXPECT_EQ(files.disc[kHistory], "M5\r\n" + whole);
   EXPECT_EQ(files.disc[kList], whole);
+}
+
+struct Away {
+  const char* what;
+  std::set<std::string> away;
+};
+
+class MdiListsOutOfReach : public MdiHistoryTest, public testing::WithParamInterface<Away> {
+ protected:
+  MdiListsOutOfReach() {
+    files.disc["C:\\P52\\MDIC1.DAT"] = "machine\r\n";
+    Limit("1000");
+    files.disc[kIni] += "; mine\r\nUnknown=1\r\n";
+    for (int i = 0; i < 1000; ++i) rows += "G1 X" + std::to_string(i) + "\r\n";
+    files.disc[kHistory] = rows;
+    files.disc[kList] = rows;
+    files.away.insert(GetParam().away.begin(), GetParam().away.end());
+    Load();
+    MdiHistory::AddToHistory(record, u"G1 X7");
+    MdiHistory::AddToHistory(record, u"M5");
+    record.MDAList.push_back(u"M30");
+    record.ListAdded.push_back(u"M30");
+  }
+  std::string rows;
+};
+
+TEST_P(MdiListsOutOfReach, AreKeptWithTheSessionsOwnInFrontOnceTheyAreBack) {
+  // 1,000 rows became 1: out of reach was taken for missing, and the limit for 10.
+  files.away.clear();
+  EXPECT_TRUE(settings.SaveSettings());
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
+  const std::string stored = files.disc[kHistory];
+  EXPECT_EQ(stored.substr(0, 17), "M5\r\nG1 X7\r\nG1 X0\r");
+  EXPECT_EQ(std::count(stored.begin(), stored.end(), '\n'), 1000);
+  EXPECT_EQ(stored.find("G1 X7\r"), stored.rfind("G1 X7\r")) << "a block stands once";
+  const bool listRead = GetParam().away == std::set<std::string>{kIni};
+  EXPECT_EQ(files.disc[kList], listRead ? rows + "M30\r\n" : "M30\r\n" + rows);
+  EXPECT_THAT(files.disc[kIni], testing::HasSubstr("NItems=1000\r\n; mine\r\nUnknown=1\r\n"));
+  EXPECT_EQ(files.disc["C:\\P52\\MDIC1.DAT"], "machine\r\n");
+}
+
+TEST_P(MdiListsOutOfReach, AreNeverCutOrReplacedWhileTheyAreAway) {
+  static_cast<void>(settings.SaveSettings());
+  const std::vector<Text> failed = history.SaveLists(record);
+  EXPECT_EQ(failed.empty(), GetParam().away == std::set<std::string>{kIni});
+  files.away.clear();
+  EXPECT_THAT(files.disc[kHistory], testing::EndsWith("G1 X998\r\nG1 X999\r\n"));
+  EXPECT_THAT(files.disc[kList], testing::HasSubstr(rows));
+  EXPECT_THAT(files.disc[kIni], testing::HasSubstr("NItems=1000\r\n; mine\r\nUnknown=1\r\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryFile, MdiListsOutOfReach,
+                         testing::Values(Away{"the folder", {"C:\\P108"}}, Away{"the drive", {"C:"}},
+                                         Away{"the settings", {kIni}}, Away{"the lists", {kHistory, kList}}));
+
+TEST_F(MdiHistoryTest, AFileThatCameIntoBeingSinceTheListsWereReadKeepsItsRows) {
+  // The folder's own disc was mounted over an empty folder.
+  Load();
+  MdiHistory::AddToHistory(record, u"new");
+  files.disc[kHistory] = "old\r\n";
+  files.disc[kList] = "item\r\n";
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
+  EXPECT_EQ(files.disc[kHistory], "new\r\nold\r\n");
+  EXPECT_EQ(files.disc[kList], "item\r\n");
 }
 
 TEST_F(MdiHistoryTest, AMachinesCopyThatCouldNotBeReadDoesNotHinderTheUsers) {
@@ -245,7 +309,7 @@ TEST_F(MdiHistoryTest, AMachinesCopyThatCouldNotBeReadDoesNotHinderTheUsers) {
   files.unreadable = {"C:\\P52\\MDIC1.DAT"};
   Load();
   MdiHistory::AddToHistory(record, u"new");
-  history.SaveLists(record);
+  EXPECT_THAT(history.SaveLists(record), IsEmpty());
   EXPECT_EQ(files.disc[kHistory], "new\r\n");
 }
 

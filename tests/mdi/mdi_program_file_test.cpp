@@ -226,9 +226,25 @@ TEST_F(MdiProgramFile, AnAnswerWithoutTerminatorsIsReadToTheEndOfItsFields) {
   Ask("A\r\n");
   XPLRDATA_ST* request = Request();
   std::fill(std::begin(request->Path), std::end(request->Path), u'p');
+  std::copy_n(u"C:\\", 3, request->Path);
+  files.folders.insert("C:\\" + std::string(257, 'p'));
   std::fill(std::begin(request->File), std::end(request->File), u'f');
   EXPECT_EQ(Send(kMsgResultReady, 2), 0);
-  EXPECT_EQ(files.disc.count(std::string(260, 'p') + "\\" + std::string(256, 'f')), 1u);
+  EXPECT_EQ(files.disc.count("C:\\" + std::string(257, 'p') + "\\" + std::string(256, 'f')), 1u);
+}
+
+TEST_F(MdiProgramFile, ANameWithControlCharactersIsRefused) {
+  for (const TextView name : {u"a\nb", u"a\x7F", u"\x1F", u"a\x85"}) {
+    Ask("A\r\n");
+    windows.boxes.clear();
+    SetField(Request()->Path, u"C:\\PRG");
+    SetField(Request()->File, name);
+    EXPECT_EQ(Send(kMsgResultReady, 2), 0);
+    EXPECT_EQ(windows.boxes.size(), 1u);
+    EXPECT_EQ(files.disc.count("C:\\PRG\\" + ToUtf8(name)), 0u);
+    DestroyTool();
+    MakeTool();
+  }
 }
 
 }  // namespace

@@ -131,21 +131,21 @@ TEST_F(MdiSettingsTest, SavingWritesTheThreeKeysToBothCopies) {
   settings.Open();
   settings.Dir = u"C:\\PRG";
   settings.Below = false;
-  settings.SaveSettings();
+  EXPECT_TRUE(settings.SaveSettings());
   EXPECT_EQ(files.disc[kUser], "[PRIVATE]\r\n; mine\r\nNItems=7\r\nDir=C:\\PRG\r\nFullLength=YES\r\nBelow=NO\r\n");
   EXPECT_EQ(files.disc[kMachine], "[PRIVATE]\r\nRGB_Text=1 2 3\r\nDir=C:\\PRG\r\nFullLength=YES\r\nBelow=NO\r\n");
 }
 
 TEST_F(MdiSettingsTest, TheMachinesCopyIsSavedFirst) {
   settings.Open();
-  settings.SaveSettings();
+  EXPECT_TRUE(settings.SaveSettings());
   EXPECT_THAT(files.replaced, testing::ElementsAre(kMachine, kUser));
 }
 
 TEST_F(MdiSettingsTest, TheItemLimitReachesTheDiscOnlyThroughTheUsersCopy) {
   settings.Open();
   EXPECT_EQ(settings.HistoryLimit(), 10);
-  settings.SaveSettings();
+  EXPECT_TRUE(settings.SaveSettings());
   EXPECT_THAT(files.disc[kUser], HasSubstr("NItems=10"));
   EXPECT_THAT(files.disc[kMachine], Not(HasSubstr("NItems")));
 }
@@ -153,7 +153,7 @@ TEST_F(MdiSettingsTest, TheItemLimitReachesTheDiscOnlyThroughTheUsersCopy) {
 TEST_F(MdiSettingsTest, WithoutAUsersCopyTheMachinesKeysGoIntoIt) {
   Machine("NItems=4\r\nCustomColors=YES\r\n");
   settings.Open();
-  settings.SaveSettings();
+  EXPECT_TRUE(settings.SaveSettings());
   EXPECT_THAT(files.disc[kUser], HasSubstr("NItems=4"));
   EXPECT_THAT(files.disc[kUser], HasSubstr("CustomColors=YES"));
 }
@@ -164,7 +164,7 @@ TEST_F(MdiSettingsTest, ACopyThatCouldNotBeReadIsLeftAlone) {
   const auto before = files.disc;
   files.unreadable = {kUser, kMachine};
   settings.Open();
-  settings.SaveSettings();
+  EXPECT_FALSE(settings.SaveSettings());
   EXPECT_EQ(files.disc, before);
 }
 
@@ -173,8 +173,38 @@ TEST_F(MdiSettingsTest, AFullDiscLeavesBothCopies) {
   const auto before = files.disc;
   settings.Open();
   files.full = true;
-  settings.SaveSettings();
+  EXPECT_FALSE(settings.SaveSettings());
   EXPECT_EQ(files.disc, before);
+}
+
+TEST_F(MdiSettingsTest, AUsersCopyThatWasAwayGetsOnlyWhatTheSessionChanged) {
+  // It lost its comments, its unknown keys and the folder that the operator had chosen.
+  User("; mine\r\nNItems=7\r\nDir=C:\\MINE\r\nBelow=NO\r\nOdd=1\r\n");
+  Machine("Dir=C:\\MACHINE\r\n");
+  files.away = {"C:\\P108"};
+  settings.Open();
+  EXPECT_EQ(settings.Dir, u"C:\\MACHINE");
+  settings.FullLength = false;
+  files.away.clear();
+  EXPECT_TRUE(settings.SaveSettings());
+  EXPECT_EQ(files.disc[kUser],
+            "[PRIVATE]\r\n; mine\r\nNItems=7\r\nDir=C:\\MINE\r\nBelow=NO\r\nOdd=1\r\nFullLength=NO\r\n");
+  EXPECT_EQ(settings.HistoryLimit(), 7);
+}
+
+TEST_F(MdiSettingsTest, AUsersCopyThatStaysAwayIsTold) {
+  files.away = {"C:\\P108"};
+  settings.Open();
+  EXPECT_FALSE(settings.SaveSettings());
+}
+
+TEST_F(MdiSettingsTest, AMachinesCopyThatIsAwayIsLeftAlone) {
+  Machine("; theirs\r\n");
+  files.away = {"C:\\P52"};
+  settings.Open();
+  files.away.clear();
+  EXPECT_TRUE(settings.SaveSettings());
+  EXPECT_EQ(files.disc[kMachine], "[PRIVATE]\r\nDir=\r\nFullLength=YES\r\nBelow=YES\r\n; theirs\r\n");
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ TEST_F(ListBoxTest, RowsAreHighEnoughForAFinger) {
 }
 
 TEST_F(ListBoxTest, AFullListHasABarForAFinger) {
-  box.SetItems(std::vector<Text>(10000, u"G0 X1"));
+  box.SetItems(TextRows(std::vector<Text>(10000, u"G0 X1")));
   box.show();
   Settle();
   EXPECT_TRUE(box.verticalScrollBar()->isVisible());

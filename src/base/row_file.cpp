@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "base/row_file.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "base/text_file.h"
+
+namespace pnl {
+namespace {
+
+constexpr char16_t kByteOrderMark = u'\uFEFF';
+constexpr std::string_view kMarkBytes = "\xEF\xBB\xBF";
+constexpr std::string_view kLineEnd = "\r\n";
+
+TextRows Merged(const RowsToStore& rows, const TextRows& found) {
+  TextRows merged = rows.added;
+  std::unordered_set<std::string_view> own;
+  if (rows.unique) {
+    for (auto row = rows.added.begin(); row != rows.added.end(); ++row) own.insert(row.Utf8());
+  }
+  for (auto row = found.begin(); row != found.end(); ++row) {
+    if (own.count(row.Utf8()) == 0) merged.push_back(*row);
+  }
+  return merged;
+}
+
+}  // namespace
+
+RowsRead ReadRows(Files& files, TextView path, std::size_t most) {
+  RowsRead read;
+  const FileInfo info = files.Query(path);
+  CStdioFileEx file(files);
+  if (!file.Open(path, CStdioFileEx::kRead)) {
+    if (!info.exists && !info.outOfReach) read.known = FileKnown::kAbsent;
+    return read;
+  }
+  Text line;
+  while (read.rows.size() < most && file.ReadString(line)) read.rows.push_back(line);
+  if (!file.ReadFailed()) read.known = FileKnown::kWhole;
+  read.bytes = read.rows.TextBytes() + read.rows.size();
+  return read;
+}
+
+FileStatus WriteRows(Files& files, TextView path, const TextRows& rows, std::size_t most) {
+  const std::size_t count = std::min(most, rows.size());
+  std::string bytes;
+  // A list of a hundred megabytes must not grow by doubling.
+  if (count == rows.size()) bytes.reserve(rows.TextBytes() + count * kLineEnd.size() + kMarkBytes.size());
+  // Reading drops one mark at the file's start, so a row that begins with one gets another before it.
+  if (count != 0 && rows.front().starts_with(kByteOrderMark)) bytes += kMarkBytes;
+  auto row = rows.begin();
+  for (std::size_t i = 0; i < count; ++i, ++row) {
+    const std::size_t begin = bytes.size();
+    bytes += row.Utf8();
+    // What a row can't hold, because it would be two when it is read again, is a blank in the file.
+    std::replace_if(
+        bytes.begin() + static_cast<std::ptrdiff_t>(begin), bytes.end(), [](char c) { return c == '\r' || c == '\n'; },
+        ' ');
+    bytes += kLineEnd;
+  }
+  return files.Replace(path, bytes);
+}
+
+TextRows RowsOf(const TextRows& all, const TextRows& added) {
+  std::unordered_map<std::string_view, int> left;
+  for (auto row = added.begin(); row != added.end(); ++row) ++left[row.Utf8()];
+  TextRows inOrder;
+  if (left.empty()) return inOrder;
+  for (auto row = all.begin(); row != all.end(); ++row) {
+    const auto found = left.find(row.Utf8());
+    if (found != left.end() && found->second-- > 0) inOrder.push_back(*row);
+  }
+  return inOrder;
+}
+
+FileStatus StoreRows(Files& files, TextView path, FileKnown known, const RowsToStore& rows) {
+  if (known == FileKnown::kWhole) return WriteRows(files, path, rows.all, rows.most);
+  // It may have come back since, or come into being: a share that is mounted now, a folder that has its name again.
+  const RowsRead found = ReadRows(files, path);
+  if (found.known == FileKnown::kAbsent) return WriteRows(files, path, rows.all, rows.most);
+  if (rows.added.empty()) return FileStatus::kOk;
+  if (found.known == FileKnown::kWhole) return WriteRows(files, path, Merged(rows, found.rows), rows.most);
+  const FileStatus status = files.CanReplace(path);
+  return status == FileStatus::kOk ? FileStatus::kDenied : status;
+}
+
+}  // namespace pnl

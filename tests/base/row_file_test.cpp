@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// Rows and their file: what was learnt of it when it was read decides what may be written over it.
+#include "base/row_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/failing_files.h"
+#include "support/memory_files.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr TextView kPath = u"C:\\P1\\rows";
+constexpr const char* kKey = "C:\\P1\\rows";
+
+class RowFileTest : public testing::Test {
+ protected:
+  FileStatus Store(FileKnown known, const TextRows& all, const TextRows& added, bool unique = false,
+                   std::size_t most = kAllRows) {
+    return StoreRows(files, kPath, known, {all, added, most, unique});
+  }
+  MemoryFiles files;
+};
+
+TEST_F(RowFileTest, ReadingTellsWhetherTheFileWasReadIsMissingOrIsUnknown) {
+  EXPECT_EQ(ReadRows(files, kPath).known, FileKnown::kAbsent);
+  files.disc[kKey] = "a\r\nb";
+  const RowsRead read = ReadRows(files, kPath);
+  EXPECT_EQ(read.known, FileKnown::kWhole);
+  EXPECT_THAT(read.rows, ElementsAre(u"a", u"b"));
+  files.unreadable = {kKey};
+  EXPECT_EQ(ReadRows(files, kPath).known, FileKnown::kUnknown);
+  files.unreadable.clear();
+  files.away = {"C:\\P1"};
+  EXPECT_EQ(ReadRows(files, kPath).known, FileKnown::kUnknown);
+  files.away.clear();
+  FailingFiles broken(files);
+  broken.FailReadsAfter({}, 3);
+  const RowsRead part = ReadRows(broken, kPath);
+  EXPECT_EQ(part.known, FileKnown::kUnknown);
+  EXPECT_THAT(part.rows, ElementsAre(u"a"));
+}
+
+TEST_F(RowFileTest, ALimitLeavesTheRestUnreadAndTheFileKnown) {
+  files.disc[kKey] = "a\nb\nc\n";
+  const RowsRead read = ReadRows(files, kPath, 2);
+  EXPECT_EQ(read.known, FileKnown::kWhole);
+  EXPECT_THAT(read.rows, ElementsAre(u"a", u"b"));
+  EXPECT_THAT(ReadRows(files, kPath, 0).rows, IsEmpty());
+}
+
+TEST_F(RowFileTest, AFileThatWasReadIsReplacedWithAllRowsUpToTheLimit) {
+  files.disc[kKey] = "old\r\n";
+  EXPECT_EQ(Store(FileKnown::kWhole, {u"a", u"b", u"c"}, {u"a"}, true, 2), FileStatus::kOk);
+  EXPECT_EQ(files.disc[kKey], "a\r\nb\r\n");
+}
+
+TEST_F(RowFileTest, AMissingFileIsMadeWhateverWasKnownOfIt) {
+  for (const FileKnown known : {FileKnown::kAbsent, FileKnown::kUnknown}) {
+    files.disc.clear();
+    EXPECT_EQ(Store(known, {u"a", u"b"}, {u"a"}), FileStatus::kOk);
+    EXPECT_EQ(files.disc[kKey], "a\r\nb\r\n");
+  }
+}
+
+TEST_F(RowFileTest, RowsOfTheSessionComeInFrontOfAFileThatWasNotRead) {
+  for (const FileKnown known : {FileKnown::kAbsent, FileKnown::kUnknown}) {
+    files.disc[kKey] = "x\r\nb\r\n";
+    EXPECT_EQ(Store(known, {u"a", u"b", u"c"}, {u"a", u"b"}), FileStatus::kOk);
+    EXPECT_EQ(files.disc[kKey], "a\r\nb\r\nx\r\nb\r\n");
+    files.disc[kKey] = "x\r\nb\r\n";
+    EXPECT_EQ(Store(known, {u"a", u"b", u"c"}, {u"a", u"b"}, true, 3), FileStatus::kOk);
+    EXPECT_EQ(files.disc[kKey], "a\r\nb\r\nx\r\n");
+  }
+}
+
+TEST_F(RowFileTest, WithoutRowsOfTheSessionAFileThatWasNotReadStays) {
+  files.disc[kKey] = "old\r\n";
+  files.unreadable = {kKey};
+  EXPECT_EQ(Store(FileKnown::kUnknown, {u"a"}, {}), FileStatus::kOk);
+  EXPECT_THAT(files.replaced, IsEmpty());
+}
+
+TEST_F(RowFileTest, AFileThatStillCanNotBeReadStaysAndTheFailureIsTold) {
+  files.disc[kKey] = "old\r\n";
+  files.unreadable = {kKey};
+  EXPECT_EQ(Store(FileKnown::kUnknown, {u"a"}, {u"a"}), FileStatus::kDenied);
+  files.away = {"C:"};
+  EXPECT_EQ(Store(FileKnown::kUnknown, {u"a"}, {u"a"}), FileStatus::kOutOfReach);
+  EXPECT_EQ(Store(FileKnown::kWhole, {u"a"}, {u"a"}), FileStatus::kOutOfReach);
+  EXPECT_EQ(files.disc[kKey], "old\r\n");
+}
+
+TEST_F(RowFileTest, OfAllRowsThoseThatWereAddedAreFoundInTheirOrder) {
+  EXPECT_THAT(RowsOf({u"c", u"x", u"a", u"a", u"a"}, {u"a", u"gone", u"a", u"c"}), ElementsAre(u"c", u"a", u"a"));
+  EXPECT_THAT(RowsOf({u"c"}, {}), IsEmpty());
+}
+
+}  // namespace
+}  // namespace pnl::test
