@@ -23,7 +23,7 @@ class TraceLog : public pnl::rig::EventSink {
 
   static constexpr std::size_t kMostEvents = 100'000;
   /// Of all events together, roughly, in bytes.
-  static constexpr std::size_t kMostBytes = std::size_t{32} << 20;
+  static constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
   explicit TraceLog(const HostSession& session) : session_(session) {}
 
