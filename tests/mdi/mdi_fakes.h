@@ -99,7 +99,8 @@ class FakeUtilities final : public Utilities {
   Text Get7340Path(int id) override { return Text(u"C:\\P") + FromUtf8(std::to_string(id)); }
   int ErrorText(ErrorTextFunction, std::int32_t, Z7340ERRORINFO_ST&) override { return 0; }
   bool desc_to_txt(std::int32_t, Text&, TextView) override { return false; }
-  int UTIL7340_DriveStatus(int) override { return 0; }
+  /// No drive is ready: nothing of the command line may depend on one that is.
+  int UTIL7340_DriveStatus(int) override { return 1; }
   void UTIL7340_CopyToClipboard_Text(WindowHandle, TextView) override {}
   int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) override {
     const auto found = marks.find(Text(block));

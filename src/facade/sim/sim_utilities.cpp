@@ -22,7 +22,12 @@ bool SimUtilities::desc_to_txt(std::int32_t number, Text& text, TextView file) {
   return found != nullptr;
 }
 
-int SimUtilities::UTIL7340_DriveStatus(int /*drive*/) { return answers_.Take("UTIL7340_DriveStatus"); }
+int SimUtilities::UTIL7340_DriveStatus(int drive) {
+  constexpr int kUsersDrive = 1;
+  constexpr int kNoDrive = 2;
+  // Whoever asks for the status of another drive than the one that there is must not be told that it is ready.
+  return drive == kUsersDrive ? answers_.Take("UTIL7340_DriveStatus") : kNoDrive;
+}
 
 void SimUtilities::UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) {
   recorder_.Cnc("UTIL7340_CopyToClipboard_Text", {Recorded(window), Recorded(text)}, rig::Value{});

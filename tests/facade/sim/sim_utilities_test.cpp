@@ -96,6 +96,8 @@ TEST_F(UtilitiesTest, StartAnswersAndSetOnes) {
   cnc.Returns("UTIL7340_Is7335", {1});
   EXPECT_EQ(util.UTIL7340_DriveStatus(1), -1);
   EXPECT_EQ(util.UTIL7340_DriveStatus(1), 0);
+  EXPECT_EQ(util.UTIL7340_DriveStatus(0), 2) << "only the users' drive is there";
+  EXPECT_EQ(util.UTIL7340_DriveStatus(2), 2);
   EXPECT_FALSE(util.UTIL7340_AreSoftkeyMetricsStandard());
   EXPECT_TRUE(util.UTIL7340_Is7335());
   EXPECT_THAT(sink.lines, IsEmpty());
