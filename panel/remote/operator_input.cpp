@@ -132,8 +132,10 @@ std::optional<Target> FindTarget(QWidget* control, const PressPlace& place) {
 
 void GiveFocus(QWidget* widget) {
   if (!widget->window()->isActiveWindow()) {
+    const QPointer<QWidget> alive(widget);
     widget->window()->activateWindow();
     Settle();
+    if (!alive) return;
   }
   // A press gives the focus to the innermost widget that takes it, as the window system's own presses do.
   for (QWidget* taker = widget; taker != nullptr; taker = taker->parentWidget()) {

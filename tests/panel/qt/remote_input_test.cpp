@@ -198,6 +198,27 @@ TEST_F(RemoteWindow, AClickGivesTheFocusAndChoosesTheItem) {
   EXPECT_FALSE(Press(edit, {0, 0}, false));
 }
 
+TEST_F(RemoteWindow, AControlThatEndsAsItGetsTheFocusIsPressedNoMore) {
+  struct Ender : QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() == QEvent::FocusIn) watched->deleteLater();
+      return false;
+    }
+  } ender;
+  Show();
+  auto* doomed = Make<QLineEdit>(tool, 1, {0, 0, 5, 5});
+  doomed->show();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  Settle();
+  doomed->setFocus();
+  doomed->installEventFilter(&ender);
+  const QPointer<QWidget> alive(doomed);
+  EXPECT_TRUE(Press(doomed, {}, true));
+  EXPECT_TRUE(alive.isNull()) << "its window came to the front, and it had the focus there";
+}
+
 TEST_F(RemoteWindow, ADoubleClickIncludesItsFirstClick) {
   Show();
   QStringList heard;
