@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+#include "end_signals.h"
 #include "guided/guided_session.h"
 #include "host/host_session.h"
 #include "host/operator.h"
@@ -151,6 +152,11 @@ int Run(QApplication& application, const panel::Options& options) {
     remote =
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
+  // Without a reply to wait for, the end of a system doesn't ask who reads.
+  const panel::EndSignals endSignals([&session] {
+    session.CloseAll();
+    QCoreApplication::exit(0);
+  });
   std::optional<WhenPainted> end;
   if (options.untilPainted) end.emplace(window, [] { QCoreApplication::quit(); });
   // The error tool measures the panel when it is made; a screen's size is known once the window is drawn on it.

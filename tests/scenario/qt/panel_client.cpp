@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QJsonDocument>
+#include <csignal>
 
 namespace panel::test {
 
@@ -94,6 +95,8 @@ int PanelClient::WaitForEnd() {
   while (process_.state() != QProcess::NotRunning) process_.waitForFinished(-1);
   return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
 }
+
+void PanelClient::Signal(int number) { ::kill(static_cast<pid_t>(process_.processId()), number); }
 
 void PanelClient::Kill() {
   process_.kill();

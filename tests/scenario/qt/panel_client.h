@@ -35,6 +35,8 @@ class PanelClient {
   int Finish();
   /// The exit code of a program that ends by itself, or -1 for a crash.
   int WaitForEnd();
+  /// Sends the program that signal.
+  void Signal(int number);
   /// Ends the program as a power cut does.
   void Kill();
   [[nodiscard]] qint64 ProcessId() const { return process_.processId(); }
