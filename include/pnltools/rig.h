@@ -146,8 +146,9 @@ struct MachineState {
   bool singleBlock = false;
   bool inspecting = false;
   bool coolant = false;
-  std::u16string block;   // in hand
-  std::u16string gCodes;  // modal, "G01 G17 G90 …"
+  bool emergencyStop = false;  // pressed, whether its error stands or not
+  std::u16string block;        // in hand
+  std::u16string gCodes;       // modal, "G01 G17 G90 …"
 };
 
 /// Where a fault of a program lies.
@@ -171,7 +172,8 @@ class MachineControl {
   virtual void SingleBlock(bool on) = 0;
   /// The cancel key: cancels an interrupted block.
   virtual void Cancel() = 0;
-  /// The reset key: aborts what runs and goes back to the modal start values.
+  /// The reset key: aborts what runs and goes back to the modal start values. An emergency stop that is still pressed
+  /// raises its error again.
   virtual void Reset() = 0;
   /// Inspection of an interrupted block, on or off.
   virtual void Inspection(bool on) = 0;

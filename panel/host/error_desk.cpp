@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QWidget>
 #include <array>
 
@@ -50,10 +51,15 @@ int ErrorDesk::Standing() const {
   return rig_ == nullptr ? sign_.count : static_cast<int>(rig_->Cnc().ErrorQueue().size());
 }
 
+void ErrorDesk::CallWindow() {
+  const QScopedValueRollback called(called_, true);
+  // The word that ends the help shows the window in any case.
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+}
+
 bool ErrorDesk::BringBack() {
   if (!HasTool() || Standing() == 0) return false;
-  // The same word that ends the help: it shows the window wherever that was.
-  if (!WindowShown()) PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  if (!WindowShown()) CallWindow();
   if (!WindowShown()) return false;
   help_.reset();
   session_.BringToFront(PNL_TOOL_ERRORS);
@@ -64,7 +70,8 @@ void ErrorDesk::Acknowledge() {
   // A script's own tool is the script's to command.
   if (!session_.Reacting() || !HasTool()) return ClearAll();
   if (!WindowShown()) {
-    BringBack();
+    // A help whose error has gone has nothing to lead back to.
+    if (!BringBack()) OnErrorsGone();
     return;
   }
   session_.BringToFront(PNL_TOOL_ERRORS);
@@ -83,7 +90,7 @@ void ErrorDesk::ClearAll() {
 void ErrorDesk::CloseHelp() {
   if (!help_) return;
   help_.reset();
-  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  CallWindow();
   emit Changed();
 }
 
@@ -101,6 +108,12 @@ void ErrorDesk::OnShowError(const QVariantMap& line) {
   help_ = ErrorHelp{line.value(QStringLiteral("header")).toString(), line.value(QStringLiteral("back")).toUInt(),
                     line.value(QStringLiteral("fore")).toUInt(), DescriptionOf(reference)};
   emit Changed();
+}
+
+void ErrorDesk::OnWindowOpening() {
+  // The help stands in the window's place, never beside it.
+  OnErrorsGone();
+  if (!called_) emit WindowCame();
 }
 
 void ErrorDesk::OnErrorsGone() {

@@ -77,17 +77,22 @@ class ErrorDesk : public QObject {
   [[nodiscard]] bool AsksToClose() const { return asksToClose_; }
   void AnswerClose(bool yes);
 
-  /// From the session: callbacks 13 and 14, and messages to the main window.
+  /// From the session: the tool's window opens, callbacks 13 and 14, and messages to the main window.
+  void OnWindowOpening();
   void OnShowError(const QVariantMap& line);
   void OnErrorsGone();
   void OnMessage(std::uint32_t message, qint64 first, qint64 second);
 
  signals:
   void Changed();
+  /// The tool's window opens by itself: nobody called for it.
+  void WindowCame();
   void CloseAsked();
   void CloseWanted();
 
  private:
+  /// Has the tool show its window, wherever that was.
+  void CallWindow();
   void OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::rig::CncControl::ErrorFate fate);
   [[nodiscard]] QString DescriptionOf(const QString& reference) const;
 
@@ -99,6 +104,7 @@ class ErrorDesk : public QObject {
   bool watching_ = false;
   ErrorSign sign_;
   std::optional<ErrorHelp> help_;
+  bool called_ = false;  // the window opens because the operator wants to see it
   bool asksToClose_ = false;
   bool closeRefused_ = false;
 };

@@ -175,8 +175,10 @@ void HostSession::CloseAll() {
   // A tool gets the chance to give its channel back before its window goes; code 5 asks for it whatever its state is.
   constexpr int kAskToClose = 5;
   constexpr int kChannel = 1;
-  for (const auto window : ToolWindows()) {
-    if (ToolWindow(PNL_TOOL_MDI) == window) PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kAskToClose, kChannel);
+  const auto loaded = loaded_;
+  for (const auto& [tool, window] : loaded) {
+    if (!PnlIsAlive(window)) continue;
+    if (tool == PNL_TOOL_MDI) PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kAskToClose, kChannel);
     DestroyTool(window);
   }
 }
@@ -194,12 +196,20 @@ void HostSession::BringToFront(int toolId) {
   FocusWithin(window);
 }
 
+bool HostSession::IsTypedIn(PnlWindow window) {
+  const auto* widget = static_cast<const QWidget*>(PnlWidgetOf(window));
+  const auto* line = widget == nullptr ? nullptr : qobject_cast<const QLineEdit*>(widget->focusWidget());
+  return line != nullptr && line->isEnabled() && !line->isReadOnly();
+}
+
 void HostSession::FocusWithin(PnlWindow window) {
   auto* widget = static_cast<QWidget*>(PnlWidgetOf(window));
   if (widget == nullptr) return;
   const QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == widget || widget->isAncestorOf(focused))) return;
   QWidget* last = widget->focusWidget();
+  // A control that can't take the keyboard now leaves it to its window.
+  if (last != nullptr && (!last->isVisible() || !last->isEnabled())) last = widget;
   auto* line = qobject_cast<QLineEdit*>(last);
   if (line == nullptr) return (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
   // A tool may put the caret elsewhere on getting the focus; the operator goes on where he was.
@@ -228,7 +238,18 @@ void HostSession::KeepToolState(int tool, bool open) {
   const auto before = open_;
   open_.erase(std::remove(open_.begin(), open_.end(), tool), open_.end());
   if (open) open_.push_back(tool);
+  KeepWorkingTool(tool, open);
   if (open_ != before) emit ToolsChanged();
+}
+
+void HostSession::KeepWorkingTool(int tool, bool open) {
+  if (tool == PNL_TOOL_ERRORS) return;
+  if (open) {
+    workingTool_ = tool;
+  } else if (workingTool_ == tool) {
+    const auto behind = std::find_if(open_.rbegin(), open_.rend(), [](int other) { return other != PNL_TOOL_ERRORS; });
+    workingTool_ = behind == open_.rend() ? -1 : *behind;
+  }
 }
 
 void HostSession::KeepMessage(const QVariantMap& message) {
@@ -243,6 +264,8 @@ void HostSession::KeepMessage(const QVariantMap& message) {
 }
 
 void HostSession::OnCall(const HostCall& call) {
+  // Whoever hears of the call may end the session.
+  const QPointer<HostSession> alive(this);
   const auto first = [&call] { return call.args.value(0).toInt(); };
   // What the host keeps stands before anybody hears of the call, so that a listener sees the new state.
   switch (call.slot) {
@@ -268,7 +291,9 @@ void HostSession::OnCall(const HostCall& call) {
     default:
       break;
   }
+  if (!alive) return;
   emit Called(call);
+  if (!alive) return;
   if (call.slot == 3 || call.slot == 5) emit MainMenuChanged();
   if (call.slot == 4 || call.slot == 6) emit SideMenuChanged();
 }

@@ -68,8 +68,15 @@ class HostSession : public QObject {
 
   /// Makes an open tool the front one, above the others, and gives it the keyboard.
   void BringToFront(int toolId);
+  /// The operator turned to the program.
+  void WorkInProgram() { workingTool_ = -1; }
+  /// The tool in which the operator works, -1 for the program: the tool that he opened or turned to last, and when that
+  /// closes the open one nearest to the front. Errors interrupt his work; their window is never it.
+  [[nodiscard]] int WorkingTool() const { return workingTool_; }
   /// The keyboard to that window: to the control in it that had it last, with its caret.
   static void FocusWithin(PnlWindow window);
+  /// Whether the keyboard in that window belongs to a line that takes text.
+  [[nodiscard]] static bool IsTypedIn(PnlWindow window);
 
   /// A tool and the menu that it handed over last.
   using ToolMenu = std::pair<int, std::uint32_t>;
@@ -104,6 +111,8 @@ class HostSession : public QObject {
   friend struct HostCallbacks;
   void OnCall(const HostCall& call);
   void KeepToolState(int tool, bool open);
+  /// Who is worked in after the tool was opened or turned to, or has closed.
+  void KeepWorkingTool(int tool, bool open);
   void KeepMessage(const QVariantMap& message);
   [[nodiscard]] static intptr_t OnMessage(void* context, PnlWindow window, std::uint32_t message, intptr_t first,
                                           intptr_t second);
@@ -121,6 +130,7 @@ class HostSession : public QObject {
   std::map<int, MessageLine> messages_;
   std::vector<std::pair<int, PnlWindow>> loaded_;
   std::vector<int> open_;  // in the order of opening
+  int workingTool_ = -1;
 };
 
 }  // namespace panel

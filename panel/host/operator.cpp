@@ -109,6 +109,8 @@ std::vector<pnl::rig::CncControl::ErrorSummary> Operator::Errors() const {
 
 bool Operator::Can(Action action) const {
   switch (action) {
+    case Action::kCycleStart:
+      return !EmergencyStop();
     case Action::kFeedHold:
     case Action::kSingleBlock:
     case Action::kReset:
@@ -137,6 +139,7 @@ void Operator::Do(Action action) {
   Touch();
   if (!Can(action)) {
     if (machine_ == nullptr) SetHint(Say(Word::kNoMachineHere), true);
+    if (action == Action::kCycleStart) SetHint(Say(Word::kReleaseEmergencyStop), true);
     return;
   }
   switch (action) {
@@ -153,7 +156,7 @@ void Operator::Do(Action action) {
     case Action::kOpenCalculator:
       return OpenCalculator();
     case Action::kFocusTool:
-      return FocusTool();
+      return TurnTo(session_.FrontTool());
     default:
       return DoMachine(action);
   }
@@ -171,8 +174,9 @@ void Operator::DoMachine(Action action) {
     case Action::kCancel:
       return machine_->Cancel();
     case Action::kReset:
-      machine_->Reset();
-      return errors_.ClearAll();
+      // First the queue: what still stands comes again with the reset.
+      errors_.ClearAll();
+      return machine_->Reset();
     case Action::kInspect:
       return machine_->Inspection(!state.inspecting);
     case Action::kOverrideDown:
@@ -221,15 +225,11 @@ bool Operator::OpenTool(int tool) {
 
 void Operator::OpenMdi() {
   const int tool = PNL_TOOL_MDI;
-  if (session_.IsToolOpen(tool) && session_.FrontTool() == tool) {
-    PnlSendMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
-    return;
-  }
+  if (session_.IsToolOpen(tool) && session_.FrontTool() == tool) return TurnTo(tool);
   OpenTool(tool);
 }
 
 void Operator::OpenCalculator() {
-  if (session_.IsToolOpen(PNL_TOOL_CALCULATOR) && session_.FrontTool() == PNL_TOOL_CALCULATOR) return FocusTool();
   // It opens with its window; a second one beside it would have a history of its own.
   if (session_.IsToolOpen(PNL_TOOL_CALCULATOR)) return session_.BringToFront(PNL_TOOL_CALCULATOR);
   OpenTool(PNL_TOOL_CALCULATOR);
@@ -239,10 +239,13 @@ void Operator::OpenMachining() {
   if (!OpenTool(PNL_TOOL_MACHINING_CALCULATOR)) SetHint(Say(Word::kMachiningMissing), true);
 }
 
-void Operator::FocusTool() {
-  const PnlWindow window = session_.ToolWindow(session_.FrontTool());
-  PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
-  session_.FocusWithin(window);
+void Operator::TurnTo(int tool) {
+  session_.BringToFront(tool);
+  const PnlWindow window = session_.ToolWindow(tool);
+  // In a list the code would choose the first item, which start would then run: it is for a line that is typed in.
+  if (tool == PNL_TOOL_MDI && HostSession::IsTypedIn(window)) {
+    PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+  }
 }
 
 void Operator::CloseTool(int tool) {
@@ -254,9 +257,8 @@ void Operator::CloseTool(int tool) {
 
 void Operator::TakeCalcResult() {
   if (session_.IsToolOpen(PNL_TOOL_MDI)) {
-    const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
-    HostSession::FocusWithin(mdi);
-    PnlSendMessage(mdi, PNL_MSG_RESULT_READY, 1, 0);
+    session_.BringToFront(PNL_TOOL_MDI);
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
     return;
   }
   const auto result = rig_ == nullptr ? std::nullopt : rig_->Cnc().Get(u"E.CALCRESUL");
@@ -270,17 +272,22 @@ void Operator::TakeCalcResult() {
 
 void Operator::SwitchRole() {
   if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
+  // Errors stay in front of what they tell of.
+  if (session_.FrontTool() != PNL_TOOL_ERRORS) session_.BringToFront(PNL_TOOL_MDI);
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
 }
 
 void Operator::AskHelp() {
-  const PnlWindow tool = session_.ToolWindow(session_.FrontTool());
-  if (tool == 0 || PnlSendMessage(tool, PNL_MSG_HELP_KEY, 0, 0) != 0 || rig_ == nullptr) {
-    return SetHint(Say(Word::kToolMissing), true);
-  }
-  const auto mark = rig_->Cnc().Get(u"E.HELPDATA");
+  // The variable may still have the mark that another tool left there, so only a write of this moment counts.
+  bool written = false;
+  const int watch = rig_ == nullptr ? 0 : rig_->Cnc().Watch(u"E.HELPDATA", [&written] { written = true; });
+  PnlSendMessage(session_.ToolWindow(session_.FrontTool()), PNL_MSG_HELP_KEY, 0, 0);
+  if (rig_ != nullptr) rig_->Cnc().Unwatch(watch);
+  if (errors_.Help()) return;
+  const auto mark = written ? rig_->Cnc().Get(u"E.HELPDATA") : std::nullopt;
   const auto* text = mark ? std::get_if<std::u16string>(&*mark) : nullptr;
-  if (text != nullptr) SetHint(Say(Word::kHelpMark, QString::fromStdU16String(*text)));
+  if (text == nullptr || text->empty()) return SetHint(Say(Word::kNoHelpHere), true);
+  SetHint(Say(Word::kHelpMark, QString::fromStdU16String(*text)));
 }
 
 void Operator::ClearError() {
@@ -296,8 +303,7 @@ void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::
   Touch();
   if (machine_ == nullptr) return SetHint(Say(Word::kNoMachineHere), true);
   if (!fault.fault) {
-    emergencyStop_ = !emergencyStop_;
-    return machine_->EmergencyStop(emergencyStop_);
+    return machine_->EmergencyStop(!EmergencyStop());
   }
   const bool ofProgram = *fault.fault == pnl::rig::MachineControl::Fault::kProgramLine;
   if (ofProgram && !spot) return SetHint(Say(Word::kFaultNeedsProgram), true);
@@ -306,6 +312,8 @@ void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::
 
 void Operator::SendCommand(int tool, int id) {
   hint_ = {};
+  // Whoever presses a tool's key works in that tool.
+  if (session_.FrontTool() == tool) session_.BringToFront(tool);
   PnlSendMessage(session_.ToolWindow(tool), PNL_MSG_COMMAND, id, 0);
   Touch();
 }
@@ -314,8 +322,7 @@ void Operator::OnCalled(const HostCall& call) {
   if (!session_.Reacting()) return;
   switch (call.slot) {
     case 1:
-      // The help stands in the window's place, never beside it.
-      if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnErrorsGone();
+      if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnWindowOpening();
       return;
     case 2:
       return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());

@@ -57,7 +57,7 @@ class Operator : public QObject {
   [[nodiscard]] const ErrorDesk& Desk() const { return errors_; }
   /// A fault of the demo machine. spot: where the fault of a program lies; without one it can't be raised.
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
-  [[nodiscard]] bool EmergencyStop() const { return emergencyStop_; }
+  [[nodiscard]] bool EmergencyStop() const { return Machine().emergencyStop; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
   /// The operator has pressed something: what only tells has been seen.
@@ -85,8 +85,8 @@ class Operator : public QObject {
   void OpenMdi();
   void OpenCalculator();
   void OpenMachining();
-  /// The keyboard to the tool in front.
-  void FocusTool();
+  /// That tool to the front, the keyboard to it, and its caret back where there is one.
+  void TurnTo(int tool);
   void CloseTool(int tool);
   void TakeCalcResult();
   void SwitchRole();
@@ -103,7 +103,6 @@ class Operator : public QObject {
   std::vector<std::int32_t> heldChannels_;
   ErrorDesk errors_;
   Hint hint_;
-  bool emergencyStop_ = false;
   bool asked_ = false;    // a file request waits for its answer
   bool touched_ = false;  // a Changed is under way
 };

@@ -63,7 +63,8 @@ RpcResult UiFocus(RemoteWorld& /*world*/, Params& params) {
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
   if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
-  found.control->setFocus(Qt::OtherFocusReason);
+  // As by a touch: it is the operator who turns to the control.
+  found.control->setFocus(Qt::MouseFocusReason);
   if (place && place->index >= 0) PickItems(found.control, {place->index});
   return Done();
 }

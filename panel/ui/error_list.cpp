@@ -109,7 +109,6 @@ void ErrorListCover::Leave() {
   stands_ = false;
   floodEnd_.stop();
   hide();
-  emit Left();
 }
 
 void ErrorListCover::Update() {

@@ -39,7 +39,7 @@ class ErrorListCover : public QWidget {
   ~ErrorListCover() override;
   /// Shows it and takes the keyboard.
   void Open();
-  /// Hides it and tells with Left.
+  /// Hides it.
   void Leave();
   /// Reads the history anew if it changed.
   void Update();
@@ -49,9 +49,6 @@ class ErrorListCover : public QWidget {
   [[nodiscard]] QString Details() const { return details_->toPlainText(); }
   [[nodiscard]] PanelKey* BackKey() const { return back_; }
   void SetFontPixels(int pixels);
-
- signals:
-  void Left();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -48,6 +48,8 @@ class PanelKey : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  /// A press changes no lamp: what the key does may, and then it is shown.
+  void nextCheckState() override {}
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -13,6 +13,7 @@
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
+#include "ui/keyboard.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
@@ -69,6 +70,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
   setProperty("pnlPanelArea", QVariant::fromValue<QWidget*>(toolArea_));
   Connect();
   ConnectErrors();
+  MakeKeyboard();
   MakeShortcuts();
   SetTabOrder();
   resize(LayOutAround(QSize(800, 600), theme::TouchPixels(*this)).window);
@@ -139,12 +141,23 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
-  if (shownOrHidden && cover) {
-    mainBar_->setEnabled(!Covered());
-    sideBar_->setEnabled(!Covered());
-    ShowSideBar();
-  }
+  if (shownOrHidden && cover) EnableBars();
+  // A cover moves the focus among its own keys alone, also as it goes.
+  if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
   return QWidget::eventFilter(watched, event);
+}
+
+void PanelWindow::MakeKeyboard() {
+  keyboard_ = std::make_unique<Keyboard>(*this, *toolArea_, *editor_, session_, op_.Desk());
+  keyboard_->AddCover(chooser_, [this] { chooser_->NameEdit().setFocus(); });
+  keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
+  keyboard_->AddCover(errorHelp_, [this] { errorHelp_->setFocus(); });
+  keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
+}
+
+bool PanelWindow::focusNextPrevChild(bool next) {
+  const auto move = [this](bool forward) { return QWidget::focusNextPrevChild(forward); };
+  return keyboard_ ? keyboard_->MoveFocus(next, move) : move(next);
 }
 
 void PanelWindow::SetTabOrder() {
@@ -248,6 +261,12 @@ void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event
 
 bool PanelWindow::Covered() const {
   return chooser_->Stands() || question_->Stands() || errorHelp_->Stands() || errorList_->Stands();
+}
+
+void PanelWindow::EnableBars() {
+  mainBar_->setEnabled(!Covered());
+  sideBar_->setEnabled(!Covered());
+  ShowSideBar();
 }
 
 void PanelWindow::Trigger(Action action) {

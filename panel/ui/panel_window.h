@@ -6,6 +6,7 @@
 #include <QKeySequence>
 #include <QList>
 #include <QWidget>
+#include <memory>
 #include <optional>
 
 #include "host/host_session.h"
@@ -20,6 +21,7 @@ class AxisDisplay;
 class ErrorHelpCover;
 class ErrorListCover;
 class FileChooser;
+class Keyboard;
 class MessageZone;
 class ModalLine;
 class OperatorKeys;
@@ -68,6 +70,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
+  [[nodiscard]] Keyboard& Focus() const { return *keyboard_; }
 
   /// Draws the present state. Called by itself when something changed.
   void UpdateDisplay();
@@ -78,9 +81,11 @@ class PanelWindow : public QWidget, public PanelFace {
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void Connect();
+  void MakeKeyboard();
   void MakeShortcuts();
   void SetTabOrder();
   void LayOut();
@@ -92,16 +97,15 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowBars();
   void ShowMessages();
   void ShowChooser();
-  void KeepFocus();
   void ConnectErrors();
   void ShowErrors();
   /// Covers step back while the error window stands and come again behind it.
   void LetErrorsPass();
   void AskToClose();
   void OnErrorSign();
-  /// To the tool in front, else to the program.
-  void FocusBehind();
   void OnItem(int tool, int id, std::uint32_t menu);
+  /// The soft keys rest while something covers what they act on.
+  void EnableBars();
   [[nodiscard]] bool Covered() const;
 
   HostSession& session_;
@@ -110,7 +114,6 @@ class PanelWindow : public QWidget, public PanelFace {
   QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
-  int frontTool_ = -1;
   bool errorWindow_ = false;  // the error window stood at the last look
   bool faultKeys_ = false;    // the main bar has the demo machine's faults
   std::function<bool(const QString& text)> answer_;
@@ -129,6 +132,7 @@ class PanelWindow : public QWidget, public PanelFace {
   ProgramDesk* desk_;
   ErrorHelpCover* errorHelp_;
   ErrorListCover* errorList_;
+  std::unique_ptr<Keyboard> keyboard_;
 };
 
 }  // namespace panel

@@ -3,6 +3,7 @@
 
 #include "ui/axis_display.h"
 #include "ui/file_chooser.h"
+#include "ui/keyboard.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_menu.h"
@@ -36,13 +37,14 @@ void PanelWindow::UpdateDisplay() {
   ShowMessages();
   ShowErrors();
   PlaceEditor();
-  KeepFocus();
+  // A tool may have shown itself without a word to anybody.
+  if (session_.Reacting()) keyboard_->Restore();
 }
 
 void PanelWindow::ShowMachine() {
   const auto state = op_.Machine();
   if (op_.HasMachine()) {
-    status_->Show(LookOf(state.channelStatus, state.feedHold, state.inspecting), Say(op_.Mode()));
+    status_->Show(LookOf(state), Say(op_.Mode()));
     readings_->Show(ReadingsOf(state));
   } else {
     status_->Show(LookWithoutMachine(), Say(op_.Mode()));
@@ -59,6 +61,7 @@ void PanelWindow::ShowMachine() {
 }
 
 void PanelWindow::ShowBars() {
+  EnableBars();
   // A closed tool leaves its menu behind; a bar shows it only while the tool is there to be commanded.
   if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
     mainBar_->ShowMenu(menu);
@@ -109,15 +112,6 @@ void PanelWindow::ShowChooser() {
         op_.CancelFile();
         op_.Do(Action::kFocusTool);
       });
-}
-
-void PanelWindow::KeepFocus() {
-  const int front = session_.FrontTool();
-  // The last tool went: the keyboard belongs to the program again, not to whatever key comes next in the chain. Behind
-  // the error window stands the tool in which the operator was.
-  const bool errorsLeft = frontTool_ == PNL_TOOL_ERRORS && front != PNL_TOOL_ERRORS;
-  if ((errorsLeft || (front < 0 && frontTool_ >= 0)) && !Covered()) FocusBehind();
-  frontTool_ = front;
 }
 
 }  // namespace panel

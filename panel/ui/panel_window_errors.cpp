@@ -4,8 +4,8 @@
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
+#include "ui/keyboard.h"
 #include "ui/panel_window.h"
-#include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
@@ -18,7 +18,8 @@ void PanelWindow::ConnectErrors() {
     op_.Desk().CloseHelp();
     ShowErrors();
   });
-  connect(errorList_, &ErrorListCover::Left, this, &PanelWindow::FocusBehind);
+  // Before the keyboard looks for its place: what steps back has it no more.
+  connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::LetErrorsPass);
   connect(&op_.Desk(), &ErrorDesk::CloseAsked, this, &PanelWindow::AskToClose);
   connect(mainBar_, &SoftKeyBar::Left, this, [this] {
     faultKeys_ = false;
@@ -32,9 +33,7 @@ void PanelWindow::OnErrorSign() {
 
 void PanelWindow::ShowErrors() {
   LetErrorsPass();
-  const bool stood = errorHelp_->Stands();
   errorHelp_->Show(op_.Desk().Help());
-  if (stood && !errorHelp_->Stands() && !op_.Desk().WindowShown() && !Covered()) FocusBehind();
   errorList_->Update();
 }
 
@@ -48,31 +47,17 @@ void PanelWindow::LetErrorsPass() {
     const bool stands = cover == chooser_ ? chooser_->Stands() : question_->Stands();
     if (!stands || cover->isVisible() != shown) continue;
     cover->setVisible(!shown);
-    if (shown) continue;
-    cover->raise();
-    if (cover == chooser_) {
-      chooser_->NameEdit().setFocus();
-    } else {
-      question_->FocusCareful();
-    }
+    if (!shown) cover->raise();
   }
-  if (shown) FocusBehind();
+  keyboard_->Restore();
 }
 
 void PanelWindow::AskToClose() {
   LetErrorsPass();
   const QString text = Say(Word::kCloseAsked);
   if (answer_) return op_.Desk().AnswerClose(answer_(text));
-  question_->Ask(text, {Say(Word::kClosePanel), Say(Word::kKeepRunning)}, [this](int index) {
-    op_.Desk().AnswerClose(index == 0);
-    FocusBehind();
-  });
-}
-
-void PanelWindow::FocusBehind() {
-  const int front = session_.FrontTool();
-  if (front < 0) return editor_->setFocus();
-  HostSession::FocusWithin(session_.ToolWindow(front));
+  question_->Ask(text, {Say(Word::kClosePanel), Say(Word::kKeepRunning)},
+                 [this](int index) { op_.Desk().AnswerClose(index == 0); });
 }
 
 }  // namespace panel

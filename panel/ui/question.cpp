@@ -60,8 +60,9 @@ void Question::FocusCareful() {
 
 void Question::Answer(int index) {
   if (!Stands() || index < 0) return;
-  hide();
+  // It stands no more by the time that anybody hears of its going.
   const auto answered = std::exchange(answered_, nullptr);
+  hide();
   answered(index);
 }
 

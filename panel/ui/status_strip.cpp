@@ -8,17 +8,31 @@
 
 namespace panel {
 
-ChannelLook LookOf(int status, bool feedHold, bool inspecting) {
+namespace {
+
+ChannelLook MotionOf(const pnl::rig::MachineState& state) {
   constexpr int kRunning = 2;
   constexpr int kInterrupted = 4;
   constexpr int kAborted = 8;
-  // Inspection happens inside an interruption, and hold is one reason for it: the more exact word wins.
-  if (inspecting) return {Word::kInspection, theme::kViolet};
-  if (status == kAborted) return {Word::kAborted, theme::kRed};
-  if (feedHold) return {Word::kFeedHold, theme::kAmber};
-  if (status == kInterrupted) return {Word::kInterrupted, theme::kAmber};
-  if (status == kRunning) return {Word::kRunning, theme::kGreen};
+  // Hold is one reason for an interruption: the more exact word wins.
+  if (state.channelStatus == kAborted) return {Word::kAborted, theme::kRed};
+  if (state.feedHold) return {Word::kFeedHold, theme::kAmber};
+  if (state.channelStatus == kInterrupted) return {Word::kInterrupted, theme::kAmber};
+  if (state.channelStatus == kRunning) return {Word::kRunning, theme::kGreen};
   return {Word::kReady, theme::kSteel};
+}
+
+}  // namespace
+
+ChannelLook LookOf(const pnl::rig::MachineState& state) {
+  // Nothing runs while it is pressed, whatever else the channel says.
+  if (state.emergencyStop) return {Word::kEmergencyStop, theme::kRed};
+  ChannelLook look = MotionOf(state);
+  if (!state.inspecting) return look;
+  // Axes that move must show as moving during inspection too.
+  if (look.word == Word::kReady) return {Word::kInspection, theme::kViolet};
+  look.inspecting = true;
+  return look;
 }
 
 ChannelLook LookWithoutMachine() { return {Word::kNoMachine, theme::kSurface}; }
@@ -30,6 +44,10 @@ void StatusStrip::Show(const ChannelLook& channel, const QString& mode) {
   mode_ = mode;
   setAccessibleName(StateText() + QLatin1Char(' ') + mode);
   update();
+}
+
+QString StatusStrip::StateText() const {
+  return (channel_.inspecting ? Say(Word::kInspection) + QStringLiteral(", ") : QString()) + Say(channel_.word);
 }
 
 void StatusStrip::SetFontPixels(int pixels) {

@@ -2,6 +2,8 @@
 // The channel's state in words and colour, the mode, and the indicator of errors. It shows what it is given.
 #pragma once
 
+#include <pnltools/rig.h>
+
 #include <QColor>
 #include <QString>
 #include <QWidget>
@@ -11,14 +13,15 @@
 
 namespace panel {
 
-/// What the channel is doing, as one word and one colour.
+/// What the channel is doing, as one word and one colour; during inspection the word follows that one.
 struct ChannelLook {
   Word word = Word::kNoMachine;
   QRgb color = 0;
+  bool inspecting = false;
 };
 
-/// status: 1 ready, 2 running, 4 interrupted, 8 aborted; another value counts as ready.
-[[nodiscard]] ChannelLook LookOf(int status, bool feedHold, bool inspecting);
+/// A status that is none counts as ready.
+[[nodiscard]] ChannelLook LookOf(const pnl::rig::MachineState& state);
 [[nodiscard]] ChannelLook LookWithoutMachine();
 
 class StatusStrip : public QWidget {
@@ -26,7 +29,7 @@ class StatusStrip : public QWidget {
   explicit StatusStrip(QWidget* parent);
   void Show(const ChannelLook& channel, const QString& mode);
   void SetFontPixels(int pixels);
-  [[nodiscard]] QString StateText() const { return Say(channel_.word); }
+  [[nodiscard]] QString StateText() const;
   [[nodiscard]] const QString& Mode() const { return mode_; }
   [[nodiscard]] ErrorIndicator& Indicator() const { return *indicator_; }
   [[nodiscard]] int Errors() const { return indicator_->Count(); }

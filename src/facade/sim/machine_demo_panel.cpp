@@ -39,6 +39,7 @@ rig::MachineState DemoMachine::State() const {
   state.singleBlock = singleBlock_;
   state.inspecting = inspecting_;
   state.coolant = condition_.coolant;
+  state.emergencyStop = emergency_;
   if (task_) state.block = task_->run.Block();
   state.gCodes = GCodes(modal);
   return state;
@@ -72,6 +73,8 @@ void DemoMachine::Cancel() { MDICancel(1); }
 void DemoMachine::Reset() {
   StopSpindleAndCoolant();
   ResetModal();
+  // The cause outlives the reset.
+  if (emergency_) PushFault({FaultCode::kEmergencyStop, {}, 0, 0}, {});
   Abort(true);
 }
 

@@ -7,6 +7,7 @@
 #include <pnltools/rig.h>
 
 #include <QApplication>
+#include <memory>
 
 #include "panel/machine/qt/demo_machine.h"
 
@@ -38,8 +39,9 @@ class HostSessionTest : public ::testing::Test {
 
   QWidget area_;
   QWidget main_;
-  HostSession session_;
+  // Before the session, which closes its tools as it ends.
   std::vector<std::string> calls_;
+  HostSession session_;
 };
 
 TEST_F(HostSessionTest, ParentAndMainWindowAreTwoWindows) {
@@ -121,10 +123,76 @@ TEST_F(HostSessionTest, TheChannelIsTakenAndLetGoByNotice) {
   EXPECT_EQ(notices, (std::vector<std::pair<qint64, int>>{{41, 1}, {42, 1}}));
 }
 
+TEST_F(HostSessionTest, ClosingEverythingGivesTheChannelOfEachCommandLineBack) {
+  int given = 0;
+  QObject::connect(&session_, &HostSession::MessageArrived, &session_,
+                   [&given](std::uint32_t message, qint64 first, qint64) {
+                     if (message == PNL_MSG_TOOL_NOTIFY && first == 42) ++given;
+                   });
+  Command(Mdi(), kOpen);
+  session_.CloseAll();
+  EXPECT_EQ(given, 1);
+  EXPECT_TRUE(session_.ToolWindows().empty());
+  // The first of two has the channel, the second is the one that counts for everything else.
+  Command(Mdi(), kOpen);
+  Mdi();
+  session_.CloseAll();
+  EXPECT_EQ(given, 2);
+}
+
+TEST_F(HostSessionTest, AClearedBarIsThePanelsAndNotTheToolsBehind) {
+  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  ASSERT_NE(session_.MainBar().second, 0u);
+  const PnlWindow mdi = Mdi();
+  Command(mdi, kOpen);
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+  EXPECT_EQ(session_.MainBar(), HostSession::ToolMenu(-1, 0)) << "in this role the command line has none there";
+  EXPECT_EQ(session_.SideBar().first, PNL_TOOL_MDI);
+}
+
 TEST_F(HostSessionTest, ASlotNameStandsForEverySlot) {
   EXPECT_STREQ(kSlotNames[0], "HostMayOpenTool");
   EXPECT_STREQ(kSlotNames[7], "HostShowMessage");
   EXPECT_STREQ(kSlotNames[18], "HostOpenMachiningCalculator");
+}
+
+/// A session that a listener ends while a tool is still in its callback.
+void EndSessionInside(const char* slot) {
+  DemoMachine();
+  QWidget area;
+  area.show();
+  auto session = std::make_unique<HostSession>();
+  session->SetToolArea(&area);
+  session->OfferAll();
+  const PnlWindow mdi = session->LoadTool(PNL_TOOL_MDI, session->ToolArea());
+  bool ended = false;
+  QObject::connect(session.get(), &HostSession::Called, &area, [&](const HostCall& call) {
+    if (ended || std::string(kSlotNames.at(static_cast<std::size_t>(call.slot))) != slot) return;
+    ended = true;
+    session.reset();
+  });
+  PnlSendMessage(mdi, PNL_MSG_TOOL_COMMAND, kOpen, 1);
+  EXPECT_TRUE(ended) << slot;
+  EXPECT_EQ(HostSession::Current(), nullptr);
+}
+
+TEST(HostSessionEnd, ASessionMayEndInsideACallback) {
+  for (const char* slot : {"HostToolOpening", "HostShowMessage", "HostSetSideMenu", "HostSetMainMenu"}) {
+    EndSessionInside(slot);
+  }
+}
+
+TEST(HostSessionEnd, ASessionMayEndWhenToolsChange) {
+  DemoMachine();
+  QWidget area;
+  auto session = std::make_unique<HostSession>();
+  session->SetToolArea(&area);
+  session->OfferAll();
+  const PnlWindow mdi = session->LoadTool(PNL_TOOL_MDI, session->ToolArea());
+  QObject::connect(session.get(), &HostSession::ToolsChanged, &area, [&session] { session.reset(); });
+  PnlSendMessage(mdi, PNL_MSG_TOOL_COMMAND, kOpen, 1);
+  EXPECT_EQ(session, nullptr);
+  EXPECT_EQ(HostSession::Current(), nullptr);
 }
 
 }  // namespace

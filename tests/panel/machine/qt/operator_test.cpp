@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+// What the panel does on the operator's behalf around stops, inspection, help, lamps, requests and its own end.
+#include "host/operator.h"
+
+#include <gtest/gtest.h>
+
+#include "panel/machine/qt/panel_fixture.h"
+#include "remote/trace.h"
+#include "ui/error_help.h"
+#include "ui/file_chooser.h"
+#include "ui/operator_keys.h"
+#include "ui/panel_key.h"
+#include "ui/panel_menu.h"
+#include "ui/soft_key_bar.h"
+#include "ui/status_strip.h"
+
+namespace panel {
+namespace {
+
+using Fault = pnl::rig::MachineControl::Fault;
+
+constexpr int kHide = 3;
+constexpr int kClose = 5;
+
+class OperatorTest : public PanelFixture {
+ protected:
+  intptr_t Command(int code) {
+    const intptr_t answer = PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, code, 1);
+    Settle();
+    return answer;
+  }
+  /// An error without a description behind it.
+  void PushWithoutHelp() {
+    pnl::rig::ErrorSpec spec;
+    spec.fields = {{"number", std::int64_t{5}}, {"severity", std::int64_t{1}}};
+    std::string problem;
+    ASSERT_TRUE(rig_.Cnc().PushError(spec, problem)) << problem;
+    Settle();
+  }
+  void StopEmergency(bool on) {
+    rig_.Machine()->EmergencyStop(on);
+    Settle();
+  }
+  [[nodiscard]] QString State() const { return window_->Status().StateText(); }
+  [[nodiscard]] PanelKey* StartKey() const { return window_->Keys().Key(Action::kCycleStart); }
+};
+
+TEST_F(OperatorTest, AnEmergencyStopShowsForAsLongAsItIsPressed) {
+  // It read READY, with the start key lit, and a reset took the last trace of it away.
+  StopEmergency(true);
+  EXPECT_EQ(State(), "EMERGENCY STOP");
+  EXPECT_FALSE(StartKey()->isEnabled());
+  EXPECT_EQ(Queue(), 1u);
+  Do(Action::kReset);
+  Advance(100);
+  EXPECT_EQ(State(), "EMERGENCY STOP");
+  EXPECT_FALSE(StartKey()->isEnabled());
+  EXPECT_EQ(Queue(), 1u) << "the cause stands, so its error does";
+  EXPECT_TRUE(ErrorsShown());
+  StopEmergency(false);
+  EXPECT_EQ(State(), "READY");
+  EXPECT_TRUE(StartKey()->isEnabled());
+  Do(Action::kReset);
+  EXPECT_EQ(Queue(), 0u);
+  EXPECT_FALSE(ErrorsShown());
+}
+
+TEST_F(OperatorTest, StartUnderAnEmergencyStopSaysWhatToDoAndSendsNothing) {
+  Do(Action::kOpenMdi);
+  Type("G0 X1");
+  StopEmergency(true);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), Say(Word::kReleaseEmergencyStop));
+  EXPECT_EQ(Line(PNL_TOOL_MDI)->text(), "G0 X1");
+  EXPECT_EQ(Queue(), 1u) << "no refusal beside the cause";
+}
+
+TEST_F(OperatorTest, AnEmergencyStopInTheMiddleOfABlockShowsTooAndTheFaultKeyReleasesIt) {
+  Do(Action::kOpenMdi);
+  Type("G1 X50 F100");
+  Do(Action::kCycleStart);
+  Advance(100);
+  StopEmergency(true);
+  EXPECT_EQ(State(), "EMERGENCY STOP");
+  EXPECT_TRUE(op_->EmergencyStop()) << "whoever pressed it";
+  op_->RaiseFault(DemoFaults()[0], std::nullopt);
+  Settle();
+  EXPECT_FALSE(op_->Machine().emergencyStop);
+}
+
+TEST_F(OperatorTest, InspectionSaysWhetherAxesMove) {
+  // It said INSPECTION while they ran and while they were held.
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  Do(Action::kFeedHold);
+  Do(Action::kInspect);
+  ASSERT_TRUE(op_->Machine().inspecting);
+  EXPECT_EQ(State(), "INSPECTION");
+  ASSERT_EQ(rig_.Machine()->State().channelStatus, 1);
+  Advance(100);
+  Line(PNL_TOOL_MDI)->setText("G91 G1 X5 F500");
+  Do(Action::kCycleStart);
+  Advance(100);
+  EXPECT_EQ(State(), "INSPECTION, RUNNING");
+  Do(Action::kFeedHold);
+  EXPECT_EQ(State(), "INSPECTION, FEED HOLD");
+  UseWords("es");
+  EXPECT_EQ(State(), "INSPECCIÓN, RETENCIÓN");
+  UseWords("en");
+}
+
+TEST_F(OperatorTest, TheHelpKeyOverTheErrorWindowOpensItsHelpAndSaysNothingElse) {
+  // Every answer but 0 was taken for a failure: the help opened beside "This tool is not installed".
+  Raise(Fault::kDriveFault);
+  ASSERT_TRUE(ErrorsShown());
+  Do(Action::kHelp);
+  EXPECT_TRUE(window_->ErrorHelpShown().Stands());
+  EXPECT_EQ(ZoneText(), "");
+}
+
+TEST_F(OperatorTest, TheHelpKeyShowsNoMarkThatAnotherToolLeft) {
+  Do(Action::kOpenMdi);
+  Do(Action::kHelp);
+  ASSERT_TRUE(ZoneText().startsWith("Help mark: ")) << ZoneText().toStdString();
+  Do(Action::kOpenCalculator);
+  Do(Action::kHelp);
+  EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
+  PushWithoutHelp();
+  ASSERT_TRUE(ErrorsShown());
+  Do(Action::kHelp);
+  EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
+  EXPECT_TRUE(ErrorsShown());
+}
+
+TEST_F(OperatorTest, TheHelpKeyShowsAMarkThatIsTheSameAsBefore) {
+  Do(Action::kOpenMdi);
+  Do(Action::kHelp);
+  const QString first = ZoneText();
+  Do(Action::kSingleBlock);
+  ASSERT_EQ(ZoneText(), "");
+  Do(Action::kHelp);
+  EXPECT_EQ(ZoneText(), first);
+}
+
+TEST_F(OperatorTest, TheHelpKeyWithNothingInFrontSaysThatThereIsNoHelp) {
+  Do(Action::kHelp);
+  EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
+}
+
+TEST_F(OperatorTest, TheLampOfAToolStaysLitWhenItsKeyIsTouched) {
+  // The press put the lamp out, and nothing lit it again.
+  Do(Action::kOpenMdi);
+  PanelKey* key = window_->MainBar().Key(0);
+  ASSERT_EQ(key->text(), "MDI");
+  ASSERT_TRUE(key->isChecked());
+  key->click();
+  Settle();
+  EXPECT_TRUE(key->isChecked());
+}
+
+TEST_F(OperatorTest, ALampOfTheMachineFollowsTheMachineAlone) {
+  PanelKey* key = window_->Keys().Key(Action::kSingleBlock);
+  key->click();
+  EXPECT_EQ(key->isChecked(), false) << "not before the machine says so";
+  Settle();
+  EXPECT_TRUE(key->isChecked());
+}
+
+TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockIsInterrupted) {
+  Do(Action::kOpenMdi);
+  Type("M0");
+  Do(Action::kCycleStart);
+  Advance(100);
+  ASSERT_EQ(op_->Machine().channelStatus, 4);
+  ASSERT_EQ(Command(kHide), 0);
+  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  Do(Action::kCycleStart);
+  Advance(100);
+  EXPECT_EQ(op_->Machine().channelStatus, 1) << "the block went on to its end";
+}
+
+TEST_F(OperatorTest, TheClearKeyEndsAHelpThatStandsAlone) {
+  op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
+  Settle();
+  ASSERT_EQ(Queue(), 0u);
+  EXPECT_TRUE(op_->Can(Action::kClearError));
+  Do(Action::kClearError);
+  EXPECT_FALSE(window_->ErrorHelpShown().Stands());
+  EXPECT_FALSE(op_->Can(Action::kClearError));
+}
+
+TEST_F(OperatorTest, AChannelThatIsTakenTwiceIsLetGoOnce) {
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(op_->Mode(), Word::kMdiMode);
+  // The command line tells again that it has the channel.
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_NOTIFY, 1, 1);
+  Command(kClose);
+  EXPECT_EQ(op_->Mode(), Word::kAutomatic);
+}
+
+TEST_F(OperatorTest, TheTraceOfAMenuLeavesItsHiddenItemsOut) {
+  constexpr int kNewItem = 32773;
+  constexpr int kMoveDown = 40004;
+  Do(Action::kSwitchRole);
+  EXPECT_TRUE(VisibleItemIds(session_.MainMenu()).toArray().contains(kMoveDown));
+  op_->SendCommand(PNL_TOOL_MDI, kNewItem);
+  EXPECT_FALSE(VisibleItemIds(session_.MainMenu()).toArray().contains(kMoveDown)) << "hidden while an item is typed";
+}
+
+class RequestTest : public OperatorTest {
+ protected:
+  // A file that can't be made is told in a box.
+  RequestTest() {
+    rig_.AnswerBoxes([](std::string_view) { return "ok"; });
+  }
+  ~RequestTest() override { rig_.AnswerBoxes({}); }
+  void Ask() {
+    constexpr int kSaveAsProgram = 32775;
+    OpenListAtSecond();
+    op_->SendCommand(PNL_TOOL_MDI, kSaveAsProgram);
+    Settle();
+    ASSERT_TRUE(window_->Chooser().Stands());
+    ASSERT_NE(op_->Request(), nullptr);
+  }
+};
+
+TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
+  Ask();
+  const QString name(255, 'N');
+  EXPECT_TRUE(op_->AcceptFile("C:\\PROGRAMS", name));
+  ASSERT_NE(op_->Request(), nullptr);
+  EXPECT_EQ(QString::fromUtf16(op_->Request()->File), name);
+}
+
+TEST_F(RequestTest, ANameThatFillsItsFieldIsRefused) {
+  Ask();
+  EXPECT_FALSE(op_->AcceptFile("C:\\PROGRAMS", QString(256, 'N')));
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
+  EXPECT_EQ(op_->Request()->File[0], u'\0') << "nothing was written";
+}
+
+TEST_F(RequestTest, AFolderThatFillsItsFieldIsRefused) {
+  Ask();
+  EXPECT_FALSE(op_->AcceptFile("C:\\" + QString(257, 'F'), "A.NC"));
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
+}
+
+}  // namespace
+}  // namespace panel

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// The whole panel on the demo machine, as an operator has it: keys through the window's focus or from the window
+// system, touches, and what stands in front.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QWindow>
+#include <cstdio>
+#include <memory>
+
+#include "host/host_session.h"
+#include "host/operator.h"
+#include "panel/machine/qt/demo_machine.h"
+#include "ui/message_zone.h"
+#include "ui/panel_window.h"
+#include "ui/program_editor.h"
+#include "ui/shortcuts.h"
+
+// How a platform tells of its keyboard and its touch screen.
+extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+                                           const QString& text, bool repeated, ushort count);
+extern Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
+                                             Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
+                                             Qt::KeyboardModifiers modifiers, int timestamp);
+
+namespace panel {
+
+class PanelFixture : public ::testing::Test {
+ protected:
+  PanelFixture() : rig_(DemoMachine()) {
+    UseWords("en");
+    rig_.Machine()->EmergencyStop(false);
+    rig_.Machine()->Reset();
+    rig_.Advance(1000);
+    rig_.Cnc().ClearErrors();
+    // The command line and the calculator remember what was typed and where they stood.
+    for (const char16_t* file : {u"Calc7340.ini", u"MDAC1.DAT", u"MDIC1.DAT"}) {
+      const auto path = rig_.Files().HostPath(std::u16string(u"C:\\CNC\\USER\\") + file);
+      if (path) std::remove(path->c_str());
+    }
+    session_.OfferAll();
+    op_ = std::make_unique<Operator>(session_, &rig_);
+    window_ = std::make_unique<PanelWindow>(session_, *op_, [this](const QString& path) {
+      const auto host = rig_.Files().HostPath(path.toStdU16String());
+      return host ? QString::fromStdString(*host) : QString();
+    });
+    window_->SetAsksBeforeClosing(false);
+    window_->show();
+    window_->activateWindow();
+    Settle();
+    op_->Desk().StartTool();
+    Settle();
+  }
+  ~PanelFixture() override {
+    window_.reset();
+    op_.reset();
+    rig_.Machine()->EmergencyStop(false);
+    rig_.Machine()->FeedOverride(100);
+    rig_.Machine()->SingleBlock(false);
+    rig_.Machine()->Reset();
+    rig_.Cnc().ClearErrors();
+    rig_.Advance(1000);
+  }
+
+  static void Settle() {
+    for (int i = 0; i < 5; ++i) {
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      QCoreApplication::processEvents();
+    }
+  }
+  void Do(Action action) {
+    window_->Trigger(action);
+    Settle();
+  }
+  void Advance(int milliseconds) {
+    rig_.Advance(milliseconds);
+    Settle();
+  }
+  void Raise(pnl::rig::MachineControl::Fault fault) {
+    rig_.Machine()->Raise(fault);
+    Settle();
+  }
+  /// A key of a script or of the panel itself: to whatever has the focus.
+  void Key(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+    QWidget* focus = QApplication::focusWidget();
+    QCoreApplication::sendEvent(focus == nullptr ? window_.get() : focus, &event);
+    Settle();
+  }
+  /// A key of the keyboard, pressed and not let go.
+  void RealKey(int key, bool repeated = false) {
+    const QString text = key == Qt::Key_Return ? QStringLiteral("\r") : QString();
+    qt_handleKeyEvent(window_->windowHandle(), QEvent::KeyPress, key, Qt::NoModifier, text, repeated, 1);
+    Settle();
+  }
+  void Type(const QString& text) {
+    for (const QChar c : text) Key(c.toUpper().unicode(), QString(c));
+  }
+  /// A finger on a widget.
+  void Touch(QWidget* widget, const QPoint& place) {
+    // Each at another time, so that two touches are never a double one.
+    constexpr int kPause = 10000;
+    const QPointF local = widget->mapTo(window_.get(), place);
+    const QPointF global = widget->mapToGlobal(place);
+    qt_handleMouseEvent(window_->windowHandle(), local, global, Qt::LeftButton, Qt::LeftButton,
+                        QEvent::MouseButtonPress, {}, now_ += kPause);
+    qt_handleMouseEvent(window_->windowHandle(), local, global, Qt::NoButton, Qt::LeftButton,
+                        QEvent::MouseButtonRelease, {}, now_ += 1);
+    Settle();
+  }
+  [[nodiscard]] QWidget* Tool(int tool) const { return static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool))); }
+  [[nodiscard]] QWidget* Errors() const { return Tool(PNL_TOOL_ERRORS); }
+  [[nodiscard]] bool ErrorsShown() const { return Errors() != nullptr && Errors()->isVisible(); }
+  [[nodiscard]] QLineEdit* Line(int tool) const { return Tool(tool)->findChild<QLineEdit*>(); }
+  [[nodiscard]] QListView* MdaList() const { return Tool(PNL_TOOL_MDI)->findChild<QListView*>(); }
+  [[nodiscard]] QWidget* Program() const { return &window_->Editor().Edit(); }
+  [[nodiscard]] std::size_t Queue() const { return rig_.Cnc().ErrorQueue().size(); }
+  [[nodiscard]] QString ZoneText() const {
+    QStringList lines;
+    for (const auto& line : window_->Zone().Lines()) lines << line.text;
+    return lines.join('|');
+  }
+  /// Whether the keyboard belongs to that widget or to one in it.
+  [[nodiscard]] static bool Has(const QWidget* widget) {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus != nullptr && widget != nullptr && (focus == widget || widget->isAncestorOf(focus));
+  }
+  /// Three blocks that ran, in the list, and the second one selected.
+  void OpenListAtSecond() {
+    Do(Action::kOpenMdi);
+    for (const char* block : {"G0 X1", "G0 X2", "G0 X3"}) {
+      Type(block);
+      Do(Action::kCycleStart);
+      Advance(5000);
+    }
+    Do(Action::kSwitchRole);
+    ASSERT_EQ(MdaList()->model()->rowCount(), 3);
+    MdaList()->setCurrentIndex(MdaList()->model()->index(1, 0));
+    Settle();
+  }
+  [[nodiscard]] int SelectedInList() const {
+    const auto rows = MdaList()->selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.first().row() : -1;
+  }
+
+  pnl::rig::Rig& rig_;
+  HostSession session_;
+  std::unique_ptr<Operator> op_;
+  std::unique_ptr<PanelWindow> window_;
+  int now_ = 0;
+};
+
+}  // namespace panel
