@@ -80,11 +80,14 @@ TEST(ContrastTest, AKeyIsReadInEveryStateAndColour) {
 
 TEST(ContrastTest, TheStateOfTheChannelIsReadInEveryColour) {
   for (const int status : {1, 2, 4, 8}) {
-    for (const bool hold : {false, true}) {
-      for (const bool inspecting : {false, true}) {
-        const QColor fill(LookOf(status, hold, inspecting).color);
-        EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << status << hold << inspecting;
-      }
+    for (int flags = 0; flags < 8; ++flags) {
+      pnl::rig::MachineState state;
+      state.channelStatus = status;
+      state.feedHold = (flags & 1) != 0;
+      state.inspecting = (flags & 2) != 0;
+      state.emergencyStop = (flags & 4) != 0;
+      const QColor fill(LookOf(state).color);
+      EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << status << " with " << flags;
     }
   }
 }
