@@ -10,6 +10,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using pnl::CalcHistory;
   using pnl::Text;
+  using pnl::TextRows;
   const Text path = u"C:\\P1\\calc.htr";
   pnl::fuzz::MemoryFiles files;
   pnl::fuzz::PathUtilities utilities;
@@ -18,14 +19,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size % 3 == 1) files.piece = 7;
 
   CalcHistory history(files, utilities);
-  TextRows rows = history.Load();
+  const TextRows rows = history.Load();
   static_cast<void>(history.Save(rows));
   if (rows.empty()) {
     FUZZ_CHECK(files.content[path] == std::string(reinterpret_cast<const char*>(data), size));
     return 0;
   }
-  // What is stored is UTF-8: half a surrogate pair, which UTF-16 can bring, has become U+FFFD.
-  for (Text& row : rows) row = pnl::FromUtf8(pnl::ToUtf8(row));
   const std::string stored = files.content[path];
   CalcHistory again(files, utilities);
   const TextRows reread = again.Load();

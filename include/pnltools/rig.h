@@ -156,7 +156,7 @@ struct ProgramSpot {
   std::u16string folder;  // panel path
   std::u16string file;
   std::int32_t position = 0;  // of the block, in bytes of the file
-  std::int32_t span = 0;      // from the block's start to the word at fault, in bytes
+  std::int32_t span = 0;      // from the block's start to the word at fault, in UTF-16 units
 };
 
 /// The operator's panel of the simulated machine. Without one (--bare) Machine() is null.

@@ -78,19 +78,19 @@ void TraceLog::Write(std::u16string_view name, const pnl::rig::Value& value, boo
 
 void TraceLog::MessageToHost(PnlWindow window, std::uint32_t message, std::intptr_t first, std::intptr_t second) {
   Add({{"kind", "message"},
-                     {"to", window == session_.ToolArea() ? "parent" : "main"},
-                     {"message", MessageToJson(message)},
-                     {"first", static_cast<qint64>(first)},
-                     {"second", SecondArgument(message, first, second)}});
+       {"to", window == session_.ToolArea() ? "parent" : "main"},
+       {"message", MessageToJson(message)},
+       {"first", static_cast<qint64>(first)},
+       {"second", SecondArgument(message, first, second)}});
 }
 
 void TraceLog::Box(std::u16string_view title, std::u16string_view text, std::string_view style,
                    std::string_view answer) {
   Add({{"kind", "box"},
-                     {"title", Narrow(title)},
-                     {"text", Narrow(text)},
-                     {"style", Narrow(style)},
-                     {"answer", Narrow(answer)}});
+       {"title", Narrow(title)},
+       {"text", Narrow(text)},
+       {"style", Narrow(style)},
+       {"answer", Narrow(answer)}});
 }
 
 QJsonArray TraceLog::Take(const QStringList& kinds) {

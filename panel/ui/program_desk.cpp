@@ -179,7 +179,7 @@ std::optional<pnl::rig::ProgramSpot> ProgramDesk::CaretSpot() const {
   spot.folder = FolderAbove(path_).toStdU16String();
   spot.file = path_.section(QLatin1Char('\\'), -1).toStdU16String();
   spot.position = static_cast<std::int32_t>(position);
-  spot.span = static_cast<std::int32_t>(layout_.BytesOf(upToWord));
+  spot.span = static_cast<std::int32_t>(upToWord.size());
   return spot;
 }
 

@@ -30,7 +30,7 @@ class ZCMDIListTest : public testing::Test {
     Activate(panel);
   }
   ~ZCMDIListTest() override { Settle(); }
-  void Open(const std::deque<Text>& items) {
+  void Open(const TextRows& items) {
     list->SetColors(0x78643C, 0xFFFFFF);
     list->Fill(&items);
     list->Open({10, 20, 200, 150});

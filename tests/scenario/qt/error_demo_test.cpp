@@ -68,5 +68,40 @@ TEST_F(DemoErrors, ThePanelAsksBeforeItClosesAndARefusalIsKept) {
   EXPECT_EQ(client.WaitForEnd(), 0);
 }
 
+// The kernel tells a byte of the file; what the panel saves is such that the line counted from it is the true one.
+TEST_F(DemoErrors, AnErrorInALongProgramThatThePanelSavedNamesItsTrueLine) {
+  std::string program;
+  for (int line = 1; line <= 500; ++line)
+    program += "N" + std::to_string(line) + " G1 X" + std::to_string(line % 7) + " F100\n";
+  temp.Write("root/CNC/PROGRAMS/LONG.nc", program);
+  client.Call("ui.key", {{"window", kPanel}, {"key", "o"}, {"mods", QJsonArray{"Ctrl"}}});
+  client.Call("ui.type", {{"window", kPanel}, {"text", "LONG.nc"}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "Enter"}});
+  client.Call("ui.type", {{"window", kPanel}, {"text", "(changed) "}});
+  client.Call("ui.key", {{"window", kPanel}, {"key", "s"}, {"mods", QJsonArray{"Ctrl"}}});
+  const std::string saved = temp.Read("root/CNC/PROGRAMS/LONG.nc");
+  ASSERT_EQ(saved.rfind("(changed) N1 G1 X1 F100\r\nN2 ", 0), 0u) << saved.substr(0, 60);
+  for (const int line : {1, 2, 250, 321, 500}) {
+    const std::string block = "N" + std::to_string(line) + " ";
+    const auto found = line == 1 ? 0 : saved.find("\n" + block) + 1;
+    client.Call("cnc.error.push", {{"fields", QJsonObject{{"number", 1101},
+                                                          {"severity", 1},
+                                                          {"source", 1},
+                                                          {"programPath", "C:\\CNC\\PROGRAMS"},
+                                                          {"programName", "LONG.nc"},
+                                                          {"filePosition", static_cast<qint64>(found)},
+                                                          {"fileSpan", 2}}}});
+    // The file is read in another thread, which the panel doesn't wait for longer than a moment.
+    QString description;
+    for (int i = 0; i < 1000 && !description.contains("Line: "); ++i)
+      description = client.Text(tool, kErrorDescription);
+    const QString number = "\nLine number: " + QString::number(line) + "\n";
+    EXPECT_TRUE(description.contains(number)) << description.toStdString();
+    const QString start = line == 1 ? "(<c>hanged)" : "N<" + QString::number(line).left(1) + ">";
+    EXPECT_TRUE(description.contains("Line: " + start)) << description.toStdString();
+    Key("Escape");
+  }
+}
+
 }  // namespace
 }  // namespace panel::test

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 
 #include "panel/machine/qt/demo_machine.h"
+#include "support/event_wait.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
@@ -389,6 +390,28 @@ TEST_F(ErrorsTest, AFaultOfAProgramNeedsItsFile) {
   op_->RaiseFault(line, spot);
   Settle();
   EXPECT_TRUE(Shown());
+}
+
+// Accents take two bytes in the file, one place in the line.
+TEST_F(ErrorsTest, AFaultOfALongProgramMarksTheWordInWhichTheCaretStands) {
+  QString program;
+  for (int line = 1; line <= 500; ++line) program += QString::fromUtf8("G1 X%1 (\u00D8 10) F9\n").arg(line);
+  window_->Editor().Edit().setPlainText(program);
+  window_->Desk().Store("C:\\LONG.NC");
+  while (window_->Working()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QTextCursor caret = window_->Editor().Edit().textCursor();
+  caret.setPosition(caret.document()->findBlockByNumber(320).position() + 15);
+  window_->Editor().Edit().setTextCursor(caret);
+  op_->RaiseFault({Word::kFaultProgramLine, Fault::kProgramLine}, window_->Desk().CaretSpot());
+  Settle();
+  const auto description = [this] {
+    for (const QWidget* control : Tool()->findChildren<QWidget*>()) {
+      if (control->property("pnlId").toInt() == 1002) return control->property("pnlText").toString();
+    }
+    return QString();
+  };
+  const QString marked = QString::fromUtf8("G1 X321 (\u00D8 10) <F>9");
+  ASSERT_TRUE(pnl::test::RunUntil([&] { return description().contains(marked); })) << description().toStdString();
 }
 
 TEST_F(ErrorsTest, TenThousandErrorsAtOnceLeaveCountAndListRight) {
