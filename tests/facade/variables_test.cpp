@@ -6,6 +6,25 @@
 namespace pnl {
 namespace {
 
+/// A server with one variable, of the PLC, whose format is its own.
+class PlcVariable final : public Variables {
+ public:
+  VariableInfo Bind(TextView name) override {
+    if (name != u"PLC.R100") return {};
+    return {17, 18, 5, 2, u'*', true};
+  }
+  int ReadInt(std::int32_t, std::int32_t&) override { return variable_code::kNoValue; }
+  int WriteInt(std::int32_t, std::int32_t, int) override { return variable_code::kNotAllowed; }
+  int ReadDouble(std::int32_t, double&) override { return variable_code::kNoValue; }
+  int WriteDouble(std::int32_t, double) override { return variable_code::kNotAllowed; }
+  int ReadTxt(std::int32_t, Text&) override { return variable_code::kNoValue; }
+  int WriteTxt(std::int32_t, TextView) override { return variable_code::kNotAllowed; }
+  int UpdateCache(std::int32_t) override { return variable_code::kDone; }
+  int OpenReport(std::int32_t, WindowHandle) override { return variable_code::kDeadWindow; }
+  int CloseReport(std::int32_t, WindowHandle) override { return variable_code::kNoReport; }
+  int GeneraReport(std::int32_t, WindowHandle) override { return variable_code::kDeadWindow; }
+};
+
 using test::SimFixture;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -230,6 +249,30 @@ TEST_F(Variable, TheInlineAccessorsTellTheDisplayFormat) {
   EXPECT_EQ(variable.GetHexView(), 0);
   variable.SetHexView(1);
   EXPECT_EQ(variable.GetHexView(), 1);
+}
+
+TEST_F(Variable, WhatTheServerSaysOfAPlcVariableIsKept) {
+  PlcVariable server;
+  ZCVariable variable(server, u"PLC.R100");
+  EXPECT_TRUE(variable.IsPLC());
+  EXPECT_EQ(variable.GetIDExterno(), 18);
+  EXPECT_EQ(variable.GetNEnteros(), 5);
+  EXPECT_EQ(variable.GetNDecimales(), 2);
+  EXPECT_EQ(variable.GetPad(), u'*');
+}
+
+TEST_F(Variable, BoundToAnotherNameItIsNoPlcVariableAnyMore) {
+  PlcVariable server;
+  ZCVariable variable(server, u"PLC.R100");
+  EXPECT_NE(variable.SetNombre(u"PLC.R101"), 0);
+  EXPECT_FALSE(variable.IsPLC());
+}
+
+TEST_F(Variable, AReportThatTheServerRefusesIsNotOpen) {
+  PlcVariable server;
+  ZCVariable variable(server, u"PLC.R100");
+  EXPECT_NE(variable.OpenReport(window), 0);
+  EXPECT_FALSE(variable.IsReport());
 }
 
 }  // namespace
