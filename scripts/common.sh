@@ -39,20 +39,25 @@ test_packages=(python3 libgtest-dev libgmock-dev libmuparser-dev libbenchmark-de
 bench_packages=(libbenchmark-dev libmuparser-dev)
 lint_packages=(clang-format-14 clang-tidy-14)
 
+# configure PRESET: makes the tree once.
+configure() {
+  local preset=$1
+  [ ! -f "build/$preset/build.ninja" ] || return 0
+  say "Configuring build/$preset"
+  cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
+    cat "build-$preset.log"
+    fail "Configuring build/$preset" "The log above names what is missing. rm -r build/$preset starts afresh."
+  }
+  mv "build-$preset.log" "build/$preset/configure.log"
+}
+
 # build PRESET [TARGET...]: configures the tree once, then builds what is left.
 build() {
   local preset=$1
   shift
   # The compiler cache makes a second tree, and a second checkout, cheap.
   export CCACHE_SLOPPINESS=pch_defines,time_macros
-  if [ ! -f "build/$preset/build.ninja" ]; then
-    say "Configuring build/$preset"
-    cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
-      cat "build-$preset.log"
-      fail "Configuring build/$preset" "The log above names what is missing. rm -r build/$preset starts afresh."
-    }
-    mv "build-$preset.log" "build/$preset/configure.log"
-  fi
+  configure "$preset"
   say "Building build/$preset"
   cmake --build "build/$preset" ${1:+--target "$@"} ||
     fail "Building build/$preset" "The first error above is the one to look at. rm -r build/$preset starts afresh."
