@@ -40,8 +40,8 @@ std::optional<std::size_t> TextRows::Find(TextView text) const {
 
 void TextRows::push_back(TextView text) {
   std::string row = ToUtf8(text);
-  const bool full = pieces_.empty() || pieces_.back()->rows >= kMostRows ||
-                    pieces_.back()->bytes.size() + row.size() > kMostBytes;
+  const bool full =
+      pieces_.empty() || pieces_.back()->rows >= kMostRows || pieces_.back()->bytes.size() + row.size() > kMostBytes;
   if (full) {
     // The piece before it grew by doubling; it keeps what it needs.
     if (!pieces_.empty() && pieces_.back().use_count() == 1) pieces_.back()->bytes.shrink_to_fit();

@@ -11,9 +11,9 @@
 
 namespace pnl {
 
-/// Opens the library at that absolute path and has it make its facade. Null with a reason in problem when the path is no
-/// absolute one, the library can't be opened, isn't marked as built for this very interface (facade/backend.h), or makes
-/// no facade. Nothing of it is called before the mark was read. It stays loaded for the life of the process.
+/// Opens the library at that absolute path and has it make its facade. Null with a reason in problem when the path is
+/// no absolute one, the library can't be opened, isn't marked as built for this very interface (facade/backend.h), or
+/// makes no facade. Nothing of it is called before the mark was read. It stays loaded for the life of the process.
 [[nodiscard]] std::unique_ptr<CncFacade> LoadBackend(const std::string& path, WindowSystem& windows, Timers& timers,
                                                      std::string& problem);
 

@@ -53,7 +53,9 @@ TEST_F(CalcStorage, APositionThatWasAwayWhenTheToolOpenedIsKept) {
 }
 
 TEST_F(CalcStorage, AHistoryBeyondTenMegabytesIsSaidToBeSlow) {
-  files.disc["C:\\P1\\calc.htr"] = std::string((10u << 20) + 1, '\n');
+  std::string& history = files.disc["C:\\P1\\calc.htr"];
+  const std::string row = std::string(1023, '1') + "\n";
+  while (history.size() <= 10u << 20) history += row;
   MakeTool();
   Open();
   EXPECT_THAT(Asked(), Contains("message \"calc.htr is slow\""));

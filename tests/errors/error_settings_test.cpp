@@ -10,13 +10,13 @@ namespace {
 
 ErrorSettings Read(const std::string& ini) {
   MemoryFiles files;
-  files.disc["E.INI"] = ini;
-  return ReadErrorSettings(files, u"E.INI");
+  files.disc["C:\\E.INI"] = ini;
+  return ReadErrorSettings(files, u"C:\\E.INI");
 }
 
 TEST(ErrorSettings, AMissingFileGivesTheDefaults) {
   MemoryFiles files;
-  const ErrorSettings settings = ReadErrorSettings(files, u"E.INI");
+  const ErrorSettings settings = ReadErrorSettings(files, u"C:\\E.INI");
   EXPECT_EQ(settings.flashPeriod, 500);
   EXPECT_EQ(settings.titleFont, (ErrorFont{u"Arial", 21, 400, false, false, false}));
   EXPECT_EQ(settings.textFont, (ErrorFont{u"Arial", 21, 400, false, false, false}));

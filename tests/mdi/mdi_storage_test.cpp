@@ -43,12 +43,14 @@ TEST_F(MdiStorage, WhatIsSavedIsNotSpokenOf) {
 
 TEST_F(MdiStorage, AListBeyondTenMegabytesIsSaidToBeSlow) {
   DestroyTool();
-  files.disc["C:\\P108\\MDAC1.DAT"] = std::string(10u << 20, '\n');
+  std::string& list = files.disc["C:\\P108\\MDAC1.DAT"];
+  const std::string row = std::string(1023, 'X') + "\n";
+  while (list.size() < 10u << 20) list += row;
   MakeTool();
   Open();
   EXPECT_THAT(Asked(), Not(Contains(HasSubstr("slow"))));
   DestroyTool();
-  files.disc["C:\\P108\\MDAC1.DAT"] += '\n';
+  list += '\n';
   MakeTool();
   Open();
   const Log asked = Asked();
