@@ -100,6 +100,7 @@ void CodeEdit::PlaceNumbers() {
 void CodeEdit::resizeEvent(QResizeEvent* event) {
   // Without wrapping no line depends on the width. The base would lay every line of the program out anew for it; all
   // that is needed is the scroll bars, which follow the size of the document.
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   QAbstractScrollArea::resizeEvent(event);
   emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
   PlaceNumbers();

@@ -37,7 +37,7 @@ RowsRead MdiHistory::Load(TextView name, std::size_t most) {
 
 void MdiHistory::LoadLists(MDIDATA_ST& record) {
   if (record.LoadState != mdi_load::kNotRead) return;
-  const int channel = record.Channel;
+  const auto channel = static_cast<int>(record.Channel);
   const auto limit = static_cast<std::size_t>(settings_.HistoryLimit());
   RowsRead history = Load(MdiHistoryName(channel), limit);
   record.History = std::move(history.rows);

@@ -29,7 +29,7 @@ void TakeAndShow(MdiSession& session, MDIDATA_ST& record) {
 
 /// After everything that clears the message line.
 void TellLargeLists(MdiSession& session, const MDIDATA_ST& record) {
-  const int channel = record.Channel;
+  const auto channel = static_cast<int>(record.Channel);
   TellLargeFile(session.context, tool_id::kMdi, MdiHistoryName(channel), record.HistorySize);
   TellLargeFile(session.context, tool_id::kMdi, MdiListName(channel), record.ListSize);
 }
