@@ -18,7 +18,7 @@ namespace {
 /// So long the panel works on a program before it looks at its keys again.
 constexpr int kSliceMilliseconds = 10;
 /// What one step takes, in characters; far below a slice's time. To take text away is quicker than to lay it out.
-constexpr qsizetype kStep = 16 * 1024;
+constexpr qsizetype kStep = qsizetype{16} * 1024;
 constexpr int kStepAway = 128 * 1024;
 
 }  // namespace

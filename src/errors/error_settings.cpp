@@ -41,9 +41,8 @@ bool IsTrue(CIniFile& ini, TextView key) { return EqualNoCase(ini.ReadString(kSe
 }  // namespace
 
 ErrorFont ParseErrorFont(TextView text) {
-  ErrorFont font;
   // The face of the file has no effect: the window is drawn for this one.
-  font.face = u"Arial";
+  ErrorFont font{.face = Text(u"Arial")};
   if (text.empty()) return font;
   font.height = 21;
   const std::size_t face = text.find(u',');
