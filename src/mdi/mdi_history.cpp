@@ -37,15 +37,14 @@ RowsRead MdiHistory::Load(TextView name, std::size_t most) {
 
 void MdiHistory::LoadLists(MDIDATA_ST& record) {
   if (record.LoadState != mdi_load::kNotRead) return;
-  const auto channel = static_cast<int>(record.Channel);
   const auto limit = static_cast<std::size_t>(settings_.HistoryLimit());
-  RowsRead history = Load(MdiHistoryName(channel), limit);
+  RowsRead history = Load(MdiHistoryName(record.Channel), limit);
   record.History = std::move(history.rows);
   record.HistoryKnown =
       settings_.LimitUnknown() && history.known == FileKnown::kWhole ? FileKnown::kUnknown : history.known;
   record.HistoryAdded = 0;
 
-  RowsRead list = Load(MdiListName(channel), kAllRows);
+  RowsRead list = Load(MdiListName(record.Channel), kAllRows);
   record.MDAList = std::move(list.rows);
   record.ListKnown = list.known;
   record.ListAdded.clear();

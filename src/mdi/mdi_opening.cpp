@@ -29,9 +29,8 @@ void TakeAndShow(MdiSession& session, MDIDATA_ST& record) {
 
 /// After everything that clears the message line.
 void TellLargeLists(MdiSession& session, const MDIDATA_ST& record) {
-  const auto channel = static_cast<int>(record.Channel);
-  TellLargeFile(session.context, tool_id::kMdi, MdiHistoryName(channel), record.HistorySize);
-  TellLargeFile(session.context, tool_id::kMdi, MdiListName(channel), record.ListSize);
+  TellLargeFile(session.context, tool_id::kMdi, MdiHistoryName(record.Channel), record.HistorySize);
+  TellLargeFile(session.context, tool_id::kMdi, MdiListName(record.Channel), record.ListSize);
 }
 
 std::intptr_t ShowInChannel(MdiSession& session, std::intptr_t channel) {
