@@ -22,7 +22,7 @@ static_assert(std::atomic<int>::is_always_lock_free, "a signal handler waits for
 extern "C" void OnEndSignal(int /*number*/) {
   const int before = errno;
   const char byte = 0;
-  // A full pipe has told enough already.
+  // A full pipe has already woken the event loop.
   [[maybe_unused]] const auto written = write(writeEnd, &byte, 1);
   errno = before;
 }

@@ -111,7 +111,7 @@ void ErrorDesk::OnShowError(const QVariantMap& line) {
 }
 
 void ErrorDesk::OnWindowOpening() {
-  // The help stands in the window's place, never beside it.
+  // The help takes the place of the window and is never beside it.
   OnErrorsGone();
   if (!called_) emit WindowCame();
 }

@@ -272,7 +272,7 @@ void Operator::TakeCalcResult() {
 
 void Operator::SwitchRole() {
   if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
-  // Errors stay in front of what they tell of.
+  // An error window stays in front of the tool that caused it.
   if (session_.FrontTool() != PNL_TOOL_ERRORS) session_.BringToFront(PNL_TOOL_MDI);
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
 }

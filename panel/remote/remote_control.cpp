@@ -132,7 +132,7 @@ class RemoteControl::Impl {
   bool inputEnded_ = false;
   bool answering_ = false;  // a line is being answered
   bool ended_ = false;      // no request is answered any more
-  bool closed_ = false;     // the tools were told to close
+  bool closed_ = false;     // the tools were asked to close
 };
 
 RemoteControl::RemoteControl(HostSession& session, PanelFace& face, RemoteOptions options, QObject* parent)

@@ -167,7 +167,7 @@ class RowMemory : public testing::Test {
 };
 
 TEST_F(RowMemory, AFileOfLineFeedsCostsNoMoreThanThreeTimesItsSize) {
-  // 2 MB of them cost 65 times that.
+  // Each of them as a string of its own cost 65 times the file's size.
   EXPECT_LE(Measure(std::string(1u << 18, '\n')), 3.3);
   EXPECT_LE(Measure(std::string(1u << 18, '\r')), 3.3);
 }
