@@ -18,6 +18,7 @@
 
 #include "base/files.h"
 #include "support/temp_folder.h"
+#include "system_calls.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ SystemCalls calls;
 
 /// Notes the call; true when it is to fail.
 bool Note(const std::string& call) {
+  if (pnl::test::beforeChange) pnl::test::beforeChange();
   if (!calls.recording) return false;
   calls.made.push_back(call);
   if (call != calls.failing) return false;
@@ -80,7 +82,7 @@ extern "C" int open(const char* path, int flags, ...) {
   va_start(arguments, flags);
   const unsigned mode = (flags & O_CREAT) != 0 ? va_arg(arguments, unsigned) : 0;
   va_end(arguments);
-  if (calls.recording && (flags & O_CREAT) != 0) {
+  if ((flags & O_CREAT) != 0) {
     if (Note("create " + Octal(mode))) return -1;
     calls.created = path;
   } else if (calls.recording && (flags & O_DIRECTORY) == 0) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Kills a process that saves files without a pause, at random instants, and looks at what it left.
+// Kills a process that saves files, in front of each of its system calls and at random instants, and looks at what it
+// left.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,13 +20,14 @@
 #include "base/ini_file.h"
 #include "base/numbers.h"
 #include "base/text_file.h"
+#include "system_calls.h"
 
 namespace pnl {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kKills = 320;
+constexpr int kKills = 80;
 constexpr TextView kIniPath = u"C:\\MDIMAN.INI";
 constexpr TextView kTextPath = u"C:\\MDIC1.DAT";
 
@@ -113,25 +115,39 @@ std::optional<std::int32_t> LoadText(Files& files) {
   return generation;
 }
 
-/// Saves both files, generation after generation, until it is killed. Tells through the pipe that it has begun.
-[[noreturn]] void SaveForEver(Files& files, std::int32_t generation, int ready) {
-  static_cast<void>(!write(ready, "x", 1));
-  for (;; ++generation) {
-    if (!SaveIni(files, generation) || !SaveText(files, generation)) _exit(3);
-  }
+/// How long one call takes, in nanoseconds.
+template <typename Act>
+long DurationOf(Act act) {
+  const auto begin = std::chrono::steady_clock::now();
+  act();
+  return static_cast<long>(std::chrono::nanoseconds(std::chrono::steady_clock::now() - begin).count());
 }
 
-void KillAfter(Files& files, std::int32_t generation, long nanoseconds) {
+/// Saves both files, generation after generation, until it is killed. Tells through the pipe how long one generation
+/// takes here and now, once it has saved two: the first also copies the memory that a fork shares.
+[[noreturn]] void SaveForEver(Files& files, std::int32_t generation, int ready) {
+  const auto save = [&] {
+    if (!SaveIni(files, generation) || !SaveText(files, generation)) _exit(3);
+    ++generation;
+  };
+  save();
+  const long cycle = DurationOf(save);
+  if (write(ready, &cycle, sizeof cycle) != sizeof cycle) _exit(4);
+  for (;;) save();
+}
+
+/// Kills a writer at the given part of the next two generations that it saves.
+void KillWithin(Files& files, std::int32_t generation, double part) {
   int ready[2];
   ASSERT_EQ(pipe(ready), 0);
   const pid_t child = fork();
   ASSERT_GE(child, 0);
   if (child == 0) SaveForEver(files, generation, ready[1]);
   close(ready[1]);
-  char byte = 0;
-  EXPECT_EQ(read(ready[0], &byte, 1), 1);
+  long cycle = 0;
+  EXPECT_EQ(read(ready[0], &cycle, sizeof cycle), static_cast<ssize_t>(sizeof cycle));
   close(ready[0]);
-  const timespec moment{0, nanoseconds};
+  const timespec moment{0, std::min(static_cast<long>(2 * part * static_cast<double>(cycle)), 999'999'999L)};
   nanosleep(&moment, nullptr);
   kill(child, SIGKILL);
   int status = 0;
@@ -139,49 +155,69 @@ void KillAfter(Files& files, std::int32_t generation, long nanoseconds) {
   EXPECT_TRUE(WIFSIGNALED(status)) << "the writer gave up with code " << WEXITSTATUS(status);
 }
 
-/// How long saving both files takes here and now, in nanoseconds.
-long CycleOf(Files& files) {
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_TRUE(SaveIni(files, 0));
-  EXPECT_TRUE(SaveText(files, 0));
-  return static_cast<long>(std::chrono::nanoseconds(std::chrono::steady_clock::now() - begin).count());
-}
+class Kill : public testing::Test {
+ protected:
+  Kill() { drives.Set('C', folder.Path()); }
 
-TEST(Kill, AtAnyInstantLeavesTheOldFileOrTheNewOne) {
-  const Folder folder;
-  DriveMap drives;
-  drives.Set('C', folder.Path());
-  DiscFiles files(drives);
-  // The first cycle also makes the files. Kills are spread over two cycles, however slow the machine is, so that they
-  // come in the middle of a replacement too.
-  static_cast<void>(CycleOf(files));
-  const long spread = std::clamp(2 * CycleOf(files), 1'000'000L, 900'000'000L);
-
-  std::mt19937 random(20);
-  std::int32_t generation = 0;
-  int cutOff = 0;
-  // A slow machine may need more kills until one comes in the middle of a replacement.
-  const auto enough = [&cutOff](int round) { return round >= kKills && (cutOff > 0 || round >= 20 * kKills); };
-  for (int round = 0; !enough(round) && !testing::Test::HasFailure(); ++round) {
-    KillAfter(files, generation + 1, static_cast<long>(random() % static_cast<unsigned long>(spread)));
+  /// The ini file is always the first of the two; neither ever goes back.
+  void ExpectWholeFiles(std::int32_t atLeast) {
     const auto ini = LoadIni(files);
     const auto text = LoadText(files);
-    ASSERT_TRUE(ini) << "round " << round;
-    ASSERT_TRUE(text) << "round " << round;
-    // The ini file is always the first of the two; neither ever goes back.
-    ASSERT_GE(*text, generation);
+    ASSERT_TRUE(ini);
+    ASSERT_TRUE(text);
+    ASSERT_GE(*text, atLeast);
     ASSERT_TRUE(*ini == *text || *ini == *text + 1) << *ini << " and " << *text;
     generation = *text;
-    cutOff += folder.CountHidden();
     // Repairs nothing: the next writer must cope with what the last one left. A file's next replacement clears up.
     ASSERT_LE(folder.Count(), 4);
   }
-  EXPECT_GT(generation, 0);
-  // Some kills came in the middle of a replacement, or this test shows nothing.
-  EXPECT_GT(cutOff, 0);
-  ASSERT_TRUE(SaveIni(files, generation));
-  ASSERT_TRUE(SaveText(files, generation));
-  EXPECT_EQ(folder.Count(), 2);
+  void ExpectCleanedByTheNextSave() {
+    ASSERT_TRUE(SaveIni(files, generation));
+    ASSERT_TRUE(SaveText(files, generation));
+    EXPECT_EQ(folder.Count(), 2);
+  }
+
+  const Folder folder;
+  DriveMap drives;
+  DiscFiles files{drives};
+  std::int32_t generation = 0;
+};
+
+TEST_F(Kill, BeforeAnySystemCallLeavesTheOldFileOrTheNewOne) {
+  ASSERT_TRUE(SaveIni(files, 0));
+  ASSERT_TRUE(SaveText(files, 0));
+  int cutOff = 0;
+  int call = 0;
+  for (bool whole = false; !whole && !HasFailure(); ++call) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      test::beforeChange = [left = call]() mutable {
+        if (left-- == 0) raise(SIGKILL);
+      };
+      _exit(SaveIni(files, generation + 1) && SaveText(files, generation + 1) ? 0 : 3);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    whole = WIFEXITED(status);
+    EXPECT_TRUE(!whole || WEXITSTATUS(status) == 0) << "the writer gave up with code " << WEXITSTATUS(status);
+    ExpectWholeFiles(whole ? generation + 1 : generation);
+    cutOff += folder.CountHidden();
+  }
+  // Both files are created, given their mode, written, flushed, renamed, and their folder flushed.
+  EXPECT_GE(call, 12);
+  EXPECT_GE(cutOff, 6);
+  ExpectCleanedByTheNextSave();
+}
+
+TEST_F(Kill, AtAnyInstantLeavesTheOldFileOrTheNewOne) {
+  std::mt19937 random(20);
+  std::uniform_real_distribution<double> part(0, 1);
+  for (int round = 0; round < kKills && !HasFailure(); ++round) {
+    KillWithin(files, generation + 1, part(random));
+    ExpectWholeFiles(generation + 2);
+  }
+  ExpectCleanedByTheNextSave();
 }
 
 }  // namespace
