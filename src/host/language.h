@@ -86,6 +86,8 @@ class Language {
   /// Loads "%s\LPNLTOOLS.DLL" of path id 15 for a modal dialog; 0 when it isn't there or is no pack.
   [[nodiscard]] ModuleHandle LoadLanguageLibrary();
   void FreeLanguageLibrary(ModuleHandle module);
+  /// How many modules are loaded.
+  [[nodiscard]] std::size_t CountModules() const { return modules_.size(); }
 
   /// The 70 shared texts, filled once for a language by whoever asks first. A language module that can't be had shows
   /// the box "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.

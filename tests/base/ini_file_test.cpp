@@ -307,6 +307,23 @@ TEST_F(IniFileTest, AMillionBlankLinesAreKept) {
   EXPECT_EQ(ini.Serialize(), text);
 }
 
+TEST_F(IniFileTest, AMarkIsStoredOnlyInFrontOfALineThatBeginsWithOne) {
+  const std::string mark = "\xEF\xBB\xBF";
+  const struct {
+    std::string bytes;
+    std::string stored;
+  } rows[] = {
+      {"[S]\r\n", "[S]\r\n"},
+      {mark + "[S]\r\n", "[S]\r\n"},
+      {mark + mark + "a=b\r\n", mark + mark + "a=b\r\n"},
+      {"[S]\r\n" + mark + "a=b\r\n", "[S]\r\n" + mark + "a=b\r\n"},
+  };
+  for (const auto& row : rows) {
+    ini.Parse(row.bytes);
+    EXPECT_EQ(ini.Serialize(), row.stored) << row.bytes;
+  }
+}
+
 TEST_F(IniFileTest, WhatIsStoredIsReadBackTheSameForAnyBytes) {
   std::mt19937 random(4);
   const std::string letters("[]=;ab \t\r\n\0\xC3\xB1\xEF\xBB\xBF", 16);

@@ -81,6 +81,16 @@ TEST_F(TextFileTest, LinesComeOutWholeAcrossThePiecesOfALargeFile) {
   }
 }
 
+TEST_F(TextFileTest, ACharacterCutByTheEndOfAPieceIsWhole) {
+  constexpr std::size_t kPiece = std::size_t{1} << 16;
+  for (const std::string character : {"\xC3\xB1", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"}) {
+    for (std::size_t before = 0; before <= character.size(); ++before) {
+      const std::string text = std::string(kPiece - before, 'x') + character + "y";
+      EXPECT_TRUE(Lines(text) == Texts{FromUtf8(text)}) << character << " with " << before << " bytes in front";
+    }
+  }
+}
+
 TEST_F(TextFileTest, OneWrongByteAtTheEndMakesALargeFileLatin1) {
   std::string bytes(200'000, 'x');
   bytes += "\xC3\xB1";

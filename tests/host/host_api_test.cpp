@@ -249,5 +249,16 @@ TEST_F(Bridge, KnowsThatACallbackRunsWhileItDoes) {
   EXPECT_THAT(Calls(), ElementsAre("inside", "outside"));
 }
 
+TEST_F(Bridge, KnowsThatTheOuterCallbackStillRunsWhenAnInnerOneHasReturned) {
+  current = &bridge_;
+  table_.toolOpening = [](int) {
+    current->HostErrorsGone();
+    Note(current->InCallback() ? "inside" : "outside");
+  };
+  table_.errorsGone = [] { Note("inner"); };
+  bridge_.HostToolOpening(6);
+  EXPECT_THAT(Calls(), ElementsAre("inner", "inside"));
+}
+
 }  // namespace
 }  // namespace pnl

@@ -138,6 +138,31 @@ TEST(LanguagePack, AFileCutShortGivesItsWholeEntries) {
   EXPECT_EQ(last, kSampleEntries);
 }
 
+/// The payload of the menu "m": so many items, each in the sub-menu of the one before.
+std::string MenuOfDepth(int depth) {
+  LanguagePack::MenuNode node;
+  for (int i = 1; i < depth; ++i) {
+    LanguagePack::MenuNode outer;
+    outer.children = {node};
+    node = outer;
+  }
+  PackContents contents;
+  contents.menus[u"m"] = {node};
+  return BuildPack(contents);
+}
+
+TEST(LanguagePack, AMenuIsReadDownToItsEighthSubMenuAndADeeperOneIsLeftOut) {
+  const struct {
+    int depth;
+    bool read;
+  } rows[] = {{1, true}, {8, true}, {9, false}, {10, false}, {1000, false}};
+  for (const auto& row : rows) {
+    LanguagePack pack;
+    ASSERT_TRUE(pack.Parse(MenuOfDepth(row.depth))) << row.depth;
+    EXPECT_EQ(pack.FindMenuNodes(u"m") != nullptr, row.read) << row.depth;
+  }
+}
+
 struct PayloadCase {
   const char* what;
   std::uint32_t kind;
@@ -153,6 +178,7 @@ std::string Numbers(std::initializer_list<std::uint32_t> values) {
 TEST(LanguagePack, PayloadsThatLieAboutTheirCountsAreLeftOut) {
   std::string deep;
   for (int i = 0; i < 1000; ++i) deep += Numbers({1, 1, 1, 0, 0, 0});
+  deep += Numbers({0});
   const std::string name = Numbers({1}) + "m";
   const PayloadCase cases[] = {
       {"a menu of four billion items", pack_format::kMenu, name + Numbers({0xFFFFFFFF})},

@@ -123,8 +123,10 @@ TEST_F(LanguageTest, TheLanguageLibraryIsTheFileInTheFolderOfPathFifteen) {
   const ModuleHandle module = language_.LoadLanguageLibrary();
   EXPECT_NE(module, 0u);
   EXPECT_THAT(utilities_.asked, ElementsAre(15));
+  EXPECT_EQ(language_.CountModules(), 1u);
   language_.FreeLanguageLibrary(module);
   language_.FreeLanguageLibrary(module);
+  EXPECT_EQ(language_.CountModules(), 0u);
   EXPECT_NE(language_.LoadLanguageLibrary(), module) << "a module's number is never used twice";
 }
 
@@ -178,6 +180,7 @@ TEST_F(LanguageTest, SharedTextsComeFromTheModuleOnceAndForAll) {
   EXPECT_EQ(&language_.SharedToolTexts(), &texts);
   EXPECT_EQ(texts.at(203), u"module");
   EXPECT_THAT(utilities_.asked, ElementsAre(15)) << "a second call returns at once";
+  EXPECT_EQ(language_.CountModules(), 0u) << "the module is given back once it was read";
   EXPECT_TRUE(windows_.boxes.empty());
 }
 

@@ -138,6 +138,20 @@ TEST_F(LibraryTest, AToolDestroyedFromItsOwnCallbackIsDeadAtOnceAndGoesOnceItsCo
   EXPECT_EQ(rig_.Open().windows, 0u);
 }
 
+TEST_F(LibraryTest, AToolDestroyedWhileABoxIsOpenGoesOnceTheBoxIsAnswered) {
+  const WindowHandle tool = library_.LoadTool(6, parent_);
+  const QPointer<QWidget> widget = library_.Windows().WidgetOf(tool);
+  library_.Windows().SetBoxAnswerer([&](const BoxSpec&) {
+    library_.DestroyTool(tool);
+    EXPECT_FALSE(library_.Windows().IsAlive(tool));
+    EXPECT_FALSE(widget.isNull()) << "whoever opened the box stands below on the stack";
+    return BoxAnswer::kOk;
+  });
+  library_.Windows().ShowBox(tool, {u"", u"?", BoxStyle::kError});
+  Library::Drain();
+  EXPECT_TRUE(widget.isNull());
+}
+
 TEST_F(LibraryTest, AToolDestroyedFromOutsideIsGoneAtOnce) {
   const WindowHandle tool = library_.LoadTool(6, parent_);
   const QPointer<QWidget> widget = library_.Windows().WidgetOf(tool);
