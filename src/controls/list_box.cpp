@@ -29,9 +29,6 @@ class ItemDelegate : public QStyledItemDelegate {
  public:
   explicit ItemDelegate(ListBox* list) : QStyledItemDelegate(list), list_(*list) {}
 
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
-    return {1, list_.RowHeight()};
-  }
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool selected = (option.state & QStyle::State_Selected) != 0;
     painter->fillRect(option.rect, ToQColor(selected ? list_.SelectedBackColor() : list_.BackColor()));
@@ -88,15 +85,12 @@ QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
   return ToQString(Item(index.row()));
 }
 
-ListBox::ListBox(int id, QWidget* parent) : QListView(parent) {
+ListBox::ListBox(int id, QWidget* parent) : RowView(parent) {
   MarkControl(this, id, control_kind::kList);
   setModel(&items_);
   setItemDelegate(new ItemDelegate(this));
-  setUniformItemSizes(true);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
   setFrameShape(QFrame::NoFrame);
   SetColors(back_, text_);
@@ -167,7 +161,7 @@ int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFont
 
 void ListBox::focusInEvent(QFocusEvent* event) {
   const bool untouched = !currentIndex().isValid();
-  QListView::focusInEvent(event);
+  RowView::focusInEvent(event);
   // The view goes to the first item without selecting it, and the first Down would pass it over.
   if (untouched && !selectionModel()->hasSelection()) selectionModel()->clearCurrentIndex();
 }
@@ -176,7 +170,7 @@ bool ListBox::event(QEvent* event) {
   const bool focused = event->type() == QEvent::FocusIn;
   const bool walked = event->type() == QEvent::KeyPress && IsUpOrDown(static_cast<const QKeyEvent&>(*event));
   const QPointer<ListBox> alive(this);
-  const bool handled = QListView::event(event);
+  const bool handled = RowView::event(event);
   if (!alive) return handled;
   // Last of all: whoever listens may destroy the list.
   if (focused) emit Focused();
@@ -191,7 +185,7 @@ bool ListBox::viewportEvent(QEvent* event) {
     walked = press.button() == Qt::LeftButton && indexAt(press.position().toPoint()).isValid();
   }
   const QPointer<ListBox> alive(this);
-  const bool handled = QListView::viewportEvent(event);
+  const bool handled = RowView::viewportEvent(event);
   if (alive && walked) emit Walked();
   return handled;
 }

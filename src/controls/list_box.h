@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// A list box: one column of texts, at most one selected unless it is extended, quick with ten thousand of them. It
-// knows nothing of what they mean; indices out of range are left alone.
+// A list box: one column of texts, at most one selected unless it is extended, quick with millions of them. It knows
+// nothing of what they mean; indices out of range are left alone.
 #pragma once
 
 #include <QtCore/QAbstractListModel>
-#include <QtWidgets/QListView>
 #include <vector>
 
 #include "base/text.h"
 #include "base/text_rows.h"
+#include "controls/row_view.h"
 #include "controls/system_colors.h"
 
 namespace pnl {
@@ -34,7 +34,7 @@ class ListBoxModel : public QAbstractListModel {
   TextRows items_;
 };
 
-class ListBox : public QListView {
+class ListBox : public RowView {
   Q_OBJECT
   Q_PROPERTY(uint pnlBack READ BackColor)
   Q_PROPERTY(uint pnlFore READ TextColor)
@@ -75,7 +75,7 @@ class ListBox : public QListView {
   [[nodiscard]] uint SelectedBackColor() const { return selectedBack_; }
   [[nodiscard]] uint SelectedTextColor() const { return selectedText_; }
   /// High enough for a finger.
-  [[nodiscard]] int RowHeight() const;
+  [[nodiscard]] int RowHeight() const override;
 
  signals:
   /// The list got the focus and has done with it.

@@ -16,7 +16,7 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
   list_->setFocusPolicy(Qt::StrongFocus);
   list_->installEventFilter(this);
   // Queued behind the release of the button, which still belongs to the list.
-  connect(list_, &QListView::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
+  connect(list_, &ListBox::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
 }
 

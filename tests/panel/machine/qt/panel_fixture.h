@@ -8,7 +8,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QListView>
+#include <QAbstractItemView>
 #include <QWindow>
 #include <cstdio>
 #include <memory>
@@ -117,7 +117,7 @@ class PanelFixture : public ::testing::Test {
   [[nodiscard]] QWidget* Errors() const { return Tool(PNL_TOOL_ERRORS); }
   [[nodiscard]] bool ErrorsShown() const { return Errors() != nullptr && Errors()->isVisible(); }
   [[nodiscard]] QLineEdit* Line(int tool) const { return Tool(tool)->findChild<QLineEdit*>(); }
-  [[nodiscard]] QListView* MdaList() const { return Tool(PNL_TOOL_MDI)->findChild<QListView*>(); }
+  [[nodiscard]] QAbstractItemView* MdaList() const { return Tool(PNL_TOOL_MDI)->findChild<QAbstractItemView*>(); }
   [[nodiscard]] QWidget* Program() const { return &window_->Editor().Edit(); }
   [[nodiscard]] std::size_t Queue() const { return rig_.Cnc().ErrorQueue().size(); }
   [[nodiscard]] QString ZoneText() const {
