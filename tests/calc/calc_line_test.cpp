@@ -234,6 +234,22 @@ TEST_F(CalcLineTest, ASelectionIsPreviewedAtTheNextTick) {
   EXPECT_EQ(Status(), "Value : 14");
 }
 
+TEST_F(CalcLineTest, ASelectionIsPreviewedEvery250MillisecondsAndNotBefore) {
+  Line("2+3*4");
+  Tick();
+  Mark(0, 3);
+  log.clear();
+  timers.Advance(249);
+  EXPECT_THAT(All(), IsEmpty());
+  timers.Advance(1);
+  EXPECT_THAT(All(), ElementsAre("view status Sel Value : 5"));
+  Mark(2, 5);
+  timers.Advance(249);
+  EXPECT_THAT(All(), IsEmpty());
+  timers.Advance(1);
+  EXPECT_THAT(All(), ElementsAre("view status Sel Value : 12"));
+}
+
 TEST_F(CalcLineTest, ASelectionThatFailsSaysSo) {
   Line("1/0+2");
   Mark(0, 3);

@@ -576,6 +576,20 @@ TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
   EXPECT_EQ(timers.Running(), 0u);
 }
 
+TEST_F(ThreeErrors, TheToolIsIdleBeforeTheHostHearsThatItsWindowIsGone) {
+  Key(ErrorKey::kEscape);
+  Key(ErrorKey::kEscape);
+  table.toolClosed = [](int, int) {
+    Logged(current->tool->IsActive() ? "active" : "idle");
+    Logged(current->view->visible ? "visible" : "hidden");
+  };
+  Asked();
+  Key(ErrorKey::kEscape);
+  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "idle", "hidden",
+                                   "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
+                                   "idle", "hidden", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
+}
+
 // Keys by class.
 
 struct KeyCase {

@@ -15,7 +15,11 @@ constexpr int kMdi = 6;
 constexpr int kCommand = 0x802;
 constexpr int kOpen = 2;
 
-class Signals : public ::testing::TestWithParam<int> {};
+class Signals : public ::testing::TestWithParam<int> {
+ protected:
+  // Whoever started the tests in the background may have had them ignore it, and a panel takes that over.
+  Signals() { std::signal(GetParam(), SIG_DFL); }
+};
 
 TEST_P(Signals, EndThePanelAsTheEndOfInputDoes) {
   // Histories, list and settings since the opening were lost at every shutdown of the system.
