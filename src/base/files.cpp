@@ -114,15 +114,25 @@ std::unique_ptr<FileReader> DiscFiles::OpenRead(TextView panelPath, FileStatus* 
 FileStatus DiscFiles::CanReplace(TextView panelPath) const { return CheckTarget(panelPath, Find(panelPath)); }
 
 FileStatus DiscFiles::Replace(TextView panelPath, std::string_view bytes) {
+  return ReplaceInPieces(panelPath, OnePiece(bytes));
+}
+
+FileStatus DiscFiles::ReplaceInPieces(TextView panelPath, const PieceSource& next) {
   const auto found = Find(panelPath);
   const FileStatus status = CheckTarget(panelPath, found);
-  return status == FileStatus::kOk ? ReplaceFile(found->host, bytes) : status;
+  return status == FileStatus::kOk ? ReplaceFile(found->host, next) : status;
 }
 
 FileStatus DiscFiles::MakeFolder(TextView panelPath) {
   const auto found = Find(panelPath);
   if (!found) return FileStatus::kOutOfReach;
   return MakeFolders(*drives_.Folder(ParsePanelPath(panelPath)->drive), found->host);
+}
+
+FileStatus Files::ReplaceInPieces(TextView panelPath, const PieceSource& next) {
+  std::string bytes;
+  for (std::string_view piece = next(); !piece.empty(); piece = next()) bytes += piece;
+  return Replace(panelPath, bytes);
 }
 
 std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std::uint64_t limit) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -53,6 +54,9 @@ class FileReader {
   virtual std::uint64_t Size() const = 0;
 };
 
+/// Gives a content piece by piece; an empty piece is its end. What it gave last is valid until it is asked again.
+using PieceSource = std::function<std::string_view()>;
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -68,6 +72,8 @@ class Files {
   /// any failure the old file stays as it was and no temporary file is left. Refuses a file or folder that isn't
   /// writable in the sense of FileInfo.
   virtual FileStatus Replace(TextView panelPath, std::string_view bytes) = 0;
+  /// The same with a content that is never in memory whole, where these files can do that.
+  virtual FileStatus ReplaceInPieces(TextView panelPath, const PieceSource& next);
   /// Makes a folder and its parents, each flushed to the disc; kOk when it is there already. Never makes a drive's own
   /// folder: kOutOfReach.
   virtual FileStatus MakeFolder(TextView panelPath) = 0;
@@ -101,6 +107,7 @@ class DiscFiles : public Files {
   std::unique_ptr<FileReader> OpenRead(TextView panelPath, FileStatus* status) const override;
   FileStatus CanReplace(TextView panelPath) const override;
   FileStatus Replace(TextView panelPath, std::string_view bytes) override;
+  FileStatus ReplaceInPieces(TextView panelPath, const PieceSource& next) override;
   FileStatus MakeFolder(TextView panelPath) override;
   std::optional<std::string> HostPath(TextView panelPath) const override;
   std::unique_ptr<Files> ForAnotherThread() const override;

@@ -17,6 +17,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "base/descriptor.h"
 #include "base/locate.h"
@@ -77,7 +78,15 @@ class Temporary {
     return EEXIST;
   }
 
-  int Write(std::string_view bytes) const {
+  [[nodiscard]] int Write(const PieceSource& next) const {
+    for (std::string_view piece = next(); !piece.empty(); piece = next()) {
+      const int error = Write(piece);
+      if (error != 0) return error;
+    }
+    return 0;
+  }
+
+  [[nodiscard]] int Write(std::string_view bytes) const {
     while (!bytes.empty()) {
       const ssize_t written = write(file_.Get(), bytes.data(), bytes.size());
       if (written < 0 && errno == EINTR) continue;
@@ -133,11 +142,11 @@ void FlushFolder(const std::string& folder) {
 }
 
 /// As the first operation that fails tells; 0 when all went well.
-int WriteAndRename(Temporary& file, const std::optional<struct stat>& old, std::string_view bytes,
+int WriteAndRename(Temporary& file, const std::optional<struct stat>& old, const PieceSource& next,
                    const std::string& target) {
   int error = file.Create(old ? 0600 : 0666);
   if (error == 0 && old) error = file.Resemble(*old);
-  if (error == 0) error = file.Write(bytes);
+  if (error == 0) error = file.Write(next);
   if (error == 0) error = file.Flush();
   return error == 0 ? file.RenameTo(target) : error;
 }
@@ -194,7 +203,11 @@ FileStatus CheckReplace(const std::string& hostPath) {
   return IsWritable(folder, info.st_mode) ? FileStatus::kOk : FileStatus::kDenied;
 }
 
-FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
+PieceSource OnePiece(std::string_view bytes) {
+  return [bytes]() mutable { return std::exchange(bytes, {}); };
+}
+
+FileStatus ReplaceFile(const std::string& hostPath, const PieceSource& next) {
   const FileStatus check = CheckReplace(hostPath);
   if (check != FileStatus::kOk) return check;
   const std::string target = ThroughLinks(hostPath);
@@ -206,9 +219,13 @@ FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
   std::optional<struct stat> old;
   if (stat(target.c_str(), &info) == 0) old = info;
   Temporary file(folder, prefix);
-  const int error = WriteAndRename(file, old, bytes, target);
+  const int error = WriteAndRename(file, old, next, target);
   if (error == 0) FlushFolder(folder);
   return StatusOfError(error);
+}
+
+FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
+  return ReplaceFile(hostPath, OnePiece(bytes));
 }
 
 FileStatus MakeFolders(const std::string& root, const std::string& hostPath) {

@@ -18,7 +18,10 @@ namespace pnl {
 [[nodiscard]] FileStatus CheckReplace(const std::string& hostPath);
 /// See Files::Replace. Keeps the old file's mode and owner, and a symbolic link in its place. Takes temporary files
 /// along that a killed process left behind for the same file.
+[[nodiscard]] FileStatus ReplaceFile(const std::string& hostPath, const PieceSource& next);
 [[nodiscard]] FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes);
+/// These bytes, which must outlive it, and then the end.
+[[nodiscard]] PieceSource OnePiece(std::string_view bytes);
 /// See Files::MakeFolder, for a path that begins with root, the drive's own folder.
 [[nodiscard]] FileStatus MakeFolders(const std::string& root, const std::string& hostPath);
 

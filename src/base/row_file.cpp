@@ -14,6 +14,8 @@ namespace {
 
 constexpr char16_t kByteOrderMark = u'\uFEFF';
 constexpr std::string_view kMarkBytes = "\xEF\xBB\xBF";
+/// A list of a hundred megabytes is never in memory a second time.
+constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
 constexpr std::string_view kLineEnd = "\r\n";
 
 TextRows Merged(const RowsToStore& rows, const TextRows& found) {
@@ -46,23 +48,24 @@ RowsRead ReadRows(Files& files, TextView path, std::size_t most) {
 }
 
 FileStatus WriteRows(Files& files, TextView path, const TextRows& rows, std::size_t most) {
-  const std::size_t count = std::min(most, rows.size());
-  std::string bytes;
-  // A list of a hundred megabytes must not grow by doubling.
-  if (count == rows.size()) bytes.reserve(rows.TextBytes() + count * kLineEnd.size() + kMarkBytes.size());
   // Reading drops one mark at the file's start, so a row that begins with one gets another before it.
-  if (count != 0 && rows.front().starts_with(kByteOrderMark)) bytes += kMarkBytes;
+  const bool marked = most != 0 && !rows.empty() && rows.front().starts_with(kByteOrderMark);
+  std::string piece(marked ? kMarkBytes : std::string_view());
   auto row = rows.begin();
-  for (std::size_t i = 0; i < count; ++i, ++row) {
-    const std::size_t begin = bytes.size();
-    bytes += row.Utf8();
-    // What a row can't hold, because it would be two when it is read again, is a blank in the file.
-    std::replace_if(
-        bytes.begin() + static_cast<std::ptrdiff_t>(begin), bytes.end(), [](char c) { return c == '\r' || c == '\n'; },
-        ' ');
-    bytes += kLineEnd;
-  }
-  return files.Replace(path, bytes);
+  std::size_t left = std::min(most, rows.size());
+  return files.ReplaceInPieces(path, [&, first = true]() mutable -> std::string_view {
+    if (!std::exchange(first, false)) piece.clear();
+    for (; left != 0 && piece.size() < kPieceBytes; --left, ++row) {
+      const std::size_t begin = piece.size();
+      piece += row.Utf8();
+      // What a row can't hold, because it would be two when it is read again, is a blank in the file.
+      std::replace_if(
+          piece.begin() + static_cast<std::ptrdiff_t>(begin), piece.end(),
+          [](char c) { return c == '\r' || c == '\n'; }, ' ');
+      piece += kLineEnd;
+    }
+    return piece;
+  });
 }
 
 TextRows RowsOf(const TextRows& all, const TextRows& added) {

@@ -11,7 +11,7 @@ namespace {
 constexpr char kRowEnd = '\xFF';
 /// Small enough to be copied for one changed row, large enough that what a piece costs beside its text is little.
 constexpr std::size_t kMostBytes = 16u << 10;
-constexpr std::size_t kMostRows = 1024;
+constexpr std::size_t kMostRows = 4096;
 
 }  // namespace
 

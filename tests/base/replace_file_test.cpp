@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/descriptor.h"
+#include "base/failing_files.h"
 #include "base/files.h"
 #include "base/replace_file.h"
 #include "support/temp_folder.h"
@@ -76,6 +77,18 @@ TEST_F(ReplaceFileTest, ReplacesTheContentWholeAndLeavesNothingElse) {
   EXPECT_EQ(files.Replace(u"C:\\a.txt", ""), FileStatus::kOk);
   EXPECT_EQ(temp.Read("a.txt"), "");
   EXPECT_EQ(Names(), std::vector<std::string>{"a.txt"});
+}
+
+TEST_F(ReplaceFileTest, PiecesAreWrittenOneBehindTheOtherUpToTheFirstEmptyOne) {
+  std::vector<std::string> pieces = {"one ", "two ", "", "never"};
+  FailingFiles gathering(files);
+  for (Files* const way : {static_cast<Files*>(&files), static_cast<Files*>(&gathering)}) {
+    std::size_t asked = 0;
+    EXPECT_EQ(way->ReplaceInPieces(u"C:\\a.txt", [&] { return std::string_view(pieces[asked++]); }), FileStatus::kOk);
+    EXPECT_EQ(asked, 3u);
+    EXPECT_EQ(temp.Read("a.txt"), "one two ");
+    temp.Write("a.txt", "old");
+  }
 }
 
 TEST_F(ReplaceFileTest, KeepsTheOldFilesModeAndGivesANewOneTheUsual) {
