@@ -49,7 +49,7 @@ struct HostCallbacks {
     if (current == nullptr) return 0;
     current->OnCall({slot, std::move(args)});
     // The session may have gone while its listeners were at work.
-    return current == nullptr ? 0 : current->returns_[static_cast<std::size_t>(slot)];
+    return current == nullptr ? 0 : current->ReturnOf(slot);
   }
 
   static int MayOpenTool(int tool) { return Tell(0, {tool}); }

@@ -55,6 +55,7 @@ class HostSession : public QObject {
   void OfferAll();
   /// What slots 0 and 13 answer.
   void SetReturn(int slot, int value);
+  [[nodiscard]] int ReturnOf(int slot) const { return returns_[static_cast<std::size_t>(slot)]; }
 
   /// 0 on failure.
   PnlWindow LoadTool(int toolId, PnlWindow parent);

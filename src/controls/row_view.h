@@ -20,7 +20,7 @@ class RowView : public QAbstractItemView {
 
   void setModel(QAbstractItemModel* model) override;
   [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
-  void scrollTo(const QModelIndex& index, ScrollHint hint) override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
   [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
   [[nodiscard]] int sizeHintForRow(int /*row*/) const override { return RowHeight(); }
 

@@ -67,6 +67,11 @@ extern "C" int rename(const char* from, const char* to) noexcept {
   return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
 }
 
+extern "C" int unlink(const char* path) noexcept {
+  if (Note("remove")) return -1;
+  return static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
 extern "C" ssize_t write(int file, const void* bytes, size_t size) {
   if (Note("write")) return -1;
   return syscall(SYS_write, file, bytes, size);

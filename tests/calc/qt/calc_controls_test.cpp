@@ -182,6 +182,8 @@ TEST_F(CalcBarTest, IsAttachedAndTakenOffByWords) {
   auto* bar = tool->findChild<CalcMenuWidget*>();
   ASSERT_NE(bar, nullptr);
   EXPECT_TRUE(bar->isVisible());
+  EXPECT_EQ(bar->pos(), QPoint(0, 0));
+  EXPECT_EQ(bar->width(), tool->width());
   EXPECT_TRUE(tool->property(property::kMenuAttached).toBool());
   EXPECT_EQ(tool->height(), 221 + bar->height()) << "the client area keeps its size";
   EXPECT_EQ(Control(1008)->mapTo(tool, QPoint()).y(), 36 + bar->height());

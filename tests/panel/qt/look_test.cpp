@@ -258,6 +258,35 @@ TEST(ParagraphTest, OnlyWhatFindsNoRoomIsLeftOut) {
   EXPECT_FALSE(theme::ParagraphIn("one two", font, {400, 2}).isEmpty()) << "one line always shows";
 }
 
+TEST(ParagraphTest, IsWrittenInItsColourAndItsPlace) {
+  const QFont font = theme::Font(16);
+  const struct {
+    Qt::Alignment alignment;
+    bool above;  // written in the upper half
+    bool below;
+  } rows[] = {{Qt::AlignTop | Qt::AlignLeft, true, false},
+              {Qt::AlignBottom | Qt::AlignLeft, false, true},
+              {Qt::AlignVCenter | Qt::AlignLeft, true, true}};
+  for (const auto& row : rows) {
+    QImage image(200, 100, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    theme::DrawParagraph(painter, image.rect(), row.alignment, "HHH", font, QColor(0, 255, 0));
+    painter.end();
+    bool above = false;
+    bool below = false;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor color = image.pixelColor(x, y);
+        EXPECT_TRUE(color.red() == 0 && color.blue() == 0) << x << "," << y;
+        if (color.green() > 0) (y < 50 ? above : below) = true;
+      }
+    }
+    EXPECT_EQ(above, row.above) << row.alignment;
+    EXPECT_EQ(below, row.below) << row.alignment;
+  }
+}
+
 TEST(ParagraphTest, ACharacterOfTwoUnitsIsNotCutInTwo) {
   const QString faces = QString::fromUtf8("\xF0\x9F\x98\x80").repeated(300);
   const QString shown = theme::ParagraphIn(faces, theme::Font(16), {100, 20});

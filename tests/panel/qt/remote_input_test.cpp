@@ -2,6 +2,7 @@
 // What the hands of the remote control do to controls, and how the panel comes to rest behind them.
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMouseEvent>
@@ -196,6 +197,19 @@ TEST_F(RemoteWindow, AClickGivesTheFocusAndChoosesTheItem) {
   EXPECT_EQ(list->currentRow(), 2);
   EXPECT_FALSE(Press(list, {3, 0}, false));
   EXPECT_FALSE(Press(edit, {0, 0}, false));
+}
+
+TEST_F(RemoteWindow, APressInADialogGivesTheFocusToNothingBehindIt) {
+  panel.setFocusPolicy(Qt::ClickFocus);
+  QDialog dialog(&panel);
+  auto* label = Make<QLabel>(&dialog, 1, {0, 0, 50, 20});
+  dialog.setFocusPolicy(Qt::NoFocus);
+  Show();
+  edit->setFocus();
+  dialog.show();
+  Settle();
+  ASSERT_TRUE(Press(label, {}, true));
+  EXPECT_NE(panel.focusWidget(), &panel);
 }
 
 TEST_F(RemoteWindow, AControlThatEndsAsItGetsTheFocusIsPressedNoMore) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <filesystem>
@@ -204,7 +205,11 @@ TEST_F(RemoteMethods, AnExplorerRequestIsPublishedAndClearedAgain) {
   EXPECT_EQ(Ask("xplr.publish", R"({"record":{"Owner":1006,"Path":"C:\\P","Flags":4104}})"), "{}");
   EXPECT_EQ(Ask("xplr.record", "{}"),
             R"({"Extension":"","File":"","Filter":"","Flags":4104,"Owner":1006,"Path":"C:\\P","Title":""})");
-  EXPECT_NE(Ask("cnc.get", R"({"name":"E.XPLRDATA"})"), R"({"value":0})");
+  const int number = Reply("cnc.get", R"({"name":"E.XPLRDATA"})")["result"].toObject()["value"].toInt();
+  EXPECT_NE(number, 0);
+  EXPECT_NE(PnlResolveRecord(number), nullptr);
+  EXPECT_EQ(Ask("xplr.publish", R"({"record":{"Owner":1006}})"), "{}");
+  EXPECT_EQ(PnlResolveRecord(number), nullptr) << "another request takes its place";
   EXPECT_EQ(Ask("xplr.publish", R"({"record":null})"), "{}");
   EXPECT_EQ(Ask("xplr.record", "{}"), "null");
   EXPECT_EQ(Ask("cnc.get", R"({"name":"E.XPLRDATA"})"), R"({"value":0})");
@@ -262,6 +267,30 @@ TEST_F(RemoteMethods, TheHostTableTakesSlotsByNumberAndName) {
   }
   EXPECT_EQ(Ask("host.returns", R"({"slot":0,"value":0})"), "{}");
   EXPECT_EQ(Ask("host.returns", R"({"slot":"HostShowError","value":1})"), "{}");
+}
+
+TEST_F(RemoteMethods, TheHostAnswersWhatItIsToldTo) {
+  HostSession fresh;
+  EXPECT_EQ(fresh.ReturnOf(0), 1);
+  EXPECT_EQ(fresh.ReturnOf(13), 0);
+  Ask("host.returns", R"({"slot":0,"value":0})");
+  Ask("host.returns", R"({"slot":13,"value":7})");
+  EXPECT_EQ(session.ReturnOf(0), 0);
+  EXPECT_EQ(session.ReturnOf(13), 7);
+}
+
+TEST_F(RemoteMethods, EachCharacterIsTypedAsAKeyOfItsOwn) {
+  struct Keys : QWidget {
+    using QWidget::QWidget;
+    void keyPressEvent(QKeyEvent* event) override { typed.append(event->text()); }
+    QStringList typed;
+  } tool(&face.area);
+  const QByteArray window = QByteArray::number(static_cast<int>(PnlAttachWidget(&tool, nullptr, nullptr)));
+  // A pair of units is one character; a lone half of one is typed as it comes, and takes nothing with it.
+  EXPECT_EQ(Ask("ui.type", R"({"window":)" + window + R"(,"text":"a\ud83d\ude00b\ud83dc\ude00d"})"), "{}");
+  const QStringList expected = {
+      "a", QString::fromUtf16(u"\U0001F600"), "b", QString(QChar(0xD83D)), "c", QString(QChar(0xDE00)), "d"};
+  EXPECT_EQ(tool.typed, expected);
 }
 
 TEST_F(RemoteMethods, AControlIsWorkedByItsId) {

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSocketNotifier>
 #include <array>
 #include <thread>
 
@@ -65,6 +66,27 @@ TEST(StandardStreams, InputComesInPiecesAndItsEndIsEmpty) {
   QCoreApplication::processEvents();
   QCoreApplication::processEvents();
   EXPECT_EQ(pieces, QList<QByteArray>({"one\ntwo", "\n", ""}));
+}
+
+TEST(StandardStreams, InputThatIsGoneWhenItIsLookedForIsNoEnd) {
+  Pipe in;
+  ASSERT_EQ(fcntl(in.ends[0], F_SETFL, O_NONBLOCK), 0);
+  // Somebody else reads the same pipe, and is told first.
+  QSocketNotifier other(in.ends[0], QSocketNotifier::Read);
+  QByteArray taken;
+  QObject::connect(&other, &QSocketNotifier::activated, [&] { taken += in.Take(100); });
+  StandardStreams streams(in.ends[0], -1, nullptr);
+  QList<QByteArray> pieces;
+  streams.Start([&pieces](const QByteArray& piece) { pieces.append(piece); });
+  in.Put("for the other");
+  EXPECT_TRUE(EventsUntil([&] { return !taken.isEmpty() || !pieces.isEmpty(); }));
+  QCoreApplication::processEvents();
+  ASSERT_EQ(taken, "for the other");
+  EXPECT_TRUE(pieces.isEmpty());
+  other.setEnabled(false);
+  in.Put("mine");
+  EXPECT_TRUE(EventsUntil([&] { return !pieces.isEmpty(); }));
+  EXPECT_EQ(pieces, QList<QByteArray>({"mine"}));
 }
 
 TEST(StandardStreams, AFileIsReadLikeAPipe) {

@@ -161,6 +161,9 @@ TEST_F(SoftKeyBarTest, KeysAreBigEnoughForAFingerAtEverySize) {
     for (int slot = 0; slot < kMainKeys; ++slot) EXPECT_GE(bar_.Key(slot)->width(), touch) << width;
     EXPECT_GE(bar_.MoreKey()->width(), touch);
     EXPECT_GE(bar_.BackKey()->width(), touch);
+    EXPECT_LE(bar_.BackKey()->width(), std::max(touch, 72)) << "the paging keys leave the room to the others";
+    EXPECT_EQ(bar_.MoreKey()->width(), bar_.BackKey()->width());
+    EXPECT_GT(bar_.Key(0)->width(), bar_.BackKey()->width());
   }
 }
 

@@ -202,6 +202,16 @@ TEST_F(PanelWindowTest, TheLatchedKeysFollowTheMachine) {
   EXPECT_FALSE(window_->Keys().Key(Action::kCancel)->isEnabled()) << "nothing is interrupted";
 }
 
+TEST_F(PanelWindowTest, TheWholeFeedIsOfferedWhenTheFeedIsAnother) {
+  EXPECT_EQ(op_->Machine().feedOverride, 100);
+  EXPECT_FALSE(op_->Can(Action::kOverrideFull));
+  Do(Action::kOverrideUp);
+  EXPECT_TRUE(op_->Can(Action::kOverrideFull));
+  Do(Action::kOverrideFull);
+  EXPECT_EQ(op_->Machine().feedOverride, 100);
+  EXPECT_FALSE(op_->Can(Action::kOverrideFull));
+}
+
 TEST_F(PanelWindowTest, TheOverrideStaysWithinItsLimits) {
   for (int i = 0; i < 15; ++i) Do(Action::kOverrideUp);
   EXPECT_EQ(op_->Machine().feedOverride, 200);
