@@ -8,6 +8,7 @@
 
 #include "base/files.h"
 #include "base/ini_file.h"
+#include "base/row_file.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -134,6 +135,22 @@ TEST_P(OutOfReach, AnIniFileOfThatPathIsNotWrittenOverWhenItIsBack) {
   GetParam().bringBack(place);
   EXPECT_FALSE(ini.WriteIniFile(kPath));
   EXPECT_EQ(place.temp.Read("drive/share/user/a.ini"), "; mine\r\n[S]\r\nKey=1\r\nUnknown=2\r\n");
+}
+
+TEST_P(OutOfReach, RowsOfThatPathAreKeptBehindTheSessionsOwnWhenTheyAreBack) {
+  // A thousand rows became one.
+  std::string rows;
+  for (int i = 0; i < 1000; ++i) rows += "G1 X" + std::to_string(i) + "\r\n";
+  place.temp.Write("drive/share/user/a.ini", rows);
+  GetParam().takeAway(place);
+  const RowsRead read = ReadRows(place.files, kPath);
+  EXPECT_EQ(read.known, FileKnown::kUnknown);
+  const TextRows own = {u"M5"};
+  EXPECT_EQ(StoreRows(place.files, kPath, read.known, {own, own}), FileStatus::kOutOfReach) << "it is still away";
+  GetParam().bringBack(place);
+  EXPECT_EQ(place.temp.Read("drive/share/user/a.ini"), rows);
+  EXPECT_EQ(StoreRows(place.files, kPath, read.known, {own, own}), FileStatus::kOk);
+  EXPECT_EQ(place.temp.Read("drive/share/user/a.ini"), "M5\r\n" + rows);
 }
 
 TEST(OutOfReachTest, AMissingNameInAFolderThatCanBeLookedThroughIsAbsent) {

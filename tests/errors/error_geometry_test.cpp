@@ -114,6 +114,17 @@ TEST_F(PlacedErrorWindow, TheCountOfSoftKeysComesFromThePanelsOwnFile) {
   EXPECT_NE(Ini().find("Frame=73,216,66,25"), std::string::npos) << Ini();
 }
 
+TEST_F(PlacedErrorWindow, AFileThatIsAwayIsNotReplacedByAFreshOne) {
+  const std::string before = "; mine\r\n[COMMON]\r\nWindow=0,0,500,300\r\nUnknown=1\r\n";
+  Ini() = before;
+  windows.panelRect = {0, 0, 1024, 768};
+  disc.away = {"C:\\P52"};
+  EXPECT_EQ(Place(), (Rect{0, 0, 909, 400})) << "the default, scaled";
+  disc.away.clear();
+  EXPECT_EQ(Ini(), before);
+  EXPECT_TRUE(disc.replaced.empty());
+}
+
 TEST_F(PlacedErrorWindow, AFileThatCannotBeWrittenChangesNothingHere) {
   windows.panelRect = {0, 0, 1024, 768};
   disc.full = true;

@@ -580,8 +580,8 @@ TEST_F(ThreeErrors, TheToolIsIdleBeforeTheHostHearsThatItsWindowIsGone) {
   Key(ErrorKey::kEscape);
   Key(ErrorKey::kEscape);
   table.toolClosed = [](int, int) {
-    Logged(current->tool->IsActive() ? "active" : "idle");
-    Logged(current->view->visible ? "visible" : "hidden");
+    current->log.emplace_back(current->tool->IsActive() ? "active" : "idle");
+    current->log.emplace_back(current->view->visible ? "visible" : "hidden");
   };
   Asked();
   Key(ErrorKey::kEscape);
