@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The signals by which a system or a terminal ends a program (SIGTERM, SIGINT, SIGHUP), told in the event loop instead
-// of ending the process at once. One that was ignored when the program started stays ignored. One object in a process.
+// Handles SIGTERM, SIGINT and SIGHUP, by which a system or a terminal ends a program, in the event loop, so that the
+// tools close first. A signal that was ignored when the program started stays ignored. One object in a process.
 #pragma once
 
 #include <QObject>

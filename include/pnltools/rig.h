@@ -146,7 +146,7 @@ struct MachineState {
   bool singleBlock = false;
   bool inspecting = false;
   bool coolant = false;
-  bool emergencyStop = false;  // pressed, whether its error stands or not
+  bool emergencyStop = false;  // it is pressed; its error may be cleared already
   std::u16string block;        // in hand
   std::u16string gCodes;       // modal, "G01 G17 G90 …"
 };

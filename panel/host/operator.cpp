@@ -174,7 +174,7 @@ void Operator::DoMachine(Action action) {
     case Action::kCancel:
       return machine_->Cancel();
     case Action::kReset:
-      // First the queue: what still stands comes again with the reset.
+      // The queue first: the reset raises again what still has its cause.
       errors_.ClearAll();
       return machine_->Reset();
     case Action::kInspect:

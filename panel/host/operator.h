@@ -18,8 +18,8 @@
 
 namespace panel {
 
-/// The panel's own word to the operator. What only tells goes with the next press of a key or a touch, a warning with
-/// the next thing that is asked of the panel; both go with their cause.
+/// A message of the panel itself to the operator. Information goes with the next key or touch, a warning with the next
+/// action; both go with their cause.
 struct Hint {
   QString text;
   bool warning = false;
@@ -60,7 +60,7 @@ class Operator : public QObject {
   [[nodiscard]] bool EmergencyStop() const { return Machine().emergencyStop; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
-  /// The operator has pressed something: what only tells has been seen.
+  /// The operator pressed a key or touched the screen: information counts as seen.
   void OnPress();
 
  signals:

@@ -34,7 +34,7 @@ class AxisDisplay : public QWidget {
   /// The small texts are that high where they find room; they get smaller before a digit is lost.
   void SetFontPixels(int pixels);
 
-  /// The small texts of one axis as they stand in a foot of that width: beside each other, or in two rows.
+  /// How the small texts of one axis fit below its number: side by side, or in two rows.
   struct Foot {
     int pixels = 0;
     bool twoRows = false;

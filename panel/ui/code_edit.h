@@ -16,7 +16,7 @@ class CodeEdit : public QPlainTextEdit {
   void PaintNumbers(QPaintEvent* event);
   [[nodiscard]] int NumbersWidth() const;
   void SetFontPixels(int pixels);
-  /// Numbers and colours as the text is now, after a change that told nobody.
+  /// Updates line numbers and colours after a change that sent no signal.
   void Refresh();
 
  protected:

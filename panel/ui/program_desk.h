@@ -49,8 +49,8 @@ class ProgramDesk : public QObject {
   /// Whether a program is on its way from a file or to one.
   [[nodiscard]] bool Working() const;
   [[nodiscard]] const QString& Path() const { return path_; }
-  /// Where the caret stands in the program's file, in bytes: its block and the word in that. Nothing while the text has
-  /// no file, or isn't that of the file.
+  /// The caret's block in the program's file, and the word in that block, in bytes of the file. Nothing while the text
+  /// has no file or differs from it.
   [[nodiscard]] std::optional<pnl::rig::ProgramSpot> CaretSpot() const;
 
  signals:

@@ -20,8 +20,8 @@ class ProgramEditor : public QWidget {
  public:
   explicit ProgramEditor(QWidget* parent);
 
-  /// Another program: its history of changes starts anew, the caret stands at its beginning. It comes in slices, the
-  /// first of them at once; shown is called when all of it is there. A program still on its way is dropped for it.
+  /// Shows another program, with the caret at its beginning and nothing to undo. It is filled in slices, the first one at
+  /// once; shown is called after the last. A program that is still being filled is dropped.
   void Fill(const QString& text, const QString& name, std::function<void()> shown = {});
   /// The same, all of it at once.
   void SetProgram(const QString& text, const QString& name);
@@ -52,7 +52,7 @@ class ProgramEditor : public QWidget {
  private:
   [[nodiscard]] int HeadHeight() const { return fontPixels_ * 2; }
   void Begin(const QString& text, const QString& name, std::function<void()> shown);
-  /// Drops some of the old program, or takes some of the new one. False when there is no more to do.
+  /// Removes a slice of the old program or adds one of the new. False when nothing is left to do.
   bool Step();
   /// Steps until the end. Whether there is more to do.
   bool Work(QDeadlineTimer end);
