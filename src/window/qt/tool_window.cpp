@@ -45,7 +45,10 @@ ToolWindow::ToolWindow(int toolId, QWidget* parent) : MessageWindow(parent), too
   setProperty(property::kTool, toolId);
   setProperty(property::kTitle, QString());
   hide();
+  ++living;
 }
+
+ToolWindow::~ToolWindow() { --living; }
 
 void ToolWindow::SetTitleProperty(TextView title) { setProperty(property::kTitle, ToQString(title)); }
 

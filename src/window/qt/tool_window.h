@@ -51,7 +51,10 @@ class ToolWindow : public MessageWindow {
 
  public:
   ToolWindow(int toolId, QWidget* parent);
+  ~ToolWindow() override;
   [[nodiscard]] int ToolId() const { return toolId_; }
+  /// How many there are, those that have given their handle back and wait for their end included.
+  [[nodiscard]] static int Living() { return living; }
 
  protected:
   /// What the properties tell of the window; setting the colour paints nothing.
@@ -60,6 +63,7 @@ class ToolWindow : public MessageWindow {
 
  private:
   const int toolId_;
+  inline static int living = 0;
 };
 
 /// A window that a tool opens for a while: a drop list, a search, a picker.

@@ -138,6 +138,35 @@ TEST_F(LibraryTest, AToolDestroyedFromItsOwnCallbackIsDeadAtOnceAndGoesOnceItsCo
   EXPECT_EQ(rig_.Open().windows, 0u);
 }
 
+TEST_F(LibraryTest, TheBackendStaysWhileAToolThatHasEndedIsStillOnTheStack) {
+  ASSERT_TRUE(rig_.StartMachine("demo"));
+  current = &library_;
+  const auto trySwitch = [] { seen.emplace_back(current->SetBackend("sim") ? "switched" : "refused"); };
+  const struct {
+    const char* what;
+    void (*end)();
+    std::vector<std::string> seen;
+  } rows[] = {
+      {"the library ends it", [] { current->DestroyTool(doomed); }, {"refused", "refused"}},
+      {"the host deletes its window", [] { delete current->Windows().WidgetOf(doomed); }, {"refused", "switched"}},
+  };
+  static void (*end)() = nullptr;
+  for (const auto& row : rows) {
+    seen.clear();
+    end = row.end;
+    doomed = library_.LoadTool(6, parent_);
+    HostApi.toolOpening = [](int) {
+      end();
+      seen.emplace_back(current->SetBackend("sim") ? "switched" : "refused");
+    };
+    library_.Windows().Send(doomed, {kMsgToolCommand, 2, 1});
+    trySwitch();
+    EXPECT_EQ(seen, row.seen) << row.what;
+    Library::Drain();
+    EXPECT_TRUE(library_.SetBackend("sim")) << row.what;
+  }
+}
+
 TEST_F(LibraryTest, AToolDestroyedWhileABoxIsOpenGoesOnceTheBoxIsAnswered) {
   const WindowHandle tool = library_.LoadTool(6, parent_);
   const QPointer<QWidget> widget = library_.Windows().WidgetOf(tool);
