@@ -72,6 +72,21 @@ TEST_F(CalcLongTest, ANewSelectionDropsThePreview) {
   EXPECT_THAT(Status(), testing::StartsWith("Sel Value : "));
 }
 
+TEST_F(CalcLongTest, ASelectionMadeWhileAnExpressionIsConfirmedIsPreviewedAfterIt) {
+  Line(std::string(kLong) + "+1");
+  Key(CalcKey::kEnter);
+  ASSERT_TRUE(session->IsComputing());
+  Mark(27, 28);
+  log.clear();
+  Tick();
+  EXPECT_THAT(log, Not(testing::Contains(testing::HasSubstr("Sel"))));
+  WorkToTheEnd();
+  Line("1");
+  Mark(0, 1);
+  Tick();
+  EXPECT_EQ(Status(), "Sel Value : 1");
+}
+
 TEST_F(CalcLongTest, EscapeAsksToCloseWhileAPreviewRuns) {
   Line(kLong);
   log.clear();

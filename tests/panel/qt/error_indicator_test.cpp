@@ -61,6 +61,10 @@ TEST(ErrorIndicatorTest, ItsTimerRunsOnlyWhileItFlashes) {
   EXPECT_FALSE(indicator.Flashes());
   indicator.Show({5, ErrorKind::kError, 500, 1}, 1);
   EXPECT_TRUE(indicator.Flashes());
+  indicator.Show({5, ErrorKind::kError, 0, 1}, 1);
+  EXPECT_FALSE(indicator.Flashes()) << "the period is 0 now";
+  indicator.Show({5, ErrorKind::kError, 500, 1}, 1);
+  EXPECT_TRUE(indicator.Flashes());
   indicator.Show({}, 1);
   EXPECT_FALSE(indicator.Flashes()) << "the window shows the error";
   EXPECT_EQ(indicator.Count(), 1);
