@@ -108,6 +108,11 @@ TEST_F(DrawTextTest, OnlyAnEditBreaksAWordThatIsTooLong) {
   EXPECT_GT(Shortened("Donaudampfschifffahrt", 60, 0x2810).count('\n'), 0);
 }
 
+TEST_F(DrawTextTest, AnEditBreaksAtABlankWhereThereIsOneHoweverShortTheWordBeforeIt) {
+  const QString lines = Shortened("a Donaudampfschifffahrt", 60, 0x2810);
+  EXPECT_TRUE(lines.startsWith("a\nD")) << lines.toStdString();
+}
+
 TEST_F(DrawTextTest, AWordThatIsTooLongTakesALineOfItsOwn) {
   const QString lines = Shortened("Donaudampfschifffahrt one two", 60, 0x810);
   EXPECT_EQ(lines, "Donaudampfschifffahrt\none two");

@@ -112,7 +112,8 @@ INSTANTIATE_TEST_SUITE_P(
                       KeyRow{"Space", {}, Qt::Key_Space, " "}, KeyRow{"F1", {}, Qt::Key_F1, ""},
                       KeyRow{"F12", {}, Qt::Key_F12, ""}, KeyRow{"F", {}, Qt::Key_F, "F"},
                       KeyRow{"x", {}, Qt::Key_X, "x"}, KeyRow{"+", Qt::KeypadModifier, Qt::Key_Plus, "+"},
-                      KeyRow{"x", Qt::ControlModifier, Qt::Key_X, "\x18"}, KeyRow{"ñ", {}, Qt::Key_Ntilde, "ñ"}));
+                      KeyRow{"x", Qt::ControlModifier, Qt::Key_X, "\x18"}, KeyRow{"ñ", {}, Qt::Key_Ntilde, "ñ"},
+                      KeyRow{"\xF0\x9F\x98\x80", {}, 0x1F600, "\xF0\x9F\x98\x80"}));
 
 TEST(KeyNames, OthersAreNoKeys) {
   for (const char* name : {"", "F0", "F36", "F01", "Return", "xy", "enter"}) {

@@ -135,6 +135,8 @@ TEST(MessageNames, KnowWhichArgumentsAreAddresses) {
   EXPECT_EQ(AddressesOf(PNL_MSG_CYCLE_START, 2).second, AddressKind::kCycleStart);
   EXPECT_EQ(AddressesOf(PNL_MSG_CYCLE_START, 3).second, AddressKind::kNone);
   EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 41).second, AddressKind::kChannelRecord);
+  EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 42).second, AddressKind::kChannelRecord);
+  EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 43).second, AddressKind::kNone);
   EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_NOTIFY, 1).second, AddressKind::kNone);
   EXPECT_EQ(AddressesOf(PNL_MSG_TOOL_COMMAND, 2).second, AddressKind::kNone);
   EXPECT_EQ(AddressesOf(*MessageNumber("ZM_SHOW_FILE"), 0).second, AddressKind::kFile);

@@ -123,6 +123,19 @@ TEST_F(SoftKeyBarTest, MoreItemsThanKeysArePaged) {
   EXPECT_EQ(bar_.Key(0)->text(), "0");
 }
 
+TEST_F(SoftKeyBarTest, BackLeadsFromALaterPageToTheFirstAndNoFurther) {
+  menus_[7] = Items(8);
+  bar_.ShowMenu(7);
+  bar_.NextPage();
+  EXPECT_TRUE(bar_.BackKey()->isEnabled());
+  bar_.BackKey()->click();
+  EXPECT_EQ(bar_.Page(), 0);
+  EXPECT_EQ(bar_.Key(0)->text(), "0");
+  EXPECT_FALSE(bar_.BackKey()->isEnabled());
+  bar_.Back();
+  EXPECT_EQ(bar_.Key(0)->text(), "0") << "the menu stays";
+}
+
 TEST_F(SoftKeyBarTest, APageThatVanishesGivesWayToTheLastOne) {
   menus_[7] = Items(15);
   bar_.ShowMenu(7);
@@ -161,7 +174,7 @@ TEST_F(SoftKeyBarTest, KeysAreBigEnoughForAFingerAtEverySize) {
     for (int slot = 0; slot < kMainKeys; ++slot) EXPECT_GE(bar_.Key(slot)->width(), touch) << width;
     EXPECT_GE(bar_.MoreKey()->width(), touch);
     EXPECT_GE(bar_.BackKey()->width(), touch);
-    EXPECT_LE(bar_.BackKey()->width(), std::max(touch, 72)) << "the paging keys leave the room to the others";
+    EXPECT_EQ(bar_.BackKey()->width(), std::max(touch, std::min(width / 12, 72))) << width;
     EXPECT_EQ(bar_.MoreKey()->width(), bar_.BackKey()->width());
     EXPECT_GT(bar_.Key(0)->width(), bar_.BackKey()->width());
   }
