@@ -175,6 +175,19 @@ TEST_F(ErrorsTest, TheClearKeyAcknowledgesOnlyWhatIsSeen) {
   EXPECT_EQ(Queue(), 0u);
 }
 
+TEST_F(ErrorsTest, TheClearKeyBringsTheErrorsThatStayInFront) {
+  Raise(Fault::kDriveFault);
+  Raise(Fault::kDriveWarning);
+  ASSERT_TRUE(Shown());
+  Do(Action::kOpenMdi);
+  session_.BringToFront(PNL_TOOL_MDI);
+  Settle();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+  Do(Action::kClearError);
+  EXPECT_EQ(Queue(), 1u);
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+}
+
 TEST_F(ErrorsTest, TheClearKeyConfirmsNothing) {
   Raise(Fault::kConfirm);
   ASSERT_TRUE(Shown());
