@@ -91,6 +91,19 @@ TEST(CalcLabelTest, TellsTheWholeTextHoweverItIsShown) {
   EXPECT_FALSE(Paint(label).isNull());
 }
 
+TEST(CalcKeyTest, IsFilledWithItsGroundAndAnotherWhilePressed) {
+  CalcKeyWidget key(1016, "", calc_look::kKey, nullptr);
+  key.resize(40, 30);
+  const auto colorAt = [&key](int x, int y) { return Paint(key).pixelColor(x, y); };
+  EXPECT_EQ(colorAt(20, 15), QColor(calc_look::kKey));
+  EXPECT_EQ(colorAt(20, 0), QColor(calc_look::kKeyEdge));
+  EXPECT_EQ(colorAt(20, 29), QColor(calc_look::kKeyEdge));
+  EXPECT_EQ(colorAt(0, 15), QColor(calc_look::kKeyEdge));
+  EXPECT_EQ(colorAt(39, 15), QColor(calc_look::kKeyEdge));
+  key.setDown(true);
+  EXPECT_EQ(colorAt(20, 15), QColor(calc_look::kPressedKey));
+}
+
 TEST(CalcKeyTest, ShowsAWordUntilItHasAPicture) {
   CalcKeyWidget key(1016, "Acc", calc_look::kKey, nullptr);
   key.resize(33, 28);

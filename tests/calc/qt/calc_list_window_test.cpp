@@ -75,6 +75,19 @@ TEST_F(CalcListWindowTest, ThePressedLineTakesTheRow) {
   EXPECT_EQ(Line()->Selection(), (CalcSelection{3, 3})) << "at the end, wherever the finger was";
 }
 
+TEST_F(CalcListWindowTest, APressOnTheGroundLeavesTheFocusToTheListThatIsOpen) {
+  OpenWith(3);
+  auto* ground = tool->findChild<CalcClientWidget*>();
+  const QPoint edge(1, 1);
+  ASSERT_EQ(ground->childAt(edge), nullptr);
+  PressMouse(ground, edge, QEvent::MouseButtonPress);
+  EXPECT_EQ(Focus(), List());
+  Key(Qt::Key_Escape);
+  other->setFocus();
+  PressMouse(ground, edge, QEvent::MouseButtonPress);
+  EXPECT_EQ(Focus(), Line());
+}
+
 TEST_F(CalcListWindowTest, ADoublePressTakesTheRow) {
   OpenWith(3);
   TouchRow(List(), 1);
