@@ -78,7 +78,8 @@ inline void Type(QWidget* widget, const QString& text) {
 }
 
 /// A press at a place of the widget; the focus follows as the widgets' policies say.
-inline void PressMouse(QWidget* widget, QPoint place, QEvent::Type type = QEvent::MouseButtonPress) {
+inline void PressMouse(QWidget* widget, QPoint place, QEvent::Type type = QEvent::MouseButtonPress,
+                       Qt::MouseButton button = Qt::LeftButton) {
   for (QWidget* taker = widget; taker != nullptr && type == QEvent::MouseButtonPress; taker = taker->parentWidget()) {
     if (taker->isEnabled() && (taker->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus) {
       taker->setFocus(Qt::MouseFocusReason);
@@ -86,7 +87,7 @@ inline void PressMouse(QWidget* widget, QPoint place, QEvent::Type type = QEvent
     }
     if (taker->isWindow()) break;
   }
-  QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QMouseEvent event(type, place, widget->mapToGlobal(place), button, button, Qt::NoModifier);
   QApplication::sendEvent(widget, &event);
 }
 

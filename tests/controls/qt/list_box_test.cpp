@@ -123,6 +123,27 @@ TEST_F(ListBoxTest, DeletingFromAnExtendedOneSelectsNoNeighbour) {
   EXPECT_TRUE(box.Selected().empty());
 }
 
+TEST_F(ListBoxTest, ATouchedRowAndTheKeysUpAndDownAreTold) {
+  box.SetItems({u"a", u"b"});
+  box.show();
+  int walked = 0;
+  QObject::connect(&box, &ListBox::Walked, &box, [&walked] { ++walked; });
+  const QPoint row = box.visualRect(box.model()->index(1, 0)).center();
+  PressMouse(box.viewport(), row);
+  EXPECT_EQ(walked, 1);
+  PressMouse(box.viewport(), row);
+  EXPECT_EQ(walked, 2) << "the selection is as before";
+  PressMouse(box.viewport(), row, QEvent::MouseButtonPress, Qt::RightButton);
+  PressMouse(box.viewport(), QPoint(5, 140));
+  PressMouse(box.viewport(), row, QEvent::MouseButtonRelease);
+  EXPECT_EQ(walked, 2) << "another button, no row, no press";
+  PressKey(&box, Qt::Key_Up);
+  PressKey(&box, Qt::Key_Up);
+  EXPECT_EQ(walked, 4) << "at the first row too";
+  PressKey(&box, Qt::Key_Home);
+  EXPECT_EQ(walked, 4);
+}
+
 TEST_F(ListBoxTest, TheFirstDownGoesToTheFirstItem) {
   QWidget window;
   auto* inside = new ListBox(1, &window);

@@ -115,6 +115,27 @@ TEST_F(ErrorStage, AHiddenPictureDoesNothing) {
   EXPECT_THAT(Queue(), ElementsAre(1000));
 }
 
+TEST_F(ErrorStage, TheRightButtonDoesNothing) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  Push(RecordBuilder().Number(1001));
+  const QPoint next = Control(error_id::kNext)->geometry().center();
+  PressMouse(tool, next, QEvent::MouseButtonPress, Qt::RightButton);
+  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  PressMouse(Control(error_id::kDescription), QPoint(20, 20), QEvent::MouseButtonPress, Qt::RightButton);
+  PressMouse(Control(error_id::kDescription), QPoint(20, 20), QEvent::MouseButtonDblClick, Qt::RightButton);
+  EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(ErrorStage, HidingGivesTheFocusToNobodyWhoDidntAskForIt) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  ASSERT_TRUE(tool->hasFocus());
+  TouchTwice(Control(error_id::kDescription), QPoint(20, 20));
+  ASSERT_FALSE(tool->isVisible());
+  EXPECT_EQ(QApplication::focusWidget(), nullptr);
+}
+
 TEST_F(ErrorStage, ADoubleClickBesideThePicturesHides) {
   Open();
   Push(RecordBuilder());
