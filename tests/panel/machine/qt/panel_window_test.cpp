@@ -630,6 +630,7 @@ TEST_F(PanelWindowTest, TheMachineIsShownAsItIs) {
   Type(QStringLiteral("G1 X%1 F1000").arg(op_->Machine().axes.at(0).position + 20));
   Do(Action::kCycleStart);
   Advance(300);
+  window_->UpdateDisplay();
   const auto state = op_->Machine();
   EXPECT_EQ(window_->Shown().Shown(), ReadingsOf(state));
   QStringList spoken;
