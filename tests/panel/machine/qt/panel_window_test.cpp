@@ -203,6 +203,7 @@ TEST_F(PanelWindowTest, AToolThatDoesNotExistSaysSo) {
 TEST_F(PanelWindowTest, TheLatchedKeysFollowTheMachine) {
   Do(Action::kSingleBlock);
   EXPECT_TRUE(window_->Keys().Key(Action::kSingleBlock)->isChecked());
+  EXPECT_FALSE(window_->Keys().Key(Action::kInspect)->isChecked());
   rig_.Machine()->SingleBlock(false);
   Settle();
   EXPECT_FALSE(window_->Keys().Key(Action::kSingleBlock)->isChecked());
