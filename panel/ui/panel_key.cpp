@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <cmath>
 
 #include "ui/theme.h"
 
@@ -156,11 +157,13 @@ void PanelKey::PaintFace(QPainter& painter) const {
                      QFontMetrics(theme::Font(fontPixels_, filled_)).horizontalAdvance(text()) > body.width() - 4;
   const int pixels = wraps && !picture_.isNull() ? std::max(12, fontPixels_ * 6 / 7) : fontPixels_;
   const int line = QFontMetrics(theme::Font(pixels, filled_)).height();
+  // As high as a paragraph breaks them: in a field one pixel lower the second line would find no room.
+  const int both = 2 * static_cast<int>(std::ceil(QFontMetricsF(theme::Font(pixels, filled_)).height()));
   if (!picture_.isNull()) {
     // In a flat key the picture may use the height beside the key's name, which stands in the corner.
     const bool shortName = keyName_.size() <= 3;
     if (height() < 5 * fontPixels_ && shortName) body = rect().adjusted(kPad, 3, -kPad, -2);
-    const int caption = text().isEmpty() ? 0 : (wraps ? 2 * line - 1 : line);
+    const int caption = text().isEmpty() ? 0 : (wraps ? both : line);
     const int side = std::min({body.height() - caption, body.width(), kPictureSide});
     if (side >= 12) {
       body.setTop(body.top() + (body.height() - side - caption) / 2);
@@ -172,7 +175,7 @@ void PanelKey::PaintFace(QPainter& painter) const {
     }
   }
   body = PaintArrow(painter, body);
-  const bool twoLines = wraps && body.height() >= 2 * line - 6;
+  const bool twoLines = wraps && body.height() >= both;
   // The longest word decides how big the letters may be; the rest wraps or is cut.
   QString longest;
   for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {

@@ -217,5 +217,74 @@ INSTANTIATE_TEST_SUITE_P(
                 "source 13  ·  standing"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(ErrorTimeTest, ATimeOfAnotherDayHasItsDate) {
+  const auto at = [](const QDateTime& local) {
+    return ErrorTime(std::chrono::milliseconds(local.toMSecsSinceEpoch()));
+  };
+  const ErrorTime now = at(QDateTime(QDate(2024, 3, 5), QTime(12, 0)));
+  EXPECT_EQ(TextOfTime(at(QDateTime(QDate(2024, 3, 5), QTime(1, 2, 3))), now), "01:02:03");
+  EXPECT_EQ(TextOfTime(at(QDateTime(QDate(2024, 3, 4), QTime(23, 59, 59))), now), "2024-03-04 23:59:59");
+}
+
+TEST_F(ErrorHistoryTest, ARowTellsHowOftenAndWhatBecameOfEach) {
+  UseWords("en");
+  const auto details = [this] { return TextOfRow(Front(), now_).details.toStdString(); };
+  const auto first = Raise(Error(1));
+  const std::string source = Say(Word::kErrorSource, "0").toStdString() + "  ·  ";
+  EXPECT_EQ(details(), source + "standing") << "of one no number";
+  const QString began = TextOfTime(now_, now_);
+  now_ += seconds(5);
+  const auto second = Raise(Error(1));
+  const std::string twice = source + Say(Word::kErrorTimes).arg("2", began).toStdString() + "  ·  ";
+  EXPECT_EQ(details(), twice + "2 standing");
+  Leave(Error(1), first, Fate::kAcknowledged);
+  EXPECT_EQ(details(), twice + "1 standing, 1 acknowledged");
+  Leave(Error(1), second, Fate::kCleared);
+  EXPECT_EQ(details(), twice + "1 acknowledged, 1 cleared");
+  EXPECT_EQ(TextOfRow(Front(), now_).time, TextOfTime(now_, now_));
+}
+
+TEST_F(ErrorHistoryTest, TheListHasARowForEachWithItsParts) {
+  UseWords("en");
+  Raise(Error(1));
+  Raise(Error(2, u"hot"));
+  ErrorListModel model;
+  int resets = 0;
+  QObject::connect(&model, &QAbstractItemModel::modelReset, &model, [&resets] { ++resets; });
+  EXPECT_EQ(model.rowCount(), 0);
+  EXPECT_EQ(model.IdAt(0), 0);
+  model.Take(history_, now_);
+  EXPECT_EQ(resets, 1);
+  ASSERT_EQ(model.rowCount(), 2);
+  const QModelIndex front = model.index(0, 0);
+  EXPECT_EQ(model.rowCount(front), 0) << "no row has rows of its own";
+  const ErrorRowText text = TextOfRow(Front(), now_);
+  EXPECT_EQ(front.data().toString(), "hot");
+  EXPECT_EQ(front.data(ErrorListModel::kTimeRole).toString(), text.time);
+  EXPECT_EQ(front.data(ErrorListModel::kNameRole).toString(), "warning 2");
+  EXPECT_EQ(front.data(ErrorListModel::kDetailsRole).toString(), text.details);
+  EXPECT_EQ(front.data(ErrorListModel::kColorRole).value<QColor>(), QColor(0x64, 0x80, 0x64));
+  EXPECT_EQ(front.data(Qt::AccessibleTextRole).toString(), text.time + " warning 2 hot " + text.details);
+  EXPECT_FALSE(front.data(Qt::DecorationRole).isValid());
+  EXPECT_FALSE(model.data(QModelIndex(), Qt::DisplayRole).isValid());
+  for (int row = 0; row < 2; ++row) EXPECT_EQ(model.RowOf(model.IdAt(row)), row);
+  EXPECT_EQ(model.RowOf(987654), -1);
+  EXPECT_EQ(model.IdAt(-1), 0);
+  EXPECT_EQ(model.IdAt(2), 0);
+  model.Take(history_, now_);
+  EXPECT_EQ(model.rowCount(), 2) << "not the same ones twice";
+  EXPECT_EQ(model.IdAt(2), 0);
+}
+
+TEST_F(ErrorHistoryTest, NotesTellWhatWasLeftOut) {
+  UseWords("en");
+  EXPECT_TRUE(NotesOf(history_).isEmpty());
+  const auto first = Raise(Error(0));
+  for (int i = 1; i <= 200; ++i) Raise(Error(i));
+  EXPECT_EQ(NotesOf(history_).last(), Say(Word::kErrorsLeftOutStanding).arg("1", "1"));
+  Leave(Error(0), first, Fate::kCleared);
+  EXPECT_EQ(NotesOf(history_).last(), Say(Word::kErrorsLeftOut, "1"));
+}
+
 }  // namespace
 }  // namespace panel

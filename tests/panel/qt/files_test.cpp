@@ -67,6 +67,55 @@ TEST_F(FilesTest, ALineThatNoProgramHasIsRefusedBeforeItHangsTheEditor) {
   EXPECT_EQ(ReadProgram(Host("long.nc")).outcome, FileOutcome::kNotAText);
 }
 
+TEST_F(FilesTest, AFileOfTheMostBytesIsStillRead) {
+  QFile most(Host("most.nc"));
+  ASSERT_TRUE(most.open(QIODevice::WriteOnly) && most.resize(kMostProgramBytes));
+  EXPECT_EQ(ReadProgram(Host("most.nc")).outcome, FileOutcome::kNotAText) << "read, and full of NULs";
+}
+
+TEST_F(FilesTest, TheLayoutSaysHowATextLiesInItsFile) {
+  const auto wide = [](std::string_view units, int bytes, bool big) {
+    std::string text;
+    for (const char unit : units) {
+      const std::string zeros(static_cast<std::size_t>(bytes - 1), '\0');
+      text += big ? zeros + unit : unit + zeros;
+    }
+    return text;
+  };
+  using Encoding = QStringConverter;
+  const struct {
+    const char* what;
+    std::string bytes;
+    Encoding::Encoding encoding;
+    int mark;
+    std::vector<qint64> ends;
+    qint64 letter;
+  } rows[] = {{"plain", "G0\r\nG1\r\n", Encoding::Utf8, 0, {2, 2, 2}, 1},
+              {"unix", "G0\nG1\n", Encoding::Utf8, 0, {1, 1, 2}, 1},
+              {"mixed", "G0\r\nG1\rG2\n", Encoding::Utf8, 0, {2, 1, 1}, 1},
+              {"mark", "\xEF\xBB\xBFG0\r\n", Encoding::Utf8, 3, {2, 2}, 1},
+              {"latin", "\xD8\r\n", Encoding::Latin1, 0, {2}, 1},
+              {"utf16", "\xFF\xFE" + wide("G0\n", 2, false), Encoding::Utf16LE, 2, {2}, 2},
+              {"utf16 big", "\xFE\xFF" + wide("G0\r\n", 2, true), Encoding::Utf16BE, 2, {4}, 2},
+              {"utf32", std::string("\xFF\xFE\0\0", 4) + wide("G0\n", 4, false), Encoding::Utf32LE, 4, {4}, 4},
+              {"utf32 big", std::string("\0\0\xFE\xFF", 4) + wide("G0\r\n", 4, true), Encoding::Utf32BE, 4, {8}, 4}};
+  for (const auto& row : rows) {
+    folder_.Write("layout.nc", row.bytes);
+    const ProgramText program = ReadProgram(Host("layout.nc"));
+    EXPECT_EQ(program.outcome, FileOutcome::kDone) << row.what;
+    EXPECT_EQ(program.layout.encoding, row.encoding) << row.what;
+    EXPECT_EQ(program.layout.markBytes, row.mark) << row.what;
+    for (std::size_t line = 0; line < row.ends.size(); ++line) {
+      EXPECT_EQ(program.layout.EndBytes(static_cast<int>(line)), row.ends[line]) << row.what << line;
+    }
+    EXPECT_EQ(program.layout.BytesOf(u"AB"), 2 * row.letter) << row.what;
+  }
+  EXPECT_EQ(ProgramLayout().BytesOf(u"\u00D8"), 2);
+  EXPECT_TRUE(ProgramLayout().ends.isEmpty());
+  folder_.Write("layout.nc", "G0\r\nG1\r\n");
+  EXPECT_TRUE(ReadProgram(Host("layout.nc")).layout.ends.isEmpty()) << "nothing to note where all are alike";
+}
+
 TEST_F(FilesTest, AReadOnlyProgramIsNotReplaced) {
   folder_.Write("keep.nc", "old");
   Protect("keep.nc");
@@ -95,6 +144,10 @@ TEST(PathTest, FoldersJoinAndClimb) {
   EXPECT_EQ(FolderAbove("C:\\A\\B\\"), "C:\\A");
   EXPECT_EQ(FolderAbove("C:\\A"), "C:\\");
   EXPECT_EQ(FolderAbove("C:\\"), "C:\\");
+  EXPECT_EQ(FolderAbove("C:\\A\\\\"), "C:\\");
+  EXPECT_EQ(FolderAbove("C:"), "C:\\");
+  EXPECT_EQ(FolderAbove("\\"), "\\");
+  EXPECT_EQ(FolderAbove("\\A"), "\\");
 }
 
 struct NameRow {
@@ -147,6 +200,70 @@ INSTANTIATE_TEST_SUITE_P(
                       NameRow{"ReadOnlyAllowed", "locked", XPLR_MUSTEXIST, {}, "locked.nc", false}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(FilesTest, NoNameHasACharacterThatAFileCannotHave) {
+  (void)folder_.Folder("P");
+  const auto isBad = [this](const QString& name) {
+    return CheckName({}, Resolver(), "C:\\P", name).problem == Word::kNameBad;
+  };
+  for (const QChar c : QStringLiteral("\\/:*?\"<>|\x1F\x01"))
+    EXPECT_TRUE(isBad(QString("a") + c + 'b')) << static_cast<int>(c.unicode());
+  EXPECT_TRUE(isBad("."));
+  EXPECT_TRUE(isBad(".."));
+  EXPECT_TRUE(isBad(QString(256, 'a')));
+  EXPECT_FALSE(isBad(QString(255, 'a')));
+  EXPECT_FALSE(isBad("a b!.~"));
+  EXPECT_FALSE(isBad("..."));
+}
+
+TEST_F(FilesTest, ABlankInTheExtensionOrInANameOfNothingElse) {
+  (void)folder_.Folder("P");
+  FileRequest request;
+  request.flags = XPLR_NOBLANKS;
+  const auto problem = [&](const char* name) { return CheckName(request, Resolver(), "C:\\P", name).problem; };
+  EXPECT_EQ(problem("a b"), Word::kNameBlank);
+  EXPECT_EQ(problem(".a b"), Word::kNameBlank) << "it has no title but this";
+  EXPECT_EQ(problem("ab.n c"), std::nullopt) << "only the title counts";
+  EXPECT_EQ(problem("a b.c.d"), Word::kNameBlank);
+}
+
+TEST_F(FilesTest, AnAnswerNeedsItsFolder) {
+  (void)folder_.Folder("P");
+  FileRequest request;
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\NONE", "a").problem, Word::kFolderMissing);
+  EXPECT_EQ(CheckName(request, Resolver(), "X:\\", "a").problem, Word::kFolderMissing);
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\P\\", "a").folder, "C:\\P");
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\P", "a").file, "a") << "no extension is asked for";
+  EXPECT_FALSE(CheckName(request, Resolver(), "C:\\P", "a").mustMake);
+  folder_.Write("P/f", "x");
+  request.flags = XPLR_FOLDERMODE | XPLR_MUSTEXIST;
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\P", "f").problem, Word::kFolderMissing) << "a file is no folder";
+  EXPECT_EQ(CheckName(request, Resolver(), "X:\\", "f").problem, Word::kFolderMissing);
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\P", "..").problem, Word::kNameBad);
+  EXPECT_FALSE(CheckName(request, Resolver(), "C:\\", "P").mustMake);
+  EXPECT_EQ(CheckName(request, Resolver(), "C:\\P\\\\", "").folder, "C:\\P");
+}
+
+TEST_F(FilesTest, ARequestIsReadFromItsRecord) {
+  XPLRDATA_ST record{};
+  const auto put = [](auto& field, std::u16string_view text) { std::copy(text.begin(), text.end(), field); };
+  put(record.Title, u"Save");
+  put(record.Path, u"C:\\P");
+  put(record.File, u"a");
+  put(record.Filter, u"*.nc");
+  put(record.Extension, u"nc");
+  record.Flags = XPLR_MUSTEXIST;
+  const FileRequest request = RequestFrom(record);
+  EXPECT_EQ(request.title, "Save");
+  EXPECT_EQ(request.folder, "C:\\P");
+  EXPECT_EQ(request.file, "a");
+  EXPECT_EQ(request.filter, "*.nc");
+  EXPECT_EQ(request.extension, "nc");
+  EXPECT_EQ(request.flags, static_cast<quint32>(XPLR_MUSTEXIST));
+  std::fill(std::begin(record.Extension), std::end(record.Extension), u'x');
+  EXPECT_EQ(RequestFrom(record).extension.size(), static_cast<qsizetype>(std::size(record.Extension)))
+      << "a field without its end";
+}
+
 TEST_F(FilesTest, AnExtensionOfAStarAddsNone) {
   (void)folder_.Folder("P");
   FileRequest request;
@@ -174,6 +291,10 @@ TEST_F(FilesTest, AListHoldsFoldersFirstAndWhatTheFilterLetsThrough) {
   EXPECT_EQ(ListFolder(Resolver(), "C:\\P", "*.nc"), nc);
   EXPECT_EQ(ListFolder(Resolver(), "C:\\P", "*.*")->size(), 4);
   EXPECT_EQ(ListFolder(Resolver(), "C:\\P", "*.txt, *.nc")->size(), 4);
+  folder_.Write("P/plain", "");
+  EXPECT_EQ(ListFolder(Resolver(), "C:\\P", "*.*")->size(), 5) << "one without a point too";
+  EXPECT_EQ(ListFolder(Resolver(), "C:\\P", "*.txt,,")->size(), 2);
+  EXPECT_FALSE(ListFolder(Resolver(), "C:\\P\\plain", "*").has_value()) << "a file is no folder";
   EXPECT_FALSE(ListFolder(Resolver(), "C:\\NONE", "*").has_value());
   EXPECT_FALSE(ListFolder(Resolver(), "X:\\", "*").has_value());
   EXPECT_EQ(NearestFolder(Resolver(), "C:\\P\\NOT\\THERE"), "C:\\P");
@@ -187,6 +308,8 @@ class ChooserTest : public FilesTest {
     window_.resize(800, 600);
     chooser_.setGeometry(0, 0, 800, 400);
     window_.show();
+    window_.activateWindow();
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
     folder_.Write("P/old.nc", "x");
     (void)folder_.Folder("P/sub");
   }
@@ -269,6 +392,172 @@ TEST_F(ChooserTest, ASecondRequestLeavesTheFirst) {
   EXPECT_EQ(got_, QStringList{"left"}) << "a dismissed request tells nobody";
 }
 
+TEST_F(ChooserTest, AnAnswerToAQuestionLeadsBackToTheName) {
+  Ask(XPLR_CONFIRMOVERWRITE);
+  EXPECT_TRUE(chooser_.NameEdit().hasFocus());
+  chooser_.NameEdit().setText("old.nc");
+  chooser_.Accept();
+  EXPECT_EQ(chooser_.Confirm().Text(), Say(Word::kOverwrite, "old.nc"));
+  EXPECT_EQ(chooser_.Confirm().Key(0)->text(), Say(Word::kYes));
+  EXPECT_EQ(chooser_.Confirm().Key(1)->text(), Say(Word::kNo));
+  EXPECT_EQ(chooser_.Confirm().geometry(), chooser_.rect());
+  chooser_.NameEdit().setText("new.nc");
+  chooser_.Accept();
+  EXPECT_TRUE(got_.isEmpty()) << "the question stands";
+  chooser_.Confirm().Answer(1);
+  EXPECT_TRUE(chooser_.NameEdit().hasFocus());
+}
+
+TEST_F(ChooserTest, AQuestionGoesWithItsRequest) {
+  Ask(XPLR_CONFIRMOVERWRITE);
+  chooser_.NameEdit().setText("old.nc");
+  chooser_.Accept();
+  ASSERT_TRUE(chooser_.Confirm().Stands());
+  chooser_.Dismiss();
+  EXPECT_FALSE(chooser_.Confirm().Stands());
+  EXPECT_FALSE(chooser_.isVisible());
+  EXPECT_TRUE(got_.isEmpty());
+}
+
+TEST_F(ChooserTest, ItsEndIsToldOnce) {
+  int finished = 0;
+  QObject::connect(&chooser_, &FileChooser::Finished, &chooser_, [&finished] { ++finished; });
+  chooser_.Leave();
+  chooser_.Dismiss();
+  EXPECT_EQ(finished, 0) << "nothing stands";
+  Ask(0);
+  EXPECT_EQ(window_.children().last(), &chooser_);
+  chooser_.Leave();
+  chooser_.Leave();
+  EXPECT_EQ(finished, 1);
+  EXPECT_EQ(got_, QStringList{"left"});
+  chooser_.NameEdit().setText("new.nc");
+  chooser_.Accept();
+  EXPECT_EQ(got_, QStringList{"left"});
+}
+
+TEST_F(ChooserTest, ARequestBeginsWithItsTitleItsNameAndItsFolder) {
+  FileRequest request;
+  request.title = "Take one";
+  request.folder = "C:\\P\\NOT\\THERE";
+  request.file = "first.nc";
+  chooser_.Ask(request, {}, {});
+  EXPECT_EQ(chooser_.accessibleName(), "Take one");
+  EXPECT_EQ(chooser_.Folder(), "C:\\P") << "the nearest that is there";
+  EXPECT_EQ(chooser_.NameEdit().text(), "first.nc");
+  EXPECT_EQ(chooser_.NameEdit().selectedText(), "first.nc");
+  EXPECT_EQ(chooser_.Problem(), "");
+  chooser_.NameEdit().setText("a*b");
+  chooser_.Accept();
+  EXPECT_EQ(chooser_.Problem(), Say(Word::kNameBad));
+  Ask(0);
+  EXPECT_EQ(chooser_.Problem(), "");
+  EXPECT_EQ(chooser_.NameEdit().text(), "");
+  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kChooseFile));
+  Ask(XPLR_FOLDERMODE);
+  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kChooseFolder));
+}
+
+TEST_F(ChooserTest, WhatCannotBeChosenIsUnlit) {
+  const auto enabled = [this](int row) { return (chooser_.List().item(row)->flags() & Qt::ItemIsEnabled) != 0; };
+  const auto up = [this] { return chooser_.Keys()[0]->isEnabled(); };
+  Ask(0);
+  EXPECT_TRUE(enabled(0) && enabled(1));
+  EXPECT_TRUE(up());
+  chooser_.Enter("C:\\");
+  EXPECT_FALSE(up()) << "a drive has nothing above";
+  Ask(XPLR_LISTONLY);
+  EXPECT_FALSE(enabled(0)) << "the folder";
+  EXPECT_TRUE(enabled(1));
+  EXPECT_FALSE(up());
+  emit chooser_.List().itemClicked(chooser_.List().item(1));
+  EXPECT_EQ(chooser_.NameEdit().text(), "old.nc");
+  Ask(XPLR_FOLDERMODE);
+  EXPECT_TRUE(enabled(0));
+  EXPECT_FALSE(enabled(1)) << "the file";
+  emit chooser_.List().itemClicked(chooser_.List().item(1));
+  EXPECT_EQ(chooser_.NameEdit().text(), "");
+}
+
+TEST_F(ChooserTest, AFolderListShowsEveryFileWhateverTheFilter) {
+  FileRequest request;
+  request.folder = "C:\\P";
+  request.filter = "*.txt";
+  chooser_.Ask(request, {}, {});
+  EXPECT_EQ(chooser_.List().count(), 1);
+  request.flags = XPLR_FOLDERMODE;
+  chooser_.Ask(request, {}, {});
+  EXPECT_EQ(chooser_.List().count(), 2);
+}
+
+TEST_F(ChooserTest, AFolderIsMadeBeforeItIsHandedOver) {
+  Ask(XPLR_FOLDERMODE | XPLR_MUSTEXIST);
+  chooser_.NameEdit().setText("fresh");
+  chooser_.Accept();
+  EXPECT_EQ(got_, QStringList{"C:\\P\\fresh|fresh"});
+  EXPECT_TRUE(QFileInfo(Host("P/fresh")).isDir());
+}
+
+TEST_F(ChooserTest, TheKeyboardAloneChooses) {
+  Ask(0);
+  Key(Qt::Key_Down);
+  EXPECT_TRUE(chooser_.List().hasFocus());
+  EXPECT_EQ(chooser_.List().currentRow(), 0);
+  chooser_.List().setCurrentRow(1);
+  chooser_.NameEdit().setFocus();
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(chooser_.Stands()) << "the list hasn't the keyboard";
+  Key(Qt::Key_Up);
+  EXPECT_EQ(chooser_.List().currentRow(), 1) << "where it was";
+  chooser_.List().setCurrentRow(0);
+  Key(Qt::Key_Enter);
+  EXPECT_EQ(chooser_.Folder(), "C:\\P\\sub");
+  EXPECT_TRUE(chooser_.Stands()) << "a folder is entered only";
+  Key(Qt::Key_Backspace);
+  Key(Qt::Key_A);
+  chooser_.List().setFocus();
+  chooser_.List().setCurrentRow(1);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(got_, QStringList{"C:\\P|old.nc"});
+}
+
+TEST_F(ChooserTest, ItsKeysDoWhatTheySay) {
+  Ask(0);
+  chooser_.Keys()[0]->click();
+  EXPECT_EQ(chooser_.Folder(), "C:\\");
+  chooser_.Enter("C:\\P");
+  chooser_.NameEdit().setText("a.nc");
+  chooser_.Keys()[1]->click();
+  Ask(0);
+  chooser_.Keys()[2]->click();
+  Ask(0);
+  chooser_.NameEdit().setText("b.nc");
+  emit chooser_.NameEdit().returnPressed();
+  EXPECT_EQ(got_, (QStringList{"C:\\P|a.nc", "left", "C:\\P|b.nc"}));
+}
+
+TEST_F(ChooserTest, ATouchTakesAProblemAway) {
+  Ask(0);
+  chooser_.NameEdit().setText("a*b");
+  chooser_.Accept();
+  ASSERT_NE(chooser_.Problem(), "");
+  emit chooser_.List().itemClicked(chooser_.List().item(1));
+  EXPECT_EQ(chooser_.Problem(), "");
+  chooser_.Enter("C:\\NONE");
+  EXPECT_EQ(chooser_.Problem(), Say(Word::kFolderMissing));
+}
+
+TEST_F(ChooserTest, TabGoesRoundTheChooser) {
+  Ask(0);
+  const std::vector<QWidget*> places = {&chooser_.NameEdit(), &chooser_.List(),   chooser_.Keys()[0],
+                                        chooser_.Keys()[2],   chooser_.Keys()[1], &chooser_.NameEdit()};
+  for (QWidget* place : places) {
+    EXPECT_TRUE(place->hasFocus());
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t");
+    QCoreApplication::sendEvent(place, &tab);
+  }
+}
+
 TEST_F(ChooserTest, KeysAndRowsAreBigEnoughForAFinger) {
   const int touch = theme::TouchPixels(chooser_);
   chooser_.SetFontPixels(16);
@@ -276,6 +565,10 @@ TEST_F(ChooserTest, KeysAndRowsAreBigEnoughForAFinger) {
   for (PanelKey* key : chooser_.Keys()) EXPECT_GE(std::min(key->width(), key->height()), touch);
   EXPECT_GE(chooser_.List().visualItemRect(chooser_.List().item(0)).height(), touch);
   EXPECT_GE(chooser_.NameEdit().height(), touch);
+  EXPECT_EQ(chooser_.List().item(0)->sizeHint().height(), std::max(touch, 40));
+  chooser_.SetFontPixels(6);
+  Ask(0);
+  EXPECT_EQ(chooser_.List().item(0)->sizeHint().height(), touch);
 }
 
 TEST(EditorTest, AnInsertedBlockGoesToTheCaretAndOneStepBackUndoesIt) {

@@ -62,6 +62,253 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutAt,
                                            SizeRow{{1199, 701}, 96}, SizeRow{{1366, 768}, 120},
                                            SizeRow{{1920, 1080}, 96}, SizeRow{{1920, 1080}, 160}));
 
+struct LayoutRow {
+  bool around;  // the size is that of the tool area, else of the window
+  QSize size;
+  int touch;
+  QSize window;
+  double scale;
+  bool wide;
+  QRect status, axes, readings, modal, toolArea, sideBar, messages, mainBar, operatorKeys;
+};
+
+TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
+  for (const LayoutRow& row : {LayoutRow{false,
+                                         {800, 600},
+                                         36,
+                                         {800, 600},
+                                         1,
+                                         false,
+                                         {4, 4, 330, 40},
+                                         {4, 48, 688, 80},
+                                         {338, 4, 458, 40},
+                                         {4, 132, 688, 22},
+                                         {4, 162, 688, 264},
+                                         {696, 48, 100, 382},
+                                         {4, 434, 792, 44},
+                                         {4, 482, 792, 56},
+                                         {4, 542, 792, 54}},
+                               LayoutRow{false,
+                                         {1024, 768},
+                                         36,
+                                         {1024, 768},
+                                         1.28,
+                                         false,
+                                         {4, 4, 423, 52},
+                                         {4, 60, 884, 102},
+                                         {431, 4, 589, 52},
+                                         {4, 166, 884, 28},
+                                         {4, 202, 884, 349},
+                                         {892, 60, 128, 495},
+                                         {4, 559, 1016, 56},
+                                         {4, 619, 1016, 72},
+                                         {4, 695, 1016, 69}},
+                               LayoutRow{false,
+                                         {1199, 700},
+                                         36,
+                                         {1199, 700},
+                                         1.16667,
+                                         false,
+                                         {4, 4, 496, 47},
+                                         {4, 55, 1070, 93},
+                                         {504, 4, 691, 47},
+                                         {4, 152, 1070, 26},
+                                         {4, 186, 1070, 315},
+                                         {1078, 55, 117, 450},
+                                         {4, 509, 1191, 51},
+                                         {4, 564, 1191, 65},
+                                         {4, 633, 1191, 63}},
+                               LayoutRow{false,
+                                         {1200, 699},
+                                         36,
+                                         {1200, 699},
+                                         1.165,
+                                         false,
+                                         {4, 4, 496, 47},
+                                         {4, 55, 1071, 93},
+                                         {504, 4, 692, 47},
+                                         {4, 152, 1071, 26},
+                                         {4, 186, 1071, 314},
+                                         {1079, 55, 117, 449},
+                                         {4, 508, 1192, 51},
+                                         {4, 563, 1192, 65},
+                                         {4, 632, 1192, 63}},
+                               LayoutRow{false,
+                                         {1200, 700},
+                                         36,
+                                         {1200, 700},
+                                         1.16667,
+                                         true,
+                                         {4, 4, 1192, 47},
+                                         {4, 55, 360, 217},
+                                         {4, 276, 360, 150},
+                                         {4, 430, 360, 75},
+                                         {368, 59, 707, 442},
+                                         {1079, 55, 117, 450},
+                                         {4, 509, 1192, 51},
+                                         {4, 564, 1192, 65},
+                                         {4, 633, 1192, 63}},
+                               LayoutRow{false,
+                                         {1920, 1080},
+                                         36,
+                                         {1920, 1080},
+                                         1.6,
+                                         true,
+                                         {4, 4, 1912, 66},
+                                         {4, 74, 528, 376},
+                                         {4, 454, 528, 255},
+                                         {4, 713, 528, 105},
+                                         {536, 78, 1216, 736},
+                                         {1756, 74, 160, 744},
+                                         {4, 822, 1912, 70},
+                                         {4, 896, 1912, 90},
+                                         {4, 990, 1912, 86}},
+                               LayoutRow{false,
+                                         {2560, 1440},
+                                         36,
+                                         {2560, 1440},
+                                         1.6,
+                                         true,
+                                         {4, 4, 2552, 66},
+                                         {4, 74, 528, 592},
+                                         {4, 670, 528, 399},
+                                         {4, 1073, 528, 105},
+                                         {536, 78, 1856, 1096},
+                                         {2396, 74, 160, 1104},
+                                         {4, 1182, 2552, 70},
+                                         {4, 1256, 2552, 90},
+                                         {4, 1350, 2552, 86}},
+                               LayoutRow{false,
+                                         {800, 600},
+                                         60,
+                                         {800, 600},
+                                         1,
+                                         false,
+                                         {4, 4, 330, 56},
+                                         {4, 64, 664, 80},
+                                         {338, 4, 458, 56},
+                                         {4, 148, 664, 22},
+                                         {4, 178, 664, 222},
+                                         {672, 64, 124, 340},
+                                         {4, 408, 792, 60},
+                                         {4, 472, 792, 60},
+                                         {4, 536, 792, 60}},
+                               LayoutRow{true,
+                                         {800, 600},
+                                         36,
+                                         {912, 936},
+                                         1,
+                                         false,
+                                         {4, 4, 376, 40},
+                                         {4, 48, 800, 80},
+                                         {384, 4, 524, 40},
+                                         {4, 132, 800, 22},
+                                         {4, 162, 800, 600},
+                                         {808, 48, 100, 718},
+                                         {4, 770, 904, 44},
+                                         {4, 818, 904, 56},
+                                         {4, 878, 904, 54}},
+                               LayoutRow{true,
+                                         {1099, 560},
+                                         36,
+                                         {1211, 896},
+                                         1,
+                                         false,
+                                         {4, 4, 501, 40},
+                                         {4, 48, 1099, 80},
+                                         {509, 4, 698, 40},
+                                         {4, 132, 1099, 22},
+                                         {4, 162, 1099, 560},
+                                         {1107, 48, 100, 678},
+                                         {4, 730, 1203, 44},
+                                         {4, 778, 1203, 56},
+                                         {4, 838, 1203, 54}},
+                               LayoutRow{true,
+                                         {1100, 559},
+                                         36,
+                                         {1212, 895},
+                                         1,
+                                         false,
+                                         {4, 4, 501, 40},
+                                         {4, 48, 1100, 80},
+                                         {509, 4, 699, 40},
+                                         {4, 132, 1100, 22},
+                                         {4, 162, 1100, 559},
+                                         {1108, 48, 100, 677},
+                                         {4, 729, 1204, 44},
+                                         {4, 777, 1204, 56},
+                                         {4, 837, 1204, 54}},
+                               LayoutRow{true,
+                                         {1100, 560},
+                                         36,
+                                         {1546, 786},
+                                         1,
+                                         true,
+                                         {4, 4, 1538, 40},
+                                         {4, 48, 330, 294},
+                                         {4, 346, 330, 200},
+                                         {4, 550, 330, 66},
+                                         {338, 52, 1100, 560},
+                                         {1442, 48, 100, 568},
+                                         {4, 620, 1538, 44},
+                                         {4, 668, 1538, 56},
+                                         {4, 728, 1538, 54}},
+                               LayoutRow{true,
+                                         {300, 200},
+                                         36,
+                                         {640, 536},
+                                         1,
+                                         false,
+                                         {4, 4, 263, 40},
+                                         {4, 48, 528, 80},
+                                         {271, 4, 365, 40},
+                                         {4, 132, 528, 22},
+                                         {4, 162, 300, 200},
+                                         {536, 48, 100, 318},
+                                         {4, 370, 632, 44},
+                                         {4, 418, 632, 56},
+                                         {4, 478, 632, 54}}}) {
+    const PanelLayout layout = row.around ? LayOutAround(row.size, row.touch) : LayOutWithin(row.size, row.touch);
+    const std::string what = std::to_string(row.size.width()) + "x" + std::to_string(row.size.height());
+    EXPECT_EQ(layout.window, row.window) << what;
+    EXPECT_NEAR(layout.scale, row.scale, 0.0001) << what;
+    EXPECT_EQ(layout.wide, row.wide) << what;
+    EXPECT_EQ(Parts(layout), (std::vector<QRect>{row.status, row.readings, row.axes, row.modal, row.toolArea,
+                                                 row.sideBar, row.messages, row.mainBar, row.operatorKeys}))
+        << what;
+  }
+}
+
+TEST(LayoutTest, WhereThereIsNoRoomAPartIsEmptyAndTheToolAreaAPixel) {
+  const PanelLayout layout = LayOutWithin(QSize(640, 480), 400);
+  EXPECT_EQ(layout.toolArea.size(), QSize(1, 1));
+  EXPECT_EQ(layout.sideBar.height(), 0);
+  EXPECT_EQ(LayOutAround(QSize(0, 0), 36).toolArea.size(), QSize(1, 1));
+}
+
+struct RoomRow {
+  const char* what;
+  QRect tool;
+  QRect room;
+};
+
+TEST(RoomTest, AToolLeavesTheRoomAtItsBestSideWhereThatIsAThird) {
+  const QRect area(10, 20, 300, 300);
+  const auto corners = [](int left, int top, int right, int bottom) {
+    return QRect(QPoint(left, top), QPoint(right, bottom));
+  };
+  for (const RoomRow& row : {RoomRow{"above", {10, 220, 300, 100}, corners(10, 20, 309, 217)},
+                             RoomRow{"below", {10, 20, 300, 100}, corners(10, 122, 309, 319)},
+                             RoomRow{"at the right", {10, 20, 100, 300}, corners(112, 20, 309, 319)},
+                             RoomRow{"at the left", {210, 20, 100, 300}, corners(10, 20, 207, 319)},
+                             RoomRow{"just a third", {10, 122, 300, 198}, corners(10, 20, 309, 119)},
+                             RoomRow{"less than a third", {10, 121, 300, 199}, area},
+                             RoomRow{"beyond the area", {0, 270, 500, 500}, corners(10, 20, 309, 267)},
+                             RoomRow{"beside it", {400, 20, 10, 10}, area}, RoomRow{"all of it", area, area}}) {
+    EXPECT_EQ(RoomBeside(area, row.tool), row.room) << row.what;
+  }
+}
+
 TEST(LayoutTest, AToolAreaOfAnySizeIsGivenExactly) {
   for (const QSize size : {QSize(1, 1), QSize(100, 100), QSize(300, 1000), QSize(8000, 100), QSize(8000, 8000)}) {
     const PanelLayout layout = LayOutAround(size, 35);

@@ -8,6 +8,7 @@
 
 #include "panel/qt/files_fixture.h"
 #include "remote/settle.h"
+#include "support/text_catcher.h"
 #include "ui/file_chooser.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -24,6 +25,8 @@ class DeskTest : public FilesTest {
     folder_.Write("PROGRAMS/a.nc", "G0 X1\n");
     Listen();
     window_.show();
+    window_.activateWindow();
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   }
   std::unique_ptr<ProgramDesk> MakeDesk() {
     return std::make_unique<ProgramDesk>(editor_, chooser_, question_, Resolver(), nullptr);
@@ -82,6 +85,141 @@ TEST_F(DeskTest, ANewProgramIsAskedForItsName) {
   EXPECT_EQ(folder_.Read("PROGRAMS/b.nc"), "M30\r\n");
   EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\b.nc");
   EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\b.nc");
+}
+
+TEST_F(DeskTest, OpenTakesOnlyWhatIsThereAndSaveAsNamesWhatItReplaces) {
+  desk_->Open();
+  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kOpen));
+  chooser_.NameEdit().setText("none.nc");
+  chooser_.Accept();
+  EXPECT_EQ(chooser_.Problem(), Say(Word::kFileMissing));
+  chooser_.Leave();
+  EXPECT_TRUE(editor_.Edit().hasFocus());
+  Load("PROGRAMS\\a.nc");
+  folder_.Write("PROGRAMS/locked.nc", "x");
+  Protect("PROGRAMS/locked.nc");
+  desk_->SaveAs();
+  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kSaveAs));
+  EXPECT_EQ(chooser_.NameEdit().text(), "a.nc");
+  EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
+  chooser_.NameEdit().setText("locked");
+  chooser_.Accept();
+  EXPECT_EQ(chooser_.Problem(), Say(Word::kFileReadOnly));
+  chooser_.NameEdit().setText("a");
+  chooser_.Accept();
+  EXPECT_TRUE(chooser_.Confirm().Stands()) << "it is there, and would be replaced";
+  chooser_.Confirm().Answer(0);
+  Rest();
+  EXPECT_EQ(said_.last(), "Saved: C:\\PROGRAMS\\a.nc");
+  EXPECT_TRUE(editor_.Edit().hasFocus());
+  desk_->SaveAs();
+  chooser_.Leave();
+  EXPECT_TRUE(editor_.Edit().hasFocus());
+}
+
+TEST_F(DeskTest, TheChooserBeginsWhereTheProgramIs) {
+  folder_.Write("OTHER/b.nc", "G0");
+  Load("OTHER\\b.nc");
+  desk_->Open();
+  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
+  chooser_.Leave();
+  desk_->SaveAs();
+  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
+  chooser_.Leave();
+  desk_->New();
+  EXPECT_EQ(desk_->Path(), "");
+  desk_->SetProgramsFolder("C:\\OTHER");
+  desk_->SaveAs();
+  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
+  EXPECT_EQ(chooser_.NameEdit().text(), "");
+}
+
+TEST_F(DeskTest, AFolderThatIsNotThereGivesWayToThePrograms) {
+  (void)folder_.Folder("OTHER");
+  EXPECT_EQ(desk_->FolderOrPrograms("C:\\OTHER"), "C:\\OTHER");
+  EXPECT_EQ(desk_->FolderOrPrograms("C:\\NONE"), "C:\\PROGRAMS");
+  EXPECT_EQ(desk_->FolderOrPrograms("X:\\"), "C:\\PROGRAMS");
+  EXPECT_EQ(desk_->FolderOrPrograms(""), "C:\\PROGRAMS");
+}
+
+TEST_F(DeskTest, WhyAProgramCannotBeReadIsSaid) {
+  folder_.Write("binary.nc", std::string("G0\0M30", 6));
+  QFile huge(Host("huge.nc"));
+  ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(kMostProgramBytes + 1));
+  Load("binary.nc");
+  Load("huge.nc");
+  Load("none.nc");
+  EXPECT_EQ(said_, (QStringList{"!" + Say(Word::kNotAText, "C:\\binary.nc"), "!" + Say(Word::kTooBig, "C:\\huge.nc"),
+                                "!" + Say(Word::kCannotOpen, "C:\\none.nc")}));
+}
+
+TEST_F(DeskTest, AProgramThatCannotBeReadLeavesTheOldOneItsFile) {
+  Load("PROGRAMS\\a.nc");
+  Load("none.nc");
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\a.nc");
+  EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\a.nc");
+  EXPECT_EQ(editor_.Text(), "G0 X1\n");
+}
+
+TEST_F(DeskTest, ANewProgramHasTheKeyboardAndNoFile) {
+  Load("PROGRAMS\\a.nc");
+  chooser_.setFocus();
+  desk_->New();
+  EXPECT_TRUE(editor_.Edit().hasFocus());
+  EXPECT_EQ(editor_.Name(), "");
+  EXPECT_FALSE(desk_->CaretSpot());
+}
+
+TEST_F(DeskTest, TheHeadSaysWhatIsOnItsWay) {
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  editor_.resize(600, 300);
+  EXPECT_TRUE(pnl::test::TextsOf(editor_).contains(Say(Word::kOpening, "C:\\PROGRAMS\\a.nc")));
+  Rest();
+  EXPECT_TRUE(pnl::test::TextsOf(editor_).contains("C:\\PROGRAMS\\a.nc"));
+}
+
+TEST_F(DeskTest, TheSpotBeginsAtTheWordInWhichTheCaretStands) {
+  folder_.Write("spot.nc", "G1 X2 F9\r\nM30\r\n");
+  Load("spot.nc");
+  const struct {
+    int caret;
+    int position;
+    int span;
+  } rows[] = {{0, 0, 0}, {2, 0, 0}, {3, 0, 3}, {5, 0, 3}, {6, 0, 6}, {8, 0, 6}, {9, 10, 0}, {12, 10, 0}};
+  for (const auto& row : rows) {
+    QTextCursor caret = editor_.Edit().textCursor();
+    caret.setPosition(row.caret);
+    editor_.Edit().setTextCursor(caret);
+    ASSERT_TRUE(desk_->CaretSpot());
+    EXPECT_EQ(desk_->CaretSpot()->position, row.position) << row.caret;
+    EXPECT_EQ(desk_->CaretSpot()->span, row.span) << row.caret;
+  }
+}
+
+TEST_F(DeskTest, AProgramSavedAnewLiesAsTheControlCountsIt) {
+  folder_.Write("unix.nc", "\xEF\xBB\xBFG0\nG1\n");
+  Load("unix.nc");
+  editor_.Edit().moveCursor(QTextCursor::End);
+  EXPECT_EQ(desk_->CaretSpot()->position, 9);
+  Store("unix.nc");
+  EXPECT_EQ(desk_->CaretSpot()->position, 8) << "no mark, and two bytes at each line's end";
+}
+
+TEST_F(DeskTest, TheAnswersToChangesThatNoFileHas) {
+  editor_.Insert("G1");
+  int gone = 0;
+  desk_->AskToDiscard([&gone] { ++gone; });
+  EXPECT_EQ(question_.Text(), Say(Word::kDiscardChanges));
+  question_.Answer(1);
+  EXPECT_EQ(gone, 0);
+  EXPECT_TRUE(editor_.Edit().hasFocus());
+  desk_->AskToDiscard([&gone] { ++gone; });
+  question_.Answer(0);
+  EXPECT_EQ(gone, 1);
+  editor_.SetSaved();
+  desk_->AskToDiscard([&gone] { ++gone; });
+  EXPECT_EQ(gone, 2) << "nothing would be lost";
+  EXPECT_FALSE(question_.Stands());
 }
 
 TEST_F(DeskTest, ChangesAreNotDroppedWithoutAsking) {

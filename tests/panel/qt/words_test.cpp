@@ -39,6 +39,22 @@ TEST(ShortcutsTest, EveryActionHasItsRowInOrder) {
   for (int i = 0; i < ShortcutTable().size(); ++i) EXPECT_EQ(static_cast<int>(ShortcutTable()[i].action), i);
 }
 
+TEST(ShortcutsTest, OnlyTheOverrideGoesOnWhileItsKeyIsHeld) {
+  for (const ShortcutRow& row : ShortcutTable()) {
+    EXPECT_EQ(Repeats(row.action), row.action == Action::kOverrideDown || row.action == Action::kOverrideUp)
+        << row.keys;
+  }
+}
+
+TEST(ShortcutsTest, TheSoftKeysAreTheFunctionKeys) {
+  EXPECT_EQ(kMainKeys, 7);
+  EXPECT_EQ(kSideKeys, 6);
+  for (int slot = 0; slot < kMainKeys; ++slot) {
+    EXPECT_EQ(MainKey(slot).toString(), "F" + QString::number(slot + 1));
+    EXPECT_EQ(SideKey(slot).toString(), "Shift+F" + QString::number(slot + 1));
+  }
+}
+
 TEST(ShortcutsTest, NoKeyMeansTwoThings) {
   std::set<QString> seen;
   for (int slot = 0; slot < kMainKeys; ++slot) EXPECT_TRUE(seen.insert(MainKey(slot).toString()).second);
@@ -70,6 +86,13 @@ TEST(ShortcutsTest, ThePageAndTheTooltipsSayWhatTheTableSays) {
   EXPECT_TRUE(page.contains("| F9, Ctrl+Return, Ctrl+Enter | Start |"));
   EXPECT_TRUE(page.contains("| F1 … F7 |"));
   EXPECT_TRUE(page.contains("| Shift+F1 … Shift+F6 |"));
+  EXPECT_TRUE(page.startsWith("| keys | what |\n| --- | --- |\n| F1"));
+  for (const ShortcutRow& row : ShortcutTable()) {
+    QStringList names;
+    for (const QKeySequence& key : KeysOf(row.action)) names << key.toString();
+    EXPECT_TRUE(page.contains("| " + names.join(", ") + " | " + Say(WordOf(row.action)) + " |\n")) << row.keys;
+    EXPECT_EQ(TooltipOf(row.action), Say(row.what) + " (" + names[0] + ")");
+  }
   EXPECT_TRUE(page.contains("| Alt+W | Error window away, and back |"));
   EXPECT_EQ(page.count('\n'), 5 + ShortcutTable().size());
 }

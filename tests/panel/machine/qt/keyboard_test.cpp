@@ -401,5 +401,56 @@ TEST_F(KeyboardTest, AKeyOfAScriptActsAtOnce) {
   EXPECT_EQ(Queue(), 0u);
 }
 
+TEST_F(KeyboardTest, OfTwoCoversTheOneOnTopHasTheKeyboard) {
+  Do(Action::kErrorList);
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
+  for (QWidget* other : {Program(), static_cast<QWidget*>(&window_->ErrorsShown().List())}) {
+    other->setFocus(Qt::OtherFocusReason);
+    Settle();
+    EXPECT_TRUE(Has(&window_->Asking()));
+  }
+  window_->Asking().Answer(1);
+  Settle();
+  EXPECT_TRUE(Has(&window_->ErrorsShown()));
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
+  window_->ErrorsShown().raise();
+  window_->Focus().Restore();
+  EXPECT_TRUE(Has(&window_->ErrorsShown()));
+  window_->Asking().Answer(1);
+  Do(Action::kErrorList);
+  EXPECT_TRUE(Has(Program()));
+}
+
+TEST_F(KeyboardTest, ATouchUnderACoverTurnsToNoTool) {
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenCalculator);
+  Do(Action::kErrorList);
+  Line(PNL_TOOL_MDI)->setFocus(Qt::MouseFocusReason);
+  Settle();
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_CALCULATOR);
+  EXPECT_TRUE(Has(&window_->ErrorsShown()));
+  Do(Action::kErrorList);
+}
+
+TEST_F(KeyboardTest, AKeyOfThePanelKeepsTheKeyboardThatTabGaveIt) {
+  Do(Action::kOpenCalculator);
+  QWidget* key = window_->Keys().Key(Action::kReset);
+  key->setFocus(Qt::TabFocusReason);
+  window_->Focus().Restore();
+  EXPECT_TRUE(key->hasFocus());
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_CALCULATOR);
+}
+
+TEST_F(KeyboardTest, AnotherKeyThanEscapeAndEnterIsNeverHeldBack) {
+  Raise(Fault::kConfirm);
+  RealKey(Qt::Key_Down);
+  EXPECT_EQ(Queue(), 1u);
+  RealKey(Qt::Key_Enter);
+  EXPECT_EQ(Queue(), 1u) << "just come";
+  clock_ += 500;
+  RealKey(Qt::Key_Enter);
+  EXPECT_EQ(Queue(), 0u);
+}
+
 }  // namespace
 }  // namespace panel

@@ -4,14 +4,17 @@
 #include <gtest/gtest.h>
 #include <pnltools/rig.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTextDocument>
+#include <QTimerEvent>
 
 #include "panel/machine/qt/demo_machine.h"
+#include "panel/qt/picture.h"
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
 #include "ui/error_list.h"
@@ -328,6 +331,114 @@ TEST_F(PanelLookTest, WhatToolsShowIsPlain) {
   Do(Action::kOpenCalculator);
   for (const QChar c : QString("<b>1</b>")) Key(c.unicode(), QString(c));
   ExpectAllPlain(*window_);
+}
+
+TEST_F(PanelLookTest, ANoteOfTheListStandsAboveItsRows) {
+  window_->resize(800, 600);
+  for (int i = 0; i < 11; ++i) {
+    Push({{"number", std::int64_t{3000 + i}}, {"severity", std::int64_t{0}}, {"source", std::int64_t{12}}});
+  }
+  Do(Action::kErrorList);
+  ErrorListCover& cover = window_->ErrorsShown();
+  ASSERT_EQ(cover.Notes(), QStringList{"Flood: 11 errors in the last ten minutes"});
+  const int width = cover.width();
+  EXPECT_EQ(pnl::test::StrokesOf(cover), Pictured([&](Picture& picture) {
+              picture.Fill(cover.rect(), theme::kBackground)
+                  .Field(cover.rect(), theme::kBackground, theme::kAccent, 8)
+                  .Left({12, 0, width - 24, 32}, Say(Word::kErrorListTitle), theme::Font(18, true), theme::kText)
+                  .Field({10, 33, width - 20, 30}, theme::kAmber, theme::kAmber, 4)
+                  .Left({22, 32, width - 44, 32}, cover.Notes()[0], theme::Font(16, true), theme::kDark);
+            }));
+  EXPECT_EQ(cover.List().y(), 69);
+  EXPECT_TRUE(cover.Details().startsWith("warning 3010: ")) << cover.Details().toStdString();
+  EXPECT_EQ(cover.List().currentIndex().row(), 0);
+  const auto timers = [&cover] { return QAbstractEventDispatcher::instance()->registeredTimers(&cover); };
+  ASSERT_EQ(timers().size(), 1) << "the note goes when the flood is over, though nothing happens";
+  EXPECT_GT(timers()[0].interval, 9 * 60'000);
+  EXPECT_LE(timers()[0].interval, 10 * 60'000 + 1);
+  QTimerEvent tick(timers()[0].timerId);
+  QCoreApplication::sendEvent(&cover, &tick);
+  EXPECT_EQ(timers().size(), 1) << "the flood isn't over yet";
+  Do(Action::kErrorList);
+  EXPECT_TRUE(timers().isEmpty());
+}
+
+TEST_F(PanelLookTest, TheErrorWindowStaysWithinTheToolArea) {
+  window_->resize(1600, 900);
+  rig_.Machine()->Raise(Fault::kDriveFault);
+  Settle();
+  auto* tool = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  const QWidget& area = *window_->ToolAreaWidget();
+  const QSize size = tool->size();
+  ASSERT_LT(size.width(), area.width());
+  ASSERT_LT(size.height(), area.height());
+  for (const auto& [to, place] :
+       {std::pair(QPoint(-50, -60), QPoint(0, 0)), std::pair(QPoint(10, 20), QPoint(10, 20)),
+        std::pair(QPoint(9000, 9000), QPoint(area.width() - size.width(), area.height() - size.height()))}) {
+    tool->move(to);
+    Settle();
+    EXPECT_EQ(tool->geometry(), QRect(place, size));
+  }
+  tool->resize(area.width() + 100, area.height() + 100);
+  Settle();
+  EXPECT_EQ(tool->geometry(), area.rect());
+}
+
+TEST_F(PanelLookTest, TheProgramHasTheRoomBesideTheToolWhereverItGoes) {
+  Do(Action::kOpenCalculator);
+  auto* tool = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_CALCULATOR)));
+  const QRect area = window_->ToolAreaWidget()->rect();
+  for (const QPoint& place : {QPoint(0, 0), QPoint(area.width() - tool->width(), 0), QPoint(5, area.height() / 2)}) {
+    tool->move(place);
+    Settle();
+    EXPECT_EQ(window_->Editor().geometry(), RoomBeside(area, tool->geometry()));
+  }
+  tool->hide();
+  window_->UpdateDisplay();
+  EXPECT_EQ(window_->Editor().geometry(), area);
+}
+
+TEST_F(PanelLookTest, AChooserStepsBackForAnErrorAndComesAgain) {
+  Do(Action::kOpenProgram);
+  ASSERT_TRUE(window_->Chooser().isVisible());
+  rig_.Machine()->Raise(Fault::kDriveFault);
+  Settle();
+  EXPECT_TRUE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().isVisible());
+  EXPECT_FALSE(window_->Asking().isVisible());
+  rig_.Cnc().ClearErrors();
+  Settle();
+  EXPECT_TRUE(window_->Chooser().isVisible());
+  EXPECT_TRUE(window_->Chooser().NameEdit().hasFocus());
+  EXPECT_FALSE(window_->Asking().isVisible()) << "what nobody asked stays away";
+  window_->Chooser().Leave();
+}
+
+TEST_F(PanelLookTest, AScriptAnswersTheQuestionToCloseInTheOperatorsPlace) {
+  QStringList asked;
+  bool answer = false;
+  window_->AnswerQuestions([&](const QString& text) {
+    asked << text;
+    return answer;
+  });
+  const auto ask = [this] {
+    PnlPostMessage(session_.MainWindow(), PnlRegisterMessage("ZM_CLOSE7340"), 1, 0);
+    Settle();
+  };
+  ask();
+  EXPECT_EQ(asked, QStringList{Say(Word::kCloseAsked)});
+  EXPECT_FALSE(window_->Asking().Stands());
+  EXPECT_TRUE(window_->isVisible());
+  Push({{"number", std::int64_t{201}}, {"severity", std::int64_t{1}}, {"source", std::int64_t{12}}});
+  answer = true;
+  ask();
+  EXPECT_EQ(asked.size(), 2);
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(PanelLookTest, WithoutARequestNoChooserComes) {
+  emit op_->ChooserWanted();
+  EXPECT_FALSE(window_->Chooser().Stands());
 }
 
 }  // namespace

@@ -8,8 +8,14 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <cmath>
 
 #include "panel/machine/qt/demo_machine.h"
+#include "support/text_catcher.h"
+#include "ui/axis_display.h"
+#include "ui/error_help.h"
+#include "ui/error_list.h"
 #include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -18,6 +24,7 @@
 #include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
+#include "ui/readings.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"
@@ -196,6 +203,7 @@ TEST_F(PanelWindowTest, AToolThatDoesNotExistSaysSo) {
 TEST_F(PanelWindowTest, TheLatchedKeysFollowTheMachine) {
   Do(Action::kSingleBlock);
   EXPECT_TRUE(window_->Keys().Key(Action::kSingleBlock)->isChecked());
+  EXPECT_FALSE(window_->Keys().Key(Action::kInspect)->isChecked());
   rig_.Machine()->SingleBlock(false);
   Settle();
   EXPECT_FALSE(window_->Keys().Key(Action::kSingleBlock)->isChecked());
@@ -408,6 +416,333 @@ TEST_F(PanelWindowTest, AMessageOfAToolShowsInItsColours) {
   EXPECT_EQ(window_->Zone().Lines().at(0).back, QColor(100, 128, 44));
   EXPECT_EQ(window_->Zone().Lines().at(0).fore, QColor(Qt::black));
   rig_.Cnc().Set(u"[1].E.INSPECSTATUS", std::int64_t{0});
+}
+
+TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
+  const int touch = theme::TouchPixels(*window_);
+  for (const QSize size : {QSize(800, 600), QSize(1000, 740), QSize(1600, 900)}) {
+    window_->resize(size);
+    Settle();
+    const PanelLayout layout = LayOutWithin(size, touch);
+    EXPECT_EQ(window_->Status().geometry(), layout.status);
+    EXPECT_EQ(window_->Shown().geometry(), layout.readings);
+    EXPECT_EQ(window_->Axes().geometry(), layout.axes);
+    EXPECT_EQ(window_->ToolAreaWidget()->geometry(), layout.toolArea);
+    EXPECT_EQ(window_->SideBar().geometry(), layout.sideBar);
+    EXPECT_EQ(window_->Zone().geometry(), layout.messages);
+    EXPECT_EQ(window_->MainBar().geometry(), layout.mainBar);
+    EXPECT_EQ(window_->Keys().geometry(), layout.operatorKeys);
+    EXPECT_EQ(window_->Layout().scale, layout.scale);
+    const auto pixels = [&layout](int at800) { return static_cast<int>(std::lround(at800 * layout.scale)); };
+    EXPECT_EQ(window_->Editor().Edit().font().pixelSize(), pixels(16));
+    EXPECT_EQ(window_->Chooser().NameEdit().font().pixelSize(), pixels(16) * 9 / 8);
+    EXPECT_EQ(window_->ErrorHelpShown().Text().font().pixelSize(), pixels(16) * 9 / 8);
+    EXPECT_EQ(window_->ErrorsShown().findChild<QPlainTextEdit*>()->font().pixelSize(), pixels(16));
+    const auto letters = [](QWidget& widget, int height) {
+      const std::string expected = " " + std::to_string(height) + " px";
+      EXPECT_THAT(pnl::test::StrokesOf(widget), ::testing::Contains(::testing::HasSubstr(expected)));
+    };
+    letters(window_->Axes(), pixels(14));
+    letters(*window_->MainBar().Key(0), pixels(14));
+    letters(*window_->Keys().Key(Action::kReset), pixels(14));
+    letters(window_->Status(), pixels(14) * 5 / 4);
+    window_->Zone().Show({{"text", Qt::blue, Qt::white}});
+    letters(window_->Zone(), pixels(17));
+    window_->Asking().Ask("Really?", {"Yes"}, [](int) {});
+    letters(*window_->Asking().Key(0), pixels(16));
+    window_->Asking().Answer(0);
+  }
+}
+
+TEST_F(PanelWindowTest, ACoverLeavesTheMachinesKeysAndItsAxesFree) {
+  for (const QSize size : {QSize(800, 600), QSize(1600, 900)}) {
+    window_->resize(size);
+    Settle();
+    const PanelLayout& layout = window_->Layout();
+    const QRect cover = layout.wide
+                            ? QRect(layout.toolArea.topLeft(), QPoint(layout.sideBar.right(), layout.sideBar.bottom()))
+                            : QRect(layout.toolArea.topLeft(), layout.mainBar.bottomRight());
+    for (QWidget* widget : std::initializer_list<QWidget*>{&window_->Chooser(), &window_->Asking(),
+                                                           &window_->ErrorHelpShown(), &window_->ErrorsShown()}) {
+      EXPECT_EQ(widget->geometry(), QRect(QPoint(cover.left(), layout.wide ? layout.sideBar.top() : cover.top()),
+                                          QPoint(layout.sideBar.right(), cover.bottom())));
+    }
+    Do(Action::kErrorList);
+    EXPECT_EQ(window_->SideBar().isVisible(), layout.wide);
+    Do(Action::kErrorList);
+    EXPECT_TRUE(window_->SideBar().isVisible());
+  }
+}
+
+TEST_F(PanelWindowTest, EachActionOfThePanelDoesItsOwn) {
+  Do(Action::kCoordinates);
+  EXPECT_TRUE(window_->Axes().MachinePositions());
+  Do(Action::kCoordinates);
+  EXPECT_FALSE(window_->Axes().MachinePositions());
+  Do(Action::kMainMore);
+  EXPECT_EQ(window_->MainBar().Page(), 1);
+  Do(Action::kMainBack);
+  EXPECT_EQ(window_->MainBar().Page(), 0);
+  Do(Action::kErrorList);
+  EXPECT_TRUE(window_->ErrorsShown().Stands());
+  Do(Action::kErrorList);
+  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs}) {
+    Do(action);
+    EXPECT_TRUE(window_->Chooser().Stands());
+    EXPECT_EQ(window_->Chooser().accessibleName(), Say(action == Action::kOpenProgram ? Word::kOpen : Word::kSaveAs));
+    window_->Chooser().Leave();
+  }
+  window_->Editor().Insert("G0");
+  Do(Action::kNewProgram);
+  EXPECT_TRUE(window_->Asking().Stands());
+  window_->Asking().Answer(0);
+  EXPECT_EQ(window_->ProgramText(), "");
+}
+
+TEST_F(PanelWindowTest, TheSideKeysArePagedByTheirOwnKeys) {
+  window_->SideBar().ShowItems(std::vector<SoftKeyItem>(9, SoftKeyItem{1, "A", ""}));
+  window_->Trigger(Action::kSideMore);
+  EXPECT_EQ(window_->SideBar().Page(), 1);
+  window_->Trigger(Action::kSideBack);
+  EXPECT_EQ(window_->SideBar().Page(), 0);
+  EXPECT_EQ(window_->MainBar().Page(), 0);
+}
+
+TEST_F(PanelWindowTest, AnyCoverKeepsTheSoftKeysAtRest) {
+  const auto expectRest = [this](bool rest) {
+    EXPECT_EQ(window_->MainBar().isEnabled(), !rest);
+    EXPECT_EQ(window_->SideBar().isEnabled(), !rest);
+    window_->PressMain(0);
+    window_->PressSide(0);
+    Settle();
+    EXPECT_EQ(session_.IsToolOpen(PNL_TOOL_MDI), !rest);
+  };
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
+  expectRest(true);
+  EXPECT_FALSE(window_->Chooser().Stands());
+  window_->Asking().Answer(1);
+  Do(Action::kErrorList);
+  expectRest(true);
+  Do(Action::kOpenMdi);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI)) << "nor does a key of the keyboard";
+  Do(Action::kErrorList);
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
+  window_->Asking().Answer(1);
+  EXPECT_TRUE(window_->MainBar().isEnabled());
+  window_->PressMain(0);
+  Settle();
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_MDI));
+}
+
+TEST_F(PanelWindowTest, ThePanelsOwnKeysAreTheseInThisOrder) {
+  const auto texts = [](const std::vector<SoftKeyItem>& items) {
+    QStringList list;
+    for (const auto& item : items) list << item.text;
+    return list;
+  };
+  const auto words = [](std::initializer_list<Word> said) {
+    QStringList list;
+    for (const Word word : said) list << Say(word);
+    return list;
+  };
+  EXPECT_EQ(texts(PanelMainItems(session_, *op_)),
+            words({Word::kMdi, Word::kMdiMda, Word::kCalculator, Word::kMachiningCalculator, Word::kFiles,
+                   Word::kPlcMessages, Word::kHelp, Word::kErrorList, Word::kOpen, Word::kSave, Word::kSaveAs,
+                   Word::kNew, Word::kCoordinates, Word::kOverrideFull, Word::kDemoFaults}));
+  EXPECT_EQ(texts(PanelSideItems(session_, *op_)),
+            words({Word::kOpen, Word::kSave, Word::kNew, Word::kMdiMda, Word::kCoordinates, Word::kOverrideFull}));
+  const auto main = PanelMainItems(session_, *op_);
+  for (const auto& item : main) {
+    const auto action = ActionOfItem(item.id);
+    const bool made = ToolOfItem(item.id) < 0;
+    EXPECT_EQ(item.enabled, action ? op_->Can(*action) : made) << item.text.toStdString();
+    EXPECT_FALSE(item.checked) << item.text.toStdString();
+  }
+  EXPECT_EQ(ToolOfItem(main[3].id), PNL_TOOL_MACHINING_CALCULATOR);
+  EXPECT_EQ(ToolOfItem(main[4].id), PNL_TOOL_EXPLORER);
+  EXPECT_EQ(ToolOfItem(main[5].id), PNL_TOOL_PLC_MESSAGES);
+  EXPECT_EQ(main[14].id, kFaultsItem);
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenCalculator);
+  const auto open = PanelMainItems(session_, *op_);
+  for (std::size_t i = 0; i < open.size(); ++i) EXPECT_EQ(open[i].checked, i == 0 || i == 2) << i;
+}
+
+TEST_F(PanelWindowTest, AnItemMeansNothingBeyondItsRange) {
+  EXPECT_EQ(ActionOfItem(0), Action::kCycleStart);
+  EXPECT_EQ(ActionOfItem(static_cast<int>(Action::kCount) - 1), Action::kSideBack);
+  EXPECT_FALSE(ActionOfItem(static_cast<int>(Action::kCount)));
+  const auto faults = PanelFaultItems(*op_);
+  ASSERT_EQ(faults.size(), DemoFaults().size());
+  const int first = faults.front().id;
+  EXPECT_EQ(ToolOfItem(first), -1);
+  EXPECT_GE(ToolOfItem(first - 1), 0);
+  EXPECT_EQ(FaultOfItem(first - 1), nullptr);
+  for (std::size_t i = 0; i < faults.size(); ++i) {
+    EXPECT_EQ(FaultOfItem(faults[i].id), &DemoFaults()[i]);
+    EXPECT_EQ(faults[i].text, Say(DemoFaults()[i].word));
+    EXPECT_FALSE(faults[i].checked);
+    EXPECT_TRUE(faults[i].enabled);
+  }
+  EXPECT_EQ(FaultOfItem(faults.back().id + 1), nullptr);
+  EXPECT_EQ(ToolOfItem(1000), 0);
+  EXPECT_EQ(ToolOfItem(999), -1);
+}
+
+TEST_F(PanelWindowTest, TheZoneHasThreeLinesAndTheNewestWordIsOneOfThem) {
+  Do(Action::kOpenMdi);
+  Type("G999");
+  Do(Action::kCycleStart);
+  op_->SetHint("hint", true);
+  Settle();
+  ASSERT_EQ(window_->Zone().Lines().size(), 2u);
+  const ZoneLine error = window_->Zone().Lines()[0];
+  EXPECT_TRUE(error.strong);
+  const ZoneLine hint = window_->Zone().Lines()[1];
+  EXPECT_EQ(hint.text, "hint");
+  EXPECT_EQ(hint.back, QColor(theme::kAmber));
+  EXPECT_EQ(hint.fore, QColor(theme::kDark));
+  EXPECT_FALSE(hint.strong);
+  op_->SetHint("told");
+  Settle();
+  EXPECT_EQ(window_->Zone().Lines()[1].back, QColor(theme::kSteel));
+  EXPECT_EQ(window_->Zone().Lines()[1].fore, QColor(theme::kText));
+}
+
+TEST_F(PanelWindowTest, TheErrorToSeeIsTheNewest) {
+  for (const int number : {5, 6}) {
+    pnl::rig::ErrorSpec spec;
+    spec.fields = {{"number", std::int64_t{number}},
+                   {"severity", std::int64_t{1}},
+                   {"source", std::int64_t{12}},
+                   {"messageText", std::u16string(u" text ")}};
+    std::string problem;
+    ASSERT_TRUE(rig_.Cnc().PushError(spec, problem)) << problem;
+  }
+  Settle();
+  EXPECT_TRUE(ZoneText().startsWith("Error 6: ")) << ZoneText().toStdString();
+  EXPECT_EQ(ZoneText(), ZoneText().trimmed());
+  EXPECT_EQ(window_->Status().Errors(), 2);
+}
+
+TEST_F(PanelWindowTest, TheMachineIsShownAsItIs) {
+  Do(Action::kOpenMdi);
+  Type(QStringLiteral("G1 X%1 F1000").arg(op_->Machine().axes.at(0).position + 20));
+  Do(Action::kCycleStart);
+  Advance(300);
+  window_->UpdateDisplay();
+  const auto state = op_->Machine();
+  EXPECT_EQ(window_->Shown().Shown(), ReadingsOf(state));
+  QStringList spoken;
+  for (const auto& axis : state.axes) {
+    spoken << QString::fromStdU16String(axis.name) + " " + FormatPosition(axis.position);
+  }
+  EXPECT_EQ(window_->Axes().accessibleName(), spoken.join(", "));
+  const auto strokes = pnl::test::StrokesOf(window_->Axes());
+  const QString way = Say(Word::kToGo) + " " + FormatPosition(state.axes[0].toGo);
+  EXPECT_THAT(strokes,
+              ::testing::Contains(::testing::AllOf(::testing::HasSubstr("'" + way.toStdString() + "'"),
+                                                   ::testing::EndsWith(QColor(theme::kAmber).name().toStdString()))));
+  const QString machine = Say(Word::kMachinePosition) + " " + FormatPosition(state.axes[0].machine);
+  EXPECT_THAT(strokes, ::testing::Contains(::testing::HasSubstr("'" + machine.toStdString() + "'")));
+  Advance(10'000);
+}
+
+TEST_F(PanelWindowTest, AWindowOfOneToolAreaKeepsItUntilItGetsAnotherSize) {
+  const int touch = theme::TouchPixels(*window_);
+  window_->ResizeToolArea(QSize(0, 0));
+  Settle();
+  EXPECT_EQ(window_->ToolAreaWidget()->size(), QSize(1, 1)) << "no less than a pixel";
+  window_->ResizeToolArea(QSize(900, 650));
+  Settle();
+  EXPECT_EQ(window_->size(), LayOutAround(QSize(900, 650), touch).window);
+  EXPECT_EQ(window_->Layout().toolArea, LayOutAround(QSize(900, 650), touch).toolArea);
+  const QSize around = window_->size();
+  window_->resize(1000, 700);
+  Settle();
+  EXPECT_EQ(window_->Layout().toolArea, LayOutWithin(QSize(1000, 700), touch).toolArea);
+  window_->resize(around);
+  Settle();
+  EXPECT_EQ(window_->Layout().toolArea, LayOutWithin(around, touch).toolArea) << "it was let go";
+}
+
+TEST_F(PanelWindowTest, AFreshWindowHasRoomForAToolAreaOfTheUsualSize) {
+  EXPECT_EQ(window_->size(), LayOutAround(QSize(800, 600), theme::TouchPixels(*window_)).window);
+  EXPECT_EQ(window_->minimumSize(), kLeastWindow);
+  EXPECT_EQ(window_->windowTitle(), "pnlpanel");
+  EXPECT_TRUE(window_->testAttribute(Qt::WA_OpaquePaintEvent));
+  EXPECT_EQ(window_->property("pnlPanelArea").value<QWidget*>(), window_->ToolAreaWidget());
+  EXPECT_TRUE(window_->Editor().Edit().hasFocus());
+  EXPECT_EQ(window_->Editor().geometry(), window_->ToolAreaWidget()->rect());
+  const auto strokes = pnl::test::StrokesOf(*window_);
+  ASSERT_EQ(strokes.size(), 1u);
+  EXPECT_THAT(strokes[0], ::testing::HasSubstr(QColor(theme::kBackground).name(QColor::HexArgb).toStdString()));
+}
+
+TEST_F(PanelWindowTest, ASoftKeyOfTheKeyboardIsThatOfTheBar) {
+  EXPECT_TRUE(Shortcut(Qt::Key_F1));
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_MDI));
+  session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
+  Settle();
+  EXPECT_TRUE(Shortcut(Qt::Key_F1, Qt::ShiftModifier));
+  EXPECT_TRUE(window_->Chooser().Stands()) << "the first at the side opens a program";
+  window_->Chooser().Leave();
+  EXPECT_TRUE(Shortcut(Qt::Key_F7));
+  EXPECT_TRUE(Shortcut(Qt::Key_F6, Qt::ShiftModifier));
+}
+
+TEST_F(PanelWindowTest, AValueForTheProgramGoesToTheCaretAndLeadsThere) {
+  window_->Keys().Key(Action::kReset)->setFocus();
+  emit op_->InsertValueWanted("12.5");
+  EXPECT_EQ(window_->ProgramText(), "12.5");
+  EXPECT_TRUE(window_->Editor().Edit().hasFocus());
+  emit op_->InsertBlockWanted("G0\n");
+  EXPECT_EQ(window_->ProgramText(), "12.5G0\n");
+}
+
+TEST_F(PanelWindowTest, AForwardedEscapeCountsAndNoOtherKey) {
+  Do(Action::kOpenMdi);
+  Type("G999");
+  Do(Action::kCycleStart);
+  session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
+  Settle();
+  ASSERT_EQ(op_->Errors().size(), 1u);
+  emit op_->KeyForwarded(26);
+  emit op_->KeyForwarded(28);
+  EXPECT_EQ(op_->Errors().size(), 1u);
+  emit op_->KeyForwarded(27);
+  EXPECT_TRUE(op_->Errors().empty());
+}
+
+TEST_F(PanelWindowTest, TabLeadsThroughThePanelInOneOrder) {
+  std::vector<QWidget*> order{&window_->Editor().Edit(), &window_->Status().Indicator()};
+  for (int slot = 0; slot < kSideKeys; ++slot) order.push_back(window_->SideBar().Key(slot));
+  order.insert(order.end(), {window_->SideBar().BackKey(), window_->SideBar().MoreKey(), window_->MainBar().BackKey()});
+  for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(window_->MainBar().Key(slot));
+  order.push_back(window_->MainBar().MoreKey());
+  for (const auto& [action, key] : window_->Keys().Keys()) order.push_back(key);
+  std::vector<QWidget*> met{order[0]};
+  for (QWidget* at = order[0]->nextInFocusChain(); at != order[0]; at = at->nextInFocusChain()) {
+    if (std::find(order.begin(), order.end(), at) != order.end()) met.push_back(at);
+  }
+  EXPECT_EQ(met, order);
+}
+
+TEST_F(PanelWindowTest, ClosingLeavesTheChooserAndAsksOnce) {
+  window_->SetAsksBeforeClosing(true);
+  window_->Editor().Insert("G0");
+  EXPECT_FALSE(window_->close());
+  const QString asked = window_->Asking().Text();
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(window_->Asking().Text(), asked);
+  EXPECT_TRUE(window_->Asking().Stands()) << "the question wasn't asked anew, which would have answered it";
+  window_->Asking().Answer(1);
+  window_->Editor().SetSaved();
+  Do(Action::kOpenProgram);
+  ASSERT_TRUE(window_->Chooser().Stands());
+  EXPECT_TRUE(window_->close());
+  EXPECT_FALSE(window_->Chooser().Stands());
 }
 
 }  // namespace
