@@ -302,35 +302,6 @@ TEST_F(HostSessionTest, ToolsChangeWhenOneIsMadeOpensTurnsOrCloses) {
   EXPECT_EQ(told(), 1);
 }
 
-TEST_F(HostSessionTest, AMessageLineIsKeptUntilItIsCleared) {
-  constexpr int kNewItem = 32773;
-  const QObject here;  // who listens during the test
-  int shown = 0;
-  int cleared = 0;
-  int changes = 0;
-  QObject::connect(&session_, &HostSession::MessagesChanged, &here, [&changes] { ++changes; });
-  QObject::connect(&session_, &HostSession::Called, &here, [&](const HostCall& call) {
-    if (call.slot != 7) return;
-    const QVariantMap message = call.args.value(1).toMap();
-    const auto kept = session_.Messages().find(message["line"].toInt());
-    EXPECT_EQ(kept == session_.Messages().end(), message["text"].toString().isEmpty());
-    ++(kept == session_.Messages().end() ? cleared : shown);
-    if (kept == session_.Messages().end()) return;
-    EXPECT_EQ(kept->second.text, message["text"].toString());
-    EXPECT_EQ(kept->second.back, message["back"].toUInt());
-    EXPECT_EQ(kept->second.fore, message["fore"].toUInt());
-    EXPECT_NE(kept->second.fore, kept->second.back);
-  });
-  const PnlWindow mdi = Mdi();
-  Command(mdi, kOpen);
-  Command(mdi, kSwitchRole);
-  PnlSendMessage(mdi, PNL_MSG_COMMAND, kNewItem, 0);
-  Command(mdi, kClose);
-  EXPECT_GT(shown, 0);
-  EXPECT_GT(cleared, 0);
-  EXPECT_EQ(changes, shown + cleared);
-}
-
 class FocusInHost : public HostSessionTest {
  protected:
   FocusInHost() {
