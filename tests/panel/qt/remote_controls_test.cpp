@@ -443,5 +443,27 @@ TEST_F(RemoteMethods, AnUnknownMethodIsNamedByItsFirstHundredLetters) {
   EXPECT_EQ(Ask(QString(100, 'n'), "{}"), "-32601 method: there is no \"" + std::string(100, 'n') + "\"");
 }
 
+TEST_F(RemoteMethods, AMenuIsToldItemByItemAsTheToolHasIt) {
+  ASSERT_NE(session.LoadTool(PNL_TOOL_CALCULATOR, session.ToolArea()), 0);
+  const std::uint32_t menu = session.MainMenu();
+  const QJsonArray told = Reply("ui.menu", R"({"bar":"main"})")["result"].toArray();
+  ASSERT_GT(told.size(), 0);
+  ASSERT_EQ(told.size(), PnlMenuItemCount(menu));
+  QJsonArray visible;
+  for (int i = 0; i < told.size(); ++i) {
+    PnlMenuItem item{};
+    ASSERT_NE(PnlMenuItemAt(menu, i, &item), 0);
+    const QJsonObject row = told[i].toObject();
+    EXPECT_EQ(row["id"].toInt(), item.id);
+    EXPECT_EQ(row["text"].toString(), QString::fromUtf16(item.text));
+    EXPECT_EQ(row["enabled"].toBool(), item.enabled != 0);
+    EXPECT_EQ(row["visible"].toBool(), item.visible != 0);
+    EXPECT_EQ(row["bitmap"].toInt(), item.bitmap);
+    EXPECT_EQ(row["items"].toArray().size(), item.subMenu == 0 ? 0 : PnlMenuItemCount(item.subMenu));
+    if (item.visible != 0) visible.append(item.id);
+  }
+  EXPECT_EQ(VisibleItemIds(menu), QJsonValue(visible));
+}
+
 }  // namespace
 }  // namespace panel
