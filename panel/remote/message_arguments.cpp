@@ -97,6 +97,7 @@ std::intptr_t MessageArguments::KeepObject(Params& params, const QString& name, 
     Params start(object.Object(key), name + ".start.");
     const auto channel = static_cast<std::int8_t>(start.Integer("channel", -128, 127));
     address = AddressOf(starts_.emplace_back(PnlCycleStart{0, channel, {}}));
+    params.Adopt(object);
     params.Adopt(start);
   } else if (key == "file") {
     Params file(object.Object(key), name + ".file.");

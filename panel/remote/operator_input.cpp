@@ -23,25 +23,33 @@ namespace panel {
 
 namespace {
 
+constexpr char kRaised[] = "pnlRaised";
+constexpr char kLimit[] = "pnlLimit";
+
 /// Lets a text past the edit's limit. The limit comes back as soon as the text fits it again: setting it at once would
-/// cut the text.
+/// cut the text. Until then "pnlLimit" tells what it is.
 void RaiseLimit(QLineEdit* edit, qsizetype length) {
   const int limit = edit->maxLength();
   if (length <= limit) return;
   edit->setMaxLength(static_cast<int>(length));
+  // Who raised it first gives it back; this limit is only the length of a text.
+  if (edit->property(kRaised).isValid()) return;
+  edit->setProperty(kRaised, true);
+  const bool told = edit->property(kLimit).isValid();
+  if (!told) edit->setProperty(kLimit, limit);
   auto connection = std::make_shared<QMetaObject::Connection>();
-  *connection = QObject::connect(edit, &QLineEdit::textChanged, edit, [edit, limit, connection](const QString& text) {
+  const auto giveBack = [edit, limit, told, connection](const QString& text) {
     if (text.size() > limit) return;
     QObject::disconnect(*connection);
     edit->setMaxLength(limit);
-  });
+    edit->setProperty(kRaised, QVariant());
+    if (!told) edit->setProperty(kLimit, QVariant());
+  };
+  *connection = QObject::connect(edit, &QLineEdit::textChanged, edit, giveBack);
 }
 
 void TypeOverLine(QLineEdit* edit, const QString& text) {
   const QPointer<QLineEdit> alive(edit);
-  if (edit->property("pnlLimit").isValid() == false && edit->maxLength() < text.size()) {
-    edit->setProperty("pnlLimit", edit->maxLength());
-  }
   RaiseLimit(edit, text.size());
   edit->setText(text);
   if (alive) emit edit->textEdited(edit->text());

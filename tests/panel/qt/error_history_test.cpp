@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "ui/error_list_model.h"
 #include "ui/words.h"
 
@@ -284,6 +286,85 @@ TEST_F(ErrorHistoryTest, NotesTellWhatWasLeftOut) {
   EXPECT_EQ(NotesOf(history_).last(), Say(Word::kErrorsLeftOutStanding).arg("1", "1"));
   Leave(Error(0), first, Fate::kCleared);
   EXPECT_EQ(NotesOf(history_).last(), Say(Word::kErrorsLeftOut, "1"));
+}
+
+TEST_F(ErrorHistoryTest, EveryWordAboutAnErrorIsANewRevision) {
+  std::set<std::int64_t> revisions{history_.Revision()};
+  const auto serial = Raise(Error(1));
+  revisions.insert(history_.Revision());
+  Leave(Error(1), serial, Fate::kCleared);
+  revisions.insert(history_.Revision());
+  EXPECT_EQ(revisions.size(), 3u);
+}
+
+TEST_F(ErrorHistoryTest, ARowHasOneNumberForAsLongAsItIsThere) {
+  Raise(Error(1));
+  const auto first = Front().id;
+  Raise(Error(2));
+  EXPECT_NE(Front().id, first);
+  Raise(Error(1));
+  EXPECT_EQ(Front().id, first);
+  EXPECT_EQ(Front().error.serial, serial_) << "the last one";
+}
+
+TEST_F(ErrorHistoryTest, AnErrorThatFoundNoPlaceHasARowOfItsOwnWhenItComesAgain) {
+  for (int i = 0; i <= 200; ++i) Raise(Error(i));
+  const auto lost = Raise(Error(0));
+  EXPECT_EQ(Front().error.number, 0);
+  EXPECT_EQ(Front().times, 1);
+  EXPECT_EQ(history_.Left(), 2);
+  Leave(Error(0), lost, Fate::kCleared);
+  EXPECT_EQ(Front().cleared, 1);
+  EXPECT_EQ(history_.LeftStanding(), 2);
+}
+
+TEST_F(ErrorHistoryTest, ErrorsOfOneSecondLeaveTheFloodTogetherAndThoseOfAnotherLater) {
+  for (int i = 0; i < 6; ++i) Raise(Error(1));
+  const ErrorTime first = now_;
+  now_ += std::chrono::milliseconds(999);
+  for (int i = 0; i < 6; ++i) Raise(Error(1));
+  EXPECT_EQ(history_.Flood(), 12);
+  EXPECT_EQ(history_.FloodEnd(), first + minutes(10)) << "one second, one end";
+  now_ = first + seconds(1);
+  for (int i = 0; i < 11; ++i) Raise(Error(1));
+  EXPECT_EQ(history_.Flood(), 23);
+  EXPECT_EQ(history_.FloodEnd(), first + seconds(1) + minutes(10));
+  now_ = first + minutes(10);
+  EXPECT_EQ(history_.Flood(), 11);
+  EXPECT_EQ(history_.FloodEnd(), first + seconds(1) + minutes(10));
+  Raise(Error(1));
+  EXPECT_EQ(history_.Flood(), 12) << "what is over counts no more";
+}
+
+TEST_F(ErrorHistoryTest, AClockThatIsSetBackEndsNoFlood) {
+  for (int i = 0; i < 11; ++i) Raise(Error(1));
+  const ErrorTime first = now_;
+  now_ -= minutes(60);
+  EXPECT_EQ(history_.Flood(), 11);
+  EXPECT_EQ(history_.FloodEnd(), first + minutes(10));
+  EXPECT_EQ(Front().last, first);
+}
+
+TEST_F(ErrorHistoryTest, ErrorsWhoseFieldsRunIntoOneAnotherAreNotEqual) {
+  Summary one = Error(1);
+  one.channel = 12;
+  Summary other = Error(11);
+  other.channel = 2;
+  Raise(one);
+  Raise(other);
+  one.module = u"ab";
+  one.text = u"c";
+  other = one;
+  other.module = u"a";
+  other.text = u"bc";
+  Raise(one);
+  Raise(other);
+  one.parameters = {u"ab"};
+  other = one;
+  other.parameters = {u"a", u"b"};
+  Raise(one);
+  Raise(other);
+  EXPECT_EQ(history_.Rows().size(), 6u);
 }
 
 }  // namespace

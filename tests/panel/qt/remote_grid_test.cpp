@@ -9,6 +9,7 @@
 
 #include "panel/qt/remote_fixture.h"
 #include "remote/item_roles.h"
+#include "remote/settle.h"
 
 namespace panel {
 namespace {
@@ -109,6 +110,118 @@ TEST_F(RemoteGrid, TellsChoosesAndOpensNodes) {
   EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":["C:","P108"])"), "{}");
   EXPECT_EQ(tree->currentIndex().data().toString(), "P108");
   EXPECT_FALSE(tree->hasFocus());
+}
+
+TEST_F(RemoteGrid, TellsTheColumnByWhichItIsSortedAndWhetherACellIsEdited) {
+  grid->horizontalHeader()->setSortIndicatorShown(true);
+  grid->horizontalHeader()->setSortIndicator(1, Qt::AscendingOrder);
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("sort":1)"), std::string::npos);
+  face.panel.activateWindow();
+  Settle();
+  grid->setFocus();
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("editing":false)"), std::string::npos);
+  grid->setCurrentIndex(model.index(0, 0));
+  grid->edit(model.index(0, 0));
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("current":[1,0],"editing":true)"), std::string::npos);
+}
+
+TEST_F(RemoteGrid, CellsOfOneKindAreCheckedOrEditedAndTheOthersRefused) {
+  // Only the text of the first row can be edited, only its mark can be set.
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"text":"x")"), "-32602 text: the cell is read-only");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":2,"col":1,"checked":true)"), "-32602 checked: the cell has no check");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"checked":1)"), "-32602 checked: true or false is needed");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0)"), "-32602 text: missing");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":3,"col":0,"text":"x")"), "-32602 row: there is no such row");
+  model.item(0, 1)->setCheckState(Qt::Unchecked);
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"checked":true)"), "{}");
+  EXPECT_EQ(model.item(0, 1)->checkState(), Qt::Checked);
+  EXPECT_EQ(model.item(0, 0)->text(), "steel");
+}
+
+TEST_F(RemoteGrid, WhatIsTypedTakesThePlaceOfTheOldText) {
+  int changes = 0;
+  QObject::connect(&model, &QStandardItemModel::itemChanged, [&changes] { ++changes; });
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"text":"")"), "{}");
+  EXPECT_EQ(model.item(0, 0)->text(), "");
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(grid->currentIndex(), model.index(0, 0));
+  grid->setEditTriggers(QAbstractItemView::AllEditTriggers);
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"text":"inox")"), "{}");
+  EXPECT_EQ(model.item(0, 0)->text(), "inox") << "its editor opens as the cell is chosen";
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(RemoteGrid, RowsAreChosenToTheLastAndInBothDirections) {
+  const QModelIndex before = model.index(0, 1);
+  grid->setCurrentIndex(before);
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":0,"col":0)"),
+            "-32602 row: an integer from 1 to 2147483647 is needed");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":-1)"),
+            "-32602 col: an integer from 0 to 2147483647 is needed");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1)"), "-32602 col: missing");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"col":1)"), "-32602 row: missing");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0,"toRow":3)"),
+            "-32602 toRow: an integer from 1 to 2 is needed");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0,"toRow":0)"),
+            "-32602 toRow: an integer from 1 to 2 is needed");
+  EXPECT_EQ(grid->currentIndex(), before) << "nothing was chosen";
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":2,"col":1,"toRow":1)"), "{}");
+  EXPECT_EQ(grid->currentIndex(), model.index(1, 1));
+  EXPECT_EQ(grid->selectionModel()->selectedIndexes().size(), 4);
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":2,"col":1,"toRow":2)"), "{}");
+  EXPECT_EQ(grid->selectionModel()->selectedRows(), QModelIndexList{model.index(1, 0)});
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0)"), "{}");
+  EXPECT_EQ(grid->selectionModel()->selectedIndexes(), QModelIndexList{model.index(0, 0)}) << "a cell alone";
+}
+
+TEST_F(RemoteGrid, AGridWithoutRowsHasItsHeaderAlone) {
+  model.removeRows(0, 2);
+  EXPECT_EQ(Grid("ui.grid", R"("id":7)"),
+            R"({"cells":[["Name","On"]],"cols":2,"current":[0,-1],"editing":false,"readOnly":[[true,true]],)"
+            R"("rowState":[0],"rows":1,"sort":-1})");
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":7,"row":1,"col":0)"), "-32602 row: there is no such row");
+}
+
+TEST_F(RemoteGrid, EveryMethodOfAGridRefusesATreeAndTheOtherWayRound) {
+  EXPECT_EQ(Grid("ui.grid.select", R"("id":8,"row":1,"col":0)"), "-32602 id: the control is no grid");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":8,"row":1,"col":0,"text":"")"), "-32602 id: the control is no grid");
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":7,"path":["C:"])"), "-32602 id: the control is no tree");
+  EXPECT_EQ(Grid("ui.tree.expand", R"("id":7,"path":["C:"])"), "-32602 id: the control is no tree");
+  EXPECT_EQ(Grid("ui.tree.expand", R"("id":8)"), "-32602 path: missing");
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":["P108"])"), "-32602 path: there is no \"P108\"");
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":[])"), "-32602 path: at least one text is needed");
+  EXPECT_FALSE(tree->currentIndex().isValid());
+}
+
+TEST_F(RemoteGrid, OfNodesWithOneNameTheFirstIsChosenAndTellsThatItIs) {
+  auto* second = new QStandardItem("D:");
+  for (int i = 0; i < 2; ++i) second->appendRow(new QStandardItem("same"));
+  nodes.appendRow(second);
+  EXPECT_EQ(Grid("ui.tree.select", R"("id":8,"path":["D:","same"])"), "{}");
+  EXPECT_EQ(tree->currentIndex(), second->child(0)->index());
+  EXPECT_EQ(Grid("ui.tree.expand", R"("id":8,"path":["D:"])"), "{}");
+  const QJsonArray told = Reply("ui.tree", "{" + window + R"(,"id":8})")["result"].toArray();
+  ASSERT_EQ(told.size(), 2);
+  EXPECT_EQ(told[0].toObject()["expanded"], false);
+  EXPECT_EQ(told[1].toObject()["expanded"], true);
+  EXPECT_EQ(told[1].toObject()["kind"], QJsonValue(QJsonValue::Null));
+  const QJsonArray children = told[1].toObject()["children"].toArray();
+  ASSERT_EQ(children.size(), 2);
+  EXPECT_EQ(children[0].toObject()["selected"], true);
+  EXPECT_EQ(children[1].toObject()["selected"], false);
+}
+
+TEST_F(RemoteGrid, ATreeIsToldToItsTwoHundredAndFiftySeventhLevel) {
+  QStandardItem* deep = nodes.item(0);
+  for (int i = 0; i < 300; ++i) {
+    auto* child = new QStandardItem("x");
+    deep->insertRow(0, child);
+    deep = child;
+  }
+  QJsonArray level = Reply("ui.tree", "{" + window + R"(,"id":8})")["result"].toArray();
+  int levels = 0;
+  for (; !level.isEmpty(); level = level[0].toObject()["children"].toArray()) ++levels;
+  EXPECT_EQ(levels, 257);
 }
 
 }  // namespace

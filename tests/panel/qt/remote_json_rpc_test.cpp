@@ -173,5 +173,99 @@ TEST(LineCutter, ALongLineIsAParseErrorWithoutId) {
   EXPECT_TRUE(reply["id"].isNull());
 }
 
+TEST_F(JsonRpc, EveryBadRequestIsToldWhatIsWrongWithIt) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"5", "a request is an object"},
+      {"\"echo\"", "a request is an object"},
+      {"[]", "the batch is empty"},
+      {"{}", "method: a text is needed"},
+      {R"({"id":{},"method":"echo"})", "id: a number, a text or null is needed"},
+      {R"({"id":1,"jsonrpc":"1.0","method":"echo"})", "jsonrpc: \"2.0\" is needed"},
+      {R"({"id":1,"jsonrpc":2.0,"method":"echo"})", "jsonrpc: \"2.0\" is needed"},
+      {R"({"id":1,"method":7})", "method: a text is needed"},
+      {R"({"id":1,"method":"echo","params":7})", "params: an object is needed"},
+      {R"({"id":1,"method":"echo","params":[1]})", "params: an object with names is needed"}};
+  for (const auto& [line, text] : rows) {
+    const QJsonObject reply = QJsonDocument::fromJson(Answer(line)).object();
+    EXPECT_EQ(reply["error"].toObject()["message"], text) << line;
+    EXPECT_EQ(reply["jsonrpc"], "2.0") << line;
+  }
+  EXPECT_TRUE(Answer("{\"id\":1,").contains(" at byte "));
+  EXPECT_TRUE(called.isEmpty());
+}
+
+TEST_F(JsonRpc, AWrongRequestIsAnsweredEvenWithoutAnId) {
+  EXPECT_EQ(Answer(R"({"jsonrpc":"2.0"})"),
+            R"({"error":{"code":-32600,"message":"method: a text is needed"},"id":null,"jsonrpc":"2.0"})");
+}
+
+TEST_F(JsonRpc, EveryRequestOfABatchThatIsNoneIsRefusedByItself) {
+  EXPECT_EQ(Answer("[1,{\"id\":2,\"method\":\"echo\"}]"),
+            R"([{"error":{"code":-32600,"message":"a request is an object"},"id":null,"jsonrpc":"2.0"},)"
+            R"({"id":2,"jsonrpc":"2.0","result":{}}])");
+}
+
+TEST_F(JsonRpc, ABatchOfAThousandIsAnsweredWhole) {
+  QByteArray line = "[1";
+  for (qsizetype i = 1; i < kLongestBatch; ++i) line += ",1";
+  EXPECT_EQ(QJsonDocument::fromJson(Answer(line + "]")).array().size(), 1000);
+  EXPECT_EQ(Answer(line + ",1]"),
+            R"({"error":{"code":-32600,"message":"a batch holds at most 1000 requests"},"id":null,"jsonrpc":"2.0"})");
+}
+
+TEST_F(JsonRpc, ABatchWhoseRepliesGrowTooLongIsAnsweredWithoutBeingCarriedOut) {
+  const QString megabyte(1 << 20, 'x');
+  int calls = 0;
+  QByteArray line = "[";
+  for (int i = 0; i < 20; ++i) line += (i == 0 ? "" : ",") + QByteArray(R"({"id":1,"method":"long"})");
+  const QByteArray reply = AnswerLine(line + R"(,{"method":"notified"}])", [&](const QString&, const QJsonObject&) {
+    ++calls;
+    return RpcResult(QJsonValue(megabyte));
+  });
+  EXPECT_EQ(calls, 16) << "each reply is a little more than its text";
+  const QJsonArray replies = QJsonDocument::fromJson(reply).array();
+  ASSERT_EQ(replies.size(), 20);
+  EXPECT_EQ(replies[15].toObject()["result"].toString().size(), megabyte.size());
+  EXPECT_EQ(replies[16].toObject()["error"].toObject()["message"], "the replies to this batch are too long");
+  EXPECT_EQ(replies[19].toObject()["id"], 1);
+}
+
+TEST(LineCutter, EmptyLinesInARowAreLines) {
+  LineCutter cutter;
+  cutter.Feed("a\n\n\nb\n");
+  EXPECT_EQ(Lines(cutter), QStringList({"a", "", "", "b"}));
+}
+
+TEST(LineCutter, TheRestAtTheLimitPassesAndALongerOneIsEmpty) {
+  LineCutter cutter(4);
+  cutter.Feed("1234");
+  EXPECT_TRUE(Lines(cutter).isEmpty());
+  auto rest = cutter.Rest();
+  ASSERT_TRUE(rest.has_value());
+  EXPECT_FALSE(rest->tooLong);
+  EXPECT_EQ(rest->bytes, "1234");
+  EXPECT_FALSE(cutter.Rest().has_value()) << "it was taken";
+  cutter.Feed("12345");
+  rest = cutter.Rest();
+  ASSERT_TRUE(rest.has_value());
+  EXPECT_TRUE(rest->tooLong);
+  EXPECT_EQ(rest->bytes, "");
+  cutter.Feed("\nab\n");
+  EXPECT_EQ(Lines(cutter), QStringList({"", "ab"}));
+}
+
+TEST(LineCutter, TheEndOfALineOverTheLimitIsNoLine) {
+  LineCutter cutter(4);
+  cutter.Feed("123456");
+  EXPECT_TRUE(Lines(cutter).isEmpty());
+  cutter.Feed("7\n8");
+  EXPECT_EQ(Lines(cutter), QStringList{"<too long>"});
+  EXPECT_EQ(cutter.Rest()->bytes, "8");
+}
+
+TEST(LineCutter, ALongLineIsToldItsLimit) {
+  EXPECT_TRUE(AnswerTooLong().contains("a line holds at most 16777216 bytes"));
+}
+
 }  // namespace
 }  // namespace panel

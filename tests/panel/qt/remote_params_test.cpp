@@ -132,5 +132,87 @@ TEST(JsonValues, AVariableTakesOnlyValuesOfItsType) {
   EXPECT_FALSE(FromJson(QJsonValue(4), VariableType::kText).has_value());
 }
 
+TEST(Params, AReaderTakesTheEndsOfItsRange) {
+  Params params = Make(R"({"a":-2147483648,"b":2147483647,"c":0,"d":18,"n":[0,9],"m":[-1,1]})");
+  EXPECT_EQ(params.Int("a"), -2147483647 - 1);
+  EXPECT_EQ(params.Int("b"), 2147483647);
+  EXPECT_EQ(params.Integer("c", 0, 18), 0);
+  EXPECT_EQ(params.Integer("d", 0, 18), 18);
+  EXPECT_EQ(params.Integers("n", 0, 9), QList<int>({0, 9}));
+  ASSERT_FALSE(params.Problem().has_value());
+  EXPECT_EQ(params.Integers("m", 0, 9), QList<int>());
+  EXPECT_TRUE(params.Problem().has_value());
+}
+
+TEST(Params, WhatIsWrongIsReadAsSomethingHarmless) {
+  Params params = Make(R"({"a":99,"b":"x","c":"x"})");
+  EXPECT_EQ(params.Integer("a", 2, 5), 2);
+  EXPECT_EQ(params.Integer("a", 2, 5, 3), 3);
+  EXPECT_EQ(params.Integer("absent", 2, 5), 2);
+  EXPECT_FALSE(params.Bool("b"));
+  EXPECT_FALSE(params.Bool("absent"));
+  EXPECT_EQ(params.Choice("c", {"main", "side"}), "main");
+  EXPECT_EQ(params.Choice("absent", {"main", "side"}), "main");
+  EXPECT_TRUE(params.Object("absent").isEmpty());
+  EXPECT_TRUE(params.Texts("absent").isEmpty());
+}
+
+TEST(Params, APresentOneIsReadWhateverItsFallback) {
+  Params params = Make(R"({"i":1,"b":false,"t":"x","c":"main","l":[7],"s":["a","b"]})");
+  EXPECT_EQ(params.Int("i", 7), 1);
+  EXPECT_FALSE(params.Bool("b", true));
+  EXPECT_EQ(params.Text("t", "y"), "x");
+  EXPECT_EQ(params.Choice("c", {"main", "side"}, "side"), "main");
+  EXPECT_EQ(params.List("l", QJsonArray()), QJsonArray{7});
+  EXPECT_EQ(params.Texts("s", QStringList{"z"}), QStringList({"a", "b"}));
+  EXPECT_FALSE(params.Problem().has_value());
+}
+
+TEST(Params, EveryReaderMissesWhatHasNoFallback) {
+  const std::pair<const char*, std::function<void(Params&)>> readers[] = {
+      {"int", ReadInt},           {"small", ReadSmall},
+      {"text", ReadText},         {"choice", ReadChoice},
+      {"list", ReadList},         {"object", ReadObject},
+      {"integers", ReadIntegers}, {"texts", ReadTexts},
+      {"file", ReadFile},         {"bool", [](Params& params) { (void)params.Bool("a"); }}};
+  for (const auto& [name, read] : readers) {
+    Params params = Make("{}");
+    read(params);
+    EXPECT_EQ(params.Problem().value_or(RpcError()).text, "a: missing") << name;
+  }
+}
+
+TEST(Params, APresentNullIsThere) {
+  const Params params = Make(R"({"a":null,"b":1})");
+  EXPECT_TRUE(params.Has("a"));
+  EXPECT_TRUE(params.IsNull("a"));
+  EXPECT_FALSE(params.IsNull("b"));
+  EXPECT_FALSE(params.Has("c"));
+  EXPECT_TRUE(params.Raw("c").isUndefined());
+}
+
+TEST(Params, AnInnerProblemIsTakenOverOnlyWhereThereIsNone) {
+  Params params = Make("{}");
+  Params good(QJsonObject(), "x.");
+  params.Adopt(good);
+  EXPECT_FALSE(params.Problem().has_value());
+  params.Fail("first", "wrong");
+  Params bad(QJsonObject(), "x.");
+  (void)bad.Int("second");
+  params.Adopt(bad);
+  EXPECT_EQ(params.Problem()->text, "first: wrong");
+}
+
+TEST(JsonValues, TheEndsOfAVariablesRangeAreTaken) {
+  EXPECT_EQ(std::get<std::int64_t>(*FromJson(QJsonValue(2147483647), VariableType::kInt)), 2147483647);
+  EXPECT_EQ(std::get<std::int64_t>(*FromJson(QJsonValue(-2147483648.0), VariableType::kInt)), -2147483648LL);
+  EXPECT_FALSE(FromJson(QJsonValue(2147483648.0), VariableType::kInt).has_value());
+  EXPECT_FALSE(FromJson(QJsonValue(-2147483649.0), VariableType::kInt).has_value());
+  EXPECT_FALSE(FromJson(QJsonValue("4"), VariableType::kDouble).has_value());
+  EXPECT_EQ(std::get<std::u16string>(*FromJson(QJsonValue("4"), VariableType::kText)), u"4");
+  EXPECT_TRUE(std::holds_alternative<std::monostate>(*FromJson(QJsonValue(QJsonValue::Null))));
+  EXPECT_FALSE(FromJson(QJsonValue(QJsonArray())).has_value());
+}
+
 }  // namespace
 }  // namespace panel

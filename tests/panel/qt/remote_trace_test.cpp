@@ -143,5 +143,96 @@ TEST(MessageNames, KnowWhichArgumentsAreAddresses) {
   EXPECT_EQ(AddressesOf(*MessageNumber("HELPHTML_GOTOMANUAL"), 0).first, AddressKind::kText);
 }
 
+TEST_F(Trace, WhatStaysAfterATakeStillCountsAndWhatWasTakenDoesNot) {
+  const std::u16string line(1u << 20, u'x');
+  const auto boxes = [&](int count) {
+    for (int i = 0; i < count; ++i) log.Box(u"T", line, "info", "ok");
+  };
+  boxes(20);
+  EXPECT_EQ(log.Take({"host"}).size(), 0);
+  boxes(20);
+  QJsonArray events = log.Take({"box"});
+  EXPECT_EQ(events.at(0).toObject()["kind"], "lost") << "40 are too many together";
+  boxes(20);
+  events = log.Take({"box"});
+  EXPECT_EQ(events.size(), 20) << "and 20 are not";
+  EXPECT_EQ(events.at(0).toObject()["kind"], "box");
+}
+
+TEST_F(Trace, EventsAreBoundedByTheSizeOfWhatIsInTheirLists) {
+  const std::vector<Value> args{Value(std::u16string(1u << 20, u'x'))};
+  for (int i = 0; i < 50; ++i) log.Cnc("MDILine", args, Value(std::int64_t{0}));
+  EXPECT_EQ(log.Take({"cnc"}).at(0).toObject()["kind"], "lost");
+}
+
+TEST_F(Trace, ASlotThatIsNoneHasNoName) {
+  for (const int slot : {-1, kSlotCount}) log.Host({slot, {}});
+  log.Host({0, {1}});
+  log.Host({kSlotCount - 1, {}});
+  EXPECT_EQ(Take(),
+            "{\"args\":[],\"kind\":\"host\",\"name\":\"\",\"slot\":-1}\n"
+            "{\"args\":[],\"kind\":\"host\",\"name\":\"\",\"slot\":19}\n"
+            "{\"args\":[1],\"kind\":\"host\",\"name\":\"HostMayOpenTool\",\"slot\":0}\n"
+            "{\"args\":[],\"kind\":\"host\",\"name\":\"HostOpenMachiningCalculator\",\"slot\":18}\n");
+}
+
+TEST_F(Trace, OnlyTheMenuOfASetBarIsOne) {
+  log.Host({4, {6, 0u}});
+  log.Host({5, {6, 0}});
+  EXPECT_EQ(Take(),
+            "{\"args\":[6,null],\"kind\":\"host\",\"name\":\"HostSetSideMenu\",\"slot\":4}\n"
+            "{\"args\":[6,0],\"kind\":\"host\",\"name\":\"HostUpdateMainMenu\",\"slot\":5}\n");
+  EXPECT_TRUE(VisibleItemIds(0).isNull());
+}
+
+TEST_F(Trace, OnlyANoticeOfTheChannelCarriesARecord) {
+  const PnlToolNotify record{2, 9};
+  const auto address = reinterpret_cast<std::intptr_t>(&record);
+  const auto second = [&](std::uint32_t message, std::intptr_t first, std::intptr_t argument) -> QJsonValue {
+    log.MessageToHost(session.ToolArea(), message, first, argument);
+    return log.Take({"message"}).at(0).toObject()["second"];
+  };
+  EXPECT_EQ(second(PNL_MSG_TOOL_NOTIFY, 41, address), QJsonValue(QJsonObject{{"channel", 2}, {"window", 9}}));
+  EXPECT_EQ(second(PNL_MSG_TOOL_NOTIFY, 42, address), QJsonValue(QJsonObject{{"channel", 2}, {"window", 9}}));
+  EXPECT_EQ(second(PNL_MSG_TOOL_NOTIFY, 42, 0), 0);
+  EXPECT_EQ(second(PNL_MSG_TOOL_NOTIFY, 40, 5), 5);
+  EXPECT_EQ(second(PNL_MSG_TOOL_NOTIFY, 43, 5), 5);
+  EXPECT_EQ(second(PNL_MSG_TOOL_COMMAND, 41, 5), 5);
+}
+
+TEST(MessageNames, EveryRegisteredMessageIsKnownWithItsAddresses) {
+  const std::pair<QStringList, AddressArguments> rows[] = {
+      {{"ZMC_CANCELDLG",       "ZMC_RESETMSG",
+        "ZMC_SHOWMENU",        "ZMC_UPDATEMENU",
+        "ZWCEDIT_SETFOCUS",    "ZWCEDIT_KILLFOCUS",
+        "ZM_CLOSE7340",        "ZM_UPDATE_NERRORS",
+        "ZM_END_ERRORHELP",    "ZM_HIDE_ERRORHELP",
+        "MDI_ENDLIST",         "TM_HANDLEVALUE",
+        "UTIL7340_SetCNCRect", "XPLR_GO",
+        "XPLR_SHOWMENU",       "XPLR_UPDATEMENU",
+        "XPLR_UPDATE",         "XPLR_UPDATE_PINSTATE",
+        "XPLR_UPDATE_FOLDER",  "XPLR_UPDATE_LIST",
+        "XPLR_UPDATE_TREE",    "XPLR_UPDATE_EDIT",
+        "XPLR_RESET_LIST",     "XPLR_FIND",
+        "XPLR_FIND_NEXT",      "XPLR_FIND_PREVIOUS",
+        "XPLR_FIND_RESULT",    "XPLR_END_FIND"},
+       {}},
+      {{"ZMC_SHOWMSG", "XPLR_SHOWMSG"}, {AddressKind::kNone, AddressKind::kText}},
+      {{"ZM_SHOW_ERRORHELP", "ZM_SHOW_FILE"}, {AddressKind::kNone, AddressKind::kFile}},
+      {{"HELPHTML_GOTOMANUAL", "XPLR_UPDATE_CAPTION"}, {AddressKind::kText, AddressKind::kNone}}};
+  for (const auto& [names, addresses] : rows) {
+    for (const QString& name : names) {
+      const auto number = MessageNumber(name);
+      ASSERT_TRUE(number.has_value()) << name.toStdString();
+      EXPECT_EQ(*number, PnlRegisterMessage(name.toLatin1().constData()));
+      EXPECT_EQ(MessageToJson(*number), QJsonValue(name));
+      for (const std::int64_t first : {0, 1, 41}) {
+        EXPECT_EQ(AddressesOf(*number, first).first, addresses.first) << name.toStdString();
+        EXPECT_EQ(AddressesOf(*number, first).second, addresses.second) << name.toStdString();
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace panel

@@ -7,6 +7,7 @@
 #include <pnltools/rig.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <memory>
 
 #include "panel/machine/qt/demo_machine.h"
@@ -192,6 +193,204 @@ TEST(HostSessionEnd, ASessionMayEndWhenToolsChange) {
   QObject::connect(session.get(), &HostSession::ToolsChanged, &area, [&session] { session.reset(); });
   PnlSendMessage(mdi, PNL_MSG_TOOL_COMMAND, kOpen, 1);
   EXPECT_EQ(session, nullptr);
+  EXPECT_EQ(HostSession::Current(), nullptr);
+}
+
+TEST_F(HostSessionTest, OnlySlotsThatExistAreGivenAnAnswer) {
+  EXPECT_EQ(session_.ReturnOf(0), 1);
+  for (int slot = 1; slot < kSlotCount; ++slot) EXPECT_EQ(session_.ReturnOf(slot), 0) << slot;
+  session_.SetReturn(-1, 7);
+  session_.SetReturn(kSlotCount, 7);
+  session_.SetReturn(0, 5);
+  session_.SetReturn(kSlotCount - 1, 6);
+  EXPECT_EQ(session_.ReturnOf(0), 5);
+  EXPECT_EQ(session_.ReturnOf(1), 0);
+  EXPECT_EQ(session_.ReturnOf(kSlotCount - 1), 6);
+}
+
+TEST_F(HostSessionTest, EveryCallAboutAMenuIsFollowedByTheChangeOfItsBar) {
+  const QObject here;  // who listens during the test
+  constexpr int kNewItem = 32773;
+  QStringList heard;
+  QObject::connect(&session_, &HostSession::Called, &here, [&heard](const HostCall& call) {
+    if (call.slot >= 3 && call.slot <= 6) heard << QString::number(call.slot);
+  });
+  QObject::connect(&session_, &HostSession::MainMenuChanged, &here, [&heard] { heard << "main"; });
+  QObject::connect(&session_, &HostSession::SideMenuChanged, &here, [&heard] { heard << "side"; });
+  const PnlWindow mdi = Mdi();
+  Command(mdi, kOpen);
+  Command(mdi, kSwitchRole);
+  PnlSendMessage(mdi, PNL_MSG_COMMAND, kNewItem, 0);
+  ASSERT_TRUE(heard.contains("3") && heard.contains("4")) << heard.join(' ').toStdString();
+  ASSERT_EQ(heard.size() % 2, 0);
+  for (qsizetype i = 0; i < heard.size(); i += 2) {
+    EXPECT_EQ(heard[i + 1], heard[i] == "3" || heard[i] == "5" ? "main" : "side") << heard[i].toStdString();
+  }
+  EXPECT_EQ(session_.MainMenuTool(), PNL_TOOL_MDI);
+  EXPECT_EQ(session_.SideMenuTool(), PNL_TOOL_MDI);
+  EXPECT_EQ(session_.MainBar(), HostSession::ToolMenu(PNL_TOOL_MDI, session_.MainMenu()));
+  EXPECT_EQ(session_.SideBar(), HostSession::ToolMenu(-1, 0));
+}
+
+TEST_F(HostSessionTest, ABarIsThatOfTheOpenToolNearestToTheFront) {
+  const PnlWindow mdi = Mdi();
+  Command(mdi, kOpen);
+  const HostSession::ToolMenu side = session_.SideBar();
+  EXPECT_EQ(side, HostSession::ToolMenu(PNL_TOOL_MDI, session_.SideMenu()));
+  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  EXPECT_EQ(session_.MainBar().first, PNL_TOOL_CALCULATOR);
+  EXPECT_EQ(session_.SideBar().first, PNL_TOOL_CALCULATOR);
+  session_.BringToFront(PNL_TOOL_MDI);
+  EXPECT_EQ(session_.SideBar(), side);
+  session_.DestroyTool(mdi);
+  EXPECT_EQ(session_.MainBar().first, PNL_TOOL_CALCULATOR);
+}
+
+TEST_F(HostSessionTest, TheOperatorWorksInTheToolThatHeOpenedOrTurnedToLast) {
+  EXPECT_EQ(session_.WorkingTool(), -1);
+  const PnlWindow mdi = Mdi();
+  EXPECT_EQ(session_.WorkingTool(), -1) << "it is not open";
+  Command(mdi, kOpen);
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_MDI);
+  const PnlWindow calculator = session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_CALCULATOR);
+  session_.BringToFront(PNL_TOOL_MDI);
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_MDI);
+  session_.BringToFront(PNL_TOOL_CALCULATOR);
+  session_.DestroyTool(calculator);
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_MDI) << "the one behind";
+  session_.WorkInProgram();
+  EXPECT_EQ(session_.WorkingTool(), -1);
+  session_.BringToFront(PNL_TOOL_CALCULATOR);
+  EXPECT_EQ(session_.WorkingTool(), -1) << "it isn't open";
+  session_.BringToFront(PNL_TOOL_MDI);
+  session_.DestroyTool(mdi);
+  EXPECT_EQ(session_.WorkingTool(), -1);
+}
+
+TEST_F(HostSessionTest, TheErrorWindowIsNeverWorkedIn) {
+  const PnlWindow mdi = Mdi();
+  session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+  DemoMachine().Machine()->Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(session_.IsToolOpen(PNL_TOOL_ERRORS));
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+  EXPECT_EQ(session_.WorkingTool(), -1);
+  Command(mdi, kOpen);
+  session_.BringToFront(PNL_TOOL_ERRORS);
+  EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_MDI);
+  session_.DestroyTool(mdi);
+  EXPECT_EQ(session_.WorkingTool(), -1) << "behind it is the program";
+  DemoMachine().Cnc().ClearErrors();
+  QCoreApplication::processEvents();
+}
+
+TEST_F(HostSessionTest, ToolsChangeWhenOneIsMadeOpensTurnsOrCloses) {
+  const QObject here;  // who listens during the test
+  int changes = 0;
+  QObject::connect(&session_, &HostSession::ToolsChanged, &here, [&changes] { ++changes; });
+  const auto told = [&changes] { return std::exchange(changes, 0); };
+  const PnlWindow mdi = Mdi();
+  EXPECT_EQ(told(), 1);
+  Command(mdi, kOpen);
+  EXPECT_EQ(told(), 1);
+  session_.BringToFront(PNL_TOOL_MDI);
+  EXPECT_EQ(told(), 0) << "it is in front";
+  session_.LoadTool(99, session_.ToolArea());
+  EXPECT_EQ(told(), 0);
+  session_.DestroyTool(mdi);
+  EXPECT_EQ(told(), 1);
+}
+
+class FocusInHost : public HostSessionTest {
+ protected:
+  FocusInHost() {
+    tool_ = new QWidget(&area_);
+    window_ = PnlAttachWidget(tool_, nullptr, nullptr);
+    line_ = new QLineEdit("abcdef", tool_);
+    other_ = new QLineEdit(&area_);
+    tool_->setFocusPolicy(Qt::StrongFocus);
+    for (QWidget* widget : {tool_, static_cast<QWidget*>(line_), static_cast<QWidget*>(other_)}) widget->show();
+    area_.activateWindow();
+    QCoreApplication::processEvents();
+  }
+  ~FocusInHost() override { delete tool_; }
+  QWidget* tool_ = nullptr;
+  PnlWindow window_ = 0;
+  QLineEdit* line_ = nullptr;
+  QLineEdit* other_ = nullptr;
+};
+
+TEST_F(FocusInHost, ALineGetsTheKeyboardBackWithItsCaretAndItsSelection) {
+  // A tool may put the caret at the end as its line gets the focus.
+  struct ToTheEnd : QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() == QEvent::FocusIn) static_cast<QLineEdit*>(watched)->end(false);
+      return false;
+    }
+  } toTheEnd;
+  line_->setFocus();
+  line_->setCursorPosition(2);
+  line_->installEventFilter(&toTheEnd);
+  other_->setFocus();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(line_->hasFocus());
+  EXPECT_EQ(line_->cursorPosition(), 2);
+  line_->setSelection(1, 3);
+  // A line that loses the keyboard to a menu keeps what is selected.
+  other_->setFocus(Qt::PopupFocusReason);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->selectedText(), "bcd");
+  line_->deselect();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(line_->hasFocus()) << "it has it already";
+  line_->removeEventFilter(&toTheEnd);
+}
+
+TEST_F(FocusInHost, AControlThatCantTakeTheKeyboardLeavesItToItsWindow) {
+  line_->setFocus();
+  other_->setFocus();
+  line_->setEnabled(false);
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(tool_->hasFocus());
+  HostSession::FocusWithin(0);
+  EXPECT_TRUE(tool_->hasFocus()) << "no window, nothing happens";
+}
+
+TEST_F(FocusInHost, OnlyALineThatTakesTextIsTypedIn) {
+  line_->setFocus();
+  EXPECT_TRUE(HostSession::IsTypedIn(window_));
+  line_->setReadOnly(true);
+  EXPECT_FALSE(HostSession::IsTypedIn(window_));
+  line_->setReadOnly(false);
+  tool_->setFocus();
+  EXPECT_FALSE(HostSession::IsTypedIn(window_));
+  EXPECT_FALSE(HostSession::IsTypedIn(0));
+}
+
+TEST(HostSessionEnd, ItsToolsGoAndItsWindowsAreOnlyWindowsAgain) {
+  DemoMachine();
+  QWidget area;
+  QWidget main;
+  PnlWindow tool = 0;
+  PnlWindow windows[2] = {};
+  int heard = 0;
+  {
+    HostSession session;
+    session.SetToolArea(&area);
+    session.SetMainWindow(&main);
+    session.OfferAll();
+    windows[0] = session.ToolArea();
+    windows[1] = session.MainWindow();
+    QObject::connect(&session, &HostSession::MessageArrived, [&heard] { ++heard; });
+    tool = session.LoadTool(PNL_TOOL_CALCULATOR, session.ToolArea());
+    for (const PnlWindow window : windows) PnlSendMessage(window, 1000, 0, 0);
+    EXPECT_EQ(heard, 2);
+    ASSERT_NE(PnlIsAlive(tool), 0);
+  }
+  EXPECT_EQ(PnlIsAlive(tool), 0);
+  for (const PnlWindow window : windows) PnlSendMessage(window, 1000, 0, 0);
+  EXPECT_EQ(heard, 2);
   EXPECT_EQ(HostSession::Current(), nullptr);
 }
 

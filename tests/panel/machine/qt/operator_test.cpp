@@ -111,6 +111,39 @@ TEST_F(OperatorTest, InspectionSaysWhetherAxesMove) {
   UseWords("en");
 }
 
+TEST_F(OperatorTest, AMessageLineIsKeptUntilItsToolClearsIt) {
+  const QObject here;  // who listens during the test
+  int shown = 0;
+  int cleared = 0;
+  int changes = 0;
+  QObject::connect(&session_, &HostSession::MessagesChanged, &here, [&changes] { ++changes; });
+  QObject::connect(&session_, &HostSession::Called, &here, [&](const HostCall& call) {
+    if (call.slot != 7) return;
+    const QVariantMap message = call.args.value(1).toMap();
+    const auto kept = session_.Messages().find(message["line"].toInt());
+    const bool stands = kept != session_.Messages().end();
+    EXPECT_EQ(stands, !message["text"].toString().isEmpty());
+    ++(stands ? shown : cleared);
+    if (!stands) return;
+    EXPECT_EQ(kept->second.text, message["text"].toString());
+    EXPECT_EQ(kept->second.back, message["back"].toUInt());
+    EXPECT_EQ(kept->second.fore, message["fore"].toUInt());
+    EXPECT_NE(kept->second.fore, kept->second.back);
+  });
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  Do(Action::kFeedHold);
+  Do(Action::kInspect);
+  Do(Action::kSwitchRole);
+  EXPECT_GT(shown, 0) << "what to do in inspection";
+  Do(Action::kInspect);
+  Do(Action::kSwitchRole);
+  EXPECT_GT(cleared, 0);
+  EXPECT_EQ(changes, shown + cleared);
+}
+
 TEST_F(OperatorTest, TheHelpKeyOverTheErrorWindowOpensItsHelpAndSaysNothingElse) {
   // Every answer but 0 was taken for a failure: the help opened beside "This tool is not installed".
   Raise(Fault::kDriveFault);

@@ -1,0 +1,486 @@
+// SPDX-License-Identifier: MIT
+// The operator on a machine whose state is given: what each key asks of it, when it is possible, what the panel says,
+// and what callbacks and messages lead to.
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <set>
+
+#include "panel/qt/host_rig.h"
+#include "support/temp_folder.h"
+
+namespace panel {
+namespace {
+
+using State = pnl::rig::MachineState;
+
+struct ActionRow {
+  Action action;
+  void (*given)(State&);
+  bool can;
+  const char* calls;
+};
+
+void AsItIs(State&) {}
+void Interrupted(State& s) { s.channelStatus = 4; }
+void Inspecting(State& s) { s.inspecting = true; }
+void Single(State& s) { s.singleBlock = true; }
+void Stopped(State& s) { s.emergencyStop = true; }
+template <int kPercent>
+void Override(State& s) {
+  s.feedOverride = kPercent;
+}
+
+class OperatorActions : public HostFixture, public ::testing::WithParamInterface<ActionRow> {};
+
+TEST_P(OperatorActions, AskTheMachineForThis) {
+  GetParam().given(rig.machine.state);
+  EXPECT_EQ(op.Can(GetParam().action), GetParam().can);
+  op.Do(GetParam().action);
+  EXPECT_EQ(Calls(), GetParam().calls);
+  EXPECT_EQ(Settle(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, OperatorActions,
+                         ::testing::Values(ActionRow{Action::kFeedHold, AsItIs, true, "FeedHold 1"},
+                                           ActionRow{Action::kSingleBlock, AsItIs, true, "SingleBlock 1"},
+                                           ActionRow{Action::kSingleBlock, Single, true, "SingleBlock 0"},
+                                           ActionRow{Action::kReset, AsItIs, true, "Reset"},
+                                           ActionRow{Action::kCancel, AsItIs, false, ""},
+                                           ActionRow{Action::kCancel, Interrupted, true, "Cancel"},
+                                           ActionRow{Action::kInspect, AsItIs, false, ""},
+                                           ActionRow{Action::kInspect, Interrupted, true, "Inspection 1"},
+                                           ActionRow{Action::kInspect, Inspecting, true, "Inspection 0"},
+                                           ActionRow{Action::kOverrideDown, Override<100>, true, "FeedOverride 90"},
+                                           ActionRow{Action::kOverrideDown, Override<5>, true, "FeedOverride 0"},
+                                           ActionRow{Action::kOverrideDown, Override<1>, true, "FeedOverride 0"},
+                                           ActionRow{Action::kOverrideDown, Override<0>, false, ""},
+                                           ActionRow{Action::kOverrideUp, Override<100>, true, "FeedOverride 110"},
+                                           ActionRow{Action::kOverrideUp, Override<195>, true, "FeedOverride 200"},
+                                           ActionRow{Action::kOverrideUp, Override<199>, true, "FeedOverride 200"},
+                                           ActionRow{Action::kOverrideUp, Override<200>, false, ""},
+                                           ActionRow{Action::kOverrideFull, Override<99>, true, "FeedOverride 100"},
+                                           ActionRow{Action::kOverrideFull, Override<100>, false, ""},
+                                           ActionRow{Action::kCycleStart, Stopped, false, ""},
+                                           ActionRow{Action::kCycleStart, AsItIs, true, ""},
+                                           ActionRow{Action::kClearError, AsItIs, false, ""},
+                                           ActionRow{Action::kFocusTool, AsItIs, false, ""},
+                                           ActionRow{Action::kOpenProgram, AsItIs, true, ""}));
+
+TEST_F(HostFixture, StartWithoutACommandLineEndsAHoldOrSaysThatThereIsNothing) {
+  op.Do(Action::kCycleStart);
+  EXPECT_EQ(Hint(), Warning(Word::kNothingToStart));
+  rig.machine.state.feedHold = true;
+  op.Do(Action::kCycleStart);
+  EXPECT_EQ(Calls(), "FeedHold 0");
+  EXPECT_EQ(Hint(), "");
+  rig.machine.state.emergencyStop = true;
+  op.Do(Action::kCycleStart);
+  EXPECT_EQ(Hint(), Warning(Word::kReleaseEmergencyStop));
+  EXPECT_EQ(Calls(), "");
+}
+
+TEST_F(HostFixture, AResetEmptiesTheQueueBeforeTheMachineRaisesAnew) {
+  rig.queue = {12};
+  op.Do(Action::kReset);
+  EXPECT_EQ(Calls(), "ClearErrors\nReset");
+  op.Do(Action::kReset);
+  EXPECT_EQ(Calls(), "Reset") << "there is nothing to clear";
+}
+
+TEST_F(HostFixture, WithoutTheErrorToolTheClearKeyEmptiesTheQueue) {
+  rig.queue = {12};
+  EXPECT_TRUE(op.Can(Action::kClearError));
+  op.Do(Action::kClearError);
+  EXPECT_EQ(Calls(), "ClearErrors");
+  EXPECT_EQ(Hint(), "");
+  EXPECT_FALSE(op.Can(Action::kClearError));
+  op.Desk().OnShowError({{"header", "h"}});
+  EXPECT_TRUE(op.Can(Action::kClearError));
+}
+
+TEST_F(HostFixture, WithoutAMachineTheKeysSaySo) {
+  Operator lone(session, nullptr);
+  EXPECT_FALSE(lone.HasMachine());
+  EXPECT_TRUE(op.HasMachine());
+  for (const Action action : {Action::kFeedHold, Action::kSingleBlock, Action::kReset, Action::kCancel,
+                              Action::kInspect, Action::kOverrideDown, Action::kOverrideUp, Action::kOverrideFull}) {
+    EXPECT_FALSE(lone.Can(action)) << static_cast<int>(action);
+    lone.SetHint("other");
+    lone.Do(action);
+    EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNoMachineHere)) << static_cast<int>(action);
+    EXPECT_TRUE(lone.CurrentHint().warning);
+  }
+  lone.RaiseFault(DemoFaults()[1], std::nullopt);
+  EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNoMachineHere));
+  EXPECT_TRUE(lone.CurrentHint().warning);
+  EXPECT_EQ(lone.Mode(), Word::kAutomatic);
+  EXPECT_TRUE(lone.Errors().empty());
+  EXPECT_EQ(lone.Desk().Standing(), 0);
+  EXPECT_EQ(lone.Request(), nullptr);
+  lone.Do(Action::kHelp);
+  EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNoHelpHere));
+}
+
+TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
+  const pnl::rig::ProgramSpot spot{u"C:\\", u"A.NC", 7, 3};
+  std::string calls;
+  for (const DemoFault& fault : DemoFaults()) op.RaiseFault(fault, spot);
+  EXPECT_EQ(Calls(),
+            "EmergencyStop 1\nRaise 0 'A.NC' 7\nRaise 1 'A.NC' 7\nRaise 2 'A.NC' 7\nRaise 3 'A.NC' 7\n"
+            "Raise 4 'A.NC' 7\nRaise 5 'A.NC' 7\nRaise 6 'A.NC' 7");
+  op.SetHint("other");
+  for (const DemoFault& fault : DemoFaults().subspan(1, 3)) op.RaiseFault(fault, std::nullopt);
+  EXPECT_EQ(Calls(), "Raise 0 '' 0\nRaise 1 '' 0\nRaise 2 '' 0");
+  EXPECT_EQ(Hint(), "");
+  op.RaiseFault({Word::kFaultProgramLine, pnl::rig::MachineControl::Fault::kProgramLine}, std::nullopt);
+  EXPECT_EQ(Hint(), Warning(Word::kFaultNeedsProgram));
+  rig.machine.state.emergencyStop = true;
+  op.RaiseFault(DemoFaults()[0], std::nullopt);
+  EXPECT_EQ(Calls(), "EmergencyStop 0");
+  EXPECT_EQ(Hint(), "");
+}
+
+TEST_F(HostFixture, TheModeIsThatOfTheChannelOrOfTheMachine) {
+  EXPECT_EQ(op.Mode(), Word::kAutomatic);
+  rig.variables[u"[1].E.MANUALMODE"] = std::int64_t{1};
+  EXPECT_EQ(op.Mode(), Word::kManual);
+  rig.variables[u"[1].E.MANUALMODE"] = 1.0;
+  EXPECT_EQ(op.Mode(), Word::kAutomatic) << "a real is no mode";
+  const auto notice = [this](qint64 first, std::int32_t channel) {
+    PnlToolNotify record{channel, 0};
+    emit session.MessageArrived(PNL_MSG_TOOL_NOTIFY, first, reinterpret_cast<qint64>(&record));
+    EXPECT_EQ(Settle(), 1) << first;
+  };
+  notice(41, 1);
+  EXPECT_EQ(op.Mode(), Word::kMdiMode);
+  notice(41, 1);
+  notice(41, 2);
+  notice(42, 1);
+  EXPECT_EQ(op.Mode(), Word::kMdiMode) << "the other channel is still held";
+  notice(42, 2);
+  EXPECT_EQ(op.Mode(), Word::kAutomatic);
+  emit session.MessageArrived(PNL_MSG_TOOL_NOTIFY, 41, 0);
+  emit session.MessageArrived(PNL_MSG_TOOL_NOTIFY, 1, 1);
+  EXPECT_EQ(op.Mode(), Word::kAutomatic) << "no record, no channel";
+}
+
+TEST_F(HostFixture, EverySourceOfAChangeIsToldAndManyAreOne) {
+  EXPECT_EQ(Settle(), 0);
+  emit session.MainMenuChanged();
+  EXPECT_EQ(Settle(), 1);
+  emit session.SideMenuChanged();
+  EXPECT_EQ(Settle(), 1);
+  emit session.MessagesChanged();
+  EXPECT_EQ(Settle(), 1);
+  emit session.ToolsChanged();
+  EXPECT_EQ(Settle(), 1);
+  emit op.Desk().Changed();
+  EXPECT_EQ(Settle(), 1);
+  rig.machine.changed();
+  EXPECT_EQ(Settle(), 1);
+  ASSERT_EQ(rig.watches.size(), 3u);
+  std::set<std::u16string> names;
+  for (const auto& [number, watch] : rig.watches) {
+    names.insert(watch.first);
+    watch.second();
+    EXPECT_EQ(Settle(), 1);
+  }
+  EXPECT_EQ(names, (std::set<std::u16string>{u"E.ERRORPRI", u"E.NERRORS", u"[1].E.MANUALMODE"}));
+  for (int i = 0; i < 3; ++i) rig.machine.changed();
+  EXPECT_EQ(Settle(), 1);
+  bool closes = false;
+  QObject::connect(&op, &Operator::CloseWanted, [&closes] { closes = true; });
+  emit op.Desk().CloseWanted();
+  EXPECT_TRUE(closes);
+  EXPECT_EQ(op.Errors().at(0).number, 77);
+}
+
+TEST(OperatorEnd, TheRigHearsNothingMoreOfAnOperatorThatHasGone) {
+  ASSERT_TRUE(PnlRig()->StartBare());
+  HostRig rig;
+  HostSession session;
+  {
+    const Operator op(session, &rig);
+    EXPECT_EQ(rig.watches.size(), 3u);
+    EXPECT_TRUE(rig.error);
+  }
+  EXPECT_TRUE(rig.watches.empty());
+  EXPECT_FALSE(rig.error);
+  rig.machine.changed();
+}
+
+TEST_F(HostFixture, AHintGoesWithThePressTheActionOrItsCause) {
+  op.SetHint("seen");
+  EXPECT_EQ(Settle(), 1);
+  op.OnPress();
+  EXPECT_EQ(Hint(), "");
+  EXPECT_EQ(Settle(), 1);
+  op.OnPress();
+  EXPECT_EQ(Settle(), 0) << "there was nothing to take away";
+  op.SetHint("warned", true);
+  Settle();
+  op.OnPress();
+  EXPECT_EQ(Hint(), "! warned");
+  EXPECT_EQ(Settle(), 0);
+  op.Do(Action::kOpenProgram);
+  EXPECT_EQ(Hint(), "");
+  bool cause = true;
+  op.SetHint("caused", true, [&cause] { return cause; });
+  Settle();
+  EXPECT_EQ(Hint(), "! caused");
+  cause = false;
+  rig.machine.changed();
+  Settle();
+  EXPECT_EQ(Hint(), "");
+  op.SetHint("lasting");
+  rig.machine.changed();
+  Settle();
+  EXPECT_EQ(Hint(), "lasting");
+  op.SendCommand(PNL_TOOL_MDI, 1);
+  EXPECT_EQ(Hint(), "");
+}
+
+struct NumberRow {
+  double value;
+  const char* text;
+};
+
+class CalculatorResults : public HostFixture, public ::testing::WithParamInterface<NumberRow> {};
+
+TEST_P(CalculatorResults, GoIntoTheProgramAsItTakesThem) {
+  rig.variables[u"E.CALCRESUL"] = GetParam().value;
+  QStringList inserted;
+  QObject::connect(&op, &Operator::InsertValueWanted, [&](const QString& text) { inserted << text; });
+  Call(9);
+  EXPECT_EQ(inserted, QStringList{GetParam().text});
+  EXPECT_EQ(Hint(), Say(Word::kResultInProgram, GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CalculatorResults,
+                         ::testing::Values(NumberRow{0, "0"}, NumberRow{2.5, "2.5"}, NumberRow{0.1 + 0.2, "0.3"},
+                                           NumberRow{100, "100"}, NumberRow{-1000000, "-1000000"},
+                                           NumberRow{0.000001, "0.000001"}, NumberRow{0.0000001, "0"},
+                                           NumberRow{-0.0000001, "0"}, NumberRow{1.0 / 3, "0.333333"},
+                                           NumberRow{1e15, "1000000000000000"}));
+
+TEST_F(HostFixture, AResultThatIsNoNumberIsRefused) {
+  QStringList inserted;
+  QObject::connect(&op, &Operator::InsertValueWanted, [&](const QString& text) { inserted << text; });
+  rig.variables[u"E.CALCRESUL"] = std::numeric_limits<double>::infinity();
+  Call(9);
+  EXPECT_EQ(Hint(), Warning(Word::kResultNoNumber));
+  op.SetHint("");
+  rig.variables[u"E.CALCRESUL"] = std::u16string(u"7");
+  Call(9);
+  rig.variables.clear();
+  Call(9);
+  EXPECT_EQ(Hint(), "");
+  EXPECT_TRUE(inserted.isEmpty());
+}
+
+TEST_F(HostFixture, EachCallbackLeadsToItsOwnWishAlone) {
+  QStringList wishes;
+  QObject::connect(&op, &Operator::ChooserWanted, [&] { wishes << "chooser"; });
+  QObject::connect(&op, &Operator::ChooserGone, [&] { wishes << "gone"; });
+  QObject::connect(&op, &Operator::InsertBlockWanted, [&](const QString& text) { wishes << "block " + text; });
+  QObject::connect(&op, &Operator::KeyForwarded, [&](int key) { wishes << QString("key %1").arg(key); });
+  XPLRDATA_ST record{};
+  const int number = PnlPublishRecord(&record);
+  rig.variables[u"E.XPLRDATA"] = std::int64_t{number};
+  const auto wish = [&](int slot, const QVariantList& args = {}) {
+    Call(slot, args);
+    Settle();
+    return std::exchange(wishes, {});
+  };
+  EXPECT_EQ(wish(8), QStringList{"chooser"});
+  EXPECT_EQ(wish(10), QStringList{"gone"});
+  EXPECT_EQ(wish(10), QStringList()) << "nobody waits any more";
+  EXPECT_EQ(wish(8), QStringList{"chooser"});
+  EXPECT_EQ(wish(11), QStringList{"gone"});
+  EXPECT_EQ(wish(8), QStringList{"chooser"});
+  EXPECT_EQ(wish(2, {PNL_TOOL_MDI, PNL_CLOSED}), QStringList());
+  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED_ACCEPTED}), QStringList());
+  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED}), QStringList{"gone"});
+  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED}), QStringList());
+  EXPECT_EQ(wish(12), QStringList{"block G0 X1"});
+  EXPECT_EQ(wish(15, {27, 1}), QStringList{"key 27"});
+  EXPECT_EQ(wish(0, {0}) + wish(3) + wish(4) + wish(5) + wish(6) + wish(7), QStringList());
+  EXPECT_EQ(Hint(), "");
+  PnlWithdrawRecord(number);
+  EXPECT_EQ(wish(8), QStringList{"gone"}) << "a request that is withdrawn is cancelled";
+  EXPECT_EQ(Hint(), Warning(Word::kNoRequest));
+  EXPECT_EQ(wish(18), QStringList());
+  EXPECT_EQ(Hint(), Warning(Word::kMachiningMissing));
+  session.SetReacting(false);
+  for (int slot = 0; slot < kSlotCount; ++slot) EXPECT_EQ(wish(slot, {27, 2}), QStringList()) << slot;
+}
+
+TEST_F(HostFixture, AFileIsWrittenIntoTheRecordAndSavingItIsSaid) {
+  const pnl::test::TempFolder temp;
+  temp.Write("A.NC", "old");
+  rig.file = (temp.Path() / "A.NC").string();
+  XPLRDATA_ST record{};
+  std::fill(std::begin(record.File), std::end(record.File), u'z');
+  rig.variables[u"E.XPLRDATA"] = std::int64_t{PnlPublishRecord(&record)};
+  bool saves = false;
+  // The asker does its work while it hears the answer.
+  QObject::connect(&op, &Operator::ChooserGone, [&] {
+    if (!saves) return;
+    std::filesystem::remove(temp.Path() / "A.NC");
+    temp.Write("B.NC", "keeps the old number taken");
+    temp.Write("A.NC", "new");
+  });
+  Call(8);
+  EXPECT_TRUE(op.AcceptFile("C:\\P", "A.NC"));
+  EXPECT_EQ(QString::fromUtf16(record.Path), "C:\\P");
+  EXPECT_EQ(QString::fromUtf16(record.File), "A.NC");
+  EXPECT_EQ(record.File[255], u'\0');
+  EXPECT_EQ(rig.hostPathAsked, "'C:\\P\\A.NC'");
+  EXPECT_EQ(Hint(), "") << "nothing was saved";
+  saves = true;
+  Call(8);
+  EXPECT_TRUE(op.AcceptFile("C:\\", "A.NC"));
+  EXPECT_EQ(rig.hostPathAsked, "'C:\\A.NC'");
+  EXPECT_EQ(Hint(), Say(Word::kSaved, "C:\\A.NC"));
+  op.SetHint("");
+  rig.file = (temp.Path() / "NONE.NC").string();
+  Call(8);
+  EXPECT_TRUE(op.AcceptFile("C:\\", "NONE.NC"));
+  EXPECT_EQ(Hint(), "");
+  PnlWithdrawRecord(static_cast<int>(std::get<std::int64_t>(rig.variables[u"E.XPLRDATA"])));
+  Call(8);
+  EXPECT_FALSE(op.AcceptFile("C:\\", "A.NC"));
+  EXPECT_EQ(Hint(), Warning(Word::kNoRequest));
+}
+
+using Fate = pnl::rig::CncControl::ErrorFate;
+using Summary = pnl::rig::CncControl::ErrorSummary;
+
+TEST_F(HostFixture, TheHelpIsTheLineAndTheDescriptionBehindIt) {
+  rig.descriptions = {{u"a#7", u"  text\n"}, {u"a#8", u" \n"}};
+  const auto show = [this](const char* reference) {
+    Call(13, {QVariantMap{{"header", "h"}, {"back", 5u}, {"fore", 6u}, {"helpRef", reference}}});
+    return op.Desk().Help().value_or(ErrorHelp());
+  };
+  EXPECT_EQ(show("a#7"), (ErrorHelp{"h", 5, 6, "text"}));
+  EXPECT_EQ(show("a#8").text, Say(Word::kNoDescription, "a#8"));
+  EXPECT_EQ(show("a#9").text, Say(Word::kNoDescription, "a#9"));
+  EXPECT_EQ(Settle(), 1);
+  Call(14);
+  EXPECT_FALSE(op.Desk().Help());
+  EXPECT_EQ(Settle(), 1);
+  op.Desk().CloseHelp();
+  EXPECT_EQ(Settle(), 0) << "no help to close";
+  show("a#7");
+  Settle();
+  op.Desk().CloseHelp();
+  EXPECT_FALSE(op.Desk().Help());
+  EXPECT_EQ(Settle(), 1);
+}
+
+TEST_F(HostFixture, TheErrorWindowThatOpensEndsTheHelpAndIsTold) {
+  int came = 0;
+  QObject::connect(&op.Desk(), &ErrorDesk::WindowCame, [&came] { ++came; });
+  Call(13, {QVariantMap{{"header", "h"}}});
+  Call(1, {PNL_TOOL_MDI});
+  EXPECT_TRUE(op.Desk().Help());
+  EXPECT_EQ(came, 0);
+  Call(1, {PNL_TOOL_ERRORS});
+  EXPECT_FALSE(op.Desk().Help());
+  EXPECT_EQ(came, 1);
+}
+
+TEST_F(HostFixture, TheQuestionToCloseIsAskedOnceUntilThereIsANewReason) {
+  int asked = 0;
+  int closed = 0;
+  QObject::connect(&op.Desk(), &ErrorDesk::CloseAsked, [&asked] { ++asked; });
+  QObject::connect(&op, &Operator::CloseWanted, [&closed] { ++closed; });
+  const auto ask = [&](qint64 first) {
+    emit session.MessageArrived(PnlRegisterMessage("ZM_CLOSE7340"), first, 0);
+    return std::exchange(asked, 0);
+  };
+  EXPECT_EQ(ask(0), 0);
+  EXPECT_EQ(ask(2), 0);
+  op.Desk().AnswerClose(true);
+  EXPECT_EQ(closed, 0) << "nobody asked";
+  EXPECT_EQ(ask(1), 1);
+  EXPECT_TRUE(op.Desk().AsksToClose());
+  EXPECT_EQ(ask(1), 0) << "it is asked already";
+  Settle();
+  op.Desk().AnswerClose(false);
+  EXPECT_EQ(Settle(), 1);
+  EXPECT_FALSE(op.Desk().AsksToClose());
+  EXPECT_EQ(ask(1), 0);
+  using Class = ErrorKind;
+  const auto tell = [&](int number, Class kind, Fate fate) {
+    Summary error;
+    error.number = number;
+    error.errorClass = kind;
+    error.serial = number;
+    rig.error(error, fate);
+  };
+  const auto reason = [&](int number, Class kind, Fate fate) {
+    tell(number, kind, fate);
+    const bool asks = ask(1) == 1;
+    op.Desk().AnswerClose(false);
+    return asks;
+  };
+  EXPECT_FALSE(reason(5, Class::kError, Fate::kRaised));
+  EXPECT_FALSE(reason(200, Class::kError, Fate::kRaised));
+  EXPECT_FALSE(reason(201, Class::kWarning, Fate::kRaised));
+  EXPECT_FALSE(reason(201, Class::kError, Fate::kCleared));
+  EXPECT_FALSE(reason(5, Class::kFatal, Fate::kAcknowledged));
+  EXPECT_TRUE(reason(201, Class::kError, Fate::kRaised));
+  EXPECT_TRUE(reason(5, Class::kFatal, Fate::kRaised));
+  EXPECT_FALSE(reason(202, Class::kError, Fate::kRaised));
+  EXPECT_EQ(closed, 0);
+  tell(201, Class::kError, Fate::kRaised);
+  EXPECT_EQ(ask(1), 1);
+  op.Desk().AnswerClose(true);
+  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(op.Desk().History().Rows().size(), 6u) << "each error is one of the history";
+}
+
+TEST_F(HostFixture, TheSignIsWhatTheToolAskedForLast) {
+  emit session.MessageArrived(PnlRegisterMessage("ZM_UPDATE_NERRORS"), (2 << 16) | 7, (3 << 16) | 500);
+  EXPECT_EQ(op.Desk().Sign(), (ErrorSign{7, ErrorKind::kWarning, 500, 3}));
+  EXPECT_EQ(Settle(), 1);
+  emit session.MessageArrived(PnlRegisterMessage("ZM_CLOSE7340"), 0, 0);
+  EXPECT_EQ(op.Desk().Sign().count, 3);
+  EXPECT_EQ(op.Desk().Standing(), 0) << "the queue is the kernel's";
+  session.SetReacting(false);
+  emit session.MessageArrived(PnlRegisterMessage("ZM_UPDATE_NERRORS"), 0, 0);
+  EXPECT_EQ(op.Desk().Sign().count, 3) << "a script's session keeps nothing";
+}
+
+TEST_F(HostFixture, WithoutAKernelTheSignSaysHowManyStand) {
+  ErrorDesk desk(session, nullptr);
+  desk.OnMessage(PnlRegisterMessage("ZM_UPDATE_NERRORS"), 0, 4 << 16);
+  EXPECT_EQ(desk.Standing(), 4);
+  desk.OnShowError({{"helpRef", "a#7"}});
+  EXPECT_EQ(desk.Help()->text, Say(Word::kNoDescription, "a#7"));
+  desk.ClearAll();
+  EXPECT_FALSE(desk.Help());
+}
+
+TEST_F(HostFixture, UnderBareThereIsNoHistoryAndNoErrorTool) {
+  session.SetReacting(false);
+  rig.error = {};
+  ErrorDesk desk(session, &rig);
+  EXPECT_FALSE(rig.error);
+  desk.StartTool();
+  EXPECT_FALSE(desk.HasTool());
+  EXPECT_FALSE(desk.BringBack());
+}
+
+TEST(ErrorColours, AreThoseOfTheErrorWindow) {
+  EXPECT_EQ(ColorOfKind(ErrorKind::kError), 0x0000A0u);
+  EXPECT_EQ(ColorOfKind(ErrorKind::kMarked), 0x0000A0u);
+  EXPECT_EQ(ColorOfKind(ErrorKind::kWarning), 0x648064u);
+  EXPECT_EQ(ColorOfKind(ErrorKind::kFatal), 0x806480u);
+  EXPECT_EQ(ColorOfKind(ErrorKind::kConfirm), 0x806480u);
+}
+
+}  // namespace
+}  // namespace panel
