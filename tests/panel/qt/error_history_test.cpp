@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "ui/error_list_model.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {
