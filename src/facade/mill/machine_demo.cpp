@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "facade/mill/machine_plan_motion.h"
 #include "facade/mill/machine_variables.h"
 
 namespace pnl::sim {

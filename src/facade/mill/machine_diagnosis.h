@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "facade/mill/machine_errors.h"
+#include "facade/mill/machine_fault.h"
 
 namespace pnl::sim {
 

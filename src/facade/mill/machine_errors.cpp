@@ -141,12 +141,6 @@ TextView Wording(FaultCode code, MachineLanguage language) {
   return language == MachineLanguage::kSpanish ? Entry(code).spanish : Entry(code).english;
 }
 
-Fault Fault::With(FaultFact::Kind kind, double fact) const {
-  Fault more = *this;
-  more.facts.push_back({kind, fact});
-  return more;
-}
-
 ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language) {
   const std::int32_t number = FaultNumber(fault.code);
   const std::optional<Diagnosis> diagnosis = DiagnosisOf(fault);

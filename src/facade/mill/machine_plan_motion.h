@@ -6,7 +6,10 @@
 #include <optional>
 #include <variant>
 
-#include "facade/mill/machine_plan.h"
+#include "facade/mill/machine_fault.h"
+#include "facade/mill/machine_modal.h"
+#include "facade/mill/machine_request.h"
+#include "facade/mill/machine_step.h"
 
 namespace pnl::sim {
 
@@ -22,5 +25,8 @@ struct MotionInput {
 
 /// Nothing when the block moves no axis.
 [[nodiscard]] std::variant<std::optional<Step>, Fault> PlanMove(const MotionInput& input);
+
+/// A straight move at rapid speed, every axis arriving at the same time.
+[[nodiscard]] Step RapidMove(const Point& from, const Point& to);
 
 }  // namespace pnl::sim
