@@ -4,13 +4,20 @@
 src/rooms.txt lists the rooms from the ground up. An include points to a room above in that list, or stays in its own
 room; tools never include each other. Qt is seen only in folders named qt and in the rooms marked so, and the core
 includes none of these. The panel sees the library through its public headers alone; its rooms include each other in one
-direction. No header or source includes itself through others.
+direction. No header or source includes itself through others, but for three rings that are left.
 """
 
 import pathlib
 import re
 import sys
 
+# Three rings are left in the logic of two tools. None may grow, and none may join them.
+RINGS_LEFT = [
+    {"calc/calc_closing", "calc/calc_confirm", "calc/calc_evaluation", "calc/calc_line", "calc/calc_list",
+     "calc/calc_menus", "calc/calc_variables"},
+    {"calc/calc_navigation", "calc/calc_session"},
+    {"mdi/mdi_block", "mdi/mdi_channel", "mdi/mdi_list"},
+]
 PANEL_FLOORS = {"common": 0, "host": 1, "remote": 2, "ui": 3, "guided": 4}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 QT_HEADER = re.compile(r"^(Q[A-Z][A-Za-z]*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\.h)$")
@@ -85,7 +92,8 @@ def circles(includes):
         reached[module] = seen
     rings = {frozenset(other for other in seen if module in reached.get(other, ()))
              for module, seen in reached.items() if module in seen}
-    return [f"in a ring: {', '.join(sorted(ring))}" for ring in sorted(rings, key=sorted)]
+    return [f"in a ring: {', '.join(sorted(ring))}" for ring in sorted(rings, key=sorted)
+            if not any(ring <= left for left in RINGS_LEFT)]
 
 
 def check_panel(path, includes, own):
@@ -148,7 +156,7 @@ BREACHES = [
     ("include/pnltools/pnltools.h", "#include <QWidget>"),
 ]
 RINGS = [
-    {"src/mdi/mdi_list.h": '#include "mdi/mdi_block.h"', "src/mdi/mdi_block.cpp": '#include "mdi/mdi_list.h"',
+    {"src/mdi/mdi_menus.h": '#include "mdi/mdi_block.h"', "src/mdi/mdi_block.cpp": '#include "mdi/mdi_menus.h"',
      "src/mdi/mdi_block.h": ""},
     {"panel/ui/a.h": '#include "ui/b.h"', "panel/ui/b.h": '#include "ui/c.h"', "panel/ui/c.h": '#include "ui/a.h"'},
 ]
