@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "facade/sim/machine_plan.h"
+#include "facade/mill/machine_plan.h"
 #include "fuzz_check.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <optional>
 #include <span>
 
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 

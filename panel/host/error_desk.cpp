@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <array>
 
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

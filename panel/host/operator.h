@@ -14,7 +14,7 @@
 #include "host/demo_faults.h"
 #include "host/error_desk.h"
 #include "host/host_session.h"
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 
 namespace panel {
 

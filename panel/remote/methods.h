@@ -13,7 +13,7 @@
 #include "remote/message_arguments.h"
 #include "remote/panel_face.h"
 #include "remote/params.h"
-#include "remote/remote_control.h"
+#include "remote/remote_options.h"
 #include "remote/trace.h"
 
 namespace panel {

@@ -9,13 +9,9 @@
 
 #include "host/host_session.h"
 #include "remote/panel_face.h"
+#include "remote/remote_options.h"
 
 namespace panel {
-
-struct RemoteOptions {
-  bool bare = false;        // the panel only records callbacks
-  bool manualTime = false;  // time.advance moves the clock
-};
 
 class RemoteControl : public QObject {
   Q_OBJECT

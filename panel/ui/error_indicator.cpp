@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 #include "ui/theme.h"
 
 namespace panel {

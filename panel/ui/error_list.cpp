@@ -9,7 +9,7 @@
 #include "ui/panel_key.h"
 #include "ui/question.h"
 #include "ui/theme.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "ui/error_indicator.h"
 #include "ui/theme.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -10,7 +10,7 @@
 #include <functional>
 #include <optional>
 
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 

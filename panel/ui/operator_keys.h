@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 
 namespace panel {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 
 namespace panel {
 namespace {

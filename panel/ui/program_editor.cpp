@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "ui/theme.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

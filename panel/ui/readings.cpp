@@ -7,7 +7,7 @@
 
 #include "ui/theme.h"
 #include "ui/units.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

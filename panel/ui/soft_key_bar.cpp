@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "ui/panel_key.h"
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 #include "ui/theme.h"
 
 namespace panel {

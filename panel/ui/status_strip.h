@@ -9,7 +9,7 @@
 #include <QWidget>
 
 #include "ui/error_indicator.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 

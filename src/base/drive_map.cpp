@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/files.h"
+#include "base/drive_map.h"
 
 namespace pnl {
 namespace {

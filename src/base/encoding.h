@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "base/text.h"
+#include "base/text_type.h"
 
 namespace pnl {
 

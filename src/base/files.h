@@ -5,29 +5,19 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/drive_map.h"
+#include "base/file_status.h"
 #include "base/text.h"
 
 namespace pnl {
 
 struct Located;
-
-enum class FileStatus {
-  kOk,
-  kNotFound,    // its folder was looked through: nothing in it has that name
-  kOutOfReach,  // nobody can say what is there: see FileInfo
-  kDenied,
-  kIsFolder,
-  kDiscFull,
-  kFailed
-};
 
 /// What is known of a path: it exists, it doesn't, or it is out of reach. Only what is known not to exist may be made
 /// afresh. What was out of reach may come back with all that it holds.
@@ -53,9 +43,6 @@ class FileReader {
   virtual std::uint64_t Position() const = 0;
   virtual std::uint64_t Size() const = 0;
 };
-
-/// Gives a content piece by piece; an empty piece is its end. What it gave last is valid until it is asked again.
-using PieceSource = std::function<std::string_view()>;
 
 class Files {
  public:
@@ -87,18 +74,6 @@ class Files {
 /// The whole file; nothing when it can't be read or is larger than limit.
 [[nodiscard]] std::optional<std::string> ReadWhole(const Files& files, TextView panelPath,
                                                    std::uint64_t limit = 1ull << 30);
-
-/// Which folder of this machine stands behind each drive letter.
-class DriveMap {
- public:
-  /// An empty folder takes the drive away. Letters compare without regard to case; others than A to Z are ignored.
-  void Set(char letter, std::string hostFolder);
-  [[nodiscard]] std::optional<std::string> Folder(char letter) const;
-  [[nodiscard]] std::vector<char> Letters() const;
-
- private:
-  std::map<char, std::string> folders_;
-};
 
 class DiscFiles : public Files {
  public:

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "base/files.h"
-
 namespace pnl {
 
 std::optional<PanelPath> ParsePanelPath(TextView path) {

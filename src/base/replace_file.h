@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/files.h"
+#include "base/file_status.h"
 
 namespace pnl {
 

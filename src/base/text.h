@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// UTF-16 text: the string type of the whole library, its conversions from and to UTF-8, and the comparisons that
+// UTF-16 text: its conversions from and to UTF-8, and the comparisons that
 // settings, file names and language texts need. Not a formatter (base/format.h) and not a file reader.
 #pragma once
 
@@ -7,10 +7,9 @@
 #include <string>
 #include <string_view>
 
-namespace pnl {
+#include "base/text_type.h"
 
-using Text = std::u16string;
-using TextView = std::u16string_view;
+namespace pnl {
 
 /// UTF-8 of a text. A lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(TextView text);

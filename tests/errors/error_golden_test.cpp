@@ -11,9 +11,9 @@
 
 #include "errors/error_fixture.h"
 #include "errors/error_program_line.h"
-#include "facade/sim/machine.h"
-#include "facade/sim/machine_descriptions.h"
-#include "facade/sim/machine_errors.h"
+#include "facade/mill/machine.h"
+#include "facade/mill/machine_descriptions.h"
+#include "facade/mill/machine_errors.h"
 #include "host/language.h"
 
 namespace pnl::test {

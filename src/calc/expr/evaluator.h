@@ -11,6 +11,7 @@
 #include "calc/expr/calc_store.h"
 #include "calc/expr/parser.h"
 #include "calc/expr/scaner.h"
+#include "calc/expr/solver_report.h"
 
 namespace pnl {
 
@@ -18,15 +19,6 @@ class ExprMachine;
 
 /// The longest text that Compile takes, in UTF-16 units.
 inline constexpr std::size_t kLongestExpression = 255;
-
-/// What the solver of an expression came to, for a hint beside the value.
-struct SolverReport {
-  enum class Kind { kNone, kIntegral, kZero };
-  Kind kind = Kind::kNone;
-  std::int32_t steps = 0;        // intervals of INTEGRAL, iterations of ZERO
-  bool reachedTolerance = true;  // false when ZERO stopped at its cap, or at a value that is no number
-  double residual = 0;           // ZERO: the operand's value at the x that was found
-};
 
 class CEvaluator {
  public:

@@ -6,8 +6,9 @@
 
 #include <cstdint>
 
-#include "calc/expr/evaluator.h"
+#include "calc/expr/calc_store.h"
 #include "calc/expr/program.h"
+#include "calc/expr/solver_report.h"
 
 namespace pnl {
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "calc/calc_ids.h"
-#include "calc/calc_window.h"
+#include "calc/qt/calc_window.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/tool_context.h"
 #include "support/temp_folder.h"

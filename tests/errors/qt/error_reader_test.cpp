@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The reader of failing lines against a disc that answers when the test lets it.
-#include "errors/error_reader_window.h"
+#include "errors/qt/threaded_line_reader.h"
 
 #include <gtest/gtest.h>
 

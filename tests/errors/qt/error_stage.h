@@ -13,7 +13,7 @@
 
 #include "errors/error_fixture.h"
 #include "errors/error_ids.h"
-#include "errors/error_window.h"
+#include "errors/qt/error_window.h"
 #include "support/temp_folder.h"
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "errors/error_text_widget.h"
+#include "errors/qt/error_text_widget.h"
 
 #include <QFontMetrics>
 

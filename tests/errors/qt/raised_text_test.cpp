@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "errors/raised_text_widget.h"
+#include "errors/qt/raised_text_widget.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The drop list with the history, alone and with the window that opens it.
-#include "mdi/mdi_list_window.h"
+#include "mdi/qt/mdi_list_window.h"
 
 #include "mdi_stage.h"
 

@@ -13,7 +13,7 @@
 #include "controls/zwc_static.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/tool_context.h"
-#include "mdi/mdi_window.h"
+#include "mdi/qt/mdi_window.h"
 #include "support/temp_folder.h"
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"

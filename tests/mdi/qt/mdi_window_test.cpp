@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The command line's window: where things lie, how they look, what keys and presses do, who has the focus.
-#include "mdi/mdi_window.h"
+#include "mdi/qt/mdi_window.h"
 
 #include "controls/fonts.h"
 #include "host/records.h"

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "ui/error_list_model.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -7,7 +7,7 @@
 #include <QTimerEvent>
 
 #include "ui/theme.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

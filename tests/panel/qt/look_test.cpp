@@ -18,7 +18,7 @@
 #include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/readings.h"
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"

@@ -8,7 +8,7 @@
 #include "ui/panel_layout.h"
 #include "ui/readings.h"
 #include "ui/theme.h"
-#include "ui/words.h"
+#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 #include "ui/theme.h"
 
 namespace panel {

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "ui/panel_key.h"
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 #include "ui/theme.h"
 
 namespace panel {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The panel's own words in both languages, and the one table of keys that feeds keyboard, tooltips and page.
-#include "ui/words.h"
+#include "common/words.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 
 namespace panel {
 namespace {

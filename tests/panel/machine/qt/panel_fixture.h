@@ -19,7 +19,7 @@
 #include "ui/message_zone.h"
 #include "ui/panel_window.h"
 #include "ui/program_editor.h"
-#include "ui/shortcuts.h"
+#include "common/shortcuts.h"
 
 // How a platform tells of its keyboard and its touch screen.
 extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,

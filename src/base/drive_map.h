@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// Drive letters of panel paths and the folders of this machine that they stand for.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pnl {
+
+/// Which folder of this machine stands behind each drive letter.
+class DriveMap {
+ public:
+  /// An empty folder takes the drive away. Letters compare without regard to case; others than A to Z are ignored.
+  void Set(char letter, std::string hostFolder);
+  [[nodiscard]] std::optional<std::string> Folder(char letter) const;
+  [[nodiscard]] std::vector<char> Letters() const;
+
+ private:
+  std::map<char, std::string> folders_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+// What the calculator's logic asks of its window, done with widgets.
+#include <QtWidgets/QApplication>
+
+#include "calc/calc_ids.h"
+#include "calc/qt/calc_label_widget.h"
+#include "calc/qt/calc_menu_widget.h"
+#include "calc/qt/calc_result_window.h"
+#include "calc/qt/calc_window.h"
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+Rect FromArea(const QRect& area) { return {area.x(), area.y(), area.x() + area.width(), area.y() + area.height()}; }
+
+}  // namespace
+
+Rect ZCCalc7340::ParentClientRect() const {
+  const QWidget* parent = parentWidget();
+  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
+}
+
+Rect ZCCalc7340::WindowRect() const { return FromArea(geometry()); }
+
+Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->height()}; }
+
+void ZCCalc7340::SetClientHeight(int height) {
+  const int bar = bar_ == nullptr ? 0 : bar_->heightForWidth(width());
+  resize(width(), std::max(0, height) + std::max(0, bar));
+  // The same size all told may part differently.
+  LayOut();
+}
+
+void ZCCalc7340::LayOut() {
+  const int bar = bar_ == nullptr ? 0 : std::max(0, bar_->heightForWidth(width()));
+  if (bar_ != nullptr) bar_->setGeometry(0, 0, width(), bar);
+  client_->setGeometry(0, bar, width(), std::max(0, height() - bar));
+}
+
+void ZCCalc7340::Hide() {
+  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
+  ClearFocus();
+  hide();
+}
+
+void ZCCalc7340::ClearFocus() {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
+}
+
+void ZCCalc7340::BringToTop() {
+  raise();
+  if (note_) note_->raise();
+}
+
+void ZCCalc7340::Destroy() {
+  if (closing_) return;
+  closing_ = true;
+  work_.stop();
+  EndMessages();
+  Hide();
+  deleteLater();
+}
+
+void ZCCalc7340::ClosePanel() {
+  // Behind the present event: closing may end everything that stands on the stack.
+  QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
+}
+
+void ZCCalc7340::SetTitle(TextView title) {
+  setWindowTitle(ToQString(title));
+  SetTitleProperty(title);
+}
+
+void ZCCalc7340::AttachMenu(MenuHandle menu) {
+  if (bar_ != nullptr) {
+    bar_->hide();
+    bar_->deleteLater();
+    bar_ = nullptr;
+  }
+  const int client = client_->height();
+  if (menu != 0) {
+    bar_ = new CalcMenuWidget(context_.language.Menus(), menu, this);
+    // Queued: the menu has closed by then, and the choice may end the window.
+    connect(
+        bar_, &CalcMenuWidget::Chosen, this,
+        [this](int id) { Tell([id](CalcSession& session) { session.OnMenuCommand(id); }); }, Qt::QueuedConnection);
+    bar_->show();
+  }
+  setProperty(property::kMenuAttached, bar_ != nullptr);
+  SetClientHeight(client);
+}
+
+void ZCCalc7340::MoveControl(int id, const Rect& rect) {
+  QWidget* control = client_->Control(id);
+  if (control != nullptr) control->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+}
+
+void ZCCalc7340::ShowControl(int id, bool shown) {
+  QWidget* control = client_->Control(id);
+  if (control == nullptr) return;
+  control->setVisible(shown);
+}
+
+void ZCCalc7340::SetKeyIcon(int id, int bitmap) { client_->SetKeyIcon(id, context_.language.Bitmap(bitmap)); }
+
+void ZCCalc7340::MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) {
+  client_->MakeFonts(lineHeight, lineWeight, resultHeight, resultWeight);
+}
+
+Text ZCCalc7340::LineText() const { return FromQString(client_->Line().text()); }
+
+void ZCCalc7340::SetLineText(TextView text) { client_->Line().SetText(ToQString(text)); }
+
+Text ZCCalc7340::ResultText() const {
+  QString text;
+  client_->Result().GetText(text);
+  return FromQString(text);
+}
+
+void ZCCalc7340::SetResultText(TextView text) { client_->Result().SetText(ToQString(text), true); }
+
+void ZCCalc7340::SetResultColors(std::uint32_t back, std::uint32_t text) {
+  client_->Result().SetColors(back, text, true);
+}
+
+void ZCCalc7340::SetStatus(TextView text) { client_->Status().SetText(ToQString(text)); }
+
+void ZCCalc7340::FillVariables(const std::vector<Text>& rows) { client_->Variables().SetItems(TextRows(rows)); }
+
+void ZCCalc7340::SetNote(TextView text) {
+  if (!note_) return;
+  note_->SetText(ToQString(text));
+  PlaceNote();
+}
+
+void ZCCalc7340::PlaceNote() {
+  if (!note_) return;
+  const bool shown = isVisible() && !note_->Shown().isEmpty();
+  if (shown) note_->PlaceBeside(geometry());
+  note_->setVisible(shown);
+}
+
+void ZCCalc7340::SetWorking(bool working) {
+  if (!working) return work_.stop();
+  if (!work_.isActive() && !closing_) work_.start(0, this);
+}
+
+}  // namespace pnl

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include "calc/qt/calc_window.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <optional>
+#include <utility>
+
+#include "calc/calc_ids.h"
+#include "calc/qt/calc_label_widget.h"
+#include "calc/qt/calc_look.h"
+#include "calc/qt/calc_menu_widget.h"
+#include "calc/calc_places.h"
+#include "calc/qt/calc_result_window.h"
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+/// So long an event may go on computing before the next one is looked at: what takes no longer is done at once.
+constexpr int kMomentMilliseconds = 40;
+constexpr int kSliceMilliseconds = 8;
+
+constexpr Qt::KeyboardModifiers kCommandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+std::optional<CalcKey> PlainKey(int key, bool shift) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return CalcKey::kEnter;
+    case Qt::Key_Left:
+      return CalcKey::kLeft;
+    case Qt::Key_Right:
+      return CalcKey::kRight;
+    case Qt::Key_Up:
+      return CalcKey::kUp;
+    case Qt::Key_Down:
+      return CalcKey::kDown;
+    default:
+      break;
+  }
+  // With Shift these three paste, cut, and acknowledge errors.
+  if (shift) return std::nullopt;
+  switch (key) {
+    case Qt::Key_Escape:
+      return CalcKey::kEscape;
+    case Qt::Key_Insert:
+      return CalcKey::kInsert;
+    case Qt::Key_Delete:
+      return CalcKey::kDelete;
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<CalcKey> ControlKey(int key, bool shift) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return PlainKey(key, shift);
+    default:
+      break;
+  }
+  if (shift) return std::nullopt;
+  switch (key) {
+    case Qt::Key_B:
+      return CalcKey::kBases;
+    case Qt::Key_R:
+      return CalcKey::kVariables;
+    case Qt::Key_E:
+      return CalcKey::kSolver;
+    default:
+      return std::nullopt;
+  }
+}
+
+/// Keys that the logic sees before the controls.
+std::optional<CalcKey> LogicKey(const QKeyEvent& event) {
+  const auto held = event.modifiers() & kCommandKeys;
+  const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+  if (held == Qt::NoModifier) return PlainKey(event.key(), shift);
+  if (held == Qt::ControlModifier) return ControlKey(event.key(), shift);
+  if (held == Qt::AltModifier && event.key() == Qt::Key_F4) return CalcKey::kAltF4;
+  return std::nullopt;
+}
+
+}  // namespace
+
+ZCCalc7340::Clock ZCCalc7340::SteadyClock() {
+  QElapsedTimer clock;
+  clock.start();
+  return [clock] { return clock.elapsed(); };
+}
+
+ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock)
+    : ToolWindow(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
+  const double scale = DialogScale(physicalDpiX(), ParentClientRect());
+  setProperty(property::kMenuAttached, false);
+  SetBackProperty(calc_look::kGroundColor);
+  setPalette(calc_look::DialogPalette());
+  setAutoFillBackground(true);
+  client_ = new CalcClientWidget(context_.language, scale, this);
+  setFocusProxy(&client_->Line());
+  if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), parent);
+  const CalcExtent extent = CalcDialogUnits();
+  resize(DialogPixelsX(extent.width, scale), DialogPixelsY(extent.height, scale));
+  CalcView& view = *this;
+  session_ = std::make_shared<CalcSession>(context_, view, param);
+  Connect();
+}
+
+ZCCalc7340::~ZCCalc7340() {
+  EndMessages();
+  // The controls die after this object and still have a focus to lose.
+  client_->disconnect(this);
+  for (QWidget* control : {static_cast<QWidget*>(&client_->Line()), static_cast<QWidget*>(&client_->History()),
+                           static_cast<QWidget*>(&client_->Variables())}) {
+    control->disconnect(this);
+    control->removeEventFilter(this);
+  }
+  End();
+  delete note_;
+}
+
+void ZCCalc7340::Connect() {
+  connect(client_, &CalcClientWidget::KeyPressed, this,
+          [this](int id) { Tell([id](CalcSession& session) { session.OnButton(id); }); });
+  connect(client_, &CalcClientWidget::HistorySelected, this,
+          [this] { Tell([](CalcSession& session) { session.OnListSelection(); }); });
+  connect(client_, &CalcClientWidget::HistoryDoubleClicked, this,
+          [this] { Tell([](CalcSession& session) { session.OnListDoubleClick(); }); });
+  connect(client_, &CalcClientWidget::VariablesPicked, this,
+          [this] { Tell([](CalcSession& session) { session.OnVariablesPicked(); }); });
+  connect(&client_->Line(), &QLineEdit::textChanged, this,
+          [this] { Tell([](CalcSession& session) { session.OnLineChanged(); }); });
+  connect(&client_->Line(), &CalcLine::Pressed, this,
+          [this] { Tell([](CalcSession& session) { session.OnLinePressed(); }); });
+  client_->Line().installEventFilter(this);
+  client_->History().installEventFilter(this);
+  client_->Variables().installEventFilter(this);
+}
+
+void ZCCalc7340::Open() {
+  Tell([](CalcSession& session) { session.Open(); });
+}
+
+void ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
+  const std::shared_ptr<CalcSession> session = session_;
+  if (!session || closing_) return;
+  const QPointer<ZCCalc7340> alive(this);
+  ++depth_;
+  intention(*session);
+  if (!alive) return;
+  --depth_;
+  if (depth_ == 0) FinishOrWork(kMomentMilliseconds);
+}
+
+void ZCCalc7340::FinishOrWork(int milliseconds) {
+  const std::shared_ptr<CalcSession> session = session_;
+  const QPointer<ZCCalc7340> alive(this);
+  const std::int64_t end = clock_() + milliseconds;
+  while (session && !closing_ && session->IsComputing() && clock_() < end) {
+    ++depth_;
+    session->Work();
+    if (!alive) return;
+    --depth_;
+  }
+  // Saved before the host goes on: it may ask for the next calculator at once.
+  if (closing_) End();
+}
+
+void ZCCalc7340::End() {
+  const std::shared_ptr<CalcSession> session = std::exchange(session_, nullptr);
+  if (session) session->OnDestroyed();
+}
+
+std::intptr_t ZCCalc7340::OnMessage(const Message& message) {
+  static const std::uint32_t handleValue = RegisterMessage("TM_HANDLEVALUE");
+  std::intptr_t answer = 0;
+  if (message.number == kMsgCommand) {
+    Tell([&](CalcSession& session) { session.OnMenuCommand(static_cast<int>(message.first)); });
+  } else if (message.number == kMsgToolCommand) {
+    Tell([&](CalcSession& session) { answer = session.OnToolCommand(message.first); });
+  } else if (message.number == handleValue) {
+    Tell([](CalcSession& session) { session.OnHandleValue(); });
+  }
+  return answer;
+}
+
+bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
+  bool consumed = false;
+  bool listOpen = false;
+  const auto key = LogicKey(event);
+  const QPointer<ZCCalc7340> alive(this);
+  if (key) {
+    const bool ctrl = (event.modifiers() & Qt::ControlModifier) != 0 && PlainKey(event.key(), false).has_value();
+    Tell([&](CalcSession& session) {
+      consumed = session.OnKey(*key, ctrl);
+      listOpen = session.IsListOpen();
+    });
+  } else if (watched == &client_->Line() && (event.modifiers() & kCommandKeys) == 0) {
+    consumed = OnCharacter(event.text());
+  }
+  // A key that isn't accepted goes on to the parents.
+  if (consumed) event.accept();
+  if (consumed || !alive) return true;
+  const bool upOrDown = key == CalcKey::kUp || key == CalcKey::kDown;
+  if (!upOrDown || !listOpen || watched != &client_->Line()) return false;
+  // The rows move from wherever the caret is.
+  QApplication::sendEvent(&client_->History(), &event);
+  return true;
+}
+
+bool ZCCalc7340::OnCharacter(const QString& typed) {
+  bool taken = false;
+  if (typed.size() != 1) return taken;
+  Tell([&](CalcSession& session) { taken = session.OnCharacter(typed.front().unicode()); });
+  return taken;
+}
+
+bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
+  // A dead key or a keyboard on the screen: its characters follow the rules of typed ones.
+  if (event.commitString().size() != 1 || !event.preeditString().isEmpty() || event.replacementLength() != 0) {
+    return false;
+  }
+  const QPointer<ZCCalc7340> alive(this);
+  if (!OnCharacter(event.commitString())) return false;
+  event.accept();
+  if (alive) QApplication::inputMethod()->reset();
+  return true;
+}
+
+bool ZCCalc7340::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && OnKeyDown(this, static_cast<QKeyEvent&>(*event))) return true;
+  return ToolWindow::event(event);
+}
+
+bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return OnKeyDown(watched, static_cast<QKeyEvent&>(*event));
+    case QEvent::InputMethod:
+      return watched == &client_->Line() && OnCommitted(static_cast<QInputMethodEvent&>(*event));
+    case QEvent::ShortcutOverride:
+      // The panel's shortcuts come behind the keys of the calculator.
+      if (LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool ZCCalc7340::focusNextPrevChild(bool next) {
+  if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
+  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select
+  // the whole line: a list that closes comes here too.
+  for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
+    if (list->isVisible() && !list->hasFocus()) {
+      list->setFocus(Qt::OtherFocusReason);
+      return true;
+    }
+  }
+  FocusLine();
+  return true;
+}
+
+void ZCCalc7340::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != work_.timerId()) return ToolWindow::timerEvent(event);
+  FinishOrWork(kSliceMilliseconds);
+}
+
+void ZCCalc7340::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void ZCCalc7340::hideEvent(QHideEvent* event) {
+  ToolWindow::hideEvent(event);
+  PlaceNote();
+}
+
+void ZCCalc7340::showEvent(QShowEvent* event) {
+  ToolWindow::showEvent(event);
+  PlaceNote();
+}
+
+void ZCCalc7340::moveEvent(QMoveEvent* event) {
+  ToolWindow::moveEvent(event);
+  PlaceNote();
+}
+
+void ZCCalc7340::resizeEvent(QResizeEvent* event) {
+  ToolWindow::resizeEvent(event);
+  LayOut();
+  PlaceNote();
+}
+
+}  // namespace pnl

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+// ZCCalc7340: the calculator's window. It has the controls, turns keys, presses, commands and messages into calls on
+// CalcSession and does what that asks of its view; it decides nothing. A child of the host's window, which owns it.
+#pragma once
+
+#include <QtCore/QBasicTimer>
+#include <QtCore/QPointer>
+#include <functional>
+#include <memory>
+
+#include "calc/qt/calc_client_widget.h"
+#include "calc/qt/calc_note_widget.h"
+#include "calc/calc_session.h"
+#include "calc/calc_view.h"
+#include "host/tool_context.h"
+#include "window/qt/tool_window.h"
+
+namespace pnl {
+
+class CalcMenuWidget;
+
+class ZCCalc7340 final : public ToolWindow, private CalcView {
+  Q_OBJECT
+
+ public:
+  /// Rising milliseconds. Not those of the context's timers: while those stand still an event must still come to its
+  /// end.
+  using Clock = std::function<std::int64_t()>;
+  [[nodiscard]] static Clock SteadyClock();
+
+  /// Hidden. param is the second argument of LoadPNLTool: the parent. The clock measures how long an event computes.
+  ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock = SteadyClock());
+  ~ZCCalc7340() override;
+
+  /// The opening steps, to its appearance. A callback on the way may destroy it.
+  void Open();
+
+ protected:
+  std::intptr_t OnMessage(const Message& message) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void hideEvent(QHideEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
+  [[nodiscard]] Rect ParentClientRect() const override;
+  [[nodiscard]] Rect WindowRect() const override;
+  void MoveWindow(int left, int top) override { move(left, top); }
+  void SetClientHeight(int height) override;
+  void Show() override { show(); }
+  void Hide() override;
+  void BringToTop() override;
+  void Destroy() override;
+  void ClosePanel() override;
+  void SetTitle(TextView title) override;
+  void AttachMenu(MenuHandle menu) override;
+  [[nodiscard]] Rect ClientRect() const override;
+  [[nodiscard]] Rect ControlRect(int id) const override { return client_->ControlRect(id); }
+  void MoveControl(int id, const Rect& rect) override;
+  void ShowControl(int id, bool shown) override;
+  void SetKeyIcon(int id, int bitmap) override;
+  void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) override;
+  [[nodiscard]] Text LineText() const override;
+  void SetLineText(TextView text) override;
+  [[nodiscard]] CalcSelection LineSelection() const override { return client_->Line().Selection(); }
+  void SetLineSelection(CalcSelection selection) override { client_->Line().Select(selection); }
+  void LimitLine(int characters) override { client_->Line().SetLimit(characters); }
+  void FocusLine() override { client_->Line().setFocus(Qt::OtherFocusReason); }
+  [[nodiscard]] Text ResultText() const override;
+  void SetResultText(TextView text) override;
+  void SetResultColors(std::uint32_t back, std::uint32_t text) override;
+  void SetStatus(TextView text) override;
+  [[nodiscard]] int ListCount() const override { return client_->History().Count(); }
+  [[nodiscard]] Text ListItem(int index) const override { return client_->History().Item(index); }
+  [[nodiscard]] std::vector<int> ListSelection() const override { return client_->History().Selected(); }
+  [[nodiscard]] int ListCurrent() const override { return client_->History().Current(); }
+  void FillList(const TextRows& rows) override { client_->FillHistory(rows); }
+  [[nodiscard]] TextRows ListRows() const override { return client_->History().Items(); }
+  void InsertListItem(int index, TextView text) override { client_->InsertRow(index, text); }
+  void DeleteListItem(int index) override { client_->DeleteRow(index); }
+  void SelectListItem(int index) override { client_->SelectRow(index); }
+  void FocusList() override { client_->History().setFocus(Qt::OtherFocusReason); }
+  void FillVariables(const std::vector<Text>& rows) override;
+  [[nodiscard]] int VariablesSelection() const override { return client_->Variables().Selection(); }
+  void FocusVariables() override { client_->Variables().setFocus(Qt::OtherFocusReason); }
+  void SetNote(TextView text) override;
+  void SetWorking(bool working) override;
+
+  /// Calls an intention of the logic, if it is there, and gives it a moment for what it began to compute. Nothing of
+  /// this window may be touched behind it: the intention may have ended in its destruction.
+  void Tell(const std::function<void(CalcSession&)>& intention);
+  void FinishOrWork(int milliseconds);
+  void End();
+  void Connect();
+  [[nodiscard]] bool OnKeyDown(QObject* watched, QKeyEvent& event);
+  [[nodiscard]] bool OnCommitted(QInputMethodEvent& event);
+  [[nodiscard]] bool OnCharacter(const QString& typed);
+  void ClearFocus();
+  void LayOut();
+  void PlaceNote();
+
+  const ToolContext context_;
+  CalcClientWidget* client_;
+  CalcMenuWidget* bar_ = nullptr;
+  QPointer<CalcNoteWidget> note_;
+  QBasicTimer work_;
+  const Clock clock_;
+  int depth_ = 0;         // calls into the logic that are under way
+  bool closing_ = false;  // the logic has closed the window
+  std::shared_ptr<CalcSession> session_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "errors/qt/error_window.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <optional>
+
+#include "controls/fonts.h"
+#include "errors/qt/error_counter_widget.h"
+#include "errors/error_ids.h"
+#include "errors/error_places.h"
+#include "errors/qt/threaded_line_reader.h"
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+constexpr int kBoldWeight = 700;
+/// So far beside a picture a finger still means it.
+constexpr int kReach = 4;
+
+std::optional<ErrorKey> LogicKey(const QKeyEvent& event) {
+  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier)) != 0) {
+    return std::nullopt;
+  }
+  switch (event.key()) {
+    case Qt::Key_Left:
+      return ErrorKey::kLeft;
+    case Qt::Key_Right:
+      return ErrorKey::kRight;
+    case Qt::Key_Up:
+      return ErrorKey::kUp;
+    case Qt::Key_Down:
+      return ErrorKey::kDown;
+    case Qt::Key_Escape:
+      return ErrorKey::kEscape;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return ErrorKey::kEnter;
+    default:
+      return std::nullopt;
+  }
+}
+
+QFont FontOf(const ErrorFont& font) {
+  QFont made = MakeFont(ToQString(font.face), font.height, font.weight).value_or(QFont());
+  made.setItalic(font.italic);
+  made.setUnderline(font.underline);
+  made.setStrikeOut(font.strikeOut);
+  return made;
+}
+
+}  // namespace
+
+ZCErrorManager::ZCErrorManager(const ToolContext& context, QWidget* parent)
+    : ToolWindow(tool_id::kErrorManager, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  MakeControls();
+  ErrorView& view = *this;
+  session_.Make(context_, view, std::make_unique<ThreadedLineReader>(context_.files));
+  SetClassColor(classColor_);
+}
+
+ZCErrorManager::~ZCErrorManager() {
+  EndMessages();
+  session_.End();
+}
+
+void ZCErrorManager::Start() {
+  session_.Tell([](ErrorSession& session) { session.Start(); });
+}
+
+void ZCErrorManager::MakeControls() {
+  // The window's own size comes in pixels of the panel, so its controls are not scaled either.
+  constexpr double scale = 1;
+  for (const ErrorControl& control : ErrorControls()) {
+    QWidget* widget = nullptr;
+    switch (control.kind) {
+      case ErrorControlKind::kBox:
+        widget = new ZC3DText(control.id, this);
+        break;
+      case ErrorControlKind::kText:
+        widget = new ErrorTextWidget(control.id, control.id == error_id::kTitleLine, this);
+        break;
+      case ErrorControlKind::kCounter:
+        widget = new ErrorCounterWidget(control.id, this);
+        break;
+      case ErrorControlKind::kPicture:
+        widget = new ErrorPictureWidget(control.id, context_.language.Bitmap(control.picture),
+                                        ToQString(control.instead), this);
+        break;
+    }
+    controls_[control.id] = widget;
+    const Rect rect = PixelsOf(control, context_.language.Dialog(error_id::kDialog), scale);
+    widget->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+    // Presses act by where they are, so that a double click beside the pictures can be told.
+    widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+    const bool always = control.kind == ErrorControlKind::kText || control.id == error_id::kTitleBox;
+    widget->setVisible(always);
+  }
+  titleLine_ = static_cast<ErrorTextWidget*>(controls_[error_id::kTitleLine]);
+  description_ = static_cast<ErrorTextWidget*>(controls_[error_id::kDescription]);
+  titleBox_ = static_cast<ZC3DText*>(controls_[error_id::kTitleBox]);
+  channelBox_ = static_cast<ZC3DText*>(controls_[error_id::kChannelBox]);
+  resize(DialogPixelsX(kErrorDialogWidth, scale), DialogPixelsY(kErrorDialogHeight, scale));
+}
+
+std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
+  static const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
+  std::intptr_t answer = 0;
+  session_.Tell([&](ErrorSession& session) {
+    if (message.number == kMsgVariableReport) {
+      session.OnReport(message.first, message.second);
+    } else if (message.number == kMsgToolNotify) {
+      session.OnToolNotify(message.first, message.second);
+    } else if (message.number == kMsgHelpKey) {
+      answer = session.ShowHelp() ? 1 : 0;
+    } else if (message.number == helpEnded) {
+      session.HelpEnded();
+    }
+  });
+  return answer;
+}
+
+bool ZCErrorManager::OnKeyDown(QKeyEvent& event) {
+  const auto key = LogicKey(event);
+  if (!key) return false;
+  event.accept();
+  session_.Tell([key](ErrorSession& session) { session.OnKey(*key); });
+  return true;
+}
+
+bool ZCErrorManager::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
+  // The panel's shortcuts come behind the keys of the window.
+  if (event->type() == QEvent::ShortcutOverride && LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
+  return ToolWindow::event(event);
+}
+
+bool ZCErrorManager::focusNextPrevChild(bool next) {
+  // The window has nothing to go to; the panel behind it must not take the keys while it stands.
+  return isVisible() ? true : ToolWindow::focusNextPrevChild(next);
+}
+
+void ZCErrorManager::resizeEvent(QResizeEvent* event) {
+  ToolWindow::resizeEvent(event);
+  session_.Tell([](ErrorSession& session) { session.OnResized(); });
+}
+
+int ZCErrorManager::PictureAt(const QPoint& place) const {
+  for (const ErrorControl& control : ErrorControls()) {
+    if (control.kind != ErrorControlKind::kPicture) continue;
+    const QWidget* widget = controls_.at(control.id);
+    // Neighbours stand ten pixels apart, so that no place belongs to two.
+    const QRect reach = widget->geometry().adjusted(-kReach, -kReach, kReach, kReach);
+    if (widget->isVisible() && reach.contains(place)) return control.id;
+  }
+  return 0;
+}
+
+void ZCErrorManager::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton) return;
+  const int id = PictureAt(event->position().toPoint());
+  session_.Tell([id](ErrorSession& session) { session.OnClick(id); });
+}
+
+void ZCErrorManager::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton) return;
+  const int id = PictureAt(event->position().toPoint());
+  session_.Tell([id](ErrorSession& session) { session.OnDoubleClick(id); });
+}
+
+void ZCErrorManager::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(classColor_)); }
+
+void ZCErrorManager::Hide() {
+  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
+  const QPointer<ZCErrorManager> alive = this;
+  if (hasFocus()) clearFocus();
+  // Who follows the focus may have destroyed the window.
+  if (alive) hide();
+}
+
+void ZCErrorManager::SetWindowRect(const Rect& rect) { setGeometry(rect.left, rect.top, rect.Width(), rect.Height()); }
+
+void ZCErrorManager::SetWaitCursor(bool waiting) {
+  if (waiting) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void ZCErrorManager::RegisterHotKey(bool registered) {
+  delete hotKey_;
+  QWidget* parent = parentWidget();
+  if (!registered || parent == nullptr) return;
+  // Belongs to the top-level window: one of a hidden window would never be seen.
+  hotKey_ = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_W), parent->window());
+  hotKey_->setContext(Qt::ApplicationShortcut);
+  hotKey_->setProperty(property::kOwner, static_cast<int>(Handle()));
+  connect(hotKey_, &QShortcut::activated, this,
+          [this] { session_.Tell([](ErrorSession& session) { session.OnHotKey(); }); });
+}
+
+void ZCErrorManager::SetFonts(const ErrorFont& title, const ErrorFont& text) {
+  const QFont titleFont = FontOf(title);
+  for (ZC3DText* box : {titleBox_, channelBox_}) box->SetFont(ToQString(title.face), title.height, titleFont);
+  titleLine_->SetTextFont(FontOf(text));
+  description_->SetTextFont(FontOf(text));
+  ErrorFont counter = title;
+  counter.weight = kBoldWeight;
+  for (const int id : {error_id::kBefore, error_id::kAfter}) {
+    static_cast<ErrorCounterWidget*>(controls_[id])->setFont(FontOf(counter));
+  }
+}
+
+Rect ZCErrorManager::ControlRect(int id) const {
+  const QRect area = controls_.at(id)->geometry();
+  return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+void ZCErrorManager::MoveControl(int id, const Rect& rect) {
+  controls_.at(id)->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+}
+
+void ZCErrorManager::ShowControl(int id, bool shown) { controls_.at(id)->setVisible(shown); }
+
+void ZCErrorManager::SetControlText(int id, TextView text) {
+  const QString shown = ToQString(text);
+  if (ZC3DText* box = BoxOf(id)) {
+    box->SetWindowTextW(shown, false);
+    box->update();
+  } else if (id == error_id::kTitleLine || id == error_id::kDescription) {
+    static_cast<ErrorTextWidget*>(controls_.at(id))->SetText(shown);
+  } else {
+    static_cast<ErrorCounterWidget*>(controls_.at(id))->SetText(shown);
+  }
+}
+
+void ZCErrorManager::SetClassColor(std::uint32_t color) {
+  classColor_ = color;
+  SetBackProperty(color);
+  for (const ErrorControl& control : ErrorControls()) {
+    if (control.kind == ErrorControlKind::kPicture) {
+      static_cast<ErrorPictureWidget*>(controls_[control.id])->SetBack(color);
+    }
+  }
+  update();
+}
+
+ZC3DText* ZCErrorManager::BoxOf(int id) const {
+  if (id == error_id::kTitleBox) return titleBox_;
+  return id == error_id::kChannelBox ? channelBox_ : nullptr;
+}
+
+void ZCErrorManager::SetBoxColors(int id, std::uint32_t back, std::uint32_t text, bool now) {
+  ZC3DText* box = BoxOf(id);
+  box->SetBkgndColor(back, false);
+  box->SetTextColor(text, now);
+  if (!now) box->update();
+}
+
+void ZCErrorManager::UseRaisedLook(int id, bool raised) { BoxOf(id)->Use3D(raised); }
+
+int ZCErrorManager::DescriptionTextWidth(TextView text) const { return description_->WidthOf(ToQString(text)); }
+
+int ZCErrorManager::TitleTextHeight(TextView text, int width) const {
+  return titleLine_->HeightOf(ToQString(text), width);
+}
+
+}  // namespace pnl

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// ZCErrorManager: the window that appears over the panel while the CNC holds errors. It has the controls, turns keys,
+// clicks and messages into calls on ErrorSession and does what that asks of its view; it decides nothing. A child of
+// the host's window, which owns it, and hidden until an error comes.
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtGui/QShortcut>
+#include <map>
+
+#include "errors/error_session.h"
+#include "errors/qt/error_text_widget.h"
+#include "errors/qt/raised_text_widget.h"
+#include "host/tool_context.h"
+#include "window/qt/tool_window.h"
+#include "window/tool_link.h"
+
+namespace pnl {
+
+class ZCErrorManager final : public ToolWindow, private ErrorView {
+  Q_OBJECT
+
+ public:
+  ZCErrorManager(const ToolContext& context, QWidget* parent);
+  ~ZCErrorManager() override;
+  /// The steps of the start. A callback on the way may destroy the window.
+  void Start();
+
+ protected:
+  std::intptr_t OnMessage(const Message& message) override;
+  bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
+  void Show() override { show(); }
+  void Hide() override;
+  void BringToTop() override { raise(); }
+  void FocusWindow() override { setFocus(Qt::OtherFocusReason); }
+  void Invalidate() override { update(); }
+  void SetWindowRect(const Rect& rect) override;
+  [[nodiscard]] Rect ClientRect() const override { return {0, 0, width(), height()}; }
+  void SetWaitCursor(bool waiting) override;
+  void RegisterHotKey(bool registered) override;
+  void SetFonts(const ErrorFont& title, const ErrorFont& text) override;
+  [[nodiscard]] Rect ControlRect(int id) const override;
+  void MoveControl(int id, const Rect& rect) override;
+  void ShowControl(int id, bool shown) override;
+  void SetControlText(int id, TextView text) override;
+  void CentreTitleLine(bool centred) override { titleLine_->SetCentred(centred); }
+  void SetClassColor(std::uint32_t color) override;
+  void SetBoxColors(int id, std::uint32_t back, std::uint32_t text, bool now) override;
+  void UseRaisedLook(int id, bool raised) override;
+  [[nodiscard]] int DescriptionTextWidth(TextView text) const override;
+  [[nodiscard]] int TitleTextHeight(TextView text, int width) const override;
+
+  void MakeControls();
+  [[nodiscard]] ZC3DText* BoxOf(int id) const;
+  [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
+  /// The control with that id under a place in the window; 0 for none that a click acts on.
+  [[nodiscard]] int PictureAt(const QPoint& place) const;
+
+  const ToolContext context_;
+  std::map<int, QWidget*> controls_;
+  ErrorTextWidget* titleLine_ = nullptr;
+  ErrorTextWidget* description_ = nullptr;
+  ZC3DText* titleBox_ = nullptr;
+  ZC3DText* channelBox_ = nullptr;
+  QPointer<QShortcut> hotKey_;
+  std::uint32_t classColor_;
+  LogicLink<ErrorSession> session_;
+};
+
+}  // namespace pnl

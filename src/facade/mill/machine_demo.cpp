@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "facade/mill/machine_demo.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "facade/mill/machine_plan_motion.h"
+#include "facade/mill/machine_variables.h"
+
+namespace pnl::sim {
+
+namespace {
+
+constexpr int kDisplayPeriod = 40;
+/// An end this little after a whole millisecond is that millisecond's.
+constexpr double kEndTolerance = 1e-3;
+/// A longer wait is taken in parts.
+constexpr double kLongestWait = 1e9;
+
+}  // namespace
+
+DemoMachine::DemoMachine(MachineEnvironment& environment)
+    : environment_(environment), display_(environment.Clock()), end_(environment.Clock()) {
+  DefineMachineVariables(environment_);
+  DemoMachine::SetLanguage("en");
+}
+
+double DemoMachine::Now() const { return static_cast<double>(environment_.Clock().Now()); }
+
+Point DemoMachine::Here() const {
+  if (!task_ || task_->comeBack) return condition_.position;
+  return task_->run.Position(Now()).value_or(condition_.position);
+}
+
+bool DemoMachine::Interrupted() const {
+  return task_ && task_->halt != Halt::kNone && task_->halt != Halt::kSingleStep;
+}
+
+int DemoMachine::FullStatus() const {
+  if (aborting_) return 0x800;
+  if (!task_) return 0x100;
+  switch (task_->halt) {
+    case Halt::kSingleStep:
+      return 0x201;
+    case Halt::kFeedHold:
+      return 0x405;
+    case Halt::kStop:
+      return 0x404;
+    case Halt::kOptionalStop:
+      return 0x406;
+    case Halt::kNone:
+      break;
+  }
+  return 0x200;
+}
+
+/// Everything that has come to its end by now.
+void DemoMachine::Work() {
+  aborting_ = false;
+  while (task_ && task_->halt == Halt::kNone) {
+    const std::optional<double> end = task_->run.StepEnd();
+    if (!end || *end > Now() + kEndTolerance) break;
+    if (task_->run.Over()) {
+      task_.reset();
+    } else {
+      EndStep();
+    }
+  }
+  Publish();
+}
+
+void DemoMachine::EndStep() {
+  const Step step = task_->run.Current();
+  if (step.kind == Step::Kind::kMove) condition_.position = step.path.to;
+  if (step.kind == Step::Kind::kFunctions) Apply(step.functions);
+  const double end = task_->run.Next();
+  if (step.kind == Step::Kind::kStop) {
+    HaltAt(step.stopCode == 0 ? Halt::kStop : Halt::kOptionalStop, end);
+  } else if (singleBlock_ && !task_->run.Over() && task_->run.Current().kind != Step::Kind::kStop) {
+    // A stop that follows halts by itself; one start key is enough for both.
+    HaltAt(Halt::kSingleStep, end);
+  }
+}
+
+void DemoMachine::Apply(const Functions& functions) {
+  if (functions.tool) condition_.tool = *functions.tool;
+  if (functions.spindle) condition_.spindle = *functions.spindle;
+  if (functions.coolant) condition_.coolant = *functions.coolant;
+  if (!functions.programEnd) return;
+  StopSpindleAndCoolant();
+  ResetModal();
+}
+
+/// What T and D chose stays.
+void DemoMachine::ResetModal() {
+  Modal start;
+  start.nextTool = condition_.modal.nextTool;
+  start.edge = condition_.modal.edge;
+  condition_.modal = start;
+}
+
+void DemoMachine::StopSpindleAndCoolant() {
+  condition_.spindle = {};
+  condition_.coolant = false;
+}
+
+void DemoMachine::HaltAt(Halt halt, double when) {
+  task_->halt = halt;
+  task_->run.Hold(when);
+}
+
+void DemoMachine::Release() {
+  if (task_->comeBack) {
+    const Point here = condition_.position;
+    if (here != *task_->comeBack) task_->run.Insert(RapidMove(here, *task_->comeBack));
+    task_->comeBack.reset();
+  }
+  task_->halt = Halt::kNone;
+  task_->run.Release(Now());
+  Publish();
+}
+
+void DemoMachine::Abort(bool parked) {
+  const bool any = task_ || (parked && parked_);
+  condition_.position = Here();
+  task_.reset();
+  if (parked) {
+    parked_.reset();
+    if (std::exchange(inspecting_, false)) SetInt(machine_variable::kInspection, 0);
+  }
+  if (any) aborting_ = true;
+  Publish();
+}
+
+void DemoMachine::EndInspection() {
+  inspecting_ = false;
+  task_ = std::exchange(parked_, std::nullopt);
+  SetInt(machine_variable::kInspection, 0);
+  Publish();
+}
+
+void DemoMachine::Publish() {
+  Arm();
+  ShowPositions();
+  const int status = FullStatus();
+  if (std::exchange(status_, status) != status) {
+    // The short status first: who hears of the full one may read both. A watcher may have changed it in between.
+    SetInt(machine_variable::kStatus, status_ >> 8);
+    SetInt(machine_variable::kFullStatus, status_);
+  }
+  Changed();
+}
+
+void DemoMachine::Arm() {
+  const bool runs = task_ && task_->halt == Halt::kNone;
+  std::optional<double> end;
+  if (aborting_) {
+    end = Now();
+  } else if (runs) {
+    end = task_->run.StepEnd();
+  }
+  end_.Stop();
+  if (end) {
+    const double wait = std::clamp(std::ceil(*end - Now() - kEndTolerance), 1.0, kLongestWait);
+    end_.StartOnce(static_cast<int>(wait), [this] { Work(); });
+  }
+  if (!runs || !task_->run.Moves()) {
+    display_.Stop();
+  } else if (!display_.IsRunning()) {
+    display_.Start(kDisplayPeriod, [this] {
+      ShowPositions();
+      Changed();
+    });
+  }
+}
+
+void DemoMachine::ShowPositions() {
+  const Point here = Here();
+  const Point offset = WorkOffset(condition_.modal, condition_.tool);
+  for (std::size_t axis = 0; axis < kAxisCount; ++axis) {
+    const double value = here[axis] - offset[axis];
+    if (std::exchange(shown_[axis], value) != value) {
+      environment_.Set(machine_variable::kPositions[axis], value);
+    }
+  }
+}
+
+/// Last in every operation: the panel may call back in.
+void DemoMachine::Changed() const {
+  if (const auto changed = changed_) changed();
+}
+
+std::unique_ptr<Machine> MakeMachine(std::string_view name, MachineEnvironment& environment) {
+  if (name != "demo") return nullptr;
+  return std::make_unique<DemoMachine>(environment);
+}
+
+}  // namespace pnl::sim

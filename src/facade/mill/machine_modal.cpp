@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "facade/mill/machine_modal.h"
+
+#include "base/format.h"
+
+namespace pnl::sim {
+
+namespace {
+constexpr int kLengthOn = 43;
+constexpr std::size_t kToolAxis = 2;
+}  // namespace
+
+Point WorkOffset(const Modal& modal, int tool) {
+  Point offset = OffsetOf(modal.offset);
+  if (modal.length == kLengthOn) offset[kToolAxis] += ToolOf(tool).length;
+  return offset;
+}
+
+Text GCodes(const Modal& modal) {
+  Text codes = Format(u"G%02d G%02d G%02d G%02d", modal.motion, modal.plane, modal.units, modal.radius);
+  if (modal.length == kLengthOn) codes += Format(u" G%02d", modal.length);
+  return codes + Format(u" G%02d G%02d G%02d G%02d", modal.offset, modal.distance, modal.feedMode, modal.speedMode);
+}
+
+}  // namespace pnl::sim

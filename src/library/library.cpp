@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "library/library.h"
+
+#include <dlfcn.h>
+
+#include <QApplication>
+#include <QThread>
+#include <cstdio>
+#include <cstdlib>
+
+#include "facade/mill/machine_descriptions.h"
+#include "facade/mill/machine_errors.h"
+#include "library/backend_loader.h"
+#include "host/drive_settings.h"
+#include "host/pack_files.h"
+#include "library/tool_factory.h"
+
+namespace pnl {
+namespace {
+
+constexpr const char* kDefaultLanguage = "en";
+
+/// The file that this code was loaded from.
+std::string OwnFile() {
+  Dl_info info = {};
+  if (dladdr(reinterpret_cast<void*>(&SetPNLApi), &info) == 0 || info.dli_fname == nullptr) return {};
+  return info.dli_fname;
+}
+
+/// True on the thread of a running application; elsewhere no window can be made.
+bool CanMakeWindows() {
+  auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
+  return application != nullptr && application->thread() == QThread::currentThread();
+}
+
+}  // namespace
+
+Library& Library::Instance() {
+  static auto* const library = new Library;
+  return *library;
+}
+
+Library::Tools::Tools(Library& library, CncFacade& cnc)
+    : host(HostApi, cnc.Vars()),
+      language(library.menus_, cnc.Util(), library.files_, library.windows_),
+      context{host, cnc, library.windows_, library.timers_, language, library.files_} {}
+
+Library::Library() {
+  SetStartDrives(drives_, std::getenv("PNLTOOLS_DRIVES"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+  simulation_ = std::make_unique<sim::SimulatedCnc>(windows_, timers_, files_, drives_);
+  tools_ = std::make_unique<Tools>(*this, *simulation_);
+  UsePack(kDefaultLanguage);
+}
+
+Library::~Library() { simulation_->AttachMachine(nullptr); }
+
+WindowHandle Library::LoadTool(int toolId, WindowHandle parent) {
+  if (!CanMakeWindows()) return 0;
+  QWidget* const parentWidget = windows_.WidgetOf(parent);
+  const ToolWindow* const tool = MakeTool(toolId, tools_->context, parentWidget);
+  return tool != nullptr ? tool->Handle() : 0;
+}
+
+void Library::DestroyTool(WindowHandle window) {
+  auto* const tool = qobject_cast<ToolWindow*>(windows_.WidgetOf(window));
+  if (tool == nullptr) return;
+  if (!tools_->host.InCallback() && !windows_.InCallOut() && !tool->InMessage()) {
+    delete tool;
+    return;
+  }
+  // The tool's own code called the host and stands below us on the stack.
+  WindowRegistry::Instance().Unregister(window);
+  tool->hide();
+  tool->deleteLater();
+}
+
+bool Library::UsePack(const std::string& code) {
+  const std::vector<std::string> folders = PackFolders(std::getenv("PNLTOOLS_LANG_DIR"), OwnFile());
+  std::optional<std::string> bytes = ReadPackFile(folders, code);
+  LanguagePack pack;
+  if (!bytes || !pack.Parse(*bytes)) {
+    std::fprintf(stderr, "pnltools: no language pack \"%s\"\n", code.c_str());
+    return false;
+  }
+  tools_->language.Use(std::move(pack));
+  packBytes_ = std::move(*bytes);
+  language_ = code;
+  return true;
+}
+
+bool Library::SetLanguage(const std::string& code) {
+  const bool numbers = code == "none";
+  if (!UsePack(numbers ? kDefaultLanguage : code)) return false;
+  numbersForTexts_ = numbers;
+  tools_->language.UseNumbersForTexts(numbers);
+  if (machine_) machine_->SetLanguage(language_);
+  if (foldersReady_) InstallLanguageLibrary();
+  return true;
+}
+
+bool Library::SetBackend(const std::string& name) {
+  // A tool may have ended and still stand on the stack below a callback, or wait for its deletion.
+  if (ToolWindow::Living() != 0 || tools_->host.InCallback() || windows_.InCallOut()) return false;
+  std::unique_ptr<CncFacade> backend;
+  if (name != "sim") {
+    std::string problem;
+    backend = LoadBackend(name, windows_, timers_, problem);
+    if (!backend) {
+      std::fprintf(stderr, "pnltools: %s\n", problem.c_str());
+      return false;
+    }
+  }
+  // The old tools' side goes before the facade that it refers to.
+  tools_ = std::make_unique<Tools>(*this, backend ? *backend : static_cast<CncFacade&>(*simulation_));
+  backend_ = std::move(backend);
+  UsePack(language_);
+  tools_->language.UseNumbersForTexts(numbersForTexts_);
+  return true;
+}
+
+void Library::PrepareFolders() {
+  simulation_->Storage().MakeFolders();
+  foldersReady_ = true;
+  InstallLanguageLibrary();
+  if (machine_) InstallDescriptions();
+}
+
+void Library::InstallLanguageLibrary() {
+  const Text folder = simulation_->Storage().Path(path_id::kLanguage);
+  if (packBytes_.empty() || folder.empty()) return;
+  const Text file = JoinPath(folder, kLanguageLibrary);
+  if (ReadWhole(files_, file, packBytes_.size()) == packBytes_) return;
+  // On a disc that can't be written the dialogs that need the file are reported as cancelled, as without a file.
+  if (files_.Replace(file, packBytes_) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no language library\n");
+}
+
+void Library::InstallDescriptions() {
+  const std::vector<std::string> folders = PackFolders(std::getenv("PNLTOOLS_LANG_DIR"), OwnFile());
+  for (const char* language : {"en", "es"}) {
+    const auto bytes = ReadSharedFile(folders, std::string("errors/") + language + "/machine.txt");
+    if (!bytes) continue;
+    const Text file = sim::DescriptionFile(language);
+    for (const auto& [number, text] : sim::ParseDescriptions(*bytes)) simulation_->Description(file, number, text);
+    if (ReadWhole(files_, file, bytes->size()) == *bytes) continue;
+    // On a disc that can't be written the texts can still be read; only what asks for the file finds none.
+    files_.MakeFolder(TextView(file).substr(0, file.rfind(u'\\')));
+    if (files_.Replace(file, *bytes) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no error descriptions\n");
+  }
+}
+
+bool Library::StartMachine(std::string_view name) {
+  if (machine_) return false;
+  machine_ = sim::MakeMachine(name, simulation_->Environment());
+  if (!machine_) return false;
+  machine_->SetLanguage(language_);
+  simulation_->AttachMachine(machine_.get());
+  return true;
+}
+
+void Library::Drain() {
+  QCoreApplication::sendPostedEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace pnl

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// The test rig over the library's instance: one object that passes each call on to the part it is about, and turns what
+// the parts tell into events. No state but the sink.
+#pragma once
+
+#include <pnltools/rig.h>
+
+#include "library/library.h"
+
+namespace pnl {
+
+class LibraryRig final : public rig::Rig {
+ public:
+  explicit LibraryRig(Library& library);
+
+  bool StartBare() override;
+  bool StartMachine(std::string_view name) override;
+  [[nodiscard]] rig::CncControl& Cnc() override { return *library_.Simulation(); }
+  [[nodiscard]] rig::MachineControl* Machine() override { return library_.Machine(); }
+  [[nodiscard]] rig::Storage& Files() override { return library_.Simulation()->Storage(); }
+  void UseManualTime() override;
+  void Advance(std::int64_t milliseconds) override;
+  void SetText(std::int32_t id, std::u16string_view text) override;
+  void AnswerBoxes(std::function<std::string(std::string_view style)> answer) override;
+  void SetSink(rig::EventSink* sink) override;
+  [[nodiscard]] std::u16string ClipboardText() const override;
+  [[nodiscard]] Counts Open() const override;
+
+ private:
+  Library& library_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "mdi/qt/mdi_edit_widget.h"
+
+#include <QtGui/QFocusEvent>
+#include <algorithm>
+
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+constexpr int kSideMargin = 4;
+
+}  // namespace
+
+MdiEdit::MdiEdit(int id, QWidget* parent) : LimitedEdit(id, kLimit, parent) {
+  setFrame(false);
+  setTextMargins(kSideMargin, 0, kSideMargin, 0);
+}
+
+MdiSelection MdiEdit::Selection() const {
+  if (!hasSelectedText()) return {cursorPosition(), cursorPosition()};
+  return {selectionStart(), selectionEnd()};
+}
+
+void MdiEdit::Select(MdiSelection selection) {
+  if (selection.start < 0) return deselect();
+  const int length = static_cast<int>(text().size());
+  const int start = std::min(selection.start, length);
+  const int end = selection.end < 0 ? length : std::min(selection.end, length);
+  deselect();
+  setCursorPosition(start);
+  if (start != end) setSelection(start, end - start);
+}
+
+void MdiEdit::ReplaceSelection(const QString& text) { insert(text); }
+
+void MdiEdit::SetColors(const MdiColorPair& colors) {
+  // Asked after every message: what stays the same must cost nothing.
+  if (colors_ == colors) return;
+  colors_ = colors;
+  SetColorProperty(this, property::kBack, colors.back);
+  SetColorProperty(this, property::kFore, colors.text);
+  QPalette wanted = palette();
+  wanted.setColor(QPalette::Base, ToQColor(colors.back));
+  wanted.setColor(QPalette::Text, ToQColor(colors.text));
+  if (wanted != palette()) setPalette(wanted);
+}
+
+bool MdiEdit::event(QEvent* event) {
+  const QEvent::Type type = event->type();
+  const bool focus = (type == QEvent::FocusIn || type == QEvent::FocusOut) &&
+                     static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+  const bool handled = LimitedEdit::event(event);
+  // Last of all: whoever listens may destroy the edit.
+  if (focus) emit FocusChanged(type == QEvent::FocusIn);
+  return handled;
+}
+
+}  // namespace pnl

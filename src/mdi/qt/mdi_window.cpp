@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "mdi/qt/mdi_window.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <optional>
+#include <utility>
+
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+#include "window/qt/window_registry.h"
+
+namespace pnl {
+namespace {
+
+const QString kFace = QStringLiteral("Arial");
+constexpr int kFontHeight = 18;
+constexpr int kFontWeight = 600;
+
+/// Keys that the logic sees before the controls.
+std::optional<MdiKey> LogicKey(int key) {
+  switch (key) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return MdiKey::kTab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return MdiKey::kEnter;
+    case Qt::Key_Escape:
+      return MdiKey::kEscape;
+    case Qt::Key_Up:
+      return MdiKey::kUp;
+    case Qt::Key_Down:
+      return MdiKey::kDown;
+    case Qt::Key_Delete:
+      return MdiKey::kDelete;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
+    : ToolWindow(tool_id::kMdi, parent),
+      context_(context),
+      edit_(new MdiEdit(kEditId, this)),
+      list_(new ListBox(kListId, this)),
+      title_(new ZWCStatic(kTitleId, context.timers, context.files, this)),
+      sign_(new ZWCStatic(kSignId, context.timers, context.files, this)) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::ClickFocus);
+  SetBackProperty(kMdiDialogBack);
+  if (const auto font = MakeFont(kFace, kFontHeight, kFontWeight)) edit_->setFont(*font);
+  list_->SetFont(kFace, kFontHeight, kFontWeight);
+  title_->SetFont(kFace, kFontHeight, kFontWeight);
+  titleColors_ = {title_->TextColor(), title_->BackColor()};
+  sign_->SetTextW(QStringLiteral("MORE!"), false);
+  sign_->SetPlusSign();
+  logic_ = MdiExecution::Make(context_, *this, WindowRegistry::Instance().HandleOf(parent));
+  UseColors();
+
+  connect(edit_, &MdiEdit::FocusChanged, this,
+          [this](bool focused) { Tell([focused](MdiExecution& logic) { logic.OnEditFocus(focused); }); });
+  connect(list_, &ListBox::Focused, this, &ZCMDIWindow::OnListFocus);
+  edit_->installEventFilter(this);
+  list_->installEventFilter(this);
+  if (parent != nullptr) parent->installEventFilter(this);
+}
+
+ZCMDIWindow::~ZCMDIWindow() {
+  EndMessages();
+  // The controls die after this object and still have a focus to lose.
+  for (QObject* control : {static_cast<QObject*>(edit_), static_cast<QObject*>(list_)}) {
+    control->disconnect(this);
+    control->removeEventFilter(this);
+  }
+  if (dropList_) dropList_->Dismiss();
+  if (logic_) logic_->OnDestroy();
+}
+
+template <typename Intention>
+void ZCMDIWindow::Tell(Intention intention) {
+  const std::shared_ptr<MdiExecution> logic = logic_;
+  if (!logic) return;
+  intention(*logic);
+  // The logic has ended with the window, if somebody destroyed it meanwhile.
+  if (!logic->Ended()) UseColors();
+}
+
+std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {
+  std::intptr_t answer = 0;
+  Tell([&](MdiExecution& logic) { answer = logic.OnMessage(message).value_or(0); });
+  return answer;
+}
+
+bool ZCMDIWindow::OnKeyDown(QKeyEvent& event) {
+  const auto key = LogicKey(event.key());
+  bool consumed = false;
+  if (key) Tell([&](MdiExecution& logic) { consumed = logic.OnKey(*key); });
+  // A key that isn't accepted goes on to the parents.
+  if (consumed) event.accept();
+  return consumed;
+}
+
+bool ZCMDIWindow::event(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
+  if (type != QEvent::FocusIn) return ToolWindow::event(event);
+  const bool handled = ToolWindow::event(event);
+  OnWindowFocus();
+  return handled;
+}
+
+bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == edit_ || watched == list_) {
+    if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
+    // The panel's shortcuts come behind the keys of the command line.
+    if (event->type() == QEvent::ShortcutOverride) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      // With Ctrl or Alt the same keys are the host's: its start key may be one of them.
+      const bool plain = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+      if (plain && LogicKey(key->key())) event->accept();
+    }
+    return false;
+  }
+  if (event->type() == QEvent::Resize) Tell([](MdiExecution& logic) { logic.OnParentResized(); });
+  return false;
+}
+
+bool ZCMDIWindow::focusNextPrevChild(bool next) {
+  if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
+  // As in any dialog, Tab goes round its own controls.
+  QWidget* other = edit_->hasFocus() ? static_cast<QWidget*>(list_) : edit_;
+  if (other->isVisible() && other->isEnabled()) {
+    other->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  }
+  return true;
+}
+
+void ZCMDIWindow::MoveFocus(QWidget* taker) {
+  ++focusMoves_;
+  taker->setFocus(Qt::OtherFocusReason);
+  if (--focusMoves_ == 0) SettleFocus();
+}
+
+void ZCMDIWindow::OnListFocus() {
+  Tell([](MdiExecution& logic) { logic.OnListFocus(); });
+  listGotFocus_ = true;
+  if (focusMoves_ == 0) SettleFocusLater();
+}
+
+void ZCMDIWindow::OnWindowFocus() {
+  ++focusMoves_;
+  Tell([](MdiExecution& logic) { logic.OnWindowFocus(); });
+  if (--focusMoves_ == 0) SettleFocusLater();
+}
+
+void ZCMDIWindow::SettleFocus() {
+  if (std::exchange(listGotFocus_, false)) Tell([](MdiExecution& logic) { logic.OnFocusSettled(); });
+}
+
+void ZCMDIWindow::SettleFocusLater() {
+  // The widget kit moves the focus and goes on with its widgets behind us.
+  if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
+}
+
+void ZCMDIWindow::hideEvent(QHideEvent* event) {
+  ToolWindow::hideEvent(event);
+  // The drop list lies over the whole panel and would stay there alone.
+  Tell([](MdiExecution& logic) { logic.OnHidden(); });
+}
+
+void ZCMDIWindow::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton) return;
+  const bool ended = endedDropList_;
+  Tell([ended](MdiExecution& logic) { logic.OnLeftPress(ended); });
+}
+
+void ZCMDIWindow::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(kMdiDialogBack)); }
+
+Rect ZCMDIWindow::ParentClientRect() const {
+  const QWidget* parent = parentWidget();
+  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
+}
+
+void ZCMDIWindow::Hide() {
+  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
+  ClearFocus();
+  hide();
+}
+
+void ZCMDIWindow::ClearFocus() {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
+}
+
+void ZCMDIWindow::Place(const MdiLayout& layout) {
+  const auto area = [](const Rect& rect) { return QRect(rect.left, rect.top, rect.Width(), rect.Height()); };
+  setGeometry(area(layout.window));
+  title_->setGeometry(area(layout.title));
+  edit_->setGeometry(area(layout.edit));
+  list_->setGeometry(area(layout.list));
+  sign_->setGeometry(area(layout.sign));
+  list_->setVisible(layout.listShown);
+  sign_->setVisible(layout.signShown);
+}
+
+void ZCMDIWindow::SetTitle(TextView title) {
+  title_->SetTextW(ToQString(title), true);
+  SetTitleProperty(title);
+}
+
+void ZCMDIWindow::SetTitleBlinking(int period) { title_->SetBlink(period != 0, period); }
+
+void ZCMDIWindow::SetSignColors(std::uint32_t fore, std::uint32_t back) {
+  signColors_ = {fore, back};
+  UseColors();
+}
+
+Text ZCMDIWindow::EditText() const { return FromQString(edit_->text()); }
+
+void ZCMDIWindow::SetEditText(TextView text) { edit_->SetText(ToQString(text)); }
+
+void ZCMDIWindow::ReplaceEditSelection(TextView text) { edit_->ReplaceSelection(ToQString(text)); }
+
+void ZCMDIWindow::SetEditReadOnly(bool readOnly) { edit_->setReadOnly(readOnly); }
+
+void ZCMDIWindow::RedrawEdit() {
+  UseColors();
+  edit_->update();
+}
+
+void ZCMDIWindow::UseColors() {
+  if (!logic_) return;
+  if (const auto colors = logic_->ControlColors(MdiControl::kEdit, edit_->hasFocus())) edit_->SetColors(*colors);
+  const auto list = logic_->ControlColors(MdiControl::kList, false);
+  if (list && (list->back != list_->BackColor() || list->text != list_->TextColor())) {
+    list_->SetColors(list->back, list->text);
+  }
+  const auto others = logic_->ControlColors(MdiControl::kOther, false);
+  const MdiColorPair title = others.value_or(titleColors_);
+  const MdiColorPair sign = others.value_or(signColors_);
+  if (title != MdiColorPair{title_->TextColor(), title_->BackColor()}) title_->SetColors(title.back, title.text, true);
+  if (sign != MdiColorPair{sign_->TextColor(), sign_->BackColor()}) sign_->SetColors(sign.back, sign.text, true);
+}
+
+Rect ZCMDIWindow::EditScreenRect() const {
+  const QPoint corner = edit_->mapToGlobal(QPoint(0, 0));
+  return {corner.x(), corner.y(), corner.x() + edit_->width(), corner.y() + edit_->height()};
+}
+
+void ZCMDIWindow::OpenDropList(const MdiDropListSpec& spec) {
+  CloseDropList();
+  QWidget* panel = window();
+  dropList_ = new ZCMDIList(context_.windows, *this, panel);
+  connect(dropList_, &ZCMDIList::LostActivation, this, &ZCMDIWindow::NoteEndedDropList);
+  dropList_->SetColors(spec.back, spec.text);
+  dropList_->SetSelectedColors(list_->SelectedBackColor(), list_->SelectedTextColor());
+  dropList_->Fill(spec.items);
+  const QPoint corner = panel->mapFromGlobal(QPoint(spec.screenRect.left, spec.screenRect.top));
+  dropList_->Open({corner, QSize(spec.screenRect.Width(), spec.screenRect.Height())});
+}
+
+void ZCMDIWindow::CloseDropList() {
+  // Forgotten first: what its end brings about finds no list open any more.
+  ZCMDIList* closing = std::exchange(dropList_, nullptr);
+  if (closing == nullptr) return;
+  const QWidget* focused = QApplication::focusWidget();
+  const bool hadFocus = focused != nullptr && closing->isAncestorOf(focused);
+  closing->Dismiss();
+  // The keys go on working in the window that the list belonged to.
+  if (hadFocus && isVisible()) FocusEdit();
+}
+
+void ZCMDIWindow::NoteEndedDropList() {
+  endedDropList_ = true;
+  // Until this very event is over, so that the press that did it can be told from the next one.
+  QMetaObject::invokeMethod(
+      this, [this] { endedDropList_ = false; }, Qt::QueuedConnection);
+}
+
+std::optional<Text> ZCMDIWindow::DropListSelection() const {
+  Text selected;
+  if (!dropList_ || !dropList_->GetSelected(selected)) return std::nullopt;
+  return selected;
+}
+
+Text ZCMDIWindow::DropListPicked() const {
+  Text picked;
+  if (dropList_) dropList_->GetText(picked);
+  return picked;
+}
+
+}  // namespace pnl
