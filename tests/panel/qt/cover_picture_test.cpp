@@ -8,6 +8,7 @@
 #include <QStyleOptionViewItem>
 #include <QTextBlock>
 
+#include "common/words.h"
 #include "host/error_desk.h"
 #include "panel/qt/files_fixture.h"
 #include "panel/qt/picture.h"
@@ -18,7 +19,6 @@
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
-#include "ui/words.h"
 
 namespace panel {
 namespace {

@@ -2,13 +2,13 @@
 // Where the displays draw what, in which size and colour.
 #include <gtest/gtest.h>
 
+#include "common/words.h"
 #include "panel/qt/picture.h"
 #include "panel/qt/repaint.h"
 #include "ui/axis_display.h"
 #include "ui/message_zone.h"
 #include "ui/readings.h"
 #include "ui/status_strip.h"
-#include "ui/words.h"
 
 namespace panel {
 namespace {

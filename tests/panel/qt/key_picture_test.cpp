@@ -8,13 +8,13 @@
 #include <QMouseEvent>
 #include <cmath>
 
+#include "common/words.h"
 #include "panel/qt/picture.h"
 #include "panel/qt/repaint.h"
 #include "ui/error_indicator.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/soft_key_bar.h"
-#include "ui/words.h"
 
 namespace panel {
 namespace {
