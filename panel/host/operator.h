@@ -11,10 +11,10 @@
 #include <optional>
 #include <vector>
 
+#include "common/shortcuts.h"
 #include "host/demo_faults.h"
 #include "host/error_desk.h"
 #include "host/host_session.h"
-#include "common/shortcuts.h"
 
 namespace panel {
 

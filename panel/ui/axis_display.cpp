@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/words.h"
 #include "ui/theme.h"
 #include "ui/units.h"
-#include "common/words.h"
 
 namespace panel {
 

@@ -7,10 +7,10 @@
 #include <QScroller>
 #include <algorithm>
 
+#include "common/words.h"
 #include "ui/panel_key.h"
 #include "ui/question.h"
 #include "ui/theme.h"
-#include "common/words.h"
 
 namespace panel {
 namespace {

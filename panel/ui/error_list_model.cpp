@@ -4,9 +4,9 @@
 #include <QDateTime>
 #include <algorithm>
 
+#include "common/words.h"
 #include "ui/error_indicator.h"
 #include "ui/theme.h"
-#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/theme.h"
 #include "common/words.h"
+#include "ui/theme.h"
 
 namespace panel {
 namespace {

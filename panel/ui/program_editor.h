@@ -20,8 +20,8 @@ class ProgramEditor : public QWidget {
  public:
   explicit ProgramEditor(QWidget* parent);
 
-  /// Shows another program, with the caret at its beginning and nothing to undo. It is filled in slices, the first one at
-  /// once; shown is called after the last. A program that is still being filled is dropped.
+  /// Shows another program, with the caret at its beginning and nothing to undo. It is filled in slices, the first one
+  /// at once; shown is called after the last. A program that is still being filled is dropped.
   void Fill(const QString& text, const QString& name, std::function<void()> shown = {});
   /// The same, all of it at once.
   void SetProgram(const QString& text, const QString& name);

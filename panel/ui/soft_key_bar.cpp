@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "ui/panel_key.h"
 #include "common/shortcuts.h"
+#include "ui/panel_key.h"
 #include "ui/theme.h"
 
 namespace panel {

@@ -8,8 +8,8 @@
 #include <QString>
 #include <QWidget>
 
-#include "ui/error_indicator.h"
 #include "common/words.h"
+#include "ui/error_indicator.h"
 
 namespace panel {
 

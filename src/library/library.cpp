@@ -10,9 +10,9 @@
 
 #include "facade/mill/machine_descriptions.h"
 #include "facade/mill/machine_errors.h"
-#include "library/backend_loader.h"
 #include "host/drive_settings.h"
 #include "host/pack_files.h"
+#include "library/backend_loader.h"
 #include "library/tool_factory.h"
 
 namespace pnl {

@@ -5,8 +5,8 @@
 #include <QWidget>
 
 #include "base/replace_file.h"
-#include "library/library.h"
 #include "host/records.h"
+#include "library/library.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <QtGui/QPainter>
 
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_look.h"
 #include "calc/calc_places.h"
+#include "calc/qt/calc_look.h"
 #include "window/qt/control_properties.h"
 
 namespace pnl {

@@ -8,10 +8,10 @@
 #include <functional>
 #include <memory>
 
-#include "calc/qt/calc_client_widget.h"
-#include "calc/qt/calc_note_widget.h"
 #include "calc/calc_session.h"
 #include "calc/calc_view.h"
+#include "calc/qt/calc_client_widget.h"
+#include "calc/qt/calc_note_widget.h"
 #include "host/tool_context.h"
 #include "window/qt/tool_window.h"
 

@@ -7,9 +7,9 @@
 #include <optional>
 
 #include "controls/fonts.h"
-#include "errors/qt/error_counter_widget.h"
 #include "errors/error_ids.h"
 #include "errors/error_places.h"
+#include "errors/qt/error_counter_widget.h"
 #include "errors/qt/threaded_line_reader.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"

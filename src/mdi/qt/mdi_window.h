@@ -10,10 +10,10 @@
 #include "controls/list_box.h"
 #include "controls/zwc_static.h"
 #include "host/tool_context.h"
-#include "mdi/qt/mdi_edit_widget.h"
 #include "mdi/mdi_execution.h"
-#include "mdi/qt/mdi_list_window.h"
 #include "mdi/mdi_view.h"
+#include "mdi/qt/mdi_edit_widget.h"
+#include "mdi/qt/mdi_list_window.h"
 #include "window/qt/tool_window.h"
 
 namespace pnl {

@@ -6,8 +6,8 @@
 
 #include <set>
 
-#include "ui/error_list_model.h"
 #include "common/words.h"
+#include "ui/error_list_model.h"
 
 namespace panel {
 namespace {

@@ -6,8 +6,8 @@
 
 #include <QTimerEvent>
 
-#include "ui/theme.h"
 #include "common/words.h"
+#include "ui/theme.h"
 
 namespace panel {
 namespace {

@@ -6,6 +6,7 @@
 #include <QRawFont>
 #include <QStyleOptionViewItem>
 
+#include "common/shortcuts.h"
 #include "remote/settle.h"
 #include "support/text_catcher.h"
 #include "ui/error_help.h"
@@ -18,7 +19,6 @@
 #include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/readings.h"
-#include "common/shortcuts.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"

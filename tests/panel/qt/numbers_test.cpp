@@ -3,12 +3,12 @@
 // programmed.
 #include <gtest/gtest.h>
 
+#include "common/words.h"
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
 #include "ui/panel_layout.h"
 #include "ui/readings.h"
 #include "ui/theme.h"
-#include "common/words.h"
 
 namespace panel {
 namespace {

@@ -8,8 +8,8 @@
 #include <map>
 #include <utility>
 
-#include "ui/panel_key.h"
 #include "common/shortcuts.h"
+#include "ui/panel_key.h"
 #include "ui/theme.h"
 
 namespace panel {

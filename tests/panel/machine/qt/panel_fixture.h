@@ -5,21 +5,21 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QAbstractItemView>
 #include <QWindow>
 #include <cstdio>
 #include <memory>
 
+#include "common/shortcuts.h"
 #include "host/host_session.h"
 #include "host/operator.h"
 #include "panel/machine/qt/demo_machine.h"
 #include "ui/message_zone.h"
 #include "ui/panel_window.h"
 #include "ui/program_editor.h"
-#include "common/shortcuts.h"
 
 // How a platform tells of its keyboard and its touch screen.
 extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
