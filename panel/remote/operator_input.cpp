@@ -27,7 +27,7 @@ constexpr char kRaised[] = "pnlRaised";
 constexpr char kLimit[] = "pnlLimit";
 
 /// Lets a text past the edit's limit. The limit comes back as soon as the text fits it again: setting it at once would
-/// cut the text. Until then "pnlLimit" tells what it is.
+/// cut the text. Until then the property "pnlLimit" holds it.
 void RaiseLimit(QLineEdit* edit, qsizetype length) {
   const int limit = edit->maxLength();
   if (length <= limit) return;

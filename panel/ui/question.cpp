@@ -60,7 +60,7 @@ void Question::FocusCareful() {
 
 void Question::Answer(int index) {
   if (!Stands() || index < 0) return;
-  // Taken away first: whoever is told that it is gone may ask the next one.
+  // The question is gone before anybody hears its answer: whoever hears it may ask the next one.
   const auto answered = std::exchange(answered_, nullptr);
   hide();
   answered(index);

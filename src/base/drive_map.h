@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drive letters of panel paths and the folders of this machine that they stand for.
+// Maps the drive letters of panel paths to folders of this machine.
 #pragma once
 
 #include <map>
@@ -9,7 +9,7 @@
 
 namespace pnl {
 
-/// Which folder of this machine stands behind each drive letter.
+/// Holds one folder of this machine for each drive letter.
 class DriveMap {
  public:
   /// An empty folder takes the drive away. Letters compare without regard to case; others than A to Z are ignored.

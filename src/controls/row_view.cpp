@@ -10,7 +10,7 @@
 namespace pnl {
 namespace {
 
-/// Leaves the framework room to add a window's size to what a scroll bar tells.
+/// Half the range of an int: the framework adds the size of a window to the value of a scroll bar.
 constexpr std::int64_t kLongestRange = std::numeric_limits<int>::max() / 2;
 
 int Limited(std::int64_t value) { return static_cast<int>(std::clamp(value, -kLongestRange, kLongestRange)); }

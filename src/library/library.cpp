@@ -99,7 +99,7 @@ bool Library::SetLanguage(const std::string& code) {
 }
 
 bool Library::SetBackend(const std::string& name) {
-  // A tool may have ended and still stand on the stack below a callback, or wait for its deletion.
+  // A tool that has ended may still be running below a callback, or wait for its deletion.
   if (ToolWindow::Living() != 0 || tools_->host.InCallback() || windows_.InCallOut()) return false;
   std::unique_ptr<CncFacade> backend;
   if (name != "sim") {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Why the mill refuses a block: a code, the word at fault, its place in the block and the facts behind it.
+// The reason why the mill refuses a block: a code, the word at fault, its place in the block, and the facts.
 #pragma once
 
 #include <cstddef>

@@ -18,7 +18,7 @@ namespace pnl::sim {
 
 struct Plan {
   Modal after;              // holds from the moment the block is accepted
-  std::vector<Step> steps;  // functions before the move, dwell or move, functions behind it, stop; each only if needed
+  std::vector<Step> steps;  // functions before the move, dwell or move, functions after it, stop; each only if needed
 };
 
 [[nodiscard]] std::variant<Plan, Fault> PlanBlock(const Request& request, const Condition& condition);
