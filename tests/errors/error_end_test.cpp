@@ -140,14 +140,7 @@ TEST_F(ErrorEnd, AnEndedLogicDoesNothing) {
   cnc.PushErrorRecord({reinterpret_cast<const char*>(another.bytes), sizeof another.bytes});
   cnc.SetSink(&sink);
   EXPECT_TRUE(kept->HasEnded());
-  kept->OnReport(1, 0);
-  kept->OnHotKey();
-  kept->HelpEnded();
-  EXPECT_FALSE(kept->ShowHelp());
-  kept->OnToolNotify(79, 1);
-  kept->OnResized();
-  kept->OnClick(0);
-  kept->OnDoubleClick(0);
+  EXPECT_FALSE(RunOperation(kept, [](ErrorSession&) { ADD_FAILURE(); }));
   kept->End();
   EXPECT_THAT(Asked(), IsEmpty());
   EXPECT_FALSE(kept->IsActive());

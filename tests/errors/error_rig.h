@@ -173,7 +173,7 @@ class ErrorRig {
   /// Calls an intention as the window does.
   template <typename Intention>
   void Tell(Intention intention) {
-    if (const std::shared_ptr<ErrorSession> kept = tool) intention(*kept);
+    RunOperation(tool, intention);
   }
   /// What was asked since the last call.
   Log Asked();

@@ -11,9 +11,8 @@
 #include "errors/error_session.h"
 #include "errors/qt/error_text_widget.h"
 #include "errors/qt/raised_text_widget.h"
-#include "host/tool_context.h"
+#include "host/tool_session.h"
 #include "window/qt/tool_window.h"
-#include "window/tool_link.h"
 
 namespace pnl {
 
@@ -72,7 +71,7 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   ZC3DText* channelBox_ = nullptr;
   QPointer<QShortcut> hotKey_;
   std::uint32_t classColor_;
-  LogicLink<ErrorSession> session_;
+  ToolLink<ErrorSession> session_;
 };
 
 }  // namespace pnl

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// How a tool survives the end of its window, for all tools. A callback of the host, a message or a message box may
+// destroy the window in the middle of an operation of the tool's logic. Then
+//
+// - the window's destructor calls ToolLink::End, and that the session's End;
+// - the session stays in memory until the operation has returned;
+// - the operation ends where it next asks for the view or the host: View() and Host() throw WindowGone, and the call
+//   that began the operation catches it. What the operation does before that (giving a channel back to the kernel,
+//   storing a file) is still done.
+//
+// So an operation does first what must not be left half done, and asks HasEnded only where it would otherwise begin
+// something that nobody would end. Knows no widget.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "host/tool_context.h"
+
+namespace pnl {
+
+/// Ends an operation of a session whose window is gone. It never leaves RunOperation.
+struct WindowGone {};
+
+/// Calls operation(session) and keeps the session alive until it returns. False when the session has ended, before the
+/// call or in it: then nothing of its window may be touched any more.
+template <typename Session, typename Operation>
+bool RunOperation(const std::shared_ptr<Session>& session, Operation&& operation) {
+  const std::shared_ptr<Session> kept = session;
+  if (kept == nullptr || kept->HasEnded()) return false;
+  try {
+    std::forward<Operation>(operation)(*kept);
+  } catch (const WindowGone&) {
+    // The operation has ended with its window.
+  }
+  return !kept->HasEnded();
+}
+
+/// The base of a tool's logic. Made as a shared object, by the window's ToolLink.
+template <typename ToolView>
+class ToolSession : public std::enable_shared_from_this<ToolSession<ToolView>> {
+ public:
+  ToolSession(const ToolSession&) = delete;
+  ToolSession& operator=(const ToolSession&) = delete;
+  /// True from the end of the tool on.
+  [[nodiscard]] bool HasEnded() const { return ended_; }
+
+ protected:
+  ToolSession(const ToolContext& context, ToolView& view) : context_(context), view_(view) {}
+  ~ToolSession() = default;
+
+  /// The window. Throws WindowGone when the tool has ended.
+  [[nodiscard]] ToolView& View() const {
+    if (ended_) throw WindowGone();
+    return view_;
+  }
+  /// The host. Throws WindowGone when the tool has ended.
+  [[nodiscard]] const HostBridge& Host() const {
+    if (ended_) throw WindowGone();
+    return context_.host;
+  }
+  [[nodiscard]] const ToolContext& Context() const { return context_; }
+  [[nodiscard]] Kernel& Kapi() const { return context_.cnc.Kapi(); }
+
+  /// From now on View and Host end the operation that asks for them. A second call does nothing.
+  void MarkEnded() { ended_ = true; }
+
+  /// The call as an operation of its own, for whoever calls later: a timer, a thread's answer. It does nothing once the
+  /// session has ended or is gone. Not in a constructor.
+  template <typename Operation>
+  [[nodiscard]] auto Later(Operation operation) {
+    return [weak = this->weak_from_this(), operation = std::move(operation)](auto&&... args) {
+      RunOperation(weak.lock(), [&](ToolSession& /*session*/) { operation(std::forward<decltype(args)>(args)...); });
+    };
+  }
+
+ private:
+  const ToolContext context_;
+  ToolView& view_;
+  bool ended_ = false;
+};
+
+/// How a window has its session.
+template <typename Session>
+class ToolLink {
+ public:
+  template <typename... Args>
+  void Make(Args&&... args) {
+    session_ = std::make_shared<Session>(std::forward<Args>(args)...);
+  }
+  /// RunOperation with the session. False also before Make. After false nothing of the window may be touched, this
+  /// object included.
+  template <typename Operation>
+  bool Tell(Operation&& operation) const {
+    return RunOperation(session_, std::forward<Operation>(operation));
+  }
+  /// For the window's destructor: calls the session's End. A second call does nothing.
+  void End() {
+    if (const std::shared_ptr<Session> ending = std::exchange(session_, nullptr)) ending->End();
+  }
+
+ private:
+  std::shared_ptr<Session> session_;
+};
+
+}  // namespace pnl
