@@ -37,8 +37,19 @@ enum PnlToolId {
   PNL_TOOL_MDI = 6
 };
 
-/* The reasons of HostToolClosed. */
+/* The reasons of HostToolClosed: with a value or a file handed over, or without. */
 enum PnlCloseReason { PNL_CLOSED_ACCEPTED = 1, PNL_CLOSED = 2 };
+
+/* Answers to PNL_MSG_TOOL_COMMAND and PNL_MSG_CYCLE_START. Others are told where the message is. */
+enum PnlResult {
+  PNL_DONE = 0,          /* also the answer to a code that the tool doesn't know */
+  PNL_CLOSES_LATER = 1,  /* the command line closes when the block that runs has ended */
+  PNL_CLOSED_ITSELF = 2, /* the tool has closed itself on PNL_COMMAND_CLOSE_TOOL */
+  PNL_UNSAVED_WORK = 5,  /* the answer to PNL_COMMAND_ASK_UNSAVED */
+  PNL_REFUSED = -200,    /* not possible now, or an unknown channel */
+  PNL_CLOSE_REFUSED = -202,
+  PNL_RESERVED = -203
+};
 
 /* ---------------------------------------------------------------- records */
 
@@ -137,6 +148,30 @@ enum PnlExplorerFlags {
 
 /* ---------------------------------------------------------------- the host's callbacks */
 
+/* The slots, in the order of SetPNLApi. */
+enum PnlHostSlot {
+  PNL_SLOT_MAY_OPEN_TOOL = 0,
+  PNL_SLOT_TOOL_OPENING = 1,
+  PNL_SLOT_TOOL_CLOSED = 2,
+  PNL_SLOT_SET_MAIN_MENU = 3,
+  PNL_SLOT_SET_SIDE_MENU = 4,
+  PNL_SLOT_UPDATE_MAIN_MENU = 5,
+  PNL_SLOT_UPDATE_SIDE_MENU = 6,
+  PNL_SLOT_SHOW_MESSAGE = 7,
+  PNL_SLOT_EXPLORER_REQUEST = 8,
+  PNL_SLOT_CALC_RESULT_ACCEPTED = 9,
+  PNL_SLOT_EXPLORER_ACCEPTED = 10,
+  PNL_SLOT_EXPLORER_ACCEPTED_ALT = 11,
+  PNL_SLOT_INSERT_BLOCK = 12,
+  PNL_SLOT_SHOW_ERROR = 13,
+  PNL_SLOT_ERRORS_GONE = 14,
+  PNL_SLOT_FORWARD_KEY = 15,
+  PNL_SLOT_TOOL_WANTS_CLOSE = 16,
+  PNL_SLOT_OPEN_CALCULATOR = 17,
+  PNL_SLOT_OPEN_MACHINING_CALCULATOR = 18,
+  PNL_SLOT_COUNT = 19
+};
+
 /* Slot 0: may the tool come to the front? Non-zero is yes. Only the PLC message view asks. */
 typedef int (*HostMayOpenToolFn)(int tool);
 /* Slot 1: a tool is about to appear. */
@@ -197,17 +232,102 @@ PNL_API PnlWindow LoadPNLTool(int toolId, PnlWindow parent);
 
 /* ---------------------------------------------------------------- windows and messages */
 
-/* Fixed message numbers between host and tools. */
+/* Fixed message numbers between host and tools. A tool answers 0 to a message that it doesn't know. */
 enum PnlMessage {
-  PNL_MSG_COMMAND = 0x111,         /* a soft key: first = the item's id */
-  PNL_MSG_VARIABLE_REPORT = 0x700, /* a CNC variable on which the window opened a report changed */
-  PNL_MSG_CYCLE_START = 0x800,     /* first 1, 2 or 3; second = address of a PnlCycleStart */
-  PNL_MSG_TOOL_NOTIFY = 0x801,     /* to a host: first 41 or 42, second = address of a PnlToolNotify */
-  PNL_MSG_TOOL_COMMAND = 0x802,    /* first = command code, second = its argument */
-  PNL_MSG_RESULT_READY = 0x804,    /* first 1: calculator result; 2: file accepted; 3: explorer left */
+  /* To the tool that installed the menu. first: the item's id. */
+  PNL_MSG_COMMAND = 0x111,
+  /* From the CNC to a tool: a variable on which the window opened a report changed. */
+  PNL_MSG_VARIABLE_REPORT = 0x700,
+  /* To the command line. first: a PnlCycleStartKind; second: address of a PnlCycleStart. */
+  PNL_MSG_CYCLE_START = 0x800,
+  /* In both directions. first: a PnlNotify. */
+  PNL_MSG_TOOL_NOTIFY = 0x801,
+  /* To a tool. first: a PnlToolCommand; second: its argument. Answers a PnlResult. */
+  PNL_MSG_TOOL_COMMAND = 0x802,
+  /* To the tool that waits for it. first: a PnlReady. */
+  PNL_MSG_RESULT_READY = 0x804,
+  /* The help key, to the tool in front: it writes its help mark to E.HELPDATA. The error display instead offers its
+     error with HostShowError and answers 1, or 0 when there is nothing to offer. */
   PNL_MSG_HELP_KEY = 0x805,
+  /* To the tool that asked for a file. first: PNL_TOOL_EXPLORER; second: the PnlCloseReason of the explorer. */
   PNL_MSG_EXPLORER_ENDED = 0x806
 };
+
+/* Codes of PNL_MSG_TOOL_COMMAND. What a tool doesn't know it answers with 0. */
+enum PnlToolCommand {
+  PNL_COMMAND_OPEN = 2,                 /* command line: in the channel (second); help viewer */
+  PNL_COMMAND_HIDE = 3,                 /* command line: the channel (second) stays taken; help viewer */
+  PNL_COMMAND_SHOW = 4,                 /* command line: shows what PNL_COMMAND_HIDE hid */
+  PNL_COMMAND_CLOSE = 5,                /* command line: in any state */
+  PNL_COMMAND_LEAVE = 6,                /* command line: closes during an inspection only; others: hide or end */
+  PNL_COMMAND_RESTORE_FOCUS = 7,        /* command line: puts its caret back; explorer, machining calculator: a Tab */
+  PNL_COMMAND_SWITCH_ROLE = 8,          /* command line: between MDI and MDA */
+  PNL_COMMAND_MANUAL_MODE_CHANGED = 10, /* command line: second's low byte is the channel, its high half the mode */
+  PNL_COMMAND_ASK_UNSAVED = 14,         /* machining calculator */
+  PNL_COMMAND_CLOSE_TOOL = 20,          /* closes with PNL_CLOSED */
+  PNL_COMMAND_CLOSE_FOR_OTHER = 34      /* the same, because another tool comes */
+};
+
+/* First argument of PNL_MSG_CYCLE_START. */
+enum PnlCycleStartKind {
+  PNL_START_KEY = 1,     /* the start key was pressed */
+  PNL_START_QUERY = 2,   /* may it be refused? Answers a PnlStartAnswer */
+  PNL_START_RESERVED = 3 /* answers PNL_RESERVED */
+};
+enum PnlStartAnswer { PNL_START_ALLOWED = 1, PNL_START_DURING_INSPECTION = 4 };
+
+/* First argument of PNL_MSG_TOOL_NOTIFY. */
+enum PnlNotify {
+  /* From the command line. second: address of a PnlToolNotify. */
+  PNL_NOTIFY_CHANNEL_TAKEN = 41,
+  PNL_NOTIFY_CHANNEL_GIVEN = 42,
+  /* To the command line. second: a channel, for which PNL_NOTIFY_CHANNEL_TAKEN comes again if it is taken. */
+  PNL_NOTIFY_REPEAT = 1,
+  /* To the error display. second: non-zero keeps errors that needn't be confirmed from opening it. */
+  PNL_NOTIFY_SUPPRESS_ERRORS = 1,
+  /* To the error display. second: 1 has it listen to Alt+W, another value stops that. */
+  PNL_NOTIFY_ERROR_HOT_KEY = 2,
+  /* To the error display. second: non-zero keeps it hidden whatever comes. */
+  PNL_NOTIFY_BLOCK_ERRORS = 79
+};
+
+/* First argument of PNL_MSG_RESULT_READY. */
+enum PnlReady {
+  PNL_READY_CALC_RESULT = 1,  /* a value is in E.CALCRESUL */
+  PNL_READY_FILE = 2,         /* Path and File of the asker's record are filled */
+  PNL_READY_EXPLORER_LEFT = 3 /* the explorer was left without a file */
+};
+
+/* Messages with a registered name, to the main window. */
+/* The panel is to close: first 1, second 0. */
+#define PNL_NAME_CLOSE_PANEL "ZM_CLOSE7340"
+/*
+ * The number of errors that the hidden error display holds changed. Both arguments 0: nothing to point at. Else each
+ * carries two 16-bit numbers. first: low the error's number, high its class (PnlErrorClass); second: low the flash
+ * period in milliseconds, high the number of errors.
+ */
+#define PNL_NAME_ERRORS_CHANGED "ZM_UPDATE_NERRORS"
+/* Messages with a registered name, to a tool. */
+/* To the error display: the help that the host opened for HostShowError has ended. */
+#define PNL_NAME_ERROR_HELP_ENDED "ZM_END_ERRORHELP"
+/* To the PLC message view. second: address of a ShowFileRecord, for the first and the last of the three. */
+#define PNL_NAME_SHOW_ERROR_HELP "ZM_SHOW_ERRORHELP"
+#define PNL_NAME_HIDE_ERROR_HELP "ZM_HIDE_ERRORHELP"
+#define PNL_NAME_SHOW_FILE "ZM_SHOW_FILE"
+/* To the calculator: E.CALCRESUL has a value for its line. */
+#define PNL_NAME_HANDLE_VALUE "TM_HANDLEVALUE"
+
+enum PnlErrorClass {
+  PNL_ERROR = 0,
+  PNL_ERROR_MARKED = 1,
+  PNL_ERROR_WARNING = 2,
+  PNL_ERROR_FATAL = 3,
+  PNL_ERROR_CONFIRM = 4 /* goes with Enter only */
+};
+
+/* The two numbers that PNL_NAME_ERRORS_CHANGED packs into one argument. */
+static inline uint16_t PnlLowHalf(intptr_t argument) { return (uint16_t)(uintptr_t)argument; }
+static inline uint16_t PnlHighHalf(intptr_t argument) { return (uint16_t)((uintptr_t)argument >> 16); }
 
 /* Receives the messages that tools send to a window of the host. The result goes back to a synchronous sender. */
 typedef intptr_t (*PnlMessageProc)(void* context, PnlWindow window, uint32_t message, intptr_t first, intptr_t second);

@@ -39,6 +39,9 @@ class FakeErrorView final : public ErrorView {
     visible = false;
   }
   void BringToTop() override { Note("top"); }
+  [[nodiscard]] Rect ParentClientRect() const override { return Alive(), Rect{0, 0, 800, 600}; }
+  [[nodiscard]] bool IsVisible() const override { return Alive(), visible; }
+  void ClearFocus() override { Alive(); }
   void FocusWindow() override { Note("focus"); }
   void Invalidate() override { Alive(), ++invalidated; }
   void SetWindowRect(const Rect& rect) override {

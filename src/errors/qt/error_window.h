@@ -16,7 +16,7 @@
 
 namespace pnl {
 
-class ZCErrorManager final : public ToolWindow, private ErrorView {
+class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   Q_OBJECT
 
  public:
@@ -35,10 +35,6 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  void Show() override { show(); }
-  void Hide() override;
-  void BringToTop() override { raise(); }
   void FocusWindow() override { setFocus(Qt::OtherFocusReason); }
   void Invalidate() override { update(); }
   void SetWindowRect(const Rect& rect) override;

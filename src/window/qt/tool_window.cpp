@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/qt/tool_window.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <utility>
 
 #include "window/qt/control_properties.h"
@@ -53,6 +55,23 @@ ToolWindow::~ToolWindow() { --living; }
 void ToolWindow::SetTitleProperty(TextView title) { setProperty(property::kTitle, ToQString(title)); }
 
 void ToolWindow::SetBackProperty(std::uint32_t color) { SetColorProperty(this, property::kBack, color); }
+
+Rect ToolWindow::ParentArea() const {
+  const QWidget* parent = parentWidget();
+  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
+}
+
+void ToolWindow::HideWithFocus() {
+  const QPointer<ToolWindow> alive = this;
+  DropFocus();
+  // Whoever follows the focus may have destroyed the window.
+  if (alive) hide();
+}
+
+void ToolWindow::DropFocus() {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
+}
 
 ToolDialog::ToolDialog(QWidget* owner, Qt::WindowFlags flags) : MessageWindow(owner, flags) {
   setProperty(property::kDialog, true);

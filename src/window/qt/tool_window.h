@@ -16,7 +16,7 @@
 #include <QWidget>
 #include <cstdint>
 
-#include "window/window.h"
+#include "window/tool_view.h"
 
 namespace pnl {
 
@@ -61,9 +61,30 @@ class ToolWindow : public MessageWindow {
   void SetTitleProperty(TextView title);
   void SetBackProperty(std::uint32_t color);
 
+  // The steps of ToolView, with the same contracts.
+  [[nodiscard]] Rect ParentArea() const;
+  void HideWithFocus();
+  void DropFocus();
+
  private:
   const int toolId_;
   inline static int living = 0;
+};
+
+/// The window of a tool with what every view has; View derives from ToolView. The tool's window adds the rest.
+template <typename View>
+class ToolWindowWith : public ToolWindow, protected View {
+ public:
+  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
+
+ protected:
+  using ToolWindow::ToolWindow;
+  [[nodiscard]] Rect ParentClientRect() const override { return ParentArea(); }
+  [[nodiscard]] bool IsVisible() const override { return isVisible(); }
+  void Show() override { show(); }
+  void Hide() override { HideWithFocus(); }
+  void BringToTop() override { raise(); }
+  void ClearFocus() override { DropFocus(); }
 };
 
 /// A window that a tool opens for a while: a drop list, a search, a picker.
