@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every CNC variable that the tools use, once: its name as a format ("[%d]." is a channel from 1, "%d" a number, "%s" a
-// name), its type and what the tools do with it. A machine defines its variables from it. Names are case-sensitive.
+// name), its type and what the tools do with it. The mill defines its variables from it. Names are case-sensitive.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -47,16 +47,16 @@ inline constexpr VariableName kVariableNames[] = {
     {u"E.ERRORPRI",             rig::VariableType::kInt, variable_access::kReport},
     // A text: the error display writes the title and the line of what it shows there.
     {u"DM.HMI.ERROR.CURRENT",   rig::VariableType::kText, variable_access::kReadWrite},
-    // Settings of the machining calculator.
-    {u"DM.ZMC.S",               rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.F",               rig::VariableType::kInt, variable_access::kReadWrite},
+    // Settings of the machining calculator, of the types that it writes.
+    {u"DM.ZMC.S",               rig::VariableType::kDouble, variable_access::kReadWrite},
+    {u"DM.ZMC.F",               rig::VariableType::kDouble, variable_access::kReadWrite},
     {u"DM.ZMC.T",               rig::VariableType::kInt, variable_access::kReadWrite},
     {u"DM.ZMC.M6",              rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.DMC",             rig::VariableType::kInt, variable_access::kReadWrite},
+    {u"DM.ZMC.DMC",             rig::VariableType::kText, variable_access::kReadWrite},
     {u"DM.ZMC.FUNIT",           rig::VariableType::kInt, variable_access::kReadWrite},
     {u"DM.ZMC.SUNIT",           rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.COMMENT",         rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.INFO",            rig::VariableType::kInt, variable_access::kReadWrite},
+    {u"DM.ZMC.COMMENT",         rig::VariableType::kText, variable_access::kReadWrite},
+    {u"DM.ZMC.INFO",            rig::VariableType::kText, variable_access::kReadWrite},
     // Display formats of spindle speed and feed.
     {u"DM.SFORMAT.WIDTH",       rig::VariableType::kInt, variable_access::kRead},
     {u"DM.SFORMAT.PRECISION",   rig::VariableType::kInt, variable_access::kRead},
