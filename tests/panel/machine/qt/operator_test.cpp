@@ -214,6 +214,37 @@ TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockIsInterrupted) {
   EXPECT_EQ(op_->Machine().channelStatus, 1) << "the block went on to its end";
 }
 
+TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockRuns) {
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  ASSERT_EQ(Command(kHide), 0);
+  ASSERT_EQ(op_->Machine().channelStatus, 2);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), "") << "there is something to start";
+}
+
+TEST_F(OperatorTest, ARefusedCommandLineIsSaidUntilItOpens) {
+  rig_.Cnc().Define(u"DM.MDI.ENABLEC1", pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(ZoneText(), Say(Word::kMdiRefused));
+  EXPECT_TRUE(op_->CurrentHint().warning);
+  EXPECT_FALSE(op_->OpenTool(PNL_TOOL_MDI));
+  rig_.Cnc().Undefine(u"DM.MDI.ENABLEC1");
+  EXPECT_TRUE(op_->OpenTool(PNL_TOOL_MDI));
+  Settle();
+  EXPECT_EQ(ZoneText(), "");
+}
+
+TEST_F(OperatorTest, NothingToStartIsSaidUntilTheCommandLineOpens) {
+  Do(Action::kCycleStart);
+  ASSERT_EQ(ZoneText(), Say(Word::kNothingToStart));
+  EXPECT_TRUE(op_->OpenTool(PNL_TOOL_MDI));
+  Settle();
+  EXPECT_EQ(ZoneText(), "");
+}
+
 TEST_F(OperatorTest, TheClearKeyEndsAHelpThatStandsAlone) {
   op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
   Settle();
@@ -266,6 +297,30 @@ TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
   ASSERT_NE(op_->Request(), nullptr);
   EXPECT_EQ(QString::fromUtf16(op_->Request()->File), name);
 }
+
+struct OwnerRow {
+  int tool;
+  bool saved;
+};
+
+class RequestOwner : public RequestTest, public ::testing::WithParamInterface<OwnerRow> {};
+
+TEST_P(RequestOwner, GetsTheAnswer) {
+  constexpr int kOwnerBase = 1000;
+  Ask();
+  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  op_->Request()->Owner = kOwnerBase + GetParam().tool;
+  EXPECT_TRUE(op_->AcceptFile("C:\\", "OWNER.NC"));
+  const auto path = rig_.Files().HostPath(u"C:\\OWNER.NC");
+  ASSERT_TRUE(path);
+  EXPECT_EQ(std::remove(path->c_str()) == 0, GetParam().saved) << "the command line asked, and only it saves";
+}
+
+// The command line hears what was asked by a tool that isn't there.
+INSTANTIATE_TEST_SUITE_P(All, RequestOwner,
+                         ::testing::Values(OwnerRow{PNL_TOOL_MDI, true}, OwnerRow{PNL_TOOL_CALCULATOR, false},
+                                           OwnerRow{PNL_TOOL_MDI + 1, true}),
+                         [](const auto& row) { return "Tool" + std::to_string(row.param.tool); });
 
 TEST_F(RequestTest, ANameThatFillsItsFieldIsRefused) {
   Ask();
