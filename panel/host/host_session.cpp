@@ -93,8 +93,8 @@ HostSession::HostSession(QObject* parent) : QObject(parent) {
 HostSession::~HostSession() {
   CloseAll();
   Offer({});
-  if (toolArea_ != 0 && PnlIsAlive(toolArea_)) PnlAttachWidget(PnlWidgetOf(toolArea_), nullptr, nullptr);
-  if (mainWindow_ != 0 && PnlIsAlive(mainWindow_)) PnlAttachWidget(PnlWidgetOf(mainWindow_), nullptr, nullptr);
+  if (PnlIsAlive(toolArea_)) PnlAttachWidget(PnlWidgetOf(toolArea_), nullptr, nullptr);
+  if (PnlIsAlive(mainWindow_)) PnlAttachWidget(PnlWidgetOf(mainWindow_), nullptr, nullptr);
   if (current == this) current = nullptr;
 }
 
