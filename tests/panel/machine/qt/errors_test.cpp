@@ -205,6 +205,10 @@ TEST_F(ErrorsTest, AWindowThatIsCalledWhileItIsShownComesInFrontAndEndsTheHelp) 
 TEST_F(ErrorsTest, WithoutAnErrorThereIsNoWindowToCall) {
   EXPECT_FALSE(op_->Desk().BringBack());
   EXPECT_FALSE(Shown());
+  Raise(Fault::kDriveFault);
+  ASSERT_TRUE(Shown());
+  rig_.Cnc().ClearErrors();
+  EXPECT_FALSE(op_->Desk().BringBack()) << "its window is about to go";
 }
 
 TEST_F(ErrorsTest, TheClearKeyLeavesAScriptsOwnToolAloneAndEmptiesTheQueue) {

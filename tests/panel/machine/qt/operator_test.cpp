@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "panel/machine/qt/panel_fixture.h"
 #include "remote/trace.h"
 #include "ui/error_help.h"
@@ -271,6 +273,22 @@ TEST_F(OperatorTest, TheTraceOfAMenuLeavesItsHiddenItemsOut) {
   EXPECT_TRUE(VisibleItemIds(session_.MainMenu()).toArray().contains(kMoveDown));
   op_->SendCommand(PNL_TOOL_MDI, kNewItem);
   EXPECT_FALSE(VisibleItemIds(session_.MainMenu()).toArray().contains(kMoveDown)) << "hidden while an item is typed";
+}
+
+TEST_F(OperatorTest, ABarLeavesTheHiddenItemsOfItsMenuOut) {
+  constexpr int kNewItem = 32773;
+  constexpr int kMoveDown = 40004;
+  const auto shown = [this] {
+    std::set<int> ids;
+    for (const SoftKeyItem& item : window_->MainBar().Items()) ids.insert(item.id);
+    return ids;
+  };
+  Do(Action::kSwitchRole);
+  EXPECT_EQ(shown().count(kMoveDown), 1u);
+  op_->SendCommand(PNL_TOOL_MDI, kNewItem);
+  Settle();
+  EXPECT_EQ(shown().count(kMoveDown), 0u) << "hidden while an item is typed";
+  EXPECT_EQ(shown().count(kNewItem), 1u);
 }
 
 class RequestTest : public OperatorTest {
