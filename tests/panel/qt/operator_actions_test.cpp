@@ -75,6 +75,9 @@ TEST_F(HostFixture, StartWithoutACommandLineEndsAHoldOrSaysThatThereIsNothing) {
   op.Do(Action::kCycleStart);
   EXPECT_EQ(Calls(), "FeedHold 0");
   EXPECT_EQ(Hint(), "");
+  rig.machine.state.channelStatus = 4;
+  op.Do(Action::kCycleStart);
+  EXPECT_EQ(Calls(), "FeedHold 0") << "whatever the channel does, nobody owns its block";
   rig.machine.state.emergencyStop = true;
   op.Do(Action::kCycleStart);
   EXPECT_EQ(Hint(), Warning(Word::kReleaseEmergencyStop));

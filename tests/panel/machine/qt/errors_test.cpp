@@ -211,6 +211,14 @@ TEST_F(ErrorsTest, WithoutAnErrorThereIsNoWindowToCall) {
   EXPECT_FALSE(op_->Desk().BringBack()) << "its window is about to go";
 }
 
+TEST_F(ErrorsTest, AWindowOfWhichTheHostIsNotToldIsNotBroughtBack) {
+  session_.Offer({});
+  Raise(Fault::kDriveFault);
+  op_->Desk().OnShowError({{"header", "ERROR 7"}});
+  EXPECT_FALSE(op_->Desk().BringBack());
+  EXPECT_TRUE(op_->Desk().Help());
+}
+
 TEST_F(ErrorsTest, TheClearKeyLeavesAScriptsOwnToolAloneAndEmptiesTheQueue) {
   Raise(Fault::kDriveFault);
   Raise(Fault::kDriveWarning);

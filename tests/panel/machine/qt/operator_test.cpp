@@ -227,6 +227,44 @@ TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockRuns) {
   EXPECT_EQ(ZoneText(), "") << "there is something to start";
 }
 
+TEST_F(OperatorTest, StartWithAHiddenCommandLineAtRestSaysThatThereIsNothing) {
+  Do(Action::kOpenMdi);
+  Type("G0 X1");
+  ASSERT_EQ(Command(kHide), 0);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), Say(Word::kNothingToStart));
+  EXPECT_EQ(Line(PNL_TOOL_MDI)->text(), "G0 X1");
+}
+
+TEST_F(OperatorTest, AStartInInspectionIsSaidUntilInspectionEnds) {
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(op_->CurrentHint().text, "") << "an ordinary start says nothing";
+  Advance(100);
+  Do(Action::kFeedHold);
+  Do(Action::kInspect);
+  Advance(100);
+  Line(PNL_TOOL_MDI)->setText("G91 G1 X5 F500");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kStartInInspection));
+  EXPECT_FALSE(op_->CurrentHint().warning);
+  Advance(60000);
+  rig_.Machine()->Inspection(false);
+  Settle();
+  ASSERT_FALSE(op_->Machine().inspecting);
+  EXPECT_EQ(op_->CurrentHint().text, "");
+}
+
+TEST_F(OperatorTest, TheKeyThatLeadsToTheToolLeadsToTheErrorWindow) {
+  EXPECT_FALSE(op_->Can(Action::kFocusTool));
+  Raise(Fault::kDriveFault);
+  EXPECT_TRUE(op_->Can(Action::kFocusTool));
+  window_->Editor().Edit().setFocus();
+  Do(Action::kFocusTool);
+  EXPECT_TRUE(Has(Errors()));
+}
+
 TEST_F(OperatorTest, ARefusedCommandLineIsSaidUntilItOpens) {
   rig_.Cnc().Define(u"DM.MDI.ENABLEC1", pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
   Do(Action::kOpenMdi);
