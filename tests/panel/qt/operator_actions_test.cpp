@@ -163,6 +163,7 @@ TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
   const auto before = rig.watches.size();
   op.Do(Action::kHelp);
   EXPECT_EQ(rig.watches.size(), before);
+  EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
 }
 
 TEST_F(HostFixture, ARequestThatEndsIsToldAsAChange) {

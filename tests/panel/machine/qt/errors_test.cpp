@@ -169,6 +169,7 @@ TEST_F(ErrorsTest, TheClearKeyAcknowledgesOnlyWhatIsSeen) {
   PutAway();
   Do(Action::kClearError);
   EXPECT_TRUE(Shown()) << "first it comes back";
+  EXPECT_EQ(op_->CurrentHint().text, "") << "and nothing is said of staying";
   EXPECT_EQ(Queue(), 1u);
   Do(Action::kClearError);
   EXPECT_FALSE(Shown());

@@ -344,7 +344,68 @@ class RequestTest : public OperatorTest {
     ASSERT_TRUE(window_->Chooser().Stands());
     ASSERT_NE(op_->Request(), nullptr);
   }
+  /// As a tool of its own would choose a file.
+  void WriteIntoTheRecord(const std::u16string& folder, const std::u16string& file) {
+    folder.copy(op_->Request()->Path, folder.size());
+    file.copy(op_->Request()->File, file.size());
+  }
+  /// Whether the command line saved its list there; the file goes.
+  bool TakeSaved(const std::u16string& path) {
+    const auto host = rig_.Files().HostPath(path);
+    return host && std::remove(host->c_str()) == 0;
+  }
+  /// Whether the command line starts blocks again, which it doesn't while it waits for a file.
+  bool StartIsFree() {
+    Do(Action::kCycleStart);
+    return op_->Machine().channelStatus == 2;
+  }
 };
+
+struct EndRow {
+  const char* name;
+  int slot;
+  QVariantList args;
+  bool saved;
+};
+
+class RequestEnd : public RequestTest, public ::testing::WithParamInterface<EndRow> {};
+
+TEST_P(RequestEnd, IsToldToTheAsker) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"ENDED.NC");
+  emit session_.Called({GetParam().slot, GetParam().args});
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_EQ(TakeSaved(u"C:\\ENDED.NC"), GetParam().saved);
+  EXPECT_TRUE(StartIsFree());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RequestEnd,
+                         ::testing::Values(EndRow{"accepted", 10, {}, true}, EndRow{"acceptedAlt", 11, {}, true},
+                                           EndRow{"left", 2, {PNL_TOOL_EXPLORER, PNL_CLOSED}, false}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(RequestTest, ARequestWhoseRecordHasGoneIsCancelled) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"GONE.NC");
+  EXPECT_TRUE(rig_.Cnc().Set(u"E.XPLRDATA", std::int64_t{0}));
+  EXPECT_FALSE(op_->AcceptFile("C:\\", "GONE.NC"));
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNoRequest));
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(TakeSaved(u"C:\\GONE.NC"));
+  EXPECT_TRUE(StartIsFree());
+}
+
+TEST_F(RequestTest, ANameThatIsRefusedCancelsTheRequest) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"REFUSED.NC");
+  EXPECT_FALSE(op_->AcceptFile("C:\\", QString(256, 'N')));
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(TakeSaved(u"C:\\REFUSED.NC"));
+  EXPECT_TRUE(StartIsFree());
+}
 
 TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
   Ask();
@@ -367,9 +428,7 @@ TEST_P(RequestOwner, GetsTheAnswer) {
   session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
   op_->Request()->Owner = kOwnerBase + GetParam().tool;
   EXPECT_TRUE(op_->AcceptFile("C:\\", "OWNER.NC"));
-  const auto path = rig_.Files().HostPath(u"C:\\OWNER.NC");
-  ASSERT_TRUE(path);
-  EXPECT_EQ(std::remove(path->c_str()) == 0, GetParam().saved) << "the command line asked, and only it saves";
+  EXPECT_EQ(TakeSaved(u"C:\\OWNER.NC"), GetParam().saved) << "the command line asked, and only it saves";
 }
 
 // The command line hears what was asked by a tool that isn't there.
@@ -382,6 +441,7 @@ TEST_F(RequestTest, ANameThatFillsItsFieldIsRefused) {
   Ask();
   EXPECT_FALSE(op_->AcceptFile("C:\\PROGRAMS", QString(256, 'N')));
   EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
+  EXPECT_TRUE(op_->CurrentHint().warning);
   EXPECT_EQ(op_->Request()->File[0], u'\0') << "nothing was written";
 }
 
