@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <cstring>
 #include <memory>
 #include <set>
@@ -128,8 +129,33 @@ TEST_F(HostSessionTest, AMessageOfAToolIsAnsweredWithNothing) {
 TEST_F(HostSessionTest, ATurnedToToolLiesAboveTheOthers) {
   Command(Mdi(), kOpen);
   session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  area_.activateWindow();
+  QCoreApplication::processEvents();
+  area_.setFocus();
   session_.BringToFront(PNL_TOOL_MDI);
-  EXPECT_EQ(area_.children().last(), PnlWidgetOf(session_.ToolWindow(PNL_TOOL_MDI)));
+  const auto* mdi = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_MDI)));
+  EXPECT_EQ(area_.children().last(), mdi);
+  const QWidget* focus = QApplication::focusWidget();
+  EXPECT_TRUE(focus == mdi || mdi->isAncestorOf(focus)) << "and has the keyboard";
+}
+
+TEST_F(HostSessionTest, AToolThatIsNotOpenIsNotTurnedTo) {
+  Mdi();
+  session_.BringToFront(PNL_TOOL_MDI);
+  EXPECT_EQ(session_.FrontTool(), -1);
+  EXPECT_EQ(session_.WorkingTool(), -1);
+}
+
+TEST_F(HostSessionTest, AToolThatHasNoMenusLeavesTheBarsToTheToolBehind) {
+  Command(Mdi(), kOpen);
+  const HostSession::ToolMenu side = session_.SideBar();
+  session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+  DemoMachine().Machine()->Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+  EXPECT_EQ(session_.SideBar(), side);
+  DemoMachine().Cnc().ClearErrors();
+  QCoreApplication::processEvents();
 }
 
 TEST_F(HostSessionTest, EachSlotIsOfferedByItself) {
@@ -317,6 +343,8 @@ TEST_F(HostSessionTest, OnlySlotsThatExistAreGivenAnAnswer) {
   EXPECT_EQ(session_.ReturnOf(0), 5);
   EXPECT_EQ(session_.ReturnOf(1), 0);
   EXPECT_EQ(session_.ReturnOf(kSlotCount - 1), 6);
+  EXPECT_EQ(session_.MainMenu(), 0u) << "nothing beside them was written";
+  EXPECT_NE(session_.MainWindow(), 7u);
 }
 
 TEST_F(HostSessionTest, EveryCallAboutAMenuIsFollowedByTheChangeOfItsBar) {
@@ -452,6 +480,11 @@ TEST_F(FocusInHost, ALineGetsTheKeyboardBackWithItsCaretAndItsSelection) {
   other_->setFocus(Qt::PopupFocusReason);
   HostSession::FocusWithin(window_);
   EXPECT_EQ(line_->selectedText(), "bcd");
+  line_->setSelection(4, -3);
+  other_->setFocus(Qt::PopupFocusReason);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->selectedText(), "bcd");
+  EXPECT_EQ(line_->cursorPosition(), 1) << "marked from its end";
   line_->deselect();
   HostSession::FocusWithin(window_);
   EXPECT_TRUE(line_->hasFocus()) << "it has it already";
@@ -466,6 +499,32 @@ TEST_F(FocusInHost, AControlThatCantTakeTheKeyboardLeavesItToItsWindow) {
   EXPECT_TRUE(tool_->hasFocus());
   HostSession::FocusWithin(0);
   EXPECT_TRUE(tool_->hasFocus()) << "no window, nothing happens";
+}
+
+TEST_F(FocusInHost, ASelectionFromTheBeginningComesBackToo) {
+  line_->setFocus();
+  line_->setSelection(0, 2);
+  other_->setFocus(Qt::PopupFocusReason);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->selectedText(), "ab");
+}
+
+TEST_F(FocusInHost, ALineThatHasTheKeyboardIsLeftAsItIs) {
+  line_->setFocus();
+  line_->setSelection(4, -3);
+  ASSERT_EQ(line_->cursorPosition(), 1);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->cursorPosition(), 1) << "marked from its end";
+  EXPECT_EQ(line_->selectedText(), "bcd");
+}
+
+TEST_F(FocusInHost, AControlThatTakesNoTextGetsTheKeyboardBack) {
+  QPushButton button(tool_);
+  button.show();
+  button.setFocus();
+  other_->setFocus();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(button.hasFocus());
 }
 
 TEST_F(FocusInHost, AControlThatIsHiddenLeavesTheKeyboardToItsWindow) {
