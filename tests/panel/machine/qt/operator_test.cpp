@@ -265,6 +265,25 @@ TEST_F(OperatorTest, TheKeyThatLeadsToTheToolLeadsToTheErrorWindow) {
   EXPECT_TRUE(Has(Errors()));
 }
 
+TEST_F(OperatorTest, TheKeyOfAnOpenCommandLineInFrontOpensItNoSecondTime) {
+  const QObject here;  // who listens during the test
+  int opened = 0;
+  QObject::connect(&session_, &HostSession::Called, &here, [&opened](const HostCall& call) {
+    if (call.slot == 1) ++opened;
+  });
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(opened, 1);
+}
+
+TEST_F(OperatorTest, ACommandLineThatTakesAResultComesInFront) {
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenCalculator);
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_CALCULATOR);
+  emit session_.Called({9, {}});
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+}
+
 TEST_F(OperatorTest, ARefusedCommandLineIsSaidUntilItOpens) {
   rig_.Cnc().Define(u"DM.MDI.ENABLEC1", pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
   Do(Action::kOpenMdi);
