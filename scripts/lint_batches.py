@@ -4,8 +4,8 @@
     python3 lint_batches.py BUILD OUT MOST UNIT...
 
 Writes OUT/batch_<n>.cpp, which includes its units, and OUT/compile_commands.json with the batches and the single units,
-and prints the batches' names. A batch has at most MOST units, all compiled with the same flags, and no two that give
-the same name to something of their own. OUT/batch_<n>.txt lists the units, for a run one by one.
+and prints the batches' names. A batch has at most MOST units, all compiled with the same flags, that don't clash.
+OUT/batch_<n>.txt lists the units, for a run one by one.
 """
 
 import json
@@ -13,41 +13,18 @@ import pathlib
 import re
 import sys
 
-OWN = re.compile(r"^(?!return|using|namespace|template|public|private|//|#|\}|\s)[\w:<>&*,\s\[\]]*?\b(\w+)\s*(?:\(|=|\{|;|\[|:\s)")
+from unit_groups import groups_of
+
 PRECOMPILED = re.compile(r"-Winvalid-pch|-include \S*cmake_pch\.hxx")
 
 
-def own_names(text):
-    """What a unit declares in its unnamed namespaces, and its static functions."""
-    names = set()
-    inside = False
-    for line in text.split("\n"):
-        if re.match(r"namespace \{", line):
-            inside = True
-        elif re.match(r"\}  // namespace$", line):
-            inside = False
-        elif inside or line.startswith("static "):
-            match = OWN.match(line)
-            if match:
-                names.add(match.group(1))
-    return names
-
-
 def batches_of(entries, most):
-    """Lists of entries, greedily: each unit goes into the first batch with its flags that takes it."""
+    """Lists of entries that can share a run."""
     groups = {}
     for entry in entries:
-        path = pathlib.Path(entry["file"])
         flags = re.sub(r" -o \S+| -c \S+", "", entry["command"])
-        own = own_names(path.read_text(encoding="utf-8"))
-        for batch, names in groups.setdefault(flags, []):
-            if len(batch) < most and not names & own:
-                batch.append(entry)
-                names |= own
-                break
-        else:
-            groups[flags].append(([entry], set(own)))
-    return [batch for group in groups.values() for batch, _ in group]
+        groups.setdefault(flags, {})[entry["file"]] = entry
+    return [[group[file] for file in batch] for group in groups.values() for batch in groups_of(list(group), most)]
 
 
 def main(build, out, most, units):

@@ -79,7 +79,6 @@ void ErrorDesk::Acknowledge() {
   QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
   auto* window = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
   if (window != nullptr) QCoreApplication::sendEvent(window, &escape);
-  emit Changed();
 }
 
 void ErrorDesk::ClearAll() {

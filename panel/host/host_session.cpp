@@ -93,8 +93,8 @@ HostSession::HostSession(QObject* parent) : QObject(parent) {
 HostSession::~HostSession() {
   CloseAll();
   Offer({});
-  if (toolArea_ != 0 && PnlIsAlive(toolArea_)) PnlAttachWidget(PnlWidgetOf(toolArea_), nullptr, nullptr);
-  if (mainWindow_ != 0 && PnlIsAlive(mainWindow_)) PnlAttachWidget(PnlWidgetOf(mainWindow_), nullptr, nullptr);
+  if (PnlIsAlive(toolArea_)) PnlAttachWidget(PnlWidgetOf(toolArea_), nullptr, nullptr);
+  if (PnlIsAlive(mainWindow_)) PnlAttachWidget(PnlWidgetOf(mainWindow_), nullptr, nullptr);
   if (current == this) current = nullptr;
 }
 
@@ -220,7 +220,8 @@ void HostSession::FocusWithin(PnlWindow window) {
   line->setFocus(Qt::OtherFocusReason);
   if (!alive) return;
   line->setCursorPosition(caret);
-  if (start >= 0) line->setSelection(start, length);
+  // What was marked from its end has the caret at its beginning.
+  if (start >= 0) line->setSelection(caret == start ? start + length : start, caret == start ? -length : length);
 }
 
 HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& menus) const {
@@ -228,7 +229,7 @@ HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& men
     const auto menu = menus.find(*tool);
     if (menu == menus.end()) continue;
     // A tool that cleared its bar leaves it to the panel, not to the tool behind.
-    if (menu->second == 0 || PnlMenuItemCount(menu->second) < 0) break;
+    if (PnlMenuItemCount(menu->second) < 0) break;
     return {*tool, menu->second};
   }
   return {-1, 0};

@@ -83,7 +83,6 @@ RpcResult UiGrid(RemoteWorld& /*world*/, Params& params) {
 QModelIndex ReadCell(Params& params, const QTableView* grid) {
   const auto row = static_cast<int>(params.Integer("row", 1, kLargestIndex));
   const auto column = static_cast<int>(params.Integer("col", 0, kLargestIndex));
-  if (params.Problem()) return {};
   const QAbstractItemModel* model = grid->model();
   if (row > model->rowCount()) params.Fail("row", "there is no such row");
   if (column >= model->columnCount()) params.Fail("col", "there is no such column");

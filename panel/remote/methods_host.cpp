@@ -167,10 +167,8 @@ std::int32_t PublishedRequest::Publish(const XPLRDATA_ST& record) {
   return number_;
 }
 
-void PublishedRequest::Withdraw() {
-  if (number_ != 0) PnlWithdrawRecord(number_);
-  number_ = 0;
-}
+// A number that isn't in use is left alone.
+void PublishedRequest::Withdraw() { PnlWithdrawRecord(number_); }
 
 void AddHostMethods(MethodTable& table) {
   table.insert({{"host.api", HostApi},

@@ -185,7 +185,6 @@ bool MarkText(QWidget* control, int start, int end) {
     const int from = std::min(start, length);
     const int to = std::min(end, length);
     if (from == to) {
-      edit->deselect();
       edit->setCursorPosition(to);
     } else {
       edit->setSelection(from, to - from);

@@ -53,7 +53,6 @@ void PanelWindow::LetErrorsPass() {
 }
 
 void PanelWindow::AskToClose() {
-  LetErrorsPass();
   const QString text = Say(Word::kCloseAsked);
   if (answer_) return op_.Desk().AnswerClose(answer_(text));
   question_->Ask(text, {Say(Word::kClosePanel), Say(Word::kKeepRunning)},

@@ -86,8 +86,9 @@ TEST_F(ErrorHistoryTest, ErrorsThatDifferInAnythingHaveRowsOfTheirOwn) {
   differ([](Summary& e) { e.module = u"PLC"; });
   differ([](Summary& e) { e.text = u"other"; });
   differ([](Summary& e) { e.parameters = {u"1"}; });
+  differ([](Summary& e) { e.parameters = {u"2"}; });
   differ([](Summary& e) { e.parameters = {u"1", u""}; });
-  EXPECT_EQ(history_.Rows().size(), 10u);
+  EXPECT_EQ(history_.Rows().size(), 11u);
 }
 
 TEST_F(ErrorHistoryTest, EveryErrorTellsHowItLeft) {

@@ -31,6 +31,7 @@ INSTANTIATE_TEST_SUITE_P(
                       SignRow{"warning", (2 << 16) | 1110, (3 << 16) | 500, {1110, ErrorKind::kWarning, 500, 3}},
                       SignRow{"confirm", (4 << 16) | 1, 1 << 16, {1, ErrorKind::kConfirm, 0, 1}},
                       SignRow{"many", 0xFFFF, 0xFFFF0000LL, {0xFFFF, ErrorKind::kError, 0, 0xFFFF}},
+                      SignRow{"pastTheLastClass", 5 << 16, 1 << 16, {0, ErrorKind::kError, 0, 1}},
                       SignRow{"noClass", 9 << 16, 1 << 16, {0, ErrorKind::kError, 0, 1}}),
     [](const auto& row) { return std::string(row.param.name); });
 

@@ -61,6 +61,7 @@ INSTANTIATE_TEST_SUITE_P(All, OperatorActions,
                                            ActionRow{Action::kOverrideUp, Override<200>, false, ""},
                                            ActionRow{Action::kOverrideFull, Override<99>, true, "FeedOverride 100"},
                                            ActionRow{Action::kOverrideFull, Override<100>, false, ""},
+                                           ActionRow{Action::kOverrideFull, Override<101>, true, "FeedOverride 100"},
                                            ActionRow{Action::kCycleStart, Stopped, false, ""},
                                            ActionRow{Action::kCycleStart, AsItIs, true, ""},
                                            ActionRow{Action::kClearError, AsItIs, false, ""},
@@ -74,6 +75,9 @@ TEST_F(HostFixture, StartWithoutACommandLineEndsAHoldOrSaysThatThereIsNothing) {
   op.Do(Action::kCycleStart);
   EXPECT_EQ(Calls(), "FeedHold 0");
   EXPECT_EQ(Hint(), "");
+  rig.machine.state.channelStatus = 4;
+  op.Do(Action::kCycleStart);
+  EXPECT_EQ(Calls(), "FeedHold 0") << "whatever the channel does, nobody owns its block";
   rig.machine.state.emergencyStop = true;
   op.Do(Action::kCycleStart);
   EXPECT_EQ(Hint(), Warning(Word::kReleaseEmergencyStop));
@@ -120,6 +124,57 @@ TEST_F(HostFixture, WithoutAMachineTheKeysSaySo) {
   EXPECT_EQ(lone.Request(), nullptr);
   lone.Do(Action::kHelp);
   EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNoHelpHere));
+  lone.Do(Action::kCycleStart);
+  EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNothingToStart));
+  lone.Do(Action::kOpenProgram);
+  EXPECT_EQ(lone.CurrentHint().text, "") << "a key of the editor is none of the machine";
+}
+
+TEST_F(HostFixture, WithoutARigResultsAndBlocksGoNowhere) {
+  Operator lone(session, nullptr);
+  QStringList inserted;
+  QObject::connect(&lone, &Operator::InsertValueWanted, [&](const QString& text) { inserted << text; });
+  QObject::connect(&lone, &Operator::InsertBlockWanted, [&](const QString& text) { inserted << text; });
+  Call(9);
+  Call(12);
+  EXPECT_TRUE(inserted.isEmpty());
+  EXPECT_EQ(lone.CurrentHint().text, "");
+}
+
+TEST_F(HostFixture, AToolThatDoesNotExistIsSaidToBeMissing) {
+  EXPECT_FALSE(op.OpenTool(99));
+  EXPECT_EQ(Hint(), Warning(Word::kToolMissing));
+}
+
+TEST_F(HostFixture, AFaultKeyOrAToolsKeyTakesTheHintAwayAtOnce) {
+  op.SetHint("other");
+  Settle();
+  op.RaiseFault(DemoFaults()[1], std::nullopt);
+  EXPECT_EQ(Hint(), "");
+  EXPECT_EQ(Settle(), 1);
+  op.SetHint("other");
+  Settle();
+  op.SendCommand(PNL_TOOL_MDI, 1);
+  EXPECT_EQ(Hint(), "");
+  EXPECT_EQ(Settle(), 1);
+}
+
+TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
+  const auto before = rig.watches.size();
+  op.Do(Action::kHelp);
+  EXPECT_EQ(rig.watches.size(), before);
+  EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
+}
+
+TEST_F(HostFixture, ARequestThatEndsIsToldAsAChange) {
+  XPLRDATA_ST record{};
+  const int number = PnlPublishRecord(&record);
+  rig.variables[u"E.XPLRDATA"] = std::int64_t{number};
+  Call(8);
+  Settle();
+  Call(10);
+  EXPECT_EQ(Settle(), 1);
+  PnlWithdrawRecord(number);
 }
 
 TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
@@ -356,6 +411,15 @@ TEST_F(HostFixture, AFileIsWrittenIntoTheRecordAndSavingItIsSaid) {
 
 using Fate = pnl::rig::CncControl::ErrorFate;
 using Summary = pnl::rig::CncControl::ErrorSummary;
+
+TEST_F(HostFixture, EveryErrorThatComesOrGoesIsToldAsAChange) {
+  Summary error;
+  error.serial = 1;
+  for (const Fate fate : {Fate::kRaised, Fate::kAcknowledged}) {
+    rig.error(error, fate);
+    EXPECT_EQ(Settle(), 1);
+  }
+}
 
 TEST_F(HostFixture, TheHelpIsTheLineAndTheDescriptionBehindIt) {
   rig.descriptions = {{u"a#7", u"  text\n"}, {u"a#8", u" \n"}};

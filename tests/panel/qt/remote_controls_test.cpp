@@ -144,6 +144,15 @@ TEST_F(RemoteControls, MarkingSelectsFromTheFirstPlaceToTheLast) {
   EXPECT_EQ(edit->selectedText(), "bc");
 }
 
+TEST_F(RemoteControls, MarkingOnePlacePutsTheCaretThereAndSelectsNothing) {
+  for (const char* place : {R"("start":2,"end":2)", R"("start":900,"end":999)"}) {
+    edit->selectAll();
+    EXPECT_EQ(OnTool("ui.mark", R"("id":1,)" + QByteArray(place)), "{}");
+    EXPECT_FALSE(edit->hasSelectedText()) << place;
+  }
+  EXPECT_EQ(edit->cursorPosition(), edit->text().size());
+}
+
 TEST_F(RemoteControls, ItemsArePickedByIndexAndByIndices) {
   EXPECT_EQ(OnTool("ui.pick", R"("id":2,"indices":[2,0])"), "{}");
   EXPECT_EQ(Selected(), QList<int>({0, 2}));

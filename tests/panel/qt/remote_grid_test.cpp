@@ -98,6 +98,15 @@ TEST_F(RemoteGrid, RefusesWhatIsNotThere) {
   EXPECT_EQ(Grid("ui.tree.expand", R"("id":8,"path":[])"), "-32602 path: at least one text is needed");
 }
 
+TEST_F(RemoteGrid, TheFirstWrongPlaceIsNamedInAnEmptyGridToo) {
+  model.clear();
+  for (const char* method : {"ui.grid.select", "ui.grid.edit"}) {
+    EXPECT_EQ(Grid(method, R"("id":7,"row":0,"col":0,"text":"x")"),
+              "-32602 row: an integer from 1 to 2147483647 is needed");
+    EXPECT_EQ(Grid(method, R"("id":7,"row":1,"col":0,"text":"x")"), "-32602 row: there is no such row");
+  }
+}
+
 TEST_F(RemoteGrid, TellsChoosesAndOpensNodes) {
   EXPECT_EQ(
       Grid("ui.tree", R"("id":8)"),

@@ -29,8 +29,11 @@ class AskingPanel : public PlainPanel {
   }
   void AnswerQuestions(const std::function<bool(const QString& text)>& answer) override { ask = answer; }
 
+  QString ProgramText() const override { return program; }
+
   std::function<bool(const QString& text)> ask;
   mutable int work = 0;
+  QString program;
 };
 
 /// Pipes in the place of standard input and output.
@@ -168,6 +171,18 @@ TEST_F(RemoteSession, AReplyWaitsForThePanelsWork) {
   face.work = 3;
   EXPECT_TRUE(remote->Answer(R"({"id":1,"method":"ui.dialogs"})").contains("result"));
   EXPECT_EQ(face.work, 0);
+}
+
+TEST_F(RemoteSession, NoLineIsAnsweredInsideAnother) {
+  // So much that the next lines wait until somebody takes the first reply.
+  face.program = QString(2 << 20, 'x');
+  Put("{\"id\":1,\"method\":\"program.text\"}\n{\"id\":2,\"method\":\"ui.dialogs\"}\n"
+      "{\"id\":3,\"method\":\"ui.dialogs\"}\n");
+  QCoreApplication::processEvents();
+  Put("{\"id\":4,\"method\":\"ui.dialogs\"}\n");
+  // The second one then works on events, which bring the fourth.
+  face.work = 50;
+  EXPECT_EQ(Replies(), QStringList({"1", "2", "3", "4"}));
 }
 
 TEST_F(RemoteSession, UnderBareThePanelOnlyRecords) {

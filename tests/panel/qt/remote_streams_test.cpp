@@ -120,6 +120,15 @@ TEST(StandardStreams, OutputThatNobodyTakesDoesNotMakeThePanelWait) {
   EXPECT_EQ(taken, much.size());
 }
 
+TEST(StandardStreams, AShortReplyIsWrittenInOnePiece) {
+  Pipe out;
+  // Each write is a packet of its own, and a read takes one.
+  ASSERT_EQ(fcntl(out.ends[1], F_SETFL, O_DIRECT), 0);
+  StandardStreams streams(-1, out.ends[1], nullptr);
+  streams.Write("a reply\n");
+  EXPECT_EQ(out.Take(100), "a reply\n");
+}
+
 TEST(StandardStreams, WhatIsWaitingIsWrittenByAFlush) {
   Pipe out;
   StandardStreams streams(-1, out.ends[1], nullptr);

@@ -169,6 +169,7 @@ TEST_F(ErrorsTest, TheClearKeyAcknowledgesOnlyWhatIsSeen) {
   PutAway();
   Do(Action::kClearError);
   EXPECT_TRUE(Shown()) << "first it comes back";
+  EXPECT_EQ(op_->CurrentHint().text, "") << "and nothing is said of staying";
   EXPECT_EQ(Queue(), 1u);
   Do(Action::kClearError);
   EXPECT_FALSE(Shown());
@@ -186,6 +187,65 @@ TEST_F(ErrorsTest, TheClearKeyBringsTheErrorsThatStayInFront) {
   Do(Action::kClearError);
   EXPECT_EQ(Queue(), 1u);
   EXPECT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+}
+
+TEST_F(ErrorsTest, AWindowThatIsCalledWhileItIsShownComesInFrontAndEndsTheHelp) {
+  Raise(Fault::kDriveFault);
+  Do(Action::kOpenMdi);
+  session_.BringToFront(PNL_TOOL_MDI);
+  Settle();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+  ASSERT_TRUE(Shown());
+  op_->Desk().OnShowError({{"header", "ERROR 7"}});
+  EXPECT_TRUE(op_->Desk().BringBack());
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+  EXPECT_TRUE(Tool()->hasFocus());
+  EXPECT_FALSE(op_->Desk().Help());
+}
+
+TEST_F(ErrorsTest, WithoutAnErrorThereIsNoWindowToCall) {
+  EXPECT_FALSE(op_->Desk().BringBack());
+  EXPECT_FALSE(Shown());
+  Raise(Fault::kDriveFault);
+  ASSERT_TRUE(Shown());
+  rig_.Cnc().ClearErrors();
+  EXPECT_FALSE(op_->Desk().BringBack()) << "its window is about to go";
+}
+
+TEST_F(ErrorsTest, AWindowOfWhichTheHostIsNotToldIsNotBroughtBack) {
+  session_.Offer({});
+  Raise(Fault::kDriveFault);
+  op_->Desk().OnShowError({{"header", "ERROR 7"}});
+  EXPECT_FALSE(op_->Desk().BringBack());
+  EXPECT_TRUE(op_->Desk().Help());
+}
+
+TEST_F(ErrorsTest, TheClearKeyLeavesAScriptsOwnToolAloneAndEmptiesTheQueue) {
+  Raise(Fault::kDriveFault);
+  Raise(Fault::kDriveWarning);
+  ASSERT_EQ(Queue(), 2u);
+  session_.SetReacting(false);
+  Do(Action::kClearError);
+  EXPECT_EQ(Queue(), 0u);
+}
+
+TEST_F(ErrorsTest, AnErrorThatIsAcknowledgedBeforeAnotherSaysNothingAboutStaying) {
+  Raise(Fault::kDriveWarning);
+  Raise(Fault::kDriveFault);
+  Do(Action::kClearError);
+  EXPECT_EQ(Queue(), 1u);
+  EXPECT_TRUE(Shown());
+  EXPECT_TRUE(window_->Zone().Lines().empty());
+}
+
+TEST_F(ErrorsTest, TheWordThatAnErrorStaysGoesWithTheError) {
+  Raise(Fault::kConfirm);
+  Do(Action::kClearError);
+  ASSERT_EQ(op_->CurrentHint().text, Say(Word::kErrorStays));
+  EXPECT_TRUE(op_->CurrentHint().warning);
+  rig_.Cnc().ClearErrors();
+  Settle();
+  EXPECT_EQ(op_->CurrentHint().text, "");
 }
 
 TEST_F(ErrorsTest, TheClearKeyConfirmsNothing) {

@@ -7,8 +7,12 @@
 #include <pnltools/rig.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPushButton>
+#include <cstring>
 #include <memory>
+#include <set>
 
 #include "panel/machine/qt/demo_machine.h"
 
@@ -90,6 +94,99 @@ TEST_F(HostSessionTest, AnOpenedToolIsInFrontUntilItCloses) {
   EXPECT_TRUE(Heard("HostToolClosed"));
 }
 
+TEST_F(HostSessionTest, AWindowThatDiesByAnotherHandIsNoToolWindowAnyMore) {
+  const PnlWindow first = Mdi();
+  const PnlWindow second = Mdi();
+  PnlDestroyWindow(second);
+  EXPECT_EQ(session_.ToolWindow(PNL_TOOL_MDI), first);
+  EXPECT_EQ(session_.ToolWindows(), std::vector<PnlWindow>{first});
+}
+
+TEST_F(HostSessionTest, AToolIsOpenUntilTheLastOfItsWindowsGoes) {
+  const PnlWindow first = Mdi();
+  ASSERT_EQ(Command(first, kOpen), 0);
+  session_.DestroyTool(Mdi());
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_MDI));
+  session_.DestroyTool(first);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+}
+
+TEST_F(HostSessionTest, AWindowThatWasLoadedByAnotherHandGoesAlone) {
+  const PnlWindow own = Mdi();
+  ASSERT_EQ(Command(own, kOpen), 0);
+  const PnlWindow foreign = LoadPNLTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  session_.DestroyTool(foreign);
+  EXPECT_EQ(PnlIsAlive(foreign), 0);
+  EXPECT_EQ(session_.ToolWindows(), std::vector<PnlWindow>{own});
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_MDI));
+}
+
+TEST_F(HostSessionTest, AMessageOfAToolIsAnsweredWithNothing) {
+  EXPECT_EQ(PnlSendMessage(session_.ToolArea(), 1000, 1, 2), 0);
+  EXPECT_EQ(PnlSendMessage(session_.MainWindow(), 1000, 1, 2), 0);
+}
+
+TEST_F(HostSessionTest, ATurnedToToolLiesAboveTheOthers) {
+  Command(Mdi(), kOpen);
+  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  area_.activateWindow();
+  QCoreApplication::processEvents();
+  area_.setFocus();
+  session_.BringToFront(PNL_TOOL_MDI);
+  const auto* mdi = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_MDI)));
+  EXPECT_EQ(area_.children().last(), mdi);
+  const QWidget* focus = QApplication::focusWidget();
+  EXPECT_TRUE(focus == mdi || mdi->isAncestorOf(focus)) << "and has the keyboard";
+}
+
+TEST_F(HostSessionTest, AToolThatIsNotOpenIsNotTurnedTo) {
+  Mdi();
+  session_.BringToFront(PNL_TOOL_MDI);
+  EXPECT_EQ(session_.FrontTool(), -1);
+  EXPECT_EQ(session_.WorkingTool(), -1);
+}
+
+TEST_F(HostSessionTest, AToolThatHasNoMenusLeavesTheBarsToTheToolBehind) {
+  Command(Mdi(), kOpen);
+  const HostSession::ToolMenu side = session_.SideBar();
+  session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+  DemoMachine().Machine()->Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
+  EXPECT_EQ(session_.SideBar(), side);
+  DemoMachine().Cnc().ClearErrors();
+  QCoreApplication::processEvents();
+}
+
+TEST_F(HostSessionTest, EachSlotIsOfferedByItself) {
+  std::set<std::string> heard;
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    calls_.clear();
+    session_.Offer({slot});
+    const PnlWindow mdi = Mdi();
+    Command(mdi, kOpen);
+    Command(mdi, kSwitchRole);
+    session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+    DemoMachine().Machine()->Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+    QCoreApplication::processEvents();
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
+    DemoMachine().Cnc().ClearErrors();
+    QCoreApplication::processEvents();
+    const PnlWindow calculator = session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+    auto* line = static_cast<QWidget*>(PnlWidgetOf(calculator))->findChild<QLineEdit*>();
+    line->setText("1");
+    QKeyEvent accept(QEvent::KeyPress, Qt::Key_Insert, Qt::NoModifier);
+    QCoreApplication::sendEvent(line, &accept);
+    Command(mdi, kClose);
+    for (const std::string& name : calls_) EXPECT_EQ(name, kSlotNames[static_cast<std::size_t>(slot)]) << slot;
+    heard.insert(calls_.begin(), calls_.end());
+    session_.CloseAll();
+  }
+  for (const int slot : {1, 2, 3, 4, 5, 6, 7, 9, 13, 14}) {
+    EXPECT_TRUE(heard.count(kSlotNames[static_cast<std::size_t>(slot)])) << slot;
+  }
+}
+
 TEST_F(HostSessionTest, ADestroyedToolIsNotOpenAnyMore) {
   const PnlWindow mdi = Mdi();
   Command(mdi, kOpen);
@@ -157,12 +254,32 @@ TEST_F(HostSessionTest, ASlotNameStandsForEverySlot) {
   EXPECT_STREQ(kSlotNames[18], "HostOpenMachiningCalculator");
 }
 
+/// A session whose room is wiped when it ends: who goes on in it then falls.
+class WipedSession {
+ public:
+  WipedSession() : session_(new (room_) HostSession) {}
+  WipedSession(const WipedSession&) = delete;
+  WipedSession& operator=(const WipedSession&) = delete;
+  ~WipedSession() { reset(); }
+  HostSession* operator->() const { return session_; }
+  [[nodiscard]] HostSession* get() const { return session_; }
+  void reset() {
+    if (session_ == nullptr) return;
+    std::exchange(session_, nullptr)->~HostSession();
+    std::memset(room_, 0, sizeof(room_));
+  }
+
+ private:
+  alignas(HostSession) unsigned char room_[sizeof(HostSession)];
+  HostSession* session_;
+};
+
 /// A session that a listener ends while a tool is still in its callback.
 void EndSessionInside(const char* slot) {
   DemoMachine();
   QWidget area;
   area.show();
-  auto session = std::make_unique<HostSession>();
+  WipedSession session;
   session->SetToolArea(&area);
   session->OfferAll();
   const PnlWindow mdi = session->LoadTool(PNL_TOOL_MDI, session->ToolArea());
@@ -186,14 +303,34 @@ TEST(HostSessionEnd, ASessionMayEndInsideACallback) {
 TEST(HostSessionEnd, ASessionMayEndWhenToolsChange) {
   DemoMachine();
   QWidget area;
-  auto session = std::make_unique<HostSession>();
+  WipedSession session;
   session->SetToolArea(&area);
   session->OfferAll();
   const PnlWindow mdi = session->LoadTool(PNL_TOOL_MDI, session->ToolArea());
   QObject::connect(session.get(), &HostSession::ToolsChanged, &area, [&session] { session.reset(); });
   PnlSendMessage(mdi, PNL_MSG_TOOL_COMMAND, kOpen, 1);
-  EXPECT_EQ(session, nullptr);
+  EXPECT_EQ(session.get(), nullptr);
   EXPECT_EQ(HostSession::Current(), nullptr);
+}
+
+TEST(HostSessionEnd, ACallForASessionThatHasGoneIsLost) {
+  DemoMachine();
+  QWidget area;
+  HostSession first;
+  first.SetToolArea(&area);
+  { const HostSession second; }
+  ASSERT_EQ(HostSession::Current(), nullptr);
+  first.OfferAll();
+  const PnlWindow mdi = first.LoadTool(PNL_TOOL_MDI, first.ToolArea());
+  EXPECT_EQ(PnlSendMessage(mdi, PNL_MSG_TOOL_COMMAND, kOpen, 1), 0);
+  EXPECT_EQ(first.FrontTool(), -1);
+}
+
+TEST(HostSessionEnd, AnEarlierSessionLeavesTheLaterOneItsCallbacks) {
+  auto first = std::make_unique<HostSession>();
+  const HostSession second;
+  first.reset();
+  EXPECT_EQ(HostSession::Current(), &second);
 }
 
 TEST_F(HostSessionTest, OnlySlotsThatExistAreGivenAnAnswer) {
@@ -206,6 +343,8 @@ TEST_F(HostSessionTest, OnlySlotsThatExistAreGivenAnAnswer) {
   EXPECT_EQ(session_.ReturnOf(0), 5);
   EXPECT_EQ(session_.ReturnOf(1), 0);
   EXPECT_EQ(session_.ReturnOf(kSlotCount - 1), 6);
+  EXPECT_EQ(session_.MainMenu(), 0u) << "nothing beside them was written";
+  EXPECT_NE(session_.MainWindow(), 7u);
 }
 
 TEST_F(HostSessionTest, EveryCallAboutAMenuIsFollowedByTheChangeOfItsBar) {
@@ -341,6 +480,11 @@ TEST_F(FocusInHost, ALineGetsTheKeyboardBackWithItsCaretAndItsSelection) {
   other_->setFocus(Qt::PopupFocusReason);
   HostSession::FocusWithin(window_);
   EXPECT_EQ(line_->selectedText(), "bcd");
+  line_->setSelection(4, -3);
+  other_->setFocus(Qt::PopupFocusReason);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->selectedText(), "bcd");
+  EXPECT_EQ(line_->cursorPosition(), 1) << "marked from its end";
   line_->deselect();
   HostSession::FocusWithin(window_);
   EXPECT_TRUE(line_->hasFocus()) << "it has it already";
@@ -357,12 +501,58 @@ TEST_F(FocusInHost, AControlThatCantTakeTheKeyboardLeavesItToItsWindow) {
   EXPECT_TRUE(tool_->hasFocus()) << "no window, nothing happens";
 }
 
+TEST_F(FocusInHost, ASelectionFromTheBeginningComesBackToo) {
+  line_->setFocus();
+  line_->setSelection(0, 2);
+  other_->setFocus(Qt::PopupFocusReason);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->selectedText(), "ab");
+}
+
+TEST_F(FocusInHost, ALineThatHasTheKeyboardIsLeftAsItIs) {
+  line_->setFocus();
+  line_->setSelection(4, -3);
+  ASSERT_EQ(line_->cursorPosition(), 1);
+  HostSession::FocusWithin(window_);
+  EXPECT_EQ(line_->cursorPosition(), 1) << "marked from its end";
+  EXPECT_EQ(line_->selectedText(), "bcd");
+}
+
+TEST_F(FocusInHost, AControlThatTakesNoTextGetsTheKeyboardBack) {
+  QPushButton button(tool_);
+  button.show();
+  button.setFocus();
+  other_->setFocus();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(button.hasFocus());
+}
+
+TEST_F(FocusInHost, AControlThatIsHiddenLeavesTheKeyboardToItsWindow) {
+  line_->setFocus();
+  other_->setFocus();
+  line_->hide();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(tool_->hasFocus());
+}
+
+TEST_F(FocusInHost, AWindowThatHasTheKeyboardItselfKeepsIt) {
+  line_->setFocus();
+  tool_->setFocus();
+  HostSession::FocusWithin(window_);
+  EXPECT_TRUE(tool_->hasFocus());
+}
+
 TEST_F(FocusInHost, OnlyALineThatTakesTextIsTypedIn) {
   line_->setFocus();
   EXPECT_TRUE(HostSession::IsTypedIn(window_));
   line_->setReadOnly(true);
   EXPECT_FALSE(HostSession::IsTypedIn(window_));
   line_->setReadOnly(false);
+  other_->setFocus();
+  EXPECT_TRUE(HostSession::IsTypedIn(window_)) << "it has it when the tool is turned to";
+  line_->setEnabled(false);
+  EXPECT_FALSE(HostSession::IsTypedIn(window_));
+  line_->setEnabled(true);
   tool_->setFocus();
   EXPECT_FALSE(HostSession::IsTypedIn(window_));
   EXPECT_FALSE(HostSession::IsTypedIn(0));

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "panel/machine/qt/panel_fixture.h"
 #include "remote/trace.h"
 #include "ui/error_help.h"
@@ -214,6 +216,94 @@ TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockIsInterrupted) {
   EXPECT_EQ(op_->Machine().channelStatus, 1) << "the block went on to its end";
 }
 
+TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockRuns) {
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  ASSERT_EQ(Command(kHide), 0);
+  ASSERT_EQ(op_->Machine().channelStatus, 2);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), "") << "there is something to start";
+}
+
+TEST_F(OperatorTest, StartWithAHiddenCommandLineAtRestSaysThatThereIsNothing) {
+  Do(Action::kOpenMdi);
+  Type("G0 X1");
+  ASSERT_EQ(Command(kHide), 0);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), Say(Word::kNothingToStart));
+  EXPECT_EQ(Line(PNL_TOOL_MDI)->text(), "G0 X1");
+}
+
+TEST_F(OperatorTest, AStartInInspectionIsSaidUntilInspectionEnds) {
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(op_->CurrentHint().text, "") << "an ordinary start says nothing";
+  Advance(100);
+  Do(Action::kFeedHold);
+  Do(Action::kInspect);
+  Advance(100);
+  Line(PNL_TOOL_MDI)->setText("G91 G1 X5 F500");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kStartInInspection));
+  EXPECT_FALSE(op_->CurrentHint().warning);
+  Advance(60000);
+  rig_.Machine()->Inspection(false);
+  Settle();
+  ASSERT_FALSE(op_->Machine().inspecting);
+  EXPECT_EQ(op_->CurrentHint().text, "");
+}
+
+TEST_F(OperatorTest, TheKeyThatLeadsToTheToolLeadsToTheErrorWindow) {
+  EXPECT_FALSE(op_->Can(Action::kFocusTool));
+  Raise(Fault::kDriveFault);
+  EXPECT_TRUE(op_->Can(Action::kFocusTool));
+  window_->Editor().Edit().setFocus();
+  Do(Action::kFocusTool);
+  EXPECT_TRUE(Has(Errors()));
+}
+
+TEST_F(OperatorTest, TheKeyOfAnOpenCommandLineInFrontOpensItNoSecondTime) {
+  const QObject here;  // who listens during the test
+  int opened = 0;
+  QObject::connect(&session_, &HostSession::Called, &here, [&opened](const HostCall& call) {
+    if (call.slot == 1) ++opened;
+  });
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(opened, 1);
+}
+
+TEST_F(OperatorTest, ACommandLineThatTakesAResultComesInFront) {
+  Do(Action::kOpenMdi);
+  Do(Action::kOpenCalculator);
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_CALCULATOR);
+  emit session_.Called({9, {}});
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+}
+
+TEST_F(OperatorTest, ARefusedCommandLineIsSaidUntilItOpens) {
+  rig_.Cnc().Define(u"DM.MDI.ENABLEC1", pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(ZoneText(), Say(Word::kMdiRefused));
+  EXPECT_TRUE(op_->CurrentHint().warning);
+  EXPECT_FALSE(op_->OpenTool(PNL_TOOL_MDI));
+  rig_.Cnc().Undefine(u"DM.MDI.ENABLEC1");
+  EXPECT_TRUE(op_->OpenTool(PNL_TOOL_MDI));
+  Settle();
+  EXPECT_EQ(ZoneText(), "");
+}
+
+TEST_F(OperatorTest, NothingToStartIsSaidUntilTheCommandLineOpens) {
+  Do(Action::kCycleStart);
+  ASSERT_EQ(ZoneText(), Say(Word::kNothingToStart));
+  EXPECT_TRUE(op_->OpenTool(PNL_TOOL_MDI));
+  Settle();
+  EXPECT_EQ(ZoneText(), "");
+}
+
 TEST_F(OperatorTest, TheClearKeyEndsAHelpThatStandsAlone) {
   op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
   Settle();
@@ -242,6 +332,22 @@ TEST_F(OperatorTest, TheTraceOfAMenuLeavesItsHiddenItemsOut) {
   EXPECT_FALSE(VisibleItemIds(session_.MainMenu()).toArray().contains(kMoveDown)) << "hidden while an item is typed";
 }
 
+TEST_F(OperatorTest, ABarLeavesTheHiddenItemsOfItsMenuOut) {
+  constexpr int kNewItem = 32773;
+  constexpr int kMoveDown = 40004;
+  const auto shown = [this] {
+    std::set<int> ids;
+    for (const SoftKeyItem& item : window_->MainBar().Items()) ids.insert(item.id);
+    return ids;
+  };
+  Do(Action::kSwitchRole);
+  EXPECT_EQ(shown().count(kMoveDown), 1u);
+  op_->SendCommand(PNL_TOOL_MDI, kNewItem);
+  Settle();
+  EXPECT_EQ(shown().count(kMoveDown), 0u) << "hidden while an item is typed";
+  EXPECT_EQ(shown().count(kNewItem), 1u);
+}
+
 class RequestTest : public OperatorTest {
  protected:
   // A file that can't be made is told in a box.
@@ -257,7 +363,68 @@ class RequestTest : public OperatorTest {
     ASSERT_TRUE(window_->Chooser().Stands());
     ASSERT_NE(op_->Request(), nullptr);
   }
+  /// As a tool of its own would choose a file.
+  void WriteIntoTheRecord(const std::u16string& folder, const std::u16string& file) {
+    folder.copy(op_->Request()->Path, folder.size());
+    file.copy(op_->Request()->File, file.size());
+  }
+  /// Whether the command line saved its list there; the file goes.
+  bool TakeSaved(const std::u16string& path) {
+    const auto host = rig_.Files().HostPath(path);
+    return host && std::remove(host->c_str()) == 0;
+  }
+  /// Whether the command line starts blocks again, which it doesn't while it waits for a file.
+  bool StartIsFree() {
+    Do(Action::kCycleStart);
+    return op_->Machine().channelStatus == 2;
+  }
 };
+
+struct EndRow {
+  const char* name;
+  int slot;
+  QVariantList args;
+  bool saved;
+};
+
+class RequestEnd : public RequestTest, public ::testing::WithParamInterface<EndRow> {};
+
+TEST_P(RequestEnd, IsToldToTheAsker) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"ENDED.NC");
+  emit session_.Called({GetParam().slot, GetParam().args});
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_EQ(TakeSaved(u"C:\\ENDED.NC"), GetParam().saved);
+  EXPECT_TRUE(StartIsFree());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RequestEnd,
+                         ::testing::Values(EndRow{"accepted", 10, {}, true}, EndRow{"acceptedAlt", 11, {}, true},
+                                           EndRow{"left", 2, {PNL_TOOL_EXPLORER, PNL_CLOSED}, false}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(RequestTest, ARequestWhoseRecordHasGoneIsCancelled) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"GONE.NC");
+  EXPECT_TRUE(rig_.Cnc().Set(u"E.XPLRDATA", std::int64_t{0}));
+  EXPECT_FALSE(op_->AcceptFile("C:\\", "GONE.NC"));
+  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNoRequest));
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(TakeSaved(u"C:\\GONE.NC"));
+  EXPECT_TRUE(StartIsFree());
+}
+
+TEST_F(RequestTest, ANameThatIsRefusedCancelsTheRequest) {
+  Ask();
+  WriteIntoTheRecord(u"C:\\", u"REFUSED.NC");
+  EXPECT_FALSE(op_->AcceptFile("C:\\", QString(256, 'N')));
+  Settle();
+  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(TakeSaved(u"C:\\REFUSED.NC"));
+  EXPECT_TRUE(StartIsFree());
+}
 
 TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
   Ask();
@@ -267,10 +434,33 @@ TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
   EXPECT_EQ(QString::fromUtf16(op_->Request()->File), name);
 }
 
+struct OwnerRow {
+  int tool;
+  bool saved;
+};
+
+class RequestOwner : public RequestTest, public ::testing::WithParamInterface<OwnerRow> {};
+
+TEST_P(RequestOwner, GetsTheAnswer) {
+  constexpr int kOwnerBase = 1000;
+  Ask();
+  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
+  op_->Request()->Owner = kOwnerBase + GetParam().tool;
+  EXPECT_TRUE(op_->AcceptFile("C:\\", "OWNER.NC"));
+  EXPECT_EQ(TakeSaved(u"C:\\OWNER.NC"), GetParam().saved) << "the command line asked, and only it saves";
+}
+
+// The command line hears what was asked by a tool that isn't there.
+INSTANTIATE_TEST_SUITE_P(All, RequestOwner,
+                         ::testing::Values(OwnerRow{PNL_TOOL_MDI, true}, OwnerRow{PNL_TOOL_CALCULATOR, false},
+                                           OwnerRow{PNL_TOOL_MDI + 1, true}),
+                         [](const auto& row) { return "Tool" + std::to_string(row.param.tool); });
+
 TEST_F(RequestTest, ANameThatFillsItsFieldIsRefused) {
   Ask();
   EXPECT_FALSE(op_->AcceptFile("C:\\PROGRAMS", QString(256, 'N')));
   EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
+  EXPECT_TRUE(op_->CurrentHint().warning);
   EXPECT_EQ(op_->Request()->File[0], u'\0') << "nothing was written";
 }
 
