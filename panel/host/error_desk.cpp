@@ -24,11 +24,8 @@ std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
 std::uint32_t ColorOfKind(ErrorKind kind) { return kColors[static_cast<std::size_t>(kind)]; }
 
 ErrorSign ErrorSignOf(qint64 first, qint64 second) {
-  constexpr int kHalf = 16;
-  const auto low = [](qint64 value) { return static_cast<int>(value & 0xFFFF); };
-  const auto high = [](qint64 value) { return static_cast<int>((value >> kHalf) & 0xFFFF); };
-  const int kind = high(first) < kErrorClasses ? high(first) : 0;
-  return {low(first), static_cast<ErrorKind>(kind), low(second), high(second)};
+  const int kind = PnlHighHalf(first) < kErrorClasses ? PnlHighHalf(first) : PNL_ERROR;
+  return {PnlLowHalf(first), static_cast<ErrorKind>(kind), PnlLowHalf(second), PnlHighHalf(second)};
 }
 
 ErrorDesk::ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now)
@@ -54,7 +51,7 @@ int ErrorDesk::Standing() const {
 void ErrorDesk::CallWindow() {
   const QScopedValueRollback called(called_, true);
   // The word that ends the help shows the window in any case.
-  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered(PNL_NAME_ERROR_HELP_ENDED), 0, 0);
 }
 
 bool ErrorDesk::BringBack() {
@@ -121,11 +118,11 @@ void ErrorDesk::OnErrorsGone() {
 }
 
 void ErrorDesk::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
-  if (message == Registered("ZM_UPDATE_NERRORS")) {
+  if (message == Registered(PNL_NAME_ERRORS_CHANGED)) {
     sign_ = ErrorSignOf(first, second);
     emit Changed();
   }
-  if (message != Registered("ZM_CLOSE7340") || first != 1 || asksToClose_ || closeRefused_) return;
+  if (message != Registered(PNL_NAME_CLOSE_PANEL) || first != 1 || asksToClose_ || closeRefused_) return;
   asksToClose_ = true;
   emit CloseAsked();
 }

@@ -12,14 +12,6 @@ constexpr int kChannel = 1;
 constexpr int kOverrideStep = 10;
 constexpr int kOverrideMost = 200;
 constexpr int kInterrupted = 4;
-constexpr intptr_t kRefused = -200;
-
-/// Codes of ToolCommand.
-constexpr int kCommandOpen = 2;
-constexpr int kCommandClose = 6;
-constexpr int kCommandRestoreCaret = 7;
-constexpr int kCommandSwitchRole = 8;
-constexpr int kCommandCloseAndTell = 20;
 
 /// As a program takes a number: a point, no exponent, no zeros that say nothing.
 QString PlainNumber(double value) {
@@ -202,11 +194,10 @@ void Operator::CycleStart() {
   PnlCycleStart record{};
   record.channel = kChannel;
   const auto address = reinterpret_cast<intptr_t>(&record);
-  constexpr intptr_t kInspecting = 4;
-  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 2, address) == kInspecting) {
+  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_QUERY, address) == PNL_START_DURING_INSPECTION) {
     SetHint(Say(Word::kStartInInspection), false, [this] { return Machine().inspecting; });
   }
-  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 1, address);
+  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_KEY, address);
 }
 
 bool Operator::OpenTool(int tool) {
@@ -216,7 +207,7 @@ bool Operator::OpenTool(int tool) {
     SetHint(Say(Word::kToolMissing), true);
     return false;
   }
-  if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandOpen, kChannel) == kRefused) {
+  if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_OPEN, kChannel) == PNL_REFUSED) {
     SetHint(Say(Word::kMdiRefused), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
     return false;
   }
@@ -244,13 +235,13 @@ void Operator::TurnTo(int tool) {
   const PnlWindow window = session_.ToolWindow(tool);
   // In a list the code would choose the first item, which start would then run: it is for a line that is typed in.
   if (tool == PNL_TOOL_MDI && HostSession::IsTypedIn(window)) {
-    PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+    PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_RESTORE_FOCUS, kChannel);
   }
 }
 
 void Operator::CloseTool(int tool) {
   // The calculator goes without a word on the other code, and the panel would think that it still stands there.
-  const int code = tool == PNL_TOOL_CALCULATOR ? kCommandCloseAndTell : kCommandClose;
+  const int code = tool == PNL_TOOL_CALCULATOR ? PNL_COMMAND_CLOSE_TOOL : PNL_COMMAND_LEAVE;
   // Posted: the tool is still inside the key that asked for it.
   PnlPostMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, code, 0);
 }
@@ -258,7 +249,7 @@ void Operator::CloseTool(int tool) {
 void Operator::TakeCalcResult() {
   if (session_.IsToolOpen(PNL_TOOL_MDI)) {
     session_.BringToFront(PNL_TOOL_MDI);
-    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, PNL_READY_CALC_RESULT, 0);
     return;
   }
   const auto result = rig_ == nullptr ? std::nullopt : rig_->Cnc().Get(u"E.CALCRESUL");
@@ -274,7 +265,7 @@ void Operator::SwitchRole() {
   if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
   // An error window stays in front of the tool that caused it.
   if (session_.FrontTool() != PNL_TOOL_ERRORS) session_.BringToFront(PNL_TOOL_MDI);
-  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_SWITCH_ROLE, kChannel);
 }
 
 void Operator::AskHelp() {
@@ -321,12 +312,12 @@ void Operator::SendCommand(int tool, int id) {
 void Operator::OnCalled(const HostCall& call) {
   if (!session_.Reacting()) return;
   switch (call.slot) {
-    case 1:
+    case PNL_SLOT_TOOL_OPENING:
       if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnWindowOpening();
       return;
-    case 2:
+    case PNL_SLOT_TOOL_CLOSED:
       return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
-    case 8:
+    case PNL_SLOT_EXPLORER_REQUEST:
       asked_ = true;
       if (Request() == nullptr) {
         // Queued: the asker is still inside its own call.
@@ -335,26 +326,26 @@ void Operator::OnCalled(const HostCall& call) {
       }
       emit ChooserWanted();
       return;
-    case 9:
+    case PNL_SLOT_CALC_RESULT_ACCEPTED:
       return TakeCalcResult();
-    case 10:
-    case 11:
+    case PNL_SLOT_EXPLORER_ACCEPTED:
+    case PNL_SLOT_EXPLORER_ACCEPTED_ALT:
       return EndRequest(true);
-    case 12:
+    case PNL_SLOT_INSERT_BLOCK:
       if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
       return;
-    case 13:
+    case PNL_SLOT_SHOW_ERROR:
       return errors_.OnShowError(call.args.value(0).toMap());
-    case 14:
+    case PNL_SLOT_ERRORS_GONE:
       return errors_.OnErrorsGone();
-    case 15:
+    case PNL_SLOT_FORWARD_KEY:
       emit KeyForwarded(call.args.value(0).toInt());
       return;
-    case 16:
+    case PNL_SLOT_TOOL_WANTS_CLOSE:
       return CloseTool(call.args.value(0).toInt());
-    case 17:
+    case PNL_SLOT_OPEN_CALCULATOR:
       return OpenCalculator();
-    case 18:
+    case PNL_SLOT_OPEN_MACHINING_CALCULATOR:
       return OpenMachining();
     default:
       return;
@@ -366,12 +357,11 @@ void Operator::OnToolClosed(int tool, int reason) {
 }
 
 void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
-  constexpr int kTaken = 41;
-  constexpr int kLetGo = 42;
-  if (message == PNL_MSG_TOOL_NOTIFY && (first == kTaken || first == kLetGo) && second != 0) {
+  const bool taken = first == PNL_NOTIFY_CHANNEL_TAKEN;
+  if (message == PNL_MSG_TOOL_NOTIFY && (taken || first == PNL_NOTIFY_CHANNEL_GIVEN) && second != 0) {
     const auto channel = std::bit_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel;
     heldChannels_.erase(std::remove(heldChannels_.begin(), heldChannels_.end(), channel), heldChannels_.end());
-    if (first == kTaken) heldChannels_.push_back(channel);
+    if (taken) heldChannels_.push_back(channel);
     return Touch();
   }
   if (!session_.Reacting()) return;

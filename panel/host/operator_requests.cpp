@@ -79,9 +79,8 @@ void Operator::EndRequest(bool accepted) {
   if (!asked_) return;
   asked_ = false;
   const PnlWindow asker = Asker();
-  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? 2 : 3, 0);
-  constexpr intptr_t kExplorerWaitEnded = 5;
-  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, kExplorerWaitEnded, 0);
+  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? PNL_READY_FILE : PNL_READY_EXPLORER_LEFT, 0);
+  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, PNL_TOOL_EXPLORER, PNL_CLOSED);
   emit ChooserGone();
   Touch();
 }

@@ -14,7 +14,8 @@ constexpr int kSetMainMenuSlot = 3;
 constexpr int kSetSideMenuSlot = 4;
 
 bool CarriesChannelRecord(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
-  return message == PNL_MSG_TOOL_NOTIFY && (first == 41 || first == 42) && second != 0;
+  return message == PNL_MSG_TOOL_NOTIFY && (first == PNL_NOTIFY_CHANNEL_TAKEN || first == PNL_NOTIFY_CHANNEL_GIVEN) &&
+         second != 0;
 }
 
 QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intptr_t second) {

@@ -11,14 +11,13 @@ namespace pnl {
 
 namespace {
 
-constexpr int kTool = tool_id::kErrorManager;
-constexpr int kOrdinaryClose = 2;
+constexpr int kTool = PNL_TOOL_ERRORS;
 constexpr int kClosePeriod = 5000;
 constexpr std::size_t kMostCurrent = 260;
 /// A shorter period in the file would keep the panel busy with nothing but flashing.
 constexpr int kFastestFlash = 50;
 
-/// As the messages to the main window carry two numbers in one argument.
+/// PnlLowHalf and PnlHighHalf read it again.
 std::intptr_t Packed(std::int32_t low, std::int32_t high) {
   const std::uint32_t word = (static_cast<std::uint32_t>(low) & 0xFFFF) | (static_cast<std::uint32_t>(high) << 16);
   return static_cast<std::intptr_t>(word);
@@ -204,7 +203,7 @@ void ErrorSession::Show() {
 void ErrorSession::Hide(bool notify) {
   View().Hide();
   visible_ = false;
-  if (notify) Host().HostToolClosed(kTool, kOrdinaryClose);
+  if (notify) Host().HostToolClosed(kTool, PNL_CLOSED);
 }
 
 void ErrorSession::Toggle(bool hide) {
@@ -291,7 +290,7 @@ void ErrorSession::WriteCurrent() {
 
 void ErrorSession::PostCount(int count) {
   if (!active_) return;
-  Message message{RegisterMessage("ZM_UPDATE_NERRORS"), 0, 0};
+  Message message{RegisterMessage(PNL_NAME_ERRORS_CHANGED), 0, 0};
   if (count != 0) {
     message.first = Packed(shownNumber_, static_cast<std::int32_t>(currentClass_));
     message.second = Packed(settings_.flashPeriod, count);
@@ -300,18 +299,15 @@ void ErrorSession::PostCount(int count) {
 }
 
 void ErrorSession::PostClose() {
-  Context().windows.Post(Context().windows.MainWindow(), {RegisterMessage("ZM_CLOSE7340"), 1, 0});
+  Context().windows.Post(Context().windows.MainWindow(), {RegisterMessage(PNL_NAME_CLOSE_PANEL), 1, 0});
 }
 
 void ErrorSession::OnToolNotify(std::intptr_t what, std::intptr_t value) {
-  constexpr std::intptr_t kSuppress = 1;
-  constexpr std::intptr_t kHotKey = 2;
-  constexpr std::intptr_t kBlock = 79;
-  if (what == kSuppress) {
+  if (what == PNL_NOTIFY_SUPPRESS_ERRORS) {
     suppressed_ = value != 0;
-  } else if (what == kHotKey) {
+  } else if (what == PNL_NOTIFY_ERROR_HOT_KEY) {
     View().RegisterHotKey(value == 1);
-  } else if (what == kBlock) {
+  } else if (what == PNL_NOTIFY_BLOCK_ERRORS) {
     blocked_ = value != 0;
     if (blocked_ && active_ && visible_) {
       Hide(true);

@@ -110,7 +110,7 @@ void ZCErrorManager::MakeControls() {
 }
 
 std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
-  static const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
+  static const std::uint32_t helpEnded = RegisterMessage(PNL_NAME_ERROR_HELP_ENDED);
   std::intptr_t answer = 0;
   session_.Tell([&](ErrorSession& session) {
     if (message.number == kMsgVariableReport) {
