@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The record of one channel: how it is held, what it runs, its history and its list. Plain data, owned by the session
-// in an array indexed by channel minus 1; the rules that change it live in the other files of this folder.
+// The record of one channel: how it is held, what it runs, its history and its list. Plain data. MdiChannels owns the
+// records of all channels; each rule that changes one is in the file of its subject.
 #pragma once
 
 #include <cstdint>
