@@ -9,31 +9,10 @@ namespace pnl {
 
 namespace {
 
-constexpr int kNotifyTaken = 41;
-constexpr int kNotifyGiven = 42;
-/// Reason of HostToolClosed: the ordinary close.
-constexpr int kOrdinaryClose = 2;
 /// A close was asked for, but the block of the channel has to end first.
 constexpr std::intptr_t kClosesLater = 1;
 constexpr int kTextHintMdi = 38;
 constexpr int kTextHintMda = 39;
-
-/// What a soft key needs. The list's commands are grey while a block is in the machine's hands, for every sender.
-enum class Need { kNothing, kInterrupted, kReady, kReadyMda };
-
-bool IsGiven(Need need, const MDIDATA_ST& record) {
-  switch (need) {
-    case Need::kNothing:
-      return true;
-    case Need::kInterrupted:
-      return record.State == mdi_state::kInterrupted;
-    case Need::kReady:
-      return record.IsReady();
-    case Need::kReadyMda:
-      return record.IsReady() && record.LowRole() == MdiRole::kMda;
-  }
-  return false;
-}
 
 }  // namespace
 
@@ -66,41 +45,34 @@ std::intptr_t MdiSession::OnToolCommand(std::intptr_t code, std::intptr_t argume
 
 /// A soft key. Nothing happens for an id that isn't known, or whose precondition isn't given.
 void MdiSession::OnMenuCommand(std::intptr_t id) {
-  struct Row {
-    int id;
-    Need need;
-    void (*run)(MdiSession& session, MDIDATA_ST& record);
-  };
-  static constexpr Row kMenuCommands[] = {
-      {mdi_command::kDeleteItem, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.Delete(record); }},
-      {mdi_command::kChangeItem, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.Change(record); }},
-      {mdi_command::kNewItem, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.New(record); }},
-      {mdi_command::kEndEdit, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.EndEdit(record); }},
-      {mdi_command::kSaveProgram, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST&) { session.RequestProgramFile(); }},
-      {mdi_command::kClearList, Need::kReadyMda,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.Clear(record); }},
-      {mdi_command::kCancelBlock, Need::kInterrupted,
-       [](MdiSession& session, MDIDATA_ST& record) { session.Kapi().MDICancel(record.Channel); }},
-      {mdi_command::kMoveUp, Need::kReady,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.Move(record, true); }},
-      {mdi_command::kMoveDown, Need::kReady,
-       [](MdiSession& session, MDIDATA_ST& record) { session.list_.Move(record, false); }},
-      {mdi_command::kSwitchPosition, Need::kNothing,
-       [](MdiSession& session, MDIDATA_ST&) { session.SwitchLayout(&MdiSettings::Below); }},
-      {mdi_command::kSwitchLength, Need::kNothing,
-       [](MdiSession& session, MDIDATA_ST&) { session.SwitchLayout(&MdiSettings::FullLength); }},
-  };
   MDIDATA_ST* record = channels_.Current();
-  if (record == nullptr) return;
-  for (const Row& row : kMenuCommands) {
-    if (row.id != id) continue;
-    if (IsGiven(row.need, *record)) row.run(*this, *record);
-    return;
+  if (record == nullptr || !MdiMenus::MayRun(id, *record)) return;
+  switch (id) {
+    case mdi_command::kDeleteItem:
+      return list_.Delete(*record);
+    case mdi_command::kChangeItem:
+      return list_.Change(*record);
+    case mdi_command::kNewItem:
+      return list_.New(*record);
+    case mdi_command::kEndEdit:
+      return list_.EndEdit(*record);
+    case mdi_command::kSaveProgram:
+      return RequestProgramFile();
+    case mdi_command::kClearList:
+      return list_.Clear(*record);
+    case mdi_command::kCancelBlock:
+      Kapi().MDICancel(record->Channel);
+      return;
+    case mdi_command::kMoveUp:
+      return list_.Move(*record, true);
+    case mdi_command::kMoveDown:
+      return list_.Move(*record, false);
+    case mdi_command::kSwitchPosition:
+      return SwitchLayout(&MdiSettings::Below);
+    case mdi_command::kSwitchLength:
+      return SwitchLayout(&MdiSettings::FullLength);
+    default:
+      return;
   }
 }
 
@@ -113,7 +85,7 @@ void MdiSession::AnnounceOpening() {
 
 /// Takes the channel and puts its role on the screen.
 void MdiSession::TakeAndShow(MDIDATA_ST& record) {
-  EnterChannel(record);
+  holding_.Enter(record);
   screen_.ShowRole(record);
   InstallMenus(record);
   channels_.MakeCurrent(record);
@@ -161,9 +133,7 @@ std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
 std::intptr_t MdiSession::HideChannel(std::intptr_t channel) {
   const MDIDATA_ST* record = channels_.Record(channel);
   if (record == nullptr) return kRefused;
-  if (!channels_.IsCurrent(*record)) return kDone;
-  screen_.Hide();
-  if (record->Opened != 0) Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  if (channels_.IsCurrent(*record)) holding_.Hide(*record);
   return kDone;
 }
 
@@ -204,10 +174,10 @@ std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspect
   }
   if (record->IsReady() && MdiChannels::IsIdle(*record)) {
     // Done even when the interlock was refused: the host asks again if it must.
-    LeaveChannel(*record);
+    holding_.Leave(*record);
     return kDone;
   }
-  CloseLater(*record);
+  holding_.CloseLater(*record);
   return kClosesLater;
 }
 
@@ -218,9 +188,9 @@ std::intptr_t MdiSession::ManualModeChanged(std::intptr_t channel, std::int32_t 
   channels_.ChangeManualMode(*record, mode);
   if (!channels_.AutomaticWaits(*record)) return kDone;
   if (record->IsReady() && MdiChannels::IsIdle(*record)) {
-    LeaveChannel(*record);
+    holding_.Leave(*record);
   } else {
-    CloseLater(*record);
+    holding_.CloseLater(*record);
   }
   return kDone;
 }
@@ -232,60 +202,11 @@ void MdiSession::Escape() {
   if (record->IsReady()) {
     if (record->LowRole() == MdiRole::kMda && record->Edit() != mdi_edit::kNone) return list_.EndEdit(*record);
     if (MdiChannels::IsIdle(*record)) {
-      LeaveChannel(*record);
+      holding_.Leave(*record);
       return;
     }
   }
   if (!channels_.IsInspecting(record->Channel)) HideChannel(record->Channel);
-}
-
-// Taking a channel and giving it back.
-
-void MdiSession::NotifyHost(int code, const MDIDATA_ST& record) {
-  PnlToolNotify notice = {record.Channel, View().Handle()};
-  Context().windows.Send(hostWindow_, {kMsgToolNotify, code, reinterpret_cast<std::intptr_t>(&notice)});
-}
-
-std::intptr_t MdiSession::OnToolNotify(const Message& message) {
-  if (message.first != 1) return kDone;
-  const MDIDATA_ST* record = channels_.Record(message.second);
-  if (record != nullptr && record->InMDI != 0) NotifyHost(kNotifyTaken, *record);
-  return kDone;
-}
-
-void MdiSession::EnterChannel(MDIDATA_ST& record) {
-  NotifyHost(kNotifyTaken, record);
-  // The host may have destroyed the window at the news. Then View ends the operation here: nobody would give the
-  // channel back.
-  channels_.Hold(record, View().Handle());
-}
-
-/// kDone, or kRefused when the interlock wasn't granted; then nothing changes.
-std::intptr_t MdiSession::LeaveChannel(MDIDATA_ST& record) {
-  // From the interlock on, the channel is given back whole, whatever becomes of the window. Without a window nothing of
-  // it is begun.
-  if (HasEnded() || Kapi().CogerPlcFree(0, record.Channel) == 0) return kRefused;
-  if (record.StatusVar.IsReportOpened()) record.StatusVar.CloseReport();
-  if (record.Opened == 0) return kDone;
-  record.Opened = 0;
-  record.ClosePending = 0;
-  NotifyHost(kNotifyGiven, record);
-  // The interlock taken above is given back with the MDI state only: a channel that was not held keeps it, and that is
-  // meant so.
-  if (record.InMDI != 0) channels_.Release(record);
-  if (channels_.IsCurrent(record)) {
-    screen_.Hide();
-    ShowMessage({});
-    Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
-  }
-  return kDone;
-}
-
-/// Hides the window and has the channel given back when its block ends.
-void MdiSession::CloseLater(MDIDATA_ST& record) {
-  screen_.Hide();
-  record.ClosePending = 1;
-  Host().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
 }
 
 // The two roles, and what the screen shows.

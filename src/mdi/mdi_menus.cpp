@@ -25,7 +25,42 @@ constexpr int kListCommands[] = {mdi_command::kDeleteItem, mdi_command::kChangeI
                                  mdi_command::kEndEdit,    mdi_command::kSaveProgram, mdi_command::kClearList,
                                  mdi_command::kMoveUp,     mdi_command::kMoveDown};
 
+/// What a command needs. Those of the list are grey while a block is in the machine's hands.
+enum class Need { kNothing, kInterrupted, kReady, kReadyMda };
+
+struct MenuCommand {
+  int id;
+  Need need;
+};
+
+constexpr MenuCommand kMenuCommands[] = {
+    {mdi_command::kDeleteItem, Need::kReadyMda},     {mdi_command::kChangeItem, Need::kReadyMda},
+    {mdi_command::kNewItem, Need::kReadyMda},        {mdi_command::kEndEdit, Need::kReadyMda},
+    {mdi_command::kSaveProgram, Need::kReadyMda},    {mdi_command::kClearList, Need::kReadyMda},
+    {mdi_command::kCancelBlock, Need::kInterrupted}, {mdi_command::kMoveUp, Need::kReady},
+    {mdi_command::kMoveDown, Need::kReady},          {mdi_command::kSwitchPosition, Need::kNothing},
+    {mdi_command::kSwitchLength, Need::kNothing},
+};
+
 }  // namespace
+
+bool MdiMenus::MayRun(std::intptr_t id, const MDIDATA_ST& record) {
+  const bool mda = record.LowRole() == MdiRole::kMda;
+  for (const MenuCommand& command : kMenuCommands) {
+    if (command.id != id) continue;
+    switch (command.need) {
+      case Need::kNothing:
+        return true;
+      case Need::kInterrupted:
+        return record.State == mdi_state::kInterrupted;
+      case Need::kReady:
+        return record.IsReady();
+      case Need::kReadyMda:
+        return record.IsReady() && mda;
+    }
+  }
+  return false;
+}
 
 void MdiMenus::Load(const MdiSettings& settings) {
   cancel_ = language_.LoadToolMenu(u"3015");

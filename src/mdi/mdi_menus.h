@@ -3,7 +3,9 @@
 // the exchange of one item while an item of the list is edited. What the commands do is elsewhere.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <utility>
 
 #include "facade/kernel.h"
 #include "host/host_api.h"
@@ -38,6 +40,9 @@ class MdiMenus {
   /// Loads the three menus with their bitmaps and helpers, and texts 7 and 8.
   void Load(const MdiSettings& settings);
   void Destroy();
+  /// May the soft key's command run in this state? The guard is the same for every sender. False for an id that isn't
+  /// known.
+  [[nodiscard]] static bool MayRun(std::intptr_t id, const MDIDATA_ST& record);
   /// Language text 8.
   [[nodiscard]] const Text& ProgramTitle() const { return programTitle_; }
 

@@ -28,13 +28,14 @@ constexpr TextView kOwnHelpMark = u"OPT0130";
 MdiSession::MdiSession(const ToolContext& context, MdiView& view, WindowHandle hostWindow)
     : ToolSession(context, view),
       endList_(RegisterMessage("MDI_ENDLIST")),
-      hostWindow_(hostWindow),
       settings_(context.files, context.cnc.Util()),
       history_(context.files, context.cnc.Util(), settings_),
       channels_(context.cnc),
-      menus_(context.language, context.cnc.Kapi(), [this]() -> const HostBridge& { return Host(); }),
-      screen_([this]() -> MdiView& { return View(); }, settings_),
-      list_([this]() -> MdiView& { return View(); }, screen_, menus_) {
+      menus_(context.language, context.cnc.Kapi(), HostAccess()),
+      screen_(ViewAccess(), settings_),
+      list_(ViewAccess(), screen_, menus_),
+      holding_(context, hostWindow, ViewAccess(), HostAccess(), channels_, screen_),
+      blocks_(context.cnc.Kapi(), ViewAccess(), channels_, holding_, list_, menus_, screen_) {
   explorerRequest_.Owner = kOwnerBase + tool_id::kMdi;
 }
 
@@ -93,9 +94,11 @@ std::optional<std::intptr_t> MdiSession::OnMessage(const Message& message) {
 std::intptr_t MdiSession::OnVariableReport(const Message& message) {
   for (MDIDATA_ST& record : channels_.Records()) {
     if (record.Opened == 0) continue;
-    if (record.StatusVar.HandleReport(message.first, message.second)) return OnStatusReport(record);
+    if (record.StatusVar.HandleReport(message.first, message.second)) {
+      return blocks_.OnStatusReport(record) ? kDone : kRefused;
+    }
     if (record.InspectVar.IsValid() && record.InspectVar.HandleReport(message.first, message.second)) {
-      if (MdiChannels::StartIsGranted(record)) StartBlock(record.Channel, false);
+      if (MdiChannels::StartIsGranted(record)) StartBlock(&record, false);
       ShowInspectHint();
       return kDone;
     }
@@ -111,9 +114,24 @@ std::intptr_t MdiSession::OnCycleStart(const Message& message) {
   std::int8_t asked = 0;
   const auto* record = reinterpret_cast<const char*>(message.second);  // NOLINT(performance-no-int-to-ptr)
   std::memcpy(&asked, record + offsetof(PnlCycleStart, channel), 1);
-  if (message.first == 1) return StartBlock(asked, true);
+  if (message.first == 1) {
+    StartBlock(asked == 0 ? channels_.Current() : channels_.Record(asked), true);
+    return kDone;
+  }
   const std::int8_t channel = asked == 0 ? channels_.CurrentChannel() : asked;
   return channels_.IsInspecting(channel) ? kCycleStartDuringInspection : kCycleStartAllowed;
+}
+
+/// Nothing while the explorer is open.
+void MdiSession::StartBlock(MDIDATA_ST* record, bool fromKey) {
+  if (record != nullptr && !waitingForExplorer_) blocks_.Start(*record, fromKey);
+}
+
+std::intptr_t MdiSession::OnToolNotify(const Message& message) {
+  if (message.first != 1) return kDone;
+  const MDIDATA_ST* record = channels_.Record(message.second);
+  if (record != nullptr && record->InMDI != 0) holding_.ReportTaken(*record);
+  return kDone;
 }
 
 std::intptr_t MdiSession::OnResultReady(const Message& message) {

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The MDI/MDA command line without its window: opens a channel for manual blocks, sends blocks to the kernel, follows
 // the channel's status, stores what ran. Receives the window's events as intentions and puts its subjects together:
-// channels, history, settings, list, menus, screen. The window (ZCMDIWindow) owns it and implements MdiView.
+// channels, blocks, list, menus, screen, history and settings. The window (ZCMDIWindow) owns it and implements MdiView.
 #pragma once
 
 #include <pnltools/pnltools.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "host/tool_session.h"
+#include "mdi/mdi_blocks.h"
 #include "mdi/mdi_channels.h"
 #include "mdi/mdi_colors.h"
 #include "mdi/mdi_history.h"
+#include "mdi/mdi_holding.h"
 #include "mdi/mdi_list.h"
 #include "mdi/mdi_menus.h"
 #include "mdi/mdi_screen.h"
@@ -66,6 +69,7 @@ class MdiSession final : public ToolSession<MdiView> {
   // Messages.
   std::intptr_t OnVariableReport(const Message& message);
   std::intptr_t OnCycleStart(const Message& message);
+  void StartBlock(MDIDATA_ST* record, bool fromKey);
   std::intptr_t OnToolNotify(const Message& message);
   std::intptr_t OnToolCommand(std::intptr_t code, std::intptr_t argument);
   std::intptr_t OnResultReady(const Message& message);
@@ -82,11 +86,6 @@ class MdiSession final : public ToolSession<MdiView> {
   void TakeTextInHand();
   void TellLargeLists(const MDIDATA_ST& record);
   void Escape();
-  // Taking a channel and giving it back. A hidden window still holds its channel; only LeaveChannel gives it back.
-  void EnterChannel(MDIDATA_ST& record);
-  std::intptr_t LeaveChannel(MDIDATA_ST& record);
-  void CloseLater(MDIDATA_ST& record);
-  void NotifyHost(int code, const MDIDATA_ST& record);
   // The two roles, and what the screen shows.
   void SwitchRole();
   void SetRole(MDIDATA_ST& record, MdiRole role);
@@ -96,17 +95,6 @@ class MdiSession final : public ToolSession<MdiView> {
   void UpdateMenus() { menus_.Update(channels_.Current(), View().ListCount()); }
   void ShowInspectHint();
   void ShowMessage(TextView text) { Host().HostShowMessage(tool_id::kMdi, text); }
-  // The path of a block: start key, kernel, status reports, history and list.
-  std::intptr_t StartBlock(std::intptr_t channel, bool fromKey);
-  void SendBlock(MDIDATA_ST& record);
-  [[nodiscard]] bool PickBlock(MDIDATA_ST& record);
-  std::intptr_t OnStatusReport(MDIDATA_ST& record);
-  void OnReady(MDIDATA_ST& record);
-  void OnBlockDone(MDIDATA_ST& record);
-  void OnAborted(MDIDATA_ST& record);
-  void ChangeState(MDIDATA_ST& record, std::int32_t from, std::int32_t to);
-  void ReinstallMenus(const MDIDATA_ST& record);
-  bool LeaveIfWanted(MDIDATA_ST& record);
   // Services at the edit and the list.
   void PasteCalcResult();
   std::intptr_t AskHelp();
@@ -114,6 +102,13 @@ class MdiSession final : public ToolSession<MdiView> {
   std::intptr_t SaveProgram(const Text& folder, const Text& name);
   void ShowProblem(int textId, const Text& name);
 
+  /// View and Host for the subjects, which ask for them anew each time and end with the operation as this class does.
+  [[nodiscard]] MdiViewAccess ViewAccess() const {
+    return [this]() -> MdiView& { return View(); };
+  }
+  [[nodiscard]] std::function<const HostBridge&()> HostAccess() const {
+    return [this]() -> const HostBridge& { return Host(); };
+  }
   /// Calls steps in which the window may end, for an operation that must still answer. False when it has.
   template <typename Steps>
   [[nodiscard]] bool Outlives(Steps&& steps) {
@@ -121,13 +116,14 @@ class MdiSession final : public ToolSession<MdiView> {
   }
 
   const std::uint32_t endList_;
-  const WindowHandle hostWindow_;
   MdiSettings settings_;
   MdiHistory history_;
   MdiChannels channels_;
   MdiMenus menus_;
   MdiScreen screen_;
   MdiList list_;
+  MdiHolding holding_;
+  MdiBlocks blocks_;
   XPLRDATA_ST explorerRequest_ = {};
   bool waitingForExplorer_ = false;
 };

@@ -129,8 +129,9 @@ std::optional<std::intptr_t> MdiRig::Answer(const Message& message) {
 
 bool MdiRig::Key(MdiKey key) {
   bool consumed = false;
-  Tell([&](MdiSession& session) { consumed = session.OnKey(key); });
-  return consumed;
+  const bool before = tool != nullptr && !tool->HasEnded();
+  const bool there = RunOperation(tool, [&](MdiSession& session) { consumed = session.OnKey(key); });
+  return consumed || (before && !there);
 }
 
 std::intptr_t MdiRig::Start(int channel) {
