@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #include "facade/kernel.h"
 #include "mdi/mdi_channels.h"

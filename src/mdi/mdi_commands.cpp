@@ -95,8 +95,9 @@ void MdiSession::TakeAndShow(MDIDATA_ST& record) {
 /// After everything that clears the message line.
 void MdiSession::TellLargeLists(const MDIDATA_ST& record) {
   const auto tell = [this](const Text& name, std::uint64_t bytes) {
-    // The host hears nothing more of a window that it has ended.
-    if (!HasEnded()) TellLargeFile(Context(), tool_id::kMdi, name, bytes);
+    // Asks for the host first: it hears nothing more of a window that it has ended.
+    static_cast<void>(Host());
+    TellLargeFile(Context(), tool_id::kMdi, name, bytes);
   };
   tell(MdiHistoryName(record.Channel), record.HistorySize);
   tell(MdiListName(record.Channel), record.ListSize);

@@ -63,7 +63,7 @@ struct MDIDATA_ST {
   [[nodiscard]] MdiRole LowRole() const { return (Role & 0x0F) == 2 ? MdiRole::kMda : MdiRole::kMdi; }
   [[nodiscard]] std::int32_t Edit() const { return Role & 0xF0; }
   [[nodiscard]] bool IsReady() const { return State == mdi_state::kReady; }
-  /// The edit holds what the operator types: always in MDI role, in MDA role while an item is typed or changed.
+  /// The edit contains what the operator types: always in MDI role, in MDA role while an item is typed or changed.
   [[nodiscard]] bool TypesInEdit() const { return LowRole() == MdiRole::kMdi || Edit() != mdi_edit::kNone; }
 };
 

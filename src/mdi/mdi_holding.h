@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "host/tool_context.h"
 #include "mdi/mdi_channels.h"

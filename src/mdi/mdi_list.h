@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "mdi/mdi_data.h"
 #include "mdi/mdi_menus.h"

@@ -3,6 +3,9 @@
 // back with the focus, the drop list. Reads the records and changes none. Knows neither host nor CNC.
 #pragma once
 
+#include <cstdint>
+#include <utility>
+
 #include "mdi/mdi_data.h"
 #include "mdi/mdi_settings.h"
 #include "mdi/mdi_view.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the logic of the MDI/MDA command line asks of its window. The window holds controls and decides nothing: every
+// What the logic of the MDI/MDA command line asks of its window. The window has controls and decides nothing: every
 // rule (when, which, with what text) is the logic's. Implemented by ZCMDIWindow on Qt and by a recording view in the
 // tests. All rectangles are pixels; colours are 0x00BBGGRR.
 #pragma once
@@ -34,7 +34,7 @@ class MdiView {
  public:
   virtual ~MdiView() = default;
 
-  /// The window's own handle, by which variables report and the host is told who took a channel.
+  /// The window's own handle, by which variables report and the host learns who took a channel.
   [[nodiscard]] virtual WindowHandle Handle() const = 0;
   /// The parent's client rectangle: left and top 0.
   [[nodiscard]] virtual Rect ParentClientRect() const = 0;

@@ -282,7 +282,7 @@ void ZCMDIWindow::CloseDropList() {
 
 void ZCMDIWindow::NoteEndedDropList() {
   endedDropList_ = true;
-  // Until this very event is over, so that the press that did it can be told from the next one.
+  // Until this very event is over, so that the press that did it can be distinguished from the next one.
   QMetaObject::invokeMethod(
       this, [this] { endedDropList_ = false; }, Qt::QueuedConnection);
 }
