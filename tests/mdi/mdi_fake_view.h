@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "mdi/mdi_drop_list.h"
-#include "mdi/mdi_execution.h"
+#include "mdi/mdi_session.h"
 #include "mdi_fakes.h"
 
 namespace pnl::test {
@@ -19,7 +19,7 @@ class FakeMdiView final : public MdiView {
 
   FakeMdiView(Log& log, FakeWindowSystem& windows) : log_(log), windows_(windows), handle_(windows.Open()) {}
 
-  std::shared_ptr<MdiExecution> execution;
+  std::shared_ptr<MdiSession> session;
   bool dead = false;
   Rect parent{0, 0, 800, 600};
   Rect editScreen{165, 571, 834, 601};
@@ -65,7 +65,7 @@ class FakeMdiView final : public MdiView {
     signFore = fore;
     signBack = back;
   }
-  // Nothing of the logic may touch the view behind a move: the host, told when the focus has settled, may have ended
+  // Nothing of the logic may touch the view after a move: the host hears when the focus has settled, and may have ended
   // it.
   void FocusWindow() override {
     Order("focus window");
@@ -169,8 +169,7 @@ class FakeMdiView final : public MdiView {
     ++moves_;
     Arrive(to);
     if (--moves_ != 0 || !std::exchange(listGotFocus_, false)) return;
-    const std::shared_ptr<MdiExecution> logic = execution;
-    if (logic) logic->OnFocusSettled();
+    RunOperation(session, [](MdiSession& logic) { logic.OnFocusSettled(); });
   }
   void OkInDropList() {
     if (dropList) dropList->Accept(DropListSelection());
@@ -188,15 +187,13 @@ class FakeMdiView final : public MdiView {
     if (to == focus) return;
     const Focus from = focus;
     focus = to;
-    const std::shared_ptr<MdiExecution> logic = execution;
-    if (!logic) return;
-    if (from == Focus::kEdit) logic->OnEditFocus(false);
-    if (focus != to) return;
-    if (to == Focus::kWindow) logic->OnWindowFocus();
-    if (to == Focus::kEdit) logic->OnEditFocus(true);
+    if (from == Focus::kEdit) RunOperation(session, [](MdiSession& logic) { logic.OnEditFocus(false); });
+    if (session == nullptr || focus != to) return;
+    if (to == Focus::kWindow) RunOperation(session, [](MdiSession& logic) { logic.OnWindowFocus(); });
+    if (to == Focus::kEdit) RunOperation(session, [](MdiSession& logic) { logic.OnEditFocus(true); });
     if (to != Focus::kList) return;
     listGotFocus_ = true;
-    logic->OnListFocus();
+    RunOperation(session, [](MdiSession& logic) { logic.OnListFocus(); });
   }
   void Order(const std::string& line) {
     Asked();

@@ -81,7 +81,7 @@ MdiRig::MdiRig()
       EXPECT_EQ(record->window, view->Handle());
       Logged("ToolNotify " + std::to_string(message.first) + " channel " + std::to_string(record->channel));
     }
-    if (tool && window == view->Handle()) return tool->OnMessage(message).value_or(0);
+    if (tool && window == view->Handle()) return Answer(message).value_or(0);
     return 0;
   };
   MakeTool();
@@ -95,8 +95,9 @@ MdiRig::~MdiRig() {
 void MdiRig::MakeTool() {
   if (tool) DestroyTool();
   view = std::make_unique<FakeMdiView>(log, windows);
-  tool = MdiExecution::Make(context, *view, hostWindow);
-  view->execution = tool;
+  tool = std::make_shared<MdiSession>(context, *view, hostWindow);
+  view->session = tool;
+  Tell([](MdiSession& session) { session.Start(); });
   // Handles are never used twice: this tool's three menus follow those of the tool before.
   const MenuHandle before = std::exchange(mdaMenu, 0);
   for (MenuHandle menu = before; menu < before + 8; ++menu) {
@@ -107,14 +108,30 @@ void MdiRig::MakeTool() {
 void MdiRig::DestroyTool() {
   if (!tool) return;
   windows.Kill(view->Handle());
-  tool->OnDestroy();
+  tool->End();
   view->dead = true;
-  view->execution.reset();
+  view->session.reset();
   tool.reset();
 }
 
 std::intptr_t MdiRig::Send(std::uint32_t number, std::intptr_t first, std::intptr_t second) {
-  return tool->OnMessage({number, first, second}).value_or(-1);
+  return Answer({number, first, second}).value_or(-1);
+}
+
+std::optional<std::intptr_t> MdiRig::Answer(const Message& message) {
+  std::optional<std::intptr_t> answer;
+  Tell([&](MdiSession& session) {
+    answer = 0;
+    answer = session.OnMessage(message);
+  });
+  return answer;
+}
+
+bool MdiRig::Key(MdiKey key) {
+  bool consumed = false;
+  const bool before = tool != nullptr && !tool->HasEnded();
+  const bool there = RunOperation(tool, [&](MdiSession& session) { consumed = session.OnKey(key); });
+  return consumed || (before && !there);
 }
 
 std::intptr_t MdiRig::Start(int channel) {
@@ -125,7 +142,7 @@ std::intptr_t MdiRig::Start(int channel) {
 
 void MdiRig::Drain() {
   windows.Drain([this](WindowHandle window, const Message& message) {
-    if (tool && window == view->Handle()) tool->OnMessage(message);
+    if (tool && window == view->Handle()) Answer(message);
   });
 }
 
@@ -178,7 +195,7 @@ std::string MdiRig::MenuName(std::uint32_t menu) {
 
 std::vector<std::string> MdiRig::HistoryShown() {
   view->dropItems.clear();
-  static_cast<void>(tool->OnKey(MdiKey::kDown));
+  Key(MdiKey::kDown);
   std::vector<std::string> shown;
   for (const Text& item : view->dropItems) shown.push_back(ToUtf8(item));
   view->CancelInDropList();

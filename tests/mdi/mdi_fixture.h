@@ -7,10 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/language_pack.h"
-#include "mdi/mdi_execution.h"
+#include "mdi/mdi_session.h"
 #include "mdi_fake_view.h"
 #include "mdi_fakes.h"
 #include "support/memory_files.h"
@@ -34,7 +35,15 @@ class MdiRig {
     return Send(kMsgToolCommand, code, argument);
   }
   void Menu(int id) { Send(kMsgCommand, id); }
-  bool Key(MdiKey key) { return tool->OnKey(key); }
+  bool Key(MdiKey key);
+  /// Calls an intention as the window does.
+  template <typename Intention>
+  void Tell(Intention intention) {
+    RunOperation(tool, intention);
+  }
+  /// The answer to a message, as the window's sender gets it; nothing for one that the tool doesn't know, or from a
+  /// tool that has ended before.
+  std::optional<std::intptr_t> Answer(const Message& message);
   /// The cycle start key for a channel.
   std::intptr_t Start(int channel = 1);
   /// Types over all that the edit holds.
@@ -70,7 +79,7 @@ class MdiRig {
   ToolContext context;
   WindowHandle hostWindow;
   std::unique_ptr<FakeMdiView> view;
-  std::shared_ptr<MdiExecution> tool;
+  std::shared_ptr<MdiSession> tool;
   MenuHandle mdaMenu = 0;
   std::function<void(const std::string&)> onHostCall;  // after it was logged
 

@@ -54,6 +54,8 @@ const Operation kOperations[] = {
     {"Hiding", {OpenIt}, {Command<3>}},
     {"ShowingAgain", {OpenIt, Command<3>}, {Command<4>}},
     {"Closing", {OpenIt}, {Command<5>}},
+    {"ClosingWhileAnItemIsEdited", {OpenList, Menu<32773>}, {Command<5>}},
+    {"ACloseThatWaitsForAnInterruptedBlock", {OpenIt, Run, Running, Interrupted}, {Command<5>, Ready}},
     {"ClosingWhileInspecting", {OpenIt, Inspect}, {Command<6>}},
     {"RestoringTheCaret", {OpenList, FocusElsewhere}, {Command<7>}},
     {"SwitchingRoles", {OpenIt}, {Command<8>, Command<8>}},
@@ -147,6 +149,52 @@ TEST_F(MdiEndInTheMiddle, ABlockThatHasRunIsStoredAlthoughTheWindowEndedWithItsM
     EXPECT_EQ(Disc("MDIC1.DAT"), "M3\r\n") << last;
     Forget();
     cnc.vars.At("[1].G.FULLSTATUS").value = 0x100;
+  }
+}
+
+TEST_F(MdiEndInTheMiddle, AnOpeningThatTheHostEndsIsAnsweredAsRefused) {
+  for (const char* last : {"HostToolOpening(6)", "ToolNotify 41 channel 1", "side menu position", "main menu none"}) {
+    for (const int code : {2, 4}) {
+      MakeTool();
+      // Showing again answers so only as long as nothing of it has been done.
+      const bool opens = code == 2 || std::string(last) == "HostToolOpening(6)";
+      if (code == 4) {
+        Open();
+        Command(3);
+      }
+      onHostCall = [&](const std::string& call) {
+        if (call == last) DestroyTool();
+      };
+      EXPECT_EQ(Command(code), opens ? -200 : 0) << code << ", " << last;
+      onHostCall = nullptr;
+      EXPECT_EQ(tool, nullptr) << code << ", " << last;
+    }
+  }
+}
+
+TEST_F(MdiEndInTheMiddle, AKeyThatEndsTheWindowIsConsumed) {
+  Open();
+  onHostCall = [this](const std::string&) {
+    if (tool) DestroyTool();
+  };
+  EXPECT_TRUE(Key(MdiKey::kEscape));
+  EXPECT_EQ(tool, nullptr);
+}
+
+TEST_F(MdiEndInTheMiddle, AWindowThatEndsBeforeTheInterlockIsTakenTakesNone) {
+  // The edit's end updates the menus, once with the focus and once at last.
+  for (int fatal : {1, 2}) {
+    MakeTool();
+    OpenMda("A\r\n");
+    Menu(32773);
+    onHostCall = [&](const std::string&) {
+      if (--fatal == 0) DestroyTool();
+    };
+    Forget();
+    Command(5);
+    onHostCall = nullptr;
+    ASSERT_EQ(tool, nullptr);
+    EXPECT_EQ(cnc.kernel.grants, 0);
   }
 }
 

@@ -224,7 +224,7 @@ TEST_F(MdiMenus, InAnInterruptionTheBarIsNotUpdated) {
   OpenMda("A\r\n");
   Interrupt("");
   Forget();
-  tool->OnListFocus();
+  Tell([](MdiSession& session) { session.OnListFocus(); });
   EXPECT_THAT(Asked(), IsEmpty());
   EXPECT_THAT(Enabled(), IsEmpty());
 }

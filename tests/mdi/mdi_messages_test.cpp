@@ -12,7 +12,7 @@ using MdiMessages = MdiTest;
 
 TEST_F(MdiMessages, ANumberThatIsNotTheToolsIsNotAnswered) {
   for (const std::uint32_t number : {0u, 0x10u, 0x701u, 0x803u, 0x807u, 0xC123u}) {
-    EXPECT_EQ(tool->OnMessage({number, 1, 1}), std::nullopt) << number;
+    EXPECT_EQ(Answer({number, 1, 1}), std::nullopt) << number;
   }
 }
 
@@ -83,7 +83,7 @@ TEST_F(MdiMessages, OtherResultsAnswer0) {
 TEST_F(MdiMessages, TheCalculatorsResultReplacesTheSelection) {
   Open();
   Type("G0 X100 Z3");
-  view->execution->OnEditFocus(false);
+  Tell([](MdiSession& session) { session.OnEditFocus(false); });
   view->selection = {4, 7};
   cnc.vars.At("E.CALCRESUL").real = 12.5;
   EXPECT_EQ(Send(kMsgResultReady, 1), 0);

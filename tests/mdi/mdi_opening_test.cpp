@@ -182,8 +182,7 @@ TEST_F(MdiOpening, AWindowDestroyedAtTheNewsTakesNoChannel) {
     if (called == "ToolNotify 41 channel 1") DestroyTool();
   };
   Forget();
-  const std::shared_ptr<MdiExecution> kept = tool;
-  kept->OnMessage({kMsgToolCommand, 2, 1});
+  Answer({kMsgToolCommand, 2, 1});
   for (const std::string& line : All()) {
     EXPECT_EQ(line.find("SetMdi"), std::string::npos);
     EXPECT_EQ(line.find("write "), std::string::npos) << line;
@@ -335,22 +334,24 @@ TEST_F(MdiOpening, AfterARestartBothListsAreBack) {
 }
 
 TEST_F(MdiOpening, ADestroyedLogicAnswersNothing) {
-  const std::shared_ptr<MdiExecution> kept = tool;
+  const std::shared_ptr<MdiSession> kept = tool;
   DestroyTool();
-  EXPECT_EQ(kept->OnMessage({kMsgToolCommand, 2, 1}), std::nullopt);
-  EXPECT_FALSE(kept->OnKey(MdiKey::kEnter));
-  kept->OnLeftPress(false);
-  kept->OnWindowFocus();
-  kept->OnEditFocus(true);
-  kept->OnListFocus();
-  kept->OnParentResized();
-  kept->OnDestroy();
+  tool = kept;
+  EXPECT_EQ(Answer({kMsgToolCommand, 2, 1}), std::nullopt);
+  EXPECT_FALSE(Key(MdiKey::kEnter));
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
+  Tell([](MdiSession& session) { session.OnWindowFocus(); });
+  Tell([](MdiSession& session) { session.OnEditFocus(true); });
+  Tell([](MdiSession& session) { session.OnListFocus(); });
+  Tell([](MdiSession& session) { session.OnParentResized(); });
+  tool->End();
+  tool.reset();
 }
 
 TEST_F(MdiOpening, AnotherSizeOfTheParentLaysOutAgain) {
   Open();
   view->parent = {0, 0, 1000, 700};
-  tool->OnParentResized();
+  Tell([](MdiSession& session) { session.OnParentResized(); });
   EXPECT_EQ(view->layout.window, (Rect{0, 671, 1000, 700}));
 }
 

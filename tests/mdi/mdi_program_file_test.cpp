@@ -52,7 +52,7 @@ TEST_F(MdiProgramFile, TheRequestIsPublishedWithEveryFieldFilled) {
 
 TEST_F(MdiProgramFile, AFolderTooLongForTheRecordIsCut) {
   files.disc["C:\\P108\\MDIMAN.INI"] = "[PRIVATE]\r\nDir=" + std::string(1000, 'x') + "\r\n";
-  tool->OnDestroy();
+  tool->End();
   files.disc["C:\\P108\\MDIMAN.INI"] = "[PRIVATE]\r\nDir=" + std::string(1000, 'x') + "\r\n";
   MakeTool();
   files.disc["C:\\P108\\MDAC1.DAT"] = "A\r\n";
@@ -200,8 +200,8 @@ TEST_F(MdiProgramFile, TheWindowMayBeGoneWhenTheBoxCloses) {
   SetField(Request()->Path, u"C:\\PRG");
   SetField(Request()->File, u"p");
   windows.onBox = [this] { DestroyTool(); };
-  const std::shared_ptr<MdiExecution> kept = tool;
-  EXPECT_EQ(kept->OnMessage({kMsgResultReady, 2, 0}), 0);
+  const std::shared_ptr<MdiSession> kept = tool;
+  EXPECT_EQ(Answer({kMsgResultReady, 2, 0}), 0);
   EXPECT_EQ(tool, nullptr);
 }
 
@@ -211,8 +211,7 @@ TEST_F(MdiProgramFile, TheWindowMayBeGoneWithNobodyKeepingTheLogic) {
   SetField(Request()->Path, u"C:\\PRG");
   SetField(Request()->File, u"p");
   windows.onBox = [this] { DestroyTool(); };
-  MdiExecution* logic = tool.get();
-  EXPECT_EQ(logic->OnMessage({kMsgResultReady, 2, 0}), 0);
+  EXPECT_EQ(Answer({kMsgResultReady, 2, 0}), 0);
 }
 
 TEST_F(MdiProgramFile, AnAnswerWithoutARequestIsAFileThatCannotBeCreated) {

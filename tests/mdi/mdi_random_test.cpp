@@ -99,7 +99,7 @@ class Session : public MdiRig {
     }
   }
   void Drop() {
-    if (Roll(3) == 0) tool->OnLeftPress(Roll(2) == 0);
+    if (Roll(3) == 0) Tell([ended = Roll(2) == 0](MdiSession& session) { session.OnLeftPress(ended); });
     if (view->dropList != nullptr && Roll(2) == 0) view->dropSelected = Roll(view->dropItems.size() + 1) - 1;
     if (Roll(2) == 0) {
       view->OkInDropList();
