@@ -96,12 +96,14 @@ void MdiBlocks::OnBlockDone(MDIDATA_ST& record) {
   const std::int32_t old = std::exchange(record.State, mdi_state::kReady);
   const bool shown = channels_.IsCurrent(record);
   const bool hadBlock = !record.Text.empty();
+  const int fills = screen_.ListFills();
   // First of all: the host may end the window when it gets the menus, and with the window's end the lists are written.
   MdiHistory::AddToHistory(record, record.Text);
   const std::optional<MdiListChange> change = list_.Store(record, shown);
   if (old == mdi_state::kInterrupted) ReinstallMenus(record);
   if (shown && hadBlock) View().SetEditText({});
-  if (shown && change) list_.Show(record, *change);
+  // A host that shows the tool anew when it gets the menus has the box filled from the store, with the block in it.
+  if (shown && change) list_.Show(record, *change, screen_.ListFills() != fills);
   if (holding_.LeaveIfWanted(record) || !shown) return;
   screen_.ShowReady(record);
   UpdateMenus(record);

@@ -72,7 +72,8 @@ std::optional<MdiListChange> MdiList::Store(MDIDATA_ST& record, bool shown) {
   return change;
 }
 
-void MdiList::Show(MDIDATA_ST& record, const MdiListChange& change) {
+void MdiList::Show(MDIDATA_ST& record, const MdiListChange& change, bool alreadyThere) {
+  if (alreadyThere) return menus_.SetEdit(record, mdi_edit::kNone);
   const int index = change.kind == Kind::kAppended ? View().ListCount() : change.index;
   if (change.kind == Kind::kReplaced) {
     View().ReplaceListItem(index, change.text);

@@ -34,8 +34,9 @@ class MdiList {
   /// run straight from the list. shown: the list box shows this record's list. Asks the window for nothing but its
   /// selection.
   [[nodiscard]] std::optional<MdiListChange> Store(MDIDATA_ST& record, bool shown);
-  /// Shows a change of the store in the list box, selects the item there and ends the edit.
-  void Show(MDIDATA_ST& record, const MdiListChange& change);
+  /// Shows a change of the store in the list box, selects the item there and ends the edit. alreadyThere: the box was
+  /// filled from the store after the change; then it only ends the edit.
+  void Show(MDIDATA_ST& record, const MdiListChange& change, bool alreadyThere = false);
 
   // Commands, for the record whose list the box shows. Each ends with the menus.
   /// Takes the selected item out of the list box only: the store keeps it and isn't marked, so it is back at the next

@@ -69,6 +69,7 @@ void MdiScreen::ShowTitle(const MDIDATA_ST& record, bool visible) {
 
 void MdiScreen::FillList(const MDIDATA_ST& record) {
   View().FillList(record.MDAList);
+  ++listFills_;
   // A change of an item that is under way must still find its item.
   if (record.MDASelection >= 0) View().SetListSelection(record.MDASelection);
 }

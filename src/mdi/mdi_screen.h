@@ -30,6 +30,8 @@ class MdiScreen {
   void ShowTitle(const MDIDATA_ST& record, bool visible);
   /// The list box gets the record's list, and its selection.
   void FillList(const MDIDATA_ST& record);
+  /// How often the list box was filled so far.
+  [[nodiscard]] int ListFills() const { return listFills_; }
   /// Hides the window with all that belongs to it and stops the title's blinking.
   void Hide();
 
@@ -71,6 +73,7 @@ class MdiScreen {
   const MdiViewAccess view_;
   const MdiSettings& settings_;
   int channelCount_ = 0;
+  int listFills_ = 0;
   MdiRole displayedRole_ = MdiRole::kMdi;
   MdiSelection selection_;  // what the edit gets back with the focus
 };

@@ -152,6 +152,27 @@ TEST_F(MdiEndInTheMiddle, ABlockThatHasRunIsStoredAlthoughTheWindowEndedWithItsM
   }
 }
 
+using MdiShownInTheMiddle = MdiTest;
+
+TEST_F(MdiShownInTheMiddle, ABlockIsInTheListOnceAlthoughTheHostShowedTheToolWithItsMenus) {
+  OpenMda("M0\r\n");
+  Menu(mdi_command::kNewItem);
+  Type("M3");
+  Start();
+  Status(2);
+  Status(4);
+  onHostCall = [this](const std::string& call) {
+    if (!call.starts_with("main menu")) return;
+    onHostCall = nullptr;
+    EXPECT_EQ(Command(4), 0);
+  };
+  Status(1);
+  EXPECT_FALSE(onHostCall) << "the host got no menus";
+  EXPECT_EQ(view->Items(), (std::vector<std::string>{"M3", "M0"}));
+  Menu(mdi_command::kNewItem);
+  EXPECT_FALSE(view->readOnly) << "the edit of the item has ended, so that another can begin";
+}
+
 TEST_F(MdiEndInTheMiddle, AnOpeningThatTheHostEndsIsAnsweredAsRefused) {
   for (const char* last : {"HostToolOpening(6)", "ToolNotify 41 channel 1", "side menu position", "main menu none"}) {
     for (const int code : {2, 4}) {
