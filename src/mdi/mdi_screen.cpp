@@ -14,7 +14,7 @@ namespace {
 Text SelectedInEdit(const MdiView& view) {
   Text text = view.EditText();
   const int length = static_cast<int>(text.size());
-  const MdiSelection selection = view.EditSelection();
+  const TextSelection selection = view.EditSelection();
   const int start = std::clamp(std::min(selection.start, selection.end), 0, length);
   const int end = std::clamp(std::max(selection.start, selection.end), 0, length);
   if (start == end) return text;
@@ -102,7 +102,7 @@ void MdiScreen::ShowAborted(const MDIDATA_ST& record) {
   View().RedrawEdit();
 }
 
-void MdiScreen::SetSelection(MdiSelection selection) {
+void MdiScreen::SetSelection(TextSelection selection) {
   selection_ = selection;
   View().SetEditSelection(selection);
 }

@@ -43,7 +43,7 @@ class MdiScreen {
   void ShowAborted(const MDIDATA_ST& record);
 
   /// Selects in the edit, now and whenever it gets the focus back.
-  void SetSelection(MdiSelection selection);
+  void SetSelection(TextSelection selection);
   /// Caret after the last character.
   void SetCaretToEnd();
   /// The edit got or lost the focus.
@@ -75,7 +75,7 @@ class MdiScreen {
   int channelCount_ = 0;
   int listFills_ = 0;
   MdiRole displayedRole_ = MdiRole::kMdi;
-  MdiSelection selection_;  // what the edit gets back with the focus
+  TextSelection selection_;  // what the edit gets back with the focus
 };
 
 }  // namespace pnl

@@ -31,7 +31,7 @@ class FakeMdiView final : public MdiView {
   std::uint32_t signBack = 0;
   Focus focus = Focus::kElsewhere;
   Text edit;
-  MdiSelection selection;
+  TextSelection selection;
   bool readOnly = false;
   std::vector<Text> items;
   int selected = -1;
@@ -89,12 +89,12 @@ class FakeMdiView final : public MdiView {
     edit = Text(text);
     selection = {};
   }
-  [[nodiscard]] MdiSelection EditSelection() const override { return Asked(), selection; }
-  void SetEditSelection(MdiSelection wanted) override {
+  [[nodiscard]] TextSelection EditSelection() const override { return Asked(), selection; }
+  void SetEditSelection(TextSelection wanted) override {
     Order("select " + std::to_string(wanted.start) + "," + std::to_string(wanted.end));
     const int length = static_cast<int>(edit.size());
-    selection = wanted.start < 0 ? MdiSelection{selection.end, selection.end}
-                                 : MdiSelection{std::min(wanted.start, length), std::min(wanted.end, length)};
+    selection = wanted.start < 0 ? TextSelection{selection.end, selection.end}
+                                 : TextSelection{std::min(wanted.start, length), std::min(wanted.end, length)};
   }
   void ReplaceEditSelection(TextView text) override {
     Order("replace selection \"" + ToUtf8(text) + "\"");

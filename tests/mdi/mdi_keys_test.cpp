@@ -155,7 +155,7 @@ TEST_F(MdiDropping, ACancelledListGivesTheSelectionBack) {
   view->selection = {};
   view->CancelInDropList();
   EXPECT_EQ(view->edit, u"G0 X1");
-  EXPECT_EQ(view->selection, (MdiSelection{2, 4}));
+  EXPECT_EQ(view->selection, (TextSelection{2, 4}));
   EXPECT_EQ(view->focus, Focus::kEdit);
   EXPECT_EQ(view->dropList, nullptr);
 }

@@ -260,7 +260,7 @@ TEST_F(MdiOpening, Code7PutsTheCaretToTheEndAndTheFocusBack) {
   Type("G0 X1");
   view->Move(FakeMdiView::Focus::kElsewhere);
   EXPECT_EQ(Command(7), 0);
-  EXPECT_EQ(view->selection, (MdiSelection{5, 5}));
+  EXPECT_EQ(view->selection, (TextSelection{5, 5}));
   EXPECT_EQ(view->focus, FakeMdiView::Focus::kEdit);
 }
 

@@ -17,9 +17,9 @@ class MdiEdit : public LimitedEdit {
 
   MdiEdit(int id, QWidget* parent);
 
-  [[nodiscard]] MdiSelection Selection() const;
+  [[nodiscard]] TextSelection Selection() const;
   /// As MdiView::SetEditSelection says.
-  void Select(MdiSelection selection);
+  void Select(TextSelection selection);
   void ReplaceSelection(const QString& text);
   void SetColors(const MdiColorPair& colors);
 

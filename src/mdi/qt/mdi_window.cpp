@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/window_registry.h"
 
@@ -43,7 +44,7 @@ std::optional<MdiKey> LogicKey(int key) {
 }  // namespace
 
 ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
-    : ToolWindow(tool_id::kMdi, parent),
+    : ToolWindowWith(tool_id::kMdi, parent),
       context_(context),
       edit_(new MdiEdit(kEditId, this)),
       list_(new ListBox(kListId, this)),
@@ -182,29 +183,12 @@ void ZCMDIWindow::mousePressEvent(QMouseEvent* event) {
 
 void ZCMDIWindow::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(kMdiDialogBack)); }
 
-Rect ZCMDIWindow::ParentClientRect() const {
-  const QWidget* parent = parentWidget();
-  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
-}
-
-void ZCMDIWindow::Hide() {
-  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  ClearFocus();
-  hide();
-}
-
-void ZCMDIWindow::ClearFocus() {
-  QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
-}
-
 void ZCMDIWindow::Place(const MdiLayout& layout) {
-  const auto area = [](const Rect& rect) { return QRect(rect.left, rect.top, rect.Width(), rect.Height()); };
-  setGeometry(area(layout.window));
-  title_->setGeometry(area(layout.title));
-  edit_->setGeometry(area(layout.edit));
-  list_->setGeometry(area(layout.list));
-  sign_->setGeometry(area(layout.sign));
+  setGeometry(ToQRect(layout.window));
+  title_->setGeometry(ToQRect(layout.title));
+  edit_->setGeometry(ToQRect(layout.edit));
+  list_->setGeometry(ToQRect(layout.list));
+  sign_->setGeometry(ToQRect(layout.sign));
   list_->setVisible(layout.listShown);
   sign_->setVisible(layout.signShown);
 }

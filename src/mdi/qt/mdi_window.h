@@ -17,7 +17,7 @@
 
 namespace pnl {
 
-class ZCMDIWindow final : public ToolWindow, private MdiView {
+class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   Q_OBJECT
 
  public:
@@ -40,12 +40,6 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  [[nodiscard]] Rect ParentClientRect() const override;
-  [[nodiscard]] bool IsVisible() const override { return isVisible(); }
-  void Show() override { show(); }
-  void Hide() override;
-  void BringToTop() override { raise(); }
   void Place(const MdiLayout& layout) override;
   void SetTitle(TextView title) override;
   void SetTitleBlinking(int period) override;
@@ -53,11 +47,10 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   void FocusWindow() override { MoveFocus(this); }
   void FocusEdit() override { MoveFocus(edit_); }
   void FocusList() override { MoveFocus(list_); }
-  void ClearFocus() override;
   [[nodiscard]] Text EditText() const override;
   void SetEditText(TextView text) override;
-  [[nodiscard]] MdiSelection EditSelection() const override { return edit_->Selection(); }
-  void SetEditSelection(MdiSelection selection) override { edit_->Select(selection); }
+  [[nodiscard]] TextSelection EditSelection() const override { return edit_->Selection(); }
+  void SetEditSelection(TextSelection selection) override { edit_->Select(selection); }
   void ReplaceEditSelection(TextView text) override;
   void ScrollEditCaret() override { edit_->update(); }
   void SetEditReadOnly(bool readOnly) override;
