@@ -25,7 +25,7 @@ class CalcClosingTest : public OpenCalcTest {
       EXPECT_FALSE(Key(key, true));
     }
     EXPECT_FALSE(Character(u'+'));
-    session->OnLineChanged();
+    LineChanged();
     PressLine();
     SelectInList();
     DoubleClickList();
@@ -71,12 +71,12 @@ TEST_F(CalcClosingTest, AfterClosingNothingIsDoneAnyMore) {
 
 TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
   view->closing = true;
-  session->OnDestroyed();
+  session->End();
   view->dead = true;
   log.clear();
   files.replaced.clear();
   DoEverything();
-  session->OnDestroyed();
+  session->End();
   EXPECT_THAT(All(), IsEmpty());
   EXPECT_THAT(files.replaced, IsEmpty());
   EXPECT_EQ(timers.Running(), 0u);
@@ -85,7 +85,7 @@ TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
 
 TEST_F(CalcClosingTest, ASessionThatEndsWithoutAWordTouchesNothing) {
   view->dead = true;
-  view->session = nullptr;
+  view->onLineChanged = nullptr;
   session.reset();
   EXPECT_EQ(timers.Running(), 0u);
   EXPECT_EQ(menus.Count(), 0u);
@@ -196,8 +196,7 @@ TEST_F(CalcClosingTest, AHostThatDestroysTheWindowWhileItClosesFindsNothingLeftT
       if (call.starts_with("HostToolClosed")) DestroyTool();
     };
     log.clear();
-    CalcSession* const asked = session.get();
-    asked->OnToolCommand(code);
+    Command(code);
     onHostCall = nullptr;
     EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(3,2)"));
     EXPECT_EQ(timers.Running(), 0u);
@@ -208,8 +207,7 @@ TEST_F(CalcClosingTest, AHostThatDestroysTheWindowOnTheWayToTheMachiningCalculat
   onHostCall = [this](const std::string& call) {
     if (call == "HostOpenMachiningCalculator") DestroyTool();
   };
-  CalcSession* const asked = session.get();
-  asked->OnMenuCommand(calc_id::kMenuMachining);
+  Menu(calc_id::kMenuMachining);
   EXPECT_THAT(All(), ElementsAre("HostToolClosed(3,2)", "HostOpenMachiningCalculator"));
 }
 

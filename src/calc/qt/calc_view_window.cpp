@@ -29,7 +29,7 @@ Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->h
 void ZCCalc7340::SetClientHeight(int height) {
   const int bar = bar_ == nullptr ? 0 : bar_->heightForWidth(width());
   resize(width(), std::max(0, height) + std::max(0, bar));
-  // The same size all told may part differently.
+  // The same size in all may be divided differently.
   LayOut();
 }
 
@@ -40,9 +40,11 @@ void ZCCalc7340::LayOut() {
 }
 
 void ZCCalc7340::Hide() {
+  const QPointer<ZCCalc7340> alive(this);
   // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
   ClearFocus();
-  hide();
+  // Who follows the focus may have destroyed the window.
+  if (alive) hide();
 }
 
 void ZCCalc7340::ClearFocus() {
@@ -56,16 +58,15 @@ void ZCCalc7340::BringToTop() {
 }
 
 void ZCCalc7340::Destroy() {
-  if (closing_) return;
-  closing_ = true;
   work_.stop();
   EndMessages();
+  const QPointer<ZCCalc7340> alive(this);
   Hide();
-  deleteLater();
+  if (alive) deleteLater();
 }
 
 void ZCCalc7340::ClosePanel() {
-  // Behind the present event: closing may end everything that stands on the stack.
+  // After the present event: closing may destroy every object that is at work now.
   QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
 }
 
@@ -145,7 +146,7 @@ void ZCCalc7340::PlaceNote() {
 
 void ZCCalc7340::SetWorking(bool working) {
   if (!working) return work_.stop();
-  if (!work_.isActive() && !closing_) work_.start(0, this);
+  if (!work_.isActive()) work_.start(0, this);
 }
 
 }  // namespace pnl
