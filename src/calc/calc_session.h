@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The calculator without its window: what every key, command, message and tick does. It asks the window through
-// CalcView and the panel through ToolContext. The language of expressions is in calc/expr, the two files are in
-// calc_storage, every word that is shown is made in calc_words.
+// CalcView and the panel through ToolContext. The language of expressions is in calc/expr, the files are in
+// calc_storage, the words in calc_words.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,12 @@
 #include <vector>
 
 #include "calc/calc_format.h"
-#include "calc/calc_history.h"
 #include "calc/calc_keys.h"
-#include "calc/calc_layout.h"
 #include "calc/calc_menus.h"
-#include "calc/calc_notes.h"
-#include "calc/calc_preview.h"
-#include "calc/calc_settings.h"
+#include "calc/calc_places.h"
+#include "calc/calc_storage.h"
 #include "calc/calc_view.h"
+#include "calc/calc_words.h"
 #include "calc/calc_work.h"
 #include "host/tool_session.h"
 #include "window/timers.h"

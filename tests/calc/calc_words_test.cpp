@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The words of the status line, row by row.
-#include "calc/calc_preview.h"
+#include "calc/calc_words.h"
 
 #include <gtest/gtest.h>
 
