@@ -3,9 +3,6 @@
 #include <QtWidgets/QApplication>
 
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_label_widget.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"

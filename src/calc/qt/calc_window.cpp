@@ -9,10 +9,7 @@
 
 #include "calc/calc_ids.h"
 #include "calc/calc_places.h"
-#include "calc/qt/calc_label_widget.h"
 #include "calc/qt/calc_look.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 

@@ -11,13 +11,11 @@
 #include "calc/calc_session.h"
 #include "calc/calc_view.h"
 #include "calc/qt/calc_client_widget.h"
-#include "calc/qt/calc_note_widget.h"
+#include "calc/qt/calc_text_widgets.h"
 #include "host/tool_session.h"
 #include "window/qt/tool_window.h"
 
 namespace pnl {
-
-class CalcMenuWidget;
 
 class ZCCalc7340 final : public ToolWindow, private CalcView {
   Q_OBJECT
