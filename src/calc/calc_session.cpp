@@ -118,7 +118,7 @@ void CalcSession::EndActivity() {
 // View nor Host.
 
 void CalcSession::Close(int code) {
-  // Handing the value over may have ended the tool; the host isn't told twice.
+  // Handing the value over may have ended the tool; the host hears of it once.
   if (HasEnded()) return;
   EndActivity();
   HideWindow();

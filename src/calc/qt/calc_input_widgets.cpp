@@ -23,7 +23,7 @@ constexpr int kTextHeight = 12;
 
 constexpr int kItemHeight = 15;
 
-/// A menu's text is no place for marks of shortcuts: "&" stands for itself.
+/// A menu's text has no marks of shortcuts: "&" is a letter like any other.
 QString Plain(const Text& text) { return ToQString(text).replace(QLatin1Char('&'), QStringLiteral("&&")); }
 
 std::vector<MenuItem> ItemsOf(const MenuTable& menus, MenuHandle handle) {

@@ -121,7 +121,7 @@ QString ShortenAroundMark(const QFontMetrics& metrics, const QString& text, int 
   if (metrics.horizontalAdvance(text) <= width) return text;
   const qsizetype mark = text.indexOf(kMark);
   if (mark < 0) return metrics.elidedText(text, Qt::ElideRight, width);
-  // A third of the room belongs to what follows the mark, or all that what stands before it leaves free.
+  // A third of the room belongs to what follows the mark, or all that the text before it leaves free.
   const QString after = text.mid(mark + kMark.size());
   const QString before = text.left(mark);
   const int room = std::max(0, width - metrics.horizontalAdvance(kMark));

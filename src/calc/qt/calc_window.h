@@ -21,8 +21,8 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   Q_OBJECT
 
  public:
-  /// Rising milliseconds. Not those of the context's timers: while those stand still an event must still come to its
-  /// end.
+  /// Rising milliseconds. Not those of the context's timers, which a test or a script may stop: an event must come to
+  /// its end then too.
   using Clock = std::function<std::int64_t()>;
   [[nodiscard]] static Clock SteadyClock();
 
