@@ -68,8 +68,6 @@ void CalcSession::MakeControls() {
 }
 
 void CalcSession::InstallMenus() {
-  // Menus that are loaded after the end would stay as long as the window.
-  if (HasEnded()) return;
   menus_.Load();
   menus_.MarkCompact(minimized_);
   Host().HostSetMainMenu(kTool, menus_.Main());

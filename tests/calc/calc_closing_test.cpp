@@ -211,6 +211,28 @@ TEST_F(CalcClosingTest, AHostThatDestroysTheWindowOnTheWayToTheMachiningCalculat
   EXPECT_THAT(All(), ElementsAre("HostToolClosed(3,2)", "HostOpenMachiningCalculator"));
 }
 
+/// A machine whose variable, when it is written, ends the tool.
+class EndingSink final : public rig::EventSink {
+ public:
+  explicit EndingSink(CalcRig& rig) : rig_(rig) {}
+  void Cnc(std::string_view, const std::vector<rig::Value>&, const rig::Value&) override {}
+  void Write(std::u16string_view, const rig::Value&, bool) override { rig_.DestroyTool(); }
+  void MessageToHost(PnlWindow, std::uint32_t, std::intptr_t, std::intptr_t) override {}
+  void Box(std::u16string_view, std::u16string_view, std::string_view, std::string_view) override {}
+
+ private:
+  CalcRig& rig_;
+};
+
+TEST_F(CalcClosingTest, AToolThatEndsWhileItHandsItsValueOverClosesNoSecondTime) {
+  EndingSink ending(*this);
+  cnc.SetSink(&ending);
+  Key(CalcKey::kInsert);
+  cnc.SetSink(&sink);
+  EXPECT_EQ(session, nullptr);
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
 TEST_F(CalcClosingTest, VariablesOutliveTheTool) {
   Confirm("A=5");
   DestroyTool();
