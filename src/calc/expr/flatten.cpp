@@ -163,11 +163,6 @@ class Flattener {
     const double* a = Settled(Value(*node.left), HasEffects(node.right.get()));
     const double* b = Value(*node.right);
     temporaries_ = mark;
-    if (op == ExprOp::kPower && IsConstant(b)) {
-      if (*b == 2) return Operation(ExprOp::kSquare, a, b);
-      if (*b == 3) return Operation(ExprOp::kCube, a, b);
-      if (*b == 4) return Operation(ExprOp::kFourth, a, b);
-    }
     return Operation(op, a, b);
   }
 

@@ -4,16 +4,38 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 
 #include "base/numbers.h"
 #include "calc/expr/factorial.h"
-#include "calc/expr/power.h"
 #include "calc/expr/program.h"
 
 namespace pnl {
 
 inline constexpr double kMmPerInch = 25.4;
 inline constexpr double kInchPerMm = 0.03937007874015748;
+
+/// A root of a negative number: 0 < |b| < 1, or b is 0.
+inline bool RootOfNegative(double a, double b, double& result) {
+  const double y = std::fabs(1 / b);
+  const std::int32_t n = TruncateToInt32(y + 0.5);
+  // b = 0 ends here too: y is infinite, and the indefinite value is even. So (-8)^0 fails instead of giving 1.
+  if (n % 2 == 0) return false;
+  result = std::fabs(n - y) < 1E-6 ? -std::pow(-a, b) : std::pow(a, b);
+  return true;
+}
+
+/// The language's power: a square is a product, the rest is the C library's pow with a rule for roots of negative
+/// numbers. False, with the result untouched, when a negative base has an even root or the exponent 0.
+[[nodiscard]] inline bool Power(double a, double b, double& result) {
+  if (b == 2) {
+    result = a * a;
+    return true;
+  }
+  if (a < 0 && std::fabs(b) < 1) return RootOfNegative(a, b, result);
+  result = std::pow(a, b);
+  return true;
+}
 
 /// Does one operation; false, with nothing stored, on a domain failure, and for control, which is the machine's. A NaN
 /// fails nowhere but in "!". top is the value of the operation before, and then of this one, so that a chain needn't
@@ -64,15 +86,6 @@ inline constexpr double kInchPerMm = 0.03937007874015748;
     case ExprOp::kPower:
       if (!Power(*i.a, *i.b, *i.to)) return false;
       top = *i.to;
-      break;
-    case ExprOp::kSquare:
-      top = Square(*i.a, *i.b);
-      break;
-    case ExprOp::kCube:
-      top = Cube(*i.a, *i.b);
-      break;
-    case ExprOp::kFourth:
-      top = Fourth(*i.a, *i.b);
       break;
     case ExprOp::kFactorial:
       if (!Factorial(*i.a, *i.to)) return false;

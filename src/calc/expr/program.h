@@ -37,9 +37,6 @@ enum class ExprOp : std::uint8_t {
   kDivisor,  // fails when b is 0, ahead of a left side that must then not be evaluated
   kPercent,
   kPower,
-  kSquare,
-  kCube,
-  kFourth,
   kFactorial,
   kNegate,
   kOr,

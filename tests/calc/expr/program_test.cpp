@@ -66,7 +66,7 @@ TEST(Program, ADivisorIsLookedAtBeforeALeftSideThatAssigns) {
 }
 
 TEST(Program, SolversEncloseTheirOperand) {
-  EXPECT_EQ("t0 = integral begin\nt1 = square X 2\nt0 = integral next t1\nend\nvalue t0\n", Program(u"INTEGRAL X^2"));
+  EXPECT_EQ("t0 = integral begin\nt1 = power X 2\nt0 = integral next t1\nend\nvalue t0\n", Program(u"INTEGRAL X^2"));
   EXPECT_EQ("t0 = zero begin\nt1 = sin X\nt0 = zero next t1\nt0 = negate t0\nend\nvalue t0\n", Program(u"-ZERO SIN X"));
 }
 
@@ -75,13 +75,6 @@ TEST(Program, DividingByAPowerOfTwoIsMultiplying) {
   EXPECT_EQ("t0 = multiply A -2\nend\nvalue t0\n", Program(u"A/-.5"));
   EXPECT_EQ("t0 = divide A 3\nend\nvalue t0\n", Program(u"A/3"));
   EXPECT_EQ("t0 = divide A 0\nend\nvalue t0\n", Program(u"A/0"));
-}
-
-TEST(Program, SmallWholePowersHaveTheirOwnOperations) {
-  EXPECT_EQ("t0 = square A 2\nend\nvalue t0\n", Program(u"A^2"));
-  EXPECT_EQ("t0 = cube A 3\nend\nvalue t0\n", Program(u"A^3"));
-  EXPECT_EQ("t0 = fourth A 4\nend\nvalue t0\n", Program(u"A^4"));
-  EXPECT_EQ("t0 = power A 5\nend\nvalue t0\n", Program(u"A^5"));
 }
 
 TEST(Program, EveryTextThatFitsHasRoomForItsValues) {
