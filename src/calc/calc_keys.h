@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the keys, menu commands and typed characters write: one table, and a pure function from the line and a command
+// What the keys, menu commands and typed characters write: one table, and pure functions from the line and a command
 // to the new line and its caret. Knows no window and no evaluation; the key that confirms is not here.
 #pragma once
 
@@ -39,6 +39,8 @@ struct CalcEdit {
 [[nodiscard]] CalcEdit InsertAtCaret(TextView line, CalcSelection selection, int command);
 /// The text takes the place of the selection; without one it goes to the caret.
 [[nodiscard]] CalcEdit InsertPlainly(TextView line, CalcSelection selection, TextView text, int caret);
+/// Empty for a caret; ends beyond the line are cut to it.
+[[nodiscard]] Text SelectedText(TextView line, CalcSelection selection);
 /// The command that a typed character means; nothing for those that the line takes itself.
 [[nodiscard]] std::optional<int> CommandOfCharacter(char16_t character);
 /// Does the id reach InsertAtCaret: a key of the keypad but the one that confirms, or a menu command of that range?

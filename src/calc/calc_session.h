@@ -169,8 +169,8 @@ class CalcSession final : public ToolSession<CalcView> {
   CalcNotes notes_;
   Text shownNote_;  // as the view shows it
   OpenList openList_ = OpenList::kNone;
-  Text savedLine_;                   // as it was when the history opened
-  std::vector<Text> variableNames_;  // of the rows of the variables list
+  Text savedLine_;                      // as it was when the history opened
+  std::vector<VariableRow> variables_;  // in the open list
 };
 
 }  // namespace pnl

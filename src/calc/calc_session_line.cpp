@@ -19,13 +19,6 @@ PreviewExtent ExtentOf(CalcTask task) {
   return task == CalcTask::kSelectionPreview ? PreviewExtent::kSelection : PreviewExtent::kLine;
 }
 
-Text SelectedText(TextView line, CalcSelection selection) {
-  const auto unit = [&line](int at) { return std::min(static_cast<std::size_t>(std::max(at, 0)), line.size()); };
-  const std::size_t start = unit(std::min(selection.start, selection.end));
-  const std::size_t end = unit(std::max(selection.start, selection.end));
-  return Text(line.substr(start, end - start));
-}
-
 }  // namespace
 
 // The line.

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/format.h"
 #include "calc/calc_ids.h"
 #include "calc/calc_session.h"
 
@@ -215,20 +214,10 @@ void CalcSession::CloseVariables() {
   View().FocusLine();
 }
 
-/// Those that aren't 0, and the accumulator.
 void CalcSession::FillVariables() {
+  variables_ = VariableRows(SharedCalcStore());
   std::vector<Text> rows;
-  variableNames_.clear();
-  const auto add = [this, &rows](const Text& name, double value) {
-    if (value == 0) return;
-    // In decimal whatever the base is, so that a fraction is seen.
-    rows.push_back(Format(u"%s = %s", name, FormatResult(value, number_base::kDecimal)));
-    variableNames_.push_back(name);
-  };
-  const CalcStore& store = SharedCalcStore();
-  char16_t letter = u'A';
-  for (const double value : store.Variables) add(Text(1, letter++), value);
-  add(u"ACC", store.Acc);
+  for (const VariableRow& variable : variables_) rows.push_back(variable.words);
   if (rows.empty()) rows.push_back(Context().language.LoadToolText(calc_id::kTextNoVariables));
   View().FillVariables(rows);
 }
@@ -241,7 +230,7 @@ void CalcSession::PickVariable() {
   CloseVariables();
   // The row that says that there are none has no name.
   const auto index = static_cast<std::size_t>(row);
-  if (index < variableNames_.size()) InsertText(variableNames_[index]);
+  if (index < variables_.size()) InsertText(variables_[index].name);
 }
 
 }  // namespace pnl

@@ -66,6 +66,19 @@ Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int
 
 Text ConfirmFailureStatus(const CalcTexts& texts, TextView tree) { return Format(u"%s: %s", texts.failed, tree); }
 
+// The variables.
+
+std::vector<VariableRow> VariableRows(const CalcStore& store) {
+  std::vector<VariableRow> rows;
+  const auto add = [&rows](const Text& name, double value) {
+    if (value != 0) rows.push_back({name, Format(u"%s = %s", name, Decimal(value))});
+  };
+  char16_t letter = u'A';
+  for (const double value : store.Variables) add(Text(1, letter++), value);
+  add(u"ACC", store.Acc);
+  return rows;
+}
+
 // The note.
 
 void CalcNotes::Close() {

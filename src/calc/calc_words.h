@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What the calculator says in words: the status line about a preview, of the whole line or of a selection, and the note
-// beside the window. The formats are the calculator's own, the words come from the language. Evaluates nothing and
-// shows nothing.
+// What the calculator says in words: the status line about a preview, of the whole line or of a selection, the list of
+// variables, and the note beside the window. The formats are the calculator's own, the words come from the language.
+// Evaluates nothing and shows nothing.
 #pragma once
 
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "base/text.h"
 #include "calc/expr/calc_store.h"
@@ -36,6 +37,16 @@ enum class PreviewExtent { kLine, kSelection };
 [[nodiscard]] Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base);
 /// A confirmed evaluation that failed, with the tree in words.
 [[nodiscard]] Text ConfirmFailureStatus(const CalcTexts& texts, TextView tree);
+
+/// A row of the list of variables.
+struct VariableRow {
+  Text name;
+  Text words;  // name and value
+  friend bool operator==(const VariableRow&, const VariableRow&) = default;
+};
+/// The variables that aren't 0, and the accumulator if it isn't. In decimal whatever the base in use is, so that a
+/// fraction is seen.
+[[nodiscard]] std::vector<VariableRow> VariableRows(const CalcStore& store);
 
 /// What the operator asked the note to show.
 enum class CalcNote { kNone, kBases, kSolver };
