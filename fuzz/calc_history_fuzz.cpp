@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A file of confirmed expressions of any bytes is read and stored: what is stored reads back the same, row for row, and
 // storing it once more changes nothing.
-#include "calc/calc_history.h"
+#include "calc/calc_storage.h"
 
 #include "fuzz_check.h"
 #include "fuzz_utilities.h"

@@ -2,7 +2,7 @@
 // The calculator's settings out of an ini file of any bytes: read, stored into both copies and read again from either
 // they are the same, and so is every other key.
 #include "base/ini_file.h"
-#include "calc/calc_settings.h"
+#include "calc/calc_storage.h"
 #include "fuzz_check.h"
 #include "fuzz_utilities.h"
 #include "memory_files.h"

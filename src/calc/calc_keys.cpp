@@ -153,6 +153,13 @@ CalcEdit InsertPlainly(TextView line, CalcSelection selection, TextView text, in
   return Write(Parts(line, selection), {0, 0, 0, CalcForm::kPlain, text, caret});
 }
 
+Text SelectedText(TextView line, CalcSelection selection) {
+  const auto unit = [&line](int at) { return std::min(static_cast<std::size_t>(std::max(at, 0)), line.size()); };
+  const std::size_t start = unit(std::min(selection.start, selection.end));
+  const std::size_t end = unit(std::max(selection.start, selection.end));
+  return Text(line.substr(start, end - start));
+}
+
 std::optional<int> CommandOfCharacter(char16_t character) {
   for (const CalcKeyRow& row : kRows) {
     if (row.typed != 0 && row.typed == character) return row.key != 0 ? row.key : row.menu;

@@ -35,7 +35,7 @@ class CalcView {
   virtual void Show() = 0;
   virtual void Hide() = 0;
   virtual void BringToTop() = 0;
-  /// The window goes when the present event is over; nothing reaches the logic from it any more but OnDestroyed.
+  /// The window goes when the present event is over. Until then it still reports its rows and its place.
   virtual void Destroy() = 0;
   /// Asks the top-level window of the panel to close.
   virtual void ClosePanel() = 0;
@@ -87,8 +87,8 @@ class CalcView {
   virtual void SelectListItem(int index) = 0;
   virtual void FocusList() = 0;
 
-  // The variables 1104: rows as told, nothing or one of them selected; and the note 1105, a line or more in a frame
-  // below the window (above it where there is no room), which an empty text hides.
+  // The variables 1104: the rows as they are given, nothing or one of them selected; and the note 1105, a line or more
+  // in a frame below the window (above it where there is no room), which an empty text hides.
   virtual void FillVariables(const std::vector<Text>& rows) = 0;
   [[nodiscard]] virtual int VariablesSelection() const = 0;
   virtual void FocusVariables() = 0;

@@ -26,7 +26,8 @@ struct WindowGone {};
 /// call or in it: then nothing of its window may be touched any more.
 template <typename Session, typename Operation>
 bool RunOperation(const std::shared_ptr<Session>& session, Operation&& operation) {
-  const std::shared_ptr<Session> kept = session;
+  // A copy: the window's own pointer may go in the call.
+  const std::shared_ptr<Session> kept = session;  // NOLINT(performance-unnecessary-copy-initialization)
   if (kept == nullptr || kept->HasEnded()) return false;
   try {
     std::forward<Operation>(operation)(*kept);

@@ -195,5 +195,13 @@ TEST(CalcKeysTest, ANameGoesInPlainlyWithTheCaretBehindIt) {
   EXPECT_EQ(InsertPlainly(u"2+3*4", {2, 3}, u"ACC", 3), (CalcEdit{u"2+ACC*4", 5}));
 }
 
+TEST(SelectedTextTest, IsCutToTheLineWhicheverEndIsFirst) {
+  EXPECT_EQ(SelectedText(u"1+23", {2, 4}), u"23");
+  EXPECT_EQ(SelectedText(u"1+23", {4, 2}), u"23");
+  EXPECT_EQ(SelectedText(u"1+23", {-3, 99}), u"1+23");
+  EXPECT_EQ(SelectedText(u"1+23", {1, 1}), u"");
+  EXPECT_EQ(SelectedText(u"", {0, 5}), u"");
+}
+
 }  // namespace
 }  // namespace pnl

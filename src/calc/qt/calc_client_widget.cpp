@@ -9,18 +9,13 @@
 #include <cmath>
 
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_key_widget.h"
-#include "calc/qt/calc_label_widget.h"
 #include "calc/qt/calc_look.h"
-#include "calc/qt/calc_result_window.h"
+#include "calc/qt/calc_text_widgets.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
 namespace {
-
-constexpr int kLineLimit = 255;
-constexpr int kSideMargin = 4;
 
 QRgb GroundOf(int id) {
   switch (id) {
@@ -44,36 +39,6 @@ QRgb GroundOf(int id) {
 int Scaled(int pixels, double scale) { return static_cast<int>(std::lround(pixels * scale)); }
 
 }  // namespace
-
-CalcLine::CalcLine(int id, QWidget* parent) : LimitedEdit(id, kLineLimit, parent) {
-  setFrame(false);
-  setTextMargins(kSideMargin, 0, kSideMargin, 0);
-  QPalette colors = palette();
-  colors.setColor(QPalette::Base, QColor(calc_look::kLineGround));
-  colors.setColor(QPalette::Text, QColor(calc_look::kLineText));
-  colors.setColor(QPalette::Highlight, QColor(calc_look::kSelection));
-  colors.setColor(QPalette::HighlightedText, Qt::white);
-  setPalette(colors);
-}
-
-CalcSelection CalcLine::Selection() const {
-  if (!hasSelectedText()) return {cursorPosition(), cursorPosition()};
-  return {selectionStart(), selectionEnd()};
-}
-
-void CalcLine::Select(CalcSelection selection) {
-  const int length = static_cast<int>(text().size());
-  const int start = std::clamp(selection.start, 0, length);
-  const int end = std::clamp(selection.end, 0, length);
-  if (start == end) return setCursorPosition(end);
-  setSelection(start, end - start);
-}
-
-void CalcLine::mousePressEvent(QMouseEvent* event) {
-  LimitedEdit::mousePressEvent(event);
-  // Last of all: whoever listens may destroy the edit.
-  emit Pressed();
-}
 
 CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidget* parent)
     : QWidget(parent), scale_(scale) {

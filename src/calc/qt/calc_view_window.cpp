@@ -3,9 +3,6 @@
 #include <QtWidgets/QApplication>
 
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_label_widget.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
@@ -29,7 +26,7 @@ Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->h
 void ZCCalc7340::SetClientHeight(int height) {
   const int bar = bar_ == nullptr ? 0 : bar_->heightForWidth(width());
   resize(width(), std::max(0, height) + std::max(0, bar));
-  // The same size all told may part differently.
+  // The same size in all may be divided differently.
   LayOut();
 }
 
@@ -40,9 +37,11 @@ void ZCCalc7340::LayOut() {
 }
 
 void ZCCalc7340::Hide() {
+  const QPointer<ZCCalc7340> alive(this);
   // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
   ClearFocus();
-  hide();
+  // Who follows the focus may have destroyed the window.
+  if (alive) hide();
 }
 
 void ZCCalc7340::ClearFocus() {
@@ -56,16 +55,15 @@ void ZCCalc7340::BringToTop() {
 }
 
 void ZCCalc7340::Destroy() {
-  if (closing_) return;
-  closing_ = true;
   work_.stop();
   EndMessages();
+  const QPointer<ZCCalc7340> alive(this);
   Hide();
-  deleteLater();
+  if (alive) deleteLater();
 }
 
 void ZCCalc7340::ClosePanel() {
-  // Behind the present event: closing may end everything that stands on the stack.
+  // After the present event: closing may destroy every object that is at work now.
   QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
 }
 
@@ -145,7 +143,7 @@ void ZCCalc7340::PlaceNote() {
 
 void ZCCalc7340::SetWorking(bool working) {
   if (!working) return work_.stop();
-  if (!work_.isActive() && !closing_) work_.start(0, this);
+  if (!work_.isActive()) work_.start(0, this);
 }
 
 }  // namespace pnl
