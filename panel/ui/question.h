@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A question as a cover over the panel: a text and a few big keys. It leaves status, axes and the machine's keys free.
-// A question is answered exactly once; Escape gives the last answer.
+// A question is answered at most once; Escape gives the last answer.
 #pragma once
 
 #include <QString>
