@@ -36,11 +36,11 @@ struct CalcEdit {
 };
 
 /// By a key's or a menu command's id. An id that names nothing leaves the text and puts the caret at 0.
-[[nodiscard]] CalcEdit InsertAtCaret(TextView line, CalcSelection selection, int command);
+[[nodiscard]] CalcEdit InsertAtCaret(TextView line, TextSelection selection, int command);
 /// The text takes the place of the selection; without one it goes to the caret.
-[[nodiscard]] CalcEdit InsertPlainly(TextView line, CalcSelection selection, TextView text, int caret);
+[[nodiscard]] CalcEdit InsertPlainly(TextView line, TextSelection selection, TextView text, int caret);
 /// Empty for a caret; ends beyond the line are cut to it.
-[[nodiscard]] Text SelectedText(TextView line, CalcSelection selection);
+[[nodiscard]] Text SelectedText(TextView line, TextSelection selection);
 /// The command that a typed character means; nothing for those that the line takes itself.
 [[nodiscard]] std::optional<int> CommandOfCharacter(char16_t character);
 /// Does the id reach InsertAtCaret: a key of the keypad but the one that confirms, or a menu command of that range?

@@ -48,7 +48,7 @@ class FakeCalcView final : public CalcView {
   std::map<int, int> icons;
   Text line;
   int limit = 32767;  // of what is typed
-  CalcSelection selection;
+  TextSelection selection;
   Text result;
   Text status;
   Text note;
@@ -87,6 +87,8 @@ class FakeCalcView final : public CalcView {
     focus = Focus::kElsewhere;
   }
   void BringToTop() override { Order("top"); }
+  [[nodiscard]] bool IsVisible() const override { return Asked(), visible; }
+  void ClearFocus() override { Order("clear focus"); }
   void Destroy() override { Order("destroy"), closing = true; }
   void ClosePanel() override { Order("close panel"); }
   void SetTitle(TextView text) override { Order("title " + ToUtf8(text)), title = text; }
@@ -131,8 +133,8 @@ class FakeCalcView final : public CalcView {
     line = text;
     if (onLineChanged) onLineChanged();
   }
-  [[nodiscard]] CalcSelection LineSelection() const override { return Asked(), selection; }
-  void SetLineSelection(CalcSelection wanted) override {
+  [[nodiscard]] TextSelection LineSelection() const override { return Asked(), selection; }
+  void SetLineSelection(TextSelection wanted) override {
     Order("caret " + std::to_string(wanted.start) +
           (wanted.end == wanted.start ? "" : "-" + std::to_string(wanted.end)));
     const int size = static_cast<int>(line.size());

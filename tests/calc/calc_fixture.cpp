@@ -187,7 +187,7 @@ void CalcRig::Type(const std::string& text) {
     const int room = view->limit - static_cast<int>(view->line.size());
     if (room + (view->selection.end - view->selection.start) <= 0) continue;
     Text line = view->line;
-    const CalcSelection at = view->selection;
+    const TextSelection at = view->selection;
     line.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.end - at.start), 1, c);
     view->Replace(line);
     // Whoever refused the change has put the caret where it belongs.

@@ -13,8 +13,8 @@ namespace pnl {
 namespace {
 
 constexpr TextView kLine = u"2+3*4";
-constexpr CalcSelection kCaret{1, 1};     // behind the 2
-constexpr CalcSelection kSelected{0, 3};  // 2+3
+constexpr TextSelection kCaret{1, 1};     // behind the 2
+constexpr TextSelection kSelected{0, 3};  // 2+3
 
 struct Row {
   int key;
@@ -129,7 +129,7 @@ TEST(CalcKeysTest, OnlyTheCharactersOfTheTableAreTaken) {
 struct OwnRule {
   const char* name;
   TextView line;
-  CalcSelection selection;
+  TextSelection selection;
   int key;
   TextView text;
   int caret;

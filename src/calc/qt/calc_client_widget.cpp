@@ -12,6 +12,7 @@
 #include "calc/qt/calc_look.h"
 #include "calc/qt/calc_text_widgets.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -48,7 +49,7 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
     const CalcControl control = LocalizedControl(built, dialog);
     QWidget* made = Make(control);
     const Rect place = DialogPixels(control, scale_);
-    made->setGeometry(place.left, place.top, place.Width(), place.Height());
+    made->setGeometry(ToQRect(place));
     controls_.emplace(control.id, made);
   }
   // A press on a key or a field must leave caret and selection in the line, whatever the host's own widgets do with it.

@@ -46,12 +46,12 @@ CalcLine::CalcLine(int id, QWidget* parent) : LimitedEdit(id, kLineLimit, parent
   setPalette(colors);
 }
 
-CalcSelection CalcLine::Selection() const {
+TextSelection CalcLine::Selection() const {
   if (!hasSelectedText()) return {cursorPosition(), cursorPosition()};
   return {selectionStart(), selectionEnd()};
 }
 
-void CalcLine::Select(CalcSelection selection) {
+void CalcLine::Select(TextSelection selection) {
   const int length = static_cast<int>(text().size());
   const int start = std::clamp(selection.start, 0, length);
   const int end = std::clamp(selection.end, 0, length);

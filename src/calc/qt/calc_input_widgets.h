@@ -23,8 +23,8 @@ class CalcLine final : public LimitedEdit {
 
  public:
   CalcLine(int id, QWidget* parent);
-  [[nodiscard]] CalcSelection Selection() const;
-  void Select(CalcSelection selection);
+  [[nodiscard]] TextSelection Selection() const;
+  void Select(TextSelection selection);
 
  signals:
   /// The edit has done with the press.

@@ -9,6 +9,7 @@
 #include "calc/qt/calc_look.h"
 #include "controls/draw_text.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -157,7 +158,7 @@ void CalcNoteWidget::PlaceBeside(const QRect& window) {
   const Rect area{0, 0, parentWidget()->width(), parentWidget()->height()};
   const Rect beside{window.left(), window.top(), window.left() + window.width(), window.top() + window.height()};
   const Rect place = CalcNoteRect(area, beside, extent);
-  setGeometry(place.left, place.top, place.Width(), place.Height());
+  setGeometry(ToQRect(place));
   raise();
 }
 

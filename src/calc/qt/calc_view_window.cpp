@@ -1,25 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the calculator's logic asks of its window, done with widgets.
-#include <QtWidgets/QApplication>
-
 #include "calc/calc_ids.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
-namespace {
-
-Rect FromArea(const QRect& area) { return {area.x(), area.y(), area.x() + area.width(), area.y() + area.height()}; }
-
-}  // namespace
-
-Rect ZCCalc7340::ParentClientRect() const {
-  const QWidget* parent = parentWidget();
-  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
-}
-
-Rect ZCCalc7340::WindowRect() const { return FromArea(geometry()); }
+Rect ZCCalc7340::WindowRect() const { return FromQRect(geometry()); }
 
 Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->height()}; }
 
@@ -34,19 +22,6 @@ void ZCCalc7340::LayOut() {
   const int bar = bar_ == nullptr ? 0 : std::max(0, bar_->heightForWidth(width()));
   if (bar_ != nullptr) bar_->setGeometry(0, 0, width(), bar);
   client_->setGeometry(0, bar, width(), std::max(0, height() - bar));
-}
-
-void ZCCalc7340::Hide() {
-  const QPointer<ZCCalc7340> alive(this);
-  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  ClearFocus();
-  // Who follows the focus may have destroyed the window.
-  if (alive) hide();
-}
-
-void ZCCalc7340::ClearFocus() {
-  QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
 }
 
 void ZCCalc7340::BringToTop() {
@@ -93,7 +68,7 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
 
 void ZCCalc7340::MoveControl(int id, const Rect& rect) {
   QWidget* control = client_->Control(id);
-  if (control != nullptr) control->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+  if (control != nullptr) control->setGeometry(ToQRect(rect));
 }
 
 void ZCCalc7340::ShowControl(int id, bool shown) {

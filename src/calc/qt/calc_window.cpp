@@ -96,7 +96,7 @@ ZCCalc7340::Clock ZCCalc7340::SteadyClock() {
 }
 
 ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock)
-    : ToolWindow(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
+    : ToolWindowWith(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
   const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);

@@ -17,7 +17,7 @@
 
 namespace pnl {
 
-class ZCCalc7340 final : public ToolWindow, private CalcView {
+class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   Q_OBJECT
 
  public:
@@ -46,13 +46,9 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void timerEvent(QTimerEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  [[nodiscard]] Rect ParentClientRect() const override;
   [[nodiscard]] Rect WindowRect() const override;
   void MoveWindow(int left, int top) override { move(left, top); }
   void SetClientHeight(int height) override;
-  void Show() override { show(); }
-  void Hide() override;
   void BringToTop() override;
   void Destroy() override;
   void ClosePanel() override;
@@ -66,8 +62,8 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) override;
   [[nodiscard]] Text LineText() const override;
   void SetLineText(TextView text) override;
-  [[nodiscard]] CalcSelection LineSelection() const override { return client_->Line().Selection(); }
-  void SetLineSelection(CalcSelection selection) override { client_->Line().Select(selection); }
+  [[nodiscard]] TextSelection LineSelection() const override { return client_->Line().Selection(); }
+  void SetLineSelection(TextSelection selection) override { client_->Line().Select(selection); }
   void LimitLine(int characters) override { client_->Line().SetLimit(characters); }
   void FocusLine() override { client_->Line().setFocus(Qt::OtherFocusReason); }
   [[nodiscard]] Text ResultText() const override;
@@ -101,7 +97,6 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   /// Whether the calculator took a character: no, yes, or its window ended with it.
   enum class Taken { kNo, kYes, kWithTheWindow };
   [[nodiscard]] Taken OnCharacter(const QString& typed);
-  void ClearFocus();
   void LayOut();
   void PlaceNote();
 
