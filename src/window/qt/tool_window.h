@@ -28,21 +28,21 @@ class MessageWindow : public QWidget {
   explicit MessageWindow(QWidget* parent, Qt::WindowFlags flags = {});
   ~MessageWindow() override;
   [[nodiscard]] WindowHandle Handle() const { return handle_; }
-  /// True while a message to this window is being handled.
+  /// True while this window handles a message.
   [[nodiscard]] bool InMessage() const { return depth_ != 0; }
 
  protected:
-  /// The answer to a message; 0 for what isn't handled.
+  /// Handles a message and returns its result. Returns 0 for a message that it doesn't handle.
   virtual std::intptr_t OnMessage(const Message& message);
   bool event(QEvent* event) override;
-  /// Gives the handle back before the destructor of this base does, for a derived destructor whose members must not be
-  /// reached by messages any more.
+  /// Gives the handle back before this base's destructor does. For a derived destructor, so that messages no longer
+  /// reach its members.
   void EndMessages();
 
  private:
   WindowHandle handle_ = 0;
   int depth_ = 0;
-  bool* gone_ = nullptr;  // set by the destructor for the message being handled
+  bool* gone_ = nullptr;  // the destructor sets it for the message that is being handled
 };
 
 /// The window of a tool: a child of the host's window, hidden at first.
@@ -53,11 +53,11 @@ class ToolWindow : public MessageWindow {
   ToolWindow(int toolId, QWidget* parent);
   ~ToolWindow() override;
   [[nodiscard]] int ToolId() const { return toolId_; }
-  /// How many there are, those that have given their handle back and wait for their end included.
+  /// How many tool windows exist, including those that have given their handle back and wait to be deleted.
   [[nodiscard]] static int Living() { return living; }
 
  protected:
-  /// What the properties tell of the window; setting the colour paints nothing.
+  /// Set the properties of the window. Setting the colour paints nothing.
   void SetTitleProperty(TextView title);
   void SetBackProperty(std::uint32_t color);
 
@@ -71,7 +71,8 @@ class ToolWindow : public MessageWindow {
   inline static int living = 0;
 };
 
-/// The window of a tool with what every view has; View derives from ToolView. The tool's window adds the rest.
+/// The window of a tool with the part that every view has. View must derive from ToolView. The tool's own window adds
+/// the rest.
 template <typename View>
 class ToolWindowWith : public ToolWindow, protected View {
  public:
