@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// How a tool survives the end of its window, for all tools. A callback of the host, a message or a message box may
-// destroy the window in the middle of an operation of the tool's logic. Then
+// The base of every tool's logic, which survives the end of the tool's window. A callback of the host, a message or a
+// message box may destroy the window in the middle of an operation of the logic. Then
 //
-// - the window's destructor calls ToolLink::End, and that the session's End;
+// - the window's destructor calls ToolLink::End, which calls the session's End;
 // - the session stays in memory until the operation has returned;
-// - the operation ends where it next asks for the view or the host: View() and Host() throw WindowGone, and the call
-//   that began the operation catches it. What the operation does before that (giving a channel back to the kernel,
+// - the operation ends where it next uses the view or the host: View() and Host() throw WindowGone, and RunOperation,
+//   which began the operation, catches it. Work that comes before that point (giving a channel back to the kernel,
 //   storing a file) is still done.
 //
-// So an operation does first what must not be left half done, and asks HasEnded only where it would otherwise begin
+// So an operation must first do the work that may not be left half done. It needs to ask HasEnded only before it begins
 // something that nobody would end. Knows no widget.
 #pragma once
 

@@ -35,7 +35,7 @@ inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 }  // namespace property
 
-/// The values of "pnlKind".
+/// Values of "pnlKind". Report lists and trees have "report" and "tree".
 namespace control_kind {
 inline constexpr const char* kEdit = "edit";
 inline constexpr const char* kList = "list";

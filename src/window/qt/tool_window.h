@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The bases of every window of the library: they take a handle at construction, give it back at destruction, and turn
-// message events into OnMessage. Not a look and no logic: those belong to the derived windows.
+// message events into calls of OnMessage. The derived windows have the look and the logic.
 //
-// What a panel program and tests see of them goes by properties (names in window/qt/control_properties.h), so that
-// nobody needs the classes. They are dynamic properties or Q_PROPERTY, as the class prefers:
-//   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window")
-//                      and where it lies beside its window, not in it, pnlOwner (int, the window's handle)
+// A panel program and tests see the windows through properties (names in window/qt/control_properties.h), so that they
+// don't need the classes. A property is a dynamic one or a Q_PROPERTY, as the class prefers:
+//   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window", "report",
+//                      "tree"), and pnlOwner (int, the window's handle) if it is placed beside its window, not in it
 //   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters)
 //   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
-//                      and pnlMenuAttached (bool) where it can have a menu bar
+//                      and pnlMenuAttached (bool) if it can have a menu bar
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
 #pragma once
 
