@@ -255,14 +255,13 @@ enum PnlMessage {
 
 /* Codes of PNL_MSG_TOOL_COMMAND. A tool returns 0 for a code that it doesn't know. */
 enum PnlToolCommand {
-  PNL_COMMAND_OPEN = 2,  /* opens the command line in the channel (second), or the help viewer */
-  PNL_COMMAND_HIDE = 3,  /* hides the command line, whose channel (second) stays taken, or the help viewer */
-  PNL_COMMAND_SHOW = 4,  /* shows the command line that PNL_COMMAND_HIDE has hidden */
-  PNL_COMMAND_CLOSE = 5, /* closes the command line in any state */
-  PNL_COMMAND_LEAVE = 6, /* closes the command line during an inspection only; hides or ends other tools */
-  PNL_COMMAND_RESTORE_FOCUS =
-      7,                       /* gives the command line its caret back; a Tab for explorer and machining calculator */
-  PNL_COMMAND_SWITCH_ROLE = 8, /* switches the command line between MDI and MDA */
+  PNL_COMMAND_OPEN = 2,          /* opens the command line in the channel (second), or the help viewer */
+  PNL_COMMAND_HIDE = 3,          /* hides the command line, whose channel (second) stays taken, or the help viewer */
+  PNL_COMMAND_SHOW = 4,          /* shows the command line that PNL_COMMAND_HIDE has hidden */
+  PNL_COMMAND_CLOSE = 5,         /* closes the command line in any state */
+  PNL_COMMAND_LEAVE = 6,         /* closes the command line during an inspection only; hides or ends other tools */
+  PNL_COMMAND_RESTORE_FOCUS = 7, /* gives the command line its caret back; elsewhere a Tab */
+  PNL_COMMAND_SWITCH_ROLE = 8,   /* switches the command line between MDI and MDA */
   PNL_COMMAND_MANUAL_MODE_CHANGED = 10, /* command line: low byte of second is the channel, its high half the mode */
   PNL_COMMAND_ASK_UNSAVED = 14,         /* asks the machining calculator for unsaved work */
   PNL_COMMAND_CLOSE_TOOL = 20,          /* closes with PNL_CLOSED */
@@ -295,7 +294,7 @@ enum PnlNotify {
 /* First argument of PNL_MSG_RESULT_READY. */
 enum PnlReady {
   PNL_READY_CALC_RESULT = 1,  /* a value is in E.CALCRESUL */
-  PNL_READY_FILE = 2,         /* Path and File of the asker's record are filled */
+  PNL_READY_FILE = 2,         /* Path and File of the requesting tool's record are filled */
   PNL_READY_EXPLORER_LEFT = 3 /* the explorer was left without a file */
 };
 

@@ -248,8 +248,8 @@ class Rig {
   /// Does nothing in real time.
   virtual void Advance(std::int64_t milliseconds) = 0;
   virtual void SetText(std::int32_t id, std::u16string_view text) = 0;
-  /// Makes answer answer the message boxes instead of the operator. style is "info", "error" or "question"; the result
-  /// is "ok", "yes", "no" or "cancel". An empty function gives the boxes back to the operator.
+  /// Sets a function that answers the message boxes instead of the operator. style is "info", "error" or "question";
+  /// the result is "ok", "yes", "no" or "cancel". An empty function gives the boxes back to the operator.
   virtual void AnswerBoxes(std::function<std::string(std::string_view style)> answer) = 0;
   virtual void SetSink(EventSink* sink) = 0;
   [[nodiscard]] virtual std::u16string ClipboardText() const = 0;

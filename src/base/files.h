@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The seam between the tools and the discs of this machine: files by panel path. A panel path keeps its drive letter
-// and its backslashes everywhere ("C:\P108\MDIMAN.INI"). Only here does it become a path of this machine. DiscFiles
+// and its backslashes everywhere ("C:\P108\MDIMAN.INI"). Only this seam turns it into a path of this machine. DiscFiles
 // works on the real discs. FailingFiles is a decorator that fails the calls it is told to fail.
 #pragma once
 
@@ -24,7 +24,7 @@ struct Located;
 struct FileInfo {
   bool exists = false;
   bool folder = false;
-  /// True when the owner's write permission is set and this process may write. It binds the superuser too.
+  /// True when the owner's write permission is set and this process may write. The permission binds the superuser too.
   bool writable = false;
   std::uint64_t size = 0;
   /// True when it can't be found out whether the path exists: the drive isn't mapped, a folder on the way is missing or

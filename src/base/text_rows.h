@@ -35,7 +35,7 @@ class TextRows {
   [[nodiscard]] Text front() const { return (*this)[0]; }
   [[nodiscard]] const_iterator begin() const;
   [[nodiscard]] const_iterator end() const;
-  /// The first row that equals the text.
+  /// The index of the first row that equals the text; nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> Find(TextView text) const;
 
   void push_back(TextView text);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What a backend library exports: a mark that says for which interface it was built, which the host reads before it
-// calls anything, and the maker of its CncFacade. A library writes PNL_BACKEND_LIBRARY once and then the maker:
+// The exports of a backend library: a mark that says for which interface it was built, and the function that makes its
+// CncFacade. The host reads the mark before it calls anything. A library's source has PNL_BACKEND_LIBRARY once and then
+// the function:
 //
 //     PNL_BACKEND_LIBRARY
 //     extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&) { return new MyFacade; }

@@ -125,7 +125,7 @@ class DemoMachine final : public Machine {
   std::optional<Task> parked_;
   int grants_ = 0;  // of the interlock, which the panel hasn't given back
   int percent_ = 100;
-  int status_ = 0x100;  // as last reported
+  int status_ = 0x100;  // the value last reported
   bool mdi_ = false;
   bool aborting_ = false;
   bool inspecting_ = false;

@@ -13,13 +13,13 @@
 
 namespace pnl::sim {
 
-/// A block's words with the modal state and spindle that hold during its move.
+/// A block's words, and the modal state and the spindle during its move.
 struct MotionInput {
   const Request& request;
   const Modal& modal;
   const Spindle& spindle;
   const Point& from;
-  Point offset;  // of the workpiece
+  Point offset;  // from workpiece to machine coordinates
   double unit;   // mm in one unit of the block's lengths
 };
 

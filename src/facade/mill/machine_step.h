@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One step of a block that runs: functions, a move along a path, a dwell or a stop.
+// One step of a running block: functions, a move along a path, a dwell or a stop.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ struct Functions {
   std::optional<int> tool;  // the tool that is put into the spindle
   std::optional<Spindle> spindle;
   std::optional<bool> coolant;
-  bool programEnd = false;  // modal start values, spindle and coolant off
+  bool programEnd = false;  // restores the modal start values and stops spindle and coolant
 
   [[nodiscard]] bool Any() const { return tool || spindle || coolant || programEnd; }
 };

@@ -26,15 +26,15 @@ class QtWindowSystem final : public WindowSystem {
   void SetMainWindow(WindowHandle window) { mainWindow_ = window; }
   /// The widget of a window; null when the window isn't alive.
   [[nodiscard]] QWidget* WidgetOf(WindowHandle window) const;
-  /// Makes answerer answer the boxes instead of the operator. An empty function gives them back to the operator.
+  /// Sets a function that answers the boxes instead of the operator. An empty function gives them back to the operator.
   void SetBoxAnswerer(std::function<BoxAnswer(const BoxSpec&)> answerer) { answerer_ = std::move(answerer); }
   /// True while a box is open or a window of the host handles a sent message. A tool's code may then be on the call
   /// stack.
   [[nodiscard]] bool InCallOut() const { return callOuts_ != 0; }
 
-  /// Called for every message sent or posted to a window of the host, before it is delivered or queued.
+  /// Called for every message to a window of the host: before a sent one is delivered, after a posted one is queued.
   std::function<void(WindowHandle, const Message&)> onMessageToHost;
-  /// Called for every box that was answered.
+  /// Called after every box that was answered.
   std::function<void(const BoxSpec&, BoxAnswer)> onBoxAnswered;
 
  private:
