@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Timers and their clock. No other part of the library asks for the time, so a manual clock makes every run repeatable.
-// Ticks arrive on the window thread, from the event loop or from ManualTimers::Advance.
+// Timers and their clock. The tools' logic has no other clock, so a manual clock makes every run repeatable. Some
+// windows also measure in real time how long they may compute or wait. Ticks arrive on the window thread, from the
+// event loop or from ManualTimers::Advance.
 #pragma once
 
 #include <cstdint>

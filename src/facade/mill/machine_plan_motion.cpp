@@ -45,7 +45,8 @@ class MovePlanner {
   }
 
  private:
-  /// The word that a fault of the whole move names: its G code, or the first axis word when the code is modal.
+  /// The word that a fault of the whole move names: its G code, or the first word of the move when the code comes from
+  /// an earlier block.
   const Word& MotionWord() const {
     const Choice* choice = request_.Chosen(Group::kMotion);
     return choice != nullptr ? choice->word : *request_.First(u"XYZIJKR");

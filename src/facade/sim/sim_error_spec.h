@@ -13,8 +13,8 @@
 namespace pnl::sim {
 
 /// Returns the record. Returns nothing when a name or a value doesn't fit; problem then names it ("channel",
-/// "parameters[1].value"). A text is cut to its field, and to the room that a given field further on in the same bytes
-/// leaves. A number may be signed or unsigned. A value whose type isn't in value_type is stored as a number of 32 bits.
+/// "parameters[1].value"). A text is cut to its field, and to the room before another given field that begins inside
+/// it. A number may be signed or unsigned. A value whose type isn't in value_type is stored as a number of 32 bits.
 [[nodiscard]] std::optional<ErrorRecord> MakeErrorRecord(const rig::ErrorSpec& spec, std::string& problem);
 
 }  // namespace pnl::sim
