@@ -132,12 +132,10 @@ void ZWCListCtrl::UseColors() {
 }
 
 void ZWCListCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  painter->save();
   QRect bounds = option.rect;
   bounds.setLeft(0);
   bounds.setRight(std::max(viewport()->width(), bounds.right()));
   DrawReportRow(*painter, bounds, index.row());
-  painter->restore();
 }
 
 void ZWCListCtrl::drawBranches(QPainter*, const QRect&, const QModelIndex&) const {}

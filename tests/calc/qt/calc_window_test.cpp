@@ -196,6 +196,12 @@ TEST_F(CalcWindowTest, TabStaysInside) {
   EXPECT_EQ(Focus(), List());
 }
 
+TEST_F(CalcWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  ASSERT_EQ(Focus(), Line());
+  tool->hide();
+  EXPECT_EQ(Focus(), other);
+}
+
 TEST_F(CalcWindowTest, AltF4ClosesTheWholePanel) {
   EXPECT_TRUE(Key(Qt::Key_F4, Qt::AltModifier));
   EXPECT_TRUE(panel.isVisible()) << "the key is over first";
