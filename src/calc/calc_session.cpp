@@ -9,7 +9,7 @@ namespace pnl {
 
 namespace {
 
-constexpr int kTool = tool_id::kCalculator;
+constexpr int kTool = PNL_TOOL_CALCULATOR;
 constexpr std::uint32_t kResultBack = 0xFF0000;  // blue
 constexpr std::uint32_t kResultText = 0x00FFFF;  // yellow
 constexpr int kLineHeight = -6;
@@ -84,24 +84,20 @@ void CalcSession::UpdateMenuState() {
 }
 
 std::intptr_t CalcSession::OnToolCommand(std::intptr_t request) {
-  constexpr std::intptr_t kHideAndDestroy = 6;
-  constexpr std::intptr_t kCloseTool = 20;
-  constexpr std::intptr_t kCloseForOther = 34;
-  constexpr std::intptr_t kClosedItself = 2;
   switch (request) {
-    case kHideAndDestroy:
+    case PNL_COMMAND_LEAVE:
       EndActivity();
       HideWindow();
       DestroyWindow();
-      return kDone;
-    case kCloseTool:
+      return PNL_DONE;
+    case PNL_COMMAND_CLOSE_TOOL:
       Close(PNL_CLOSED);
-      return kClosedItself;
-    case kCloseForOther:
+      return PNL_CLOSED_ITSELF;
+    case PNL_COMMAND_CLOSE_FOR_OTHER:
       Close(PNL_CLOSED);
-      return kDone;
+      return PNL_DONE;
     default:
-      return kDone;
+      return PNL_DONE;
   }
 }
 

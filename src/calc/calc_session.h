@@ -58,13 +58,13 @@ class CalcSession final : public ToolSession<CalcView> {
   void OnLinePressed();
   /// A key of the keypad, or a menu command that writes; other ids do nothing.
   void OnButton(int id);
-  /// A command of the menus: from a soft key (kMsgCommand), or from the bar on the window.
+  /// A command of the menus: from a soft key (PNL_MSG_COMMAND), or from the bar on the window.
   void OnMenuCommand(int id);
   /// The operator has moved in the open history or pressed a row of it, whether or not the selection is another one.
   void OnListSelection();
   void OnListDoubleClick();
   void OnVariablesPicked();
-  /// The answer to a ToolCommand (0x802).
+  /// The answer to PNL_MSG_TOOL_COMMAND.
   std::intptr_t OnToolCommand(std::intptr_t request);
   /// "TM_HANDLEVALUE": a value from outside replaces the line.
   void OnHandleValue();

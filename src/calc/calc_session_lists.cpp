@@ -98,7 +98,7 @@ void CalcSession::OnEscape() {
   // A note goes along with whatever else the key does: it never costs the operator a second press.
   CloseNote();
   if (openList_ == OpenList::kHistory) return CloseHistory(Keep::kSavedLine);
-  Host().HostToolWantsClose(tool_id::kCalculator);
+  Host().HostToolWantsClose(PNL_TOOL_CALCULATOR);
 }
 
 void CalcSession::OnEnter() {

@@ -29,12 +29,12 @@ class ErrorSession final : public ToolSession<ErrorView> {
   /// The window is going: what it took is given back. No call to the view or to the host follows.
   void End();
 
-  /// kMsgVariableReport.
+  /// PNL_MSG_VARIABLE_REPORT.
   void OnReport(std::intptr_t first, std::intptr_t second);
-  /// kMsgToolNotify.
+  /// PNL_MSG_TOOL_NOTIFY.
   void OnToolNotify(std::intptr_t what, std::intptr_t value);
-  /// kMsgHelpKey, and a click on the help picture: hides the window and offers the error to the host. False without an
-  /// error or a reference.
+  /// PNL_MSG_HELP_KEY, and a click on the help picture: hides the window and offers the error to the host. False
+  /// without an error or a reference.
   bool ShowHelp();
   /// "ZM_END_ERRORHELP".
   void HelpEnded();

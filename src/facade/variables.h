@@ -44,7 +44,7 @@ class Variables {
   virtual int ReadTxt(std::int32_t identifier, Text& value) = 0;
   virtual int WriteTxt(std::int32_t identifier, TextView value) = 0;
   virtual int UpdateCache(std::int32_t identifier) = 0;
-  /// From now on a change posts kMsgVariableReport to the window, with first = identifier and second = 0.
+  /// From now on a change posts PNL_MSG_VARIABLE_REPORT to the window, with first = identifier and second = 0.
   virtual int OpenReport(std::int32_t identifier, WindowHandle window) = 0;
   virtual int CloseReport(std::int32_t identifier, WindowHandle window) = 0;
   /// Posts a report now, without a change.
@@ -87,7 +87,7 @@ class ZCVariable {
   int OpenReport(WindowHandle window);
   int CloseReport();
   [[nodiscard]] bool IsReportOpened() const { return IsReport(); }
-  /// Takes the arguments of a kMsgVariableReport. Returns true if the report is about this variable.
+  /// Takes the arguments of a PNL_MSG_VARIABLE_REPORT. Returns true if the report is about this variable.
   [[nodiscard]] bool HandleReport(std::intptr_t first, std::intptr_t second) const;
   /// Posts a report now to the window that opened it, so that it gets the present value on the normal path.
   int GeneraReport();

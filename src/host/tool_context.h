@@ -21,21 +21,4 @@ struct ToolContext {
   Files& files;
 };
 
-/// The tools' own numbers.
-namespace tool_id {
-inline constexpr int kErrorManager = 0;
-inline constexpr int kPlcMessages = 1;
-inline constexpr int kHelp = 2;
-inline constexpr int kCalculator = 3;
-inline constexpr int kMachiningCalculator = 4;
-inline constexpr int kExplorer = 5;
-inline constexpr int kMdi = 6;
-}  // namespace tool_id
-
-/// Results of tool operations.
-inline constexpr std::intptr_t kDone = 0;
-inline constexpr std::intptr_t kRefused = -200;
-inline constexpr std::intptr_t kCloseRefused = -202;
-inline constexpr std::intptr_t kReserved = -203;
-
 }  // namespace pnl

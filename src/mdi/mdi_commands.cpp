@@ -9,8 +9,6 @@ namespace pnl {
 
 namespace {
 
-/// A close was asked for, but the block of the channel has to end first.
-constexpr std::intptr_t kClosesLater = 1;
 constexpr int kTextHintMdi = 38;
 constexpr int kTextHintMda = 39;
 
@@ -19,27 +17,27 @@ constexpr int kTextHintMda = 39;
 /// ToolCommand: 0 for a code that isn't known.
 std::intptr_t MdiSession::OnToolCommand(std::intptr_t code, std::intptr_t argument) {
   switch (code) {
-    case 2:
+    case PNL_COMMAND_OPEN:
       return OpenInChannel(argument);
-    case 3:
+    case PNL_COMMAND_HIDE:
       return HideChannel(argument);
-    case 4:
+    case PNL_COMMAND_SHOW:
       return ReshowChannel(argument);
-    case 5:
+    case PNL_COMMAND_CLOSE:
       return RequestClose(argument, false);
-    case 6:
+    case PNL_COMMAND_LEAVE:
       return RequestClose(argument, true);
-    case 7:
+    case PNL_COMMAND_RESTORE_FOCUS:
       RestoreCaret();
-      return kDone;
-    case 8:
+      return PNL_DONE;
+    case PNL_COMMAND_SWITCH_ROLE:
       SwitchRole();
-      return kDone;
-    case 10:
+      return PNL_DONE;
+    case PNL_COMMAND_MANUAL_MODE_CHANGED:
       // The low byte is the channel, the high half the new mode.
-      return ManualModeChanged(argument & 0xFF, static_cast<std::int32_t>(argument >> 16 & 0xFFFF));
+      return ManualModeChanged(argument & 0xFF, PnlHighHalf(argument));
     default:
-      return kDone;
+      return PNL_DONE;
   }
 }
 
@@ -79,7 +77,7 @@ void MdiSession::OnMenuCommand(std::intptr_t id) {
 // Opening, showing, hiding and closing in a channel.
 
 void MdiSession::AnnounceOpening() {
-  Host().HostToolOpening(tool_id::kMdi);
+  Host().HostToolOpening(PNL_TOOL_MDI);
   ShowMessage({});
 }
 
@@ -97,18 +95,18 @@ void MdiSession::TellLargeLists(const MDIDATA_ST& record) {
   const auto tell = [this](const Text& name, std::uint64_t bytes) {
     // Asks for the host first: it hears nothing more of a window that it has ended.
     static_cast<void>(Host());
-    TellLargeFile(Context(), tool_id::kMdi, name, bytes);
+    TellLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
   };
   tell(MdiHistoryName(record.Channel), record.HistorySize);
   tell(MdiListName(record.Channel), record.ListSize);
 }
 
-/// kRefused, and nothing changed, when the channel doesn't allow it or isn't there.
+/// PNL_REFUSED, and nothing changed, when the channel doesn't allow it or isn't there.
 std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
   MDIDATA_ST* record = channels_.Record(channel);
   const bool held = record != nullptr && record->InMDI != 0;
-  if (!held && !IsMDIAvailable(Context().cnc, static_cast<int>(channel))) return kRefused;
-  if (record == nullptr) return kRefused;
+  if (!held && !IsMDIAvailable(Context().cnc, static_cast<int>(channel))) return PNL_REFUSED;
+  if (record == nullptr) return PNL_REFUSED;
   // The host may answer the news by destroying the window. It must then hear that nothing was opened.
   const bool there = Outlives([&] {
     AnnounceOpening();
@@ -120,22 +118,22 @@ std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
     }
     TakeAndShow(*record);
   });
-  if (!there) return kRefused;
+  if (!there) return PNL_REFUSED;
   View().Show();
   View().BringToTop();
   View().FocusWindow();
   record->Opened = 1;
   record->ClosePending = 0;
   TellLargeLists(*record);
-  return kDone;
+  return PNL_DONE;
 }
 
 /// Only for the current channel, which stays held.
 std::intptr_t MdiSession::HideChannel(std::intptr_t channel) {
   const MDIDATA_ST* record = channels_.Record(channel);
-  if (record == nullptr) return kRefused;
+  if (record == nullptr) return PNL_REFUSED;
   if (channels_.IsCurrent(*record)) holding_.Hide(*record);
-  return kDone;
+  return PNL_DONE;
 }
 
 /// The block in hand, as far as it is still the operator's: a block that runs stays what it is.
@@ -149,23 +147,23 @@ void MdiSession::TakeTextInHand() {
 std::intptr_t MdiSession::ReshowChannel(std::intptr_t channel) {
   TakeTextInHand();
   MDIDATA_ST* record = channels_.Record(channel);
-  if (record == nullptr) return kRefused;
-  if (record->Opened == 0) return kDone;
-  if (!Outlives([&] { AnnounceOpening(); })) return kRefused;
+  if (record == nullptr) return PNL_REFUSED;
+  if (record->Opened == 0) return PNL_DONE;
+  if (!Outlives([&] { AnnounceOpening(); })) return PNL_REFUSED;
   screen_.SetSelection({0, 0});
   history_.LoadLists(*record);
   screen_.LayOut(record->LowRole(), record);
   screen_.FillList(*record);
   TakeAndShow(*record);
   View().Show();
-  return kDone;
+  return PNL_DONE;
 }
 
-/// kDone: given back at once, or no such channel; kClosesLater; kRefused.
+/// PNL_DONE: given back at once, or no such channel; PNL_CLOSES_LATER; PNL_REFUSED.
 std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspecting) {
   MDIDATA_ST* record = channels_.Record(channel);
-  if (record == nullptr) return kDone;
-  if (onlyIfInspecting && !MdiChannels::InspectionIsOn(*record)) return kRefused;
+  if (record == nullptr) return PNL_DONE;
+  if (onlyIfInspecting && !MdiChannels::InspectionIsOn(*record)) return PNL_REFUSED;
   if (channels_.IsCurrent(*record) && record->IsReady()) {
     if (record->LowRole() == MdiRole::kMdi) {
       screen_.CloseDropList();
@@ -176,24 +174,24 @@ std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspect
   if (record->IsReady() && MdiChannels::IsIdle(*record)) {
     // Done even when the interlock was refused: the host asks again if it must.
     holding_.Leave(*record);
-    return kDone;
+    return PNL_DONE;
   }
   holding_.CloseLater(*record);
-  return kClosesLater;
+  return PNL_CLOSES_LATER;
 }
 
 std::intptr_t MdiSession::ManualModeChanged(std::intptr_t channel, std::int32_t mode) {
   MDIDATA_ST* record = channels_.Record(channel);
-  if (record == nullptr) return kRefused;
-  if (record->InMDI == 0) return kDone;
+  if (record == nullptr) return PNL_REFUSED;
+  if (record->InMDI == 0) return PNL_DONE;
   channels_.ChangeManualMode(*record, mode);
-  if (!channels_.AutomaticWaits(*record)) return kDone;
+  if (!channels_.AutomaticWaits(*record)) return PNL_DONE;
   if (record->IsReady() && MdiChannels::IsIdle(*record)) {
     holding_.Leave(*record);
   } else {
     holding_.CloseLater(*record);
   }
-  return kDone;
+  return PNL_DONE;
 }
 
 /// The Escape key, when no drop list was open.

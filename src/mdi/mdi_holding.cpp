@@ -3,21 +3,12 @@
 
 namespace pnl {
 
-namespace {
-
-constexpr int kNotifyTaken = 41;
-constexpr int kNotifyGiven = 42;
-/// Reason of HostToolClosed: the ordinary close.
-constexpr int kOrdinaryClose = 2;
-
-}  // namespace
-
 void MdiHolding::Notify(int code, const MDIDATA_ST& record) {
   PnlToolNotify notice = {record.Channel, view_().Handle()};
-  windows_.Send(hostWindow_, {kMsgToolNotify, code, reinterpret_cast<std::intptr_t>(&notice)});
+  windows_.Send(hostWindow_, {PNL_MSG_TOOL_NOTIFY, code, reinterpret_cast<std::intptr_t>(&notice)});
 }
 
-void MdiHolding::ReportTaken(const MDIDATA_ST& record) { Notify(kNotifyTaken, record); }
+void MdiHolding::ReportTaken(const MDIDATA_ST& record) { Notify(PNL_NOTIFY_CHANNEL_TAKEN, record); }
 
 void MdiHolding::Enter(MDIDATA_ST& record) {
   ReportTaken(record);
@@ -35,14 +26,14 @@ bool MdiHolding::Leave(MDIDATA_ST& record) {
   if (record.Opened == 0) return true;
   record.Opened = 0;
   record.ClosePending = 0;
-  Notify(kNotifyGiven, record);
+  Notify(PNL_NOTIFY_CHANNEL_GIVEN, record);
   // The interlock taken above is given back with the MDI state only: a channel that was not held keeps it, and that is
   // meant so.
   if (record.InMDI != 0) channels_.Release(record);
   if (!channels_.IsCurrent(record)) return true;
   screen_.Hide();
-  host_().HostShowMessage(tool_id::kMdi, {});
-  host_().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  host_().HostShowMessage(PNL_TOOL_MDI, {});
+  host_().HostToolClosed(PNL_TOOL_MDI, PNL_CLOSED);
   return true;
 }
 
@@ -53,12 +44,12 @@ bool MdiHolding::LeaveIfWanted(MDIDATA_ST& record) {
 void MdiHolding::CloseLater(MDIDATA_ST& record) {
   screen_.Hide();
   record.ClosePending = 1;
-  host_().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  host_().HostToolClosed(PNL_TOOL_MDI, PNL_CLOSED);
 }
 
 void MdiHolding::Hide(const MDIDATA_ST& record) {
   screen_.Hide();
-  if (record.Opened != 0) host_().HostToolClosed(tool_id::kMdi, kOrdinaryClose);
+  if (record.Opened != 0) host_().HostToolClosed(PNL_TOOL_MDI, PNL_CLOSED);
 }
 
 }  // namespace pnl

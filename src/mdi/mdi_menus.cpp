@@ -155,12 +155,12 @@ void MdiMenus::Install(const MDIDATA_ST& record, int listCount) {
   if (record.LowRole() == MdiRole::kMdi) {
     InstallPositionMenu();
     const bool cancel = CancelIsOffered(record);
-    host_().HostSetMainMenu(tool_id::kMdi, cancel ? cancel_ : 0);
+    host_().HostSetMainMenu(PNL_TOOL_MDI, cancel ? cancel_ : 0);
   } else {
     GreyItems(record, listCount);
     const bool cancel = CancelIsOffered(record);
-    host_().HostSetMainMenu(tool_id::kMdi, cancel ? cancel_ : mda_);
-    host_().HostSetSideMenu(tool_id::kMdi, 0);
+    host_().HostSetMainMenu(PNL_TOOL_MDI, cancel ? cancel_ : mda_);
+    host_().HostSetSideMenu(PNL_TOOL_MDI, 0);
   }
 }
 
@@ -168,7 +168,7 @@ void MdiMenus::Update(const MDIDATA_ST* record, int listCount) {
   if (record == nullptr || record->LowRole() != MdiRole::kMda) return;
   GreyItems(*record, listCount);
   // In State 4 the bar may hold the cancel menu, which hasn't changed.
-  if (record->State != mdi_state::kInterrupted) host_().HostUpdateMainMenu(tool_id::kMdi);
+  if (record->State != mdi_state::kInterrupted) host_().HostUpdateMainMenu(PNL_TOOL_MDI);
 }
 
 void MdiMenus::UpdatePositionItems(const MdiSettings& settings) {
@@ -178,6 +178,6 @@ void MdiMenus::UpdatePositionItems(const MdiSettings& settings) {
   SetItem(position_, mdi_command::kSwitchLength, full ? 3029 : 3028, full ? u"MDI_Shrink" : u"MDI_Stretch");
 }
 
-void MdiMenus::InstallPositionMenu() { host_().HostSetSideMenu(tool_id::kMdi, position_); }
+void MdiMenus::InstallPositionMenu() { host_().HostSetSideMenu(PNL_TOOL_MDI, position_); }
 
 }  // namespace pnl

@@ -15,9 +15,6 @@ namespace pnl {
 
 namespace {
 
-constexpr std::intptr_t kCycleStartAllowed = 1;
-constexpr std::intptr_t kCycleStartDuringInspection = 4;
-constexpr std::intptr_t kExplorerEnded = 5;
 constexpr std::int32_t kOwnerBase = 1000;
 constexpr int kTextNotWritable = 9;
 constexpr int kTextNotCreated = 10;
@@ -36,7 +33,7 @@ MdiSession::MdiSession(const ToolContext& context, MdiView& view, WindowHandle h
       list_(ViewAccess(), screen_, menus_),
       holding_(context, hostWindow, ViewAccess(), HostAccess(), channels_, screen_),
       blocks_(context.cnc.Kapi(), ViewAccess(), channels_, holding_, list_, menus_, screen_) {
-  explorerRequest_.Owner = kOwnerBase + tool_id::kMdi;
+  explorerRequest_.Owner = kOwnerBase + PNL_TOOL_MDI;
 }
 
 void MdiSession::Start() {
@@ -59,67 +56,67 @@ void MdiSession::End() {
   }
   channels_.CloseReports();
   menus_.Destroy();
-  TellNotSaved(Context(), tool_id::kMdi, failed);
+  TellNotSaved(Context(), PNL_TOOL_MDI, failed);
 }
 
 // Messages.
 
 std::optional<std::intptr_t> MdiSession::OnMessage(const Message& message) {
   switch (message.number) {
-    case kMsgVariableReport:
+    case PNL_MSG_VARIABLE_REPORT:
       return OnVariableReport(message);
-    case kMsgCycleStart:
+    case PNL_MSG_CYCLE_START:
       return OnCycleStart(message);
-    case kMsgToolNotify:
+    case PNL_MSG_TOOL_NOTIFY:
       return OnToolNotify(message);
-    case kMsgToolCommand:
+    case PNL_MSG_TOOL_COMMAND:
       return OnToolCommand(message.first, message.second);
-    case kMsgResultReady:
+    case PNL_MSG_RESULT_READY:
       return OnResultReady(message);
-    case kMsgHelpKey:
+    case PNL_MSG_HELP_KEY:
       return AskHelp();
-    case kMsgExplorerEnded:
+    case PNL_MSG_EXPLORER_ENDED:
       return OnExplorerEnded(message);
-    case kMsgCommand:
+    case PNL_MSG_COMMAND:
       OnMenuCommand(message.first);
-      return kDone;
+      return PNL_DONE;
     default:
       break;
   }
   if (message.number != endList_) return std::nullopt;
   screen_.EndDropList(message.first);
-  return kDone;
+  return PNL_DONE;
 }
 
 std::intptr_t MdiSession::OnVariableReport(const Message& message) {
   for (MDIDATA_ST& record : channels_.Records()) {
     if (record.Opened == 0) continue;
     if (record.StatusVar.HandleReport(message.first, message.second)) {
-      return blocks_.OnStatusReport(record) ? kDone : kRefused;
+      return blocks_.OnStatusReport(record) ? PNL_DONE : PNL_REFUSED;
     }
     if (record.InspectVar.IsValid() && record.InspectVar.HandleReport(message.first, message.second)) {
       if (MdiChannels::StartIsGranted(record)) StartBlock(&record, false);
       ShowInspectHint();
-      return kDone;
+      return PNL_DONE;
     }
   }
-  return kDone;
+  return PNL_DONE;
 }
 
 std::intptr_t MdiSession::OnCycleStart(const Message& message) {
-  if (message.first == 3) return kReserved;
-  if (message.first != 1 && message.first != 2) return kRefused;
-  if (message.second == 0) return kDone;
+  if (message.first == PNL_START_RESERVED) return PNL_RESERVED;
+  if (message.first != PNL_START_KEY && message.first != PNL_START_QUERY) return PNL_REFUSED;
+  if (message.second == 0) return PNL_DONE;
   // Only the channel's byte is read: a host's record may end after it.
   std::int8_t asked = 0;
   const auto* record = reinterpret_cast<const char*>(message.second);  // NOLINT(performance-no-int-to-ptr)
   std::memcpy(&asked, record + offsetof(PnlCycleStart, channel), 1);
-  if (message.first == 1) {
+  if (message.first == PNL_START_KEY) {
     StartBlock(asked == 0 ? channels_.Current() : channels_.Record(asked), true);
-    return kDone;
+    return PNL_DONE;
   }
   const std::int8_t channel = asked == 0 ? channels_.CurrentChannel() : asked;
-  return channels_.IsInspecting(channel) ? kCycleStartDuringInspection : kCycleStartAllowed;
+  return channels_.IsInspecting(channel) ? PNL_START_DURING_INSPECTION : PNL_START_ALLOWED;
 }
 
 /// Nothing while the explorer is open.
@@ -128,22 +125,23 @@ void MdiSession::StartBlock(MDIDATA_ST* record, bool fromKey) {
 }
 
 std::intptr_t MdiSession::OnToolNotify(const Message& message) {
-  if (message.first != 1) return kDone;
+  if (message.first != PNL_NOTIFY_REPEAT) return PNL_DONE;
   const MDIDATA_ST* record = channels_.Record(message.second);
   if (record != nullptr && record->InMDI != 0) holding_.ReportTaken(*record);
-  return kDone;
+  return PNL_DONE;
 }
 
 std::intptr_t MdiSession::OnResultReady(const Message& message) {
-  if (message.first == 1) PasteCalcResult();
-  if (message.first == 2) return SaveProgram(FieldText(explorerRequest_.Path), FieldText(explorerRequest_.File));
-  // First 3, the explorer left without a file: the wait ends with message 0x806 only.
-  return kDone;
+  if (message.first == PNL_READY_CALC_RESULT) PasteCalcResult();
+  if (message.first == PNL_READY_FILE)
+    return SaveProgram(FieldText(explorerRequest_.Path), FieldText(explorerRequest_.File));
+  // PNL_READY_EXPLORER_LEFT: the wait ends with PNL_MSG_EXPLORER_ENDED only.
+  return PNL_DONE;
 }
 
 std::intptr_t MdiSession::OnExplorerEnded(const Message& message) {
-  if (message.first == kExplorerEnded && message.second != 1) waitingForExplorer_ = false;
-  return kDone;
+  if (message.first == PNL_TOOL_EXPLORER && message.second != PNL_CLOSED_ACCEPTED) waitingForExplorer_ = false;
+  return PNL_DONE;
 }
 
 // Keys, mouse and focus.
@@ -233,12 +231,12 @@ std::intptr_t MdiSession::AskHelp() {
   const Text block = record == nullptr ? Text() : screen_.BlockInHand(*record);
   if (!block.empty()) Context().cnc.Util().Util7340_MarcaHelpAsignadaABloque(block, mark);
   ZCVariable help(Context().cnc.Vars(), u"E.HELPDATA");
-  if (!help.IsValid()) return kRefused;
+  if (!help.IsValid()) return PNL_REFUSED;
   help.WriteTxt(mark);
-  return kDone;
+  return PNL_DONE;
 }
 
-/// The answer comes as message 0x804 with the record filled. Until then the start key does nothing.
+/// The answer comes as PNL_MSG_RESULT_READY with the record filled. Until then the start key does nothing.
 void MdiSession::RequestProgramFile() {
   waitingForExplorer_ = true;
   FillProgramRequest(explorerRequest_, menus_.ProgramTitle(), settings_.Dir);
@@ -251,12 +249,12 @@ std::intptr_t MdiSession::SaveProgram(const Text& folder, const Text& name) {
   if (result == MdiProgramResult::kNotWritable || result == MdiProgramResult::kNotCreated) {
     ShowProblem(result == MdiProgramResult::kNotWritable ? kTextNotWritable : kTextNotCreated, name);
     waitingForExplorer_ = false;
-    return kDone;
+    return PNL_DONE;
   }
   waitingForExplorer_ = false;
   screen_.FocusForRole(channels_.Current());
   if (result == MdiProgramResult::kNotStored) ShowProblem(kTextNotCreated, name);
-  return kDone;
+  return PNL_DONE;
 }
 
 /// The box runs an event loop, in which the window may end.

@@ -39,9 +39,8 @@ class MdiSession final : public ToolSession<MdiView> {
   /// freed. No call to the view follows.
   void End();
 
-  /// Messages: VariableReport 0x700, cycle start 0x800, ToolNotify 0x801, ToolCommand 0x802, 0x804, the help key 0x805,
-  /// 0x806, menu commands (kMsgCommand) and "MDI_ENDLIST". The answer to the sender, or nothing for a message that the
-  /// tool doesn't know.
+  /// Every message of PnlMessage, and "MDI_ENDLIST". The answer to the sender, or nothing for a message that the tool
+  /// doesn't know.
   std::optional<std::intptr_t> OnMessage(const Message& message);
   /// Before the focused control sees it; true: consumed. Not for keys that the open drop list gets.
   [[nodiscard]] bool OnKey(MdiKey key);
@@ -94,7 +93,7 @@ class MdiSession final : public ToolSession<MdiView> {
   void InstallMenus(const MDIDATA_ST& record) { menus_.Install(record, View().ListCount()); }
   void UpdateMenus() { menus_.Update(channels_.Current(), View().ListCount()); }
   void ShowInspectHint();
-  void ShowMessage(TextView text) { Host().HostShowMessage(tool_id::kMdi, text); }
+  void ShowMessage(TextView text) { Host().HostShowMessage(PNL_TOOL_MDI, text); }
   // Services at the edit and the list.
   void PasteCalcResult();
   std::intptr_t AskHelp();

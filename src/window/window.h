@@ -3,6 +3,8 @@
 // widget kit: the window classes decide how a window looks. window/qt implements it.
 #pragma once
 
+#include <pnltools/pnltools.h>
+
 #include <cstdint>
 #include <string_view>
 
@@ -13,21 +15,12 @@ namespace pnl {
 /// 0 is no window. A number is never used twice.
 using WindowHandle = std::int32_t;
 
+/// number is a PnlMessage or that of a registered name.
 struct Message {
   std::uint32_t number = 0;
   std::intptr_t first = 0;
   std::intptr_t second = 0;
 };
-
-/// The custom messages between host and tools.
-inline constexpr std::uint32_t kMsgCommand = 0x111;  // a soft key: first = the item's id
-inline constexpr std::uint32_t kMsgVariableReport = 0x700;
-inline constexpr std::uint32_t kMsgCycleStart = 0x800;
-inline constexpr std::uint32_t kMsgToolNotify = 0x801;
-inline constexpr std::uint32_t kMsgToolCommand = 0x802;
-inline constexpr std::uint32_t kMsgResultReady = 0x804;
-inline constexpr std::uint32_t kMsgHelpKey = 0x805;
-inline constexpr std::uint32_t kMsgExplorerEnded = 0x806;
 
 /// The number of a name, from 0xC000 up. A new name gets the next free number. The process has one registry. Returns 0
 /// for an empty name and when no number is left.

@@ -96,7 +96,7 @@ ZCCalc7340::Clock ZCCalc7340::SteadyClock() {
 }
 
 ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock)
-    : ToolWindowWith(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
+    : ToolWindowWith(PNL_TOOL_CALCULATOR, parent), context_(context), clock_(std::move(clock)) {
   const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);
@@ -167,11 +167,11 @@ bool ZCCalc7340::Compute(int milliseconds) {
 }
 
 std::intptr_t ZCCalc7340::OnMessage(const Message& message) {
-  static const std::uint32_t handleValue = RegisterMessage("TM_HANDLEVALUE");
+  static const std::uint32_t handleValue = RegisterMessage(PNL_NAME_HANDLE_VALUE);
   std::intptr_t answer = 0;
-  if (message.number == kMsgCommand) {
+  if (message.number == PNL_MSG_COMMAND) {
     Tell([&](CalcSession& session) { session.OnMenuCommand(static_cast<int>(message.first)); });
-  } else if (message.number == kMsgToolCommand) {
+  } else if (message.number == PNL_MSG_TOOL_COMMAND) {
     Tell([&](CalcSession& session) { answer = session.OnToolCommand(message.first); });
   } else if (message.number == handleValue) {
     Tell([](CalcSession& session) { session.OnHandleValue(); });

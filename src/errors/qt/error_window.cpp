@@ -56,7 +56,7 @@ QFont FontOf(const ErrorFont& font) {
 }  // namespace
 
 ZCErrorManager::ZCErrorManager(const ToolContext& context, QWidget* parent)
-    : ToolWindowWith(tool_id::kErrorManager, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
+    : ToolWindowWith(PNL_TOOL_ERRORS, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   MakeControls();
@@ -113,11 +113,11 @@ std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
   static const std::uint32_t helpEnded = RegisterMessage(PNL_NAME_ERROR_HELP_ENDED);
   std::intptr_t answer = 0;
   session_.Tell([&](ErrorSession& session) {
-    if (message.number == kMsgVariableReport) {
+    if (message.number == PNL_MSG_VARIABLE_REPORT) {
       session.OnReport(message.first, message.second);
-    } else if (message.number == kMsgToolNotify) {
+    } else if (message.number == PNL_MSG_TOOL_NOTIFY) {
       session.OnToolNotify(message.first, message.second);
-    } else if (message.number == kMsgHelpKey) {
+    } else if (message.number == PNL_MSG_HELP_KEY) {
       answer = session.ShowHelp() ? 1 : 0;
     } else if (message.number == helpEnded) {
       session.HelpEnded();

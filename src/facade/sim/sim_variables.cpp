@@ -240,7 +240,7 @@ void SimVariables::CallWatchers(Entry& entry) {
 }
 
 void SimVariables::Post(const Entry& entry, WindowHandle window) {
-  windows_.Post(window, {kMsgVariableReport, entry.identifier, 0});
+  windows_.Post(window, {PNL_MSG_VARIABLE_REPORT, entry.identifier, 0});
 }
 
 }  // namespace pnl::sim

@@ -44,7 +44,7 @@ std::optional<MdiKey> LogicKey(int key) {
 }  // namespace
 
 ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
-    : ToolWindowWith(tool_id::kMdi, parent),
+    : ToolWindowWith(PNL_TOOL_MDI, parent),
       context_(context),
       edit_(new MdiEdit(kEditId, this)),
       list_(new ListBox(kListId, this)),
