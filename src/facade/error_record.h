@@ -79,6 +79,24 @@ struct ErrorField {
   Kind kind;
 };
 
+/// Values of the field kSource. All sources that aren't here are further parts of the kernel.
+namespace error_source {
+inline constexpr std::int32_t kKernel = 0;
+inline constexpr std::int32_t kProgram = 1;
+inline constexpr std::int32_t kPreparation = 2;
+inline constexpr std::int32_t kPartner = 3;
+inline constexpr std::int32_t kScript = 9;
+inline constexpr std::int32_t kPlc = 10;
+inline constexpr std::int32_t kTextBelow = 11;
+inline constexpr std::int32_t kTextAlone = 12;
+inline constexpr std::int32_t kDrive = 13;
+inline constexpr std::int32_t kUnknownDrive = 14;
+inline constexpr std::int32_t kOwnText = 15;
+inline constexpr std::int32_t kMechatrolink = 16;
+inline constexpr std::int32_t kFieldBus = 17;
+inline constexpr std::int32_t kCanOpen = 19;
+}  // namespace error_source
+
 namespace error_field {
 inline constexpr ErrorField kModule{"module", 0, 12, ErrorField::Kind::kText};
 inline constexpr ErrorField kSource{"source", 12, 4, ErrorField::Kind::kInt32};
@@ -114,6 +132,10 @@ inline constexpr std::size_t kExtraValuesOffset = 3904;
 inline constexpr std::size_t kExtraValueCount = 4;
 static_assert(kParametersOffset + kParameterCount * sizeof(ErrorParameter) == kExtraValuesOffset);
 static_assert(kExtraValuesOffset + kExtraValueCount * sizeof(ErrorValue) <= sizeof(ErrorRecord));
+/// An emergency of CANopen has its code, a 32-bit number, in the value of the last parameter.
+inline constexpr std::size_t kEmergencyCodeOffset =
+    kParametersOffset + (kParameterCount - 1) * sizeof(ErrorParameter) + offsetof(ErrorParameter, value);
+static_assert(kEmergencyCodeOffset == 3384);
 }  // namespace error_field
 
 /// The record that Utilities::ErrorText fills.

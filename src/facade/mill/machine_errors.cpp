@@ -144,7 +144,7 @@ TextView Wording(FaultCode code, MachineLanguage language) {
 ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language) {
   const std::int32_t number = FaultNumber(fault.code);
   const std::optional<Diagnosis> diagnosis = DiagnosisOf(fault);
-  RecordMaker maker(diagnosis ? record_source::kBlock : record_source::kKernel, number, severity::kError, u"NC");
+  RecordMaker maker(diagnosis ? error_source::kPreparation : error_source::kKernel, number, severity::kError, u"NC");
   if (diagnosis) PutDiagnosis(maker, *diagnosis, block);
   if (!fault.word.empty()) maker.Parameter(parameter_meaning::kValue, fault.word);
   for (const FaultFact& fact : fault.facts) PutFact(maker, fact, fault.inches);

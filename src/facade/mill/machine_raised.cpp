@@ -26,13 +26,13 @@ struct RaisedFault {
 };
 // clang-format off
 constexpr std::array kFaults{
-    RaisedFault{Raised::kDoorOpen,     record_source::kPlc,     5012, severity::kError,   u"PLC"},
-    RaisedFault{Raised::kDriveWarning, record_source::kDrive,   6101, severity::kWarning, u"DRV"},
-    RaisedFault{Raised::kDriveFault,   record_source::kDrive,   6201, severity::kError,   u"DRV"},
-    RaisedFault{Raised::kBusFault,     record_source::kCanOpen, 6301, severity::kError,   u"BUS"},
-    RaisedFault{Raised::kProgramLine,  record_source::kProgram, 1101, severity::kError,   u"NC"},
-    RaisedFault{Raised::kConfirm,      record_source::kKernel,  3753, severity::kError,   u"NC"},
-    RaisedFault{Raised::kFatal,        record_source::kKernel,  2001, severity::kFatal,   u"KRN"},
+    RaisedFault{Raised::kDoorOpen,     error_source::kPlc,     5012, severity::kError,   u"PLC"},
+    RaisedFault{Raised::kDriveWarning, error_source::kDrive,   6101, severity::kWarning, u"DRV"},
+    RaisedFault{Raised::kDriveFault,   error_source::kDrive,   6201, severity::kError,   u"DRV"},
+    RaisedFault{Raised::kBusFault,     error_source::kCanOpen, 6301, severity::kError,   u"BUS"},
+    RaisedFault{Raised::kProgramLine,  error_source::kProgram, 1101, severity::kError,   u"NC"},
+    RaisedFault{Raised::kConfirm,      error_source::kKernel,  3753, severity::kError,   u"NC"},
+    RaisedFault{Raised::kFatal,        error_source::kKernel,  2001, severity::kFatal,   u"KRN"},
 };
 
 // The PLC's texts are shown with their separator, so it is a blank.

@@ -11,16 +11,6 @@
 
 namespace pnl::sim {
 
-/// The subsystems of the mill that raise records.
-namespace record_source {
-inline constexpr std::int32_t kKernel = 0;
-inline constexpr std::int32_t kProgram = 1;
-inline constexpr std::int32_t kBlock = 2;
-inline constexpr std::int32_t kPlc = 10;
-inline constexpr std::int32_t kDrive = 13;
-inline constexpr std::int32_t kCanOpen = 19;
-}  // namespace record_source
-
 namespace severity {
 inline constexpr std::uint16_t kWarning = 0;
 inline constexpr std::uint16_t kError = 1;
