@@ -2,6 +2,12 @@
 // A tree flattened for the machine: a straight list of instructions whose operands are addresses (variables of the
 // store, constants and intermediate values of the program), so that an operator costs one instruction and a leaf none.
 // At most one solver, whose operand is a range of the same list. Made by Flatten, run by ExprMachine.
+//
+// What goes beyond that, and how many times as long bench_calc takes without it (formula, integral, long integral):
+// - Angles in radians are not multiplied by a factor of 1: 1.12, 1.09, 1.14.
+// - A divisor is looked at beforehand only where the left side has effects: 1.29, 1.09, 1.21.
+// - The four operations are done in the machine's loop and not by a call: 1.22, 1.31, 1.31.
+// - So is the step to an integral's next place: 1.00, 1.14, 1.14.
 #pragma once
 
 #include <array>
