@@ -7,7 +7,7 @@
 // - Angles in radians are not multiplied by a factor of 1: 1.12, 1.09, 1.14.
 // - A divisor is looked at beforehand only where the left side has effects: 1.29, 1.09, 1.21.
 // - The four operations are done in the machine's loop and not by a call: 1.22, 1.31, 1.31.
-// - So is the step to an integral's next place: 1.00, 1.14, 1.14.
+// - So is the step to an integral's next place: 1.14 for the integral.
 #pragma once
 
 #include <array>
