@@ -84,6 +84,20 @@ ErrorValue ExtraValue(std::int32_t type, T value) {
   return extra;
 }
 
+/// The kernel's queue, and the texts of some errors.
+inline void DefineErrors(rig::CncControl& cnc) {
+  for (const char16_t* name : {u"E.NERRORS", u"E.ERRORPRI"}) {
+    cnc.Define(name, rig::VariableType::kInt, std::int64_t{0}, true, true);
+  }
+  for (const int number : {1000, 1001, 1002, 2000, 201, 3753}) {
+    cnc.ErrorText("error_to_txt", number, u"|fault " + FromUtf8(std::to_string(number)), u"", false);
+  }
+}
+
+inline void PushRecord(rig::CncControl& cnc, const ErrorRecord& record) {
+  cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+}
+
 class ErrorFixture : public SimFixture {
  protected:
   ErrorFixture() {
