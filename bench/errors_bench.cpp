@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Composing one error record with five parameters, beside the same lines written with std::snprintf, which knows
-// neither units nor words by number nor 16-bit text. Prints the time and how often each of the two asks for memory.
+// Composes one error record with five parameters, beside the same lines written with std::snprintf, which knows no
+// units, no words by number and no 16-bit text. Prints the time and the number of allocations of each.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A file of confirmed expressions of any bytes is read and stored: what is stored reads back the same, row for row, and
-// storing it once more changes nothing.
-#include "calc/calc_history.h"
+// Reads any bytes as the calculator's history file and stores the rows. The stored file must read back the same rows,
+// and storing them once more must change nothing.
+#include "calc/calc_storage.h"
 
 #include "fuzz_check.h"
 #include "fuzz_utilities.h"
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   pnl::fuzz::MemoryFiles files;
   pnl::fuzz::PathUtilities utilities;
   files.content[path] = std::string(reinterpret_cast<const char*>(data), size);
-  // Short reads for some inputs, as a slow disc gives them.
+  // Some inputs are read in short pieces, as from a slow disc.
   if (size % 3 == 1) files.piece = 7;
 
   CalcHistory history(files, utilities);

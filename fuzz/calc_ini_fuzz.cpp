@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The calculator's settings out of an ini file of any bytes: read, stored into both copies and read again from either
-// they are the same, and so is every other key.
+// Reads the calculator's settings from any bytes as an ini file and stores them into both copies. Read again from
+// either copy they must be the same, and every other key must keep its value.
 #include "base/ini_file.h"
-#include "calc/calc_settings.h"
+#include "calc/calc_storage.h"
 #include "fuzz_check.h"
 #include "fuzz_utilities.h"
 #include "memory_files.h"
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FUZZ_CHECK(settings.top >= -kFarthest && settings.top <= kFarthest);
   CIniFile before(files);
   before.ReadIniFile(users);
-  // Half a surrogate pair, which UTF-16 can bring, is U+FFFD once it was stored.
+  // UTF-16 can contain half a surrogate pair. It becomes U+FFFD when it is stored.
   before.Parse(before.Serialize());
   static_cast<void>(pnl::SaveCalcSettings(files, utilities, settings, loaded));
   CIniFile after(files);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The panel's utilities for fuzz targets: folders by path id, a drive's status as told, nothing else.
+// The panel's utilities for fuzz targets: a folder for each path id, a settable drive status, and nothing else.
 #pragma once
 
 #include "base/format.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files in memory for fuzz targets: no disc, no drive map, every path is a name. Reads come in short pieces when told
-// so, as a slow disc may give them.
+// Files in memory for fuzz targets: no disc, no drive map, any path is a name. Reads can come in short pieces, as from
+// a slow disc.
 #pragma once
 
 #include <algorithm>
@@ -38,7 +38,7 @@ class MemoryReader final : public FileReader {
 class MemoryFiles final : public Files {
  public:
   std::map<Text, std::string> content;
-  /// The most that one read gives.
+  /// The most bytes that one read returns.
   std::size_t piece = 1u << 20;
 
   FileInfo Query(TextView path) const override {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array<std::uint32_t, kErrorClasses> kColors = {0x0000A0, 0x0000A0, 0x648064, 0x806480, 0x806480};
 
-/// The error after which the control can't go on; it closes the panel.
+/// The control can't go on after this error, and it closes the panel.
 constexpr std::int32_t kClosingError = 201;
 
 std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
@@ -50,7 +50,7 @@ int ErrorDesk::Standing() const {
 
 void ErrorDesk::CallWindow() {
   const QScopedValueRollback called(called_, true);
-  // The word that ends the help shows the window in any case.
+  // The tool shows its window when it hears that the help has ended, whether or not there was any.
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered(PNL_NAME_ERROR_HELP_ENDED), 0, 0);
 }
 
@@ -64,15 +64,15 @@ bool ErrorDesk::BringBack() {
 }
 
 void ErrorDesk::Acknowledge() {
-  // A script's own tool is the script's to command.
+  // Only the script commands a tool that a script has loaded.
   if (!session_.Reacting() || !HasTool()) return ClearAll();
   if (!WindowShown()) {
-    // A help whose error has gone has nothing to lead back to.
+    // When no error is left, there is no window to return to, and the help goes.
     if (!BringBack()) OnErrorsGone();
     return;
   }
   session_.BringToFront(PNL_TOOL_ERRORS);
-  // Escape, never Enter: an error that must be confirmed is confirmed by hand, in its window.
+  // Escape, not Enter: Enter would confirm an error, and the operator must confirm it himself in its window.
   QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
   auto* window = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
   if (window != nullptr) QCoreApplication::sendEvent(window, &escape);
@@ -93,7 +93,7 @@ void ErrorDesk::CloseHelp() {
 void ErrorDesk::AnswerClose(bool yes) {
   if (!asksToClose_) return;
   asksToClose_ = false;
-  // The tool asks every few seconds: who said no is asked again only when there is a new reason.
+  // The tool repeats its question every few seconds. After a no it is shown again only for a new reason.
   closeRefused_ = !yes;
   if (yes) emit CloseWanted();
   emit Changed();
@@ -107,7 +107,7 @@ void ErrorDesk::OnShowError(const QVariantMap& line) {
 }
 
 void ErrorDesk::OnWindowOpening() {
-  // The help takes the place of the window and is never beside it.
+  // The help replaces the window; the two are never shown together.
   OnErrorsGone();
   if (!called_) emit WindowCame();
 }

@@ -14,7 +14,7 @@ HostSession* current = nullptr;
 
 QString FromText(const char16_t* text) { return text == nullptr ? QString() : QString::fromUtf16(text); }
 
-/// A record's text ends at its terminator or at the end of its field, whichever comes first.
+/// The text in a record's field, up to the terminator or to the end of the field.
 template <std::size_t N>
 QString FromField(const char16_t (&field)[N]) {
   const auto* end = std::find(std::begin(field), std::end(field), u'\0');
@@ -43,12 +43,12 @@ const std::array<const char*, kSlotCount> kSlotNames = {"HostMayOpenTool",
                                                         "HostOpenCalculator",
                                                         "HostOpenMachiningCalculator"};
 
-/// The nineteen callbacks: plain functions, so each finds the one session and tells it what came.
+/// The nineteen callbacks. They are plain functions, so each finds the one session and passes the call on.
 struct HostCallbacks {
   static int Tell(int slot, QVariantList args = {}) {
     if (current == nullptr) return 0;
     current->OnCall({slot, std::move(args)});
-    // The session may have gone while its listeners were at work.
+    // A listener may have destroyed the session.
     return current == nullptr ? 0 : current->ReturnOf(slot);
   }
 
@@ -167,12 +167,12 @@ void HostSession::DestroyTool(PnlWindow window) {
   if (it == loaded_.end()) return;
   const int tool = it->first;
   loaded_.erase(it);
-  // A window that goes away without a word has closed its tool all the same.
+  // A window that is destroyed without reporting it has closed its tool too.
   if (ToolWindow(tool) == 0) KeepToolState(tool, false);
 }
 
 void HostSession::CloseAll() {
-  // A tool gets the chance to give its channel back before its window goes; code 5 asks for it whatever its state is.
+  // The command line gives its channel back before its window goes. The close command reaches it in every state.
   constexpr int kChannel = 1;
   const auto loaded = loaded_;
   for (const auto& [tool, window] : loaded) {
@@ -207,11 +207,12 @@ void HostSession::FocusWithin(PnlWindow window) {
   const QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == widget || widget->isAncestorOf(focused))) return;
   QWidget* last = widget->focusWidget();
-  // A control that can't take the keyboard now leaves it to its window.
+  // When the control can't take the keyboard now, its window does.
   if (last != nullptr && (!last->isVisible() || !last->isEnabled())) last = widget;
   auto* line = qobject_cast<QLineEdit*>(last);
   if (line == nullptr) return (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
-  // A tool may put the caret elsewhere on getting the focus; the operator goes on where he was.
+  // A tool may move the caret when the line gets the focus. The operator goes on where he was, so the caret is put
+  // back.
   const int caret = line->cursorPosition();
   const int start = line->selectionStart();
   const int length = line->selectionLength();
@@ -219,7 +220,7 @@ void HostSession::FocusWithin(PnlWindow window) {
   line->setFocus(Qt::OtherFocusReason);
   if (!alive) return;
   line->setCursorPosition(caret);
-  // What was marked from its end has the caret at its beginning.
+  // A selection that was made from right to left has the caret at its start.
   if (start >= 0) line->setSelection(caret == start ? start + length : start, caret == start ? -length : length);
 }
 
@@ -227,7 +228,7 @@ HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& men
   for (auto tool = open_.rbegin(); tool != open_.rend(); ++tool) {
     const auto menu = menus.find(*tool);
     if (menu == menus.end()) continue;
-    // A tool that cleared its bar leaves it to the panel, not to the tool behind.
+    // When a tool has cleared its bar, the panel gets it, not the next open tool.
     if (PnlMenuItemCount(menu->second) < 0) break;
     return {*tool, menu->second};
   }
@@ -264,10 +265,10 @@ void HostSession::KeepMessage(const QVariantMap& message) {
 }
 
 void HostSession::OnCall(const HostCall& call) {
-  // Whoever hears of the call may end the session.
+  // A listener may destroy the session.
   const QPointer<HostSession> alive(this);
   const auto first = [&call] { return call.args.value(0).toInt(); };
-  // What the host keeps stands before anybody hears of the call, so that a listener sees the new state.
+  // The session updates its state before it tells anybody, so that a listener sees the new state.
   switch (call.slot) {
     case PNL_SLOT_TOOL_OPENING:
       KeepToolState(first(), true);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a tool may reach, in one argument. LoadPNLTool makes it once for the library; a test makes its own with fakes.
+// Everything that a tool may use, in one argument. LoadPNLTool makes it once for the library; a test makes its own with
+// fakes.
 #pragma once
 
 #include "base/files.h"

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// How a tool survives the end of its window, for all tools. A callback of the host, a message or a message box may
-// destroy the window in the middle of an operation of the tool's logic. Then
+// The base of every tool's logic, which survives the end of the tool's window. A callback of the host, a message or a
+// message box may destroy the window in the middle of an operation of the logic. Then
 //
-// - the window's destructor calls ToolLink::End, and that the session's End;
+// - the window's destructor calls ToolLink::End, which calls the session's End;
 // - the session stays in memory until the operation has returned;
-// - the operation ends where it next asks for the view or the host: View() and Host() throw WindowGone, and the call
-//   that began the operation catches it. What the operation does before that (giving a channel back to the kernel,
+// - the operation ends where it next uses the view or the host: View() and Host() throw WindowGone, and RunOperation,
+//   which began the operation, catches it. Work that comes before that point (giving a channel back to the kernel,
 //   storing a file) is still done.
 //
-// So an operation does first what must not be left half done, and asks HasEnded only where it would otherwise begin
+// So an operation must first do the work that may not be left half done. It needs to ask HasEnded only before it begins
 // something that nobody would end. Knows no widget.
 #pragma once
 
@@ -19,14 +19,15 @@
 
 namespace pnl {
 
-/// Ends an operation of a session whose window is gone. It never leaves RunOperation.
+/// The exception that ends an operation of a session whose window is gone. It never leaves RunOperation.
 struct WindowGone {};
 
-/// Calls operation(session) and keeps the session alive until it returns. False when the session has ended, before the
-/// call or in it: then nothing of its window may be touched any more.
+/// Calls operation(session) and keeps the session alive until it returns. Returns false when the session ended before
+/// or during the call; the caller must not touch the window or its members after that.
 template <typename Session, typename Operation>
 bool RunOperation(const std::shared_ptr<Session>& session, Operation&& operation) {
-  const std::shared_ptr<Session> kept = session;
+  // A copy: the window's own pointer may go in the call.
+  const std::shared_ptr<Session> kept = session;  // NOLINT(performance-unnecessary-copy-initialization)
   if (kept == nullptr || kept->HasEnded()) return false;
   try {
     std::forward<Operation>(operation)(*kept);
@@ -36,7 +37,7 @@ bool RunOperation(const std::shared_ptr<Session>& session, Operation&& operation
   return !kept->HasEnded();
 }
 
-/// The base of a tool's logic. Made as a shared object, by the window's ToolLink.
+/// The base of a tool's logic. The window's ToolLink makes it as a shared object.
 template <typename ToolView>
 class ToolSession : public std::enable_shared_from_this<ToolSession<ToolView>> {
  public:
@@ -62,11 +63,11 @@ class ToolSession : public std::enable_shared_from_this<ToolSession<ToolView>> {
   [[nodiscard]] const ToolContext& Context() const { return context_; }
   [[nodiscard]] Kernel& Kapi() const { return context_.cnc.Kapi(); }
 
-  /// From now on View and Host end the operation that asks for them. A second call does nothing.
+  /// Marks the session as ended: from now on View and Host throw. A second call does nothing.
   void MarkEnded() { ended_ = true; }
 
-  /// The call as an operation of its own, for whoever calls later: a timer, a thread's answer. It does nothing once the
-  /// session has ended or is gone. Not in a constructor.
+  /// Wraps a function for a later call, by a timer or with a thread's result. The later call runs it as an operation of
+  /// its own, and does nothing when the session has ended or is gone. Must not be called in a constructor.
   template <typename Operation>
   [[nodiscard]] auto Later(Operation operation) {
     return [weak = this->weak_from_this(), operation = std::move(operation)](auto&&... args) {
@@ -80,7 +81,7 @@ class ToolSession : public std::enable_shared_from_this<ToolSession<ToolView>> {
   bool ended_ = false;
 };
 
-/// How a window has its session.
+/// A window's link to its session.
 template <typename Session>
 class ToolLink {
  public:
@@ -88,8 +89,8 @@ class ToolLink {
   void Make(Args&&... args) {
     session_ = std::make_shared<Session>(std::forward<Args>(args)...);
   }
-  /// RunOperation with the session. False also before Make. After false nothing of the window may be touched, this
-  /// object included.
+  /// Calls RunOperation with the session. Also returns false before Make. When it returns false, the caller must not
+  /// touch the window any more, nor this object.
   template <typename Operation>
   bool Tell(Operation&& operation) const {
     return RunOperation(session_, std::forward<Operation>(operation));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the logic of every tool asks of its window; each tool's own view adds the rest. ToolWindowWith implements it on
-// Qt.
+// What the logic of every tool needs from its window. Each tool's own view adds the rest. ToolWindowWith implements it
+// on Qt.
 #pragma once
 
 #include "window/window.h"
@@ -19,16 +19,16 @@ class ToolView {
   virtual ~ToolView() = default;
 
   [[nodiscard]] virtual WindowHandle Handle() const = 0;
-  /// The client area of the parent in pixels, from its left top corner. Empty without a parent.
+  /// The client area of the parent in pixels, measured from the parent's top left corner. Empty without a parent.
   [[nodiscard]] virtual Rect ParentClientRect() const = 0;
   /// True when the window is on the screen: neither it nor a window around it is hidden.
   [[nodiscard]] virtual bool IsVisible() const = 0;
   virtual void Show() = 0;
-  /// Gives up the focus first, so that it doesn't wander to another control of the panel.
+  /// Gives up the focus first, so that it doesn't move to another control of the panel, then hides the window.
   virtual void Hide() = 0;
-  /// In front of the other windows of the panel.
+  /// Brings the window in front of the other windows of the panel.
   virtual void BringToTop() = 0;
-  /// The window and its controls give up the focus; nobody else gets it.
+  /// Takes the focus from the window and its controls. No other widget gets it.
   virtual void ClearFocus() = 0;
 };
 

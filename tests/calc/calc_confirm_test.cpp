@@ -90,7 +90,7 @@ TEST_F(CalcConfirmTest, EnterOnAnEmptyLineRecallsTheResultInItsOwnNotation) {
   Confirm("255");
   Key(CalcKey::kEnter);
   EXPECT_EQ(LineNow(), "$FF");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   EXPECT_EQ(Status(), "Value : $FF");
 }
 

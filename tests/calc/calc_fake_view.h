@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
-// A window of the calculator without a window: keeps what the logic set, tells it of changes of the line as the real
-// one does, moves rows, selection and focus as the real controls do, and writes every order into the log. Once it is
+// A window of the calculator without a window: keeps what the logic set, reports changes of the line as the real one
+// does, moves rows, selection and focus as the real controls do, and writes every order into the log. Once it is
 // closing only what is saved may be asked of it, and once it is dead nothing at all.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "calc/calc_ids.h"
-#include "calc/calc_session.h"
+#include "calc/calc_view.h"
 
 namespace pnl::test {
 
@@ -31,7 +32,7 @@ class FakeCalcView final : public CalcView {
 
   enum class Focus { kElsewhere, kLine, kList, kVariables };
 
-  CalcSession* session = nullptr;
+  std::function<void()> onLineChanged;
   bool closing = false;
   bool dead = false;
   Rect parent{0, 0, 800, 600};
@@ -47,7 +48,7 @@ class FakeCalcView final : public CalcView {
   std::map<int, int> icons;
   Text line;
   int limit = 32767;  // of what is typed
-  CalcSelection selection;
+  TextSelection selection;
   Text result;
   Text status;
   Text note;
@@ -86,6 +87,8 @@ class FakeCalcView final : public CalcView {
     focus = Focus::kElsewhere;
   }
   void BringToTop() override { Order("top"); }
+  [[nodiscard]] bool IsVisible() const override { return Asked(), visible; }
+  void ClearFocus() override { Order("clear focus"); }
   void Destroy() override { Order("destroy"), closing = true; }
   void ClosePanel() override { Order("close panel"); }
   void SetTitle(TextView text) override { Order("title " + ToUtf8(text)), title = text; }
@@ -128,10 +131,10 @@ class FakeCalcView final : public CalcView {
     selection = {};
     if (line == text) return;
     line = text;
-    if (session != nullptr) session->OnLineChanged();
+    if (onLineChanged) onLineChanged();
   }
-  [[nodiscard]] CalcSelection LineSelection() const override { return Asked(), selection; }
-  void SetLineSelection(CalcSelection wanted) override {
+  [[nodiscard]] TextSelection LineSelection() const override { return Asked(), selection; }
+  void SetLineSelection(TextSelection wanted) override {
     Order("caret " + std::to_string(wanted.start) +
           (wanted.end == wanted.start ? "" : "-" + std::to_string(wanted.end)));
     const int size = static_cast<int>(line.size());

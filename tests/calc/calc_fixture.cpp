@@ -103,53 +103,40 @@ CalcRig::~CalcRig() {
 void CalcRig::MakeTool() {
   DestroyTool();
   view = std::make_unique<FakeCalcView>(log);
-  session = std::make_unique<CalcSession>(context, *view, 0);
-  view->session = session.get();
+  session = std::make_shared<CalcSession>(context, *view, 0);
+  view->onLineChanged = [this] { LineChanged(); };
 }
 
 void CalcRig::DestroyTool() {
-  if (!session) return;
+  const std::shared_ptr<CalcSession> ending = std::exchange(session, nullptr);
+  if (!ending) return;
   view->closing = true;
-  session->OnDestroyed();
+  ending->End();
   view->dead = true;
-  view->session = nullptr;
-  session.reset();
-}
-
-template <typename Intention>
-auto CalcRig::Tell(Intention intention) {
-  struct Way {
-    explicit Way(CalcRig& rigOfIt) : rig(rigOfIt) { ++rig.depth_; }
-    ~Way() {
-      if (--rig.depth_ == 0) rig.EndClosed();
-    }
-    CalcRig& rig;
-  } const way(*this);
-  // The session may be destroyed on the way.
-  return intention(*session);
 }
 
 void CalcRig::Open() {
   Tell([](CalcSession& tool) { tool.Open(); });
 }
 
-void CalcRig::EndClosed() {
-  if (!session || !view->closing || view->dead) return;
-  session->OnDestroyed();
-  view->dead = true;
-}
-
 bool CalcRig::Key(CalcKey key, bool ctrl) {
   const bool walking = !ctrl && (key == CalcKey::kUp || key == CalcKey::kDown);
-  if (Tell([=](CalcSession& tool) { return tool.OnKey(key, ctrl); })) return true;
-  if (!walking || !session->IsListOpen()) return false;
+  bool consumed = false;
+  bool listOpen = false;
+  Tell([&](CalcSession& tool) {
+    consumed = tool.OnKey(key, ctrl);
+    listOpen = tool.IsListOpen();
+  });
+  if (consumed || !walking || !listOpen) return consumed;
   view->Walk(key == CalcKey::kDown);
   SelectInList();
   return false;
 }
 
 bool CalcRig::Character(char16_t character) {
-  return Tell([=](CalcSession& tool) { return tool.OnCharacter(character); });
+  bool taken = false;
+  Tell([&](CalcSession& tool) { taken = tool.OnCharacter(character); });
+  return taken;
 }
 
 void CalcRig::Button(int id) {
@@ -161,11 +148,17 @@ void CalcRig::Menu(int id) {
 }
 
 std::intptr_t CalcRig::Command(std::intptr_t request) {
-  return Tell([=](CalcSession& tool) { return tool.OnToolCommand(request); });
+  std::intptr_t answer = 0;
+  Tell([&](CalcSession& tool) { answer = tool.OnToolCommand(request); });
+  return answer;
 }
 
 void CalcRig::HandleValue() {
   Tell([](CalcSession& tool) { tool.OnHandleValue(); });
+}
+
+void CalcRig::LineChanged() {
+  Tell([](CalcSession& tool) { tool.OnLineChanged(); });
 }
 
 void CalcRig::PressLine() {
@@ -194,7 +187,7 @@ void CalcRig::Type(const std::string& text) {
     const int room = view->limit - static_cast<int>(view->line.size());
     if (room + (view->selection.end - view->selection.start) <= 0) continue;
     Text line = view->line;
-    const CalcSelection at = view->selection;
+    const TextSelection at = view->selection;
     line.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.end - at.start), 1, c);
     view->Replace(line);
     // Whoever refused the change has put the caret where it belongs.

@@ -32,7 +32,14 @@ class CalcRig {
   /// The window goes, whoever destroys it.
   void DestroyTool();
 
-  // Intentions of the window. When the outermost one is over and has closed the window, the session ends as well.
+  /// Calls an intention as the window does. When the outermost one is over and has closed the window, that goes.
+  template <typename Intention>
+  void Tell(Intention intention) {
+    ++depth_;
+    RunOperation(session, intention);
+    if (--depth_ == 0 && view->closing) view->dead = true;
+  }
+  // Intentions of the window.
   /// False is a key that the focused control has got: Up and Down have moved the open list then.
   bool Key(CalcKey key, bool ctrl = false);
   bool Character(char16_t character);
@@ -40,6 +47,7 @@ class CalcRig {
   void Menu(int id);
   std::intptr_t Command(std::intptr_t request);
   void HandleValue();
+  void LineChanged();
   void PressLine();
   void SelectInList();
   void DoubleClickList();
@@ -85,21 +93,18 @@ class CalcRig {
   MenuHandle mainMenu = 0;
   MenuHandle sideMenu = 0;
   std::unique_ptr<FakeCalcView> view;
-  std::unique_ptr<CalcSession> session;
+  std::shared_ptr<CalcSession> session;
   std::function<void(const std::string&)> onHostCall;  // after it was logged
 
   static CalcRig* current;
 
  private:
-  template <typename Intention>
-  auto Tell(Intention intention);
-  void EndClosed();
   int depth_ = 0;  // intentions that are under way
 };
 
 class CalcTest : public testing::Test, public CalcRig {};
 
-/// A calculator that stands open with an empty log.
+/// A calculator that is open, with an empty log.
 class OpenCalcTest : public CalcTest {
  protected:
   OpenCalcTest() {

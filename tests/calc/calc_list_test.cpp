@@ -165,7 +165,7 @@ TEST_F(CalcListTest, EnterClosesItWithTheRow) {
   log.clear();
   EXPECT_TRUE(Key(CalcKey::kEnter));
   EXPECT_EQ(LineNow(), "2+2");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
   ExpectShown(false);
   EXPECT_THAT(Rows(), ElementsAre("1+1", "2+2", "3+3")) << "nothing was confirmed";
@@ -197,7 +197,7 @@ TEST_F(CalcListTest, WithoutSelectionTheLineKeepsItsText) {
   Key(CalcKey::kUp);
   Key(CalcKey::kEnter);
   EXPECT_EQ(LineNow(), "abc");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
 }
 
 TEST_F(CalcListTest, AnEmptyListKeepsTheLinesText) {
@@ -212,7 +212,7 @@ TEST_F(CalcListTest, EscapeAndTheButtonGiveTheLineBack) {
   Pick({1});
   EXPECT_TRUE(Key(CalcKey::kEscape));
   EXPECT_EQ(LineNow(), "abc");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   ExpectShown(false);
   EXPECT_THAT(Asked(), IsEmpty()) << "the host was not asked to close";
   Button(calc_id::kOpenList);

@@ -234,11 +234,11 @@ TEST_F(CalcLongTest, ClosingDropsWhateverRuns) {
 TEST_F(CalcLongTest, TwoToolsDoNotUndoEachOthersVariables) {
   Confirm(kLongAssigning);
   FakeCalcView otherView(log);
-  CalcSession other(context, otherView, 0);
-  otherView.session = &other;
-  other.Open();
+  const auto other = std::make_shared<CalcSession>(context, otherView, 0);
+  otherView.onLineChanged = [&] { RunOperation(other, [](CalcSession& tool) { tool.OnLineChanged(); }); };
+  RunOperation(other, [](CalcSession& tool) { tool.Open(); });
   otherView.Replace(u"E=3");
-  other.OnKey(CalcKey::kEnter, false);
+  RunOperation(other, [](CalcSession& tool) { tool.OnKey(CalcKey::kEnter, false); });
   WorkToTheEnd();
   EXPECT_EQ(Variable('E'), 3);
   EXPECT_EQ(Variable('C'), 8);

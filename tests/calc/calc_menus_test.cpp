@@ -98,7 +98,7 @@ TEST_F(CalcMenusTest, ACommandOfTheRangeThatNamesNothingPutsTheCaretAtTheStart) 
   Line("1+2");
   Menu(32815);
   EXPECT_EQ(LineNow(), "1+2");
-  EXPECT_EQ(view->selection, (CalcSelection{0, 0}));
+  EXPECT_EQ(view->selection, (TextSelection{0, 0}));
 }
 
 TEST_F(CalcMenusTest, OtherIdsDoNothing) {
@@ -106,7 +106,7 @@ TEST_F(CalcMenusTest, OtherIdsDoNothing) {
   log.clear();
   for (const int id : {0, -1, 1, 32700, 32780, 32782, 32822, 99999}) Menu(id);
   EXPECT_THAT(log, IsEmpty());
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
 }
 
 TEST_F(CalcMenusTest, WithoutMenuInTheLanguageTheBarsAreCleared) {

@@ -115,7 +115,7 @@ class CalcRandomTest : public testing::TestWithParam<unsigned>, public CalcRig {
     EXPECT_EQ(Item(calc_id::kMenuCompact)->checked, view->height == 87);
     const bool saysSo = Status() == "Confirming" || Status() == "Computing";
     EXPECT_TRUE(!saysSo || session->IsComputing());
-    if (!session->IsComputing() && view->line.empty() && !history && view->selection == CalcSelection{}) {
+    if (!session->IsComputing() && view->line.empty() && !history && view->selection == TextSelection{}) {
       EXPECT_TRUE(Status() == "Empty" || Status().starts_with("Failed: ")) << Status();
     }
   }

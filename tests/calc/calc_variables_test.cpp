@@ -49,7 +49,7 @@ TEST_F(CalcVariablesTest, EnterWritesTheNameAtTheCaret) {
   view->variable = 1;
   EXPECT_TRUE(Key(CalcKey::kEnter));
   EXPECT_EQ(LineNow(), "1+C*3");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
   EXPECT_FALSE(IsOpen());
   EXPECT_EQ(Status(), "Value : 7");

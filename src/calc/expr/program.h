@@ -28,18 +28,9 @@ enum class ExprOp : std::uint8_t {
   kSubtract,
   kMultiply,
   kDivide,
-  kAddTop,  // these six: the value of the operation before in place of a, or of b where the name says so
-  kSubtractTop,
-  kSubtractFromTop,
-  kMultiplyTop,
-  kDivideTop,
-  kDivideByTop,
   kDivisor,  // fails when b is 0, ahead of a left side that must then not be evaluated
   kPercent,
   kPower,
-  kSquare,
-  kCube,
-  kFourth,
   kFactorial,
   kNegate,
   kOr,
@@ -103,8 +94,8 @@ struct ExprProgram {
 /// 180/pi, with pi as the language has it.
 [[nodiscard]] double DegreesPerRadian();
 
-/// Makes the program of a tree for one angle unit: angleScale is 1 for radians. Operations on constants that cannot
-/// fail are done here. The tree is one of a text that Compile takes.
+/// Makes the program of a tree for one angle unit: angleScale is 1 for radians. The tree is one of a text that Compile
+/// takes.
 void Flatten(const ExprNode& tree, CalcStore& store, double angleScale, ExprProgram& program);
 
 /// Appends one line an instruction; for people and tests.

@@ -35,7 +35,7 @@ constexpr std::array kFaults{
     RaisedFault{Raised::kFatal,        record_source::kKernel,  2001, severity::kFatal,   u"KRN"},
 };
 
-// The PLC's texts are shown with their separator, so theirs is a blank.
+// The PLC's texts are shown with their separator, so it is a blank.
 constexpr std::array kTexts{
     TableText{"ReadPLCError", 5012, u" Safety door open", u" Puerta de seguridad abierta", 5012},
     TableText{"warning_drive_to_txt", 6101, u"\nMotor of the axis too warm", u"\nMotor del eje demasiado caliente", 6101},
@@ -68,7 +68,7 @@ void PutSpot(RecordMaker& maker, const rig::ProgramSpot& spot) {
   maker.Put(error_field::kProgramPath, spot.folder);
   maker.Put(error_field::kProgramName, spot.file);
   maker.Put(error_field::kFilePosition, spot.position);
-  // In bytes of 16-bit text.
+  // The record counts the bytes of 16-bit text.
   const std::int32_t span = std::clamp(spot.span, 0, kWidestSpan);
   maker.Put(error_field::kFileSpan, static_cast<std::uint16_t>(2 * span));
 }

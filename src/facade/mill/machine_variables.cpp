@@ -10,13 +10,13 @@ namespace {
 
 constexpr TextView kSpindle = u"S";
 
-/// By the pattern of kVariableNames.
+/// The start value of the variable with that pattern in kVariableNames.
 struct StartValue {
   TextView pattern;
   int number;
 };
 
-/// All others start at 0 or with an empty text.
+/// All other variables start at 0 or with an empty text.
 constexpr StartValue kStartValues[] = {
     // The channel: ready, in manual mode, no inspection.
     {u"[%d].G.FULLSTATUS", 0x100},
@@ -28,7 +28,7 @@ constexpr StartValue kStartValues[] = {
     {u"DM.SFORMAT.WIDTH", 5},
     {u"DM.FFORMAT.WIDTH", 5},
     {u"DM.FFORMAT.PRECISION", 3},
-    // A mill in millimetres whose spindle can hold the cutting power.
+    // A mill in millimetres. Its spindle can control the cutting power.
     {u"DM.CNC.MODELID", 2},
     {u"DM.OPTION.DMC", 1},
     {u"DM.DMC.RATEDPOWER", 15},

@@ -13,11 +13,11 @@ namespace pnl::sim {
 
 namespace {
 
-constexpr std::int32_t kSourceWithCode = 3;  // two numbers stand in the place of the message text
+constexpr std::int32_t kSourceWithCode = 3;  // has two numbers in the place of the message text
 constexpr std::int32_t kSourceOfScript = 9;
 constexpr std::int32_t kSourceWithOwnText = 15;  // messageText is the title
 constexpr std::int32_t kSourceCanOpen = 19;
-/// The fifth parameter's value, where the code of an emergency stands.
+/// The offset of an emergency's code: the value of the fifth parameter.
 constexpr std::size_t kEmergencyCodeOffset = 3384;
 
 struct TableOfSource {
@@ -54,7 +54,7 @@ Text OwnText(const ErrorRecord& record, std::int32_t source) {
   return WithoutLeadingLineFeed(FieldOf(record, field));
 }
 
-/// The text that the table of the record's source has for its number.
+/// The text for the record's number in the table of its source; null when there is none.
 const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
   const bool warning = record.Get<std::uint16_t>(error_field::kSeverity.offset) == 0;
   const auto* row = std::find_if(kTables.begin(), kTables.end(),
@@ -67,7 +67,7 @@ const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimE
 
 Text OperatorText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
   Text own = OwnText(record, source);
-  // Such a record says itself what happened, whatever the table has for its number.
+  // The text in such a record goes before the table's.
   const bool ownFirst = source == kSourceWithOwnText || source == kSourceOfScript;
   if (ownFirst && !own.empty()) return own;
   const Text* known = TableText(record, source, texts);
@@ -118,7 +118,7 @@ Text PlainValue(std::int32_t valueType, const unsigned char* bytes, std::size_t 
 rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t serial, const SimErrorTexts& texts) {
   rig::CncControl::ErrorSummary summary;
   summary.number = record.Get<std::int32_t>(error_field::kNumber.offset);
-  // A number that may be negative, no character.
+  // It is a number that may be negative, not a character.
   summary.channel = record.Get<std::int8_t>(error_field::kChannel.offset);  // NOLINT(bugprone-signed-char-misuse)
   summary.severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
   summary.errorClass = static_cast<rig::CncControl::ErrorClass>(ClassifyError(record));

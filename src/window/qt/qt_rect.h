@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rectangles between the library and Qt.
+// Converts rectangles between the library and Qt.
 #pragma once
 
 #include <QRect>

@@ -28,8 +28,8 @@ std::intptr_t MessageWindow::OnMessage(const Message&) { return 0; }
 bool MessageWindow::event(QEvent* event) {
   if (event->type() != PnlEvent::EventType()) return QWidget::event(event);
   auto* message = static_cast<PnlEvent*>(event);
-  // A handler may run an event loop in which the host's window, and this one with it, is destroyed. The destructor says
-  // so to the innermost handling, each handling to the one around it.
+  // A handler may run an event loop in which the host's window is destroyed, and this window with it. The destructor
+  // then sets the flag of the innermost handling, and each handling sets the flag of the one around it.
   bool gone = false;
   bool* const outer = std::exchange(gone_, &gone);
   ++depth_;
@@ -64,7 +64,7 @@ Rect ToolWindow::ParentArea() const {
 void ToolWindow::HideWithFocus() {
   const QPointer<ToolWindow> alive = this;
   DropFocus();
-  // Whoever follows the focus may have destroyed the window.
+  // A listener to focus changes may have destroyed the window.
   if (alive) hide();
 }
 

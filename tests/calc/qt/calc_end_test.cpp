@@ -3,6 +3,7 @@
 // operator had lies on the disc.
 #include "calc/expr/calc_store.h"
 #include "calc_stage.h"
+#include "support/deleting_host.h"
 
 namespace pnl::test {
 namespace {
@@ -145,6 +146,47 @@ TEST_P(CalcCallbackTest, TheHostMayEndItInEveryCallback) {
 
 INSTANTIATE_TEST_SUITE_P(Ways, CalcCallbackTest,
                          testing::Values(HowItEnds::kAtOnce, HowItEnds::kLater, HowItEnds::kWithItsParent));
+
+// Not what hands the result over: the host hears of that whoever deletes the window.
+TEST_F(CalcEndTest, TheHostMayDeleteItsParentInEveryCall) {
+  DeletingHost killer(table);
+  windows.SetBoxAnswerer([&](const BoxSpec&) {
+    killer.Called("box");
+    return BoxAnswer::kOk;
+  });
+  const auto renew = [this] {
+    delete area;
+    area = new QWidget(&panel);
+    area->setGeometry(20, 10, 800, 600);
+    area->show();
+    WindowRegistry::Instance().Attach(area, nullptr, nullptr);
+  };
+  const auto open = [&] {
+    renew();
+    // The shared texts are asked for anew, and so the box comes.
+    language.Use(BuiltPack());
+    Open();
+  };
+  const auto close = [&] {
+    Settle();
+    renew();
+    EXPECT_EQ(timers.Running(), 0u);
+    EXPECT_EQ(menus.Count(), 0u);
+    EXPECT_FALSE(windows.IsAlive(handle));
+  };
+  const auto menu = [this](int id) { return [this, id] { Menu(id); }; };
+  const auto key = [this](int id) { return [this, id] { Key(id); }; };
+  const auto calls = PlayWithEachCallFatal(
+      killer, {open,
+               {[this] { Write("1+2"); }, menu(calc_id::kMenuBase), key(Qt::Key_Return), key(Qt::Key_Down),
+                menu(calc_id::kMenuCompact), menu(calc_id::kMenuCompact), [this] { Touch(calc_id::kShowVariables); },
+                menu(calc_id::kMenuAngle), key(Qt::Key_Escape), key(Qt::Key_Escape), [this] { Command(20); }},
+               [this] { delete std::exchange(area, nullptr); },
+               close});
+  EXPECT_THAT(calls, testing::IsSupersetOf({"box", "HostToolOpening", "HostSetMainMenu", "HostSetSideMenu",
+                                            "HostUpdateMainMenu", "HostUpdateSideMenu", "HostToolWantsClose",
+                                            "HostToolClosed"}));
+}
 
 TEST_F(CalcEndTest, WhatTheOperatorHadIsSavedWhenTheHostEndsItInACallback) {
   Open();

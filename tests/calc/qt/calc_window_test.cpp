@@ -101,7 +101,7 @@ TEST_F(CalcWindowTest, AnOperatorWrapsASelectionMarkedByHand) {
   Line()->Select({0, 3});
   Touch(1021);
   EXPECT_EQ(LineText(), "Sqrt(2+3)*4");
-  EXPECT_EQ(Line()->Selection(), (CalcSelection{9, 9}));
+  EXPECT_EQ(Line()->Selection(), (TextSelection{9, 9}));
 }
 
 TEST_F(CalcWindowTest, TypedOperatorsFollowTheRulesOfTheKeys) {
@@ -194,6 +194,12 @@ TEST_F(CalcWindowTest, TabStaysInside) {
   EXPECT_EQ(Focus(), Line());
   Key(Qt::Key_Tab);
   EXPECT_EQ(Focus(), List());
+}
+
+TEST_F(CalcWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  ASSERT_EQ(Focus(), Line());
+  tool->hide();
+  EXPECT_EQ(Focus(), other);
 }
 
 TEST_F(CalcWindowTest, AltF4ClosesTheWholePanel) {

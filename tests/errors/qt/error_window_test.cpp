@@ -17,6 +17,20 @@ TEST_F(ErrorStage, StartsHiddenWithAllItsControls) {
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 710, 298));
 }
 
+TEST_F(ErrorStage, HasTheColourOfAnErrorBeforeTheFirstOne) {
+  Open();
+  EXPECT_EQ(tool->property("pnlBack").toUInt(), 0x0000A0u);
+  for (const int id : {1040, 1041, 1042, 1043, 1044, 1045}) EXPECT_EQ(BackOf(id), 0x0000A0u) << id;
+}
+
+TEST_F(ErrorStage, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  Open();
+  Push(RecordBuilder());
+  ASSERT_TRUE(tool->hasFocus());
+  tool->hide();
+  EXPECT_TRUE(other->hasFocus());
+}
+
 TEST_F(ErrorStage, AnErrorOpensTheWindowAndTakesTheKeys) {
   Open();
   other->setFocus();

@@ -398,6 +398,13 @@ TEST_F(MdiWindowTest, TabGoesRoundTheWindowsOwnControls) {
   EXPECT_EQ(Focus(), List());
 }
 
+TEST_F(MdiWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  Open();
+  ASSERT_EQ(Focus(), Edit());
+  tool->hide();
+  EXPECT_EQ(Focus(), other);
+}
+
 TEST_F(MdiWindowTest, TheListsFocusEndsAnEdit) {
   Disc("MDAC1.DAT", "G0\r\n");
   OpenMda();

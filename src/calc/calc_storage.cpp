@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "calc/calc_settings.h"
+#include "calc/calc_storage.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/format.h"
 #include "base/ini_file.h"
@@ -33,7 +34,7 @@ CalcSettings SettingsIn(CIniFile& ini) {
   return settings;
 }
 
-/// kept: what the session holds only because it couldn't look at this copy; null if it could.
+/// kept: what is in use only because this copy couldn't be looked at; null if it could.
 bool Write(Files& files, const Text& path, const CalcSettings& settings, const CalcSettings* kept) {
   CIniFile ini(files);
   // Without a file the object is empty; one that can't be read is refused by WriteIniFile.
@@ -49,6 +50,25 @@ bool Write(Files& files, const Text& path, const CalcSettings& settings, const C
 }
 
 }  // namespace
+
+// The history.
+
+Text CalcHistory::Path() const { return Format(u"%s\\%s", utilities_.Get7340Path(path_id::kCalcHistory), kName); }
+
+TextRows CalcHistory::Load() {
+  RowsRead read = ReadRows(files_, Path());
+  known_ = read.known;
+  added_.clear();
+  return std::move(read.rows);
+}
+
+bool CalcHistory::Save(const TextRows& rows) {
+  if (rows.empty()) return true;
+  const TextRows added = RowsOf(rows, added_);
+  return StoreRows(files_, Path(), known_, {rows, added}) == FileStatus::kOk;
+}
+
+// The settings.
 
 CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities) {
   CalcSettingsRead read;

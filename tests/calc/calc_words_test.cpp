@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The words of the status line, row by row.
-#include "calc/calc_preview.h"
+// The words of the status line and of the list of variables, row by row.
+#include "calc/calc_words.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +48,16 @@ TEST(CalcPreviewTest, PercentSignsInTextsAndLinesAreJustThat) {
   EXPECT_EQ(SyntaxStatus(odd, PreviewExtent::kLine, u"2%s#", 3), u"%d: 2%s< >#");
   EXPECT_EQ(ValueStatus(odd, PreviewExtent::kSelection, 1, number_base::kDecimal), u"%% 100% : 1");
   EXPECT_EQ(ConfirmFailureStatus(odd, u"(2%3)"), u"%s%n: (2%3)");
+}
+
+TEST(VariableRowsTest, OnlyWhatIsNotZeroHasARow) {
+  CalcStore store;
+  EXPECT_TRUE(VariableRows(store).empty());
+  store.Variables[1] = -0.5;
+  store.Variables[25] = 1e20;
+  store.Acc = 7;
+  const std::vector<VariableRow> rows = {{u"B", u"B = -0.5"}, {u"Z", u"Z = 1e+20"}, {u"ACC", u"ACC = 7"}};
+  EXPECT_EQ(VariableRows(store), rows);
 }
 
 }  // namespace

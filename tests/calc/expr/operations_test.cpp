@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "calc/expr/power.h"
-
-#include <random>
+// The power of the language.
+#include "calc/expr/operations.h"
 
 #include "calc/expr/expr_fixture.h"
 
@@ -98,38 +97,11 @@ TEST(Power, ExamplesThroughTheLanguage) {
   EXPECT_TRUE(std::isnan(*calc.Value(u"(-8)^0.4")));
 }
 
-/// Any bits, usual sizes, and numbers with few digits.
-double AnyNumber(std::mt19937_64& random) {
-  const std::uint64_t bits = random();
-  switch (random() % 4) {
-    case 0:
-      return std::bit_cast<double>(bits);
-    case 1:
-      return std::uniform_real_distribution<>(-1000, 1000)(random);
-    case 2:
-      return static_cast<double>(static_cast<std::int64_t>(bits >> 40)) / 64;
-    default:
-      return std::ldexp(1 + std::uniform_real_distribution<>()(random), static_cast<int>(bits % 400) - 200);
-  }
-}
-
-TEST(Power, SmallPowersAreWhatTheLibraryGives) {
-  // Read at run time: with a constant the compiler makes a product of the call.
-  volatile double two = 2;
-  volatile double three = 3;
-  volatile double four = 4;
-  std::mt19937_64 random(2);
-  for (int i = 0; i < 100000; ++i) {
-    const double a = AnyNumber(random);
-    ASSERT_TRUE(Same(std::pow(a, two), Square(a, two))) << std::hexfloat << a;
-    ASSERT_TRUE(Same(std::pow(a, three), Cube(a, three))) << std::hexfloat << a;
-    ASSERT_TRUE(Same(std::pow(a, four), Fourth(a, four))) << std::hexfloat << a;
-  }
-  for (const double a : {0.0, -0.0, 1.0, -1.0, kInfinity, -kInfinity, kNotANumber, 5e-324, 1.7e308, 1e-160, 1e154}) {
-    EXPECT_TRUE(Same(std::pow(a, two), Square(a, two))) << a;
-    EXPECT_TRUE(Same(std::pow(a, three), Cube(a, three))) << a;
-    EXPECT_TRUE(Same(std::pow(a, four), Fourth(a, four))) << a;
-  }
+TEST(Power, ASquareIsTheRoundedProduct) {
+  ExpectPowers({{-8, 2, 64}, {0.1, 2, 0.1 * 0.1}, {-0.0, 2, 0}, {1e200, 2, kInfinity}, {kNotANumber, 2, kNotANumber}});
+  Calc calc;
+  EXPECT_EQ(1.1 * 1.1, calc.Value(u"1.1^2"));
+  EXPECT_EQ(1.1 * 1.1, calc.Value(u"A=2;1.1^A"));
 }
 
 }  // namespace
