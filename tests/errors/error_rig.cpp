@@ -50,7 +50,7 @@ void ErrorToolTest::DestroyTool() {
 void ErrorToolTest::MakeTool(const ToolContext& around) {
   DestroyTool();
   view = std::make_unique<FakeErrorView>(log, windows);
-  view->onResized = [this] { Tell([](ErrorSession& session) { session.OnResized(); }); };
+  view->onResized = [this] { Call(&ErrorSession::OnResized); };
   auto lines = std::make_unique<FakeLineReader>(files);
   reader = lines.get();
   tool = std::make_shared<ErrorSession>(around, *view, std::move(lines));
@@ -58,14 +58,14 @@ void ErrorToolTest::MakeTool(const ToolContext& around) {
 
 void ErrorToolTest::MakeTool() {
   MakeTool(context);
-  Tell([](ErrorSession& session) { session.Start(); });
+  Call(&ErrorSession::Start);
   Drain();
 }
 
 void ErrorToolTest::Drain() {
   windows.Drain([this](WindowHandle target, const Message& message) {
     if (!view || target != view->handle || message.number != kMsgVariableReport) return;
-    Tell([&message](ErrorSession& session) { session.OnReport(message.first, message.second); });
+    Call(&ErrorSession::OnReport, message.first, message.second);
   });
 }
 

@@ -105,18 +105,10 @@ class ErrorToolTest : public testing::Test, public ToolStage<SimGround, FakeErro
   void Drain();
   /// Into the kernel's queue, with its reports delivered.
   void Push(const ErrorRecord& record) { PushRecord(cnc, record), Drain(); }
-  void Key(ErrorKey key) {
-    Do([key](ErrorSession& session) { session.OnKey(key); });
-  }
-  void Click(int id) {
-    Do([id](ErrorSession& session) { session.OnClick(id); });
-  }
-  void DoubleClick(int id) {
-    Do([id](ErrorSession& session) { session.OnDoubleClick(id); });
-  }
-  void Notify(std::intptr_t what, std::intptr_t value) {
-    Do([what, value](ErrorSession& session) { session.OnToolNotify(what, value); });
-  }
+  void Key(ErrorKey key) { Do(&ErrorSession::OnKey, key); }
+  void Click(int id) { Do(&ErrorSession::OnClick, id); }
+  void DoubleClick(int id) { Do(&ErrorSession::OnDoubleClick, id); }
+  void Notify(std::intptr_t what, std::intptr_t value) { Do(&ErrorSession::OnToolNotify, what, value); }
   [[nodiscard]] std::string Box() const { return view->texts.at(error_id::kTitleBox); }
   [[nodiscard]] std::string Title() const { return view->texts.at(error_id::kTitleLine); }
   [[nodiscard]] std::string Description() const { return view->texts.at(error_id::kDescription); }
@@ -127,9 +119,9 @@ class ErrorToolTest : public testing::Test, public ToolStage<SimGround, FakeErro
   FakeLineReader* reader = nullptr;  // the tool's
 
  private:
-  template <typename Intention>
-  void Do(Intention intention) {
-    Tell(intention);
+  template <typename Intention, typename... Args>
+  void Do(Intention intention, Args... args) {
+    Call(intention, args...);
     EXPECT_FALSE(view->waits) << "the wait cursor stays";
     Drain();
   }

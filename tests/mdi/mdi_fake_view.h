@@ -34,19 +34,13 @@ class FakeMdiView final : public FakeView<MdiView> {
   int dropSelected = -1;
   std::unique_ptr<MdiDropList> dropList;
 
-  [[nodiscard]] std::vector<std::string> Items() const {
-    std::vector<std::string> all;
-    for (const Text& item : items) all.push_back(ToUtf8(item));
-    return all;
-  }
+  [[nodiscard]] std::vector<std::string> Items() const { return Utf8Rows(items); }
 
   void Place(const MdiLayout& placed) override { Order("place"), layout = placed; }
   void SetTitle(TextView text) override { Order("title ", text), title = Text(text); }
   void SetTitleBlinking(int period) override { Order("blink ", period), blinking = period; }
   void SetSignColors(std::uint32_t fore, std::uint32_t back) override {
-    Order("sign");
-    signFore = fore;
-    signBack = back;
+    Order("sign"), signFore = fore, signBack = back;
   }
   // Nothing of the logic may touch the view after a move: the host hears when the focus has settled, and may have ended
   // it.

@@ -42,7 +42,7 @@ void MdiRig::MakeTool() {
   view = std::make_unique<FakeMdiView>(log, windows);
   tool = std::make_shared<MdiSession>(context, *view, hostWindow);
   view->session = tool;
-  Tell([](MdiSession& session) { session.Start(); });
+  Call(&MdiSession::Start);
   // Handles are never used twice: this tool's three menus follow those of the tool before.
   const MenuHandle before = std::exchange(mdaMenu, 0);
   for (MenuHandle menu = before; menu < before + 8; ++menu) {
@@ -116,8 +116,7 @@ std::string MdiRig::MenuName(std::uint32_t menu) {
 std::vector<std::string> MdiRig::HistoryShown() {
   view->dropItems.clear();
   Key(MdiKey::kDown);
-  std::vector<std::string> shown;
-  for (const Text& item : view->dropItems) shown.push_back(ToUtf8(item));
+  const std::vector<std::string> shown = Utf8Rows(view->dropItems);
   view->CancelInDropList();
   return shown;
 }

@@ -7,12 +7,19 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "support/fake_window_system.h"
 #include "support/noting_host.h"
 
 namespace pnl::test {
+
+inline std::vector<std::string> Utf8Rows(const std::vector<Text>& rows) {
+  std::vector<std::string> all;
+  for (const Text& row : rows) all.push_back(ToUtf8(row));
+  return all;
+}
 
 /// What window/tool_view.h asks for.
 template <typename View>
@@ -23,7 +30,8 @@ class FakeView : public View {
   FakeView(Log& log, FakeWindowSystem& windows) : handle(windows.Open()), log_(log) {}
 
   const WindowHandle handle;
-  bool dead = false;  // whatever is asked of it then is a failed test
+  bool closing = false;  // its logic has closed it
+  bool dead = false;     // whatever is asked of it now is a failed test
   bool visible = false;
   Rect parent{0, 0, 800, 600};
   Focus focus = Focus::kElsewhere;

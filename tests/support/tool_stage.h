@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -72,10 +73,25 @@ class ToolStage : public Ground {
     ending->End();
     view->dead = true;
   }
-  /// Calls an intention as the window does.
+  /// Calls an intention as the window does. False when the tool has ended. A window that its logic has closed goes when
+  /// the outermost intention is over.
   template <typename Intention>
   bool Tell(Intention intention) {
-    return RunOperation(tool, intention);
+    ++intentions_;
+    const bool there = RunOperation(tool, intention);
+    if (--intentions_ == 0 && view->closing) view->dead = true;
+    return there;
+  }
+  /// The same with an operation of the session; what it returned, or zero from a tool that has ended.
+  template <typename Result, typename... Args>
+  Result Call(Result (Session::*operation)(Args...), std::type_identity_t<Args>... args) {
+    if constexpr (std::is_void_v<Result>) {
+      Tell([&](Session& session) { (session.*operation)(args...); });
+    } else {
+      Result result{};
+      Tell([&](Session& session) { result = (session.*operation)(args...); });
+      return result;
+    }
   }
 
   /// What was asked since the last call, with the orders to the view ("view ...").
@@ -99,6 +115,9 @@ class ToolStage : public Ground {
                     }};
   std::unique_ptr<View> view;
   std::shared_ptr<Session> tool;
+
+ private:
+  int intentions_ = 0;  // that are under way
 };
 
 }  // namespace pnl::test
