@@ -71,12 +71,12 @@ TEST_F(CalcClosingTest, AfterClosingNothingIsDoneAnyMore) {
 
 TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
   view->closing = true;
-  session->End();
+  tool->End();
   view->dead = true;
   log.clear();
   files.replaced.clear();
   DoEverything();
-  session->End();
+  tool->End();
   EXPECT_THAT(All(), IsEmpty());
   EXPECT_THAT(files.replaced, IsEmpty());
   EXPECT_EQ(timers.Running(), 0u);
@@ -86,7 +86,7 @@ TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
 TEST_F(CalcClosingTest, ASessionThatEndsWithoutAWordTouchesNothing) {
   view->dead = true;
   view->onLineChanged = nullptr;
-  session.reset();
+  tool.reset();
   EXPECT_EQ(timers.Running(), 0u);
   EXPECT_EQ(menus.Count(), 0u);
   EXPECT_THAT(files.replaced, IsEmpty());
@@ -229,7 +229,7 @@ TEST_F(CalcClosingTest, AToolThatEndsWhileItHandsItsValueOverClosesNoSecondTime)
   cnc.SetSink(&ending);
   Key(CalcKey::kInsert);
   cnc.SetSink(&sink);
-  EXPECT_EQ(session, nullptr);
+  EXPECT_EQ(tool, nullptr);
   EXPECT_THAT(Asked(), IsEmpty());
 }
 

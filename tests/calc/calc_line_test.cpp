@@ -84,7 +84,7 @@ TEST_F(CalcLineTest, NoKeyWritesBeyondTheLimit) {
     Line(std::string(static_cast<std::size_t>(row.length), '1'));
     row.command < 32768 ? Button(row.command) : Menu(row.command);
     EXPECT_EQ(LineNow().size(), static_cast<std::size_t>(row.after));
-    EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
   }
 }
 
@@ -141,7 +141,7 @@ TEST_F(CalcLineTest, SqrtWrapsTheSelectionWithTheCaretBehindTheBracket) {
   Button(1021);
   EXPECT_EQ(LineNow(), "Sqrt(2+3)*4");
   EXPECT_EQ(view->selection, (TextSelection{9, 9}));
-  EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
 }
 
 TEST_F(CalcLineTest, ADigitReplacesTheSelectionAndPlusWrapsIt) {

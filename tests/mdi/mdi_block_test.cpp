@@ -195,11 +195,12 @@ TEST_F(MdiBlock, AnInterruptionOffersCancelWhereTheBlockCanBeCancelled) {
   Status(2);
   Forget();
   Status(4);
-  EXPECT_THAT(All(),
-              ElementsAre("side menu position", "PosibleMDICancel(1)=2",
-                          "black box \"MDI: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL BLOQUE (PosibleMDICancel = "
-                          "2)\",0",
-                          "main menu cancel"));
+  EXPECT_THAT(
+      All(),
+      ElementsAre("side menu position", "PosibleMDICancel(1)=2",
+                  "WriteTxtInBlackBox(\"MDI: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL BLOQUE (PosibleMDICancel = "
+                  "2)\",0)=0",
+                  "main menu cancel"));
   Menu(40000);
   EXPECT_THAT(All(), ElementsAre("MDICancel(1)=0"));
   EXPECT_TRUE(IsRunning());

@@ -229,7 +229,7 @@ TEST_F(MdiEndInTheMiddle, AChannelBeingGivenBackIsGivenBackWhole) {
   onHostCall = nullptr;
   ASSERT_EQ(tool, nullptr);
   EXPECT_THAT(Asked(), testing::IsSupersetOf({"SetMdi(1,0)=1", "EndMDIMode(1)=1", "SetMode(1,0)=1",
-                                              "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 flag 1"}));
+                                              "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 ok flag 1"}));
   EXPECT_EQ(cnc.kernel.grants, 0);
 }
 

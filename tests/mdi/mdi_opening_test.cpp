@@ -12,10 +12,10 @@ using testing::IsEmpty;
 const Log kTaken = {"HostToolOpening(6)",
                     "clear message",
                     "ToolNotify 41 channel 1",
-                    "write [1].E.MANUALMODE=0",
-                    "write [1].E.PNLMODE=2",
+                    "write [1].E.MANUALMODE=0 ok",
+                    "write [1].E.PNLMODE=2 ok",
                     "SetMdi(1,1)=1",
-                    "write [1].G.CNCAUTSTATUS=268435456 flag 1",
+                    "write [1].G.CNCAUTSTATUS=268435456 ok flag 1",
                     "open report [1].G.FULLSTATUS",
                     "side menu position",
                     "main menu none",
@@ -159,8 +159,8 @@ TEST_F(MdiOpening, AManualModeThatCannotBeReadKeepsWhatWasSavedLast) {
   cnc.vars.At("[1].E.MANUALMODE").readable = false;
   Forget();
   Open();
-  EXPECT_THAT(Asked(), testing::IsSupersetOf(
-                           {"write [1].E.MANUALMODE=0", "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 flag 1"}));
+  EXPECT_THAT(Asked(), testing::IsSupersetOf({"write [1].E.MANUALMODE=0 ok", "SetMdi(1,1)=1",
+                                              "write [1].G.CNCAUTSTATUS=268435456 ok flag 1"}));
   Command(5);
   EXPECT_THAT(Asked(), testing::Contains("SetMode(1,0)=1")) << "nothing was saved yet: 0";
 
@@ -196,8 +196,8 @@ TEST_F(MdiOpening, AReadyReportTakesAChannelThatIsNotHeldYet) {
   cnc.vars.At("[1].E.MANUALMODE").writable = true;
   Forget();
   Status(1);
-  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1", "write [1].E.MANUALMODE=0", "write [1].E.PNLMODE=2",
-                                   "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 flag 1"));
+  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1", "write [1].E.MANUALMODE=0 ok", "write [1].E.PNLMODE=2 ok",
+                                   "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 ok flag 1"));
 }
 
 TEST_F(MdiOpening, Code3HidesAndReportsButKeepsTheChannel) {

@@ -41,6 +41,7 @@ class FakeWindowSystem : public WindowSystem {
     if (!IsAlive(window)) return;
     sent.push_back({window, message, true});
     posted.push_back({window, message, true});
+    if (onPost) onPost(window, message);
   }
   WindowHandle MainWindow() const override { return mainWindow; }
   Rect PanelRect() const override { return panelRect; }
@@ -75,6 +76,7 @@ class FakeWindowSystem : public WindowSystem {
   std::vector<BoxSpec> boxes;
   BoxAnswer boxAnswer = BoxAnswer::kOk;
   std::function<std::intptr_t(WindowHandle, const Message&)> onSend;
+  std::function<void(WindowHandle, const Message&)> onPost;
   std::function<void()> onBox;
   WindowHandle mainWindow = 0;
   Rect panelRect{0, 0, 800, 600};

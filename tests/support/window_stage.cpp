@@ -23,7 +23,7 @@ WindowStage::WindowStage(QSize panelSize, const QRect& areaPlace)
     return BoxAnswer::kOk;
   });
   windows.onMessageToHost = [this](WindowHandle, const Message& message) {
-    if (message.number == kMsgToolNotify) Note("ToolNotify " + std::to_string(message.first));
+    Note((message.number == kMsgToolNotify ? "ToolNotify " : "message ") + std::to_string(message.first));
   };
   drives.Set('C', disc.Path().string());
   cnc.Storage().MakeFolders();
@@ -69,9 +69,11 @@ bool WindowStage::Key(int key, Qt::KeyboardModifiers modifiers, const QString& t
 }
 
 void WindowStage::Touch(QWidget* widget) {
+  const QPointer<QWidget> alive = widget;
   const QPoint middle = widget->rect().center();
   PressMouse(widget, middle);
-  PressMouse(widget, middle, QEvent::MouseButtonRelease);
+  // The press may have brought its end.
+  if (alive) PressMouse(widget, middle, QEvent::MouseButtonRelease);
   Settle();
 }
 

@@ -10,8 +10,10 @@
 #include <QPointer>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "facade/sim/simulated_cnc.h"
+#include "host/language_pack.h"
 #include "host/tool_context.h"
 #include "support/noting_host.h"
 #include "support/temp_folder.h"
@@ -52,7 +54,7 @@ class WindowStage : public testing::Test {
   /// A finger on the middle of a control: press and release.
   static void Touch(QWidget* widget);
   void Touch(int id) const { Touch(Control(id)); }
-  /// What the host was called since the last call.
+  /// What the host was called since the last call, with its notifications and boxes.
   Log TakeHostCalls() { return std::exchange(hostCalls, {}); }
 
   TempFolder disc;
@@ -75,13 +77,11 @@ class WindowStage : public testing::Test {
   QLineEdit* other;        // something else that takes the focus
   WindowHandle handle = 0;
 
-  /// Notes a line as if the host had been called: a message, a box.
+ private:
   void Note(const std::string& call) {
     hostCalls.push_back(call);
     if (onHostCall) onHostCall(call);
   }
-
- private:
   const QRect areaPlace_;
   QPointer<QWidget> window_;
 };

@@ -24,7 +24,8 @@ TEST_F(CalcWindowTest, ShowsItselfAtTheEndOfItsOpening) {
   EXPECT_EQ(Line()->property(property::kLimit).toInt(), 255);
   EXPECT_FALSE(List()->isVisible());
   EXPECT_FALSE(Variables()->isVisible());
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("box", "opening 3", "main menu", "side menu", "update side"));
+  EXPECT_THAT(TakeHostCalls(),
+              ElementsAre("box", "HostToolOpening(3)", "main menu", "side menu", "HostUpdateSideMenu(3)"));
 }
 
 struct PixelRow {
@@ -143,7 +144,7 @@ TEST_F(CalcWindowTest, TheEnterOfTheKeypadConfirmsToo) {
 TEST_F(CalcWindowTest, EscapeAsksTheHost) {
   TakeHostCalls();
   EXPECT_TRUE(Key(Qt::Key_Escape));
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("wants close 3"));
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolWantsClose(3)"));
 }
 
 TEST_F(CalcWindowTest, CtrlWithArrowsMovesItEightPixels) {
@@ -258,7 +259,7 @@ TEST_F(CalcWindowTest, SettingsAndHistoryLieOnTheDiscWhenItIsClosed) {
   EXPECT_FALSE(windows.IsAlive(handle)) << "nothing reaches it any more";
   Settle();
   EXPECT_TRUE(tool.isNull());
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("closed 3,2"));
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolClosed(3,2)"));
 }
 
 }  // namespace

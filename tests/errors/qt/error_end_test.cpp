@@ -18,7 +18,7 @@ class ErrorWindowEnd : public ErrorStage {
               Renew();
               Open();
             },
-            std::move(steps), [this] { delete std::exchange(area, nullptr); },
+            std::move(steps), [this] { delete area; },
             [this] {
               Settle();
               Renew();
@@ -32,10 +32,7 @@ class ErrorWindowEnd : public ErrorStage {
   /// A fresh parent for the next tool.
   void Renew() {
     delete area;
-    area = new QWidget(&panel);
-    area->setGeometry(20, 10, 800, 600);
-    area->show();
-    WindowRegistry::Instance().Attach(area, nullptr, nullptr);
+    MakeArea();
   }
   std::function<void()> Pushing(const RecordBuilder& record) {
     return [this, record] { Push(record); };
@@ -94,7 +91,7 @@ TEST_F(ErrorWindowEnd, TheHostMayDeleteItsParentWhileTheBoxForTheLanguageLibrary
   int boxes = 0;
   windows.SetBoxAnswerer([&](const BoxSpec&) {
     ++boxes;
-    delete std::exchange(area, nullptr);
+    delete area;
     return BoxAnswer::kOk;
   });
   Open();

@@ -264,7 +264,8 @@ TEST_F(ErrorStage, HelpGoesToTheHostAndComesBack) {
   Push(RecordBuilder());
   TakeHostCalls();
   Send(kMsgHelpKey, 0);
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("closed 0,2", "show Error 1000 : |fault"));
+  EXPECT_THAT(TakeHostCalls(),
+              ElementsAre("HostToolClosed(0,2)", "HostShowError(0000A0,C:\\H.TXT#1,Error 1000 : |fault)"));
   EXPECT_FALSE(tool->isVisible());
   Send(RegisterMessage("ZM_END_ERRORHELP"), 0);
   EXPECT_TRUE(tool->isVisible());

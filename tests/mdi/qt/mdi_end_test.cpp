@@ -47,8 +47,7 @@ TEST_F(MdiEndTest, ADropListGoesBeforeItsOwnerWithThePanel) {
   auto second = std::make_unique<QWidget>();
   second->resize(300, 300);
   WindowRegistry::Instance().Attach(second.get(), nullptr, nullptr);
-  tool = new ZCMDIWindow(context, second.get());
-  handle = WindowRegistry::Instance().HandleOf(tool);
+  Use(tool = new ZCMDIWindow(context, second.get()));
   Activate(*second);
   Open();
   Key(Qt::Key_Down);
@@ -170,7 +169,7 @@ TEST_F(MdiEndTest, AClosedToolHasGivenItsChannelBackBeforeTheHostHearsOfIt) {
   ASSERT_NE(std::get<std::int64_t>(*cnc.Get(u"[1].G.CNCAUTSTATUS")), 0);
   std::int64_t word = -1;
   onHostCall = [&](const std::string& call) {
-    if (call != "closed 6,2") return;
+    if (call != "HostToolClosed(6,2)") return;
     word = std::get<std::int64_t>(*cnc.Get(u"[1].G.CNCAUTSTATUS"));
     delete area;
   };
@@ -222,7 +221,7 @@ TEST_F(MdiEndTest, PostedMessagesAreHandledWhileItLives) {
   hostCalls.clear();
   windows.Post(handle, {kMsgToolCommand, 3, 1});
   Settle();
-  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("closed 6,2"));
+  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("HostToolClosed(6,2)"));
 }
 
 TEST_F(MdiEndTest, TwoWindowsOfOneParentLiveSideBySide) {

@@ -291,7 +291,7 @@ TEST_F(MdiWindowTest, TheHostLearnsOfTheMenusOnceTheListsFocusHasSettled) {
   EXPECT_EQ(Edit()->text(), "") << "the edit ends at once";
   EXPECT_THAT(TakeHostCalls(), testing::IsEmpty()) << "the widget kit is in the middle of it";
   Settle();
-  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("update menu"));
+  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("HostUpdateMainMenu(6)"));
 }
 
 TEST_F(MdiWindowTest, TheSignsColoursFollowFocusAndDropList) {
@@ -382,7 +382,7 @@ TEST_F(MdiWindowTest, EscapeLeavesTheIdleChannel) {
   Open();
   Key(Qt::Key_Escape);
   EXPECT_FALSE(tool->isVisible());
-  EXPECT_THAT(TakeHostCalls(), testing::Contains("closed 6,2"));
+  EXPECT_THAT(TakeHostCalls(), testing::Contains("HostToolClosed(6,2)"));
 }
 
 TEST_F(MdiWindowTest, TabGoesRoundTheWindowsOwnControls) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The CNC's variables for the command line's tests: a table that fails as told, reports every change, and writes what
-// was asked of it into the log. As strict as a real server: a read without an update of the cache before it gives a
-// stale value, a window that is dead can't open a report, and one that isn't open can't be closed.
+// The CNC's variables for tests: a table that fails as told, reports every change, and notes what was asked of it. As
+// strict as a real server: a read without an update of the cache before it fails the test, a window that is dead can't
+// open a report, and one that isn't open can't be closed.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,16 +10,13 @@
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "facade/variables.h"
-#include "support/fake_window_system.h"
+#include "support/sim_fixture.h"
 
 namespace pnl::test {
 
-using Log = std::vector<std::string>;
-
-class FakeVariables final : public Variables {
+class StrictVariables final : public Variables {
  public:
   struct Entry {
     std::int32_t value = 0;
@@ -32,7 +29,7 @@ class FakeVariables final : public Variables {
     std::set<WindowHandle> reports;
   };
 
-  FakeVariables(Log& log, FakeWindowSystem& windows) : log_(log), windows_(windows) {}
+  StrictVariables(RecordingSink& sink, FakeWindowSystem& windows) : sink_(sink), windows_(windows) {}
 
   Entry& Define(const std::string& name, std::int32_t value = 0) {
     Entry& entry = entries_[name];
@@ -74,8 +71,8 @@ class FakeVariables final : public Variables {
     Entry* entry = Find(id);
     const bool ok = entry != nullptr && entry->writable;
     const bool changed = ok && std::exchange(entry->value, value) != value;
-    log_.push_back("write " + names_[id] + "=" + std::to_string(value) + (flag == 1 ? " flag 1" : "") +
-                   (ok ? "" : " failed"));
+    sink_.Write(FromUtf8(names_[id]), std::int64_t{value}, ok);
+    if (flag == 1) sink_.lines.back() += " flag 1";
     // Also to the window that wrote.
     if (changed) Report(names_[id], *entry);
     return ok ? 0 : 1;
@@ -97,7 +94,7 @@ class FakeVariables final : public Variables {
     Entry* entry = Find(id);
     if (entry == nullptr) return 1;
     entry->text = Text(value);
-    log_.push_back("write " + names_[id] + "=" + ToUtf8(value));
+    sink_.Write(FromUtf8(names_[id]), Text(value), true);
     return 0;
   }
   int UpdateCache(std::int32_t id) override {
@@ -110,13 +107,13 @@ class FakeVariables final : public Variables {
     Entry* entry = Find(id);
     const bool ok = entry != nullptr && windows_.IsAlive(window);
     if (ok) entry->reports.insert(window);
-    log_.push_back("open report " + names_[id] + (ok ? "" : " failed"));
+    sink_.lines.push_back("open report " + names_[id] + (ok ? "" : " failed"));
     return ok ? 0 : 1;
   }
   int CloseReport(std::int32_t id, WindowHandle window) override {
     Entry* entry = Find(id);
     const bool ok = entry != nullptr && entry->closable && entry->reports.erase(window) == 1;
-    log_.push_back("close report " + names_[id] + (ok ? "" : " failed"));
+    sink_.lines.push_back("close report " + names_[id] + (ok ? "" : " failed"));
     return ok ? 0 : 1;
   }
   int GeneraReport(std::int32_t, WindowHandle) override { return 0; }
@@ -138,7 +135,7 @@ class FakeVariables final : public Variables {
     const auto entry = entries_.find(name->second);
     return entry == entries_.end() ? nullptr : &entry->second;
   }
-  Log& log_;
+  RecordingSink& sink_;
   FakeWindowSystem& windows_;
   std::map<std::string, Entry> entries_;
   std::map<std::string, std::int32_t> ids_;
