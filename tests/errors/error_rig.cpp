@@ -64,7 +64,7 @@ void ErrorToolTest::MakeTool() {
 
 void ErrorToolTest::Drain() {
   windows.Drain([this](WindowHandle target, const Message& message) {
-    if (!view || target != view->handle || message.number != kMsgVariableReport) return;
+    if (!view || target != view->handle || message.number != PNL_MSG_VARIABLE_REPORT) return;
     Call(&ErrorSession::OnReport, message.first, message.second);
   });
 }

@@ -129,10 +129,10 @@ TEST_F(MdiBlock, AFailedReadOfTheReportAnswersRefusedAndChangesNothing) {
   Start();
   cnc.vars.At("[1].G.FULLSTATUS").readable = false;
   Forget();
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
   EXPECT_THAT(All(), IsEmpty());
   cnc.vars.At("[1].G.FULLSTATUS").readable = true;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
 }
 
@@ -144,14 +144,14 @@ TEST_F(MdiBlock, AFailedReadAtTheStartKeySendsNothing) {
 }
 
 TEST_F(MdiBlock, AReportOfAnotherVariableDoesNothing) {
-  EXPECT_EQ(Send(kMsgVariableReport, 9999), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, 9999), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(MdiBlock, AReportForAChannelThatIsNotOpenDoesNothing) {
   Command(5);
   Forget();
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 

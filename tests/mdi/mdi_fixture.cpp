@@ -27,7 +27,7 @@ MdiRig::MdiRig() : ToolStage(Contents()) {
   }
   cnc.vars.Define("[1].G.FULLSTATUS", 0x100);
   windows.onSend = [this](WindowHandle window, const Message& message) -> std::intptr_t {
-    if (window == hostWindow && message.number == kMsgToolNotify) {
+    if (window == hostWindow && message.number == PNL_MSG_TOOL_NOTIFY) {
       const auto* record = reinterpret_cast<const PnlToolNotify*>(message.second);
       EXPECT_EQ(record->window, view->handle);
       noting.Note("ToolNotify " + std::to_string(message.first) + " channel " + std::to_string(record->channel));
@@ -69,7 +69,7 @@ bool MdiRig::Key(MdiKey key) {
 std::intptr_t MdiRig::Start(int channel) {
   PnlCycleStart start = {};
   start.channel = static_cast<std::int8_t>(channel);
-  return Send(kMsgCycleStart, 1, reinterpret_cast<std::intptr_t>(&start));
+  return Send(PNL_MSG_CYCLE_START, 1, reinterpret_cast<std::intptr_t>(&start));
 }
 
 void MdiRig::Drain() {

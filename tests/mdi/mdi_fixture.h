@@ -25,9 +25,9 @@ class MdiRig : public ToolStage<StrictGround, FakeMdiView, MdiSession> {
     return Answer({number, first, second}).value_or(-1);
   }
   std::intptr_t Command(std::intptr_t code, std::intptr_t argument = 1) {
-    return Send(kMsgToolCommand, code, argument);
+    return Send(PNL_MSG_TOOL_COMMAND, code, argument);
   }
-  void Menu(int id) { Send(kMsgCommand, id); }
+  void Menu(int id) { Send(PNL_MSG_COMMAND, id); }
   bool Key(MdiKey key);
   /// The answer to a message, as the window's sender gets it; nothing for one that the tool doesn't know, or from a
   /// tool that has ended before.

@@ -44,9 +44,9 @@ void Inspect(MdiRig& rig) {
   rig.Drain();
 }
 void AutomaticWork(MdiRig& rig) { rig.cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x1000; }
-void AskAgain(MdiRig& rig) { rig.Send(kMsgToolNotify, 1, 1); }
-void FileChosen(MdiRig& rig) { rig.Send(kMsgResultReady, 2); }
-void CalcResult(MdiRig& rig) { rig.Send(kMsgResultReady, 1); }
+void AskAgain(MdiRig& rig) { rig.Send(PNL_MSG_TOOL_NOTIFY, 1, 1); }
+void FileChosen(MdiRig& rig) { rig.Send(PNL_MSG_RESULT_READY, 2); }
+void CalcResult(MdiRig& rig) { rig.Send(PNL_MSG_RESULT_READY, 1); }
 
 const Operation kOperations[] = {
     {"Opening", {}, {OpenIt}},

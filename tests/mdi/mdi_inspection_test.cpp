@@ -124,16 +124,16 @@ TEST_F(MdiBothReports, EachIsHandledOnceAndNoBlockIsSentTwice) {
 
 TEST_F(MdiBothReports, TheStatusAnswersForItsOwnReportOnly) {
   cnc.vars.At("[1].E.INSPECSTATUS").value = 1;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(Asked(), IsEmpty()) << "no hint: the inspection's report is still to come";
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
   EXPECT_THAT(Asked(), ElementsAre("message \"Hint MDI\""));
 }
 
 TEST_F(MdiBothReports, AnUnreadableStatusAnswersRefusedForItsOwnReportOnly) {
   cnc.vars.At("[1].G.FULLSTATUS").readable = false;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
 }
 
 TEST_F(MdiBothReports, TheSecondIsNotAnsweredWhenTheFirstGaveTheChannelBack) {

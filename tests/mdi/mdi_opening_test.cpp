@@ -182,7 +182,7 @@ TEST_F(MdiOpening, AWindowDestroyedAtTheNewsTakesNoChannel) {
     if (called == "ToolNotify 41 channel 1") DestroyTool();
   };
   Forget();
-  Answer({kMsgToolCommand, 2, 1});
+  Answer({PNL_MSG_TOOL_COMMAND, 2, 1});
   for (const std::string& line : All()) {
     EXPECT_EQ(line.find("SetMdi"), std::string::npos);
     EXPECT_EQ(line.find("write "), std::string::npos) << line;
@@ -206,7 +206,7 @@ TEST_F(MdiOpening, Code3HidesAndReportsButKeepsTheChannel) {
   EXPECT_EQ(Command(3), 0);
   EXPECT_THAT(All(), ElementsAre("view hide", "view redraw edit", "view blink 0", "HostToolClosed(6,2)"));
   EXPECT_EQ(cnc.vars.OpenReports(), 1u);
-  EXPECT_EQ(Send(kMsgToolNotify, 1, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 1, 1), 0);
   EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1"));
 }
 
@@ -308,7 +308,7 @@ TEST_F(MdiOpening, WithAllSlotsNullTheToolStillOpensRunsAndCloses) {
   RunBlock("M3");
   EXPECT_EQ(Command(8), 0);
   Menu(32775);
-  Send(kMsgExplorerEnded, 5, 0);
+  Send(PNL_MSG_EXPLORER_ENDED, 5, 0);
   EXPECT_EQ(Command(5), 0);
 }
 
@@ -337,7 +337,7 @@ TEST_F(MdiOpening, ADestroyedLogicAnswersNothing) {
   const std::shared_ptr<MdiSession> kept = tool;
   DestroyTool();
   tool = kept;
-  EXPECT_EQ(Answer({kMsgToolCommand, 2, 1}), std::nullopt);
+  EXPECT_EQ(Answer({PNL_MSG_TOOL_COMMAND, 2, 1}), std::nullopt);
   EXPECT_FALSE(Key(MdiKey::kEnter));
   Tell([](MdiSession& session) { session.OnLeftPress(false); });
   Tell([](MdiSession& session) { session.OnWindowFocus(); });

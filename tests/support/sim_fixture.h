@@ -93,7 +93,7 @@ class SimFixture : public testing::Test {
     std::vector<std::intptr_t> reports;
     std::deque<SentMessage> rest;
     for (const SentMessage& sent : windows.posted) {
-      if (sent.window == window && sent.message.number == kMsgVariableReport) {
+      if (sent.window == window && sent.message.number == PNL_MSG_VARIABLE_REPORT) {
         EXPECT_EQ(sent.message.second, 0);
         reports.push_back(sent.message.first);
       } else {

@@ -127,7 +127,7 @@ class StrictVariables final : public Variables {
     return entry->readable ? entry : nullptr;
   }
   void Report(const std::string& name, const Entry& entry) {
-    for (const WindowHandle window : entry.reports) windows_.Post(window, {kMsgVariableReport, Id(name), 0});
+    for (const WindowHandle window : entry.reports) windows_.Post(window, {PNL_MSG_VARIABLE_REPORT, Id(name), 0});
   }
   Entry* Find(std::int32_t id) {
     const auto name = names_.find(id);

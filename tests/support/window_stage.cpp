@@ -23,7 +23,7 @@ WindowStage::WindowStage(QSize panelSize, const QRect& areaPlace)
     return BoxAnswer::kOk;
   });
   windows.onMessageToHost = [this](WindowHandle, const Message& message) {
-    Note((message.number == kMsgToolNotify ? "ToolNotify " : "message ") + std::to_string(message.first));
+    Note((message.number == PNL_MSG_TOOL_NOTIFY ? "ToolNotify " : "message ") + std::to_string(message.first));
   };
   drives.Set('C', disc.Path().string());
   cnc.Storage().MakeFolders();

@@ -23,8 +23,6 @@ void RecordMaker::Parameter(std::int32_t meaning, TextView text) {
   });
 }
 
-void RecordMaker::EmergencyCode(std::uint32_t code) {
-  record_.Set(error_field::kEmergencyCodeOffset, code);
-}
+void RecordMaker::EmergencyCode(std::uint32_t code) { record_.Set(error_field::kEmergencyCodeOffset, code); }
 
 }  // namespace pnl::sim

@@ -12,7 +12,7 @@
 
 namespace pnl::test {
 
-enum class Answer { kExactly, kWithinPlaces, kToEightDigits, kDomainFailure, kRefused };
+enum class Answer { kExactly, kWithinPlaces, kToEightDigits, kDomainFailure, PNL_REFUSED };
 
 struct Golden {
   int line = 0;

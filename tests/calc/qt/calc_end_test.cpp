@@ -17,7 +17,7 @@ TEST_F(CalcEndTest, DiesWithItsParentAndSaves) {
   delete area;
   EXPECT_TRUE(tool.isNull());
   EXPECT_EQ(OnDisc("C:\\P1\\calc.htr"), "1+2\r\n");
-  EXPECT_EQ(Send(kMsgToolCommand, 20), 0) << "a message after death";
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 20), 0) << "a message after death";
 }
 
 TEST_F(CalcEndTest, DiesWithItsParentWhileAListIsOpenAndANoteStands) {
@@ -226,7 +226,7 @@ TEST_F(CalcEndTest, CommandSixGoesWithoutAWord) {
 TEST_F(CalcEndTest, PostedMessagesDieWithIt) {
   Open();
   TakeHostCalls();
-  windows.Post(handle, {kMsgToolCommand, 20, 1});
+  windows.Post(handle, {PNL_MSG_TOOL_COMMAND, 20, 1});
   delete tool;
   Settle();
   EXPECT_TRUE(TakeHostCalls().empty());

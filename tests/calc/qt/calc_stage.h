@@ -18,8 +18,8 @@ class CalcStage : public WindowStage {
 
   /// Makes the tool and opens it; files on the disc must be there before.
   void Open();
-  std::intptr_t Command(std::intptr_t code) { return Send(kMsgToolCommand, code); }
-  void Menu(int id) { Send(kMsgCommand, id); }
+  std::intptr_t Command(std::intptr_t code) { return Send(PNL_MSG_TOOL_COMMAND, code); }
+  void Menu(int id) { Send(PNL_MSG_COMMAND, id); }
   void History(int rows) const;
 
   [[nodiscard]] CalcLine* Line() const { return tool->findChild<CalcLine*>(); }

@@ -218,7 +218,7 @@ TEST_F(CalcWindowTest, AValueFromOutsideComesByItsMessage) {
 
 TEST_F(CalcWindowTest, UnknownMessagesAnswerNothing) {
   EXPECT_EQ(Send(0x801, 1, 2), 0);
-  EXPECT_EQ(Send(kMsgToolCommand, 999), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 999), 0);
   EXPECT_TRUE(tool->isVisible());
 }
 

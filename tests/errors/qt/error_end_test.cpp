@@ -55,11 +55,11 @@ TEST_F(ErrorWindowEnd, TheHostMayDeleteItsParentInEveryCallback) {
   DeletingHost killer(table);
   const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
   const auto calls = PlayWithEachCallFatal(
-      killer,
-      Scene({Pushing(RecordBuilder()), Pushing(RecordBuilder().Number(1001)), HotKey(), HotKey(),
-             [this] { TouchTwice(tool, QPoint(3, 3)); }, HotKey(), Touching(error_id::kNext), Touching(error_id::kHelp),
-             Telling(helpEnded), Telling(kMsgHelpKey), Telling(helpEnded), Telling(kMsgToolNotify, 79, 1),
-             Telling(kMsgToolNotify, 79, 0), HotKey(), Touching(error_id::kAcknowledge), Pressing(Qt::Key_Escape)}));
+      killer, Scene({Pushing(RecordBuilder()), Pushing(RecordBuilder().Number(1001)), HotKey(), HotKey(),
+                     [this] { TouchTwice(tool, QPoint(3, 3)); }, HotKey(), Touching(error_id::kNext),
+                     Touching(error_id::kHelp), Telling(helpEnded), Telling(PNL_MSG_HELP_KEY), Telling(helpEnded),
+                     Telling(PNL_MSG_TOOL_NOTIFY, 79, 1), Telling(PNL_MSG_TOOL_NOTIFY, 79, 0), HotKey(),
+                     Touching(error_id::kAcknowledge), Pressing(Qt::Key_Escape)}));
   EXPECT_THAT(calls, IsSupersetOf({"HostToolOpening", "HostToolClosed", "HostErrorsGone", "HostShowError"}));
 }
 

@@ -252,9 +252,9 @@ TEST_F(ErrorStage, TheHotKeyWorksWhileTheWindowIsHidden) {
   EXPECT_FALSE(tool->isVisible());
   emit hotKey->activated();
   EXPECT_TRUE(tool->isVisible());
-  Send(kMsgToolNotify, 2, 0);
+  Send(PNL_MSG_TOOL_NOTIFY, 2, 0);
   EXPECT_EQ(panel.findChild<QShortcut*>(), nullptr);
-  Send(kMsgToolNotify, 2, 1);
+  Send(PNL_MSG_TOOL_NOTIFY, 2, 1);
   EXPECT_NE(panel.findChild<QShortcut*>(), nullptr);
 }
 
@@ -263,7 +263,7 @@ TEST_F(ErrorStage, HelpGoesToTheHostAndComesBack) {
   Open();
   Push(RecordBuilder());
   TakeHostCalls();
-  Send(kMsgHelpKey, 0);
+  Send(PNL_MSG_HELP_KEY, 0);
   EXPECT_THAT(TakeHostCalls(),
               ElementsAre("HostToolClosed(0,2)", "HostShowError(0000A0,C:\\H.TXT#1,Error 1000 : |fault)"));
   EXPECT_FALSE(tool->isVisible());

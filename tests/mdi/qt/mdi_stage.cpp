@@ -26,7 +26,7 @@ void MdiStage::OpenMda() {
 void MdiStage::StartKey() {
   PnlCycleStart record = {};
   record.channel = 1;
-  Send(kMsgCycleStart, 1, reinterpret_cast<std::intptr_t>(&record));
+  Send(PNL_MSG_CYCLE_START, 1, reinterpret_cast<std::intptr_t>(&record));
 }
 
 void MdiStage::Status(int byte) {

@@ -21,7 +21,7 @@ class MdiStage : public WindowStage {
   void OpenMda();
   void SwitchRole() { Command(8, 0); }
   std::intptr_t Command(std::intptr_t code, std::intptr_t argument = 1) {
-    return Send(kMsgToolCommand, code, argument);
+    return Send(PNL_MSG_TOOL_COMMAND, code, argument);
   }
   void StartKey();
   /// The control reports a status byte.

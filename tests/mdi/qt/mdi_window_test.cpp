@@ -49,9 +49,9 @@ TEST_F(MdiWindowTest, LiesAsALineAtTheParentsBottom) {
 
 TEST_F(MdiWindowTest, SwitchesPositionAndLengthByTheSideMenu) {
   Open();
-  Send(kMsgCommand, 40005);
+  Send(PNL_MSG_COMMAND, 40005);
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 600, 29));
-  Send(kMsgCommand, 40006);
+  Send(PNL_MSG_COMMAND, 40006);
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 300, 29));
   EXPECT_EQ(Edit()->geometry(), QRect(65, 1, 300 - 65 - 31, 30));
 }
@@ -234,7 +234,7 @@ TEST_F(MdiWindowTest, TheEditGetsTheFocusBackWhenLayingOutClosesTheDropList) {
   Open();
   Key(Qt::Key_Down);
   ASSERT_EQ(Focus(), DropItems());
-  Send(kMsgCommand, 40005);
+  Send(PNL_MSG_COMMAND, 40005);
   EXPECT_EQ(Drop(), nullptr);
   EXPECT_EQ(Focus(), Edit());
 }
@@ -269,14 +269,14 @@ TEST_F(MdiWindowTest, AListOpenedAgainAfterACloseThatWaitedCanBeUsed) {
 TEST_F(MdiWindowTest, TheArrowKeysWalkTheListAfterItIsSavedAsAProgram) {
   Disc("MDAC1.DAT", "G0\r\nG1\r\n");
   OpenMda();
-  Send(kMsgCommand, 32775);
+  Send(PNL_MSG_COMMAND, 32775);
   const auto number = std::get<std::int64_t>(*cnc.Get(u"E.XPLRDATA"));
   auto* request = static_cast<XPLRDATA_ST*>(ResolveRecord(static_cast<std::int32_t>(number)));
   ASSERT_NE(request, nullptr);
   SetField(request->Path, u"C:\\P108");
   SetField(request->File, u"P.NC");
   other->setFocus();
-  Send(kMsgResultReady, 2);
+  Send(PNL_MSG_RESULT_READY, 2);
   EXPECT_EQ(Focus(), List());
   Key(Qt::Key_Down);
   EXPECT_EQ(List()->Selection(), 1);
@@ -284,7 +284,7 @@ TEST_F(MdiWindowTest, TheArrowKeysWalkTheListAfterItIsSavedAsAProgram) {
 
 TEST_F(MdiWindowTest, TheHostLearnsOfTheMenusOnceTheListsFocusHasSettled) {
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   Type(Edit(), "G1");
   hostCalls.clear();
   List()->setFocus(Qt::MouseFocusReason);
@@ -319,7 +319,7 @@ TEST_F(MdiWindowTest, TheEditTakesAtMost255CharactersTypedOrPasted) {
 TEST_F(MdiWindowTest, ALongerItemOfTheListIsShownWholeAndTheLimitComesBack) {
   Disc("MDAC1.DAT", std::string(300, 'X') + "\r\n");
   OpenMda();
-  Send(kMsgCommand, 32772);
+  Send(PNL_MSG_COMMAND, 32772);
   EXPECT_EQ(Edit()->text().size(), 300);
   Type(Edit(), "Y");
   EXPECT_EQ(Edit()->text().size(), 300) << "no more can be typed";
@@ -351,7 +351,7 @@ TEST_F(MdiWindowTest, EnterRunsNoBlockInMdiRole) {
 
 TEST_F(MdiWindowTest, EnterPutsATypedBlockIntoTheList) {
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   EXPECT_EQ(Focus(), Edit());
   EXPECT_FALSE(Edit()->isReadOnly());
   Type(Edit(), "G0 X10");
@@ -408,7 +408,7 @@ TEST_F(MdiWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
 TEST_F(MdiWindowTest, TheListsFocusEndsAnEdit) {
   Disc("MDAC1.DAT", "G0\r\n");
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   Type(Edit(), "G1");
   PressMouse(List()->viewport(), QPoint(10, 10));
   EXPECT_EQ(Focus(), List());
