@@ -12,7 +12,7 @@
 
 namespace pnl::test {
 
-enum class Answer { kExactly, kWithinPlaces, kToEightDigits, kDomainFailure, PNL_REFUSED };
+enum class Answer { kExactly, kWithinPlaces, kToEightDigits, kDomainFailure, kRefused };
 
 struct Golden {
   int line = 0;

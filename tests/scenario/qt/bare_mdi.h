@@ -19,7 +19,7 @@ inline constexpr int kSwitchRole = 8;
 inline constexpr int kEdit = 5000;
 inline constexpr int kList = 5001;
 inline constexpr int kTitle = 5003;
-
+inline constexpr qint64 kRefused = -200;
 inline constexpr int kReady = 0x100;
 inline constexpr int kRunning = 0x200;
 inline constexpr int kInterrupted = 0x400;

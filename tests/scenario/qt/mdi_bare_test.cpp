@@ -91,7 +91,7 @@ TEST_F(BareMdi, TheCycleStartRecordIsRead) {
   EXPECT_EQ(client.Tell(mdi, 0x800, 2, QJsonObject{{"start", QJsonObject{{"channel", 1}}}}), 4);
   EXPECT_EQ(client.Tell(mdi, 0x800, 2, 0), 0);
   EXPECT_EQ(client.Tell(mdi, 0x800, 3, 0), -203);
-  EXPECT_EQ(client.Tell(mdi, 0x800, 9, 0), PNL_REFUSED);
+  EXPECT_EQ(client.Tell(mdi, 0x800, 9, 0), kRefused);
 }
 
 struct RefusedOpening {
@@ -109,7 +109,7 @@ TEST_P(RefusedOpenings, AnswerTheCodeAndShowNothing) {
   if (row.variable != nullptr) client.Define(row.variable, row.value);
   if (row.function != nullptr) client.Call("cnc.returns", {{"function", row.function}, {"value", row.answer}});
   Load();
-  EXPECT_EQ(client.Tell(mdi, kCommand, kOpen, 1), PNL_REFUSED);
+  EXPECT_EQ(client.Tell(mdi, kCommand, kOpen, 1), kRefused);
   EXPECT_EQ(client.Window(mdi)["visible"], false);
   EXPECT_EQ(client.TraceText({"host", "write", "message"}), "");
 }
@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(All, RefusedOpenings,
 
 TEST_F(BareMdi, AnUnknownChannelIsRefused) {
   Load();
-  EXPECT_EQ(client.Tell(mdi, kCommand, kOpen, 2), PNL_REFUSED);
+  EXPECT_EQ(client.Tell(mdi, kCommand, kOpen, 2), kRefused);
 }
 
 TEST_F(BareMdi, ResetInspectionOpensInARunningChannel) {
