@@ -8,8 +8,7 @@
 #include "errors/error_composer.h"
 #include "facade/kernel.h"
 #include "fuzz_check.h"
-#include "fuzz_utilities.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -98,17 +97,19 @@ std::map<int, Text> Words(bool hostile) {
   return words;
 }
 
-/// Files with exactly one file; opening any other one fails the check.
+/// Files with exactly one file, whatever its name; opening any other one fails the check.
 class OneFile final : public pnl::Files {
  public:
   explicit OneFile(Text path) : path_(std::move(path)) {
     memory_.piece = 100;
-    memory_.content[path_] = "G1 X1\r\nG2 X2 Y\xC3\xA1\n" + std::string(700, 'X') + "\nM30";
+    memory_.disc["C:\\a"] = "G1 X1\r\nG2 X2 Y\xC3\xA1\n" + std::string(700, 'X') + "\nM30";
   }
-  pnl::FileInfo Query(TextView path) const override { return memory_.Query(path); }
+  pnl::FileInfo Query(TextView path) const override {
+    return path == path_ ? memory_.Query(u"C:\\a") : pnl::FileInfo{};
+  }
   std::unique_ptr<pnl::FileReader> OpenRead(TextView path, pnl::FileStatus* status) const override {
     FUZZ_CHECK(path == path_);
-    return memory_.OpenRead(path, status);
+    return memory_.OpenRead(u"C:\\a", status);
   }
   pnl::FileStatus CanReplace(TextView) const override { std::abort(); }
   pnl::FileStatus Replace(TextView, std::string_view) override { std::abort(); }
@@ -117,7 +118,7 @@ class OneFile final : public pnl::Files {
 
  private:
   Text path_;
-  pnl::fuzz::MemoryFiles memory_;
+  pnl::test::MemoryFiles memory_;
 };
 
 }  // namespace

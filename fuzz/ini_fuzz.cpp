@@ -3,7 +3,7 @@
 // must keep their values.
 #include "base/ini_file.h"
 #include "fuzz_check.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -24,10 +24,10 @@ void CheckSame(CIniFile& a, CIniFile& b, TextView section) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  pnl::fuzz::MemoryFiles files;
-  files.content[u"a"] = std::string(reinterpret_cast<const char*>(data), size);
+  pnl::test::MemoryFiles files;
+  files.disc["C:\\a"] = std::string(reinterpret_cast<const char*>(data), size);
   CIniFile ini(files);
-  FUZZ_CHECK(ini.ReadIniFile(u"a"));
+  FUZZ_CHECK(ini.ReadIniFile(u"C:\\a"));
   const std::string stored = ini.Serialize();
   // The stored form is UTF-8. UTF-16 can contain half a surrogate pair, which has become U+FFFD there.
   ini.Parse(stored);
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckSame(ini, again, section);
     CheckSame(ini, again, odd);
   }
-  FUZZ_CHECK(ini.WriteIniFile(u"b"));
-  FUZZ_CHECK(files.content[u"b"] == ini.Serialize());
+  FUZZ_CHECK(ini.WriteIniFile(u"C:\\b"));
+  FUZZ_CHECK(files.disc["C:\\b"] == ini.Serialize());
   return 0;
 }

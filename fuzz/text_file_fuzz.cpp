@@ -7,7 +7,7 @@
 
 #include "base/text_file.h"
 #include "fuzz_check.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -62,9 +62,9 @@ void CheckSeeks(CStdioFileEx& file, const Text& text) {
   FUZZ_CHECK(file.TCHAR_Seek(0, CStdioFileEx::kBegin) == 0);
 }
 
-void CheckWriting(pnl::fuzz::MemoryFiles& files, const std::vector<Text>& lines) {
+void CheckWriting(pnl::test::MemoryFiles& files, const std::vector<Text>& lines) {
   CStdioFileEx file(files);
-  FUZZ_CHECK(file.Open(u"b", CStdioFileEx::kCreate));
+  FUZZ_CHECK(file.Open(u"C:\\b", CStdioFileEx::kCreate));
   std::string expected;
   for (const Text& line : lines) {
     FUZZ_CHECK(file.WriteString(line));
@@ -72,22 +72,22 @@ void CheckWriting(pnl::fuzz::MemoryFiles& files, const std::vector<Text>& lines)
   }
   FUZZ_CHECK(file.Close());
   // There is a line feed between two lines, so no surrogate pair is split.
-  FUZZ_CHECK(files.content[u"b"] == expected);
+  FUZZ_CHECK(files.disc["C:\\b"] == expected);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  pnl::fuzz::MemoryFiles files;
+  pnl::test::MemoryFiles files;
   files.piece = std::size_t{1} + data[0];
   const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-  files.content[u"a"] = bytes;
+  files.disc["C:\\a"] = bytes;
   const Text text = pnl::DecodeFile(bytes);
   const auto lines = LinesOf(text);
 
   CStdioFileEx file(files);
-  FUZZ_CHECK(file.Open(u"a", CStdioFileEx::kRead));
+  FUZZ_CHECK(file.Open(u"C:\\a", CStdioFileEx::kRead));
   Text line;
   for (const Text& expected : lines) {
     FUZZ_CHECK(file.ReadString(line));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A disc for tests: files in memory that fail as the test tells them, and a list of what was replaced. It is as strict
-// as a real disc: names compare without regard to case, and a file needs its folder.
+// A disc for tests and fuzz targets: files in memory that fail as the test tells them, and a list of what was replaced.
+// It is as strict as a real disc: names compare without regard to case, and a file needs its folder.
 #pragma once
 
 #include <algorithm>
@@ -34,6 +34,8 @@ class MemoryFiles final : public Files {
   /// Folders that are out of reach, with everything below them.
   std::set<std::string, NameLess> away;
   bool full = false;
+  /// The most that one read gives, as a slow disc may.
+  std::size_t piece = std::string::npos;
   std::vector<std::string> replaced;
 
   FileInfo Query(TextView path) const override {
@@ -62,7 +64,7 @@ class MemoryFiles final : public Files {
       answer = FileStatus::kDenied;
     }
     if (status != nullptr) *status = answer;
-    return answer == FileStatus::kOk ? std::make_unique<Reader>(disc.at(key)) : nullptr;
+    return answer == FileStatus::kOk ? std::make_unique<Reader>(disc.at(key), piece) : nullptr;
   }
   FileStatus CanReplace(TextView path) const override {
     const FileInfo info = Query(path);
@@ -94,9 +96,9 @@ class MemoryFiles final : public Files {
  private:
   class Reader final : public FileReader {
    public:
-    explicit Reader(std::string bytes) : bytes_(std::move(bytes)) {}
+    Reader(std::string bytes, std::size_t piece) : bytes_(std::move(bytes)), piece_(piece) {}
     std::int64_t Read(char* buffer, std::size_t size) override {
-      const std::size_t count = std::min(size, bytes_.size() - at_);
+      const std::size_t count = std::min({size, piece_, bytes_.size() - at_});
       std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at_), count, buffer);
       at_ += count;
       return static_cast<std::int64_t>(count);
@@ -111,6 +113,7 @@ class MemoryFiles final : public Files {
 
    private:
     std::string bytes_;
+    std::size_t piece_;
     std::size_t at_ = 0;
   };
 
