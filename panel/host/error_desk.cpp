@@ -24,8 +24,9 @@ std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
 std::uint32_t ColorOfKind(ErrorKind kind) { return kColors[static_cast<std::size_t>(kind)]; }
 
 ErrorSign ErrorSignOf(qint64 first, qint64 second) {
-  const int kind = PnlHighHalf(first) < kErrorClasses ? PnlHighHalf(first) : PNL_ERROR;
-  return {PnlLowHalf(first), static_cast<ErrorKind>(kind), PnlLowHalf(second), PnlHighHalf(second)};
+  ErrorKind kind = ErrorKind::kError;
+  if (PnlHighHalf(first) < kErrorClasses) kind = static_cast<ErrorKind>(PnlHighHalf(first));
+  return {PnlLowHalf(first), kind, PnlLowHalf(second), PnlHighHalf(second)};
 }
 
 ErrorDesk::ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now)
