@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "errors/error_class.h"
 #include "facade/error_record.h"
 #include "pnltools/rig.h"
 
