@@ -450,7 +450,6 @@ TEST_F(MdiWindowTest, TenThousandItemsAreShownWithoutAWidgetEach) {
   EXPECT_GT(Count(Paint(*List()->viewport()), kWhite), 50);
 }
 
-}  // namespace
 TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
   Make();
   Open();
@@ -464,4 +463,5 @@ TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
   EXPECT_FALSE(start.isAccepted());
 }
 
+}  // namespace
 }  // namespace pnl::test
