@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a benchmark of a tool's window runs in: the application, a disc of its own for the simulated machine and a plain
-// widget that is the tools' parent. main makes it, so that every widget is gone before the application ends; a static
+// The host of a benchmark of a tool's window: the application, a disc of its own for the simulated machine, and a plain
+// widget that is the tools' parent. Make it in main, so that every widget is gone before the application ends; a static
 // object would outlive the application and crash.
 #pragma once
 
@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
-/// The one host of the program, from its making to the end of main.
+/// The only host of the program, from its construction to the end of main.
 class BenchHost {
  public:
   BenchHost(int& argc, char** argv) : application_(argc, argv) {
@@ -34,7 +34,7 @@ class BenchHost {
   [[nodiscard]] PnlWindow Window() const { return window_; }
 
  private:
-  /// The platform is chosen before the application is made.
+  /// Chooses the platform before the application is made.
   struct OffScreen {
     OffScreen() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
   };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The calculator's language beside muParser: a keystroke (compile and evaluate a line as it grows), one evaluation of
-// a compiled formula, and integrals. Both sides get the same expressions, values and sums. Prints the ratios of the
-// median processor times behind the table.
+// Compares the calculator's language with muParser: a keystroke (compile and evaluate a line as it grows), one
+// evaluation of a compiled formula, and integrals. Both sides get the same expressions, values and sums. After the
+// table it prints the ratios of the median processor times.
 #include <benchmark/benchmark.h>
 #include <muParser.h>
 #include <omp.h>
@@ -37,7 +37,7 @@ struct Ours {
   double& operator[](char letter) { return store.Variables[static_cast<std::size_t>(letter - 'A')]; }
 };
 
-/// Our functions take brackets here, so muParser's text is ours with other names.
+/// Translates our text for muParser. The expressions here use brackets, so only the names differ.
 std::string InMuParser(std::string text) {
   static constexpr std::pair<std::string_view, std::string_view> kNames[] = {
       {"INVLN", "exp"}, {"SQRT", "sqrt"}, {"SIN", "sin"}, {"COS", "cos"}, {"ABS", "abs"}, {"LN", "ln"}, {"PI", "_pi"}};
@@ -78,7 +78,7 @@ bool PreviewMuParser(const std::string& text, mu::Parser& parser) {
   }
 }
 
-/// The lines as they grow.
+/// Every prefix of every line, as the lines grow under typing.
 std::vector<std::string> Prefixes() {
   std::vector<std::string> prefixes;
   for (const std::string_view line : kLines) {
@@ -94,7 +94,7 @@ struct Keystrokes {
   std::vector<Text> ours;
   std::vector<std::string> theirs;
 
-  /// Every prefix, or only those that are expressions in both languages.
+  /// Uses every prefix, or only those that are expressions in both languages.
   explicit Keystrokes(bool onlyWhole) {
     parser.DefineVar("A", &a);
     store.Variables[0] = a;
@@ -129,7 +129,7 @@ void KeystrokeMuParser(benchmark::State& state, bool onlyWhole) {
 constexpr int kBulk = 10000;
 const std::string kFormula = "(A^2/SIN(2*PI/B))-A/2";
 
-/// As operators type them: whole numbers and decimals in turn.
+/// Values as operators type them: whole numbers and decimals in turn.
 struct BulkValues {
   std::vector<double> a = std::vector<double>(kBulk);
   std::vector<double> b = std::vector<double>(kBulk);
@@ -157,7 +157,7 @@ void FormulaOurs(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kBulk);
 }
 
-/// One thread, as ours has.
+/// Uses one thread, as ours does.
 void FormulaMuParser(benchmark::State& state) {
   BulkValues values;
   std::vector<double> results(kBulk);
@@ -175,7 +175,7 @@ void FormulaMuParser(benchmark::State& state) {
 
 // ---- Integrals
 
-constexpr double kPanels = 250000;  // of two intervals
+constexpr double kPanels = 250000;  // each panel has two intervals
 constexpr std::string_view kShortIntegrand = "X^2*SIN(X)";
 constexpr std::string_view kLongIntegrand =
     "X^2*SIN(X)+3.5*COS(2*X)-(X+1)/(X^2+2)+SQRT(X+7.25)*ABS(X-3)-INVLN(-X/2)+LN(X+1.5)*0.125+(2*X-1)*(X+4.75)/(3*X+2)"
@@ -217,7 +217,7 @@ void IntegralMuParser(benchmark::State& state, std::string_view integrand) {
 
 // ---- Ratios
 
-/// The usual table, and behind it the ratio of each pair "<what>/ours" and "<what>/muParser...".
+/// Prints the usual table, and after it the ratio of each pair "<what>/ours" and "<what>/muParser...".
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
@@ -240,7 +240,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> medians_;
 };
 
-/// Says only whether everything runs; the figures are worth nothing.
+/// A short run that only shows whether everything works; its figures mean nothing.
 bool brief = false;
 
 template <typename Function, typename... Arguments>
@@ -269,7 +269,7 @@ int main(int argc, char** argv) {
   Register("integral/muParser loop", IntegralMuParser, kShortIntegrand);
   Register("long integral/ours", IntegralOurs, kLongIntegrand);
   Register("long integral/muParser loop", IntegralMuParser, kLongIntegrand);
-  // A busy machine slows both sides alike when their repetitions take turns.
+  // The repetitions of both sides take turns, so that a busy machine slows both alike.
   std::vector<char*> arguments(argv, argv + argc);
   std::string interleave = "--benchmark_enable_random_interleaving=true";
   arguments.insert(arguments.begin() + 1, interleave.data());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The calculator with a history of ten thousand rows: opening and closing the list, and a step of scrolling, painted
-// each time. Beside it a plain QListWidget that holds the same rows in the same size.
+// The calculator with a history of ten thousand rows: opening and closing the list, and one step of scrolling, painted
+// each time. The peer is a plain QListWidget with the same rows and size.
 #include <benchmark/benchmark.h>
 #include <pnltools/pnltools.h>
 #include <pnltools/rig.h>
@@ -33,7 +33,7 @@ void WriteHistory() {
   for (int i = 0; i < kRows; ++i) file.write((Row(i) + QStringLiteral("\r\n")).toUtf8());
 }
 
-/// A calculator whose history was read from the disc; destroyed with this object.
+/// A calculator that has read its history from the disc. Destroying this object destroys it.
 class Calculator {
  public:
   Calculator()

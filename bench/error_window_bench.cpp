@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// From the kernel's record to the painted error window, beside a plain Qt window with the same texts; and ten thousand
-// records at once, until the window is right again.
+// The time from the kernel's record to the painted error window, beside a plain Qt window with the same texts, and the
+// time until the window is right again after ten thousand records at once.
 #include <benchmark/benchmark.h>
 
 #include <QImage>
@@ -27,7 +27,7 @@ void Push() {
 
 void HandlePosted() { QCoreApplication::sendPostedEvents(); }
 
-/// What a screen would get.
+/// Paints what a screen would show.
 void PaintHost() { benchmark::DoNotOptimize(BenchHost::Here().Widget().grab()); }
 
 void RecordToPaintedWindow(benchmark::State& state) {

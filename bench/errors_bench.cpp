@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Composing one error record with five parameters, beside the same lines written with std::snprintf, which knows
-// neither units nor words by number nor 16-bit text. Prints the time and how often each of the two asks for memory.
+// Composes one error record with five parameters, beside the same lines written with std::snprintf, which knows no
+// units, no words by number and no 16-bit text. Prints the time and the number of allocations of each.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -12,6 +12,7 @@
 
 #include "errors/error_composer.h"
 #include "facade/kernel.h"
+#include "support/fake_utilities.h"
 
 namespace {
 
@@ -70,7 +71,7 @@ class BenchKernel final : public pnl::Kernel {
   int GetTextoSercosError(int, Text&) override { return -1; }
 };
 
-class BenchUtilities final : public pnl::Utilities {
+class BenchUtilities final : public pnl::test::FakeUtilities {
  public:
   int ErrorText(pnl::ErrorTextFunction, std::int32_t, pnl::Z7340ERRORINFO_ST& info) override {
     constexpr TextView kTitle = u"\nTravel limit exceeded";
@@ -79,16 +80,6 @@ class BenchUtilities final : public pnl::Utilities {
     kHelp.copy(info.helpRef, kHelp.size());
     return 0;
   }
-  bool desc_to_txt(std::int32_t, Text&, TextView) override { return false; }
-  Text Get7340Path(int) override { return {}; }
-  int UTIL7340_DriveStatus(int) override { return 0; }
-  void UTIL7340_CopyToClipboard_Text(pnl::WindowHandle, TextView) override {}
-  int Util7340_MarcaHelpAsignadaABloque(TextView, Text&) override { return -1; }
-  pnl::Rect UTIL7340_GetCNCRect() override { return {0, 0, 800, 600}; }
-  bool UTIL7340_AreSoftkeyMetricsStandard() override { return true; }
-  int UTIL7340_FitFontSize(int height) override { return height; }
-  int UTIL7340_FitHeight(int height) override { return height; }
-  bool UTIL7340_Is7335() override { return false; }
 };
 
 template <typename T>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// From process start to the first painted window, and the most memory used until then: the panel beside a plain Qt
-// program with a window of the same make, in turn, off screen. Prints medians and ratios; also counts how often the
-// resting panel wakes up in ten seconds.
+// Measures the time from process start to the first painted window and the most memory used until then, for the panel
+// and for a plain Qt program with a similar window, in turn, off screen. Prints medians and ratios. Also counts how
+// often the idle panel wakes up in ten seconds.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -24,7 +24,7 @@ struct Run {
   double megabytes = 0;
 };
 
-/// Runs a program to its end; its output is thrown away.
+/// Runs a program to its end and discards its output.
 Run Measure(const std::vector<std::string>& command) {
   std::vector<char*> words;
   words.reserve(command.size() + 1);
@@ -55,7 +55,7 @@ double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// How often the kernel switched to the process of its own accord, from /proc.
+/// The number of voluntary context switches of a process, from /proc.
 long Wakeups(pid_t process) {
   std::ifstream status("/proc/" + std::to_string(process) + "/status");
   for (std::string line; std::getline(status, line);) {
@@ -64,14 +64,14 @@ long Wakeups(pid_t process) {
   return -1;
 }
 
-/// Wake-ups of the panel's window thread in ten seconds with the machine at rest.
+/// The wake-ups of the panel's window thread in ten seconds with the machine at rest.
 long IdleWakeups(const std::string& root) {
   int in[2];
   if (pipe(in) != 0) return -1;
   const pid_t child = fork();
   if (child == 0) {
     dup2(in[0], 0);
-    // Its own copy of the writing end would keep the end of input from it.
+    // With its own copy of the writing end open, the panel would never see the end of input.
     close(in[1]);
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, 1);
@@ -91,7 +91,7 @@ long IdleWakeups(const std::string& root) {
 
 }  // namespace
 
-// With --brief every program is started once, and the resting panel isn't watched.
+// With --brief every program is started once, and the idle panel isn't watched.
 int main(int argc, char** argv) {
   const bool brief = argc == 2 && std::string_view(argv[1]) == "--brief";
   setenv("QT_QPA_PLATFORM", "offscreen", 1);

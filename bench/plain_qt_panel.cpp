@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The peer of the panel's start: a plain Qt program with a window of the same make (an editor, two bars of soft keys
-// with SVG icons, read-outs, operator keys) and nothing behind it. Ends once it is painted.
+// The peer in the benchmark of the panel's start: a plain Qt program with a similar window (an editor, soft keys with
+// SVG icons at the side and below, read-outs, operator keys) and no function. It ends once it is painted.
 #include <QApplication>
 #include <QGridLayout>
 #include <QIcon>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The command line's window beside plain Qt windows of the same make, and the cost of a message beside a bare event.
+// The command line's window beside similar plain Qt windows, and the cost of a message beside a bare event.
 #include <benchmark/benchmark.h>
 
 #include <QDir>
@@ -52,7 +52,7 @@ void SendMessage(benchmark::State& state) {
 }
 BENCHMARK(SendMessage);
 
-/// A window whose event handler does as little as one can.
+/// A window whose event handler does as little as possible.
 class BareWindow : public QWidget {
  public:
   using QWidget::QWidget;

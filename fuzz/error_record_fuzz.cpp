@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-// An error record of any bytes, the shorter ones filled with zeros, over a kernel and tables that know everything and
-// a disc that has the record's own program: composing and reading the failing line end, open no other file, and give
-// texts of a length that a window can show.
+// Composes an error from any bytes as its record (short inputs are filled with zeros) and reads the program line at
+// fault. The kernel and the tables answer every question, and the disc has the record's own program. Both steps must
+// end, must open no other file, and must give texts that a window can show.
 #include <algorithm>
 #include <cstring>
 
 #include "errors/error_composer.h"
 #include "facade/kernel.h"
 #include "fuzz_check.h"
-#include "fuzz_utilities.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -17,10 +16,10 @@ using pnl::ErrorRecord;
 using pnl::Text;
 using pnl::TextView;
 
-/// Far beyond five texts of 260 units with their captions.
+/// Far more than five texts of 260 units with their captions.
 constexpr std::size_t kLongest = 100'000;
 
-/// Answers the texts' questions; what composing has no business with is an accident.
+/// Answers the questions for texts. Any other call is a bug of the composer and aborts.
 class TextKernel final : public pnl::Kernel {
  public:
   int ChannelNumber() override { return 4; }
@@ -54,7 +53,7 @@ class TextKernel final : public pnl::Kernel {
   int AddLogOnInfo(TextView) override { std::abort(); }
 
  private:
-  /// Odd codes have a text that asks for more than there is.
+  /// Odd codes have a text whose format asks for more arguments than there are.
   static int CodeText(int code, Text& text) {
     if (code % 2 == 0) return -1;
     text = u"%d %s %n %*d %08X";
@@ -67,7 +66,7 @@ class TextTables final : public pnl::Utilities {
   int ErrorText(pnl::ErrorTextFunction, std::int32_t number, pnl::Z7340ERRORINFO_ST& info) override {
     info = {};
     if (number % 3 == 0) return -1;
-    // Neither field is terminated for some, as a library that fills them may leave them.
+    // For some numbers neither field has a terminator; a library may leave them so.
     const char16_t unit = number % 3 == 1 ? u'x' : u'\0';
     std::fill(std::begin(info.text), std::end(info.text), unit);
     std::fill(std::begin(info.helpRef), std::end(info.helpRef), unit);
@@ -90,7 +89,7 @@ class TextTables final : public pnl::Utilities {
   bool UTIL7340_Is7335() override { std::abort(); }
 };
 
-/// Words as a hostile language pack would have them, by the record's own numbers.
+/// The words of a language pack by their numbers; hostile ones are formats that ask for more than there is.
 std::map<int, Text> Words(bool hostile) {
   std::map<int, Text> words;
   for (int id = 200; id < 270; ++id) words[id] = hostile ? u"%s%d%n%*.*f%%" : u"word %d";
@@ -98,17 +97,19 @@ std::map<int, Text> Words(bool hostile) {
   return words;
 }
 
-/// Opens only what it was told.
+/// Files with exactly one file, whatever its name; opening any other one fails the check.
 class OneFile final : public pnl::Files {
  public:
   explicit OneFile(Text path) : path_(std::move(path)) {
     memory_.piece = 100;
-    memory_.content[path_] = "G1 X1\r\nG2 X2 Y\xC3\xA1\n" + std::string(700, 'X') + "\nM30";
+    memory_.disc["C:\\a"] = "G1 X1\r\nG2 X2 Y\xC3\xA1\n" + std::string(700, 'X') + "\nM30";
   }
-  pnl::FileInfo Query(TextView path) const override { return memory_.Query(path); }
+  pnl::FileInfo Query(TextView path) const override {
+    return path == path_ ? memory_.Query(u"C:\\a") : pnl::FileInfo{};
+  }
   std::unique_ptr<pnl::FileReader> OpenRead(TextView path, pnl::FileStatus* status) const override {
     FUZZ_CHECK(path == path_);
-    return memory_.OpenRead(path, status);
+    return memory_.OpenRead(u"C:\\a", status);
   }
   pnl::FileStatus CanReplace(TextView) const override { std::abort(); }
   pnl::FileStatus Replace(TextView, std::string_view) override { std::abort(); }
@@ -117,7 +118,7 @@ class OneFile final : public pnl::Files {
 
  private:
   Text path_;
-  pnl::fuzz::MemoryFiles memory_;
+  pnl::test::MemoryFiles memory_;
 };
 
 }  // namespace
@@ -140,7 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FUZZ_CHECK(error.titleLine.size() < 600);
   if (error.inProgram) {
     const pnl::ProgramLines lines = pnl::ReadProgramLines(error.place, pnl::ProgramCaptionsOf(words), files);
-    // A line of 512 units with its two signs, behind a caption.
+    // A line of at most 512 units with its two signs, after a caption.
     FUZZ_CHECK(lines.lineText.size() < 600);
     error.parts.lineNumber = lines.lineNumber;
     error.parts.lineText = lines.lineText;

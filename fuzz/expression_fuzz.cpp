@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Any text scans, parses, prints, compiles and evaluates, or is refused at a place inside it. The first byte chooses
-// the angle unit, how the rest is read and how the run is cut into pieces, the second the store; the rest is the text.
+// Any text must scan, parse, print, compile and evaluate, or be refused at a place inside it. The first byte chooses
+// the angle unit, the encoding of the text and how the run is cut into pieces. The second chooses the store. The rest
+// is the text.
 #include "calc/expr/evaluator.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ Text TextOf(const std::uint8_t* data, std::size_t size, bool wide) {
   return text;
 }
 
-/// As the evaluator sees it: up to the terminator.
+/// The length that the evaluator sees: up to the terminator.
 std::size_t LengthOf(const Text& text) { return std::min(text.find(u'\0'), text.size()); }
 
 CalcStore StoreOf(std::uint8_t seed) {
@@ -88,7 +89,7 @@ struct Outcome {
   double value = 0;
 };
 
-/// Pieces of that many steps each, as long as the whole may take.
+/// Evaluates the text in pieces of that many steps each, for at most kMostSteps in all.
 Outcome Run(const Text& text, bool radians, std::int64_t piece, CalcStore& store) {
   pnl::CScaner scanner;
   pnl::CParser parser;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a fuzz target says that something must hold. Works in every build, unlike assert.
+// The check of the fuzz targets. Unlike assert it works in every build.
 #pragma once
 
 #include <cstdint>

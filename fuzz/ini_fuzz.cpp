@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// An ini file of any bytes is read, changed and stored: what is stored reads back the same, and what nobody touched
-// stays.
+// Reads any bytes as an ini file, changes it and stores it. The stored file must read back the same, and untouched keys
+// must keep their values.
 #include "base/ini_file.h"
 #include "fuzz_check.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -24,12 +24,12 @@ void CheckSame(CIniFile& a, CIniFile& b, TextView section) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  pnl::fuzz::MemoryFiles files;
-  files.content[u"a"] = std::string(reinterpret_cast<const char*>(data), size);
+  pnl::test::MemoryFiles files;
+  files.disc["C:\\a"] = std::string(reinterpret_cast<const char*>(data), size);
   CIniFile ini(files);
-  FUZZ_CHECK(ini.ReadIniFile(u"a"));
+  FUZZ_CHECK(ini.ReadIniFile(u"C:\\a"));
   const std::string stored = ini.Serialize();
-  // From here on what the file holds is UTF-8: half a surrogate pair, which UTF-16 can bring, has become U+FFFD.
+  // The stored form is UTF-8. UTF-16 can contain half a surrogate pair, which has become U+FFFD there.
   ini.Parse(stored);
   CIniFile again(files);
   again.Parse(stored);
@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const TextView section : {TextView(u""), TextView(u"PRIVATE"), TextView(u"a")}) {
     CheckSame(ini, again, section);
     const auto names = ini.GetKeyNames(section);
-    // A name and a value of the input's own choice, so that every odd character is written as well as read.
+    // The name and the value come from the input, so that odd characters are written as well as read.
     const Text start = names.empty() ? pnl::DecodeFile(stored).substr(0, 20) : names.back();
     const Text odd = pnl::FromUtf8(pnl::ToUtf8(start));
     ini.WriteString(odd, odd, odd);
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckSame(ini, again, section);
     CheckSame(ini, again, odd);
   }
-  FUZZ_CHECK(ini.WriteIniFile(u"b"));
-  FUZZ_CHECK(files.content[u"b"] == ini.Serialize());
+  FUZZ_CHECK(ini.WriteIniFile(u"C:\\b"));
+  FUZZ_CHECK(files.disc["C:\\b"] == ini.Serialize());
   return 0;
 }

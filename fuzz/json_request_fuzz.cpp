@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Bytes of standard input through line cutting, JSON-RPC and the readers of parameters: no input may crash them, every
-// line is answered at most once, and every answer is one line.
+// Sends any bytes of standard input through line cutting, JSON-RPC and the readers of parameters. No input may crash
+// them; each line has at most one reply, and each reply is one line.
 #include <QJsonDocument>
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Reads every parameter in every way, as methods do.
+/// A method that reads every parameter in every way.
 panel::RpcResult ReadEverything(const QString& method, const QJsonObject& object) {
   panel::Params params(object);
   for (const QString& name : object.keys()) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Language packs: any bytes as a file, and, since checksums would keep most of them out, any bytes as the payload of
-// each kind of entry in a file that is otherwise whole.
+// Reads any bytes as a language pack. Checksums refuse most of them, so the same bytes are also the payload of each
+// kind of entry in an otherwise valid pack.
 #include <cstdint>
 #include <string_view>
 
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string entries =
         pnl::pack_format::Entry(kind, 1, bytes) + pnl::pack_format::Entry(pnl::pack_format::kText, 2, "next");
     FUZZ_CHECK(pack.Parse(pnl::pack_format::File(entries, 2)));
-    // Whatever an entry holds, the one behind it is found.
+    // The entry after it must be found, whatever the payload is.
     FUZZ_CHECK(pack.FindText(2) != nullptr && *pack.FindText(2) == u"next");
   }
   return 0;

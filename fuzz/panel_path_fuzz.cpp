@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any text as a panel path stays within its drive.
+// Any text as a panel path must stay within its drive.
 #include "base/panel_path.h"
 
 #include "base/files.h"
@@ -7,7 +7,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const pnl::Text path = pnl::DecodeFile({reinterpret_cast<const char*>(data), size});
-  // A folder that nobody has: the disc is asked, and answers that there is nothing.
+  // A folder that doesn't exist, so that the disc has none of the files.
   const std::string root = "/pnl-no-such-folder";
   pnl::DriveMap drives;
   drives.Set('C', root);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Blocks from any bytes, a line each: every one is refused with a word that stands in it, or planned so that the axes
-// stay inside their travel and every step has a time that ends.
+// Reads any bytes as blocks, one a line. Each block must be refused at a place inside it, or planned so that the axes
+// stay inside their travel and every step has a finite time.
 #include <algorithm>
 #include <cmath>
 

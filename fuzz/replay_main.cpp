@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzz target over every file of the folders and over the files that are named: the corpus as a test, or one
-// input that a fuzzer found. Fails when there is nothing to run.
+// Runs a fuzz target over the named files and over every file of the named folders: a corpus as a test, or one input
+// that a fuzzer found. Fails when there is nothing to run.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -32,11 +32,11 @@ bool Run(const fs::path& path) {
     std::fprintf(stderr, "%s can't be read\n", path.c_str());
     return false;
   }
-  // The name comes first, so that a crash tells which input it was.
+  // The name is printed first, so that a crash shows which input it was.
   std::printf("%s\n", path.c_str());
   std::fflush(stdout);
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  // A copy of exactly this size, so that the sanitizer sees a read behind its end.
+  // The copy has exactly this size, so that the sanitizer notices a read beyond its end.
   const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
   LLVMFuzzerTestOneInput(input.data(), input.size());
   return true;

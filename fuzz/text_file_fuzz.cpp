@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// A history file of any bytes, read in pieces of any size (the first byte), gives the lines of the text that DecodeFile
-// gives for the whole; the buffer form and seeking agree with them, and what is written comes back.
+// Reads any bytes as a history file, in pieces whose size is the first byte. The lines must be those of the text that
+// DecodeFile gives for all bytes. Reading into a buffer and seeking must agree with them, and written lines must come
+// back.
 #include <algorithm>
 #include <vector>
 
 #include "base/text_file.h"
 #include "fuzz_check.h"
-#include "memory_files.h"
+#include "support/memory_files.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ using pnl::CStdioFileEx;
 using pnl::Text;
 using pnl::TextView;
 
-/// The lines as their rule has it, written the plainest way. Each with a line feed where it had an ending.
+/// The lines by their rule, computed the plainest way. Each one with an ending has a line feed.
 std::vector<Text> LinesOf(const Text& text) {
   std::vector<Text> lines(1);
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -37,7 +38,7 @@ void CheckBuffers(CStdioFileEx& file, const std::vector<Text>& lines, int size) 
   Text read;
   while (read.size() < all.size()) {
     FUZZ_CHECK(file.ReadString(buffer.data(), size) == buffer.data());
-    // A NUL in the text ends what can be seen of it; the position tells how far it really went.
+    // A NUL in the text hides the rest of the buffer, so the true position is computed below.
     const TextView seen(buffer.data());
     FUZZ_CHECK(seen.size() < buffer.size());
     FUZZ_CHECK(TextView(all).substr(read.size()).starts_with(seen));
@@ -61,32 +62,32 @@ void CheckSeeks(CStdioFileEx& file, const Text& text) {
   FUZZ_CHECK(file.TCHAR_Seek(0, CStdioFileEx::kBegin) == 0);
 }
 
-void CheckWriting(pnl::fuzz::MemoryFiles& files, const std::vector<Text>& lines) {
+void CheckWriting(pnl::test::MemoryFiles& files, const std::vector<Text>& lines) {
   CStdioFileEx file(files);
-  FUZZ_CHECK(file.Open(u"b", CStdioFileEx::kCreate));
+  FUZZ_CHECK(file.Open(u"C:\\b", CStdioFileEx::kCreate));
   std::string expected;
   for (const Text& line : lines) {
     FUZZ_CHECK(file.WriteString(line));
     expected += pnl::ToUtf8(line);
   }
   FUZZ_CHECK(file.Close());
-  // Between two lines stands a line feed, so no pair of units is torn.
-  FUZZ_CHECK(files.content[u"b"] == expected);
+  // There is a line feed between two lines, so no surrogate pair is split.
+  FUZZ_CHECK(files.disc["C:\\b"] == expected);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  pnl::fuzz::MemoryFiles files;
+  pnl::test::MemoryFiles files;
   files.piece = std::size_t{1} + data[0];
   const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-  files.content[u"a"] = bytes;
+  files.disc["C:\\a"] = bytes;
   const Text text = pnl::DecodeFile(bytes);
   const auto lines = LinesOf(text);
 
   CStdioFileEx file(files);
-  FUZZ_CHECK(file.Open(u"a", CStdioFileEx::kRead));
+  FUZZ_CHECK(file.Open(u"C:\\a", CStdioFileEx::kRead));
   Text line;
   for (const Text& expected : lines) {
     FUZZ_CHECK(file.ReadString(line));

@@ -15,14 +15,14 @@ namespace {
 
 constexpr std::array kSignals = {SIGTERM, SIGINT, SIGHUP};
 
-/// All that a handler may touch.
+/// The only data that the signal handler uses; -1 without a pipe.
 std::atomic<int> writeEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler waits for no lock");
 
 extern "C" void OnEndSignal(int /*number*/) {
   const int before = errno;
   const char byte = 0;
-  // A full pipe has already woken the event loop.
+  // When the pipe is full, the event loop has been woken already.
   [[maybe_unused]] const auto written = write(writeEnd, &byte, 1);
   errno = before;
 }

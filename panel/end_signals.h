@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Handles SIGTERM, SIGINT and SIGHUP, by which a system or a terminal ends a program, in the event loop, so that the
-// tools close first. A signal that was ignored when the program started stays ignored. One object in a process.
+// Brings SIGTERM, SIGINT and SIGHUP, with which a system or a terminal ends a program, into the event loop, so that the
+// tools can close first. A signal that was ignored when the program started stays ignored. A process has at most one
+// such object.
 #pragma once
 
 #include <QObject>
@@ -14,9 +15,10 @@ class EndSignals : public QObject {
   Q_OBJECT
 
  public:
-  /// Calls asked for each signal that comes. Where no pipe can be had the signals keep their ordinary effect.
+  /// Calls asked from the event loop after a signal. Signals that arrive together cause one call. When no pipe can be
+  /// made, the signals keep their default effect.
   explicit EndSignals(std::function<void()> asked);
-  /// The signals have their ordinary effect again.
+  /// Gives the signals their default effect again.
   ~EndSignals() override;
 
  private:

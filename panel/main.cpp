@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kBadCommandLine = 2;
 
-/// Says on standard error what is wrong and how to go on.
+/// Prints what is wrong, and how to get help, to standard error. Returns the program's exit code for it.
 int Refuse(const QString& text) {
   std::fprintf(stderr, "pnlpanel: %s\nTry pnlpanel --help.\n", qPrintable(text));
   return kBadCommandLine;
@@ -45,13 +45,13 @@ QString RootFolder(const panel::Options& options) {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/pnlpanel");
 }
 
-/// Without a display Qt would end the process; the operator shall read why instead.
+/// Whether the panel needs a display and has none. Qt would end the process then; the panel prints the reason first.
 bool LacksDisplay(const panel::Options& options) {
   return !options.headless && qEnvironmentVariableIsEmpty("DISPLAY") &&
          qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-/// Puts drive C:, machine, clock and language in place. What is wrong, empty if nothing is.
+/// Sets up drive C:, the machine, the clock and the language. Returns what is wrong, or an empty text.
 QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
   const QString root = RootFolder(options);
   if (!QDir().mkpath(root)) return QStringLiteral("--root: the folder %1 can't be made").arg(root);
@@ -63,7 +63,7 @@ QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
   if (!started) return QStringLiteral("--machine: there is no machine named %1").arg(options.machine);
   if (options.manualTime || !options.guidedInto.isEmpty()) rig.UseManualTime();
   if (PnlSetLanguage(qPrintable(options.language)) == 0) {
-    // The panel works without a pack too: it says so and goes on.
+    // A missing pack is no reason to stop: the panel works without one.
     std::fprintf(stderr, "pnlpanel: no language pack for %s\n", qPrintable(options.language));
   }
   panel::UseWords(options.language);
@@ -86,7 +86,8 @@ void SetUpPrograms(pnl::rig::Rig& rig, panel::PanelWindow& window) {
   if (host) QDir().mkpath(QFile::decodeName(QByteArray::fromStdString(*host)));
 }
 
-/// The size the options ask for, else 800x600 head-less and the whole screen where there is one.
+/// Shows the panel. The tool area gets the size that the options ask for; without one it is 800x600 head-less, and on a
+/// display the panel fills the screen.
 void ShowPanel(panel::PanelWindow& window, const panel::Options& options) {
   const bool unseen = options.headless;
   if (!options.toolArea.isEmpty() || unseen) {
@@ -97,7 +98,8 @@ void ShowPanel(panel::PanelWindow& window, const panel::Options& options) {
   window.showMaximized();
 }
 
-/// One guided session in one language, with a panel of its own. The number of the next step, 0 when one failed.
+/// Runs one guided session in one language, with a panel of its own. Returns the number of the next step, or 0 when a
+/// step failed.
 int Guide(pnl::rig::Rig& rig, const panel::Options& options, const char* language, panel::Tour tour, int first) {
   PnlSetLanguage(language);
   panel::UseWords(QString::fromLatin1(language));
@@ -111,7 +113,7 @@ int Guide(pnl::rig::Rig& rig, const panel::Options& options, const char* languag
   return panel::RunGuidedSession(window, session, op, rig, options.guidedInto, tour, first);
 }
 
-/// The whole tour in the language asked for, then a glance in the other one.
+/// Runs the whole tour in the language asked for, then a short look in the other one. Returns the exit code.
 int RunGuided(pnl::rig::Rig& rig, const panel::Options& options) {
   const bool spanish = options.language == QLatin1String("es");
   const int next = Guide(rig, options, spanish ? "es" : "en", panel::Tour::kWhole, 1);
@@ -119,7 +121,7 @@ int RunGuided(pnl::rig::Rig& rig, const panel::Options& options) {
   return Guide(rig, options, spanish ? "en" : "es", panel::Tour::kGlance, next) == 0 ? 1 : 0;
 }
 
-/// Does something once, behind the window's first paint.
+/// Does something once, after the window's first paint.
 class WhenPainted : public QObject {
  public:
   WhenPainted(QWidget& window, std::function<void()> act) : act_(std::move(act)) { window.installEventFilter(this); }
@@ -152,14 +154,15 @@ int Run(QApplication& application, const panel::Options& options) {
     remote =
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
-  // Without a reply to wait for, the end of a system doesn't ask who reads.
+  // A signal closes the panel without a question: nobody may be there to answer it.
   const panel::EndSignals endSignals([&session] {
     session.CloseAll();
     QCoreApplication::exit(0);
   });
   std::optional<WhenPainted> end;
   if (options.untilPainted) end.emplace(window, [] { QCoreApplication::quit(); });
-  // The error tool measures the panel when it is made; a screen's size is known once the window is drawn on it.
+  // The error tool measures the panel when it is made. On a display the panel has its final size only once it is
+  // painted.
   std::optional<WhenPainted> tools;
   if (!options.headless) tools.emplace(window, [&op] { op.Desk().StartTool(); });
   ShowPanel(window, options);

@@ -11,12 +11,12 @@ namespace {
 constexpr int kMinSide = 100;
 constexpr int kMaxSide = 8000;
 
-/// Takes a value; the answer is what is wrong with it, empty if nothing is.
+/// Stores a value in the options. Returns what is wrong with the value, or an empty text.
 using TakeValue = QString (*)(Options&, const QString& value);
 
 struct OptionRow {
   const char* name;
-  const char* value;  // name of the value in the help; empty: the option takes none
+  const char* value;  // name of the value in the help; empty: the option takes no value
   const char* help;
   TakeValue take;
 };
@@ -86,7 +86,7 @@ const OptionRow* Find(const QString& name) {
   return nullptr;
 }
 
-/// The two that contradict each other, if any.
+/// Names two options that contradict each other. Empty when there are none.
 QString Contradiction(const Options& options) {
   if (options.rpc && !options.guidedInto.isEmpty()) return QStringLiteral("--rpc and --guided exclude each other");
   if (options.bare && !options.guidedInto.isEmpty()) return QStringLiteral("--guided needs a machine, --bare has none");
@@ -109,7 +109,7 @@ std::variant<Options, OptionError> ParseOptions(const QStringList& arguments) {
     } else if (joined) {
       value = arguments[i].mid(equals + 1);
     } else {
-      // A following option is no value: "--root --rpc" is a forgotten folder, not a folder named "--rpc".
+      // The next option isn't a value: in "--root --rpc" the folder was forgotten; it isn't named "--rpc".
       if (i + 1 >= arguments.size() || arguments[i + 1].startsWith(QLatin1String("--"))) {
         return OptionError{QStringLiteral("%1 needs a value: %2").arg(name, QLatin1String(row->value))};
       }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The command line of the panel program, as data. Parsing checks every word before anything starts; it opens no file,
-// makes no folder and knows neither the language packs nor the machines.
+// The command line of the panel program, as data. Parsing checks every word before anything starts. It opens no file,
+// makes no folder, and doesn't know which language packs and machines there are.
 #pragma once
 
 #include <QSize>
@@ -12,25 +12,26 @@ namespace panel {
 
 struct Options {
   bool help = false;
-  bool keys = false;  // print the table of keys and leave
+  bool keys = false;  // print the table of keys and exit
   bool headless = false;
   bool rpc = false;
   bool bare = false;
   bool manualTime = false;
-  bool untilPainted = false;  // leave once the window was painted, for measuring the start
+  bool untilPainted = false;  // exit once the window is painted; for measuring the start
   QString root;               // empty: the user's data folder
   QString machine = QStringLiteral("demo");
   QString language = QStringLiteral("en");
   QSize toolArea;      // empty: 800x600 head-less, else what the screen leaves
-  QString guidedInto;  // folder for the captures of the guided session; empty: none
+  QString guidedInto;  // folder for the captures of the guided session; empty: no guided session
 };
 
-/// What is wrong with a command line, in words for whoever typed it.
+/// What is wrong with a command line, in words for the person who typed it.
 struct OptionError {
   QString text;
 };
 
-/// arguments without the program's name. Later options win over earlier ones.
+/// Parses the arguments, which don't contain the program's name. A later option wins over an earlier one. The first
+/// problem found is the error.
 [[nodiscard]] std::variant<Options, OptionError> ParseOptions(const QStringList& arguments);
 /// The page that --help prints.
 [[nodiscard]] QString OptionsHelp();

@@ -1,9 +1,9 @@
 /* SPDX-License-Identifier: MIT */
 /*
- * What a host compiles against: the two entries of the tool library, the table of callbacks that the host offers,
+ * The interface between a host and the tool library: the library's two entries, the callbacks that the host offers,
  * the records that pass between host and tools, and the few calls that take the place of a window system's own.
- * Plain C; it never needs a Qt header. Text is UTF-16, colours are 0x00BBGGRR, results are 0 or positive on success.
- * Everything here is called on the host's window thread (the thread of its QApplication) and calls back on it.
+ * Plain C; it needs no Qt header. Text is UTF-16 and colours are 0x00BBGGRR unless a comment says otherwise.
+ * The host must call everything on its window thread (the thread of its QApplication). Callbacks come on that thread.
  */
 #ifndef PNLTOOLS_PNLTOOLS_H
 #define PNLTOOLS_PNLTOOLS_H
@@ -22,7 +22,7 @@ extern "C" {
 
 #define PNL_API __attribute__((visibility("default")))
 
-/* A window of the tool library or of the host, as a number. 0 is no window. A number is never used twice. */
+/* The number of a window of the tool library or of the host. 0 is no window. A number is never used twice. */
 typedef int32_t PnlWindow;
 
 /* ---------------------------------------------------------------- tools */
@@ -37,12 +37,23 @@ enum PnlToolId {
   PNL_TOOL_MDI = 6
 };
 
-/* The reasons of HostToolClosed. */
+/* The reasons of HostToolClosed: the tool has handed over a value or a file, or it hasn't. */
 enum PnlCloseReason { PNL_CLOSED_ACCEPTED = 1, PNL_CLOSED = 2 };
+
+/* Results of PNL_MSG_TOOL_COMMAND and PNL_MSG_CYCLE_START. Other results are described with their message. */
+enum PnlResult {
+  PNL_DONE = 0,          /* also the result of a code that the tool doesn't know */
+  PNL_CLOSES_LATER = 1,  /* the command line closes when the running block has ended */
+  PNL_CLOSED_ITSELF = 2, /* the tool has closed itself on PNL_COMMAND_CLOSE_TOOL */
+  PNL_UNSAVED_WORK = 5,  /* a result of PNL_COMMAND_ASK_UNSAVED */
+  PNL_REFUSED = -200,    /* not possible now, or an unknown channel */
+  PNL_CLOSE_REFUSED = -202,
+  PNL_RESERVED = -203
+};
 
 /* ---------------------------------------------------------------- records */
 
-/* A soft-key menu on its way to a bar of the host. menu 0 clears the bar. Passed by value. */
+/* A soft-key menu for a bar of the host. menu 0 clears the bar. Passed by value. */
 typedef struct HostMenuRef {
   int32_t zero;    /* always 0 */
   uint32_t menu;   /* menu handle, read with PnlMenuItemCount and PnlMenuItemAt; 0 for no menu */
@@ -78,19 +89,19 @@ PNL_STATIC_ASSERT(offsetof(HostMessage, rest) == 536, "HostMessage.rest");
 typedef struct HostErrorLine {
   uint32_t backColor;         /* the colour of the error's class */
   uint32_t textColor;         /* white */
-  const char16_t* helpRef;    /* path and number parted by '#', or empty */
+  const char16_t* helpRef;    /* path and number separated by '#', or empty */
   const char16_t* headerText; /* "word number : text" */
 } HostErrorLine;
 
 /* Second argument of a cycle start (message 0x800, first 1 or 2). */
 typedef struct PnlCycleStart {
   int32_t reserved;
-  int8_t channel; /* from 1; 0 means the tool's current one */
+  int8_t channel; /* from 1; 0 means the tool's present channel */
   int8_t unused[3];
 } PnlCycleStart;
 PNL_STATIC_ASSERT(offsetof(PnlCycleStart, channel) == 4, "PnlCycleStart.channel");
 
-/* Second argument of ToolNotify 41 and 42, valid during the call only. */
+/* Second argument of PNL_NOTIFY_CHANNEL_TAKEN and PNL_NOTIFY_CHANNEL_GIVEN, valid during the call only. */
 typedef struct PnlToolNotify {
   int32_t channel;
   PnlWindow window; /* the tool's window */
@@ -106,14 +117,14 @@ typedef struct ShowFileRecord {
   const char16_t* title;
 } ShowFileRecord;
 
-/* Request to the explorer and its answer. The asker keeps it alive from the request to the explorer's end. */
+/* Request to the explorer and its answer. The requesting tool must keep it alive until the explorer has ended. */
 typedef struct XPLRDATA_ST {
-  int32_t Owner;          /* 1000 + the asker's tool id */
+  int32_t Owner;          /* 1000 + id of the requesting tool */
   char16_t Title[100];    /* empty keeps the explorer's own title */
   char16_t Path[260];     /* in: start folder; out: chosen folder, no trailing backslash */
   char16_t File[256];     /* in: proposed name; out: chosen name */
-  char16_t Filter[256];   /* patterns parted by commas */
-  char16_t Extension[10]; /* default extension without point; "*" means none */
+  char16_t Filter[256];   /* patterns separated by commas */
+  char16_t Extension[10]; /* default extension without the point; "*" means none */
   uint32_t Flags;         /* XPLR_... */
 } XPLRDATA_ST;
 PNL_STATIC_ASSERT(sizeof(XPLRDATA_ST) == 1772, "XPLRDATA_ST is 1772 bytes");
@@ -137,7 +148,31 @@ enum PnlExplorerFlags {
 
 /* ---------------------------------------------------------------- the host's callbacks */
 
-/* Slot 0: may the tool come to the front? Non-zero is yes. Only the PLC message view asks. */
+/* The slots, in the order of SetPNLApi. */
+enum PnlHostSlot {
+  PNL_SLOT_MAY_OPEN_TOOL = 0,
+  PNL_SLOT_TOOL_OPENING = 1,
+  PNL_SLOT_TOOL_CLOSED = 2,
+  PNL_SLOT_SET_MAIN_MENU = 3,
+  PNL_SLOT_SET_SIDE_MENU = 4,
+  PNL_SLOT_UPDATE_MAIN_MENU = 5,
+  PNL_SLOT_UPDATE_SIDE_MENU = 6,
+  PNL_SLOT_SHOW_MESSAGE = 7,
+  PNL_SLOT_EXPLORER_REQUEST = 8,
+  PNL_SLOT_CALC_RESULT_ACCEPTED = 9,
+  PNL_SLOT_EXPLORER_ACCEPTED = 10,
+  PNL_SLOT_EXPLORER_ACCEPTED_ALT = 11,
+  PNL_SLOT_INSERT_BLOCK = 12,
+  PNL_SLOT_SHOW_ERROR = 13,
+  PNL_SLOT_ERRORS_GONE = 14,
+  PNL_SLOT_FORWARD_KEY = 15,
+  PNL_SLOT_TOOL_WANTS_CLOSE = 16,
+  PNL_SLOT_OPEN_CALCULATOR = 17,
+  PNL_SLOT_OPEN_MACHINING_CALCULATOR = 18,
+  PNL_SLOT_COUNT = 19
+};
+
+/* Slot 0: returns non-zero when the tool may come to the front. Only the PLC message view asks. */
 typedef int (*HostMayOpenToolFn)(int tool);
 /* Slot 1: a tool is about to appear. */
 typedef void (*HostToolOpeningFn)(int tool);
@@ -146,37 +181,37 @@ typedef void (*HostToolClosedFn)(int tool, int reason);
 /* Slots 3 and 4: install a soft-key menu in the main or the side bar; menu handle 0 clears it. */
 typedef void (*HostSetMainMenuFn)(int tool, HostMenuRef menu);
 typedef void (*HostSetSideMenuFn)(int tool, HostMenuRef menu);
-/* Slots 5 and 6: the items of the installed menu changed; draw it again. The second argument is 0. */
+/* Slots 5 and 6: the items of the installed menu have changed, so draw it again. The second argument is 0. */
 typedef void (*HostUpdateMainMenuFn)(int tool, int zero);
 typedef void (*HostUpdateSideMenuFn)(int tool, int zero);
 /* Slot 7: show or clear a line of the message zone. */
 typedef void (*HostShowMessageFn)(int tool, const HostMessage* message);
-/* Slot 8: open the explorer for the record whose number was just written to the variable E.XPLRDATA. */
+/* Slot 8: open the explorer for the record whose number is in the variable E.XPLRDATA. */
 typedef void (*HostExplorerRequestFn)(void);
-/* Slot 9: the calculator was closed with a value, ready in E.CALCRESUL. */
+/* Slot 9: the calculator was closed with a value, which is in E.CALCRESUL. */
 typedef void (*HostCalcResultAcceptedFn)(void);
 /* Slots 10 and 11: the explorer was closed with a file, or with a folder. */
 typedef void (*HostExplorerAcceptedFn)(void);
 typedef void (*HostExplorerAcceptedAltFn)(void);
-/* Slot 12: the machining calculator put a block on the clipboard; take it into the program being edited. */
+/* Slot 12: the machining calculator has put a block on the clipboard; insert it into the program that is edited. */
 typedef void (*HostInsertBlockFn)(void);
-/* Slot 13: the error tool offers the current error for display. */
+/* Slot 13: the error tool offers the present error for display. */
 typedef int (*HostShowErrorFn)(const HostErrorLine* line);
 /* Slot 14: the error tool has nothing left to show. */
 typedef void (*HostErrorsGoneFn)(void);
-/* Slot 15: a key for the host (27), after the PLC message view stepped away from an error help text. */
+/* Slot 15: a key for the host (27), after the PLC message view has left an error help text. */
 typedef void (*HostForwardKeyFn)(int key);
 /* Slot 16: the operator pressed the tool's close key; the host decides. */
 typedef void (*HostToolWantsCloseFn)(int tool);
-/* Slots 17 and 18: one calculator asks for the other. */
+/* Slots 17 and 18: one calculator asks the host to open the other. */
 typedef void (*HostOpenCalculatorFn)(void);
 typedef void (*HostOpenMachiningCalculatorFn)(void);
 
 /* ---------------------------------------------------------------- the two entries */
 
 /*
- * Hands over the 19 callbacks, in slot order; a null one means that the host doesn't offer that service. Copies
- * them and checks nothing. May be called again: the new table holds from the next callback on.
+ * Sets the 19 callbacks, in slot order. A null callback means that the host doesn't offer that service. Copies the
+ * pointers and checks nothing. May be called again: the new table applies from the next callback on.
  */
 PNL_API void SetPNLApi(HostMayOpenToolFn mayOpenTool, HostToolOpeningFn toolOpening, HostToolClosedFn toolClosed,
                        HostSetMainMenuFn setMainMenu, HostSetSideMenuFn setSideMenu,
@@ -189,95 +224,186 @@ PNL_API void SetPNLApi(HostMayOpenToolFn mayOpenTool, HostToolOpeningFn toolOpen
                        HostOpenMachiningCalculatorFn openMachiningCalculator);
 
 /*
- * Makes the tool with that number as a child of parent and returns its window; 0 for an unknown number, a parent
- * that isn't alive, or a window that couldn't be made. Two calls with one number make two tools. The tool frees
- * itself with its window, which ends with PnlDestroyWindow or with the parent.
+ * Makes the tool with that number as a child of parent and returns its window. Returns 0 for a number without a tool,
+ * a parent that isn't alive, or a window that couldn't be made. Two calls with one number make two tools. The tool is
+ * freed with its window, which ends with PnlDestroyWindow or with the parent.
  */
 PNL_API PnlWindow LoadPNLTool(int toolId, PnlWindow parent);
 
 /* ---------------------------------------------------------------- windows and messages */
 
-/* Fixed message numbers between host and tools. */
+/* Fixed message numbers between host and tools. The result of a message that a tool doesn't know is 0. */
 enum PnlMessage {
-  PNL_MSG_COMMAND = 0x111,         /* a soft key: first = the item's id */
-  PNL_MSG_VARIABLE_REPORT = 0x700, /* a CNC variable on which the window opened a report changed */
-  PNL_MSG_CYCLE_START = 0x800,     /* first 1, 2 or 3; second = address of a PnlCycleStart */
-  PNL_MSG_TOOL_NOTIFY = 0x801,     /* to a host: first 41 or 42, second = address of a PnlToolNotify */
-  PNL_MSG_TOOL_COMMAND = 0x802,    /* first = command code, second = its argument */
-  PNL_MSG_RESULT_READY = 0x804,    /* first 1: calculator result; 2: file accepted; 3: explorer left */
+  /* To the tool that installed the menu. first: the item's id. */
+  PNL_MSG_COMMAND = 0x111,
+  /* From the CNC to a tool: a variable on which the window has an open report has changed. */
+  PNL_MSG_VARIABLE_REPORT = 0x700,
+  /* To the command line. first: a PnlCycleStartKind; second: address of a PnlCycleStart. */
+  PNL_MSG_CYCLE_START = 0x800,
+  /* In both directions. first: a PnlNotify. */
+  PNL_MSG_TOOL_NOTIFY = 0x801,
+  /* To a tool. first: a PnlToolCommand; second: its argument. Returns a PnlResult. */
+  PNL_MSG_TOOL_COMMAND = 0x802,
+  /* To the tool that waits for the result. first: a PnlReady. */
+  PNL_MSG_RESULT_READY = 0x804,
+  /* The help key, to the tool in front, which writes its help mark to E.HELPDATA. The error display offers its error
+     with HostShowError instead and returns 1, or 0 when it has nothing to offer. */
   PNL_MSG_HELP_KEY = 0x805,
+  /* To the tool that asked for a file. first: PNL_TOOL_EXPLORER; second: the PnlCloseReason of the explorer. */
   PNL_MSG_EXPLORER_ENDED = 0x806
 };
 
-/* Receives the messages that tools send to a window of the host. The result goes back to a synchronous sender. */
+/* Codes of PNL_MSG_TOOL_COMMAND. A tool returns 0 for a code that it doesn't know. */
+enum PnlToolCommand {
+  PNL_COMMAND_OPEN = 2,          /* opens the command line in the channel (second), or the help viewer */
+  PNL_COMMAND_HIDE = 3,          /* hides the command line, whose channel (second) stays taken, or the help viewer */
+  PNL_COMMAND_SHOW = 4,          /* shows the command line that PNL_COMMAND_HIDE has hidden */
+  PNL_COMMAND_CLOSE = 5,         /* closes the command line in any state */
+  PNL_COMMAND_LEAVE = 6,         /* closes the command line during an inspection only; hides or ends other tools */
+  PNL_COMMAND_RESTORE_FOCUS = 7, /* gives the command line its caret back; elsewhere a Tab */
+  PNL_COMMAND_SWITCH_ROLE = 8,   /* switches the command line between MDI and MDA */
+  PNL_COMMAND_MANUAL_MODE_CHANGED = 10, /* command line: low byte of second is the channel, its high half the mode */
+  PNL_COMMAND_ASK_UNSAVED = 14,         /* asks the machining calculator for unsaved work */
+  PNL_COMMAND_CLOSE_TOOL = 20,          /* closes with PNL_CLOSED */
+  PNL_COMMAND_CLOSE_FOR_OTHER = 34      /* does the same, because another tool comes */
+};
+
+/* First argument of PNL_MSG_CYCLE_START. */
+enum PnlCycleStartKind {
+  PNL_START_KEY = 1,     /* the start key was pressed */
+  PNL_START_QUERY = 2,   /* asks whether an inspection is on; returns a PnlStartAnswer */
+  PNL_START_RESERVED = 3 /* returns PNL_RESERVED */
+};
+enum PnlStartAnswer { PNL_START_ALLOWED = 1, PNL_START_DURING_INSPECTION = 4 };
+
+/* First argument of PNL_MSG_TOOL_NOTIFY. */
+enum PnlNotify {
+  /* From the command line. second: address of a PnlToolNotify. */
+  PNL_NOTIFY_CHANNEL_TAKEN = 41,
+  PNL_NOTIFY_CHANNEL_GIVEN = 42,
+  /* To the command line. second: a channel. If it is taken, PNL_NOTIFY_CHANNEL_TAKEN is sent again for it. */
+  PNL_NOTIFY_REPEAT = 1,
+  /* To the error display. second: if non-zero, errors that needn't be confirmed don't open it. */
+  PNL_NOTIFY_SUPPRESS_ERRORS = 1,
+  /* To the error display. second: 1 makes it listen to Alt+W, another value stops that. */
+  PNL_NOTIFY_ERROR_HOT_KEY = 2,
+  /* To the error display. second: if non-zero, it stays hidden whatever comes. */
+  PNL_NOTIFY_BLOCK_ERRORS = 79
+};
+
+/* First argument of PNL_MSG_RESULT_READY. */
+enum PnlReady {
+  PNL_READY_CALC_RESULT = 1,  /* a value is in E.CALCRESUL */
+  PNL_READY_FILE = 2,         /* Path and File of the requesting tool's record are filled */
+  PNL_READY_EXPLORER_LEFT = 3 /* the explorer was left without a file */
+};
+
+/* Messages with a registered name, to the main window. */
+/* Asks the panel to close. first: 1; second: 0. */
+#define PNL_NAME_CLOSE_PANEL "ZM_CLOSE7340"
+/*
+ * The number of errors in the hidden error display has changed. If both arguments are 0, there is nothing to show.
+ * Otherwise each contains two 16-bit numbers. first: the error's number (low half) and its class, a PnlErrorClass
+ * (high half); second: the flash period in milliseconds (low half) and the number of errors (high half).
+ */
+#define PNL_NAME_ERRORS_CHANGED "ZM_UPDATE_NERRORS"
+/* Messages with a registered name, to a tool. */
+/* To the error display: the help that the host opened for HostShowError has ended. */
+#define PNL_NAME_ERROR_HELP_ENDED "ZM_END_ERRORHELP"
+/* Three messages to the PLC message view. second of the first and the last one: address of a ShowFileRecord. */
+#define PNL_NAME_SHOW_ERROR_HELP "ZM_SHOW_ERRORHELP"
+#define PNL_NAME_HIDE_ERROR_HELP "ZM_HIDE_ERRORHELP"
+#define PNL_NAME_SHOW_FILE "ZM_SHOW_FILE"
+/* To the calculator: E.CALCRESUL has a value for its line. */
+#define PNL_NAME_HANDLE_VALUE "TM_HANDLEVALUE"
+
+enum PnlErrorClass {
+  PNL_ERROR = 0,
+  PNL_ERROR_MARKED = 1,
+  PNL_ERROR_WARNING = 2,
+  PNL_ERROR_FATAL = 3,
+  PNL_ERROR_CONFIRM = 4 /* only Enter confirms it */
+};
+
+/* The two 16-bit numbers in one argument of PNL_NAME_ERRORS_CHANGED. */
+static inline uint16_t PnlLowHalf(intptr_t argument) { return (uint16_t)(uintptr_t)argument; }
+static inline uint16_t PnlHighHalf(intptr_t argument) { return (uint16_t)((uintptr_t)argument >> 16); }
+
+/* Receives the messages to a window of the host. A sender gets the result; for a posted message it is ignored. */
 typedef intptr_t (*PnlMessageProc)(void* context, PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
 
 /*
- * Makes a widget of the host (a QWidget*) known, so that tools can be its children and send it messages. proc may be
- * null. The same widget keeps its number; a second call replaces proc and context. Returns 0 for a null widget.
+ * Registers a widget of the host (a QWidget*), so that tools can be its children and send it messages. Returns its
+ * window, 0 for null. proc may be null. A second call for the same widget keeps the number and replaces proc and
+ * context.
  */
 PNL_API PnlWindow PnlAttachWidget(void* qwidget, PnlMessageProc proc, void* context);
-/* The window to which tools post messages meant for the whole panel ("ZM_UPDATE_NERRORS", "ZM_CLOSE7340"). */
+/* Sets the window that gets the messages to the whole panel ("ZM_UPDATE_NERRORS", "ZM_CLOSE7340"). */
 PNL_API void PnlSetMainWindow(PnlWindow window);
-/* The QWidget* behind a window, or null when it isn't alive. */
+/* The QWidget* of a window; null when the window isn't alive. */
 PNL_API void* PnlWidgetOf(PnlWindow window);
-/* Non-zero while the window exists. */
+/* Returns non-zero while the window exists. */
 PNL_API int PnlIsAlive(PnlWindow window);
-/* Destroys a tool's window and the tool with it. A dead window and a window of the host are left alone. */
+/* Destroys a tool's window and the tool with it. Does nothing for a dead window and for a window of the host. */
 PNL_API void PnlDestroyWindow(PnlWindow window);
-/* Delivers a message now and returns the answer; 0 for a dead window. */
+/* Delivers a message now and returns the result; 0 for a dead window. */
 PNL_API intptr_t PnlSendMessage(PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
-/* Queues a message. Nothing happens for a window that is dead by then. */
+/* Queues a message. It is dropped if the window is dead when its turn comes. */
 PNL_API void PnlPostMessage(PnlWindow window, uint32_t message, intptr_t first, intptr_t second);
-/* The number of a registered name (ASCII), from 0xC000 up; the same for every caller in the process. 0 for null. */
+/* Registers a name (ASCII) and returns its number, from 0xC000 up, the same for every caller in the process. Returns
+   0 for null and for an empty name. */
 PNL_API uint32_t PnlRegisterMessage(const char* name);
 
 /* ---------------------------------------------------------------- records by number */
 
-/* E.XPLRDATA carries 32 bits: a record gets a number that stands for its address until it is withdrawn. */
+/* Gives a record a number, because the 32 bits of E.XPLRDATA can't hold an address. The number is valid until it is
+   withdrawn. A record that has a number already keeps it. Returns 0 for null. */
 PNL_API int32_t PnlPublishRecord(void* record);
-/* The address behind a number, or null once its owner has withdrawn it. */
+/* The address of the record with that number; null when its owner has withdrawn it or there never was one. */
 PNL_API void* PnlResolveRecord(int32_t number);
+/* Ends the number of a record. Does nothing for a number that isn't in use. */
 PNL_API void PnlWithdrawRecord(int32_t number);
 
 /* ---------------------------------------------------------------- menus */
 
-/* One item of a menu, as it is now. */
+/* One item of a menu in its present state. */
 typedef struct PnlMenuItem {
   int32_t id;
   int32_t enabled;
   int32_t checked;
   int32_t visible;
-  int32_t bitmap;       /* resource number, 0 for none; its picture comes from PnlBitmap */
+  int32_t bitmap;       /* resource number for PnlBitmap; 0 for none */
   uint32_t subMenu;     /* menu handle, 0 for none */
   char16_t text[128];   /* terminated */
-  char16_t helper[128]; /* terminated; a word by which a host can look up help on the key */
+  char16_t helper[128]; /* terminated; a word with which a host can look up help on the key */
 } PnlMenuItem;
 
 /* The number of items, hidden ones included; -1 for a menu that doesn't exist. */
 PNL_API int PnlMenuItemCount(uint32_t menu);
-/* Fills *item and answers non-zero; 0 when there is no such menu or item, and *item stays as it was. */
+/* Fills *item and returns non-zero. Returns 0, and *item stays as it was, when there is no such menu or item. */
 PNL_API int PnlMenuItemAt(uint32_t menu, int index, PnlMenuItem* item);
 
 /* ---------------------------------------------------------------- language and CNC */
 
 /*
- * The language of texts, menus, dialogs and bitmaps: "en" (the start value), "es", or "none" (text n reads "Tn").
- * Answers non-zero when that pack was found, else the language stays as it was. Call it before the first tool; a tool
- * that is open keeps what it has. Packs lie in share/pnltools/lang beside the library; the environment variable
- * PNLTOOLS_LANG_DIR names another folder.
+ * Sets the language of texts, menus, dialogs and bitmaps: "en" (the start value), "es", or "none" (text n is "Tn", the
+ * rest is "en"). Returns non-zero when the pack was found; otherwise the language stays as it was. Call it before the
+ * first tool: an open tool keeps the texts and menus that it has. Packs are in <prefix>/share/pnltools/lang for a
+ * library in <prefix>/lib; the environment variable PNLTOOLS_LANG_DIR sets another folder.
  */
 PNL_API int PnlSetLanguage(const char* code);
-/* The SVG of a bitmap by number, valid until the language changes. Answers non-zero when there is one. */
+/* Finds the SVG of a bitmap by number. It is valid until the language or the backend changes. Returns non-zero when
+   there is one; otherwise *data and *size stay as they were. */
 PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);
 
 /*
- * Which CNC the tools work with: "sim" (the start value) or the absolute path of a backend library, which exports what
- * facade/backend.h tells (headers in pnltools/backend/): a mark of the interface it was built for, which is checked
- * before its first call, and `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)`.
- * Answers non-zero on success; on failure, or while a tool is open, the backend stays as it was. Drives of the panel's
- * paths come from the environment variable PNLTOOLS_DRIVES ("C=/srv/cnc;D=/media/usb"); without it drive C: is the
- * folder pnltools among the user's data.
+ * Sets the CNC with which the tools work: "sim" (the start value) or the absolute path of a backend library. Such a
+ * library exports what facade/backend.h describes (headers in pnltools/backend/): a mark of the interface for which it
+ * was built, which is checked before the first call, and the function
+ * `extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&)`.
+ * Returns non-zero on success. On failure, or while a tool exists, the backend stays as it was. The environment
+ * variable PNLTOOLS_DRIVES maps the drives of panel paths ("C=/srv/cnc;D=/media/usb"). If it doesn't name C:, drive C:
+ * is the folder pnltools among the user's data.
  */
 PNL_API int PnlSetBackend(const char* name);
 
@@ -285,17 +411,18 @@ PNL_API int PnlSetBackend(const char* name);
 
 enum PnlFileResult {
   PNL_FILE_DONE = 0,
-  PNL_FILE_OUT_OF_REACH = 1, /* its folder is missing, or a link leads nowhere */
-  PNL_FILE_DENIED = 2,       /* the file or its folder can't be written, or it is no ordinary file */
+  PNL_FILE_OUT_OF_REACH = 1, /* the folder of the file, or of a link's target, is missing */
+  PNL_FILE_DENIED = 2,       /* the file or its folder can't be written, or it isn't a regular file */
   PNL_FILE_IS_FOLDER = 3,
   PNL_FILE_DISC_FULL = 4,
   PNL_FILE_FAILED = 5
 };
 
 /*
- * Replaces a file of this machine whole, as the tools do with theirs: a temporary file beside it, flushed to the disc,
- * renamed over the old one, whose mode, owner and symbolic link stay. Being killed at any instant, or any failure,
- * leaves the old file. path is UTF-8; bytes may be null when size is 0.
+ * Replaces a file of this machine whole, as the tools do with theirs: writes a temporary file beside it, flushes it to
+ * the disc, and renames it over the old one, whose mode, owner and symbolic link stay. After a failure the old file is
+ * still there; a process killed at any instant leaves the old content or the new one. path is UTF-8. bytes may be null
+ * when size is 0. Returns a PnlFileResult.
  */
 PNL_API int PnlReplaceFile(const char* path, const void* bytes, size_t size);
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The test rig of the library: how a panel program or a test drives the simulated CNC, the clock, paths, drives, texts
-// and message boxes, and hears of everything the tools ask of them. C++ and pure interfaces only: nothing here links.
-// A host in a machine needs none of it. Objects belong to the library and live as long as the process.
+// The test rig of the library. With it a panel program or a test drives the simulated CNC, the clock, paths, drives,
+// texts and message boxes, and gets to know everything that the tools ask of them. C++ and pure interfaces only, so a
+// user needs nothing from it but PnlRig at link time. A host on a real machine doesn't need it. The library owns the
+// objects; they live as long as the process.
 #ifndef PNLTOOLS_RIG_H
 #define PNLTOOLS_RIG_H
 
@@ -17,7 +18,7 @@
 
 namespace pnl::rig {
 
-/// A value of a variable or of a call: nothing, an integer, a real, a text, or a record as name and value pairs.
+/// A value of a variable or of a call: nothing, an integer, a real, a text, or a record as pairs of name and value.
 struct Field;
 using Value = std::variant<std::monostate, std::int64_t, double, std::u16string, std::vector<Field>>;
 struct Field {
@@ -27,18 +28,18 @@ struct Field {
 
 enum class VariableType { kInt, kDouble, kText };
 
-/// What happened, in order. Every entry is called at the moment it happens, on the window thread.
+/// Gets every event at the moment when it happens, in order, on the window thread.
 class EventSink {
  public:
   virtual ~EventSink() = default;
-  /// A call into the kernel, the tool and PLC tables, the passwords, or the clipboard, black box and block mark
-  /// utilities. args holds the arguments in order.
+  /// A call of the kernel, the tool and PLC tables, the passwords, or the utilities for the clipboard and block marks.
+  /// args are the arguments in order.
   virtual void Cnc(std::string_view name, const std::vector<Value>& args, const Value& result) = 0;
-  /// A write to a CNC variable by a tool.
+  /// A tool's write to a CNC variable. ok is false when the variable refused it.
   virtual void Write(std::u16string_view name, const Value& value, bool ok) = 0;
-  /// A message that a tool sends or posts to a window of the host; a posted one is told when it is posted.
+  /// A message that is sent or posted to a window of the host. A posted one is reported when it is posted.
   virtual void MessageToHost(PnlWindow window, std::uint32_t message, std::intptr_t first, std::intptr_t second) = 0;
-  /// A message box that was answered.
+  /// A message box has been answered.
   virtual void Box(std::u16string_view title, std::u16string_view text, std::string_view style,
                    std::string_view answer) = 0;
 };
@@ -51,68 +52,70 @@ struct ErrorParameterSpec {
   Value value;
 };
 
-/// An error to push: fields of the record by name (numbers or texts), typed parameters, extra values.
+/// An error for PushError: fields of the record by name (numbers or texts), typed parameters, extra values.
 struct ErrorSpec {
   std::vector<Field> fields;
   std::vector<ErrorParameterSpec> parameters;   // at most 5
-  std::vector<ErrorParameterSpec> extraValues;  // at most 4; valueType and value only
+  std::vector<ErrorParameterSpec> extraValues;  // at most 4; only valueType and value are used
 };
 
-/// The simulated CNC's controls. Names that don't exist are answered with false.
+/// The controls of the simulated CNC. An operation with a name that doesn't exist returns false.
 class CncControl {
  public:
   virtual ~CncControl() = default;
-  /// Makes or replaces a variable, without a report. Handles bound to it and reports open on it stay.
+  /// Makes or replaces a variable, without a report. Its bound handles and open reports stay valid.
   virtual void Define(std::u16string_view name, VariableType type, const Value& value, bool readable,
                       bool writable) = 0;
   virtual bool Undefine(std::u16string_view name) = 0;
-  /// Sets the value and reports to every window with a report open, also when equal.
+  /// Sets the value and reports to every window with an open report, even if the value is the same.
   virtual bool Set(std::u16string_view name, const Value& value) = 0;
   [[nodiscard]] virtual std::optional<Value> Get(std::u16string_view name) const = 0;
-  /// Calls changed after every Set or write of that variable, and after the machine changed it; for a host that shows
-  /// it. The number ends it with Unwatch.
+  /// Calls changed after every Set or write of that variable, and after the machine changed it, for a host that shows
+  /// it. Returns the number with which Unwatch ends this.
   virtual int Watch(std::u16string_view name, std::function<void()> changed) = 0;
   virtual void Unwatch(int watch) = 0;
   [[nodiscard]] virtual std::vector<PnlWindow> Reports(std::u16string_view name) const = 0;
-  /// What a kernel, utility or password function answers: the values in turn, the last one stays. False when there is
-  /// no such function, or none whose answer can be set.
+  /// Sets the results of a kernel, table, utility or password function: it returns the values in turn and then keeps
+  /// returning the last one. An empty list removes the setting. Returns false when no function of that name has a
+  /// result that can be set.
   virtual bool Returns(std::string_view function, std::vector<std::int32_t> values) = 0;
   virtual void Axis(std::int32_t logical, std::u16string_view name) = 0;
-  /// False for an unknown function name.
+  /// Sets the text that an error text function returns for a number. Returns false for an unknown function name.
   virtual bool ErrorText(std::string_view function, std::int32_t number, std::u16string_view text,
                          std::u16string_view helpRef, bool hasHelp) = 0;
   virtual void Description(std::u16string_view file, std::int32_t number, std::u16string_view text) = 0;
-  /// False, and nothing pushed, when a field's name or value is wrong; problem then names it.
+  /// Appends an error to the queue. Returns false, and appends nothing, when a field's name or value is wrong; problem
+  /// then names the field.
   virtual bool PushError(const ErrorSpec& spec, std::string& problem) = 0;
-  /// Exactly 4048 bytes.
+  /// Appends a record of exactly 4048 bytes to the queue. Returns false for another size.
   virtual bool PushErrorRecord(std::string_view bytes) = 0;
   [[nodiscard]] virtual std::vector<std::int32_t> ErrorQueue() const = 0;
   virtual void ClearErrors() = 0;
-  /// How the error window sorts errors, as it numbers them.
+  /// The classes into which the error window sorts errors, with its numbers.
   enum class ErrorClass { kError, kMarked, kWarning, kFatal, kConfirm };
-  /// What stands in the queue for an operator to read. Where no table has a text for the number, the rest still tells
-  /// what happened.
+  /// An error of the queue in a form for operators. Even without a text for the number the other fields say what
+  /// happened.
   struct ErrorSummary {
     std::int32_t number = 0;
     std::int32_t channel = 0;
     std::int32_t severity = 0;
-    ErrorClass errorClass = ErrorClass::kWarning;  // the class that the error window gives it
+    ErrorClass errorClass = ErrorClass::kWarning;  // the same class as in the error window
     std::u16string text;                           // empty when no table and no field of the record has one
     std::int32_t source = 0;
     std::int32_t identifier = 0;
     std::u16string module;
-    std::vector<std::u16string> parameters;  // the plain values of the typed parameters that are there
+    std::vector<std::u16string> parameters;  // the plain values of the typed parameters that aren't absent
     std::int64_t serial = 0;                 // never used twice
   };
   [[nodiscard]] virtual std::vector<ErrorSummary> Errors() const = 0;
-  /// What becomes of an error: it enters the queue, or leaves it by ResetError, by ResetErrorWithEnter, or with all
-  /// others when the queue is cleared.
+  /// What has happened to an error: it has entered the queue, or left it by ResetError, by ResetErrorWithEnter, or with
+  /// all others by ClearErrors.
   enum class ErrorFate { kRaised, kAcknowledged, kConfirmed, kCleared };
-  /// Calls back at once for each error of the queue from now on, for a host that keeps a list. The number ends it with
-  /// UnwatchErrors.
+  /// Calls changed at once for each error that enters or leaves the queue from now on, for a host that keeps a list.
+  /// Returns the number with which UnwatchErrors ends this.
   virtual int WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)> changed) = 0;
   virtual void UnwatchErrors(int watch) = 0;
-  /// The long description behind a reference "file#number"; nothing when there is none.
+  /// The long description to which a reference "file#number" leads; nothing when there is none.
   [[nodiscard]] virtual std::optional<std::u16string> DescriptionBehind(std::u16string_view helpRef) const = 0;
   virtual void PlcMessage(std::int32_t type, std::int32_t id, std::u16string_view message,
                           std::u16string_view info) = 0;
@@ -121,7 +124,7 @@ class CncControl {
   virtual void BlockMark(std::u16string_view block, std::u16string_view mark) = 0;
 };
 
-/// What an axis, the spindle and the channel of the machine show at this moment.
+/// The state of the machine's axes, spindle and channel at one moment.
 struct MachineState {
   struct Axis {
     std::u16string name;
@@ -130,13 +133,13 @@ struct MachineState {
     double toGo = 0;      // mm
   };
   std::vector<Axis> axes;
-  bool inches = false;             // G20: programmed lengths, feeds and what an operator reads are inches
+  bool inches = false;             // G20: programmed lengths and feeds are in inches, and so is what an operator reads
   bool feedPerRevolution = false;  // G95
   bool cuttingSpeed = false;       // G96: S is a cutting speed
-  double feed = 0;                 // mm/min, what is being moved with
-  double programmedFeed = 0;       // as F says, in the unit of its G code
+  double feed = 0;                 // of the present move, mm/min
+  double programmedFeed = 0;       // the value of F, in the unit that its G codes give
   int feedOverride = 100;          // percent
-  double spindleSpeed = 0;         // rpm, turning
+  double spindleSpeed = 0;         // the actual speed, rpm
   double programmedSpeed = 0;
   int spindleDirection = 0;  // 1 clockwise (M3), -1 counter-clockwise (M4), 0 stopped
   int tool = 0;
@@ -146,44 +149,44 @@ struct MachineState {
   bool singleBlock = false;
   bool inspecting = false;
   bool coolant = false;
-  bool emergencyStop = false;  // it is pressed; its error may be cleared already
-  std::u16string block;        // in hand
+  bool emergencyStop = false;  // the button is pressed; its error may be cleared already
+  std::u16string block;        // the block in hand
   std::u16string gCodes;       // modal, "G01 G17 G90 …"
 };
 
-/// Where a fault of a program lies.
+/// The place of a fault in a program.
 struct ProgramSpot {
   std::u16string folder;  // panel path
   std::u16string file;
-  std::int32_t position = 0;  // of the block, in bytes of the file
+  std::int32_t position = 0;  // start of the block, in bytes from the start of the file
   std::int32_t span = 0;      // from the block's start to the word at fault, in UTF-16 units
 };
 
-/// The operator's panel of the simulated machine. Without one (--bare) Machine() is null.
+/// The operator's panel of the simulated machine. Without a machine (StartBare) Machine() is null.
 class MachineControl {
  public:
   virtual ~MachineControl() = default;
   [[nodiscard]] virtual MachineState State() const = 0;
-  /// Called whenever something in State changed; while axes move, at most 25 times a second.
+  /// Sets who is called when something in State has changed. While axes move, it is called 25 times a second.
   virtual void OnChanged(std::function<void()> changed) = 0;
   virtual void FeedHold(bool on) = 0;
   /// 0 to 200 percent.
   virtual void FeedOverride(int percent) = 0;
   virtual void SingleBlock(bool on) = 0;
-  /// The cancel key: cancels an interrupted block.
+  /// Presses the cancel key, which cancels an interrupted block.
   virtual void Cancel() = 0;
-  /// The reset key: aborts what runs and goes back to the modal start values. An emergency stop that is still pressed
-  /// raises its error again.
+  /// Presses the reset key: aborts the running block and restores the modal start values. An emergency stop that is
+  /// still pressed raises its error again.
   virtual void Reset() = 0;
-  /// Inspection of an interrupted block, on or off.
+  /// Begins or ends the inspection of an interrupted block.
   virtual void Inspection(bool on) = 0;
   virtual void EmergencyStop(bool on) = 0;
-  /// Faults that the machine can show without a real one: what the PLC, a drive, a bus and the kernel may raise.
+  /// Faults of the PLC, a drive, a bus and the kernel that the machine raises on request.
   enum class Fault { kDoorOpen, kDriveWarning, kDriveFault, kBusFault, kProgramLine, kConfirm, kFatal };
   using ProgramSpot = rig::ProgramSpot;
-  /// Only kProgramLine looks at the spot.
+  /// Raises a fault. Only kProgramLine uses the spot.
   virtual void Raise(Fault fault, const ProgramSpot& spot = {}) = 0;
-  /// A manual mode is chosen (1) or left (0).
+  /// Chooses (true) or leaves (false) a manual mode.
   virtual void ManualMode(bool on) = 0;
 };
 
@@ -203,7 +206,7 @@ struct NetworkNode {
 
 struct Drive {
   char letter = 'C';
-  std::string dir;  // folder of this machine; empty takes the drive away
+  std::string dir;  // folder of this machine; an empty one removes the drive
   int type = 3;     // 2 removable, 3 fixed, 4 network, 5 CD
   std::u16string label;
   std::u16string remote;
@@ -220,35 +223,37 @@ class Storage {
   virtual void SetDrive(const Drive& drive) = 0;
   virtual void SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) = 0;
   virtual void SetNetwork(std::vector<NetworkNode> roots) = 0;
-  /// The path of this machine; nothing when the drive isn't mapped.
+  /// Converts a panel path to a path of this machine. Returns nothing when the drive isn't mapped.
   [[nodiscard]] virtual std::optional<std::string> HostPath(std::u16string_view panelPath) const = 0;
-  /// Replaces or makes a file of this machine as the tools do: whole, so that a kill leaves the old content or the new
-  /// one. False on failure; the old file stays then. Any thread may call it.
+  /// Replaces or makes a file of this machine whole, as the tools do: a process killed at any instant leaves the old
+  /// content or the new one. Returns false on failure; the old file stays then. May be called on any thread.
   [[nodiscard]] virtual bool Replace(const std::string& hostPath, std::string_view bytes) const = 0;
 };
 
-/// Everything at once.
+/// The rig: the way to all parts.
 class Rig {
  public:
   virtual ~Rig() = default;
-  /// Bare: no machine, no variable. Else the machine of that name ("demo"). False for an unknown name. Call it before
-  /// the first tool.
+  /// One of these two must be called before the first tool. StartBare starts without machine and variables; it returns
+  /// false after StartMachine. StartMachine starts the machine of that name ("demo"); it returns false for an unknown
+  /// name and for a second machine.
   virtual bool StartBare() = 0;
   virtual bool StartMachine(std::string_view name) = 0;
   [[nodiscard]] virtual CncControl& Cnc() = 0;
   [[nodiscard]] virtual MachineControl* Machine() = 0;
   [[nodiscard]] virtual Storage& Files() = 0;
-  /// Timers and the machine move only by Advance from now on.
+  /// Stops the real clock: from now on timers and machine move only by Advance.
   virtual void UseManualTime() = 0;
-  /// Fires every timer that falls due, in order, and what each one posts before the next. Nothing with real time.
+  /// Moves the clock. Fires every timer that falls due, in order, and delivers what each one posts before the next.
+  /// Does nothing in real time.
   virtual void Advance(std::int64_t milliseconds) = 0;
   virtual void SetText(std::int32_t id, std::u16string_view text) = 0;
-  /// Who answers the message boxes instead of the operator: style "info", "error" or "question"; the answer is "ok",
-  /// "yes", "no" or "cancel". An empty function gives them back to the operator.
+  /// Sets a function that answers the message boxes instead of the operator. style is "info", "error" or "question";
+  /// the result is "ok", "yes", "no" or "cancel". An empty function gives the boxes back to the operator.
   virtual void AnswerBoxes(std::function<std::string(std::string_view style)> answer) = 0;
   virtual void SetSink(EventSink* sink) = 0;
   [[nodiscard]] virtual std::u16string ClipboardText() const = 0;
-  /// How many reports, menus, timers and records are open, for leak checks.
+  /// How many reports, menus, timers, records and windows are open, for leak checks.
   struct Counts {
     std::size_t reports = 0;
     std::size_t menus = 0;
@@ -261,7 +266,7 @@ class Rig {
 
 }  // namespace pnl::rig
 
-/// The rig, or null when a backend library took the simulation's place.
+/// The rig; null when a backend library has taken the simulation's place.
 extern "C" PNL_API pnl::rig::Rig* PnlRig(void);
 
 #endif

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The compiler of language packs: reads a folder of texts, menus and dialogs and a folder of bitmaps, and writes one
-// pack file. Stops at the first mistake with file and line, so that a broken pack never gets into a build.
+// pack file. It stops at the first mistake with its file and place, so that a broken pack never gets into a build.
 //
 //   langc PACK_FOLDER BITMAP_FOLDER OUTPUT
 #include <charconv>
@@ -135,7 +135,7 @@ void ReadBitmaps(const fs::path& folder, pnl::PackContents& contents) {
   }
 }
 
-/// What was written must read back whole.
+/// Reads the written pack back and fails when a text or a menu is missing.
 void Verify(const fs::path& output, const pnl::PackContents& contents) {
   LanguagePack pack;
   if (!pack.Parse(ReadFile(output))) Fail(output, "cannot be read back");

@@ -36,7 +36,7 @@ const QList<ShortcutRow>& ShortcutTable() {
 
 QList<QKeySequence> KeysOf(Action action) {
   const ShortcutRow& row = ShortcutTable().at(static_cast<int>(action));
-  // "; " parts the list, so that a key may itself be a comma or a semicolon.
+  // The list is separated by "; ", so that a key may itself be a comma or a semicolon.
   QList<QKeySequence> keys;
   for (const QString& name : QString::fromLatin1(row.keys).split(QStringLiteral("; "))) {
     keys << QKeySequence(name, QKeySequence::PortableText);
@@ -62,7 +62,7 @@ QString ShortcutPage() {
       QStringLiteral("| %1 … %2 | soft keys below |\n").arg(MainKey(0).toString(), MainKey(kMainKeys - 1).toString());
   page += QStringLiteral("| %1 … %2 | soft keys at the side |\n")
               .arg(SideKey(0).toString(), SideKey(kSideKeys - 1).toString());
-  // The error tool's own hot key, which it registers with the panel.
+  // The error tool registers this hot key with the panel, so it has no row in the table.
   page += QStringLiteral("| Alt+W | %1 |\n").arg(Say(Word::kToggleErrors));
   for (const ShortcutRow& row : ShortcutTable()) {
     QStringList names;

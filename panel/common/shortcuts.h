@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What an operator can ask of the panel, and the keys for it: one table that feeds the keyboard, the names on the keys,
-// the tooltips and the printed page. It does nothing itself.
+// What an operator can ask of the panel, and the keys for it. One table feeds the keyboard, the names on the keys, the
+// tooltips and the printed page. Nothing here carries an action out.
 #pragma once
 
 #include <QKeySequence>
@@ -43,25 +43,26 @@ enum class Action {
 struct ShortcutRow {
   Action action;
   Word what;
-  const char* keys;  // portable key names, parted by "; "; the first is shown
+  const char* keys;  // portable key names, separated by "; "; the first one is shown
 };
 
-/// One row for each action, in order.
+/// One row for each action, in the order of Action.
 [[nodiscard]] const QList<ShortcutRow>& ShortcutTable();
 [[nodiscard]] QList<QKeySequence> KeysOf(Action action);
 [[nodiscard]] Word WordOf(Action action);
-/// Whether the action goes on while its key is held. A held start key starts once.
+/// Whether the action repeats while its key is held down. A held start key starts only once.
 [[nodiscard]] bool Repeats(Action action);
-/// "Start (F9)": what a key does and the keyboard's way to it.
+/// What the action does and its first key, as in "Start (F9)".
 [[nodiscard]] QString TooltipOf(Action action);
 
 inline constexpr int kMainKeys = 7;
 inline constexpr int kSideKeys = 6;
-/// The keyboard's key for a soft key, counted from 0: F1 to F7 below, Shift+F1 to Shift+F6 at the side.
+/// The key on the keyboard for a soft key, counted from 0: F1 to F7 for the bar below, Shift+F1 to Shift+F6 for the bar
+/// at the side.
 [[nodiscard]] QKeySequence MainKey(int index);
 [[nodiscard]] QKeySequence SideKey(int index);
 
-/// The whole table as a page in Markdown, in the language in use.
+/// The whole table as a page in Markdown, in the current language.
 [[nodiscard]] QString ShortcutPage();
 
 }  // namespace panel

@@ -156,7 +156,7 @@ constexpr std::array kWords = {
 };
 static_assert(kWords.size() == static_cast<std::size_t>(Word::kCount), "every word has its row");
 
-/// A row in the wrong place would say one thing for another.
+/// Say finds a row by its place, so a misplaced row would show the wrong text.
 constexpr bool InOrder() {
   for (std::size_t i = 0; i < kWords.size(); ++i) {
     if (static_cast<std::size_t>(kWords[i].word) != i) return false;

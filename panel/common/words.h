@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel's own words in every language it speaks: one table, keyed by what is said. Not the words of the tools,
-// which come from the library's language packs.
+// The panel's own words in every language it speaks, in one table. The words of the tools come from the library's
+// language packs instead.
 #pragma once
 
 #include <QString>
@@ -149,12 +149,13 @@ enum class Word {
   kCount
 };
 
-/// "es" for Spanish; any other code, "none" among them, for English.
+/// Sets the current language: "es" is Spanish, every other code (also "none") is English.
 void UseWords(const QString& language);
 [[nodiscard]] QString Say(Word word);
-/// With a place "%1" in the word.
+/// For a word with the place holder "%1".
 [[nodiscard]] QString Say(Word word, const QString& argument);
-/// The word in one language, whatever is in use: 0 English, 1 Spanish. For the tests and the pages made of the table.
+/// The word in a given language, whatever the current one is: 0 English, 1 Spanish. For the tests and for pages made
+/// from the table.
 [[nodiscard]] QString WordIn(Word word, int language);
 
 }  // namespace panel

@@ -34,7 +34,7 @@ std::vector<Step> TypingSteps() {
   return {
       {"calculator", "the calculator opens beside the program",
        [](Hands& h) {
-         // Out of the list of blocks first.
+         // Leaves the list of blocks first.
          h.Key(Qt::Key_Escape);
          h.Press(Action::kOpenCalculator);
          return CalculatorStands(h);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The guided session's steps with the calculator, from its opening to a value in the command line.
+// The guided session's steps with the calculator, from opening it to a value in the command line.
 #pragma once
 
 #include "guided/hands.h"
@@ -7,7 +7,7 @@
 namespace panel {
 
 [[nodiscard]] std::vector<Step> CalculatorSteps();
-/// One look at it, for another language.
+/// One step that shows the calculator, for the tour in a second language.
 [[nodiscard]] Step CalculatorGlance();
 
 }  // namespace panel

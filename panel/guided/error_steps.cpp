@@ -20,7 +20,7 @@ void Raise(Hands& hands, Fault fault) {
   hands.Settle();
 }
 
-/// The caret into the word at fault of the open program.
+/// Puts the caret at the first place of the word in the open program. Returns false when the word isn't there.
 bool PlaceCaret(Hands& hands, const QString& word) {
   QPlainTextEdit& edit = hands.window_.Editor().Edit();
   const auto at = edit.toPlainText().indexOf(word);

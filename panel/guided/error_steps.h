@@ -7,7 +7,7 @@
 namespace panel {
 
 [[nodiscard]] std::vector<Step> ErrorSteps();
-/// Whether the error window stands.
+/// Whether the error window is shown.
 [[nodiscard]] bool ErrorWindowStands(const Hands& hands);
 
 }  // namespace panel

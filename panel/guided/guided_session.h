@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A session as an operator would have it, run by the panel itself: it types, presses and waits by the manual clock,
-// says each step in a line and leaves a numbered capture of it. For a first look without a display, and for the
-// pictures of the manual; it checks as it goes, so that it can't show what didn't happen.
+// Works the panel as an operator would: it types, presses keys and advances the manual clock. It prints one line for
+// each step and saves a numbered capture of it. It serves for a first look without a display and makes the pictures of
+// the manual. Each step checks its result, so no capture can show something that didn't happen.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -15,12 +15,13 @@ class Operator;
 class PanelWindow;
 
 enum class Tour {
-  kWhole,  // from the first block to the saved program
-  kGlance  // the panel and a refusal, for a second language
+  kWhole,  // command line, calculator and errors
+  kGlance  // the command line, a refusal and the calculator, for a second language
 };
 
-/// Steps and captures are numbered from first on. The number of the next step; 0 when a step didn't do what it says,
-/// which its line then tells. Makes the folder.
+/// Runs a tour and saves its captures in the folder, which it makes. Steps and captures are numbered from first on.
+/// Returns the number of the next step. Returns 0 when the folder can't be made or a step didn't do what it says; the
+/// step's line then says FAILED.
 [[nodiscard]] int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig,
                                    const QString& folder, Tour tour, int first);
 

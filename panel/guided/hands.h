@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the guided session works with: the operator's hands on a panel, and the steps they take. Only a script's tools;
-// which steps there are is told elsewhere.
+// What the guided session works with: the operator's hands on a panel, and the form of a step. The steps themselves are
+// in the *_steps files and in guided_session.cpp.
 #pragma once
 
 #include <QApplication>
@@ -17,7 +17,7 @@
 
 namespace panel {
 
-/// The operator's hands: keys to whatever has the focus, time that passes, and eyes on what came of it.
+/// Sends keys to the widget with the focus, advances the time, and looks at the result.
 class Hands {
  public:
   Hands(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig, const QString& folder)
@@ -34,7 +34,7 @@ class Hands {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
       QKeyEvent event(type, key, modifiers, text);
       QCoreApplication::sendEvent(focus, &event);
-      // A press may take the focus, or the widget, away.
+      // The press may move the focus or destroy the widget.
       focus = QApplication::focusWidget();
       if (focus == nullptr) focus = &window_;
     }
@@ -50,7 +50,7 @@ class Hands {
     Settle();
   }
 
-  /// Presses start, and waits until the channel is at rest again.
+  /// Presses cycle start, and doesn't wait for the block. Always returns true.
   bool Start() {
     Press(Action::kCycleStart);
     return true;
@@ -72,7 +72,7 @@ class Hands {
     return WaitForRest();
   }
 
-  /// The key that shows this menu item, on whatever page; false when there is none.
+  /// Turns the pages of the bar to the soft key of this menu item and presses it. Returns false when no page has it.
   bool PressItem(int id) {
     SoftKeyBar& bar = window_.MainBar();
     for (int page = 0; page < bar.PageCount(); ++page) {
@@ -89,7 +89,7 @@ class Hands {
     return false;
   }
 
-  /// The edit of a tool's window; null when it isn't there.
+  /// The edit in a tool's window, or null when the tool has no window or no edit.
   [[nodiscard]] QLineEdit* Edit(int toolId) const {
     const auto* tool = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(toolId)));
     return tool == nullptr ? nullptr : tool->findChild<QLineEdit*>();
@@ -110,7 +110,7 @@ class Hands {
   QString folder_;
 };
 
-/// One step: what is done, and whether it came out as told.
+/// One step: its name in the file names, its line of text, and what it does. run returns whether the step worked.
 struct Step {
   const char* name;
   const char* text;

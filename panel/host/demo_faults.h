@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The faults that the demo machine can show without a real one, as the panel offers them: one table from soft key to
-// fault. It raises none itself.
+// The faults that the demo machine can show, as the panel offers them: one table from soft key to fault. It raises no
+// fault itself.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -14,7 +14,8 @@ namespace panel {
 
 struct DemoFault {
   Word word;
-  std::optional<pnl::rig::MachineControl::Fault> fault;  // nothing for the emergency stop, which stays until released
+  std::optional<pnl::rig::MachineControl::Fault>
+      fault;  // nothing: the emergency stop, which stays until it is released
 };
 
 /// In the order of their soft keys.

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array<std::uint32_t, kErrorClasses> kColors = {0x0000A0, 0x0000A0, 0x648064, 0x806480, 0x806480};
 
-/// The error after which the control can't go on; it closes the panel.
+/// The control can't go on after this error, and it closes the panel.
 constexpr std::int32_t kClosingError = 201;
 
 std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
@@ -24,11 +24,9 @@ std::uint32_t Registered(const char* name) { return PnlRegisterMessage(name); }
 std::uint32_t ColorOfKind(ErrorKind kind) { return kColors[static_cast<std::size_t>(kind)]; }
 
 ErrorSign ErrorSignOf(qint64 first, qint64 second) {
-  constexpr int kHalf = 16;
-  const auto low = [](qint64 value) { return static_cast<int>(value & 0xFFFF); };
-  const auto high = [](qint64 value) { return static_cast<int>((value >> kHalf) & 0xFFFF); };
-  const int kind = high(first) < kErrorClasses ? high(first) : 0;
-  return {low(first), static_cast<ErrorKind>(kind), low(second), high(second)};
+  ErrorKind kind = ErrorKind::kError;
+  if (PnlHighHalf(first) < kErrorClasses) kind = static_cast<ErrorKind>(PnlHighHalf(first));
+  return {PnlLowHalf(first), kind, PnlLowHalf(second), PnlHighHalf(second)};
 }
 
 ErrorDesk::ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now)
@@ -53,8 +51,8 @@ int ErrorDesk::Standing() const {
 
 void ErrorDesk::CallWindow() {
   const QScopedValueRollback called(called_, true);
-  // The word that ends the help shows the window in any case.
-  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered("ZM_END_ERRORHELP"), 0, 0);
+  // The tool shows its window when it hears that the help has ended, whether or not there was any.
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered(PNL_NAME_ERROR_HELP_ENDED), 0, 0);
 }
 
 bool ErrorDesk::BringBack() {
@@ -67,15 +65,15 @@ bool ErrorDesk::BringBack() {
 }
 
 void ErrorDesk::Acknowledge() {
-  // A script's own tool is the script's to command.
+  // Only the script commands a tool that a script has loaded.
   if (!session_.Reacting() || !HasTool()) return ClearAll();
   if (!WindowShown()) {
-    // A help whose error has gone has nothing to lead back to.
+    // When no error is left, there is no window to return to, and the help goes.
     if (!BringBack()) OnErrorsGone();
     return;
   }
   session_.BringToFront(PNL_TOOL_ERRORS);
-  // Escape, never Enter: an error that must be confirmed is confirmed by hand, in its window.
+  // Escape, not Enter: Enter would confirm an error, and the operator must confirm it himself in its window.
   QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
   auto* window = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
   if (window != nullptr) QCoreApplication::sendEvent(window, &escape);
@@ -96,7 +94,7 @@ void ErrorDesk::CloseHelp() {
 void ErrorDesk::AnswerClose(bool yes) {
   if (!asksToClose_) return;
   asksToClose_ = false;
-  // The tool asks every few seconds: who said no is asked again only when there is a new reason.
+  // The tool repeats its question every few seconds. After a no it is shown again only for a new reason.
   closeRefused_ = !yes;
   if (yes) emit CloseWanted();
   emit Changed();
@@ -110,7 +108,7 @@ void ErrorDesk::OnShowError(const QVariantMap& line) {
 }
 
 void ErrorDesk::OnWindowOpening() {
-  // The help takes the place of the window and is never beside it.
+  // The help replaces the window; the two are never shown together.
   OnErrorsGone();
   if (!called_) emit WindowCame();
 }
@@ -121,11 +119,11 @@ void ErrorDesk::OnErrorsGone() {
 }
 
 void ErrorDesk::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
-  if (message == Registered("ZM_UPDATE_NERRORS")) {
+  if (message == Registered(PNL_NAME_ERRORS_CHANGED)) {
     sign_ = ErrorSignOf(first, second);
     emit Changed();
   }
-  if (message != Registered("ZM_CLOSE7340") || first != 1 || asksToClose_ || closeRefused_) return;
+  if (message != Registered(PNL_NAME_CLOSE_PANEL) || first != 1 || asksToClose_ || closeRefused_) return;
   asksToClose_ = true;
   emit CloseAsked();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The panel's side of the error tool: makes it at the start, keeps the sign that it asks for while its window is away,
-// the help it offers, the question whether to close, and the history of the session's errors. Decides when the window
-// comes back; shows nothing itself. Under --bare it makes no tool and keeps nothing.
+// The panel's side of the error tool. It makes the tool at the start. It keeps the sign that is shown while the tool's
+// window is away, the help, the question whether to close the panel, and the history of the session's errors. It
+// decides when the window comes back. It draws nothing itself. Under --bare it makes no tool and keeps nothing.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -15,14 +15,14 @@
 
 namespace panel {
 
-/// How the tool sorts errors, as it numbers them: the tool's message and the library's summary bring it, and nothing
-/// here sorts anew.
+/// The tool's classes of errors, with its numbers. The tool's message and the library's summary carry the class;
+/// nothing here classifies again.
 using ErrorKind = pnl::rig::CncControl::ErrorClass;
 inline constexpr int kErrorClasses = 5;
-/// 0x00BBGGRR; the colour of an error for a number that is no class.
+/// The colour of a class of errors, as 0x00BBGGRR.
 [[nodiscard]] std::uint32_t ColorOfKind(ErrorKind kind);
 
-/// What the tool wants shown of the errors while its window is away; count 0 for nothing.
+/// What the tool wants the panel to show while the tool's window is away. With count 0 nothing is shown.
 struct ErrorSign {
   int number = 0;
   ErrorKind kind = ErrorKind::kError;
@@ -31,10 +31,10 @@ struct ErrorSign {
   bool operator==(const ErrorSign&) const = default;
 };
 
-/// The two arguments of "ZM_UPDATE_NERRORS".
+/// Reads the two arguments of "ZM_UPDATE_NERRORS". A number that is no class becomes kError.
 [[nodiscard]] ErrorSign ErrorSignOf(qint64 first, qint64 second);
 
-/// The help of an error, as the panel shows it in the window's place.
+/// The help of an error. The panel shows it in place of the tool's window.
 struct ErrorHelp {
   QString header;
   std::uint32_t back = 0;
@@ -47,37 +47,37 @@ class ErrorDesk : public QObject {
   Q_OBJECT
 
  public:
-  /// rig may be null: then there is no history and no description. now: the wall clock, or a test's.
+  /// rig may be null: then there is no history and no description. now reads the wall clock; a test passes its own.
   ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now = &std::chrono::system_clock::now);
   ~ErrorDesk() override;
 
-  /// Makes the error tool, hidden. Nothing under --bare, and nothing a second time.
+  /// Makes the error tool, hidden. Does nothing under --bare or when the tool exists already.
   void StartTool();
   [[nodiscard]] bool HasTool() const { return session_.ToolWindow(PNL_TOOL_ERRORS) != 0; }
   [[nodiscard]] bool WindowShown() const { return session_.IsToolOpen(PNL_TOOL_ERRORS); }
 
-  /// Errors in the kernel's queue.
+  /// The number of errors in the kernel's queue. Without a rig, the count that the tool sent last.
   [[nodiscard]] int Standing() const;
   [[nodiscard]] const ErrorSign& Sign() const { return sign_; }
   [[nodiscard]] const std::optional<ErrorHelp>& Help() const { return help_; }
   [[nodiscard]] const ErrorHistory& History() const { return history_; }
   [[nodiscard]] ErrorTime Now() const { return now_(); }
 
-  /// The tool's window in front, if there is an error to show. False when there is none, or no tool.
+  /// Brings the tool's window to the front. Returns false when there is no error to show, or no tool.
   bool BringBack();
-  /// Acknowledges the error in the window as its own key does. One that isn't shown comes back first: nothing is
-  /// acknowledged unseen. Without the tool the queue is emptied.
+  /// Acknowledges the error in the tool's window as the tool's own key does. When the window is away, it only comes
+  /// back: no error is acknowledged unseen. Without the tool, and under --bare, the queue is emptied.
   void Acknowledge();
-  /// Empties the queue, as the reset key does.
+  /// Empties the queue, as the reset key does, and ends the help.
   void ClearAll();
-  /// Ends the help; the tool's window comes back.
+  /// Ends the help and has the tool show its window.
   void CloseHelp();
 
-  /// Whether the question to close waits for its answer.
+  /// Whether the question to close the panel is waiting for its answer.
   [[nodiscard]] bool AsksToClose() const { return asksToClose_; }
   void AnswerClose(bool yes);
 
-  /// From the session: the tool's window opens, callbacks 13 and 14, and messages to the main window.
+  /// What the session reports: the tool's window opens, callbacks 13 and 14, and messages to the main window.
   void OnWindowOpening();
   void OnShowError(const QVariantMap& line);
   void OnErrorsGone();
@@ -85,13 +85,13 @@ class ErrorDesk : public QObject {
 
  signals:
   void Changed();
-  /// The tool's window opens by itself: nobody called for it.
+  /// The tool has opened its window by itself, without being asked to.
   void WindowCame();
   void CloseAsked();
   void CloseWanted();
 
  private:
-  /// Has the tool show its window, wherever that was.
+  /// Has the tool show its window.
   void CallWindow();
   void OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::rig::CncControl::ErrorFate fate);
   [[nodiscard]] QString DescriptionOf(const QString& reference) const;
@@ -104,7 +104,7 @@ class ErrorDesk : public QObject {
   bool watching_ = false;
   ErrorSign sign_;
   std::optional<ErrorHelp> help_;
-  bool called_ = false;  // the window opens because the operator wants to see it
+  bool called_ = false;  // CallWindow is making the window open
   bool asksToClose_ = false;
   bool closeRefused_ = false;
 };

@@ -35,7 +35,7 @@ void ErrorHistory::Tell(const Summary& error, Fate fate) {
 }
 
 void ErrorHistory::Raise(const Summary& error) {
-  // A clock that is set back must not put an error before those that came earlier.
+  // When the clock is set back, a later error still gets no earlier time than those before it.
   latest_ = std::max(latest_, now_());
   CountArrival(latest_);
   const auto [place, isNew] = places_.try_emplace(KeyOf(error), rows_.end());

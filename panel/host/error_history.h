@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What became of the session's errors: the last 200 different ones, how often and when each came, how each left the
-// queue, and whether they come in a flood. It is told of every error and asked for rows; it knows no widget and no
-// clock but the one it was given. Nothing it leaves out goes without a number that says so.
+// The history of the session's errors: the last 200 different ones, how often and when each came, how each left the
+// queue, and whether they come in a flood. It hears of every error through Tell. It knows no widget, and no clock but
+// the one it is given. It counts the errors that it has no row for any more.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -20,15 +20,15 @@ namespace panel {
 
 using ErrorTime = std::chrono::system_clock::time_point;
 
-/// Errors that are equal in all but their time share one row.
+/// Errors that differ only in time and serial share one row.
 struct ErrorRow {
-  std::int64_t id = 0;                       // of the row, as long as it is there
+  std::int64_t id = 0;                       // identifies the row while it exists
   pnl::rig::CncControl::ErrorSummary error;  // the last one
   ErrorTime first;
   ErrorTime last;
   int times = 0;
-  // What became of them; together as many as times.
-  std::set<std::int64_t> standing;  // serials
+  // What happened to the errors of this row. The four counts add up to times.
+  std::set<std::int64_t> standing;  // serials of those still in the queue
   int acknowledged = 0;
   int confirmed = 0;
   int cleared = 0;
@@ -40,7 +40,7 @@ class ErrorHistory {
   using Fate = pnl::rig::CncControl::ErrorFate;
 
   static constexpr std::size_t kMostRows = 200;
-  /// More than this many within kFloodTime are a flood.
+  /// There is a flood when more errors than this came within kFloodTime.
   static constexpr int kFloodCount = 10;
   static constexpr std::chrono::minutes kFloodTime{10};
 
@@ -48,19 +48,19 @@ class ErrorHistory {
 
   void Tell(const Summary& error, Fate fate);
 
-  /// The row whose error came last is in front.
+  /// The rows, the one with the latest error first.
   [[nodiscard]] const std::list<ErrorRow>& Rows() const { return rows_; }
-  /// Another number whenever something above or below changed by a call of Tell.
+  /// Grows with every call of Tell, so that a reader can see whether anything changed.
   [[nodiscard]] std::int64_t Revision() const { return revision_; }
-  /// Errors, not rows, that found no place any more, and how many of these stand in the queue still.
+  /// How many errors (not rows) were dropped for lack of room, and how many of these are still in the queue.
   [[nodiscard]] std::int64_t Left() const { return left_; }
   [[nodiscard]] std::int64_t LeftStanding() const { return static_cast<std::int64_t>(leftStanding_.size()); }
-  /// How many came within the last ten minutes, if these are a flood.
+  /// How many errors came within kFloodTime. Nothing when that is no flood.
   [[nodiscard]] std::optional<int> Flood() const;
-  /// When the flood that there is now will be over, if no more come.
+  /// When the present flood will be over if no more errors come. Nothing when there is no flood.
   [[nodiscard]] std::optional<ErrorTime> FloodEnd() const;
 
-  /// Counts and places fit together; for the tests.
+  /// Whether the counts and the indexes agree; for the tests.
   [[nodiscard]] bool IsConsistent() const;
 
  private:
@@ -78,10 +78,10 @@ class ErrorHistory {
 
   std::function<ErrorTime()> now_;
   std::list<ErrorRow> rows_;
-  std::map<std::u16string, Place> places_;  // by what makes errors equal
+  std::map<std::u16string, Place> places_;  // by KeyOf
   std::map<std::int64_t, Place> standing_;  // by serial
-  std::set<std::int64_t> leftStanding_;     // of errors without a row
-  std::deque<Second> arrivals_;             // of the last ten minutes, second by second
+  std::set<std::int64_t> leftStanding_;     // serials of errors without a row that are still in the queue
+  std::deque<Second> arrivals_;             // of the last kFloodTime, second by second
   std::int64_t left_ = 0;
   std::int64_t revision_ = 0;
   std::int64_t lastId_ = 0;

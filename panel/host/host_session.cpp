@@ -14,7 +14,7 @@ HostSession* current = nullptr;
 
 QString FromText(const char16_t* text) { return text == nullptr ? QString() : QString::fromUtf16(text); }
 
-/// A record's text ends at its terminator or at the end of its field, whichever comes first.
+/// The text in a record's field, up to the terminator or to the end of the field.
 template <std::size_t N>
 QString FromField(const char16_t (&field)[N]) {
   const auto* end = std::find(std::begin(field), std::end(field), u'\0');
@@ -43,46 +43,46 @@ const std::array<const char*, kSlotCount> kSlotNames = {"HostMayOpenTool",
                                                         "HostOpenCalculator",
                                                         "HostOpenMachiningCalculator"};
 
-/// The nineteen callbacks: plain functions, so each finds the one session and tells it what came.
+/// The nineteen callbacks. They are plain functions, so each finds the one session and passes the call on.
 struct HostCallbacks {
   static int Tell(int slot, QVariantList args = {}) {
     if (current == nullptr) return 0;
     current->OnCall({slot, std::move(args)});
-    // The session may have gone while its listeners were at work.
+    // A listener may have destroyed the session.
     return current == nullptr ? 0 : current->ReturnOf(slot);
   }
 
-  static int MayOpenTool(int tool) { return Tell(0, {tool}); }
-  static void ToolOpening(int tool) { Tell(1, {tool}); }
-  static void ToolClosed(int tool, int reason) { Tell(2, {tool, reason}); }
-  static void SetMainMenu(int tool, HostMenuRef menu) { Tell(3, {tool, menu.menu}); }
-  static void SetSideMenu(int tool, HostMenuRef menu) { Tell(4, {tool, menu.menu}); }
-  static void UpdateMainMenu(int tool, int zero) { Tell(5, {tool, zero}); }
-  static void UpdateSideMenu(int tool, int zero) { Tell(6, {tool, zero}); }
+  static int MayOpenTool(int tool) { return Tell(PNL_SLOT_MAY_OPEN_TOOL, {tool}); }
+  static void ToolOpening(int tool) { Tell(PNL_SLOT_TOOL_OPENING, {tool}); }
+  static void ToolClosed(int tool, int reason) { Tell(PNL_SLOT_TOOL_CLOSED, {tool, reason}); }
+  static void SetMainMenu(int tool, HostMenuRef menu) { Tell(PNL_SLOT_SET_MAIN_MENU, {tool, menu.menu}); }
+  static void SetSideMenu(int tool, HostMenuRef menu) { Tell(PNL_SLOT_SET_SIDE_MENU, {tool, menu.menu}); }
+  static void UpdateMainMenu(int tool, int zero) { Tell(PNL_SLOT_UPDATE_MAIN_MENU, {tool, zero}); }
+  static void UpdateSideMenu(int tool, int zero) { Tell(PNL_SLOT_UPDATE_SIDE_MENU, {tool, zero}); }
   static void ShowMessage(int tool, const HostMessage* message) {
     if (message == nullptr) return;
-    Tell(7, {tool, QVariantMap{{"line", message->line},
-                               {"text", FromField(message->text)},
-                               {"back", message->back},
-                               {"fore", message->fore}}});
+    Tell(PNL_SLOT_SHOW_MESSAGE, {tool, QVariantMap{{"line", message->line},
+                                                   {"text", FromField(message->text)},
+                                                   {"back", message->back},
+                                                   {"fore", message->fore}}});
   }
-  static void ExplorerRequest() { Tell(8); }
-  static void CalcResultAccepted() { Tell(9); }
-  static void ExplorerAccepted() { Tell(10); }
-  static void ExplorerAcceptedAlt() { Tell(11); }
-  static void InsertBlock() { Tell(12); }
+  static void ExplorerRequest() { Tell(PNL_SLOT_EXPLORER_REQUEST); }
+  static void CalcResultAccepted() { Tell(PNL_SLOT_CALC_RESULT_ACCEPTED); }
+  static void ExplorerAccepted() { Tell(PNL_SLOT_EXPLORER_ACCEPTED); }
+  static void ExplorerAcceptedAlt() { Tell(PNL_SLOT_EXPLORER_ACCEPTED_ALT); }
+  static void InsertBlock() { Tell(PNL_SLOT_INSERT_BLOCK); }
   static int ShowError(const HostErrorLine* line) {
-    if (line == nullptr) return Tell(13, {QVariant()});
-    return Tell(13, {QVariantMap{{"back", line->backColor},
-                                 {"fore", line->textColor},
-                                 {"helpRef", FromText(line->helpRef)},
-                                 {"header", FromText(line->headerText)}}});
+    if (line == nullptr) return Tell(PNL_SLOT_SHOW_ERROR, {QVariant()});
+    return Tell(PNL_SLOT_SHOW_ERROR, {QVariantMap{{"back", line->backColor},
+                                                  {"fore", line->textColor},
+                                                  {"helpRef", FromText(line->helpRef)},
+                                                  {"header", FromText(line->headerText)}}});
   }
-  static void ErrorsGone() { Tell(14); }
-  static void ForwardKey(int key) { Tell(15, {key}); }
-  static void ToolWantsClose(int tool) { Tell(16, {tool}); }
-  static void OpenCalculator() { Tell(17); }
-  static void OpenMachiningCalculator() { Tell(18); }
+  static void ErrorsGone() { Tell(PNL_SLOT_ERRORS_GONE); }
+  static void ForwardKey(int key) { Tell(PNL_SLOT_FORWARD_KEY, {key}); }
+  static void ToolWantsClose(int tool) { Tell(PNL_SLOT_TOOL_WANTS_CLOSE, {tool}); }
+  static void OpenCalculator() { Tell(PNL_SLOT_OPEN_CALCULATOR); }
+  static void OpenMachiningCalculator() { Tell(PNL_SLOT_OPEN_MACHINING_CALCULATOR); }
 };
 
 HostSession::HostSession(QObject* parent) : QObject(parent) {
@@ -167,18 +167,17 @@ void HostSession::DestroyTool(PnlWindow window) {
   if (it == loaded_.end()) return;
   const int tool = it->first;
   loaded_.erase(it);
-  // A window that goes away without a word has closed its tool all the same.
+  // A window that is destroyed without reporting it has closed its tool too.
   if (ToolWindow(tool) == 0) KeepToolState(tool, false);
 }
 
 void HostSession::CloseAll() {
-  // A tool gets the chance to give its channel back before its window goes; code 5 asks for it whatever its state is.
-  constexpr int kAskToClose = 5;
+  // The command line gives its channel back before its window goes. The close command reaches it in every state.
   constexpr int kChannel = 1;
   const auto loaded = loaded_;
   for (const auto& [tool, window] : loaded) {
     if (!PnlIsAlive(window)) continue;
-    if (tool == PNL_TOOL_MDI) PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kAskToClose, kChannel);
+    if (tool == PNL_TOOL_MDI) PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE, kChannel);
     DestroyTool(window);
   }
 }
@@ -208,11 +207,12 @@ void HostSession::FocusWithin(PnlWindow window) {
   const QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == widget || widget->isAncestorOf(focused))) return;
   QWidget* last = widget->focusWidget();
-  // A control that can't take the keyboard now leaves it to its window.
+  // When the control can't take the keyboard now, its window does.
   if (last != nullptr && (!last->isVisible() || !last->isEnabled())) last = widget;
   auto* line = qobject_cast<QLineEdit*>(last);
   if (line == nullptr) return (last != nullptr ? last : widget)->setFocus(Qt::OtherFocusReason);
-  // A tool may put the caret elsewhere on getting the focus; the operator goes on where he was.
+  // A tool may move the caret when the line gets the focus. The operator goes on where he was, so the caret is put
+  // back.
   const int caret = line->cursorPosition();
   const int start = line->selectionStart();
   const int length = line->selectionLength();
@@ -220,7 +220,7 @@ void HostSession::FocusWithin(PnlWindow window) {
   line->setFocus(Qt::OtherFocusReason);
   if (!alive) return;
   line->setCursorPosition(caret);
-  // What was marked from its end has the caret at its beginning.
+  // A selection that was made from right to left has the caret at its start.
   if (start >= 0) line->setSelection(caret == start ? start + length : start, caret == start ? -length : length);
 }
 
@@ -228,7 +228,7 @@ HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& men
   for (auto tool = open_.rbegin(); tool != open_.rend(); ++tool) {
     const auto menu = menus.find(*tool);
     if (menu == menus.end()) continue;
-    // A tool that cleared its bar leaves it to the panel, not to the tool behind.
+    // When a tool has cleared its bar, the panel gets it, not the next open tool.
     if (PnlMenuItemCount(menu->second) < 0) break;
     return {*tool, menu->second};
   }
@@ -265,28 +265,28 @@ void HostSession::KeepMessage(const QVariantMap& message) {
 }
 
 void HostSession::OnCall(const HostCall& call) {
-  // Whoever hears of the call may end the session.
+  // A listener may destroy the session.
   const QPointer<HostSession> alive(this);
   const auto first = [&call] { return call.args.value(0).toInt(); };
-  // What the host keeps stands before anybody hears of the call, so that a listener sees the new state.
+  // The session updates its state before it tells anybody, so that a listener sees the new state.
   switch (call.slot) {
-    case 1:
+    case PNL_SLOT_TOOL_OPENING:
       KeepToolState(first(), true);
       break;
-    case 2:
+    case PNL_SLOT_TOOL_CLOSED:
       KeepToolState(first(), false);
       break;
-    case 3:
+    case PNL_SLOT_SET_MAIN_MENU:
       mainMenuTool_ = first();
       mainMenu_ = call.args.value(1).toUInt();
       mainMenus_[mainMenuTool_] = mainMenu_;
       break;
-    case 4:
+    case PNL_SLOT_SET_SIDE_MENU:
       sideMenuTool_ = first();
       sideMenu_ = call.args.value(1).toUInt();
       sideMenus_[sideMenuTool_] = sideMenu_;
       break;
-    case 7:
+    case PNL_SLOT_SHOW_MESSAGE:
       KeepMessage(call.args.value(1).toMap());
       break;
     default:
@@ -295,8 +295,8 @@ void HostSession::OnCall(const HostCall& call) {
   if (!alive) return;
   emit Called(call);
   if (!alive) return;
-  if (call.slot == 3 || call.slot == 5) emit MainMenuChanged();
-  if (call.slot == 4 || call.slot == 6) emit SideMenuChanged();
+  if (call.slot == PNL_SLOT_SET_MAIN_MENU || call.slot == PNL_SLOT_UPDATE_MAIN_MENU) emit MainMenuChanged();
+  if (call.slot == PNL_SLOT_SET_SIDE_MENU || call.slot == PNL_SLOT_UPDATE_SIDE_MENU) emit SideMenuChanged();
 }
 
 }  // namespace panel

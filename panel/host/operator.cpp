@@ -12,16 +12,8 @@ constexpr int kChannel = 1;
 constexpr int kOverrideStep = 10;
 constexpr int kOverrideMost = 200;
 constexpr int kInterrupted = 4;
-constexpr intptr_t kRefused = -200;
 
-/// Codes of ToolCommand.
-constexpr int kCommandOpen = 2;
-constexpr int kCommandClose = 6;
-constexpr int kCommandRestoreCaret = 7;
-constexpr int kCommandSwitchRole = 8;
-constexpr int kCommandCloseAndTell = 20;
-
-/// As a program takes a number: a point, no exponent, no zeros that say nothing.
+/// A number as a program takes it: with a point, without an exponent or trailing zeros.
 QString PlainNumber(double value) {
   constexpr int kDecimals = 6;
   QString text = QString::number(value, 'f', kDecimals);
@@ -167,14 +159,14 @@ void Operator::DoMachine(Action action) {
   const auto state = machine_->State();
   switch (action) {
     case Action::kFeedHold:
-      // Never a toggle: a second press on a hold key must not set the axes moving. Cycle start does that.
+      // Not a toggle: a second press on the hold key must not set the axes moving. Only cycle start does that.
       return machine_->FeedHold(true);
     case Action::kSingleBlock:
       return machine_->SingleBlock(!state.singleBlock);
     case Action::kCancel:
       return machine_->Cancel();
     case Action::kReset:
-      // The queue first: the reset raises again what still has its cause.
+      // The queue is emptied first, because the reset raises again every error whose cause is still there.
       errors_.ClearAll();
       return machine_->Reset();
     case Action::kInspect:
@@ -194,7 +186,7 @@ void Operator::CycleStart() {
   const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
   const auto state = Machine();
   const bool atRest = state.channelStatus != 2 && state.channelStatus != kInterrupted;
-  // A hidden command line still owns the block that it sent: its start key must reach it.
+  // A hidden command line still owns the block that it sent, so the start key must reach it.
   if (mdi == 0 || (atRest && !session_.IsToolOpen(PNL_TOOL_MDI))) {
     if (machine_ != nullptr && state.feedHold) return machine_->FeedHold(false);
     return SetHint(Say(Word::kNothingToStart), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
@@ -202,11 +194,10 @@ void Operator::CycleStart() {
   PnlCycleStart record{};
   record.channel = kChannel;
   const auto address = reinterpret_cast<intptr_t>(&record);
-  constexpr intptr_t kInspecting = 4;
-  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 2, address) == kInspecting) {
+  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_QUERY, address) == PNL_START_DURING_INSPECTION) {
     SetHint(Say(Word::kStartInInspection), false, [this] { return Machine().inspecting; });
   }
-  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, 1, address);
+  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_KEY, address);
 }
 
 bool Operator::OpenTool(int tool) {
@@ -216,7 +207,7 @@ bool Operator::OpenTool(int tool) {
     SetHint(Say(Word::kToolMissing), true);
     return false;
   }
-  if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandOpen, kChannel) == kRefused) {
+  if (tool == PNL_TOOL_MDI && PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_OPEN, kChannel) == PNL_REFUSED) {
     SetHint(Say(Word::kMdiRefused), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
     return false;
   }
@@ -230,7 +221,7 @@ void Operator::OpenMdi() {
 }
 
 void Operator::OpenCalculator() {
-  // It opens with its window; a second one beside it would have a history of its own.
+  // An open calculator comes to the front. A second one would have a history of its own.
   if (session_.IsToolOpen(PNL_TOOL_CALCULATOR)) return session_.BringToFront(PNL_TOOL_CALCULATOR);
   OpenTool(PNL_TOOL_CALCULATOR);
 }
@@ -242,23 +233,24 @@ void Operator::OpenMachining() {
 void Operator::TurnTo(int tool) {
   session_.BringToFront(tool);
   const PnlWindow window = session_.ToolWindow(tool);
-  // In a list the code would choose the first item, which start would then run: it is for a line that is typed in.
+  // With the focus in a list this command would choose the first item, and cycle start would run it. So it is sent only
+  // while a line is typed in.
   if (tool == PNL_TOOL_MDI && HostSession::IsTypedIn(window)) {
-    PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, kCommandRestoreCaret, kChannel);
+    PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_RESTORE_FOCUS, kChannel);
   }
 }
 
 void Operator::CloseTool(int tool) {
-  // The calculator goes without a word on the other code, and the panel would think that it still stands there.
-  const int code = tool == PNL_TOOL_CALCULATOR ? kCommandCloseAndTell : kCommandClose;
-  // Posted: the tool is still inside the key that asked for it.
+  // The calculator doesn't report that it closes on PNL_COMMAND_LEAVE, and the panel would take it for open.
+  const int code = tool == PNL_TOOL_CALCULATOR ? PNL_COMMAND_CLOSE_TOOL : PNL_COMMAND_LEAVE;
+  // Posted, because the tool is still inside the key that asked for it.
   PnlPostMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, code, 0);
 }
 
 void Operator::TakeCalcResult() {
   if (session_.IsToolOpen(PNL_TOOL_MDI)) {
     session_.BringToFront(PNL_TOOL_MDI);
-    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, 1, 0);
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_RESULT_READY, PNL_READY_CALC_RESULT, 0);
     return;
   }
   const auto result = rig_ == nullptr ? std::nullopt : rig_->Cnc().Get(u"E.CALCRESUL");
@@ -272,13 +264,13 @@ void Operator::TakeCalcResult() {
 
 void Operator::SwitchRole() {
   if (!session_.IsToolOpen(PNL_TOOL_MDI) && !OpenTool(PNL_TOOL_MDI)) return;
-  // An error window stays in front of the tool that caused it.
+  // The error window stays in front of the tool that caused the error.
   if (session_.FrontTool() != PNL_TOOL_ERRORS) session_.BringToFront(PNL_TOOL_MDI);
-  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, kCommandSwitchRole, kChannel);
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_SWITCH_ROLE, kChannel);
 }
 
 void Operator::AskHelp() {
-  // The variable may still have the mark that another tool left there, so only a write of this moment counts.
+  // The variable may still contain an older mark from another tool, so only a write during this call counts.
   bool written = false;
   const int watch = rig_ == nullptr ? 0 : rig_->Cnc().Watch(u"E.HELPDATA", [&written] { written = true; });
   PnlSendMessage(session_.ToolWindow(session_.FrontTool()), PNL_MSG_HELP_KEY, 0, 0);
@@ -312,7 +304,7 @@ void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::
 
 void Operator::SendCommand(int tool, int id) {
   hint_ = {};
-  // Whoever presses a tool's key works in that tool.
+  // An operator who presses a tool's soft key works in that tool.
   if (session_.FrontTool() == tool) session_.BringToFront(tool);
   PnlSendMessage(session_.ToolWindow(tool), PNL_MSG_COMMAND, id, 0);
   Touch();
@@ -321,40 +313,40 @@ void Operator::SendCommand(int tool, int id) {
 void Operator::OnCalled(const HostCall& call) {
   if (!session_.Reacting()) return;
   switch (call.slot) {
-    case 1:
+    case PNL_SLOT_TOOL_OPENING:
       if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnWindowOpening();
       return;
-    case 2:
+    case PNL_SLOT_TOOL_CLOSED:
       return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
-    case 8:
+    case PNL_SLOT_EXPLORER_REQUEST:
       asked_ = true;
       if (Request() == nullptr) {
-        // Queued: the asker is still inside its own call.
+        // Queued, because the asker is still inside its own call.
         QMetaObject::invokeMethod(this, &Operator::CancelFile, Qt::QueuedConnection);
         return SetHint(Say(Word::kNoRequest), true);
       }
       emit ChooserWanted();
       return;
-    case 9:
+    case PNL_SLOT_CALC_RESULT_ACCEPTED:
       return TakeCalcResult();
-    case 10:
-    case 11:
+    case PNL_SLOT_EXPLORER_ACCEPTED:
+    case PNL_SLOT_EXPLORER_ACCEPTED_ALT:
       return EndRequest(true);
-    case 12:
+    case PNL_SLOT_INSERT_BLOCK:
       if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
       return;
-    case 13:
+    case PNL_SLOT_SHOW_ERROR:
       return errors_.OnShowError(call.args.value(0).toMap());
-    case 14:
+    case PNL_SLOT_ERRORS_GONE:
       return errors_.OnErrorsGone();
-    case 15:
+    case PNL_SLOT_FORWARD_KEY:
       emit KeyForwarded(call.args.value(0).toInt());
       return;
-    case 16:
+    case PNL_SLOT_TOOL_WANTS_CLOSE:
       return CloseTool(call.args.value(0).toInt());
-    case 17:
+    case PNL_SLOT_OPEN_CALCULATOR:
       return OpenCalculator();
-    case 18:
+    case PNL_SLOT_OPEN_MACHINING_CALCULATOR:
       return OpenMachining();
     default:
       return;
@@ -366,12 +358,11 @@ void Operator::OnToolClosed(int tool, int reason) {
 }
 
 void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {
-  constexpr int kTaken = 41;
-  constexpr int kLetGo = 42;
-  if (message == PNL_MSG_TOOL_NOTIFY && (first == kTaken || first == kLetGo) && second != 0) {
+  const bool taken = first == PNL_NOTIFY_CHANNEL_TAKEN;
+  if (message == PNL_MSG_TOOL_NOTIFY && (taken || first == PNL_NOTIFY_CHANNEL_GIVEN) && second != 0) {
     const auto channel = std::bit_cast<const PnlToolNotify*>(static_cast<intptr_t>(second))->channel;
     heldChannels_.erase(std::remove(heldChannels_.begin(), heldChannels_.end(), channel), heldChannels_.end());
-    if (first == kTaken) heldChannels_.push_back(channel);
+    if (taken) heldChannels_.push_back(channel);
     return Touch();
   }
   if (!session_.Reacting()) return;

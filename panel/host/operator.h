@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the panel does on the operator's behalf: which tool a key goes to, what a callback asks of the host, what the
-// machine says; of the errors its error desk knows. One guard decides what is possible, so that a key, a soft key and a
+// What the panel does for the operator: which tool a key goes to, what a callback asks of the host, and what the
+// machine shows. Its ErrorDesk deals with errors. Can alone decides what is possible, so a key, a soft key and a
 // shortcut can't disagree. It owns no widget; the window draws everything from its state.
 #pragma once
 
@@ -18,34 +18,37 @@
 
 namespace panel {
 
-/// A message of the panel itself to the operator. Information goes with the next key or touch, a warning with the next
-/// action; both go with their cause.
+/// A message of the panel itself to the operator. Information disappears with the next key or touch, a warning with the
+/// next action. Both disappear when their cause ends.
 struct Hint {
   QString text;
   bool warning = false;
-  std::function<bool()> holds;  // whether the cause is still there; empty for one that doesn't end
+  std::function<bool()> holds;  // whether the cause is still there; empty for a cause that doesn't end
 };
 
 class Operator : public QObject {
   Q_OBJECT
 
  public:
-  /// rig may be null: then there is no machine, no clock and no error queue to show.
+  /// rig may be null: then there is no machine, no clock and no error queue.
   Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent = nullptr);
   ~Operator() override;
 
   [[nodiscard]] bool Can(Action action) const;
-  /// Does it, or says in the hint why not. Actions of the editor and of the bars are not its own and do nothing.
+  /// Carries the action out, or says in the hint why that isn't possible. Actions of the editor and of the bars belong
+  /// to the window; here they do nothing.
   void Do(Action action);
-  /// Loads the tool at first use and brings it to the front. False, and a hint, when it isn't there.
+  /// Opens the tool, and loads it at its first use. Returns false and sets a hint when the tool can't be loaded or
+  /// refuses.
   bool OpenTool(int tool);
-  /// A soft key of a tool's menu.
+  /// Sends the command of a soft key in a tool's menu to that tool.
   void SendCommand(int tool, int id);
 
-  /// The request whose record stands in E.XPLRDATA, null when there is none or its owner has withdrawn it.
+  /// The file request whose number is in E.XPLRDATA. Null when there is none or its owner has withdrawn it.
   [[nodiscard]] XPLRDATA_ST* Request() const;
-  /// Writes the answer into the record and tells the asker. False, and a hint, when the record has gone or the names
-  /// don't fit its fields; then nothing was written and the asker hears that there is no file.
+  /// Writes the folder and the file into the request's record and tells the asker. Returns false and sets a hint when
+  /// the record has gone or the names don't fit its fields. Then nothing is written, and the asker is told that there
+  /// is no file.
   bool AcceptFile(const QString& folder, const QString& file);
   void CancelFile();
 
@@ -55,21 +58,22 @@ class Operator : public QObject {
   [[nodiscard]] std::vector<pnl::rig::CncControl::ErrorSummary> Errors() const;
   [[nodiscard]] ErrorDesk& Desk() { return errors_; }
   [[nodiscard]] const ErrorDesk& Desk() const { return errors_; }
-  /// A fault of the demo machine. spot: where the fault of a program lies; without one it can't be raised.
+  /// Raises a fault of the demo machine, or presses and releases the emergency stop. spot: the place of a fault in a
+  /// program; without it that fault can't be raised and a hint says so.
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
   [[nodiscard]] bool EmergencyStop() const { return Machine().emergencyStop; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
-  /// The operator pressed a key or touched the screen: information counts as seen.
+  /// The operator pressed a key or touched the screen, so he has seen the information: it disappears.
   void OnPress();
 
  signals:
-  /// Something to draw changed; many changes come as one.
+  /// Something to draw has changed. Many changes cause one signal.
   void Changed();
   void ChooserWanted();
   void ChooserGone();
   void InsertBlockWanted(const QString& text);
-  /// A value for wherever the operator works in the program.
+  /// Asks for a value to be inserted at the caret of the program.
   void InsertValueWanted(const QString& text);
   void KeyForwarded(int key);
   void CloseWanted();
@@ -85,7 +89,7 @@ class Operator : public QObject {
   void OpenMdi();
   void OpenCalculator();
   void OpenMachining();
-  /// That tool to the front, the keyboard to it, and its caret back where there is one.
+  /// Brings the tool to the front and gives it the keyboard, with its caret where it was.
   void TurnTo(int tool);
   void CloseTool(int tool);
   void TakeCalcResult();
@@ -103,8 +107,8 @@ class Operator : public QObject {
   std::vector<std::int32_t> heldChannels_;
   ErrorDesk errors_;
   Hint hint_;
-  bool asked_ = false;    // a file request waits for its answer
-  bool touched_ = false;  // a Changed is under way
+  bool asked_ = false;    // a tool waits for the answer to its file request
+  bool touched_ = false;  // a Changed is queued
 };
 
 }  // namespace panel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A tool's request for a file: the record that stands for it, and its answer.
+// A tool's request for a file: the record that describes it, and the answer to it.
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ void Put(const QString& text, char16_t (&field)[N]) {
   std::copy_n(text.utf16(), text.size(), std::begin(field));
 }
 
-/// What changes whenever a file is written or replaced.
+/// Facts of a file that change whenever it is written or replaced.
 struct FileStamp {
   bool there = false;
   ino_t number = 0;
@@ -56,7 +56,7 @@ bool Operator::AcceptFile(const QString& folder, const QString& file) {
     return false;
   }
   if (!Fits(folder, request->Path) || !Fits(file, request->File)) {
-    // The asker must not wait for ever for an answer that can't be given.
+    // Without this the asker would wait for ever for an answer that can't be given.
     SetHint(Say(Word::kNameBad), true);
     EndRequest(false);
     return false;
@@ -67,7 +67,7 @@ bool Operator::AcceptFile(const QString& folder, const QString& file) {
   const auto host = rig_ == nullptr ? std::nullopt : rig_->Files().HostPath(path.toStdU16String());
   const FileStamp before = StampOf(host);
   EndRequest(true);
-  // The asker says what went wrong in a box of its own; what went well nobody says but the panel.
+  // The asker reports a failure in a box of its own. Only the panel reports success.
   const FileStamp after = StampOf(host);
   if (after.there && after != before) SetHint(Say(Word::kSaved, path));
   return true;
@@ -79,9 +79,8 @@ void Operator::EndRequest(bool accepted) {
   if (!asked_) return;
   asked_ = false;
   const PnlWindow asker = Asker();
-  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? 2 : 3, 0);
-  constexpr intptr_t kExplorerWaitEnded = 5;
-  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, kExplorerWaitEnded, 0);
+  PnlSendMessage(asker, PNL_MSG_RESULT_READY, accepted ? PNL_READY_FILE : PNL_READY_EXPLORER_LEFT, 0);
+  if (!accepted) PnlSendMessage(asker, PNL_MSG_EXPLORER_ENDED, PNL_TOOL_EXPLORER, PNL_CLOSED);
   emit ChooserGone();
   Touch();
 }

@@ -21,7 +21,7 @@ QByteArray OneLine(const QJsonObject& reply) { return QJsonDocument(reply).toJso
 
 bool IsId(const QJsonValue& id) { return id.isString() || id.isDouble() || id.isNull(); }
 
-/// The reply to one request; nothing for a notification.
+/// Returns the reply to one request, or nothing for a notification.
 std::optional<QJsonObject> AnswerRequest(const QJsonValue& value, const RpcHandler& handler) {
   if (!value.isObject()) return InvalidRequest("a request is an object");
   const QJsonObject request = value.toObject();
@@ -31,7 +31,7 @@ std::optional<QJsonObject> AnswerRequest(const QJsonValue& value, const RpcHandl
   const auto invalid = [&](const QString& text) {
     return ErrorReply(notification ? QJsonValue(QJsonValue::Null) : id, {rpc_code::kInvalidRequest, text});
   };
-  // The member may be left out, for requests typed by hand; another version is not ours to answer.
+  // The member may be missing, so that a request is quick to type by hand. Another version is refused.
   if (request.contains("jsonrpc") && request.value("jsonrpc") != QJsonValue("2.0")) {
     return invalid("jsonrpc: \"2.0\" is needed");
   }
@@ -47,7 +47,7 @@ std::optional<QJsonObject> AnswerRequest(const QJsonValue& value, const RpcHandl
   return QJsonObject{{"jsonrpc", "2.0"}, {"id", id}, {"result", std::get<QJsonValue>(result)}};
 }
 
-/// A text, a number or a word alone is JSON, yet no document to the reader; inside a list it is.
+/// Whether the line is a lone text, number or word. That is valid JSON, but QJsonDocument reads it only inside a list.
 bool IsScalar(const QByteArray& line) { return QJsonDocument::fromJson("[" + line + "]").array().size() == 1; }
 
 QByteArray AnswerBatch(const QJsonArray& batch, const RpcHandler& handler) {
@@ -55,7 +55,7 @@ QByteArray AnswerBatch(const QJsonArray& batch, const RpcHandler& handler) {
   if (batch.size() > kLongestBatch) {
     return OneLine(InvalidRequest(QString("a batch holds at most %1 requests").arg(kLongestBatch)));
   }
-  // The replies are kept as bytes: as values a thousand long ones would be many times their size.
+  // The replies are kept as bytes: as JSON values a thousand long ones would take many times that memory.
   QByteArray replies;
   for (const QJsonValue request : batch) {
     if (replies.size() > kLongestBatchReply) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// JSON-RPC 2.0 over lines: cuts bytes into lines, reads requests and writes replies. Knows no method: a handler gives
-// each request its result or its error. Any bytes are answered; none can crash or stall it.
+// JSON-RPC 2.0 over lines: cuts bytes into lines, reads requests and writes replies. It knows no method: a handler
+// returns the result or the error of each request. No input can crash it or stop it.
 #pragma once
 
 #include <QByteArray>
@@ -25,19 +25,19 @@ struct RpcError {
   QString text;
 };
 
-/// What a method answers: its result, or an error when nothing was done.
+/// What a method returns: its result, or an error. After an error nothing was done.
 using RpcResult = std::variant<QJsonValue, RpcError>;
 using RpcHandler = std::function<RpcResult(const QString& method, const QJsonObject& params)>;
 
-/// Longer lines are refused and skipped; requests need a small part of this.
+/// In bytes. Longer lines are refused and skipped; a request needs only a small part of this.
 inline constexpr qsizetype kLongestLine = qsizetype{16} << 20;
-/// A longer batch is refused whole, so that a line of commas can't ask for a flood of replies.
+/// In requests. A longer batch is refused as a whole, so that a line of commas can't ask for a flood of replies.
 inline constexpr qsizetype kLongestBatch = 1000;
-/// Behind that many bytes of replies the rest of a batch is refused: somebody has to take them first.
+/// In bytes. Once the replies to a batch are longer than this, its remaining requests are refused.
 inline constexpr qsizetype kLongestBatchReply = qsizetype{16} << 20;
 
-/// Cuts a stream into lines. A line over the limit comes out once, empty and marked, and the stream goes on behind its
-/// end.
+/// Cuts a stream into lines. A line over the limit comes out once, empty and marked, and the next line follows as
+/// usual.
 class LineCutter {
  public:
   explicit LineCutter(qsizetype longest = kLongestLine) : longest_(longest) {}
@@ -47,21 +47,21 @@ class LineCutter {
     bool tooLong = false;
   };
   void Feed(const QByteArray& bytes);
-  /// The next whole line without its line feed; nothing when more bytes are needed.
+  /// Takes the next whole line, without its line feed. Nothing when more bytes are needed.
   [[nodiscard]] std::optional<Line> Next();
-  /// What stands behind the last line feed when the stream has ended.
+  /// Takes what is left after the last line feed. For the end of the stream.
   [[nodiscard]] std::optional<Line> Rest();
 
  private:
   qsizetype longest_;
   QByteArray held_;
-  qsizetype searched_ = 0;  // no line feed before this place
+  qsizetype searched_ = 0;  // there is no line feed before this index
   bool skipping_ = false;   // inside a line that is over the limit
 };
 
-/// The reply to one line, without its line feed; empty when the line asks for none (a blank line, notifications).
+/// Returns the reply to one line, without a line feed. Empty when the line needs none: a blank line, notifications.
 [[nodiscard]] QByteArray AnswerLine(const QByteArray& line, const RpcHandler& handler);
-/// The reply to a line that was over the limit.
+/// Returns the reply to a line that was over the limit.
 [[nodiscard]] QByteArray AnswerTooLong();
 
 }  // namespace panel

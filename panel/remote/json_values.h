@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// JSON values to and from what the test rig exchanges: values, records with fields, texts. Pure conversion, no Params
-// and no widgets.
+// Converts JSON values to and from the values of the test rig: numbers, texts, records with fields.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -11,11 +10,12 @@
 
 namespace panel {
 
-/// JSON has no infinity and no NaN: they read null.
+/// Infinity and NaN become null, because JSON has neither.
 [[nodiscard]] QJsonValue ToJson(const pnl::rig::Value& value);
-/// Null, numbers and texts; nothing for the rest. A whole number is an integer.
+/// Converts null, a number or a text; nothing for anything else. A whole number becomes an integer.
 [[nodiscard]] std::optional<pnl::rig::Value> FromJson(const QJsonValue& value);
-/// A value of that type, when the JSON value can be one: int 32 bits wide, a whole number for a double too.
+/// Converts to a value of that type; nothing when that isn't possible. An int has 32 bits. A whole number is also a
+/// double.
 [[nodiscard]] std::optional<pnl::rig::Value> FromJson(const QJsonValue& value, pnl::rig::VariableType type);
 
 [[nodiscard]] inline std::u16string Wide(const QString& text) { return text.toStdU16String(); }

@@ -7,7 +7,7 @@ namespace panel {
 
 namespace {
 
-/// Whoever takes a text for a record with fixed fields still reads the panel's own memory.
+/// In characters. A tool that reads a text's address as a record with fixed fields stays within this memory.
 constexpr std::size_t kRoomOfText = 4096;
 
 template <typename T>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The two arguments of a message as a script gives them: integers, or objects that the panel keeps in memory while the
-// message is on its way and whose addresses the tool gets. A tool trusts an address, so where a message carries one,
-// nothing but a fitting object or 0 is let through.
+// The two arguments of a message as a script gives them: integers, or objects. The panel keeps an object in memory
+// while the message is on its way, and the tool gets its address. A tool trusts an address, so an argument that is one
+// takes only a fitting object or 0.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -18,9 +18,9 @@ namespace panel {
 
 class MessageArguments {
  public:
-  /// Reads the parameter (default 0); what is wrong with it stands in params.
+  /// Reads the parameter (default 0) and returns the number or the address. A problem is noted in params.
   [[nodiscard]] std::intptr_t Read(Params& params, const QString& name, AddressKind kind);
-  /// Every address that was given out is dead after this.
+  /// Frees every object; no address that Read returned may be used after this.
   void Clear();
 
  private:
@@ -34,7 +34,7 @@ class MessageArguments {
   std::deque<XPLRDATA_ST> requests_;
 };
 
-/// The record in an "xplr" object; absent fields are zero. What is wrong stands in params.
+/// Reads the record in an "xplr" object; missing fields are zero. A problem is noted in params.
 [[nodiscard]] XPLRDATA_ST ReadExplorerRequest(Params& params);
 [[nodiscard]] QJsonObject ExplorerRequestToJson(const XPLRDATA_ST& record);
 

@@ -24,12 +24,12 @@ constexpr RegisteredMessage kRegistered[] = {
     {"ZMC_UPDATEMENU"},
     {"ZWCEDIT_SETFOCUS"},
     {"ZWCEDIT_KILLFOCUS"},
-    {"ZM_CLOSE7340"},
-    {"ZM_UPDATE_NERRORS"},
-    {"ZM_END_ERRORHELP"},
-    {"ZM_SHOW_ERRORHELP", {kNone, kFile}},
-    {"ZM_HIDE_ERRORHELP"},
-    {"ZM_SHOW_FILE", {kNone, kFile}},
+    {PNL_NAME_CLOSE_PANEL},
+    {PNL_NAME_ERRORS_CHANGED},
+    {PNL_NAME_ERROR_HELP_ENDED},
+    {PNL_NAME_SHOW_ERROR_HELP, {kNone, kFile}},
+    {PNL_NAME_HIDE_ERROR_HELP},
+    {PNL_NAME_SHOW_FILE, {kNone, kFile}},
     {"HELPHTML_GOTOMANUAL", {kText, kNone}},
     {"MDI_ENDLIST"},
     {"TM_HANDLEVALUE"},
@@ -87,8 +87,10 @@ QJsonValue MessageToJson(std::uint32_t message) {
 }
 
 AddressArguments AddressesOf(std::uint32_t message, std::int64_t first) {
-  if (message == PNL_MSG_CYCLE_START && (first == 1 || first == 2)) return {kNone, kCycleStart};
-  if (message == PNL_MSG_TOOL_NOTIFY && (first == 41 || first == 42)) return {kNone, kChannelRecord};
+  if (message == PNL_MSG_CYCLE_START && (first == PNL_START_KEY || first == PNL_START_QUERY))
+    return {kNone, kCycleStart};
+  if (message == PNL_MSG_TOOL_NOTIFY && (first == PNL_NOTIFY_CHANNEL_TAKEN || first == PNL_NOTIFY_CHANNEL_GIVEN))
+    return {kNone, kChannelRecord};
   const RegisteredMessage* registered = FindRegistered(message);
   return registered != nullptr ? registered->addresses : AddressArguments{};
 }

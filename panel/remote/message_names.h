@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The messages of the panel by name, and which of their arguments are addresses. One table: what a script may send by
-// name, what the trace shows by name, and what must come as an object because a tool will read behind it.
+// The registered messages by name, and which arguments of a message are addresses. One table says what a script may
+// send by name, what the trace shows by name, and which arguments a script must give as objects, because a tool will
+// read memory at their address.
 #pragma once
 
 #include <QJsonValue>
@@ -10,18 +11,18 @@
 
 namespace panel {
 
-/// The number of a registered message; nothing for a name that no tool and no host knows.
+/// Returns the number of a registered message; nothing for an unknown name.
 [[nodiscard]] std::optional<std::uint32_t> MessageNumber(const QString& name);
-/// The registered name, or the number where there is none.
+/// Returns the message's registered name, or its number when it has none.
 [[nodiscard]] QJsonValue MessageToJson(std::uint32_t message);
 
-/// What a message's argument points to.
+/// What the argument of a message points to.
 enum class AddressKind { kNone, kText, kCycleStart, kFile, kChannelRecord };
 struct AddressArguments {
   AddressKind first = AddressKind::kNone;
   AddressKind second = AddressKind::kNone;
 };
-/// first is the message's first argument, which decides for the numbered ones.
+/// Returns the kinds of the two arguments. first is the first argument; it decides for the messages without a name.
 [[nodiscard]] AddressArguments AddressesOf(std::uint32_t message, std::int64_t first);
 
 }  // namespace panel

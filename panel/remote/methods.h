@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The methods of the remote control: one table from name to function, filled group by group. A method reads all its
-// parameters, answers the first problem if there is one, and only then acts.
+// parameters, returns the first problem if there is one, and only then acts.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -18,18 +18,19 @@
 
 namespace panel {
 
-/// What the message boxes to come are answered with.
+/// The answers to the next message boxes.
 class BoxAnswers {
  public:
   void Append(const QStringList& answers);
-  /// The next one, else what goes on: "yes" to a question, "ok" to the others.
+  /// Takes the next answer. Without one the answer lets the work go on: "yes" to a question, "ok" to any other box.
   [[nodiscard]] std::string Take(std::string_view style);
 
  private:
   std::deque<std::string> answers_;
 };
 
-/// The explorer request that a script has published; its address is given out until the next one.
+/// The explorer request that a script has published. It stays published until the next one, Withdraw, or the end of
+/// this object.
 class PublishedRequest {
  public:
   PublishedRequest() = default;
@@ -37,7 +38,7 @@ class PublishedRequest {
   PublishedRequest(const PublishedRequest&) = delete;
   PublishedRequest& operator=(const PublishedRequest&) = delete;
 
-  /// The number that stands for the record's address.
+  /// Publishes a copy of the record and returns the number that resolves to its address.
   std::int32_t Publish(const XPLRDATA_ST& record);
   void Withdraw();
 
@@ -46,7 +47,7 @@ class PublishedRequest {
   std::int32_t number_ = 0;
 };
 
-/// What the methods work on.
+/// Everything that the methods work on.
 struct RemoteWorld {
   HostSession& session;
   PanelFace& face;
@@ -71,7 +72,7 @@ void AddGridMethods(MethodTable& table);
 void AddTraceMethods(MethodTable& table);
 [[nodiscard]] MethodTable AllMethods();
 
-/// The answer of a method that acts.
+/// The result of a method that only acts: an empty object.
 [[nodiscard]] inline RpcResult Done() { return QJsonValue(QJsonObject()); }
 [[nodiscard]] inline RpcResult BadParameter(const QString& name, const QString& text) {
   return RpcError{rpc_code::kInvalidParams, name + ": " + text};

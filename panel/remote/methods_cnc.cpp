@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The simulated CNC: its variables, the answers of its calls, its tables.
+// The methods for the simulated CNC: its variables, the results of its calls, its tables.
 #include "remote/json_values.h"
 #include "remote/methods.h"
 
@@ -10,7 +10,7 @@ namespace {
 using pnl::rig::Value;
 using pnl::rig::VariableType;
 
-/// A name of something in the CNC: a text that isn't empty.
+/// Reads the name of something in the CNC, which mustn't be empty.
 QString ReadName(Params& params, const QString& name = "name") {
   QString text = params.Text(name);
   if (text.isEmpty()) params.Fail(name, "a text that isn't empty is needed");
@@ -50,7 +50,7 @@ RpcResult CncDefine(RemoteWorld& world, Params& params) {
 RpcResult CncUndefine(RemoteWorld& world, Params& params) {
   const QString name = ReadName(params);
   if (params.Problem()) return *params.Problem();
-  // One that isn't there is as undefined as was asked for.
+  // Undefining a missing variable is no error: the result is what the script asked for.
   world.rig.Cnc().Undefine(Wide(name));
   return Done();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Controls by window and id: what they show, and an operator's hands on them.
+// The methods for controls, found by window and id: what they show, and an operator's input to them.
 #include <QWidget>
 
 #include "remote/methods.h"
@@ -63,7 +63,7 @@ RpcResult UiFocus(RemoteWorld& /*world*/, Params& params) {
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
   if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
-  // As by a touch: it is the operator who turns to the control.
+  // The reason is that of a touch, because the operator turns to the control.
   found.control->setFocus(Qt::MouseFocusReason);
   if (place && place->index >= 0) PickItems(found.control, {place->index});
   return Done();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The kernel's error queue and the tables of error texts.
+// The methods for the kernel's error queue and for the tables of error texts.
 #include "remote/json_values.h"
 #include "remote/methods.h"
 

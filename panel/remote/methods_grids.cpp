@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Grids and trees, over Qt's table and tree views. In a grid row 0 is the header; a row's state and a node's kind and
-// image come from the model by the roles below.
+// The methods for grids and trees, which are Qt's table and tree views. Row 0 of a grid is its header. The state of a
+// row and the kind and image of a node come from the model, by the roles in item_roles.h.
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHeaderView>
@@ -79,7 +79,7 @@ RpcResult UiGrid(RemoteWorld& /*world*/, Params& params) {
                                 {"sort", header->isSortIndicatorShown() ? header->sortIndicatorSection() : -1}});
 }
 
-/// The model's index of "row" and "col"; the header row can't be chosen.
+/// Reads "row" and "col" and returns the model's index. The header row can't be chosen.
 QModelIndex ReadCell(Params& params, const QTableView* grid) {
   const auto row = static_cast<int>(params.Integer("row", 1, kLargestIndex));
   const auto column = static_cast<int>(params.Integer("col", 0, kLargestIndex));
@@ -105,7 +105,7 @@ RpcResult UiGridSelect(RemoteWorld& /*world*/, Params& params) {
   return Done();
 }
 
-/// Opens the cell's editor, types into it and leaves it with Enter.
+/// Opens the cell's editor, types the text and closes the editor with Enter.
 void TypeIntoCell(QTableView* grid, const QModelIndex& cell, const QString& text) {
   const QPointer<QTableView> alive(grid);
   const QPersistentModelIndex place(cell);

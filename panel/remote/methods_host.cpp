@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The host's table of callbacks, tools and their messages, and the explorer request in E.XPLRDATA.
+// The methods for the host's callback table, for tools and their messages, and for the explorer request in E.XPLRDATA.
 #include <QWidget>
 #include <numeric>
 
@@ -57,7 +57,7 @@ RpcResult HostReturns(RemoteWorld& world, Params& params) {
   return Done();
 }
 
-/// A handle that was alive once.
+/// Returns the handle of a window that no longer exists.
 PnlWindow DeadWindow() {
   QWidget gone;
   return PnlAttachWidget(&gone, nullptr, nullptr);
@@ -128,7 +128,7 @@ RpcResult ProgramText(RemoteWorld& world, Params& /*params*/) {
   return QJsonValue(QJsonObject{{"text", world.face.ProgramText()}});
 }
 
-/// Gives the variable a value that every listener hears of; makes it where it is absent.
+/// Sets the variable and notifies its listeners. Defines the variable when it is missing.
 void SetRequestVariable(RemoteWorld& world, std::int32_t number) {
   const pnl::rig::Value value{static_cast<std::int64_t>(number)};
   if (world.rig.Cnc().Set(kRequestVariable, value)) return;
@@ -167,7 +167,7 @@ std::int32_t PublishedRequest::Publish(const XPLRDATA_ST& record) {
   return number_;
 }
 
-// A number that isn't in use is left alone.
+// Withdrawing a number that isn't in use does nothing.
 void PublishedRequest::Withdraw() { PnlWithdrawRecord(number_); }
 
 void AddHostMethods(MethodTable& table) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Finds what a request names by "window" and "id", and the place in it by "index" and "column". What is wrong stands in
-// the parameters.
+// Finds the control that a request names by "window" and "id", and the place in it by "index" and "column". A problem
+// is noted in the parameters.
 #pragma once
 
 #include <optional>
@@ -18,7 +18,7 @@ struct FoundControl {
 };
 /// Both null when the parameters have a problem.
 [[nodiscard]] FoundControl ReadControl(Params& params);
-/// Nothing when no "index" is given. The header (index -1) needs a "column".
+/// Returns nothing without "index". The header (index -1) also needs "column".
 [[nodiscard]] std::optional<PressPlace> ReadPlace(Params& params);
 
 }  // namespace panel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Paths, drives, the network, texts, the clipboard and time.
+// The methods for paths, drives, the network, texts, the clipboard and time.
 #include "remote/json_values.h"
 #include "remote/methods.h"
 
@@ -7,7 +7,7 @@ namespace panel {
 
 namespace {
 
-/// A day: more would only keep the panel busy with timers that tick without anybody looking.
+/// In ms: one day. A longer time would only keep the panel busy with its timers.
 constexpr qint64 kLongestAdvance = 24LL * 60 * 60 * 1000;
 constexpr int kDeepestNetwork = 32;
 
@@ -33,7 +33,7 @@ char ReadLetter(Params& params) {
 RpcResult DriveSet(RemoteWorld& world, Params& params) {
   pnl::rig::Drive drive;
   drive.letter = ReadLetter(params);
-  // An empty folder takes the drive away.
+  // An empty folder removes the drive.
   drive.dir = params.IsNull("dir") ? std::string() : params.HostFile("dir").toStdString();
   drive.type = static_cast<int>(params.Integer("type", 2, 5, 3));
   drive.label = Wide(params.Text("label", QString()));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The trace, and the table of all methods.
+// The method for the trace, and the table of all methods.
 #include "remote/methods.h"
 
 namespace panel {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Windows as a whole: what they show, their keys and commands, the menus in the bars, dialogs, boxes, size, captures.
+// The methods for whole windows: what they show, keys and commands to them, the menus in the bars, dialogs, message
+// boxes, size, captures.
 #include <QBuffer>
 #include <QWidget>
 
@@ -59,7 +60,7 @@ RpcResult UiType(RemoteWorld& /*world*/, Params& params) {
   const PnlWindow handle = params.Int("window");
   for (qsizetype i = 0; i < text.size(); ++i) {
     const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-    // A key may end the window; the rest then goes nowhere.
+    // A key may destroy the window; then the rest of the text is dropped.
     QWidget* alive = WindowInspector::Window(handle);
     if (alive == nullptr || alive != window) return Done();
     PressKey(alive, KeyForCharacter(text.mid(i, pair ? 2 : 1)));
@@ -132,7 +133,8 @@ RpcResult UiCapture(RemoteWorld& world, Params& params) {
   QByteArray picture;
   QBuffer buffer(&picture);
   const bool drawn = buffer.open(QIODevice::WriteOnly) && widget->grab().save(&buffer, "PNG");
-  // Replaced as every file is: a pipe would make the panel wait for its reader, and a protected file stays.
+  // The file is replaced like every other one: a pipe can't make the panel wait for its reader, and a protected file
+  // stays.
   const auto size = static_cast<std::size_t>(picture.size());
   if (drawn && PnlReplaceFile(file.toUtf8().constData(), picture.constData(), size) == PNL_FILE_DONE) return Done();
   return BadParameter("file", "it can't be written");

@@ -26,13 +26,13 @@ namespace {
 constexpr char kRaised[] = "pnlRaised";
 constexpr char kLimit[] = "pnlLimit";
 
-/// Lets a text past the edit's limit. The limit comes back as soon as the text fits it again: setting it at once would
-/// cut the text. Until then the property "pnlLimit" holds it.
+/// Lets the edit take a text of this length, beyond its limit. The limit returns as soon as the text fits it again;
+/// setting it back at once would cut the text. Until then the property "pnlLimit" contains it.
 void RaiseLimit(QLineEdit* edit, qsizetype length) {
   const int limit = edit->maxLength();
   if (length <= limit) return;
   edit->setMaxLength(static_cast<int>(length));
-  // Who raised it first gives it back; this limit is only the length of a text.
+  // An earlier call restores the true limit; maxLength is now only the length of that call's text.
   if (edit->property(kRaised).isValid()) return;
   edit->setProperty(kRaised, true);
   const bool told = edit->property(kLimit).isValid();
@@ -100,7 +100,7 @@ struct Target {
   QPoint place;
 };
 
-/// The header of a column; null for a list without one.
+/// The view's header with the columns; null for a list without one.
 QHeaderView* HeaderOf(QAbstractItemView* view) {
   if (auto* tree = qobject_cast<QTreeView*>(view)) return tree->header();
   if (auto* table = qobject_cast<QTableView*>(view)) return table->horizontalHeader();
@@ -121,7 +121,7 @@ std::optional<Target> FindTarget(QWidget* control, const PressPlace& place) {
     auto* area = qobject_cast<QAbstractScrollArea*>(control);
     QWidget* widget = area != nullptr ? area->viewport() : control;
     Target target{widget, widget->rect().center()};
-    // A press on a control that lets it through is one on what lies behind.
+    // A control that lets presses through passes them to the widget under it.
     while (target.widget->testAttribute(Qt::WA_TransparentForMouseEvents) && target.widget->parentWidget() != nullptr) {
       target.place = target.widget->mapToParent(target.place);
       target.widget = target.widget->parentWidget();
@@ -145,7 +145,7 @@ void GiveFocus(QWidget* widget) {
     Settle();
     if (!alive) return;
   }
-  // A press gives the focus to the innermost widget that takes it, as the window system's own presses do.
+  // The focus goes to the innermost widget that takes it, as with a press from the window system.
   for (QWidget* taker = widget; taker != nullptr; taker = taker->parentWidget()) {
     if (taker->isEnabled() && (taker->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus) {
       taker->setFocus(Qt::MouseFocusReason);
@@ -218,7 +218,7 @@ bool Press(QWidget* control, const PressPlace& place, bool twice) {
   if (!FindTarget(control, place)) return false;
   const QPointer<QWidget> alive(control);
   GiveFocus(control);
-  // The focus may have moved or ended things.
+  // The change of focus may have moved or destroyed the control.
   const auto target = alive ? FindTarget(control, place) : std::nullopt;
   if (!target) return true;
   const QPointer<QWidget> widget(target->widget);

@@ -45,7 +45,7 @@ bool IsOneCharacter(const QString& name) {
 }
 
 QString TextWithModifiers(int key, const QString& text, Qt::KeyboardModifiers modifiers) {
-  // With Ctrl a letter types its control character, other characters nothing.
+  // With Ctrl a letter types its control character; any other character types nothing.
   if (!modifiers.testFlag(Qt::ControlModifier)) return text;
   return key >= Qt::Key_A && key <= Qt::Key_Z ? QString(QChar(key - Qt::Key_A + 1)) : QString();
 }
@@ -57,9 +57,9 @@ KeyStroke CharacterStroke(const QString& character, Qt::KeyboardModifiers modifi
   return {key, modifiers, TextWithModifiers(key, character, modifiers)};
 }
 
-/// A key that the window has reserved with a QShortcut, wherever its focus is, or that any tool has reserved in the
-/// whole panel: such a one belongs to the top-level window and names its tool. The window's own go first, since two
-/// tools may have reserved one key.
+/// Fires the hot key of this stroke, if there is one. A window reserves a key for itself with a QShortcut among its
+/// children. A tool reserves one for the whole panel with a QShortcut of the top-level window that names the tool. The
+/// window's own keys come first, because two tools may have reserved the same one.
 bool FireHotKey(QWidget* window, const KeyStroke& stroke) {
   const QKeySequence pressed(QKeyCombination(stroke.modifiers, static_cast<Qt::Key>(stroke.key)));
   QList<QShortcut*> found = window->findChildren<QShortcut*>();
@@ -123,7 +123,7 @@ void PressKey(QWidget* window, const KeyStroke& stroke) {
   const QPointer<QWidget> target = WindowInspector::Focused(window);
   QKeyEvent press(QEvent::KeyPress, stroke.key, stroke.modifiers, stroke.text);
   QApplication::sendEvent(target, &press);
-  // The press may have ended the control, or moved the focus: the release goes where a keyboard's would.
+  // The press may have destroyed the control or moved the focus. The release goes to the focus, as a keyboard's does.
   QWidget* released = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : target.data();
   if (released == nullptr) return;
   QKeyEvent release(QEvent::KeyRelease, stroke.key, stroke.modifiers, stroke.text);

@@ -6,7 +6,7 @@
 namespace panel {
 
 std::optional<qint64> WholeNumber(const QJsonValue& value) {
-  // toInteger answers its default for everything that isn't whole, so two defaults tell.
+  // toInteger returns its default for every value that isn't whole, so two calls with two defaults differ then.
   const qint64 number = value.toInteger(0);
   if (number != value.toInteger(1)) return std::nullopt;
   return number;

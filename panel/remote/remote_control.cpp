@@ -55,9 +55,10 @@ class RemoteControl::Impl {
     AnswerLines();
   }
 
-  /// Answers the lines that are there, as far as somebody takes the replies: the rest waits, and so does further input.
+  /// Answers the lines that have arrived, as long as the other side takes the replies. The rest waits, and so does
+  /// further input.
   void AnswerLines() {
-    // An event loop inside a request may find room for more; the requests after it wait for their turn.
+    // An event loop inside a request may call this again. The later requests wait until that one is answered.
     if (answering_ || closed_) return;
     answering_ = true;
     while (!ended_ && !streams_->Full()) {
@@ -78,17 +79,17 @@ class RemoteControl::Impl {
     if (found == methods_.constEnd()) {
       return RpcError{rpc_code::kUnknownMethod, QString("method: there is no \"%1\"").arg(method.left(kLongestEcho))};
     }
-    // What a timer or a screen has left behind since the last reply belongs before this request.
+    // Events that timers or the screen left since the last reply are handled before this request.
     Settle();
     Params reader(params);
     RpcResult result = (*found)(world_, reader);
     WaitWhile([this] { return world_.face.Working(); }, kPatienceMilliseconds);
-    // Whoever posts to himself without end may still get a message with an address in it.
+    // Without rest, a message on its way may still contain an address, so the arguments are kept.
     if (Settle()) arguments_.Clear();
     return result;
   }
 
-  /// The panel's own questions are boxes like the tools'.
+  /// The panel's own questions are answered like the message boxes of the tools.
   bool AnswerQuestion(const QString& text) {
     const std::string answer = boxes_.Take("question");
     trace_.Box(u"pnlpanel", text.toStdU16String(), "question", answer);
@@ -109,13 +110,13 @@ class RemoteControl::Impl {
     session_.CloseAll();
     Settle();
     streams_->Flush();
-    // Queued, because the loop may not run yet when a short input has ended already.
+    // Queued, because after a short input the loop may not run yet.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
   }
 
   static constexpr int kLongestEcho = 100;
-  /// So long a reply waits for a program on its way.
+  /// How long a reply waits for a program that is being read or written.
   static constexpr int kPatienceMilliseconds = 5000;
 
   HostSession& session_;
@@ -130,7 +131,7 @@ class RemoteControl::Impl {
   LineCutter cutter_;
   std::unique_ptr<StandardStreams> streams_;
   bool inputEnded_ = false;
-  bool answering_ = false;  // a line is being answered
+  bool answering_ = false;  // AnswerLines is running
   bool ended_ = false;      // no request is answered any more
   bool closed_ = false;     // the tools were asked to close
 };
@@ -138,7 +139,7 @@ class RemoteControl::Impl {
 RemoteControl::RemoteControl(HostSession& session, PanelFace& face, RemoteOptions options, QObject* parent)
     : QObject(parent) {
   session.SetReacting(!options.bare);
-  // Without the rig a backend library runs the show, and there is nothing to control remotely.
+  // Without the rig a backend library drives the machine, and there is nothing to control.
   if (pnl::rig::Rig* rig = PnlRig()) impl_ = std::make_unique<Impl>(session, face, options, *rig);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The panel's remote control: reads JSON-RPC requests from standard input, one a line, and answers them on standard
-// output. It owns the trace and the queue of answers for message boxes; it is no tool and knows none. Make it before
-// the first tool, so that the trace misses nothing, and Start it once the panel stands.
+// The panel's remote control: it reads JSON-RPC requests from standard input, one a line, and answers them on standard
+// output. It owns the trace and the answers for message boxes. It knows no tool. Make it before the first tool, so that
+// the trace is complete, and call Start once the panel is shown.
 #pragma once
 
 #include <QObject>
@@ -17,15 +17,15 @@ class RemoteControl : public QObject {
   Q_OBJECT
 
  public:
-  /// Listens to the session, takes the rig's events and answers its message boxes from now on. Under bare the session
-  /// no longer reacts to callbacks. Session and face must outlive the object.
+  /// From now on it listens to the session, takes the rig's events and answers its message boxes. With options.bare the
+  /// session stops reacting to callbacks. session and face must outlive this object.
   RemoteControl(HostSession& session, PanelFace& face, RemoteOptions options, QObject* parent = nullptr);
   ~RemoteControl() override;
 
-  /// Begins to read. At the end of input, and on "quit", every tool is closed in order and the application's event
-  /// loop ends with 0. Whatever else writes to standard output goes to standard error from here on.
+  /// Begins to read. At the end of input, and on "quit", it closes every tool in order and ends the application's event
+  /// loop with 0. From here on, everything else that is written to standard output goes to standard error.
   void Start();
-  /// Answers one request line; empty when there is nothing to say. What Start does for every line read.
+  /// Returns the reply to one request line, as Start does for every line. Empty when no reply is needed.
   [[nodiscard]] QByteArray Answer(const QByteArray& line);
 
  private:

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// How the remote control was started.
+// The options with which the remote control was started.
 #pragma once
 
 namespace panel {
 
 struct RemoteOptions {
-  bool bare = false;        // the panel only records callbacks
+  bool bare = false;        // the panel records callbacks and doesn't react
   bool manualTime = false;  // time.advance moves the clock
 };
 

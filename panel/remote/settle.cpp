@@ -13,8 +13,8 @@ namespace {
 
 constexpr int kMostRounds = 1000;
 
-/// Notices whether any event went to anybody. Qt doesn't tell how much is posted. A timer's own event doesn't count:
-/// who works in slices on one would never be at rest. What its tick posts does.
+/// Notices whether any event was delivered, because Qt doesn't report how much is posted. Timer events don't count: a
+/// tool that works in slices on a timer would never be at rest. What such a tick posts does count.
 class EventSpotter : public QObject {
  public:
   EventSpotter() { QCoreApplication::instance()->installEventFilter(this); }
@@ -35,7 +35,7 @@ bool Settle() {
     spotter.spotted = false;
     QCoreApplication::sendPostedEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    // What the window system has queued: windows that appear, become active, are painted.
+    // Handles what the window system has queued: windows that appear, become active, or are painted.
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     if (!spotter.spotted) return true;
   }
@@ -44,7 +44,7 @@ bool Settle() {
 
 bool WaitWhile(const std::function<bool()>& working, int milliseconds) {
   QDeadlineTimer end(milliseconds);
-  // Wakes the loop at the end, also when nothing else happens any more.
+  // Wakes the loop at the end of the time even when nothing else happens.
   QTimer alarm;
   alarm.setSingleShot(true);
   alarm.start(milliseconds);

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Brings the panel to rest: everything posted is handled, what was to be deleted later is gone, windows that became
-// active have the focus. Timers that aren't due stay.
+// Brings the panel to rest: posted events are handled, objects to be deleted later are gone, and a window that became
+// active has the focus. Timers that aren't due yet don't fire.
 #pragma once
 
 #include <functional>
 
 namespace panel {
 
-/// False when there was still something posted after a great many rounds: someone posts to himself without end.
+/// Returns false when events were still coming after a great many rounds, because something posts to itself without
+/// end.
 bool Settle();
 
-/// Lets the event loop run while working says so, but no longer than that. False when it still says so.
+/// Runs the event loop while working returns true, for at most that many milliseconds. Returns false when it still
+/// does.
 bool WaitWhile(const std::function<bool()>& working, int milliseconds);
 
 }  // namespace panel

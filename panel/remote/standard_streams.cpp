@@ -17,7 +17,7 @@ namespace panel {
 namespace {
 
 constexpr std::size_t kPiece = 65536;
-/// A pipe that polls as writable takes this much without making us wait.
+/// A pipe that polls as writable takes this many bytes without blocking.
 constexpr qsizetype kSafeWrite = PIPE_BUF;
 
 bool CanWrite(int descriptor, int milliseconds) {
@@ -41,7 +41,7 @@ StandardStreams::StandardStreams(QObject* parent) : QObject(parent), input_(STDI
   output_ = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   ownsOutput_ = output_ >= 0;
   if (!ownsOutput_) broken_ = true;
-  // A library that prints must not get in between the replies.
+  // What a library prints must not mix with the replies.
   dup2(STDERR_FILENO, STDOUT_FILENO);
   std::signal(SIGPIPE, SIG_IGN);
 }
@@ -74,7 +74,7 @@ void StandardStreams::OnReadable() {
   const ssize_t count = read(input_, piece.data(), piece.size());
   if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
   if (count <= 0) Stop();
-  // While this piece is being worked on, an event loop inside must not bring the next one.
+  // While this piece is handled, an event loop inside must not read the next one.
   busy_ = true;
   readable_->setEnabled(false);
   received_(count > 0 ? QByteArray(piece.data(), count) : QByteArray());

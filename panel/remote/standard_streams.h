@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Standard input and output as the remote control's channel: reads whatever arrives without ever waiting for it, keeps
-// what the other side doesn't take yet, and outlives a reader that goes away. Knows bytes, not requests.
+// Standard input and output as the channel of the remote control. It reads what arrives without blocking, keeps what
+// the other side doesn't take yet, and survives a reader that goes away. It handles bytes and knows nothing of
+// requests.
 #pragma once
 
 #include <QByteArray>
@@ -12,8 +13,8 @@ class QSocketNotifier;
 
 namespace panel {
 
-/// Opens what stands behind descriptors 0 to 2 if nothing does, so that no other file gets their numbers. Call it first
-/// in main: what is opened later would be taken for standard input.
+/// Opens /dev/null for each of the descriptors 0 to 2 that is closed, so that no other file gets its number. Call it
+/// first in main: a file opened earlier would be taken for standard input.
 void KeepStandardDescriptors();
 
 class StandardStreams : public QObject {
@@ -22,29 +23,30 @@ class StandardStreams : public QObject {
  public:
   static constexpr qsizetype kMostWaiting = qsizetype{1} << 20;
 
-  /// Takes the two descriptors over. What others write to standard output goes to standard error from now on.
+  /// Takes over standard input and output. From now on everything else that is written to standard output goes to
+  /// standard error.
   explicit StandardStreams(QObject* parent = nullptr);
-  /// The same on other descriptors, which stay the caller's.
+  /// The same with other descriptors, which the caller keeps.
   StandardStreams(int input, int output, QObject* parent);
   ~StandardStreams() override;
 
-  /// Calls received with every piece of input, an empty one at the end of it.
+  /// Calls received with every piece of input, and with an empty one at the end of input.
   void Start(std::function<void(const QByteArray&)> received);
-  /// No more input is read.
+  /// Stops reading input.
   void Stop();
-  /// Takes bytes over. Nobody is made to wait here: who writes much asks Full first.
+  /// Queues the bytes and writes what fits. It never waits: before you write much, ask Full.
   void Write(const QByteArray& bytes);
-  /// So much waits to be taken by the other side that no more should be made until it is Drained.
+  /// Whether kMostWaiting bytes or more wait for the other side. Then write no more until drained is called.
   [[nodiscard]] bool Full() const { return waiting_.size() >= kMostWaiting; }
-  /// Calls drained each time when the output is no longer full.
+  /// Sets the function that is called each time when the output stops being full.
   void OnDrained(std::function<void()> drained) { drained_ = std::move(drained); }
-  /// Waits until everything is written or nobody reads any more.
+  /// Waits until everything is written or the reader has gone.
   void Flush();
 
  private:
   void OnReadable();
   void OnWritable();
-  /// Writes what goes without waiting.
+  /// Writes as much as is possible without blocking.
   void WriteSome();
   void Watch();
 
@@ -52,8 +54,8 @@ class StandardStreams : public QObject {
   int output_;
   bool ownsOutput_ = false;
   bool ended_ = false;
-  bool busy_ = false;    // a piece is being worked on
-  bool broken_ = false;  // nobody reads
+  bool busy_ = false;    // received_ is running
+  bool broken_ = false;  // the reader has gone
   QByteArray waiting_;
   std::function<void(const QByteArray&)> received_;
   std::function<void()> drained_;

@@ -14,7 +14,8 @@ constexpr int kSetMainMenuSlot = 3;
 constexpr int kSetSideMenuSlot = 4;
 
 bool CarriesChannelRecord(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
-  return message == PNL_MSG_TOOL_NOTIFY && (first == 41 || first == 42) && second != 0;
+  return message == PNL_MSG_TOOL_NOTIFY && (first == PNL_NOTIFY_CHANNEL_TAKEN || first == PNL_NOTIFY_CHANNEL_GIVEN) &&
+         second != 0;
 }
 
 QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intptr_t second) {
@@ -24,7 +25,7 @@ QJsonValue SecondArgument(std::uint32_t message, std::intptr_t first, std::intpt
   return QJsonObject{{"channel", record->channel}, {"window", record->window}};
 }
 
-/// What a value takes in memory, about.
+/// The memory that a value takes, in bytes, roughly.
 std::size_t RoughSize(const QJsonValue& value) {
   constexpr std::size_t kNode = 32;
   std::size_t size = kNode + 2 * static_cast<std::size_t>(value.toString().size());
@@ -59,7 +60,8 @@ void TraceLog::Host(const HostCall& call) {
   const bool menu = call.slot == kSetMainMenuSlot || call.slot == kSetSideMenuSlot;
   for (qsizetype i = 0; i < call.args.size(); ++i) {
     const QVariant& arg = call.args[i];
-    // The menu's handle means nothing to a script, and its items may change before the script looks.
+    // A script can't use the menu's handle, and the items may change before it looks. So the ids of the items are
+    // recorded.
     args.append(menu && i == 1 ? VisibleItemIds(arg.toUInt()) : QJsonValue::fromVariant(arg));
   }
   const QString name = call.slot >= 0 && call.slot < kSlotCount ? kSlotNames[static_cast<std::size_t>(call.slot)] : "";

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The trace: everything that happened between the tools, the host and the CNC, in order, as JSON events that a script
-// takes out. It listens and never interferes; what was taken is forgotten. What nobody takes doesn't grow for ever: the
-// oldest events go, and an event "lost" says how many.
+// takes out. It only listens. Taken events are forgotten. When too many wait, the oldest are dropped, and an event
+// "lost" says how many.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -22,7 +22,7 @@ class TraceLog : public pnl::rig::EventSink {
   static const QStringList& Kinds();
 
   static constexpr std::size_t kMostEvents = 100'000;
-  /// Of all events together, roughly, in bytes.
+  /// The most memory for all events together, roughly, in bytes.
   static constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
   explicit TraceLog(const HostSession& session) : session_(session) {}
@@ -34,8 +34,8 @@ class TraceLog : public pnl::rig::EventSink {
   void Box(std::u16string_view title, std::u16string_view text, std::string_view style,
            std::string_view answer) override;
 
-  /// The events of these kinds, oldest first, which are then forgotten; the others stay. Where events of these kinds
-  /// were lost since the last take, the first one is "lost" with their count.
+  /// Takes out and forgets the events of these kinds, oldest first; the others stay. When events of these kinds were
+  /// dropped since the last take, the first event is "lost" with their count.
   [[nodiscard]] QJsonArray Take(const QStringList& kinds);
 
  private:
@@ -51,7 +51,7 @@ class TraceLog : public pnl::rig::EventSink {
   std::map<QString, qint64> lost_;  // by kind
 };
 
-/// The ids of a menu's visible items, or null for a handle behind which there is no menu.
+/// The ids of a menu's visible items; null when the handle has no menu.
 [[nodiscard]] QJsonValue VisibleItemIds(std::uint32_t menu);
 
 }  // namespace panel

@@ -19,7 +19,7 @@ namespace panel {
 
 namespace {
 
-constexpr int kNoLimit = 32767;  // what a QLineEdit starts with
+constexpr int kNoLimit = 32767;  // the default of a QLineEdit
 
 QJsonValue PropertyOf(const QWidget* widget, const char* name) {
   const QVariant value = widget->property(name);
@@ -38,7 +38,7 @@ int IdOf(const QWidget* widget) {
 
 bool IsWindow(const QWidget* widget) { return widget->property("pnlWindow").isValid(); }
 
-/// The window with a handle in which a control lies.
+/// The nearest window with a handle that contains the control.
 const QWidget* OwnerWindow(const QWidget* widget) {
   const QWidget* owner = widget->parentWidget();
   while (owner != nullptr && !IsWindow(owner)) owner = owner->parentWidget();
@@ -50,7 +50,7 @@ QList<QWidget*> Controls(QWidget* window) {
   for (QWidget* child : window->findChildren<QWidget*>()) {
     if (IdOf(child) >= 0 && OwnerWindow(child) == window) controls.append(child);
   }
-  // What lies beside the window, not in it, says whose control it is.
+  // A control beside the window, not in it, has a property that names its window.
   const QVariant handle = window->property("pnlWindow");
   const QWidget* parent = window->parentWidget();
   if (parent == nullptr || !handle.isValid()) return controls;
@@ -164,7 +164,7 @@ QAbstractItemView* ItemView(QWidget* control) {
 bool IsReportList(const QAbstractItemView* view) {
   if (qobject_cast<const QTableView*>(view) != nullptr) return true;
   const auto* tree = qobject_cast<const QTreeView*>(view);
-  // A tree hides its header or shows where nodes open; what does neither is a list with columns.
+  // A tree hides its header or shows which nodes open. A tree view that does neither is a list with columns.
   return tree != nullptr && !tree->rootIsDecorated() && !tree->isHeaderHidden();
 }
 
@@ -194,7 +194,7 @@ bool WindowInspector::IsSeen(const QWidget* control) {
 QWidget* WindowInspector::Focused(QWidget* window) {
   QWidget* focus = QApplication::focusWidget();
   if (focus != nullptr && (focus == window || window->isAncestorOf(focus))) return focus;
-  // Another window has the focus: the control that gets it as soon as this one does.
+  // When another window has the focus, this is the control that gets it as soon as this window does.
   focus = window->focusWidget();
   return focus != nullptr && window->isAncestorOf(focus) ? focus : window;
 }
@@ -206,7 +206,7 @@ QJsonObject WindowInspector::DescribeWindow(QWidget* window) const {
   const QPoint place = parent == window ? QPoint() : parent->mapFromGlobal(window->mapToGlobal(QPoint(0, 0)));
   QWidget* focus = Focused(window);
   const QWidget* real = QApplication::focusWidget();
-  if (real != nullptr && real != focus) focus = window;  // another window has it
+  if (real != nullptr && real != focus) focus = window;  // another window has the focus
   while (focus != window && IdOf(focus) < 0) focus = focus->parentWidget();
   QJsonArray ids;
   for (const QWidget* control : Controls(window)) ids.append(IdOf(control));
@@ -257,7 +257,7 @@ QJsonArray WindowInspector::Dialogs() {
   for (QWidget* widget : QApplication::allWidgets()) {
     if (widget->property("pnlDialog").toBool() && widget->isVisible()) open.append(widget);
   }
-  // Handles rise with time.
+  // Later handles are greater.
   std::sort(open.begin(), open.end(), [](const QWidget* a, const QWidget* b) {
     return a->property("pnlWindow").toInt() < b->property("pnlWindow").toInt();
   });

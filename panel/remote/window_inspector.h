@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What an operator sees of windows and controls, as JSON. Controls are found by the properties that the tool library
-// sets on its widgets, everything else is read from Qt's own classes, so no tool's class is known here. Reads only.
+// What an operator sees of windows and controls, as JSON. It finds controls by the properties that the tool library
+// sets on its widgets and reads the rest from Qt's own classes, so it knows no tool's class. It changes nothing.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -16,30 +16,30 @@ namespace panel {
 
 class WindowInspector {
  public:
-  /// Dialogs tell their place in the tool area.
+  /// Dialogs report their place in the tool area, other windows in their parent.
   explicit WindowInspector(QWidget* toolArea) : toolArea_(toolArea) {}
 
-  /// Null for a window that isn't alive.
+  /// The widget of a window; null when the window isn't alive.
   [[nodiscard]] static QWidget* Window(PnlWindow window);
-  /// The control with that id; where several share it, the one that can be seen. Null when there is none.
+  /// The control with that id, or null. When several have it, a visible one wins.
   [[nodiscard]] static QWidget* Control(QWidget* window, int id);
-  /// Whether an operator sees any of it: it and all that it lies in are shown, and none of that cuts it off.
+  /// Whether an operator sees any part of the control: all its parents are shown too, and they don't clip all of it.
   [[nodiscard]] static bool IsSeen(const QWidget* control);
-  /// The control in which a key press to that window arrives: the focused one, or the window.
+  /// The control that gets a key press in that window: the one with the focus, or the window itself.
   [[nodiscard]] static QWidget* Focused(QWidget* window);
 
   [[nodiscard]] QJsonObject DescribeWindow(QWidget* window) const;
   [[nodiscard]] QJsonObject DescribeControl(QWidget* window, QWidget* control) const;
-  /// The boxes that stand open, oldest first: {"window","title"}.
+  /// The open dialogs, oldest first, each as {"window","title"}.
   [[nodiscard]] static QJsonArray Dialogs();
 
  private:
   QWidget* toolArea_;
 };
 
-/// The control itself, or the list that a combo box or a list control holds; null for what shows no items.
+/// The control as an item view, or the list of a combo box. Null for a control without items.
 [[nodiscard]] QAbstractItemView* ItemView(QWidget* control);
-/// A list with columns: its rows are lists of texts.
+/// Whether the view is a list with columns. Each of its rows is then a list of texts.
 [[nodiscard]] bool IsReportList(const QAbstractItemView* view);
 [[nodiscard]] QJsonArray RectToJson(const QRect& rect);
 

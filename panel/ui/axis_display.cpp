@@ -12,7 +12,7 @@
 namespace panel {
 
 namespace {
-constexpr int kSmallest = 6;  // a number gets as small as this before a digit of it is lost
+constexpr int kSmallest = 6;  // a number shrinks to this before it loses a digit
 }
 
 QString FormatPosition(double millimetres, bool inches) {
@@ -88,7 +88,7 @@ void AxisDisplay::PaintAxis(QPainter& painter, const QRect& rect, const AxisRead
   const QString value = FormatPosition(machine_ ? axis.machine : axis.work, inches_);
   const int nameWidth = std::min(digits.width() / 6, most);
   const QRect valueRect = digits.adjusted(nameWidth, 0, 0, 0);
-  // The size follows a full-length number, so that digits don't breathe while an axis moves.
+  // The size is that of a number of full length, so that the digits don't change size while an axis moves.
   const int usual =
       theme::FittingFont(QStringLiteral("-0000.000"), valueRect.width(), most, kSmallest, true).pixelSize();
   theme::DrawText(painter, digits, Qt::AlignLeft | Qt::AlignVCenter, axis.name,
@@ -107,7 +107,7 @@ void AxisDisplay::paintEvent(QPaintEvent*) {
     return;
   }
   const int count = static_cast<int>(axes_.size());
-  // A number is some five times as broad as high, so rows fit until the field is broader than a band.
+  // A number is about five times as wide as high, so rows fit unless the field is a wide band.
   const bool columns = width() > 3 * height();
   constexpr int kGap = 4;
   for (int i = 0; i < count; ++i) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The axes' positions in big digits, each with its way to go and its other coordinate. It stands in columns when it is
-// broad and in rows when it is tall. It shows what it is given and asks nobody.
+// The positions of the axes in big digits, each with its distance to go and its other coordinate. The axes are columns
+// in a wide field and rows in a tall one. It shows only what it is given.
 #pragma once
 
 #include <QString>
@@ -17,24 +17,23 @@ struct AxisReading {
   bool operator==(const AxisReading&) const = default;
 };
 
-/// "-12.500" with three decimals, or as inches "-0.4921" with four; a value that is no number, or too big to show,
-/// reads
-/// "-----". Never "-0.000".
+/// The position as text: "-12.500" with three decimals, or in inches "-0.4921" with four. "-----" for a value that is
+/// no number or too big to show. Never "-0.000".
 [[nodiscard]] QString FormatPosition(double millimetres, bool inches = false);
 
 class AxisDisplay : public QWidget {
  public:
   explicit AxisDisplay(QWidget* parent);
-  /// No axes: the field says that there is no machine.
-  /// inches: what is shown, whatever the readings are in.
+  /// Shows these axes. Without axes the field says that there is no machine. inches: the unit shown; readings are
+  /// always in mm.
   void Show(std::vector<AxisReading> axes, bool moving, bool inches);
-  /// Which coordinate is the big one.
+  /// Sets which coordinate is the big one: machine (true) or work (false).
   void ShowMachinePositions(bool on);
   [[nodiscard]] bool MachinePositions() const { return machine_; }
-  /// The small texts are that high where they find room; they get smaller before a digit is lost.
+  /// The height of the small texts, in pixels, where there is room. They shrink before a digit is lost.
   void SetFontPixels(int pixels);
 
-  /// How the small texts of one axis fit below its number: side by side, or in two rows.
+  /// How the two small texts of an axis fit below its number: side by side, or in two rows.
   struct Foot {
     int pixels = 0;
     bool twoRows = false;

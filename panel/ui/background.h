@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One piece of work at a time in a thread of its own, and its result back on the window's thread. The thread may hang
-// on a dead share for as long as it likes: the panel goes on. What the work touches must be its own.
+// Runs one piece of work at a time in a thread of its own and brings its result back to the window's thread. The thread
+// may hang on a dead share for any time without stopping the panel. The work must use only data of its own.
 #pragma once
 
 #include <QObject>
@@ -19,22 +19,23 @@ class Background : public QObject {
   using QObject::QObject;
   ~Background() override { Drop(); }
 
-  /// Runs work, then done with its result, never before Run returned. Work that still goes on is dropped.
+  /// Runs work in its thread, then done with the result on the window's thread, always after Run has returned. Work
+  /// that is still running is dropped.
   template <typename Result>
   void Run(std::function<Result()> work, std::function<void(Result)> done);
-  /// The result of what goes on is no longer wanted. The work itself goes on to its end.
+  /// Forgets the result of the running work. The work itself runs to its end.
   void Drop();
-  /// Waits until the work has ended; its result still comes by the event loop.
+  /// Waits until the work has ended. Its result still comes through the event loop.
   void Finish();
   [[nodiscard]] bool Working() const { return job_ != nullptr; }
 
  private:
-  /// What both threads share. Whoever lets go of it last frees it.
+  /// What the two threads share. The last one that releases it frees it.
   struct Job {
     std::mutex mutex;
     std::condition_variable ended;
     bool done = false;
-    Background* owner = nullptr;  // null once nobody waits for the result
+    Background* owner = nullptr;  // null once the result isn't wanted
   };
 
   std::shared_ptr<Job> job_;
@@ -55,7 +56,7 @@ void Background::Run(std::function<Result()> work, std::function<void(Result)> d
     QMetaObject::invokeMethod(
         job->owner,
         [job, done = std::move(done), result = std::move(result)]() mutable {
-          // On the window's thread, where Drop is called too.
+          // No lock is needed: this runs on the window's thread, as Drop does.
           if (job->owner == nullptr) return;
           job->owner->job_.reset();
           done(std::move(result));
@@ -65,7 +66,7 @@ void Background::Run(std::function<Result()> work, std::function<void(Result)> d
   try {
     std::thread(run).detach();
   } catch (const std::system_error&) {
-    // Without another thread the panel waits, rather than lose what was asked for.
+    // When no thread can be started, the panel waits for the work, so that none is lost.
     auto here = run;
     here();
   }

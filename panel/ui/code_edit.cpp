@@ -13,7 +13,7 @@
 namespace panel {
 namespace {
 
-/// The strip of numbers beside the text.
+/// The strip of line numbers beside the text.
 class Numbers : public QWidget {
  public:
   explicit Numbers(CodeEdit* edit) : QWidget(edit), edit_(edit) {}
@@ -38,11 +38,11 @@ void Colour(const QTextBlock& block, const QString& text, const QRegularExpressi
   }
 }
 
-/// G and M words step forward, comments back, the words in a comment with it.
+/// Gives G and M words the accent colour and comments a muted one. Words in a comment are muted too.
 void ColourBlock(const QTextBlock& block, QList<QTextEdit::ExtraSelection>& into) {
   static const QRegularExpression words(QStringLiteral("[GM][0-9]+(?:\\.[0-9]+)?"));
   static const QRegularExpression comments(QStringLiteral("\\([^)]*\\)?"));
-  // Nobody sees more of a line.
+  // No screen shows more of a line.
   constexpr qsizetype kMost = 2000;
   const QString text = block.text().left(kMost);
   Colour(block, text, words, theme::kAccent, into);
@@ -54,7 +54,7 @@ void ColourBlock(const QTextBlock& block, QList<QTextEdit::ExtraSelection>& into
 CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbers(this)) {
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(QPlainTextEdit::NoWrap);
-  // Tab leads on through the panel: an operator without a mouse must get out of the editor.
+  // Tab moves to the next control: an operator without a mouse must get out of the editor.
   setTabChangesFocus(true);
   setCursorWidth(2);
   QScroller::grabGesture(viewport(), QScroller::TouchGesture);
@@ -73,7 +73,7 @@ CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbe
   Light();
 }
 
-// A gesture that nobody gives back stays with the program.
+// A gesture that isn't released stays until the program ends.
 CodeEdit::~CodeEdit() { QScroller::ungrabGesture(viewport()); }
 
 void CodeEdit::SetFontPixels(int pixels) {
@@ -98,8 +98,8 @@ void CodeEdit::PlaceNumbers() {
 }
 
 void CodeEdit::resizeEvent(QResizeEvent* event) {
-  // Without wrapping no line depends on the width. The base would lay every line of the program out anew for it; all
-  // that is needed is the scroll bars, which follow the size of the document.
+  // Without wrapping, no line depends on the width, but the base class would lay every line of the program out again.
+  // Only the scroll bars need an update, and they follow the size of the document.
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   QAbstractScrollArea::resizeEvent(event);
   emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
@@ -134,7 +134,7 @@ void CodeEdit::PaintNumbers(QPaintEvent* event) {
     const int height = qRound(blockBoundingRect(block).height());
     if (block.isVisible() && top + height >= event->rect().top()) {
       painter.setPen(QColor(block.blockNumber() == current ? theme::kAccent : theme::kMuted));
-      // By the height of a line: the last block's rectangle holds the margin of the document too.
+      // The height is that of a line, because the rectangle of the last block contains the document's margin too.
       painter.drawText(0, top, numbers_->width() - 7, fontMetrics().height(), Qt::AlignRight | Qt::AlignVCenter,
                        QString::number(block.blockNumber() + 1));
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The text of a program with the numbers of its lines, the caret's line lit and the words that an eye looks for in
-// colours. Only what is seen is coloured, so that a program of a million lines costs no more than a short one.
+// The text of a program with line numbers, the caret's line lit, and G and M words and comments coloured. Only the
+// visible lines are coloured, so that a program of a million lines costs no more than a short one.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -16,7 +16,7 @@ class CodeEdit : public QPlainTextEdit {
   void PaintNumbers(QPaintEvent* event);
   [[nodiscard]] int NumbersWidth() const;
   void SetFontPixels(int pixels);
-  /// Updates line numbers and colours after a change that sent no signal.
+  /// Updates line numbers and colours. Call it after a change that sent no signal.
   void Refresh();
 
  protected:
@@ -24,7 +24,7 @@ class CodeEdit : public QPlainTextEdit {
 
  private:
   void PlaceNumbers();
-  /// Colours the lines that are seen and lights the caret's.
+  /// Colours the visible lines and lights the caret's line.
   void Light();
   QWidget* numbers_;
 };

@@ -24,7 +24,7 @@ ErrorHelpCover::ErrorHelpCover(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   text_->setReadOnly(true);
   text_->setFrameShape(QFrame::NoFrame);
-  // The cover has the keys; the text only scrolls.
+  // The cover takes the keys; the text only scrolls.
   text_->setFocusPolicy(Qt::NoFocus);
   QScroller::grabGesture(text_->viewport(), QScroller::LeftMouseButtonGesture);
   back_->setText(Say(Word::kBack));
@@ -34,7 +34,7 @@ ErrorHelpCover::ErrorHelpCover(QWidget* parent)
   hide();
 }
 
-// A gesture that nobody gives back stays with the program.
+// A gesture that isn't released stays until the program ends.
 ErrorHelpCover::~ErrorHelpCover() { QScroller::ungrabGesture(text_->viewport()); }
 
 void ErrorHelpCover::Show(const std::optional<ErrorHelp>& help) {
@@ -104,7 +104,7 @@ void ErrorHelpCover::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageDown:
       return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
     default:
-      // Nothing behind the cover hears a key while it stands.
+      // No key reaches what is under the cover.
       event->accept();
   }
 }

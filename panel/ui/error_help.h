@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The help of an error, over the panel while the error window is away: its header in the class colours, the long
-// description, a key back. Texts are plain, whatever they hold. It says when the operator wants to go back and shows
-// or hides as it is told.
+// The help of an error, a cover over the panel while the error window is away: the header in the colours of its class,
+// the long description, and a key back. All texts are shown as plain text. It emits Left when the operator wants to go
+// back; its owner shows and hides it.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -19,7 +19,8 @@ class ErrorHelpCover : public QWidget {
  public:
   explicit ErrorHelpCover(QWidget* parent);
   ~ErrorHelpCover() override;
-  /// Shows it and takes the keyboard, or hides it for no help. The text shown already keeps its place.
+  /// Shows the help and takes the keyboard, or hides the cover without help. When the same help is shown already, the
+  /// text keeps its scroll position.
   void Show(const std::optional<ErrorHelp>& help);
   [[nodiscard]] bool Stands() const { return help_.has_value(); }
   [[nodiscard]] const QString& Header() const { return header_; }

@@ -33,7 +33,7 @@ void ErrorIndicator::Show(const ErrorSign& sign, int standing) {
 }
 
 void ErrorIndicator::StartFlash() {
-  // Nobody sees a shorter one, and it would only keep the processor awake.
+  // In ms. A shorter flash can't be seen and would only keep the processor awake.
   constexpr int kShortest = 50;
   inverted_ = false;
   flash_.stop();
@@ -52,7 +52,7 @@ void ErrorIndicator::timerEvent(QTimerEvent* event) {
 }
 
 void ErrorIndicator::keyPressEvent(QKeyEvent* event) {
-  // A bare panel keyboard has Enter where a desk has the space bar.
+  // Many panel keyboards have no space bar, so Enter presses the key too.
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
   QAbstractButton::keyPressEvent(event);
 }

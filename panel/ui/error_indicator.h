@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The field of the status strip that tells how many errors stand: in the class colour and flashing while the error
-// window is away, steady while it shows. A key: a press brings the window back or opens the list, which somebody else
-// decides. Its timer runs only while it flashes.
+// The field of the status strip that shows how many errors are in the queue. It has the colour of the class and flashes
+// while the error window is away; it is steady while the window is shown. It is a key, but its owner decides what a
+// press does. Its timer runs only while it flashes.
 #pragma once
 
 #include <QAbstractButton>
@@ -16,12 +16,12 @@ class ErrorIndicator : public QAbstractButton {
 
  public:
   explicit ErrorIndicator(QWidget* parent);
-  /// standing: errors in the queue, shown when the sign has no count of its own.
+  /// standing: the number of errors in the queue, shown when the sign has no count of its own.
   void Show(const ErrorSign& sign, int standing);
   void SetFontPixels(int pixels);
   [[nodiscard]] int Count() const { return sign_.count > 0 ? sign_.count : standing_; }
   [[nodiscard]] bool Flashes() const { return flash_.isActive(); }
-  /// What it is filled with at this moment.
+  /// The colour of the field at this moment.
   [[nodiscard]] QColor Fill() const;
   [[nodiscard]] QColor Ink() const;
 
@@ -39,7 +39,7 @@ class ErrorIndicator : public QAbstractButton {
   QBasicTimer flash_;
 };
 
-/// "error", "warning", … in the language in use.
+/// "error", "warning" and so on, in the current language.
 [[nodiscard]] QString NameOfKind(ErrorKind kind);
 
 }  // namespace panel

@@ -55,7 +55,7 @@ void ErrorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const int timeWidth = QFontMetrics(theme::Font(fontPixels_)).horizontalAdvance(time) + kPad;
   theme::DrawText(*painter, upper, Qt::AlignLeft | Qt::AlignVCenter, time, theme::Font(fontPixels_),
                   QColor(theme::kText));
-  // The kind in its colour, on a field of its own: the words say it too.
+  // The kind is in words on a field in its colour, so that the colour isn't needed to read it.
   const int nameWidth = QFontMetrics(strong).horizontalAdvance(name) + 2 * kPad;
   const QRect field(upper.left() + timeWidth, upper.top() + 1, nameWidth, upper.height() - 2);
   theme::DrawField(*painter, field, color, color, 4);
@@ -90,7 +90,7 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
   hide();
 }
 
-// A gesture that nobody gives back stays with the program.
+// A gesture that isn't released stays until the program ends.
 ErrorListCover::~ErrorListCover() { QScroller::ungrabGesture(list_->viewport()); }
 
 void ErrorListCover::Open() {
@@ -120,7 +120,7 @@ void ErrorListCover::Update() {
 void ErrorListCover::Read() {
   const std::int64_t chosen = model_->IdAt(list_->currentIndex().row());
   model_->Take(desk_.History(), desk_.Now());
-  // The operator goes on reading the row he had, wherever it stands now.
+  // The chosen row stays chosen, wherever it is now.
   if (const int row = model_->RowOf(chosen); row >= 0) list_->setCurrentIndex(model_->index(row));
   ReadNotes();
   ShowDetails();
@@ -207,7 +207,7 @@ bool ErrorListCover::eventFilter(QObject* watched, QEvent* event) {
 
 void ErrorListCover::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) return Leave();
-  // Nothing behind the cover hears a key while it stands.
+  // No key reaches what is under the cover.
   event->accept();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The list of the session's errors, a cover over the panel: the last ones first, notes above them, the chosen one in
-// full below. Big rows for touch, arrow keys for the keyboard. It reads the history only while it stands.
+// The list of the session's errors, a cover over the panel: the latest errors first, notes above them, and the chosen
+// one in full below. Its rows are big for touch, and arrow keys work too. It reads the history only while it is shown.
 #pragma once
 
 #include <QBasicTimer>
@@ -17,7 +17,7 @@ namespace panel {
 
 class PanelKey;
 
-/// Two lines a row: time, name and text; what became of it.
+/// Draws a row in two lines: time, name and text; then what became of the error.
 class ErrorRowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -37,11 +37,11 @@ class ErrorListCover : public QWidget {
   /// desk must outlive it.
   ErrorListCover(const ErrorDesk& desk, QWidget* parent);
   ~ErrorListCover() override;
-  /// Shows it and takes the keyboard.
+  /// Shows the list and takes the keyboard.
   void Open();
-  /// Hides it.
+  /// Hides the list.
   void Leave();
-  /// Reads the history anew if it changed.
+  /// Reads the history again if it has changed and the list is shown.
   void Update();
   [[nodiscard]] bool Stands() const { return stands_; }
   [[nodiscard]] QListView& List() const { return *list_; }
@@ -70,7 +70,7 @@ class ErrorListCover : public QWidget {
   QPlainTextEdit* details_;
   PanelKey* back_;
   QStringList notes_;
-  QBasicTimer floodEnd_;  // so that the flood's line goes when nothing happens any more
+  QBasicTimer floodEnd_;  // removes the note of the flood when it is over
   std::optional<std::int64_t> revision_;
   bool stands_ = false;
   int fontPixels_ = 16;

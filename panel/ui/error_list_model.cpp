@@ -29,7 +29,7 @@ QString ParametersOf(const ErrorHistory::Summary& error) {
 
 QString Joined(const QStringList& parts) { return parts.join(QStringLiteral("  ·  ")); }
 
-/// How many of a row's errors went which way; the number only where there are several.
+/// What became of a row's errors, with counts when there are several.
 QString FatesOf(const ErrorRow& row) {
   QStringList fates;
   const auto add = [&](Word word, int count) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rows of the error history in words, for a list: what an operator reads of each. It copies what it shows, so the
-// history may change under it; it knows no widget.
+// The rows of the error history in words, for a list. It copies what it shows, so the history may change meanwhile. It
+// knows no widget.
 #pragma once
 
 #include <QAbstractListModel>
@@ -11,20 +11,20 @@
 
 namespace panel {
 
-/// One row as it is read.
+/// One row as the operator reads it.
 struct ErrorRowText {
-  QString time;     // of the last one
+  QString time;     // of the latest error of the row
   QString name;     // "error 1110"
-  QString text;     // what the tables say of it, on one line; where they don't know it, what the record has
-  QString details;  // channel, source, how often, what became of it
+  QString text;     // the text of the tables, on one line; without one, the facts in the record
+  QString details;  // channel, source, how often it came, what became of it
   QColor color;
 };
 
-/// now decides whether a time needs its date.
+/// Returns the words of a row. now decides whether a time needs its date.
 [[nodiscard]] ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now);
-/// "12:34:56", with its date when that isn't today's.
+/// Returns "12:34:56", with the date before it when that isn't today.
 [[nodiscard]] QString TextOfTime(ErrorTime time, ErrorTime now);
-/// Notes above the rows: a flood, and what found no place. Empty when there is nothing to say.
+/// Returns the notes above the rows: a flood, and errors that have no row any more. Empty when there are none.
 [[nodiscard]] QStringList NotesOf(const ErrorHistory& history);
 
 class ErrorListModel : public QAbstractListModel {
@@ -37,7 +37,7 @@ class ErrorListModel : public QAbstractListModel {
   void Take(const ErrorHistory& history, ErrorTime now);
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-  /// Where the history's row with that id stands, for a selection to stay with it; -1 for none.
+  /// The row of the history's row with that id, or -1. For a selection that stays with its error.
   [[nodiscard]] int RowOf(std::int64_t id) const;
   [[nodiscard]] std::int64_t IdAt(int row) const;
 

@@ -18,7 +18,7 @@ namespace {
 constexpr int kPad = 10;
 constexpr int kFolderRole = Qt::UserRole;
 
-/// A folder or a sheet, drawn in the panel's own colours.
+/// Draws a folder or a sheet in the panel's own colours.
 QIcon IconOf(bool folder) {
   constexpr int kSide = 32;
   QPixmap pixmap(kSide, kSide);
@@ -71,12 +71,12 @@ FileChooser::FileChooser(PathResolver resolve, QWidget* parent)
   connect(cancel_, &PanelKey::clicked, this, &FileChooser::Leave);
   connect(name_, &QLineEdit::returnPressed, this, &FileChooser::Accept);
   connect(name_, &QLineEdit::textEdited, this, [this] { SetProblem({}); });
-  // One touch names a file and enters a folder: a double touch is hard with gloves.
+  // One touch names a file or enters a folder: a double touch is hard with gloves.
   connect(list_, &QListWidget::itemClicked, this, &FileChooser::Choose);
   hide();
 }
 
-// A gesture that nobody gives back stays with the program.
+// A gesture that isn't released stays until the program ends.
 FileChooser::~FileChooser() { QScroller::ungrabGesture(list_->viewport()); }
 
 void FileChooser::Ask(const FileRequest& request, Accepted accepted, std::function<void()> left) {
@@ -101,7 +101,7 @@ void FileChooser::Ask(const FileRequest& request, Accepted accepted, std::functi
 void FileChooser::Dismiss() {
   if (!stands_) return;
   stands_ = false;
-  // A question about a request that has gone is over too; its answer changes nothing any more.
+  // The question about this request ends too; its answer has no effect any more.
   if (confirm_->Stands()) confirm_->Answer(1);
   accepted_ = nullptr;
   left_ = nullptr;
@@ -198,7 +198,7 @@ void FileChooser::Place() {
   const int left = width() - right - kPad;
   int top = head + fontPixels_ * 3 / 2;
   name_->setGeometry(left, top, right, row);
-  // The keys stand at the bottom, OK nearest to the corner where a thumb is.
+  // The keys are at the bottom, OK in the corner nearest to the thumb.
   const int half = (right - kPad) / 2;
   top = height() - kPad - row;
   cancel_->setGeometry(left, top, half, row);
@@ -247,7 +247,7 @@ void FileChooser::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Up:
     case Qt::Key_Down:
-      // From the name straight into the list.
+      // From the name, the arrow keys lead into the list.
       list_->setFocus();
       if (list_->currentRow() < 0) list_->setCurrentRow(0);
       return;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel's own file dialog: a cover inside the window with a list of big rows, a name and four keys, for touch and
-// for the keyboard alone. The rules of a name are elsewhere; it shows what they say.
+// The panel's own file dialog: a cover over the panel with a list of big rows, a name and three keys, for touch and for
+// the keyboard alone. It shows the result of the checks in file_request.h and checks nothing itself.
 #pragma once
 
 #include <QLineEdit>
@@ -24,9 +24,10 @@ class FileChooser : public QWidget {
   FileChooser(PathResolver resolve, QWidget* parent);
   ~FileChooser() override;
 
-  /// One request at a time: one that still stands is left first, with its left().
+  /// Shows a request. There is one request at a time: an earlier one is left first, and its left is called. accepted
+  /// gets the folder and the file name; left is called when the operator cancels.
   void Ask(const FileRequest& request, Accepted accepted, std::function<void()> left);
-  /// Goes away without telling anybody: the request has ended elsewhere.
+  /// Closes without calling accepted or left, because the request has ended elsewhere.
   void Dismiss();
   [[nodiscard]] bool Stands() const { return stands_; }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a file chooser is asked for, and the rules by which a name answers it. Folders are the panel's own paths with
-// drive and backslashes; a resolver makes paths of this machine of them. No widget here.
+// A request for a file, and the rules that check a name against it. Folders are panel paths with drive and backslashes;
+// a resolver turns them into host paths. It knows no widget.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -14,15 +14,15 @@
 
 namespace panel {
 
-/// A path of this machine for a panel path; empty when the drive isn't mapped.
+/// Turns a panel path into a host path; empty when the drive isn't mapped.
 using PathResolver = std::function<QString(const QString& panelPath)>;
 
 struct FileRequest {
   QString title;
   QString folder;
   QString file;
-  QString filter = QStringLiteral("*");  // patterns parted by commas
-  QString extension;                     // without point; empty or "*" for none
+  QString filter = QStringLiteral("*");  // patterns separated by commas
+  QString extension;                     // without the point; empty or "*" for none
   quint32 flags = 0;                     // XPLR_...
 };
 
@@ -34,25 +34,25 @@ struct FolderEntry {
   bool operator==(const FolderEntry&) const = default;
 };
 
-/// Folders first, then the files that the filter lets through, by name without regard to case. Nothing for a folder
-/// that can't be read.
+/// Lists a folder: first its folders, then the files that match the filter, each by name without regard to case.
+/// Nothing when the folder can't be read.
 [[nodiscard]] std::optional<QList<FolderEntry>> ListFolder(const PathResolver& resolve, const QString& folder,
                                                            const QString& filter);
 
-/// "C:\A" and "B" make "C:\A\B"; a drive keeps its only backslash.
+/// Joins "C:\A" and "B" to "C:\A\B". A drive alone keeps its only backslash.
 [[nodiscard]] QString JoinPath(const QString& folder, const QString& name);
-/// The folder above; the drive itself has none and answers itself.
+/// Returns the folder above; for a drive, the drive itself.
 [[nodiscard]] QString FolderAbove(const QString& folder);
-/// folder, or the nearest above it that can be listed.
+/// Returns folder, or the nearest folder above it that exists. Without a drive it starts at "C:\".
 [[nodiscard]] QString NearestFolder(const PathResolver& resolve, const QString& folder);
 
-/// What a name comes to.
+/// The result of checking a name: a problem, or the folder and file that it means.
 struct NameAnswer {
   std::optional<Word> problem;
   QString folder;            // without a trailing backslash
   QString file;              // with the extension of the request
-  bool mustConfirm = false;  // it exists and the asker wants to be sure
-  bool mustMake = false;     // a folder that has to be made first
+  bool mustConfirm = false;  // the file exists and the request wants a confirmation
+  bool mustMake = false;     // the folder doesn't exist yet and has to be made
 };
 [[nodiscard]] NameAnswer CheckName(const FileRequest& request, const PathResolver& resolve, const QString& folder,
                                    const QString& name);

@@ -14,7 +14,7 @@
 namespace panel {
 namespace {
 
-/// Nobody has read an error window and answered it in less.
+/// Nobody can read an error window and act on it in less time than this.
 constexpr qint64 kReadingMilliseconds = 500;
 constexpr qint64 kLongAgo = std::numeric_limits<qint64>::min() / 2;
 
@@ -62,7 +62,7 @@ void Keyboard::AddCover(QWidget* cover, std::function<void()> focus) { covers_.p
 
 const Keyboard::Cover* Keyboard::SeenCover() const {
   const Cover* seen = nullptr;
-  // The children of a widget are in the order in which they lie over each other.
+  // The children of a widget are ordered from the lowest to the topmost.
   const auto& order = panel_.children();
   for (const Cover& cover : covers_) {
     if (!cover.widget->isVisible()) continue;
@@ -95,7 +95,7 @@ int Keyboard::Owner() const {
 
 bool Keyboard::MayHave(const QWidget& widget) const {
   if (const Cover* cover = SeenCover()) return IsIn(cover->widget, widget);
-  // A cover that goes is hidden before what lies on it is.
+  // A closing cover is hidden before its own widgets are.
   if (std::any_of(covers_.begin(), covers_.end(), [&](const Cover& cover) { return IsIn(cover.widget, widget); })) {
     return false;
   }
@@ -104,15 +104,15 @@ bool Keyboard::MayHave(const QWidget& widget) const {
   if (tool == owner && tool >= 0) return true;
   if (owner == PNL_TOOL_ERRORS) return false;
   if (IsIn(&editor_, widget)) return owner < 0;
-  // The panel's keys are on Tab's way, and what a tool opens beside its window counts as the panel's. Of a tool that
-  // never said that it opened the panel knows nothing.
+  // Tab also leads to the panel's keys, and a widget that a tool opens beside its window counts as the panel's. A tool
+  // that never reported that it opened may have the focus, because the panel knows nothing of it.
   return tool < 0 || !session_.IsToolOpen(tool);
 }
 
 void Keyboard::Restore() {
   const QScopedValueRollback giving(giving_, true);
   if (!panel_.isActiveWindow() || QApplication::activePopupWidget() != nullptr) return;
-  // A tool says that it opens before it does, and takes the keyboard itself.
+  // A tool reports that it opens before it is visible, and then takes the keyboard itself.
   const QWidget* front = ToolWidget(session_.FrontTool());
   if (front != nullptr && !front->isVisible()) return;
   const QWidget* focus = QApplication::focusWidget();
@@ -127,7 +127,7 @@ void Keyboard::Restore() {
 
 bool Keyboard::MoveFocus(bool next, const std::function<bool(bool)>& move) {
   const QWidget* from = panel_.focusWidget();
-  // A widget that hides or is disabled passes its focus on in this way too. Nobody pressed Tab.
+  // Qt also comes here when a widget that has the focus hides or is disabled. Nobody pressed Tab then.
   if (from != nullptr && from != &panel_ && (!from->isVisible() || !from->isEnabled())) {
     Restore();
     return true;
@@ -139,12 +139,12 @@ bool Keyboard::MoveFocus(bool next, const std::function<bool(bool)>& move) {
 void Keyboard::OnFocusChanged(QWidget* now) {
   if (giving_ || !session_.Reacting()) return;
   if (now == nullptr) {
-    // Whoever let the focus go may give it on at once, as a tool does that starts a block.
+    // The widget that gave up the focus may pass it on at once, as a tool does that starts a block. So this waits.
     QMetaObject::invokeMethod(this, &Keyboard::Restore, Qt::QueuedConnection);
     return;
   }
   if (now->window() != &panel_) return;
-  // Only the panel itself leads to the program, on the operator's behalf.
+  // Only the panel gives the focus to the program, and it does so for the operator.
   if (IsIn(&editor_, *now)) session_.WorkInProgram();
   if (moving_) OnTouched(*now);
   if (!MayHave(*now)) Restore();
@@ -164,7 +164,7 @@ void Keyboard::OnTouched(QWidget& widget) {
     if (IsIn(&editor_, widget)) session_.WorkInProgram();
     return;
   }
-  // Nothing comes to lie over errors by a touch beside their window.
+  // While the error window is in front, a touch beside it brings no other tool to the front.
   if (!session_.IsToolOpen(tool) || ErrorWindowInFront() != nullptr) return;
   const bool worked = tool == session_.WorkingTool() || tool == PNL_TOOL_ERRORS;
   if (!worked || tool != session_.FrontTool()) session_.BringToFront(tool);
@@ -187,13 +187,14 @@ bool Keyboard::KeyWasOnItsWay(const QKeyEvent& key, bool atErrors) {
 }
 
 bool Keyboard::WasOnItsWay(const QWidget& watched, const QEvent& event) {
-  // Only the window system's own events can have been under way; what the panel or a script sends is meant.
+  // Only an event from the window system can have been on its way. Events that the panel or a script sends are meant
+  // for this widget.
   if (!event.spontaneous()) return false;
   const bool atErrors = &watched == ErrorWindowInFront();
   if (event.type() != QEvent::KeyPress) return atErrors && ErrorsJustCame();
   const auto& key = static_cast<const QKeyEvent&>(event);
   if (!KeyWasOnItsWay(key, atErrors)) return false;
-  // A line end that was typed into the program belongs there: without it two blocks would become one.
+  // An Enter that was typed into the program belongs there: without it two blocks would become one.
   if (typedInProgram_ && key.key() != Qt::Key_Escape) editor_.Insert(QStringLiteral("\n"));
   return true;
 }

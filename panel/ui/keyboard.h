@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Who has the keyboard: what is in front, always. A cover that is seen comes first, then the error window when it is
-// the front tool, then the tool or the program in which the operator works. A tool that takes the focus from behind
-// loses it again at once; the operator's own touch decides in which tool he works. Under --bare scripts give the focus,
-// and this only leads it to the program when the last tool closes.
+// Decides who has the keyboard. A visible cover comes first, then the error window when it is the front tool, then the
+// tool or the program in which the operator works. A tool in the background that takes the focus loses it again at
+// once. The operator's own touch decides in which tool he works. Under --bare scripts give the focus, and this class
+// only gives it to the program when the last tool closes.
 #pragma once
 
 #include <QObject>
@@ -24,17 +24,18 @@ class Keyboard : public QObject {
   Q_OBJECT
 
  public:
-  /// All must outlive it. toolArea: the parent of tools and editor.
+  /// All of them must outlive this object. toolArea: the parent of the tools and the editor.
   Keyboard(QWidget& panel, QWidget& toolArea, ProgramEditor& editor, HostSession& session, ErrorDesk& errors);
   ~Keyboard() override;
 
-  /// A cover over the panel, and how it takes the keyboard.
+  /// Adds a cover over the panel. focus gives the keyboard to it.
   void AddCover(QWidget* cover, std::function<void()> focus);
-  /// Gives the keyboard to whom it belongs, unless he has it.
+  /// Gives the keyboard to its owner, unless the owner has it already.
   void Restore();
-  /// Moves on from key to key; focus that was lost because its widget went away goes to whom it belongs instead.
+  /// Moves the focus to the next or previous control with move. When the focus was lost because its widget went away,
+  /// gives the keyboard to its owner instead.
   bool MoveFocus(bool next, const std::function<bool(bool)>& move);
-  /// Milliseconds of a clock that never goes back, for tests.
+  /// Sets the clock, in ms, which must never go back. For tests.
   void SetClock(std::function<qint64()> clock) { clock_ = std::move(clock); }
 
  protected:
@@ -47,18 +48,18 @@ class Keyboard : public QObject {
   };
   [[nodiscard]] const Cover* SeenCover() const;
   [[nodiscard]] QWidget* ToolWidget(int tool) const;
-  /// Null while it is away, and behind another tool.
+  /// Null while the error window is away or another tool is in front of it.
   [[nodiscard]] QWidget* ErrorWindowInFront() const;
-  /// Whether a tool lies over the program, so that nobody sees what would be typed there.
+  /// Whether a tool covers the whole program, so that typed text would not be seen.
   [[nodiscard]] bool ProgramIsHidden() const;
-  /// The tool to which the keyboard belongs when no cover is seen; -1 for the program.
+  /// The tool that owns the keyboard when no cover is visible; -1 for the program.
   [[nodiscard]] int Owner() const;
   [[nodiscard]] bool MayHave(const QWidget& widget) const;
   void OnFocusChanged(QWidget* now);
   void OnToolsChanged();
   void OnErrorsCame();
   void OnTouched(QWidget& widget);
-  /// Whether the error window has been there for less time than anybody needs to read it.
+  /// Whether the error window has been there for less time than reading it takes.
   [[nodiscard]] bool ErrorsJustCame() const;
   /// Whether a key or a touch that reaches the error window was meant for what had the keyboard before.
   [[nodiscard]] bool WasOnItsWay(const QWidget& watched, const QEvent& event);
@@ -71,8 +72,8 @@ class Keyboard : public QObject {
   std::vector<Cover> covers_;
   std::function<qint64()> clock_;
   qint64 errorsCameAt_;
-  bool typedInProgram_ = false;  // when the error window came
-  int heldKey_ = 0;              // pressed last where it doesn't act on errors
+  bool typedInProgram_ = false;  // whether the program had the focus when the error window came
+  int heldKey_ = 0;              // the last key pressed where it doesn't act on errors, else 0
   int frontTool_ = -1;
   bool giving_ = false;
   bool moving_ = false;

@@ -37,7 +37,8 @@ void MessageZone::paintEvent(QPaintEvent*) {
     theme::DrawField(painter, row, line.back, line.back, 6);
     const QRect body = row.adjusted(12, 0, -12, 0);
     const QFont font = theme::Font(std::min(fontPixels_, row.height() * 9 / 10), line.strong);
-    // A long text on a row of its own takes two lines before its middle goes; most ends say more: a file, a number.
+    // A long text that has the zone to itself wraps to two lines before its middle is cut: the end often says more,
+    // such as a file or a number.
     const bool wraps = QFontMetrics(font).horizontalAdvance(line.text) > body.width() && count == 1;
     const QFont used = wraps ? theme::Font(std::min(fontPixels_, row.height() * 2 / 5), line.strong) : font;
     theme::DrawParagraph(painter, body, Qt::AlignLeft | Qt::AlignVCenter, line.text, used, line.fore);

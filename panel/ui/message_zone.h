@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The zone where the panel speaks: a kernel error first, then the tools' lines in the colours they ask for, then the
-// panel's own hint. Its height stays; one message has all of it, three share it. It decides nothing but the order.
+// The zone for messages: a kernel error first, then the tools' lines in the colours they ask for, then the panel's own
+// hint. Its height is fixed; up to three messages share it. The caller decides what is shown and in which order.
 #pragma once
 
 #include <QColor>
@@ -21,7 +21,7 @@ struct ZoneLine {
 class MessageZone : public QWidget {
  public:
   explicit MessageZone(QWidget* parent);
-  /// At most kMaxLines are shown, from the first.
+  /// Shows the first kMaxLines of these lines.
   void Show(std::vector<ZoneLine> lines);
   void SetFontPixels(int pixels);
   [[nodiscard]] const std::vector<ZoneLine>& Lines() const { return lines_; }

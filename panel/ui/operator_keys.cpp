@@ -11,8 +11,8 @@ namespace {
 
 struct Look {
   Action action;
-  QRgb tint;    // 0: ordinary
-  bool filled;  // the keys that must be found at once
+  QRgb tint;    // 0: an ordinary key
+  bool filled;  // for the keys that must be found at once
   bool latches;
 };
 
@@ -47,7 +47,7 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
     key->setAutoRepeatDelay(kRepeatAfter);
     key->setAutoRepeatInterval(kRepeatEvery);
     const auto press = [this, action = look.action] { emit Pressed(action); };
-    // A key that repeats acts when it goes down: acting when it comes up too, it would step once more than was held.
+    // A key that repeats acts when it goes down. If it acted when it comes up too, it would make one step too many.
     if (key->autoRepeat()) {
       connect(key, &PanelKey::pressed, this, press);
     } else {
@@ -60,7 +60,7 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
 void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched) {
   for (const auto& [action, key] : keys_) {
     key->setEnabled(can(action));
-    // The lamp follows the machine, not the finger.
+    // The lamp shows the state of the machine, not of the key.
     if (key->isCheckable()) key->setChecked(latched(action));
   }
 }

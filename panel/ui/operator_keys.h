@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The row of the machine's keys: start, hold, single block, cancel, reset, override, inspection. It shows which are
-// possible and which are latched; what a press does is somebody else's.
+// The row of the machine's keys: start, hold, single block, inspection, override, cancel, reset, clear error. It shows
+// which keys are possible and which are latched, and emits Pressed; its owner carries the action out.
 #pragma once
 
 #include <QWidget>
@@ -18,7 +18,7 @@ class OperatorKeys : public QWidget {
 
  public:
   explicit OperatorKeys(QWidget* parent);
-  /// Lights what is possible and latched.
+  /// Enables the keys that are possible and lights those that are latched.
   void Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched);
   void SetFontPixels(int pixels);
   [[nodiscard]] PanelKey* Key(Action action) const;

@@ -97,7 +97,7 @@ void PanelKey::leaveEvent(QEvent* event) {
 }
 
 void PanelKey::keyPressEvent(QKeyEvent* event) {
-  // A bare panel keyboard has Enter where a desk has the space bar.
+  // Many panel keyboards have no space bar, so Enter presses the key too.
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
   QAbstractButton::keyPressEvent(event);
 }
@@ -124,7 +124,7 @@ void PanelKey::PaintMarks(QPainter& painter) const {
                   theme::Font(small), soft);
   painter.setRenderHint(QPainter::Antialiasing);
   if (isChecked() && isCheckable()) {
-    // A tick in the corner: the state must not hang on colour alone.
+    // A tick in the corner, so that the state isn't shown by colour alone.
     QPen pen(isEnabled() ? QColor(theme::kText) : QColor(theme::kFaint), 2.4);
     pen.setCapStyle(Qt::RoundCap);
     painter.setPen(pen);
@@ -152,15 +152,15 @@ QRect PanelKey::PaintArrow(QPainter& painter, const QRect& body) const {
 void PanelKey::PaintFace(QPainter& painter) const {
   const int top = keyName_.isEmpty() ? 4 : KeyNamePixels() + 4;
   QRect body = rect().adjusted(kPad, top, -kPad, -4);
-  // A long caption takes two lines, in somewhat smaller letters where a picture stands above it.
+  // A long caption takes two lines, in slightly smaller letters below a picture.
   const bool wraps = text().contains(QLatin1Char(' ')) &&
                      QFontMetrics(theme::Font(fontPixels_, filled_)).horizontalAdvance(text()) > body.width() - 4;
   const int pixels = wraps && !picture_.isNull() ? std::max(12, fontPixels_ * 6 / 7) : fontPixels_;
   const int line = QFontMetrics(theme::Font(pixels, filled_)).height();
-  // As high as a paragraph breaks them: in a field one pixel lower the second line would find no room.
+  // The height that DrawParagraph needs for two lines: one pixel less, and it would cut the second.
   const int both = 2 * static_cast<int>(std::ceil(QFontMetricsF(theme::Font(pixels, filled_)).height()));
   if (!picture_.isNull()) {
-    // In a flat key the picture may use the height beside the key's name, which stands in the corner.
+    // In a flat key the picture may use the height of the corner where the key's name is.
     const bool shortName = keyName_.size() <= 3;
     if (height() < 5 * fontPixels_ && shortName) body = rect().adjusted(kPad, 3, -kPad, -2);
     const int caption = text().isEmpty() ? 0 : (wraps ? both : line);
@@ -176,7 +176,7 @@ void PanelKey::PaintFace(QPainter& painter) const {
   }
   body = PaintArrow(painter, body);
   const bool twoLines = wraps && body.height() >= both;
-  // The longest word decides how big the letters may be; the rest wraps or is cut.
+  // The font is chosen so that the longest word fits. The rest wraps or is cut.
   QString longest;
   for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
     if (word.size() > longest.size()) longest = word;

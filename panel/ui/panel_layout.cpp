@@ -12,7 +12,7 @@ namespace {
 constexpr int kGap = 4;
 constexpr double kMaxScale = 1.6;
 
-/// The parts around the tool area, before anybody knows where they stand.
+/// The sizes of the parts around the tool area, before they are placed.
 struct Sizes {
   int status;
   int axes;
@@ -30,7 +30,7 @@ double ScaleOf(QSize size, QSize one) {
   return std::clamp(scale, 1.0, kMaxScale);
 }
 
-/// columnMost: what the column may take at most of a wide window.
+/// columnMost: the greatest width of the column in a wide window.
 Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
   const auto scaled = [scale](int pixels) { return static_cast<int>(std::lround(pixels * scale)); };
   Sizes sizes{};
@@ -40,7 +40,7 @@ Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
   sizes.messages = std::max(scaled(44), touch);
   sizes.keys = std::max(scaled(56), touch);
   sizes.operatorKeys = std::max(scaled(54), touch);
-  // Two paging keys stand side by side in it.
+  // The side bar has two paging keys side by side.
   sizes.side = std::max(scaled(100), 2 * touch + kGap);
   sizes.column = wide ? std::min(scaled(330), columnMost) : 0;
   return sizes;
@@ -52,7 +52,7 @@ int Above(const Sizes& sizes, bool wide) {
 
 int Below(const Sizes& sizes) { return sizes.messages + sizes.keys + sizes.operatorKeys + 4 * kGap; }
 
-/// Sets the parts around the tool area, whose rectangle and window stand already.
+/// Places the parts around the tool area. The layout must have its window and tool area already.
 void Surround(PanelLayout& layout, const Sizes& sizes) {
   const int width = layout.window.width();
   const int height = layout.window.height();

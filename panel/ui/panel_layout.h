@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where the parts of the panel stand, as arithmetic: from the size of the window, or outward from a tool area of a
-// given size. It knows no widget, so every size can be tried.
+// Computes where the parts of the panel are, from the size of the window or outward from a tool area of a given size.
+// It knows no widget, so a test can try every size.
 #pragma once
 
 #include <QRect>
@@ -15,7 +15,7 @@ struct PanelLayout {
   QRect status;       // channel state, mode, readings, errors
   QRect axes;
   QRect readings;  // feed, override, spindle, tool: in the column, or at the right of the status
-  QRect modal;     // modal G codes and the block in hand
+  QRect modal;     // modal G codes and the current block
   QRect toolArea;
   QRect sideBar;
   QRect messages;
@@ -23,16 +23,16 @@ struct PanelLayout {
   QRect operatorKeys;
 };
 
-/// The least side of a key in a layout, whatever the window: nothing is made smaller than touch.
+/// The smallest window.
 inline constexpr QSize kLeastWindow{640, 480};
 
-/// Everything inside a window of that size; the tool area takes what is left. touch: least side of a key in pixels.
+/// Lays out a window of that size; the tool area takes what is left. touch: the least side of a key, in pixels.
 [[nodiscard]] PanelLayout LayOutWithin(QSize window, int touch);
-/// Everything around a tool area of exactly that size.
+/// Lays out a window around a tool area of exactly that size.
 [[nodiscard]] PanelLayout LayOutAround(QSize toolArea, int touch);
 
-/// The largest part of area that a tool leaves free above, below or at a side; all of it where that is too little to
-/// work in.
+/// Returns the largest part of area that the tool leaves free above, below or at a side. Returns all of area when that
+/// part is smaller than a third of it.
 [[nodiscard]] QRect RoomBeside(const QRect& area, const QRect& tool);
 
 }  // namespace panel

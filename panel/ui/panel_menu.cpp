@@ -12,7 +12,7 @@ constexpr int kFaultBase = 2000;
 struct ToolRow {
   int tool;
   Word word;
-  bool made;  // the library answers 0 for the others
+  bool made;  // whether the library has this tool; it returns 0 for the others
 };
 
 constexpr std::array kTools = {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel's own soft keys, which stand in a bar while no tool has one there: a key for each tool, the program, the
-// view. It only makes the items and tells what a pressed one means.
+// The panel's own soft keys, shown in a bar while no tool has a menu there: keys for the tools, the program and the
+// view. Only makes the items and tells what an item means.
 #pragma once
 
 #include <optional>
@@ -14,16 +14,16 @@ namespace panel {
 [[nodiscard]] std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operator& op);
 [[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op);
 
-/// The faults of the demo machine, which stand in the main bar's place once their key was pressed.
+/// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 
-/// The action behind an item; nothing for an item that stands for something else.
+/// Returns the action of an item; nothing for an item without one.
 [[nodiscard]] std::optional<Action> ActionOfItem(int id);
-/// The tool behind an item; -1 for one that stands for an action.
+/// Returns the tool that an item opens; -1 for any other item.
 [[nodiscard]] int ToolOfItem(int id);
-/// The fault behind an item; null for another.
+/// Returns the fault of an item; null for any other item.
 [[nodiscard]] const DemoFault* FaultOfItem(int id);
-/// The item that leads to the faults.
+/// The item that shows the faults.
 inline constexpr int kFaultsItem = 3000;
 
 }  // namespace panel

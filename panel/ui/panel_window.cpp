@@ -30,8 +30,8 @@ namespace panel {
 
 namespace {
 
-/// The command line starts blocks, so the start keys are the panel's wherever its caret is. In any other tool a key
-/// that the tool takes must not set the machine going.
+/// The command line starts blocks, so the panel keeps its start keys while the command line has the focus. In any other
+/// tool a key that the tool takes must not start the machine.
 bool KeepsItsKeys(const QObject* watched) {
   for (const QObject* object = watched; object != nullptr; object = object->parent()) {
     const QVariant tool = object->property("pnlTool");
@@ -66,7 +66,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
   setAttribute(Qt::WA_OpaquePaintEvent);
   session_.SetToolArea(toolArea_);
   session_.SetMainWindow(this);
-  // Tools measure the panel by the room that they have in it, not by its frame of keys.
+  // Tools take the size of the tool area as that of the panel, not the size of the whole window.
   setProperty("pnlPanelArea", QVariant::fromValue<QWidget*>(toolArea_));
   Connect();
   ConnectErrors();
@@ -94,7 +94,7 @@ void PanelWindow::Connect() {
     constexpr int kEscape = 27;
     if (key == kEscape) Escape();
   });
-  // Queued: whoever asks for it is still at work.
+  // Queued, because the caller is still at work.
   connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
   connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
@@ -113,7 +113,7 @@ void PanelWindow::MakeShortcuts() {
       connect(shortcut, &QShortcut::activated, this, [this, action = row.action] { Trigger(action); });
     }
   }
-  // A tool's line edit takes Enter whatever is held with it; the start key must reach the panel all the same.
+  // A tool's line edit takes Enter with any modifier. The filter gives the start key to the panel first.
   qApp->installEventFilter(this);
   const auto soft = [this](const QKeySequence& keys, void (PanelWindow::*press)(int), int slot) {
     auto* shortcut = new QShortcut(keys, this);
@@ -142,7 +142,7 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
   if (shownOrHidden && cover) EnableBars();
-  // A cover moves the focus among its own keys alone, also as it goes.
+  // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
   return QWidget::eventFilter(watched, event);
 }
@@ -185,7 +185,7 @@ void PanelWindow::LayOut() {
   layout_ = LayOutWithin(size(), touch);
   if (fixedToolArea_) {
     const PanelLayout around = LayOutAround(*fixedToolArea_, touch);
-    // Once the operator gives the window another size, the tool area takes what is left again.
+    // When the operator resizes the window, the tool area takes what is left again.
     if (around.window == size()) {
       layout_ = around;
     } else {
@@ -201,9 +201,10 @@ void PanelWindow::LayOut() {
   zone_->setGeometry(layout_.messages);
   mainBar_->setGeometry(layout_.mainBar);
   keys_->setGeometry(layout_.operatorKeys);
-  // The covers leave status, axes and the machine's keys free: the operator must be able to hold the axes any time.
+  // The covers leave status, axes and the machine's keys free, because the operator must be able to stop the axes any
+  // time.
   const int left = layout_.toolArea.left();
-  // A small panel gives them the room of the soft keys too, which rest meanwhile.
+  // On a small panel they also cover the soft keys, which are disabled meanwhile.
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
   const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
@@ -230,8 +231,8 @@ void PanelWindow::LayOut() {
 }
 
 void PanelWindow::PlaceErrors() {
-  // On a small screen the error window is bigger than the room that it has here. A script that asks for a room of its
-  // own gets the window as the tool makes it.
+  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
+  // the window stays as the tool makes it.
   auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
   if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
   const QSize size = errors->size().boundedTo(toolArea_->size());
@@ -241,13 +242,13 @@ void PanelWindow::PlaceErrors() {
 }
 
 void PanelWindow::ShowSideBar() {
-  // A cover of a small panel would slice the bar, which begins above it.
+  // On a small panel a cover begins below the top of the side bar and would leave a slice of it visible.
   sideBar_->setVisible(layout_.wide || !Covered());
 }
 
 void PanelWindow::PlaceEditor() {
   QRect place = toolArea_->rect();
-  // The program stays readable beside a command line or a calculator, wherever they stand.
+  // The program stays readable beside a tool, wherever the tool is.
   for (const PnlWindow window : session_.ToolWindows()) {
     const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
     if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
@@ -270,9 +271,9 @@ void PanelWindow::EnableBars() {
 }
 
 void PanelWindow::Trigger(Action action) {
-  // While a question stands only the machine's own keys work: they act on nothing that the cover hides.
+  // While a cover is shown, only the machine's own keys work: they act on nothing that the cover hides.
   const bool machineKey = keys_->Key(action) != nullptr;
-  // The key that opened the list closes it.
+  // The key that opens the list closes it too.
   if (action == Action::kErrorList && errorList_->Stands()) return errorList_->Leave();
   if (Covered() && !machineKey) return;
   switch (action) {
@@ -321,7 +322,7 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
 }
 
 void PanelWindow::Escape() {
-  // The tool comes first: from a key of the panel Escape leads back to it, and only there does it close anything.
+  // The tool comes first: from a key of the panel, Escape leads back to the tool and closes nothing.
   if (op_.Can(Action::kFocusTool)) return Trigger(Action::kFocusTool);
   Trigger(Action::kClearError);
 }

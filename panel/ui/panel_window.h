@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The panel's window: it places the parts, turns keys and callbacks into one action each, and draws everything from the
-// state of the session and the operator in UpdateDisplay. It decides nothing that could be decided without a window.
+// The panel's window. It places the parts, turns each key and callback into one action, and draws everything from the
+// state of the session and the operator in UpdateDisplay. Whatever can be decided without a window is decided
+// elsewhere.
 #pragma once
 
 #include <QKeySequence>
@@ -36,7 +37,8 @@ class PanelWindow : public QWidget, public PanelFace {
   Q_OBJECT
 
  public:
-  /// Session and operator must outlive the window, which becomes the tools' parent and the panel's main window.
+  /// session and op must outlive the window. It becomes the panel's main window, and its tool area the parent of the
+  /// tools.
   PanelWindow(HostSession& session, Operator& op, PathResolver resolve, QWidget* parent = nullptr);
   ~PanelWindow() override;
 
@@ -46,14 +48,14 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] bool Working() const override;
   void ResizeToolArea(const QSize& size) override;
 
-  /// Whether closing asks for changes that no file has; off where nobody is there to answer.
+  /// Whether closing asks first when the program has unsaved changes. Off when nobody is there to answer.
   void SetAsksBeforeClosing(bool on) { asks_ = on; }
   void AnswerQuestions(const std::function<bool(const QString& text)>& answer) override { answer_ = answer; }
-  /// What a key of the panel does, wherever it was pressed.
+  /// Carries out the action of a key of the panel, wherever it was pressed. A cover blocks all but the machine's keys.
   void Trigger(Action action);
   void PressMain(int slot);
   void PressSide(int slot);
-  /// Escape that no tool and no dialog took.
+  /// Handles an Escape that no tool and no dialog took.
   void Escape();
 
   [[nodiscard]] const PanelLayout& Layout() const { return layout_; }
@@ -72,7 +74,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
   [[nodiscard]] Keyboard& Focus() const { return *keyboard_; }
 
-  /// Draws the present state. Called by itself when something changed.
+  /// Draws the current state. It is called automatically after every change.
   void UpdateDisplay();
 
  protected:
@@ -90,7 +92,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void SetTabOrder();
   void LayOut();
   void PlaceEditor();
-  /// The error window inside the tool area, whole.
+  /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
   void ShowSideBar();
   void ShowMachine();
@@ -99,12 +101,12 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowChooser();
   void ConnectErrors();
   void ShowErrors();
-  /// Covers step back while the error window stands and come again behind it.
+  /// Hides the covers while the error window is shown, and shows them again afterwards.
   void LetErrorsPass();
   void AskToClose();
   void OnErrorSign();
   void OnItem(int tool, int id, std::uint32_t menu);
-  /// The soft keys rest while something covers what they act on.
+  /// Disables the soft keys while a cover is shown.
   void EnableBars();
   [[nodiscard]] bool Covered() const;
 
@@ -114,8 +116,8 @@ class PanelWindow : public QWidget, public PanelFace {
   QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
-  bool errorWindow_ = false;  // the error window stood at the last look
-  bool faultKeys_ = false;    // the main bar has the demo machine's faults
+  bool errorWindow_ = false;  // the error window was shown at the last look
+  bool faultKeys_ = false;    // the main bar shows the demo machine's faults
   std::function<bool(const QString& text)> answer_;
   StatusStrip* status_;
   Readings* readings_;

@@ -37,7 +37,7 @@ void PanelWindow::UpdateDisplay() {
   ShowMessages();
   ShowErrors();
   PlaceEditor();
-  // A tool may have shown itself without a word to anybody.
+  // A tool may have shown itself without reporting it.
   if (session_.Reacting()) keyboard_->Restore();
 }
 
@@ -62,7 +62,7 @@ void PanelWindow::ShowMachine() {
 
 void PanelWindow::ShowBars() {
   EnableBars();
-  // A closed tool leaves its menu behind; a bar shows it only while the tool is there to be commanded.
+  // The menu of a closed tool still exists. A bar shows it only while the tool is open.
   if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
     mainBar_->ShowMenu(menu);
   } else {
@@ -80,7 +80,7 @@ void PanelWindow::ShowMessages() {
   std::vector<ZoneLine> lines;
   const QColor red(theme::kRed);
   const QColor white(Qt::white);
-  // Where the error tool is, its window says it.
+  // When there is an error tool, its window shows the errors.
   const auto errors = op_.Desk().HasTool() ? std::vector<pnl::rig::CncControl::ErrorSummary>() : op_.Errors();
   if (!errors.empty()) {
     const auto& newest = errors.back();
@@ -93,7 +93,7 @@ void PanelWindow::ShowMessages() {
   }
   const Hint& hint = op_.CurrentHint();
   if (!hint.text.isEmpty()) {
-    // The newest word must not be the one that finds no room.
+    // The hint is the newest message, so it always gets a line.
     if (lines.size() >= MessageZone::kMaxLines) lines.resize(MessageZone::kMaxLines - 1);
     lines.push_back({hint.text, QColor(hint.warning ? theme::kAmber : theme::kSteel),
                      QColor(hint.warning ? theme::kDark : theme::kText)});

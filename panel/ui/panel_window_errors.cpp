@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window's side of the errors: the indicator's press, help and list over the panel, the question whether to close,
-// and who stands in front of whom.
+// The window's part in the errors: presses on the indicator, the help and the list over the panel, the question whether
+// to close, and covers that give way to the error window.
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
@@ -18,7 +18,7 @@ void PanelWindow::ConnectErrors() {
     op_.Desk().CloseHelp();
     ShowErrors();
   });
-  // Before the keyboard looks for its place: what steps back has it no more.
+  // Connected before the keyboard, so that a cover that gives way loses the focus first.
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::LetErrorsPass);
   connect(&op_.Desk(), &ErrorDesk::CloseAsked, this, &PanelWindow::AskToClose);
   connect(mainBar_, &SoftKeyBar::Left, this, [this] {
@@ -42,7 +42,7 @@ void PanelWindow::LetErrorsPass() {
   if (shown == errorWindow_) return;
   errorWindow_ = shown;
   if (shown) errorList_->Leave();
-  // A window that nobody sees must not have the keyboard: what asked before waits until the errors are seen.
+  // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
   for (QWidget* cover : std::initializer_list<QWidget*>{chooser_, question_}) {
     const bool stands = cover == chooser_ ? chooser_->Stands() : question_->Stands();
     if (!stands || cover->isVisible() != shown) continue;

@@ -152,7 +152,7 @@ void ProgramDesk::OnWritten(const QString& panelPath, int revision, FileOutcome 
     path_ = panelPath;
     layout_ = {};
     editor_.SetName(panelPath);
-    // What was typed meanwhile no file has yet.
+    // Text that was typed while the file was written isn't saved yet.
     if (editor_.Revision() == revision) editor_.SetSaved();
     emit Said(Say(Word::kSaved, panelPath), false);
   } else {

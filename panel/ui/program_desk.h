@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Opening, saving and starting programs: between the editor, the chooser and the files. Changes that no file has yet
-// are never dropped without asking. Files are read and written in a thread, so that the panel hears every key
-// meanwhile.
+// New programs, opening and saving, between the editor, the chooser and the files. Unsaved changes are never dropped
+// without asking. Files are read and written in a thread, so that the panel reacts to every key meanwhile.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -29,39 +28,41 @@ class ProgramDesk : public QObject {
   /// Waits for a program that is being written.
   ~ProgramDesk() override;
 
-  /// Where Open and Save As begin.
+  /// Sets the panel folder in which Open and Save As begin.
   void SetProgramsFolder(const QString& folder) { programsFolder_ = folder; }
-  /// folder if it is there, else the programs' own: a request for one that isn't made yet begins among the programs.
+  /// Returns folder if it exists, else the programs' folder.
   [[nodiscard]] QString FolderOrPrograms(const QString& folder) const;
 
   void New();
   void Open();
-  /// To the file the program came from; a new one is asked for its name.
+  /// Saves to the program's file; asks for a name when it has none.
   void Save();
   void SaveAs();
-  /// Runs go when nothing would be lost, else after the operator agreed. A program that is being written is waited for.
+  /// Calls go at once when there are no unsaved changes, else once the operator has agreed to lose them. Waits first
+  /// for a program that is being written.
   void AskToDiscard(std::function<void()> go);
 
-  /// Without asking. What becomes of it is said when it has ended: Opened, Saved, or why not. A program that was on its
-  /// way into the editor is dropped for another one; one that is being written is written, and then the other.
+  /// Load and Store don't ask. The result is reported through Said at the end: opened, saved, or why not. Load drops a
+  /// program that is still being opened. Store refuses while one is being opened; while one is being written, it writes
+  /// the new file after it.
   void Load(const QString& panelPath);
   void Store(const QString& panelPath);
-  /// Whether a program is on its way from a file or to one.
+  /// Whether a program is being read, shown or written.
   [[nodiscard]] bool Working() const;
   [[nodiscard]] const QString& Path() const { return path_; }
-  /// The caret's block in the program's file, and the word in that block, in bytes of the file. Nothing while the text
-  /// has no file or differs from it.
+  /// The place of the caret in the program's file: the block in bytes of the file, and the word in UTF-16 units from
+  /// the start of the block. Nothing while the text has no file or differs from it.
   [[nodiscard]] std::optional<pnl::rig::ProgramSpot> CaretSpot() const;
 
  signals:
-  /// Something for the message zone.
+  /// A text for the message zone.
   void Said(const QString& text, bool warning);
 
  private:
   void OnRead(const QString& panelPath, ProgramText program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
-  /// What waited for the program that was being written goes on.
+  /// Calls what waited for the program that was being written.
   void Rest();
   ProgramEditor& editor_;
   FileChooser& chooser_;
@@ -72,8 +73,8 @@ class ProgramDesk : public QObject {
   ProgramLayout layout_;
   Background reader_;
   Background writer_;
-  QString storeNext_;                          // to be written after the one under way
-  std::vector<std::function<void()>> atRest_;  // what waits for the program that is being written
+  QString storeNext_;                          // the file to write after the current one
+  std::vector<std::function<void()>> atRest_;  // calls that wait for the program that is being written
 };
 
 }  // namespace panel

@@ -15,9 +15,10 @@
 namespace panel {
 namespace {
 
-/// So long the panel works on a program before it looks at its keys again.
+/// How long the panel works on a program before it looks at its events again.
 constexpr int kSliceMilliseconds = 10;
-/// What one step takes, in characters; far below a slice's time. To take text away is quicker than to lay it out.
+/// The size of one step, in characters. A step takes far less time than a slice. Removing text is quicker than laying
+/// it out, so its step is bigger.
 constexpr qsizetype kStep = qsizetype{16} * 1024;
 constexpr int kStepAway = 128 * 1024;
 
@@ -37,9 +38,9 @@ void ProgramEditor::Begin(const QString& text, const QString& name, std::functio
   shown_ = std::move(shown);
   SetName(name);
   edit_->setReadOnly(true);
-  // From its end a view would follow the text as it shrinks.
+  // With the caret at the end the view would follow the text as it shrinks.
   edit_->moveCursor(QTextCursor::Start);
-  // The old program can't come back, and the new one is no step to go back from.
+  // The old program can't come back, so neither its removal nor the new text can be undone.
   edit_->document()->setUndoRedoEnabled(false);
   slice_.start(0, this);
 }
@@ -57,7 +58,7 @@ void ProgramEditor::SetProgram(const QString& text, const QString& name) {
 }
 
 bool ProgramEditor::Work(QDeadlineTimer end) {
-  // Numbers and colours follow once a slice and not at every step.
+  // Line numbers and colours are updated once a slice, not at every step.
   const QSignalBlocker quiet(edit_);
   bool more = true;
   while (more && !end.hasExpired()) more = Step();
@@ -76,7 +77,7 @@ bool ProgramEditor::Step() {
   }
   if (taken_ >= coming_.size()) return false;
   end.insertText(coming_.mid(taken_, kStep));
-  // The caret stays at the beginning, where the first step would push it away.
+  // The first step would push the caret away from the beginning.
   if (taken_ == 0) edit_->moveCursor(QTextCursor::Start);
   taken_ += kStep;
   return taken_ < coming_.size();
@@ -112,7 +113,7 @@ void ProgramEditor::SetName(const QString& name) {
 
 QString ProgramEditor::Text() const { return RawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n')); }
 
-// Qt's plain text would turn every no-break space into a blank.
+// Qt's plain text would turn every no-break space into an ordinary one.
 QString ProgramEditor::RawText() const { return edit_->document()->toRawText(); }
 
 int ProgramEditor::Revision() const { return edit_->document()->revision(); }
@@ -155,7 +156,7 @@ void ProgramEditor::paintEvent(QPaintEvent*) {
                   Qt::ElideMiddle);
   theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, right, small, QColor(theme::kMuted));
   if (!IsModified() || Filling()) return;
-  // A dot says that there are changes that no file has yet.
+  // A dot marks unsaved changes.
   const int nameWidth = std::min(QFontMetrics(strong).horizontalAdvance(name), place.width());
   const QRect sign(place.left() + nameWidth + 8, (HeadHeight() - dot) / 2, dot, dot);
   theme::DrawField(painter, sign, QColor(theme::kText), QColor(theme::kText), dot / 2);

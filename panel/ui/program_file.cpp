@@ -38,7 +38,7 @@ QString Decode(const QByteArray& bytes, ProgramLayout& layout) {
   return QString::fromLatin1(bytes);
 }
 
-/// Ends every line with \n, and notes what ended it in layout. False when a line is too long.
+/// Ends every line with \n and notes the original ends in layout. Returns false when a line is too long.
 bool TakeLines(QString& text, ProgramLayout& layout) {
   const QString whole = std::exchange(text, QString());
   text.reserve(whole.size());
@@ -83,7 +83,7 @@ qint64 ProgramLayout::EndBytes(int line) const {
 
 ProgramText ReadProgram(const QString& path) {
   QFile file(path);
-  // A pipe or a device would make the panel wait for whoever writes to it.
+  // Reading a pipe or a device would wait for its writer.
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return Refused(FileOutcome::kCannotOpen);
   if (file.size() > kMostProgramBytes) return Refused(FileOutcome::kTooBig);
   ProgramText program;
@@ -97,7 +97,7 @@ ProgramText ReadProgram(const QString& path) {
 
 FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text) {
   const QFileInfo old(path);
-  // Renaming over a read-only file would work; the operator who protected it wants it kept.
+  // Renaming over a read-only file would succeed, but the operator who protected it wants it kept.
   if (path.isEmpty() || (old.exists() && (!old.isFile() || !(old.permissions() & QFileDevice::WriteOwner)))) {
     return FileOutcome::kCannotSave;
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A program file on its way into the editor and back: what may be read, in which encoding and with which line ends, and
-// where a line begins in its bytes. Paths here are this machine's. It knows no widget, and any thread may call it.
+// Reads a program file for the editor and writes it back: which files may be read, in which encoding and with which
+// line ends, and where a line begins in the file. Paths here are host paths. It knows no widget, and any thread may
+// call it.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -13,34 +14,34 @@ namespace panel {
 
 enum class FileOutcome { kDone, kCannotOpen, kCannotSave, kNotAText, kTooBig };
 
-/// How a text lies in its file.
+/// The layout of a text in its file. The default is what Save writes: UTF-8 without a mark, each line but the last
+/// ended by carriage return and line feed.
 struct ProgramLayout {
-  /// What Save makes: UTF-8 without a mark, each line but the last ended by carriage return and line feed.
   QStringConverter::Encoding encoding = QStringConverter::Utf8;
   int markBytes = 0;
-  /// How many characters end each line, in order, where not all have two.
+  /// The number of characters that end each line, in order. Empty when each line ends with two.
   QByteArray ends;
 
   [[nodiscard]] qint64 BytesOf(QStringView text) const;
-  /// Bytes of the end of a line.
+  /// The number of bytes that end that line.
   [[nodiscard]] qint64 EndBytes(int line) const;
 };
 
 struct ProgramText {
   FileOutcome outcome = FileOutcome::kDone;
-  QString text;  // lines end with \n, whatever ended them in the file: \r\n, \n or \r
+  QString text;  // lines end with \n, whether the file has \r\n, \n or \r
   ProgramLayout layout;
 };
 
 inline constexpr qint64 kMostProgramBytes = 32LL * 1024 * 1024;
-/// A line that is longer belongs to no program, and would take the editor minutes to draw.
+/// In characters. A longer line belongs to no program, and the editor would take minutes to draw it.
 inline constexpr qsizetype kLongestProgramLine = 100'000;
 
-/// A byte order mark decides the encoding, else UTF-8 if it is that, else Latin-1. A file with a NUL, or with a line
-/// that is too long, is no text.
+/// Reads a file. A byte order mark decides the encoding; without one it is UTF-8 if the bytes are valid, else Latin-1.
+/// A file with a NUL or with a line that is too long is not a text.
 [[nodiscard]] ProgramText ReadProgram(const QString& path);
-/// Replaces the file whole, in the layout that ProgramLayout has at first. text: its lines end with \n or a paragraph
-/// separator. On failure the old file stays.
+/// Replaces the whole file, in the default ProgramLayout. The lines of text end with \n or a paragraph separator. On
+/// failure the old file stays.
 [[nodiscard]] FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text);
 
 }  // namespace panel

@@ -54,13 +54,13 @@ void Question::Ask(const QString& text, const QStringList& answers, std::functio
 }
 
 void Question::FocusCareful() {
-  // The careful answer is in front, so that a hasty Enter loses nothing.
+  // The careful answer has the focus, so that a hasty Enter loses nothing.
   if (!keys_.empty()) keys_.back()->setFocus();
 }
 
 void Question::Answer(int index) {
   if (!Stands() || index < 0) return;
-  // The question is gone before anybody hears its answer: whoever hears it may ask the next one.
+  // The question is closed before answered is called, because answered may ask the next one.
   const auto answered = std::exchange(answered_, nullptr);
   hide();
   answered(index);
@@ -110,7 +110,7 @@ void Question::keyPressEvent(QKeyEvent* event) {
       focusNextPrevChild(event->key() == Qt::Key_Right);
       return;
     default:
-      // Nothing behind the cover hears a key while it stands.
+      // No key reaches what is under the cover.
       event->accept();
   }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A question inside the panel: a text and a few big keys, over everything but status and operator keys. The one that
-// stands is answered once; Escape gives the last answer.
+// A question as a cover over the panel: a text and a few big keys. It leaves status, axes and the machine's keys free.
+// A question is answered at most once; Escape gives the last answer.
 #pragma once
 
 #include <QString>
@@ -18,10 +18,11 @@ class Question : public QWidget {
 
  public:
   explicit Question(QWidget* parent);
-  /// answered gets the index of the key; the last key is the careful answer. A question that stands is answered so.
+  /// Asks a question. answered gets the index of the key; the last key is the careful answer. A question that is still
+  /// open is answered with its last key first.
   void Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered);
   void Answer(int index);
-  /// The keyboard to the careful answer.
+  /// Gives the keyboard to the careful answer.
   void FocusCareful();
   [[nodiscard]] bool Stands() const { return static_cast<bool>(answered_); }
   [[nodiscard]] const QString& Text() const { return text_; }
@@ -42,7 +43,8 @@ class Question : public QWidget {
   int fontPixels_ = 16;
 };
 
-/// Moves the focus among widgets alone, so that Tab doesn't lead behind a cover. False when none can take it.
+/// Moves the focus to the next or previous of these widgets, so that Tab never leaves a cover. Returns false when none
+/// of them can take it.
 bool FocusAmong(const std::vector<QWidget*>& widgets, bool next);
 
 }  // namespace panel

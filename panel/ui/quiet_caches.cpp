@@ -8,7 +8,7 @@
 namespace panel {
 
 void QuietFontCache() {
-  // QFontCache::instance() is no part of Qt's public headers, so it is looked up by name and may be missing.
+  // QFontCache::instance() isn't in Qt's public headers, so it is looked up by name and may be missing.
   using Instance = void* (*)();
   if (auto* instance = reinterpret_cast<Instance>(dlsym(RTLD_DEFAULT, "_ZN10QFontCache8instanceEv"))) instance();
 }

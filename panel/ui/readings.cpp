@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kGap = 4;
 
-constexpr int kSmallest = 6;  // a number gets as small as this before a digit of it is lost
+constexpr int kSmallest = 6;  // a number shrinks to this before it loses a digit
 
 void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int fontPixels) {
   theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
@@ -38,7 +38,7 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int
     }
   }
   const int most = std::min(value.height(), 64);
-  // As for the axes: the size follows a number of usual length and not the digits of the moment.
+  // The size is that of a number of usual length, so that the digits don't change size, as with the axes.
   const int usual = theme::FittingFont(QStringLiteral("00000"), value.width(), most, kSmallest, true).pixelSize();
   theme::DrawText(painter, value, Qt::AlignRight | Qt::AlignVCenter, reading.value,
                   theme::FittingFont(reading.value, value.width(), usual, kSmallest, true),
@@ -50,7 +50,7 @@ Word FeedCaption(const pnl::rig::MachineState& state) {
   return state.inches ? Word::kFeedInch : Word::kFeed;
 }
 
-/// What the axes move with, in the unit of the caption.
+/// The feed of the axes, in the unit of the caption.
 QString FeedText(const pnl::rig::MachineState& state) {
   constexpr int kFineDecimals = 4;  // a feed per revolution is a few thousandths
   const double lengths = state.inches ? state.feed / kMillimetresPerInch : state.feed;
@@ -61,7 +61,7 @@ QString FeedText(const pnl::rig::MachineState& state) {
 QString SpeedDetail(const pnl::rig::MachineState& state) {
   QString detail;
   if (state.spindleDirection != 0) detail = state.spindleDirection > 0 ? QStringLiteral("M3 ") : QStringLiteral("M4 ");
-  // Under G96 the programmed number is a cutting speed and no number of revolutions.
+  // Under G96 the programmed number is a cutting speed, not a spindle speed.
   if (state.cuttingSpeed) detail += QStringLiteral("G96 ");
   return detail + QLatin1Char('S') + FormatNumber(state.programmedSpeed);
 }

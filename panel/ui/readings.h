@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Feed, override, spindle and tool as tiles, a caption over a value each; in one row when flat, else in two columns.
-// It shows what it is given and asks nobody.
+// Feed, override, spindle and tool as tiles, each with a caption over a value. The tiles are one row in a flat field,
+// else two columns. It shows only what it is given.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -14,23 +14,24 @@ namespace panel {
 struct Reading {
   QString caption;
   QString value;
-  QString detail;       // small, beside or below; empty for none
-  bool stands = false;  // differs from the ordinary: drawn in amber
+  QString detail;       // small, beside the caption or below the value; empty for none
+  bool stands = false;  // differs from the usual value; drawn in amber
   bool operator==(const Reading&) const = default;
 };
 
-/// "1000", "0.25": as many decimals as it needs, of a number below 100 at most so many, of a bigger one at most one.
+/// "1000", "0.25": without trailing zeros. At most decimals decimals for a number below 100, at most one for a bigger
+/// number.
 [[nodiscard]] QString FormatNumber(double value, int decimals = 3);
-/// Feed, override, spindle and tool of a machine, each in the unit in which it is programmed at this moment.
+/// Feed, override, spindle and tool of a machine, each in the unit in which it is programmed now.
 [[nodiscard]] std::vector<Reading> ReadingsOf(const pnl::rig::MachineState& state);
-/// The same tiles without a machine.
+/// The same tiles with dashes, for a panel without a machine.
 [[nodiscard]] std::vector<Reading> NoReadings();
 
 class Readings : public QWidget {
  public:
   explicit Readings(QWidget* parent);
   void Show(std::vector<Reading> readings);
-  /// The captions are never smaller than that; the values are as big as they find room.
+  /// The least height of the captions, in pixels. The values are as big as there is room.
   void SetFontPixels(int pixels);
   [[nodiscard]] const std::vector<Reading>& Shown() const { return readings_; }
 
@@ -42,7 +43,7 @@ class Readings : public QWidget {
   int fontPixels_ = 12;
 };
 
-/// The line of modal G codes with the block in hand.
+/// The line with the modal G codes and the current block.
 class ModalLine : public QWidget {
  public:
   explicit ModalLine(QWidget* parent);

@@ -90,14 +90,14 @@ void SoftKeyBar::SetInner(bool inner) {
 }
 
 void SoftKeyBar::Take(std::vector<SoftKeyItem> items) {
-  // The panel redraws many times a second while axes move; its keys are the same nearly always.
+  // The panel redraws many times a second while axes move, but its keys rarely change.
   if (items == items_) return;
   items_ = std::move(items);
   UpdateDisplay();
 }
 
 void SoftKeyBar::Read() {
-  // A sub-menu that has gone closes by itself.
+  // A sub-menu that no longer exists closes.
   while (menus_.size() > 1 && !source_.exists(menus_.back())) menus_.pop_back();
   Take(source_.read(menus_.back()));
 }
@@ -150,7 +150,7 @@ void SoftKeyBar::SetFontPixels(int pixels) {
 }
 
 void SoftKeyBar::ShowItem(PanelKey& key, const SoftKeyItem* item) {
-  // An empty slot stays where it is, unlit: keys must not change places under a finger.
+  // An empty slot stays as a disabled key: keys must not change places under a finger.
   key.setEnabled(item != nullptr && item->enabled);
   key.setText(item == nullptr ? QString() : item->text);
   key.setAccessibleName(item == nullptr ? QString() : item->text);
@@ -175,7 +175,7 @@ void SoftKeyBar::Place() {
   const int length = across ? width() : height();
   const int touch = theme::TouchPixels(*this);
   const int narrow = std::max(touch, across ? std::min(length / 12, 72) : touch);
-  // At the side the two paging keys share a row, which is there only when it is needed.
+  // In the side bar the two paging keys share a row, which is there only when it is needed.
   const bool paging = across || PageCount() > 1 || InSubMenu() || IsInner();
   back_->setVisible(paging);
   more_->setVisible(paging);

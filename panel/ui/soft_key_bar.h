@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A bar of soft keys made from menu data: hidden items skipped, sub-menus opened on press, more items than keys paged.
-// It draws what it is given and says which item was pressed; whose menu it is, it doesn't know.
+// A bar of soft keys made from menu items. It skips hidden items, opens a sub-menu on a press, and pages when there are
+// more items than keys. It says which item was pressed; it doesn't know whose menu it shows.
 #pragma once
 
 #include <QByteArray>
@@ -27,12 +27,12 @@ struct SoftKeyItem {
   bool operator==(const SoftKeyItem&) const = default;
 };
 
-/// The visible items of a menu of the tools, as they are now. Empty for a menu that isn't there.
+/// The visible items of a tool's menu, as they are now. Empty when there is no such menu.
 [[nodiscard]] std::vector<SoftKeyItem> ReadMenu(std::uint32_t menu);
 /// Whether a menu handle is in use.
 [[nodiscard]] bool MenuExists(std::uint32_t menu);
 
-/// Where a bar gets a menu from: the tools' menus unless a test brings others.
+/// Where a bar reads menus from: the tools' menus, unless a test brings others.
 struct MenuSource {
   std::function<bool(std::uint32_t)> exists = &MenuExists;
   std::function<std::vector<SoftKeyItem>(std::uint32_t)> read = &ReadMenu;
@@ -42,19 +42,19 @@ class SoftKeyBar : public QWidget {
   Q_OBJECT
 
  public:
-  /// keyAt names the keyboard's key for each slot.
+  /// keyAt returns the key on the keyboard for each slot.
   SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence (*keyAt)(int), QWidget* parent);
 
-  /// Shows a tool's menu. A menu that was shown before keeps its page and its open sub-menu.
+  /// Shows a tool's menu. When it is shown already, its page and its open sub-menu stay.
   void ShowMenu(std::uint32_t menu);
   /// Shows the panel's own keys.
   void ShowItems(std::vector<SoftKeyItem> items);
-  /// The panel's own keys lie inside others: the key back leads out of them, which Left tells.
+  /// Whether the panel's own keys are an inner level. Then the key back, on their first page, emits Left.
   void SetInner(bool inner);
-  /// Presses the key in that slot as the keyboard does; nothing for an empty or disabled one.
+  /// Presses the key in that slot as the keyboard does. Does nothing for an empty or disabled one.
   void Press(int slot);
   void NextPage();
-  /// Out of a sub-menu, else back to the first page.
+  /// Goes back to the first page and out of a sub-menu.
   void Back();
 
   void SetFontPixels(int pixels);
@@ -71,7 +71,7 @@ class SoftKeyBar : public QWidget {
   [[nodiscard]] PanelKey* BackKey() const { return back_; }
 
  signals:
-  /// menu is 0 when the panel's own keys show.
+  /// menu is the tool's menu, or 0 for the panel's own keys.
   void Pressed(int id, std::uint32_t menu);
   void Left();
 
@@ -88,7 +88,7 @@ class SoftKeyBar : public QWidget {
   Qt::Orientation orientation_;
   int slotCount_;
   MenuSource source_;
-  std::vector<std::uint32_t> menus_;  // the tool's menu and the sub-menus opened in it; empty for the panel's own
+  std::vector<std::uint32_t> menus_;  // the tool's menu and the open sub-menus; empty for the panel's own keys
   std::vector<SoftKeyItem> items_;
   int page_ = 0;
   bool inner_ = false;

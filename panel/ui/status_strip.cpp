@@ -14,7 +14,7 @@ ChannelLook MotionOf(const pnl::rig::MachineState& state) {
   constexpr int kRunning = 2;
   constexpr int kInterrupted = 4;
   constexpr int kAborted = 8;
-  // Hold is one reason for an interruption: the more exact word wins.
+  // Feed hold is one kind of interruption; the more exact word wins.
   if (state.channelStatus == kAborted) return {Word::kAborted, theme::kRed};
   if (state.feedHold) return {Word::kFeedHold, theme::kAmber};
   if (state.channelStatus == kInterrupted) return {Word::kInterrupted, theme::kAmber};
@@ -25,11 +25,11 @@ ChannelLook MotionOf(const pnl::rig::MachineState& state) {
 }  // namespace
 
 ChannelLook LookOf(const pnl::rig::MachineState& state) {
-  // Nothing runs while it is pressed, whatever else the channel says.
+  // Nothing runs while the emergency stop is pressed, whatever else the channel reports.
   if (state.emergencyStop) return {Word::kEmergencyStop, theme::kRed};
   ChannelLook look = MotionOf(state);
   if (!state.inspecting) return look;
-  // Axes that move must show as moving during inspection too.
+  // Moving axes must show as moving during an inspection too.
   if (look.word == Word::kReady) return {Word::kInspection, theme::kViolet};
   look.inspecting = true;
   return look;

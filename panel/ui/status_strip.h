@@ -13,14 +13,14 @@
 
 namespace panel {
 
-/// What the channel is doing, as one word and one colour; during inspection the word follows that one.
+/// The state of the channel as a word and a colour. During an inspection "inspection" precedes the word.
 struct ChannelLook {
   Word word = Word::kNoMachine;
   QRgb color = 0;
   bool inspecting = false;
 };
 
-/// A status that is none counts as ready.
+/// An unknown status counts as ready.
 [[nodiscard]] ChannelLook LookOf(const pnl::rig::MachineState& state);
 [[nodiscard]] ChannelLook LookWithoutMachine();
 
@@ -39,7 +39,7 @@ class StatusStrip : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  /// Where state, mode and indicator stand.
+  /// The places of state, mode and indicator.
   struct Fields {
     QRect state;
     QRect mode;

@@ -58,7 +58,7 @@ QPalette DarkPalette() {
   return palette;
 }
 
-/// The share of light that a channel gives, by its value from 0 to 1.
+/// The linear light of a colour channel, both from 0 to 1.
 double Linear(double channel) {
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
@@ -67,7 +67,7 @@ double Luminance(const QColor& color) {
   return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
 }
 
-/// Breaks text into lines of that width. Its height.
+/// Breaks text into lines of that width. Returns their height.
 qreal BreakIntoLines(QTextLayout& layout, const QString& text, const QFont& font, Qt::Alignment alignment, int width) {
   QTextOption option(alignment);
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -87,11 +87,11 @@ qreal BreakIntoLines(QTextLayout& layout, const QString& text, const QFont& font
   return height;
 }
 
-/// The first and last of a text's characters, kept in all, with a sign between for what is left out.
+/// Keeps that many characters of a text, half of them from each end, with an ellipsis for the rest.
 QString WithoutMiddle(const QString& text, qsizetype kept) {
   qsizetype first = (kept + 1) / 2;
   qsizetype last = text.size() - kept / 2;
-  // A pair of surrogates stays together or goes.
+  // A surrogate pair is kept whole or dropped.
   if (first > 0 && text.at(first - 1).isHighSurrogate()) --first;
   if (last < text.size() && text.at(last).isLowSurrogate()) ++last;
   return text.left(first) + QChar(0x2026) + text.mid(last);
@@ -112,7 +112,7 @@ QColor InkOn(const QColor& fill) {
 }
 
 QColor HoverOf(const QColor& fill) {
-  // Away from its ink, so that the text on it is read no worse.
+  // The field moves away from the colour of its text, so that the text is no harder to read.
   constexpr int kStep = 112;
   return InkOn(fill) == QColor(kText) ? fill.darker(kStep) : fill.lighter(kStep);
 }
@@ -142,8 +142,8 @@ QFont MonoFont(int pixels) {
 QFont FittingFont(const QString& text, int width, int pixels, int least, bool bold) {
   int size = pixels;
   const int needed = QFontMetrics(Font(size, bold)).horizontalAdvance(text);
-  // Widths grow as sizes do, nearly: one step by proportion, the rest by trying.
-  // Advances are rounded: a text exactly as wide as its room may be a fraction wider, and would be cut.
+  // Widths grow nearly in proportion to sizes, so one step goes by proportion and the rest by trying. Advances are
+  // rounded: a text exactly as wide as its room may really be a fraction wider and would be cut.
   if (needed >= width && needed > 0) size = std::max(least, size * width / needed + 1);
   while (size > least && QFontMetrics(Font(size, bold)).horizontalAdvance(text) >= width) --size;
   return Font(std::max(size, least), bold);
@@ -153,7 +153,7 @@ int TouchPixels(qreal dotsPerInch) {
   constexpr qreal kTouchMillimetres = 9;
   constexpr qreal kMillimetresPerInch = 25.4;
   constexpr int kLeast = 34;
-  // A screen that doesn't know its size answers 0, infinity or nonsense.
+  // A screen that doesn't know its size reports 0, infinity or nonsense.
   if (!(dotsPerInch >= 40 && dotsPerInch <= 800)) dotsPerInch = 96;
   return std::max(kLeast, static_cast<int>(std::ceil(kTouchMillimetres * dotsPerInch / kMillimetresPerInch - 1e-6)));
 }
@@ -177,7 +177,7 @@ QString ParagraphIn(const QString& text, const QFont& font, QSize field) {
     const qreal height = BreakIntoLines(layout, shown, font, Qt::AlignLeft, field.width());
     return height <= field.height() || layout.lineCount() == 1;
   };
-  // No field of the panel has room for more; a text of any length costs no more than this one.
+  // No field of the panel has room for more, so a longer text costs no more than one of this length.
   constexpr qsizetype kMost = 4000;
   QString shown = text.size() > kMost ? WithoutMiddle(text, kMost) : text;
   if (fits(shown)) return shown;
@@ -203,7 +203,7 @@ void DrawParagraph(QPainter& painter, const QRect& rect, Qt::Alignment alignment
 }
 
 void DrawArrow(QPainter& painter, const QRect& rect, Qt::ArrowType direction, QColor color) {
-  // Its tip to the right, around the origin, then turned.
+  // The arrow points to the right around the origin; then it is turned.
   const QPolygonF arrow({{0.45, 0}, {-0.35, -0.5}, {-0.35, 0.5}});
   const qreal degrees = direction == Qt::DownArrow   ? 90
                         : direction == Qt::LeftArrow ? 180

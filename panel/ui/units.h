@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one conversion between what the machine reports and what an operator reads under G20.
+// The conversion between what the machine reports and what an operator reads under G20.
 #pragma once
 
 namespace panel {

@@ -15,7 +15,7 @@ struct CaseRange {
   std::int32_t delta;  // from the small letter to its capital
 };
 
-// Unicode 14's simple capitals of the Latin, Greek and Cyrillic letters behind ASCII, in rising order.
+// Unicode 14's simple capitals of the Latin, Greek and Cyrillic letters beyond ASCII, in rising order.
 constexpr CaseRange kRanges[] = {
     {0x00B5, 0x00B5, 1, 743},   {0x00E0, 0x00F6, 1, -32},    {0x00F8, 0x00FE, 1, -32},    {0x00FF, 0x00FF, 1, 121},
     {0x0101, 0x012F, 2, -1},    {0x0131, 0x0131, 1, -232},   {0x0133, 0x0137, 2, -1},     {0x013A, 0x0148, 2, -1},

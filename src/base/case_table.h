@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The capitals of the letters behind ASCII, as data. Only ToUpper of base/text.h asks for them; ASCII is its own
-// business, and comparisons go through it.
+// The capitals of the letters beyond ASCII, as data. For ToUpper of base/text.h only, which handles ASCII itself.
 #pragma once
 
 namespace pnl {
 
-/// The capital of a Latin, Greek or Cyrillic small letter above U+007F; any other unit as it is.
+/// The capital of a Latin, Greek or Cyrillic small letter above U+007F. Returns any other unit as it is.
 [[nodiscard]] char16_t CapitalBehindAscii(char16_t c);
 
 }  // namespace pnl

@@ -4,7 +4,7 @@
 namespace pnl {
 namespace {
 
-/// The letter in capitals; 0 for what is no drive letter.
+/// The letter as a capital; 0 when it isn't a drive letter.
 char DriveLetter(char letter) {
   if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 0x20);
   return letter >= 'A' && letter <= 'Z' ? letter : '\0';

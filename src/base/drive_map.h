@@ -9,10 +9,11 @@
 
 namespace pnl {
 
-/// Holds one folder of this machine for each drive letter.
+/// The folder of this machine for each drive letter.
 class DriveMap {
  public:
-  /// An empty folder takes the drive away. Letters compare without regard to case; others than A to Z are ignored.
+  /// Sets the folder of a drive. An empty folder removes the drive. Letters compare without regard to case; a character
+  /// that isn't A to Z is ignored.
   void Set(char letter, std::string hostFolder);
   [[nodiscard]] std::optional<std::string> Folder(char letter) const;
   [[nodiscard]] std::vector<char> Letters() const;

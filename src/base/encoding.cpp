@@ -64,7 +64,7 @@ std::size_t DecodeUtf8(std::string_view bytes, bool last, Text& text) {
     const std::size_t ascii = AsciiPrefix(bytes.substr(at));
     AppendBytes(bytes.substr(at, ascii), text);
     at += ascii;
-    // Behind plain letters a sequence may be cut off by the end of this piece.
+    // The end of this piece may cut a sequence off.
     if (at == bytes.size() || (!last && bytes.size() - at < kLongestSequence)) break;
     const Sequence sequence = SequenceAt(bytes.substr(at, kLongestSequence));
     if (sequence.length == 0) {

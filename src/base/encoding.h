@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a file's bytes mean: the encodings that are read, how one is recognised, and decoding piece by piece, for
-// readers that don't hold the whole file. Whole texts are converted by base/text.h, which stands on this.
+// The encodings of text files: which ones are read, how one is recognised, and decoding piece by piece for readers that
+// don't have the whole file in memory. base/text.h converts whole texts and is built on this.
 #pragma once
 
 #include <cstddef>
@@ -18,12 +18,13 @@ struct EncodingMark {
   std::size_t length = 0;  // bytes of the mark
 };
 
-/// The byte order mark that the bytes begin with; nothing when there is none.
+/// The byte order mark with which the bytes begin; nothing when there is none.
 [[nodiscard]] std::optional<EncodingMark> MarkOf(std::string_view bytes);
-/// How many bytes at the start are whole, well-formed UTF-8 sequences.
+/// How many bytes at the start form whole, well-formed UTF-8 sequences.
 [[nodiscard]] std::size_t ValidUtf8Prefix(std::string_view bytes);
-/// Appends the text of the bytes and returns how many were used. More bytes are to follow unless last is set: then up
-/// to three at the end may be left for the next call. With last all are used, and what is cut off becomes U+FFFD.
+/// Appends the text of the bytes to text and returns how many bytes were used. Unless last is set, more bytes are to
+/// follow, and up to three at the end may be left for the next call. If last is set, all bytes are used, and a sequence
+/// that is cut off becomes U+FFFD.
 std::size_t Decode(Encoding encoding, std::string_view bytes, bool last, Text& text);
 
 }  // namespace pnl

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Files that fail where they are told to: a decorator over other files, for showing that a tool survives a full disc, a
-// folder that can't be written, a file that breaks off in the middle. Records what was asked, in order. What isn't told
-// to fail goes through.
+// Files that fail on command: a decorator over other files. It shows that a tool survives a full disc, a folder that
+// can't be written, or a file that breaks off in the middle. It records the calls of enum Call in order. Calls that
+// aren't told to fail go through.
 #pragma once
 
 #include <cstdint>
@@ -28,17 +28,17 @@ class FailingFiles final : public Files {
 
   explicit FailingFiles(Files& inner) : inner_(inner) {}
 
-  /// From now on the first-th such call on the path (counted from 1), and as many in all as count says, answer status
-  /// and do nothing. Paths compare without regard to case; an empty one stands for every path.
+  /// Makes count such calls on the path return status and do nothing, from the first-th call from now on (counted from
+  /// 1). Paths compare without regard to case; an empty path means every path.
   void Fail(Call call, TextView path, FileStatus status, int first = 1, int count = 1);
-  /// The disc takes only so many bytes more: a Replace with more answers kDiscFull, and the old file stays.
+  /// The disc has room for only so many bytes more. A Replace with more returns kDiscFull, and the old file stays.
   void SetRoom(std::uint64_t bytes) { room_ = bytes; }
-  /// Readers of the path opened from now on break off with -1 after so many bytes.
+  /// Readers of the path that are opened from now on return -1 after so many bytes.
   void FailReadsAfter(TextView path, std::uint64_t bytes);
-  /// Everything in and below the folder is out of reach from now on, as when its disc isn't mounted; with an empty path
-  /// every file is.
+  /// Puts everything in and below the folder out of reach from now on, as when its disc isn't mounted. An empty path
+  /// takes every file away.
   void TakeAway(TextView folder) { away_.emplace_back(folder); }
-  /// Forgets every failure and brings back what was taken away; the record stays.
+  /// Forgets every failure and brings back what was taken away. The record stays.
   void Heal();
   [[nodiscard]] const std::vector<Asked>& AskedSoFar() const { return asked_; }
 
@@ -63,12 +63,12 @@ class FailingFiles final : public Files {
   };
 
   [[nodiscard]] bool IsAway(TextView path) const;
-  /// The status of the failure that is due for this call; nothing when it may go through.
+  /// Counts this call and returns the status of the failure that is due for it; nothing when the call may go through.
   std::optional<FileStatus> Due(Call call, TextView path) const;
   FileStatus Record(Call call, TextView path, FileStatus answer) const;
 
   Files& inner_;
-  // Asking counts, and asking is const in the seam.
+  // Mutable because a call is counted and recorded, and calls that only read are const in the seam.
   mutable std::vector<Failure> failures_;
   mutable std::vector<Asked> asked_;
   std::vector<BrokenRead> brokenReads_;

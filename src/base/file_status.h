@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How an operation on a file ended, and how a content comes that is written piece by piece.
+// The result of an operation on a file, and the source of a content that is written piece by piece.
 #pragma once
 
 #include <functional>
@@ -9,15 +9,15 @@ namespace pnl {
 
 enum class FileStatus {
   kOk,
-  kNotFound,    // its folder was looked through: nothing in it has that name
-  kOutOfReach,  // nobody can say what is there: see FileInfo
+  kNotFound,    // its folder was searched: nothing in it has that name
+  kOutOfReach,  // it can't be found out what is there: see FileInfo
   kDenied,
   kIsFolder,
   kDiscFull,
   kFailed
 };
 
-/// Gives a content piece by piece; an empty piece is its end. What it gave last is valid until it is asked again.
+/// Returns the next piece of a content; an empty piece marks the end. A piece is valid until the next call.
 using PieceSource = std::function<std::string_view()>;
 
 }  // namespace pnl

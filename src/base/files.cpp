@@ -19,7 +19,7 @@ namespace {
 
 FileStatus CheckTarget(TextView panelPath, const std::optional<Located>& found) {
   if (!found) return FileStatus::kOutOfReach;
-  // A drive's own place is a folder even while its disc is missing: no file may take that name.
+  // A drive's root is a folder even while its disc is missing, so no file may take that name.
   if (ParsePanelPath(panelPath)->names.empty()) return FileStatus::kIsFolder;
   return found->presence == Presence::kOutOfReach ? FileStatus::kOutOfReach : CheckReplace(found->host);
 }
@@ -56,8 +56,8 @@ struct OpenedFile {
   std::uint64_t size = 0;
 };
 
-/// A regular file that its owner may read. Anything else (a pipe, a device) is refused before it is opened, because
-/// opening alone could wait for ever or do something to the device.
+/// Returns kOk for a regular file that its owner may read. Anything else (a pipe, a device) is refused before it is
+/// opened, because opening alone could block for ever or have an effect on the device.
 FileStatus CheckReadable(const struct stat& info) {
   if (S_ISDIR(info.st_mode)) return FileStatus::kIsFolder;
   return S_ISREG(info.st_mode) && (info.st_mode & S_IRUSR) != 0 ? FileStatus::kOk : FileStatus::kDenied;
@@ -69,7 +69,7 @@ OpenedFile OpenRegular(const Located& found) {
   if (const FileStatus status = CheckReadable(found.info); status != FileStatus::kOk) return {status, {}, 0};
   Descriptor file(open(found.host.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) return {StatusOfError(errno), {}, 0};
-  // Somebody may have put another thing in its place meanwhile.
+  // Something else may have been put in its place since the check.
   struct stat info {};
   if (fstat(file.Get(), &info) != 0) return {StatusOfError(errno), {}, 0};
   const FileStatus status = CheckReadable(info);
@@ -141,8 +141,8 @@ std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std
   if (!reader || reader->Size() > limit) return std::nullopt;
   std::string bytes;
   std::size_t used = 0;
-  // One byte more than the file had, so that the end is met without growing; a file that grows meanwhile is followed up
-  // to the limit.
+  // One byte more than the file had, so that the read which finds the end needs no larger buffer. A file that grows
+  // meanwhile is read up to the limit.
   std::uint64_t room = std::min(reader->Size(), limit) + 1;
   for (;;) {
     bytes.resize(static_cast<std::size_t>(room));
@@ -163,7 +163,7 @@ struct DrivesOfItsOwn {
   DriveMap drives;
 };
 
-/// Disc files over a copy of the drive map.
+/// Disc files with a copy of the drive map of their own.
 class CopiedDiscFiles final : private DrivesOfItsOwn, public DiscFiles {
  public:
   explicit CopiedDiscFiles(const DriveMap& original) : DrivesOfItsOwn{original}, DiscFiles(drives) {}

@@ -11,7 +11,7 @@
 namespace pnl {
 namespace {
 
-/// An argument as a whole number; nothing for a text.
+/// The argument as a whole number; nothing for a text.
 std::optional<std::int64_t> AsInteger(const FormatArg& arg) {
   const auto& value = arg.Value();
   if (const auto* integer = std::get_if<std::int64_t>(&value)) return *integer;
@@ -39,7 +39,7 @@ Text AsText(const FormatArg& arg) {
   return PrintSigned(std::get<std::int64_t>(value), plain);
 }
 
-/// Cuts an integer to the width that the conversion asks for, as a C compiler does on its way to printf.
+/// Cuts an integer to the size that the conversion asks for, as printf does with its argument.
 std::int64_t CutSigned(std::int64_t value, FormatSpec::Size size) {
   switch (size) {
     case FormatSpec::Size::kByte:
@@ -69,7 +69,7 @@ std::uint64_t CutUnsigned(std::int64_t value, FormatSpec::Size size) {
   return bits;
 }
 
-/// The arguments in turn; nothing when they are used up.
+/// Hands out the arguments in turn; null when they are used up.
 class ArgQueue {
  public:
   ArgQueue(const FormatArg* first, const FormatArg* end) : next_(first), end_(end) {}

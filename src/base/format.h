@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Formatting with the meaning of printf over typed arguments. A format from a language pack may ask for anything: what
-// doesn't fit its argument prints something odd, but nothing is ever read that isn't there. Always with a point as
-// the decimal mark, whatever the process's locale.
+// Formats typed arguments as printf does. A format from a language pack may contain anything: a conversion that doesn't
+// fit its argument prints something odd, but never reads memory that isn't its own. The decimal mark is always a point,
+// whatever the process's locale.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace pnl {
 
-/// One argument of Format. Integers keep their sign and width; texts are borrowed for the call.
+/// One argument of Format. An integer is kept in 64 bits. A text is borrowed and must outlive the call.
 class FormatArg {
  public:
   FormatArg(int value) : value_(static_cast<std::int64_t>(value)) {}
@@ -35,11 +35,10 @@ class FormatArg {
   std::variant<std::int64_t, double, char16_t, TextView> value_;
 };
 
-/// The formatted text. %d %i take 32 bits signed (as an int would), %u %x %X %o 32 bits unsigned, with l, ll, I64 the
-/// 64 bits; %c %s %e %E %f %g %G %% and flags, width, precision and '*' as printf has them; %S and %ls are %s.
-/// A conversion without an argument, or of an unknown letter, prints nothing for it; a wrong type is converted where
-/// that makes sense (number to number, number to text) and prints nothing otherwise. Width and precision are capped
-/// at 4096.
+/// Returns the formatted text. %d %i take 32 bits signed, %u %x %X %o 32 bits unsigned; with l, ll or I64 they take 64
+/// bits. %c %s %e %E %f %F %g %G %%, flags, width, precision and '*' work as in printf; %S and %ls are %s, %C is %c. A
+/// conversion that has no argument or an unknown letter prints nothing. An argument of another type is converted where
+/// that makes sense (number to number, number to text), else it prints nothing. Width and precision are capped at 4096.
 [[nodiscard]] Text FormatList(TextView format, std::initializer_list<FormatArg> args);
 
 template <typename... Args>

@@ -36,7 +36,7 @@ void TakeFlags(TextView& rest, FormatSpec& spec) {
       case u'0':
         spec.zeros = true;
         break;
-      case u'\'':  // Grouping, which the C locale doesn't do.
+      case u'\'':  // Grouping has no effect in the C locale.
         break;
       default:
         return;
@@ -58,7 +58,7 @@ FormatSpec::Size TakeSize(TextView& rest) {
     TextView word;
     Size size;
   };
-  // Longer ones first. "w" and "L" ask for wide letters and long doubles: what is printed here is that already.
+  // Longer words come first. "w" and "L" ask for wide letters and long doubles and change nothing here.
   static constexpr Modifier kModifiers[] = {
       {u"I64", Size::kLong}, {u"I32", Size::kInt}, {u"I", Size::kLong}, {u"hh", Size::kByte}, {u"h", Size::kShort},
       {u"ll", Size::kLong},  {u"l", Size::kLong},  {u"q", Size::kLong}, {u"j", Size::kLong},  {u"z", Size::kLong},
@@ -112,7 +112,7 @@ FormatSpec TakeFormatSpec(TextView& rest) {
   spec.widthFromArgument = TakeIf(rest, u'*');
   if (!spec.widthFromArgument) spec.width = TakeNumber(rest);
   if (TakeIf(rest, u'.')) {
-    // A lone minus behind the point is what printf calls a negative precision: none at all.
+    // A minus after the point makes the precision negative, which printf treats as no precision.
     const bool minus = TakeIf(rest, u'-');
     spec.precisionFromArgument = TakeIf(rest, u'*');
     if (!spec.precisionFromArgument) spec.precision = TakeNumber(rest);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One conversion of a format, parsed: what stands between a percent sign and its letter. Reads no argument; a star is
-// only noted here and filled in by base/format.
+// One parsed conversion of a format: the part from a percent sign to its letter. Reads no argument: it only notes a
+// star, whose value base/format fills in.
 #pragma once
 
 #include "base/text.h"
@@ -10,7 +10,7 @@ namespace pnl {
 struct FormatSpec {
   enum class Kind {
     kUnknown,  // prints nothing and takes no argument
-    kSwallow,  // %n and %p: prints nothing, but printf would take an argument
+    kSwallow,  // %n and %p: prints nothing, but takes an argument as printf does
     kPercent,
     kSigned,
     kUnsigned,
@@ -20,7 +20,7 @@ struct FormatSpec {
   };
   enum class Size { kByte, kShort, kInt, kLong };
   static constexpr int kNone = -1;    // no precision given
-  static constexpr int kMost = 4096;  // of width and precision
+  static constexpr int kMost = 4096;  // limit of width and precision
 
   Kind kind = Kind::kUnknown;
   Size size = Size::kInt;
@@ -36,8 +36,8 @@ struct FormatSpec {
   int precision = kNone;
 };
 
-/// Takes one conversion off the front of rest, which begins behind the percent sign. A conversion that the format's end
-/// cuts off is of unknown kind.
+/// Parses one conversion and removes it from the front of rest, which begins after the percent sign. A conversion that
+/// the format's end cuts off is of unknown kind.
 [[nodiscard]] FormatSpec TakeFormatSpec(TextView& rest);
 
 }  // namespace pnl

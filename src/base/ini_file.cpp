@@ -12,10 +12,10 @@
 namespace pnl {
 namespace {
 
-/// Both names in one, in capitals. No name holds a line feed, so no two pairs meet.
+/// Both names in one text, in capitals. No name contains a line feed, so different pairs give different texts.
 Text IndexName(TextView section, TextView key) { return ToUpper(section) + u'\n' + ToUpper(key); }
 
-/// As a reader of the file would find it.
+/// The text as a reader of the file would find it.
 Text OneLine(TextView text) {
   Text line(Trim(text));
   for (char16_t& c : line) {
@@ -120,7 +120,7 @@ void CIniFile::DeleteKey(TextView section, TextView key) {
   const auto found = keys_.find(IndexName(OneLine(section), OneLine(key)));
   if (found == keys_.end()) return;
   for (Place place = found->second; place.stretch != kNowhere;) {
-    // The line stays in its list, empty, so that the places of the others hold.
+    // The line stays in its list, empty, so that the places of the other lines remain valid.
     Line& line = At(place);
     place = line.again;
     line = {};
@@ -135,7 +135,7 @@ std::vector<Text> CIniFile::GetKeyNames(TextView section) const {
   if (found == sections_.end()) return names;
   for (const std::uint32_t stretch : found->second) {
     for (const Line& line : stretches_[stretch].lines) {
-      // Only where it counts: a second line of the same key isn't told.
+      // Only the line that counts adds the name, so that a key with two lines is listed once.
       if (line.isKey && Find(section, line.name) == &line) names.push_back(line.name);
     }
   }
@@ -151,7 +151,7 @@ std::string CIniFile::Serialize() const {
       if (!line.deleted) put(line.raw);
     }
   }
-  // A first line that begins with the mark's own character would lose it on reading.
+  // Reading drops one byte order mark, so a first line that begins with its character needs another before it.
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   if (bytes.starts_with(kMark)) bytes.insert(0, kMark);
   return bytes;
@@ -181,7 +181,7 @@ void CIniFile::AddLine(TextView line) {
     return;
   }
   std::vector<Line>& lines = stretches_.back().lines;
-  // Lines without meaning are kept together: a file of blank lines must not cost a record for each.
+  // Other lines share one record, so that a file of blank lines doesn't need a record for each.
   if (lines.empty() || lines.back().isKey) {
     lines.push_back({false, false, 0, {}, Text(line), {}, {}});
   } else {
@@ -192,14 +192,14 @@ void CIniFile::AddLine(TextView line) {
 void CIniFile::AddKey(TextView line, std::size_t equals) {
   const TextView name = Trim(line.substr(0, equals));
   const TextView value = Trim(line.substr(equals + 1));
-  // An empty value begins behind the sign, so that nothing is left in front of it when it is set.
+  // An empty value begins right after the sign, so that a value that is set later has no white space before it.
   const std::size_t valueAt = value.empty() ? equals + 1 : static_cast<std::size_t>(value.data() - line.data());
   Stretch& stretch = stretches_.back();
   const Place place{static_cast<std::uint32_t>(stretches_.size() - 1),
                     static_cast<std::uint32_t>(stretch.lines.size())};
   stretch.lines.push_back({true, false, static_cast<std::uint32_t>(valueAt), {}, Text(line), Text(name), Text(value)});
   const auto [first, isNew] = keys_.try_emplace(IndexName(stretch.name, name), place);
-  // The first place counts; every further one hangs on it, in any order.
+  // The first line counts. The others are linked to it, in any order.
   if (!isNew) stretch.lines.back().again = std::exchange(At(first->second).again, place);
 }
 
@@ -213,7 +213,8 @@ const CIniFile::Line* CIniFile::Find(TextView section, TextView key) const {
 void CIniFile::Insert(const Text& section, Line line) {
   const std::uint32_t stretch = StretchOf(section);
   std::vector<Line>& lines = stretches_[stretch].lines;
-  // Behind the last key: the comments after it mostly belong to what follows. No key's place moves.
+  // Insert after the last key: the comments that follow it mostly belong to the next section. No other key's place
+  // changes.
   const auto lastKey = std::find_if(lines.rbegin(), lines.rend(), [](const Line& each) { return each.isKey; });
   const auto at = lines.rend() - lastKey;
   keys_[IndexName(section, line.name)] = {stretch, static_cast<std::uint32_t>(at)};

@@ -17,7 +17,7 @@ std::string Under(const std::string& folder, const std::string& name) {
   return folder.back() == '/' ? folder + name : folder + "/" + name;
 }
 
-/// A folder whose names can be used. Its owner's permission counts for the superuser too.
+/// True for a folder whose entries can be reached. The owner's permission binds the superuser too.
 bool CanBeEntered(const std::string& folder) {
   struct stat info {};
   return stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && (info.st_mode & S_IXUSR) != 0;
@@ -33,13 +33,13 @@ struct Entry {
   std::string name;  // as it is on the disc
 };
 
-/// The name in the folder that equals this one but for case; of several the first in byte order, so that the choice
-/// doesn't hang on the disc's own order.
+/// Finds the entry of the folder that equals name without regard to case. Of several it takes the first in byte order,
+/// so that the choice doesn't depend on the order in which the disc lists them.
 Entry FindNoCase(const std::string& folder, const Text& name) {
   const std::unique_ptr<DIR, int (*)(DIR*)> names(CanBeListed(folder) ? opendir(folder.c_str()) : nullptr, closedir);
   if (!names) return {};
   std::optional<std::string> best;
-  // Only errno tells the end of the names from a disc that gives no more of them.
+  // At the end of the names readdir returns null with errno 0; a disc that fails sets errno.
   errno = 0;
   while (const dirent* entry = readdir(names.get())) {
     const std::string_view found = entry->d_name;
@@ -58,7 +58,7 @@ Entry FindEntry(const std::string& folder, const Text& name) {
   return errno == ENOENT ? FindNoCase(folder, name) : Entry{};
 }
 
-/// What a link's missing target is: absent when its folder can be looked through, else nobody can say.
+/// The presence of a link's missing target: absent when its folder can be searched, else out of reach.
 Presence OfMissingTarget(const std::string& link) {
   const std::string target = ThroughLinks(link);
   struct stat info {};
@@ -75,7 +75,7 @@ Located Locate(const std::string& driveFolder, const std::vector<Text>& names) {
     Entry entry;
     if (located.presence == Presence::kThere) entry = FindEntry(located.host, name);
     located.host = Under(located.host, entry.presence == Presence::kThere ? entry.name : ToUtf8(name));
-    // Below a folder that is missing nothing is known to be absent: the folder may come back with all that it holds.
+    // Nothing below a missing folder is known to be absent: the folder may come back with all that it contains.
     located.presence = &name == &names.back()               ? entry.presence
                        : entry.presence == Presence::kThere ? Presence::kThere
                                                             : Presence::kOutOfReach;

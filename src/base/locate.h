@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where a panel path leads on this machine, and whether there is anything. Knows no drive map: base/files hands it the
-// drive's own folder. Nothing is opened here but folders, and nothing is changed.
+// Finds out where a panel path leads on this machine and whether anything exists there. Knows no drive map: base/files
+// hands it the drive's own folder. Opens nothing but folders and changes nothing.
 #pragma once
 
 #include <sys/stat.h>
@@ -14,23 +14,24 @@ namespace pnl {
 
 enum class Presence {
   kThere,
-  kAbsent,      // its folder was looked through: nothing in it has that name
-  kOutOfReach,  // nobody can say: a folder on the way is missing or refuses, a link leads nowhere, a disc doesn't
-                // answer
+  kAbsent,      // its folder was searched: nothing in it has that name
+  kOutOfReach,  // it can't be found out: a folder on the way is missing or refuses, a link leads to such a place, a
+                // disc doesn't respond
 };
 
 struct Located {
   Presence presence = Presence::kOutOfReach;
-  std::string host;     // each name by exact match, else without regard to case; what isn't there as it was given
-  struct stat info {};  // of what is there, behind all links
+  std::string host;     // each name matched exactly, else without regard to case; a name that doesn't exist as it was
+                        // given
+  struct stat info {};  // of what exists there, after following all links
 };
 
 [[nodiscard]] Located Locate(const std::string& driveFolder, const std::vector<Text>& names);
 
-/// Where the symbolic links at the end of a path lead, whether or not anything is there; the path itself where none
-/// is, and where they lead in a circle.
+/// The path to which the symbolic links at the end of hostPath lead, whether or not anything exists there. Returns
+/// hostPath itself when its end is no link or the links form a circle.
 [[nodiscard]] std::string ThroughLinks(const std::string& hostPath);
-/// The part before the last slash.
+/// The part before the last slash: "/" for a path in the root folder, "." for a path without a slash.
 [[nodiscard]] std::string FolderOf(const std::string& hostPath);
 
 }  // namespace pnl

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A stable merge sort of our own for lists whose order comes from outside: a comparison that is no strict order (which
-// std::stable_sort may answer by reading beyond the list) gives some order here, never more. Not for hot paths with a
-// comparison of ours.
+// A stable merge sort for lists whose comparison comes from outside the library. A comparison that isn't a strict order
+// may make std::stable_sort read beyond the list; here it only gives some order. Not meant for hot paths that compare
+// with code of ours.
 #pragma once
 
 #include <algorithm>
@@ -12,8 +12,8 @@
 
 namespace pnl {
 
-/// Sorts by less(a, b), "a stands before b"; equal items keep their order. About n log2 n calls of less, whatever it
-/// answers. Afterwards the list holds the same items.
+/// Sorts by less(a, b), which means "a comes before b". Equal items keep their order. Calls less about n log2 n times,
+/// whatever it returns. Afterwards the list contains the same items.
 template <typename T, typename Less>
 void MergeSort(std::vector<T>& items, Less less) {
   const std::size_t count = items.size();
@@ -27,7 +27,7 @@ void MergeSort(std::vector<T>& items, Less less) {
       std::size_t left = first;
       std::size_t right = middle;
       while (left < middle && right < end) {
-        // Only a right item that goes truly before the left one overtakes it: that keeps the sort stable.
+        // A right item overtakes the left one only if it comes strictly before it. That keeps the sort stable.
         const bool overtakes = less(std::as_const(items[right]), std::as_const(items[left]));
         merged.push_back(std::move(items[overtakes ? right++ : left++]));
       }

@@ -8,7 +8,7 @@
 namespace pnl {
 namespace {
 
-/// White space as C has it, which is more than Trim takes.
+/// White space as C defines it, which is more than Trim removes.
 bool IsSpace(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
 
 TextView SkipSpace(TextView text) {
@@ -20,7 +20,7 @@ bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 bool IsHexDigit(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
-/// "0x" and then a digit; without one the "0" is the whole number.
+/// True for "0x" followed by a hex digit. Without the digit the "0" is the whole number.
 bool BeginsHexNumber(std::string_view text) {
   if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
   return IsHexDigit(text[2]) || (text[2] == '.' && text.size() > 3 && IsHexDigit(text[3]));
@@ -28,7 +28,7 @@ bool BeginsHexNumber(std::string_view text) {
 
 struct IntPrefix {
   std::int64_t value = 0;  // stops growing beyond 32 bits
-  std::size_t length = 0;  // units used, white space and sign included; 0 without a digit
+  std::size_t length = 0;  // units read, white space and sign included; 0 without a digit
   bool fits = true;        // in 32 bits
 };
 
@@ -50,10 +50,11 @@ IntPrefix ReadIntPrefix(TextView text) {
   return result;
 }
 
-/// What a number that fits no double becomes, as strtod has it: too large or too small, decided by the place of its
-/// first digit that counts.
+/// The result of strtod for a number that fits no double: infinity if it is too large, 0 if it is too small. The place
+/// of its first digit other than 0, and its exponent, decide which.
 double OutOfRange(std::string_view number, bool hex) {
-  std::int64_t place = 0;  // digits of the whole part behind the first that counts, or minus the zeros in front of it
+  std::int64_t place = 0;  // digits of the whole part from the first non-zero one on, or minus the zeros of the
+                           // fraction before it
   bool point = false;
   bool counts = false;
   std::size_t at = 0;
@@ -90,7 +91,7 @@ DoublePrefix ReadDoublePrefix(TextView text) {
   const std::size_t skipped = text.size() - body.size();
   std::string ascii;
   for (const char16_t c : body) {
-    // No number holds anything else, apart from the letters of "nan(...)".
+    // No number contains other characters, apart from the letters of "nan(...)".
     if (c <= u' ' || c >= 0x7F) break;
     ascii.push_back(static_cast<char>(c));
   }

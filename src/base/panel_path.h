@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A panel path taken apart: drive letter and names, with "." and ".." already worked out. Pure text; no disc is asked,
-// and nothing here can name a place outside the drive.
+// A panel path split into its drive letter and names, with "." and ".." already resolved. Works on text alone and asks
+// no disc. The result can't name a place outside the drive.
 #pragma once
 
 #include <optional>
@@ -15,9 +15,9 @@ struct PanelPath {
   std::vector<Text> names;
 };
 
-/// Nothing for a text that doesn't begin with a drive letter and a colon, or that holds a NUL. Backslashes and slashes
-/// part the names; empty names and "." don't count, ".." takes the name before it away and stops at the drive's root. A
-/// path without a separator behind the colon begins at the root too.
+/// Returns nothing for a text that doesn't begin with a drive letter and a colon, or that contains a NUL. Backslashes
+/// and slashes separate the names. Empty names and "." are dropped; ".." removes the name before it and has no effect
+/// at the drive's root. A path without a separator after the colon begins at the root too.
 [[nodiscard]] std::optional<PanelPath> ParsePanelPath(TextView path);
 
 }  // namespace pnl

@@ -10,11 +10,11 @@
 namespace pnl {
 namespace {
 
-/// A number's parts, before they are put together to the width.
+/// The parts of a number, before Join pads them to the width.
 struct Parts {
   std::string sign;  // sign or "0x"
   std::string digits;
-  bool mayFill = true;  // with zeros, where the flag asks for them
+  bool mayFill = true;  // whether Join may pad with zeros when the flag asks for it
 };
 
 Text Join(const Parts& parts, const FormatSpec& spec) {
@@ -42,7 +42,7 @@ std::string Digits(std::uint64_t value, int base, int precision) {
   std::array<char, 64> buffer{};
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, base);
   std::string digits(buffer.data(), result.ptr);
-  // Asked for no digits at all, zero shows none.
+  // With precision 0, printf shows no digit for zero.
   if (precision == 0 && value == 0) digits.clear();
   const auto least = static_cast<std::size_t>(std::max(precision, 0));
   if (digits.size() < least) digits.insert(0, least - digits.size(), '0');

@@ -25,8 +25,8 @@
 namespace pnl {
 namespace {
 
-/// The same for every temporary file of one target. The target's own name might be too long to add to, so its hash
-/// stands for it.
+/// The start of the name of every temporary file of one target. It contains a hash of the target's name, because the
+/// name itself might be too long to add to.
 std::string TemporaryPrefix(const std::string& path) {
   std::uint64_t hash = 14695981039346656037u;
   for (const char c : path.substr(path.rfind('/') + 1)) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
@@ -40,8 +40,9 @@ std::string NextSuffix() {
   return std::to_string(getpid()) + "-" + std::to_string(count++) + ".tmp";
 }
 
-/// Removes what killed writers of the same file left. Whoever still writes holds a lock on its file, which its death
-/// releases; so nothing is taken from a living writer, however slow, in this process or another.
+/// Removes the temporary files that killed writers of the same file left. A living writer, in this process or another,
+/// holds a lock on its temporary file, and its death releases the lock. So a living writer, however slow, loses
+/// nothing.
 void RemoveLeftovers(const std::string& folder, const std::string& prefix) {
   const std::unique_ptr<DIR, int (*)(DIR*)> names(opendir(folder.c_str()), closedir);
   if (!names) return;
@@ -54,7 +55,7 @@ void RemoveLeftovers(const std::string& folder, const std::string& prefix) {
   }
 }
 
-/// The file being written beside its target; gone again unless it has been renamed.
+/// The file that is written beside its target. The destructor removes it unless it has been renamed.
 class Temporary {
  public:
   Temporary(std::string folder, const std::string& prefix) : folder_(std::move(folder)), prefix_(prefix) {}
@@ -64,7 +65,7 @@ class Temporary {
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
 
-  /// 0 or an errno.
+  /// Makes and locks the file. Returns 0 or an errno.
   int Create(mode_t mode) {
     for (int attempt = 0; attempt < 100; ++attempt) {
       const std::string path = folder_ + "/" + prefix_ + NextSuffix();
@@ -96,7 +97,8 @@ class Temporary {
     return 0;
   }
 
-  /// Owner as far as this process may give it, then the mode, which a change of owner would have cut.
+  /// Takes over the old file's owner, as far as this process may set it, and then its mode: a change of owner may clear
+  /// bits of the mode.
   [[nodiscard]] int Resemble(const struct stat& old) const {
     if (old.st_uid != geteuid() || old.st_gid != getegid()) {
       const int ignored = fchown(file_.Get(), old.st_uid, old.st_gid);
@@ -107,7 +109,7 @@ class Temporary {
 
   [[nodiscard]] int Flush() const {
     while (fsync(file_.Get()) != 0) {
-      // A file system that can't flush has nothing to wait for.
+      // The file system can't flush, so there is nothing to wait for.
       if (errno == EINVAL || errno == ENOTSUP) return 0;
       if (errno != EINTR) return errno;
     }
@@ -121,8 +123,8 @@ class Temporary {
   }
 
  private:
-  /// Locks the new file. Between its making and the lock another writer may have taken it for a leftover: then it has
-  /// lost its name, or is about to.
+  /// Locks the new file. Another writer may have taken the file for a leftover before it was locked; then it has lost
+  /// its name or is about to, and this returns false.
   [[nodiscard]] bool OwnsItsName() const {
     if (flock(file_.Get(), LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
     struct stat info {};
@@ -136,12 +138,12 @@ class Temporary {
 };
 
 void FlushFolder(const std::string& folder) {
-  // The new file stands by now; if the folder can't be flushed, a power cut may still bring the old one back, whole.
+  // The new file is in place now. If the folder can't be flushed, a power cut may still bring the old file back, whole.
   const Descriptor names(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (names) fsync(names.Get());
 }
 
-/// As the first operation that fails tells; 0 when all went well.
+/// Returns the errno of the first operation that fails; 0 on success.
 int WriteAndRename(Temporary& file, const std::optional<struct stat>& old, const PieceSource& next,
                    const std::string& target) {
   int error = file.Create(old ? 0600 : 0666);
@@ -229,7 +231,7 @@ FileStatus ReplaceFile(const std::string& hostPath, std::string_view bytes) {
 }
 
 FileStatus MakeFolders(const std::string& root, const std::string& hostPath) {
-  // The root is never made: the disc behind it may be missing.
+  // The root is never made: its disc may not be mounted.
   struct stat info {};
   if (stat(root.c_str(), &info) != 0) return FileStatus::kOutOfReach;
   if (!S_ISDIR(info.st_mode)) return FileStatus::kFailed;
@@ -245,7 +247,7 @@ FileStatus MakeFolders(const std::string& root, const std::string& hostPath) {
     if (stat(parent.c_str(), &info) != 0) return StatusOfError(errno);
     if (!IsWritable(parent, info.st_mode)) return FileStatus::kDenied;
     if (mkdir(folder.c_str(), 0777) != 0 && errno != EEXIST) return StatusOfError(errno);
-    // Else a power cut could take the folder back, with every file that is flushed into it.
+    // Without the flush a power cut could undo the folder, with every file that was flushed into it.
     FlushFolder(parent);
   }
   return FileStatus::kOk;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr char16_t kByteOrderMark = u'\uFEFF';
 constexpr std::string_view kMarkBytes = "\xEF\xBB\xBF";
-/// A list of a hundred megabytes is never in memory a second time.
+/// Files are written in pieces of this size, so that a list of a hundred megabytes isn't in memory twice.
 constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
 constexpr std::string_view kLineEnd = "\r\n";
 
@@ -48,7 +48,7 @@ RowsRead ReadRows(Files& files, TextView path, std::size_t most) {
 }
 
 FileStatus WriteRows(Files& files, TextView path, const TextRows& rows, std::size_t most) {
-  // Reading drops one mark at the file's start, so a row that begins with one gets another before it.
+  // Reading drops one byte order mark at the file's start, so a first row that begins with one gets another before it.
   const bool marked = most != 0 && !rows.empty() && rows.front().starts_with(kByteOrderMark);
   std::string piece(marked ? kMarkBytes : std::string_view());
   auto row = rows.begin();
@@ -58,7 +58,7 @@ FileStatus WriteRows(Files& files, TextView path, const TextRows& rows, std::siz
     for (; left != 0 && piece.size() < kPieceBytes; --left, ++row) {
       const std::size_t begin = piece.size();
       piece += row.Utf8();
-      // What a row can't hold, because it would be two when it is read again, is a blank in the file.
+      // A line break would make two rows of this one when the file is read again.
       std::replace_if(
           piece.begin() + static_cast<std::ptrdiff_t>(begin), piece.end(),
           [](char c) { return c == '\r' || c == '\n'; }, ' ');
@@ -82,7 +82,7 @@ TextRows RowsOf(const TextRows& all, const TextRows& added) {
 
 FileStatus StoreRows(Files& files, TextView path, FileKnown known, const RowsToStore& rows) {
   if (known == FileKnown::kWhole) return WriteRows(files, path, rows.all, rows.most);
-  // It may have come back since, or come into being: a share that is mounted now, a folder that has its name again.
+  // The file may have come back or been created since: a share is mounted now, or a folder has its name again.
   const RowsRead found = ReadRows(files, path);
   if (found.known == FileKnown::kAbsent) return WriteRows(files, path, rows.all, rows.most);
   if (rows.added.empty()) return FileStatus::kOk;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A text file of rows, one a line: what histories and lists are stored in. Reading says how much it can vouch for, and
-// storing keeps to that: a file that wasn't read, or wasn't there, is never written over with what a session happens to
-// hold; the session's own rows are put in front of it instead.
+// A text file of rows, one per line, in which histories and lists are stored. Reading reports how much of the file is
+// known. Storing depends on that: a file that exists now but wasn't read whole is never overwritten with the session's
+// rows alone. The rows that the session added are put in front of it instead.
 #pragma once
 
 #include <cstdint>
@@ -13,9 +13,9 @@
 
 namespace pnl {
 
-/// What was learnt of a file.
+/// What reading found out about a file.
 enum class FileKnown {
-  kWhole,    // it was read, to its end or to the limit
+  kWhole,    // it was read to its end or to the limit
   kAbsent,   // it doesn't exist
   kUnknown,  // it is out of reach, can't be read, or only a part of it could
 };
@@ -23,32 +23,34 @@ enum class FileKnown {
 struct RowsRead {
   FileKnown known = FileKnown::kUnknown;
   TextRows rows;            // as far as they could be read
-  std::uint64_t bytes = 0;  // of what was read, about
+  std::uint64_t bytes = 0;  // approximate size of what was read
 };
 
 inline constexpr std::size_t kAllRows = std::numeric_limits<std::size_t>::max();
 
-/// The first rows of the file, at most so many.
+/// Reads the first rows of the file, at most `most` of them.
 [[nodiscard]] RowsRead ReadRows(Files& files, TextView path, std::size_t most = kAllRows);
-/// Replaces the file with the first rows, at most so many, each ended by CR LF. A line break in a row becomes a blank.
+/// Replaces the file with the first rows, at most `most` of them, each ended by CR LF. A line break inside a row
+/// becomes a blank.
 [[nodiscard]] FileStatus WriteRows(Files& files, TextView path, const TextRows& rows, std::size_t most = kAllRows);
 
-/// Those of all rows that the session brought in, in their order among them. A row that it brought in may be gone
-/// again.
+/// The rows of all that are in added, in the order that they have in all. Rows of added that were removed from all
+/// since are left out.
 [[nodiscard]] TextRows RowsOf(const TextRows& all, const TextRows& added);
 
-/// The rows of a session on their way to the disc.
+/// The rows of a session that StoreRows is to store.
 struct RowsToStore {
   const TextRows& all;
-  /// Those that the session brought in, in their order.
+  /// The rows that the session added, in their order.
   const TextRows& added;
   std::size_t most = kAllRows;
-  /// A row that the session brought in takes equal ones behind it away.
+  /// When true, a row of the file that equals a row of added is dropped.
   bool unique = false;
 };
-/// Replaces the file with all rows if the session had it whole, or if it doesn't exist now. Else the rows that the
-/// session brought in come in front of those found there now; without any the file stays as it is. A failure leaves the
-/// file as it was: one that still can't be read is kOutOfReach or kDenied.
+/// Stores the rows of a session, at most rows.most of them. If known is kWhole, or the file doesn't exist now, all rows
+/// replace the file. Otherwise the added rows are put in front of the rows that the file has now; without added rows
+/// the file stays as it is. On failure the file stays as it was. A file that still can't be read gives kOutOfReach,
+/// kDenied or the failure that CanReplace reports.
 [[nodiscard]] FileStatus StoreRows(Files& files, TextView path, FileKnown known, const RowsToStore& rows);
 
 }  // namespace pnl

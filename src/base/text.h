@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// UTF-16 text: its conversions from and to UTF-8, and the comparisons that
-// settings, file names and language texts need. Not a formatter (base/format.h) and not a file reader.
+// UTF-16 text: conversions from and to UTF-8, and the comparisons that settings, file names and language texts need.
+// Formatting is in base/format.h, reading files in base/files.h.
 #pragma once
 
 #include <cstddef>
@@ -11,23 +11,23 @@
 
 namespace pnl {
 
-/// UTF-8 of a text. A lone surrogate becomes U+FFFD.
+/// Converts a text to UTF-8. A lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(TextView text);
-/// Text of UTF-8. Each byte that is no part of a valid sequence becomes U+FFFD.
+/// Converts UTF-8 to a text. Each byte that isn't part of a valid sequence becomes U+FFFD.
 [[nodiscard]] Text FromUtf8(std::string_view bytes);
 /// True when the bytes are well-formed UTF-8 (no overlong forms, no surrogates).
 [[nodiscard]] bool IsUtf8(std::string_view bytes);
-/// Text of a file's bytes: a byte order mark decides (UTF-8, UTF-16 little or big endian) and is dropped; else UTF-8
-/// if the bytes are well-formed, else Latin-1, so that no byte is lost.
+/// Converts a file's bytes to a text. A byte order mark (UTF-8, UTF-16 little or big endian) decides the encoding and
+/// is dropped. Without one the bytes are UTF-8 if they are well-formed, else Latin-1, so that no byte is lost.
 [[nodiscard]] Text DecodeFile(std::string_view bytes);
 
-/// Upper and lower case by Unicode's simple mapping for Latin, Greek and Cyrillic; other letters stay.
+/// The capital by Unicode's simple mapping for Latin, Greek and Cyrillic letters. Returns other characters as they are.
 [[nodiscard]] char16_t ToUpper(char16_t c);
 [[nodiscard]] Text ToUpper(TextView text);
-/// Less than, equal or greater than 0, letters compared without regard to case.
+/// Compares without regard to case. Returns a number less than, equal to or greater than 0.
 [[nodiscard]] int CompareNoCase(TextView a, TextView b);
 [[nodiscard]] bool EqualNoCase(TextView a, TextView b);
-/// Without white space (blank, tab, CR, LF) at both ends.
+/// The text without white space (blank, tab, CR, LF) at both ends.
 [[nodiscard]] TextView Trim(TextView text);
 
 /// The text in a record's field: up to its terminator or the end of the field, whichever comes first.
@@ -36,7 +36,7 @@ template <std::size_t N>
   const TextView all(field, N);
   return Text(all.substr(0, all.find(u'\0')));
 }
-/// Puts a text into a record's field, cut to what fits, terminated, the rest filled with zeros.
+/// Copies a text into a record's field: cut to what fits, terminated, the rest filled with zeros.
 template <std::size_t N>
 void SetField(char16_t (&field)[N], TextView text) {
   const TextView cut = text.substr(0, N - 1);

@@ -98,7 +98,7 @@ std::int64_t CStdioFileEx::TCHAR_Seek(std::int64_t offset, int origin) {
   std::uint64_t base = 0;
   if (origin == kCurrent) base = reader_->Position();
   if (origin == kEnd) base = reader_->Length();
-  // Unsigned, so that no offset overflows: below the start it comes out far beyond any end.
+  // Unsigned arithmetic can't overflow: a target before the start becomes a number far beyond any end.
   const std::uint64_t target = base + static_cast<std::uint64_t>(offset);
   if (target > static_cast<std::uint64_t>(INT64_MAX) || !reader_->Seek(target)) return -1;
   return static_cast<std::int64_t>(target);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A text file, read line by line or written whole. Written text is kept until Close and then replaces the file at once,
-// so that a panel killed in between leaves the old file. Reading follows DecodeFile, piece by piece; writing is UTF-8
-// and adds no line endings of its own.
+// A text file that is read line by line or written whole. Written text is kept in memory until Close, which replaces
+// the file at once: a panel that is killed before that leaves the old file. Reading decodes as DecodeFile does, piece
+// by piece. Writing is in UTF-8 and adds no line endings.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +15,8 @@ namespace pnl {
 
 class CStdioFileEx {
  public:
-  /// Flags of Open, as the tools combine them. What has neither 0x1 nor 0x1000 reads. Writing without 0x1000 wants the
-  /// file to be there.
+  /// Flags of Open, in the combinations that the tools use. Flags with neither 0x1 nor 0x1000 open for reading. Writing
+  /// without 0x1000 requires that the file exists.
   static constexpr unsigned kRead = 0x4000;             // text read
   static constexpr unsigned kCreate = 0x5001;           // text, create, write
   static constexpr unsigned kCreateExclusive = 0x1021;  // create, write, deny others' writes
@@ -26,46 +26,48 @@ class CStdioFileEx {
   static constexpr int kEnd = 2;
 
   explicit CStdioFileEx(Files& files) : files_(files) {}
-  /// Closes; what Close would have told is lost.
+  /// Closes. The result of Close is lost.
   ~CStdioFileEx();
   CStdioFileEx(const CStdioFileEx&) = delete;
   CStdioFileEx& operator=(const CStdioFileEx&) = delete;
 
-  /// Opens for reading, or for writing an initially empty file. False when the file can't be opened that way; for
-  /// reading and writing at once, or for writing behind what is there, none can. Closes what was open.
+  /// Closes what was open, then opens for reading, or for writing a file that is empty at first. Returns false when the
+  /// file can't be opened that way. No file can be opened for reading and writing at once, or for appending.
   [[nodiscard]] bool Open(TextView panelPath, unsigned flags, int zero = 0);
-  /// Gives one line without its ending (LF, CR LF or a lone CR ends a line; NUL is an ordinary character). False at
-  /// the end of the file.
+  /// Reads one line into line, without its ending. LF, CR LF or a lone CR ends a line; NUL is an ordinary character.
+  /// Returns false at the end of the file.
   bool ReadString(Text& line);
-  /// Puts a line, or as much of it as size - 1 units hold, into buffer, terminated. Its ending, if it was reached, is
-  /// one line feed, whichever it is in the file. Null at the end of the file, or when size is not positive; buffer then
+  /// Reads one line, or its first size - 1 units, into buffer and terminates it. The line's ending, if it was reached,
+  /// becomes one line feed. Returns buffer; null at the end of the file or when size isn't positive, and buffer then
   /// stays as it was.
   char16_t* ReadString(char16_t* buffer, int size);
-  /// Takes text as it is. False when the file isn't open for writing.
+  /// Adds text as it is. Returns false when the file isn't open for writing.
   bool WriteString(TextView text);
-  /// Moves in a file being read, by 16-bit units of its text (CR LF counts as two). The new position, or -1 with the
-  /// place unchanged when it lies outside the file or the file isn't being read.
+  /// Moves in a file that is open for reading. offset counts 16-bit units of its text (CR LF counts as two). Returns
+  /// the new position. Returns -1, with the position unchanged, when that is outside the file or the file isn't open
+  /// for reading.
   std::int64_t TCHAR_Seek(std::int64_t offset, int origin);
-  /// Goes to the character that has that byte of the file being read; a byte of the mark is the text's start. False,
-  /// with the place unchanged, when it lies outside the file or the file isn't being read.
+  /// Moves to the character that contains that byte of a file open for reading. A byte of the byte order mark means the
+  /// text's start. Returns false, with the position unchanged, when the byte is outside the file or the file isn't open
+  /// for reading.
   bool SeekByte(std::int64_t byte);
-  /// Stores what was written. False when that failed; the file is then as it was before Open.
+  /// Stores what was written. Returns false when that failed; the file is then as it was before Open.
   bool Close();
 
   [[nodiscard]] bool IsOpen() const { return mode_ != Mode::kClosed; }
-  /// True once the file being read couldn't be read further: the lines that it gave are then not all that it has.
+  /// True after a read failed: the lines read so far are then not all that the file has.
   [[nodiscard]] bool ReadFailed() const { return reader_ != nullptr && reader_->ReadFailed(); }
-  /// False for a file being read as Latin-1 and when nothing is open.
+  /// False for a file that is read as Latin-1, and when nothing is open.
   [[nodiscard]] bool IsFileUnicodeText() const;
-  /// No encrypted format is known here, so never.
+  /// Always false: no encrypted format is supported.
   [[nodiscard]] bool IsFileEncryptedText() const { return false; }
-  /// May others change the file while it is open here? Not when it was opened to deny that.
+  /// Whether others may change the file while it is open here. False when it was opened with the flag that denies it.
   [[nodiscard]] bool IsFileModifiableByExt() const { return IsOpen() && !denyWrites_; }
 
  private:
   enum class Mode { kClosed, kReading, kWriting };
   bool OpenForWriting(TextView panelPath, bool create);
-  /// Takes the LF of a CR LF whose CR has just been taken.
+  /// After the CR of a CR LF was taken, takes its LF.
   void FinishEnding(char16_t ending);
 
   Files& files_;

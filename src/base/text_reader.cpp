@@ -38,7 +38,7 @@ bool TextReader::Seek(std::uint64_t position) {
 bool TextReader::SeekByte(std::uint64_t byte) {
   const std::uint64_t old = position_;
   Rewind();
-  // What lies before is decoded, so that the place is known in units too.
+  // The text before the byte is decoded, so that the position is known in units too.
   for (std::uint64_t left = byte - std::min<std::uint64_t>(byte, mark_.length); left != 0;) {
     const std::size_t before = bytes_.size();
     if (!Fill(static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, left)))) {
@@ -52,7 +52,7 @@ bool TextReader::SeekByte(std::uint64_t byte) {
     position_ += units_.size();
   }
   if (mark_.encoding == Encoding::kUtf8) {
-    // Decode holds the last bytes back, which may be whole characters.
+    // Decode may have kept back the last bytes although they are whole characters.
     const std::size_t whole = ValidUtf8Prefix(bytes_);
     units_.clear();
     Decode(mark_.encoding, std::string_view(bytes_).substr(0, whole), true, units_);
@@ -84,7 +84,7 @@ void TextReader::Recognise() {
     const std::size_t valid = ValidUtf8Prefix(bytes_);
     const std::size_t left = bytes_.size() - valid;
     bytes_.erase(0, valid);
-    // Up to three bytes may be the beginning of a sequence that the next piece completes.
+    // Up to three bytes may begin a sequence that the next piece completes.
     if (left > 3) break;
     more = Fill();
   }

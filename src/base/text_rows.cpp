@@ -7,9 +7,10 @@
 namespace pnl {
 namespace {
 
-/// No UTF-8 text has this byte.
+/// No UTF-8 text contains this byte.
 constexpr char kRowEnd = '\xFF';
-/// Small enough to be copied for one changed row, large enough that what a piece costs beside its text is little.
+/// A piece is small enough to be copied for one changed row, and large enough that its overhead is small against its
+/// text.
 constexpr std::size_t kMostBytes = 16u << 10;
 constexpr std::size_t kMostRows = 4096;
 
@@ -43,7 +44,7 @@ void TextRows::push_back(TextView text) {
   const bool full =
       pieces_.empty() || pieces_.back()->rows >= kMostRows || pieces_.back()->bytes.size() + row.size() > kMostBytes;
   if (full) {
-    // The piece before it grew by doubling; it keeps what it needs.
+    // The piece before it grew by doubling, so give back the memory that it doesn't need.
     if (!pieces_.empty() && pieces_.back().use_count() == 1) pieces_.back()->bytes.shrink_to_fit();
     pieces_.push_back(std::make_shared<Piece>());
   }

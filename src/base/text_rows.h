@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Many rows of text in about as many bytes as their file has, empty rows included: UTF-8 in pieces of some kilobytes. A
-// copy shares the pieces until one side changes them, so a list and the window that shows it cost it once. Rows come
-// out by value. What isn't well-formed UTF-16 becomes U+FFFD, as in a file.
+// A list of many text rows that needs about as many bytes as their file, empty rows included: it keeps UTF-8 in pieces
+// of some kilobytes. A copy shares the pieces until one side changes them, so a list and the window that shows it use
+// the memory once. Rows are returned by value. As in a file, text that isn't well-formed UTF-16 becomes U+FFFD.
 #pragma once
 
 #include <cstddef>
@@ -30,29 +30,29 @@ class TextRows {
 
   [[nodiscard]] std::size_t size() const { return size_; }
   [[nodiscard]] bool empty() const { return size_ == 0; }
-  /// index is less than size.
+  /// index must be less than size.
   [[nodiscard]] Text operator[](std::size_t index) const;
   [[nodiscard]] Text front() const { return (*this)[0]; }
   [[nodiscard]] const_iterator begin() const;
   [[nodiscard]] const_iterator end() const;
-  /// The first row that equals the text.
+  /// The index of the first row that equals the text; nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> Find(TextView text) const;
 
   void push_back(TextView text);
   void push_front(TextView text) { Insert(0, text); }
-  /// At the end for an index that is no row's.
+  /// Inserts the row before the row at index, or at the end when no row has that index.
   void Insert(std::size_t index, TextView text);
-  /// Nothing happens for an index that is no row's.
+  /// Does nothing when no row has that index. Erase likewise.
   void Replace(std::size_t index, TextView text);
   void Erase(std::size_t index);
   void clear();
 
-  /// The rows' own text, in UTF-8, without anything between them.
+  /// The number of bytes of the rows' text in UTF-8, without row ends.
   [[nodiscard]] std::size_t TextBytes() const { return textBytes_; }
   friend bool operator==(const TextRows& left, const TextRows& right);
 
  private:
-  /// Rows one behind the other, each ended by a byte that is in no text.
+  /// Consecutive rows, each ended by a byte that occurs in no UTF-8 text.
   struct Piece {
     std::string bytes;
     std::size_t rows = 0;
@@ -63,7 +63,7 @@ class TextRows {
     friend bool operator==(const Place&, const Place&) = default;
   };
   [[nodiscard]] Place PlaceOf(std::size_t index) const;
-  /// For changing: no other copy has it.
+  /// Returns the piece for changing. If another copy shares it, replaces it with a copy of its own first.
   Piece& Own(std::size_t piece);
   void InsertRow(Place place, std::string row);
   void EraseRow(Place place);
@@ -72,7 +72,8 @@ class TextRows {
   std::vector<std::shared_ptr<Piece>> pieces_;
   std::size_t size_ = 0;
   std::size_t textBytes_ = 0;
-  // Rows are mostly asked for one after the other: the piece of the last one, and the index of its first row.
+  // The piece of the row that was asked for last, and the index of that piece's first row: rows are mostly asked for in
+  // order.
   mutable std::size_t lastPiece_ = 0;
   mutable std::size_t lastFirst_ = 0;
 
@@ -94,7 +95,7 @@ class TextRows {
       ++*this;
       return old;
     }
-    /// The row as it is kept, without a conversion.
+    /// The row as it is stored, without a conversion.
     [[nodiscard]] std::string_view Utf8() const;
     friend bool operator==(const const_iterator&, const const_iterator&) = default;
 

@@ -43,7 +43,7 @@ FractionDigits DigitsOfFraction(double fraction, int decimals) {
   }
   const std::size_t zeros = std::min(result.digits.find_first_not_of('0'), result.digits.size());
   result.digits.erase(0, zeros);
-  // One digit stands before the point.
+  // One digit is before the point.
   result.place = 1 - static_cast<int>(zeros);
   return result;
 }

@@ -23,7 +23,7 @@ inline constexpr int kBinary = 2;
 [[nodiscard]] Text FormatValue(double value);
 
 /// The digits of a fraction's size with so many decimals, rounded to nearest, without leading zeros; place is where the
-/// point stands before them, negative for zeros dropped behind it. A fraction that rounds up to 1 has a digit more.
+/// point is before them, negative for zeros dropped after it. A fraction that rounds up to 1 has a digit more.
 struct FractionDigits {
   std::string digits;
   int place = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers of the calculator's controls, menu commands and resources. Which command does what stands in calc_keys and
+// Numbers of the calculator's controls, menu commands and resources. Which command does what is in calc_keys and
 // calc_session.
 #pragma once
 

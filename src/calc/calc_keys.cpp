@@ -63,7 +63,7 @@ constexpr CalcKeyRow kRows[] = {
 
 /// The line in three: left of the selection, selection, right of it.
 struct Parts {
-  Parts(TextView line, CalcSelection selection) {
+  Parts(TextView line, TextSelection selection) {
     const int size = static_cast<int>(line.size());
     start = std::clamp(std::min(selection.start, selection.end), 0, size);
     end = std::clamp(std::max(selection.start, selection.end), 0, size);
@@ -127,7 +127,7 @@ CalcEdit ToggleAround(TextView line, TextView prefix) {
 
 std::span<const CalcKeyRow> CalcKeyTable() { return kRows; }
 
-CalcEdit InsertAtCaret(TextView line, CalcSelection selection, int command) {
+CalcEdit InsertAtCaret(TextView line, TextSelection selection, int command) {
   const Parts parts(line, selection);
   switch (command) {
     case calc_id::kBack:
@@ -149,8 +149,15 @@ CalcEdit InsertAtCaret(TextView line, CalcSelection selection, int command) {
   return {Text(line), 0};
 }
 
-CalcEdit InsertPlainly(TextView line, CalcSelection selection, TextView text, int caret) {
+CalcEdit InsertPlainly(TextView line, TextSelection selection, TextView text, int caret) {
   return Write(Parts(line, selection), {0, 0, 0, CalcForm::kPlain, text, caret});
+}
+
+Text SelectedText(TextView line, TextSelection selection) {
+  const auto unit = [&line](int at) { return std::min(static_cast<std::size_t>(std::max(at, 0)), line.size()); };
+  const std::size_t start = unit(std::min(selection.start, selection.end));
+  const std::size_t end = unit(std::max(selection.start, selection.end));
+  return Text(line.substr(start, end - start));
 }
 
 std::optional<int> CommandOfCharacter(char16_t character) {

@@ -14,9 +14,11 @@ constexpr double kNormalDensity = 96;
 constexpr double kLargestDensity = 800;
 constexpr double kScaleSteps = 4;
 constexpr int kNoteGap = 2;
+constexpr int kStep = 8;
+constexpr int kLeastVisible = 24;
 
 // Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and rows at 54, 75, 96 and 117. The keys of what is
-// beyond the keypad stand between the first two columns.
+// beyond the keypad are between the first two columns.
 constexpr std::array kControls = {
     CalcControl{calc_id::kResult, CalcKind::kResult, u"", 2, 2, 184, 17},
     CalcControl{calc_id::kLine, CalcKind::kEdit, u"", 2, 22, 163, 16},
@@ -83,6 +85,44 @@ double DialogScale(double dotsPerInch, const Rect& parent) {
   const double highest = static_cast<double>(parent.Height()) / DialogPixelsY(kDialogExtent.height + 1, 1);
   const double scale = std::min({dotsPerInch / kNormalDensity, widest, highest});
   return std::max(1.0, std::floor(scale * kScaleSteps) / kScaleSteps);
+}
+
+CalcMeasures MeasureCalc(const CalcView& view) {
+  return {view.ClientRect(),
+          view.ControlRect(calc_id::kLine),
+          view.ControlRect(calc_id::kResult),
+          view.ControlRect(calc_id::kStatus),
+          view.ControlRect(calc_id::kFirstKey),
+          view.ControlRect(calc_id::kAcc)};
+}
+
+int CalcClientHeight(const CalcMeasures& measures, bool compact) {
+  const int bottom =
+      compact ? measures.firstKey.top - 1 : measures.lastKey.bottom + (measures.lastKey.left - measures.client.left);
+  return bottom - measures.client.top;
+}
+
+Rect CalcListRect(const CalcMeasures& measures, bool compact) {
+  if (compact) return {measures.result.left, measures.client.top, measures.result.right, measures.line.top};
+  return {measures.status.left, measures.status.bottom, measures.status.right, measures.client.bottom};
+}
+
+std::optional<CalcPlace> MoveCalc(const Rect& window, const Rect& parent, CalcDirection direction) {
+  switch (direction) {
+    case CalcDirection::kLeft:
+      if (window.right - kStep < parent.left + kLeastVisible) break;
+      return CalcPlace{window.left - kStep, window.top};
+    case CalcDirection::kRight:
+      if (window.left + kStep > parent.right - kLeastVisible) break;
+      return CalcPlace{window.left + kStep, window.top};
+    case CalcDirection::kUp:
+      if (window.bottom - kStep < parent.top + kLeastVisible) break;
+      return CalcPlace{window.left, window.top - kStep};
+    case CalcDirection::kDown:
+      if (window.top + kStep > parent.bottom - kLeastVisible) break;
+      return CalcPlace{window.left, window.top + kStep};
+  }
+  return std::nullopt;
 }
 
 Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note) {

@@ -1,108 +1,218 @@
 // SPDX-License-Identifier: MIT
+// The calculator's life: the opening steps, the ways to close it, what is saved, and the menus' own commands.
 #include "calc/calc_session.h"
 
-#include "calc/calc_closing.h"
-#include "calc/calc_confirm.h"
-#include "calc/calc_evaluation.h"
-#include "calc/calc_line.h"
-#include "calc/calc_list.h"
-#include "calc/calc_menus.h"
-#include "calc/calc_navigation.h"
-#include "calc/calc_state.h"
-#include "calc/calc_variables.h"
+#include "calc/calc_ids.h"
+#include "host/storage_messages.h"
 
 namespace pnl {
 
+namespace {
+
+constexpr int kTool = PNL_TOOL_CALCULATOR;
+constexpr std::uint32_t kResultBack = 0xFF0000;  // blue
+constexpr std::uint32_t kResultText = 0x00FFFF;  // yellow
+constexpr int kLineHeight = -6;
+constexpr int kLineWeight = 600;
+constexpr int kResultHeight = -8;
+constexpr int kResultWeight = 700;
+constexpr int kTick = 250;
+constexpr int kBases = 3;
+
+}  // namespace
+
 CalcSession::CalcSession(const ToolContext& context, CalcView& view, std::int32_t param)
-    : state_(std::make_shared<CalcState>(context, view, param)) {}
+    : ToolSession(context, view),
+      param_(param),
+      window_(&view),
+      history_(context.files, context.cnc.Util()),
+      menus_(context.language),
+      timer_(context.timers) {}
 
-CalcSession::~CalcSession() {
-  // The window is half gone by now, so nothing can be asked of it; what was to be saved, OnDestroyed has saved.
-  state_->timer.Stop();
-  state_->closed = true;
-  state_->window = nullptr;
-  calc::DestroyMenus(*state_);
-}
-
-// Each operation holds the state: the host may destroy the window, and this object with it, from one of its callbacks.
+// Opening and closing.
 
 void CalcSession::Open() {
-  const auto state = state_;
-  calc::Open(state);
+  if (opened_) return;
+  loaded_ = LoadCalcSettings(Context().files, Context().cnc.Util());
+  minimized_ = loaded_.settings.minimized;
+  View().MoveWindow(loaded_.settings.left, loaded_.settings.top);
+  ResizeWindow();
+  const TextRows rows = history_.Load();
+  View().FillList(rows);
+  // From here on there is something to save.
+  opened_ = true;
+  // A missing language library opens a box, and the window may be gone when that is closed.
+  texts_ = LoadCalcTexts(Context().language);
+  View().SetTitle(texts_.title);
+  View().SetResultColors(kResultBack, kResultText);
+  MakeControls();
+  Host().HostToolOpening(kTool);
+  InstallMenus();
+  // A timer that starts after the end would run as long as the window is there.
+  if (HasEnded()) return;
+  timer_.Start(kTick, Later([this] { CompareSelection(); }));
+  View().Show();
+  View().BringToTop();
+  View().FocusLine();
+  TellLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
 }
 
-bool CalcSession::OnKey(CalcKey key, bool ctrl) {
-  const auto state = state_;
-  return !state->closed && calc::OnKey(*state, key, ctrl);
+void CalcSession::MakeControls() {
+  View().MakeFonts(kLineHeight, kLineWeight, kResultHeight, kResultWeight);
+  View().LimitLine(static_cast<int>(kLongestExpression));
+  for (int key = calc_id::kOpenList; key <= calc_id::kLastKey; ++key) {
+    View().SetKeyIcon(key, calc_id::kFirstKeyIcon + key - calc_id::kOpenList);
+  }
+  View().SetResultText(FormatResult(value_, numberBase_));
+  View().SetStatus(texts_.empty);
 }
 
-bool CalcSession::OnCharacter(char16_t character) {
-  const auto state = state_;
-  return !state->closed && calc::OnCharacter(*state, character);
+void CalcSession::InstallMenus() {
+  menus_.Load();
+  menus_.MarkCompact(minimized_);
+  Host().HostSetMainMenu(kTool, menus_.Main());
+  Host().HostSetSideMenu(kTool, menus_.Side());
+  // An ended tool asks the kernel nothing.
+  if (HasEnded()) return;
+  if (Kapi().SWOption_IsZMCON() == 0) menus_.RemoveMachining();
+  UpdateMenuState();
 }
 
-void CalcSession::OnLineChanged() {
-  const auto state = state_;
-  if (!state->closed) calc::OnLineChanged(*state);
-}
-
-void CalcSession::OnLinePressed() {
-  const auto state = state_;
-  if (state->closed || state->IsConfirming()) return;
-  calc::CloseHistory(*state, calc::CalcKeep::kSelectedRow);
-  calc::CloseVariables(*state);
-}
-
-void CalcSession::OnButton(int id) {
-  const auto state = state_;
-  if (!state->closed) calc::OnButton(*state, id);
-}
-
-void CalcSession::OnMenuCommand(int id) {
-  const auto state = state_;
-  if (!state->closed) calc::OnMenuCommand(*state, id);
-}
-
-void CalcSession::OnListSelection() {
-  const auto state = state_;
-  if (!state->closed && !state->IsConfirming()) calc::ShowSelectedRow(*state);
-}
-
-void CalcSession::OnListDoubleClick() {
-  const auto state = state_;
-  if (!state->closed && !state->IsConfirming()) calc::CloseHistory(*state, calc::CalcKeep::kSelectedRow);
-}
-
-void CalcSession::OnVariablesPicked() {
-  const auto state = state_;
-  if (!state->closed && !state->IsConfirming()) calc::PickVariable(*state);
+void CalcSession::UpdateMenuState() {
+  menus_.ShowState(numberBase_, radians_);
+  Host().HostUpdateSideMenu(kTool);
 }
 
 std::intptr_t CalcSession::OnToolCommand(std::intptr_t request) {
-  const auto state = state_;
-  return state->closed ? kDone : calc::OnToolCommand(*state, request);
+  switch (request) {
+    case PNL_COMMAND_LEAVE:
+      EndActivity();
+      HideWindow();
+      DestroyWindow();
+      return PNL_DONE;
+    case PNL_COMMAND_CLOSE_TOOL:
+      Close(PNL_CLOSED);
+      return PNL_CLOSED_ITSELF;
+    case PNL_COMMAND_CLOSE_FOR_OTHER:
+      Close(PNL_CLOSED);
+      return PNL_DONE;
+    default:
+      return PNL_DONE;
+  }
 }
 
-void CalcSession::OnHandleValue() {
-  const auto state = state_;
-  if (!state->closed && !state->IsConfirming()) calc::TakeValue(*state);
+void CalcSession::EndActivity() {
+  CloseNote();
+  DropWork();
+  timer_.Stop();
+  MarkEnded();
 }
 
-void CalcSession::OnDestroyed() {
-  const auto state = state_;
-  calc::OnDestroyed(*state);
+// The closing steps come after the end. The host hears of it whoever destroys the window meanwhile, so they ask neither
+// View nor Host.
+
+void CalcSession::Close(int code) {
+  // Handing the value over may have ended the tool; the host hears of it once.
+  if (HasEnded()) return;
+  EndActivity();
+  HideWindow();
+  Context().host.HostToolClosed(kTool, code);
+  if (code == PNL_CLOSED_ACCEPTED) Context().host.HostCalcResultAccepted();
+  DestroyWindow();
 }
 
-void CalcSession::Work() {
-  const auto state = state_;
-  if (!state->closed) calc::ContinueWork(*state);
+void CalcSession::GoToMachining() {
+  EndActivity();
+  Context().host.HostToolClosed(kTool, PNL_CLOSED);
+  Context().host.HostOpenMachiningCalculator();
+  HideWindow();
+  DestroyWindow();
 }
 
-bool CalcSession::IsComputing() const { return state_->work != nullptr; }
-bool CalcSession::IsListOpen() const { return state_->openList == CalcOpenList::kHistory; }
-bool CalcSession::IsMenuAttached() const { return state_->menuAttached; }
-int CalcSession::NumberBase() const { return state_->numberBase; }
-bool CalcSession::Radians() const { return state_->radians; }
-double CalcSession::Value() const { return state_->value; }
+void CalcSession::HideWindow() {
+  if (window_ != nullptr) window_->Hide();
+}
+
+void CalcSession::DestroyWindow() {
+  // Hiding may have destroyed it already.
+  if (window_ != nullptr) window_->Destroy();
+  Save();
+}
+
+void CalcSession::End() {
+  MarkEnded();
+  timer_.Stop();
+  run_.Drop();
+  Save();
+}
+
+void CalcSession::Save() {
+  if (window_ == nullptr) return;
+  std::vector<Text> failed;
+  if (opened_) {
+    if (!history_.Save(window_->ListRows())) failed.emplace_back(CalcHistory::kName);
+    const Rect place = window_->WindowRect();
+    const CalcSettings settings{place.left, place.top, minimized_};
+    if (!SaveCalcSettings(Context().files, Context().cnc.Util(), settings, loaded_)) failed.emplace_back(kCalcIniName);
+  }
+  window_ = nullptr;
+  menus_.Destroy();
+  TellNotSaved(Context(), kTool, failed);
+}
+
+// The menus' own commands.
+
+void CalcSession::OnMenuCommand(int id) {
+  switch (id) {
+    case calc_id::kMenuBase:
+      ChangeBase();
+      break;
+    case calc_id::kMenuAngle:
+      ChangeAngle();
+      break;
+    case calc_id::kMenuCompact:
+      ToggleCompact();
+      break;
+    case calc_id::kMenuMachining:
+      GoToMachining();
+      break;
+    default:
+      OnButton(id);
+      break;
+  }
+}
+
+void CalcSession::ChangeBase() {
+  numberBase_ = (numberBase_ + 1) % kBases;
+  RefreshPreview();
+  View().SetResultText(FormatResult(value_, numberBase_));
+  UpdateMenuState();
+}
+
+/// The result stays as it was computed; only what is computed from now on has the other unit.
+void CalcSession::ChangeAngle() {
+  radians_ = !radians_;
+  RefreshPreview();
+  UpdateMenuState();
+}
+
+void CalcSession::ToggleCompact() {
+  // Closing the list gives the line its old text, which a running confirmation has to keep.
+  if (run_.IsConfirming() && openList_ != OpenList::kNone) return;
+  CloseHistory(Keep::kSavedLine);
+  CloseVariables();
+  minimized_ = !minimized_;
+  menus_.MarkCompact(minimized_);
+  Host().HostUpdateMainMenu(kTool);
+  ResizeWindow();
+}
+
+void CalcSession::AttachMenu(bool attached) {
+  menuAttached_ = attached;
+  View().AttachMenu(attached ? menus_.All() : 0);
+  ResizeWindow();
+}
+
+void CalcSession::ResizeWindow() { View().SetClientHeight(CalcClientHeight(MeasureCalc(View()), minimized_)); }
 
 }  // namespace pnl

@@ -10,32 +10,18 @@
 #include "base/text.h"
 #include "base/text_rows.h"
 #include "window/menu.h"
-#include "window/window.h"
+#include "window/tool_view.h"
 
 namespace pnl {
 
-/// A selection in UTF-16 units; equal ends are the caret.
-struct CalcSelection {
-  int start = 0;
-  int end = 0;
-  friend bool operator==(const CalcSelection&, const CalcSelection&) = default;
-};
-
-class CalcView {
+class CalcView : public ToolView {
  public:
-  virtual ~CalcView() = default;
-
   // The window. Rectangles of the window are in the parent's client area.
-  [[nodiscard]] virtual WindowHandle Handle() const = 0;
-  [[nodiscard]] virtual Rect ParentClientRect() const = 0;
   [[nodiscard]] virtual Rect WindowRect() const = 0;
   virtual void MoveWindow(int left, int top) = 0;
   /// Of the client area below an attached menu bar; the width stays.
   virtual void SetClientHeight(int height) = 0;
-  virtual void Show() = 0;
-  virtual void Hide() = 0;
-  virtual void BringToTop() = 0;
-  /// The window goes when the present event is over; nothing reaches the logic from it any more but OnDestroyed.
+  /// The window goes when the present event is over. Until then it still reports its rows and its place.
   virtual void Destroy() = 0;
   /// Asks the top-level window of the panel to close.
   virtual void ClosePanel() = 0;
@@ -57,9 +43,9 @@ class CalcView {
   [[nodiscard]] virtual Text LineText() const = 0;
   /// The caret goes to the start.
   virtual void SetLineText(TextView text) = 0;
-  [[nodiscard]] virtual CalcSelection LineSelection() const = 0;
+  [[nodiscard]] virtual TextSelection LineSelection() const = 0;
   /// Ends beyond the text are cut to it; the caret, at the end, is scrolled into view.
-  virtual void SetLineSelection(CalcSelection selection) = 0;
+  virtual void SetLineSelection(TextSelection selection) = 0;
   virtual void LimitLine(int characters) = 0;
   virtual void FocusLine() = 0;
 
@@ -87,8 +73,8 @@ class CalcView {
   virtual void SelectListItem(int index) = 0;
   virtual void FocusList() = 0;
 
-  // The variables 1104: rows as told, nothing or one of them selected; and the note 1105, a line or more in a frame
-  // below the window (above it where there is no room), which an empty text hides.
+  // The variables 1104: the rows as they are given, nothing or one of them selected; and the note 1105, a line or more
+  // in a frame below the window (above it where there is no room), which an empty text hides.
   virtual void FillVariables(const std::vector<Text>& rows) = 0;
   [[nodiscard]] virtual int VariablesSelection() const = 0;
   virtual void FocusVariables() = 0;

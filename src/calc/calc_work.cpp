@@ -2,10 +2,15 @@
 #include "calc/calc_work.h"
 
 #include <bit>
+#include <utility>
 
 namespace pnl {
 
 namespace {
+
+// Counted, not timed, so that every run is the same: on a slow panel a fraction of the time that a key may take.
+constexpr std::int64_t kStepsAtOnce = 200'000;
+constexpr std::int64_t kStepsAPiece = 30'000;
 
 void Bring(double before, double after, double& target) {
   // By bits, so that NaN and a negative zero count as what they are.
@@ -46,6 +51,19 @@ void CalcWork::StoreTo(CalcStore& store) const {
     Bring(before_.Variables[i], own_.Variables[i], store.Variables[i]);
   }
   Bring(before_.Acc, own_.Acc, store.Acc);
+}
+
+bool CalcRun::Start(std::unique_ptr<CalcWork> work, CalcTask task, const Text& line) {
+  work_ = std::move(work);
+  task_ = task;
+  line_ = line;
+  return work_->Advance(kStepsAtOnce);
+}
+
+bool CalcRun::Continue() { return work_ != nullptr && work_->Advance(kStepsAPiece); }
+
+CalcRun::Ended CalcRun::Take() {
+  return {std::move(work_), std::exchange(task_, CalcTask::kNone), std::exchange(line_, {})};
 }
 
 }  // namespace pnl

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// CFColorStatic: a coloured field with one line of text that can make its font as large as the field allows.
+// CFColorStatic: a coloured field with one line of text. It can choose the largest font that fits the field.
 #pragma once
 
 #include <QtGui/QBrush>
@@ -23,14 +23,15 @@ class CFColorStatic : public QWidget {
   void SetTextW(const QString& text);
   void SetBackColor(Color color);
   void SetTextColor(Color color);
-  /// A bold font of that face at the present height; an empty face is "Arial". On failure the old font stays.
+  /// Takes a bold font of that face at the present height. An empty face means "Arial". On failure the old font stays.
   void SetFontFace(const QString& face);
   void SetFormat(std::uint32_t flags);
-  /// The largest font, from height 21 down to 5, whose text stays below the field in width and height; where none does,
-  /// height 4.
+  /// Takes the largest font, from height 21 down to 5, in which the text is narrower and lower than the field. If there
+  /// is none, takes height 4.
   void FitFont(const QString& text, bool centred);
 
-  /// Positive: of the cell; negative, as FitFont leaves it: of the characters.
+  /// The font's height: positive for the height of the cell, negative, as FitFont sets it, for the height of the
+  /// characters.
   [[nodiscard]] int GetFontHeight() const { return m_nHeight; }
   [[nodiscard]] QString WindowText() const { return text_; }
   [[nodiscard]] uint BackColor() const { return m_Back; }

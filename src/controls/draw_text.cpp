@@ -12,14 +12,14 @@ namespace {
 
 constexpr int kTabCharacters = 8;
 
-/// More than any screen shows; what lies beyond would only cost time to measure.
+/// More than any screen shows. The rest would only cost time to measure.
 constexpr qsizetype kLongestText = 8192;
 constexpr qsizetype kMostLines = 500;
 
 /// A text ready to be drawn: lines without line ends and prefix marks.
 struct Lines {
   QStringList lines;
-  int marked = -1;  // the character of the first line that a prefix mark underlines
+  int marked = -1;  // index in the first line of the character that is underlined; -1 for none
   bool shortened = false;
 };
 
@@ -40,7 +40,7 @@ int LineWidth(const QFontMetrics& metrics, const QString& line, std::uint32_t fl
   return x;
 }
 
-/// Takes the prefix marks out: "&&" is one '&', a lone one marks the character behind it.
+/// Removes the prefix marks. "&&" becomes '&'; a single '&' marks the character after it.
 QString WithoutPrefixes(const QString& text, int& marked) {
   QString plain;
   for (qsizetype i = 0; i < text.size(); ++i) {
@@ -58,7 +58,7 @@ QString EndShortened(const QFontMetrics& metrics, const QString& line, int width
   return metrics.elidedText(line, Qt::ElideRight, std::max(0, width));
 }
 
-/// How many characters of the text fit the width, at least the fewest.
+/// How many characters of the text fit in the width, but at least fewest.
 qsizetype Fitting(const QFontMetrics& metrics, const QString& text, int width, qsizetype fewest) {
   qsizetype low = std::min(fewest, text.size());
   qsizetype high = text.size();
@@ -73,7 +73,7 @@ qsizetype Fitting(const QFontMetrics& metrics, const QString& text, int width, q
   return low;
 }
 
-/// "C:\folder\name" as "C:\fol…\name"; where not even the last part fits, that part is cut at its end.
+/// Turns "C:\folder\name" into "C:\fol…\name". If not even the last part fits, that part is cut at its end.
 QString PathShortened(const QFontMetrics& metrics, const QString& line, int width) {
   const auto cut = line.lastIndexOf(u'\\');
   if (cut < 0) return EndShortened(metrics, line, width);
@@ -87,7 +87,7 @@ QString PathShortened(const QFontMetrics& metrics, const QString& line, int widt
 /// Breaks a paragraph between words; a word longer than the line stays whole unless kEditControl breaks it.
 void Wrap(const QFontMetrics& metrics, const QString& paragraph, int width, std::uint32_t flags, QStringList& lines) {
   QString rest = paragraph;
-  // A line never holds more characters than pixels; what lies behind need not be measured for every line.
+  // A line has at most as many characters as pixels, so the text after that needn't be measured for every line.
   const qsizetype most = std::max(width, 1) + 1;
   while (lines.size() < kMostLines && LineWidth(metrics, rest.left(most), flags) > width) {
     const qsizetype fit = Fitting(metrics, rest.left(most), width, 1);
@@ -125,7 +125,7 @@ Lines BreakText(const QFontMetrics& metrics, int width, const QString& text, std
   return result;
 }
 
-/// Cuts what is too wide and, with an ellipsis at the end, the lines that are too many.
+/// Shortens lines that are too wide. With kEndEllipsis it also drops lines that are too many.
 void Shorten(const QFontMetrics& metrics, QSize size, std::uint32_t flags, Lines& text) {
   if ((flags & (draw::kEndEllipsis | draw::kPathEllipsis)) == 0) return;
   if ((flags & draw::kSingleLine) == 0 && (flags & draw::kEndEllipsis) != 0) {
@@ -133,7 +133,7 @@ void Shorten(const QFontMetrics& metrics, QSize size, std::uint32_t flags, Lines
     if (text.lines.size() > room) {
       const QString rest = text.lines.mid(room - 1).join(u' ');
       text.lines = text.lines.mid(0, room);
-      // The rest is longer than the line in any case; a trailing blank keeps a short one from looking complete.
+      // The blanks make the rest longer than the line in any case, so that even a short rest gets an ellipsis.
       text.lines.last() = EndShortened(metrics, rest + QString(size.width(), u' '), size.width()).trimmed();
       text.shortened = true;
     }
@@ -198,7 +198,7 @@ QSize DrawText(QPainter& painter, const QRect& rect, QString& text, std::uint32_
   painter.save();
   if ((flags & draw::kNoClip) == 0) painter.setClipRect(rect, Qt::IntersectClip);
   for (int i = 0; i < lines.lines.size(); ++i, top += step) {
-    // An edit never shows a line of which only the upper part has room.
+    // An edit doesn't show a line that fits only in part.
     if ((flags & draw::kEditControl) != 0 && i > 0 && top + step > rect.top() + rect.height()) break;
     const QString& line = lines.lines[i];
     const int left = LeftOf(rect, LineWidth(metrics, line, flags), flags);

@@ -12,10 +12,10 @@ constexpr int kTallest = 4000;
 constexpr int kHeaviest = 1000;
 constexpr int kNormalWeight = 400;
 
-/// A font's proportions hardly depend on its size; measured large, rounding doesn't count.
+/// Fonts are measured at this size, so that rounding hardly matters: a font's proportions hardly depend on its size.
 constexpr int kMeasureSize = 1000;
 
-/// The largest size whose line is no higher than the cell.
+/// The largest pixel size whose line isn't higher than the cell.
 int PixelSizeOfCell(QFont font, int cell) {
   font.setPixelSize(kMeasureSize);
   const int tall = CellHeight(QFontMetrics(font));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fonts as the tools ask for them: a face, a height in pixels and a weight. The one place where these become a QFont;
-// "Arial" is drawn with the metric-compatible Liberation Sans where it isn't installed.
+// Makes fonts from the values that the tools have: a face, a height in pixels and a weight. Nothing else turns these
+// into a QFont. If "Arial" isn't installed, the metric-compatible Liberation Sans takes its place.
 #pragma once
 
 #include <QtGui/QFont>
@@ -9,12 +9,13 @@
 
 namespace pnl {
 
-/// A font of that face. height > 0 is the height of the line's cell (ascent and descent), height < 0 the height of the
-/// characters, 0 the application's own. weight runs from 1 (thin) to 1000, 400 is normal and 700 bold; 0 is normal.
-/// Nothing for an empty face or one of more than 31 characters, a height beyond 4000 or a weight out of range.
+/// Makes a font of that face. A positive height is the height of the line's cell (ascent plus descent), a negative one
+/// the height of the characters, 0 the application's own height. weight is from 1 (thin) to 1000; 400 is normal and 700
+/// bold, and 0 means normal. Returns nothing for an empty face or one of more than 31 characters, a height beyond 4000
+/// or a weight out of range.
 [[nodiscard]] std::optional<QFont> MakeFont(const QString& face, int height, int weight);
 
-/// The height of a line without what stands between two lines.
+/// The height of a line without the leading.
 [[nodiscard]] inline int CellHeight(const QFontMetrics& metrics) { return metrics.ascent() + metrics.descent(); }
 
 }  // namespace pnl

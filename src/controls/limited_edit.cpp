@@ -24,7 +24,7 @@ void LimitedEdit::SetLimit(int limit) {
 void LimitedEdit::KeepLimit() {
   const int limit = std::max(limit_, static_cast<int>(text().size()));
   if (maxLength() == limit) return;
-  // Another limit moves the caret to the end.
+  // setMaxLength moves the caret to the end.
   const int caret = cursorPosition();
   setMaxLength(limit);
   setCursorPosition(caret);
@@ -32,13 +32,13 @@ void LimitedEdit::KeepLimit() {
 
 void LimitedEdit::SetText(const QString& text) {
   {
-    // An edit cuts even a text set from outside, and this one may come from a list that never had a limit.
+    // An edit cuts even a text that the program sets, and this one may come from a list without a limit.
     const QSignalBlocker quiet(this);
     setMaxLength(std::max(limit_, static_cast<int>(text.size())));
   }
   const QPointer<LimitedEdit> alive(this);
   setText(text);
-  // Whoever listens may have destroyed it.
+  // A listener may have destroyed the edit.
   if (alive) setCursorPosition(0);
 }
 

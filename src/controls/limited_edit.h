@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A line that limits what is typed or pasted into it, but takes any text that is set from outside: a window's own rules
-// write longer texts than an operator may type. It decides nothing else.
+// A line edit that limits what is typed or pasted, but takes any text that the program sets: a window may write longer
+// texts than an operator may type.
 #pragma once
 
 #include <QtWidgets/QLineEdit>
@@ -11,12 +11,13 @@ class LimitedEdit : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// A control with that id and the kind "edit".
+  /// Makes a control with that id and the kind "edit". limit counts characters.
   LimitedEdit(int id, int limit, QWidget* parent);
 
   void SetLimit(int limit);
   [[nodiscard]] int Limit() const { return limit_; }
-  /// Also beyond the limit, which then holds again once the text is shorter. The caret goes to the start.
+  /// Sets a text, which may be longer than the limit. The limit applies again when the text is shorter. The caret goes
+  /// to the start.
   void SetText(const QString& text);
 
  private:

@@ -103,7 +103,7 @@ void ListBox::SetExtended(bool extended) {
 void ListBox::SetColors(Color back, Color text) {
   back_ = back;
   text_ = text;
-  // The scroll bar takes its shades from the background.
+  // This palette gives the scroll bar shades of the background.
   QPalette colors(ToQColor(back).lighter(125));
   colors.setColor(QPalette::Base, ToQColor(back));
   colors.setColor(QPalette::Text, ToQColor(text));
@@ -130,7 +130,7 @@ void ListBox::Delete(int index) {
   const bool single = selectionMode() == QAbstractItemView::SingleSelection;
   const bool selected = single && index == Selection();
   items_.Delete(index);
-  // The view would select the neighbour, but for an extended list.
+  // In a list of single selection the view would select the neighbour.
   if (selected) Select(-1);
 }
 
@@ -162,7 +162,7 @@ int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFont
 void ListBox::focusInEvent(QFocusEvent* event) {
   const bool untouched = !currentIndex().isValid();
   RowView::focusInEvent(event);
-  // The view goes to the first item without selecting it, and the first Down would pass it over.
+  // The view makes the first item current without selecting it, and the first Down would skip it.
   if (untouched && !selectionModel()->hasSelection()) selectionModel()->clearCurrentIndex();
 }
 
@@ -172,7 +172,7 @@ bool ListBox::event(QEvent* event) {
   const QPointer<ListBox> alive(this);
   const bool handled = RowView::event(event);
   if (!alive) return handled;
-  // Last of all: whoever listens may destroy the list.
+  // These come last, because a listener may destroy the list.
   if (focused) emit Focused();
   if (walked) emit Walked();
   return handled;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A list box: one column of texts, at most one selected unless it is extended, quick with millions of them. It knows
-// nothing of what they mean; indices out of range are left alone.
+// A list box: one column of texts, fast even with millions of them. At most one item is selected unless the list is
+// extended. An operation with an index out of range does nothing.
 #pragma once
 
 #include <QtCore/QAbstractListModel>
@@ -42,45 +42,47 @@ class ListBox : public RowView {
  public:
   ListBox(int id, QWidget* parent);
 
-  /// Several may be selected: with Ctrl, Shift or by dragging. Select and Selection speak of one all the same.
+  /// In an extended list the operator can select several items with Ctrl, Shift or by dragging. Select and Selection
+  /// still refer to one item.
   void SetExtended(bool extended);
-  /// The same whether it is enabled or has the focus, or not.
+  /// Sets the colours, which don't depend on whether the list is enabled or has the focus.
   void SetColors(Color back, Color text);
   void SetSelectedColors(Color back, Color text);
-  /// Does nothing with a font that can't be made.
+  /// Does nothing when the font can't be made.
   void SetFont(const QString& face, int height, int weight);
 
-  /// Nothing is selected afterwards.
+  /// Replaces all items. Nothing is selected afterwards.
   void SetItems(TextRows items);
   [[nodiscard]] const TextRows& Items() const { return items_.Items(); }
-  /// At index, or at the end. The selected item stays selected.
+  /// Inserts before index, or at the end when no item has that index. The selected item stays selected.
   void Insert(int index, TextView text);
   void Replace(int index, TextView text);
-  /// A selected item leaves no selection behind.
+  /// Deletes an item. If it was selected, no other item gets selected in its place.
   void Delete(int index);
-  /// -1 for none; scrolls the item into view.
+  /// Selects an item and scrolls it into view. -1 selects none.
   void Select(int index);
-  /// The first selected one.
+  /// The first selected item; -1 for none.
   [[nodiscard]] int Selection() const;
-  /// All selected ones, in ascending order.
+  /// All selected items in ascending order.
   [[nodiscard]] std::vector<int> Selected() const;
-  /// The one that the keys move from; -1 for none.
+  /// The item from which the keys move; -1 for none.
   [[nodiscard]] int Current() const { return currentIndex().row(); }
   [[nodiscard]] int Count() const { return items_.Count(); }
-  /// Empty for an item that isn't there.
+  /// The text of an item; empty when there is none.
   [[nodiscard]] Text Item(int index) const { return items_.Has(index) ? items_.Item(index) : Text(); }
 
   [[nodiscard]] uint BackColor() const { return back_; }
   [[nodiscard]] uint TextColor() const { return text_; }
   [[nodiscard]] uint SelectedBackColor() const { return selectedBack_; }
   [[nodiscard]] uint SelectedTextColor() const { return selectedText_; }
-  /// High enough for a finger.
+  /// At least the height that a finger needs.
   [[nodiscard]] int RowHeight() const override;
 
  signals:
-  /// The list got the focus and has done with it.
+  /// The list has got the focus and has finished handling the event.
   void Focused();
-  /// The operator pressed Up or Down, or a row, and the list has done with it. Also when the selection is as before.
+  /// The operator has pressed Up, Down or a row, and the list has finished handling the event. Also emitted when the
+  /// selection is the same as before.
   void Walked();
 
  protected:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rows and columns of a report list, as its owner sets them. Not the look: ZWCListCtrl and its delegate draw. A row
-// that isn't there reads as empty and is left alone; IsConsistent checks what the operations promise.
+// The rows and columns of a report list, as its owner sets them. ZWCListCtrl draws them. A row that doesn't exist reads
+// as empty, and an operation on it does nothing. IsConsistent checks the model for tests.
 #pragma once
 
 #include <QtCore/QAbstractTableModel>
@@ -12,13 +12,13 @@ namespace pnl {
 
 struct ReportCell {
   QString text;
-  int image = -1;  // in the small image list; -1 for none
+  int image = -1;  // index in the small image list; -1 for none
 };
 
 struct ReportRow {
-  std::vector<ReportCell> cells;  // fewer than columns: the others are empty
-  int overlay = -1;               // over the row's image
-  int stateImage = -1;            // in the state image list
+  std::vector<ReportCell> cells;  // may be fewer than the columns; the others are empty
+  int overlay = -1;               // index in the small image list, drawn over the row's image; -1 for none
+  int stateImage = -1;            // index in the state image list; -1 for none
   std::intptr_t data = 0;
 };
 
@@ -37,15 +37,15 @@ class ReportModel : public QAbstractTableModel {
   [[nodiscard]] const std::vector<ReportColumn>& Columns() const { return columns_; }
 
   void SetRows(std::vector<ReportRow> rows);
-  /// At the end where index is not in the list. Answers where it is now.
+  /// Inserts before index, or at the end when no row has that index. Returns the row's new index.
   int InsertRow(int index, ReportRow row);
   bool ReplaceRow(int index, ReportRow row);
   bool DeleteRow(int index);
   void Clear() { SetRows({}); }
   bool SetCell(int index, int column, ReportCell cell);
-  /// Null for a row that isn't there; holds until the next change.
+  /// The row with that index; null when there is none. The pointer is valid until the next change.
   [[nodiscard]] const ReportRow* Row(int index) const;
-  /// An empty cell where there is none.
+  /// The cell; an empty one when there is none.
   [[nodiscard]] const ReportCell& Cell(int index, int column) const;
   [[nodiscard]] bool IsConsistent() const;
 

@@ -10,7 +10,7 @@
 namespace pnl {
 namespace {
 
-/// Half the range of an int: the framework adds the size of a window to the value of a scroll bar.
+/// Half the range of an int, because Qt adds the size of a window to the value of a scroll bar.
 constexpr std::int64_t kLongestRange = std::numeric_limits<int>::max() / 2;
 
 int Limited(std::int64_t value) { return static_cast<int>(std::clamp(value, -kLongestRange, kLongestRange)); }
@@ -47,7 +47,7 @@ void RowView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   const std::int64_t now = Offset();
   switch (hint) {
     case EnsureVisible:
-      // A row higher than the view shows its top.
+      // Of a row that is higher than the view, the top is shown.
       if (now < atBottom) ScrollToOffset(std::min(atBottom, top));
       if (now > top) ScrollToOffset(top);
       return;
@@ -71,7 +71,7 @@ void RowView::updateGeometries() {
   const std::int64_t beyond = std::max<std::int64_t>(content - viewport()->height(), 0);
   const std::int64_t offset = Offset();
   scale_ = beyond <= kLongestRange ? 1 : RowHeight();
-  // Rounded up: the last row comes into view whole.
+  // Rounded up, so that the last row can be shown whole.
   verticalScrollBar()->setRange(0, Limited((beyond + scale_ - 1) / scale_));
   verticalScrollBar()->setPageStep(std::max(viewport()->height() / scale_, 1));
   verticalScrollBar()->setSingleStep(std::max(RowHeight() / scale_, 1));

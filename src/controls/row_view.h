@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A view of one column whose rows are all equally high. It computes where a row lies and keeps nothing for each of
-// them, so that twenty million rows cost it no more than twenty. Not for rows that differ, or that are hidden.
+// A view of one column whose rows have equal heights. It computes where a row is and stores nothing for each row, so
+// that twenty million rows cost it no more than twenty. It can't hide rows.
 #pragma once
 
 #include <QtWidgets/QAbstractItemView>
@@ -15,7 +15,8 @@ class RowView : public QAbstractItemView {
  public:
   explicit RowView(QWidget* parent);
 
-  /// In pixels, above 0; may change with the font. A line of the font unless a heir knows better.
+  /// The height of every row in pixels, above 0. It may change with the font. By default it is the height of a line of
+  /// the font.
   [[nodiscard]] virtual int RowHeight() const;
 
   void setModel(QAbstractItemModel* model) override;
@@ -43,11 +44,13 @@ class RowView : public QAbstractItemView {
   /// How far the rows are scrolled, in pixels.
   [[nodiscard]] std::int64_t Offset() const;
   void ScrollToOffset(std::int64_t offset);
-  /// The rows that a stretch of the viewport touches; none when last is below first.
+  /// The rows that are at least partly between two heights of the viewport. There are none when last is less than
+  /// first.
   [[nodiscard]] Rows RowsBetween(int top, int bottom) const;
   [[nodiscard]] QRect RectOf(Rows rows) const;
 
-  /// What a step of the scroll bar moves, in pixels: more than one where the bar's range would not reach the last row.
+  /// How many pixels one step of the scroll bar moves: more than one if the bar's range wouldn't reach the last row
+  /// otherwise.
   int scale_ = 1;
   std::array<QMetaObject::Connection, 2> rowCountChanges_;
 };

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The panel's system colours by number. Not a theme: what the settings or a tool's table say goes before these.
-// window/qt/qt_text.h turns one into Qt's when it is painted.
+// The panel's system colours by number. Colours from the settings or a tool's own table go before these. ToQColor
+// (window/qt/qt_text.h) converts one for painting.
 #pragma once
 
 #include <cstdint>
 
 namespace pnl {
 
-/// 0x00BBGGRR: red in the low byte.
+/// A colour 0x00BBGGRR: red in the low byte.
 using Color = std::uint32_t;
 
 inline constexpr int kColorWindow = 5;
@@ -22,7 +22,7 @@ inline constexpr int kColorHighlight3D = 20;
 inline constexpr int kColorDarkShadow = 21;
 inline constexpr int kColorLight = 22;
 
-/// Black for a number that isn't in the table.
+/// The colour with that number; black for a number that isn't in the table.
 [[nodiscard]] constexpr Color SystemColor(int index) {
   switch (index) {
     case kColorWindow:

@@ -40,7 +40,7 @@ void ZWCEdit::SetFont(const QString& face, int height, int weight) {
 }
 
 void ZWCEdit::focusInEvent(QFocusEvent* event) {
-  // A menu that closes gives back a focus that was never lost.
+  // A popup menu takes and returns the focus; the parent must not see that as a change.
   static const std::uint32_t kMessage = RegisterMessage("ZWCEDIT_SETFOCUS");
   if (event->reason() != Qt::PopupFocusReason && !OnFocusChange(kMessage)) return;
   QLineEdit::focusInEvent(event);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZWCEdit: a one-line edit whose colours follow the focus, that refuses some characters when they are typed, and that
-// tells its parent window when the focus comes and goes. It knows nothing of what is typed.
+// ZWCEdit: a one-line edit whose colours depend on the focus. It refuses some characters when they are typed, and tells
+// its parent window when it gets and loses the focus.
 #pragma once
 
 #include <QtGui/QBrush>
@@ -19,15 +19,16 @@ class ZWCEdit : public QLineEdit {
   Q_PROPERTY(uint pnlFore READ TextColor)
 
  public:
-  /// parentHandle is the window that gets "ZWCEDIT_SETFOCUS" and "ZWCEDIT_KILLFOCUS"; windows outlives the control.
+  /// parentHandle is the window that gets "ZWCEDIT_SETFOCUS" and "ZWCEDIT_KILLFOCUS". windows must outlive the control.
   ZWCEdit(int id, WindowSystem& windows, WindowHandle parentHandle, QWidget* parent);
 
-  /// Kept when they differ from the present ones; redraw shows them at once, otherwise the next paint does.
+  /// Sets the colours without the focus. If redraw is set, they are shown at once, otherwise with the next paint.
+  /// SetFocusColors does the same for the colours with the focus.
   void SetNormalColors(Color back, Color text, bool redraw);
   void SetFocusColors(Color back, Color text, bool redraw);
-  /// On failure no font is kept and the control has its parent's.
+  /// Sets the font. If it can't be made, the control has its parent's font.
   void SetFont(const QString& face, int height, int weight);
-  /// The characters that typing may not enter; an empty text allows all. Pasted text isn't filtered.
+  /// Sets the characters that can't be typed. An empty text allows all. Pasted text isn't filtered.
   void SetForbidden(const QString& text) { m_Forbidden = text; }
 
   [[nodiscard]] QString Forbidden() const { return m_Forbidden; }
@@ -35,7 +36,7 @@ class ZWCEdit : public QLineEdit {
   [[nodiscard]] uint TextColor() const { return hasFocus() ? m_TextFocus : m_TextNormal; }
 
  protected:
-  /// A class that takes the focus events calls these first, and does nothing more if they destroyed the control.
+  /// An override must call these first, and must do nothing more if the call destroyed the control.
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -44,7 +45,8 @@ class ZWCEdit : public QLineEdit {
 
  private:
   [[nodiscard]] bool IsForbidden(const QString& typed) const;
-  /// Drops the brush, asks for a repaint and tells the parent; false when the parent destroyed the control meanwhile.
+  /// Drops the brush, requests a repaint and sends the message to the parent. Returns false when the parent destroyed
+  /// the control meanwhile.
   bool OnFocusChange(std::uint32_t message);
   void UseColors();
 

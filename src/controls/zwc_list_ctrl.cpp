@@ -20,7 +20,7 @@ constexpr int kImageMargin = 4;
 constexpr int kImageGap = 2;
 constexpr std::uint32_t kCellFormat = draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kEndEllipsis;
 
-/// Every row has the list's height, so that the view needs to ask for one row only.
+/// Gives every row the same height, so that the view asks for one row only.
 class RowHeightDelegate : public QStyledItemDelegate {
  public:
   explicit RowHeightDelegate(ZWCListCtrl* list) : QStyledItemDelegate(list), list_(*list) {}
@@ -132,12 +132,10 @@ void ZWCListCtrl::UseColors() {
 }
 
 void ZWCListCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  painter->save();
   QRect bounds = option.rect;
   bounds.setLeft(0);
   bounds.setRight(std::max(viewport()->width(), bounds.right()));
   DrawReportRow(*painter, bounds, index.row());
-  painter->restore();
 }
 
 void ZWCListCtrl::drawBranches(QPainter*, const QRect&, const QModelIndex&) const {}
@@ -152,7 +150,7 @@ int ZWCListCtrl::DrawIcons(QPainter& painter, const QRect& cell, const ReportRow
     if (!m_bFullRow) {
       const int right = left + small_.size.width();
       painter.fillRect(QRect(0, cell.top(), right, cell.height()), ToQColor(back_));
-      // The state image lies under that fill as well and is drawn again.
+      // The fill has covered the state image, so it is drawn again.
       if (const QPixmap* image = state_.At(row.stateImage)) DrawImage(painter, cell, cell.left(), state_.size, *image);
     }
     const int icon = row.cells.empty() ? -1 : row.cells.front().image;

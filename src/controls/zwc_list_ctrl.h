@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZWCListCtrl: a list in columns whose rows it draws itself, readable when selected and of one height each. The rows
-// are its ReportModel's; what they mean is the business of whoever fills it.
+// ZWCListCtrl: a list with columns that draws its rows itself. All rows have one height and stay readable when
+// selected. Its ReportModel has the rows; its owner fills them.
 #pragma once
 
 #include <QtGui/QFont>
@@ -14,7 +14,7 @@
 
 namespace pnl {
 
-/// Small pictures of one size; an index outside has none.
+/// Small pictures of one size. At returns null for an index out of range.
 struct ImageList {
   QSize size;
   std::vector<QPixmap> images;
@@ -31,22 +31,24 @@ class ZWCListCtrl : public QTreeView {
  public:
   ZWCListCtrl(int id, QWidget* parent);
 
-  /// No repaint.
+  /// Sets the colours of selected rows without a repaint.
   void SetSelectedColors(Color text, Color back);
-  /// Does nothing with a font that can't be made.
+  /// Does nothing when the font can't be made.
   void SetFont(const QString& face, int height, int weight);
   void Setup(Color back, Color text, Color selBack, Color selText, const QString& face, int height, int weight);
   void SetFullRow(bool flag) { m_bFullRow = flag; }
-  /// Answers the old value; a change repaints.
+  /// Returns the old value. A change repaints the list.
   bool SetSubItemImages(bool flag);
   void SetSmallImages(ImageList images);
   void SetStateImages(ImageList images);
-  /// Size needed for all rows; false and 0, 0 for an empty list.
+  /// Puts the size that all rows need into size, measured by the texts of the first column. For an empty list returns
+  /// false and size is 0, 0.
   bool GetExtent(QSize& size) const;
 
   [[nodiscard]] ReportModel& Rows() { return rows_; }
   [[nodiscard]] const ReportModel& Rows() const { return rows_; }
-  /// The height of every row: the text and what stands between two lines, plus 5; or the small image plus 4.
+  /// The height of every row in pixels: that of the text with its leading plus 5, or that of the small images plus 4 if
+  /// it is larger.
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] uint BackColor() const { return back_; }
   [[nodiscard]] uint TextColor() const { return text_; }
@@ -56,7 +58,7 @@ class ZWCListCtrl : public QTreeView {
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
-  /// A derived class draws rows its own way here. bounds is the whole row.
+  /// Draws a row; bounds is the whole row. A derived class may draw it in its own way.
   virtual void DrawReportRow(QPainter& painter, const QRect& bounds, int row) const;
   /// The rectangle of a cell in the row's bounds.
   [[nodiscard]] QRect CellRect(const QRect& bounds, int column) const;
@@ -69,7 +71,7 @@ class ZWCListCtrl : public QTreeView {
 
  private:
   void UseColors();
-  /// Draws the icons of a row and answers where its label begins.
+  /// Draws the icons of a row and returns the x at which its label begins.
   int DrawIcons(QPainter& painter, const QRect& cell, const ReportRow& row) const;
 
   ReportModel rows_;

@@ -83,7 +83,7 @@ void ZWCStatic::SetBlink(bool on, int period) {
   m_bBlink = on;
   m_bPhase = on;
   period_ = on && period > 0 ? period : 0;
-  // A tick paints at once: the phase changes only there, and two ticks must not melt into one paint.
+  // A tick paints at once, because only painting changes the phase, and two ticks must not become one paint.
   if (period_ > 0) m_Timer.Start(period_, [this] { repaint(); });
   if (!on) m_Timer.Stop();
   update();
@@ -124,7 +124,7 @@ void ZWCStatic::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ZWCStatic::resizeEvent(QResizeEvent* event) {
-  // Whether the text fits depends on the width.
+  // The format depends on whether the text fits in the width.
   if (event->size().width() != event->oldSize().width()) ChooseFormat();
   QWidget::resizeEvent(event);
 }
@@ -187,7 +187,7 @@ void ZWCStatic::PaintPlusSign(QPainter& painter) const {
                          {x + 6, y + 12},
                          {x, y + 12},
                          {x, y + 6}});
-  // Cut by the rectangle where it is smaller than the sign, never scaled; one without any area stays empty.
+  // A rectangle smaller than the sign cuts it; it is never scaled.
   const QRegion sign = QRegion(points).intersected(area);
   for (const QRect& part : sign) painter.fillRect(part, ToQColor(m_Text));
 }

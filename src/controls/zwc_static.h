@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ZWCStatic: a captioned field with a frame, a background, a text drawn by draw flags, a blinking triangle before it,
-// or a plus sign in its place. It knows nothing of what it shows: the tool that owns it sets text and colours. It takes
-// neither the focus nor the mouse; a press on it is a press on its parent.
+// ZWCStatic: a field with a frame, a background and a text that is drawn by draw flags. A blinking triangle may be
+// before the text, or a plus sign in its place. The tool that owns it sets text and colours. It takes neither the focus
+// nor the mouse: a press on it is a press on its parent.
 #pragma once
 
 #include <QtGui/QFont>
@@ -26,18 +26,18 @@ class ZWCStatic : public QWidget {
   Q_PROPERTY(int pnlPeriod READ Period)
 
  public:
-  /// The number that the blink timer has among the control's own.
+  /// The number of the blink timer. Unused here: the timer comes from Timers.
   static constexpr int kTimerId = 0x47128;
   enum FitMode { kFitNone = 0, kFitPath = 1, kFitWrap = 2, kPlusSign = 3 };
 
-  /// Asks files whether a path exists when it fits one, and blinks by timers; both outlive the control.
+  /// The control asks files whether a path exists when it fits one, and blinks with timers. Both must outlive it.
   ZWCStatic(int id, Timers& timers, const Files& files, QWidget* parent);
   ~ZWCStatic() override;
 
   void SetFont(const QString& face, int height, int weight);
   void SetTextW(const QString& text, bool redraw);
   void SetColors(Color frame, Color back, Color text, bool redraw);
-  /// Frame and background alike.
+  /// Gives frame and background the same colour.
   void SetColors(Color frameAndBack, Color text, bool redraw);
   void SetFrameColor(Color color);
   void SetBackColor(Color color);
@@ -47,7 +47,8 @@ class ZWCStatic : public QWidget {
   void SetPathFit() { m_FitMode = kFitPath; }
   void SetWrapFit() { m_FitMode = kFitWrap; }
   void SetPlusSign();
-  /// Does nothing when it blinks already or not, as told. A period of 0 blinks with the repaints alone.
+  /// Starts or stops blinking; period is in milliseconds. Does nothing when the control is in that state already. With
+  /// a period of 0 it blinks only with the repaints that happen anyway.
   void SetBlink(bool on, int period);
   void Lock() { m_bLocked = true; }
   void Unlock() { m_bLocked = false; }

@@ -10,7 +10,7 @@
 namespace pnl {
 namespace {
 
-/// Not the minus sign, and left so: a typed minus must not collapse a node, only the numeric key does.
+/// This is deliberately not the minus sign: only the minus key of the numeric keypad may close a node, not a typed one.
 constexpr char16_t kMinusCharacter = 0x2DA1;
 
 }  // namespace
@@ -40,7 +40,7 @@ void ZWCTreeCtrl::keyPressEvent(QKeyEvent* event) {
   for (const QChar character : event->text()) {
     if (OnCharacter(character.unicode())) return event->accept();
   }
-  // The view would collapse on the typed character, too.
+  // The view would also close the node on a typed minus.
   if (event->key() == Qt::Key_Minus && (event->modifiers() & Qt::KeypadModifier) == 0) return event->accept();
   QTreeWidget::keyPressEvent(event);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZWCTreeCtrl: a tree that opens and closes its selected node by Space and the plus and minus keys, each of which a
-// derived class may take over. What the nodes mean is the derived class's business.
+// ZWCTreeCtrl: a tree whose selected node opens and closes with Space and the plus and minus keys. A derived class may
+// override what each key does.
 #pragma once
 
 #include <QtGui/QFont>
@@ -15,19 +15,19 @@ class ZWCTreeCtrl : public QTreeWidget {
  public:
   ZWCTreeCtrl(int id, QWidget* parent);
 
-  /// Does nothing with a font that can't be made.
+  /// Does nothing when the font can't be made.
   void SetFont(const QString& face, int height, int weight);
-  /// The selected node; null when none is.
+  /// The selected node; null when there is none.
   [[nodiscard]] QTreeWidgetItem* SelectedNode() const;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
 
-  /// All answer true when the key is consumed; else the tree handles it as usual.
+  /// All of these return true when they have consumed the key. Otherwise the tree handles it as usual.
   virtual bool OnKeySpace();
   virtual bool OnKeyPlus();
   virtual bool OnKeyMinus();
-  /// Every key that goes down, before its character.
+  /// Called for every key that is pressed, before OnCharacter gets its character.
   virtual bool OnKey(int key, Qt::KeyboardModifiers modifiers);
   virtual bool OnCharacter(char16_t character);
 

@@ -18,23 +18,6 @@ inline constexpr std::uint32_t kErrorWhite = 0xFFFFFF;
 /// Behind title line and description.
 inline constexpr std::uint32_t kErrorPanelColor = 0xBFC9D3;
 
-/// Sources with rules of their own; all others are the kernel's.
-namespace error_source {
-inline constexpr std::int32_t kProgram = 1;
-inline constexpr std::int32_t kPreparation = 2;
-inline constexpr std::int32_t kPartner = 3;
-inline constexpr std::int32_t kScript = 9;
-inline constexpr std::int32_t kPlc = 10;
-inline constexpr std::int32_t kTextBelow = 11;
-inline constexpr std::int32_t kTextAlone = 12;
-inline constexpr std::int32_t kDrive = 13;
-inline constexpr std::int32_t kUnknownDrive = 14;
-inline constexpr std::int32_t kOwnText = 15;
-inline constexpr std::int32_t kMechatrolink = 16;
-inline constexpr std::int32_t kFieldBus = 17;
-inline constexpr std::int32_t kCanOpen = 19;
-}  // namespace error_source
-
 /// 0 or less when there is none.
 [[nodiscard]] int ChannelOf(const ErrorRecord& record);
 

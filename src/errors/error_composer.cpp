@@ -142,10 +142,9 @@ class Composition {
   }
 
   void ComposeCanOpen() {
-    constexpr std::size_t kEmergencyCodeOffset = 3384;
     SetWord(KernelWord());
     result_.boxText = ComposeBoxText(around_.words(error_text::kCanOpen), &record_);
-    Ask(ErrorTextFunction::kEmcyCopen, record_.Get<std::int32_t>(kEmergencyCodeOffset));
+    Ask(ErrorTextFunction::kEmcyCopen, record_.Get<std::int32_t>(error_field::kEmergencyCodeOffset));
     result_.titleLine = BehindSeparator(result_.info);
     Describe(DescriptionTrim::kFirstCharacter);
   }

@@ -105,7 +105,7 @@ void ErrorSession::Acknowledge() {
 void ErrorSession::ResetShown(int kind) {
   const int index = shownIndex_;
   StepBack();
-  context_.cnc.Kapi().ResetError(index, kind);
+  Kapi().ResetError(index, kind);
   ReadShown();
   WriteCurrent();
 }
@@ -114,7 +114,7 @@ void ErrorSession::ConfirmWithEnter() {
   if (shownIndex_ < 0 || currentClass_ != ErrorClass::kConfirm) return;
   ShowWaiting(true);
   StepBack();
-  context_.cnc.Kapi().ResetErrorWithEnter(0, shownRecord_);
+  Kapi().ResetErrorWithEnter(0, shownRecord_);
   ReadShown();
   WriteCurrent();
   ShowWaiting(false);
@@ -122,7 +122,7 @@ void ErrorSession::ConfirmWithEnter() {
 
 void ErrorSession::ShowWaiting(bool waiting) {
   waiting_ = waiting;
-  view_->SetWaitCursor(waiting);
+  View().SetWaitCursor(waiting);
 }
 
 void ErrorSession::StepBack() {

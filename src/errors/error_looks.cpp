@@ -12,59 +12,59 @@ void ErrorSession::OnFlash() {
 
 void ErrorSession::SetBoxes(ErrorClass titleClass, ErrorClass channelClass, bool inverted, bool now) {
   const auto set = [this, inverted, now](int id, std::uint32_t color) {
-    view_->SetBoxColors(id, inverted ? color : kErrorWhite, inverted ? kErrorWhite : color, now);
+    View().SetBoxColors(id, inverted ? color : kErrorWhite, inverted ? kErrorWhite : color, now);
   };
   set(error_id::kTitleBox, ErrorColorOf(titleClass));
   if (!now || channelShown_) set(error_id::kChannelBox, ErrorColorOf(channelClass));
 }
 
 void ErrorSession::MeasureBase() {
-  baseClient_ = view_->ClientRect();
-  base_.titleRect = view_->ControlRect(error_id::kTitleLine);
-  const Rect text = view_->ControlRect(error_id::kDescription);
+  baseClient_ = View().ClientRect();
+  base_.titleRect = View().ControlRect(error_id::kTitleLine);
+  const Rect text = View().ControlRect(error_id::kDescription);
   base_.titleToTextGap = text.top - base_.titleRect.bottom;
   base_.textToBottomGap = baseClient_.bottom - text.bottom;
-  topRow_ = {view_->ControlRect(error_id::kTitleBox), view_->ControlRect(error_id::kChannelBox),
-             view_->ControlRect(error_id::kHelp), view_->ControlRect(error_id::kAcknowledge)};
-  previousArrow_ = {view_->ControlRect(error_id::kPrevious), view_->ControlRect(error_id::kBefore)};
-  nextArrow_ = {view_->ControlRect(error_id::kNext), view_->ControlRect(error_id::kAfter)};
+  topRow_ = {View().ControlRect(error_id::kTitleBox), View().ControlRect(error_id::kChannelBox),
+             View().ControlRect(error_id::kHelp), View().ControlRect(error_id::kAcknowledge)};
+  previousArrow_ = {View().ControlRect(error_id::kPrevious), View().ControlRect(error_id::kBefore)};
+  nextArrow_ = {View().ControlRect(error_id::kNext), View().ControlRect(error_id::kAfter)};
 }
 
 void ErrorSession::OnResized() {
-  const Rect client = view_->ClientRect();
-  const Rect title = LayoutTitleLine(view_->ControlRect(error_id::kTitleLine), client.Width());
-  view_->MoveControl(error_id::kTitleLine, title);
+  const Rect client = View().ClientRect();
+  const Rect title = LayoutTitleLine(View().ControlRect(error_id::kTitleLine), client.Width());
+  View().MoveControl(error_id::kTitleLine, title);
   const auto place = [this](int arrow, int counter, const ErrorArrow& where) {
-    view_->MoveControl(arrow, where.arrow);
-    view_->MoveControl(counter, where.counter);
+    View().MoveControl(arrow, where.arrow);
+    View().MoveControl(counter, where.counter);
   };
   const int oldWidth = baseClient_.Width();
   place(error_id::kPrevious, error_id::kBefore,
         LayoutArrow(previousArrow_, title.top, oldWidth, client.Width(), false));
   place(error_id::kNext, error_id::kAfter, LayoutArrow(nextArrow_, title.top, oldWidth, client.Width(), true));
-  view_->MoveControl(error_id::kDescription, LayoutDescription(title, base_.titleToTextGap, client));
+  View().MoveControl(error_id::kDescription, LayoutDescription(title, base_.titleToTextGap, client));
   LayTopRow();
 }
 
 void ErrorSession::LayTopRow() {
-  const ErrorTopRow row = LayoutTop(view_->ClientRect().Width(), topRow_, channelShown_);
-  view_->MoveControl(error_id::kTitleBox, row.titleBox);
-  if (channelShown_) view_->MoveControl(error_id::kChannelBox, row.channelBox);
-  view_->MoveControl(error_id::kHelp, row.help);
+  const ErrorTopRow row = LayoutTop(View().ClientRect().Width(), topRow_, channelShown_);
+  View().MoveControl(error_id::kTitleBox, row.titleBox);
+  if (channelShown_) View().MoveControl(error_id::kChannelBox, row.channelBox);
+  View().MoveControl(error_id::kHelp, row.help);
   for (const int sign : {error_id::kAcknowledge, error_id::kConfirmSign, error_id::kMarkedSign}) {
-    view_->MoveControl(sign, row.sign);
+    View().MoveControl(sign, row.sign);
   }
 }
 
 void ErrorSession::FitTitleLine() {
-  const Rect title = view_->ControlRect(error_id::kTitleLine);
-  const int needed = view_->TitleTextHeight(composed_.titleLine, title.Width());
+  const Rect title = View().ControlRect(error_id::kTitleLine);
+  const int needed = View().TitleTextHeight(composed_.titleLine, title.Width());
   const TitleFit fit = FitTitle(base_.titleRect.Height(), title.Height(), needed);
   if (!fit.changed) return;
   const Rect fitted{title.left, title.top, title.right, title.top + fit.height};
-  view_->MoveControl(error_id::kTitleLine, fitted);
-  view_->CentreTitleLine(fit.centred);
-  view_->MoveControl(error_id::kDescription, LayoutDescription(fitted, base_.titleToTextGap, view_->ClientRect()));
+  View().MoveControl(error_id::kTitleLine, fitted);
+  View().CentreTitleLine(fit.centred);
+  View().MoveControl(error_id::kDescription, LayoutDescription(fitted, base_.titleToTextGap, View().ClientRect()));
 }
 
 }  // namespace pnl

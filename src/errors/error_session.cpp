@@ -11,14 +11,13 @@ namespace pnl {
 
 namespace {
 
-constexpr int kTool = tool_id::kErrorManager;
-constexpr int kOrdinaryClose = 2;
+constexpr int kTool = PNL_TOOL_ERRORS;
 constexpr int kClosePeriod = 5000;
 constexpr std::size_t kMostCurrent = 260;
 /// A shorter period in the file would keep the panel busy with nothing but flashing.
 constexpr int kFastestFlash = 50;
 
-/// As the messages to the main window carry two numbers in one argument.
+/// PnlLowHalf and PnlHighHalf read it again.
 std::intptr_t Packed(std::int32_t low, std::int32_t high) {
   const std::uint32_t word = (static_cast<std::uint32_t>(low) & 0xFFFF) | (static_cast<std::uint32_t>(high) << 16);
   return static_cast<std::intptr_t>(word);
@@ -27,46 +26,44 @@ std::intptr_t Packed(std::int32_t low, std::int32_t high) {
 }  // namespace
 
 ErrorSession::ErrorSession(const ToolContext& context, ErrorView& view, std::unique_ptr<ErrorLineReader> reader)
-    : context_(context),
-      view_(view),
+    : ToolSession(context, view),
       reader_(std::move(reader)),
-      priorityVariable_(context_.cnc.Vars()),
-      countVariable_(context_.cnc.Vars()),
-      flashTimer_(context_.timers),
-      closeTimer_(context_.timers) {
-  widths_.of = [this](TextView text) { return view_->DescriptionTextWidth(text); };
+      priorityVariable_(context.cnc.Vars()),
+      countVariable_(context.cnc.Vars()),
+      flashTimer_(context.timers),
+      closeTimer_(context.timers) {
+  widths_.of = [this](TextView text) { return View().DescriptionTextWidth(text); };
 }
 
 ErrorSession::~ErrorSession() { reader_->Drop(); }
 
 void ErrorSession::Start() {
   // Not in the constructor: a missing language library opens a box, and the window may be gone when that is closed.
-  words_ = ErrorWords(context_.language.SharedToolTexts());
-  if (HasEnded()) return;
+  words_ = ErrorWords(Context().language.SharedToolTexts());
   titleWord_ = words_(error_text::kError);
-  view_->Hide();
-  const Text ini = ErrorIniPath(context_.cnc.Util());
-  settings_ = ReadErrorSettings(context_.files, ini);
+  View().Hide();
+  const Text ini = ErrorIniPath(Context().cnc.Util());
+  settings_ = ReadErrorSettings(Context().files, ini);
   MeasureBase();
   priorityVariable_.SetNombre(u"E.ERRORPRI");
   countVariable_.SetNombre(u"E.NERRORS");
-  priorityVariable_.OpenReport(view_->Handle());
-  countVariable_.OpenReport(view_->Handle());
-  view_->SetFonts(settings_.titleFont, settings_.textFont);
-  view_->UseRaisedLook(error_id::kTitleBox, false);
-  view_->UseRaisedLook(error_id::kChannelBox, false);
-  view_->SetWindowRect(PlaceErrorWindow(context_.files, context_.cnc.Util()));
+  priorityVariable_.OpenReport(View().Handle());
+  countVariable_.OpenReport(View().Handle());
+  View().SetFonts(settings_.titleFont, settings_.textFont);
+  View().UseRaisedLook(error_id::kTitleBox, false);
+  View().UseRaisedLook(error_id::kChannelBox, false);
+  View().SetWindowRect(PlaceErrorWindow(Context().files, Context().cnc.Util()));
   OnResized();
   priorityVariable_.GeneraReport();
   countVariable_.GeneraReport();
-  view_->RegisterHotKey(true);
+  View().RegisterHotKey(true);
 }
 
 void ErrorSession::End() {
   if (HasEnded()) return;
-  view_->RegisterHotKey(false);
-  if (waiting_) view_->SetWaitCursor(false);
-  view_.Detach();
+  View().RegisterHotKey(false);
+  if (waiting_) View().SetWaitCursor(false);
+  MarkEnded();
   active_ = false;
   visible_ = false;
   reader_->Drop();
@@ -82,17 +79,16 @@ void ErrorSession::ReadShown() {
   composed_ = {};
   reader_->Drop();
   ErrorRecord record{};
-  shownIndex_ = context_.cnc.Kapi().ReadError(requestedIndex_, record);
+  shownIndex_ = Kapi().ReadError(requestedIndex_, record);
   if (shownIndex_ == -1) return NothingToShow();
   ShowComposed(record);
-  view_->SetClassColor(ErrorColorOf(composed_.errorClass));
+  View().SetClassColor(ErrorColorOf(composed_.errorClass));
   DecideState();
-  if (HasEnded()) return;
   shownNumber_ = record.Get<std::int32_t>(error_field::kNumber.offset);
   shownRecord_ = record;
   FitTitleLine();
   currentClass_ = composed_.errorClass;
-  view_->Invalidate();
+  View().Invalidate();
 }
 
 void ErrorSession::NothingToShow() {
@@ -109,14 +105,14 @@ void ErrorSession::NothingToShow() {
 }
 
 void ErrorSession::ShowComposed(const ErrorRecord& record) {
-  widths_.available = view_->ControlRect(error_id::kDescription).Width();
-  const ErrorSurroundings around{context_.cnc.Kapi(), context_.cnc.Util(), context_.files, words_, widths_};
+  widths_.available = View().ControlRect(error_id::kDescription).Width();
+  const ErrorSurroundings around{Kapi(), Context().cnc.Util(), Context().files, words_, widths_};
   composed_ = ComposeError(record, around);
   titleWord_ = composed_.titleWord;
   if (composed_.inProgram) ReadProgramLinesLater();
-  view_->SetControlText(error_id::kTitleLine, composed_.titleLine);
+  View().SetControlText(error_id::kTitleLine, composed_.titleLine);
   TellDescription();
-  view_->SetControlText(error_id::kTitleBox, composed_.boxText);
+  View().SetControlText(error_id::kTitleBox, composed_.boxText);
 
   const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
   const bool kernels = HasChannel(source);
@@ -124,35 +120,36 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   SetBoxes(kernels ? composed_.errorClass : currentClass_, composed_.errorClass, false, false);
   channelShown_ = composed_.showChannel;
   if (channelShown_) {
-    view_->SetControlText(error_id::kChannelBox, Format(u"%d", ChannelOf(record)));
+    View().SetControlText(error_id::kChannelBox, Format(u"%d", ChannelOf(record)));
   }
-  view_->ShowControl(error_id::kChannelBox, channelShown_);
+  View().ShowControl(error_id::kChannelBox, channelShown_);
   LayTopRow();
   const bool closes = record.Get<std::int32_t>(error_field::kNumber.offset) == kClosingNumber &&
                       composed_.errorClass != ErrorClass::kWarning && HasKernelWord(source) &&
                       source != error_source::kScript && source != error_source::kOwnText;
-  if (closes) closeTimer_.Start(kClosePeriod, [this] { PostClose(); });
-  if (composed_.logIt) context_.cnc.Kapi().AddLogOnInfo(composed_.LogText());
+  if (closes) closeTimer_.Start(kClosePeriod, Later([this] { PostClose(); }));
+  if (composed_.logIt) Kapi().AddLogOnInfo(composed_.LogText());
 
   const bool helps = composed_.info.helpRef[0] != u'\0' && composed_.hasDescription;
-  view_->ShowControl(error_id::kHelp, helps);
-  view_->ShowControl(error_id::kAcknowledge, composed_.errorClass == ErrorClass::kError);
-  view_->ShowControl(error_id::kConfirmSign, composed_.errorClass == ErrorClass::kConfirm);
-  view_->ShowControl(error_id::kMarkedSign, composed_.errorClass == ErrorClass::kMarked);
+  View().ShowControl(error_id::kHelp, helps);
+  View().ShowControl(error_id::kAcknowledge, composed_.errorClass == ErrorClass::kError);
+  View().ShowControl(error_id::kConfirmSign, composed_.errorClass == ErrorClass::kConfirm);
+  View().ShowControl(error_id::kMarkedSign, composed_.errorClass == ErrorClass::kMarked);
 }
 
 void ErrorSession::ReadProgramLinesLater() {
-  const auto lines = reader_->Read(composed_.place, ProgramCaptionsOf(words_), [this](const ProgramLines& late) {
-    composed_.parts.lineNumber = late.lineNumber;
-    composed_.parts.lineText = late.lineText;
+  const auto take = [this](const ProgramLines& lines) {
+    composed_.parts.lineNumber = lines.lineNumber;
+    composed_.parts.lineText = lines.lineText;
     TellDescription();
-  });
+  };
+  const auto lines = reader_->Read(composed_.place, ProgramCaptionsOf(words_), Later(take));
   if (!lines) return;
   composed_.parts.lineNumber = lines->lineNumber;
   composed_.parts.lineText = lines->lineText;
 }
 
-void ErrorSession::TellDescription() { view_->SetControlText(error_id::kDescription, composed_.Description()); }
+void ErrorSession::TellDescription() { View().SetControlText(error_id::kDescription, composed_.Description()); }
 
 bool ErrorSession::MustShow() const {
   if (blocked_) return false;
@@ -188,27 +185,25 @@ void ErrorSession::Activate() {
 void ErrorSession::Deactivate() {
   active_ = false;
   Hide(true);
-  if (HasEnded()) return;
-  context_.host.HostErrorsGone();
+  Host().HostErrorsGone();
 }
 
 void ErrorSession::Show() {
-  context_.host.HostToolOpening(kTool);
-  if (HasEnded()) return;
-  if (settings_.flashPeriod > 0) {
-    flashTimer_.Start(std::max(settings_.flashPeriod, kFastestFlash), [this] { OnFlash(); });
-  }
+  Host().HostToolOpening(kTool);
   firstPress_.reset();
-  view_->Show();
-  view_->BringToTop();
-  view_->FocusWindow();
+  View().Show();
+  View().BringToTop();
+  View().FocusWindow();
+  if (settings_.flashPeriod > 0) {
+    flashTimer_.Start(std::max(settings_.flashPeriod, kFastestFlash), Later([this] { OnFlash(); }));
+  }
   visible_ = true;
 }
 
 void ErrorSession::Hide(bool notify) {
-  view_->Hide();
+  View().Hide();
   visible_ = false;
-  if (notify) context_.host.HostToolClosed(kTool, kOrdinaryClose);
+  if (notify) Host().HostToolClosed(kTool, PNL_CLOSED);
 }
 
 void ErrorSession::Toggle(bool hide) {
@@ -220,8 +215,8 @@ void ErrorSession::Toggle(bool hide) {
     PostCount(Count());
   } else {
     PostCount(0);
-    context_.host.HostErrorsGone();
-    if (!HasEnded()) Show();
+    Host().HostErrorsGone();
+    Show();
   }
 }
 
@@ -232,7 +227,6 @@ void ErrorSession::Refresh() {
 // Reports and the queue.
 
 void ErrorSession::OnReport(std::intptr_t first, std::intptr_t second) {
-  if (HasEnded()) return;
   if (countVariable_.HandleReport(first, second)) OnCountReport();
   if (priorityVariable_.HandleReport(first, second)) OnPriorityReport();
 }
@@ -272,22 +266,22 @@ int ErrorSession::Count() const {
 std::int64_t ErrorSession::LiesAfterShown() const { return std::int64_t{Count()} - shownIndex_ - 1; }
 
 void ErrorSession::UpdateCounters() {
-  view_->SetControlText(error_id::kBefore, Format(u"%d", shownIndex_));
-  view_->SetControlText(error_id::kAfter, Format(u"%lld", LiesAfterShown()));
+  View().SetControlText(error_id::kBefore, Format(u"%d", shownIndex_));
+  View().SetControlText(error_id::kAfter, Format(u"%lld", LiesAfterShown()));
 }
 
 void ErrorSession::ShowPrevious(bool shown) {
-  view_->ShowControl(error_id::kPrevious, shown);
-  view_->ShowControl(error_id::kBefore, shown);
+  View().ShowControl(error_id::kPrevious, shown);
+  View().ShowControl(error_id::kBefore, shown);
 }
 
 void ErrorSession::ShowNext(bool shown) {
-  view_->ShowControl(error_id::kNext, shown);
-  view_->ShowControl(error_id::kAfter, shown);
+  View().ShowControl(error_id::kNext, shown);
+  View().ShowControl(error_id::kAfter, shown);
 }
 
 void ErrorSession::WriteCurrent() {
-  ZCVariable current(context_.cnc.Vars(), u"DM.HMI.ERROR.CURRENT");
+  ZCVariable current(Context().cnc.Vars(), u"DM.HMI.ERROR.CURRENT");
   if (!current.IsValid()) return;
   Text text;
   if (Count() != 0) text = Format(u"%s: %s", composed_.boxText, composed_.titleLine).substr(0, kMostCurrent);
@@ -296,27 +290,24 @@ void ErrorSession::WriteCurrent() {
 
 void ErrorSession::PostCount(int count) {
   if (!active_) return;
-  Message message{RegisterMessage("ZM_UPDATE_NERRORS"), 0, 0};
+  Message message{RegisterMessage(PNL_NAME_ERRORS_CHANGED), 0, 0};
   if (count != 0) {
     message.first = Packed(shownNumber_, static_cast<std::int32_t>(currentClass_));
     message.second = Packed(settings_.flashPeriod, count);
   }
-  context_.windows.Post(context_.windows.MainWindow(), message);
+  Context().windows.Post(Context().windows.MainWindow(), message);
 }
 
 void ErrorSession::PostClose() {
-  context_.windows.Post(context_.windows.MainWindow(), {RegisterMessage("ZM_CLOSE7340"), 1, 0});
+  Context().windows.Post(Context().windows.MainWindow(), {RegisterMessage(PNL_NAME_CLOSE_PANEL), 1, 0});
 }
 
 void ErrorSession::OnToolNotify(std::intptr_t what, std::intptr_t value) {
-  constexpr std::intptr_t kSuppress = 1;
-  constexpr std::intptr_t kHotKey = 2;
-  constexpr std::intptr_t kBlock = 79;
-  if (what == kSuppress) {
+  if (what == PNL_NOTIFY_SUPPRESS_ERRORS) {
     suppressed_ = value != 0;
-  } else if (what == kHotKey) {
-    view_->RegisterHotKey(value == 1);
-  } else if (what == kBlock) {
+  } else if (what == PNL_NOTIFY_ERROR_HOT_KEY) {
+    View().RegisterHotKey(value == 1);
+  } else if (what == PNL_NOTIFY_BLOCK_ERRORS) {
     blocked_ = value != 0;
     if (blocked_ && active_ && visible_) {
       Hide(true);
@@ -335,7 +326,7 @@ bool ErrorSession::ShowHelp() {
   const Text helpRef = FieldText(composed_.info.helpRef);
   const Text infoText = FieldText(composed_.info.text);
   const Text header = Format(u"%s %d : %s", titleWord_, shownNumber_, WithoutLeadingLineFeed(infoText));
-  (void)context_.host.HostShowError({ErrorColorOf(currentClass_), kErrorWhite, helpRef.c_str(), header.c_str()});
+  (void)Host().HostShowError({ErrorColorOf(currentClass_), kErrorWhite, helpRef.c_str(), header.c_str()});
   return true;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The error manager without its window: which error of the kernel's queue is on the screen, when the window shows
-// itself, what keys and clicks do, what the host is told. Holds no list: the queue is the kernel's. Owned by the
-// window, which any call of the host may destroy: the operation under way then ends without it.
+// itself, what keys and clicks do, what the host is told. Holds no list: the queue is the kernel's.
 #pragma once
 
 #include <cstdint>
@@ -10,36 +9,32 @@
 
 #include "errors/error_composer.h"
 #include "errors/error_layout.h"
-#include "errors/error_no_view.h"
 #include "errors/error_reader.h"
 #include "errors/error_settings.h"
 #include "errors/error_view.h"
-#include "host/tool_context.h"
-#include "window/tool_link.h"
+#include "host/tool_session.h"
+#include "window/timers.h"
 
 namespace pnl {
 
 enum class ErrorKey { kLeft, kRight, kUp, kDown, kEscape, kEnter };
 
-class ErrorSession {
+class ErrorSession final : public ToolSession<ErrorView> {
  public:
   ErrorSession(const ToolContext& context, ErrorView& view, std::unique_ptr<ErrorLineReader> reader);
   ~ErrorSession();
-  ErrorSession(const ErrorSession&) = delete;
-  ErrorSession& operator=(const ErrorSession&) = delete;
 
   /// The window stands, hidden, with its controls as the dialog has them.
   void Start();
   /// The window is going: what it took is given back. No call to the view or to the host follows.
   void End();
-  [[nodiscard]] bool HasEnded() const { return view_.IsDetached(); }
 
-  /// kMsgVariableReport.
+  /// PNL_MSG_VARIABLE_REPORT.
   void OnReport(std::intptr_t first, std::intptr_t second);
-  /// kMsgToolNotify.
+  /// PNL_MSG_TOOL_NOTIFY.
   void OnToolNotify(std::intptr_t what, std::intptr_t value);
-  /// kMsgHelpKey, and a click on the help picture: hides the window and offers the error to the host. False without an
-  /// error or a reference.
+  /// PNL_MSG_HELP_KEY, and a click on the help picture: hides the window and offers the error to the host. False
+  /// without an error or a reference.
   bool ShowHelp();
   /// "ZM_END_ERRORHELP".
   void HelpEnded();
@@ -98,8 +93,6 @@ class ErrorSession {
   void MeasureBase();
   void TellDescription();
 
-  ToolContext context_;
-  ViewLink<ErrorView, ErrorNoView> view_;
   std::unique_ptr<ErrorLineReader> reader_;
   ErrorWords words_;
   TextWidths widths_;

@@ -9,18 +9,12 @@
 #include "base/text.h"
 #include "errors/error_geometry.h"
 #include "errors/error_settings.h"
-#include "window/window.h"
+#include "window/tool_view.h"
 
 namespace pnl {
 
-class ErrorView {
+class ErrorView : public ToolView {
  public:
-  virtual ~ErrorView() = default;
-
-  [[nodiscard]] virtual WindowHandle Handle() const = 0;
-  virtual void Show() = 0;
-  virtual void Hide() = 0;
-  virtual void BringToTop() = 0;
   virtual void FocusWindow() = 0;
   virtual void Invalidate() = 0;
   /// Brings OnResized back when the size changes.

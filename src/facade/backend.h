@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What a backend library exports: a mark that says for which interface it was built, which the host reads before it
-// calls anything, and the maker of its CncFacade. A library writes PNL_BACKEND_LIBRARY once and then the maker:
+// The exports of a backend library: a mark that says for which interface it was built, and the function that makes its
+// CncFacade. The host reads the mark before it calls anything. A library's source has PNL_BACKEND_LIBRARY once and then
+// the function:
 //
 //     PNL_BACKEND_LIBRARY
 //     extern "C" pnl::CncFacade* PnlMakeBackend(pnl::WindowSystem&, pnl::Timers&) { return new MyFacade; }
@@ -14,18 +15,19 @@
 
 namespace pnl {
 
-/// Goes up with every change of an interface that a backend implements or is handed: cnc_facade.h and what it includes,
-/// window.h, timers.h.
+/// The version of the interface. It must go up with every change of a class that a backend implements or receives:
+/// those of cnc_facade.h and the headers it includes, window.h and timers.h.
 inline constexpr std::uint32_t kBackendVersion = 1;
 
-/// Plain data, read without a call. Everything in it must be equal for a call through the interface to be safe.
+/// The mark of a backend library: plain data that can be read without a call. A call through the interface is safe only
+/// if all of it equals the host's own mark.
 struct BackendMark {
   char name[16];
   std::uint32_t version;
   std::uint32_t pointerBytes;
   std::uint32_t compilerAbi;
-  std::uint32_t textBytes;    // of the string class, which differs between standard libraries
-  std::uint32_t recordBytes;  // of ErrorRecord
+  std::uint32_t textBytes;    // size of the string class, which differs between standard libraries
+  std::uint32_t recordBytes;  // size of ErrorRecord
 };
 
 inline constexpr BackendMark kBackendMark{"pnltools.cnc",    kBackendVersion, sizeof(void*),

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Everything that the tools ask of the CNC, in one object: the simulated CNC (facade/sim) or a machine builder's own
-// backend library. Owned by the library's instance; it outlives every tool.
+// Everything that the tools need from the CNC, in one object: the simulated CNC (facade/sim) or a machine builder's own
+// backend library. The library's instance owns it; it outlives every tool.
 #pragma once
 
 #include "facade/kernel.h"

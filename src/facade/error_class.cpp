@@ -3,7 +3,8 @@
 
 namespace pnl {
 
-// The order decides: a warning is a warning whatever else is set, and a mark outweighs a fatal severity.
+// The order of the checks matters: a warning is a warning whatever else is set, and a mark goes before a fatal
+// severity.
 ErrorClass ClassifyError(const ErrorRecord& record) {
   constexpr std::uint16_t kSeverityWarning = 0;
   constexpr std::uint16_t kSeverityFatal = 7;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The class of an error: what its record says about how it is shown and acknowledged. The one place that sorts errors;
-// window, indicator and list all get their class from here.
+// The class of an error, which decides how it is shown and acknowledged. Window, indicator and list all get it from
+// here, so that they agree.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ enum class ErrorClass : std::int32_t {
   kConfirm = 4,
 };
 
-/// The error that is confirmed with Enter.
+/// The number of the error that the operator confirms with Enter.
 inline constexpr std::int32_t kConfirmNumber = 3753;
 
 [[nodiscard]] ErrorClass ClassifyError(const ErrorRecord& record);

@@ -6,7 +6,7 @@
 namespace pnl {
 
 namespace {
-/// What a field of that many bytes at that place really has inside the record.
+/// How many of the size bytes at that offset are inside the record.
 std::size_t Inside(std::size_t offset, std::size_t size) {
   return offset >= sizeof(ErrorRecord) ? 0 : std::min(size, sizeof(ErrorRecord) - offset);
 }
@@ -22,7 +22,7 @@ Text ErrorRecord::GetText(std::size_t offset, std::size_t size) const {
   return text;
 }
 
-// What lies behind the terminator is left alone: it may belong to a field that overlaps with this one.
+// The bytes after the terminator may belong to a field that overlaps with this one.
 void ErrorRecord::SetText(std::size_t offset, std::size_t size, TextView text) {
   const std::size_t units = Inside(offset, size) / sizeof(char16_t);
   if (units == 0) return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The record that the kernel fills for one error: its layout is the exchange format with the kernel, so every field is
-// checked by offset. Fields overlap: which one holds depends on the error's source. Nothing here composes texts.
+// The record that the kernel fills for one error. Its layout is the exchange format with the kernel, so static_asserts
+// check it. Some fields share bytes; the error's source decides which of them is valid. Texts for the operator are made
+// elsewhere.
 #pragma once
 
 #include <cstddef>
@@ -13,11 +14,11 @@ namespace pnl {
 
 /// One typed parameter, 536 bytes.
 struct ErrorParameter {
-  std::int32_t valueType;  // 0: absent
+  std::int32_t valueType;  // 0: this parameter is absent
   std::int32_t unit;
   std::int32_t meaning;
   std::int32_t unused;
-  unsigned char value[520];  // read by valueType
+  unsigned char value[520];  // valueType says how to read it
 };
 static_assert(sizeof(ErrorParameter) == 536);
 static_assert(offsetof(ErrorParameter, value) == 16);
@@ -31,7 +32,7 @@ struct ErrorValue {
 static_assert(sizeof(ErrorValue) == 24);
 static_assert(offsetof(ErrorValue, value) == 8);
 
-/// Codes of the values in parameters and extra values.
+/// The values of valueType in parameters and extra values.
 namespace value_type {
 inline constexpr std::int32_t kAbsent = 0;
 inline constexpr std::int32_t kBool = 1;
@@ -48,7 +49,7 @@ inline constexpr std::int32_t kText = 17;
 inline constexpr std::int32_t kHexValue = 18;
 }  // namespace value_type
 
-/// 4048 bytes. The named text fields overlap with others in places; they are reached through the offsets below.
+/// The record's 4048 bytes. Fields may overlap, so they are read and written by the offsets in error_field.
 struct alignas(8) ErrorRecord {
   unsigned char bytes[4048];
 
@@ -62,14 +63,14 @@ struct alignas(8) ErrorRecord {
   void Set(std::size_t offset, T value) {
     std::memcpy(bytes + offset, &value, sizeof value);
   }
-  /// The text of a field of that many bytes, up to its terminator or the field's end.
+  /// Reads the text of a field of size bytes, up to its terminator or the field's end.
   [[nodiscard]] Text GetText(std::size_t offset, std::size_t size) const;
-  /// Cut to what fits with its terminator.
+  /// Writes a text, cut to what fits, and its terminator. The bytes after the terminator stay as they were.
   void SetText(std::size_t offset, std::size_t size, TextView text);
 };
 static_assert(sizeof(ErrorRecord) == 4048);
 
-/// A field: its name in scripts and logs, its place, and what it holds.
+/// One field: its name in scripts and logs, its place, and the kind of its value.
 struct ErrorField {
   enum class Kind { kText, kInt32, kUint16, kInt8, kUint8 };
   const char* name;
@@ -77,6 +78,24 @@ struct ErrorField {
   std::size_t size;  // in bytes
   Kind kind;
 };
+
+/// Values of the field kSource. All sources that aren't here are further parts of the kernel.
+namespace error_source {
+inline constexpr std::int32_t kKernel = 0;
+inline constexpr std::int32_t kProgram = 1;
+inline constexpr std::int32_t kPreparation = 2;
+inline constexpr std::int32_t kPartner = 3;
+inline constexpr std::int32_t kScript = 9;
+inline constexpr std::int32_t kPlc = 10;
+inline constexpr std::int32_t kTextBelow = 11;
+inline constexpr std::int32_t kTextAlone = 12;
+inline constexpr std::int32_t kDrive = 13;
+inline constexpr std::int32_t kUnknownDrive = 14;
+inline constexpr std::int32_t kOwnText = 15;
+inline constexpr std::int32_t kMechatrolink = 16;
+inline constexpr std::int32_t kFieldBus = 17;
+inline constexpr std::int32_t kCanOpen = 19;
+}  // namespace error_source
 
 namespace error_field {
 inline constexpr ErrorField kModule{"module", 0, 12, ErrorField::Kind::kText};
@@ -102,7 +121,7 @@ inline constexpr ErrorField kScriptText{"scriptText", 460, 512, ErrorField::Kind
 inline constexpr ErrorField kScriptPath{"scriptPath", 972, 244, ErrorField::Kind::kText};
 inline constexpr ErrorField kScriptPosition{"scriptPosition", 1216, 4, ErrorField::Kind::kInt32};
 inline constexpr ErrorField kScriptSpan{"scriptSpan", 1220, 2, ErrorField::Kind::kUint16};
-/// All of them, in order of offset.
+/// All fields in order of their offsets.
 inline constexpr ErrorField kAll[] = {
     kModule,   kSource,      kNumber,        kIdentifier, kSeverity,   kChannel,        kMarked,    kMessageText,
     kCode,     kPartner,     kDiagnosisKind, kDiagnosisA, kDiagnosisB, kProgramName,    kExtraText, kFilePosition,
@@ -113,13 +132,17 @@ inline constexpr std::size_t kExtraValuesOffset = 3904;
 inline constexpr std::size_t kExtraValueCount = 4;
 static_assert(kParametersOffset + kParameterCount * sizeof(ErrorParameter) == kExtraValuesOffset);
 static_assert(kExtraValuesOffset + kExtraValueCount * sizeof(ErrorValue) <= sizeof(ErrorRecord));
+/// An emergency of CANopen has its code, a 32-bit number, in the value of the last parameter.
+inline constexpr std::size_t kEmergencyCodeOffset =
+    kParametersOffset + (kParameterCount - 1) * sizeof(ErrorParameter) + offsetof(ErrorParameter, value);
+static_assert(kEmergencyCodeOffset == 3384);
 }  // namespace error_field
 
-/// What the text functions of the utilities fill.
+/// The record that Utilities::ErrorText fills.
 struct Z7340ERRORINFO_ST {
   char16_t text[500];     // its first character is a separator
-  char16_t helpRef[260];  // path and number parted by '#', or empty
-  std::int32_t hasHelp;   // non-zero: the help view may open by itself
+  char16_t helpRef[260];  // path and number separated by '#', or empty
+  std::int32_t hasHelp;   // non-zero: the help view may open without being asked for
 };
 static_assert(sizeof(Z7340ERRORINFO_ST) == 1524);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tool table, the table of PLC messages and the passwords of the panel, as the tools ask them.
+// The seams to the tool table, the table of PLC messages and the passwords of the panel.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace pnl {
 
-/// One PLC message: set type and identifier, let the table read it, then take text and file reference.
+/// One PLC message. Set type and identifier, let the table read it, then take text and file reference.
 class ZCMsg {
  public:
   void SetMsgType(std::int32_t type) { type_ = type; }
@@ -30,13 +30,13 @@ class ZCMsg {
   Text info_;
 };
 
-/// The PLC message table while it is connected.
+/// A connected PLC message table.
 class ZCPlcMsgTable {
  public:
   virtual ~ZCPlcMsgTable() = default;
-  /// A message of the table, null when it can't be had; the table keeps it until DeleteMsg or Disconnect.
+  /// Makes a message. The table owns it until DeleteMsg or Disconnect. Returns null when it can't be made.
   virtual ZCMsg* CreateMsg() = 0;
-  /// Fills text and reference; true when the message is in the table.
+  /// Fills text and reference. Returns true when the message is in the table.
   virtual bool ReadMsg(ZCMsg& message) = 0;
   virtual void DeleteMsg(ZCMsg* message) = 0;
   virtual void Disconnect() = 0;
@@ -52,18 +52,18 @@ struct ToolData {
 class ToolTables {
  public:
   virtual ~ToolTables() = default;
-  /// The table, which stays the facade's; null when there is none.
+  /// Connects the table of PLC messages. The facade owns it. Returns null when there is none.
   virtual ZCPlcMsgTable* Connect() = 0;
-  /// The numbers of the tools of one type, in rising order; 0 for all.
+  /// The numbers of the tools of one type in ascending order. Type 0 means all tools.
   virtual std::vector<std::int32_t> TAPI_Tools_GetList(std::int32_t type) = 0;
-  /// 0 on failure; data then stays as it was.
+  /// Fills data with the facts of a tool. Returns 0 on failure; data then stays as it was.
   virtual int TAPI_Tools_GetToolData(std::int32_t number, ToolData& data) = 0;
 };
 
 class Passwords {
  public:
   virtual ~Passwords() = default;
-  /// Non-zero: access granted.
+  /// Returns non-zero when access is granted.
   virtual int PSW_ConfirmarAcceso(int type, int second, int third) = 0;
 };
 

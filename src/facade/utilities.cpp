@@ -12,7 +12,8 @@ namespace {
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-/// Takes the next decimal number, with its sign, off the front; what stands before it is skipped. Counts modulo 256.
+/// Removes the text up to the end of the next decimal number and returns that number, with its sign, modulo 256.
+/// Returns 0 when there is none.
 std::uint32_t TakeColourPart(TextView& text) {
   std::size_t at = 0;
   while (at < text.size() && !IsDigit(text[at])) ++at;
@@ -28,7 +29,7 @@ void CleanItem(MenuItem& item) {
   item.helper.clear();
 }
 
-/// A menu that holds itself must not hang the panel: each one is cleaned once.
+/// Cleans each menu once, so that a menu that contains itself doesn't hang the panel.
 void CleanMenuOnce(MenuTable& menus, MenuHandle handle, std::set<MenuHandle>& cleaned) {
   Menu* menu = menus.Find(handle);
   if (menu == nullptr || !cleaned.insert(handle).second) return;

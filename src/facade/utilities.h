@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The panel's utilities as a seam: paths, error texts, drives, clipboard, screen facts. What needs no machine behind it
-// (colours and rectangles as text, text fields, menus) is free functions here. Ini and text files are in base.
+// The seam to the panel's utilities: paths, error texts, drives, clipboard, facts about the screen. Functions that need
+// no machine (colours and rectangles as text, fields of a text, menus) are free functions here. Ini and text files are
+// in base.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,7 @@
 
 namespace pnl {
 
-/// Folders of the panel by number, with the numbers that the tools use.
+/// The numbers of the panel's folders that the tools use.
 namespace path_id {
 inline constexpr int kCalcHistory = 1;
 inline constexpr int kLanguage = 15;
@@ -30,7 +31,7 @@ inline constexpr int kUserCuttingData = 118;
 inline constexpr int kAll[] = {1, 15, 18, 24, 52, 57, 61, 100, 101, 108, 113, 118};
 }  // namespace path_id
 
-/// The error text functions, each by its own name.
+/// The error text functions; each comment gives the function's own name.
 enum class ErrorTextFunction {
   kErrorToTxt,           // error_to_txt
   kErrorCs,              // error_CS_to_txt
@@ -48,7 +49,7 @@ inline constexpr ErrorTextFunction kErrorTextFunctions[] = {
     ErrorTextFunction::kErrorDrive,          ErrorTextFunction::kWarningDrive, ErrorTextFunction::kErrorUnknownDrive,
     ErrorTextFunction::kWarningUnknownDrive, ErrorTextFunction::kErrorMlink,   ErrorTextFunction::kEmcyCopen,
     ErrorTextFunction::kReadPlcError};
-/// The function's own name, as in the enumeration's comments.
+/// The function's own name.
 [[nodiscard]] const char* ErrorTextFunctionName(ErrorTextFunction function);
 
 /// A reference to a long description: "file#number".
@@ -56,47 +57,51 @@ struct HelpReference {
   Text file;
   std::int32_t number = 0;
 };
-/// As "%[^#]#%d" reads it: white space and a sign may stand before the digits, anything behind them. Nothing when one
-/// of the two is missing.
+/// Reads a reference as scanf's "%[^#]#%d" would: white space and a sign may come before the digits, anything after
+/// them. Returns nothing when the file or the number is missing.
 [[nodiscard]] std::optional<HelpReference> ParseHelpReference(TextView text);
 
 class Utilities {
  public:
   virtual ~Utilities() = default;
-  /// The folder of a path id without trailing backslash; empty for an id that isn't in use.
+  /// The folder of a path id, without a trailing backslash. Empty for an id that isn't in use.
   [[nodiscard]] virtual Text Get7340Path(int id) = 0;
-  /// Fills info; the result isn't looked at by any tool. An unknown number leaves info zeroed.
+  /// Fills info with the text of the number; for an unknown number with zeros. No tool uses the result.
   virtual int ErrorText(ErrorTextFunction function, std::int32_t number, Z7340ERRORINFO_ST& info) = 0;
-  /// The long description with that number in that file; true when it was found.
+  /// Puts the long description with that number of that file into text. Returns true when it was found.
   virtual bool desc_to_txt(std::int32_t number, Text& text, TextView file) = 0;
-  /// 0: the drive can be used; -1: it cannot be written; other values: it isn't ready.
+  /// Returns 0 when the drive can be used, -1 when it can't be written, another value when it isn't ready.
   virtual int UTIL7340_DriveStatus(int drive) = 0;
   virtual void UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) = 0;
-  /// Gives the help mark for a block. Returns 0 and sets mark when the block has a mark of its own; else mark stays.
+  /// Finds the help mark of a block. Returns 0 and sets mark when the block has a mark of its own. Otherwise returns
+  /// another value, and mark stays as it was.
   virtual int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) = 0;
   [[nodiscard]] virtual Rect UTIL7340_GetCNCRect() = 0;
   [[nodiscard]] virtual bool UTIL7340_AreSoftkeyMetricsStandard() = 0;
-  /// A font height for the panel's present size, from one meant for 800 by 600.
+  /// Scales a font height that is meant for a panel of 800 by 600 to the panel's present size.
   [[nodiscard]] virtual int UTIL7340_FitFontSize(int height) = 0;
   [[nodiscard]] virtual int UTIL7340_FitHeight(int height) = 0;
   [[nodiscard]] virtual bool UTIL7340_Is7335() = 0;
 };
 
-/// Three decimal numbers, "60 100 120", as a colour 0x00BBGGRR; missing ones are 0, others are taken modulo 256.
+/// Reads a colour 0x00BBGGRR from three decimal numbers: "60 100 120" (red, green, blue). A missing number is 0.
+/// Numbers count modulo 256.
 [[nodiscard]] std::uint32_t AsciiToColorref(TextView text);
-/// "left,top,right,bottom"; missing numbers are 0.
+/// Reads "left,top,right,bottom". A missing number is 0.
 [[nodiscard]] Rect AsciiToCRect(TextView text);
 [[nodiscard]] Text CRectToAscii(const Rect& rect);
-/// Take the part before the separator off the front of the text; without a separator the whole text.
+/// Removes the part before the separator, and the separator, from the front of the text and returns the part. Takes the
+/// whole text when it has no separator. GetIntData returns the part as an integer.
 [[nodiscard]] Text GetData(Text& text, char16_t separator);
 [[nodiscard]] std::int32_t GetIntData(Text& text, char16_t separator);
 
-/// Menu operations; byPosition tells whether id is an index in the menu itself. What isn't there is left alone.
+/// Operations on menu items. If byPosition is set, id is an index in the menu itself. They do nothing when the item
+/// doesn't exist.
 void UTIL7340_SetMenuItemBitmap(MenuTable& menus, MenuHandle menu, int id, bool byPosition, int bitmap);
 void UTIL7340_SetMenuItemHelper(MenuTable& menus, MenuHandle menu, int id, bool byPosition, TextView helper);
 void UTIL7340_ShowMenuItem(MenuTable& menus, MenuHandle menu, int id);
 void UTIL7340_HideMenuItem(MenuTable& menus, MenuHandle menu, int id);
-/// Takes bitmap and helper off one item, or off all.
+/// Removes bitmap and helper from one item, or from all items of the menu and its sub-menus.
 void UTIL7340_CleanMenuItem(MenuTable& menus, MenuHandle menu, int id, bool byPosition);
 void UTIL7340_CleanMenu(MenuTable& menus, MenuHandle menu);
 

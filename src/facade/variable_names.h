@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every CNC variable that the tools use, once: its name as a format ("[%d]." is a channel from 1, "%d" a number, "%s" a
-// name), its type and what the tools do with it. A machine defines its variables from it. Names are case-sensitive.
+// name), its type, and what the tools do with it. The mill defines its variables from this table. Names are
+// case-sensitive.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -37,7 +38,7 @@ inline constexpr VariableName kVariableNames[] = {
     {u"[%d].MPG.CHTYPE",        rig::VariableType::kInt, variable_access::kRead},
     {u"DM.MDI.ENABLEC%d",       rig::VariableType::kInt, variable_access::kRead},
     {u"MPG.NCHANNEL",           rig::VariableType::kInt, variable_access::kRead},
-    // What tools hand to each other.
+    // Values that tools pass to each other.
     {u"E.CALCRESUL",            rig::VariableType::kDouble, variable_access::kReadWrite},
     {u"E.HELPDATA",             rig::VariableType::kText, variable_access::kReadWrite},
     {u"E.XPLRDATA",             rig::VariableType::kInt, variable_access::kReadWrite},
@@ -45,18 +46,18 @@ inline constexpr VariableName kVariableNames[] = {
     {u"E.PLCMSGDATA",           rig::VariableType::kInt, variable_access::kReport | variable_access::kRead},
     {u"E.NERRORS",              rig::VariableType::kInt, variable_access::kReport | variable_access::kRead},
     {u"E.ERRORPRI",             rig::VariableType::kInt, variable_access::kReport},
-    // A text: the error display writes the title and the line of what it shows there.
+    // The error display writes the title and the line of the error that it shows into this text.
     {u"DM.HMI.ERROR.CURRENT",   rig::VariableType::kText, variable_access::kReadWrite},
-    // Settings of the machining calculator.
-    {u"DM.ZMC.S",               rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.F",               rig::VariableType::kInt, variable_access::kReadWrite},
+    // Settings of the machining calculator, with the types that it writes.
+    {u"DM.ZMC.S",               rig::VariableType::kDouble, variable_access::kReadWrite},
+    {u"DM.ZMC.F",               rig::VariableType::kDouble, variable_access::kReadWrite},
     {u"DM.ZMC.T",               rig::VariableType::kInt, variable_access::kReadWrite},
     {u"DM.ZMC.M6",              rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.DMC",             rig::VariableType::kInt, variable_access::kReadWrite},
+    {u"DM.ZMC.DMC",             rig::VariableType::kText, variable_access::kReadWrite},
     {u"DM.ZMC.FUNIT",           rig::VariableType::kInt, variable_access::kReadWrite},
     {u"DM.ZMC.SUNIT",           rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.COMMENT",         rig::VariableType::kInt, variable_access::kReadWrite},
-    {u"DM.ZMC.INFO",            rig::VariableType::kInt, variable_access::kReadWrite},
+    {u"DM.ZMC.COMMENT",         rig::VariableType::kText, variable_access::kReadWrite},
+    {u"DM.ZMC.INFO",            rig::VariableType::kText, variable_access::kReadWrite},
     // Display formats of spindle speed and feed.
     {u"DM.SFORMAT.WIDTH",       rig::VariableType::kInt, variable_access::kRead},
     {u"DM.SFORMAT.PRECISION",   rig::VariableType::kInt, variable_access::kRead},

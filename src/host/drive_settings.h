@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The drives that the library starts with, from the environment. A host with the rig at hand sets its own over them.
+// The drives with which the library starts, taken from the environment. A host that uses the rig may replace them.
 #pragma once
 
 #include <string>
@@ -8,8 +8,9 @@
 
 namespace pnl {
 
-/// Fills the map from "C=/srv/cnc;D=/media/usb" (PNLTOOLS_DRIVES); what isn't a letter, a sign and an absolute folder
-/// is left out. Without a drive C: it becomes "<dataHome>/pnltools". Any argument may be null.
+/// Fills the map from setting, a text like "C=/srv/cnc;D=/media/usb" (the value of PNLTOOLS_DRIVES). A part that isn't
+/// a letter, "=" and an absolute folder is left out. If C: isn't set, it becomes "<dataHome>/pnltools", or without an
+/// absolute dataHome "<home>/.local/share/pnltools". Any of the three texts may be null.
 void SetStartDrives(DriveMap& drives, const char* setting, const char* dataHome, const char* home);
 
 }  // namespace pnl

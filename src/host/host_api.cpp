@@ -7,7 +7,7 @@
 
 namespace pnl {
 
-// Zero from the start: a tool made before the host has handed its table over finds no service at all.
+// All null at first: a tool that is made before SetPNLApi finds no service.
 __attribute__((section(".PNLTOOL"), used)) HostApiTable HostApi = {};
 
 const std::array<std::string_view, 19> kHostSlotNames = {
@@ -55,7 +55,7 @@ class DepthGuard {
 
 }  // namespace
 
-/// The rule of all wrappers: a null slot does nothing, and yields 0 where there is a result.
+/// The rule of all wrappers: a null slot does nothing, and returns 0 where there is a result.
 template <typename Slot, typename... Args>
 auto HostBridge::Call(Slot slot, const Args&... args) const {
   using Result = std::invoke_result_t<Slot, Args...>;
@@ -92,7 +92,7 @@ void HostBridge::HostExplorerRequest(XPLRDATA_ST& record) const {
   if (table_.explorerRequest == nullptr) return;
   ZCVariable variable(variables_, u"E.XPLRDATA");
   if (variable.IsValid()) variable.WriteInt(PublishRecord(&record), 0);
-  // The host hears of the request even on a machine without the variable.
+  // The host gets the request even on a machine without the variable.
   Call(table_.explorerRequest);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host's callback table and its guarded wrappers. No tool reads the table directly: a null slot means that the host
-// doesn't offer the service, and its wrapper does nothing or yields 0.
+// The host's callback table and its guarded wrappers. Tools call the wrappers only. A null slot means that the host
+// doesn't offer the service; its wrapper then does nothing, or returns 0.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -13,7 +13,7 @@
 
 namespace pnl {
 
-/// Exactly 19 pointers, in slot order; zero until SetPNLApi has run.
+/// Exactly 19 pointers in slot order, all null until SetPNLApi has run.
 struct HostApiTable {
   HostMayOpenToolFn mayOpenTool;
   HostToolOpeningFn toolOpening;
@@ -40,7 +40,7 @@ static_assert(sizeof(HostApiTable) == 19 * sizeof(void*));
 /// The slots' names, in slot order: "HostMayOpenTool", ...
 extern const std::array<std::string_view, 19> kHostSlotNames;
 
-/// The one global of the library, in a data section named ".PNLTOOL".
+/// The callback table of the process, which SetPNLApi fills. It is in a data section named ".PNLTOOL".
 extern HostApiTable HostApi;
 
 /// The default look of a message line: green with black text.
@@ -60,11 +60,11 @@ class HostBridge {
   void HostSetSideMenu(int tool, std::uint32_t menu) const;
   void HostUpdateMainMenu(int tool) const;
   void HostUpdateSideMenu(int tool) const;
-  /// An empty text clears the line. Text beyond 255 units is cut.
+  /// Shows a text on a line of the message zone. An empty text clears the line. A text is cut after 255 units.
   void HostShowMessage(int tool, TextView text, std::uint32_t back = kMessageBack, std::uint32_t fore = kMessageText,
                        int line = 1) const;
-  /// Without slot 8 nothing is written. Else the record's number goes to "E.XPLRDATA", if that variable is there, and
-  /// the host is called in any case. The record must outlive the request.
+  /// Writes the record's number to "E.XPLRDATA", if that variable exists, and calls the host in either case. Without
+  /// slot 8 it does nothing. The record must outlive the request.
   void HostExplorerRequest(XPLRDATA_ST& record) const;
   void HostCalcResultAccepted() const;
   void HostExplorerAccepted() const;
@@ -77,7 +77,7 @@ class HostBridge {
   void HostOpenCalculator() const;
   void HostOpenMachiningCalculator() const;
 
-  /// True while one of the host's callbacks runs, so while a tool's code stands on the stack below it.
+  /// True while one of the host's callbacks runs. A tool's code is then on the call stack.
   [[nodiscard]] bool InCallback() const { return depth_ != 0; }
 
  private:

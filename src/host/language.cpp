@@ -7,7 +7,7 @@
 namespace pnl {
 namespace {
 
-/// Far above any pack; what is larger is none.
+/// Far above the size of any pack. A larger file isn't read.
 constexpr std::uint64_t kMaxPackSize = 64ull << 20;
 
 }  // namespace
@@ -17,7 +17,7 @@ Language::Language(MenuTable& menus, Utilities& utilities, Files& files, WindowS
 
 void Language::Use(LanguagePack pack) {
   pack_ = std::move(pack);
-  // Once means once a language: the next tool to open must not speak the old one.
+  // The shared texts are filled once per language, so the next tool to open must not get the old ones.
   sharedLoaded_ = false;
 }
 
@@ -61,7 +61,7 @@ void Language::FreeLanguageLibrary(ModuleHandle module) { modules_.erase(module)
 
 const std::map<int, Text>& Language::SharedToolTexts() {
   if (sharedLoaded_) return shared_;
-  // Set first: the box runs an event loop, in which the other tool may ask as well.
+  // Set this first: the box runs an event loop, in which the other tool may call this too.
   sharedLoaded_ = true;
   const ModuleHandle module = LoadLanguageLibrary();
   if (module == 0) windows_.ShowBox(0, {Text(), u"ERROR AL CARGAR DLL DE IDIOMAS", BoxStyle::kError});

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Texts, menus, dialogs and bitmaps that depend on the language, by number or name, out of one compiled pack. A missing
-// text, menu or bitmap is never fatal: the text is empty, the menu 0. Not a translator: wording lives in lang/.
+// Texts, menus, dialogs and bitmaps in the panel's language, by number or name, from one compiled pack. A missing one
+// is never fatal: a text is then empty, a menu 0, a dialog or bitmap null. The wording itself is in lang/.
 #pragma once
 
 #include <cstdint>
@@ -34,10 +34,10 @@ struct DialogTemplate {
   [[nodiscard]] const DialogControl* Find(int controlId) const;
 };
 
-/// A language pack in memory. Parse never fails loudly: what is damaged is left out.
+/// A language pack in memory. Parse leaves damaged entries out.
 class LanguagePack {
  public:
-  /// False when the bytes are no pack at all; then the pack is empty.
+  /// Replaces the content. Returns false, and the pack is empty, when the bytes aren't a pack at all.
   bool Parse(std::string_view bytes);
   [[nodiscard]] const Text* FindText(int id) const;
   [[nodiscard]] const DialogTemplate* FindDialog(int id) const;
@@ -57,40 +57,42 @@ class LanguagePack {
   std::map<int, std::string> bitmaps_;
 };
 
-/// The file of the language library in the folder of path id 15.
+/// The name of the language library's file, which is in the folder of path id 15.
 inline constexpr TextView kLanguageLibrary = u"LPNLTOOLS.DLL";
 
-/// A loaded module of language resources; 0 is none.
+/// Identifies a loaded module of language resources; 0 is none.
 using ModuleHandle = std::uint32_t;
 
 class Language {
  public:
   Language(MenuTable& menus, Utilities& utilities, Files& files, WindowSystem& windows);
 
-  /// Takes the pack in use; texts set by SetText stay. The shared texts are filled anew for whoever asks next.
+  /// Replaces the pack in use. Texts set by SetText stay. The next call of SharedToolTexts fills the shared texts
+  /// again.
   void Use(LanguagePack pack);
-  /// Text id n reads "Tn" from now on; menus, dialogs and bitmaps stay those of the pack.
+  /// While on, text n is "Tn", unless SetText has set it. Menus, dialogs and bitmaps still come from the pack.
   void UseNumbersForTexts(bool on) { numbers_ = on; }
-  /// Another wording for one text, whatever the pack says.
+  /// Sets the wording of one text. It goes before the pack's.
   void SetText(int id, Text text);
 
-  /// The text of that id; empty when the pack has none.
+  /// The text with that id; empty when the pack has none.
   [[nodiscard]] Text LoadToolText(int id) const;
-  /// A new menu made after the pack's, 0 when there is none. Resources with a number are named by it ("3015"). Whoever
-  /// asked destroys it.
+  /// Makes a new menu from the pack's menu of that name; a numbered resource has its number as name ("3015"). The
+  /// caller must destroy the menu. Returns 0 when the pack has none.
   [[nodiscard]] MenuHandle LoadToolMenu(TextView name);
   [[nodiscard]] const DialogTemplate* Dialog(int id) const { return pack_.FindDialog(id); }
   [[nodiscard]] const std::string* Bitmap(int id) const { return pack_.FindBitmap(id); }
   [[nodiscard]] MenuTable& Menus() { return menus_; }
 
-  /// Loads "%s\LPNLTOOLS.DLL" of path id 15 for a modal dialog; 0 when it isn't there or is no pack.
+  /// Loads "%s\LPNLTOOLS.DLL", with the folder of path id 15, for a modal dialog. Returns 0 when the file doesn't exist
+  /// or isn't a pack.
   [[nodiscard]] ModuleHandle LoadLanguageLibrary();
   void FreeLanguageLibrary(ModuleHandle module);
   /// How many modules are loaded.
   [[nodiscard]] std::size_t CountModules() const { return modules_.size(); }
 
-  /// The 70 shared texts, filled once for a language by whoever asks first. A language module that can't be had shows
-  /// the box "ERROR AL CARGAR DLL DE IDIOMAS"; the texts are then those of the pack in use.
+  /// The 70 shared texts. The first call for a language fills them from the language library. If the library can't be
+  /// loaded, it shows the box "ERROR AL CARGAR DLL DE IDIOMAS" and takes the texts of the pack in use.
   [[nodiscard]] const std::map<int, Text>& SharedToolTexts();
 
  private:

@@ -6,11 +6,11 @@
 namespace pnl {
 namespace {
 
-/// Deeper menus don't exist; a damaged or hostile pack must not exhaust the stack.
+/// No menu nests deeper. The limit keeps a damaged or hostile pack from exhausting the stack.
 constexpr int kMaxMenuDepth = 8;
 
-/// Takes numbers and texts off the front of some bytes. Once something isn't there, Ok stays false and every further
-/// answer is empty.
+/// Takes numbers and texts from the front of some bytes. After the first one that is missing, Ok stays false and every
+/// further result is empty.
 class Cursor {
  public:
   explicit Cursor(std::string_view bytes) : bytes_(bytes) {}
@@ -102,7 +102,8 @@ bool LanguagePack::Parse(std::string_view bytes) {
   Cursor header(bytes.substr(0, pack_format::kHeaderSize));
   if (header.Take(pack_format::kMagic.size()) != pack_format::kMagic) return false;
   const std::uint32_t version = header.Number();
-  // The size and the count are for tools that inspect a pack. A file cut short still gives its whole entries.
+  // Size and count are for programs that inspect a pack. They aren't checked, so that a file that was cut short still
+  // gives its complete entries.
   header.Number();
   header.Number();
   const std::string_view summed = bytes.substr(0, std::min(bytes.size(), pack_format::kHeaderSize - 4));
@@ -142,7 +143,7 @@ void LanguagePack::Add(std::uint32_t kind, int id, std::string_view payload) {
     case pack_format::kBitmap:
       bitmaps_[id] = std::string(payload);
       break;
-    default:  // Of a later version: left out.
+    default:  // An entry of a later version.
       break;
   }
 }

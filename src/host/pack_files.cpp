@@ -15,7 +15,7 @@ std::vector<std::string> PackFolders(const char* environmentFolder, std::string_
   if (libraryFile.empty()) return {};
   const fs::path folder = fs::path(libraryFile).parent_path();
   const fs::path packs = fs::path("share") / "pnltools" / "lang";
-  // Libraries lie in "lib" or, where one machine serves several architectures, a folder below it.
+  // Libraries are in "lib" or, on a system with several architectures, in a folder below it.
   return {(folder / ".." / packs).lexically_normal().string(),
           (folder / ".." / ".." / packs).lexically_normal().string()};
 }

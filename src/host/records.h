@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Records whose address travels between tools through a 32-bit CNC variable: a number stands for the address until the
-// owner withdraws it, so that a stale or invented number can't be followed into memory.
+// Numbers for records whose address tools pass through a 32-bit CNC variable. A number stands for the address until the
+// owner withdraws it, so that a stale or invented number can't lead into memory.
 #pragma once
 
 #include <cstddef>
@@ -8,11 +8,11 @@
 
 namespace pnl {
 
-/// The number of a record; the same record keeps its number while it is published. 0 for null.
+/// Publishes a record and returns its number. A record that is published already keeps its number. Returns 0 for null.
 [[nodiscard]] std::int32_t PublishRecord(void* record);
-/// The address, or null once it was withdrawn.
+/// The address of the record with that number; null when it was withdrawn or never published.
 [[nodiscard]] void* ResolveRecord(std::int32_t number);
-/// A number that isn't in use is left alone.
+/// Ends the number. Does nothing when it isn't in use.
 void WithdrawRecord(std::int32_t number);
 /// How many records are published, for leak checks.
 [[nodiscard]] std::size_t PublishedRecords();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The ids of the texts that the calculator and the error manager share, in the order in which they are loaded. Not the
-// texts: Language::SharedToolTexts holds those.
+// The ids of the texts that the calculator and the error manager share, in the order in which they are loaded.
+// Language::SharedToolTexts has the texts.
 #pragma once
 
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the operator is told about stored files, on the host's message line: which weren't saved, and which are so large
-// that the panel is slow with them.
+// Messages about stored files on the host's message line: which files weren't saved, and which are so large that they
+// slow the panel down.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,12 @@
 
 namespace pnl {
 
-/// Beyond this the panel says that a list makes it slow.
+/// A list with more bytes than this gets the message that it slows the panel down.
 inline constexpr std::uint64_t kLargeFile = 10u << 20;
 
-/// Nothing without a name.
+/// Shows that the files with those names weren't saved. Does nothing without a name.
 void TellNotSaved(const ToolContext& context, int tool, const std::vector<Text>& names);
-/// Nothing up to kLargeFile bytes.
+/// Shows that the file is large. Does nothing up to kLargeFile bytes.
 void TellLargeFile(const ToolContext& context, int tool, TextView name, std::uint64_t bytes);
 
 }  // namespace pnl

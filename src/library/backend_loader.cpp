@@ -14,7 +14,7 @@ namespace {
 
 using MakeBackendFn = CncFacade* (*)(WindowSystem&, Timers&);
 
-/// An open library; closed again unless it is kept.
+/// An open library. The destructor closes it unless Keep was called.
 class OpenLibrary {
  public:
   explicit OpenLibrary(const char* path) : handle_(dlopen(path, RTLD_NOW | RTLD_LOCAL)) {}
@@ -37,8 +37,8 @@ std::string LastError() {
   return text != nullptr ? text : "unknown failure";
 }
 
-/// The bytes that the library's symbol table gives that symbol, and only if it names data: a foreign library may have
-/// anything under the name.
+/// True when the library's symbol table has a data symbol of that many bytes at the address. A foreign library may have
+/// anything else under the name.
 bool IsDataOf(const void* address, std::size_t bytes) {
   Dl_info info{};
   void* extra = nullptr;
@@ -47,7 +47,7 @@ bool IsDataOf(const void* address, std::size_t bytes) {
   return info.dli_saddr == address && ELF64_ST_TYPE(symbol->st_info) == STT_OBJECT && symbol->st_size == bytes;
 }
 
-/// Empty when the library was built for this interface.
+/// Checks the mark. Returns an empty text when the library was built for this interface, else what is wrong.
 std::string ProblemOfMark(const OpenLibrary& library) {
   const void* const address = library.Symbol("PnlBackendMark");
   if (address == nullptr || !IsDataOf(address, sizeof(BackendMark))) return "is no backend library";
@@ -66,7 +66,7 @@ std::string ProblemOfMark(const OpenLibrary& library) {
 
 std::unique_ptr<CncFacade> LoadBackend(const std::string& path, WindowSystem& windows, Timers& timers,
                                        std::string& problem) {
-  // A bare name would be looked for in the system's folders, and whatever has that name there would run.
+  // A bare name would be searched in the system's folders, and any library of that name there would run.
   if (path.empty() || path[0] != '/') {
     problem = "\"" + path + "\": a backend library is named by its absolute path";
     return nullptr;
@@ -84,7 +84,7 @@ std::unique_ptr<CncFacade> LoadBackend(const std::string& path, WindowSystem& wi
     try {
       backend.reset(make(windows, timers));
     } catch (...) {
-      // Somebody else's code: whatever it throws, the host goes on without it.
+      // The library is foreign code: whatever it throws, the host goes on without it.
     }
     if (!backend) problem = "makes no backend";
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A machine builder's backend: a library that makes the CncFacade in place of the simulated CNC.
+// Loads a machine builder's backend: a library that makes a CncFacade in place of the simulated CNC.
 #pragma once
 
 #include <memory>
@@ -11,9 +11,10 @@
 
 namespace pnl {
 
-/// Opens the library at that absolute path and has it make its facade. Null with a reason in problem when the path is
-/// no absolute one, the library can't be opened, isn't marked as built for this very interface (facade/backend.h), or
-/// makes no facade. Nothing of it is called before the mark was read. It stays loaded for the life of the process.
+/// Opens the library at that absolute path and lets it make its facade. Returns null, with the reason in problem, when
+/// the path isn't absolute, or the library can't be opened, isn't marked as built for exactly this interface
+/// (facade/backend.h), or makes no facade. No function of the interface is called before the mark is checked. A library
+/// whose facade is returned stays loaded for the life of the process.
 [[nodiscard]] std::unique_ptr<CncFacade> LoadBackend(const std::string& path, WindowSystem& windows, Timers& timers,
                                                      std::string& problem);
 

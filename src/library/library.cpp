@@ -20,14 +20,14 @@ namespace {
 
 constexpr const char* kDefaultLanguage = "en";
 
-/// The file that this code was loaded from.
+/// The file from which this code was loaded.
 std::string OwnFile() {
   Dl_info info = {};
   if (dladdr(reinterpret_cast<void*>(&SetPNLApi), &info) == 0 || info.dli_fname == nullptr) return {};
   return info.dli_fname;
 }
 
-/// True on the thread of a running application; elsewhere no window can be made.
+/// True on the thread of a QApplication. Windows can be made only there.
 bool CanMakeWindows() {
   auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
   return application != nullptr && application->thread() == QThread::currentThread();
@@ -68,7 +68,7 @@ void Library::DestroyTool(WindowHandle window) {
     delete tool;
     return;
   }
-  // The tool's own code called the host and stands below us on the stack.
+  // The tool's own code is on the call stack.
   WindowRegistry::Instance().Unregister(window);
   tool->hide();
   tool->deleteLater();
@@ -99,7 +99,7 @@ bool Library::SetLanguage(const std::string& code) {
 }
 
 bool Library::SetBackend(const std::string& name) {
-  // A tool that has ended may still be running below a callback, or wait for its deletion.
+  // A tool that has ended may still be on the call stack, or wait for its deletion.
   if (ToolWindow::Living() != 0 || tools_->host.InCallback() || windows_.InCallOut()) return false;
   std::unique_ptr<CncFacade> backend;
   if (name != "sim") {
@@ -110,7 +110,7 @@ bool Library::SetBackend(const std::string& name) {
       return false;
     }
   }
-  // The old tools' side goes before the facade that it refers to.
+  // Replace tools_ first, because the old one refers to the old facade.
   tools_ = std::make_unique<Tools>(*this, backend ? *backend : static_cast<CncFacade&>(*simulation_));
   backend_ = std::move(backend);
   UsePack(language_);
@@ -130,7 +130,7 @@ void Library::InstallLanguageLibrary() {
   if (packBytes_.empty() || folder.empty()) return;
   const Text file = JoinPath(folder, kLanguageLibrary);
   if (ReadWhole(files_, file, packBytes_.size()) == packBytes_) return;
-  // On a disc that can't be written the dialogs that need the file are reported as cancelled, as without a file.
+  // If the disc can't be written, the dialogs that need the file end as cancelled.
   if (files_.Replace(file, packBytes_) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no language library\n");
 }
 
@@ -142,7 +142,7 @@ void Library::InstallDescriptions() {
     const Text file = sim::DescriptionFile(language);
     for (const auto& [number, text] : sim::ParseDescriptions(*bytes)) simulation_->Description(file, number, text);
     if (ReadWhole(files_, file, bytes->size()) == *bytes) continue;
-    // On a disc that can't be written the texts can still be read; only what asks for the file finds none.
+    // If the disc can't be written, only the file is missing; the texts are in the tables.
     files_.MakeFolder(TextView(file).substr(0, file.rfind(u'\\')));
     if (files_.Replace(file, *bytes) != FileStatus::kOk) std::fprintf(stderr, "pnltools: no error descriptions\n");
   }

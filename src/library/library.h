@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The library's one instance: owns everything that a tool may reach, in the order in which the parts need each other,
-// and makes the tools. Knows no tool but by number. Instance is made at first use, which may be before the application
-// exists, and never destroyed: a host's widgets, and the tools in them, may outlive every static object.
+// The library's one instance. It owns everything that a tool may use, in the order in which the parts need each other,
+// and makes the tools. It knows tools by number only. Instance is made at first use, which may be before the
+// application exists. It is never destroyed, because a host's widgets, and the tools in them, may outlive every static
+// object.
 #pragma once
 
 #include <memory>
@@ -21,27 +22,30 @@ namespace pnl {
 class Library {
  public:
   static Library& Instance();
-  /// For a test that wants one of its own.
+  /// For a test that needs an instance of its own.
   Library();
   ~Library();
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 
-  /// The tool's window, 0 when there is none, the parent isn't alive, or no application runs.
+  /// Makes the tool and returns its window. Returns 0 when the number has no tool, the parent isn't alive or dies
+  /// meanwhile, or this isn't the thread of a QApplication.
   [[nodiscard]] WindowHandle LoadTool(int toolId, WindowHandle parent);
-  /// At once, or as soon as the tool's own code is off the stack; in both cases the handle is dead on return.
+  /// Destroys a tool: at once, or as soon as none of its code is on the call stack. In both cases the handle is dead on
+  /// return. Does nothing for a window that isn't a tool's.
   void DestroyTool(WindowHandle window);
 
-  /// False, and nothing changed, when there is no such pack.
+  /// Returns false, and changes nothing, when there is no pack for the code.
   bool SetLanguage(const std::string& code);
-  /// False, and nothing changed, when it can't be had or a tool exists.
+  /// Returns false, and changes nothing, when the backend can't be loaded or a tool exists.
   bool SetBackend(const std::string& name);
 
-  /// Makes the folders of all paths and puts the language library into its own.
+  /// Makes the folders of all paths and puts the language library, and a machine's error descriptions, into theirs.
   void PrepareFolders();
-  /// False for an unknown name. The machine stays for the life of the process.
+  /// Makes and attaches the machine of that name, which stays for the life of the process. Returns false for an unknown
+  /// name or when there is a machine already.
   bool StartMachine(std::string_view name);
-  /// Delivers everything that was posted, what that posts included.
+  /// Delivers all posted messages, including those that are posted meanwhile, and deletes what waits for deletion.
   static void Drain();
 
   [[nodiscard]] QtWindowSystem& Windows() { return windows_; }
@@ -49,12 +53,12 @@ class Library {
   [[nodiscard]] MenuTable& Menus() { return menus_; }
   [[nodiscard]] Files& FileSystem() { return files_; }
   [[nodiscard]] Language& Texts() { return tools_->language; }
-  /// Null when a backend library took its place.
+  /// The simulated CNC; null when a backend library has taken its place.
   [[nodiscard]] sim::SimulatedCnc* Simulation() { return backend_ == nullptr ? simulation_.get() : nullptr; }
   [[nodiscard]] sim::Machine* Machine() { return machine_.get(); }
 
  private:
-  /// What is bound to one facade and is made anew with another one.
+  /// The parts that refer to one facade. They are made again for another one.
   struct Tools {
     Tools(Library& library, CncFacade& cnc);
     HostBridge host;
@@ -63,7 +67,7 @@ class Library {
   };
   bool UsePack(const std::string& code);
   void InstallLanguageLibrary();
-  /// Puts the machine's long descriptions, in every language there are, onto its drive and into the kernel's tables.
+  /// Puts the machine's long descriptions, in every language, onto its drive and into the simulated CNC's tables.
   void InstallDescriptions();
 
   DriveMap drives_;

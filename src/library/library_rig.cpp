@@ -35,7 +35,7 @@ const char* AnswerName(BoxAnswer answer) {
   return "ok";
 }
 
-/// The box's own button for a word: a question has no OK, the other boxes have nothing else.
+/// The answer of a box for a word. A question has no OK button, and the other boxes have no other button.
 BoxAnswer AnswerFor(BoxStyle style, std::string_view word) {
   if (style != BoxStyle::kQuestion) return BoxAnswer::kOk;
   if (word == "no") return BoxAnswer::kNo;
@@ -47,7 +47,7 @@ struct PathFolder {
   const char16_t* folder;
 };
 
-/// Where the folders lie on a machine; the ids' meanings are told in facade/utilities.h.
+/// The folders of a machine. path_id in facade/utilities.h names them.
 constexpr std::array<PathFolder, 12> kMachineFolders = {{
     {path_id::kCalcHistory, u"C:\\CNC\\CALC"},
     {path_id::kLanguage, u"C:\\CNC\\LANG"},
@@ -70,7 +70,7 @@ LibraryRig::LibraryRig(Library& library) : library_(library) {
 }
 
 bool LibraryRig::StartBare() {
-  // A machine's variables and reports can't be taken back from those who hold them.
+  // A machine's variables and reports can't be taken back from the tools that use them.
   if (library_.Machine() != nullptr) return false;
   library_.PrepareFolders();
   return true;
@@ -80,7 +80,7 @@ bool LibraryRig::StartMachine(std::string_view name) {
   if (!library_.StartMachine(name)) return false;
   for (const PathFolder& path : kMachineFolders) Files().SetPath(path.id, path.folder);
   library_.PrepareFolders();
-  // A machine's drive is ready: what was saved on it is read back.
+  // A machine's drive is ready, so the tools read what they have saved on it.
   return Cnc().Returns("UTIL7340_DriveStatus", {0});
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The test rig over the library's instance: one object that passes each call on to the part it is about, and turns what
-// the parts tell into events. No state but the sink.
+// The test rig of the library's instance. It passes each call on to the part that does it, and turns what the parts
+// report into events. Its only state is the sink, which the parts keep.
 #pragma once
 
 #include <pnltools/rig.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The C functions of pnltools.h. Each is a thin gate to the library's instance; nothing throws through it.
+// The C functions of pnltools.h. Each passes the call on to the library's instance. No exception leaves them.
 #include <pnltools/pnltools.h>
 
 #include <QWidget>
@@ -12,7 +12,7 @@ namespace {
 
 using pnl::Library;
 
-/// Runs an operation and answers fallback if it throws (out of memory, most likely).
+/// Runs an operation and returns its result, or fallback if it throws (most likely for lack of memory).
 template <typename Result, typename Operation>
 Result Guarded(Result fallback, Operation operation) noexcept {
   try {
@@ -27,7 +27,7 @@ void Guarded(Operation operation) noexcept {
   try {
     operation();
   } catch (...) {
-    // Nothing was promised that could be taken back.
+    // The call returns nothing, so it can't report a failure.
   }
 }
 

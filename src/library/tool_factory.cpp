@@ -13,20 +13,21 @@ namespace pnl {
 ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
   if (parent == nullptr) return nullptr;
   switch (toolId) {
-    case tool_id::kCalculator: {
-      // Shows itself; a callback on the way may destroy the parent, and it with it.
+    case PNL_TOOL_CALCULATOR: {
+      // The calculator shows itself. A callback may destroy the parent meanwhile, and the calculator with it.
       const QPointer<ZCCalc7340> calculator =
           new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
       calculator->Open();
       return calculator;
     }
-    case tool_id::kErrorManager: {
-      // Hidden until an error comes; one that stands already shows it, and a callback may destroy the parent.
+    case PNL_TOOL_ERRORS: {
+      // The window is hidden until an error comes. An error in the queue shows it at once, and a callback may then
+      // destroy the parent.
       const QPointer<ZCErrorManager> errors = new ZCErrorManager(context, parent);
       errors->Start();
       return errors;
     }
-    case tool_id::kMdi:
+    case PNL_TOOL_MDI:
       return new ZCMDIWindow(context, parent);
     default:
       return nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which tool a number stands for.
+// Makes the tool that belongs to a number.
 #pragma once
 
 #include <QWidget>
@@ -9,8 +9,9 @@
 
 namespace pnl {
 
-/// The tool with that number as a child of parent, hidden; null for a number without a tool, or a dialog tool without a
-/// parent. It belongs to its parent.
+/// Makes the tool with that number as a child of parent, which owns it. The calculator shows itself; the others are
+/// hidden until they have something to show. Returns null for a null parent, a number without a tool, or a tool whose
+/// parent was destroyed in a callback meanwhile.
 [[nodiscard]] ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent);
 
 }  // namespace pnl

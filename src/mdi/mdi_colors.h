@@ -36,7 +36,13 @@ struct MdiColorPair {
 };
 
 /// ready: there is no channel yet, or its state is 1. Nothing for a control that keeps its own look.
-[[nodiscard]] std::optional<MdiColorPair> MdiControlColors(const MdiColors& colors, MdiControl control, bool ready,
-                                                           bool focused);
+[[nodiscard]] inline std::optional<MdiColorPair> MdiControlColors(const MdiColors& colors, MdiControl control,
+                                                                  bool ready, bool focused) {
+  // The list looks the same whatever runs; everything else shows that a block is in the machine's hands.
+  if (control == MdiControl::kList) return MdiColorPair{colors.text, colors.back};
+  if (!ready) return MdiColorPair{colors.textRunning, colors.backRunning};
+  if (control != MdiControl::kEdit) return std::nullopt;
+  return focused ? MdiColorPair{colors.textFocus, colors.backFocus} : MdiColorPair{colors.text, colors.back};
+}
 
 }  // namespace pnl

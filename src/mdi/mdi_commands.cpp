@@ -1,109 +1,257 @@
 // SPDX-License-Identifier: MIT
-#include "mdi/mdi_commands.h"
+// What the host and the soft keys ask of the command line: tables of the codes, each with its precondition, then
+// opening, showing, hiding and closing in a channel, taking the channel and giving it back, and the two roles.
+#include "host/storage_messages.h"
+#include "mdi/mdi_availability.h"
+#include "mdi/mdi_session.h"
 
-#include "mdi/mdi_list.h"
-#include "mdi/mdi_menus.h"
-#include "mdi/mdi_opening.h"
-#include "mdi/mdi_program_file.h"
-#include "mdi/mdi_screen.h"
-
-namespace pnl::mdi {
+namespace pnl {
 
 namespace {
 
-struct ToolCommandRow {
-  std::intptr_t code;
-  std::intptr_t (*run)(MdiSession&, std::intptr_t argument);
-};
-
-constexpr ToolCommandRow kToolCommands[] = {
-    {2, OpenInChannel},
-    {3, HideChannel},
-    {4, ReshowChannel},
-    {5, [](MdiSession& session, std::intptr_t channel) { return RequestClose(session, channel, false); }},
-    {6, [](MdiSession& session, std::intptr_t channel) { return RequestClose(session, channel, true); }},
-    {7,
-     [](MdiSession& session, std::intptr_t) {
-       RestoreCaret(session);
-       return kDone;
-     }},
-    {8,
-     [](MdiSession& session, std::intptr_t) {
-       SwitchRole(session);
-       return kDone;
-     }},
-    // The low byte is the channel, the high half the new mode.
-    {10,
-     [](MdiSession& session, std::intptr_t argument) {
-       return ManualModeChanged(session, argument & 0xFF, static_cast<std::int32_t>(argument >> 16 & 0xFFFF));
-     }},
-};
-
-void SwitchLayout(MdiSession& session, bool MdiSettings::*setting) {
-  session.settings.*setting = !(session.settings.*setting);
-  LayOut(session, session.DisplayedRole, session.Current());
-  UpdatePositionItems(session);
-  InstallPositionMenu(session);
-}
-
-/// What a soft key needs. The list's commands are grey while a block is in the machine's hands, for every sender.
-enum class Need { kNothing, kInterrupted, kReady, kReadyMda };
-
-struct MenuCommandRow {
-  int id;
-  Need need;
-  void (*run)(MdiSession&, MDIDATA_ST&);
-};
-
-constexpr MenuCommandRow kMenuCommands[] = {
-    {command::kDeleteItem, Need::kReadyMda, [](MdiSession& session, MDIDATA_ST&) { DeleteItem(session); }},
-    {command::kChangeItem, Need::kReadyMda, ChangeItem},
-    {command::kNewItem, Need::kReadyMda, NewItem},
-    {command::kEndEdit, Need::kReadyMda, EndEdit},
-    {command::kSaveProgram, Need::kReadyMda, [](MdiSession& session, MDIDATA_ST&) { RequestProgramFile(session); }},
-    {command::kClearList, Need::kReadyMda, ClearList},
-    {command::kCancelBlock, Need::kInterrupted,
-     [](MdiSession& session, MDIDATA_ST&) { session.Kapi().MDICancel(session.CurrentChannel); }},
-    {command::kMoveUp, Need::kReady, [](MdiSession& session, MDIDATA_ST& record) { MoveItem(session, record, true); }},
-    {command::kMoveDown, Need::kReady,
-     [](MdiSession& session, MDIDATA_ST& record) { MoveItem(session, record, false); }},
-    {command::kSwitchPosition, Need::kNothing,
-     [](MdiSession& session, MDIDATA_ST&) { SwitchLayout(session, &MdiSettings::Below); }},
-    {command::kSwitchLength, Need::kNothing,
-     [](MdiSession& session, MDIDATA_ST&) { SwitchLayout(session, &MdiSettings::FullLength); }},
-};
-
-bool Holds(Need need, const MDIDATA_ST& record) {
-  switch (need) {
-    case Need::kNothing:
-      return true;
-    case Need::kInterrupted:
-      return record.State == mdi_state::kInterrupted;
-    case Need::kReady:
-      return record.IsReady();
-    case Need::kReadyMda:
-      return record.IsReady() && record.LowRole() == MdiRole::kMda;
-  }
-  return false;
-}
+constexpr int kTextHintMdi = 38;
+constexpr int kTextHintMda = 39;
 
 }  // namespace
 
-std::intptr_t OnToolCommand(MdiSession& session, std::intptr_t code, std::intptr_t argument) {
-  for (const ToolCommandRow& row : kToolCommands) {
-    if (row.code == code) return row.run(session, argument);
+/// ToolCommand: 0 for a code that isn't known.
+std::intptr_t MdiSession::OnToolCommand(std::intptr_t code, std::intptr_t argument) {
+  switch (code) {
+    case PNL_COMMAND_OPEN:
+      return OpenInChannel(argument);
+    case PNL_COMMAND_HIDE:
+      return HideChannel(argument);
+    case PNL_COMMAND_SHOW:
+      return ReshowChannel(argument);
+    case PNL_COMMAND_CLOSE:
+      return RequestClose(argument, false);
+    case PNL_COMMAND_LEAVE:
+      return RequestClose(argument, true);
+    case PNL_COMMAND_RESTORE_FOCUS:
+      RestoreCaret();
+      return PNL_DONE;
+    case PNL_COMMAND_SWITCH_ROLE:
+      SwitchRole();
+      return PNL_DONE;
+    case PNL_COMMAND_MANUAL_MODE_CHANGED:
+      // The low byte is the channel, the high half the new mode.
+      return ManualModeChanged(argument & 0xFF, PnlHighHalf(argument));
+    default:
+      return PNL_DONE;
   }
-  return kDone;
 }
 
-void OnMenuCommand(MdiSession& session, std::intptr_t id) {
-  MDIDATA_ST* record = session.Current();
-  if (record == nullptr) return;
-  for (const MenuCommandRow& row : kMenuCommands) {
-    if (row.id != id) continue;
-    if (Holds(row.need, *record)) row.run(session, *record);
-    return;
+/// A soft key. Nothing happens for an id that isn't known, or whose precondition isn't given.
+void MdiSession::OnMenuCommand(std::intptr_t id) {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || !MdiMenus::MayRun(id, *record)) return;
+  switch (id) {
+    case mdi_command::kDeleteItem:
+      return list_.Delete(*record);
+    case mdi_command::kChangeItem:
+      return list_.Change(*record);
+    case mdi_command::kNewItem:
+      return list_.New(*record);
+    case mdi_command::kEndEdit:
+      return list_.EndEdit(*record);
+    case mdi_command::kSaveProgram:
+      return RequestProgramFile();
+    case mdi_command::kClearList:
+      return list_.Clear(*record);
+    case mdi_command::kCancelBlock:
+      Kapi().MDICancel(record->Channel);
+      return;
+    case mdi_command::kMoveUp:
+      return list_.Move(*record, true);
+    case mdi_command::kMoveDown:
+      return list_.Move(*record, false);
+    case mdi_command::kSwitchPosition:
+      return SwitchLayout(&MdiSettings::Below);
+    case mdi_command::kSwitchLength:
+      return SwitchLayout(&MdiSettings::FullLength);
+    default:
+      return;
   }
 }
 
-}  // namespace pnl::mdi
+// Opening, showing, hiding and closing in a channel.
+
+void MdiSession::AnnounceOpening() {
+  Host().HostToolOpening(PNL_TOOL_MDI);
+  ShowMessage({});
+}
+
+/// Takes the channel and puts its role on the screen.
+void MdiSession::TakeAndShow(MDIDATA_ST& record) {
+  holding_.Enter(record);
+  screen_.ShowRole(record);
+  InstallMenus(record);
+  channels_.MakeCurrent(record);
+  ShowInspectHint();
+}
+
+/// After everything that clears the message line.
+void MdiSession::TellLargeLists(const MDIDATA_ST& record) {
+  const auto tell = [this](const Text& name, std::uint64_t bytes) {
+    // Asks for the host first: it hears nothing more of a window that it has ended.
+    static_cast<void>(Host());
+    TellLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
+  };
+  tell(MdiHistoryName(record.Channel), record.HistorySize);
+  tell(MdiListName(record.Channel), record.ListSize);
+}
+
+/// PNL_REFUSED, and nothing changed, when the channel doesn't allow it or isn't there.
+std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
+  MDIDATA_ST* record = channels_.Record(channel);
+  const bool held = record != nullptr && record->InMDI != 0;
+  if (!held && !IsMDIAvailable(Context().cnc, static_cast<int>(channel))) return PNL_REFUSED;
+  if (record == nullptr) return PNL_REFUSED;
+  // The host may answer the news by destroying the window. It must then hear that nothing was opened.
+  const bool there = Outlives([&] {
+    AnnounceOpening();
+    if (!channels_.IsCurrent(*record)) {
+      screen_.SetSelection({0, 0});
+      history_.LoadLists(*record);
+      if (record->LowRole() != screen_.DisplayedRole()) screen_.LayOut(record->LowRole(), record);
+      screen_.FillList(*record);
+    }
+    TakeAndShow(*record);
+  });
+  if (!there) return PNL_REFUSED;
+  View().Show();
+  View().BringToTop();
+  View().FocusWindow();
+  record->Opened = 1;
+  record->ClosePending = 0;
+  TellLargeLists(*record);
+  return PNL_DONE;
+}
+
+/// Only for the current channel, which stays held.
+std::intptr_t MdiSession::HideChannel(std::intptr_t channel) {
+  const MDIDATA_ST* record = channels_.Record(channel);
+  if (record == nullptr) return PNL_REFUSED;
+  if (channels_.IsCurrent(*record)) holding_.Hide(*record);
+  return PNL_DONE;
+}
+
+/// The block in hand, as far as it is still the operator's: a block that runs stays what it is.
+void MdiSession::TakeTextInHand() {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || !record->IsReady()) return;
+  if (record->TypesInEdit()) record->Text = View().EditText();
+  if (record->LowRole() == MdiRole::kMda) record->MDASelection = View().ListSelection();
+}
+
+std::intptr_t MdiSession::ReshowChannel(std::intptr_t channel) {
+  TakeTextInHand();
+  MDIDATA_ST* record = channels_.Record(channel);
+  if (record == nullptr) return PNL_REFUSED;
+  if (record->Opened == 0) return PNL_DONE;
+  if (!Outlives([&] { AnnounceOpening(); })) return PNL_REFUSED;
+  screen_.SetSelection({0, 0});
+  history_.LoadLists(*record);
+  screen_.LayOut(record->LowRole(), record);
+  screen_.FillList(*record);
+  TakeAndShow(*record);
+  View().Show();
+  return PNL_DONE;
+}
+
+/// PNL_DONE: given back at once, or no such channel; PNL_CLOSES_LATER; PNL_REFUSED.
+std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspecting) {
+  MDIDATA_ST* record = channels_.Record(channel);
+  if (record == nullptr) return PNL_DONE;
+  if (onlyIfInspecting && !MdiChannels::InspectionIsOn(*record)) return PNL_REFUSED;
+  if (channels_.IsCurrent(*record) && record->IsReady()) {
+    if (record->LowRole() == MdiRole::kMdi) {
+      screen_.CloseDropList();
+    } else if (record->Edit() != mdi_edit::kNone) {
+      list_.EndEdit(*record);
+    }
+  }
+  if (record->IsReady() && MdiChannels::IsIdle(*record)) {
+    // Done even when the interlock was refused: the host asks again if it must.
+    holding_.Leave(*record);
+    return PNL_DONE;
+  }
+  holding_.CloseLater(*record);
+  return PNL_CLOSES_LATER;
+}
+
+std::intptr_t MdiSession::ManualModeChanged(std::intptr_t channel, std::int32_t mode) {
+  MDIDATA_ST* record = channels_.Record(channel);
+  if (record == nullptr) return PNL_REFUSED;
+  if (record->InMDI == 0) return PNL_DONE;
+  channels_.ChangeManualMode(*record, mode);
+  if (!channels_.AutomaticWaits(*record)) return PNL_DONE;
+  if (record->IsReady() && MdiChannels::IsIdle(*record)) {
+    holding_.Leave(*record);
+  } else {
+    holding_.CloseLater(*record);
+  }
+  return PNL_DONE;
+}
+
+/// The Escape key, when no drop list was open.
+void MdiSession::Escape() {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || record->InMDI == 0) return;
+  if (record->IsReady()) {
+    if (record->LowRole() == MdiRole::kMda && record->Edit() != mdi_edit::kNone) return list_.EndEdit(*record);
+    if (MdiChannels::IsIdle(*record)) {
+      holding_.Leave(*record);
+      return;
+    }
+  }
+  if (!channels_.IsInspecting(record->Channel)) HideChannel(record->Channel);
+}
+
+// The two roles, and what the screen shows.
+
+/// Between MDI and MDA, in State 1 only.
+void MdiSession::SwitchRole() {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || !record->IsReady()) return;
+  SetRole(*record, record->LowRole() == MdiRole::kMdi ? MdiRole::kMda : MdiRole::kMdi);
+  ShowInspectHint();
+}
+
+void MdiSession::SetRole(MDIDATA_ST& record, MdiRole role) {
+  record.Role = (record.Role & 0xF0) | static_cast<std::int32_t>(role);
+  View().ClearFocus();
+  // What was typed in MDI role becomes a new item of the list.
+  const bool typed = role == MdiRole::kMda && !View().EditText().empty();
+  menus_.SetEdit(record, typed ? mdi_edit::kNewItem : mdi_edit::kNone);
+  screen_.LayOut(role, &record);
+  screen_.ShowTitle(record, View().IsVisible());
+  screen_.SetCaretToEnd();
+  screen_.FocusForRoleFirstItem(&record);
+  InstallMenus(record);
+}
+
+/// Caret after the text, focus where the role has it.
+void MdiSession::RestoreCaret() {
+  const MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || !record->IsReady()) return;
+  screen_.SetCaretToEnd();
+  screen_.FocusForRoleFirstItem(record);
+}
+
+void MdiSession::SwitchLayout(bool MdiSettings::*setting) {
+  settings_.*setting = !(settings_.*setting);
+  screen_.LayOutAgain(channels_.Current());
+  menus_.UpdatePositionItems(settings_);
+  menus_.InstallPositionMenu();
+}
+
+/// The hint of the current channel's role while an inspection is on, else an empty message line.
+void MdiSession::ShowInspectHint() {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || !MdiChannels::InspectionIsOn(*record)) return ShowMessage({});
+  const int text = record->LowRole() == MdiRole::kMdi ? kTextHintMdi : kTextHintMda;
+  ShowMessage(Context().language.LoadToolText(text));
+}
+
+}  // namespace pnl

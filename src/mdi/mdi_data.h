@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The record of one channel: how it is held, what it runs, its history and its list. Plain data, owned by the session
-// in an array indexed by channel minus 1; the rules that change it live in the other files of this folder.
+// The record of one channel: how it is held, what it runs, its history and its list. Plain data. MdiChannels owns the
+// records of all channels; each rule that changes one is in the file of its subject.
 #pragma once
 
 #include <cstdint>
@@ -63,7 +63,7 @@ struct MDIDATA_ST {
   [[nodiscard]] MdiRole LowRole() const { return (Role & 0x0F) == 2 ? MdiRole::kMda : MdiRole::kMdi; }
   [[nodiscard]] std::int32_t Edit() const { return Role & 0xF0; }
   [[nodiscard]] bool IsReady() const { return State == mdi_state::kReady; }
-  /// The edit holds what the operator types: always in MDI role, in MDA role while an item is typed or changed.
+  /// The edit contains what the operator types: always in MDI role, in MDA role while an item is typed or changed.
   [[nodiscard]] bool TypesInEdit() const { return LowRole() == MdiRole::kMdi || Edit() != mdi_edit::kNone; }
 };
 

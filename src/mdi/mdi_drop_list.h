@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The verdict of the drop list (ZCMDIList): what OK, a double click, Cancel and the loss of activation lead to. Holds
-// no items and paints nothing; the list's window owns it and tells it what is selected.
+// no items and paints nothing; the list's window owns it and passes what is selected.
 #pragma once
 
 #include <optional>

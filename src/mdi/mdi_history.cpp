@@ -29,7 +29,7 @@ RowsRead MdiHistory::Load(TextView name, std::size_t most) {
   const Text path = MdiFileToRead(files_, utilities_, name);
   RowsRead read = ReadRows(files_, path, most);
   if (path == users) return read;
-  // The machine's copy stands in; what may be written over is the user's alone.
+  // The machine's copy was read in its place; what may be written over is the user's alone.
   const FileInfo info = files_.Query(users);
   read.known = info.exists || info.outOfReach ? FileKnown::kUnknown : FileKnown::kAbsent;
   return read;

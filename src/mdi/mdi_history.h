@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The two lists of a channel and their files: the history of blocks that ran and the working list of the MDA role.
-// What can't be read is an empty list, silently; what can't be written leaves the file as it was and is told. Whatever
-// was out of reach when the lists were read gets the session's own rows in front of those that are found there later.
+// A file that can't be read is an empty list, silently. One that can't be written stays as it was and is reported. One
+// that was out of reach when the lists were read gets the session's own rows in front of those found there later.
 #pragma once
 
 #include <vector>

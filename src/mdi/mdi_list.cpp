@@ -5,13 +5,11 @@
 #include <cstddef>
 #include <utility>
 
-#include "mdi/mdi_block.h"
-#include "mdi/mdi_menus.h"
-#include "mdi/mdi_screen.h"
-
-namespace pnl::mdi {
+namespace pnl {
 
 namespace {
+
+using Kind = MdiListChange::Kind;
 
 bool IsItem(const MDIDATA_ST& record, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < record.MDAList.size();
@@ -20,10 +18,29 @@ bool IsItem(const MDIDATA_ST& record, int index) {
 /// The session put it there, whatever becomes of the file meanwhile.
 void NoteAdded(MDIDATA_ST& record, TextView text) { record.ListAdded.push_back(text); }
 
-void Mirror(MdiSession& session, const MDIDATA_ST& record, int index, const Text& text) {
-  if (!session.IsCurrent(record)) return;
-  session.View().InsertListItem(index, text);
-  session.View().SetListSelection(index);
+MdiListChange Append(MDIDATA_ST& record, const Text& text) {
+  record.MDAList.push_back(text);
+  NoteAdded(record, text);
+  return {Kind::kAppended, 0, text};
+}
+
+/// At the end when nothing is selected.
+MdiListChange InsertBefore(MDIDATA_ST& record, int selected, const Text& text) {
+  if (!IsItem(record, selected)) return Append(record, text);
+  record.MDAList.Insert(static_cast<std::size_t>(selected), text);
+  NoteAdded(record, text);
+  return {Kind::kInserted, selected, text};
+}
+
+/// At the end when there is no such item, so that no block is lost.
+MdiListChange Replace(MDIDATA_ST& record, int index, const Text& text) {
+  if (!IsItem(record, index)) return Append(record, text);
+  const auto place = static_cast<std::size_t>(index);
+  // A row that this session had put there is another one now.
+  if (const auto old = record.ListAdded.Find(record.MDAList[place])) record.ListAdded.Erase(*old);
+  record.MDAList.Replace(place, text);
+  NoteAdded(record, text);
+  return {Kind::kReplaced, index, text};
 }
 
 /// Where an item goes that is taken out at index of count items.
@@ -34,98 +51,93 @@ int MoveTarget(int index, int count, bool up) {
 
 }  // namespace
 
-void AppendItem(MdiSession& session, MDIDATA_ST& record, const Text& text) {
-  record.MDAList.push_back(text);
-  NoteAdded(record, text);
-  Mirror(session, record, session.View().ListCount(), text);
-}
-
-void InsertBeforeSelected(MdiSession& session, MDIDATA_ST& record, const Text& text) {
-  const int selected = session.IsCurrent(record) ? session.View().ListSelection() : record.MDASelection;
-  if (!IsItem(record, selected)) {
-    AppendItem(session, record, text);
-    return;
+std::optional<MdiListChange> MdiList::Store(MDIDATA_ST& record, bool shown) {
+  if (record.Text.empty()) return std::nullopt;
+  std::optional<MdiListChange> change;
+  if (record.LowRole() == MdiRole::kMdi) {
+    change = Append(record, record.Text);
+  } else if (record.Edit() == mdi_edit::kNewItem) {
+    change = InsertBefore(record, shown ? View().ListSelection() : record.MDASelection, record.Text);
+  } else if (record.Edit() == mdi_edit::kChangeItem) {
+    int index = std::exchange(record.MDASelection, -1);
+    // A refused block has dropped the place; the list box still shows it.
+    if (index < 0 && shown) index = View().ListSelection();
+    change = Replace(record, index, record.Text);
+  } else {
+    // Run straight from the list: the list contains it already, and Text keeps it.
+    return std::nullopt;
   }
-  record.MDAList.Insert(static_cast<std::size_t>(selected), text);
-  NoteAdded(record, text);
-  Mirror(session, record, selected, text);
+  record.Text.clear();
+  record.LoadState = mdi_load::kChanged;
+  return change;
 }
 
-void ReplaceChanged(MdiSession& session, MDIDATA_ST& record, const Text& text) {
-  int index = std::exchange(record.MDASelection, -1);
-  // A refused block has dropped the place; the list box still shows it.
-  if (index < 0 && session.IsCurrent(record)) index = session.View().ListSelection();
-  if (!IsItem(record, index)) {
-    AppendItem(session, record, text);
-    return;
+void MdiList::Show(MDIDATA_ST& record, const MdiListChange& change, bool alreadyThere) {
+  if (alreadyThere) return menus_.SetEdit(record, mdi_edit::kNone);
+  const int index = change.kind == Kind::kAppended ? View().ListCount() : change.index;
+  if (change.kind == Kind::kReplaced) {
+    View().ReplaceListItem(index, change.text);
+  } else {
+    View().InsertListItem(index, change.text);
   }
-  const auto place = static_cast<std::size_t>(index);
-  // A row that this session had put there is another one now.
-  if (const auto old = record.ListAdded.Find(record.MDAList[place])) record.ListAdded.Erase(*old);
-  record.MDAList.Replace(place, text);
-  NoteAdded(record, text);
-  if (!session.IsCurrent(record)) return;
-  session.View().ReplaceListItem(index, text);
-  session.View().SetListSelection(index);
+  View().SetListSelection(index);
+  menus_.SetEdit(record, mdi_edit::kNone);
 }
 
-void DeleteItem(MdiSession& session) {
-  MdiView& view = session.View();
-  const int index = view.ListSelection();
+void MdiList::Delete(const MDIDATA_ST& record) {
+  const int index = View().ListSelection();
   if (index < 0) return;
-  view.DeleteListItem(index);
+  View().DeleteListItem(index);
   // The store keeps the item and stays unmarked: deleting here is for the sitting, and the next load brings it back.
-  view.SetListSelection(std::min(index, view.ListCount() - 1));
-  UpdateMenus(session);
+  View().SetListSelection(std::min(index, View().ListCount() - 1));
+  UpdateMenus(record);
 }
 
-void ChangeItem(MdiSession& session, MDIDATA_ST& record) {
-  MdiView& view = session.View();
-  const int index = view.ListSelection();
+void MdiList::Change(MDIDATA_ST& record) {
+  const int index = View().ListSelection();
   if (index < 0) return;
-  SetEdit(session, record, mdi_edit::kChangeItem);
+  menus_.SetEdit(record, mdi_edit::kChangeItem);
   record.MDASelection = index;
-  view.SetEditText(view.ListItem(index));
-  SetCaretToEnd(session);
-  view.SetEditReadOnly(false);
-  view.FocusEdit();
-  UpdateMenus(session);
+  View().SetEditText(View().ListItem(index));
+  screen_.SetCaretToEnd();
+  View().SetEditReadOnly(false);
+  View().FocusEdit();
+  UpdateMenus(record);
 }
 
-void NewItem(MdiSession& session, MDIDATA_ST& record) {
-  SetEdit(session, record, mdi_edit::kNewItem);
-  SetSelection(session, {-1, -1});
-  session.View().SetEditReadOnly(false);
-  session.View().FocusEdit();
-  UpdateMenus(session);
+void MdiList::New(MDIDATA_ST& record) {
+  menus_.SetEdit(record, mdi_edit::kNewItem);
+  screen_.SetSelection({-1, -1});
+  View().SetEditReadOnly(false);
+  View().FocusEdit();
+  UpdateMenus(record);
 }
 
-void EndEdit(MdiSession& session, MDIDATA_ST& record) {
-  SetEdit(session, record, mdi_edit::kNone);
-  session.View().SetEditText({});
+void MdiList::EndEdit(MDIDATA_ST& record) {
+  menus_.SetEdit(record, mdi_edit::kNone);
+  View().SetEditText({});
   // The list can't always take the focus, which would do this too: the window may be hidden.
-  session.View().SetEditReadOnly(true);
-  session.View().FocusList();
-  UpdateMenus(session);
+  View().SetEditReadOnly(true);
+  View().FocusList();
+  UpdateMenus(record);
 }
 
-void ClearList(MdiSession& session, MDIDATA_ST& record) {
+void MdiList::Clear(MDIDATA_ST& record) {
   record.MDAList.clear();
   record.ListAdded.clear();
-  session.View().FillList(record.MDAList);
+  View().FillList(record.MDAList);
   record.MDASelection = -1;
   record.LoadState = mdi_load::kChanged;
-  UpdateMenus(session);
+  UpdateMenus(record);
 }
 
-void MoveItem(MdiSession& session, MDIDATA_ST& record, bool up) {
-  MdiView& view = session.View();
-  const int index = view.ListSelection();
+void MdiList::Move(MDIDATA_ST& record, bool up) {
+  const int index = View().ListSelection();
   if (index < 0) return;
-  const int target = MoveTarget(index, view.ListCount(), up);
-  const Text shown = view.ListItem(index);
-  view.DeleteListItem(index);
-  view.InsertListItem(target, shown);
+  const int target = MoveTarget(index, View().ListCount(), up);
+  const Text shown = View().ListItem(index);
+  View().DeleteListItem(index);
+  View().InsertListItem(target, shown);
   if (IsItem(record, index)) {
     // The store may be longer than the box, whose items it then keeps at its end; "the end" is each one's own.
     const bool toEnd = up && index == 0;
@@ -136,24 +148,31 @@ void MoveItem(MdiSession& session, MDIDATA_ST& record, bool up) {
     record.MDAList.Insert(toEnd ? end : std::min(static_cast<std::size_t>(target), end), item);
   }
   record.LoadState = mdi_load::kChanged;
-  view.SetListSelection(target);
+  View().SetListSelection(target);
 }
 
-void EnterInList(MdiSession& session, MDIDATA_ST& record) {
-  MdiView& view = session.View();
-  record.Text = view.EditText();
-  record.MDASelection = view.ListSelection();
+void MdiList::Enter(MDIDATA_ST& record) {
+  record.Text = View().EditText();
+  record.MDASelection = View().ListSelection();
   if (record.Edit() == mdi_edit::kNone) {
     if (record.MDASelection < 0) {
-      NewItem(session, record);
+      New(record);
     } else {
-      ChangeItem(session, record);
+      Change(record);
     }
     return;
   }
-  if (record.Text.empty()) return;
-  StoreBlock(session, record);
-  EndEdit(session, record);
+  if (const auto change = Store(record, true)) {
+    Show(record, *change);
+    EndEdit(record);
+  }
 }
 
-}  // namespace pnl::mdi
+void MdiList::OnFocus(MDIDATA_ST& record) {
+  menus_.SetEdit(record, mdi_edit::kNone);
+  View().SetEditText({});
+  View().SetEditReadOnly(true);
+  View().RedrawEdit();
+}
+
+}  // namespace pnl

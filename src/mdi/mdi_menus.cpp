@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_menus.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "base/format.h"
+#include "host/tool_context.h"
 
-namespace pnl::mdi {
+namespace pnl {
 
 namespace {
 
@@ -23,133 +21,163 @@ constexpr TextView kMdaCanCancel = u"MDA: BLOQUE INTERRUMPIDO: ES POSIBLE CANCEL
 constexpr TextView kMdaCannotCancel =
     u"MDA: BLOQUE INTERRUMPIDO: NO ES POSIBLE CANCELAR EL BLOQUE(PosibleMDICancel = %d)";
 
-constexpr int kListCommands[] = {command::kDeleteItem,  command::kChangeItem, command::kNewItem, command::kEndEdit,
-                                 command::kSaveProgram, command::kClearList,  command::kMoveUp,  command::kMoveDown};
+constexpr int kListCommands[] = {mdi_command::kDeleteItem, mdi_command::kChangeItem,  mdi_command::kNewItem,
+                                 mdi_command::kEndEdit,    mdi_command::kSaveProgram, mdi_command::kClearList,
+                                 mdi_command::kMoveUp,     mdi_command::kMoveDown};
 
-MenuTable& Table(MdiSession& session) { return session.context.language.Menus(); }
+/// What a command needs. Those of the list are grey while a block is in the machine's hands.
+enum class Need { kNothing, kInterrupted, kReady, kReadyMda };
 
-void SetItem(MdiSession& session, MenuHandle menu, int id, int bitmap, TextView helper) {
-  UTIL7340_SetMenuItemBitmap(Table(session), menu, id, false, bitmap);
-  UTIL7340_SetMenuItemHelper(Table(session), menu, id, false, helper);
-}
+struct MenuCommand {
+  int id;
+  Need need;
+};
 
-void EnableListCommands(MdiSession& session, bool enabled) {
-  for (const int id : kListCommands) {
-    if (MenuItem* item = Table(session).FindItem(session.menus.mda, id)) item->enabled = enabled;
-  }
-}
-
-void EnableOnly(MdiSession& session, int id) {
-  EnableListCommands(session, false);
-  if (MenuItem* item = Table(session).FindItem(session.menus.mda, id)) item->enabled = true;
-}
-
-/// The place of "move up" is given to "end edit": the key that the operator's finger is on then.
-void PutEndEditIn(MdiSession& session) {
-  UTIL7340_HideMenuItem(Table(session), session.menus.mda, command::kMoveDown);
-  UTIL7340_CleanMenuItem(Table(session), session.menus.mda, command::kMoveUp, false);
-  if (MenuItem* item = Table(session).FindItem(session.menus.mda, command::kMoveUp)) {
-    session.menus.moveUpCaption = item->text;
-    item->id = command::kEndEdit;
-    item->text = session.menus.endEdit;
-  }
-}
-
-void PutMoveUpBack(MdiSession& session) {
-  if (MenuItem* item = Table(session).FindItem(session.menus.mda, command::kEndEdit)) {
-    item->id = command::kMoveUp;
-    item->text = session.menus.moveUpCaption;
-  }
-  SetItem(session, session.menus.mda, command::kMoveUp, kBitmapMoveUp, u"MDA1");
-  UTIL7340_ShowMenuItem(Table(session), session.menus.mda, command::kMoveDown);
-}
-
-/// Which items can be pressed, by state, edit and list.
-void GreyItems(MdiSession& session, const MDIDATA_ST& record) {
-  if (!record.IsReady()) {
-    EnableListCommands(session, false);
-  } else if (record.Edit() != mdi_edit::kNone) {
-    EnableOnly(session, command::kEndEdit);
-  } else if (session.View().ListCount() == 0) {
-    EnableOnly(session, command::kNewItem);
-  } else {
-    EnableListCommands(session, true);
-  }
-}
-
-/// In State 4: whether the interrupted block can be cancelled, told to the black box as well.
-bool CancelIsOffered(MdiSession& session, const MDIDATA_ST& record) {
-  if (record.State != mdi_state::kInterrupted) return false;
-  const int possible = session.Kapi().PosibleMDICancel(record.Channel);
-  const bool offered = possible == kCanBeCancelled;
-  const TextView format = record.LowRole() == MdiRole::kMdi ? (offered ? kMdiCanCancel : kMdiCannotCancel)
-                                                            : (offered ? kMdaCanCancel : kMdaCannotCancel);
-  session.Kapi().WriteTxtInBlackBox(Format(format, possible), 0);
-  return offered;
-}
+constexpr MenuCommand kMenuCommands[] = {
+    {mdi_command::kDeleteItem, Need::kReadyMda},     {mdi_command::kChangeItem, Need::kReadyMda},
+    {mdi_command::kNewItem, Need::kReadyMda},        {mdi_command::kEndEdit, Need::kReadyMda},
+    {mdi_command::kSaveProgram, Need::kReadyMda},    {mdi_command::kClearList, Need::kReadyMda},
+    {mdi_command::kCancelBlock, Need::kInterrupted}, {mdi_command::kMoveUp, Need::kReady},
+    {mdi_command::kMoveDown, Need::kReady},          {mdi_command::kSwitchPosition, Need::kNothing},
+    {mdi_command::kSwitchLength, Need::kNothing},
+};
 
 }  // namespace
 
-void LoadMenus(MdiSession& session) {
-  Language& language = session.context.language;
-  MdiMenuSet& menus = session.menus;
-  menus.cancel = language.LoadToolMenu(u"3015");
-  menus.mda = language.LoadToolMenu(u"IDR_MDAMENU");
-  menus.position = language.LoadToolMenu(u"3025");
-  menus.endEdit = language.LoadToolText(kTextEndEdit);
-  menus.programTitle = language.LoadToolText(kTextProgramTitle);
-  SetItem(session, menus.cancel, command::kCancelBlock, 3017, u"MDI1");
-  SetItem(session, menus.mda, command::kMoveUp, kBitmapMoveUp, u"MDA1");
-  SetItem(session, menus.mda, command::kMoveDown, 3020, u"MDA2");
-  UpdatePositionItems(session);
+bool MdiMenus::MayRun(std::intptr_t id, const MDIDATA_ST& record) {
+  const bool mda = record.LowRole() == MdiRole::kMda;
+  for (const MenuCommand& command : kMenuCommands) {
+    if (command.id != id) continue;
+    switch (command.need) {
+      case Need::kNothing:
+        return true;
+      case Need::kInterrupted:
+        return record.State == mdi_state::kInterrupted;
+      case Need::kReady:
+        return record.IsReady();
+      case Need::kReadyMda:
+        return record.IsReady() && mda;
+    }
+  }
+  return false;
 }
 
-void DestroyMenus(MdiSession& session) {
-  for (MenuHandle* menu : {&session.menus.cancel, &session.menus.mda, &session.menus.position}) {
-    if (*menu != 0) Table(session).Destroy(*menu);
+void MdiMenus::Load(const MdiSettings& settings) {
+  cancel_ = language_.LoadToolMenu(u"3015");
+  mda_ = language_.LoadToolMenu(u"IDR_MDAMENU");
+  position_ = language_.LoadToolMenu(u"3025");
+  endEdit_ = language_.LoadToolText(kTextEndEdit);
+  programTitle_ = language_.LoadToolText(kTextProgramTitle);
+  SetItem(cancel_, mdi_command::kCancelBlock, 3017, u"MDI1");
+  SetItem(mda_, mdi_command::kMoveUp, kBitmapMoveUp, u"MDA1");
+  SetItem(mda_, mdi_command::kMoveDown, 3020, u"MDA2");
+  UpdatePositionItems(settings);
+}
+
+void MdiMenus::Destroy() {
+  for (MenuHandle* menu : {&cancel_, &mda_, &position_}) {
+    if (*menu != 0) Table().Destroy(*menu);
     *menu = 0;
   }
 }
 
-void UpdatePositionItems(MdiSession& session) {
-  const bool below = session.settings.Below;
-  const bool full = session.settings.FullLength;
-  const MenuHandle menu = session.menus.position;
-  SetItem(session, menu, command::kSwitchPosition, below ? 3026 : 3027, below ? u"MDI_Above" : u"MDI_Below");
-  SetItem(session, menu, command::kSwitchLength, full ? 3029 : 3028, full ? u"MDI_Shrink" : u"MDI_Stretch");
+void MdiMenus::SetItem(MenuHandle menu, int id, int bitmap, TextView helper) {
+  UTIL7340_SetMenuItemBitmap(Table(), menu, id, false, bitmap);
+  UTIL7340_SetMenuItemHelper(Table(), menu, id, false, helper);
 }
 
-void InstallPositionMenu(MdiSession& session) { session.Host().HostSetSideMenu(tool_id::kMdi, session.menus.position); }
+void MdiMenus::EnableListCommands(bool enabled) {
+  for (const int id : kListCommands) {
+    if (MenuItem* item = Table().FindItem(mda_, id)) item->enabled = enabled;
+  }
+}
 
-void SetEdit(MdiSession& session, MDIDATA_ST& record, std::int32_t edit) {
+void MdiMenus::EnableOnly(int id) {
+  EnableListCommands(false);
+  if (MenuItem* item = Table().FindItem(mda_, id)) item->enabled = true;
+}
+
+/// The place of "move up" is given to "end edit": the key that the operator's finger is on then.
+void MdiMenus::PutEndEditIn() {
+  UTIL7340_HideMenuItem(Table(), mda_, mdi_command::kMoveDown);
+  UTIL7340_CleanMenuItem(Table(), mda_, mdi_command::kMoveUp, false);
+  if (MenuItem* item = Table().FindItem(mda_, mdi_command::kMoveUp)) {
+    moveUpCaption_ = item->text;
+    item->id = mdi_command::kEndEdit;
+    item->text = endEdit_;
+  }
+}
+
+void MdiMenus::PutMoveUpBack() {
+  if (MenuItem* item = Table().FindItem(mda_, mdi_command::kEndEdit)) {
+    item->id = mdi_command::kMoveUp;
+    item->text = moveUpCaption_;
+  }
+  SetItem(mda_, mdi_command::kMoveUp, kBitmapMoveUp, u"MDA1");
+  UTIL7340_ShowMenuItem(Table(), mda_, mdi_command::kMoveDown);
+}
+
+void MdiMenus::SetEdit(MDIDATA_ST& record, std::int32_t edit) {
   if (record.Edit() == edit) return;
   if (record.Edit() == mdi_edit::kNone) {
-    PutEndEditIn(session);
+    PutEndEditIn();
   } else if (edit == mdi_edit::kNone) {
-    PutMoveUpBack(session);
+    PutMoveUpBack();
   }
   record.Role = (record.Role & 0x0F) | edit;
 }
 
-void InstallMenus(MdiSession& session, const MDIDATA_ST& record) {
-  if (record.LowRole() == MdiRole::kMdi) {
-    InstallPositionMenu(session);
-    const bool cancel = CancelIsOffered(session, record);
-    session.Host().HostSetMainMenu(tool_id::kMdi, cancel ? session.menus.cancel : 0);
+/// Which items can be pressed, by state, edit and list.
+void MdiMenus::GreyItems(const MDIDATA_ST& record, int listCount) {
+  if (!record.IsReady()) {
+    EnableListCommands(false);
+  } else if (record.Edit() != mdi_edit::kNone) {
+    EnableOnly(mdi_command::kEndEdit);
+  } else if (listCount == 0) {
+    EnableOnly(mdi_command::kNewItem);
   } else {
-    GreyItems(session, record);
-    const bool cancel = CancelIsOffered(session, record);
-    session.Host().HostSetMainMenu(tool_id::kMdi, cancel ? session.menus.cancel : session.menus.mda);
-    session.Host().HostSetSideMenu(tool_id::kMdi, 0);
+    EnableListCommands(true);
   }
 }
 
-void UpdateMenus(MdiSession& session) {
-  const MDIDATA_ST* record = session.Current();
-  if (record == nullptr || record->LowRole() != MdiRole::kMda) return;
-  GreyItems(session, *record);
-  // In State 4 the bar may hold the cancel menu, which hasn't changed.
-  if (record->State != mdi_state::kInterrupted) session.Host().HostUpdateMainMenu(tool_id::kMdi);
+/// In State 4: whether the interrupted block can be cancelled. The answer is written to the black box as well.
+bool MdiMenus::CancelIsOffered(const MDIDATA_ST& record) {
+  if (record.State != mdi_state::kInterrupted) return false;
+  const int possible = kernel_.PosibleMDICancel(record.Channel);
+  const bool offered = possible == kCanBeCancelled;
+  const TextView format = record.LowRole() == MdiRole::kMdi ? (offered ? kMdiCanCancel : kMdiCannotCancel)
+                                                            : (offered ? kMdaCanCancel : kMdaCannotCancel);
+  kernel_.WriteTxtInBlackBox(Format(format, possible), 0);
+  return offered;
 }
 
-}  // namespace pnl::mdi
+void MdiMenus::Install(const MDIDATA_ST& record, int listCount) {
+  if (record.LowRole() == MdiRole::kMdi) {
+    InstallPositionMenu();
+    const bool cancel = CancelIsOffered(record);
+    host_().HostSetMainMenu(PNL_TOOL_MDI, cancel ? cancel_ : 0);
+  } else {
+    GreyItems(record, listCount);
+    const bool cancel = CancelIsOffered(record);
+    host_().HostSetMainMenu(PNL_TOOL_MDI, cancel ? cancel_ : mda_);
+    host_().HostSetSideMenu(PNL_TOOL_MDI, 0);
+  }
+}
+
+void MdiMenus::Update(const MDIDATA_ST* record, int listCount) {
+  if (record == nullptr || record->LowRole() != MdiRole::kMda) return;
+  GreyItems(*record, listCount);
+  // In State 4 the bar may hold the cancel menu, which hasn't changed.
+  if (record->State != mdi_state::kInterrupted) host_().HostUpdateMainMenu(PNL_TOOL_MDI);
+}
+
+void MdiMenus::UpdatePositionItems(const MdiSettings& settings) {
+  const bool below = settings.Below;
+  const bool full = settings.FullLength;
+  SetItem(position_, mdi_command::kSwitchPosition, below ? 3026 : 3027, below ? u"MDI_Above" : u"MDI_Below");
+  SetItem(position_, mdi_command::kSwitchLength, full ? 3029 : 3028, full ? u"MDI_Shrink" : u"MDI_Stretch");
+}
+
+void MdiMenus::InstallPositionMenu() { host_().HostSetSideMenu(PNL_TOOL_MDI, position_); }
+
+}  // namespace pnl

@@ -1,15 +1,26 @@
 // SPDX-License-Identifier: MIT
-// The MDA list as a program: asking the operator for a file through the explorer, and writing it. While the explorer is
-// open the start key does nothing.
+// The MDA list as a program: what the explorer is asked for, and the file. Shows nothing: what went wrong is a value.
 #pragma once
 
-#include "mdi/mdi_session.h"
+#include <pnltools/pnltools.h>
 
-namespace pnl::mdi {
+#include "base/files.h"
+#include "base/text.h"
+#include "mdi/mdi_view.h"
 
-/// Asks for the file; the answer comes as message 0x804 with the record filled.
-void RequestProgramFile(MdiSession& session);
-/// Writes the list box's items. What goes wrong is told in a message box, during which the window may be destroyed.
-std::intptr_t WriteProgramFile(MdiSession& session, const Text& folder, const Text& name);
+namespace pnl {
 
-}  // namespace pnl::mdi
+/// A request for the file of a program, with the explorer's title and the folder that it begins in.
+void FillProgramRequest(XPLRDATA_ST& request, TextView title, TextView folder);
+
+enum class MdiProgramResult {
+  kWritten,
+  kNotWritable,  // the file is there and protected
+  kNotCreated,   // no such folder, or a name that nobody can type
+  kNotStored,    // the disc is full, or the like
+};
+
+/// Writes the list box's items as a program of that name. The file comes to the disc whole or not at all.
+[[nodiscard]] MdiProgramResult WriteProgram(Files& files, TextView folder, TextView name, const MdiView& view);
+
+}  // namespace pnl

@@ -1,125 +1,172 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_screen.h"
 
+#include <algorithm>
+
 #include "mdi/mdi_colors.h"
 #include "mdi/mdi_drop_list.h"
 
-namespace pnl::mdi {
+namespace pnl {
 
 namespace {
 
-MdiLayout LayoutFor(const MdiSession& session, MdiRole role) {
-  const MdiSettings& settings = session.settings;
-  return LayOutMdi(role,
-                   {session.View().ParentClientRect(), settings.FullLength, settings.Below, session.ChannelCount()});
+/// All of the edit without a selection.
+Text SelectedInEdit(const MdiView& view) {
+  Text text = view.EditText();
+  const int length = static_cast<int>(text.size());
+  const TextSelection selection = view.EditSelection();
+  const int start = std::clamp(std::min(selection.start, selection.end), 0, length);
+  const int end = std::clamp(std::max(selection.start, selection.end), 0, length);
+  if (start == end) return text;
+  return text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
 }
 
 }  // namespace
 
-void LayOut(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
-  CloseDropList(session);
-  session.DisplayedRole = role;
-  session.View().Place(LayoutFor(session, role));
-  ShowAccess(session, role, record);
+void MdiScreen::Begin(int channelCount) {
+  channelCount_ = channelCount;
+  LayOut(MdiRole::kMdi, nullptr);
+  View().SetTitle(MdiTitleText(MdiRole::kMdi, channelCount, 1));
+  View().SetSignColors(kMdiSignBack, kMdiSignBack);
 }
 
-void ShowAccess(MdiSession& session, MdiRole role, const MDIDATA_ST* record) {
-  MdiView& view = session.View();
+MdiLayout MdiScreen::LayoutFor(MdiRole role) const {
+  return LayOutMdi(role, {View().ParentClientRect(), settings_.FullLength, settings_.Below, channelCount_});
+}
+
+void MdiScreen::LayOut(MdiRole role, const MDIDATA_ST* record) {
+  CloseDropList();
+  displayedRole_ = role;
+  View().Place(LayoutFor(role));
+  ShowAccess(role, record);
+}
+
+/// What can be written and chosen: the edit where the operator types in it, the list in MDA role, and neither while a
+/// block of the channel is in the machine's hands.
+void MdiScreen::ShowAccess(MdiRole role, const MDIDATA_ST* record) {
   const bool ready = record == nullptr || record->IsReady();
   if (role == MdiRole::kMdi) {
-    view.SetEditReadOnly(!ready);
+    View().SetEditReadOnly(!ready);
     return;
   }
   const bool editing = record != nullptr && record->Edit() != mdi_edit::kNone;
-  view.SetEditReadOnly(!ready || !editing);
-  view.SetListEnabled(ready);
+  View().SetEditReadOnly(!ready || !editing);
+  View().SetListEnabled(ready);
 }
 
-void ShowRole(MdiSession& session, const MDIDATA_ST& record) {
-  session.View().Place(LayoutFor(session, record.LowRole()));
+void MdiScreen::ShowRole(const MDIDATA_ST& record) {
+  View().Place(LayoutFor(record.LowRole()));
   // A block may have ended, or the channel may have gone back, while the window was out of sight.
-  ShowAccess(session, record.LowRole(), &record);
-  ShowTitle(session, record, true);
+  ShowAccess(record.LowRole(), &record);
+  ShowTitle(record, true);
 }
 
-void ShowTitle(MdiSession& session, const MDIDATA_ST& record, bool visible) {
+void MdiScreen::ShowTitle(const MDIDATA_ST& record, bool visible) {
   const MdiRole role = record.LowRole();
-  session.View().SetTitle(MdiTitleText(role, session.ChannelCount(), record.Channel));
-  session.View().SetTitleBlinking(visible ? MdiTitleBlink(role) : 0);
+  View().SetTitle(MdiTitleText(role, channelCount_, record.Channel));
+  View().SetTitleBlinking(visible ? MdiTitleBlink(role) : 0);
 }
 
-void FillList(MdiSession& session, const MDIDATA_ST& record) {
-  session.View().FillList(record.MDAList);
+void MdiScreen::FillList(const MDIDATA_ST& record) {
+  View().FillList(record.MDAList);
+  ++listFills_;
   // A change of an item that is under way must still find its item.
-  if (record.MDASelection >= 0) session.View().SetListSelection(record.MDASelection);
+  if (record.MDASelection >= 0) View().SetListSelection(record.MDASelection);
 }
 
-void HideWindow(MdiSession& session) {
-  CloseDropList(session);
-  session.View().Hide();
-  session.View().SetTitleBlinking(0);
+void MdiScreen::Hide() {
+  CloseDropList();
+  View().Hide();
+  View().SetTitleBlinking(0);
 }
 
-void SetSelection(MdiSession& session, MdiSelection selection) {
-  session.selection = selection;
-  session.View().SetEditSelection(selection);
+void MdiScreen::ShowRunning(const MDIDATA_ST& record) {
+  View().ClearFocus();
+  View().RedrawEdit();
+  View().SetEditReadOnly(true);
+  if (record.LowRole() != MdiRole::kMdi) View().SetListEnabled(false);
+  View().FocusWindow();
 }
 
-void SetCaretToEnd(MdiSession& session) {
-  const int end = static_cast<int>(session.View().EditText().size());
-  SetSelection(session, {end, end});
+void MdiScreen::ShowReady(const MDIDATA_ST& record) {
+  View().RedrawEdit();
+  ShowAccess(record.LowRole(), &record);
+  if (View().IsVisible()) FocusForRole(&record);
 }
 
-void FocusForRole(MdiSession& session) {
-  const MDIDATA_ST* record = session.Current();
+void MdiScreen::ShowAborted(const MDIDATA_ST& record) {
+  if (record.LowRole() == MdiRole::kMdi) View().SetEditText({});
+  View().SetEditReadOnly(false);
+  View().SetListEnabled(true);
+  if (View().IsVisible()) FocusForRole(&record);
+  View().RedrawEdit();
+}
+
+void MdiScreen::SetSelection(TextSelection selection) {
+  selection_ = selection;
+  View().SetEditSelection(selection);
+}
+
+void MdiScreen::SetCaretToEnd() {
+  const int end = static_cast<int>(View().EditText().size());
+  SetSelection({end, end});
+}
+
+void MdiScreen::OnEditFocus(bool focused) {
+  if (focused) {
+    View().SetEditSelection(selection_);
+    View().ScrollEditCaret();
+  }
+  View().RedrawEdit();
+}
+
+void MdiScreen::FocusForRole(const MDIDATA_ST* record) {
   if (record == nullptr || record->TypesInEdit()) {
-    session.View().FocusEdit();
+    View().FocusEdit();
   } else {
-    session.View().FocusList();
+    View().FocusList();
   }
 }
 
-void FocusForRoleFirstItem(MdiSession& session) {
-  const MDIDATA_ST* record = session.Current();
-  if (record != nullptr && !record->TypesInEdit()) session.View().SetListSelection(0);
-  FocusForRole(session);
+void MdiScreen::FocusForRoleFirstItem(const MDIDATA_ST* record) {
+  if (record != nullptr && !record->TypesInEdit()) View().SetListSelection(0);
+  FocusForRole(record);
 }
 
-void OpenDropList(MdiSession& session) {
-  const MDIDATA_ST* record = session.Current();
-  MdiView& view = session.View();
-  if (record == nullptr || record->LowRole() != MdiRole::kMdi || !record->IsReady() || view.IsDropListOpen()) return;
-  session.selection = view.EditSelection();
-  view.SetSignColors(kMdiSignFocus, kMdiSignOpen);
-  const MdiColors& colors = session.settings.colors;
-  const Rect place = MdiDropListRect(view.EditScreenRect(), session.settings.Below);
-  view.OpenDropList({place, colors.backList, colors.textList, &record->History});
+Text MdiScreen::BlockInHand(const MDIDATA_ST& record) const {
+  if (record.TypesInEdit()) return SelectedInEdit(View());
+  const int selected = View().ListSelection();
+  return selected >= 0 ? View().ListItem(selected) : Text();
 }
 
-void CloseDropList(MdiSession& session) {
-  if (!session.View().IsDropListOpen()) return;
-  session.View().CloseDropList();
-  session.View().SetSignColors(kMdiSignFocus, kMdiSignBack);
+void MdiScreen::OpenDropList(const MDIDATA_ST* record) {
+  if (record == nullptr || record->LowRole() != MdiRole::kMdi || !record->IsReady() || View().IsDropListOpen()) return;
+  selection_ = View().EditSelection();
+  View().SetSignColors(kMdiSignFocus, kMdiSignOpen);
+  const MdiColors& colors = settings_.colors;
+  const Rect place = MdiDropListRect(View().EditScreenRect(), settings_.Below);
+  View().OpenDropList({place, colors.backList, colors.textList, &record->History});
 }
 
-void CancelDropList(MdiSession& session) { EndDropList(session, MdiDropList::kCancelled); }
+void MdiScreen::CloseDropList() {
+  if (!View().IsDropListOpen()) return;
+  View().CloseDropList();
+  View().SetSignColors(kMdiSignFocus, kMdiSignBack);
+}
 
-void EndDropList(MdiSession& session, std::intptr_t verdict) {
-  MdiView& view = session.View();
+void MdiScreen::CancelDropList() { EndDropList(MdiDropList::kCancelled); }
+
+void MdiScreen::EndDropList(std::intptr_t verdict) {
   // A verdict without a list is none: anybody can send the message.
-  if (!view.IsDropListOpen()) return;
+  if (!View().IsDropListOpen()) return;
   if (verdict == MdiDropList::kPicked) {
-    view.SetEditText(view.DropListPicked());
-    view.FocusEdit();
+    View().SetEditText(View().DropListPicked());
+    View().FocusEdit();
   } else {
-    view.FocusEdit();
-    SetSelection(session, session.selection);
+    View().FocusEdit();
+    SetSelection(selection_);
   }
-  CloseDropList(session);
+  CloseDropList();
 }
 
-void ShowMessage(MdiSession& session, TextView text) { session.Host().HostShowMessage(tool_id::kMdi, text); }
-
-void ClearMessage(MdiSession& session) { ShowMessage(session, {}); }
-
-}  // namespace pnl::mdi
+}  // namespace pnl

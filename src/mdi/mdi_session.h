@@ -1,76 +1,130 @@
 // SPDX-License-Identifier: MIT
-// What the parts of the command line share: the tool's context, the view, the channels' records, settings and menus.
-// State only; the rules are free functions over it, a file for each concern. Owned by MdiExecution.
+// The MDI/MDA command line without its window: opens a channel for manual blocks, sends blocks to the kernel, follows
+// the channel's status, stores what ran. Receives the window's events as intentions and puts its subjects together:
+// channels, blocks, list, menus, screen, history and settings. The window (ZCMDIWindow) owns it and implements MdiView.
 #pragma once
 
 #include <pnltools/pnltools.h>
 
 #include <cstdint>
-#include <vector>
+#include <functional>
+#include <optional>
 
-#include "host/tool_context.h"
-#include "mdi/mdi_data.h"
+#include "host/tool_session.h"
+#include "mdi/mdi_blocks.h"
+#include "mdi/mdi_channels.h"
+#include "mdi/mdi_colors.h"
 #include "mdi/mdi_history.h"
+#include "mdi/mdi_holding.h"
+#include "mdi/mdi_list.h"
+#include "mdi/mdi_menus.h"
+#include "mdi/mdi_screen.h"
 #include "mdi/mdi_settings.h"
 #include "mdi/mdi_view.h"
 
 namespace pnl {
 
-/// The menus and the two texts kept for the window's life; a menu that the language doesn't have is 0.
-struct MdiMenuSet {
-  MenuHandle cancel = 0;
-  MenuHandle mda = 0;
-  MenuHandle position = 0;
-  Text endEdit;        // language text 7
-  Text programTitle;   // language text 8
-  Text moveUpCaption;  // what item 40003 reads when no edit has its place
-};
+/// Key-downs that the window shows the logic before any control sees them. All others are the controls' own.
+enum class MdiKey { kTab, kEnter, kEscape, kUp, kDown, kDelete };
 
-struct MdiSession {
-  MdiSession(const ToolContext& toolContext, MdiView& window, WindowHandle host);
-  MdiSession(const MdiSession&) = delete;
-  MdiSession& operator=(const MdiSession&) = delete;
+class MdiSession final : public ToolSession<MdiView> {
+ public:
+  /// hostWindow is the parent's handle, the target of ToolNotify.
+  MdiSession(const ToolContext& context, MdiView& view, WindowHandle hostWindow);
 
-  [[nodiscard]] MdiView& View() const { return *view_; }
-  /// The window is gone, or going: whatever is still asked of the view does nothing from now on, and the explorer
-  /// can't reach the request any more.
-  void DetachView();
-  [[nodiscard]] bool Ended() const { return ended_; }
+  /// The window is there, hidden, with its handle and controls: makes the channels' records, reads the settings, loads
+  /// the menus and lays the window out for MDI role. Calls no callback of the host.
+  void Start();
+  /// The window is going, its controls are still there or not: settings and histories are stored, reports closed, menus
+  /// freed. No call to the view follows.
+  void End();
 
-  /// Makes the records of all channels, with the inspection variables where the control has them.
-  void MakeRecords();
-  /// Null for a channel that there isn't.
-  [[nodiscard]] MDIDATA_ST* Record(std::intptr_t channel);
-  /// The current channel's, null before the first one was opened.
-  [[nodiscard]] MDIDATA_ST* Current() { return Record(CurrentChannel); }
-  [[nodiscard]] bool IsCurrent(const MDIDATA_ST& record) const { return record.Channel == CurrentChannel; }
-  /// A variable of a channel, by its name behind the channel's prefix.
-  [[nodiscard]] ZCVariable ChannelVariable(int channel, TextView name) const;
-  [[nodiscard]] int ChannelCount() const { return static_cast<int>(records.size()); }
-  [[nodiscard]] Kernel& Kapi() const { return context.cnc.Kapi(); }
-  /// The host. Once the window has ended it hears nothing more of it.
-  [[nodiscard]] const HostBridge& Host() const { return ended_ ? noHost_ : context.host; }
+  /// Every message of PnlMessage, and "MDI_ENDLIST". The answer to the sender, or nothing for a message that the tool
+  /// doesn't know.
+  std::optional<std::intptr_t> OnMessage(const Message& message);
+  /// Before the focused control sees it; true: consumed. Not for keys that the open drop list gets.
+  [[nodiscard]] bool OnKey(MdiKey key);
+  /// A left press on the window itself, its title or its sign. endedDropList: this very press has just ended the drop
+  /// list by taking the activation from it; then the list is not opened again.
+  void OnLeftPress(bool endedDropList);
+  /// The window itself got the focus: hands it on to the edit or the list. Calls nobody outside.
+  void OnWindowFocus();
+  /// The edit got or lost the focus.
+  void OnEditFocus(bool focused);
+  /// The list box got the focus: an edit of an item ends. Calls nobody outside: the host may destroy the window in any
+  /// call, and a widget must not be lost in the middle of its focus event.
+  void OnListFocus();
+  /// The change of focus that OnListFocus reported is over: the host learns of the menus.
+  void OnFocusSettled();
+  /// The window is out of sight, whoever hid it: the drop list goes too.
+  void OnHidden();
+  /// The parent's client area has another size.
+  void OnParentResized();
 
-  ToolContext context;
-  MdiSettings settings;
-  MdiHistory history;
-  MdiMenuSet menus;
-  std::vector<MDIDATA_ST> records;  // by channel minus 1
-  std::int8_t CurrentChannel = 0;
-  WindowHandle HostWindow = 0;
-  MdiRole DisplayedRole = MdiRole::kMdi;
-  std::int32_t WaitingForExplorer = 0;
-  MdiSelection selection;  // SelStart and SelEnd: what the edit gets back with the focus
-  XPLRDATA_ST ExplorerRequest = {};
+  /// Text and background of a control for painting; nothing when it keeps its own look. Asked at every paint.
+  [[nodiscard]] std::optional<MdiColorPair> ControlColors(MdiControl control, bool focused) const;
 
  private:
-  [[nodiscard]] int NumberOfChannels() const;
-  MdiView* view_;
-  HostBridge noHost_;  // offers no service
-  bool ended_ = false;
-};
+  // Messages.
+  std::intptr_t OnVariableReport(const Message& message);
+  std::intptr_t OnCycleStart(const Message& message);
+  void StartBlock(MDIDATA_ST* record, bool fromKey);
+  std::intptr_t OnToolNotify(const Message& message);
+  std::intptr_t OnToolCommand(std::intptr_t code, std::intptr_t argument);
+  std::intptr_t OnResultReady(const Message& message);
+  std::intptr_t OnExplorerEnded(const Message& message);
+  void OnMenuCommand(std::intptr_t id);
+  // Opening, showing, hiding and closing in a channel. Results are those of ToolCommand.
+  std::intptr_t OpenInChannel(std::intptr_t channel);
+  std::intptr_t HideChannel(std::intptr_t channel);
+  std::intptr_t ReshowChannel(std::intptr_t channel);
+  std::intptr_t RequestClose(std::intptr_t channel, bool onlyIfInspecting);
+  std::intptr_t ManualModeChanged(std::intptr_t channel, std::int32_t mode);
+  void AnnounceOpening();
+  void TakeAndShow(MDIDATA_ST& record);
+  void TakeTextInHand();
+  void TellLargeLists(const MDIDATA_ST& record);
+  void Escape();
+  // The two roles, and what the screen shows.
+  void SwitchRole();
+  void SetRole(MDIDATA_ST& record, MdiRole role);
+  void RestoreCaret();
+  void SwitchLayout(bool MdiSettings::*setting);
+  void InstallMenus(const MDIDATA_ST& record) { menus_.Install(record, View().ListCount()); }
+  void UpdateMenus() { menus_.Update(channels_.Current(), View().ListCount()); }
+  void ShowInspectHint();
+  void ShowMessage(TextView text) { Host().HostShowMessage(PNL_TOOL_MDI, text); }
+  // Services at the edit and the list.
+  void PasteCalcResult();
+  std::intptr_t AskHelp();
+  void RequestProgramFile();
+  std::intptr_t SaveProgram(const Text& folder, const Text& name);
+  void ShowProblem(int textId, const Text& name);
 
-/// An integer variable as it is now; nothing when it isn't valid or can't be read.
-[[nodiscard]] std::optional<std::int32_t> ReadPresent(ZCVariable& variable);
+  /// View and Host for the subjects, which ask for them anew each time and end with the operation as this class does.
+  [[nodiscard]] MdiViewAccess ViewAccess() const {
+    return [this]() -> MdiView& { return View(); };
+  }
+  [[nodiscard]] std::function<const HostBridge&()> HostAccess() const {
+    return [this]() -> const HostBridge& { return Host(); };
+  }
+  /// Calls steps in which the window may end, for an operation that must still answer. False when it has.
+  template <typename Steps>
+  [[nodiscard]] bool Outlives(Steps&& steps) {
+    return RunOperation(shared_from_this(), [&steps](const ToolSession& /*session*/) { steps(); });
+  }
+
+  const std::uint32_t endList_;
+  MdiSettings settings_;
+  MdiHistory history_;
+  MdiChannels channels_;
+  MdiMenus menus_;
+  MdiScreen screen_;
+  MdiList list_;
+  MdiHolding holding_;
+  MdiBlocks blocks_;
+  XPLRDATA_ST explorerRequest_ = {};
+  bool waitingForExplorer_ = false;
+};
 
 }  // namespace pnl

@@ -70,7 +70,7 @@ bool MdiSettings::CatchUp() {
   const FileInfo info = files_.Query(users);
   if (info.outOfReach) return false;
   usersUnknown_ = false;
-  // It doesn't exist: what the session holds becomes the user's copy.
+  // It doesn't exist: what the session has becomes the user's copy.
   if (!info.exists) return true;
   CIniFile found(files_);
   if (!found.ReadIniFile(users)) {

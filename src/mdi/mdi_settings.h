@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // "MDIMAN.INI": what the command line keeps between runs beside its lists, in two copies. The user's copy (path id 108)
-// is read first and always written; the machine's copy (path id 52) stands in for it, and alone decides the colours.
+// is read first and always written; the machine's copy (path id 52) is read in its place, and alone decides the
+// colours.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +22,7 @@ class MdiSettings {
 
   /// Reads the file into the object that stays open until the end, then ReadSettings.
   void Open();
-  /// Both copies get folder, length and position; the user's copy everything else that the open object holds. A user's
+  /// Both copies get folder, length and position; the user's copy everything else that the open object has. A user's
   /// copy that couldn't be looked at when the object was read is read now, and gets only what the session changed. A
   /// copy that can't be read is left alone. False when the user's copy couldn't be written.
   [[nodiscard]] bool SaveSettings();

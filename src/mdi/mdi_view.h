@@ -1,26 +1,19 @@
 // SPDX-License-Identifier: MIT
-// What the logic of the MDI/MDA command line asks of its window. The window holds controls and decides nothing: every
+// What the logic of the MDI/MDA command line asks of its window. The window has controls and decides nothing: every
 // rule (when, which, with what text) is the logic's. Implemented by ZCMDIWindow on Qt and by a recording view in the
 // tests. All rectangles are pixels; colours are 0x00BBGGRR.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
-#include <vector>
 
 #include "base/text.h"
 #include "base/text_rows.h"
 #include "mdi/mdi_layout.h"
-#include "window/window.h"
+#include "window/tool_view.h"
 
 namespace pnl {
-
-/// The edit's selection in UTF-16 units; equal ends are the caret.
-struct MdiSelection {
-  int start = 0;
-  int end = 0;
-  friend bool operator==(const MdiSelection&, const MdiSelection&) = default;
-};
 
 /// Everything that a ZCMDIList needs at its making. The items are borrowed for the call.
 struct MdiDropListSpec {
@@ -30,20 +23,8 @@ struct MdiDropListSpec {
   const TextRows* items = nullptr;  // null leaves the list empty; else all in order, the first one selected
 };
 
-class MdiView {
+class MdiView : public ToolView {
  public:
-  virtual ~MdiView() = default;
-
-  /// The window's own handle, by which variables report and the host is told who took a channel.
-  [[nodiscard]] virtual WindowHandle Handle() const = 0;
-  /// The parent's client rectangle: left and top 0.
-  [[nodiscard]] virtual Rect ParentClientRect() const = 0;
-
-  // The window.
-  [[nodiscard]] virtual bool IsVisible() const = 0;
-  virtual void Show() = 0;
-  virtual void Hide() = 0;
-  virtual void BringToTop() = 0;
   /// Moves the window and its controls, shows and hides the list 5001 and the sign 3003. Neither shows nor hides the
   /// window, changes no text, no focus and no enabled state.
   virtual void Place(const MdiLayout& layout) = 0;
@@ -55,27 +36,25 @@ class MdiView {
   virtual void SetSignColors(std::uint32_t fore, std::uint32_t back) = 0;
 
   // The focus. Each call that moves the focus brings the matching event (OnWindowFocus, OnEditFocus, OnListFocus, and
-  // behind the last OnFocusSettled) back into the logic, possibly before the call returns; a control that has the focus
+  // after the last OnFocusSettled) back into the logic, possibly before the call returns. A control that has the focus
   // already gets no event, and nothing happens when the control is disabled or can't be focused. The view may be gone
   // when such a call returns, since OnFocusSettled calls the host.
   virtual void FocusWindow() = 0;
   virtual void FocusEdit() = 0;
   virtual void FocusList() = 0;
-  /// No control of the window has the focus any more.
-  virtual void ClearFocus() = 0;
 
   // The edit 5000, at most 255 characters when typed or pasted into.
   [[nodiscard]] virtual Text EditText() const = 0;
   /// Also texts beyond the limit; the caret goes to the start.
   virtual void SetEditText(TextView text) = 0;
-  [[nodiscard]] virtual MdiSelection EditSelection() const = 0;
+  [[nodiscard]] virtual TextSelection EditSelection() const = 0;
   /// Ends beyond the text are cut to it. Start -1 takes the selection away and leaves the caret where it is.
-  virtual void SetEditSelection(MdiSelection selection) = 0;
-  /// As typing over the selection would, also while the edit is read-only; the caret goes behind the text.
+  virtual void SetEditSelection(TextSelection selection) = 0;
+  /// As typing over the selection would, also while the edit is read-only; the caret goes after the text.
   virtual void ReplaceEditSelection(TextView text) = 0;
   virtual void ScrollEditCaret() = 0;
   virtual void SetEditReadOnly(bool readOnly) = 0;
-  /// Asks for a repaint; the colours come from MdiExecution::ControlColors.
+  /// Asks for a repaint; the colours come from MdiSession::ControlColors.
   virtual void RedrawEdit() = 0;
 
   // The list box 5001. Indices out of range and -1 mean no item; a wrong one is left alone.
@@ -105,5 +84,9 @@ class MdiView {
   /// The text that was picked, valid while "MDI_ENDLIST" is handled (ZCMDIList::GetText).
   [[nodiscard]] virtual Text DropListPicked() const = 0;
 };
+
+/// How a part of the logic reaches the window. The call throws WindowGone once the tool has ended, so the window is
+/// asked for anew for each use.
+using MdiViewAccess = std::function<MdiView&()>;
 
 }  // namespace pnl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Dialog units as pixels. At scale 1 a unit is 6/4 pixels wide and 13/8 high; each number is rounded by itself.
+// Converts dialog units to pixels. At scale 1 a unit is 6/4 pixels wide and 13/8 pixels high. Each number is rounded on
+// its own.
 #pragma once
 
 #include <cmath>
@@ -16,7 +17,7 @@ namespace pnl {
   return static_cast<int>(std::lround(units * scale * 13 / 8));
 }
 
-/// Corner and size each rounded by themselves, so that controls of one size stay so.
+/// Rounds corner and size separately, so that controls of equal size keep equal sizes.
 [[nodiscard]] inline Rect DialogPixels(const Rect& units, double scale) {
   const int left = DialogPixelsX(units.left, scale);
   const int top = DialogPixelsY(units.top, scale);

@@ -4,7 +4,7 @@
 namespace pnl {
 namespace {
 
-/// Menus nest a level or two. The limit keeps a menu that was made its own sub-menu from being searched for ever.
+/// Menus nest a level or two. The limit ends the search in a menu that was made its own sub-menu.
 constexpr int kMaxDepth = 16;
 
 MenuItem* FindById(MenuTable& table, MenuHandle handle, int id, int depth) {
@@ -28,7 +28,7 @@ MenuHandle MenuTable::Create(Menu menu) {
 void MenuTable::Destroy(MenuHandle handle) {
   const auto found = menus_.find(handle);
   if (found == menus_.end()) return;
-  // Taken out before its sub-menus are, so that a menu which contains itself ends the recursion.
+  // Remove the menu before its sub-menus, so that the recursion ends for a menu that contains itself.
   const Menu menu = std::move(found->second);
   menus_.erase(found);
   for (const MenuItem& item : menu.items) {

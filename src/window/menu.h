@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Soft-key menus as data behind 32-bit handles. The tools fill and change them, the host draws them; nothing here
-// paints. A handle is never used twice; a wrong one is answered with nothing.
+// Soft-key menus as data, each known by a 32-bit handle. The tools fill and change them and the host draws them;
+// nothing here paints. A handle is never used twice. An operation with an unknown handle does nothing or returns null.
 #pragma once
 
 #include <cstdint>
@@ -35,12 +35,13 @@ struct Menu {
 class MenuTable {
  public:
   MenuHandle Create(Menu menu);
-  /// Takes its sub-menus with it.
+  /// Destroys the menu and its sub-menus.
   void Destroy(MenuHandle handle);
-  /// Null for a handle that isn't in use. The pointer holds until the next Create or Destroy.
+  /// Returns null for a handle that isn't in use. The pointer is valid until the next Create or Destroy.
   [[nodiscard]] Menu* Find(MenuHandle handle);
   [[nodiscard]] const Menu* Find(MenuHandle handle) const;
-  /// The item with that id in the menu or its sub-menus, or with that position in the menu itself; null when none.
+  /// The item with that id in the menu or its sub-menus. If byPosition is set, id is an index in the menu itself.
+  /// Returns null when there is none.
   [[nodiscard]] MenuItem* FindItem(MenuHandle handle, int id, bool byPosition = false);
   /// How many menus exist, for leak checks.
   [[nodiscard]] std::size_t Count() const { return menus_.size(); }

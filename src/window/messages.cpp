@@ -10,8 +10,8 @@
 namespace pnl {
 namespace {
 
-/// Names and numbers of the process. Filled with the shared table first, so that their numbers never depend on who
-/// asked first.
+/// The names and numbers of the process. The shared table is registered first, so that its numbers don't depend on who
+/// asks first.
 class Registry {
  public:
   static Registry& Instance() {
@@ -25,7 +25,7 @@ class Registry {
     if (known != numbers_.end()) return known->second;
     const std::uint32_t number = kFirstRegistered + static_cast<std::uint32_t>(names_.size());
     if (number > kLastRegistered) return 0;
-    // A deque never moves what it holds, so the map's keys and the views handed out stay valid.
+    // A deque never moves its elements, so the map's keys and the views handed out stay valid.
     names_.emplace_back(name);
     numbers_.emplace(names_.back(), number);
     return number;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The registered window messages that host and tools share, as one table. Their numbers follow the table's order, so
-// they are the same in every run; a name outside the table gets the next free number when it is first asked for.
+// The registered window messages that host and tools share, as one table. A name's number follows from its place in the
+// table, so it is the same in every run. A name outside the table gets the next free number when it is first asked for.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace pnl {
 
-/// Every name that the library itself registers, in order from 0xC000 up.
+/// Every name that the library itself registers. Their numbers count up from 0xC000 in this order.
 inline constexpr std::array<std::string_view, 34> kMessageNames = {
     "ZMC_CANCELDLG",      "ZMC_SHOWMSG",          "ZMC_RESETMSG",
     "ZMC_SHOWMENU",       "ZMC_UPDATEMENU",       "ZWCEDIT_SETFOCUS",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Timers and the clock they run on. Nothing in the library asks the time elsewhere, so that a manual clock makes every
-// run repeatable. Ticks arrive on the window thread, from the event loop or from ManualTimers::Advance.
+// Timers and their clock. The tools' logic has no other clock, so a manual clock makes every run repeatable. Some
+// windows also measure in real time how long they may compute or wait. Ticks arrive on the window thread, from the
+// event loop or from ManualTimers::Advance.
 #pragma once
 
 #include <cstdint>
@@ -18,21 +19,21 @@ class Timers {
   virtual ~Timers() = default;
   /// Milliseconds since some fixed moment; never goes back.
   [[nodiscard]] virtual std::int64_t Now() const = 0;
-  /// Calls tick every period milliseconds (at least 1), the first time after one period, until stopped; with once set,
-  /// a single time. tick may stop its own timer and start others.
+  /// Calls tick every period milliseconds (at least 1), the first time after one period, until Stop. If once is set,
+  /// calls it a single time. tick may stop its own timer and start others.
   virtual TimerId Start(int period, bool once, std::function<void()> tick) = 0;
-  /// An id that isn't running is left alone.
+  /// Stops a timer. Does nothing when the id isn't running.
   virtual void Stop(TimerId id) = 0;
 };
 
-/// A clock that stands still until it is told how long to run.
+/// A clock that moves only by Advance.
 class ManualTimers final : public Timers {
  public:
   [[nodiscard]] std::int64_t Now() const override { return now_; }
   TimerId Start(int period, bool once, std::function<void()> tick) override;
   void Stop(TimerId id) override;
-  /// Fires every timer that falls due within the time, in order of due time, then of start; also those started by a
-  /// tick. After each tick calls afterTick, if one is set.
+  /// Moves the clock. Fires every timer that falls due on the way, those started by a tick included, in order of due
+  /// time and then of start. Calls afterTick, if one is set, after each tick.
   void Advance(std::int64_t milliseconds);
   void SetAfterTick(std::function<void()> afterTick) { afterTick_ = std::move(afterTick); }
   [[nodiscard]] std::size_t Running() const { return timers_.size(); }
@@ -58,7 +59,7 @@ class ScopedTimer {
   ~ScopedTimer() { Stop(); }
   ScopedTimer(const ScopedTimer&) = delete;
   ScopedTimer& operator=(const ScopedTimer&) = delete;
-  /// Stops what was running first.
+  /// Stops a running timer first.
   void Start(int period, std::function<void()> tick) {
     Stop();
     id_ = timers_.Start(period, false, std::move(tick));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The window system as the tools' logic sees it: windows are numbers, messages have a number and two arguments. Not a
-// widget kit: how a window looks is the business of the window classes. window/qt holds the real thing.
+// The window system as the tools' logic sees it: a window is a number, a message has a number and two arguments. Not a
+// widget kit: the window classes decide how a window looks. window/qt implements it.
 #pragma once
+
+#include <pnltools/pnltools.h>
 
 #include <cstdint>
 #include <string_view>
@@ -13,25 +15,17 @@ namespace pnl {
 /// 0 is no window. A number is never used twice.
 using WindowHandle = std::int32_t;
 
+/// number is a PnlMessage or that of a registered name.
 struct Message {
   std::uint32_t number = 0;
   std::intptr_t first = 0;
   std::intptr_t second = 0;
 };
 
-/// The custom messages between host and tools.
-inline constexpr std::uint32_t kMsgCommand = 0x111;  // a soft key: first = the item's id
-inline constexpr std::uint32_t kMsgVariableReport = 0x700;
-inline constexpr std::uint32_t kMsgCycleStart = 0x800;
-inline constexpr std::uint32_t kMsgToolNotify = 0x801;
-inline constexpr std::uint32_t kMsgToolCommand = 0x802;
-inline constexpr std::uint32_t kMsgResultReady = 0x804;
-inline constexpr std::uint32_t kMsgHelpKey = 0x805;
-inline constexpr std::uint32_t kMsgExplorerEnded = 0x806;
-
-/// The number of a registered name, from 0xC000 up, one registry for the process.
+/// The number of a name, from 0xC000 up. A new name gets the next free number. The process has one registry. Returns 0
+/// for an empty name and when no number is left.
 [[nodiscard]] std::uint32_t RegisterMessage(std::string_view name);
-/// The name behind a number, empty when none was registered with it.
+/// The name that was registered with that number; empty when there is none.
 [[nodiscard]] std::string_view RegisteredMessageName(std::uint32_t number);
 
 struct Rect {
@@ -57,15 +51,16 @@ class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
   [[nodiscard]] virtual bool IsAlive(WindowHandle window) const = 0;
-  /// Delivers now; 0 for a dead window.
+  /// Delivers the message now and returns the result; 0 for a dead window.
   virtual std::intptr_t Send(WindowHandle window, const Message& message) = 0;
-  /// Queues; dropped when the window is dead by then.
+  /// Queues the message. It is dropped if the window is dead when its turn comes.
   virtual void Post(WindowHandle window, const Message& message) = 0;
-  /// The window for messages to the whole panel, 0 when there is none.
+  /// The window for messages to the whole panel; 0 when there is none.
   [[nodiscard]] virtual WindowHandle MainWindow() const = 0;
-  /// The main window's rectangle on the screen, or 0,0,800,600 without one.
+  /// The area of the panel: the main window's rectangle on the screen, or the size of the part of it that the host has
+  /// named for its tools (its corner is then 0,0). Without a main window 0,0,800,600.
   [[nodiscard]] virtual Rect PanelRect() const = 0;
-  /// Shows a modal box. Runs an event loop: any window may be gone when it returns.
+  /// Shows a modal box and returns the answer. Runs an event loop: any window may be gone when it returns.
   virtual BoxAnswer ShowBox(WindowHandle owner, const BoxSpec& box) = 0;
   virtual void SetClipboardText(TextView text) = 0;
   [[nodiscard]] virtual Text ClipboardText() const = 0;

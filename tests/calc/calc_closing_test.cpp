@@ -25,7 +25,7 @@ class CalcClosingTest : public OpenCalcTest {
       EXPECT_FALSE(Key(key, true));
     }
     EXPECT_FALSE(Character(u'+'));
-    session->OnLineChanged();
+    LineChanged();
     PressLine();
     SelectInList();
     DoubleClickList();
@@ -71,12 +71,12 @@ TEST_F(CalcClosingTest, AfterClosingNothingIsDoneAnyMore) {
 
 TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
   view->closing = true;
-  session->OnDestroyed();
+  tool->End();
   view->dead = true;
   log.clear();
   files.replaced.clear();
   DoEverything();
-  session->OnDestroyed();
+  tool->End();
   EXPECT_THAT(All(), IsEmpty());
   EXPECT_THAT(files.replaced, IsEmpty());
   EXPECT_EQ(timers.Running(), 0u);
@@ -85,8 +85,8 @@ TEST_F(CalcClosingTest, AfterTheWindowWentNothingIsDoneAnyMore) {
 
 TEST_F(CalcClosingTest, ASessionThatEndsWithoutAWordTouchesNothing) {
   view->dead = true;
-  view->session = nullptr;
-  session.reset();
+  view->onLineChanged = nullptr;
+  tool.reset();
   EXPECT_EQ(timers.Running(), 0u);
   EXPECT_EQ(menus.Count(), 0u);
   EXPECT_THAT(files.replaced, IsEmpty());
@@ -196,8 +196,7 @@ TEST_F(CalcClosingTest, AHostThatDestroysTheWindowWhileItClosesFindsNothingLeftT
       if (call.starts_with("HostToolClosed")) DestroyTool();
     };
     log.clear();
-    CalcSession* const asked = session.get();
-    asked->OnToolCommand(code);
+    Command(code);
     onHostCall = nullptr;
     EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(3,2)"));
     EXPECT_EQ(timers.Running(), 0u);
@@ -208,9 +207,30 @@ TEST_F(CalcClosingTest, AHostThatDestroysTheWindowOnTheWayToTheMachiningCalculat
   onHostCall = [this](const std::string& call) {
     if (call == "HostOpenMachiningCalculator") DestroyTool();
   };
-  CalcSession* const asked = session.get();
-  asked->OnMenuCommand(calc_id::kMenuMachining);
+  Menu(calc_id::kMenuMachining);
   EXPECT_THAT(All(), ElementsAre("HostToolClosed(3,2)", "HostOpenMachiningCalculator"));
+}
+
+/// A machine whose variable, when it is written, ends the tool.
+class EndingSink final : public rig::EventSink {
+ public:
+  explicit EndingSink(CalcRig& rig) : rig_(rig) {}
+  void Cnc(std::string_view, const std::vector<rig::Value>&, const rig::Value&) override {}
+  void Write(std::u16string_view, const rig::Value&, bool) override { rig_.DestroyTool(); }
+  void MessageToHost(PnlWindow, std::uint32_t, std::intptr_t, std::intptr_t) override {}
+  void Box(std::u16string_view, std::u16string_view, std::string_view, std::string_view) override {}
+
+ private:
+  CalcRig& rig_;
+};
+
+TEST_F(CalcClosingTest, AToolThatEndsWhileItHandsItsValueOverClosesNoSecondTime) {
+  EndingSink ending(*this);
+  cnc.SetSink(&ending);
+  Key(CalcKey::kInsert);
+  cnc.SetSink(&sink);
+  EXPECT_EQ(tool, nullptr);
+  EXPECT_THAT(Asked(), IsEmpty());
 }
 
 TEST_F(CalcClosingTest, VariablesOutliveTheTool) {

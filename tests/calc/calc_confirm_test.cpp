@@ -16,7 +16,7 @@ TEST_F(CalcConfirmTest, EnterConfirmsInItsSteps) {
   EXPECT_TRUE(Key(CalcKey::kEnter));
   EXPECT_THAT(All(), ElementsAre("view result 5", "view row 0 \"2+3\"", "view line \"\"", "view status Empty",
                                  "view focus line"));
-  EXPECT_EQ(session->Value(), 5);
+  EXPECT_EQ(tool->Value(), 5);
   EXPECT_EQ(LineNow(), "");
 }
 
@@ -90,7 +90,7 @@ TEST_F(CalcConfirmTest, EnterOnAnEmptyLineRecallsTheResultInItsOwnNotation) {
   Confirm("255");
   Key(CalcKey::kEnter);
   EXPECT_EQ(LineNow(), "$FF");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   EXPECT_EQ(Status(), "Value : $FF");
 }
 
@@ -111,7 +111,7 @@ TEST_F(CalcConfirmTest, HexadecimalZeroIsNotTheWordZero) {
 TEST_F(CalcConfirmTest, SetMenuAttachesTheMenuAndThenFailsAsAnExpression) {
   Line("SETMENU(TRUE)");
   Key(CalcKey::kEnter);
-  EXPECT_TRUE(session->IsMenuAttached());
+  EXPECT_TRUE(tool->IsMenuAttached());
   // Its letters are variables, and none may follow another.
   EXPECT_EQ(Status(), "Syntax: S< >ETMENU(TRUE)");
   EXPECT_EQ(LineNow(), "SETMENU(TRUE)");
@@ -124,19 +124,19 @@ TEST_F(CalcConfirmTest, SetMenuInAnyCaseSwitchesTheMenuOnTheWindow) {
   log.clear();
   Key(CalcKey::kEnter);
   EXPECT_THAT(All(), ElementsAre("view menu on", "view height 221", "view focus line"));
-  EXPECT_TRUE(session->IsMenuAttached());
+  EXPECT_TRUE(tool->IsMenuAttached());
   EXPECT_EQ(LineNow(), "setmenu(true)");
   EXPECT_EQ(Status(), status);
   Line("SETMENU(FALSE)");
   log.clear();
   Key(CalcKey::kEnter);
   EXPECT_THAT(All(), ElementsAre("view menu off", "view height 221", "view focus line"));
-  EXPECT_FALSE(session->IsMenuAttached());
+  EXPECT_FALSE(tool->IsMenuAttached());
 }
 
 TEST_F(CalcConfirmTest, SetMenuWithAnythingElseIsJustAnExpression) {
   for (const char* text : {" SETMENU(TRUE)", "SETMENU(TRUE) ", "SETMENU(1)"}) Confirm(text);
-  EXPECT_FALSE(session->IsMenuAttached());
+  EXPECT_FALSE(tool->IsMenuAttached());
 }
 
 TEST_F(CalcConfirmTest, InsertConfirmsHandsTheValueOverAndCloses) {

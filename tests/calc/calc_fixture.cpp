@@ -1,60 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "calc_fixture.h"
 
-#include <utility>
-
 namespace pnl::test {
-
-CalcRig* CalcRig::current = nullptr;
-
 namespace {
 
-void Logged(const std::string& line) {
-  CalcRig& rig = *CalcRig::current;
-  rig.log.push_back(line);
-  if (rig.onHostCall) rig.onHostCall(line);
-}
-
-std::string Called(const char* name, int first) { return std::string(name) + "(" + std::to_string(first) + ")"; }
-
-void FillTable(HostApiTable& table) {
-  table.toolOpening = [](int tool) { Logged(Called("HostToolOpening", tool)); };
-  table.toolClosed = [](int tool, int reason) {
-    Logged("HostToolClosed(" + std::to_string(tool) + "," + std::to_string(reason) + ")");
-  };
-  table.setMainMenu = [](int, HostMenuRef menu) {
-    CalcRig::current->mainMenu = menu.menu;
-    Logged("main menu " + CalcRig::current->MenuName(menu.menu));
-  };
-  table.setSideMenu = [](int, HostMenuRef menu) {
-    CalcRig::current->sideMenu = menu.menu;
-    Logged("side menu " + CalcRig::current->MenuName(menu.menu));
-  };
-  table.updateMainMenu = [](int tool, int) { Logged(Called("HostUpdateMainMenu", tool)); };
-  table.updateSideMenu = [](int tool, int) { Logged(Called("HostUpdateSideMenu", tool)); };
-  table.showMessage = [](int, const HostMessage* message) {
-    Logged("message \"" + ToUtf8(FieldText(message->text)) + "\"");
-  };
-  table.calcResultAccepted = [] { Logged("HostCalcResultAccepted"); };
-  table.toolWantsClose = [](int tool) { Logged(Called("HostToolWantsClose", tool)); };
-  table.openMachiningCalculator = [] { Logged("HostOpenMachiningCalculator"); };
-}
-
-LanguagePack::MenuNode Item(int id, TextView text) {
-  LanguagePack::MenuNode node;
-  node.item.id = id;
-  node.item.text = Text(text);
-  return node;
-}
-
-LanguagePack::MenuNode Part(TextView text, std::vector<LanguagePack::MenuNode> items) {
-  LanguagePack::MenuNode node;
-  node.item.text = Text(text);
-  node.children = std::move(items);
-  return node;
-}
-
-std::string PackBytes() {
+PackContents Contents() {
   PackContents contents;
   contents.texts = {{60001, u"not saved: %s"},
                     {60002, u"%s is slow"},
@@ -71,130 +21,57 @@ std::string PackBytes() {
                     {calc_id::kTextZero, u"start %s, N %s, E %s"},
                     {calc_id::kTextTolerance, u"%d times, %s left"}};
   contents.menus[u"IDR_CALCMENU"] = {
-      Part(u"main", {Item(32784, u"Sin"), Item(calc_id::kMenuCompact, u"Compact")}),
-      Part(u"side", {Item(calc_id::kMenuBase, u"Base"), Item(calc_id::kMenuAngle, u"Angle"),
-                     Item(calc_id::kMenuMachining, u"Machining")})};
-  return BuildPack(contents);
+      PackItem(0, u"main", {PackItem(32784, u"Sin"), PackItem(calc_id::kMenuCompact, u"Compact")}),
+      PackItem(0, u"side",
+               {PackItem(calc_id::kMenuBase, u"Base"), PackItem(calc_id::kMenuAngle, u"Angle"),
+                PackItem(calc_id::kMenuMachining, u"Machining")})};
+  return contents;
 }
 
 }  // namespace
 
-CalcRig::CalcRig()
-    : language(menus, cnc.Util(), files, windows), host(table, cnc.Vars()), context{host,   cnc,      windows,
-                                                                                    timers, language, files} {
-  current = this;
+CalcRig::CalcRig() : ToolStage(Contents()) {
   SharedCalcStore() = CalcStore();
-  FillTable(table);
-  LanguagePack pack;
-  EXPECT_TRUE(pack.Parse(PackBytes()));
-  language.Use(std::move(pack));
-  // The shared texts come from a module; without one a box says so.
-  files.disc["C:\\P15\\LPNLTOOLS.DLL"] = PackBytes();
-  cnc.SetSink(&sink);
+  noting.menuName = [this](MenuHandle menu) { return MenuName(menu); };
+  noting.onMainMenu = [this](MenuHandle menu) { mainMenu = menu; };
+  noting.onSideMenu = [this](MenuHandle menu) { sideMenu = menu; };
   cnc.Define(u"E.CALCRESUL", rig::VariableType::kDouble, 0.0, true, true);
   MakeTool();
 }
 
-CalcRig::~CalcRig() {
-  DestroyTool();
-  current = nullptr;
-}
-
 void CalcRig::MakeTool() {
   DestroyTool();
-  view = std::make_unique<FakeCalcView>(log);
-  session = std::make_unique<CalcSession>(context, *view, 0);
-  view->session = session.get();
+  view = std::make_unique<FakeCalcView>(log, windows);
+  tool = std::make_shared<CalcSession>(context, *view, 0);
+  view->onLineChanged = [this] { LineChanged(); };
 }
 
 void CalcRig::DestroyTool() {
-  if (!session) return;
-  view->closing = true;
-  session->OnDestroyed();
-  view->dead = true;
-  view->session = nullptr;
-  session.reset();
-}
-
-template <typename Intention>
-auto CalcRig::Tell(Intention intention) {
-  struct Way {
-    explicit Way(CalcRig& rigOfIt) : rig(rigOfIt) { ++rig.depth_; }
-    ~Way() {
-      if (--rig.depth_ == 0) rig.EndClosed();
-    }
-    CalcRig& rig;
-  } const way(*this);
-  // The session may be destroyed on the way.
-  return intention(*session);
-}
-
-void CalcRig::Open() {
-  Tell([](CalcSession& tool) { tool.Open(); });
-}
-
-void CalcRig::EndClosed() {
-  if (!session || !view->closing || view->dead) return;
-  session->OnDestroyed();
-  view->dead = true;
+  if (tool) view->closing = true;
+  ToolStage::DestroyTool();
 }
 
 bool CalcRig::Key(CalcKey key, bool ctrl) {
+  bool listOpen = false;
+  bool consumed = false;
+  Tell([&](CalcSession& session) {
+    consumed = session.OnKey(key, ctrl);
+    listOpen = session.IsListOpen();
+  });
   const bool walking = !ctrl && (key == CalcKey::kUp || key == CalcKey::kDown);
-  if (Tell([=](CalcSession& tool) { return tool.OnKey(key, ctrl); })) return true;
-  if (!walking || !session->IsListOpen()) return false;
+  if (consumed || !walking || !listOpen) return consumed;
   view->Walk(key == CalcKey::kDown);
   SelectInList();
   return false;
 }
 
-bool CalcRig::Character(char16_t character) {
-  return Tell([=](CalcSession& tool) { return tool.OnCharacter(character); });
-}
-
-void CalcRig::Button(int id) {
-  Tell([=](CalcSession& tool) { tool.OnButton(id); });
-}
-
-void CalcRig::Menu(int id) {
-  Tell([=](CalcSession& tool) { tool.OnMenuCommand(id); });
-}
-
-std::intptr_t CalcRig::Command(std::intptr_t request) {
-  return Tell([=](CalcSession& tool) { return tool.OnToolCommand(request); });
-}
-
-void CalcRig::HandleValue() {
-  Tell([](CalcSession& tool) { tool.OnHandleValue(); });
-}
-
-void CalcRig::PressLine() {
-  Tell([](CalcSession& tool) { tool.OnLinePressed(); });
-}
-
-void CalcRig::SelectInList() {
-  Tell([](CalcSession& tool) { tool.OnListSelection(); });
-}
-
-void CalcRig::DoubleClickList() {
-  Tell([](CalcSession& tool) { tool.OnListDoubleClick(); });
-}
-
-void CalcRig::PickVariable() {
-  Tell([](CalcSession& tool) { tool.OnVariablesPicked(); });
-}
-
-void CalcRig::Work() {
-  Tell([](CalcSession& tool) { tool.Work(); });
-}
-
 void CalcRig::Type(const std::string& text) {
   for (const char16_t c : FromUtf8(text)) {
     if (Character(c)) continue;
+    const TextSelection at = view->selection;
     const int room = view->limit - static_cast<int>(view->line.size());
-    if (room + (view->selection.end - view->selection.start) <= 0) continue;
+    if (room + (at.end - at.start) <= 0) continue;
     Text line = view->line;
-    const CalcSelection at = view->selection;
     line.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.end - at.start), 1, c);
     view->Replace(line);
     // Whoever refused the change has put the caret where it belongs.
@@ -221,23 +98,9 @@ void CalcRig::Confirm(const std::string& text) {
 
 int CalcRig::WorkToTheEnd() {
   int pieces = 0;
-  for (; session->IsComputing() && pieces < 1'000'000; ++pieces) Work();
-  EXPECT_FALSE(session->IsComputing());
+  for (; tool->IsComputing() && pieces < 1'000'000; ++pieces) Work();
+  EXPECT_FALSE(tool->IsComputing());
   return pieces;
-}
-
-std::vector<std::string> CalcRig::Rows() const {
-  std::vector<std::string> all;
-  for (const Text& row : view->rows) all.push_back(ToUtf8(row));
-  return all;
-}
-
-double CalcRig::Variable(char letter) { return SharedCalcStore().Variables[static_cast<std::size_t>(letter - 'A')]; }
-
-Log CalcRig::Asked() {
-  Log asked = All();
-  std::erase_if(asked, [](const std::string& line) { return line.starts_with("view "); });
-  return asked;
 }
 
 const MenuItem* CalcRig::Item(int id) {

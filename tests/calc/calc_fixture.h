@@ -1,50 +1,43 @@
 // SPDX-License-Identifier: MIT
-// A whole calculator on a simulated CNC: host, disc, language and window are fakes, with one log of everything that was
-// asked, in order. The program's variables are cleared for each test.
+// A whole calculator on a simulated CNC, and what operator and host do with it. The program's variables are cleared for
+// each test.
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
 #include <string>
+#include <vector>
 
 #include "calc/calc_session.h"
 #include "calc/expr/calc_store.h"
 #include "calc_fake_view.h"
-#include "host/language_pack.h"
-#include "support/memory_files.h"
-#include "support/sim_fixture.h"
+#include "support/tool_stage.h"
 
 namespace pnl::test {
 
-class CalcRig {
+class CalcRig : public ToolStage<SimGround, FakeCalcView, CalcSession> {
  public:
   CalcRig();
-  ~CalcRig();
-  CalcRig(const CalcRig&) = delete;
-  CalcRig& operator=(const CalcRig&) = delete;
+  ~CalcRig() { DestroyTool(); }
 
   /// A tool that is not open yet; one that was there is destroyed first.
   void MakeTool();
-  void Open();
   /// The window goes, whoever destroys it.
   void DestroyTool();
+  void Open() { Call(&CalcSession::Open); }
 
-  // Intentions of the window. When the outermost one is over and has closed the window, the session ends as well.
+  // Intentions of the window.
   /// False is a key that the focused control has got: Up and Down have moved the open list then.
   bool Key(CalcKey key, bool ctrl = false);
-  bool Character(char16_t character);
-  void Button(int id);
-  void Menu(int id);
-  std::intptr_t Command(std::intptr_t request);
-  void HandleValue();
-  void PressLine();
-  void SelectInList();
-  void DoubleClickList();
-  void PickVariable();
-  void Work();
+  bool Character(char16_t character) { return Call(&CalcSession::OnCharacter, character); }
+  void Button(int id) { Call(&CalcSession::OnButton, id); }
+  void Menu(int id) { Call(&CalcSession::OnMenuCommand, id); }
+  std::intptr_t Command(std::intptr_t request) { return Call(&CalcSession::OnToolCommand, request); }
+  void HandleValue() { Call(&CalcSession::OnHandleValue); }
+  void LineChanged() { Call(&CalcSession::OnLineChanged); }
+  void PressLine() { Call(&CalcSession::OnLinePressed); }
+  void SelectInList() { Call(&CalcSession::OnListSelection); }
+  void DoubleClickList() { Call(&CalcSession::OnListDoubleClick); }
+  void PickVariable() { Call(&CalcSession::OnVariablesPicked); }
+  void Work() { Call(&CalcSession::Work); }
   /// One character after the other, as the focused line gets them, up to its limit.
   void Type(const std::string& text);
   /// The line as a program replaces it, beyond the limit too, with the caret at its end.
@@ -61,50 +54,26 @@ class CalcRig {
   [[nodiscard]] std::string Status() const { return ToUtf8(view->status); }
   [[nodiscard]] std::string Result() const { return ToUtf8(view->result); }
   [[nodiscard]] std::string Note() const { return ToUtf8(view->note); }
-  [[nodiscard]] std::vector<std::string> Rows() const;
-  [[nodiscard]] static double Variable(char letter);
-  /// Everything asked since the last call; Asked leaves the view's orders out.
-  Log All() { return std::exchange(log, {}); }
-  Log Asked();
+  [[nodiscard]] std::vector<std::string> Rows() const { return Utf8Rows(view->rows); }
+  [[nodiscard]] static double Variable(char letter) {
+    return SharedCalcStore().Variables[static_cast<std::size_t>(letter - 'A')];
+  }
   /// The item in the bars' menus; null when there is none.
   [[nodiscard]] const MenuItem* Item(int id);
   [[nodiscard]] std::string MenuName(MenuHandle menu) const;
 
-  RecordingSink sink;
-  Log& log = sink.lines;
-  FakeWindowSystem windows;
-  ManualTimers timers;
-  MemoryFiles files;
-  DriveMap drives;
-  sim::SimulatedCnc cnc{windows, timers, files, drives};
-  MenuTable menus;
-  Language language;
-  HostApiTable table = {};
-  HostBridge host;
-  ToolContext context;
   MenuHandle mainMenu = 0;
   MenuHandle sideMenu = 0;
-  std::unique_ptr<FakeCalcView> view;
-  std::unique_ptr<CalcSession> session;
-  std::function<void(const std::string&)> onHostCall;  // after it was logged
-
-  static CalcRig* current;
-
- private:
-  template <typename Intention>
-  auto Tell(Intention intention);
-  void EndClosed();
-  int depth_ = 0;  // intentions that are under way
 };
 
 class CalcTest : public testing::Test, public CalcRig {};
 
-/// A calculator that stands open with an empty log.
+/// A calculator that is open, with an empty log.
 class OpenCalcTest : public CalcTest {
  protected:
   OpenCalcTest() {
     Open();
-    log.clear();
+    Forget();
   }
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The file of confirmed expressions, byte for byte.
-#include "calc/calc_history.h"
+#include "calc/calc_storage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -13,8 +13,8 @@ namespace pnl {
 namespace {
 
 constexpr TextView kLine = u"2+3*4";
-constexpr CalcSelection kCaret{1, 1};     // behind the 2
-constexpr CalcSelection kSelected{0, 3};  // 2+3
+constexpr TextSelection kCaret{1, 1};     // behind the 2
+constexpr TextSelection kSelected{0, 3};  // 2+3
 
 struct Row {
   int key;
@@ -129,7 +129,7 @@ TEST(CalcKeysTest, OnlyTheCharactersOfTheTableAreTaken) {
 struct OwnRule {
   const char* name;
   TextView line;
-  CalcSelection selection;
+  TextSelection selection;
   int key;
   TextView text;
   int caret;
@@ -193,6 +193,14 @@ TEST(CalcKeysTest, InsertionsAreTheKeysBesideTheConfirmingOneAndTheMenusRange) {
 
 TEST(CalcKeysTest, ANameGoesInPlainlyWithTheCaretBehindIt) {
   EXPECT_EQ(InsertPlainly(u"2+3*4", {2, 3}, u"ACC", 3), (CalcEdit{u"2+ACC*4", 5}));
+}
+
+TEST(SelectedTextTest, IsCutToTheLineWhicheverEndIsFirst) {
+  EXPECT_EQ(SelectedText(u"1+23", {2, 4}), u"23");
+  EXPECT_EQ(SelectedText(u"1+23", {4, 2}), u"23");
+  EXPECT_EQ(SelectedText(u"1+23", {-3, 99}), u"1+23");
+  EXPECT_EQ(SelectedText(u"1+23", {1, 1}), u"");
+  EXPECT_EQ(SelectedText(u"", {0, 5}), u"");
 }
 
 }  // namespace

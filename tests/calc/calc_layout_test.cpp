@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Heights, list rectangles and steps, in pixels.
-#include "calc/calc_layout.h"
+#include "calc/calc_places.h"
 
 #include <gtest/gtest.h>
 

@@ -18,7 +18,7 @@ TEST_F(CalcLineTest, EveryKeystrokeShowsTheValue) {
   Type("3");
   EXPECT_EQ(Status(), "Value : 5");
   EXPECT_EQ(LineNow(), "2+3");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   EXPECT_EQ(Result(), "0") << "a preview confirms nothing";
 }
 
@@ -84,7 +84,7 @@ TEST_F(CalcLineTest, NoKeyWritesBeyondTheLimit) {
     Line(std::string(static_cast<std::size_t>(row.length), '1'));
     row.command < 32768 ? Button(row.command) : Menu(row.command);
     EXPECT_EQ(LineNow().size(), static_cast<std::size_t>(row.after));
-    EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
   }
 }
 
@@ -95,7 +95,7 @@ TEST_F(CalcLineTest, AKeyThatFindsNoRoomLeavesLineAndCaretAsTheyAre) {
   Button(1035);
   Type("=");
   EXPECT_THAT(All(), ElementsAre("view focus line", "view focus line"));
-  EXPECT_EQ(view->selection, (CalcSelection{3, 5}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 5}));
   Button(1017);
   EXPECT_EQ(LineNow(), std::string(3, '1') + "7" + std::string(250, '1')) << "what gives way makes room";
 }
@@ -140,8 +140,8 @@ TEST_F(CalcLineTest, SqrtWrapsTheSelectionWithTheCaretBehindTheBracket) {
   Mark(0, 3);
   Button(1021);
   EXPECT_EQ(LineNow(), "Sqrt(2+3)*4");
-  EXPECT_EQ(view->selection, (CalcSelection{9, 9}));
-  EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  EXPECT_EQ(view->selection, (TextSelection{9, 9}));
+  EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
 }
 
 TEST_F(CalcLineTest, ADigitReplacesTheSelectionAndPlusWrapsIt) {
@@ -176,7 +176,7 @@ TEST_F(CalcLineTest, AccAtTheEndPutsTheCaretAtTheEnd) {
   Line("1+");
   Button(calc_id::kAcc);
   EXPECT_EQ(LineNow(), "1+Acc");
-  EXPECT_EQ(view->selection, (CalcSelection{5, 5}));
+  EXPECT_EQ(view->selection, (TextSelection{5, 5}));
 }
 
 TEST_F(CalcLineTest, AccInTheMiddlePutsTheCaretFurtherThanItself) {
@@ -184,7 +184,7 @@ TEST_F(CalcLineTest, AccInTheMiddlePutsTheCaretFurtherThanItself) {
   Mark(2, 2);
   Button(calc_id::kAcc);
   EXPECT_EQ(LineNow(), "1+Acc2*3");
-  EXPECT_EQ(view->selection, (CalcSelection{8, 8}));
+  EXPECT_EQ(view->selection, (TextSelection{8, 8}));
 }
 
 TEST_F(CalcLineTest, ReciprocalAndSignComeAndGo) {
@@ -195,7 +195,7 @@ TEST_F(CalcLineTest, ReciprocalAndSignComeAndGo) {
   EXPECT_EQ(LineNow(), "5");
   Button(calc_id::kSign);
   EXPECT_EQ(LineNow(), "-(5)");
-  EXPECT_EQ(view->selection, (CalcSelection{4, 4}));
+  EXPECT_EQ(view->selection, (TextSelection{4, 4}));
   Button(calc_id::kSign);
   EXPECT_EQ(LineNow(), "5");
 }

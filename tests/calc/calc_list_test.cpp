@@ -19,11 +19,11 @@ class CalcListTest : public CalcTest {
   }
   /// What the operator sees of the keypad and the list.
   void ExpectShown(bool list) {
-    EXPECT_EQ(session->IsListOpen(), list);
-    EXPECT_EQ(view->IsShown(calc_id::kHistory) && view->shown.count(calc_id::kHistory) != 0, list);
-    for (int key = 1013; key <= 1036; ++key) EXPECT_EQ(view->IsShown(key), !list) << key;
-    EXPECT_TRUE(view->IsShown(calc_id::kAssign));
-    EXPECT_TRUE(view->IsShown(calc_id::kOpenList));
+    EXPECT_EQ(tool->IsListOpen(), list);
+    EXPECT_EQ(view->Shows(calc_id::kHistory) && view->shown.count(calc_id::kHistory) != 0, list);
+    for (int key = 1013; key <= 1036; ++key) EXPECT_EQ(view->Shows(key), !list) << key;
+    EXPECT_TRUE(view->Shows(calc_id::kAssign));
+    EXPECT_TRUE(view->Shows(calc_id::kOpenList));
   }
 };
 
@@ -42,16 +42,16 @@ TEST_F(CalcListTest, TheButtonAndBothArrowsOpenIt) {
 TEST_F(CalcListTest, OpenItLiesOverTheKeypadDownToTheBottom) {
   Key(CalcKey::kUp);
   EXPECT_EQ(view->rects[calc_id::kHistory], (Rect{3, 83, 279, 221}));
-  EXPECT_TRUE(view->IsShown(calc_id::kResult));
+  EXPECT_TRUE(view->Shows(calc_id::kResult));
 }
 
 TEST_F(CalcListTest, InCompactSizeItTakesThePlaceOfTheResult) {
   Menu(calc_id::kMenuCompact);
   Key(CalcKey::kUp);
   EXPECT_EQ(view->rects[calc_id::kHistory], (Rect{3, 0, 279, 36}));
-  EXPECT_FALSE(view->IsShown(calc_id::kResult));
+  EXPECT_FALSE(view->Shows(calc_id::kResult));
   Key(CalcKey::kEscape);
-  EXPECT_TRUE(view->IsShown(calc_id::kResult));
+  EXPECT_TRUE(view->Shows(calc_id::kResult));
   ExpectShown(false);
 }
 
@@ -165,8 +165,8 @@ TEST_F(CalcListTest, EnterClosesItWithTheRow) {
   log.clear();
   EXPECT_TRUE(Key(CalcKey::kEnter));
   EXPECT_EQ(LineNow(), "2+2");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
-  EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
+  EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
   ExpectShown(false);
   EXPECT_THAT(Rows(), ElementsAre("1+1", "2+2", "3+3")) << "nothing was confirmed";
 }
@@ -176,7 +176,7 @@ TEST_F(CalcListTest, ClosingItTakesTheFocusToTheLineWhereverItWas) {
     Key(CalcKey::kUp);
     view->focus = FakeCalcView::Focus::kElsewhere;
     bySoftKey ? Menu(calc_id::kMenuCompact) : Button(calc_id::kOpenList);
-    EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+    EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
   }
 }
 
@@ -197,7 +197,7 @@ TEST_F(CalcListTest, WithoutSelectionTheLineKeepsItsText) {
   Key(CalcKey::kUp);
   Key(CalcKey::kEnter);
   EXPECT_EQ(LineNow(), "abc");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
 }
 
 TEST_F(CalcListTest, AnEmptyListKeepsTheLinesText) {
@@ -212,7 +212,7 @@ TEST_F(CalcListTest, EscapeAndTheButtonGiveTheLineBack) {
   Pick({1});
   EXPECT_TRUE(Key(CalcKey::kEscape));
   EXPECT_EQ(LineNow(), "abc");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
   ExpectShown(false);
   EXPECT_THAT(Asked(), IsEmpty()) << "the host was not asked to close";
   Button(calc_id::kOpenList);
@@ -253,7 +253,7 @@ TEST_F(CalcListTest, ACommandThatWritesStillWritesAndEscapeTakesItBack) {
   Key(CalcKey::kUp);
   Menu(32784);
   EXPECT_EQ(LineNow(), "abcSin");
-  EXPECT_TRUE(session->IsListOpen());
+  EXPECT_TRUE(tool->IsListOpen());
   Key(CalcKey::kEscape);
   EXPECT_EQ(LineNow(), "abc");
 }
@@ -279,8 +279,8 @@ TEST_F(CalcListTest, TheMenuCanBeSwitchedFromARowOfTheList) {
   Key(CalcKey::kUp);
   Pick({0});
   Key(CalcKey::kEnter);
-  EXPECT_TRUE(session->IsMenuAttached());
-  EXPECT_FALSE(session->IsListOpen());
+  EXPECT_TRUE(tool->IsMenuAttached());
+  EXPECT_FALSE(tool->IsListOpen());
   EXPECT_EQ(LineNow(), "SETMENU(TRUE)");
 }
 

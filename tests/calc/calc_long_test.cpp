@@ -27,7 +27,7 @@ class CalcLongTest : public OpenCalcTest {
 TEST_F(CalcLongTest, APreviewThatTakesLongSaysSoAndEndsWithItsValue) {
   Line(kLong);
   EXPECT_THAT(All(), ElementsAre("view working", "view status Computing"));
-  EXPECT_TRUE(session->IsComputing());
+  EXPECT_TRUE(tool->IsComputing());
   EXPECT_GT(WorkToTheEnd(), 1);
   EXPECT_THAT(All(), ElementsAre("view idle", testing::StartsWith("view status Value : ")));
   EXPECT_EQ(Variable('X'), 0);
@@ -53,7 +53,7 @@ TEST_F(CalcLongTest, TheNextKeyDropsThePreview) {
   log.clear();
   Line("2");
   EXPECT_THAT(All(), ElementsAre("view idle", "view status Value : 2"));
-  EXPECT_FALSE(session->IsComputing());
+  EXPECT_FALSE(tool->IsComputing());
   Work();
   EXPECT_THAT(All(), IsEmpty());
 }
@@ -64,7 +64,7 @@ TEST_F(CalcLongTest, ANewSelectionDropsThePreview) {
   log.clear();
   Tick();
   EXPECT_EQ(Status(), "Sel Value : 1");
-  EXPECT_FALSE(session->IsComputing());
+  EXPECT_FALSE(tool->IsComputing());
   Mark(0, 26);
   Tick();
   EXPECT_EQ(Status(), "Computing");
@@ -75,7 +75,7 @@ TEST_F(CalcLongTest, ANewSelectionDropsThePreview) {
 TEST_F(CalcLongTest, ASelectionMadeWhileAnExpressionIsConfirmedIsPreviewedAfterIt) {
   Line(std::string(kLong) + "+1");
   Key(CalcKey::kEnter);
-  ASSERT_TRUE(session->IsComputing());
+  ASSERT_TRUE(tool->IsComputing());
   Mark(27, 28);
   log.clear();
   Tick();
@@ -92,7 +92,7 @@ TEST_F(CalcLongTest, EscapeAsksToCloseWhileAPreviewRuns) {
   log.clear();
   Key(CalcKey::kEscape);
   EXPECT_THAT(All(), ElementsAre("HostToolWantsClose(3)"));
-  EXPECT_TRUE(session->IsComputing());
+  EXPECT_TRUE(tool->IsComputing());
 }
 
 TEST_F(CalcLongTest, AConfirmationThatTakesLongSaysSoAndEndsAsAShortOne) {
@@ -109,14 +109,14 @@ TEST_F(CalcLongTest, AConfirmationThatTakesLongSaysSoAndEndsAsAShortOne) {
   EXPECT_THAT(ended[2], testing::StartsWith("view row 0 \"INTEGRAL"));
   EXPECT_EQ(ended[3], "view line \"\"");
   EXPECT_EQ(ended[4], "view status Empty");
-  EXPECT_EQ(SharedCalcStore().Acc, session->Value());
+  EXPECT_EQ(SharedCalcStore().Acc, tool->Value());
 }
 
 TEST_F(CalcLongTest, NobodySeesTheVariablesHalfWay) {
   Confirm("C=1");
   Confirm(kLongAssigning);
-  ASSERT_TRUE(session->IsComputing());
-  while (session->IsComputing()) {
+  ASSERT_TRUE(tool->IsComputing());
+  while (tool->IsComputing()) {
     EXPECT_EQ(Variable('C'), 1);
     EXPECT_EQ(Variable('X'), 0);
     Work();
@@ -184,7 +184,7 @@ TEST_F(CalcLongTest, WhileItConfirmsTheWindowStillMovesAndTheUnitsStillChange) {
   EXPECT_THAT(All(),
               ElementsAre("view move 0,0", testing::StartsWith("view result B"), "HostUpdateSideMenu(3)",
                           "HostUpdateSideMenu(3)", "HostUpdateMainMenu(3)", "view height 87", "view close panel"));
-  EXPECT_TRUE(session->IsComputing());
+  EXPECT_TRUE(tool->IsComputing());
   WorkToTheEnd();
   EXPECT_THAT(Result(), testing::StartsWith("B")) << "in the base that holds at its end";
 }
@@ -210,7 +210,7 @@ TEST_F(CalcLongTest, InsertThatWasCancelledHandsNothingOver) {
 
 TEST_F(CalcLongTest, AConfirmationThatFailsAfterAWhileKeepsItsAssignments) {
   Confirm("A=0;C=7;INTEGRAL(X^2*SIN(X)+X^3/2);1/0");
-  ASSERT_TRUE(session->IsComputing());
+  ASSERT_TRUE(tool->IsComputing());
   WorkToTheEnd();
   EXPECT_THAT(Status(), testing::StartsWith("Failed: "));
   EXPECT_EQ(Variable('C'), 7);
@@ -221,7 +221,7 @@ TEST_F(CalcLongTest, ClosingDropsWhateverRuns) {
   const CalcStore before = SharedCalcStore();
   Confirm(kLongAssigning);
   Command(34);
-  EXPECT_FALSE(session->IsComputing());
+  EXPECT_FALSE(tool->IsComputing());
   EXPECT_EQ(SharedCalcStore().Variables, before.Variables);
   DestroyTool();
   MakeTool();
@@ -233,12 +233,12 @@ TEST_F(CalcLongTest, ClosingDropsWhateverRuns) {
 
 TEST_F(CalcLongTest, TwoToolsDoNotUndoEachOthersVariables) {
   Confirm(kLongAssigning);
-  FakeCalcView otherView(log);
-  CalcSession other(context, otherView, 0);
-  otherView.session = &other;
-  other.Open();
+  FakeCalcView otherView(log, windows);
+  const auto other = std::make_shared<CalcSession>(context, otherView, 0);
+  otherView.onLineChanged = [&] { RunOperation(other, [](CalcSession& session) { session.OnLineChanged(); }); };
+  RunOperation(other, [](CalcSession& session) { session.Open(); });
   otherView.Replace(u"E=3");
-  other.OnKey(CalcKey::kEnter, false);
+  RunOperation(other, [](CalcSession& session) { session.OnKey(CalcKey::kEnter, false); });
   WorkToTheEnd();
   EXPECT_EQ(Variable('E'), 3);
   EXPECT_EQ(Variable('C'), 8);
@@ -253,7 +253,7 @@ TEST_F(CalcLongTest, WhateverIsOnTheLineAKeyOnlyStartsIt) {
     Key(CalcKey::kEnter);
     Key(CalcKey::kEscape);
     Line("");
-    EXPECT_FALSE(session->IsComputing()) << line;
+    EXPECT_FALSE(tool->IsComputing()) << line;
     EXPECT_EQ(Status(), "Empty");
   }
 }

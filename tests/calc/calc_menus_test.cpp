@@ -16,7 +16,7 @@ TEST_F(CalcMenusTest, TheBaseGoesFromDecimalToBinaryToHexadecimal) {
   log.clear();
   Menu(calc_id::kMenuBase);
   EXPECT_THAT(All(), ElementsAre("view status B1010", "view result B11111111", "HostUpdateSideMenu(3)"));
-  EXPECT_EQ(session->NumberBase(), 2);
+  EXPECT_EQ(tool->NumberBase(), 2);
   EXPECT_EQ(Item(calc_id::kMenuBase)->bitmap, 367);
   Menu(calc_id::kMenuBase);
   EXPECT_EQ(Status(), "Value : $A");
@@ -24,7 +24,7 @@ TEST_F(CalcMenusTest, TheBaseGoesFromDecimalToBinaryToHexadecimal) {
   EXPECT_EQ(Item(calc_id::kMenuBase)->bitmap, 365);
   Menu(calc_id::kMenuBase);
   EXPECT_EQ(Result(), "255");
-  EXPECT_EQ(session->NumberBase(), 1);
+  EXPECT_EQ(tool->NumberBase(), 1);
   EXPECT_EQ(Item(calc_id::kMenuBase)->bitmap, 366);
 }
 
@@ -36,7 +36,7 @@ TEST_F(CalcMenusTest, TheAngleUnitChangesThePreviewAndNotTheResult) {
   log.clear();
   Menu(calc_id::kMenuAngle);
   EXPECT_THAT(All(), ElementsAre("view status Value : 3.14159265358979", "HostUpdateSideMenu(3)"));
-  EXPECT_TRUE(session->Radians());
+  EXPECT_TRUE(tool->Radians());
   EXPECT_EQ(Result(), "1");
   EXPECT_EQ(Item(calc_id::kMenuAngle)->bitmap, 369);
   Menu(calc_id::kMenuAngle);
@@ -78,7 +78,7 @@ TEST_F(CalcMenusTest, CompactingClosesAnOpenListAsEscapeDoes) {
   Pick({0});
   ASSERT_EQ(LineNow(), "1+1");
   Menu(calc_id::kMenuCompact);
-  EXPECT_FALSE(session->IsListOpen());
+  EXPECT_FALSE(tool->IsListOpen());
   EXPECT_EQ(LineNow(), "abc");
   EXPECT_EQ(view->height, 87);
 }
@@ -98,7 +98,7 @@ TEST_F(CalcMenusTest, ACommandOfTheRangeThatNamesNothingPutsTheCaretAtTheStart) 
   Line("1+2");
   Menu(32815);
   EXPECT_EQ(LineNow(), "1+2");
-  EXPECT_EQ(view->selection, (CalcSelection{0, 0}));
+  EXPECT_EQ(view->selection, (TextSelection{0, 0}));
 }
 
 TEST_F(CalcMenusTest, OtherIdsDoNothing) {
@@ -106,7 +106,7 @@ TEST_F(CalcMenusTest, OtherIdsDoNothing) {
   log.clear();
   for (const int id : {0, -1, 1, 32700, 32780, 32782, 32822, 99999}) Menu(id);
   EXPECT_THAT(log, IsEmpty());
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
 }
 
 TEST_F(CalcMenusTest, WithoutMenuInTheLanguageTheBarsAreCleared) {

@@ -98,9 +98,9 @@ TEST_F(CalcNavigationTest, AtTheEdgeTheWindowStaysAndTheKeyIsTakenAllTheSame) {
 
 TEST_F(CalcNavigationTest, UpOpensTheListAndDownGoesToIt) {
   EXPECT_TRUE(Key(CalcKey::kUp));
-  EXPECT_TRUE(session->IsListOpen());
+  EXPECT_TRUE(tool->IsListOpen());
   EXPECT_FALSE(Key(CalcKey::kUp));
-  EXPECT_TRUE(session->IsListOpen());
+  EXPECT_TRUE(tool->IsListOpen());
 }
 
 TEST_F(CalcNavigationTest, AHostThatClosesTheToolOnItsWishFindsNothingHalfDone) {

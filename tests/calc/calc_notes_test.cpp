@@ -114,7 +114,7 @@ TEST_F(CalcNotesTest, EscapeTakesTheNoteAndClosesTheListInOnePress) {
   Key(CalcKey::kUp);
   Key(CalcKey::kEscape);
   EXPECT_EQ(Note(), "");
-  EXPECT_FALSE(session->IsListOpen());
+  EXPECT_FALSE(tool->IsListOpen());
   EXPECT_THAT(Asked(), IsEmpty());
 }
 

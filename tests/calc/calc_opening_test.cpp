@@ -31,11 +31,11 @@ TEST_F(CalcTest, OpensInItsStepsAndInTheirOrder) {
     expected.emplace_back(step);
   }
   EXPECT_THAT(All(), ElementsAreArray(expected));
-  EXPECT_EQ(session->NumberBase(), 1);
-  EXPECT_FALSE(session->Radians());
-  EXPECT_FALSE(session->IsMenuAttached());
-  EXPECT_FALSE(session->IsListOpen());
-  EXPECT_EQ(session->Value(), 0);
+  EXPECT_EQ(tool->NumberBase(), 1);
+  EXPECT_FALSE(tool->Radians());
+  EXPECT_FALSE(tool->IsMenuAttached());
+  EXPECT_FALSE(tool->IsListOpen());
+  EXPECT_EQ(tool->Value(), 0);
   EXPECT_EQ(timers.Running(), 1u);
 }
 

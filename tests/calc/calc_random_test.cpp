@@ -72,7 +72,7 @@ class CalcRandomTest : public testing::TestWithParam<unsigned>, public CalcRig {
         for (int pieces = Number(30); pieces > 0; --pieces) Work();
         break;
       case 9:
-        if (session->IsListOpen() && !view->rows.empty()) Pick({Number(static_cast<int>(view->rows.size()))});
+        if (tool->IsListOpen() && !view->rows.empty()) Pick({Number(static_cast<int>(view->rows.size()))});
         break;
       case 10:
         if (!view->variables.empty()) view->variable = Number(1 + static_cast<int>(view->variables.size())) - 1;
@@ -96,26 +96,26 @@ class CalcRandomTest : public testing::TestWithParam<unsigned>, public CalcRig {
   void Check() {
     if (view->closing) {
       EXPECT_EQ(timers.Running(), 0u);
-      EXPECT_FALSE(session->IsComputing());
+      EXPECT_FALSE(tool->IsComputing());
       return;
     }
-    EXPECT_EQ(view->working, session->IsComputing());
-    const bool variables = view->shown.count(calc_id::kVariables) != 0 && view->IsShown(calc_id::kVariables);
-    const bool history = view->shown.count(calc_id::kHistory) != 0 && view->IsShown(calc_id::kHistory);
+    EXPECT_EQ(view->working, tool->IsComputing());
+    const bool variables = view->shown.count(calc_id::kVariables) != 0 && view->Shows(calc_id::kVariables);
+    const bool history = view->shown.count(calc_id::kHistory) != 0 && view->Shows(calc_id::kHistory);
     EXPECT_FALSE(variables && history);
-    EXPECT_EQ(history, session->IsListOpen());
-    for (int key = 1013; key <= 1036; ++key) EXPECT_EQ(view->IsShown(key), !variables && !history);
-    EXPECT_EQ(view->attached != 0, session->IsMenuAttached());
+    EXPECT_EQ(history, tool->IsListOpen());
+    for (int key = 1013; key <= 1036; ++key) EXPECT_EQ(view->Shows(key), !variables && !history);
+    EXPECT_EQ(view->attached != 0, tool->IsMenuAttached());
     EXPECT_LE(view->selection.end, static_cast<int>(view->line.size()));
     EXPECT_TRUE(view->visible);
     EXPECT_EQ(timers.Running(), 1u);
-    EXPECT_EQ(Item(calc_id::kMenuBase)->bitmap, 365 + session->NumberBase());
-    EXPECT_EQ(Item(calc_id::kMenuAngle)->bitmap, session->Radians() ? 369 : 368);
+    EXPECT_EQ(Item(calc_id::kMenuBase)->bitmap, 365 + tool->NumberBase());
+    EXPECT_EQ(Item(calc_id::kMenuAngle)->bitmap, tool->Radians() ? 369 : 368);
     EXPECT_TRUE(view->height == 221 || view->height == 87);
     EXPECT_EQ(Item(calc_id::kMenuCompact)->checked, view->height == 87);
     const bool saysSo = Status() == "Confirming" || Status() == "Computing";
-    EXPECT_TRUE(!saysSo || session->IsComputing());
-    if (!session->IsComputing() && view->line.empty() && !history && view->selection == CalcSelection{}) {
+    EXPECT_TRUE(!saysSo || tool->IsComputing());
+    if (!tool->IsComputing() && view->line.empty() && !history && view->selection == TextSelection{}) {
       EXPECT_TRUE(Status() == "Empty" || Status().starts_with("Failed: ")) << Status();
     }
   }

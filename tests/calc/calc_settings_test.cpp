@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Where the settings are read from and written to, and how their values are read.
-#include "calc/calc_settings.h"
+#include "calc/calc_storage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -16,7 +16,7 @@ class CalcVariablesTest : public OpenCalcTest {
     return all;
   }
   [[nodiscard]] bool IsOpen() const {
-    return view->shown.count(calc_id::kVariables) != 0 && view->IsShown(calc_id::kVariables);
+    return view->shown.count(calc_id::kVariables) != 0 && view->Shows(calc_id::kVariables);
   }
 };
 
@@ -49,8 +49,8 @@ TEST_F(CalcVariablesTest, EnterWritesTheNameAtTheCaret) {
   view->variable = 1;
   EXPECT_TRUE(Key(CalcKey::kEnter));
   EXPECT_EQ(LineNow(), "1+C*3");
-  EXPECT_EQ(view->selection, (CalcSelection{3, 3}));
-  EXPECT_EQ(view->focus, FakeCalcView::Focus::kLine);
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
+  EXPECT_EQ(view->focus, FakeCalcView::Focus::kEdit);
   EXPECT_FALSE(IsOpen());
   EXPECT_EQ(Status(), "Value : 7");
 }
@@ -69,10 +69,10 @@ TEST_F(CalcVariablesTest, ATapWritesTheNameInThePlaceOfTheSelection) {
 TEST_F(CalcVariablesTest, LiesWhereTheHistoryLiesAndHidesTheKeypad) {
   Button(calc_id::kShowVariables);
   EXPECT_EQ(view->rects[calc_id::kVariables], (Rect{3, 83, 279, 221}));
-  EXPECT_FALSE(view->IsShown(calc_id::kFirstKey));
-  EXPECT_FALSE(session->IsListOpen()) << "the history isn't";
+  EXPECT_FALSE(view->Shows(calc_id::kFirstKey));
+  EXPECT_FALSE(tool->IsListOpen()) << "the history isn't";
   EXPECT_TRUE(Key(CalcKey::kEscape));
-  EXPECT_TRUE(view->IsShown(calc_id::kFirstKey));
+  EXPECT_TRUE(view->Shows(calc_id::kFirstKey));
   EXPECT_FALSE(IsOpen());
   EXPECT_THAT(Asked(), IsEmpty()) << "the host was not asked to close";
 }
@@ -102,13 +102,13 @@ TEST_F(CalcVariablesTest, OnlyOneListIsOpen) {
   EXPECT_EQ(LineNow(), "A=5");
   Key(CalcKey::kVariables);
   EXPECT_TRUE(IsOpen());
-  EXPECT_FALSE(session->IsListOpen());
+  EXPECT_FALSE(tool->IsListOpen());
   EXPECT_EQ(LineNow(), "abc") << "the history closed as by its button";
-  EXPECT_FALSE(view->IsShown(calc_id::kFirstKey));
+  EXPECT_FALSE(view->Shows(calc_id::kFirstKey));
   Button(calc_id::kOpenList);
   EXPECT_FALSE(IsOpen());
-  EXPECT_TRUE(session->IsListOpen());
-  EXPECT_FALSE(view->IsShown(calc_id::kFirstKey));
+  EXPECT_TRUE(tool->IsListOpen());
+  EXPECT_FALSE(view->Shows(calc_id::kFirstKey));
 }
 
 TEST_F(CalcVariablesTest, ArrowsAndDeleteAreTheListsOwn) {
@@ -138,9 +138,9 @@ TEST_F(CalcVariablesTest, CompactingClosesItAndOpensItOverTheResultNextTime) {
   Menu(calc_id::kMenuCompact);
   EXPECT_FALSE(IsOpen());
   Button(calc_id::kShowVariables);
-  EXPECT_FALSE(view->IsShown(calc_id::kResult));
+  EXPECT_FALSE(view->Shows(calc_id::kResult));
   Key(CalcKey::kEscape);
-  EXPECT_TRUE(view->IsShown(calc_id::kResult));
+  EXPECT_TRUE(view->Shows(calc_id::kResult));
 }
 
 TEST_F(CalcVariablesTest, PickingInAClosedListIsNothing) {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// One evaluation in pieces over a store of its own.
+// One evaluation in pieces over a store of its own, and the one that is under way.
 #include "calc/calc_work.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 
 namespace pnl {
 namespace {
@@ -103,6 +104,50 @@ TEST(CalcWorkTest, PiecesOfOneStepComeToTheSame) {
   RunToTheEnd(one, 1);
   RunToTheEnd(all, 1'000'000'000);
   EXPECT_EQ(one.Finish(), all.Finish());
+}
+
+std::unique_ptr<CalcWork> Begun(const CalcStore& store, const Text& text) {
+  auto work = std::make_unique<CalcWork>(store);
+  EXPECT_FALSE(work->Compile(text));
+  work->Begin(false);
+  return work;
+}
+
+TEST(CalcRunTest, ReportsWhatEndsAtOnceAndGivesItOutOnce) {
+  CalcRun run;
+  EXPECT_TRUE(run.Start(Begun(CalcStore(), u"1+2"), CalcTask::kConfirm, u"1+2"));
+  EXPECT_TRUE(run.IsRunning()) << "it waits to be taken";
+  EXPECT_TRUE(run.IsConfirming());
+  EXPECT_EQ(run.Line(), u"1+2");
+  const CalcRun::Ended ended = run.Take();
+  EXPECT_EQ(ended.work->Finish(), 3.0);
+  EXPECT_EQ(ended.task, CalcTask::kConfirm);
+  EXPECT_EQ(ended.line, u"1+2");
+  EXPECT_FALSE(run.IsRunning());
+  EXPECT_FALSE(run.IsConfirming());
+  EXPECT_EQ(run.Line(), u"");
+}
+
+TEST(CalcRunTest, GoesOnInPiecesUntilTheLastOne) {
+  CalcStore store;
+  store.Variables['N' - 'A'] = 500'000;
+  store.Variables['B' - 'A'] = 1;
+  CalcRun run;
+  ASSERT_FALSE(run.Start(Begun(store, u"INTEGRAL(X)"), CalcTask::kLinePreview, {}));
+  EXPECT_FALSE(run.IsConfirming());
+  int pieces = 1;
+  for (; !run.Continue(); ++pieces) ASSERT_LT(pieces, 1'000'000);
+  EXPECT_GT(pieces, 1);
+  EXPECT_NEAR(run.Take().work->Finish().value_or(0), 0.5, 1e-9);
+}
+
+TEST(CalcRunTest, WithoutAWorkThereIsNothingToContinue) {
+  CalcRun run;
+  EXPECT_FALSE(run.Continue());
+  ASSERT_TRUE(run.Start(Begun(CalcStore(), u"1"), CalcTask::kLinePreview, {}));
+  run.Drop();
+  EXPECT_FALSE(run.IsRunning());
+  EXPECT_FALSE(run.Continue());
 }
 
 }  // namespace

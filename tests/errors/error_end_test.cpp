@@ -84,7 +84,7 @@ TEST_F(ErrorEnd, TheWindowMayGoWhileItStarts) {
   FatalScene scene = Scene({Pressing(ErrorKey::kEscape)});
   scene.open = [this] {
     const ErrorRecord record = RecordBuilder();
-    cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+    PushRecord(cnc, record);
     MakeTool();
   };
   EXPECT_THAT(PlayWithEachCallFatal(killer, scene), Contains("HostToolOpening"));
@@ -92,11 +92,10 @@ TEST_F(ErrorEnd, TheWindowMayGoWhileItStarts) {
 
 // The box runs an event loop, in which the host closes what it likes.
 TEST_F(ErrorEnd, TheWindowMayGoWhileTheBoxForAMissingLanguageLibraryIsOpen) {
-  Language fresh(menus, cnc.Util(), disc, windows);
-  const ToolContext bare{host, cnc, windows, timers, fresh, disc};
-  window = windows.Open();
-  view = std::make_unique<FakeErrorView>(log, window);
-  tool = std::make_shared<ErrorSession>(bare, *view, std::make_unique<FakeLineReader>(disc, false));
+  Language fresh(menus, cnc.Util(), files, windows);
+  const ToolContext bare{host, cnc, windows, timers, fresh, files};
+  files.disc.erase("C:\\P15\\LPNLTOOLS.DLL");
+  MakeTool(bare);
   EXPECT_THAT(windows.boxes, IsEmpty()) << "not before the window is whole";
   windows.onBox = [this] { DestroyTool(); };
   Tell([](ErrorSession& session) { session.Start(); });
@@ -109,9 +108,10 @@ TEST_F(ErrorEnd, TheWindowMayGoWhileTheBoxForAMissingLanguageLibraryIsOpen) {
 TEST_F(ErrorEnd, AWindowThatGoesWhileItWaitsGivesTheCursorBack) {
   MakeTool();
   Push(RecordBuilder());
-  table.toolClosed = [](int, int) {
-    EXPECT_TRUE(current->view->waits);
-    current->DestroyTool();
+  onHostCall = [this](const std::string& call) {
+    if (!call.starts_with("HostToolClosed")) return;
+    EXPECT_TRUE(view->waits);
+    DestroyTool();
   };
   Key(ErrorKey::kEscape);
   EXPECT_EQ(tool, nullptr);
@@ -119,7 +119,7 @@ TEST_F(ErrorEnd, AWindowThatGoesWhileItWaitsGivesTheCursorBack) {
 }
 
 TEST_F(ErrorEnd, ALineThatIsReadWhenTheWindowIsGoneIsNotWaitedFor) {
-  disc.disc["C:\\P\\A.NC"] = "G0 X1\r\n";
+  files.disc["C:\\P\\A.NC"] = "G0 X1\r\n";
   MakeTool();
   reader->slow = true;
   Push(RecordBuilder().Source(1).Text(error_field::kProgramPath, u"C:\\P").Text(error_field::kProgramName, u"A.NC"));
@@ -134,22 +134,15 @@ TEST_F(ErrorEnd, AnEndedLogicDoesNothing) {
   Push(RecordBuilder());
   const std::shared_ptr<ErrorSession> kept = tool;
   DestroyTool();
-  Asked();
+  All();
   const ErrorRecord another = RecordBuilder().Number(1001);
   cnc.SetSink(nullptr);
-  cnc.PushErrorRecord({reinterpret_cast<const char*>(another.bytes), sizeof another.bytes});
+  PushRecord(cnc, another);
   cnc.SetSink(&sink);
   EXPECT_TRUE(kept->HasEnded());
-  kept->OnReport(1, 0);
-  kept->OnHotKey();
-  kept->HelpEnded();
-  EXPECT_FALSE(kept->ShowHelp());
-  kept->OnToolNotify(79, 1);
-  kept->OnResized();
-  kept->OnClick(0);
-  kept->OnDoubleClick(0);
+  EXPECT_FALSE(RunOperation(kept, [](ErrorSession&) { ADD_FAILURE(); }));
   kept->End();
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), IsEmpty());
   EXPECT_FALSE(kept->IsActive());
   EXPECT_FALSE(kept->IsVisible());
 }

@@ -101,9 +101,9 @@ class ErrorReport : public ErrorToolTest {
     cnc.ErrorText("error_to_txt", 1000, u"|fault", help ? u"C:\\H.TXT#1" : u"", help);
     cnc.ErrorText("error_to_txt", 3753, u"|fault", help ? u"C:\\H.TXT#1" : u"", help);
     const ErrorRecord& built = record;
-    cnc.PushErrorRecord({reinterpret_cast<const char*>(built.bytes), sizeof built.bytes});
+    PushRecord(cnc, built);
     windows.posted.clear();
-    Asked();
+    All();
   }
 };
 
@@ -121,13 +121,13 @@ TEST_F(ErrorReport, DoesWhatClassSettingsAndHostSay) {
                                         << " blocked " << row.blocked << " help " << help);
         Prepare(row, record, help);
         Report();
-        EXPECT_EQ(Heard(Asked()), help ? row.idleHelp : row.idle);
+        EXPECT_EQ(Heard(All()), help ? row.idleHelp : row.idle);
         EXPECT_TRUE(tool->IsActive());
         EXPECT_EQ(view->visible, std::string(help ? row.idleHelp : row.idle) == "O");
         if (view->visible) tool->OnHotKey();
-        Asked();
+        All();
         Report();
-        EXPECT_EQ(Heard(Asked()), help ? row.quietHelp : row.quiet) << "from Quiet";
+        EXPECT_EQ(Heard(All()), help ? row.quietHelp : row.quiet) << "from Quiet";
       }
     }
   }
@@ -140,7 +140,7 @@ TEST_F(ErrorReport, OpensHelpByItselfOnlyWithBothWishAndReference) {
     Prepare(kCases[12], RecordBuilder(), false);
     cnc.ErrorText("error_to_txt", 1000, u"|fault", reference, wish);
     Report();
-    EXPECT_EQ(Heard(Asked()), heard);
+    EXPECT_EQ(Heard(All()), heard);
   }
 }
 

@@ -38,7 +38,7 @@ TEST_F(ErrorToolTest, StartsHiddenAndIdle) {
 TEST_F(ErrorToolTest, ReadsTheQueueAtItsStart) {
   cnc.SetSink(nullptr);
   const ErrorRecord record = Kernel(1000);
-  cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  PushRecord(cnc, record);
   cnc.SetSink(&sink);
   MakeTool();
   EXPECT_TRUE(view->visible);
@@ -50,7 +50,7 @@ TEST_F(ErrorToolTest, WithoutTheVariablesStaysIdle) {
   cnc.Undefine(u"E.ERRORPRI");
   MakeTool();
   EXPECT_FALSE(tool->IsActive());
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), ElementsAre("view hide"));
 }
 
 // The error that the first report reads is told of by the second one, which brings the count.
@@ -58,11 +58,12 @@ TEST_F(ErrorToolTest, ReadsTheErrorBeforeTheCountAtItsStart) {
   Ini() = "[PRIVATE]\r\nHideErrors=TRUE\r\n";
   cnc.SetSink(nullptr);
   const ErrorRecord record = Kernel(1000);
-  cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  PushRecord(cnc, record);
   cnc.SetSink(&sink);
   MakeTool();
   const char* told = "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1";
-  EXPECT_THAT(Asked(), ElementsAre("ReadError(-1)=0", "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\"", told, told));
+  EXPECT_THAT(All(), ElementsAre("view hide", "ReadError(-1)=0",
+                                 "write DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\" ok", told, told));
 }
 
 TEST_F(ErrorToolTest, AtItsEndGivesItsHotKeyBackAndStopsBothTimers) {
@@ -81,10 +82,10 @@ TEST_F(ErrorToolTest, AtItsEndGivesItsHotKeyBackAndStopsBothTimers) {
 
 TEST_F(ErrorToolTest, AnErrorOpensTheWindow) {
   MakeTool();
-  Asked();
+  All();
   Push(Kernel(1000));
-  EXPECT_THAT(Asked(), ElementsAre("ReadError(-1)=0", "HostToolOpening(0)", "show", "top", "focus",
-                                   "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\""));
+  EXPECT_THAT(All(), ElementsAre("ReadError(-1)=0", "HostToolOpening(0)", "view show", "view top", "view focus window",
+                                 "write DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\" ok"));
   EXPECT_EQ(Box(), "ERROR 1000");
   EXPECT_EQ(Title(), "fault 1000");
   EXPECT_EQ(Description(), "\nID: NC-77");
@@ -144,9 +145,9 @@ TEST_F(ErrorToolTest, FatalAndConfirmErrorsOfTheKernelGoToTheMachinesLog) {
   for (const LogCase& row : cases) {
     cnc.ClearErrors();
     Drain();
-    Asked();
+    All();
     Push(row.record);
-    const Log asked = Asked();
+    const Log asked = All();
     if (row.line != nullptr) {
       EXPECT_THAT(asked, Contains(row.line));
     } else {
@@ -207,10 +208,9 @@ TEST_F(ErrorToolTest, FlashesTwentyTimesASecondAtMostAndReportsThePeriodAsRead) 
     timers.Advance(1000);
     timers.SetAfterTick(nullptr);
     EXPECT_EQ(seen, ticks) << period;
-    Asked();
+    All();
     tool->OnHotKey();
-    EXPECT_THAT(Asked(),
-                Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash " + std::to_string(period) + " count 1"));
+    EXPECT_THAT(All(), Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash " + std::to_string(period) + " count 1"));
   }
 }
 
@@ -231,7 +231,7 @@ TEST_F(ErrorToolTest, ALongTitleGetsMoreLines) {
 
 class ErrorInProgram : public ErrorToolTest {
  protected:
-  ErrorInProgram() { disc.disc["C:\\P\\A.NC"] = "G0 X1\r\nG1 X2 F0\r\n"; }
+  ErrorInProgram() { files.disc["C:\\P\\A.NC"] = "G0 X1\r\nG1 X2 F0\r\n"; }
   static RecordBuilder Record() {
     return RecordBuilder()
         .Source(1)
@@ -315,9 +315,9 @@ TEST_F(ErrorToolTest, HideSettingsDecideWhichErrorsOpenTheWindow) {
     Drain();
     Ini() = row.ini;
     MakeTool();
-    Asked();
+    All();
     Push(row.record);
-    const Log asked = Asked();
+    const Log asked = All();
     const std::string where =
         std::string(row.ini) + " class " + std::to_string(static_cast<int>(ClassifyError(row.record)));
     EXPECT_EQ(view->visible, row.shows) << where;
@@ -331,25 +331,25 @@ TEST_F(ErrorToolTest, HideSettingsDecideWhichErrorsOpenTheWindow) {
 TEST_F(ErrorToolTest, AHiddenWarningTogglesTheWindowAwayUnlessErrorsAreHiddenToo) {
   Ini() = "[PRIVATE]\r\nHideWarnings=TRUE\r\n";
   MakeTool();
-  Asked();
+  All();
   Push(Warning(1000));
-  EXPECT_THAT(Asked(), Contains("HostToolClosed(0,2)"));
+  EXPECT_THAT(All(), Contains("HostToolClosed(0,2)"));
   Ini() = "[PRIVATE]\r\nHideErrors=TRUE\r\n";
   cnc.ClearErrors();
   Drain();
   MakeTool();
-  Asked();
+  All();
   Push(Warning(1000));
-  EXPECT_THAT(Asked(), Not(Contains("HostToolClosed(0,2)")));
+  EXPECT_THAT(All(), Not(Contains("HostToolClosed(0,2)")));
 }
 
 TEST_F(ErrorToolTest, SuppressedErrorsStayQuietButFatalOnesShow) {
   MakeTool();
   Notify(1, 1);
-  Asked();
+  All();
   Push(Kernel(1000));
   EXPECT_FALSE(view->visible);
-  EXPECT_THAT(Asked(), Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+  EXPECT_THAT(All(), Contains("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
   Key(ErrorKey::kEscape);
   Push(Fatal(1001));
   EXPECT_TRUE(view->visible);
@@ -366,19 +366,19 @@ TEST_F(ErrorToolTest, ABlockedWindowNeverShows) {
     EXPECT_FALSE(view->visible);
     EXPECT_TRUE(tool->IsActive());
   }
-  Asked();
+  All();
   tool->OnHotKey();
   EXPECT_FALSE(view->visible);
-  EXPECT_THAT(Asked(), ElementsAre("ZM_UPDATE_NERRORS number 3753 class 4 flash 500 count 1"));
+  EXPECT_THAT(All(), ElementsAre("ZM_UPDATE_NERRORS number 3753 class 4 flash 500 count 1"));
 }
 
 TEST_F(ErrorToolTest, BlockingHidesAWindowThatIsShown) {
   MakeTool();
   Push(Kernel(1000));
-  Asked();
+  All();
   Notify(79, 1);
-  EXPECT_THAT(Asked(),
-              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+  EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(0,2)",
+                                 "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
 }
 
 TEST_F(ErrorToolTest, TheHotKeyHidesAndShows) {
@@ -386,12 +386,13 @@ TEST_F(ErrorToolTest, TheHotKeyHidesAndShows) {
   tool->OnHotKey();
   EXPECT_FALSE(view->visible) << "no error stands";
   Push(Kernel(1000));
-  Asked();
+  All();
   tool->OnHotKey();
-  EXPECT_THAT(Asked(),
-              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
+  EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(0,2)",
+                                 "ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 1"));
   tool->OnHotKey();
-  EXPECT_THAT(Asked(), ElementsAre(kCountZero, "HostErrorsGone", "HostToolOpening(0)", "show", "top", "focus"));
+  EXPECT_THAT(All(), ElementsAre(kCountZero, "HostErrorsGone", "HostToolOpening(0)", "view show", "view top",
+                                 "view focus window"));
 }
 
 TEST_F(ErrorToolTest, TheHotKeyIsRegisteredAndUnregisteredOnRequest) {
@@ -431,10 +432,10 @@ TEST_F(ErrorToolTest, AHiddenWindowTellsEachChangeOfTheCount) {
   MakeTool();
   Push(Kernel(1000));
   tool->OnHotKey();
-  Asked();
+  All();
   cnc.Set(u"E.NERRORS", std::int64_t{2});
   Drain();
-  EXPECT_THAT(Asked(), ElementsAre("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 2"));
+  EXPECT_THAT(All(), ElementsAre("ZM_UPDATE_NERRORS number 1000 class 0 flash 500 count 2"));
 }
 
 // Walking the queue.
@@ -444,7 +445,7 @@ class ThreeErrors : public ErrorToolTest {
   ThreeErrors() {
     MakeTool();
     for (const int number : {1000, 1001, 1002}) Push(Kernel(number));
-    Asked();
+    All();
   }
 };
 
@@ -461,9 +462,9 @@ TEST_F(ThreeErrors, WalkingToTheLastHidesTheWayOn) {
   Key(ErrorKey::kDown);
   EXPECT_EQ(Box(), "ERROR 1002");
   EXPECT_EQ(Counters(), "2/-");
-  Asked();
+  All();
   Key(ErrorKey::kRight);
-  EXPECT_THAT(Asked(), IsEmpty()) << "there is none behind it";
+  EXPECT_THAT(All(), IsEmpty()) << "there is none behind it";
 }
 
 TEST_F(ThreeErrors, WalkingBackToTheFirstHidesTheWayBack) {
@@ -474,9 +475,9 @@ TEST_F(ThreeErrors, WalkingBackToTheFirstHidesTheWayBack) {
   Key(ErrorKey::kUp);
   EXPECT_EQ(Box(), "ERROR 1000");
   EXPECT_EQ(Counters(), "-/2");
-  Asked();
+  All();
   Click(error_id::kPrevious);
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), IsEmpty());
 }
 
 // The second tap went through to the window, and put it away with the last error unread.
@@ -521,32 +522,32 @@ TEST_F(ThreeErrors, TheSecondTapDoesNotReachThePictureThatTookTheFirstOnesPlace)
   Push(Kernel(1000));
   Push(Marked(1001));
   Click(error_id::kNext);
-  Asked();
+  All();
   DoubleClick(error_id::kAcknowledge);
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(ThreeErrors, AskForTheIndexOnly) {
   Key(ErrorKey::kRight);
-  EXPECT_THAT(Asked(), ElementsAre("ReadError(1)=1", "DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\""));
+  EXPECT_THAT(All(), ElementsAre("ReadError(1)=1", "write DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\" ok"));
 }
 
 TEST_F(ThreeErrors, ResettingTheFirstShowsTheNextPrimaryOne) {
   Key(ErrorKey::kEscape);
-  const char* written = "DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\"";
+  const char* written = "write DM.HMI.ERROR.CURRENT=\"ERROR 1001: fault 1001\" ok";
   // The kernel's own report of its new primary error follows.
-  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1)=0", written, "ready", "ReadError(-1)=0",
-                                   written));
+  EXPECT_THAT(All(), ElementsAre("view wait", "ResetError(0,1)=0", "ReadError(-1)=0", written, "view ready",
+                                 "ReadError(-1)=0", written));
   EXPECT_EQ(Box(), "ERROR 1001");
   EXPECT_EQ(Counters(), "-/1");
 }
 
 TEST_F(ThreeErrors, ResettingTheSecondShowsTheFirst) {
   Key(ErrorKey::kRight);
-  Asked();
+  All();
   Key(ErrorKey::kEscape);
-  const char* written = "DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\"";
-  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(1,1)=0", "ReadError(0)=0", written, "ready"));
+  const char* written = "write DM.HMI.ERROR.CURRENT=\"ERROR 1000: fault 1000\" ok";
+  EXPECT_THAT(All(), ElementsAre("view wait", "ResetError(1,1)=0", "ReadError(0)=0", written, "view ready"));
   EXPECT_EQ(Box(), "ERROR 1000");
   EXPECT_EQ(Counters(), "-/1");
 }
@@ -562,16 +563,16 @@ TEST_F(ThreeErrors, ResettingTheLastGoesOneBack) {
 TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
   Key(ErrorKey::kEscape);
   Key(ErrorKey::kEscape);
-  Asked();
+  All();
   Key(ErrorKey::kEscape);
   EXPECT_FALSE(view->visible);
   EXPECT_FALSE(tool->IsActive());
   EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
   // And once more at the kernel's own report: the queue ran empty.
-  EXPECT_THAT(Asked(),
-              ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "HostToolClosed(0,2)",
-                          "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
-                          "HostToolClosed(0,2)", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
+  EXPECT_THAT(All(), ElementsAre("view wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "view hide",
+                                 "HostToolClosed(0,2)", "HostErrorsGone", "write DM.HMI.ERROR.CURRENT=\"\" ok",
+                                 "view ready", "ReadError(-1,nothing)=-1", "view hide", "HostToolClosed(0,2)",
+                                 "HostErrorsGone", "write DM.HMI.ERROR.CURRENT=\"\" ok"));
   EXPECT_EQ(Current(), "\"\"");
   EXPECT_EQ(timers.Running(), 0u);
 }
@@ -579,15 +580,18 @@ TEST_F(ThreeErrors, ResettingAllLeavesTheWindowIdle) {
 TEST_F(ThreeErrors, TheToolIsIdleBeforeTheHostHearsThatItsWindowIsGone) {
   Key(ErrorKey::kEscape);
   Key(ErrorKey::kEscape);
-  table.toolClosed = [](int, int) {
-    current->log.emplace_back(current->tool->IsActive() ? "active" : "idle");
-    current->log.emplace_back(current->view->visible ? "visible" : "hidden");
+  onHostCall = [this](const std::string& call) {
+    if (!call.starts_with("HostToolClosed")) return;
+    log.emplace_back(tool->IsActive() ? "active" : "idle");
+    log.emplace_back(view->visible ? "visible" : "hidden");
   };
-  Asked();
+  All();
   Key(ErrorKey::kEscape);
-  EXPECT_THAT(Asked(), ElementsAre("wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "hide", "idle", "hidden",
-                                   "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\"", "ready", "ReadError(-1,nothing)=-1",
-                                   "idle", "hidden", "HostErrorsGone", "DM.HMI.ERROR.CURRENT=\"\""));
+  EXPECT_THAT(All(), ElementsAre("view wait", "ResetError(0,1)=0", "ReadError(-1,nothing)=-1", "view hide",
+                                 "HostToolClosed(0,2)", "idle", "hidden", "HostErrorsGone",
+                                 "write DM.HMI.ERROR.CURRENT=\"\" ok", "view ready", "ReadError(-1,nothing)=-1",
+                                 "view hide", "HostToolClosed(0,2)", "idle", "hidden", "HostErrorsGone",
+                                 "write DM.HMI.ERROR.CURRENT=\"\" ok"));
 }
 
 // Keys by class.
@@ -616,14 +620,14 @@ TEST_F(ErrorToolTest, EachClassHasItsKey) {
     cnc.ClearErrors();
     Drain();
     Push(row.record);
-    Asked();
+    All();
     Key(row.key);
     const std::string where = "class " + std::to_string(static_cast<int>(ClassifyError(row.record)));
     if (row.call != nullptr) {
-      EXPECT_THAT(Asked(), Contains(row.call)) << where;
+      EXPECT_THAT(All(), Contains(row.call)) << where;
       EXPECT_THAT(cnc.ErrorQueue(), IsEmpty()) << where;
     } else {
-      EXPECT_THAT(Asked(), Not(Contains(testing::HasSubstr("ResetError")))) << where;
+      EXPECT_THAT(All(), Not(Contains(testing::HasSubstr("ResetError")))) << where;
       EXPECT_EQ(cnc.ErrorQueue().size(), 1u) << where;
     }
   }
@@ -633,29 +637,29 @@ TEST_F(ErrorToolTest, EachClassHasItsKey) {
 TEST_F(ErrorToolTest, TheSignOfAConfirmErrorDoesNothingWhenClicked) {
   MakeTool();
   Push(Kernel(3753));
-  Asked();
+  All();
   Click(error_id::kConfirmSign);
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), IsEmpty());
   Click(error_id::kMarkedSign);
-  EXPECT_THAT(Asked(), Contains("ResetErrorWithEnter(0)=0"));
+  EXPECT_THAT(All(), Contains("ResetErrorWithEnter(0)=0"));
 }
 
 TEST_F(ErrorToolTest, AClickOnTheAcknowledgeSignIsEscape) {
   MakeTool();
   Push(Kernel(1000));
-  Asked();
+  All();
   Click(error_id::kAcknowledge);
-  EXPECT_THAT(Asked(), Contains("ResetError(0,1)=0"));
+  EXPECT_THAT(All(), Contains("ResetError(0,1)=0"));
 }
 
 TEST_F(ErrorToolTest, EscapeOnAFatalErrorHidesTheWindowWhenItIsTheOnlyOne) {
   MakeTool();
   Push(Fatal(1000));
-  Asked();
+  All();
   Key(ErrorKey::kEscape);
   EXPECT_FALSE(view->visible);
-  EXPECT_THAT(Asked(), ElementsAre("wait", "hide", "HostToolClosed(0,2)",
-                                   "ZM_UPDATE_NERRORS number 1000 class 3 flash 500 count 1", "ready"));
+  EXPECT_THAT(All(), ElementsAre("view wait", "view hide", "HostToolClosed(0,2)",
+                                 "ZM_UPDATE_NERRORS number 1000 class 3 flash 500 count 1", "view ready"));
 }
 
 TEST_F(ErrorToolTest, EscapeOnAFatalErrorGoesToTheNext) {
@@ -672,13 +676,13 @@ TEST_F(ErrorToolTest, EscapeOnAFatalErrorGoesToTheNext) {
 TEST_F(ErrorToolTest, Error201ClosesThePanelAfterFiveSeconds) {
   MakeTool();
   Push(Kernel(201));
-  Asked();
+  All();
   timers.Advance(4999);
-  EXPECT_THAT(Asked(), Not(Contains("ZM_CLOSE7340(1,0)")));
+  EXPECT_THAT(All(), Not(Contains("ZM_CLOSE7340(1,0)")));
   timers.Advance(1);
-  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+  EXPECT_THAT(All(), Contains("ZM_CLOSE7340(1,0)"));
   timers.Advance(5000);
-  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)")) << "and again until it does";
+  EXPECT_THAT(All(), Contains("ZM_CLOSE7340(1,0)")) << "and again until it does";
 }
 
 TEST_F(ErrorToolTest, Error201ClosesThePanelForTheKernelsSourcesOnly) {
@@ -718,10 +722,10 @@ TEST_F(ErrorToolTest, AfterEscapeOnAFatalErrorThePanelClosesWhenTheQueueRunsEmpt
   MakeTool();
   Push(Fatal(201));
   Key(ErrorKey::kEscape);
-  Asked();
+  All();
   cnc.ClearErrors();
   Drain();
-  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+  EXPECT_THAT(All(), Contains("ZM_CLOSE7340(1,0)"));
   EXPECT_EQ(timers.Running(), 0u);
 }
 
@@ -729,10 +733,10 @@ TEST_F(ErrorToolTest, WithoutTheClosingTimerAnEmptyQueueClosesNothing) {
   MakeTool();
   Push(Fatal(1000));
   Key(ErrorKey::kEscape);
-  Asked();
+  All();
   cnc.ClearErrors();
   Drain();
-  EXPECT_THAT(Asked(), Not(Contains("ZM_CLOSE7340(1,0)")));
+  EXPECT_THAT(All(), Not(Contains("ZM_CLOSE7340(1,0)")));
 }
 
 TEST_F(ErrorToolTest, TheClosingTimerOutlivesAnOrdinaryReset) {
@@ -740,9 +744,9 @@ TEST_F(ErrorToolTest, TheClosingTimerOutlivesAnOrdinaryReset) {
   Push(Kernel(201));
   Key(ErrorKey::kEscape);
   EXPECT_FALSE(tool->IsActive());
-  Asked();
+  All();
   timers.Advance(5000);
-  EXPECT_THAT(Asked(), Contains("ZM_CLOSE7340(1,0)"));
+  EXPECT_THAT(All(), Contains("ZM_CLOSE7340(1,0)"));
 }
 
 // Help.
@@ -766,10 +770,10 @@ TEST_F(ErrorWithHelp, AskingForItHidesTheWindowAndOffersTheErrorToTheHost) {
   Define(false);
   MakeTool();
   Push(Kernel(2000));
-  Asked();
+  All();
   Click(error_id::kHelp);
-  EXPECT_THAT(Asked(),
-              ElementsAre("hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 2000 class 0 flash 500 count 1",
+  EXPECT_THAT(All(),
+              ElementsAre("view hide", "HostToolClosed(0,2)", "ZM_UPDATE_NERRORS number 2000 class 0 flash 500 count 1",
                           "HostShowError(0000A0,C:\\H.TXT#7,Error 2000 : broken)"));
   EXPECT_TRUE(tool->IsActive());
 }
@@ -779,20 +783,20 @@ TEST_F(ErrorWithHelp, TheWindowComesBackWhenTheHelpHasEnded) {
   MakeTool();
   Push(Kernel(2000));
   EXPECT_TRUE(tool->ShowHelp());
-  Asked();
+  All();
   tool->HelpEnded();
-  EXPECT_THAT(Asked(), ElementsAre(kCountZero, "HostToolOpening(0)", "show", "top", "focus"));
+  EXPECT_THAT(All(), ElementsAre(kCountZero, "HostToolOpening(0)", "view show", "view top", "view focus window"));
   tool->HelpEnded();
-  EXPECT_THAT(Asked(), IsEmpty()) << "it is there already";
+  EXPECT_THAT(All(), IsEmpty()) << "it is there already";
 }
 
 TEST_F(ErrorWithHelp, AnErrorThatOpensItsHelpByItselfLeavesTheWindowAway) {
   Define(true);
   MakeTool();
-  Asked();
+  All();
   Push(Kernel(2000));
   EXPECT_FALSE(view->visible);
-  EXPECT_THAT(Asked(), Contains("HostShowError(0000A0,C:\\H.TXT#7,Error 2000 : broken)"));
+  EXPECT_THAT(All(), Contains("HostShowError(0000A0,C:\\H.TXT#7,Error 2000 : broken)"));
 }
 
 TEST_F(ErrorWithHelp, WithoutAnErrorOrAReferenceThereIsNone) {
@@ -800,15 +804,15 @@ TEST_F(ErrorWithHelp, WithoutAnErrorOrAReferenceThereIsNone) {
   EXPECT_FALSE(tool->ShowHelp());
   tool->HelpEnded();
   Push(Kernel(1000));
-  Asked();
+  All();
   EXPECT_FALSE(tool->ShowHelp());
-  EXPECT_THAT(Asked(), IsEmpty());
+  EXPECT_THAT(All(), IsEmpty());
   EXPECT_TRUE(view->visible);
 }
 
 TEST_F(ErrorWithHelp, APlcErrorHasThePictureOnlyWithItsDescription) {
   MakeTool();
-  disc.disc["C:\\D.TXT"] = "there";
+  files.disc["C:\\D.TXT"] = "there";
   cnc.ErrorText("ReadPLCError", 1000, u"door", u"C:\\D.TXT#3", false);
   Push(RecordBuilder().Source(10));
   EXPECT_FALSE(view->Shows(error_id::kHelp));
@@ -831,16 +835,15 @@ TEST_F(ErrorToolTest, TheCurrentErrorIsWrittenInAtMost260Units) {
 TEST_F(ErrorToolTest, WithoutTheVariableNothingIsWritten) {
   cnc.Undefine(u"DM.HMI.ERROR.CURRENT");
   MakeTool();
-  Asked();
+  All();
   Push(Kernel(1000));
-  EXPECT_THAT(Asked(), Not(Contains(testing::HasSubstr("DM.HMI"))));
+  EXPECT_THAT(All(), Not(Contains(testing::HasSubstr("DM.HMI"))));
 }
 
 TEST_F(ErrorToolTest, TenThousandErrorsAtOnceAreAllCounted) {
   MakeTool();
   const ErrorRecord record = Kernel(1000);
-  for (int i = 0; i < 10000; ++i)
-    cnc.PushErrorRecord({reinterpret_cast<const char*>(record.bytes), sizeof record.bytes});
+  for (int i = 0; i < 10000; ++i) PushRecord(cnc, record);
   Drain();
   EXPECT_EQ(view->texts[error_id::kAfter], "9999");
   for (int i = 0; i < 10000; ++i) Key(ErrorKey::kEscape);
@@ -883,9 +886,9 @@ TEST_F(ErrorToolTest, AnyIndexAndCountOfTheKernelAreCountedRight) {
 TEST_F(ErrorToolTest, TheHostHearsTheLowHalfOfALongNumberAndItsClass) {
   MakeTool();
   Push(Warning(0x12345));
-  Asked();
+  All();
   tool->OnHotKey();
-  EXPECT_THAT(Asked(), Contains("ZM_UPDATE_NERRORS number " + std::to_string(0x2345) + " class 2 flash 500 count 1"));
+  EXPECT_THAT(All(), Contains("ZM_UPDATE_NERRORS number " + std::to_string(0x2345) + " class 2 flash 500 count 1"));
 }
 
 // Only the title box of such a source takes the colour of the error before.

@@ -8,6 +8,7 @@
 
 #include "host/language_pack.h"
 #include "host/shared_texts.h"
+#include "support/fake_utilities.h"
 #include "support/fake_window_system.h"
 #include "support/temp_folder.h"
 
@@ -16,23 +17,13 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// A panel that knows its paths and nothing else.
-class PathsOnly : public Utilities {
+/// Utilities that note which paths they are asked for.
+class PathsOnly final : public test::FakeUtilities {
  public:
   Text Get7340Path(int id) override {
     asked.push_back(id);
     return path;
   }
-  int ErrorText(ErrorTextFunction, std::int32_t, Z7340ERRORINFO_ST&) override { return -1; }
-  bool desc_to_txt(std::int32_t, Text&, TextView) override { return false; }
-  int UTIL7340_DriveStatus(int) override { return 1; }
-  void UTIL7340_CopyToClipboard_Text(WindowHandle, TextView) override {}
-  int Util7340_MarcaHelpAsignadaABloque(TextView, Text&) override { return -1; }
-  Rect UTIL7340_GetCNCRect() override { return {}; }
-  bool UTIL7340_AreSoftkeyMetricsStandard() override { return true; }
-  int UTIL7340_FitFontSize(int height) override { return height; }
-  int UTIL7340_FitHeight(int height) override { return height; }
-  bool UTIL7340_Is7335() override { return false; }
   Text path = u"C:\\P15";
   std::vector<int> asked;
 };

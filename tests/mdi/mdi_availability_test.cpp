@@ -4,130 +4,127 @@
 
 #include <gtest/gtest.h>
 
-#include "mdi_fakes.h"
+#include "support/strict_cnc.h"
 
 namespace pnl::test {
 namespace {
 
-struct World {
-  World() : cnc(log, windows) {
+struct World : StrictGround {
+  World() {
     cnc.vars.Define("DM.MDI.ENABLEC1", 1);
     for (const char* name : {"[1].E.PNLMODE", "[1].G.CNCAUTSTATUS", "[1].E.APISTATUS", "[1].G.STATUS"}) {
       cnc.vars.Define(name);
     }
     cnc.vars.Define("[1].MPG.CHTYPE", 2);
   }
-  Log log;
-  FakeWindowSystem windows;
-  FakeCnc cnc;
 };
 
 struct Row {
   const char* name;
-  void (*change)(FakeCnc&);
+  void (*change)(StrictCnc&);
   bool allowed;
 };
 
 // Why a row passes is only seen when everything behind it would pass too, so each starts from a machine at rest.
 const Row kRows[] = {
-    {"AtRest", [](FakeCnc&) {}, true},
-    {"EnableZero", [](FakeCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").value = 0; }, false},
-    {"EnableOther", [](FakeCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").value = -3; }, true},
-    {"EnableUnreadable", [](FakeCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").readable = false; }, false},
-    {"EnableAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("DM.MDI.ENABLEC1"); }, true},
-    {"NoKernel", [](FakeCnc& cnc) { cnc.kernel.returns["ExisteKernel"] = 1; }, false},
-    {"NegativeKernel", [](FakeCnc& cnc) { cnc.kernel.returns["ExisteKernel"] = -1; }, false},
-    {"ChannelTypeOne", [](FakeCnc& cnc) { cnc.vars.At("[1].MPG.CHTYPE").value = 1; }, false},
-    {"ChannelTypeZero", [](FakeCnc& cnc) { cnc.vars.At("[1].MPG.CHTYPE").value = 0; }, true},
-    {"ChannelTypeAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("[1].MPG.CHTYPE"); }, true},
+    {"AtRest", [](StrictCnc&) {}, true},
+    {"EnableZero", [](StrictCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").value = 0; }, false},
+    {"EnableOther", [](StrictCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").value = -3; }, true},
+    {"EnableUnreadable", [](StrictCnc& cnc) { cnc.vars.At("DM.MDI.ENABLEC1").readable = false; }, false},
+    {"EnableAbsent", [](StrictCnc& cnc) { cnc.vars.Undefine("DM.MDI.ENABLEC1"); }, true},
+    {"NoKernel", [](StrictCnc& cnc) { cnc.kernel.returns["ExisteKernel"] = 1; }, false},
+    {"NegativeKernel", [](StrictCnc& cnc) { cnc.kernel.returns["ExisteKernel"] = -1; }, false},
+    {"ChannelTypeOne", [](StrictCnc& cnc) { cnc.vars.At("[1].MPG.CHTYPE").value = 1; }, false},
+    {"ChannelTypeZero", [](StrictCnc& cnc) { cnc.vars.At("[1].MPG.CHTYPE").value = 0; }, true},
+    {"ChannelTypeAbsent", [](StrictCnc& cnc) { cnc.vars.Undefine("[1].MPG.CHTYPE"); }, true},
     {"ChannelTypeUnreadable",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].MPG.CHTYPE").value = 1;
        cnc.vars.At("[1].MPG.CHTYPE").readable = false;
      },
      true},
-    {"AutomaticWorkLowestBit", [](FakeCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000; }, false},
-    {"AutomaticWorkHighestBit", [](FakeCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x20000; }, false},
-    {"BitsBesideTheMask", [](FakeCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = ~0x3F000; }, true},
+    {"AutomaticWorkLowestBit", [](StrictCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000; }, false},
+    {"AutomaticWorkHighestBit", [](StrictCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x20000; }, false},
+    {"BitsBesideTheMask", [](StrictCnc& cnc) { cnc.vars.At("[1].G.CNCAUTSTATUS").value = ~0x3F000; }, true},
     {"AutomaticWorkInAPanelMode",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
        cnc.vars.At("[1].E.PNLMODE").value = 2;
      },
      true},
     {"AutomaticWorkPanelModeAbsent",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
        cnc.vars.Undefine("[1].E.PNLMODE");
      },
      false},
     {"AutomaticWorkPanelModeUnreadable",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
        cnc.vars.At("[1].E.PNLMODE").value = 2;
        cnc.vars.At("[1].E.PNLMODE").readable = false;
      },
      false},
-    {"AutomaticStatusAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("[1].G.CNCAUTSTATUS"); }, true},
+    {"AutomaticStatusAbsent", [](StrictCnc& cnc) { cnc.vars.Undefine("[1].G.CNCAUTSTATUS"); }, true},
     {"AutomaticStatusUnreadable",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
        cnc.vars.At("[1].G.CNCAUTSTATUS").readable = false;
      },
      true},
     {"ResetInspectSkipsTheStatusChecks",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
        cnc.vars.At("[1].E.APISTATUS").value = 1;
        cnc.vars.At("[1].G.STATUS").value = 2;
      },
      true},
     {"ResetInspectAfterTheEarlierChecks",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
        cnc.vars.At("DM.MDI.ENABLEC1").value = 0;
      },
      false},
     {"AutomaticWorkGoesBeforeResetInspect",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
        cnc.vars.At("[1].G.CNCAUTSTATUS").value = 0x1000;
      },
      false},
     {"TheKernelGoesBeforeResetInspect",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
        cnc.kernel.returns["ExisteKernel"] = 1;
      },
      false},
     {"ChannelTypeGoesBeforeResetInspect",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = 1;
        cnc.vars.At("[1].MPG.CHTYPE").value = 1;
      },
      false},
     {"ResetInspectSkipsTheApiStatusCheck",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.kernel.returns["IsMDIAllowedInResetInspect"] = -1;
        cnc.vars.Undefine("[1].E.APISTATUS");
      },
      true},
-    {"ApiStatusSet", [](FakeCnc& cnc) { cnc.vars.At("[1].E.APISTATUS").value = 1; }, false},
-    {"ApiStatusAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("[1].E.APISTATUS"); }, false},
+    {"ApiStatusSet", [](StrictCnc& cnc) { cnc.vars.At("[1].E.APISTATUS").value = 1; }, false},
+    {"ApiStatusAbsent", [](StrictCnc& cnc) { cnc.vars.Undefine("[1].E.APISTATUS"); }, false},
     {"ApiStatusUnreadable",
-     [](FakeCnc& cnc) {
+     [](StrictCnc& cnc) {
        cnc.vars.At("[1].E.APISTATUS").value = 1;
        cnc.vars.At("[1].E.APISTATUS").readable = false;
      },
      true},
-    {"StatusAbsent", [](FakeCnc& cnc) { cnc.vars.Undefine("[1].G.STATUS"); }, false},
-    {"StatusUnreadable", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").readable = false; }, false},
-    {"StatusTwo", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 2; }, false},
-    {"StatusFour", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 4; }, false},
-    {"StatusEight", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 8; }, false},
-    {"StatusOne", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 1; }, true},
-    {"StatusThree", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 3; }, true},
-    {"StatusSix", [](FakeCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 6; }, true},
+    {"StatusAbsent", [](StrictCnc& cnc) { cnc.vars.Undefine("[1].G.STATUS"); }, false},
+    {"StatusUnreadable", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").readable = false; }, false},
+    {"StatusTwo", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 2; }, false},
+    {"StatusFour", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 4; }, false},
+    {"StatusEight", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 8; }, false},
+    {"StatusOne", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 1; }, true},
+    {"StatusThree", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 3; }, true},
+    {"StatusSix", [](StrictCnc& cnc) { cnc.vars.At("[1].G.STATUS").value = 6; }, true},
 };
 
 class MdiAvailability : public testing::TestWithParam<Row> {};

@@ -129,10 +129,10 @@ TEST_F(MdiBlock, AFailedReadOfTheReportAnswersRefusedAndChangesNothing) {
   Start();
   cnc.vars.At("[1].G.FULLSTATUS").readable = false;
   Forget();
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
   EXPECT_THAT(All(), IsEmpty());
   cnc.vars.At("[1].G.FULLSTATUS").readable = true;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(HistoryShown(), ElementsAre("M3"));
 }
 
@@ -144,14 +144,14 @@ TEST_F(MdiBlock, AFailedReadAtTheStartKeySendsNothing) {
 }
 
 TEST_F(MdiBlock, AReportOfAnotherVariableDoesNothing) {
-  EXPECT_EQ(Send(kMsgVariableReport, 9999), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, 9999), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(MdiBlock, AReportForAChannelThatIsNotOpenDoesNothing) {
   Command(5);
   Forget();
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
@@ -195,11 +195,12 @@ TEST_F(MdiBlock, AnInterruptionOffersCancelWhereTheBlockCanBeCancelled) {
   Status(2);
   Forget();
   Status(4);
-  EXPECT_THAT(All(),
-              ElementsAre("side menu position", "PosibleMDICancel(1)=2",
-                          "black box \"MDI: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL BLOQUE (PosibleMDICancel = "
-                          "2)\",0",
-                          "main menu cancel"));
+  EXPECT_THAT(
+      All(),
+      ElementsAre("side menu position", "PosibleMDICancel(1)=2",
+                  "WriteTxtInBlackBox(\"MDI: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL BLOQUE (PosibleMDICancel = "
+                  "2)\",0)=0",
+                  "main menu cancel"));
   Menu(40000);
   EXPECT_THAT(All(), ElementsAre("MDICancel(1)=0"));
   EXPECT_TRUE(IsRunning());

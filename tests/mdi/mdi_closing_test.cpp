@@ -11,7 +11,7 @@ using testing::IsEmpty;
 const Log kGivenBack = {"CogerPlcFree(0,1)=1",     "close report [1].G.FULLSTATUS",
                         "ToolNotify 42 channel 1", "SetMdi(1,0)=1",
                         "EndMDIMode(1)=1",         "SetMode(1,0)=1",
-                        "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 flag 1",
+                        "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 ok flag 1",
                         "clear message",           "HostToolClosed(6,2)"};
 
 using MdiClosing = MdiTest;
@@ -154,7 +154,8 @@ TEST_F(MdiClosing, Code10MovesTheMarkToTheWordOfTheNewMode) {
   Open();
   Forget();
   EXPECT_EQ(Command(10, Mode(1, 1)), 0);
-  EXPECT_THAT(All(), ElementsAre("write [1].G.CNCAUTSTATUS=0 flag 1", "write [1].G.CNCMANSTATUS=268435456 flag 1"));
+  EXPECT_THAT(All(),
+              ElementsAre("write [1].G.CNCAUTSTATUS=0 ok flag 1", "write [1].G.CNCMANSTATUS=268435456 ok flag 1"));
   Command(5);
   EXPECT_THAT(Asked(), testing::Contains("SetMode(1,1)=1"));
 }

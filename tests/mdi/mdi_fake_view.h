@@ -1,37 +1,30 @@
 // SPDX-License-Identifier: MIT
-// A window of the command line without a window: keeps what the logic set, gives focus events back as the window system
-// does, writes every order into the log with the prefix "view ". Once dead, nothing may be asked of it.
+// A window of the command line without a window: gives focus events back as the window system does, and has an edit, a
+// list and a drop list that behave as the real ones.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <memory>
+#include <vector>
 
 #include "mdi/mdi_drop_list.h"
-#include "mdi/mdi_execution.h"
-#include "mdi_fakes.h"
+#include "mdi/mdi_session.h"
+#include "support/fake_view.h"
 
 namespace pnl::test {
 
-class FakeMdiView final : public MdiView {
+class FakeMdiView final : public FakeView<MdiView> {
  public:
-  enum class Focus { kElsewhere, kNone, kWindow, kEdit, kList };
+  FakeMdiView(Log& log, FakeWindowSystem& windows) : FakeView(log, windows), windows_(windows) {}
 
-  FakeMdiView(Log& log, FakeWindowSystem& windows) : log_(log), windows_(windows), handle_(windows.Open()) {}
-
-  std::shared_ptr<MdiExecution> execution;
-  bool dead = false;
-  Rect parent{0, 0, 800, 600};
+  std::weak_ptr<MdiSession> session;
   Rect editScreen{165, 571, 834, 601};
-  bool visible = false;
   MdiLayout layout;
   Text title;
   int blinking = 0;
   std::uint32_t signFore = 0;
   std::uint32_t signBack = 0;
-  Focus focus = Focus::kElsewhere;
   Text edit;
-  MdiSelection selection;
+  TextSelection selection;
   bool readOnly = false;
   std::vector<Text> items;
   int selected = -1;
@@ -41,31 +34,15 @@ class FakeMdiView final : public MdiView {
   int dropSelected = -1;
   std::unique_ptr<MdiDropList> dropList;
 
-  [[nodiscard]] std::vector<std::string> Items() const {
-    std::vector<std::string> all;
-    for (const Text& item : items) all.push_back(ToUtf8(item));
-    return all;
-  }
+  [[nodiscard]] std::vector<std::string> Items() const { return Utf8Rows(items); }
 
-  [[nodiscard]] WindowHandle Handle() const override { return Asked(), handle_; }
-  [[nodiscard]] Rect ParentClientRect() const override { return Asked(), parent; }
-  [[nodiscard]] bool IsVisible() const override { return Asked(), visible; }
-  void Show() override { Order("show"), visible = true; }
-  void Hide() override {
-    Order("hide");
-    visible = false;
-    Move(Focus::kElsewhere);
-  }
-  void BringToTop() override { Order("top"); }
   void Place(const MdiLayout& placed) override { Order("place"), layout = placed; }
-  void SetTitle(TextView text) override { Order("title " + ToUtf8(text)), title = Text(text); }
-  void SetTitleBlinking(int period) override { Order("blink " + std::to_string(period)), blinking = period; }
+  void SetTitle(TextView text) override { Order("title ", text), title = Text(text); }
+  void SetTitleBlinking(int period) override { Order("blink ", period), blinking = period; }
   void SetSignColors(std::uint32_t fore, std::uint32_t back) override {
-    Order("sign");
-    signFore = fore;
-    signBack = back;
+    Order("sign"), signFore = fore, signBack = back;
   }
-  // Nothing of the logic may touch the view behind a move: the host, told when the focus has settled, may have ended
+  // Nothing of the logic may touch the view after a move: the host hears when the focus has settled, and may have ended
   // it.
   void FocusWindow() override {
     Order("focus window");
@@ -79,25 +56,21 @@ class FakeMdiView final : public MdiView {
     Order("focus list");
     if (visible && listEnabled && layout.listShown) Move(Focus::kList);
   }
-  void ClearFocus() override {
-    Order("clear focus");
-    if (visible) Move(Focus::kNone);
-  }
   [[nodiscard]] Text EditText() const override { return Asked(), edit; }
   void SetEditText(TextView text) override {
-    Order("edit \"" + ToUtf8(text) + "\"");
+    Order("edit \"", text, "\"");
     edit = Text(text);
     selection = {};
   }
-  [[nodiscard]] MdiSelection EditSelection() const override { return Asked(), selection; }
-  void SetEditSelection(MdiSelection wanted) override {
-    Order("select " + std::to_string(wanted.start) + "," + std::to_string(wanted.end));
+  [[nodiscard]] TextSelection EditSelection() const override { return Asked(), selection; }
+  void SetEditSelection(TextSelection wanted) override {
+    Order("select ", wanted.start, ",", wanted.end);
     const int length = static_cast<int>(edit.size());
-    selection = wanted.start < 0 ? MdiSelection{selection.end, selection.end}
-                                 : MdiSelection{std::min(wanted.start, length), std::min(wanted.end, length)};
+    selection = wanted.start < 0 ? TextSelection{selection.end, selection.end}
+                                 : TextSelection{std::min(wanted.start, length), std::min(wanted.end, length)};
   }
   void ReplaceEditSelection(TextView text) override {
-    Order("replace selection \"" + ToUtf8(text) + "\"");
+    Order("replace selection \"", text, "\"");
     const auto start = static_cast<std::size_t>(selection.start);
     edit.replace(start, static_cast<std::size_t>(selection.end) - start, text);
     const int caret = selection.start + static_cast<int>(text.size());
@@ -113,7 +86,7 @@ class FakeMdiView final : public MdiView {
   }
   [[nodiscard]] int ListSelection() const override { return Asked(), selected; }
   void SetListSelection(int index) override {
-    Order("list select " + std::to_string(index));
+    Order("list select ", index);
     if (index == -1 || IsItem(index)) selected = index;
   }
   void FillList(const TextRows& all) override {
@@ -122,17 +95,17 @@ class FakeMdiView final : public MdiView {
     selected = -1;
   }
   void InsertListItem(int index, TextView text) override {
-    Order("list insert " + std::to_string(index) + " \"" + ToUtf8(text) + "\"");
+    Order("list insert ", index, " \"", text, "\"");
     if (index < 0 || index > static_cast<int>(items.size())) return;
     items.insert(items.begin() + index, Text(text));
     if (selected >= index) ++selected;
   }
   void ReplaceListItem(int index, TextView text) override {
-    Order("list replace " + std::to_string(index) + " \"" + ToUtf8(text) + "\"");
+    Order("list replace ", index, " \"", text, "\"");
     if (IsItem(index)) items[static_cast<std::size_t>(index)] = Text(text);
   }
   void DeleteListItem(int index) override {
-    Order("list delete " + std::to_string(index));
+    Order("list delete ", index);
     if (!IsItem(index)) return;
     items.erase(items.begin() + index);
     if (selected == index) selected = -1;
@@ -149,7 +122,7 @@ class FakeMdiView final : public MdiView {
     if (spec.items != nullptr) dropItems.assign(spec.items->begin(), spec.items->end());
     dropSpec.items = nullptr;
     dropSelected = dropItems.empty() ? -1 : 0;
-    dropList = std::make_unique<MdiDropList>(windows_, handle_);
+    dropList = std::make_unique<MdiDropList>(windows_, handle);
     Move(Focus::kElsewhere);
   }
   void CloseDropList() override {
@@ -165,12 +138,11 @@ class FakeMdiView final : public MdiView {
   [[nodiscard]] Text DropListPicked() const override { return Asked(), dropList ? dropList->GetText() : Text(); }
 
   /// The focus goes somewhere, with the events that this brings.
-  void Move(Focus to) {
+  void Move(Focus to) override {
     ++moves_;
     Arrive(to);
     if (--moves_ != 0 || !std::exchange(listGotFocus_, false)) return;
-    const std::shared_ptr<MdiExecution> logic = execution;
-    if (logic) logic->OnFocusSettled();
+    Tell(&MdiSession::OnFocusSettled);
   }
   void OkInDropList() {
     if (dropList) dropList->Accept(DropListSelection());
@@ -183,28 +155,23 @@ class FakeMdiView final : public MdiView {
 
  private:
   [[nodiscard]] bool IsItem(int index) const { return index >= 0 && index < static_cast<int>(items.size()); }
-  void Asked() const { EXPECT_FALSE(dead) << "asked of a window that is gone"; }
+  template <typename... Args>
+  void Tell(void (MdiSession::*event)(Args...), Args... args) {
+    RunOperation(session.lock(), [&](MdiSession& logic) { (logic.*event)(args...); });
+  }
   void Arrive(Focus to) {
     if (to == focus) return;
     const Focus from = focus;
     focus = to;
-    const std::shared_ptr<MdiExecution> logic = execution;
-    if (!logic) return;
-    if (from == Focus::kEdit) logic->OnEditFocus(false);
-    if (focus != to) return;
-    if (to == Focus::kWindow) logic->OnWindowFocus();
-    if (to == Focus::kEdit) logic->OnEditFocus(true);
+    if (from == Focus::kEdit) Tell(&MdiSession::OnEditFocus, false);
+    if (session.expired() || focus != to) return;
+    if (to == Focus::kWindow) Tell(&MdiSession::OnWindowFocus);
+    if (to == Focus::kEdit) Tell(&MdiSession::OnEditFocus, true);
     if (to != Focus::kList) return;
     listGotFocus_ = true;
-    logic->OnListFocus();
+    Tell(&MdiSession::OnListFocus);
   }
-  void Order(const std::string& line) {
-    Asked();
-    log_.push_back("view " + line);
-  }
-  Log& log_;
   FakeWindowSystem& windows_;
-  WindowHandle handle_;
   int moves_ = 0;
   bool listGotFocus_ = false;
   std::vector<std::unique_ptr<MdiDropList>> buried_;

@@ -1,40 +1,37 @@
 // SPDX-License-Identifier: MIT
-// A whole command line on a machine of fakes: host, control, disc, language and window, with one log of everything that
-// was asked, in order.
+// A whole command line on a CNC that is strict about its interlock and its cache, and what operator, control and host
+// do with it.
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "host/language_pack.h"
-#include "mdi/mdi_execution.h"
+#include "mdi/mdi_session.h"
 #include "mdi_fake_view.h"
-#include "mdi_fakes.h"
-#include "support/memory_files.h"
-#include "window/timers.h"
+#include "support/strict_cnc.h"
 
 namespace pnl::test {
 
-class MdiRig {
+class MdiRig : public ToolStage<StrictGround, FakeMdiView, MdiSession> {
  public:
   MdiRig();
-  ~MdiRig();
-  MdiRig(const MdiRig&) = delete;
-  MdiRig& operator=(const MdiRig&) = delete;
+  ~MdiRig() { DestroyTool(); }
 
   /// Makes the window and its logic anew; what was there is destroyed first.
   void MakeTool();
-  void DestroyTool();
 
-  std::intptr_t Send(std::uint32_t number, std::intptr_t first, std::intptr_t second = 0);
-  std::intptr_t Command(std::intptr_t code, std::intptr_t argument = 1) {
-    return Send(kMsgToolCommand, code, argument);
+  std::intptr_t Send(std::uint32_t number, std::intptr_t first, std::intptr_t second = 0) {
+    return Answer({number, first, second}).value_or(-1);
   }
-  void Menu(int id) { Send(kMsgCommand, id); }
-  bool Key(MdiKey key) { return tool->OnKey(key); }
+  std::intptr_t Command(std::intptr_t code, std::intptr_t argument = 1) {
+    return Send(PNL_MSG_TOOL_COMMAND, code, argument);
+  }
+  void Menu(int id) { Send(PNL_MSG_COMMAND, id); }
+  bool Key(MdiKey key);
+  /// The answer to a message, as the window's sender gets it; nothing for one that the tool doesn't know, or from a
+  /// tool that has ended before.
+  std::optional<std::intptr_t> Answer(const Message& message);
   /// The cycle start key for a channel.
   std::intptr_t Start(int channel = 1);
   /// Types over all that the edit holds.
@@ -48,33 +45,13 @@ class MdiRig {
   /// Opens in MDA role with a list, the focus on its first item.
   void OpenMda(const std::string& listFile = "");
 
-  /// What was asked of host, control and disc since the last call, without the view's orders.
-  Log Asked();
-  /// The same with the view's orders.
-  Log All();
-  void Forget() { log.clear(); }
-  [[nodiscard]] const MenuItem* MdaItem(int id);
+  [[nodiscard]] const MenuItem* MdaItem(int id) { return menus.FindItem(mdaMenu, id); }
   [[nodiscard]] std::string MenuName(std::uint32_t menu);
   [[nodiscard]] std::string Disc(const std::string& name) { return files.disc["C:\\P108\\" + name]; }
   [[nodiscard]] std::vector<std::string> HistoryShown();
 
-  Log log;
-  FakeWindowSystem windows;
-  FakeCnc cnc;
-  MemoryFiles files;
-  MenuTable menus;
-  ManualTimers timers;
-  Language language;
-  HostApiTable table = {};
-  HostBridge host;
-  ToolContext context;
-  WindowHandle hostWindow;
-  std::unique_ptr<FakeMdiView> view;
-  std::shared_ptr<MdiExecution> tool;
+  const WindowHandle hostWindow = windows.Open();
   MenuHandle mdaMenu = 0;
-  std::function<void(const std::string&)> onHostCall;  // after it was logged
-
-  static MdiRig* current;
 };
 
 class MdiTest : public testing::Test, public MdiRig {};

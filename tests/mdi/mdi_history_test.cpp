@@ -6,8 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failing_files.h"
-#include "mdi_fakes.h"
-#include "support/memory_files.h"
+#include "support/strict_cnc.h"
 
 namespace pnl::test {
 namespace {
@@ -19,9 +18,9 @@ constexpr const char* kHistory = "C:\\P108\\MDIC1.DAT";
 constexpr const char* kList = "C:\\P108\\MDAC1.DAT";
 constexpr const char* kIni = "C:\\P108\\MDIMAN.INI";
 
-class MdiHistoryTest : public testing::Test {
+class MdiHistoryTest : public testing::Test, public StrictGround {
  protected:
-  MdiHistoryTest() : cnc(log, windows), settings(files, cnc.utilities), history(files, cnc.utilities, settings) {}
+  MdiHistoryTest() : settings(files, cnc.utilities), history(files, cnc.utilities, settings) {}
 
   void Load() {
     settings.Open();
@@ -29,10 +28,6 @@ class MdiHistoryTest : public testing::Test {
   }
   void Limit(const std::string& items) { files.disc[kIni] = "[PRIVATE]\r\nNItems=" + items + "\r\n"; }
 
-  Log log;
-  FakeWindowSystem windows;
-  FakeCnc cnc;
-  MemoryFiles files;
   MdiSettings settings;
   MdiHistory history;
   MDIDATA_ST record{cnc.vars, 1};

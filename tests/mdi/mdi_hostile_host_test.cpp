@@ -44,9 +44,9 @@ void Inspect(MdiRig& rig) {
   rig.Drain();
 }
 void AutomaticWork(MdiRig& rig) { rig.cnc.vars.At("[1].G.CNCAUTSTATUS").value |= 0x1000; }
-void AskAgain(MdiRig& rig) { rig.Send(kMsgToolNotify, 1, 1); }
-void FileChosen(MdiRig& rig) { rig.Send(kMsgResultReady, 2); }
-void CalcResult(MdiRig& rig) { rig.Send(kMsgResultReady, 1); }
+void AskAgain(MdiRig& rig) { rig.Send(PNL_MSG_TOOL_NOTIFY, 1, 1); }
+void FileChosen(MdiRig& rig) { rig.Send(PNL_MSG_RESULT_READY, 2); }
+void CalcResult(MdiRig& rig) { rig.Send(PNL_MSG_RESULT_READY, 1); }
 
 const Operation kOperations[] = {
     {"Opening", {}, {OpenIt}},
@@ -54,6 +54,8 @@ const Operation kOperations[] = {
     {"Hiding", {OpenIt}, {Command<3>}},
     {"ShowingAgain", {OpenIt, Command<3>}, {Command<4>}},
     {"Closing", {OpenIt}, {Command<5>}},
+    {"ClosingWhileAnItemIsEdited", {OpenList, Menu<32773>}, {Command<5>}},
+    {"ACloseThatWaitsForAnInterruptedBlock", {OpenIt, Run, Running, Interrupted}, {Command<5>, Ready}},
     {"ClosingWhileInspecting", {OpenIt, Inspect}, {Command<6>}},
     {"RestoringTheCaret", {OpenList, FocusElsewhere}, {Command<7>}},
     {"SwitchingRoles", {OpenIt}, {Command<8>, Command<8>}},
@@ -150,6 +152,73 @@ TEST_F(MdiEndInTheMiddle, ABlockThatHasRunIsStoredAlthoughTheWindowEndedWithItsM
   }
 }
 
+using MdiShownInTheMiddle = MdiTest;
+
+TEST_F(MdiShownInTheMiddle, ABlockIsInTheListOnceAlthoughTheHostShowedTheToolWithItsMenus) {
+  OpenMda("M0\r\n");
+  Menu(mdi_command::kNewItem);
+  Type("M3");
+  Start();
+  Status(2);
+  Status(4);
+  onHostCall = [this](const std::string& call) {
+    if (!call.starts_with("main menu")) return;
+    onHostCall = nullptr;
+    EXPECT_EQ(Command(4), 0);
+  };
+  Status(1);
+  EXPECT_FALSE(onHostCall) << "the host got no menus";
+  EXPECT_EQ(view->Items(), (std::vector<std::string>{"M3", "M0"}));
+  Menu(mdi_command::kNewItem);
+  EXPECT_FALSE(view->readOnly) << "the edit of the item has ended, so that another can begin";
+}
+
+TEST_F(MdiEndInTheMiddle, AnOpeningThatTheHostEndsIsAnsweredAsRefused) {
+  for (const char* last : {"HostToolOpening(6)", "ToolNotify 41 channel 1", "side menu position", "main menu none"}) {
+    for (const int code : {2, 4}) {
+      MakeTool();
+      // Showing again answers so only as long as nothing of it has been done.
+      const bool opens = code == 2 || std::string(last) == "HostToolOpening(6)";
+      if (code == 4) {
+        Open();
+        Command(3);
+      }
+      onHostCall = [&](const std::string& call) {
+        if (call == last) DestroyTool();
+      };
+      EXPECT_EQ(Command(code), opens ? -200 : 0) << code << ", " << last;
+      onHostCall = nullptr;
+      EXPECT_EQ(tool, nullptr) << code << ", " << last;
+    }
+  }
+}
+
+TEST_F(MdiEndInTheMiddle, AKeyThatEndsTheWindowIsConsumed) {
+  Open();
+  onHostCall = [this](const std::string&) {
+    if (tool) DestroyTool();
+  };
+  EXPECT_TRUE(Key(MdiKey::kEscape));
+  EXPECT_EQ(tool, nullptr);
+}
+
+TEST_F(MdiEndInTheMiddle, AWindowThatEndsBeforeTheInterlockIsTakenTakesNone) {
+  // The edit's end updates the menus, once with the focus and once at last.
+  for (int fatal : {1, 2}) {
+    MakeTool();
+    OpenMda("A\r\n");
+    Menu(32773);
+    onHostCall = [&](const std::string&) {
+      if (--fatal == 0) DestroyTool();
+    };
+    Forget();
+    Command(5);
+    onHostCall = nullptr;
+    ASSERT_EQ(tool, nullptr);
+    EXPECT_EQ(cnc.kernel.grants, 0);
+  }
+}
+
 TEST_F(MdiEndInTheMiddle, AChannelBeingGivenBackIsGivenBackWhole) {
   Command(2);
   onHostCall = [this](const std::string& call) {
@@ -160,7 +229,7 @@ TEST_F(MdiEndInTheMiddle, AChannelBeingGivenBackIsGivenBackWhole) {
   onHostCall = nullptr;
   ASSERT_EQ(tool, nullptr);
   EXPECT_THAT(Asked(), testing::IsSupersetOf({"SetMdi(1,0)=1", "EndMDIMode(1)=1", "SetMode(1,0)=1",
-                                              "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 flag 1"}));
+                                              "LiberarPlcFree(0,1,1)=1", "write [1].G.CNCAUTSTATUS=0 ok flag 1"}));
   EXPECT_EQ(cnc.kernel.grants, 0);
 }
 

@@ -22,7 +22,7 @@ class MdiInspection : public MdiTest {
 };
 
 TEST_F(MdiInspection, TheRecordOpensItsReportAndClearsTheStartRequest) {
-  EXPECT_THAT(made_, testing::IsSupersetOf({"open report [1].E.INSPECSTATUS", "write [1].E.STARTONMDI=0"}));
+  EXPECT_THAT(made_, testing::IsSupersetOf({"open report [1].E.INSPECSTATUS", "write [1].E.STARTONMDI=0 ok"}));
   EXPECT_EQ(cnc.vars.OpenReports(), 2u);
 }
 
@@ -37,7 +37,7 @@ TEST_F(MdiInspection, TheStartKeyAsksTheControlAndSendsNothing) {
   Inspect(2);
   Type("M3");
   EXPECT_EQ(Start(), 0);
-  EXPECT_THAT(All(), ElementsAre("write [1].E.STARTONMDI=1"));
+  EXPECT_THAT(All(), ElementsAre("write [1].E.STARTONMDI=1 ok"));
 }
 
 TEST_F(MdiInspection, TheBlockLeavesWhenTheControlSaysSo) {
@@ -82,7 +82,7 @@ TEST_P(MdiDiversion, HoldsForStatusBytes1And2And4) {
   cnc.vars.At("[1].G.FULLSTATUS").value = GetParam().byte << 8 | 4;
   EXPECT_EQ(Start(), 0);
   const Log asked = Asked();
-  EXPECT_EQ(!asked.empty() && asked[0] == "write [1].E.STARTONMDI=1", GetParam().diverted);
+  EXPECT_EQ(!asked.empty() && asked[0] == "write [1].E.STARTONMDI=1 ok", GetParam().diverted);
   EXPECT_LE(asked.size(), 1u);
 }
 
@@ -124,16 +124,16 @@ TEST_F(MdiBothReports, EachIsHandledOnceAndNoBlockIsSentTwice) {
 
 TEST_F(MdiBothReports, TheStatusAnswersForItsOwnReportOnly) {
   cnc.vars.At("[1].E.INSPECSTATUS").value = 1;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), 0);
   EXPECT_THAT(Asked(), IsEmpty()) << "no hint: the inspection's report is still to come";
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
   EXPECT_THAT(Asked(), ElementsAre("message \"Hint MDI\""));
 }
 
 TEST_F(MdiBothReports, AnUnreadableStatusAnswersRefusedForItsOwnReportOnly) {
   cnc.vars.At("[1].G.FULLSTATUS").readable = false;
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
-  EXPECT_EQ(Send(kMsgVariableReport, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS")), -200);
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].E.INSPECSTATUS")), 0);
 }
 
 TEST_F(MdiBothReports, TheSecondIsNotAnsweredWhenTheFirstGaveTheChannelBack) {
@@ -199,10 +199,10 @@ TEST_F(MdiInspection, LeavingTheChannelEndsTheInspection) {
   Forget();
   Command(5);
   const Log asked = Asked();
-  EXPECT_THAT(asked, testing::Contains("write [1].E.INSPECSTATUS=0"));
-  const auto mark = std::find(asked.begin(), asked.end(), "write [1].G.CNCAUTSTATUS=0 flag 1");
+  EXPECT_THAT(asked, testing::Contains("write [1].E.INSPECSTATUS=0 ok"));
+  const auto mark = std::find(asked.begin(), asked.end(), "write [1].G.CNCAUTSTATUS=0 ok flag 1");
   ASSERT_NE(mark, asked.end());
-  EXPECT_EQ(*(mark + 1), "write [1].E.INSPECSTATUS=0");
+  EXPECT_EQ(*(mark + 1), "write [1].E.INSPECSTATUS=0 ok");
 }
 
 TEST_F(MdiInspection, Code6ClosesOnlyDuringAnInspection) {

@@ -155,7 +155,7 @@ TEST_F(MdiDropping, ACancelledListGivesTheSelectionBack) {
   view->selection = {};
   view->CancelInDropList();
   EXPECT_EQ(view->edit, u"G0 X1");
-  EXPECT_EQ(view->selection, (MdiSelection{2, 4}));
+  EXPECT_EQ(view->selection, (TextSelection{2, 4}));
   EXPECT_EQ(view->focus, Focus::kEdit);
   EXPECT_EQ(view->dropList, nullptr);
 }
@@ -184,18 +184,18 @@ TEST_F(MdiDropping, EscapeClosesTheListAndStops) {
 }
 
 TEST_F(MdiDropping, APressOpensAndClosesTheList) {
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   ASSERT_NE(view->dropList, nullptr);
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   EXPECT_EQ(view->dropList, nullptr);
 }
 
 TEST_F(MdiDropping, ThePressThatEndedTheListDoesNotOpenItAgain) {
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   view->CancelInDropList();
-  tool->OnLeftPress(true);
+  Tell([](MdiSession& session) { session.OnLeftPress(true); });
   EXPECT_EQ(view->dropList, nullptr);
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   EXPECT_NE(view->dropList, nullptr);
   view->CancelInDropList();
 }
@@ -203,11 +203,11 @@ TEST_F(MdiDropping, ThePressThatEndedTheListDoesNotOpenItAgain) {
 TEST_F(MdiDropping, NothingDropsOutsideMdiRoleInState1) {
   Type("M3");
   Start();
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   EXPECT_EQ(view->dropList, nullptr);
   Status(1);
   Command(8);
-  tool->OnLeftPress(false);
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
   EXPECT_EQ(view->dropList, nullptr);
 }
 
@@ -319,9 +319,9 @@ TEST_F(MdiKeys, TheFocusRestoresTheSelectionAndShowsTheCaret) {
   Command(7);
   view->selection = {};
   Forget();
-  tool->OnEditFocus(true);
+  Tell([](MdiSession& session) { session.OnEditFocus(true); });
   EXPECT_THAT(All(), ElementsAre("view select 5,5", "view scroll caret", "view redraw edit"));
-  tool->OnEditFocus(false);
+  Tell([](MdiSession& session) { session.OnEditFocus(false); });
   EXPECT_THAT(All(), ElementsAre("view redraw edit"));
 }
 

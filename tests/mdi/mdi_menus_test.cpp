@@ -206,16 +206,16 @@ TEST_F(MdiMenus, TheMdaBarsOfAnInterruptionHoldCancelOrTheMdaMenu) {
   cnc.kernel.returns["PosibleMDICancel"] = 2;
   Interrupt("");
   EXPECT_THAT(Asked(), ElementsAre("PosibleMDICancel(1)=2",
-                                   "black box \"MDA: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL "
-                                   "BLOQUE(PosibleMDICancel = 2)\",0",
+                                   "WriteTxtInBlackBox(\"MDA: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL "
+                                   "BLOQUE(PosibleMDICancel = 2)\",0)=0",
                                    "main menu cancel", "side menu none"));
   cnc.kernel.returns["PosibleMDICancel"] = 0;
   Status(2);
   Forget();
   Status(4);
   EXPECT_THAT(Asked(), ElementsAre("PosibleMDICancel(1)=0",
-                                   "black box \"MDA: BLOQUE INTERRUMPIDO: NO ES POSIBLE CANCELAR EL "
-                                   "BLOQUE(PosibleMDICancel = 0)\",0",
+                                   "WriteTxtInBlackBox(\"MDA: BLOQUE INTERRUMPIDO: NO ES POSIBLE CANCELAR EL "
+                                   "BLOQUE(PosibleMDICancel = 0)\",0)=0",
                                    "main menu mda", "side menu none"));
   EXPECT_THAT(Enabled(), IsEmpty());
 }
@@ -224,7 +224,7 @@ TEST_F(MdiMenus, InAnInterruptionTheBarIsNotUpdated) {
   OpenMda("A\r\n");
   Interrupt("");
   Forget();
-  tool->OnListFocus();
+  Tell([](MdiSession& session) { session.OnListFocus(); });
   EXPECT_THAT(Asked(), IsEmpty());
   EXPECT_THAT(Enabled(), IsEmpty());
 }
@@ -247,7 +247,7 @@ TEST_P(MdiBlackBox, LearnsTheOutcomeInTheExactWords) {
   }
   cnc.kernel.returns["PosibleMDICancel"] = GetParam().possible;
   Interrupt("");
-  EXPECT_THAT(Asked(), testing::Contains(std::string("black box \"") + GetParam().text + "\",0"));
+  EXPECT_THAT(Asked(), testing::Contains(std::string("WriteTxtInBlackBox(\"") + GetParam().text + "\",0)=0"));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -12,7 +12,7 @@ using MdiMessages = MdiTest;
 
 TEST_F(MdiMessages, ANumberThatIsNotTheToolsIsNotAnswered) {
   for (const std::uint32_t number : {0u, 0x10u, 0x701u, 0x803u, 0x807u, 0xC123u}) {
-    EXPECT_EQ(tool->OnMessage({number, 1, 1}), std::nullopt) << number;
+    EXPECT_EQ(Answer({number, 1, 1}), std::nullopt) << number;
   }
 }
 
@@ -20,8 +20,8 @@ TEST_F(MdiMessages, CycleStartWithoutARecordAnswers0) {
   Open();
   Type("M3");
   Forget();
-  EXPECT_EQ(Send(kMsgCycleStart, 1, 0), 0);
-  EXPECT_EQ(Send(kMsgCycleStart, 2, 0), 0);
+  EXPECT_EQ(Send(PNL_MSG_CYCLE_START, 1, 0), 0);
+  EXPECT_EQ(Send(PNL_MSG_CYCLE_START, 2, 0), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
@@ -30,22 +30,22 @@ TEST_F(MdiMessages, CycleStartReadsOnlyTheChannelsByteOfTheRecord) {
   Type("M3");
   Forget();
   const std::unique_ptr<unsigned char[]> record(new unsigned char[5]{9, 9, 9, 9, 1});
-  EXPECT_EQ(Send(kMsgCycleStart, 1, reinterpret_cast<std::intptr_t>(record.get())), 0);
+  EXPECT_EQ(Send(PNL_MSG_CYCLE_START, 1, reinterpret_cast<std::intptr_t>(record.get())), 0);
   EXPECT_THAT(Asked(), testing::Contains("MDILine(0,\"M3\",0,4,0)=0"));
 }
 
 TEST_F(MdiMessages, TheThirdCycleStartIsReservedAndOthersRefused) {
   PnlCycleStart record = {};
   const auto address = reinterpret_cast<std::intptr_t>(&record);
-  EXPECT_EQ(Send(kMsgCycleStart, 3, address), -203);
-  EXPECT_EQ(Send(kMsgCycleStart, 3, 0), -203);
-  for (const std::intptr_t first : {0, 4, -1, 100}) EXPECT_EQ(Send(kMsgCycleStart, first, address), -200) << first;
+  EXPECT_EQ(Send(PNL_MSG_CYCLE_START, 3, address), -203);
+  EXPECT_EQ(Send(PNL_MSG_CYCLE_START, 3, 0), -203);
+  for (const std::intptr_t first : {0, 4, -1, 100}) EXPECT_EQ(Send(PNL_MSG_CYCLE_START, first, address), -200) << first;
 }
 
 TEST_F(MdiMessages, WhetherCycleStartMayBeRefusedDependsOnTheInspection) {
   PnlCycleStart record = {};
   record.channel = 1;
-  const auto ask = [&] { return Send(kMsgCycleStart, 2, reinterpret_cast<std::intptr_t>(&record)); };
+  const auto ask = [&] { return Send(PNL_MSG_CYCLE_START, 2, reinterpret_cast<std::intptr_t>(&record)); };
   EXPECT_EQ(ask(), 1);
   cnc.vars.At("[1].E.INSPECSTATUS").value = 3;
   EXPECT_EQ(ask(), 1) << "without the inspection variables there is no inspection";
@@ -61,32 +61,32 @@ TEST_F(MdiMessages, WhetherCycleStartMayBeRefusedDependsOnTheInspection) {
 
 TEST_F(MdiMessages, TheHostMayAskForTheTakenChannelAgain) {
   Forget();
-  EXPECT_EQ(Send(kMsgToolNotify, 1, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 1, 1), 0);
   EXPECT_THAT(All(), IsEmpty());
   Open();
   Forget();
-  EXPECT_EQ(Send(kMsgToolNotify, 1, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 1, 1), 0);
   EXPECT_THAT(All(), ElementsAre("ToolNotify 41 channel 1"));
-  EXPECT_EQ(Send(kMsgToolNotify, 1, 2), 0);
-  EXPECT_EQ(Send(kMsgToolNotify, 2, 1), 0);
-  EXPECT_EQ(Send(kMsgToolNotify, 79, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 1, 2), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 2, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 79, 1), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(MdiMessages, OtherResultsAnswer0) {
   Open();
   Forget();
-  for (const std::intptr_t first : {0, 3, 4, -1}) EXPECT_EQ(Send(kMsgResultReady, first), 0);
+  for (const std::intptr_t first : {0, 3, 4, -1}) EXPECT_EQ(Send(PNL_MSG_RESULT_READY, first), 0);
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(MdiMessages, TheCalculatorsResultReplacesTheSelection) {
   Open();
   Type("G0 X100 Z3");
-  view->execution->OnEditFocus(false);
+  Tell([](MdiSession& session) { session.OnEditFocus(false); });
   view->selection = {4, 7};
   cnc.vars.At("E.CALCRESUL").real = 12.5;
-  EXPECT_EQ(Send(kMsgResultReady, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_RESULT_READY, 1), 0);
   EXPECT_EQ(view->edit, u"G0 X12.5 Z3");
 }
 
@@ -100,7 +100,7 @@ class MdiCalcResult : public MdiTest, public testing::WithParamInterface<NumberR
 TEST_P(MdiCalcResult, IsWrittenInShortestForm) {
   Open();
   cnc.vars.At("E.CALCRESUL").real = GetParam().value;
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_EQ(view->edit, GetParam().text);
 }
 
@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(AllForms, MdiCalcResult,
 TEST_F(MdiMessages, WithoutTheVariableTheCalculatorsResultIs0) {
   Open();
   cnc.vars.Undefine("E.CALCRESUL");
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_EQ(view->edit, u"0");
 }
 
@@ -120,7 +120,7 @@ TEST_F(MdiMessages, AResultThatCannotBeReadIs0) {
   Open();
   cnc.vars.At("E.CALCRESUL").real = 12.5;
   cnc.vars.At("E.CALCRESUL").readable = false;
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_EQ(view->edit, u"0");
 }
 
@@ -129,14 +129,14 @@ TEST_F(MdiMessages, TheCalculatorsResultOutsideState1DoesNothing) {
   Type("M3");
   Start();
   Forget();
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_THAT(All(), IsEmpty());
 }
 
 TEST_F(MdiMessages, TheCalculatorsResultInTheListOnlyMovesTheFocus) {
   OpenMda("M3\r\n");
   view->Move(FakeMdiView::Focus::kElsewhere);
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_EQ(view->focus, FakeMdiView::Focus::kList);
   EXPECT_EQ(view->edit, u"");
 }
@@ -145,14 +145,14 @@ TEST_F(MdiMessages, TheCalculatorsResultGoesIntoAnItemBeingEdited) {
   OpenMda();
   Menu(32773);
   cnc.vars.At("E.CALCRESUL").real = 7;
-  Send(kMsgResultReady, 1);
+  Send(PNL_MSG_RESULT_READY, 1);
   EXPECT_EQ(view->edit, u"7");
 }
 
 class MdiHelp : public MdiTest {
  protected:
   [[nodiscard]] Text Mark() {
-    EXPECT_EQ(Send(kMsgHelpKey, 0), 0);
+    EXPECT_EQ(Send(PNL_MSG_HELP_KEY, 0), 0);
     return cnc.vars.At("E.HELPDATA").text;
   }
 };
@@ -199,7 +199,7 @@ TEST_F(MdiHelp, InTheListTheSelectedItemIsAsked) {
 
 TEST_F(MdiHelp, WithoutTheVariableTheAnswerIsRefused) {
   cnc.vars.Undefine("E.HELPDATA");
-  EXPECT_EQ(Send(kMsgHelpKey, 0), -200);
+  EXPECT_EQ(Send(PNL_MSG_HELP_KEY, 0), -200);
 }
 
 }  // namespace

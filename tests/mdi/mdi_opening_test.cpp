@@ -12,10 +12,10 @@ using testing::IsEmpty;
 const Log kTaken = {"HostToolOpening(6)",
                     "clear message",
                     "ToolNotify 41 channel 1",
-                    "write [1].E.MANUALMODE=0",
-                    "write [1].E.PNLMODE=2",
+                    "write [1].E.MANUALMODE=0 ok",
+                    "write [1].E.PNLMODE=2 ok",
                     "SetMdi(1,1)=1",
-                    "write [1].G.CNCAUTSTATUS=268435456 flag 1",
+                    "write [1].G.CNCAUTSTATUS=268435456 ok flag 1",
                     "open report [1].G.FULLSTATUS",
                     "side menu position",
                     "main menu none",
@@ -159,8 +159,8 @@ TEST_F(MdiOpening, AManualModeThatCannotBeReadKeepsWhatWasSavedLast) {
   cnc.vars.At("[1].E.MANUALMODE").readable = false;
   Forget();
   Open();
-  EXPECT_THAT(Asked(), testing::IsSupersetOf(
-                           {"write [1].E.MANUALMODE=0", "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 flag 1"}));
+  EXPECT_THAT(Asked(), testing::IsSupersetOf({"write [1].E.MANUALMODE=0 ok", "SetMdi(1,1)=1",
+                                              "write [1].G.CNCAUTSTATUS=268435456 ok flag 1"}));
   Command(5);
   EXPECT_THAT(Asked(), testing::Contains("SetMode(1,0)=1")) << "nothing was saved yet: 0";
 
@@ -182,8 +182,7 @@ TEST_F(MdiOpening, AWindowDestroyedAtTheNewsTakesNoChannel) {
     if (called == "ToolNotify 41 channel 1") DestroyTool();
   };
   Forget();
-  const std::shared_ptr<MdiExecution> kept = tool;
-  kept->OnMessage({kMsgToolCommand, 2, 1});
+  Answer({PNL_MSG_TOOL_COMMAND, 2, 1});
   for (const std::string& line : All()) {
     EXPECT_EQ(line.find("SetMdi"), std::string::npos);
     EXPECT_EQ(line.find("write "), std::string::npos) << line;
@@ -197,8 +196,8 @@ TEST_F(MdiOpening, AReadyReportTakesAChannelThatIsNotHeldYet) {
   cnc.vars.At("[1].E.MANUALMODE").writable = true;
   Forget();
   Status(1);
-  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1", "write [1].E.MANUALMODE=0", "write [1].E.PNLMODE=2",
-                                   "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 flag 1"));
+  EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1", "write [1].E.MANUALMODE=0 ok", "write [1].E.PNLMODE=2 ok",
+                                   "SetMdi(1,1)=1", "write [1].G.CNCAUTSTATUS=268435456 ok flag 1"));
 }
 
 TEST_F(MdiOpening, Code3HidesAndReportsButKeepsTheChannel) {
@@ -207,7 +206,7 @@ TEST_F(MdiOpening, Code3HidesAndReportsButKeepsTheChannel) {
   EXPECT_EQ(Command(3), 0);
   EXPECT_THAT(All(), ElementsAre("view hide", "view redraw edit", "view blink 0", "HostToolClosed(6,2)"));
   EXPECT_EQ(cnc.vars.OpenReports(), 1u);
-  EXPECT_EQ(Send(kMsgToolNotify, 1, 1), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_NOTIFY, 1, 1), 0);
   EXPECT_THAT(Asked(), ElementsAre("ToolNotify 41 channel 1"));
 }
 
@@ -261,7 +260,7 @@ TEST_F(MdiOpening, Code7PutsTheCaretToTheEndAndTheFocusBack) {
   Type("G0 X1");
   view->Move(FakeMdiView::Focus::kElsewhere);
   EXPECT_EQ(Command(7), 0);
-  EXPECT_EQ(view->selection, (MdiSelection{5, 5}));
+  EXPECT_EQ(view->selection, (TextSelection{5, 5}));
   EXPECT_EQ(view->focus, FakeMdiView::Focus::kEdit);
 }
 
@@ -309,7 +308,7 @@ TEST_F(MdiOpening, WithAllSlotsNullTheToolStillOpensRunsAndCloses) {
   RunBlock("M3");
   EXPECT_EQ(Command(8), 0);
   Menu(32775);
-  Send(kMsgExplorerEnded, 5, 0);
+  Send(PNL_MSG_EXPLORER_ENDED, 5, 0);
   EXPECT_EQ(Command(5), 0);
 }
 
@@ -335,22 +334,24 @@ TEST_F(MdiOpening, AfterARestartBothListsAreBack) {
 }
 
 TEST_F(MdiOpening, ADestroyedLogicAnswersNothing) {
-  const std::shared_ptr<MdiExecution> kept = tool;
+  const std::shared_ptr<MdiSession> kept = tool;
   DestroyTool();
-  EXPECT_EQ(kept->OnMessage({kMsgToolCommand, 2, 1}), std::nullopt);
-  EXPECT_FALSE(kept->OnKey(MdiKey::kEnter));
-  kept->OnLeftPress(false);
-  kept->OnWindowFocus();
-  kept->OnEditFocus(true);
-  kept->OnListFocus();
-  kept->OnParentResized();
-  kept->OnDestroy();
+  tool = kept;
+  EXPECT_EQ(Answer({PNL_MSG_TOOL_COMMAND, 2, 1}), std::nullopt);
+  EXPECT_FALSE(Key(MdiKey::kEnter));
+  Tell([](MdiSession& session) { session.OnLeftPress(false); });
+  Tell([](MdiSession& session) { session.OnWindowFocus(); });
+  Tell([](MdiSession& session) { session.OnEditFocus(true); });
+  Tell([](MdiSession& session) { session.OnListFocus(); });
+  Tell([](MdiSession& session) { session.OnParentResized(); });
+  tool->End();
+  tool.reset();
 }
 
 TEST_F(MdiOpening, AnotherSizeOfTheParentLaysOutAgain) {
   Open();
   view->parent = {0, 0, 1000, 700};
-  tool->OnParentResized();
+  Tell([](MdiSession& session) { session.OnParentResized(); });
   EXPECT_EQ(view->layout.window, (Rect{0, 671, 1000, 700}));
 }
 

@@ -24,7 +24,7 @@ class MdiProgramFile : public MdiTest {
     ASSERT_NE(request, nullptr);
     SetField(request->Path, folder);
     SetField(request->File, name);
-    EXPECT_EQ(Send(kMsgResultReady, 2), 0);
+    EXPECT_EQ(Send(PNL_MSG_RESULT_READY, 2), 0);
   }
   void Ask(const std::string& list) {
     OpenMda(list);
@@ -52,7 +52,7 @@ TEST_F(MdiProgramFile, TheRequestIsPublishedWithEveryFieldFilled) {
 
 TEST_F(MdiProgramFile, AFolderTooLongForTheRecordIsCut) {
   files.disc["C:\\P108\\MDIMAN.INI"] = "[PRIVATE]\r\nDir=" + std::string(1000, 'x') + "\r\n";
-  tool->OnDestroy();
+  tool->End();
   files.disc["C:\\P108\\MDIMAN.INI"] = "[PRIVATE]\r\nDir=" + std::string(1000, 'x') + "\r\n";
   MakeTool();
   files.disc["C:\\P108\\MDAC1.DAT"] = "A\r\n";
@@ -73,12 +73,12 @@ TEST_F(MdiProgramFile, TheStartKeyWaitsForTheExplorer) {
   Forget();
   EXPECT_EQ(Start(), 0);
   EXPECT_THAT(All(), IsEmpty());
-  Send(kMsgExplorerEnded, 5, 1);
-  Send(kMsgExplorerEnded, 4, 0);
-  Send(kMsgResultReady, 3);
+  Send(PNL_MSG_EXPLORER_ENDED, 5, 1);
+  Send(PNL_MSG_EXPLORER_ENDED, 4, 0);
+  Send(PNL_MSG_RESULT_READY, 3);
   EXPECT_EQ(Start(), 0);
   EXPECT_THAT(All(), IsEmpty());
-  Send(kMsgExplorerEnded, 5, 0);
+  Send(PNL_MSG_EXPLORER_ENDED, 5, 0);
   Start();
   EXPECT_THAT(Asked(), testing::Contains("MDILine(0,\"A\",0,4,0)=0"));
 }
@@ -120,7 +120,7 @@ TEST_F(MdiProgramFile, OnlyAnItemThatIsExactlyTheEndCounts) {
 
 TEST_F(MdiProgramFile, WhatTheBoxShowsIsWrittenNotWhatTheStoreKeeps) {
   Ask("A\r\nB\r\n");
-  Send(kMsgExplorerEnded, 5, 0);
+  Send(PNL_MSG_EXPLORER_ENDED, 5, 0);
   Menu(32771);
   Menu(32775);
   Accept(u"C:\\PRG", u"p");
@@ -200,8 +200,8 @@ TEST_F(MdiProgramFile, TheWindowMayBeGoneWhenTheBoxCloses) {
   SetField(Request()->Path, u"C:\\PRG");
   SetField(Request()->File, u"p");
   windows.onBox = [this] { DestroyTool(); };
-  const std::shared_ptr<MdiExecution> kept = tool;
-  EXPECT_EQ(kept->OnMessage({kMsgResultReady, 2, 0}), 0);
+  const std::shared_ptr<MdiSession> kept = tool;
+  EXPECT_EQ(Answer({PNL_MSG_RESULT_READY, 2, 0}), 0);
   EXPECT_EQ(tool, nullptr);
 }
 
@@ -211,14 +211,13 @@ TEST_F(MdiProgramFile, TheWindowMayBeGoneWithNobodyKeepingTheLogic) {
   SetField(Request()->Path, u"C:\\PRG");
   SetField(Request()->File, u"p");
   windows.onBox = [this] { DestroyTool(); };
-  MdiExecution* logic = tool.get();
-  EXPECT_EQ(logic->OnMessage({kMsgResultReady, 2, 0}), 0);
+  EXPECT_EQ(Answer({PNL_MSG_RESULT_READY, 2, 0}), 0);
 }
 
 TEST_F(MdiProgramFile, AnAnswerWithoutARequestIsAFileThatCannotBeCreated) {
   Open();
   files.readOnly = {"\\"};
-  EXPECT_EQ(Send(kMsgResultReady, 2), 0);
+  EXPECT_EQ(Send(PNL_MSG_RESULT_READY, 2), 0);
   EXPECT_EQ(windows.boxes.size(), 1u);
 }
 
@@ -229,7 +228,7 @@ TEST_F(MdiProgramFile, AnAnswerWithoutTerminatorsIsReadToTheEndOfItsFields) {
   std::copy_n(u"C:\\", 3, request->Path);
   files.folders.insert("C:\\" + std::string(257, 'p'));
   std::fill(std::begin(request->File), std::end(request->File), u'f');
-  EXPECT_EQ(Send(kMsgResultReady, 2), 0);
+  EXPECT_EQ(Send(PNL_MSG_RESULT_READY, 2), 0);
   EXPECT_EQ(files.disc.count("C:\\" + std::string(257, 'p') + "\\" + std::string(256, 'f')), 1u);
 }
 
@@ -239,7 +238,7 @@ TEST_F(MdiProgramFile, ANameWithControlCharactersIsRefused) {
     windows.boxes.clear();
     SetField(Request()->Path, u"C:\\PRG");
     SetField(Request()->File, name);
-    EXPECT_EQ(Send(kMsgResultReady, 2), 0);
+    EXPECT_EQ(Send(PNL_MSG_RESULT_READY, 2), 0);
     EXPECT_EQ(windows.boxes.size(), 1u);
     EXPECT_EQ(files.disc.count("C:\\PRG\\" + ToUtf8(name)), 0u);
     DestroyTool();

@@ -99,7 +99,7 @@ class Session : public MdiRig {
     }
   }
   void Drop() {
-    if (Roll(3) == 0) tool->OnLeftPress(Roll(2) == 0);
+    if (Roll(3) == 0) Tell([ended = Roll(2) == 0](MdiSession& session) { session.OnLeftPress(ended); });
     if (view->dropList != nullptr && Roll(2) == 0) view->dropSelected = Roll(view->dropItems.size() + 1) - 1;
     if (Roll(2) == 0) {
       view->OkInDropList();
@@ -117,20 +117,20 @@ class Session : public MdiRig {
   void Messages() {
     switch (Roll(5)) {
       case 0:
-        Send(kMsgExplorerEnded, 5, Roll(2));
+        Send(PNL_MSG_EXPLORER_ENDED, 5, Roll(2));
         break;
       case 1:
-        Send(kMsgResultReady, Roll(4));
+        Send(PNL_MSG_RESULT_READY, Roll(4));
         break;
       case 2:
-        Send(kMsgHelpKey, 0);
+        Send(PNL_MSG_HELP_KEY, 0);
         break;
       case 3:
-        Send(kMsgCycleStart, Roll(6), 0);
+        Send(PNL_MSG_CYCLE_START, Roll(6), 0);
         break;
       default:
         // A report of a window that closed meanwhile, or of nobody.
-        Send(kMsgVariableReport, cnc.vars.Id("[1].G.FULLSTATUS") + Roll(3) - 1);
+        Send(PNL_MSG_VARIABLE_REPORT, cnc.vars.Id("[1].G.FULLSTATUS") + Roll(3) - 1);
         break;
     }
   }
@@ -176,7 +176,7 @@ class Session : public MdiRig {
     if (!held_) {
       EXPECT_FALSE(marked) << "a status word says MDI although the channel is not held";
     }
-    Send(kMsgToolNotify, 1, 1);
+    Send(PNL_MSG_TOOL_NOTIFY, 1, 1);
     EXPECT_EQ(Asked(), held_ ? Log{"ToolNotify 41 channel 1"} : Log{}) << "InMDI and the kernel disagree";
     if (Running()) {
       EXPECT_TRUE(view->readOnly) << "a running block can be typed over";

@@ -46,7 +46,7 @@ TEST_F(MdiRoles, TypedTextBecomesANewItemWhenSwitchingToMda) {
   Type("G0 X1");
   Command(8);
   EXPECT_EQ(view->edit, u"G0 X1");
-  EXPECT_EQ(view->selection, (MdiSelection{5, 5}));
+  EXPECT_EQ(view->selection, (TextSelection{5, 5}));
   EXPECT_EQ(view->focus, Focus::kEdit);
   EXPECT_FALSE(view->readOnly);
   EXPECT_NE(MdaItem(32774), nullptr);
@@ -146,7 +146,7 @@ TEST_F(MdiRoles, AChangedItemThatIsRunReplacesTheOldOne) {
   view->selected = 1;
   Menu(32772);
   EXPECT_EQ(view->edit, u"B");
-  EXPECT_EQ(view->selection, (MdiSelection{1, 1}));
+  EXPECT_EQ(view->selection, (TextSelection{1, 1}));
   Type("B2");
   Start();
   Status(1);

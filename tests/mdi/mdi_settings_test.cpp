@@ -5,8 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "mdi_fakes.h"
-#include "support/memory_files.h"
+#include "support/strict_cnc.h"
 
 namespace pnl::test {
 namespace {
@@ -17,16 +16,12 @@ using testing::Not;
 constexpr const char* kUser = "C:\\P108\\MDIMAN.INI";
 constexpr const char* kMachine = "C:\\P52\\MDIMAN.INI";
 
-class MdiSettingsTest : public testing::Test {
+class MdiSettingsTest : public testing::Test, public StrictGround {
  protected:
-  MdiSettingsTest() : cnc(log, windows), settings(files, cnc.utilities) {}
+  MdiSettingsTest() : settings(files, cnc.utilities) {}
   void User(const std::string& keys) { files.disc[kUser] = "[PRIVATE]\r\n" + keys; }
   void Machine(const std::string& keys) { files.disc[kMachine] = "[PRIVATE]\r\n" + keys; }
 
-  Log log;
-  FakeWindowSystem windows;
-  FakeCnc cnc;
-  MemoryFiles files;
   MdiSettings settings;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host that deletes the tool's parent inside one of its callbacks, at once. Every slot of the table notes its name;
-// PlayWithEachCallFatal plays a scene once for each call that the scene makes, and that call is the fatal one.
+// A host that deletes the tool's parent inside one of its callbacks. Every slot of the table records its name.
+// PlayWithEachCallFatal plays a scene once for each call that the scene makes, with a deletion in that call.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,20 +17,21 @@ namespace pnl::test {
 
 class DeletingHost {
  public:
-  /// Fills all slots of the table. One such host at a time.
+  /// Fills all slots of the table. Only one such host may exist at a time.
   explicit DeletingHost(HostApiTable& table);
   ~DeletingHost() { current_ = nullptr; }
   DeletingHost(const DeletingHost&) = delete;
   DeletingHost& operator=(const DeletingHost&) = delete;
 
-  /// Forgets what was noted. From now on the call with that number, from 1, deletes; with 0 none does.
+  /// Forgets the recorded calls. From now on call number fatal, counted from 1, deletes; with 0 none does.
   void Begin(std::size_t fatal, std::function<void()> destroy) {
     fatal_ = fatal;
     destroy_ = std::move(destroy);
     struck_ = false;
     calls_.clear();
   }
-  /// A slot of the table was called; or by the test's own hook, whatever else reaches the host: a message, a box.
+  /// Records a call. The slots of the table call it. A test also calls it for what else reaches the host: a message, a
+  /// box.
   void Called(const std::string& name) {
     calls_.push_back(name);
     if (calls_.size() != fatal_) return;
@@ -44,7 +45,7 @@ class DeletingHost {
   template <std::size_t slot, typename Result, typename... Args>
   static Result OnCall(Args...) {
     if (current_ != nullptr) current_->Called(std::string(kHostSlotNames[slot]));
-    // A tool that asks whether it may open wants to hear yes.
+    // 1 is the answer yes for a tool that asks whether it may open.
     if constexpr (!std::is_void_v<Result>) return Result{1};
   }
   template <std::size_t slot, typename Result, typename... Args>
@@ -82,20 +83,21 @@ inline DeletingHost::DeletingHost(HostApiTable& table) {
   Fill<18>(table.openMachiningCalculator);
 }
 
-/// A piece of a tool's life, to be played many times.
+/// A part of a tool's life that is played many times.
 struct FatalScene {
-  /// Makes parent and tool anew. May call the host already, and so end with the tool gone.
+  /// Makes the parent and the tool. It may call the host already, and so end with the tool gone.
   std::function<void()> open;
-  /// One event each: a message, a key, a report. Those behind the deletion are left out.
+  /// Each step is one event: a message, a key, a report. The steps after the deletion are skipped.
   std::vector<std::function<void()>> steps;
-  /// What the host does in the fatal call: `delete parent`, at once.
+  /// What the host does in the fatal call: it deletes the parent at once.
   std::function<void()> destroy;
-  /// Settles what is queued and looks at what is left; also destroys what the undisturbed play leaves.
+  /// Handles what is queued and checks what is left. It also destroys what is left when nothing was deleted.
   std::function<void()> close;
 };
 
-/// Plays the scene undisturbed to see which calls it makes, then once for each of them. A tool that is gone calls
-/// nobody any more. The names of the calls, for a test to see that every slot of its tool was among them.
+/// Plays the scene without a deletion to see which calls it makes, then once for each call with a deletion in it.
+/// Expects that a deleted tool calls nobody. Returns the names of the calls, so that a test can check that every slot
+/// of its tool was among them.
 inline std::set<std::string> PlayWithEachCallFatal(DeletingHost& host, const FatalScene& scene) {
   const auto play = [&host, &scene](std::size_t fatal) {
     host.Begin(fatal, scene.destroy);

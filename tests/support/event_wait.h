@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waiting for what another thread or the clock brings. A test that waits in vain fails; it doesn't hang.
+// Waits for another thread or the clock. A test that waits in vain fails; it doesn't hang.
 #pragma once
 
 #include <QtCore/QCoreApplication>
@@ -8,7 +8,7 @@
 
 namespace pnl::test {
 
-/// Runs the event loop until the condition holds. False after a minute, which no machine needs, however busy.
+/// Runs the event loop until the condition is true. Returns false after a minute, which is enough on any busy machine.
 template <typename Condition>
 [[nodiscard]] bool RunUntil(Condition done) {
   bool late = false;

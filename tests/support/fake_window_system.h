@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A window system without windows: records what is sent, posted and asked, and answers as told. A test opens and kills
-// windows by number.
+// A window system without windows. It records what is sent, posted and asked, and answers as the test tells it. A test
+// opens and kills windows by number.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -41,6 +41,7 @@ class FakeWindowSystem : public WindowSystem {
     if (!IsAlive(window)) return;
     sent.push_back({window, message, true});
     posted.push_back({window, message, true});
+    if (onPost) onPost(window, message);
   }
   WindowHandle MainWindow() const override { return mainWindow; }
   Rect PanelRect() const override { return panelRect; }
@@ -49,7 +50,7 @@ class FakeWindowSystem : public WindowSystem {
     ++callOuts_;
     if (onBox) onBox();
     --callOuts_;
-    // A question has no OK, and a box without a question nothing else.
+    // A question is answered with yes or no, every other box with OK.
     if (box.style != BoxStyle::kQuestion) return BoxAnswer::kOk;
     EXPECT_TRUE(boxAnswer == BoxAnswer::kYes || boxAnswer == BoxAnswer::kNo) << "a question without an answer";
     return boxAnswer;
@@ -57,10 +58,10 @@ class FakeWindowSystem : public WindowSystem {
   void SetClipboardText(TextView text) override { clipboard = Text(text); }
   Text ClipboardText() const override { return clipboard; }
 
-  /// True while a box is open or a message is being delivered: the tool's code may be below on the stack.
+  /// True while a box is open or a message is being delivered. The tool's code may be on the stack then.
   [[nodiscard]] bool InCallOut() const { return callOuts_ != 0; }
 
-  /// Hands every posted message for a live window to deliver, those posted meanwhile included.
+  /// Calls deliver for every posted message to a live window, also for those that are posted meanwhile.
   void Drain(const std::function<void(WindowHandle, const Message&)>& deliver) {
     while (!posted.empty()) {
       const SentMessage next = posted.front();
@@ -75,6 +76,7 @@ class FakeWindowSystem : public WindowSystem {
   std::vector<BoxSpec> boxes;
   BoxAnswer boxAnswer = BoxAnswer::kOk;
   std::function<std::intptr_t(WindowHandle, const Message&)> onSend;
+  std::function<void(WindowHandle, const Message&)> onPost;
   std::function<void()> onBox;
   WindowHandle mainWindow = 0;
   Rect panelRect{0, 0, 800, 600};

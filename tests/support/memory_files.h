@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A disc for tests: files in memory that fail as told and note what was replaced. It is as strict as a real one: names
-// compare without regard to case, and a file needs its folder.
+// A disc for tests and fuzz targets: files in memory that fail as the test tells them, and a list of what was replaced.
+// It is as strict as a real disc: names compare without regard to case, and a file needs its folder.
 #pragma once
 
 #include <algorithm>
@@ -14,26 +14,28 @@
 
 namespace pnl::test {
 
-/// Names that differ in case only are one.
+/// Orders names without regard to case.
 struct NameLess {
   bool operator()(const std::string& left, const std::string& right) const {
     return ToUpper(FromUtf8(left)) < ToUpper(FromUtf8(right));
   }
 };
 
-/// A disc in memory. Names in the sets fail as their names say.
+/// A disc in memory. A file whose name is in one of the sets fails as the set's name says.
 class MemoryFiles final : public Files {
  public:
   std::map<std::string, std::string, NameLess> disc;
   std::set<std::string, NameLess> unreadable;
   std::set<std::string, NameLess> readOnly;
-  /// Folders in which there is nothing; the others are where the files are. Path id n is "C:\Pn".
+  /// The empty folders; the others are known from the files in them. Path id n is "C:\Pn".
   std::set<std::string, NameLess> folders{"C:",       "C:\\P1",  "C:\\P15",  "C:\\P18",  "C:\\P24",
                                           "C:\\P52",  "C:\\P57", "C:\\P61",  "C:\\P100", "C:\\P101",
                                           "C:\\P108", "C:\\PRG", "C:\\P113", "C:\\P118"};
-  /// Folders that can't be reached, with all that is below them.
+  /// Folders that are out of reach, with everything below them.
   std::set<std::string, NameLess> away;
   bool full = false;
+  /// The most that one read gives, as a slow disc may.
+  std::size_t piece = std::string::npos;
   std::vector<std::string> replaced;
 
   FileInfo Query(TextView path) const override {
@@ -62,7 +64,7 @@ class MemoryFiles final : public Files {
       answer = FileStatus::kDenied;
     }
     if (status != nullptr) *status = answer;
-    return answer == FileStatus::kOk ? std::make_unique<Reader>(disc.at(key)) : nullptr;
+    return answer == FileStatus::kOk ? std::make_unique<Reader>(disc.at(key), piece) : nullptr;
   }
   FileStatus CanReplace(TextView path) const override {
     const FileInfo info = Query(path);
@@ -88,15 +90,15 @@ class MemoryFiles final : public Files {
     return FileStatus::kOk;
   }
   std::optional<std::string> HostPath(TextView) const override { return std::nullopt; }
-  /// What is on the disc now; the two part company from here on.
+  /// A copy of the disc as it is now; later changes of one don't reach the other.
   std::unique_ptr<Files> ForAnotherThread() const override { return std::make_unique<MemoryFiles>(*this); }
 
  private:
   class Reader final : public FileReader {
    public:
-    explicit Reader(std::string bytes) : bytes_(std::move(bytes)) {}
+    Reader(std::string bytes, std::size_t piece) : bytes_(std::move(bytes)), piece_(piece) {}
     std::int64_t Read(char* buffer, std::size_t size) override {
-      const std::size_t count = std::min(size, bytes_.size() - at_);
+      const std::size_t count = std::min({size, piece_, bytes_.size() - at_});
       std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at_), count, buffer);
       at_ += count;
       return static_cast<std::int64_t>(count);
@@ -111,6 +113,7 @@ class MemoryFiles final : public Files {
 
    private:
     std::string bytes_;
+    std::size_t piece_;
     std::size_t at_ = 0;
   };
 

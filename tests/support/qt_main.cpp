@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The entry of the window tests: one off-screen application for all of them.
+// The main function of the window tests: one off-screen application for all of them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

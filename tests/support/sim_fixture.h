@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// A simulated CNC over fakes, and a sink that keeps what the tools asked of it as one line each, in order:
-// `MDILine(0,"G0 X1",0,4,0)=0`, `write E.HELPDATA="X" ok`. Nothing stands for an argument that was left alone.
+// A fixture with a simulated CNC over fakes, and a sink that records what the tools asked of it, one line a call, in
+// order: `MDILine(0,"G0 X1",0,4,0)=0`, `write E.HELPDATA="X" ok`. An argument without a value is "nothing".
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,9 +35,13 @@ inline std::string Describe(const rig::Value& value) {
 class RecordingSink final : public rig::EventSink {
  public:
   void Cnc(std::string_view name, const std::vector<rig::Value>& args, const rig::Value& result) override {
+    if (quiet.count(name) != 0) return;
     std::string line(name);
     line += "(";
-    for (const rig::Value& arg : args) line += (line.back() == '(' ? "" : ",") + Describe(arg);
+    for (const rig::Value& arg : args) {
+      if (!records && std::holds_alternative<std::vector<rig::Field>>(arg)) continue;
+      line += (line.back() == '(' ? "" : ",") + Describe(arg);
+    }
     lines.push_back(line + ")=" + Describe(result));
   }
   void Write(std::u16string_view name, const rig::Value& value, bool ok) override {
@@ -48,13 +53,15 @@ class RecordingSink final : public rig::EventSink {
   void Box(std::u16string_view title, std::u16string_view, std::string_view, std::string_view) override {
     lines.push_back("box " + ToUtf8(title));
   }
-  /// What came since the last call.
+  /// Returns the lines since the last call.
   std::vector<std::string> Take() { return std::exchange(lines, {}); }
 
   std::vector<std::string> lines;
+  std::set<std::string, std::less<>> quiet;  // calls that aren't kept
+  bool records = true;                       // false leaves them out of a call's arguments
 };
 
-/// Files of no disc: every path lies below "/disc", folders that are made are noted, nothing can be read.
+/// Files without a disc: paths on drive C: map to "/disc", new folders are recorded, nothing can be read or written.
 class NoFiles final : public Files {
  public:
   FileInfo Query(TextView) const override { return {}; }
@@ -81,12 +88,12 @@ class SimFixture : public testing::Test {
  protected:
   SimFixture() { cnc.SetSink(&sink); }
 
-  /// The reports that wait for that window, as identifiers, taken out of the queue.
+  /// Takes the reports for that window out of the queue and returns their identifiers.
   std::vector<std::intptr_t> TakeReports(WindowHandle window) {
     std::vector<std::intptr_t> reports;
     std::deque<SentMessage> rest;
     for (const SentMessage& sent : windows.posted) {
-      if (sent.window == window && sent.message.number == kMsgVariableReport) {
+      if (sent.window == window && sent.message.number == PNL_MSG_VARIABLE_REPORT) {
         EXPECT_EQ(sent.message.second, 0);
         reports.push_back(sent.message.first);
       } else {

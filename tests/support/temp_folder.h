@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A folder of this machine for one test, gone with it, and plain reading and writing of its files.
+// A temporary folder of the host system for one test, deleted with this object, and plain reading and writing of its
+// files.
 #pragma once
 
 #include <cstdlib>
@@ -36,7 +37,7 @@ class TempFolder {
     std::filesystem::create_directories((path_ / name).parent_path());
     std::ofstream(path_ / name, std::ios::binary) << bytes;
   }
-  /// Empty for a file that isn't there.
+  /// Returns the file's bytes; empty when the file doesn't exist.
   [[nodiscard]] std::string Read(const std::string& name) const {
     std::ifstream in(path_ / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Paints a widget onto nothing and keeps what it drew: the texts as they were drawn, cut, wrapped, plain or not, and
-// every stroke with its place and its colours, so that a picture can be compared with one that a test draws.
+// A paint device without pixels that records what a widget draws: each text as it is drawn, and each shape with its
+// place and colours. A test can compare that with shapes that it draws itself.
 #pragma once
 
 #include <QPaintDevice>
@@ -21,7 +21,7 @@ class TextCatcher : public QPaintDevice {
 
   [[nodiscard]] QPaintEngine* paintEngine() const override { return &engine_; }
   [[nodiscard]] const QStringList& Texts() const { return engine_.texts; }
-  /// One line for each thing drawn, in order.
+  /// One line for each text, shape and picture drawn, in order.
   [[nodiscard]] const std::vector<std::string>& Strokes() const { return engine_.strokes; }
 
  protected:
@@ -121,21 +121,21 @@ class TextCatcher : public QPaintDevice {
   mutable Engine engine_;
 };
 
-/// What a widget, with all in it, draws at this moment.
+/// Returns the texts that a widget and its children draw now.
 inline QStringList TextsOf(QWidget& widget) {
   TextCatcher catcher(widget.size());
   widget.render(&catcher);
   return catcher.Texts();
 }
 
-/// What a widget alone draws at this moment, without its background and what is in it.
+/// Returns what a widget draws now, without its background and its children.
 inline std::vector<std::string> StrokesOf(QWidget& widget) {
   TextCatcher catcher(widget.size());
   widget.render(&catcher, QPoint(), QRegion(), QWidget::RenderFlags());
   return catcher.Strokes();
 }
 
-/// What a test draws, to compare with that.
+/// Returns what a test draws, for comparison with StrokesOf.
 inline std::vector<std::string> Drawn(const std::function<void(QPainter&)>& draw) {
   TextCatcher catcher(QSize(10'000, 10'000));
   QPainter painter(&catcher);

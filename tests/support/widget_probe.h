@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An operator's hands and eyes for window tests: keys and presses as events, pixels as colours 0x00BBGGRR. Nothing
-// waits.
+// Input and output for window tests: keys and presses as events, pixels as colours 0x00BBGGRR. Nothing here waits.
 #pragma once
 
 #include <QtGui/QImage>
@@ -12,7 +11,7 @@
 
 namespace pnl::test {
 
-/// What the widget paints now, one paint.
+/// Paints the widget once and returns the picture.
 inline QImage Paint(QWidget& widget) {
   if (widget.size().isEmpty()) return {};
   QImage image(widget.size(), QImage::Format_RGB32);
@@ -26,7 +25,7 @@ inline std::uint32_t ColorAt(const QImage& image, int x, int y) {
   return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
-/// How many points of the area have exactly that colour.
+/// Counts the pixels of the area that have exactly that colour.
 inline int Count(const QImage& image, std::uint32_t color, QRect area) {
   int count = 0;
   area &= image.rect();
@@ -37,7 +36,8 @@ inline int Count(const QImage& image, std::uint32_t color, QRect area) {
 }
 inline int Count(const QImage& image, std::uint32_t color) { return Count(image, color, image.rect()); }
 
-/// The smallest rectangle around the points of the area that have not that colour; empty when all have.
+/// Returns the smallest rectangle around the pixels of the area that don't have the colour ground; empty when all have
+/// it.
 inline QRect Ink(const QImage& image, std::uint32_t ground, QRect area) {
   QRect ink;
   area &= image.rect();
@@ -50,7 +50,7 @@ inline QRect Ink(const QImage& image, std::uint32_t ground, QRect area) {
 }
 inline QRect Ink(const QImage& image, std::uint32_t ground) { return Ink(image, ground, image.rect()); }
 
-/// Everything posted is handled and what was to be deleted later is gone.
+/// Handles what is posted and deletes what was to be deleted later.
 inline void Settle() {
   for (int round = 0; round < 5; ++round) {
     QCoreApplication::sendPostedEvents();
@@ -66,7 +66,7 @@ inline void Activate(QWidget& window) {
   Settle();
 }
 
-/// A key to the widget; true when it, or one of its parents, took it.
+/// Sends a key to the widget. Returns true when the widget or one of its parents took it.
 inline bool PressKey(QWidget* widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
   QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
   QApplication::sendEvent(widget, &press);
@@ -77,7 +77,7 @@ inline void Type(QWidget* widget, const QString& text) {
   for (const QChar c : text) PressKey(widget, c.toUpper().unicode(), QString(c));
 }
 
-/// A press at a place of the widget; the focus follows as the widgets' policies say.
+/// Presses a place of the widget. The focus follows the focus policies of the widgets.
 inline void PressMouse(QWidget* widget, QPoint place, QEvent::Type type = QEvent::MouseButtonPress,
                        Qt::MouseButton button = Qt::LeftButton) {
   for (QWidget* taker = widget; taker != nullptr && type == QEvent::MouseButtonPress; taker = taker->parentWidget()) {

@@ -4,20 +4,13 @@
 src/rooms.txt lists the rooms from the ground up. An include points to a room above in that list, or stays in its own
 room; tools never include each other. Qt is seen only in folders named qt and in the rooms marked so, and the core
 includes none of these. The panel sees the library through its public headers alone; its rooms include each other in one
-direction. No header or source includes itself through others, but for three rings that are left.
+direction. No header or source includes itself through others.
 """
 
 import pathlib
 import re
 import sys
 
-# Three rings are left in the logic of two tools. None may grow, and none may join them.
-RINGS_LEFT = [
-    {"calc/calc_closing", "calc/calc_confirm", "calc/calc_evaluation", "calc/calc_line", "calc/calc_list",
-     "calc/calc_menus", "calc/calc_variables"},
-    {"calc/calc_navigation", "calc/calc_session"},
-    {"mdi/mdi_block", "mdi/mdi_channel", "mdi/mdi_list"},
-]
 PANEL_FLOORS = {"common": 0, "host": 1, "remote": 2, "ui": 3, "guided": 4}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 QT_HEADER = re.compile(r"^(Q[A-Z][A-Za-z]*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\.h)$")
@@ -92,8 +85,7 @@ def circles(includes):
         reached[module] = seen
     rings = {frozenset(other for other in seen if module in reached.get(other, ()))
              for module, seen in reached.items() if module in seen}
-    return [f"in a ring: {', '.join(sorted(ring))}" for ring in sorted(rings, key=sorted)
-            if not any(ring <= left for left in RINGS_LEFT)]
+    return [f"in a ring: {', '.join(sorted(ring))}" for ring in sorted(rings, key=sorted)]
 
 
 def check_panel(path, includes, own):
@@ -144,8 +136,8 @@ BREACHES = [
     ("src/host/language.cpp", '#include "mdi/mdi_view.h"'),
     ("src/host/language.cpp", "#include <QString>"),
     ("src/base/text.cpp", "#include <QtCore/QString>"),
-    ("src/mdi/mdi_execution.cpp", '#include "mdi/qt/mdi_window.h"'),
-    ("src/mdi/mdi_execution.cpp", "#include <QWidget>"),
+    ("src/mdi/mdi_session.cpp", '#include "mdi/qt/mdi_window.h"'),
+    ("src/mdi/mdi_session.cpp", "#include <QWidget>"),
     ("src/mdi/mdi_window.cpp", '#include "calc/qt/calc_window.h"'),
     ("src/mdi/mdi_view.h", '#include "controls/zwc_static.h"'),
     ("src/controls/zwc_static.cpp", '#include "mdi/mdi_view.h"'),
@@ -156,8 +148,8 @@ BREACHES = [
     ("include/pnltools/pnltools.h", "#include <QWidget>"),
 ]
 RINGS = [
-    {"src/mdi/mdi_menus.h": '#include "mdi/mdi_block.h"', "src/mdi/mdi_block.cpp": '#include "mdi/mdi_menus.h"',
-     "src/mdi/mdi_block.h": ""},
+    {"src/mdi/mdi_menus.h": '#include "mdi/mdi_list.h"', "src/mdi/mdi_list.cpp": '#include "mdi/mdi_menus.h"',
+     "src/mdi/mdi_list.h": ""},
     {"panel/ui/a.h": '#include "ui/b.h"', "panel/ui/b.h": '#include "ui/c.h"', "panel/ui/c.h": '#include "ui/a.h"'},
 ]
 SOUND = {

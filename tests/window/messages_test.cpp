@@ -77,14 +77,14 @@ TEST(Messages, NoNameAndUnknownNumbersAreAnsweredWithNothing) {
 }
 
 TEST(Messages, TheFixedNumbersAreTheHostsOwn) {
-  EXPECT_EQ(kMsgVariableReport, 0x700u);
-  EXPECT_EQ(kMsgCycleStart, 0x800u);
-  EXPECT_EQ(kMsgToolNotify, 0x801u);
-  EXPECT_EQ(kMsgToolCommand, 0x802u);
-  EXPECT_EQ(kMsgResultReady, 0x804u);
-  EXPECT_EQ(kMsgHelpKey, 0x805u);
-  EXPECT_EQ(kMsgExplorerEnded, 0x806u);
-  EXPECT_EQ(kMsgCommand, 0x111u);
+  EXPECT_EQ(PNL_MSG_VARIABLE_REPORT, 0x700u);
+  EXPECT_EQ(PNL_MSG_CYCLE_START, 0x800u);
+  EXPECT_EQ(PNL_MSG_TOOL_NOTIFY, 0x801u);
+  EXPECT_EQ(PNL_MSG_TOOL_COMMAND, 0x802u);
+  EXPECT_EQ(PNL_MSG_RESULT_READY, 0x804u);
+  EXPECT_EQ(PNL_MSG_HELP_KEY, 0x805u);
+  EXPECT_EQ(PNL_MSG_EXPLORER_ENDED, 0x806u);
+  EXPECT_EQ(PNL_MSG_COMMAND, 0x111u);
 }
 
 // Runs last in this file by its name: it uses the whole range up.

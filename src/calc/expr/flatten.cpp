@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
-#include <cstdlib>
 #include <functional>
 
 #include "calc/expr/operations.h"
@@ -26,11 +25,6 @@ constexpr std::array<ExprOp, kDelimiters.size()> kDelimiterOps = {
     ExprOp::kEnd,    ExprOp::kEnd,     ExprOp::kEnd,   ExprOp::kAdd,       ExprOp::kSubtract, ExprOp::kMultiply,
     ExprOp::kDivide, ExprOp::kPercent, ExprOp::kPower, ExprOp::kFactorial, ExprOp::kEnd,      ExprOp::kEnd};
 
-/// Of add, subtract, multiply and divide.
-constexpr std::array kLeftOnTop = {ExprOp::kAddTop, ExprOp::kSubtractTop, ExprOp::kMultiplyTop, ExprOp::kDivideTop};
-constexpr std::array kRightOnTop = {ExprOp::kAddTop, ExprOp::kSubtractFromTop, ExprOp::kMultiplyTop,
-                                    ExprOp::kDivideByTop};
-
 bool IsSolver(const ExprNode& node) {
   return node.kind == TOK_FUNCTION && (node.value.index == FUN_INTEGRAL || node.value.index == FUN_ZERO);
 }
@@ -44,12 +38,6 @@ bool HasEffects(const ExprNode* node) {
   if (node == nullptr) return false;
   return IsSolver(*node) || IsDelimiter(*node, DEL_ASSIGN) || HasEffects(node->left.get()) ||
          HasEffects(node->right.get());
-}
-
-/// Dividing by such a number is multiplying by its inverse, to the last bit.
-bool IsPowerOfTwo(double value) {
-  int exponent = 0;
-  return std::fabs(std::frexp(value, &exponent)) == 0.5 && std::abs(exponent) < 1000;
 }
 
 class Flattener {
@@ -105,11 +93,6 @@ class Flattener {
     }
   }
 
-  [[nodiscard]] bool IsConstant(const double* value) const {
-    const double* first = program_.constants.data();
-    return value == nullptr || (!std::less<>()(value, first) && std::less<>()(value, first + program_.constantCount));
-  }
-
   double* Temporary() { return &program_.temporaries[temporaries_++]; }
 
   /// A value that stays what it is while later code assigns.
@@ -122,33 +105,10 @@ class Flattener {
     return copy;
   }
 
-  /// Emits an operation, or does it at once when its operands are constants and it doesn't fail.
   const double* Operation(ExprOp op, const double* a, const double* b) {
-    if (IsConstant(a) && IsConstant(b)) {
-      double value = 0;
-      double top = 0;
-      if (Apply({op, &value, a, b}, top)) return Constant(value);
-    }
     double* to = Temporary();
-    if (!EmitOnTop(op, to, a, b)) Emit(op, to, a, b);
+    Emit(op, to, a, b);
     return to;
-  }
-
-  /// Takes an operand from the operation before when it has just computed it; false when it hasn't.
-  bool EmitOnTop(ExprOp op, double* to, const double* a, const double* b) {
-    if (op < ExprOp::kAdd || op > ExprOp::kDivide || program_.code.empty()) return false;
-    const ExprInstruction& before = program_.code.back();
-    if (before.op < ExprOp::kCopy || before.op == ExprOp::kDivisor) return false;
-    const auto form = static_cast<std::size_t>(op) - static_cast<std::size_t>(ExprOp::kAdd);
-    if (before.to == a) {
-      Emit(kLeftOnTop[form], to, nullptr, b);
-    } else if (before.to == b) {
-      const bool commutes = op == ExprOp::kAdd || op == ExprOp::kMultiply;
-      Emit(kRightOnTop[form], to, commutes ? nullptr : a, commutes ? a : nullptr);
-    } else {
-      return false;
-    }
-    return true;
   }
 
   const double* Unary(ExprOp op, const ExprNode& node, const double* b = nullptr) {
@@ -163,11 +123,6 @@ class Flattener {
     const double* a = Settled(Value(*node.left), HasEffects(node.right.get()));
     const double* b = Value(*node.right);
     temporaries_ = mark;
-    if (op == ExprOp::kPower && IsConstant(b)) {
-      if (*b == 2) return Operation(ExprOp::kSquare, a, b);
-      if (*b == 3) return Operation(ExprOp::kCube, a, b);
-      if (*b == 4) return Operation(ExprOp::kFourth, a, b);
-    }
     return Operation(op, a, b);
   }
 
@@ -180,7 +135,6 @@ class Flattener {
     if (effects) Emit(ExprOp::kDivisor, nullptr, nullptr, b);
     const double* a = Value(*node.left);
     temporaries_ = mark;
-    if (!IsConstant(a) && IsConstant(b) && IsPowerOfTwo(*b)) return Operation(ExprOp::kMultiply, a, Constant(1 / *b));
     return Operation(ExprOp::kDivide, a, b);
   }
 

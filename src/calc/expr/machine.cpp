@@ -28,40 +28,32 @@ void ExprMachine::Begin() {
   report_ = {};
 }
 
-inline bool ExprMachine::NextPlace(const ExprInstruction& instruction) {
+inline const ExprInstruction* ExprMachine::NextPlace(const ExprInstruction& instruction) {
   Integral& s = integral_;
   s.sum += s.weight * *instruction.a;
-  if (s.left == 0) return false;
+  if (s.left == 0) return NextRound(instruction);
   --s.left;
   s.place += 2;
   X() = s.a + s.place * s.h;
-  return true;
+  return Body();
 }
 
 bool ExprMachine::Run(std::int64_t steps) {
   if (done_ || ip_ == nullptr) return true;
   const ExprInstruction* ip = ip_;
-  const ExprInstruction* const body = Body();
-  double top = top_;
   for (; steps > 0; --steps) {
-    if (Apply(*ip, top)) [[likely]] {
+    if (Apply(*ip)) [[likely]] {
       ++ip;
       continue;
     }
-    if (ip->op == ExprOp::kIntegralNext && NextPlace(*ip)) {
-      // The one control instruction that runs a million times.
-      ip = body;
-      continue;
-    }
-    ip = Control(*ip);
+    // The one control instruction that runs a million times isn't worth a call; Control has the others.
+    ip = ip->op == ExprOp::kIntegralNext ? NextPlace(*ip) : Control(*ip);
     if (ip == nullptr) {
       done_ = true;
       return true;
     }
-    top = 0;
   }
   ip_ = ip;
-  top_ = top;
   return false;
 }
 
@@ -71,8 +63,6 @@ const ExprInstruction* ExprMachine::Control(const ExprInstruction& instruction) 
       return nullptr;
     case ExprOp::kIntegralBegin:
       return BeginIntegral(instruction);
-    case ExprOp::kIntegralNext:
-      return NextRound(instruction);
     case ExprOp::kZeroBegin:
       // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
       zero_.phase = Zero::Phase::kProbe;
@@ -105,7 +95,7 @@ const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruc
   if (s.h == 0) {
     *instruction.to = 0;
     report_.kind = SolverReport::Kind::kIntegral;
-    return BehindSolver();
+    return AfterSolver();
   }
   SaveX();
   s.sum = -0.0;  // the first addend comes through as it is, a -0 too
@@ -130,7 +120,7 @@ const ExprInstruction* ExprMachine::NextRound(const ExprInstruction& instruction
     xSaved_ = false;
     report_.kind = SolverReport::Kind::kIntegral;
     report_.steps = s.intervals;
-    return BehindSolver();
+    return AfterSolver();
   }
   // Two intervals have no even place between their ends.
   s.round = s.round == Round::kLast && s.intervals > 2 ? Round::kEven : Round::kOdd;
@@ -177,7 +167,7 @@ const ExprInstruction* ExprMachine::NextZero(const ExprInstruction& instruction)
   xSaved_ = false;
   *instruction.to = s.x;
   report_ = {SolverReport::Kind::kZero, s.count, std::fabs(s.fx) <= s.tolerance, s.fx};
-  return BehindSolver();
+  return AfterSolver();
 }
 
 }  // namespace pnl

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ExprMachine: runs a program over the store, some instructions at a time. Everything that an interrupted evaluation
-// needs to go on (place, solver's loop, saved X) stands in its fields. Owned by one evaluator; its program must not
+// needs to go on (place, solver's loop, saved X) is in its fields. Owned by one evaluator; its program must not
 // change between Begin and the end.
 #pragma once
 
@@ -45,7 +45,7 @@ class ExprMachine {
     double sum = 0;
     double weight = 1;      // of the evaluation under way
     double place = 0;       // of it, in intervals from a
-    std::int32_t left = 0;  // evaluations of this round behind it
+    std::int32_t left = 0;  // evaluations of this round after it
     std::int32_t intervals = 0;
   };
   /// Newton's method with a central difference.
@@ -64,20 +64,19 @@ class ExprMachine {
   void SaveX();
   void Fail();
 
-  /// What isn't an operation, or has failed. Null at the end.
+  /// What isn't an operation but kIntegralNext, or has failed. Null at the end.
   const ExprInstruction* Control(const ExprInstruction& instruction);
   // Each says where the run goes on.
   const ExprInstruction* BeginIntegral(const ExprInstruction& instruction);
-  /// Adds the operand's value and sets X for the next one of the round; false when there is none.
-  bool NextPlace(const ExprInstruction& instruction);
+  /// Adds the operand's value and sets X for the next one of the round, or of the next round.
+  const ExprInstruction* NextPlace(const ExprInstruction& instruction);
   const ExprInstruction* NextRound(const ExprInstruction& instruction);
   const ExprInstruction* NextZero(const ExprInstruction& instruction);
   [[nodiscard]] const ExprInstruction* Body() const { return program.code.data() + program.bodyBegin; }
-  [[nodiscard]] const ExprInstruction* BehindSolver() const { return program.code.data() + program.bodyEnd + 1; }
+  [[nodiscard]] const ExprInstruction* AfterSolver() const { return program.code.data() + program.bodyEnd + 1; }
 
   CalcStore& store_;
   const ExprInstruction* ip_ = nullptr;
-  double top_ = 0;  // value of the operation before
   bool done_ = false;
   bool succeeded_ = false;
   bool xSaved_ = false;

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What each operation of a program does. Included by what runs programs (machine.cpp) and by what does operations on
-// constants beforehand (flatten.cpp), so that both give the same doubles.
+// What each operation of a program does. In a header, so that the machine's loop has it without a call.
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 
 #include "base/numbers.h"
 #include "calc/expr/factorial.h"
-#include "calc/expr/power.h"
 #include "calc/expr/program.h"
 
 namespace pnl {
@@ -15,174 +14,165 @@ namespace pnl {
 inline constexpr double kMmPerInch = 25.4;
 inline constexpr double kInchPerMm = 0.03937007874015748;
 
+/// A root of a negative number: 0 < |b| < 1, or b is 0.
+inline bool RootOfNegative(double a, double b, double& result) {
+  const double y = std::fabs(1 / b);
+  const std::int32_t n = TruncateToInt32(y + 0.5);
+  // b = 0 ends here too: y is infinite, and the indefinite value is even. So (-8)^0 fails instead of giving 1.
+  if (n % 2 == 0) return false;
+  result = std::fabs(n - y) < 1E-6 ? -std::pow(-a, b) : std::pow(a, b);
+  return true;
+}
+
+/// The language's power: a square is a product, the rest is the C library's pow with a rule for roots of negative
+/// numbers. False, with the result untouched, when a negative base has an even root or the exponent 0.
+[[nodiscard]] inline bool Power(double a, double b, double& result) {
+  if (b == 2) {
+    result = a * a;
+    return true;
+  }
+  if (a < 0 && std::fabs(b) < 1) return RootOfNegative(a, b, result);
+  result = std::pow(a, b);
+  return true;
+}
+
 /// Does one operation; false, with nothing stored, on a domain failure, and for control, which is the machine's. A NaN
-/// fails nowhere but in "!". top is the value of the operation before, and then of this one, so that a chain needn't
-/// wait for what it has just stored.
-[[gnu::always_inline]] inline bool Apply(const ExprInstruction& i, double& top) {
+/// fails nowhere but in "!".
+[[gnu::always_inline]] inline bool Apply(const ExprInstruction& i) {
+  double value = 0;
   switch (i.op) {
     case ExprOp::kCopy:
-      top = *i.a;
+      value = *i.a;
       break;
     case ExprOp::kAdd:
-      top = *i.a + *i.b;
+      value = *i.a + *i.b;
       break;
     case ExprOp::kSubtract:
-      top = *i.a - *i.b;
+      value = *i.a - *i.b;
       break;
     case ExprOp::kMultiply:
-      top = *i.a * *i.b;
+      value = *i.a * *i.b;
       break;
     case ExprOp::kDivide:
       if (*i.b == 0) return false;
-      top = *i.a / *i.b;
-      break;
-    case ExprOp::kAddTop:
-      top = top + *i.b;
-      break;
-    case ExprOp::kSubtractTop:
-      top = top - *i.b;
-      break;
-    case ExprOp::kSubtractFromTop:
-      top = *i.a - top;
-      break;
-    case ExprOp::kMultiplyTop:
-      top = top * *i.b;
-      break;
-    case ExprOp::kDivideTop:
-      if (*i.b == 0) return false;
-      top = top / *i.b;
-      break;
-    case ExprOp::kDivideByTop:
-      if (top == 0) return false;
-      top = *i.a / top;
+      value = *i.a / *i.b;
       break;
     case ExprOp::kDivisor:
       return *i.b != 0;
     case ExprOp::kPercent:
-      top = *i.a * *i.b / 100;
+      value = *i.a * *i.b / 100;
       break;
     case ExprOp::kPower:
-      if (!Power(*i.a, *i.b, *i.to)) return false;
-      top = *i.to;
-      break;
-    case ExprOp::kSquare:
-      top = Square(*i.a, *i.b);
-      break;
-    case ExprOp::kCube:
-      top = Cube(*i.a, *i.b);
-      break;
-    case ExprOp::kFourth:
-      top = Fourth(*i.a, *i.b);
+      if (!Power(*i.a, *i.b, value)) return false;
       break;
     case ExprOp::kFactorial:
-      if (!Factorial(*i.a, *i.to)) return false;
-      top = *i.to;
+      if (!Factorial(*i.a, value)) return false;
       break;
     case ExprOp::kNegate:
-      top = -*i.a;
+      value = -*i.a;
       break;
     case ExprOp::kOr:
-      top = TruncateToLowWord(*i.a) | TruncateToLowWord(*i.b);
+      value = TruncateToLowWord(*i.a) | TruncateToLowWord(*i.b);
       break;
     case ExprOp::kXor:
-      top = TruncateToLowWord(*i.a) ^ TruncateToLowWord(*i.b);
+      value = TruncateToLowWord(*i.a) ^ TruncateToLowWord(*i.b);
       break;
     case ExprOp::kAnd:
-      top = TruncateToLowWord(*i.a) & TruncateToLowWord(*i.b);
+      value = TruncateToLowWord(*i.a) & TruncateToLowWord(*i.b);
       break;
     case ExprOp::kNot:
-      top = ~TruncateToLowWord(*i.a);
+      value = ~TruncateToLowWord(*i.a);
       break;
     case ExprOp::kAbs:
-      top = std::fabs(*i.a);
+      value = std::fabs(*i.a);
       break;
     case ExprOp::kSqrt:
       if (*i.a < 0) return false;
-      top = std::sqrt(*i.a);
+      value = std::sqrt(*i.a);
       break;
     case ExprOp::kLog:
       if (*i.a <= 0) return false;
-      top = std::log10(*i.a);
+      value = std::log10(*i.a);
       break;
     case ExprOp::kInvLog:
-      top = std::pow(10.0, *i.a);
+      value = std::pow(10.0, *i.a);
       break;
     case ExprOp::kLn:
       if (*i.a <= 0) return false;
-      top = std::log(*i.a);
+      value = std::log(*i.a);
       break;
     case ExprOp::kInvLn:
-      top = std::exp(*i.a);
+      value = std::exp(*i.a);
       break;
     case ExprOp::kSin:
-      top = std::sin(*i.a);
+      value = std::sin(*i.a);
       break;
     case ExprOp::kCos:
-      top = std::cos(*i.a);
+      value = std::cos(*i.a);
       break;
     case ExprOp::kTan:
-      top = std::tan(*i.a);
+      value = std::tan(*i.a);
       break;
     case ExprOp::kInvSin:
       if (std::fabs(*i.a) > 1) return false;
-      top = std::asin(*i.a);
+      value = std::asin(*i.a);
       break;
     case ExprOp::kInvCos:
       if (std::fabs(*i.a) > 1) return false;
-      top = std::acos(*i.a);
+      value = std::acos(*i.a);
       break;
     case ExprOp::kInvTan:
-      top = std::atan(*i.a);
+      value = std::atan(*i.a);
       break;
     case ExprOp::kSinScaled:
-      top = std::sin(*i.a / *i.b);
+      value = std::sin(*i.a / *i.b);
       break;
     case ExprOp::kCosScaled:
-      top = std::cos(*i.a / *i.b);
+      value = std::cos(*i.a / *i.b);
       break;
     case ExprOp::kTanScaled:
-      top = std::tan(*i.a / *i.b);
+      value = std::tan(*i.a / *i.b);
       break;
     case ExprOp::kInvSinScaled:
       if (std::fabs(*i.a) > 1) return false;
-      top = std::asin(*i.a) * *i.b;
+      value = std::asin(*i.a) * *i.b;
       break;
     case ExprOp::kInvCosScaled:
       if (std::fabs(*i.a) > 1) return false;
-      top = std::acos(*i.a) * *i.b;
+      value = std::acos(*i.a) * *i.b;
       break;
     case ExprOp::kInvTanScaled:
-      top = std::atan(*i.a) * *i.b;
+      value = std::atan(*i.a) * *i.b;
       break;
     case ExprOp::kSh:
-      top = std::sinh(*i.a);
+      value = std::sinh(*i.a);
       break;
     case ExprOp::kCh:
-      top = std::cosh(*i.a);
+      value = std::cosh(*i.a);
       break;
     case ExprOp::kTh:
-      top = std::tanh(*i.a);
+      value = std::tanh(*i.a);
       break;
     case ExprOp::kInvSh:
-      top = std::log(*i.a + std::sqrt(*i.a * *i.a + 1));
+      value = std::log(*i.a + std::sqrt(*i.a * *i.a + 1));
       break;
     case ExprOp::kInvCh:
       if (*i.a < 1) return false;
-      top = std::log(*i.a + std::sqrt(*i.a * *i.a - 1));
+      value = std::log(*i.a + std::sqrt(*i.a * *i.a - 1));
       break;
     case ExprOp::kInvTh:
       // Exactly 1 and -1 are let through and give infinities.
       if (std::fabs(*i.a) > 1) return false;
-      top = 0.5 * std::log((1 + *i.a) / (1 - *i.a));
+      value = 0.5 * std::log((1 + *i.a) / (1 - *i.a));
       break;
     case ExprOp::kMmToI:
-      top = *i.a / kMmPerInch;
+      value = *i.a / kMmPerInch;
       break;
     case ExprOp::kIToMm:
-      top = *i.a * kMmPerInch;
+      value = *i.a * kMmPerInch;
       break;
     case ExprOp::kInt:
-      top = TruncateToInt32(*i.a);
+      value = TruncateToInt32(*i.a);
       break;
     case ExprOp::kEnd:
     case ExprOp::kIntegralBegin:
@@ -193,7 +183,7 @@ inline constexpr double kInchPerMm = 0.03937007874015748;
     default:
       __builtin_unreachable();
   }
-  *i.to = top;
+  *i.to = value;
   return true;
 }
 

@@ -2,6 +2,12 @@
 // A tree flattened for the machine: a straight list of instructions whose operands are addresses (variables of the
 // store, constants and intermediate values of the program), so that an operator costs one instruction and a leaf none.
 // At most one solver, whose operand is a range of the same list. Made by Flatten, run by ExprMachine.
+//
+// What goes beyond that, and how many times as long bench_calc takes without it (formula, integral, long integral):
+// - Angles in radians are not multiplied by a factor of 1: 1.12, 1.09, 1.14.
+// - A divisor is looked at beforehand only where the left side has effects: 1.29, 1.09, 1.21.
+// - The four operations are done in the machine's loop and not by a call: 1.22, 1.31, 1.31.
+// - So is the step to an integral's next place: 1.14 for the integral.
 #pragma once
 
 #include <array>
@@ -28,18 +34,9 @@ enum class ExprOp : std::uint8_t {
   kSubtract,
   kMultiply,
   kDivide,
-  kAddTop,  // these six: the value of the operation before in place of a, or of b where the name says so
-  kSubtractTop,
-  kSubtractFromTop,
-  kMultiplyTop,
-  kDivideTop,
-  kDivideByTop,
   kDivisor,  // fails when b is 0, ahead of a left side that must then not be evaluated
   kPercent,
   kPower,
-  kSquare,
-  kCube,
-  kFourth,
   kFactorial,
   kNegate,
   kOr,
@@ -103,8 +100,8 @@ struct ExprProgram {
 /// 180/pi, with pi as the language has it.
 [[nodiscard]] double DegreesPerRadian();
 
-/// Makes the program of a tree for one angle unit: angleScale is 1 for radians. Operations on constants that cannot
-/// fail are done here. The tree is one of a text that Compile takes.
+/// Makes the program of a tree for one angle unit: angleScale is 1 for radians. The tree is one of a text that Compile
+/// takes.
 void Flatten(const ExprNode& tree, CalcStore& store, double angleScale, ExprProgram& program);
 
 /// Appends one line an instruction; for people and tests.

@@ -9,18 +9,14 @@
 #include <cmath>
 
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_key_widget.h"
-#include "calc/qt/calc_label_widget.h"
 #include "calc/qt/calc_look.h"
-#include "calc/qt/calc_result_window.h"
+#include "calc/qt/calc_text_widgets.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
 namespace {
-
-constexpr int kLineLimit = 255;
-constexpr int kSideMargin = 4;
 
 QRgb GroundOf(int id) {
   switch (id) {
@@ -45,36 +41,6 @@ int Scaled(int pixels, double scale) { return static_cast<int>(std::lround(pixel
 
 }  // namespace
 
-CalcLine::CalcLine(int id, QWidget* parent) : LimitedEdit(id, kLineLimit, parent) {
-  setFrame(false);
-  setTextMargins(kSideMargin, 0, kSideMargin, 0);
-  QPalette colors = palette();
-  colors.setColor(QPalette::Base, QColor(calc_look::kLineGround));
-  colors.setColor(QPalette::Text, QColor(calc_look::kLineText));
-  colors.setColor(QPalette::Highlight, QColor(calc_look::kSelection));
-  colors.setColor(QPalette::HighlightedText, Qt::white);
-  setPalette(colors);
-}
-
-CalcSelection CalcLine::Selection() const {
-  if (!hasSelectedText()) return {cursorPosition(), cursorPosition()};
-  return {selectionStart(), selectionEnd()};
-}
-
-void CalcLine::Select(CalcSelection selection) {
-  const int length = static_cast<int>(text().size());
-  const int start = std::clamp(selection.start, 0, length);
-  const int end = std::clamp(selection.end, 0, length);
-  if (start == end) return setCursorPosition(end);
-  setSelection(start, end - start);
-}
-
-void CalcLine::mousePressEvent(QMouseEvent* event) {
-  LimitedEdit::mousePressEvent(event);
-  // Last of all: whoever listens may destroy the edit.
-  emit Pressed();
-}
-
 CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidget* parent)
     : QWidget(parent), scale_(scale) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -83,7 +49,7 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
     const CalcControl control = LocalizedControl(built, dialog);
     QWidget* made = Make(control);
     const Rect place = DialogPixels(control, scale_);
-    made->setGeometry(place.left, place.top, place.Width(), place.Height());
+    made->setGeometry(ToQRect(place));
     controls_.emplace(control.id, made);
   }
   // A press on a key or a field must leave caret and selection in the line, whatever the host's own widgets do with it.

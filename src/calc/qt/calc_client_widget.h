@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The calculator's client area: all its controls, made after the dialog of the language pack. It places, fills and asks
-// them; what a press means is told by signals, and what follows is decided elsewhere.
+// them and reports presses by signals; what follows is decided elsewhere.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -8,33 +8,14 @@
 #include <map>
 
 #include "calc/calc_places.h"
-#include "calc/calc_view.h"
-#include "controls/limited_edit.h"
+#include "calc/qt/calc_input_widgets.h"
 #include "controls/list_box.h"
 #include "host/language.h"
 
 namespace pnl {
 
-class CalcKeyWidget;
 class CalcLabelWidget;
 class ZCResultWnd;
-
-/// The expression line.
-class CalcLine final : public LimitedEdit {
-  Q_OBJECT
-
- public:
-  CalcLine(int id, QWidget* parent);
-  [[nodiscard]] CalcSelection Selection() const;
-  void Select(CalcSelection selection);
-
- signals:
-  /// The edit has done with the press.
-  void Pressed();
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override;
-};
 
 class CalcClientWidget final : public QWidget {
   Q_OBJECT

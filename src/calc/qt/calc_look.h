@@ -36,7 +36,7 @@ inline constexpr int kListHeight = 16;
 inline constexpr int kNormalWeight = 400;
 inline constexpr int kBoldWeight = 600;
 
-/// For the parts that the style draws: the menu bar, and what lies behind the controls.
+/// For the parts that the style draws: the menu bar, and what is below the controls.
 [[nodiscard]] inline QPalette DialogPalette() {
   QPalette palette{QColor(kGround)};
   palette.setColor(QPalette::WindowText, QColor(kText));

@@ -1,35 +1,20 @@
 // SPDX-License-Identifier: MIT
 // What the calculator's logic asks of its window, done with widgets.
-#include <QtWidgets/QApplication>
-
 #include "calc/calc_ids.h"
-#include "calc/qt/calc_label_widget.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
-namespace {
-
-Rect FromArea(const QRect& area) { return {area.x(), area.y(), area.x() + area.width(), area.y() + area.height()}; }
-
-}  // namespace
-
-Rect ZCCalc7340::ParentClientRect() const {
-  const QWidget* parent = parentWidget();
-  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
-}
-
-Rect ZCCalc7340::WindowRect() const { return FromArea(geometry()); }
+Rect ZCCalc7340::WindowRect() const { return FromQRect(geometry()); }
 
 Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->height()}; }
 
 void ZCCalc7340::SetClientHeight(int height) {
   const int bar = bar_ == nullptr ? 0 : bar_->heightForWidth(width());
   resize(width(), std::max(0, height) + std::max(0, bar));
-  // The same size all told may part differently.
+  // The same size in all may be divided differently.
   LayOut();
 }
 
@@ -39,33 +24,21 @@ void ZCCalc7340::LayOut() {
   client_->setGeometry(0, bar, width(), std::max(0, height() - bar));
 }
 
-void ZCCalc7340::Hide() {
-  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  ClearFocus();
-  hide();
-}
-
-void ZCCalc7340::ClearFocus() {
-  QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
-}
-
 void ZCCalc7340::BringToTop() {
   raise();
   if (note_) note_->raise();
 }
 
 void ZCCalc7340::Destroy() {
-  if (closing_) return;
-  closing_ = true;
   work_.stop();
   EndMessages();
+  const QPointer<ZCCalc7340> alive(this);
   Hide();
-  deleteLater();
+  if (alive) deleteLater();
 }
 
 void ZCCalc7340::ClosePanel() {
-  // Behind the present event: closing may end everything that stands on the stack.
+  // After the present event: closing may destroy every object that is at work now.
   QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
 }
 
@@ -95,7 +68,7 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
 
 void ZCCalc7340::MoveControl(int id, const Rect& rect) {
   QWidget* control = client_->Control(id);
-  if (control != nullptr) control->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+  if (control != nullptr) control->setGeometry(ToQRect(rect));
 }
 
 void ZCCalc7340::ShowControl(int id, bool shown) {
@@ -145,7 +118,7 @@ void ZCCalc7340::PlaceNote() {
 
 void ZCCalc7340::SetWorking(bool working) {
   if (!working) return work_.stop();
-  if (!work_.isActive() && !closing_) work_.start(0, this);
+  if (!work_.isActive()) work_.start(0, this);
 }
 
 }  // namespace pnl

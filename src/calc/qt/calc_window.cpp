@@ -9,10 +9,7 @@
 
 #include "calc/calc_ids.h"
 #include "calc/calc_places.h"
-#include "calc/qt/calc_label_widget.h"
 #include "calc/qt/calc_look.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 
@@ -99,7 +96,7 @@ ZCCalc7340::Clock ZCCalc7340::SteadyClock() {
 }
 
 ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock)
-    : ToolWindow(tool_id::kCalculator, parent), context_(context), clock_(std::move(clock)) {
+    : ToolWindowWith(PNL_TOOL_CALCULATOR, parent), context_(context), clock_(std::move(clock)) {
   const double scale = DialogScale(physicalDpiX(), ParentClientRect());
   setProperty(property::kMenuAttached, false);
   SetBackProperty(calc_look::kGroundColor);
@@ -111,7 +108,7 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
   const CalcExtent extent = CalcDialogUnits();
   resize(DialogPixelsX(extent.width, scale), DialogPixelsY(extent.height, scale));
   CalcView& view = *this;
-  session_ = std::make_shared<CalcSession>(context_, view, param);
+  session_.Make(context_, view, param);
   Connect();
 }
 
@@ -124,7 +121,7 @@ ZCCalc7340::~ZCCalc7340() {
     control->disconnect(this);
     control->removeEventFilter(this);
   }
-  End();
+  session_.End();
   delete note_;
 }
 
@@ -150,42 +147,31 @@ void ZCCalc7340::Open() {
   Tell([](CalcSession& session) { session.Open(); });
 }
 
-void ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
-  const std::shared_ptr<CalcSession> session = session_;
-  if (!session || closing_) return;
-  const QPointer<ZCCalc7340> alive(this);
+bool ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
   ++depth_;
-  intention(*session);
-  if (!alive) return;
+  if (!session_.Tell(intention)) return false;
   --depth_;
-  if (depth_ == 0) FinishOrWork(kMomentMilliseconds);
+  return depth_ != 0 || Compute(kMomentMilliseconds);
 }
 
-void ZCCalc7340::FinishOrWork(int milliseconds) {
-  const std::shared_ptr<CalcSession> session = session_;
-  const QPointer<ZCCalc7340> alive(this);
+bool ZCCalc7340::Compute(int milliseconds) {
   const std::int64_t end = clock_() + milliseconds;
-  while (session && !closing_ && session->IsComputing() && clock_() < end) {
+  while (true) {
+    bool computing = false;
+    if (!session_.Tell([&](CalcSession& session) { computing = session.IsComputing(); })) return false;
+    if (!computing || clock_() >= end) return true;
     ++depth_;
-    session->Work();
-    if (!alive) return;
+    if (!session_.Tell([](CalcSession& session) { session.Work(); })) return false;
     --depth_;
   }
-  // Saved before the host goes on: it may ask for the next calculator at once.
-  if (closing_) End();
-}
-
-void ZCCalc7340::End() {
-  const std::shared_ptr<CalcSession> session = std::exchange(session_, nullptr);
-  if (session) session->OnDestroyed();
 }
 
 std::intptr_t ZCCalc7340::OnMessage(const Message& message) {
-  static const std::uint32_t handleValue = RegisterMessage("TM_HANDLEVALUE");
+  static const std::uint32_t handleValue = RegisterMessage(PNL_NAME_HANDLE_VALUE);
   std::intptr_t answer = 0;
-  if (message.number == kMsgCommand) {
+  if (message.number == PNL_MSG_COMMAND) {
     Tell([&](CalcSession& session) { session.OnMenuCommand(static_cast<int>(message.first)); });
-  } else if (message.number == kMsgToolCommand) {
+  } else if (message.number == PNL_MSG_TOOL_COMMAND) {
     Tell([&](CalcSession& session) { answer = session.OnToolCommand(message.first); });
   } else if (message.number == handleValue) {
     Tell([](CalcSession& session) { session.OnHandleValue(); });
@@ -194,22 +180,25 @@ std::intptr_t ZCCalc7340::OnMessage(const Message& message) {
 }
 
 bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
+  const bool typing = watched == &client_->Line() && (event.modifiers() & kCommandKeys) == 0;
+  const auto key = LogicKey(event);
+  if (!key) {
+    const Taken taken = typing ? OnCharacter(event.text()) : Taken::kNo;
+    // A key that isn't accepted goes on to the parents.
+    if (taken != Taken::kNo) event.accept();
+    return taken != Taken::kNo;
+  }
+  const bool ctrl = (event.modifiers() & Qt::ControlModifier) != 0 && PlainKey(event.key(), false).has_value();
   bool consumed = false;
   bool listOpen = false;
-  const auto key = LogicKey(event);
-  const QPointer<ZCCalc7340> alive(this);
-  if (key) {
-    const bool ctrl = (event.modifiers() & Qt::ControlModifier) != 0 && PlainKey(event.key(), false).has_value();
-    Tell([&](CalcSession& session) {
-      consumed = session.OnKey(*key, ctrl);
-      listOpen = session.IsListOpen();
-    });
-  } else if (watched == &client_->Line() && (event.modifiers() & kCommandKeys) == 0) {
-    consumed = OnCharacter(event.text());
-  }
-  // A key that isn't accepted goes on to the parents.
+  const bool there = Tell([&](CalcSession& session) {
+    // If the window ends on the way, the key was the calculator's.
+    consumed = true;
+    consumed = session.OnKey(*key, ctrl);
+    listOpen = session.IsListOpen();
+  });
   if (consumed) event.accept();
-  if (consumed || !alive) return true;
+  if (consumed || !there) return true;
   const bool upOrDown = key == CalcKey::kUp || key == CalcKey::kDown;
   if (!upOrDown || !listOpen || watched != &client_->Line()) return false;
   // The rows move from wherever the caret is.
@@ -217,11 +206,12 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   return true;
 }
 
-bool ZCCalc7340::OnCharacter(const QString& typed) {
+ZCCalc7340::Taken ZCCalc7340::OnCharacter(const QString& typed) {
+  if (typed.size() != 1) return Taken::kNo;
   bool taken = false;
-  if (typed.size() != 1) return taken;
-  Tell([&](CalcSession& session) { taken = session.OnCharacter(typed.front().unicode()); });
-  return taken;
+  const bool there = Tell([&](CalcSession& session) { taken = session.OnCharacter(typed.front().unicode()); });
+  if (!there) return Taken::kWithTheWindow;
+  return taken ? Taken::kYes : Taken::kNo;
 }
 
 bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
@@ -229,10 +219,10 @@ bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
   if (event.commitString().size() != 1 || !event.preeditString().isEmpty() || event.replacementLength() != 0) {
     return false;
   }
-  const QPointer<ZCCalc7340> alive(this);
-  if (!OnCharacter(event.commitString())) return false;
+  const Taken taken = OnCharacter(event.commitString());
+  if (taken == Taken::kNo) return false;
   event.accept();
-  if (alive) QApplication::inputMethod()->reset();
+  if (taken == Taken::kYes) QApplication::inputMethod()->reset();
   return true;
 }
 
@@ -248,7 +238,7 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::InputMethod:
       return watched == &client_->Line() && OnCommitted(static_cast<QInputMethodEvent&>(*event));
     case QEvent::ShortcutOverride:
-      // The panel's shortcuts come behind the keys of the calculator.
+      // The panel's shortcuts come after the keys of the calculator.
       if (LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
       return false;
     default:
@@ -258,8 +248,8 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCCalc7340::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab stays within; keys of the keypad take no focus. It isn't told as a Tab, which would select
-  // the whole line: a list that closes comes here too.
+  // As in any dialog, Tab stays within; keys of the keypad take no focus. The reason isn't Tab, which would select the
+  // whole line: a list that closes comes here too.
   for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
     if (list->isVisible() && !list->hasFocus()) {
       list->setFocus(Qt::OtherFocusReason);
@@ -272,7 +262,7 @@ bool ZCCalc7340::focusNextPrevChild(bool next) {
 
 void ZCCalc7340::timerEvent(QTimerEvent* event) {
   if (event->timerId() != work_.timerId()) return ToolWindow::timerEvent(event);
-  FinishOrWork(kSliceMilliseconds);
+  Compute(kSliceMilliseconds);
 }
 
 void ZCCalc7340::mousePressEvent(QMouseEvent* event) { event->accept(); }

@@ -1,30 +1,28 @@
 // SPDX-License-Identifier: MIT
-// ZCCalc7340: the calculator's window. It has the controls, turns keys, presses, commands and messages into calls on
-// CalcSession and does what that asks of its view; it decides nothing. A child of the host's window, which owns it.
+// ZCCalc7340: the calculator's window. It has the controls, turns each key, press, command and message into one
+// intention of CalcSession, gives that a moment for what it began to compute, and does what it asks of its view; it
+// decides nothing. A child of the host's window, which owns it.
 #pragma once
 
 #include <QtCore/QBasicTimer>
 #include <QtCore/QPointer>
 #include <functional>
-#include <memory>
 
 #include "calc/calc_session.h"
 #include "calc/calc_view.h"
 #include "calc/qt/calc_client_widget.h"
-#include "calc/qt/calc_note_widget.h"
-#include "host/tool_context.h"
+#include "calc/qt/calc_text_widgets.h"
+#include "host/tool_session.h"
 #include "window/qt/tool_window.h"
 
 namespace pnl {
 
-class CalcMenuWidget;
-
-class ZCCalc7340 final : public ToolWindow, private CalcView {
+class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   Q_OBJECT
 
  public:
-  /// Rising milliseconds. Not those of the context's timers: while those stand still an event must still come to its
-  /// end.
+  /// Rising milliseconds. Not those of the context's timers, which a test or a script may stop: an event must come to
+  /// its end then too.
   using Clock = std::function<std::int64_t()>;
   [[nodiscard]] static Clock SteadyClock();
 
@@ -48,13 +46,9 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void timerEvent(QTimerEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  [[nodiscard]] Rect ParentClientRect() const override;
   [[nodiscard]] Rect WindowRect() const override;
   void MoveWindow(int left, int top) override { move(left, top); }
   void SetClientHeight(int height) override;
-  void Show() override { show(); }
-  void Hide() override;
   void BringToTop() override;
   void Destroy() override;
   void ClosePanel() override;
@@ -68,8 +62,8 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) override;
   [[nodiscard]] Text LineText() const override;
   void SetLineText(TextView text) override;
-  [[nodiscard]] CalcSelection LineSelection() const override { return client_->Line().Selection(); }
-  void SetLineSelection(CalcSelection selection) override { client_->Line().Select(selection); }
+  [[nodiscard]] TextSelection LineSelection() const override { return client_->Line().Selection(); }
+  void SetLineSelection(TextSelection selection) override { client_->Line().Select(selection); }
   void LimitLine(int characters) override { client_->Line().SetLimit(characters); }
   void FocusLine() override { client_->Line().setFocus(Qt::OtherFocusReason); }
   [[nodiscard]] Text ResultText() const override;
@@ -92,16 +86,17 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   void SetNote(TextView text) override;
   void SetWorking(bool working) override;
 
-  /// Calls an intention of the logic, if it is there, and gives it a moment for what it began to compute. Nothing of
-  /// this window may be touched behind it: the intention may have ended in its destruction.
-  void Tell(const std::function<void(CalcSession&)>& intention);
-  void FinishOrWork(int milliseconds);
-  void End();
+  /// Tells the session an intention. The outermost one then gets a moment for what it began to compute. False when the
+  /// session has ended: then nothing of this window may be touched.
+  bool Tell(const std::function<void(CalcSession&)>& intention);
+  /// Lets the session compute so long. False as Tell's.
+  bool Compute(int milliseconds);
   void Connect();
   [[nodiscard]] bool OnKeyDown(QObject* watched, QKeyEvent& event);
   [[nodiscard]] bool OnCommitted(QInputMethodEvent& event);
-  [[nodiscard]] bool OnCharacter(const QString& typed);
-  void ClearFocus();
+  /// Whether the calculator took a character: no, yes, or its window ended with it.
+  enum class Taken { kNo, kYes, kWithTheWindow };
+  [[nodiscard]] Taken OnCharacter(const QString& typed);
   void LayOut();
   void PlaceNote();
 
@@ -111,9 +106,8 @@ class ZCCalc7340 final : public ToolWindow, private CalcView {
   QPointer<CalcNoteWidget> note_;
   QBasicTimer work_;
   const Clock clock_;
-  int depth_ = 0;         // calls into the logic that are under way
-  bool closing_ = false;  // the logic has closed the window
-  std::shared_ptr<CalcSession> session_;
+  int depth_ = 0;  // intentions that are under way
+  ToolLink<CalcSession> session_;
 };
 
 }  // namespace pnl

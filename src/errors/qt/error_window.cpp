@@ -12,6 +12,7 @@
 #include "errors/qt/error_counter_widget.h"
 #include "errors/qt/threaded_line_reader.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -55,7 +56,7 @@ QFont FontOf(const ErrorFont& font) {
 }  // namespace
 
 ZCErrorManager::ZCErrorManager(const ToolContext& context, QWidget* parent)
-    : ToolWindow(tool_id::kErrorManager, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
+    : ToolWindowWith(PNL_TOOL_ERRORS, parent), context_(context), classColor_(ErrorColorOf(ErrorClass::kError)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   MakeControls();
@@ -95,7 +96,7 @@ void ZCErrorManager::MakeControls() {
     }
     controls_[control.id] = widget;
     const Rect rect = PixelsOf(control, context_.language.Dialog(error_id::kDialog), scale);
-    widget->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
+    widget->setGeometry(ToQRect(rect));
     // Presses act by where they are, so that a double click beside the pictures can be told.
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     const bool always = control.kind == ErrorControlKind::kText || control.id == error_id::kTitleBox;
@@ -109,14 +110,14 @@ void ZCErrorManager::MakeControls() {
 }
 
 std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
-  static const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
+  static const std::uint32_t helpEnded = RegisterMessage(PNL_NAME_ERROR_HELP_ENDED);
   std::intptr_t answer = 0;
   session_.Tell([&](ErrorSession& session) {
-    if (message.number == kMsgVariableReport) {
+    if (message.number == PNL_MSG_VARIABLE_REPORT) {
       session.OnReport(message.first, message.second);
-    } else if (message.number == kMsgToolNotify) {
+    } else if (message.number == PNL_MSG_TOOL_NOTIFY) {
       session.OnToolNotify(message.first, message.second);
-    } else if (message.number == kMsgHelpKey) {
+    } else if (message.number == PNL_MSG_HELP_KEY) {
       answer = session.ShowHelp() ? 1 : 0;
     } else if (message.number == helpEnded) {
       session.HelpEnded();
@@ -177,15 +178,7 @@ void ZCErrorManager::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ZCErrorManager::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(classColor_)); }
 
-void ZCErrorManager::Hide() {
-  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  const QPointer<ZCErrorManager> alive = this;
-  if (hasFocus()) clearFocus();
-  // Who follows the focus may have destroyed the window.
-  if (alive) hide();
-}
-
-void ZCErrorManager::SetWindowRect(const Rect& rect) { setGeometry(rect.left, rect.top, rect.Width(), rect.Height()); }
+void ZCErrorManager::SetWindowRect(const Rect& rect) { setGeometry(ToQRect(rect)); }
 
 void ZCErrorManager::SetWaitCursor(bool waiting) {
   if (waiting) {
@@ -219,14 +212,9 @@ void ZCErrorManager::SetFonts(const ErrorFont& title, const ErrorFont& text) {
   }
 }
 
-Rect ZCErrorManager::ControlRect(int id) const {
-  const QRect area = controls_.at(id)->geometry();
-  return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
-}
+Rect ZCErrorManager::ControlRect(int id) const { return FromQRect(controls_.at(id)->geometry()); }
 
-void ZCErrorManager::MoveControl(int id, const Rect& rect) {
-  controls_.at(id)->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
-}
+void ZCErrorManager::MoveControl(int id, const Rect& rect) { controls_.at(id)->setGeometry(ToQRect(rect)); }
 
 void ZCErrorManager::ShowControl(int id, bool shown) { controls_.at(id)->setVisible(shown); }
 

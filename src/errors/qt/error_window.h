@@ -11,13 +11,12 @@
 #include "errors/error_session.h"
 #include "errors/qt/error_text_widget.h"
 #include "errors/qt/raised_text_widget.h"
-#include "host/tool_context.h"
+#include "host/tool_session.h"
 #include "window/qt/tool_window.h"
-#include "window/tool_link.h"
 
 namespace pnl {
 
-class ZCErrorManager final : public ToolWindow, private ErrorView {
+class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   Q_OBJECT
 
  public:
@@ -36,10 +35,6 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  void Show() override { show(); }
-  void Hide() override;
-  void BringToTop() override { raise(); }
   void FocusWindow() override { setFocus(Qt::OtherFocusReason); }
   void Invalidate() override { update(); }
   void SetWindowRect(const Rect& rect) override;
@@ -72,7 +67,7 @@ class ZCErrorManager final : public ToolWindow, private ErrorView {
   ZC3DText* channelBox_ = nullptr;
   QPointer<QShortcut> hotKey_;
   std::uint32_t classColor_;
-  LogicLink<ErrorSession> session_;
+  ToolLink<ErrorSession> session_;
 };
 
 }  // namespace pnl

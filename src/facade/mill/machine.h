@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The simulated machines, by name: what stands behind the simulated kernel and what the operator's panel drives. Not
-// the table of variables nor the error queue, which belong to the simulated CNC and are reached through the seam.
-// Owned by that CNC; the environment must outlive the machine.
+// The simulated machines by name. A machine runs blocks for the simulated kernel and has an operator's panel. The table
+// of variables and the error queue belong to the simulated CNC; a machine reaches them through the seam. The caller
+// owns the machine; the environment must outlive it.
 #pragma once
 
 #include <memory>
@@ -14,14 +14,15 @@ namespace pnl::sim {
 /// A machine of one channel, seen from the kernel and from the operator's panel.
 class Machine : public KernelMachine, public rig::MachineControl {
  public:
-  /// "es" for Spanish texts of its errors, anything else for English ones, from now on.
+  /// Sets the language of its error texts from now on: Spanish for a code that begins with "es", English for any other.
   virtual void SetLanguage(std::string_view code) = 0;
-  /// How many grants of the interlock stand: those the panel hasn't given back and that of the block in hand.
+  /// How many grants of the interlock are open: those that the panel hasn't given back, and those of the running and
+  /// the parked block.
   [[nodiscard]] virtual int InterlocksHeld() const = 0;
 };
 
-/// The machine of that name, its variables and error texts made; null for an unknown name. There is "demo", a mill with
-/// the axes X, Y and Z and a spindle.
+/// Makes the machine of that name, with its variables and error texts. Returns null for an unknown name. "demo" is a
+/// mill with the axes X, Y and Z and a spindle.
 [[nodiscard]] std::unique_ptr<Machine> MakeMachine(std::string_view name, MachineEnvironment& environment);
 
 }  // namespace pnl::sim

@@ -14,7 +14,7 @@ namespace pnl::sim {
 namespace {
 
 constexpr double kHighestLineNumber = 99'999'999;
-/// Beyond it lengths would lose the digits that matter, and arcs their ends.
+/// Larger values would lose the digits that matter for lengths and for the ends of arcs.
 constexpr double kHighestValue = 1e9;
 
 bool IsBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
@@ -24,7 +24,8 @@ bool IsNumberPart(char16_t c) { return IsDigit(c) || c == u'.' || c == u'+' || c
 char16_t UpperAscii(char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; }
 bool IsLetter(char16_t c) { return UpperAscii(c) >= u'A' && UpperAscii(c) <= u'Z'; }
 
-/// Sign, digits, point, digits, with at least one digit, and nothing else. What no double can hold is infinite.
+/// Reads a number: optional sign, digits, point, digits, with at least one digit and nothing else. A number too large
+/// for a double becomes infinite.
 std::optional<double> ParseNumber(TextView digits) {
   std::string ascii(digits.begin(), digits.end());
   const bool negative = ascii.front() == '-';
@@ -38,7 +39,8 @@ std::optional<double> ParseNumber(TextView digits) {
   return negative ? -value : value;
 }
 
-/// One number, or several divided one by the other from left to right. Sets byZero where one of the divisors is 0.
+/// Reads one number, or several that are divided from left to right. Sets byZero and returns nothing when a divisor is
+/// 0.
 std::optional<double> ParseQuotient(TextView digits, bool& byZero) {
   std::optional<double> quotient;
   while (true) {
@@ -66,7 +68,7 @@ class Scanner {
   }
 
  private:
-  /// False at the end of the text.
+  /// Returns false at the end of the text.
   bool SkipBlanks() {
     while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
     return at_ < text_.size();
@@ -120,12 +122,12 @@ class Scanner {
     Store(std::move(word));
   }
 
-  /// A stroke between two numbers, the first of which began there.
+  /// True for a '/' between two numbers; number is the place where the first one begins.
   [[nodiscard]] bool IsDivision(std::size_t number) const {
     return at_ > number && text_[at_] == u'/' && at_ + 1 < text_.size() && IsNumberPart(text_[at_ + 1]);
   }
 
-  /// The block number is the first word or none.
+  /// Adds the word to the block. A block number must be the first word.
   void Store(Word word) {
     if (word.letter != u'N') {
       block_.words.push_back(std::move(word));
@@ -142,7 +144,8 @@ class Scanner {
     }
   }
 
-  /// A pair of surrogates is one character; what can't be shown is named by its number.
+  /// Reports the character at this place. A pair of surrogates is one character. A character that can't be shown is
+  /// named by its code.
   void UnknownCharacter() {
     const char16_t c = text_[at_];
     const bool pair =

@@ -29,14 +29,14 @@ inline constexpr std::array<AxisFacts, kAxisCount> kAxes{{
 inline constexpr double kHighestFeed = 20000;  // mm/min
 inline constexpr double kLowestFeed = 1e-4;
 inline constexpr double kHighestSpeed = 12000;  // rpm
-inline constexpr double kArcTolerance = 0.01;   // by how much start and end may differ in their distance to the centre
+inline constexpr double kArcTolerance = 0.01;   // how much the distances of start and end to the centre may differ, mm
 inline constexpr double kLongestDwell = 86400;  // seconds
 inline constexpr double kInch = 25.4;
 inline constexpr double kFoot = 0.3048;  // metres
 inline constexpr int kHighestTool = 99;
 inline constexpr int kHighestEdge = 99;
 
-/// Where the zero point of G54 to G59 lies; no offset for any other code.
+/// The zero point of G54 to G59. Zero for any other code.
 [[nodiscard]] Point OffsetOf(int gCode);
 
 struct ToolFacts {
@@ -44,7 +44,7 @@ struct ToolFacts {
   double diameter;
   double length;
 };
-/// Both 0 for a place of the magazine without data.
+/// The facts of a tool. Diameter and length are 0 for a tool without data.
 [[nodiscard]] ToolFacts ToolOf(int number);
 
 }  // namespace pnl::sim

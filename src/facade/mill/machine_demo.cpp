@@ -13,9 +13,9 @@ namespace pnl::sim {
 namespace {
 
 constexpr int kDisplayPeriod = 40;
-/// An end this little after a whole millisecond is that millisecond's.
+/// An end that is later than a whole millisecond by less than this counts as that millisecond.
 constexpr double kEndTolerance = 1e-3;
-/// A longer wait is taken in parts.
+/// A longer wait is split into parts.
 constexpr double kLongestWait = 1e9;
 
 }  // namespace
@@ -55,7 +55,7 @@ int DemoMachine::FullStatus() const {
   return 0x200;
 }
 
-/// Everything that has come to its end by now.
+/// Ends every step that is due by now.
 void DemoMachine::Work() {
   aborting_ = false;
   while (task_ && task_->halt == Halt::kNone) {
@@ -78,7 +78,7 @@ void DemoMachine::EndStep() {
   if (step.kind == Step::Kind::kStop) {
     HaltAt(step.stopCode == 0 ? Halt::kStop : Halt::kOptionalStop, end);
   } else if (singleBlock_ && !task_->run.Over() && task_->run.Current().kind != Step::Kind::kStop) {
-    // A stop that follows halts by itself; one start key is enough for both.
+    // No halt before a stop step, which halts by itself: one start key is enough for both.
     HaltAt(Halt::kSingleStep, end);
   }
 }
@@ -92,7 +92,7 @@ void DemoMachine::Apply(const Functions& functions) {
   ResetModal();
 }
 
-/// What T and D chose stays.
+/// The tool and the edge that T and D have chosen stay.
 void DemoMachine::ResetModal() {
   Modal start;
   start.nextTool = condition_.modal.nextTool;
@@ -145,7 +145,8 @@ void DemoMachine::Publish() {
   ShowPositions();
   const int status = FullStatus();
   if (std::exchange(status_, status) != status) {
-    // The short status first: who hears of the full one may read both. A watcher may have changed it in between.
+    // Set the short status first, because who gets the report of the full one may read both. A watcher may change
+    // status_ in between.
     SetInt(machine_variable::kStatus, status_ >> 8);
     SetInt(machine_variable::kFullStatus, status_);
   }
@@ -186,7 +187,7 @@ void DemoMachine::ShowPositions() {
   }
 }
 
-/// Last in every operation: the panel may call back in.
+/// Every operation calls this last, because the panel may call the machine again.
 void DemoMachine::Changed() const {
   if (const auto changed = changed_) changed();
 }

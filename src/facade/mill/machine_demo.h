@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: MIT
-// The mill "demo": takes blocks from the kernel, runs them over the clock and tells its state by variables. Parsing,
-// checking and planning lie in machine_block, machine_request and machine_plan, progress in machine_run; here is who
-// may do what when. Owned by the simulated CNC.
+// The mill "demo": it takes blocks from the kernel, runs them on the clock and reports its state through variables. It
+// decides who may do what and when. machine_block, machine_request and machine_plan parse, check and plan a block;
+// machine_run computes its progress. The library's instance owns the machine.
 //
-// The channel. At most one block is in hand, and its halt says what it waits for:
-//   no block                         0x0100 ready
+// The channel. At most one block is in hand. Its halt says what it waits for:
+//   no block                         0x0100, ready
 //   running                          0x0200
-//   single block, between two steps  0x0201 goes on by NextSingleStep
-//   feed hold                        0x0405 goes on by ClearFeedhold
-//   M0, M1                           0x0404, 0x0406 go on by NextSingleStep
+//   single block, between two steps  0x0201, NextSingleStep continues
+//   feed hold                        0x0405, ClearFeedhold continues
+//   M0, M1                           0x0404, 0x0406, NextSingleStep continues
 //   aborted                          0x0800 for one millisecond, then ready, so that both are reported
-// A block's steps are: functions before the move, the move or dwell, functions behind it, the stop. A block lasts at
-// least a millisecond, so that running is seen too. Feed hold means something only while a step runs.
+// The steps of a block are: functions before the move, the move or dwell, functions after it, the stop. A block lasts
+// at least one millisecond, so that the running state is reported too. Feed hold has an effect only while a step runs.
 //
-// Interlock. CogerPlcFree grants it whenever no block is in hand, also when a grant stands already: a tool may keep one
-// after it left a channel, and must not lock itself out. An accepted MDILine takes one grant over and gives it back
-// when its block has ended.
+// Interlock. CogerPlcFree grants it whenever the channel is ready, even if a grant exists already: a tool may keep a
+// grant after it has left a channel and must not lock itself out. An accepted MDILine takes over one grant and gives it
+// back when its block has ended.
 //
-// Inspection. It parks the interrupted block, and the channel is ready for blocks of its own. A start request of the
-// tool is answered at once, whatever stands: the tool then sends its block or releases the one it sent. When inspection
-// ends the parked block is interrupted as before; released, the axes first come back to where it was interrupted.
-// Modal codes changed meanwhile stay changed. Inspection doesn't end while a block of its own is in hand.
+// Inspection. It parks the interrupted block, and the channel is ready for other blocks. A start request of the tool is
+// answered at once in any state: the tool then sends its block, or releases the one that it has sent. When the
+// inspection ends, the parked block is interrupted as before. When it is released, the axes first go back to where it
+// was interrupted. Modal codes that were changed meanwhile stay changed. Inspection doesn't end while one of its own
+// blocks is in hand.
 #pragma once
 
 #include <cstdint>
@@ -33,19 +34,21 @@ namespace pnl::sim {
 
 class DemoMachine final : public Machine {
  public:
-  /// Makes the variables and error texts.
+  /// Makes the machine's variables and error texts.
   explicit DemoMachine(MachineEnvironment& environment);
 
   void SetLanguage(std::string_view code) override;
   [[nodiscard]] int InterlocksHeld() const override;
 
-  // Calls of the kernel. Those without a result of their own in facade/kernel.h answer 1 for done and 0 for refused,
-  // the three that release or cancel 0 for done and 1 for nothing to do. MDILine answers the number of its error.
+  // Calls of the kernel. A call whose result facade/kernel.h doesn't define returns 1 when done and 0 when refused.
+  // NextSingleStep, ClearFeedhold and MDICancel return 0 when done and 1 when there is nothing to do. A refused MDILine
+  // returns the number of its error.
   int EnProcesoInspec(int channel) override;
   int IsMDIAllowedInResetInspect(int channel) override;
   int CogerPlcFree(int channel) override;
   int LiberarPlcFree(int channel) override;
-  /// Leaving MDI ends an inspection and aborts what is in hand or parked: nobody could release it any more.
+  /// Leaving MDI ends an inspection and aborts the block in hand and the parked one, because nobody could release them
+  /// any more.
   int SetMdi(int channel, int on) override;
   int EndMDIMode(int channel) override;
   int SetMode(int channel, int mode) override;
@@ -56,7 +59,7 @@ class DemoMachine final : public Machine {
   int PosibleMDICancel(int channel) override;
   int ChannelNumber() override;
   int ConvertLogToName(int logicalNumber, Text& name) override;
-  /// The mill's errors are events: taking one out of the queue changes nothing in it.
+  /// The mill's errors are events, so removing one from the queue changes nothing in the mill.
   void OnErrorReset() override {}
   void OnWritten(TextView name) override;
 
@@ -69,9 +72,9 @@ class DemoMachine final : public Machine {
   void Cancel() override;
   void Reset() override;
   void Inspection(bool on) override;
-  /// While it is on no block is accepted.
+  /// While the stop is pressed no block is accepted.
   void EmergencyStop(bool on) override;
-  /// While MDI holds the channel the variable stays: the tool sets the mode by SetMode when it leaves.
+  /// Does nothing while the channel is in MDI: the tool sets the mode with SetMode when it leaves.
   void ManualMode(bool on) override;
   void Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) override;
 
@@ -80,8 +83,8 @@ class DemoMachine final : public Machine {
   struct Task {
     BlockRun run;
     Halt halt = Halt::kNone;
-    bool interlock = false;         // a grant to give back at the end
-    std::optional<Point> comeBack;  // where it was interrupted, once inspection took the axes from it
+    bool interlock = false;         // the block has a grant, which ends with it
+    std::optional<Point> comeBack;  // where the block was interrupted, once inspection has parked it
   };
 
   [[nodiscard]] double Now() const;
@@ -96,12 +99,12 @@ class DemoMachine final : public Machine {
   void Apply(const Functions& functions);
   void HaltAt(Halt halt, double when);
   void Release();
-  /// Drops the block in hand where it is; with parked also the one that inspection holds.
+  /// Drops the block in hand where it is. If parked is set, drops the parked block too and ends the inspection.
   void Abort(bool parked);
   void StopSpindleAndCoolant();
   void ResetModal();
   void EndInspection();
-  /// Tells what has changed: variables, timers, the panel.
+  /// Updates the timers and the variables after a change and calls the panel.
   void Publish();
   void Arm();
   void ShowPositions();
@@ -120,15 +123,15 @@ class DemoMachine final : public Machine {
   Condition condition_;
   std::optional<Task> task_;
   std::optional<Task> parked_;
-  int grants_ = 0;  // of the interlock, not given back by the panel
+  int grants_ = 0;  // of the interlock, which the panel hasn't given back
   int percent_ = 100;
-  int status_ = 0x100;  // as last reported
+  int status_ = 0x100;  // the value last reported
   bool mdi_ = false;
   bool aborting_ = false;
   bool inspecting_ = false;
   bool emergency_ = false;
   bool singleBlock_ = false;
-  Point shown_{};  // as the position variables stand
+  Point shown_{};  // the values of the position variables
   std::function<void()> changed_;
   ScopedTimer display_;
   ScopedTimer end_;

@@ -107,7 +107,7 @@ void DemoMachine::Accept(TextView block, Plan plan) {
   Publish();
 }
 
-/// What the tool's start request asked for has come.
+/// Clears the tool's start request, because the block or release that it announced has come.
 void DemoMachine::TakeStartRequest() {
   if (inspecting_ && environment_.GetInt(machine_variable::kStartOnMdi) != 0) {
     SetInt(machine_variable::kStartOnMdi, 0);
@@ -151,7 +151,7 @@ void DemoMachine::OnWritten(TextView name) {
     SetInt(machine_variable::kStartOnMdi, kStartAnswered);
     SetInt(machine_variable::kInspection, 1);
   }
-  // A tool that gives the channel back ends the inspection with it.
+  // A tool that gives the channel back writes 0, which ends the inspection.
   if (name == machine_variable::kInspection && value == 0) Inspection(false);
 }
 

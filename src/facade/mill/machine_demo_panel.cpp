@@ -73,7 +73,7 @@ void DemoMachine::Cancel() { MDICancel(1); }
 void DemoMachine::Reset() {
   StopSpindleAndCoolant();
   ResetModal();
-  // The cause outlives the reset.
+  // A reset doesn't end the cause.
   if (emergency_) PushFault({FaultCode::kEmergencyStop, {}, 0, 0}, {});
   Abort(true);
 }
@@ -84,7 +84,7 @@ void DemoMachine::Inspection(bool on) {
     if (!task_->comeBack) task_->comeBack = condition_.position;
     parked_ = std::exchange(task_, std::nullopt);
     inspecting_ = true;
-    // A request left over from before would start a block by itself.
+    // An old start request would start a block without the key.
     SetInt(machine_variable::kStartOnMdi, 0);
     SetInt(machine_variable::kInspection, 1);
     Publish();

@@ -17,7 +17,7 @@ std::optional<std::int32_t> NumberLine(std::string_view line) {
   return number;
 }
 
-/// Takes the first line off the front, without its end.
+/// Removes the first line from the front and returns it without its ending.
 std::string_view TakeLine(std::string_view& bytes) {
   const std::size_t end = bytes.find('\n');
   std::string_view line = bytes.substr(0, end);

@@ -12,7 +12,7 @@ namespace pnl::sim {
 
 namespace {
 
-/// What the first number of a diagnosis is.
+/// Where the first number of a diagnosis comes from.
 enum class First : std::uint8_t { kNothing, kNumber, kNumberOrNone, kAxisOfWord, kAxisFact, kSpeedFact };
 
 struct DiagnosisRow {
@@ -39,7 +39,7 @@ constexpr std::array kRows{
 };
 // clang-format on
 
-/// The word's number where a diagnosis can hold it.
+/// The value as a number of a diagnosis; nothing when it isn't a whole number of 16 bits.
 std::optional<std::uint16_t> SmallNumber(double value) {
   const bool fits = value >= 0 && value <= std::numeric_limits<std::uint16_t>::max() && value == std::floor(value);
   if (!fits) return std::nullopt;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the kernel's block preparation says of a fault by itself: a kind and two numbers, which the error display words.
-// A fault that it has no kind for, or whose numbers don't fit, has none.
+// The kernel's diagnosis of a fault in block preparation: a kind and two numbers, for which the error display has
+// words.
 #pragma once
 
 #include <cstdint>

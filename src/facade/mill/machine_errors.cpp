@@ -55,20 +55,20 @@ constexpr bool InOrder() {
 }
 static_assert(InOrder());
 
-/// Of messageText for a source whose diagnosis stands behind it in the same field.
+/// The room for messageText in a record with a diagnosis, which is further on in the same field.
 constexpr std::size_t kRoomBeforeDiagnosis = error_field::kDiagnosisKind.offset - error_field::kMessageText.offset;
 static_assert(kRoomBeforeDiagnosis / sizeof(char16_t) == 51);
 
 const FaultText& Entry(FaultCode code) { return kFaultTexts[static_cast<std::size_t>(code)]; }
 
-/// How a fact stands in a record.
+/// How a fact is stored in a record.
 struct FactRow {
   FaultFact::Kind kind;
   std::int32_t meaning;
   std::int32_t valueType;
   std::int32_t unit;
   std::int32_t inchUnit;
-  double stored;  // what 1 is stored as
+  double stored;  // the stored number for 1
 };
 using Kind = FaultFact::Kind;
 constexpr double kMicroseconds = 1e6;
@@ -105,7 +105,7 @@ void PutFact(RecordMaker& maker, const FaultFact& fact, bool inches) {
   }
 }
 
-/// At most that many units, the last of them telling that there was more.
+/// Cuts the text to that many units. An ellipsis at the end shows that it was cut.
 Text Cut(TextView text, std::size_t units) {
   return text.size() <= units ? Text(text) : Text(text.substr(0, units - 1)).append(1, u'…');
 }
@@ -118,7 +118,7 @@ void PutDiagnosis(RecordMaker& maker, const Diagnosis& diagnosis, TextView block
   maker.Put(error_field::kDiagnosisB, diagnosis.b);
 }
 
-/// A line of its own, which takes no caption from the error display.
+/// The block as a line of its own, for which the error display has no caption.
 Text BlockLine(TextView block, MachineLanguage language) {
   return Text(language == MachineLanguage::kSpanish ? u"\nBloque: " : u"\nBlock: ").append(block);
 }
@@ -144,11 +144,11 @@ TextView Wording(FaultCode code, MachineLanguage language) {
 ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language) {
   const std::int32_t number = FaultNumber(fault.code);
   const std::optional<Diagnosis> diagnosis = DiagnosisOf(fault);
-  RecordMaker maker(diagnosis ? record_source::kBlock : record_source::kKernel, number, severity::kError, u"NC");
+  RecordMaker maker(diagnosis ? error_source::kPreparation : error_source::kKernel, number, severity::kError, u"NC");
   if (diagnosis) PutDiagnosis(maker, *diagnosis, block);
   if (!fault.word.empty()) maker.Parameter(parameter_meaning::kValue, fault.word);
   for (const FaultFact& fact : fault.facts) PutFact(maker, fact, fault.inches);
-  // With a diagnosis the block stands beside it.
+  // With a diagnosis the block is in messageText already.
   if (!diagnosis && !block.empty()) maker.Parameter(parameter_meaning::kNone, BlockLine(block, language));
   return maker.Record();
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the mill can refuse, as data: every code with its number and its wording in English and Spanish, and the error
-// record that carries one. A fault is a code, the word at fault, its place in the block and the facts behind it; its
-// record is made only here.
+// The reasons for which the mill refuses a block, as data: every code with its number and its wording in English and
+// Spanish. Also makes the error record of a fault, which happens nowhere else.
 #pragma once
 
 #include <cstdint>
@@ -23,18 +22,17 @@ struct FaultText {
 
 enum class MachineLanguage : std::uint8_t { kEnglish, kSpanish };
 
-/// All of them, in the order of FaultCode.
+/// All texts, in the order of FaultCode.
 [[nodiscard]] std::span<const FaultText> FaultTexts();
 [[nodiscard]] std::int32_t FaultNumber(FaultCode code);
-/// The panel path of the file with the long descriptions in that language, "en" or "es".
+/// The panel path of the file with the long descriptions. language is "en" or "es".
 [[nodiscard]] Text DescriptionFile(std::string_view language);
-/// The reference to the entry of that number in it.
+/// The reference "file#number" to the description of that number.
 [[nodiscard]] Text HelpRefOf(std::int32_t number, MachineLanguage language);
-/// The wording of its number.
+/// The wording of a code.
 [[nodiscard]] TextView Wording(FaultCode code, MachineLanguage language);
-/// The record that puts a fault into the kernel's queue: with the kernel's own diagnosis where block preparation has
-/// one for it, and always with the word at fault, the facts behind it and the block, so that two of one number can
-/// stand in the queue and each says what happened.
+/// Makes the record of a fault for the kernel's queue. It contains the kernel's diagnosis, if there is one, and always
+/// the word at fault, the facts and the block. So two errors with one number in the queue can be told apart.
 [[nodiscard]] ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language);
 
 }  // namespace pnl::sim

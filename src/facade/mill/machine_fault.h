@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The reason why the mill refuses a block: a code, the word at fault, its place in the block, and the facts.
+// The reason why the mill refuses a block: a code, the word at fault, its place in the block, and facts for the
+// operator.
 #pragma once
 
 #include <cstddef>
@@ -41,7 +42,8 @@ enum class FaultCode : std::uint8_t {
   kEmergencyStop,
 };
 
-/// A fact behind a fault, for the parameters of its record. Lengths are mm, feeds mm/min, speeds rpm, times seconds.
+/// A fact about a fault, which becomes a parameter of its record. Lengths are mm, feeds mm/min, speeds rpm, times
+/// seconds.
 struct FaultFact {
   enum class Kind : std::uint8_t {
     kAxis,  // logical number, from 1
@@ -62,17 +64,17 @@ struct FaultFact {
   double value;
 };
 
-/// Why a block can't run. Without a word the fault is of the machine's state and begin and length are 0.
+/// Why a block can't run. Without a word the machine's state is the reason; begin and length are then 0.
 struct Fault {
   FaultCode code = FaultCode::kUnknownCharacter;
   Text word;               // in upper case, without blanks
-  std::size_t begin = 0;   // where it stands in the block
-  std::size_t length = 0;  // how much of the block it takes
-  double value = 0;        // the number of the word, as it is written
-  bool inches = false;     // the block's lengths are inches
+  std::size_t begin = 0;   // its place in the block, in UTF-16 units
+  std::size_t length = 0;  // its length in the block, in UTF-16 units
+  double value = 0;        // the word's number as it is written
+  bool inches = false;     // true when the block's lengths are inches
   std::vector<FaultFact> facts = {};
 
-  /// The same with one fact more.
+  /// The same fault with one more fact.
   [[nodiscard]] Fault With(FaultFact::Kind kind, double fact) const {
     Fault more = *this;
     more.facts.push_back({kind, fact});

@@ -11,12 +11,13 @@ namespace {
 
 constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kQuarter = std::numbers::pi / 2;
-/// Ends closer than this to the start are the start.
+/// An end closer than this to the start, in mm, counts as the start.
 constexpr double kSamePoint = 1e-6;
 
 }  // namespace
 
-// Seen from the positive end of the normal axis each pair turns counter-clockwise; hence Z before X in G18.
+// Seen from the positive end of the normal axis, the turn from first to second is counter-clockwise. Therefore Z comes
+// before X in G18.
 PlaneAxes AxesOf(int plane) {
   if (plane == 18) return {2, 0, 1};
   if (plane == 19) return {1, 2, 0};
@@ -45,7 +46,7 @@ Point Path::At(double part) const {
 Path::Range Path::Reach(std::size_t axis) const {
   Range range{std::min(from[axis], to[axis]), std::max(from[axis], to[axis])};
   if (!arc || axis == arc->axes.normal) return range;
-  // An arc turns back at the quarters of the circle that it passes.
+  // Along an axis an arc can only turn back at a quarter of the circle.
   const double low = std::min(arc->startAngle, arc->startAngle + arc->sweep);
   const double high = std::max(arc->startAngle, arc->startAngle + arc->sweep);
   for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter) {

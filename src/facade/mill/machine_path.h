@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The way a move takes: a straight line, or an arc in one of the three planes with the third axis moving along. Pure
-// geometry in machine coordinates, millimetres; no speed and no time.
+// The path of a move: a straight line, or an arc in one of the three planes while the third axis moves along. Pure
+// geometry in machine coordinates and millimetres, without speed and time.
 #pragma once
 
 #include <optional>
@@ -9,22 +9,23 @@
 
 namespace pnl::sim {
 
-/// Which axes span a plane, in the order in which angles count counter-clockwise, and the one that stands on it.
+/// The two axes of a plane, in the order in which angles count counter-clockwise, and the axis perpendicular to it.
 struct PlaneAxes {
   std::size_t first;
   std::size_t second;
   std::size_t normal;
 };
-/// Of 17, 18 or 19.
+/// The axes of plane 17, 18 or 19.
 [[nodiscard]] PlaneAxes AxesOf(int plane);
 
-/// The part of a path that a straight line hasn't.
+/// The part of a path that only an arc has.
 struct Arc {
   PlaneAxes axes{};
   double centreFirst = 0;
   double centreSecond = 0;
   double startRadius = 0;
-  double endRadius = 0;  // differs by the tolerance at most, so that the path ends exactly at its end
+  double endRadius = 0;  // differs from startRadius by the tolerance at most; the path uses both, so that it ends
+                         // exactly at its end
   double startAngle = 0;
   double sweep = 0;  // radians, negative for clockwise
 };
@@ -35,17 +36,17 @@ struct Path {
   std::optional<Arc> arc;
 
   [[nodiscard]] double Length() const;
-  /// At a part of the way from 0 to 1; exactly from and to at the ends.
+  /// The point at a part of the way, from 0 to 1. At the ends it is exactly from and to.
   [[nodiscard]] Point At(double part) const;
   struct Range {
     double low;
     double high;
   };
-  /// How far the path reaches along that axis.
+  /// The lowest and the highest value of that axis on the path.
   [[nodiscard]] Range Reach(std::size_t axis) const;
 };
 
-/// The arc from one point to another around a centre. An end that is the start makes a full circle.
+/// Makes the arc from one point to another around a centre. If the end equals the start, the arc is a full circle.
 [[nodiscard]] Path MakeArc(const Point& from, const Point& to, PlaneAxes axes, double centreFirst, double centreSecond,
                            bool clockwise);
 

@@ -20,7 +20,7 @@ constexpr int kInchCode = 20;
 using MaybeFault = std::optional<Fault>;
 using Kind = FaultFact::Kind;
 
-/// Works through a request in the order of the checks; the first fault ends it.
+/// Plans a request in the order of the checks. The first fault ends it.
 class Planner {
  public:
   Planner(const Request& request, const Condition& condition)
@@ -97,7 +97,7 @@ class Planner {
     return fault.With(Kind::kSpeed, speed).With(Kind::kSpeedLimit, kHighestSpeed);
   }
 
-  /// Nothing when there is no such word; else its whole value from 0 to highest, or the fault.
+  /// The word's value, if it is a whole number from 0 to highest; else the fault.
   static std::variant<int, Fault> WholeValue(const Word& word, int highest, FaultCode code) {
     const bool fits = word.value >= 0 && word.value <= highest && word.value == std::floor(word.value);
     if (!fits) return FaultOf(code, word).With(Kind::kLowest, 0).With(Kind::kHighest, highest);
@@ -122,7 +122,7 @@ class Planner {
     return std::nullopt;
   }
 
-  /// The letters that mean nothing beside the others of their block.
+  /// The letters that have no meaning together with the block's other words.
   TextView StrayLetters() const {
     if (request_.Chosen(Group::kDwell) != nullptr) return u"YZIJR";
     if (modal_.motion < 2) return u"IJKRP";
@@ -140,7 +140,7 @@ class Planner {
     Functions functions;
     spindle_ = before_.spindle;
     if (request_.Chosen(Group::kToolChange) != nullptr) {
-      // The changer works with spindle and coolant off.
+      // The tool changer needs spindle and coolant off.
       tool_ = modal_.nextTool;
       functions.tool = tool_;
       functions.coolant = false;
@@ -157,10 +157,10 @@ class Planner {
     return std::nullopt;
   }
 
-  /// M3 or M4.
+  /// True for M3 and M4.
   bool Starts() const { return request_.Chosen(Group::kSpindle) != nullptr && !Has(Group::kSpindle, kStopSpindleCode); }
 
-  /// The word that a fault of the spindle is about.
+  /// Makes a fault of the spindle about the word that causes it.
   Fault SpeedFault(FaultCode code) const {
     if (const Word* word = request_.Find(u'S'); word != nullptr && code != FaultCode::kSpeedMissing) {
       return FaultOf(code, *word);
@@ -171,7 +171,7 @@ class Planner {
     return {code, {}, 0, 0};
   }
 
-  /// The speed of a turning spindle. S0 may slow it down to nothing, but it can't be started so.
+  /// Finds the speed of a turning spindle. S0 may stop a spindle that turns, but not start one.
   MaybeFault FindSpeed(bool starts) {
     const bool cutting = modal_.speedMode == 96;
     const double programmed = cutting ? modal_.cuttingSpeed : modal_.speed;

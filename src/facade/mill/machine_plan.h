@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// From what a block asks for to the steps that do it. Everything is checked here, against the machine as it stands, so
-// that a plan that exists can run: nothing has moved and no modal state has changed when a fault comes back. Not the
-// running itself (machine_run).
+// Turns a block's request into the steps that do it. Everything is checked here against the present state of the
+// machine, so that every plan can run. When a fault is returned, nothing has moved and no modal state has changed.
+// machine_run runs the plan.
 #pragma once
 
 #include <cstdint>
@@ -17,13 +17,13 @@
 namespace pnl::sim {
 
 struct Plan {
-  Modal after;              // holds from the moment the block is accepted
+  Modal after;              // the modal state from the moment when the block is accepted
   std::vector<Step> steps;  // functions before the move, dwell or move, functions after it, stop; each only if needed
 };
 
 [[nodiscard]] std::variant<Plan, Fault> PlanBlock(const Request& request, const Condition& condition);
 
-/// One line a step, then the modal codes: "move 100 mm 6000 ms to X100 Y0 Z0".
+/// The plan as text: a line for each step, such as "line 100 mm 6000 ms to X100 Y0 Z0", then the modal codes.
 [[nodiscard]] Text Print(const Plan& plan);
 
 }  // namespace pnl::sim

@@ -10,7 +10,7 @@ namespace pnl::sim {
 namespace {
 
 constexpr double kMillisecondsPerMinute = 60000;
-/// How far arithmetic may lead past a travel limit.
+/// How far rounding may lead past a travel limit, in mm.
 constexpr double kLimitTolerance = 1e-6;
 constexpr std::array<char16_t, kAxisCount> kCentreLetters{u'I', u'J', u'K'};
 
@@ -45,14 +45,15 @@ class MovePlanner {
   }
 
  private:
-  /// What a fault of the whole move is about: its G code, or what moves when the code holds from before.
+  /// The word that a fault of the whole move names: its G code, or the first word of the move when the code comes from
+  /// an earlier block.
   const Word& MotionWord() const {
     const Choice* choice = request_.Chosen(Group::kMotion);
     return choice != nullptr ? choice->word : *request_.First(u"XYZIJKR");
   }
   Fault MotionFault(FaultCode code) const { return FaultOf(code, MotionWord()); }
 
-  /// G53 counts from the machine's zero point, also in G91.
+  /// The end of the move. With G53 it counts from the machine's zero point, also in G91.
   Point Target() const {
     Point target = input_.from;
     const bool machine = request_.Chosen(Group::kMachineCoordinates) != nullptr;
@@ -100,7 +101,7 @@ class MovePlanner {
     return word != nullptr ? word->value * input_.unit : 0;
   }
 
-  /// A positive radius takes the shorter way round, a negative one the longer.
+  /// A positive radius takes the shorter arc, a negative one the longer.
   Result<Path> ArcByRadius(const Point& to, PlaneAxes axes, const Word& word) const {
     const double radius = std::abs(word.value) * input_.unit;
     const double first = to[axes.first] - input_.from[axes.first];
@@ -109,13 +110,13 @@ class MovePlanner {
     if (chord < kArcTolerance) return FaultOf(FaultCode::kArcCentre, word);
     if (radius < chord / 2 - kArcTolerance) return FaultOf(FaultCode::kArcRadius, word);
     const double height = std::sqrt(std::max(0.0, radius * radius - chord * chord / 4));
-    // The centre lies to the left of the chord for a short counter-clockwise arc and for a long clockwise one.
+    // The centre is to the left of the chord for a short counter-clockwise arc and for a long clockwise one.
     const double side = (Clockwise() == (word.value < 0) ? 1 : -1) * height / chord;
     return MakeArc(input_.from, to, axes, input_.from[axes.first] + first / 2 - second * side,
                    input_.from[axes.second] + second / 2 + first * side, Clockwise());
   }
 
-  /// mm/min of a move at feed; of no meaning for a rapid move.
+  /// The feed of the move in mm/min. 0, without meaning, for a rapid move.
   Result<double> Feed() const {
     const Modal& modal = input_.modal;
     if (modal.motion == 0) return 0.0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The move of a block: where it ends, along which path, how long it takes. A part of machine_plan, apart because
-// geometry has checks of its own; nothing else uses it.
+// Plans the move of a block: where it ends, along which path, and how long it takes. A part of machine_plan with the
+// checks of geometry; nothing else plans moves. RapidMove serves machine_demo too.
 #pragma once
 
 #include <optional>
@@ -13,20 +13,20 @@
 
 namespace pnl::sim {
 
-/// A block's words with the modal state and spindle that hold during its move.
+/// A block's words, and the modal state and the spindle during its move.
 struct MotionInput {
   const Request& request;
   const Modal& modal;
   const Spindle& spindle;
   const Point& from;
-  Point offset;  // of the workpiece
+  Point offset;  // from workpiece to machine coordinates
   double unit;   // mm in one unit of the block's lengths
 };
 
-/// Nothing when the block moves no axis.
+/// Returns the step of the move, nothing when the block moves no axis, or the fault.
 [[nodiscard]] std::variant<std::optional<Step>, Fault> PlanMove(const MotionInput& input);
 
-/// A straight move at rapid speed, every axis arriving at the same time.
+/// Makes a straight move at rapid speed. All axes arrive at the same time.
 [[nodiscard]] Step RapidMove(const Point& from, const Point& to);
 
 }  // namespace pnl::sim

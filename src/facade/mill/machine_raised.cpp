@@ -26,16 +26,16 @@ struct RaisedFault {
 };
 // clang-format off
 constexpr std::array kFaults{
-    RaisedFault{Raised::kDoorOpen,     record_source::kPlc,     5012, severity::kError,   u"PLC"},
-    RaisedFault{Raised::kDriveWarning, record_source::kDrive,   6101, severity::kWarning, u"DRV"},
-    RaisedFault{Raised::kDriveFault,   record_source::kDrive,   6201, severity::kError,   u"DRV"},
-    RaisedFault{Raised::kBusFault,     record_source::kCanOpen, 6301, severity::kError,   u"BUS"},
-    RaisedFault{Raised::kProgramLine,  record_source::kProgram, 1101, severity::kError,   u"NC"},
-    RaisedFault{Raised::kConfirm,      record_source::kKernel,  3753, severity::kError,   u"NC"},
-    RaisedFault{Raised::kFatal,        record_source::kKernel,  2001, severity::kFatal,   u"KRN"},
+    RaisedFault{Raised::kDoorOpen,     error_source::kPlc,     5012, severity::kError,   u"PLC"},
+    RaisedFault{Raised::kDriveWarning, error_source::kDrive,   6101, severity::kWarning, u"DRV"},
+    RaisedFault{Raised::kDriveFault,   error_source::kDrive,   6201, severity::kError,   u"DRV"},
+    RaisedFault{Raised::kBusFault,     error_source::kCanOpen, 6301, severity::kError,   u"BUS"},
+    RaisedFault{Raised::kProgramLine,  error_source::kProgram, 1101, severity::kError,   u"NC"},
+    RaisedFault{Raised::kConfirm,      error_source::kKernel,  3753, severity::kError,   u"NC"},
+    RaisedFault{Raised::kFatal,        error_source::kKernel,  2001, severity::kFatal,   u"KRN"},
 };
 
-// The PLC's texts are shown with their separator, so theirs is a blank.
+// The PLC's texts are shown with their separator, so it is a blank.
 constexpr std::array kTexts{
     TableText{"ReadPLCError", 5012, u" Safety door open", u" Puerta de seguridad abierta", 5012},
     TableText{"warning_drive_to_txt", 6101, u"\nMotor of the axis too warm", u"\nMotor del eje demasiado caliente", 6101},
@@ -68,7 +68,7 @@ void PutSpot(RecordMaker& maker, const rig::ProgramSpot& spot) {
   maker.Put(error_field::kProgramPath, spot.folder);
   maker.Put(error_field::kProgramName, spot.file);
   maker.Put(error_field::kFilePosition, spot.position);
-  // In bytes of 16-bit text.
+  // The record counts the bytes of 16-bit text.
   const std::int32_t span = std::clamp(spot.span, 0, kWidestSpan);
   maker.Put(error_field::kFileSpan, static_cast<std::uint16_t>(2 * span));
 }

@@ -23,9 +23,6 @@ void RecordMaker::Parameter(std::int32_t meaning, TextView text) {
   });
 }
 
-void RecordMaker::EmergencyCode(std::uint32_t code) {
-  constexpr std::size_t kLast = error_field::kParametersOffset + 4 * sizeof(ErrorParameter);
-  record_.Set(kLast + offsetof(ErrorParameter, value), code);
-}
+void RecordMaker::EmergencyCode(std::uint32_t code) { record_.Set(error_field::kEmergencyCodeOffset, code); }
 
 }  // namespace pnl::sim

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fills one error record field by field, its typed parameters in the order in which they come. Knows the layout and
-// the codes, not the faults nor their texts.
+// Fills one error record field by field, and its typed parameters in the order of the calls. Knows the layout and the
+// codes; the faults and their texts are in machine_errors and machine_raised.
 #pragma once
 
 #include <cstdint>
@@ -11,23 +11,13 @@
 
 namespace pnl::sim {
 
-/// Which subsystem raised a record, of those that the mill has.
-namespace record_source {
-inline constexpr std::int32_t kKernel = 0;
-inline constexpr std::int32_t kProgram = 1;
-inline constexpr std::int32_t kBlock = 2;
-inline constexpr std::int32_t kPlc = 10;
-inline constexpr std::int32_t kDrive = 13;
-inline constexpr std::int32_t kCanOpen = 19;
-}  // namespace record_source
-
 namespace severity {
 inline constexpr std::uint16_t kWarning = 0;
 inline constexpr std::uint16_t kError = 1;
 inline constexpr std::uint16_t kFatal = 7;
 }  // namespace severity
 
-/// What a parameter is, of those that the mill uses.
+/// The meanings of parameters that the mill uses.
 namespace parameter_meaning {
 inline constexpr std::int32_t kNone = 0;
 inline constexpr std::int32_t kLimit = 1;
@@ -43,7 +33,7 @@ inline constexpr std::int32_t kNode = 15;
 inline constexpr std::int32_t kDriveCode = 17;
 }  // namespace parameter_meaning
 
-/// Units that the mill's parameters come in.
+/// The units that the mill's parameters have.
 namespace parameter_unit {
 inline constexpr std::int32_t kNone = 0;
 inline constexpr std::int32_t kMicroseconds = 5;
@@ -57,7 +47,7 @@ inline constexpr std::int32_t kInchesPerMinute = 17;
 
 class RecordMaker {
  public:
-  /// The identifier is the number; the channel is the mill's one.
+  /// Begins a record with severityCode, module and the mill's only channel. The number becomes its identifier too.
   RecordMaker(std::int32_t source, std::int32_t number, std::uint16_t severityCode, TextView module);
 
   void Put(const ErrorField& field, TextView text) { record_.SetText(field.offset, field.size, text); }
@@ -65,16 +55,16 @@ class RecordMaker {
   requires std::is_arithmetic_v<T>
   void Put(const ErrorField& field, T value) { record_.Set(field.offset, value); }
 
-  /// The next parameter; nothing once five are there.
+  /// Adds the next parameter. Does nothing when there are five already.
   template <typename T>
   requires std::is_arithmetic_v<T>
   void Parameter(std::int32_t meaning, std::int32_t valueType, T value, std::int32_t unit = parameter_unit::kNone) {
     Begin(meaning, valueType, unit,
           [value](ErrorParameter& parameter) { std::memcpy(parameter.value, &value, sizeof value); });
   }
-  /// A text, cut to its room.
+  /// Adds a text, cut to what fits.
   void Parameter(std::int32_t meaning, TextView text);
-  /// Stands in the value of the fifth parameter, which is left absent.
+  /// Puts the code into the value of the fifth parameter, which stays absent.
   void EmergencyCode(std::uint32_t code);
 
   [[nodiscard]] const ErrorRecord& Record() const { return record_; }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a block asks for: its G and M codes by group and its other words by letter, each at most once. Groups and codes
-// are one table. Not whether the machine can do it now: that is machine_plan.
+// What a block asks for: its G and M codes by group and its other words by letter, each at most once. One table defines
+// groups and codes. machine_plan checks whether the machine can do it now.
 #pragma once
 
 #include <array>
@@ -33,7 +33,7 @@ enum class Group : std::uint8_t {
 };
 inline constexpr std::size_t kGroupCount = static_cast<std::size_t>(Group::kCoolant) + 1;
 
-/// A word that chose a code of a group. G70 and G71 are other names of 20 and 21, M2 of 30.
+/// A word that chose a code of a group. G70 and G71 mean G20 and G21, M2 means M30.
 struct Choice {
   int code = 0;
   Word word;
@@ -41,13 +41,13 @@ struct Choice {
 
 class Request {
  public:
-  /// Null when the block says nothing of that group.
+  /// The choice of that group; null when the block has none.
   [[nodiscard]] const Choice* Chosen(Group group) const;
-  /// Null when the block has no such word. Not for G and M.
+  /// The word with that letter; null when the block has none. Must not be asked for G and M.
   [[nodiscard]] const Word* Find(char16_t letter) const;
-  /// The first of these letters in the order of the block.
+  /// The word with one of these letters that comes first in the block; null when there is none.
   [[nodiscard]] const Word* First(TextView letters) const;
-  /// The fault of this word, if it can't join what is there already.
+  /// Adds a word. Returns a fault, and adds nothing, when the word is unknown or excluded by an earlier one.
   std::optional<Fault> Add(const Word& word);
 
  private:
@@ -59,7 +59,7 @@ class Request {
 
 [[nodiscard]] std::variant<Request, Fault> ReadRequest(const Block& block);
 
-/// One line: the codes in the order of the groups, then the other words by letter.
+/// The request as one line: the codes in the order of the groups, then the other words in a fixed order of letters.
 [[nodiscard]] Text Print(const Request& request);
 
 }  // namespace pnl::sim

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A block on its way: which step it is at and how much of that is done, computed from the times it is told. Steps
-// follow each other at the exact moment at which one ends, however late somebody looks. It asks no clock, owns no timer
-// and switches nothing itself (machine_demo does).
+// A running block: its current step, and how much of it is done. It computes both from the times that it is given. Each
+// step begins at the exact moment when the one before it ends, however late the caller asks. It uses no clock and no
+// timer and switches nothing itself; machine_demo does.
 #pragma once
 
 #include <optional>
@@ -11,37 +11,38 @@
 
 namespace pnl::sim {
 
-/// Times are milliseconds. Percent is the feed override.
+/// Times are in milliseconds. percent is the feed override.
 class BlockRun {
  public:
   BlockRun(Text block, std::vector<Step> steps, double now, int percent);
 
   [[nodiscard]] const Text& Block() const { return block_; }
-  /// No step is left. Then Current may not be asked.
+  /// True when no step is left. Current must not be called then.
   [[nodiscard]] bool Over() const { return index_ == steps_.size(); }
   [[nodiscard]] const Step& Current() const { return steps_[index_]; }
-  /// When the current step ends (a block without steps: at once); nothing while it is held or the override is 0.
+  /// When the current step ends. A block without steps ends at once. Returns nothing while the block is held or the
+  /// override stops the step.
   [[nodiscard]] std::optional<double> StepEnd() const;
-  /// Axes move at this moment.
+  /// True while axes move.
   [[nodiscard]] bool Moves() const;
-  /// mm/min along the path, after the override; 0 while nothing moves.
+  /// The feed along the path in mm/min, with the override. 0 while nothing moves.
   [[nodiscard]] double Feed() const;
-  /// Where the current step has come to; nothing if it moves no axis.
+  /// Where the axes are in the current step. Returns nothing if the step moves no axis.
   [[nodiscard]] std::optional<Point> Position(double now) const;
 
-  /// Ends the current step at its end; the next one begins at that moment, which is the answer.
+  /// Ends the current step at its due time and begins the next one. Returns that time.
   double Next();
   void SetOverride(double now, int percent);
-  /// Stands still, keeping what is left of the step, until Release.
+  /// Stops the block until Release. The rest of the step stays to be done.
   void Hold(double now);
   void Release(double now);
-  /// Puts a step before what is left of the current one. Only while held.
+  /// Inserts a step before the rest of the current one. Must only be called while held.
   void Insert(const Step& step);
 
  private:
   [[nodiscard]] double Rate() const;
   [[nodiscard]] double Done(double now) const;
-  /// Everything done up to now is booked, so that the rate may change.
+  /// Adds the progress up to now to the step, so that the rate may change.
   void Book(double now);
 
   Text block_;

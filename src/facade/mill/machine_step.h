@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One step of a block that runs: functions, a move along a path, a dwell or a stop.
+// One step of a running block: functions, a move along a path, a dwell or a stop.
 #pragma once
 
 #include <cstdint>
@@ -10,27 +10,27 @@
 
 namespace pnl::sim {
 
-/// What a functions step switches, all at once; what isn't set stays.
+/// What a step of functions switches, all at once. A member without a value changes nothing.
 struct Functions {
-  std::optional<int> tool;  // put into the spindle
+  std::optional<int> tool;  // the tool that is put into the spindle
   std::optional<Spindle> spindle;
   std::optional<bool> coolant;
-  bool programEnd = false;  // modal start values, spindle and coolant off
+  bool programEnd = false;  // restores the modal start values and stops spindle and coolant
 
   [[nodiscard]] bool Any() const { return tool || spindle || coolant || programEnd; }
 };
 
 struct Step {
   enum class Kind : std::uint8_t { kFunctions, kMove, kDwell, kStop };
-  /// What the feed override does to the step: nothing, slow down and speed up, or only slow down.
+  /// The effect of the feed override on the step: none, slower and faster, or only slower.
   enum class Pace : std::uint8_t { kFixed, kFeed, kRapid };
   Kind kind = Kind::kFunctions;
   Pace pace = Pace::kFixed;
   double duration = 0;  // ms at 100 percent
-  double done = 0;      // of it
+  double done = 0;      // the part of duration that is done
   Path path;
   Functions functions;
-  int stopCode = 0;  // 0 or 1, as M0 and M1
+  int stopCode = 0;  // 0 for M0, 1 for M1
 };
 
 }  // namespace pnl::sim

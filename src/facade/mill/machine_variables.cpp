@@ -1,83 +1,71 @@
 // SPDX-License-Identifier: MIT
 #include "facade/mill/machine_variables.h"
 
+#include "base/format.h"
+#include "facade/variable_names.h"
+
 namespace pnl::sim {
 
 namespace {
 
-using enum rig::VariableType;
+constexpr TextView kSpindle = u"S";
 
+/// The start value of the variable with that pattern in kVariableNames.
 struct StartValue {
-  TextView name;
-  rig::VariableType type;
-  int number;  // for a text variable of no meaning
-  TextView text;
+  TextView pattern;
+  int number;
 };
 
-// clang-format off
+/// All other variables start at 0 or with an empty text.
 constexpr StartValue kStartValues[] = {
     // The channel: ready, in manual mode, no inspection.
-    {machine_variable::kFullStatus, kInt, 0x100, {}},
-    {machine_variable::kStatus,     kInt, 1, {}},
-    {u"[1].G.CNCAUTSTATUS",         kInt, 0, {}},
-    {u"[1].G.CNCMANSTATUS",         kInt, 0, {}},
-    {u"[1].E.APISTATUS",            kInt, 0, {}},
-    {machine_variable::kPanelMode,  kInt, 0, {}},
-    {machine_variable::kManualMode, kInt, 1, {}},
-    {machine_variable::kInspection, kInt, 0, {}},
-    {machine_variable::kStartOnMdi, kInt, 0, {}},
-    {u"[1].MPG.CHTYPE",             kInt, 0, {}},
-    {u"DM.MDI.ENABLEC1",            kInt, 1, {}},
-    {u"MPG.NCHANNEL",               kInt, 1, {}},
-    {u"G.FOCUSCHANNEL",             kInt, 1, {}},
-    {machine_variable::kPositions[0], kDouble, 0, {}},
-    {machine_variable::kPositions[1], kDouble, 0, {}},
-    {machine_variable::kPositions[2], kDouble, 0, {}},
-    // What tools hand to each other, messages and errors.
-    {u"E.CALCRESUL",                kDouble, 0, {}},
-    {u"E.HELPDATA",                 kText, 0, {}},
-    {u"E.XPLRDATA",                 kInt, 0, {}},
-    {u"E.PLCMSGDATA",               kInt, 0, {}},
-    {u"E.NERRORS",                  kInt, 0, {}},
-    {u"E.ERRORPRI",                 kInt, 0, {}},
-    {u"DM.HMI.ERROR.CURRENT",       kText, 0, {}},
-    // Settings of the machining calculator, of the types that it writes.
-    {u"DM.ZMC.S",                   kDouble, 0, {}},
-    {u"DM.ZMC.F",                   kDouble, 0, {}},
-    {u"DM.ZMC.T",                   kInt, 0, {}},
-    {u"DM.ZMC.M6",                  kInt, 0, {}},
-    {u"DM.ZMC.DMC",                 kText, 0, {}},
-    {u"DM.ZMC.FUNIT",               kInt, 0, {}},
-    {u"DM.ZMC.SUNIT",               kInt, 0, {}},
-    {u"DM.ZMC.COMMENT",             kText, 0, {}},
-    {u"DM.ZMC.INFO",                kText, 0, {}},
-    {u"DM.SFORMAT.WIDTH",           kInt, 5, {}},
-    {u"DM.SFORMAT.PRECISION",       kInt, 0, {}},
-    {u"DM.FFORMAT.WIDTH",           kInt, 5, {}},
-    {u"DM.FFORMAT.PRECISION",       kInt, 3, {}},
-    // Facts of the machine: a mill in millimetres whose spindle can hold the cutting power.
-    {u"DM.CNC.MODELID",             kInt, 2, {}},
-    {u"DM.OPTION.DUALPURPOSE",      kInt, 0, {}},
-    {u"DM.OPTION.DMC",              kInt, 1, {}},
-    {u"DM.DMC.RATEDPOWER",          kInt, 15, {}},
-    {u"SP.DMCSPDL",                 kInt, 1, {}},
-    {u"MPG.INCHES",                 kInt, 0, {}},
-    {u"[1].G.MASTERSP",             kInt, 1, {}},
-    {u"G.GSPDLNAME1",               kText, 0, u"S"},
-    {u"MPA.DRIVETYPE.S",            kInt, 2, {}},
+    {u"[%d].G.FULLSTATUS", 0x100},
+    {u"[%d].G.STATUS", 1},
+    {u"[%d].E.MANUALMODE", 1},
+    {u"DM.MDI.ENABLEC%d", 1},
+    {u"MPG.NCHANNEL", 1},
+    {u"G.FOCUSCHANNEL", 1},
+    {u"DM.SFORMAT.WIDTH", 5},
+    {u"DM.FFORMAT.WIDTH", 5},
+    {u"DM.FFORMAT.PRECISION", 3},
+    // A mill in millimetres. Its spindle can control the cutting power.
+    {u"DM.CNC.MODELID", 2},
+    {u"DM.OPTION.DMC", 1},
+    {u"DM.DMC.RATEDPOWER", 15},
+    {u"SP.DMCSPDL", 1},
+    {u"[%d].G.MASTERSP", 1},
+    {u"MPA.DRIVETYPE.%s", 2},
 };
-// clang-format on
 
-rig::Value ValueOf(const StartValue& entry) {
-  if (entry.type == kText) return std::u16string(entry.text);
-  if (entry.type == kDouble) return static_cast<double>(entry.number);
-  return static_cast<std::int64_t>(entry.number);
+rig::Value StartOf(const VariableName& variable) {
+  if (variable.pattern == u"G.GSPDLNAME%d") return Text(kSpindle);
+  int number = 0;
+  for (const StartValue& start : kStartValues) {
+    if (start.pattern == variable.pattern) number = start.number;
+  }
+  switch (variable.type) {
+    case rig::VariableType::kText:
+      return Text();
+    case rig::VariableType::kDouble:
+      return static_cast<double>(number);
+    case rig::VariableType::kInt:
+      break;
+  }
+  return static_cast<std::int64_t>(number);
 }
 
 }  // namespace
 
 void DefineMachineVariables(MachineEnvironment& environment) {
-  for (const StartValue& entry : kStartValues) environment.Define(entry.name, entry.type, ValueOf(entry));
+  for (const VariableName& variable : kVariableNames) {
+    const bool named = variable.pattern.find(u"%s") != TextView::npos;
+    // One channel and one spindle.
+    const Text name = named ? Format(variable.pattern, kSpindle) : Format(variable.pattern, 1);
+    environment.Define(name, variable.type, StartOf(variable));
+  }
+  for (const TextView position : machine_variable::kPositions) {
+    environment.Define(position, rig::VariableType::kDouble, 0.0);
+  }
 }
 
 }  // namespace pnl::sim

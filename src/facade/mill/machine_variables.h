@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The CNC variables of the mill with their start values, and the names of those that it changes or watches. It has one
-// channel, so names are spelled out. Not the table of variables itself, which belongs to the simulated CNC.
+// The CNC variables of the mill with their start values, and the names of those that it changes or watches. The mill
+// has one channel, so the names are spelled out. The table of variables belongs to the simulated CNC.
 #pragma once
 
 #include "facade/mill/machine_data.h"

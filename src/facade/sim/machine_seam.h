@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the simulated kernel asks of a machine behind it, and what it offers the machine in return. Without a machine
-// the kernel only records its calls and gives its preset answers. An answer set with CncControl::Returns goes before
-// the machine's for that function.
+// The seam between the simulated kernel and a machine: what the kernel asks of the machine, and what it offers the
+// machine in return. Without a machine the kernel only records its calls and returns its preset answers. An answer set
+// with CncControl::Returns goes before the machine's answer for that function.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -18,22 +18,22 @@ namespace pnl::sim {
 class MachineEnvironment {
  public:
   virtual ~MachineEnvironment() = default;
-  /// Makes a variable without a report.
+  /// Makes or replaces a variable, without a report.
   virtual void Define(TextView name, rig::VariableType type, const rig::Value& value) = 0;
-  /// Sets a value and reports to every window with a report open, also when equal.
+  /// Sets a value and reports to every window with an open report, even if the value is the same.
   virtual void Set(TextView name, const rig::Value& value) = 0;
-  /// 0 for a variable that isn't there or isn't an integer.
+  /// The value of an integer variable; 0 when the variable doesn't exist or isn't an integer.
   [[nodiscard]] virtual std::int32_t GetInt(TextView name) const = 0;
-  /// Appends to the kernel's error queue and reports it.
+  /// Appends a record to the kernel's error queue and reports it.
   virtual void PushError(const ErrorRecord& record) = 0;
-  /// Makes a text of a number, as the function of that name finds it: error_to_txt and the others of
-  /// CncControl::ErrorText.
+  /// Sets the text that the function of that name returns for a number. The functions are error_to_txt and the others
+  /// of CncControl::ErrorText.
   virtual void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) = 0;
   [[nodiscard]] virtual Timers& Clock() = 0;
 };
 
-/// The kernel calls that reach a machine, each answering as facade/kernel.h says. MDILine and the two without a channel
-/// mean the channel in MDI.
+/// The kernel calls that reach a machine, with the results of facade/kernel.h. MDILine, NextSingleStep and
+/// ClearFeedhold apply to the channel in MDI.
 class KernelMachine {
  public:
   virtual ~KernelMachine() = default;
@@ -51,9 +51,9 @@ class KernelMachine {
   virtual int PosibleMDICancel(int channel) = 0;
   virtual int ChannelNumber() = 0;
   virtual int ConvertLogToName(int logicalNumber, Text& name) = 0;
-  /// The queue of errors is empty again, or an error was taken out.
+  /// Called after an error was removed from the queue, or the queue was cleared.
   virtual void OnErrorReset() = 0;
-  /// A tool wrote this variable (the value stands already).
+  /// Called after a tool wrote this variable. The variable has the new value already.
   virtual void OnWritten(TextView name) = 0;
 };
 

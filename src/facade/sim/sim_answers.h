@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the functions of the simulated CNC answer where no table and no machine decides: a start value for each, and
-// values that a script sets. Knows the functions by name only; it calls none.
+// The results of the simulated CNC's functions where neither a table nor a machine decides: a start value for each
+// function, and values that a script sets. Knows the functions by name only and calls none.
 #pragma once
 
 #include <cstdint>
@@ -14,12 +14,12 @@ namespace pnl::sim {
 
 class SimAnswers {
  public:
-  /// The values are given in turn and the last one stays; none at all takes an earlier setting back. False for a
-  /// function that isn't known or has no number to answer.
+  /// Sets the results of a function: it returns the values in turn and then keeps returning the last one. An empty list
+  /// removes an earlier setting. Returns false for a function that isn't known or returns no number.
   bool Set(std::string_view function, std::vector<std::int32_t> values);
-  /// The next value that was set for the function; nothing when none was.
+  /// The next value that was set for the function; nothing when none is set.
   [[nodiscard]] std::optional<std::int32_t> TakePreset(std::string_view function);
-  /// The next value that was set, else the start value.
+  /// The next value that was set for the function, else its start value.
   [[nodiscard]] std::int32_t Take(std::string_view function);
   [[nodiscard]] static std::int32_t StartValue(std::string_view function);
 

@@ -72,7 +72,7 @@ void SimErrorQueue::ReportCount() {
   variables_.Set(kCount, count);
 }
 
-// The variable carries no value of its own: that it reports is the whole message.
+// The variable has no meaningful value: the report is the message.
 void SimErrorQueue::ReportFirst() {
   if (!variables_.Exists(kFirst)) variables_.Define(kFirst, rig::VariableType::kInt, std::int64_t{0});
   variables_.Report(kFirst);

@@ -20,7 +20,7 @@ const ErrorField* FindField(std::string_view name) {
   return found == std::end(error_field::kAll) ? nullptr : found;
 }
 
-/// The number, if it is whole and fits that many bits, signed or unsigned.
+/// The number, if it is whole and fits in that many bits, signed or unsigned.
 std::optional<std::int64_t> WholeNumber(const rig::Value& value, unsigned bits) {
   std::int64_t number = 0;
   if (const auto* whole = std::get_if<std::int64_t>(&value)) {
@@ -36,7 +36,8 @@ std::optional<std::int64_t> WholeNumber(const rig::Value& value, unsigned bits) 
   return number;
 }
 
-/// The low bytes of a number, in the machine's own order as the kernel's record has them.
+/// Writes a number of that many bytes in the machine's byte order, as in the kernel's record. Returns false when the
+/// value isn't such a number.
 bool PutNumber(unsigned char* to, std::size_t bytes, const rig::Value& value) {
   const auto number = WholeNumber(value, static_cast<unsigned>(bytes) * 8);
   if (!number) return false;
@@ -80,7 +81,7 @@ bool PutDouble(unsigned char* to, const rig::Value& value) {
 }
 
 bool PutTyped(unsigned char* to, std::size_t room, const rig::ErrorParameterSpec& spec) {
-  if (std::holds_alternative<std::monostate>(spec.value)) return true;  // the zeros that stand there
+  if (std::holds_alternative<std::monostate>(spec.value)) return true;  // the value stays zero
   switch (spec.valueType) {
     case value_type::kBool:
     case value_type::kUint8:
@@ -109,8 +110,8 @@ bool PutField(ErrorRecord& record, const GivenField& given, std::size_t room) {
   return PutNumber(to, given.field->size, *given.value);
 }
 
-/// Fields in rising order, since some share their place: a later one then cuts the text before it, and a number at
-/// the very place of a text replaces it, whatever the order in which they were given.
+/// Writes the fields in ascending order of their offsets, whatever the order in which they were given, because some
+/// share bytes: a field then cuts the text before it, and a number at the offset of a text replaces the text.
 bool PutFields(ErrorRecord& record, std::vector<GivenField> given, std::string& problem) {
   std::stable_sort(given.begin(), given.end(), [](const GivenField& a, const GivenField& b) {
     if (a.field->offset != b.field->offset) return a.field->offset < b.field->offset;

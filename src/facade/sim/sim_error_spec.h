@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Makes the kernel's binary record of an error out of named fields and typed values, as a script gives them. Reads no
-// record: that is the error composer's business.
+// Makes the kernel's binary record of an error from named fields and typed values, as a script gives them. Reads no
+// records; the error composer does.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -12,9 +12,9 @@
 
 namespace pnl::sim {
 
-/// The record; nothing, with problem naming the culprit ("channel", "parameters[1].value"), when a name or a value
-/// doesn't fit. Texts are cut to their field, and to what a later field in the same place leaves of it. A number may be
-/// given signed or unsigned. Of a code that isn't in the list above the low 32 bits of a number are kept.
+/// Returns the record. Returns nothing when a name or a value doesn't fit; problem then names it ("channel",
+/// "parameters[1].value"). A text is cut to its field, and to the room before another given field that begins inside
+/// it. A number may be signed or unsigned. A value whose type isn't in value_type is stored as a number of 32 bits.
 [[nodiscard]] std::optional<ErrorRecord> MakeErrorRecord(const rig::ErrorSpec& spec, std::string& problem);
 
 }  // namespace pnl::sim

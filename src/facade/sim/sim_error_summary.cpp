@@ -13,25 +13,19 @@ namespace pnl::sim {
 
 namespace {
 
-constexpr std::int32_t kSourceWithCode = 3;  // two numbers stand in the place of the message text
-constexpr std::int32_t kSourceOfScript = 9;
-constexpr std::int32_t kSourceWithOwnText = 15;  // messageText is the title
-constexpr std::int32_t kSourceCanOpen = 19;
-/// The fifth parameter's value, where the code of an emergency stands.
-constexpr std::size_t kEmergencyCodeOffset = 3384;
-
 struct TableOfSource {
   std::int32_t source;
   ErrorTextFunction error;
   ErrorTextFunction warning;
 };
 constexpr std::array kTables{
-    TableOfSource{10, ErrorTextFunction::kReadPlcError, ErrorTextFunction::kReadPlcError},
-    TableOfSource{13, ErrorTextFunction::kErrorDrive, ErrorTextFunction::kWarningDrive},
-    TableOfSource{14, ErrorTextFunction::kErrorUnknownDrive, ErrorTextFunction::kWarningUnknownDrive},
-    TableOfSource{16, ErrorTextFunction::kErrorMlink, ErrorTextFunction::kWarningDrive},
-    TableOfSource{17, ErrorTextFunction::kErrorCs, ErrorTextFunction::kWarningCs},
-    TableOfSource{kSourceCanOpen, ErrorTextFunction::kEmcyCopen, ErrorTextFunction::kEmcyCopen},
+    TableOfSource{error_source::kPlc, ErrorTextFunction::kReadPlcError, ErrorTextFunction::kReadPlcError},
+    TableOfSource{error_source::kDrive, ErrorTextFunction::kErrorDrive, ErrorTextFunction::kWarningDrive},
+    TableOfSource{error_source::kUnknownDrive, ErrorTextFunction::kErrorUnknownDrive,
+                  ErrorTextFunction::kWarningUnknownDrive},
+    TableOfSource{error_source::kMechatrolink, ErrorTextFunction::kErrorMlink, ErrorTextFunction::kWarningDrive},
+    TableOfSource{error_source::kFieldBus, ErrorTextFunction::kErrorCs, ErrorTextFunction::kWarningCs},
+    TableOfSource{error_source::kCanOpen, ErrorTextFunction::kEmcyCopen, ErrorTextFunction::kEmcyCopen},
 };
 
 Text FieldOf(const ErrorRecord& record, const ErrorField& field) { return record.GetText(field.offset, field.size); }
@@ -49,26 +43,27 @@ T Read(const unsigned char* bytes) {
 }
 
 Text OwnText(const ErrorRecord& record, std::int32_t source) {
-  if (source == kSourceWithCode) return {};
-  const ErrorField& field = source == kSourceOfScript ? error_field::kScriptText : error_field::kMessageText;
+  if (source == error_source::kPartner) return {};
+  const ErrorField& field = source == error_source::kScript ? error_field::kScriptText : error_field::kMessageText;
   return WithoutLeadingLineFeed(FieldOf(record, field));
 }
 
-/// The text that the table of the record's source has for its number.
+/// The text for the record's number in the table of its source; null when there is none.
 const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
   const bool warning = record.Get<std::uint16_t>(error_field::kSeverity.offset) == 0;
   const auto* row = std::find_if(kTables.begin(), kTables.end(),
                                  [source](const TableOfSource& candidate) { return candidate.source == source; });
   auto function = ErrorTextFunction::kErrorToTxt;
   if (row != kTables.end()) function = warning ? row->warning : row->error;
-  const std::size_t number = source == kSourceCanOpen ? kEmergencyCodeOffset : error_field::kNumber.offset;
+  const std::size_t number =
+      source == error_source::kCanOpen ? error_field::kEmergencyCodeOffset : error_field::kNumber.offset;
   return texts.Find(ErrorTextFunctionName(function), record.Get<std::int32_t>(number));
 }
 
 Text OperatorText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
   Text own = OwnText(record, source);
-  // Such a record says itself what happened, whatever the table has for its number.
-  const bool ownFirst = source == kSourceWithOwnText || source == kSourceOfScript;
+  // The text in such a record goes before the table's.
+  const bool ownFirst = source == error_source::kOwnText || source == error_source::kScript;
   if (ownFirst && !own.empty()) return own;
   const Text* known = TableText(record, source, texts);
   return known != nullptr && known->size() > 1 ? known->substr(1) : own;
@@ -118,7 +113,7 @@ Text PlainValue(std::int32_t valueType, const unsigned char* bytes, std::size_t 
 rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t serial, const SimErrorTexts& texts) {
   rig::CncControl::ErrorSummary summary;
   summary.number = record.Get<std::int32_t>(error_field::kNumber.offset);
-  // A number that may be negative, no character.
+  // It is a number that may be negative, not a character.
   summary.channel = record.Get<std::int8_t>(error_field::kChannel.offset);  // NOLINT(bugprone-signed-char-misuse)
   summary.severity = record.Get<std::uint16_t>(error_field::kSeverity.offset);
   summary.errorClass = static_cast<rig::CncControl::ErrorClass>(ClassifyError(record));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The texts that the simulated CNC has for error numbers, one table a function, and the long descriptions in files.
-// Texts of the error functions are kept whole, with the separator that stands first. Formats nothing.
+// The simulated CNC's texts for error numbers, one table for each function, and its long descriptions by file. A text
+// of an error function is stored whole, with the separator at its start. Formats nothing.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,15 @@ namespace pnl::sim {
 
 class SimErrorTexts {
  public:
-  /// By the function's own name: those of ErrorTextFunction, "GetTextoSercosError" and "GetTextoMlinkError", which use
-  /// the text alone. False for another name.
+  /// Sets the text of a number. function is the own name of an ErrorTextFunction, or "GetTextoSercosError" or
+  /// "GetTextoMlinkError", which use the text alone. Returns false for another name.
   bool Set(std::string_view function, std::int32_t number, TextView text, TextView helpRef, bool hasHelp);
   void SetDescription(TextView file, std::int32_t number, TextView text);
 
-  /// False, and info zeroed, for a number without a text. Texts are cut to their fields.
+  /// Fills info with the text of a number, cut to its fields. Returns false, and fills info with zeros, when the number
+  /// has no text.
   bool Fill(std::string_view function, std::int32_t number, Z7340ERRORINFO_ST& info) const;
-  /// Null for a number without a text.
+  /// The text of a number; null when it has none. FindDescription likewise.
   [[nodiscard]] const Text* Find(std::string_view function, std::int32_t number) const;
   [[nodiscard]] const Text* FindDescription(TextView file, std::int32_t number) const;
 

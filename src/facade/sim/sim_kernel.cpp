@@ -24,7 +24,7 @@ int SimKernel::Call(std::string_view name, const SimRecorder::Args& args) {
 
 int SimKernel::ExisteKernel() { return Call("ExisteKernel", {}); }
 
-// A machine has the inspection variables; without one nobody serves them.
+// A machine has the inspection variables. Without a machine nobody serves them.
 int SimKernel::IsNewInspecAllowed(int zero) {
   return Call("IsNewInspecAllowed", {Recorded(zero)}, [](KernelMachine&) { return 1; });
 }
@@ -116,8 +116,8 @@ int SimKernel::ResetErrorWithEnter(int zero, const ErrorRecord& record) {
                    SimErrorQueue::Fate::kConfirmed);
 }
 
-// The call is recorded before the reports that it causes, as a reader expects of cause and effect; so the result must
-// be known first.
+// The call is recorded before the reports that it causes, so that a reader sees cause before effect. Therefore the
+// result is computed before the error is removed.
 int SimKernel::TakeError(std::string_view name, const SimRecorder::Args& args, std::optional<std::size_t> index,
                          SimErrorQueue::Fate fate) {
   const bool there = index && *index < errors_.Size();
@@ -137,7 +137,7 @@ int SimKernel::ChannelNumber() {
   return Call("ChannelNumber", {}, [](KernelMachine& machine) { return machine.ChannelNumber(); });
 }
 
-// Axes set by a script go before the machine's own. A non-zero answer that was set is a failure.
+// Axes set by a script go before the machine's own. If a non-zero answer is set, the call fails.
 int SimKernel::ConvertLogToName(int logicalNumber, Text& name) {
   Text found;
   int result = -1;

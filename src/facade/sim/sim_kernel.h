@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The simulated kernel. Every call is recorded; an answer that a script set goes before the machine's, and the start
-// values answer where neither is there. The errors come from the queue, whatever is set. Runs no block itself.
+// The simulated kernel. It records every call. A call returns the answer that a script has set, else the machine's,
+// else a start value. Errors always come from the queue. Runs no blocks itself.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -21,7 +21,7 @@ class SimKernel final : public Kernel {
   SimKernel(const SimRecorder& recorder, SimAnswers& answers, SimErrorQueue& errors, const SimErrorTexts& texts)
       : recorder_(recorder), answers_(answers), errors_(errors), texts_(texts) {}
 
-  /// Null takes it away. It must outlive the kernel, or be taken away.
+  /// Attaches a machine; null detaches it. The machine must outlive the kernel or be detached first.
   void AttachMachine(KernelMachine* machine) { machine_ = machine; }
   [[nodiscard]] KernelMachine* Machine() const { return machine_; }
   void SetAxis(std::int32_t logicalNumber, TextView name) { axes_[logicalNumber] = Text(name); }
@@ -42,9 +42,10 @@ class SimKernel final : public Kernel {
   int PosibleMDICancel(int channel) override;
   int WriteTxtInBlackBox(TextView text, int zero) override;
   int SWOption_IsZMCON() override;
-  /// Index -1 is the first of the queue. A negative answer that was set is a failure.
+  /// Index -1 means the first error of the queue. If a negative answer is set, the call fails.
   int ReadError(int index, ErrorRecord& record) override;
-  /// Index -1 is the first of the queue; kind isn't looked at. -1 when there is no such error.
+  /// Index -1 means the first error of the queue. kind is ignored. Returns -1 when there is no such error, unless an
+  /// answer is set.
   int ResetError(int index, int kind) override;
   int ResetErrorWithEnter(int zero, const ErrorRecord& record) override;
   int AddLogOnInfo(TextView text) override;
@@ -54,7 +55,7 @@ class SimKernel final : public Kernel {
   int GetTextoSercosError(int code, Text& text) override;
 
  private:
-  /// Answers by what was set, else by ask(machine), else by the start value, and records it.
+  /// Returns the answer that was set, else ask(machine), else the start value. Records the call.
   template <typename Ask>
   int Call(std::string_view name, const SimRecorder::Args& args, Ask ask);
   int Call(std::string_view name, const SimRecorder::Args& args);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Passes what the tools ask of the simulated CNC on to whoever listens, at the moment it happens. Keeps nothing itself.
-// An argument that a call fills stands in the record with what it holds afterwards, as nothing if it was left alone.
+// Reports what the tools ask of the simulated CNC to a sink, at the moment it happens. Keeps nothing itself. An
+// argument that a call fills is recorded with its value after the call, or as nothing if the call left it alone.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -18,7 +18,7 @@ class SimRecorder {
  public:
   using Args = std::vector<rig::Value>;
 
-  /// Null ends it.
+  /// Sets the sink; null for none.
   void SetSink(rig::EventSink* sink) { sink_ = sink; }
   void Cnc(std::string_view name, const Args& args, const rig::Value& result) const;
   void Write(TextView name, const rig::Value& value, bool ok) const;
@@ -27,7 +27,7 @@ class SimRecorder {
   rig::EventSink* sink_ = nullptr;
 };
 
-/// How arguments and results look in the record.
+/// Arguments and results in the form in which they are recorded.
 [[nodiscard]] rig::Value Recorded(std::int32_t value);
 [[nodiscard]] rig::Value Recorded(TextView value);
 [[nodiscard]] rig::Value Recorded(const ErrorRecord& record);  // number and source

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where the panel's files are: folders by path id, drives by letter, and what the explorer is told about drives and the
-// network. Turns no path into one of this machine itself: that is base/files.
+// Where the panel's files are: folders by path id, drives by letter, and what the explorer gets to know about drives
+// and the network. base/files turns a panel path into a path of this machine.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -17,21 +17,21 @@ class SimStorage final : public rig::Storage {
  public:
   SimStorage(Files& files, DriveMap& drives) : files_(files), drives_(drives) {}
 
-  /// Without its trailing backslashes.
+  /// Stores the path without its trailing backslashes.
   void SetPath(std::int32_t id, std::u16string_view path) override;
-  /// "C:\Pn" for the ids that the tools use, else empty, unless another folder was set.
+  /// The folder that was set for the id; else "C:\Pn" for an id n that the tools use; else empty.
   [[nodiscard]] std::u16string Path(std::int32_t id) const override;
-  /// Letters from A to Z, in either case; others are left alone.
+  /// Sets a drive. The letter may be small or capital. Does nothing for a character that isn't a letter from A to Z.
   void SetDrive(const rig::Drive& drive) override;
   void SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) override;
   void SetNetwork(std::vector<rig::NetworkNode> roots) override { network_ = std::move(roots); }
   [[nodiscard]] std::optional<std::string> HostPath(std::u16string_view panelPath) const override;
   [[nodiscard]] bool Replace(const std::string& hostPath, std::string_view bytes) const override;
 
-  /// Makes the folder of every path id that the tools use. False when one couldn't be made.
+  /// Makes the folder of every path id that the tools use. Returns false when one couldn't be made.
   bool MakeFolders();
 
-  /// By capital letter.
+  /// The drives that are set, by capital letter.
   [[nodiscard]] const std::map<char, rig::Drive>& Drives() const { return described_; }
   struct Masks {
     std::string noDrives;

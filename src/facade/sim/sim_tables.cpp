@@ -37,7 +37,7 @@ void SimPlcMessages::DeleteMsg(ZCMsg* message) {
   const auto found =
       std::find_if(created_.begin(), created_.end(), [message](const auto& own) { return own.get() == message; });
   const bool known = found != created_.end();
-  // One that isn't this table's, or is deleted already, can't be looked into.
+  // A message that isn't this table's, or is deleted already, must not be read.
   recorder_.Cnc("DeleteMsg",
                 known ? SimRecorder::Args{Recorded(message->MsgType()), Recorded(message->IdMsg())}
                       : SimRecorder::Args{rig::Value{}, rig::Value{}},

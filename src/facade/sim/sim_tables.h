@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tool table, the table of PLC messages and the password box of the simulated CNC. Filled by a script or a machine;
-// every call of a tool is recorded.
+// The tool table, the table of PLC messages and the password box of the simulated CNC. A script or a machine fills
+// them. Every call of a tool is recorded.
 #pragma once
 
 #include <map>
@@ -18,9 +18,9 @@ class SimPlcMessages final : public ZCPlcMsgTable {
  public:
   SimPlcMessages(const SimRecorder& recorder, SimAnswers& answers) : recorder_(recorder), answers_(answers) {}
 
-  /// Adds a message, or replaces the one of that type and identifier.
+  /// Adds a message, or replaces the one with that type and identifier.
   void Set(std::int32_t type, std::int32_t id, TextView message, TextView info);
-  /// Null when the table is set not to answer. The calls below work from now until Disconnect.
+  /// Returns null when the answer 0 is set. The calls below work from now until Disconnect.
   ZCPlcMsgTable* Connect();
 
   ZCMsg* CreateMsg() override;
@@ -46,7 +46,7 @@ class SimTables final : public ToolTables, public Passwords {
       : recorder_(recorder), answers_(answers), messages_(recorder, answers) {}
 
   [[nodiscard]] SimPlcMessages& Messages() { return messages_; }
-  /// Adds a tool, or replaces the one of that number.
+  /// Adds a tool, or replaces the one with that number.
   void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) { tools_[number] = {type, data}; }
 
   ZCPlcMsgTable* Connect() override { return messages_.Connect(); }

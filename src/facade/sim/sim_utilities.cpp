@@ -8,7 +8,7 @@
 namespace pnl::sim {
 
 namespace {
-/// The panel height for which sizes are given.
+/// The panel height for which the tools give their sizes.
 constexpr double kBaseHeight = 600;
 }  // namespace
 
@@ -25,7 +25,7 @@ bool SimUtilities::desc_to_txt(std::int32_t number, Text& text, TextView file) {
 int SimUtilities::UTIL7340_DriveStatus(int drive) {
   constexpr int kUsersDrive = 1;
   constexpr int kNoDrive = 2;
-  // Whoever asks for the status of another drive than the one that there is must not be told that it is ready.
+  // There is only one drive, so another one is never reported as ready.
   return drive == kUsersDrive ? answers_.Take("UTIL7340_DriveStatus") : kNoDrive;
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel's utilities over the simulated CNC: paths from the storage, error texts from their tables, help marks by
-// exact block text, the clipboard and the panel's size from the window system.
+// The panel's utilities on the simulated CNC: paths from the storage, error texts from their tables, help marks by
+// exact block text, clipboard and panel size from the window system.
 #pragma once
 
 #include <map>
@@ -22,19 +22,19 @@ class SimUtilities final : public Utilities {
   void SetBlockMark(TextView block, TextView mark) { marks_[Text(block)] = Text(mark); }
 
   [[nodiscard]] Text Get7340Path(int id) override { return storage_.Path(id); }
-  /// 0 when the number has a text, else -1.
+  /// Returns 0 when the number has a text, else -1.
   int ErrorText(ErrorTextFunction function, std::int32_t number, Z7340ERRORINFO_ST& info) override;
   bool desc_to_txt(std::int32_t number, Text& text, TextView file) override;
   int UTIL7340_DriveStatus(int drive) override;
   void UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) override;
-  /// -1 for a block without a mark.
+  /// Returns -1 for a block without a mark, unless an answer is set.
   int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) override;
   [[nodiscard]] Rect UTIL7340_GetCNCRect() override { return windows_.PanelRect(); }
   [[nodiscard]] bool UTIL7340_AreSoftkeyMetricsStandard() override;
-  /// height · panel height / 600, to the nearest whole number, halves away from zero; a panel without a height counts
-  /// as 600 high. The sign, by which some fonts are measured, stays.
+  /// Returns height · panel height / 600, rounded to the nearest whole number, halves away from zero. A panel without a
+  /// height counts as 600 high. The sign stays, because a negative font height has a meaning of its own.
   [[nodiscard]] int UTIL7340_FitFontSize(int height) override;
-  /// The same rule.
+  /// Follows the same rule.
   [[nodiscard]] int UTIL7340_FitHeight(int height) override;
   [[nodiscard]] bool UTIL7340_Is7335() override;
 

@@ -15,7 +15,7 @@ namespace {
 constexpr std::int64_t kLowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t kHighestWord = std::numeric_limits<std::uint32_t>::max();
 
-/// From here on a real is written with an exponent.
+/// A real of this size or larger is written with an exponent.
 constexpr double kLargestPlain = 1e15;
 
 Text FromAscii(const char* begin, const char* end) {
@@ -37,7 +37,7 @@ std::optional<std::int64_t> AsWholeNumber(const rig::Value& value) {
   if (const auto* number = std::get_if<std::int64_t>(&value)) return *number;
   if (const auto* real = std::get_if<double>(&value)) {
     const double cut = std::trunc(*real);
-    // Written so that NaN doesn't pass.
+    // The comparison is written so that it is false for NaN.
     if (cut >= static_cast<double>(kLowest) && cut <= static_cast<double>(kHighestWord)) {
       return static_cast<std::int64_t>(cut);
     }

@@ -72,7 +72,7 @@ int SimVariables::OpenReport(std::int32_t identifier, WindowHandle window) {
   return variable_code::kDone;
 }
 
-// Works on a variable that isn't defined any more, and for a dead window: whoever opened a report can close it.
+// This works for a variable that is no longer defined and for a dead window, so that every open report can be closed.
 int SimVariables::CloseReport(std::int32_t identifier, WindowHandle window) {
   Entry* entry = ById(identifier);
   if (entry == nullptr) return variable_code::kUnknown;
@@ -174,7 +174,7 @@ SimVariables::Entry* SimVariables::Find(TextView name) {
   return &entries_[place->second];
 }
 
-// Identifiers count from 1, so that a report's arguments are never both zero.
+// Identifiers count from 1, so that the arguments of a report are never both zero.
 SimVariables::Entry* SimVariables::ById(std::int32_t identifier) {
   if (identifier < 1 || static_cast<std::size_t>(identifier) > entries_.size()) return nullptr;
   return &entries_[static_cast<std::size_t>(identifier) - 1];
@@ -212,7 +212,7 @@ int SimVariables::Write(std::int32_t identifier, const rig::Value& value) {
   if (code != variable_code::kDone) return code;
   const bool changed = !SameValue(entry->value, *converted);
   entry->value = *converted;
-  // A variable server reports changes: writing what stands there already is no news.
+  // Only a change is reported, not the writing of an equal value.
   if (changed) PostReports(*entry);
   CallWatchers(*entry);
   if (written_) written_(entry->name);
@@ -230,7 +230,7 @@ void SimVariables::PostReports(Entry& entry) {
 }
 
 void SimVariables::CallWatchers(Entry& entry) {
-  // A watcher may end watches, its own too, so each one is looked up again before its turn.
+  // A watcher may end watches, including its own, so each one is looked up again before it is called.
   const std::vector<Watcher> watchers = entry.watchers;
   for (const Watcher& watcher : watchers) {
     const bool still = std::any_of(entry.watchers.begin(), entry.watchers.end(),
@@ -240,7 +240,7 @@ void SimVariables::CallWatchers(Entry& entry) {
 }
 
 void SimVariables::Post(const Entry& entry, WindowHandle window) {
-  windows_.Post(window, {kMsgVariableReport, entry.identifier, 0});
+  windows_.Post(window, {PNL_MSG_VARIABLE_REPORT, entry.identifier, 0});
 }
 
 }  // namespace pnl::sim

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The variable server of the simulated CNC: a table of names, each with a type, a value and the windows that want to
-// hear of changes. A name keeps its identifier for good, so that handles and reports live through a redefinition.
+// The variable server of the simulated CNC: a table of names, each with a type, a value and the windows that get its
+// reports. A name keeps its identifier for good, so that handles and reports stay valid when it is defined again.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -30,29 +30,30 @@ class SimVariables final : public Variables {
   int ReadTxt(std::int32_t identifier, Text& value) override;
   int WriteTxt(std::int32_t identifier, TextView value) override;
   int UpdateCache(std::int32_t identifier) override;
-  /// A window that opens the same report again has it until it closes it as often.
+  /// A window that opens the same report several times must close it as often.
   int OpenReport(std::int32_t identifier, WindowHandle window) override;
   int CloseReport(std::int32_t identifier, WindowHandle window) override;
   int GeneraReport(std::int32_t identifier, WindowHandle window) override;
 
-  /// A value that has no form of that type counts as zero.
+  /// Makes or replaces a variable without a report. A value that can't be converted to the type becomes zero.
   void Define(TextView name, rig::VariableType type, const rig::Value& value, bool readable = true,
               bool writable = true);
   bool Undefine(TextView name);
   [[nodiscard]] bool Exists(TextView name) const { return Find(name) != nullptr; }
-  /// Sets and reports, also when equal and where tools can't write. False for an unknown name or a value that has no
-  /// form of the variable's type; then nothing happens.
+  /// Sets the value and reports it, even if it is the same or tools can't write it. Returns false, and changes nothing,
+  /// for an unknown name or a value that can't be converted to the variable's type.
   bool Set(TextView name, const rig::Value& value);
-  /// Reports the value as it is. False for an unknown name.
+  /// Reports the present value. Returns false for an unknown name.
   bool Report(TextView name);
   [[nodiscard]] std::optional<rig::Value> Get(TextView name) const;
   int Watch(TextView name, std::function<void()> changed);
   void Unwatch(int watch);
-  /// Live windows with a report open, in order of opening.
+  /// The living windows with an open report, in order of opening.
   [[nodiscard]] std::vector<WindowHandle> Reports(TextView name) const;
-  /// All reports that were opened and not closed; those of a dead window count until a change would have reached it.
+  /// The number of reports that were opened and not closed. Those of a dead window count until the variable's next
+  /// report.
   [[nodiscard]] std::size_t OpenReports() const;
-  /// Called after a tool wrote a variable, whatever the value was.
+  /// Sets who is called after each successful write of a tool, even if the value didn't change.
   void OnWritten(std::function<void(TextView name)> written) { written_ = std::move(written); }
 
  private:
@@ -76,10 +77,10 @@ class SimVariables final : public Variables {
     std::vector<Watcher> watchers;
   };
 
-  /// The entry of a defined variable, else null.
+  /// The entry of a variable that is defined, else null.
   [[nodiscard]] const Entry* Find(TextView name) const;
   [[nodiscard]] Entry* Find(TextView name);
-  /// The entry behind an identifier, defined or not; null for an invented one.
+  /// The entry with that identifier, defined or not; null when there is none.
   [[nodiscard]] Entry* ById(std::int32_t identifier);
   Entry& Intern(TextView name);
   [[nodiscard]] int Readable(std::int32_t identifier, const Entry** entry);
@@ -91,7 +92,8 @@ class SimVariables final : public Variables {
 
   WindowSystem& windows_;
   const SimRecorder& recorder_;
-  std::deque<Entry> entries_;  // an entry never moves: watchers may define variables while it is in use
+  std::deque<Entry> entries_;  // a deque, because an entry must not move: watchers may define variables while it is in
+                               // use
   std::map<Text, std::size_t, std::less<>> places_;
   int lastWatch_ = 0;
   std::function<void(TextView)> written_;

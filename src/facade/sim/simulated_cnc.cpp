@@ -95,11 +95,11 @@ int SimulatedCnc::WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)
 
 void SimulatedCnc::UnwatchErrors(int watch) { errorWatchers_.erase(watch); }
 
-// A summary is made only for somebody: thousands of errors may come at once.
+// Without a watcher no summary is made, because thousands of errors may come at once.
 void SimulatedCnc::TellErrorWatchers(const ErrorRecord& record, std::int64_t serial, ErrorFate fate) {
   if (errorWatchers_.empty()) return;
   const ErrorSummary summary = Summarize(record, serial, texts_);
-  // A watcher may watch, unwatch and raise errors in turn.
+  // A watcher may add and remove watchers and raise errors itself.
   const int newest = lastErrorWatch_;
   for (auto next = errorWatchers_.begin(); next != errorWatchers_.end() && next->first <= newest;) {
     const int watch = next->first;
@@ -147,7 +147,7 @@ void SimulatedCnc::MachineSide::PushError(const ErrorRecord& record) { cnc_.erro
 
 void SimulatedCnc::MachineSide::SetErrorText(std::string_view function, std::int32_t number, TextView text,
                                              TextView helpRef) {
-  // No help opens by itself: the error window comes first.
+  // No help opens without being asked for: the error window comes first.
   cnc_.texts_.Set(function, number, text, helpRef, false);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The simulated CNC: everything that the tools ask of a control, without one. Bare, it is a table of variables, kernel
-// calls that are recorded and answers that are set; with a machine attached, that machine runs the blocks. Owns its
-// parts and no machine. All on the window thread.
+// The simulated CNC, for use without a control. Without a machine it is a table of variables, kernel calls that are
+// recorded, and answers that are set. An attached machine runs the blocks. It owns its parts but no machine. Everything
+// happens on the window thread.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -25,14 +25,14 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
  public:
   SimulatedCnc(WindowSystem& windows, Timers& timers, Files& files, DriveMap& drives);
 
-  /// Who hears of calls and writes; null for nobody.
+  /// Sets who gets the calls and writes; null for nobody.
   void SetSink(rig::EventSink* sink) { recorder_.SetSink(sink); }
-  /// Null takes it away. Must be done before the machine goes.
+  /// Attaches a machine; null detaches it. The machine must be detached before it is destroyed.
   void AttachMachine(KernelMachine* machine) { kernel_.AttachMachine(machine); }
-  /// What a machine is made with.
+  /// The environment with which a machine is made.
   [[nodiscard]] MachineEnvironment& Environment() { return machineSide_; }
   [[nodiscard]] SimStorage& Storage() { return storage_; }
-  /// For leak checks: reports that were opened and not closed.
+  /// The number of reports that were opened and not closed, for leak checks.
   [[nodiscard]] std::size_t OpenReports() const { return variables_.OpenReports(); }
 
   // CncFacade
@@ -61,7 +61,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
   [[nodiscard]] std::vector<std::int32_t> ErrorQueue() const override;
   void ClearErrors() override;
   [[nodiscard]] std::vector<ErrorSummary> Errors() const override;
-  /// Watchers are called in the order in which they came; one that ends in between isn't called any more.
+  /// Watchers are called in the order in which they were added. One that is removed meanwhile isn't called.
   int WatchErrors(std::function<void(const ErrorSummary&, ErrorFate)> changed) override;
   void UnwatchErrors(int watch) override;
   [[nodiscard]] std::optional<std::u16string> DescriptionBehind(std::u16string_view helpRef) const override;

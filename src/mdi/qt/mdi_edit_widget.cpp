@@ -19,12 +19,12 @@ MdiEdit::MdiEdit(int id, QWidget* parent) : LimitedEdit(id, kLimit, parent) {
   setTextMargins(kSideMargin, 0, kSideMargin, 0);
 }
 
-MdiSelection MdiEdit::Selection() const {
+TextSelection MdiEdit::Selection() const {
   if (!hasSelectedText()) return {cursorPosition(), cursorPosition()};
   return {selectionStart(), selectionEnd()};
 }
 
-void MdiEdit::Select(MdiSelection selection) {
+void MdiEdit::Select(TextSelection selection) {
   if (selection.start < 0) return deselect();
   const int length = static_cast<int>(text().size());
   const int start = std::min(selection.start, length);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The edit field of the command line: one line, at most 255 characters when typed or pasted into, in colours that its
-// window sets. It tells when the focus has come or gone; what follows is the window's business.
+// window sets. It reports when the focus has come or gone; what follows is the window's business.
 #pragma once
 
 #include "controls/limited_edit.h"
@@ -17,9 +17,9 @@ class MdiEdit : public LimitedEdit {
 
   MdiEdit(int id, QWidget* parent);
 
-  [[nodiscard]] MdiSelection Selection() const;
+  [[nodiscard]] TextSelection Selection() const;
   /// As MdiView::SetEditSelection says.
-  void Select(MdiSelection selection);
+  void Select(TextSelection selection);
   void ReplaceSelection(const QString& text);
   void SetColors(const MdiColorPair& colors);
 

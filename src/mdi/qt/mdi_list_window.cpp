@@ -15,7 +15,7 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
   list_->setFrameStyle(QFrame::Box | QFrame::Plain);
   list_->setFocusPolicy(Qt::StrongFocus);
   list_->installEventFilter(this);
-  // Queued behind the release of the button, which still belongs to the list.
+  // Queued after the release of the button, which still belongs to the list.
   connect(list_, &ListBox::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
 }
@@ -80,7 +80,7 @@ void ZCMDIList::OnFocusChanged(QWidget* now) {
   const QPointer<ZCMDIList> self(this);
   emit LostActivation();
   if (self) OnCancel();
-  // The owner answers by taking the focus itself; it belongs to what the operator went to.
+  // The owner takes the focus itself then; it belongs to what the operator went to.
   const bool inOwner = owner && (owner == taker || owner->isAncestorOf(taker));
   if (taker && !inOwner && taker->isVisible()) taker->setFocus(Qt::OtherFocusReason);
 }

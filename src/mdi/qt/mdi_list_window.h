@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ZCMDIList: the drop list with a channel's history. It lies over the panel's window as one of its children, so that it
-// needs no window system behind it, and is made when it opens and destroyed when done, by its owner. Its owner's window
+// needs no window of the system, and is made when it opens and destroyed when done, by its owner. Its owner's window
 // gets the verdict ("MDI_ENDLIST"); what follows from it is not decided here.
 #pragma once
 

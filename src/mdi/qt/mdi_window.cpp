@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "window/qt/control_properties.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/window_registry.h"
 
@@ -43,7 +44,7 @@ std::optional<MdiKey> LogicKey(int key) {
 }  // namespace
 
 ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
-    : ToolWindow(tool_id::kMdi, parent),
+    : ToolWindowWith(PNL_TOOL_MDI, parent),
       context_(context),
       edit_(new MdiEdit(kEditId, this)),
       list_(new ListBox(kListId, this)),
@@ -58,11 +59,12 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
   titleColors_ = {title_->TextColor(), title_->BackColor()};
   sign_->SetTextW(QStringLiteral("MORE!"), false);
   sign_->SetPlusSign();
-  logic_ = MdiExecution::Make(context_, *this, WindowRegistry::Instance().HandleOf(parent));
-  UseColors();
+  MdiView& view = *this;
+  session_.Make(context_, view, WindowRegistry::Instance().HandleOf(parent));
+  Tell([](MdiSession& session) { session.Start(); });
 
   connect(edit_, &MdiEdit::FocusChanged, this,
-          [this](bool focused) { Tell([focused](MdiExecution& logic) { logic.OnEditFocus(focused); }); });
+          [this](bool focused) { Tell([focused](MdiSession& session) { session.OnEditFocus(focused); }); });
   connect(list_, &ListBox::Focused, this, &ZCMDIWindow::OnListFocus);
   edit_->installEventFilter(this);
   list_->installEventFilter(this);
@@ -77,28 +79,28 @@ ZCMDIWindow::~ZCMDIWindow() {
     control->removeEventFilter(this);
   }
   if (dropList_) dropList_->Dismiss();
-  if (logic_) logic_->OnDestroy();
+  session_.End();
 }
 
 template <typename Intention>
-void ZCMDIWindow::Tell(Intention intention) {
-  const std::shared_ptr<MdiExecution> logic = logic_;
-  if (!logic) return;
-  intention(*logic);
-  // The logic has ended with the window, if somebody destroyed it meanwhile.
-  if (!logic->Ended()) UseColors();
+bool ZCMDIWindow::Tell(Intention intention) {
+  if (!session_.Tell(intention)) return false;
+  UseColors();
+  return true;
 }
 
 std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {
   std::intptr_t answer = 0;
-  Tell([&](MdiExecution& logic) { answer = logic.OnMessage(message).value_or(0); });
+  Tell([&](MdiSession& session) { answer = session.OnMessage(message).value_or(0); });
   return answer;
 }
 
 bool ZCMDIWindow::OnKeyDown(QKeyEvent& event) {
   const auto key = LogicKey(event.key());
+  if (!key) return false;
   bool consumed = false;
-  if (key) Tell([&](MdiExecution& logic) { consumed = logic.OnKey(*key); });
+  // A key that ended the window was for it, and must not reach a control that is no more.
+  if (!Tell([&](MdiSession& session) { consumed = session.OnKey(*key); })) consumed = true;
   // A key that isn't accepted goes on to the parents.
   if (consumed) event.accept();
   return consumed;
@@ -116,7 +118,7 @@ bool ZCMDIWindow::event(QEvent* event) {
 bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == edit_ || watched == list_) {
     if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
-    // The panel's shortcuts come behind the keys of the command line.
+    // The panel's shortcuts come after the keys of the command line.
     if (event->type() == QEvent::ShortcutOverride) {
       const auto* key = static_cast<QKeyEvent*>(event);
       // With Ctrl or Alt the same keys are the host's: its start key may be one of them.
@@ -125,7 +127,7 @@ bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
     }
     return false;
   }
-  if (event->type() == QEvent::Resize) Tell([](MdiExecution& logic) { logic.OnParentResized(); });
+  if (event->type() == QEvent::Resize) Tell([](MdiSession& session) { session.OnParentResized(); });
   return false;
 }
 
@@ -146,64 +148,47 @@ void ZCMDIWindow::MoveFocus(QWidget* taker) {
 }
 
 void ZCMDIWindow::OnListFocus() {
-  Tell([](MdiExecution& logic) { logic.OnListFocus(); });
+  if (!Tell([](MdiSession& session) { session.OnListFocus(); })) return;
   listGotFocus_ = true;
   if (focusMoves_ == 0) SettleFocusLater();
 }
 
 void ZCMDIWindow::OnWindowFocus() {
   ++focusMoves_;
-  Tell([](MdiExecution& logic) { logic.OnWindowFocus(); });
+  if (!Tell([](MdiSession& session) { session.OnWindowFocus(); })) return;
   if (--focusMoves_ == 0) SettleFocusLater();
 }
 
 void ZCMDIWindow::SettleFocus() {
-  if (std::exchange(listGotFocus_, false)) Tell([](MdiExecution& logic) { logic.OnFocusSettled(); });
+  if (std::exchange(listGotFocus_, false)) Tell([](MdiSession& session) { session.OnFocusSettled(); });
 }
 
 void ZCMDIWindow::SettleFocusLater() {
-  // The widget kit moves the focus and goes on with its widgets behind us.
+  // The widget kit moves the focus and goes on with its widgets after us.
   if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
 }
 
 void ZCMDIWindow::hideEvent(QHideEvent* event) {
   ToolWindow::hideEvent(event);
   // The drop list lies over the whole panel and would stay there alone.
-  Tell([](MdiExecution& logic) { logic.OnHidden(); });
+  Tell([](MdiSession& session) { session.OnHidden(); });
 }
 
 void ZCMDIWindow::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (event->button() != Qt::LeftButton) return;
   const bool ended = endedDropList_;
-  Tell([ended](MdiExecution& logic) { logic.OnLeftPress(ended); });
+  Tell([ended](MdiSession& session) { session.OnLeftPress(ended); });
 }
 
 void ZCMDIWindow::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), ToQColor(kMdiDialogBack)); }
 
-Rect ZCMDIWindow::ParentClientRect() const {
-  const QWidget* parent = parentWidget();
-  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
-}
-
-void ZCMDIWindow::Hide() {
-  // Nobody asked for the focus: it must not wander to whatever control of the panel comes next.
-  ClearFocus();
-  hide();
-}
-
-void ZCMDIWindow::ClearFocus() {
-  QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
-}
-
 void ZCMDIWindow::Place(const MdiLayout& layout) {
-  const auto area = [](const Rect& rect) { return QRect(rect.left, rect.top, rect.Width(), rect.Height()); };
-  setGeometry(area(layout.window));
-  title_->setGeometry(area(layout.title));
-  edit_->setGeometry(area(layout.edit));
-  list_->setGeometry(area(layout.list));
-  sign_->setGeometry(area(layout.sign));
+  setGeometry(ToQRect(layout.window));
+  title_->setGeometry(ToQRect(layout.title));
+  edit_->setGeometry(ToQRect(layout.edit));
+  list_->setGeometry(ToQRect(layout.list));
+  sign_->setGeometry(ToQRect(layout.sign));
   list_->setVisible(layout.listShown);
   sign_->setVisible(layout.signShown);
 }
@@ -234,13 +219,17 @@ void ZCMDIWindow::RedrawEdit() {
 }
 
 void ZCMDIWindow::UseColors() {
-  if (!logic_) return;
-  if (const auto colors = logic_->ControlColors(MdiControl::kEdit, edit_->hasFocus())) edit_->SetColors(*colors);
-  const auto list = logic_->ControlColors(MdiControl::kList, false);
-  if (list && (list->back != list_->BackColor() || list->text != list_->TextColor())) {
-    list_->SetColors(list->back, list->text);
-  }
-  const auto others = logic_->ControlColors(MdiControl::kOther, false);
+  std::optional<MdiColorPair> edit;
+  std::optional<MdiColorPair> list;
+  std::optional<MdiColorPair> others;
+  const bool there = session_.Tell([&](const MdiSession& session) {
+    edit = session.ControlColors(MdiControl::kEdit, edit_->hasFocus());
+    list = session.ControlColors(MdiControl::kList, false);
+    others = session.ControlColors(MdiControl::kOther, false);
+  });
+  if (!there) return;
+  if (edit) edit_->SetColors(*edit);
+  if (list && *list != MdiColorPair{list_->TextColor(), list_->BackColor()}) list_->SetColors(list->back, list->text);
   const MdiColorPair title = others.value_or(titleColors_);
   const MdiColorPair sign = others.value_or(signColors_);
   if (title != MdiColorPair{title_->TextColor(), title_->BackColor()}) title_->SetColors(title.back, title.text, true);
@@ -277,7 +266,7 @@ void ZCMDIWindow::CloseDropList() {
 
 void ZCMDIWindow::NoteEndedDropList() {
   endedDropList_ = true;
-  // Until this very event is over, so that the press that did it can be told from the next one.
+  // Until this very event is over, so that the press that did it can be distinguished from the next one.
   QMetaObject::invokeMethod(
       this, [this] { endedDropList_ = false; }, Qt::QueuedConnection);
 }

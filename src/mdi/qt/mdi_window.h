@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-// ZCMDIWindow: the window of the MDI/MDA command line. It has the controls, turns events into calls on MdiExecution and
-// does what that asks of its view; it decides nothing. A child of the host's window, which owns it.
+// ZCMDIWindow: the window of the MDI/MDA command line. It has the controls, turns each event into one intention of
+// MdiSession and does what that asks of its view; it decides nothing. A child of the host's window, which owns it.
 #pragma once
 
 #include <QtCore/QPointer>
-#include <memory>
 
 #include "controls/fonts.h"
 #include "controls/list_box.h"
 #include "controls/zwc_static.h"
-#include "host/tool_context.h"
-#include "mdi/mdi_execution.h"
+#include "host/tool_session.h"
+#include "mdi/mdi_session.h"
 #include "mdi/mdi_view.h"
 #include "mdi/qt/mdi_edit_widget.h"
 #include "mdi/qt/mdi_list_window.h"
@@ -18,7 +17,7 @@
 
 namespace pnl {
 
-class ZCMDIWindow final : public ToolWindow, private MdiView {
+class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   Q_OBJECT
 
  public:
@@ -41,12 +40,6 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
-  [[nodiscard]] Rect ParentClientRect() const override;
-  [[nodiscard]] bool IsVisible() const override { return isVisible(); }
-  void Show() override { show(); }
-  void Hide() override;
-  void BringToTop() override { raise(); }
   void Place(const MdiLayout& layout) override;
   void SetTitle(TextView title) override;
   void SetTitleBlinking(int period) override;
@@ -54,11 +47,10 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   void FocusWindow() override { MoveFocus(this); }
   void FocusEdit() override { MoveFocus(edit_); }
   void FocusList() override { MoveFocus(list_); }
-  void ClearFocus() override;
   [[nodiscard]] Text EditText() const override;
   void SetEditText(TextView text) override;
-  [[nodiscard]] MdiSelection EditSelection() const override { return edit_->Selection(); }
-  void SetEditSelection(MdiSelection selection) override { edit_->Select(selection); }
+  [[nodiscard]] TextSelection EditSelection() const override { return edit_->Selection(); }
+  void SetEditSelection(TextSelection selection) override { edit_->Select(selection); }
   void ReplaceEditSelection(TextView text) override;
   void ScrollEditCaret() override { edit_->update(); }
   void SetEditReadOnly(bool readOnly) override;
@@ -79,10 +71,10 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   [[nodiscard]] std::optional<Text> DropListSelection() const override;
   [[nodiscard]] Text DropListPicked() const override;
 
-  /// Calls an intention of the logic, if it is there, and shows the colours that hold afterwards. Nothing of this
-  /// window may be touched behind it: the intention may have ended in its destruction.
+  /// Calls an intention and shows the colours that hold afterwards. After false nothing of this window may be touched:
+  /// the intention has ended in its destruction, or it is being destroyed.
   template <typename Intention>
-  void Tell(Intention intention);
+  bool Tell(Intention intention);
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
   void MoveFocus(QWidget* taker);
   void OnListFocus();
@@ -101,9 +93,9 @@ class ZCMDIWindow final : public ToolWindow, private MdiView {
   MdiColorPair titleColors_;
   MdiColorPair signColors_;
   bool endedDropList_ = false;
-  bool listGotFocus_ = false;  // and the logic hasn't been told yet that this is over
+  bool listGotFocus_ = false;  // and the logic doesn't know yet that this is over
   int focusMoves_ = 0;         // changes of the focus that are going on
-  std::shared_ptr<MdiExecution> logic_;
+  ToolLink<MdiSession> session_;
 };
 
 }  // namespace pnl

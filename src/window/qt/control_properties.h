@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The names of the properties by which a panel program and tests see windows and controls without knowing their
-// classes, and small helpers around them. What each means is told in window/qt/tool_window.h.
+// The names of the properties through which a panel program and tests see windows and controls without knowing their
+// classes, and small helpers for them. window/qt/tool_window.h explains each property.
 #pragma once
 
 #include <QVariant>
@@ -13,9 +13,10 @@ namespace property {
 // Every control.
 inline constexpr const char* kId = "pnlId";
 inline constexpr const char* kKind = "pnlKind";
-// A control that lies beside its window, not in it: the window's handle.
+// A control that is placed beside its window, not in it: the window's handle.
 inline constexpr const char* kOwner = "pnlOwner";
-// A host's main window: the widget in which its tools have their room, as a QWidget*. It must live as long.
+// A host's main window: the widget that contains its tools, as a QWidget*. That widget must live as long as the main
+// window.
 inline constexpr const char* kPanelArea = "pnlPanelArea";
 // Themed controls.
 inline constexpr const char* kBack = "pnlBack";
@@ -34,7 +35,7 @@ inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 }  // namespace property
 
-/// The values of "pnlKind".
+/// Values of "pnlKind". Report lists and trees have "report" and "tree".
 namespace control_kind {
 inline constexpr const char* kEdit = "edit";
 inline constexpr const char* kList = "list";
@@ -55,7 +56,7 @@ inline void SetColorProperty(QWidget* widget, const char* name, std::uint32_t co
   widget->setProperty(name, QVariant::fromValue<uint>(color));
 }
 
-/// -1 for a widget that is no control.
+/// The control's id; -1 for a widget that isn't a control.
 [[nodiscard]] inline int ControlId(const QWidget* widget) {
   const QVariant id = widget->property(property::kId);
   return id.isValid() ? id.toInt() : -1;
@@ -63,7 +64,8 @@ inline void SetColorProperty(QWidget* widget, const char* name, std::uint32_t co
 
 [[nodiscard]] inline QString ControlKind(const QWidget* widget) { return widget->property(property::kKind).toString(); }
 
-/// The control with that id below a window; where several have it, one that can be seen goes first. Null when none.
+/// The control with that id below a window. If several have it, a visible one comes first. Returns null when there is
+/// none.
 [[nodiscard]] inline QWidget* FindControl(const QWidget* window, int id) {
   QWidget* hidden = nullptr;
   for (QWidget* child : window->findChildren<QWidget*>()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window message on its way through Qt's event system: number, two pointer-sized arguments and room for the answer.
+// A window message as a Qt event: the message's number, its two pointer-sized arguments, and room for the result.
 #pragma once
 
 #include <QEvent>

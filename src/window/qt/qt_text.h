@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Text between the library and Qt: the same encoding on both sides, so nothing is lost.
+// Converts texts and colours between the library and Qt. Both sides use UTF-16, so no text is lost.
 #pragma once
 
 #include <QColor>
@@ -15,7 +15,7 @@ namespace pnl {
 
 [[nodiscard]] inline Text FromQString(const QString& text) { return text.toStdU16String(); }
 
-/// A colour 0x00BBGGRR for painting.
+/// Converts a colour 0x00BBGGRR.
 [[nodiscard]] inline QColor ToQColor(std::uint32_t color) {
   return {static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
           static_cast<int>((color >> 16) & 0xFF)};

@@ -38,7 +38,7 @@ void QtTimers::timerEvent(QTimerEvent* event) {
   if (event->timerId() != source_.timerId()) return;
   const std::int64_t now = Now();
   for (auto next = Next(); next != timers_.end() && next->second.due <= now; next = Next()) {
-    // A tick may stop its own timer, start others or run an event loop, so all is settled before it runs.
+    // A tick may stop its own timer, start others or run an event loop, so everything is settled before it runs.
     const auto tick = next->second.tick;
     if (next->second.once) {
       timers_.erase(next);

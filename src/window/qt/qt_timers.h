@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Timers on Qt's event loop, all behind one event source that is set to the next one due: nothing wakes up while no
-// timer runs. And the timers of the library, which can be turned over to a manual clock.
+// Timers on Qt's event loop. One event source serves all of them and is set to the next due time, so nothing wakes up
+// while no timer runs. Also the timers of the library, which can be switched to a manual clock.
 #pragma once
 
 #include <QBasicTimer>
@@ -13,7 +13,8 @@
 
 namespace pnl {
 
-/// Real time. A timer that fell behind (the loop was busy) ticks once and goes on from there, without catching up.
+/// Timers in real time. A timer that is late because the loop was busy ticks once and goes on from there; it doesn't
+/// catch up.
 class QtTimers final : public QObject, public Timers {
  public:
   QtTimers() { clock_.start(); }
@@ -21,7 +22,7 @@ class QtTimers final : public QObject, public Timers {
   TimerId Start(int period, bool once, std::function<void()> tick) override;
   void Stop(TimerId id) override;
   [[nodiscard]] std::size_t Running() const { return timers_.size(); }
-  /// True while the event source is set, so while something will wake the process.
+  /// True while the event source is set, that is, while it will wake the process.
   [[nodiscard]] bool IsArmed() const { return source_.isActive(); }
 
  private:
@@ -32,7 +33,7 @@ class QtTimers final : public QObject, public Timers {
     std::shared_ptr<std::function<void()>> tick;
   };
   void timerEvent(QTimerEvent* event) override;
-  /// The timer due first, by time, then by start.
+  /// The timer that is due first; of several, the one that was started first.
   [[nodiscard]] std::map<TimerId, Entry>::iterator Next();
   void Arm();
   QElapsedTimer clock_;
@@ -41,16 +42,16 @@ class QtTimers final : public QObject, public Timers {
   TimerId next_ = 1;
 };
 
-/// Real time until UseManual; from then on only Advance moves the clock. Timers that run are taken over.
+/// Timers in real time until UseManual. From then on only Advance moves the clock, and timers that run go on with it.
 class SwitchableTimers final : public Timers {
  public:
   [[nodiscard]] std::int64_t Now() const override;
   TimerId Start(int period, bool once, std::function<void()> tick) override;
   void Stop(TimerId id) override;
-  /// Needs no event loop afterwards. A second call does nothing.
+  /// Switches to the manual clock, which needs no event loop. A second call does nothing.
   void UseManual();
   [[nodiscard]] bool IsManual() const { return isManual_; }
-  /// Nothing with real time.
+  /// Moves the manual clock. Does nothing in real time.
   void Advance(std::int64_t milliseconds);
   /// Called after every tick of the manual clock.
   void SetAfterTick(std::function<void()> afterTick) { manual_.SetAfterTick(std::move(afterTick)); }
@@ -65,7 +66,7 @@ class SwitchableTimers final : public Timers {
   };
   void StartInner(TimerId id, Entry& entry);
   Timers& Inner();
-  std::optional<QtTimers> real_;  // made at the first use, when an application surely exists
+  std::optional<QtTimers> real_;  // made at the first use, when the application exists
   ManualTimers manual_;
   bool isManual_ = false;
   std::int64_t offset_ = 0;  // keeps Now from going back at the switch

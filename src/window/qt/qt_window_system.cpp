@@ -38,7 +38,7 @@ std::intptr_t QtWindowSystem::Send(WindowHandle window, const Message& message) 
     if (onMessageToHost) onMessageToHost(window, message);
   }
   PnlEvent event(window, message);
-  // Who listens may have ended the window.
+  // The listener may have destroyed the window.
   if (!host || registry_.Find(window) != nullptr) QCoreApplication::sendEvent(target, &event);
   if (host) --callOuts_;
   return event.result;
@@ -47,7 +47,8 @@ std::intptr_t QtWindowSystem::Send(WindowHandle window, const Message& message) 
 void QtWindowSystem::Post(WindowHandle window, const Message& message) {
   const WindowRegistry::Entry* entry = registry_.Find(window);
   if (entry == nullptr) return;
-  // Queued before it is told, so that whoever listens may do as he likes. Qt drops what is queued with its receiver.
+  // Queue the message before the listener is called, because the listener may destroy the window. Qt drops queued
+  // events together with their receiver.
   const bool host = entry->host;
   QCoreApplication::postEvent(entry->target, new PnlEvent(window, message));
   if (host && onMessageToHost) onMessageToHost(window, message);
@@ -56,7 +57,7 @@ void QtWindowSystem::Post(WindowHandle window, const Message& message) {
 Rect QtWindowSystem::PanelRect() const {
   const QWidget* widget = WidgetOf(mainWindow_);
   if (widget == nullptr) return {0, 0, 800, 600};
-  // A host whose tools have only a part of its window names that part.
+  // A host that gives its tools only a part of its window names that part.
   const QWidget* area = widget->property(property::kPanelArea).value<QWidget*>();
   if (area != nullptr) return {0, 0, area->width(), area->height()};
   const QPoint origin = widget->mapToGlobal(QPoint(0, 0));
@@ -74,7 +75,7 @@ BoxAnswer QtWindowSystem::ShowBox(WindowHandle owner, const BoxSpec& box) {
 BoxAnswer QtWindowSystem::AskOperator(WindowHandle owner, const BoxSpec& box) {
   QWidget* parent = WidgetOf(owner);
   if (parent == nullptr) parent = WidgetOf(mainWindow_);
-  // On the heap and watched: the parent may be destroyed while the box is open, and takes the box with it.
+  // The box is on the heap and watched: its parent may be destroyed while it is open, and destroys the box too.
   const QPointer<QMessageBox> dialog = new QMessageBox(parent);
   dialog->setIcon(IconOf(box.style));
   dialog->setWindowTitle(ToQString(box.title));

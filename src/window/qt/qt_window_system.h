@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window system on Qt: messages by sendEvent and postEvent, message boxes by QMessageBox, the clipboard of the
-// application. Keeps no widgets; WindowRegistry knows them.
+// The window system on Qt: messages by sendEvent and postEvent, message boxes by QMessageBox, the application's
+// clipboard. Keeps no widgets; WindowRegistry does.
 #pragma once
 
 #include <functional>
@@ -24,16 +24,17 @@ class QtWindowSystem final : public WindowSystem {
   [[nodiscard]] Text ClipboardText() const override;
 
   void SetMainWindow(WindowHandle window) { mainWindow_ = window; }
-  /// The widget behind a window, null when it isn't alive.
+  /// The widget of a window; null when the window isn't alive.
   [[nodiscard]] QWidget* WidgetOf(WindowHandle window) const;
-  /// Answers the boxes instead of the operator; empty gives them back to him.
+  /// Sets a function that answers the boxes instead of the operator. An empty function gives them back to the operator.
   void SetBoxAnswerer(std::function<BoxAnswer(const BoxSpec&)> answerer) { answerer_ = std::move(answerer); }
-  /// True while a box is open or a message is on its way into a window of the host: a tool's code may stand below.
+  /// True while a box is open or a window of the host handles a sent message. A tool's code may then be on the call
+  /// stack.
   [[nodiscard]] bool InCallOut() const { return callOuts_ != 0; }
 
-  /// Called for every message sent or posted to a window of the host, before it is delivered or queued.
+  /// Called for every message to a window of the host: before a sent one is delivered, after a posted one is queued.
   std::function<void(WindowHandle, const Message&)> onMessageToHost;
-  /// Called for every box that was answered.
+  /// Called after every box that was answered.
   std::function<void(const BoxSpec&, BoxAnswer)> onBoxAnswered;
 
  private:

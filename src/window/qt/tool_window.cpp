@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/qt/tool_window.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <utility>
 
 #include "window/qt/control_properties.h"
@@ -26,8 +28,8 @@ std::intptr_t MessageWindow::OnMessage(const Message&) { return 0; }
 bool MessageWindow::event(QEvent* event) {
   if (event->type() != PnlEvent::EventType()) return QWidget::event(event);
   auto* message = static_cast<PnlEvent*>(event);
-  // A handler may run an event loop in which the host's window, and this one with it, is destroyed. The destructor says
-  // so to the innermost handling, each handling to the one around it.
+  // A handler may run an event loop in which the host's window is destroyed, and this window with it. The destructor
+  // then sets the flag of the innermost handling, and each handling sets the flag of the one around it.
   bool gone = false;
   bool* const outer = std::exchange(gone_, &gone);
   ++depth_;
@@ -53,6 +55,23 @@ ToolWindow::~ToolWindow() { --living; }
 void ToolWindow::SetTitleProperty(TextView title) { setProperty(property::kTitle, ToQString(title)); }
 
 void ToolWindow::SetBackProperty(std::uint32_t color) { SetColorProperty(this, property::kBack, color); }
+
+Rect ToolWindow::ParentArea() const {
+  const QWidget* parent = parentWidget();
+  return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};
+}
+
+void ToolWindow::HideWithFocus() {
+  const QPointer<ToolWindow> alive = this;
+  DropFocus();
+  // A listener to focus changes may have destroyed the window.
+  if (alive) hide();
+}
+
+void ToolWindow::DropFocus() {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == this || isAncestorOf(focused))) focused->clearFocus();
+}
 
 ToolDialog::ToolDialog(QWidget* owner, Qt::WindowFlags flags) : MessageWindow(owner, flags) {
   setProperty(property::kDialog, true);

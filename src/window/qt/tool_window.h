@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 // The bases of every window of the library: they take a handle at construction, give it back at destruction, and turn
-// message events into OnMessage. Not a look and no logic: those belong to the derived windows.
+// message events into calls of OnMessage. The derived windows have the look and the logic.
 //
-// What a panel program and tests see of them goes by properties (names in window/qt/control_properties.h), so that
-// nobody needs the classes. They are dynamic properties or Q_PROPERTY, as the class prefers:
-//   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window")
-//                      and where it lies beside its window, not in it, pnlOwner (int, the window's handle)
+// A panel program and tests see the windows through properties (names in window/qt/control_properties.h), so that they
+// don't need the classes. A property is a dynamic one or a Q_PROPERTY, as the class prefers:
+//   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window", "report",
+//                      "tree"), and pnlOwner (int, the window's handle) if it is placed beside its window, not in it
 //   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters)
 //   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
-//                      and pnlMenuAttached (bool) where it can have a menu bar
+//                      and pnlMenuAttached (bool) if it can have a menu bar
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
 #pragma once
 
 #include <QWidget>
 #include <cstdint>
 
-#include "window/window.h"
+#include "window/tool_view.h"
 
 namespace pnl {
 
@@ -28,21 +28,21 @@ class MessageWindow : public QWidget {
   explicit MessageWindow(QWidget* parent, Qt::WindowFlags flags = {});
   ~MessageWindow() override;
   [[nodiscard]] WindowHandle Handle() const { return handle_; }
-  /// True while a message to this window is being handled.
+  /// True while this window handles a message.
   [[nodiscard]] bool InMessage() const { return depth_ != 0; }
 
  protected:
-  /// The answer to a message; 0 for what isn't handled.
+  /// Handles a message and returns its result. Returns 0 for a message that it doesn't handle.
   virtual std::intptr_t OnMessage(const Message& message);
   bool event(QEvent* event) override;
-  /// Gives the handle back before the destructor of this base does, for a derived destructor whose members must not be
-  /// reached by messages any more.
+  /// Gives the handle back before this base's destructor does. For a derived destructor, so that messages no longer
+  /// reach its members.
   void EndMessages();
 
  private:
   WindowHandle handle_ = 0;
   int depth_ = 0;
-  bool* gone_ = nullptr;  // set by the destructor for the message being handled
+  bool* gone_ = nullptr;  // the destructor sets it for the message that is being handled
 };
 
 /// The window of a tool: a child of the host's window, hidden at first.
@@ -53,17 +53,39 @@ class ToolWindow : public MessageWindow {
   ToolWindow(int toolId, QWidget* parent);
   ~ToolWindow() override;
   [[nodiscard]] int ToolId() const { return toolId_; }
-  /// How many there are, those that have given their handle back and wait for their end included.
+  /// How many tool windows exist, including those that have given their handle back and wait to be deleted.
   [[nodiscard]] static int Living() { return living; }
 
  protected:
-  /// What the properties tell of the window; setting the colour paints nothing.
+  /// Set the properties of the window. Setting the colour paints nothing.
   void SetTitleProperty(TextView title);
   void SetBackProperty(std::uint32_t color);
+
+  // The steps of ToolView, with the same contracts.
+  [[nodiscard]] Rect ParentArea() const;
+  void HideWithFocus();
+  void DropFocus();
 
  private:
   const int toolId_;
   inline static int living = 0;
+};
+
+/// The window of a tool with the part that every view has. View must derive from ToolView. The tool's own window adds
+/// the rest.
+template <typename View>
+class ToolWindowWith : public ToolWindow, protected View {
+ public:
+  [[nodiscard]] WindowHandle Handle() const override { return ToolWindow::Handle(); }
+
+ protected:
+  using ToolWindow::ToolWindow;
+  [[nodiscard]] Rect ParentClientRect() const override { return ParentArea(); }
+  [[nodiscard]] bool IsVisible() const override { return isVisible(); }
+  void Show() override { show(); }
+  void Hide() override { HideWithFocus(); }
+  void BringToTop() override { raise(); }
+  void ClearFocus() override { DropFocus(); }
 };
 
 /// A window that a tool opens for a while: a drop list, a search, a picker.

@@ -10,8 +10,9 @@
 namespace pnl {
 namespace {
 
-/// Takes the messages for a widget of the host. Being the widget's child it dies before the tools made after it, so a
-/// tool that says good-bye while the host's widget falls finds no window any more instead of a half-destroyed one.
+/// Receives the messages for a widget of the host. It is a child of the widget, so it dies before the tools that were
+/// made after it. A tool that reports its end while the host's widget is being destroyed then finds no window, rather
+/// than a half-destroyed one.
 class HostReceiver final : public QObject {
  public:
   HostReceiver(QWidget* widget, WindowHandle window) : QObject(widget), window_(window) {}
@@ -41,7 +42,7 @@ class HostReceiver final : public QObject {
 }  // namespace
 
 WindowRegistry& WindowRegistry::Instance() {
-  // Never destroyed: a host's widget may outlive every other static object and still unregister itself.
+  // Never destroyed: a host's widget may outlive every other static object and unregister itself then.
   static auto* const registry = new WindowRegistry;
   return *registry;
 }
@@ -70,7 +71,7 @@ WindowHandle WindowRegistry::Attach(QWidget* widget, PnlMessageProc proc, void* 
     widget->setProperty(property::kWindow, window);
   }
   const Entry& entry = entries_.at(window);
-  // A window of the library keeps its own dispatch; only a host's widget has a message procedure.
+  // A window of the library handles its messages itself; only a host's widget has a message procedure.
   if (entry.host) static_cast<HostReceiver*>(entry.target)->SetProc(proc, context);
   return window;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Window handles: which number stands for which widget, from its making to its destruction. One registry for the
-// process, so that a number is never used twice. Delivers nothing itself; QtWindowSystem does.
+// The registry of window handles: which number belongs to which widget, from its creation to its destruction. The
+// process has one registry, so that a number is never used twice. Delivers no messages; QtWindowSystem does.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -18,29 +18,31 @@ class WindowRegistry {
  public:
   struct Entry {
     QWidget* widget = nullptr;
-    /// Who gets the messages: the window itself, or the receiver inside a widget of the host.
+    /// The receiver of the messages: the window itself, or the receiver inside a widget of the host.
     QObject* target = nullptr;
-    /// A widget of the host, attached with PnlAttachWidget.
+    /// True for a widget of the host, attached with PnlAttachWidget.
     bool host = false;
   };
 
   static WindowRegistry& Instance();
 
-  /// A window of the library, which unregisters itself when it is destroyed. Carries its number as "pnlWindow".
+  /// Registers a window of the library and sets its number as property "pnlWindow". The window must unregister itself
+  /// when it is destroyed.
   WindowHandle Register(QWidget* widget);
-  /// A handle that isn't in use is left alone. Posted messages still under way are dropped.
+  /// Ends a handle and drops the messages still queued for it. Does nothing for a handle that isn't in use.
   void Unregister(WindowHandle window);
-  /// A widget of the host, until it is destroyed. The same widget keeps its number; proc and context are replaced.
+  /// Registers a widget of the host until it is destroyed. A widget that is attached again keeps its number and gets
+  /// the new proc and context. Returns 0 for null. A window of the library keeps its number and its own handling.
   WindowHandle Attach(QWidget* widget, PnlMessageProc proc, void* context);
 
-  /// Null for a window that isn't alive. Holds until the next window is made or ends.
+  /// The entry of a window; null when it isn't alive. The pointer is valid until the next window is made or ends.
   [[nodiscard]] const Entry* Find(WindowHandle window) const {
     const auto found = entries_.find(window);
     return found == entries_.end() ? nullptr : &found->second;
   }
-  /// 0 for a widget that isn't registered.
+  /// The handle of a widget; 0 when it isn't registered.
   [[nodiscard]] WindowHandle HandleOf(const QWidget* widget) const;
-  /// The library's own windows, in the order of their making.
+  /// The library's own windows, in the order in which they were made.
   [[nodiscard]] std::vector<WindowHandle> ToolWindows() const;
 
  private:

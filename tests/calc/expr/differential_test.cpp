@@ -253,8 +253,8 @@ double AnyDouble(std::mt19937_64& random, unsigned places) {
   return std::bit_cast<double>((bits & ~(std::uint64_t{0x7FF} << 52)) | exponent << 52);
 }
 
-// A whole power that is computed sooner than by pow must be the very same double.
-TEST(Differential, WholePowersAreThoseOfTheLibraryToTheLastBit) {
+// A square is the rounded product, which the library's pow may miss by the last bit.
+TEST(Differential, SquaresAreProductsAndOtherWholePowersAreThoseOfTheLibrary) {
   CalcStore store;
   for (const int exponent : {2, 3, 4, 5, -1, -2, -3}) {
     CScaner scanner;
@@ -273,7 +273,7 @@ TEST(Differential, WholePowersAreThoseOfTheLibraryToTheLastBit) {
       store.Variables[0] = a;
       double ours = 0;
       ASSERT_EQ(evaluator.Evaluate(ours), 1);
-      double wanted = std::pow(a, power);
+      double wanted = exponent == 2 ? a * a : std::pow(a, power);
       if (std::abs(wanted) < 1E-14) wanted = 0;
       ASSERT_EQ(std::bit_cast<std::uint64_t>(ours), std::bit_cast<std::uint64_t>(wanted))
           << std::hexfloat << a << " ^ " << exponent << ": " << ours << ", not " << wanted;

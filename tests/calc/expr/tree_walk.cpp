@@ -160,6 +160,7 @@ double TreeWalk::Logic(const ExprNode& node) {
 }
 
 double TreeWalk::Power(double a, double b) {
+  if (b == 2) return a * a;
   if (a >= 0 || std::isnan(a)) return std::pow(a, b);
   if (!(std::fabs(b) < 1)) return std::pow(a, b);
   const double y = std::fabs(1 / b);

@@ -2,11 +2,9 @@
 // The calculator's controls one by one: result display, status line, keys, note, menu bar.
 #include <QtSvg/QSvgRenderer>
 
-#include "calc/qt/calc_key_widget.h"
-#include "calc/qt/calc_label_widget.h"
+#include "calc/qt/calc_input_widgets.h"
 #include "calc/qt/calc_look.h"
-#include "calc/qt/calc_menu_widget.h"
-#include "calc/qt/calc_result_window.h"
+#include "calc/qt/calc_text_widgets.h"
 #include "calc_stage.h"
 
 namespace pnl::test {

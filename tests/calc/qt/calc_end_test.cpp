@@ -3,6 +3,7 @@
 // operator had lies on the disc.
 #include "calc/expr/calc_store.h"
 #include "calc_stage.h"
+#include "support/deleting_host.h"
 
 namespace pnl::test {
 namespace {
@@ -13,10 +14,10 @@ TEST_F(CalcEndTest, DiesWithItsParentAndSaves) {
   Open();
   Write("1+2");
   Key(Qt::Key_Return);
-  delete std::exchange(area, nullptr);
+  delete area;
   EXPECT_TRUE(tool.isNull());
   EXPECT_EQ(OnDisc("C:\\P1\\calc.htr"), "1+2\r\n");
-  EXPECT_EQ(Send(kMsgToolCommand, 20), 0) << "a message after death";
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 20), 0) << "a message after death";
 }
 
 TEST_F(CalcEndTest, DiesWithItsParentWhileAListIsOpenAndANoteStands) {
@@ -25,7 +26,7 @@ TEST_F(CalcEndTest, DiesWithItsParentWhileAListIsOpenAndANoteStands) {
   Touch(calc_id::kShowBases);
   Key(Qt::Key_Down);
   ASSERT_TRUE(List()->isVisible());
-  delete std::exchange(area, nullptr);
+  delete area;
   EXPECT_TRUE(tool.isNull());
 }
 
@@ -68,16 +69,9 @@ class CalcCallbackTest : public CalcEndTest, public testing::WithParamInterface<
         target->deleteLater();
         break;
       case HowItEnds::kWithItsParent:
-        delete std::exchange(area, nullptr);
+        delete area;
         break;
     }
-  }
-  void MakeArea() {
-    if (area != nullptr) return;
-    area = new QWidget(&panel);
-    area->setGeometry(20, 10, 800, 600);
-    WindowRegistry::Instance().Attach(area, nullptr, nullptr);
-    area->show();
   }
   /// Each of the ways to a callback, and the callback in which the host ends the tool.
   std::vector<EndRow> Rows() {
@@ -95,22 +89,22 @@ class CalcCallbackTest : public CalcEndTest, public testing::WithParamInterface<
     const auto machining = [this] { Menu(calc_id::kMenuMachining); };
     return {
         {"box", {}},
-        {"opening 3", {}},
+        {"HostToolOpening(3)", {}},
         {"main menu", {}},
         {"side menu", {}},
-        {"update side", {}},
-        {"update side", [this] { Menu(calc_id::kMenuBase); }},
-        {"update side", [this] { Menu(calc_id::kMenuAngle); }},
-        {"update main", [this] { Menu(calc_id::kMenuCompact); }},
-        {"wants close 3", [this] { Key(Qt::Key_Escape); }},
-        {"closed 3,2", [this] { Command(20); }},
-        {"closed 3,2", [this] { Command(34); }},
-        {"closed 3,2", machining},
-        {"machining", machining},
-        {"closed 3,1", insert},
-        {"accepted", insert},
-        {"closed 3,1", longInsert},
-        {"accepted", longInsert},
+        {"HostUpdateSideMenu(3)", {}},
+        {"HostUpdateSideMenu(3)", [this] { Menu(calc_id::kMenuBase); }},
+        {"HostUpdateSideMenu(3)", [this] { Menu(calc_id::kMenuAngle); }},
+        {"HostUpdateMainMenu(3)", [this] { Menu(calc_id::kMenuCompact); }},
+        {"HostToolWantsClose(3)", [this] { Key(Qt::Key_Escape); }},
+        {"HostToolClosed(3,2)", [this] { Command(20); }},
+        {"HostToolClosed(3,2)", [this] { Command(34); }},
+        {"HostToolClosed(3,2)", machining},
+        {"HostOpenMachiningCalculator", machining},
+        {"HostToolClosed(3,1)", insert},
+        {"HostCalcResultAccepted", insert},
+        {"HostToolClosed(3,1)", longInsert},
+        {"HostCalcResultAccepted", longInsert},
     };
   }
 };
@@ -119,7 +113,7 @@ class CalcCallbackTest : public CalcEndTest, public testing::WithParamInterface<
 TEST_P(CalcCallbackTest, TheHostMayEndItInEveryCallback) {
   for (const EndRow& row : Rows()) {
     SCOPED_TRACE(row.call);
-    MakeArea();
+    if (area.isNull()) MakeArea();
     language.Use(BuiltPack());
     bool done = false;
     const auto endOnce = [&](const std::string& call) {
@@ -140,18 +134,55 @@ TEST_P(CalcCallbackTest, TheHostMayEndItInEveryCallback) {
     EXPECT_EQ(menus.Count(), 0u);
     onHostCall = nullptr;
   }
-  MakeArea();
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, CalcCallbackTest,
                          testing::Values(HowItEnds::kAtOnce, HowItEnds::kLater, HowItEnds::kWithItsParent));
+
+// Not what hands the result over: the host hears of that whoever deletes the window.
+TEST_F(CalcEndTest, TheHostMayDeleteItsParentInEveryCall) {
+  DeletingHost killer(table);
+  windows.SetBoxAnswerer([&](const BoxSpec&) {
+    killer.Called("box");
+    return BoxAnswer::kOk;
+  });
+  const auto renew = [this] {
+    delete area;
+    MakeArea();
+  };
+  const auto open = [&] {
+    renew();
+    // The shared texts are asked for anew, and so the box comes.
+    language.Use(BuiltPack());
+    Open();
+  };
+  const auto close = [&] {
+    Settle();
+    renew();
+    EXPECT_EQ(timers.Running(), 0u);
+    EXPECT_EQ(menus.Count(), 0u);
+    EXPECT_FALSE(windows.IsAlive(handle));
+  };
+  const auto menu = [this](int id) { return [this, id] { Menu(id); }; };
+  const auto key = [this](int id) { return [this, id] { Key(id); }; };
+  const auto calls = PlayWithEachCallFatal(
+      killer, {open,
+               {[this] { Write("1+2"); }, menu(calc_id::kMenuBase), key(Qt::Key_Return), key(Qt::Key_Down),
+                menu(calc_id::kMenuCompact), menu(calc_id::kMenuCompact), [this] { Touch(calc_id::kShowVariables); },
+                menu(calc_id::kMenuAngle), key(Qt::Key_Escape), key(Qt::Key_Escape), [this] { Command(20); }},
+               [this] { delete area; },
+               close});
+  EXPECT_THAT(calls, testing::IsSupersetOf({"box", "HostToolOpening", "HostSetMainMenu", "HostSetSideMenu",
+                                            "HostUpdateMainMenu", "HostUpdateSideMenu", "HostToolWantsClose",
+                                            "HostToolClosed"}));
+}
 
 TEST_F(CalcEndTest, WhatTheOperatorHadIsSavedWhenTheHostEndsItInACallback) {
   Open();
   Write("1+2");
   Key(Qt::Key_Return);
   onHostCall = [this](const std::string& call) {
-    if (call == "wants close 3") delete std::exchange(area, nullptr);
+    if (call == "HostToolWantsClose(3)") delete area;
   };
   Key(Qt::Key_Escape);
   EXPECT_TRUE(tool.isNull());
@@ -195,7 +226,7 @@ TEST_F(CalcEndTest, CommandSixGoesWithoutAWord) {
 TEST_F(CalcEndTest, PostedMessagesDieWithIt) {
   Open();
   TakeHostCalls();
-  windows.Post(handle, {kMsgToolCommand, 20, 1});
+  windows.Post(handle, {PNL_MSG_TOOL_COMMAND, 20, 1});
   delete tool;
   Settle();
   EXPECT_TRUE(TakeHostCalls().empty());

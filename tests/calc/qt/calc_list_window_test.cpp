@@ -50,7 +50,7 @@ TEST_F(CalcListWindowTest, WalksByKeysAndShowsTheRowInTheLine) {
   Key(Qt::Key_Return);
   EXPECT_FALSE(List()->isVisible());
   EXPECT_EQ(LineText(), "1+1");
-  EXPECT_EQ(Line()->Selection(), (CalcSelection{3, 3}));
+  EXPECT_EQ(Line()->Selection(), (TextSelection{3, 3}));
   EXPECT_EQ(Focus(), Line());
 }
 
@@ -72,7 +72,7 @@ TEST_F(CalcListWindowTest, ThePressedLineTakesTheRow) {
   Touch(calc_id::kLine);
   EXPECT_FALSE(List()->isVisible());
   EXPECT_EQ(LineText(), "0+1");
-  EXPECT_EQ(Line()->Selection(), (CalcSelection{3, 3})) << "at the end, wherever the finger was";
+  EXPECT_EQ(Line()->Selection(), (TextSelection{3, 3})) << "at the end, wherever the finger was";
 }
 
 TEST_F(CalcListWindowTest, APressOnTheGroundLeavesTheFocusToTheListThatIsOpen) {

@@ -24,7 +24,8 @@ TEST_F(CalcWindowTest, ShowsItselfAtTheEndOfItsOpening) {
   EXPECT_EQ(Line()->property(property::kLimit).toInt(), 255);
   EXPECT_FALSE(List()->isVisible());
   EXPECT_FALSE(Variables()->isVisible());
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("box", "opening 3", "main menu", "side menu", "update side"));
+  EXPECT_THAT(TakeHostCalls(),
+              ElementsAre("box", "HostToolOpening(3)", "main menu", "side menu", "HostUpdateSideMenu(3)"));
 }
 
 struct PixelRow {
@@ -101,7 +102,7 @@ TEST_F(CalcWindowTest, AnOperatorWrapsASelectionMarkedByHand) {
   Line()->Select({0, 3});
   Touch(1021);
   EXPECT_EQ(LineText(), "Sqrt(2+3)*4");
-  EXPECT_EQ(Line()->Selection(), (CalcSelection{9, 9}));
+  EXPECT_EQ(Line()->Selection(), (TextSelection{9, 9}));
 }
 
 TEST_F(CalcWindowTest, TypedOperatorsFollowTheRulesOfTheKeys) {
@@ -143,7 +144,7 @@ TEST_F(CalcWindowTest, TheEnterOfTheKeypadConfirmsToo) {
 TEST_F(CalcWindowTest, EscapeAsksTheHost) {
   TakeHostCalls();
   EXPECT_TRUE(Key(Qt::Key_Escape));
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("wants close 3"));
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolWantsClose(3)"));
 }
 
 TEST_F(CalcWindowTest, CtrlWithArrowsMovesItEightPixels) {
@@ -196,6 +197,12 @@ TEST_F(CalcWindowTest, TabStaysInside) {
   EXPECT_EQ(Focus(), List());
 }
 
+TEST_F(CalcWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  ASSERT_EQ(Focus(), Line());
+  tool->hide();
+  EXPECT_EQ(Focus(), other);
+}
+
 TEST_F(CalcWindowTest, AltF4ClosesTheWholePanel) {
   EXPECT_TRUE(Key(Qt::Key_F4, Qt::AltModifier));
   EXPECT_TRUE(panel.isVisible()) << "the key is over first";
@@ -211,7 +218,7 @@ TEST_F(CalcWindowTest, AValueFromOutsideComesByItsMessage) {
 
 TEST_F(CalcWindowTest, UnknownMessagesAnswerNothing) {
   EXPECT_EQ(Send(0x801, 1, 2), 0);
-  EXPECT_EQ(Send(kMsgToolCommand, 999), 0);
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 999), 0);
   EXPECT_TRUE(tool->isVisible());
 }
 
@@ -252,7 +259,7 @@ TEST_F(CalcWindowTest, SettingsAndHistoryLieOnTheDiscWhenItIsClosed) {
   EXPECT_FALSE(windows.IsAlive(handle)) << "nothing reaches it any more";
   Settle();
   EXPECT_TRUE(tool.isNull());
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("closed 3,2"));
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolClosed(3,2)"));
 }
 
 }  // namespace

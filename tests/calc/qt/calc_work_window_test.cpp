@@ -32,7 +32,7 @@ TEST_F(CalcWorkTest, EscapeAsksTheHostWhileAPreviewComputes) {
   Line()->SetText(kLong);
   hostCalls.clear();
   Key(Qt::Key_Escape);
-  EXPECT_EQ(hostCalls.back(), "wants close 3");
+  EXPECT_EQ(hostCalls.back(), "HostToolWantsClose(3)");
 }
 
 TEST_F(CalcWorkTest, EscapeCancelsAConfirmationAndKeepsTheLine) {

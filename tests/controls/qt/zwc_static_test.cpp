@@ -46,6 +46,18 @@ class ZWCStaticTest : public testing::Test {
   ZWCStatic box{5003, timers, files, nullptr};
 };
 
+TEST_F(ZWCStaticTest, AFormatThatWasSetStaysWhateverTextAndWidthAre) {
+  constexpr std::uint32_t kSet = 0x25;
+  box.SetFormat(kSet);
+  box.SetTextW("short", true);
+  EXPECT_EQ(box.Format(), kSet);
+  box.SetTextW("a text that is far too long for a box of this width", true);
+  EXPECT_EQ(box.Format(), kSet);
+  ShowIt();
+  box.resize(20, 30);
+  EXPECT_EQ(box.Format(), kSet);
+}
+
 TEST_F(ZWCStaticTest, StartsWhiteWithBlackTextAndTheTitlesFormat) {
   const ZWCStatic fresh(1, timers, files, nullptr);
   Color frame = 1;

@@ -18,7 +18,7 @@ class ErrorWindowEnd : public ErrorStage {
               Renew();
               Open();
             },
-            std::move(steps), [this] { delete std::exchange(area, nullptr); },
+            std::move(steps), [this] { delete area; },
             [this] {
               Settle();
               Renew();
@@ -32,10 +32,7 @@ class ErrorWindowEnd : public ErrorStage {
   /// A fresh parent for the next tool.
   void Renew() {
     delete area;
-    area = new QWidget(&panel);
-    area->setGeometry(20, 10, 800, 600);
-    area->show();
-    WindowRegistry::Instance().Attach(area, nullptr, nullptr);
+    MakeArea();
   }
   std::function<void()> Pushing(const RecordBuilder& record) {
     return [this, record] { Push(record); };
@@ -58,11 +55,11 @@ TEST_F(ErrorWindowEnd, TheHostMayDeleteItsParentInEveryCallback) {
   DeletingHost killer(table);
   const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
   const auto calls = PlayWithEachCallFatal(
-      killer,
-      Scene({Pushing(RecordBuilder()), Pushing(RecordBuilder().Number(1001)), HotKey(), HotKey(),
-             [this] { TouchTwice(tool, QPoint(3, 3)); }, HotKey(), Touching(error_id::kNext), Touching(error_id::kHelp),
-             Telling(helpEnded), Telling(kMsgHelpKey), Telling(helpEnded), Telling(kMsgToolNotify, 79, 1),
-             Telling(kMsgToolNotify, 79, 0), HotKey(), Touching(error_id::kAcknowledge), Pressing(Qt::Key_Escape)}));
+      killer, Scene({Pushing(RecordBuilder()), Pushing(RecordBuilder().Number(1001)), HotKey(), HotKey(),
+                     [this] { TouchTwice(tool, QPoint(3, 3)); }, HotKey(), Touching(error_id::kNext),
+                     Touching(error_id::kHelp), Telling(helpEnded), Telling(PNL_MSG_HELP_KEY), Telling(helpEnded),
+                     Telling(PNL_MSG_TOOL_NOTIFY, 79, 1), Telling(PNL_MSG_TOOL_NOTIFY, 79, 0), HotKey(),
+                     Touching(error_id::kAcknowledge), Pressing(Qt::Key_Escape)}));
   EXPECT_THAT(calls, IsSupersetOf({"HostToolOpening", "HostToolClosed", "HostErrorsGone", "HostShowError"}));
 }
 
@@ -94,7 +91,7 @@ TEST_F(ErrorWindowEnd, TheHostMayDeleteItsParentWhileTheBoxForTheLanguageLibrary
   int boxes = 0;
   windows.SetBoxAnswerer([&](const BoxSpec&) {
     ++boxes;
-    delete std::exchange(area, nullptr);
+    delete area;
     return BoxAnswer::kOk;
   });
   Open();

@@ -17,6 +17,20 @@ TEST_F(ErrorStage, StartsHiddenWithAllItsControls) {
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 710, 298));
 }
 
+TEST_F(ErrorStage, HasTheColourOfAnErrorBeforeTheFirstOne) {
+  Open();
+  EXPECT_EQ(tool->property("pnlBack").toUInt(), 0x0000A0u);
+  for (const int id : {1040, 1041, 1042, 1043, 1044, 1045}) EXPECT_EQ(BackOf(id), 0x0000A0u) << id;
+}
+
+TEST_F(ErrorStage, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  Open();
+  Push(RecordBuilder());
+  ASSERT_TRUE(tool->hasFocus());
+  tool->hide();
+  EXPECT_TRUE(other->hasFocus());
+}
+
 TEST_F(ErrorStage, AnErrorOpensTheWindowAndTakesTheKeys) {
   Open();
   other->setFocus();
@@ -238,9 +252,9 @@ TEST_F(ErrorStage, TheHotKeyWorksWhileTheWindowIsHidden) {
   EXPECT_FALSE(tool->isVisible());
   emit hotKey->activated();
   EXPECT_TRUE(tool->isVisible());
-  Send(kMsgToolNotify, 2, 0);
+  Send(PNL_MSG_TOOL_NOTIFY, 2, 0);
   EXPECT_EQ(panel.findChild<QShortcut*>(), nullptr);
-  Send(kMsgToolNotify, 2, 1);
+  Send(PNL_MSG_TOOL_NOTIFY, 2, 1);
   EXPECT_NE(panel.findChild<QShortcut*>(), nullptr);
 }
 
@@ -249,8 +263,9 @@ TEST_F(ErrorStage, HelpGoesToTheHostAndComesBack) {
   Open();
   Push(RecordBuilder());
   TakeHostCalls();
-  Send(kMsgHelpKey, 0);
-  EXPECT_THAT(TakeHostCalls(), ElementsAre("closed 0,2", "show Error 1000 : |fault"));
+  Send(PNL_MSG_HELP_KEY, 0);
+  EXPECT_THAT(TakeHostCalls(),
+              ElementsAre("HostToolClosed(0,2)", "HostShowError(0000A0,C:\\H.TXT#1,Error 1000 : |fault)"));
   EXPECT_FALSE(tool->isVisible());
   Send(RegisterMessage("ZM_END_ERRORHELP"), 0);
   EXPECT_TRUE(tool->isVisible());

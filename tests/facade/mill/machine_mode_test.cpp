@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "facade/mill/machine_fakes.h"
 #include "facade/variable_names.h"
+#include "support/sim_fixture.h"
 
 namespace pnl::test {
 namespace {
@@ -23,6 +24,57 @@ TEST(MachineMode, EveryVariableOfTheToolsIsThereWithoutAReport) {
   }
   EXPECT_TRUE(environment.reports.empty());
   EXPECT_EQ(environment.clock.Running(), 0U);
+}
+
+// Every variable whose start value isn't 0 or an empty text, and those of a type that isn't int.
+TEST(MachineMode, VariablesStartAsToldAndTheRestAtNothing) {
+  using enum rig::VariableType;
+  struct Start {
+    rig::VariableType type;
+    rig::Value value;
+  };
+  const auto integer = [](std::int64_t number) { return Start{kInt, number}; };
+  const Start noText{kText, std::u16string()};
+  const Start zero{kDouble, 0.0};
+  const std::map<Text, Start> told{
+      {u"[1].G.FULLSTATUS", integer(0x100)},
+      {u"[1].G.STATUS", integer(1)},
+      {u"[1].E.MANUALMODE", integer(1)},
+      {u"DM.MDI.ENABLEC1", integer(1)},
+      {u"MPG.NCHANNEL", integer(1)},
+      {u"G.FOCUSCHANNEL", integer(1)},
+      {u"DM.SFORMAT.WIDTH", integer(5)},
+      {u"DM.FFORMAT.WIDTH", integer(5)},
+      {u"DM.FFORMAT.PRECISION", integer(3)},
+      {u"DM.CNC.MODELID", integer(2)},
+      {u"DM.OPTION.DMC", integer(1)},
+      {u"DM.DMC.RATEDPOWER", integer(15)},
+      {u"SP.DMCSPDL", integer(1)},
+      {u"[1].G.MASTERSP", integer(1)},
+      {u"G.GSPDLNAME1", {kText, std::u16string(u"S")}},
+      {u"MPA.DRIVETYPE.S", integer(2)},
+      {u"E.CALCRESUL", zero},
+      {u"DM.ZMC.S", zero},
+      {u"DM.ZMC.F", zero},
+      {u"[1].A.POS.X", zero},
+      {u"[1].A.POS.Y", zero},
+      {u"[1].A.POS.Z", zero},
+      {u"E.HELPDATA", noText},
+      {u"DM.HMI.ERROR.CURRENT", noText},
+      {u"DM.ZMC.DMC", noText},
+      {u"DM.ZMC.COMMENT", noText},
+      {u"DM.ZMC.INFO", noText},
+  };
+  FakeMachineEnvironment environment;
+  const auto machine = sim::MakeMachine("demo", environment);
+  for (const auto& [name, value] : environment.variables) {
+    SCOPED_TRACE(ToUtf8(name));
+    const auto at = told.find(name);
+    const Start& start = at == told.end() ? integer(0) : at->second;
+    EXPECT_EQ(environment.types.at(name), start.type);
+    EXPECT_EQ(Describe(value), Describe(start.value));
+  }
+  for (const auto& [name, start] : told) EXPECT_EQ(environment.variables.count(name), 1U) << ToUtf8(name);
 }
 
 TEST(MachineMode, AFreshMillLetsMdiOpen) {

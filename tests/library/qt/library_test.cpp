@@ -130,7 +130,7 @@ TEST_F(LibraryTest, AToolDestroyedFromItsOwnCallbackIsDeadAtOnceAndGoesOnceItsCo
     current->DestroyTool(doomed);
     seen.emplace_back(current->Windows().IsAlive(doomed) ? "alive" : "dead");
   };
-  EXPECT_NE(library_.Windows().Send(doomed, {kMsgToolCommand, 2, 1}), -12345);
+  EXPECT_NE(library_.Windows().Send(doomed, {PNL_MSG_TOOL_COMMAND, 2, 1}), -12345);
   EXPECT_THAT(seen, ElementsAre("dead"));
   EXPECT_FALSE(widget.isNull());
   Library::Drain();
@@ -159,7 +159,7 @@ TEST_F(LibraryTest, TheBackendStaysWhileAToolThatHasEndedIsStillOnTheStack) {
       end();
       seen.emplace_back(current->SetBackend("sim") ? "switched" : "refused");
     };
-    library_.Windows().Send(doomed, {kMsgToolCommand, 2, 1});
+    library_.Windows().Send(doomed, {PNL_MSG_TOOL_COMMAND, 2, 1});
     trySwitch();
     EXPECT_EQ(seen, row.seen) << row.what;
     Library::Drain();
@@ -193,9 +193,9 @@ TEST_F(LibraryTest, ASecondTableHoldsForToolsThatAreOpen) {
   seen.clear();
   HostApi.toolOpening = [](int) { seen.emplace_back("first host"); };
   const WindowHandle tool = library_.LoadTool(6, parent_);
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), 0);
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 2, 1}), 0);
   HostApi.toolOpening = [](int) { seen.emplace_back("second host"); };
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 4, 1}), 0);
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 4, 1}), 0);
   EXPECT_THAT(seen, ElementsAre("first host", "second host"));
 }
 
@@ -204,11 +204,11 @@ TEST_F(LibraryTest, WithAllSlotsNullTheCommandLineOpensAndClosesAllTheSame) {
   host_.show();
   const WindowHandle tool = library_.LoadTool(6, parent_);
   QWidget* widget = library_.Windows().WidgetOf(tool);
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), 0);
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 2, 1}), 0);
   EXPECT_TRUE(widget->isVisible());
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 5, 1}), 0);
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 5, 1}), 0);
   EXPECT_FALSE(widget->isVisible());
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 99, 1}), 0) << "an unknown code";
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 99, 1}), 0) << "an unknown code";
 }
 
 TEST_F(LibraryTest, TheLanguageChangesOnlyToAPackThatIsThere) {
@@ -288,7 +288,7 @@ TEST_F(LibraryTest, ABackendLibraryTakesTheSimulationsPlace) {
   EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición") << "the language stays";
   const WindowHandle tool = library_.LoadTool(6, parent_);
   ASSERT_NE(tool, 0);
-  EXPECT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), kRefused) << "that control has no kernel";
+  EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 2, 1}), PNL_REFUSED) << "that control has no kernel";
   EXPECT_FALSE(library_.SetBackend("sim")) << "a tool is open";
   library_.DestroyTool(tool);
   EXPECT_TRUE(library_.SetBackend("sim"));

@@ -144,7 +144,7 @@ TEST_F(RigTest, TheMachineRunsABlockOnTheManualClock) {
   HostApi = {};
   QWidget host;
   const WindowHandle tool = library_.LoadTool(6, WindowRegistry::Instance().Attach(&host, nullptr, nullptr));
-  ASSERT_EQ(library_.Windows().Send(tool, {kMsgToolCommand, 2, 1}), 0);
+  ASSERT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 2, 1}), 0);
   rig::MachineControl& machine = *rig_.Machine();
   const double before = machine.State().axes.at(0).position;
   EXPECT_NE(library_.Simulation()->Kapi().CogerPlcFree(0, 1), 0);

@@ -30,7 +30,7 @@ TEST_F(MdiEndTest, DiesWithItsParentWhileOpen) {
   Type(Edit(), "G0");
   delete area;
   EXPECT_TRUE(tool.isNull());
-  EXPECT_EQ(Send(kMsgToolCommand, 2, 1), 0) << "a message after death";
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 2, 1), 0) << "a message after death";
 }
 
 TEST_F(MdiEndTest, DiesWithItsParentWhileTheDropListIsOpen) {
@@ -47,8 +47,7 @@ TEST_F(MdiEndTest, ADropListGoesBeforeItsOwnerWithThePanel) {
   auto second = std::make_unique<QWidget>();
   second->resize(300, 300);
   WindowRegistry::Instance().Attach(second.get(), nullptr, nullptr);
-  tool = new ZCMDIWindow(context, second.get());
-  handle = WindowRegistry::Instance().HandleOf(tool);
+  Use(tool = new ZCMDIWindow(context, second.get()));
   Activate(*second);
   Open();
   Key(Qt::Key_Down);
@@ -116,7 +115,7 @@ void OpenTheList(MdiEndTest& stage) {
 }
 template <int id>
 void Choose(MdiEndTest& stage) {
-  stage.Send(kMsgCommand, id);
+  stage.Send(PNL_MSG_COMMAND, id);
 }
 template <int code>
 void Tell(MdiEndTest& stage) {
@@ -155,11 +154,11 @@ const Operation kOperations[] = {
     {"AnItemDeleted", {OpenTheList}, {Press<Qt::Key_Delete>}},
     {"ListCommands", {OpenTheList}, {Choose<40003>, Choose<40004>, Choose<32776>}},
     {"Position", {OpenIt}, {Choose<40005>, Choose<40006>}},
-    {"SavingAProgram", {OpenTheList}, {Choose<32775>, [](MdiEndTest& stage) { stage.Send(kMsgResultReady, 2); }}},
+    {"SavingAProgram", {OpenTheList}, {Choose<32775>, [](MdiEndTest& stage) { stage.Send(PNL_MSG_RESULT_READY, 2); }}},
     {"TheCalculatorsResult", {OpenTheList, [](MdiEndTest& stage) { stage.other->setFocus(); }}, {[](MdiEndTest& stage) {
-       stage.Send(kMsgResultReady, 1);
+       stage.Send(PNL_MSG_RESULT_READY, 1);
      }}},
-    {"AskingForTheTakenChannel", {OpenIt}, {[](MdiEndTest& stage) { stage.Send(kMsgToolNotify, 1, 1); }}},
+    {"AskingForTheTakenChannel", {OpenIt}, {[](MdiEndTest& stage) { stage.Send(PNL_MSG_TOOL_NOTIFY, 1, 1); }}},
 };
 
 INSTANTIATE_TEST_SUITE_P(AllOperations, MdiEndInCallback, testing::ValuesIn(kOperations),
@@ -170,7 +169,7 @@ TEST_F(MdiEndTest, AClosedToolHasGivenItsChannelBackBeforeTheHostHearsOfIt) {
   ASSERT_NE(std::get<std::int64_t>(*cnc.Get(u"[1].G.CNCAUTSTATUS")), 0);
   std::int64_t word = -1;
   onHostCall = [&](const std::string& call) {
-    if (call != "closed 6,2") return;
+    if (call != "HostToolClosed(6,2)") return;
     word = std::get<std::int64_t>(*cnc.Get(u"[1].G.CNCAUTSTATUS"));
     delete area;
   };
@@ -183,7 +182,7 @@ void MdiEndTest::TestBox(bool parent) {
   Disc("P.NC", "x");
   std::filesystem::permissions(disc.Path() / "P108" / "P.NC", std::filesystem::perms::owner_read);
   OpenMda();
-  Send(kMsgCommand, 32775);
+  Send(PNL_MSG_COMMAND, 32775);
   int boxes = 0;
   windows.SetBoxAnswerer([&](const BoxSpec&) {
     ++boxes;
@@ -198,7 +197,7 @@ void MdiEndTest::TestBox(bool parent) {
   ASSERT_NE(record, nullptr);
   SetField(record->Path, u"C:\\P108");
   SetField(record->File, u"P.NC");
-  Send(kMsgResultReady, 2);
+  Send(PNL_MSG_RESULT_READY, 2);
   EXPECT_EQ(boxes, 1);
   EXPECT_TRUE(tool.isNull());
 }
@@ -209,8 +208,8 @@ TEST_F(MdiEndTest, MayLoseItsParentWhileABoxIsOpen) { TestBox(true); }
 
 TEST_F(MdiEndTest, PostedMessagesDieWithIt) {
   Open();
-  windows.Post(handle, {kMsgToolCommand, 3, 1});
-  windows.Post(handle, {kMsgToolCommand, 5, 1});
+  windows.Post(handle, {PNL_MSG_TOOL_COMMAND, 3, 1});
+  windows.Post(handle, {PNL_MSG_TOOL_COMMAND, 5, 1});
   delete tool;
   hostCalls.clear();
   Settle();
@@ -220,9 +219,9 @@ TEST_F(MdiEndTest, PostedMessagesDieWithIt) {
 TEST_F(MdiEndTest, PostedMessagesAreHandledWhileItLives) {
   Open();
   hostCalls.clear();
-  windows.Post(handle, {kMsgToolCommand, 3, 1});
+  windows.Post(handle, {PNL_MSG_TOOL_COMMAND, 3, 1});
   Settle();
-  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("closed 6,2"));
+  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("HostToolClosed(6,2)"));
 }
 
 TEST_F(MdiEndTest, TwoWindowsOfOneParentLiveSideBySide) {
@@ -234,7 +233,7 @@ TEST_F(MdiEndTest, TwoWindowsOfOneParentLiveSideBySide) {
   Command(5);
   delete tool;
   Settle();
-  EXPECT_EQ(windows.Send(secondHandle, {kMsgToolCommand, 2, 1}), 0);
+  EXPECT_EQ(windows.Send(secondHandle, {PNL_MSG_TOOL_COMMAND, 2, 1}), 0);
   Settle();
   EXPECT_TRUE(second->isVisible());
   EXPECT_EQ(second->geometry(), QRect(0, 400 - 29, 600, 29));

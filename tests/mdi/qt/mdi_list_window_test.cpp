@@ -196,7 +196,7 @@ TEST_F(MdiDropFlow, LiesOverTheEditWhenTheLineIsBelow) {
 
 TEST_F(MdiDropFlow, LiesUnderTheEditWhenTheLineIsAbove) {
   OpenWithHistory();
-  Send(kMsgCommand, 40005);
+  Send(PNL_MSG_COMMAND, 40005);
   Key(Qt::Key_Down);
   const QPoint edit = Edit()->mapTo(&panel, QPoint(0, 0));
   EXPECT_EQ(Drop()->geometry(), QRect(edit.x(), edit.y() + 30, Edit()->width() + 30, 150));

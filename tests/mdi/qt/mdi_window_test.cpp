@@ -49,9 +49,9 @@ TEST_F(MdiWindowTest, LiesAsALineAtTheParentsBottom) {
 
 TEST_F(MdiWindowTest, SwitchesPositionAndLengthByTheSideMenu) {
   Open();
-  Send(kMsgCommand, 40005);
+  Send(PNL_MSG_COMMAND, 40005);
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 600, 29));
-  Send(kMsgCommand, 40006);
+  Send(PNL_MSG_COMMAND, 40006);
   EXPECT_EQ(tool->geometry(), QRect(0, 0, 300, 29));
   EXPECT_EQ(Edit()->geometry(), QRect(65, 1, 300 - 65 - 31, 30));
 }
@@ -234,7 +234,7 @@ TEST_F(MdiWindowTest, TheEditGetsTheFocusBackWhenLayingOutClosesTheDropList) {
   Open();
   Key(Qt::Key_Down);
   ASSERT_EQ(Focus(), DropItems());
-  Send(kMsgCommand, 40005);
+  Send(PNL_MSG_COMMAND, 40005);
   EXPECT_EQ(Drop(), nullptr);
   EXPECT_EQ(Focus(), Edit());
 }
@@ -269,14 +269,14 @@ TEST_F(MdiWindowTest, AListOpenedAgainAfterACloseThatWaitedCanBeUsed) {
 TEST_F(MdiWindowTest, TheArrowKeysWalkTheListAfterItIsSavedAsAProgram) {
   Disc("MDAC1.DAT", "G0\r\nG1\r\n");
   OpenMda();
-  Send(kMsgCommand, 32775);
+  Send(PNL_MSG_COMMAND, 32775);
   const auto number = std::get<std::int64_t>(*cnc.Get(u"E.XPLRDATA"));
   auto* request = static_cast<XPLRDATA_ST*>(ResolveRecord(static_cast<std::int32_t>(number)));
   ASSERT_NE(request, nullptr);
   SetField(request->Path, u"C:\\P108");
   SetField(request->File, u"P.NC");
   other->setFocus();
-  Send(kMsgResultReady, 2);
+  Send(PNL_MSG_RESULT_READY, 2);
   EXPECT_EQ(Focus(), List());
   Key(Qt::Key_Down);
   EXPECT_EQ(List()->Selection(), 1);
@@ -284,14 +284,14 @@ TEST_F(MdiWindowTest, TheArrowKeysWalkTheListAfterItIsSavedAsAProgram) {
 
 TEST_F(MdiWindowTest, TheHostLearnsOfTheMenusOnceTheListsFocusHasSettled) {
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   Type(Edit(), "G1");
   hostCalls.clear();
   List()->setFocus(Qt::MouseFocusReason);
   EXPECT_EQ(Edit()->text(), "") << "the edit ends at once";
   EXPECT_THAT(TakeHostCalls(), testing::IsEmpty()) << "the widget kit is in the middle of it";
   Settle();
-  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("update menu"));
+  EXPECT_THAT(TakeHostCalls(), testing::ElementsAre("HostUpdateMainMenu(6)"));
 }
 
 TEST_F(MdiWindowTest, TheSignsColoursFollowFocusAndDropList) {
@@ -319,7 +319,7 @@ TEST_F(MdiWindowTest, TheEditTakesAtMost255CharactersTypedOrPasted) {
 TEST_F(MdiWindowTest, ALongerItemOfTheListIsShownWholeAndTheLimitComesBack) {
   Disc("MDAC1.DAT", std::string(300, 'X') + "\r\n");
   OpenMda();
-  Send(kMsgCommand, 32772);
+  Send(PNL_MSG_COMMAND, 32772);
   EXPECT_EQ(Edit()->text().size(), 300);
   Type(Edit(), "Y");
   EXPECT_EQ(Edit()->text().size(), 300) << "no more can be typed";
@@ -351,7 +351,7 @@ TEST_F(MdiWindowTest, EnterRunsNoBlockInMdiRole) {
 
 TEST_F(MdiWindowTest, EnterPutsATypedBlockIntoTheList) {
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   EXPECT_EQ(Focus(), Edit());
   EXPECT_FALSE(Edit()->isReadOnly());
   Type(Edit(), "G0 X10");
@@ -382,7 +382,7 @@ TEST_F(MdiWindowTest, EscapeLeavesTheIdleChannel) {
   Open();
   Key(Qt::Key_Escape);
   EXPECT_FALSE(tool->isVisible());
-  EXPECT_THAT(TakeHostCalls(), testing::Contains("closed 6,2"));
+  EXPECT_THAT(TakeHostCalls(), testing::Contains("HostToolClosed(6,2)"));
 }
 
 TEST_F(MdiWindowTest, TabGoesRoundTheWindowsOwnControls) {
@@ -398,10 +398,17 @@ TEST_F(MdiWindowTest, TabGoesRoundTheWindowsOwnControls) {
   EXPECT_EQ(Focus(), List());
 }
 
+TEST_F(MdiWindowTest, AWindowThatTheHostHidesGivesTheKeyboardOn) {
+  Open();
+  ASSERT_EQ(Focus(), Edit());
+  tool->hide();
+  EXPECT_EQ(Focus(), other);
+}
+
 TEST_F(MdiWindowTest, TheListsFocusEndsAnEdit) {
   Disc("MDAC1.DAT", "G0\r\n");
   OpenMda();
-  Send(kMsgCommand, 32773);
+  Send(PNL_MSG_COMMAND, 32773);
   Type(Edit(), "G1");
   PressMouse(List()->viewport(), QPoint(10, 10));
   EXPECT_EQ(Focus(), List());
@@ -443,7 +450,6 @@ TEST_F(MdiWindowTest, TenThousandItemsAreShownWithoutAWidgetEach) {
   EXPECT_GT(Count(Paint(*List()->viewport()), kWhite), 50);
 }
 
-}  // namespace
 TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
   Make();
   Open();
@@ -457,4 +463,5 @@ TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
   EXPECT_FALSE(start.isAccepted());
 }
 
+}  // namespace
 }  // namespace pnl::test

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QStyleOptionViewItem>
@@ -13,6 +14,7 @@
 #include "panel/qt/files_fixture.h"
 #include "panel/qt/picture.h"
 #include "panel/qt/repaint.h"
+#include "support/widget_probe.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
@@ -87,6 +89,16 @@ TEST_F(CoverTest, TheAnswersStandSideBySideBelowTheMiddle) {
         << row.what;
     question.Answer(0);
   }
+}
+
+TEST_F(CoverTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
+  QLineEdit behind(&window_);
+  Question question(&window_);
+  Show(question);
+  question.Ask("Really?", {"Yes", "No"}, [](int) {});
+  behind.setFocus();
+  pnl::test::PressMouse(&question, QPoint(5, 5));
+  EXPECT_TRUE(question.hasFocus());
 }
 
 TEST_F(CoverTest, AQuestionThatStandsIsLaidOutAnew) {

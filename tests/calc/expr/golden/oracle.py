@@ -365,6 +365,8 @@ class Evaluation:
 
 
 def power(a, b):
+    if b == 2:
+        return a * a
     if a >= 0 or math.isnan(a) or abs(b) >= 1:
         return libm("pow", a, b)
     if math.isnan(b):

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "calc/calc_storage.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/format.h"
+#include "base/ini_file.h"
+
+namespace pnl {
+
+namespace {
+
+constexpr TextView kSection = u"COMMON";
+constexpr TextView kWindow = u"Window";
+constexpr TextView kMinimized = u"Minimized";
+constexpr int kUsersDrive = 1;
+constexpr int kUsable = 0;
+constexpr int kNotWritable = -1;
+// What a window system takes; further out nothing could be seen, and sums would overflow.
+constexpr int kFarthest = 32767;
+
+Text PathIn(Utilities& utilities, int pathId) { return Format(u"%s\\%s", utilities.Get7340Path(pathId), kCalcIniName); }
+
+int Coordinate(Text& text) { return std::clamp(GetIntData(text, u','), -kFarthest, kFarthest); }
+
+CalcSettings SettingsIn(CIniFile& ini) {
+  CalcSettings settings;
+  Text window = ini.ReadString(kSection, kWindow, u"0,0");
+  settings.left = Coordinate(window);
+  settings.top = Coordinate(window);
+  // Here "1" doesn't mean yes, as it does elsewhere.
+  settings.minimized = EqualNoCase(ini.ReadString(kSection, kMinimized, u"NO"), u"YES");
+  return settings;
+}
+
+/// kept: what is in use only because this copy couldn't be looked at; null if it could.
+bool Write(Files& files, const Text& path, const CalcSettings& settings, const CalcSettings* kept) {
+  CIniFile ini(files);
+  // Without a file the object is empty; one that can't be read is refused by WriteIniFile.
+  const bool there = ini.ReadIniFile(path);
+  const bool compare = there && kept != nullptr;
+  if (!compare || settings.left != kept->left || settings.top != kept->top) {
+    ini.WriteString(kSection, kWindow, Format(u"%d,%d", settings.left, settings.top));
+  }
+  if (!compare || settings.minimized != kept->minimized) {
+    ini.WriteString(kSection, kMinimized, settings.minimized ? u"YES" : u"NO");
+  }
+  return ini.WriteIniFile(path);
+}
+
+}  // namespace
+
+// The history.
+
+Text CalcHistory::Path() const { return Format(u"%s\\%s", utilities_.Get7340Path(path_id::kCalcHistory), kName); }
+
+TextRows CalcHistory::Load() {
+  RowsRead read = ReadRows(files_, Path());
+  known_ = read.known;
+  added_.clear();
+  return std::move(read.rows);
+}
+
+bool CalcHistory::Save(const TextRows& rows) {
+  if (rows.empty()) return true;
+  const TextRows added = RowsOf(rows, added_);
+  return StoreRows(files_, Path(), known_, {rows, added}) == FileStatus::kOk;
+}
+
+// The settings.
+
+CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities) {
+  CalcSettingsRead read;
+  const Text users = PathIn(utilities, path_id::kUserSettings);
+  const bool tryUsers = utilities.UTIL7340_DriveStatus(kUsersDrive) == kUsable;
+  const FileInfo info = tryUsers ? files.Query(users) : FileInfo{};
+  CIniFile ini(files);
+  const bool usersRead = info.exists && ini.ReadIniFile(users);
+  read.usersUnknown = !usersRead && (info.exists || info.outOfReach);
+  if (usersRead || (!info.exists && ini.ReadIniFile(PathIn(utilities, path_id::kSetup)))) {
+    read.settings = SettingsIn(ini);
+  }
+  return read;
+}
+
+bool SaveCalcSettings(Files& files, Utilities& utilities, const CalcSettings& settings,
+                      const CalcSettingsRead& loaded) {
+  // Any status but this one lets the copy be written, although loading asks for more.
+  const bool users = utilities.UTIL7340_DriveStatus(kUsersDrive) != kNotWritable;
+  const CalcSettings* kept = loaded.usersUnknown ? &loaded.settings : nullptr;
+  const bool stored = users && Write(files, PathIn(utilities, path_id::kUserSettings), settings, kept);
+  const bool machines = Write(files, PathIn(utilities, path_id::kSetup), settings, nullptr);
+  // The user's copy is the one that is read first.
+  return users ? stored : machines;
+}
+
+}  // namespace pnl

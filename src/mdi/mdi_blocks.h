@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// The path of a block: start key, kernel, status reports, history and list. Between the kernel's acceptance and the
+// next report the record's State is what the panel believes; nothing here asks the time. Who wants a start, and whether
+// the explorer is open meanwhile, is the caller's business.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include "facade/kernel.h"
+#include "mdi/mdi_channels.h"
+#include "mdi/mdi_holding.h"
+#include "mdi/mdi_list.h"
+#include "mdi/mdi_menus.h"
+#include "mdi/mdi_screen.h"
+#include "mdi/mdi_view.h"
+
+namespace pnl {
+
+class MdiBlocks {
+ public:
+  /// All that is referred to outlives the object.
+  MdiBlocks(Kernel& kernel, MdiViewAccess view, MdiChannels& channels, MdiHolding& holding, MdiList& list,
+            MdiMenus& menus, MdiScreen& screen)
+      : kernel_(kernel),
+        view_(std::move(view)),
+        channels_(channels),
+        holding_(holding),
+        list_(list),
+        menus_(menus),
+        screen_(screen) {}
+
+  /// The start key, or with fromKey false the control's own start during an inspection. Sends the block in hand, or
+  /// lets an interrupted one go on. Nothing in a channel that isn't the current one, open and held.
+  void Start(MDIDATA_ST& record, bool fromKey);
+  /// The channel's status has changed. False when it can't be read; then nothing changes.
+  [[nodiscard]] bool OnStatusReport(MDIDATA_ST& record);
+
+ private:
+  [[nodiscard]] MdiView& View() const { return view_(); }
+  [[nodiscard]] bool PickBlock(MDIDATA_ST& record);
+  void Send(MDIDATA_ST& record);
+  void OnReady(MDIDATA_ST& record);
+  void OnBlockDone(MDIDATA_ST& record);
+  void OnAborted(MDIDATA_ST& record);
+  void ChangeState(MDIDATA_ST& record, std::int32_t from, std::int32_t to);
+  void ReinstallMenus(const MDIDATA_ST& record);
+  void UpdateMenus(const MDIDATA_ST& record) { menus_.Update(&record, View().ListCount()); }
+
+  Kernel& kernel_;
+  const MdiViewAccess view_;
+  MdiChannels& channels_;
+  MdiHolding& holding_;
+  MdiList& list_;
+  MdiMenus& menus_;
+  MdiScreen& screen_;
+};
+
+}  // namespace pnl
