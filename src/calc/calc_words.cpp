@@ -70,11 +70,11 @@ Text ConfirmFailureStatus(const CalcTexts& texts, TextView tree) { return Format
 
 std::vector<VariableRow> VariableRows(const CalcStore& store) {
   std::vector<VariableRow> rows;
-  const auto add = [&rows](const Text& name, double value) {
-    if (value != 0) rows.push_back({name, Format(u"%s = %s", name, Decimal(value))});
+  const auto add = [&rows](TextView name, double value) {
+    if (value != 0) rows.push_back({Text(name), Format(u"%s = %s", name, Decimal(value))});
   };
-  char16_t letter = u'A';
-  for (const double value : store.Variables) add(Text(1, letter++), value);
+  constexpr TextView kLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  for (std::size_t i = 0; i < store.Variables.size(); ++i) add(kLetters.substr(i, 1), store.Variables[i]);
   add(u"ACC", store.Acc);
   return rows;
 }
