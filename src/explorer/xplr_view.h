@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// What the logic of the explorer asks of its window. The window has a frame, a form in it, and the form's controls; it
+// decides nothing. Implemented by ZCExplorer on Qt and by a recording view in the tests. Rectangles are pixels, colours
+// 0x00BBGGRR, rows and nodes those of the logic's own lists, from which the window draws.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "explorer/xplr_layout.h"
+#include "explorer/xplr_nodes.h"
+#include "window/tool_view.h"
+
+namespace pnl {
+
+/// The windows that get the explorer's messages. kFind and kFolder are 0 while the dialog isn't open.
+enum class XplrWindow { kFrame, kForm, kTree, kList, kFind, kFolder };
+
+class XplrView : public ToolView {
+ public:
+  [[nodiscard]] virtual WindowHandle HandleOf(XplrWindow window) const = 0;
+
+  // The form.
+  /// Moves, shows and enables the controls.
+  virtual void Place(const XplrLayout& layout) = 0;
+  /// Text of a static control.
+  virtual void SetLabel(int id, TextView text) = 0;
+  virtual void SetLabelColors(int id, std::uint32_t frame, std::uint32_t back, std::uint32_t text) = 0;
+  /// The control that has the focus; 0 when none of this tool has it.
+  [[nodiscard]] virtual int FocusedControl() const = 0;
+  /// Gives a control the focus. Brings the event of the control that loses it and of the one that gets it, possibly
+  /// before the call returns.
+  virtual void FocusControl(int id) = 0;
+
+  // The name field.
+  [[nodiscard]] virtual Text NameText() const = 0;
+  virtual void SetNameText(TextView text) = 0;
+
+  // The tree draws from XplrNodes.
+  /// count children of parent are new, from the index-th on.
+  virtual void OnNodesAdded(NodeId parent, std::size_t index, std::size_t count) = 0;
+  /// The mark by which the node is opened has changed.
+  virtual void OnNodeChanged(NodeId node) = 0;
+  /// The node is about to be removed.
+  virtual void OnNodeRemoving(NodeId node) = 0;
+  /// Selects a node without an event; kNoNode selects none.
+  virtual void SelectNode(NodeId node) = 0;
+  /// Opens a node on the screen and scrolls to it, without an event.
+  virtual void OpenNode(NodeId node) = 0;
+
+  // The list draws from the logic's rows.
+  /// All rows are others now.
+  virtual void OnRowsReset() = 0;
+  /// Selects a row and gives it the mark of the focus, without an event; -1 selects none.
+  virtual void SelectRow(int row) = 0;
+  virtual void ScrollToRow(int row) = 0;
+
+  // The dialogs. Each lives until it is closed by the operator, by losing the activation or by CloseDialogs.
+  /// Return false when the dialog couldn't be made.
+  virtual bool OpenFind(TextView text) = 0;
+  virtual bool OpenFolderSearch() = 0;
+  virtual void CloseDialogs() = 0;
+  [[nodiscard]] virtual Text FindText() const = 0;
+  [[nodiscard]] virtual Text FolderText() const = 0;
+  virtual void FocusDialog() = 0;
+};
+
+/// How a part of the logic reaches the window. The call throws WindowGone once the tool has ended.
+using XplrViewAccess = std::function<XplrView&()>;
+
+}  // namespace pnl
