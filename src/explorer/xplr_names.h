@@ -21,7 +21,8 @@ struct NameParts {
 /// True for an extension that counts as one: a point and something after it.
 [[nodiscard]] constexpr bool IsExtension(TextView extension) { return extension.size() >= 2; }
 
-/// True when a name stays in its folder: no slash, no backslash, no drive letter with colon in front, no NUL, and neither
+/// True when a name stays in its folder: no slash, no backslash, no drive letter with colon in front, no NUL, and
+/// neither
 /// "." nor "..". Whoever accepts a name, with its default extension, refuses any other one with Outcome::kNoAccess.
 [[nodiscard]] bool IsPlainName(TextView name);
 

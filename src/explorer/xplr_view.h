@@ -54,6 +54,8 @@ class XplrView : public ToolView {
   /// Selects a row and gives it the mark of the focus, without an event; -1 selects none.
   virtual void SelectRow(int row) = 0;
   virtual void ScrollToRow(int row) = 0;
+  /// Posts the frame a key-down of Enter.
+  virtual void PostEnter() = 0;
 
   // The dialogs. Each lives until it is closed by the operator, by losing the activation or by CloseDialogs.
   /// Return false when the dialog couldn't be made.

@@ -53,6 +53,7 @@ class FakeXplrView final : public FakeView<XplrView> {
   void OnRowsReset() override { Order("rows"); }
   void SelectRow(int row) override { Order("row ", row); }
   void ScrollToRow(int row) override { Order("scroll ", row); }
+  void PostEnter() override { Order("enter"); }
   bool OpenFind(TextView text) override { return Order("find ", text), true; }
   bool OpenFolderSearch() override { return Order("folder search"), true; }
   void CloseDialogs() override { Order("close dialogs"); }
@@ -86,7 +87,7 @@ struct XplrGround {
   FakeXplrView view{log, windows};
   AWorker worker;
   XplrState state;
-  XplrJobs jobs{worker, [](const std::function<void()>& step) { step(); }};
+  XplrJobs jobs{worker, XplrSteps([](const std::function<void()>& step) { step(); })};
   XplrFolders folders{places, network, jobs};
   XplrViewAccess access = [this]() -> XplrView& { return view; };
   XplrPosts posts{windows, access};

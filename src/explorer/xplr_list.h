@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// The file list of the explorer: its rows, their order, which of them is selected, and the search in them. Keeps the
+// state's File in step with the selection. Reads and sorts beside the window's thread; draws nothing.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "explorer/xplr_jobs.h"
+#include "explorer/xplr_loading.h"
+#include "explorer/xplr_messages.h"
+#include "explorer/xplr_search.h"
+#include "explorer/xplr_state.h"
+#include "explorer/xplr_view.h"
+
+namespace pnl {
+
+class XplrList {
+ public:
+  struct Links {
+    XplrState& state;
+    const Places& places;
+    const Network& network;
+    XplrJobs& jobs;
+    const XplrPosts& posts;
+    XplrViewAccess view;
+    /// The list has been loaded or sorted: the menus are to be refreshed.
+    std::function<void()> updateMenus;
+  };
+  explicit XplrList(Links links) : links_(std::move(links)) {}
+
+  /// The first load: selects the row of File, or the first one; then calls then.
+  void FirstFill(std::function<void()> then);
+  void FillList(ListMode mode) { Load(mode, [] {}); }
+  /// Removes all rows and drops a load that is under way.
+  void Clear();
+  /// A menu command from kSortByName to kSortByExtension, or a click on a column's header (0 to 2).
+  void SortBy(int command);
+  void OnHeaderClicked(int column);
+
+  // The operator.
+  void OnFocus();
+  /// The row got the selection; -1 is ignored.
+  void OnRowSelected(int row);
+  void OnClick(int row);
+  void OnDoubleClick(int row);
+
+  /// Searches for the text that was given last. Sends the result to the find dialog.
+  void SearchList(bool forward);
+  void SetSearch(Text text) { search_.text = std::move(text); }
+  [[nodiscard]] const Text& Search() const { return search_.text; }
+
+  [[nodiscard]] const XplrRows& Rows() const { return *rows_; }
+  [[nodiscard]] int Selected() const { return selected_; }
+  [[nodiscard]] const SortState& Sort() const { return sort_; }
+  void SetSort(const SortState& sort) { sort_ = sort; }
+  /// True while more rows may come.
+  [[nodiscard]] bool IsLoading() const { return loading_ != 0; }
+
+ private:
+  void Load(ListMode mode, std::function<void()> then);
+  void Start(ListMode mode, std::function<void()> then);
+  [[nodiscard]] XplrLoadRequest Request() const;
+  void Show(XplrRows rows);
+  void SortRowsNow();
+  /// Selects a row as the operator would.
+  void Take(int row);
+  void SyncNameFromSelection();
+  [[nodiscard]] bool Has(int row) const { return row >= 0 && row < static_cast<int>(rows_->size()); }
+  [[nodiscard]] const XplrRow& At(int row) const { return (*rows_)[static_cast<std::size_t>(row)]; }
+  [[nodiscard]] int RowOf(std::optional<std::uint32_t> index) const;
+
+  const Links links_;
+  std::shared_ptr<const XplrRows> rows_ = std::make_shared<const XplrRows>();
+  SortState sort_;
+  SearchState search_;
+  int selected_ = -1;
+  bool loaded_ = false;  // a load has begun; before that the selection has no effect
+  unsigned loads_ = 0;   // rows of an earlier load come too late
+  JobId loading_ = 0;
+};
+
+}  // namespace pnl
