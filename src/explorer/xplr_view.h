@@ -4,6 +4,7 @@
 // 0x00BBGGRR, rows and nodes those of the logic's own lists, from which the window draws.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 
@@ -16,11 +17,26 @@ namespace pnl {
 /// The windows that get the explorer's messages. kFind and kFolder are 0 while the dialog isn't open.
 enum class XplrWindow { kFrame, kForm, kTree, kList, kFind, kFolder };
 
+/// Heights of the fonts, for the present size of the panel.
+struct XplrFonts {
+  int caption = 18;   // 1101
+  int headings = 16;  // 1102 to 1105
+  int panes = 14;     // tree and list
+  friend bool operator==(const XplrFonts&, const XplrFonts&) = default;
+};
+
 class XplrView : public ToolView {
  public:
   [[nodiscard]] virtual WindowHandle HandleOf(XplrWindow window) const = 0;
 
+  /// Destroys the frame once the present operation is over. Nothing may be asked of the view after it.
+  virtual void Destroy() = 0;
+  /// Posts a key-down of Tab to the window that has the focus.
+  virtual void PostTab() = 0;
+
   // The form.
+  /// Gives the controls their fonts, formats and first colours.
+  virtual void StyleForm(const XplrFonts& fonts) = 0;
   /// Moves, shows and enables the controls.
   virtual void Place(const XplrLayout& layout) = 0;
   /// Text of a static control.
@@ -54,6 +70,8 @@ class XplrView : public ToolView {
   /// Selects a row and gives it the mark of the focus, without an event; -1 selects none.
   virtual void SelectRow(int row) = 0;
   virtual void ScrollToRow(int row) = 0;
+  /// Titles of the list's three columns.
+  virtual void SetColumnTitles(const std::array<Text, 3>& titles) = 0;
   /// Posts the frame a key-down of Enter.
   virtual void PostEnter() = 0;
 
@@ -65,6 +83,8 @@ class XplrView : public ToolView {
   [[nodiscard]] virtual Text FindText() const = 0;
   [[nodiscard]] virtual Text FolderText() const = 0;
   virtual void FocusDialog() = 0;
+  /// Posts the dialog that is open a key-down of Escape.
+  virtual void PostEscapeToDialog() = 0;
 };
 
 /// How a part of the logic reaches the window. The call throws WindowGone once the tool has ended.

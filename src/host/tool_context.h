@@ -7,8 +7,11 @@
 #include "facade/cnc_facade.h"
 #include "host/host_api.h"
 #include "host/language.h"
+#include "places/network.h"
+#include "places/places.h"
 #include "window/timers.h"
 #include "window/window.h"
+#include "window/worker.h"
 
 namespace pnl {
 
@@ -19,6 +22,9 @@ struct ToolContext {
   Timers& timers;
   Language& language;
   Files& files;
+  const Places& places;
+  const Network& network;
+  Worker& worker;
 };
 
 }  // namespace pnl
