@@ -32,8 +32,9 @@ class Worker {
   virtual JobId Start(std::function<void(Job&)> work) = 0;
   /// No further step of the job runs, and its work doesn't begin if it hasn't yet. Does nothing when the job has ended.
   virtual void Cancel(JobId job) = 0;
-  /// True while a job that isn't cancelled waits to begin or is under way, or a step of it waits for its turn. It becomes
-  /// false only in the window's thread's event loop, which is awake then.
+  /// True while a job that isn't cancelled waits to begin or is under way, or a step of it waits for its turn. It
+  /// becomes false in Cancel or in an event that the window's thread gets, so whoever waits for it in the event loop is
+  /// woken.
   [[nodiscard]] virtual bool IsBusy() const = 0;
 };
 
