@@ -342,6 +342,12 @@ TEST_F(SimSharesTest, TheErrorOfAShareOrOfItsServerIsTheAnswer) {
   }
 }
 
+TEST_F(SimSharesTest, TheErrorOfADomainIsNotThatOfItsServers) {
+  Node domain = MakeNode(network_display::kDomain, u"WORKS", {MakeNode(network_display::kServer, u"\\\\Office")});
+  domain.error = 5;
+  EXPECT_EQ(MakeShareReader({domain}, hold)->Probe(u"\\\\Office"), place_error::kNone);
+}
+
 TEST_F(SimSharesTest, WhatTheNetworkDoesNotHaveIsNotFound) {
   const auto reader = Reader({Share(u"\\\\Office\\A", "a")});
   const TextView paths[] = {u"\\\\",
@@ -377,9 +383,11 @@ TEST_F(SimSharesTest, AConnectedResourceMayBackAShareThatHasNoFolder) {
   temp.Write("a/x", "1");
   Node connected = Share(u"\\\\Office\\A", "a");
   connected.display = network_display::kGeneric;
-  const auto reader = MakeShareReader(
-      {MakeNode(network_display::kServer, u"\\\\Office", {Share(u"\\\\OFFICE\\A", "")}), connected}, hold);
-  EXPECT_TRUE(reader->Exists(u"\\\\Office\\A\\x"));
+  const Node server = MakeNode(network_display::kServer, u"\\\\Office", {Share(u"\\\\OFFICE\\A", "")});
+  // Whichever of the two comes first.
+  for (const std::vector<Node>& roots : {std::vector<Node>{server, connected}, std::vector<Node>{connected, server}}) {
+    EXPECT_TRUE(MakeShareReader(roots, hold)->Exists(u"\\\\Office\\A\\x"));
+  }
 }
 
 }  // namespace

@@ -454,6 +454,17 @@ TEST(QtWorker, TheWorkAndWhatItContainsAreGoneWhenTheJobHasEnded) {
   EXPECT_EQ(content.use_count(), 1);
 }
 
+// What it contains may take long to destroy, or belong to the job's thread.
+TEST(QtWorker, TheWorkIsDestroyedOnItsThread) {
+  HeldThreads threads;
+  QtWorker worker(threads.Launch());
+  const auto content = std::make_shared<int>(0);
+  worker.Start([content](Job&) {});
+  threads.RunAll();
+  EXPECT_EQ(content.use_count(), 1);
+  DeliverPosted();
+}
+
 TEST(InlineWorker, AJobIsDoneWhenStartReturns) {
   InlineWorker worker;
   std::vector<int> order;
