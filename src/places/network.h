@@ -30,9 +30,9 @@ enum class NetworkScope { kConnected = 1, kEverything = 2 };
 /// How a step of an enumeration ended. Other numbers may come too.
 namespace network_status {
 inline constexpr int kOk = 0;
-inline constexpr int kTooLarge = 8;      // one entry alone is larger than a batch
-inline constexpr int kNoMore = 259;      // every entry has been taken
-inline constexpr int kExtended = 1208;   // the provider has an error of its own
+inline constexpr int kTooLarge = 8;     // one entry alone is larger than a batch
+inline constexpr int kNoMore = 259;     // every entry has been taken
+inline constexpr int kExtended = 1208;  // the provider has an error of its own
 }  // namespace network_status
 
 /// An empty text stands for one that is absent.
@@ -45,8 +45,8 @@ struct NetworkResource {
   friend bool operator==(const NetworkResource&, const NetworkResource&) = default;
 };
 
-/// The most bytes that the entries of one batch take: kEntryBytes each, and two for each character and terminator of the
-/// texts that it has.
+/// The most bytes that the entries of one batch take: kEntryBytes each, and two for each character and terminator of
+/// the texts that it has.
 inline constexpr std::size_t kBatchBytes = 16384;
 inline constexpr std::size_t kEntryBytes = 32;
 

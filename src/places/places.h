@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The seam to the places that an operator can walk: drives, folders and what is in them. Reads only, but for MakeFolder.
-// What is asked of a drive's letter answers at once; what may have to wait for a disc is asked of a FolderReader, on a
-// thread of its own. DiscPlaces reads the discs of this machine; facade/sim has the simulated side. The network
-// neighbourhood is in places/network.h.
+// The seam to the places that an operator can walk: drives, folders and what is in them. Reads only, but for
+// MakeFolder. What is asked of a drive's letter answers at once; what may have to wait for a disc is asked of a
+// FolderReader, on a thread of its own. DiscPlaces reads the discs of this machine; facade/sim has the simulated side.
+// The network neighbourhood is in places/network.h.
 #pragma once
 
 #include <cstdint>
@@ -55,13 +55,13 @@ struct PlaceEntry {
   bool folder = false;       // a link to a folder is a folder
   bool hidden = false;       // the name begins with a point; never set for "." and ".."
   bool dots = false;         // "." or ".."
-  std::uint64_t size = 0;    // bytes
+  std::uint64_t size = 0;    // bytes; 0 for a folder
   std::int64_t written = 0;  // the last change, in seconds since 1970-01-01 00:00:00 UTC
   friend bool operator==(const PlaceEntry&, const PlaceEntry&) = default;
 };
 
-/// Reads folders, by panel path or network path. Never changes; may be used on any thread. Every call may take as long as
-/// the disc or server needs.
+/// Reads folders, by panel path or network path. Never changes; may be used on any thread. Every call may take as long
+/// as the disc or server needs.
 class FolderReader {
  public:
   /// Gets the entries as they come, some at a time. Returns false to end the listing.
@@ -69,10 +69,11 @@ class FolderReader {
 
   virtual ~FolderReader() = default;
   /// Lists a folder in the order of the disc. Returns kNone when everything was listed or take returned false, else
-  /// the place_error with which the listing ended. A folder without entries of its own still has the entry ".", but
-  /// for a drive's root, which answers kNothingFound when it is empty.
+  /// the place_error with which the listing ended; what came before was taken. A folder, and the root of a share, begins
+  /// with the entries "." and ".."; a drive's root has none, so it answers kNothingFound when it is empty.
   [[nodiscard]] virtual int List(TextView folder, const Take& take) const = 0;
-  /// As List, but only finds out whether something is there: kNone, or the place_error.
+  /// As List, but only finds out whether something is there: kNone, or the place_error. A server that can be enumerated
+  /// is kNone.
   [[nodiscard]] virtual int Probe(TextView folder) const = 0;
   /// True when a file or folder has that path.
   [[nodiscard]] virtual bool Exists(TextView path) const = 0;
@@ -92,12 +93,12 @@ class Places {
   [[nodiscard]] virtual DriveMask LockedDrives() const = 0;
   /// Network drives of earlier sessions, connected or not.
   [[nodiscard]] virtual DriveMask RememberedDrives() const = 0;
-  /// A drive_type; kNoRoot for a drive that isn't there.
+  /// A drive_type. A remembered drive that isn't there is kNetwork, so that it can be shown; any other one is kNoRoot.
   [[nodiscard]] virtual int DriveType(char letter) const = 0;
-  /// The volume's label, which may be empty. Nothing when it can't be read.
+  /// The volume's label, which may be empty. Nothing when it isn't known.
   [[nodiscard]] virtual std::optional<Text> VolumeLabel(char letter) const = 0;
   struct RemoteName {
-    int error = place_error::kNone;  // kNotConnected: the name is remembered
+    int error = place_error::kNone;  // kNotConnected: the name, if there is one, is remembered
     Text name;
   };
   /// The network path of a network drive.
@@ -106,7 +107,8 @@ class Places {
   [[nodiscard]] virtual char CurrentDrive() const = 0;
   /// A reader of the drives as they are now.
   [[nodiscard]] virtual std::shared_ptr<const FolderReader> Reader() const = 0;
-  /// Calls changed on the window's thread each time a drive has come or gone. An empty function ends that.
+  /// Calls changed on the window's thread each time a drive has come or gone, or has been hidden, locked or remembered.
+  /// There is one watcher: a new function takes the place of the last, an empty one ends the watch.
   virtual void Watch(std::function<void()> changed) = 0;
 };
 

@@ -23,15 +23,18 @@ class Job {
   virtual void Post(std::function<void()> step) = 0;
 };
 
+/// Used on the window's thread only.
 class Worker {
  public:
   virtual ~Worker() = default;
   /// Starts the work. It may use only what it contains and what may be used on any thread. Returns 0 when it can't be
   /// started; no step is run then.
   virtual JobId Start(std::function<void(Job&)> work) = 0;
-  /// No further step of the job runs. Does nothing when the job has ended.
+  /// No further step of the job runs, and its work doesn't begin if it hasn't yet. Does nothing when the job has ended.
   virtual void Cancel(JobId job) = 0;
-  /// True while a job that isn't cancelled is under way, or a step of it waits for its turn.
+  /// True while a job that isn't cancelled waits to begin or is under way, or a step of it waits for its turn. It
+  /// becomes false in Cancel or in an event that the window's thread gets, so whoever waits for it in the event loop is
+  /// woken.
   [[nodiscard]] virtual bool IsBusy() const = 0;
 };
 

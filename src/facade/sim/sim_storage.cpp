@@ -27,16 +27,27 @@ void SimStorage::SetDrive(const rig::Drive& drive) {
     described.letter = static_cast<char>(described.letter - 'a' + 'A');
   }
   if (described.letter < 'A' || described.letter > 'Z') return;
+  const bool wasThere = drives_.Folder(described.letter).has_value();
   drives_.Set(described.letter, described.dir);
   if (described.dir.empty()) {
     described_.erase(described.letter);
   } else {
     described_[described.letter] = described;
   }
+  if (wasThere == described.dir.empty()) TellWatcher();
 }
 
 void SimStorage::SetDriveMasks(std::string_view noDrives, std::string_view remembered, std::string_view locked) {
-  masks_ = {std::string(noDrives), std::string(remembered), std::string(locked)};
+  Masks masks{std::string(noDrives), std::string(remembered), std::string(locked)};
+  if (masks == masks_) return;
+  masks_ = std::move(masks);
+  TellWatcher();
+}
+
+void SimStorage::TellWatcher() const {
+  // The watcher may end the watch or set another one.
+  const auto changed = changed_;
+  if (changed) changed();
 }
 
 std::optional<std::string> SimStorage::HostPath(std::u16string_view panelPath) const {
