@@ -129,7 +129,8 @@ TEST_P(Pack, HasTheDialogsWithTheirSizes) {
 }
 
 TEST_P(Pack, BitmapsDrawSomethingBrightOnADarkKey) {
-  for (const int id : {3017, 3019, 3020, 3026, 3027, 3028, 3029, 32771, 32772, 32773, 32774, 32775, 32776}) {
+  for (const int id : {3017, 3019, 3020, 3026, 3027, 3028, 3029, 32771, 32772, 32773, 32774, 32775, 32776, 371, 372,
+                       373, 374, 375, 376}) {
     const std::string* svg = pack_.FindBitmap(id);
     ASSERT_NE(svg, nullptr) << id;
     QSvgRenderer renderer(QByteArray::fromStdString(*svg));
