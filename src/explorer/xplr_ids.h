@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The numbers of the explorer: controls, texts, menu commands, kinds of nodes, flags of rows and outcomes. Scripts and
-// language packs use them too.
+// The numbers of the explorer: controls, texts, menu commands, dialogs, bitmaps, kinds of nodes, flags of rows and
+// outcomes. Scripts and language packs use them too.
 #pragma once
 
 #include <cstdint>
@@ -27,8 +27,8 @@ inline constexpr int kColumnDate = 15;
 inline constexpr int kNext = 16;
 inline constexpr int kPrevious = 17;
 inline constexpr int kFind = 18;
-inline constexpr int kNotFound = 19;   // of the text
-inline constexpr int kOnlyOne = 20;    // of the text
+inline constexpr int kNotFound = 19;  // of the text
+inline constexpr int kOnlyOne = 20;   // of the text
 inline constexpr int kFindHint = 23;
 inline constexpr int kNoAccess = 26;
 inline constexpr int kNoConnection = 27;
@@ -60,6 +60,25 @@ inline constexpr int kTogglePin = 32791;
 inline constexpr int kNext = 32900;
 inline constexpr int kPrevious = 32901;
 }  // namespace xplr_command
+
+/// Dialog templates. A language pack has dialogs by number only, so the two that have names have numbers of their own.
+namespace xplr_dialog {
+inline constexpr int kForm = 3021;
+inline constexpr int kFind = 3022;        // "IDD_XPLR_FILE_FIND"
+inline constexpr int kFindFolder = 3023;  // "IDD_XPLR_FIND_FOLDER"
+}  // namespace xplr_dialog
+
+namespace xplr_bitmap {
+inline constexpr int kIcons = 370;  // icons of 16 by 16 side by side
+inline constexpr int kIconSide = 16;
+inline constexpr int kIconCount = 13;
+inline constexpr int kPinned = 371;
+inline constexpr int kRefresh = 372;
+inline constexpr int kNotPinned = 373;
+inline constexpr int kToTree = 374;
+inline constexpr int kToList = 375;
+inline constexpr int kToField = 376;
+}  // namespace xplr_bitmap
 
 /// What a node of the tree stands for. kRemovable, kFixed, kNetwork and kCd are the drive types of the same number.
 enum class NodeKind : std::int32_t {

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -13,21 +12,16 @@
 #include "calc/calc_ids.h"
 #include "calc/calc_places.h"
 #include "host/language.h"
-#include "host/pack_files.h"
 #include "host/shared_texts.h"
+#include "library/qt/built_packs.h"
 
 namespace pnl {
 namespace {
 
+using test::Conversions;
+using test::LoadPack;
+using test::MenuIds;
 using ::testing::ElementsAre;
-
-LanguagePack LoadPack(const std::string& code) {
-  const std::string program = QCoreApplication::applicationFilePath().toStdString();
-  const auto bytes = ReadPackFile(PackFolders(nullptr, program), code);
-  LanguagePack pack;
-  EXPECT_TRUE(bytes && pack.Parse(*bytes)) << code;
-  return pack;
-}
 
 class Pack : public ::testing::TestWithParam<const char*> {
  protected:
@@ -79,15 +73,6 @@ TEST_P(Pack, HasTheCalculatorsControlsWhereTheLibraryHasThem) {
   }
 }
 
-/// The conversions of a format in order, "%s%d".
-std::string Conversions(TextView text) {
-  std::string found;
-  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-    if (text[i] == u'%') found += ToUtf8(text.substr(i++, 2));
-  }
-  return found;
-}
-
 struct FormatCase {
   int id;
   const char* conversions;
@@ -108,19 +93,11 @@ TEST_P(Pack, HintsFitTheHostsMessageLine) {
   for (const int id : {38, 39}) EXPECT_LT(pack_.FindText(id)->size(), 256u);
 }
 
-std::vector<int> Ids(const LanguagePack& pack, TextView name) {
-  std::vector<int> ids;
-  const auto* nodes = pack.FindMenuNodes(name);
-  if (nodes == nullptr) return ids;
-  for (const auto& node : *nodes) ids.push_back(node.item.id);
-  return ids;
-}
-
 TEST_P(Pack, HasTheCommandLinesMenus) {
-  EXPECT_THAT(Ids(pack_, u"3015"), ElementsAre(40000));
-  EXPECT_THAT(Ids(pack_, u"3025"), ElementsAre(40005, 40006));
+  EXPECT_THAT(MenuIds(pack_, u"3015"), ElementsAre(40000));
+  EXPECT_THAT(MenuIds(pack_, u"3025"), ElementsAre(40005, 40006));
   // 32774 isn't there: it takes the place of 40003 during an edit.
-  EXPECT_THAT(Ids(pack_, u"IDR_MDAMENU"), ElementsAre(32771, 32772, 32773, 32775, 32776, 40003, 40004));
+  EXPECT_THAT(MenuIds(pack_, u"IDR_MDAMENU"), ElementsAre(32771, 32772, 32773, 32775, 32776, 40003, 40004));
 }
 
 TEST_P(Pack, EveryMenuItemHasATextAndItsBitmap) {
@@ -152,7 +129,8 @@ TEST_P(Pack, HasTheDialogsWithTheirSizes) {
 }
 
 TEST_P(Pack, BitmapsDrawSomethingBrightOnADarkKey) {
-  for (const int id : {3017, 3019, 3020, 3026, 3027, 3028, 3029, 32771, 32772, 32773, 32774, 32775, 32776}) {
+  for (const int id : {3017, 3019, 3020, 3026, 3027, 3028, 3029, 32771, 32772, 32773, 32774, 32775, 32776, 371, 372,
+                       373, 374, 375, 376}) {
     const std::string* svg = pack_.FindBitmap(id);
     ASSERT_NE(svg, nullptr) << id;
     QSvgRenderer renderer(QByteArray::fromStdString(*svg));
