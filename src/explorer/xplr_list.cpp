@@ -38,7 +38,7 @@ void XplrList::Clear() {
   links_.jobs.Drop(std::exchange(loading_, 0));
   selected_ = -1;
   rows_ = std::make_shared<const XplrRows>();
-  links_.view().OnRowsReset();
+  links_.view().OnRowsReset(rows_);
 }
 
 void XplrList::Load(ListMode mode, std::function<void()> then) {
@@ -90,7 +90,7 @@ void XplrList::Show(XplrRows rows) {
   const std::optional<std::uint32_t> index = Has(selected_) ? std::optional(At(selected_).index) : std::nullopt;
   rows_ = std::make_shared<const XplrRows>(std::move(rows));
   selected_ = RowOf(index);
-  links_.view().OnRowsReset();
+  links_.view().OnRowsReset(rows_);
   if (selected_ < 0) return;
   links_.view().SelectRow(selected_);
   links_.view().ScrollToRow(selected_);

@@ -79,7 +79,7 @@ void XplrTree::AddProvider(XplrNode node) {
 void XplrTree::AddShown(NodeId parent, XplrNode node) {
   const std::size_t index = nodes_.Children(parent).size();
   nodes_.Add(parent, std::move(node));
-  links_.view().OnNodesAdded(parent, index, 1);
+  links_.view().OnNodesAdded(nodes_, parent, index, 1);
 }
 
 Text XplrTree::Wanted() const {
@@ -181,7 +181,8 @@ void XplrTree::AddFolders(NodeId node, std::vector<Text> names) {
   const bool there = nodes_.Exists(node) && !names.empty();
   if (there) {
     const std::size_t index = nodes_.Children(node).size();
-    links_.view().OnNodesAdded(node, index, nodes_.AddFolders(node, std::move(names)));
+    const std::size_t count = nodes_.AddFolders(node, std::move(names));
+    links_.view().OnNodesAdded(nodes_, node, index, count);
   }
   OnExpanded(node, there);
 }
@@ -197,7 +198,7 @@ void XplrTree::OnExpanded(NodeId node, bool children) {
 void XplrTree::MarkEmpty(NodeId node) {
   if (!nodes_.Exists(node) || !nodes_.At(node).hasChildren) return;
   nodes_.SetHasChildren(node, false);
-  links_.view().OnNodeChanged(node);
+  links_.view().OnNodeChanged(nodes_, node);
 }
 
 void XplrTree::OnNodeOpening(NodeId node) {

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // What the logic of the explorer asks of its window. The window has a frame, a form in it, and the form's controls; it
 // decides nothing. Implemented by ZCExplorer on Qt and by a recording view in the tests. Rectangles are pixels, colours
-// 0x00BBGGRR, rows and nodes those of the logic's own lists, from which the window draws.
+// 0x00BBGGRR.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include "explorer/xplr_layout.h"
 #include "explorer/xplr_nodes.h"
+#include "explorer/xplr_rows.h"
 #include "window/tool_view.h"
 
 namespace pnl {
@@ -52,11 +55,11 @@ class XplrView : public ToolView {
   [[nodiscard]] virtual Text NameText() const = 0;
   virtual void SetNameText(TextView text) = 0;
 
-  // The tree draws from XplrNodes.
+  // The tree.
   /// count children of parent are new, from the index-th on.
-  virtual void OnNodesAdded(NodeId parent, std::size_t index, std::size_t count) = 0;
+  virtual void OnNodesAdded(const XplrNodes& nodes, NodeId parent, std::size_t index, std::size_t count) = 0;
   /// The mark by which the node is opened has changed.
-  virtual void OnNodeChanged(NodeId node) = 0;
+  virtual void OnNodeChanged(const XplrNodes& nodes, NodeId node) = 0;
   /// The node is about to be removed.
   virtual void OnNodeRemoving(NodeId node) = 0;
   /// Selects a node without an event; kNoNode selects none.
@@ -64,9 +67,9 @@ class XplrView : public ToolView {
   /// Opens a node on the screen and scrolls to it, without an event.
   virtual void OpenNode(NodeId node) = 0;
 
-  // The list draws from the logic's rows.
-  /// All rows are others now.
-  virtual void OnRowsReset() = 0;
+  // The list.
+  /// All rows are others now. None of them is selected.
+  virtual void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> rows) = 0;
   /// Selects a row and gives it the mark of the focus, without an event; -1 selects none.
   virtual void SelectRow(int row) = 0;
   virtual void ScrollToRow(int row) = 0;

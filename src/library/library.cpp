@@ -43,11 +43,14 @@ Library& Library::Instance() {
 Library::Tools::Tools(Library& library, CncFacade& cnc)
     : host(HostApi, cnc.Vars()),
       language(library.menus_, cnc.Util(), library.files_, library.windows_),
-      context{host, cnc, library.windows_, library.timers_, language, library.files_} {}
+      context{host, cnc, library.windows_, library.timers_, language, library.files_, *library.places_, *library.network_,
+              library.worker_} {}
 
 Library::Library() {
   SetStartDrives(drives_, std::getenv("PNLTOOLS_DRIVES"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
   simulation_ = std::make_unique<sim::SimulatedCnc>(windows_, timers_, files_, drives_);
+  places_ = std::make_unique<sim::SimPlaces>(simulation_->Storage());
+  network_ = std::make_unique<sim::SimNetwork>(simulation_->Storage());
   tools_ = std::make_unique<Tools>(*this, *simulation_);
   UsePack(kDefaultLanguage);
 }

@@ -11,11 +11,14 @@
 
 #include "base/files.h"
 #include "facade/mill/machine.h"
+#include "facade/sim/sim_network.h"
+#include "facade/sim/sim_places.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/tool_context.h"
 #include "window/menu.h"
 #include "window/qt/qt_timers.h"
 #include "window/qt/qt_window_system.h"
+#include "window/qt/qt_worker.h"
 
 namespace pnl {
 
@@ -75,7 +78,10 @@ class Library {
   QtWindowSystem windows_{WindowRegistry::Instance()};
   SwitchableTimers timers_;
   MenuTable menus_;
+  QtWorker worker_;
   std::unique_ptr<sim::SimulatedCnc> simulation_;
+  std::unique_ptr<sim::SimPlaces> places_;
+  std::unique_ptr<sim::SimNetwork> network_;
   std::unique_ptr<sim::Machine> machine_;
   std::unique_ptr<CncFacade> backend_;
   std::unique_ptr<Tools> tools_;

@@ -93,7 +93,7 @@ TEST_F(ErrorEnd, TheWindowMayGoWhileItStarts) {
 // The box runs an event loop, in which the host closes what it likes.
 TEST_F(ErrorEnd, TheWindowMayGoWhileTheBoxForAMissingLanguageLibraryIsOpen) {
   Language fresh(menus, cnc.Util(), files, windows);
-  const ToolContext bare{host, cnc, windows, timers, fresh, files};
+  const ToolContext bare{host, cnc, windows, timers, fresh, files, places, network, worker};
   files.disc.erase("C:\\P15\\LPNLTOOLS.DLL");
   MakeTool(bare);
   EXPECT_THAT(windows.boxes, IsEmpty()) << "not before the window is whole";

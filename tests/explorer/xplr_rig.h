@@ -29,11 +29,17 @@ class FakeXplrView final : public FakeView<XplrView> {
   Text find;
   Text folder;
   XplrLayout layout;
+  std::shared_ptr<const std::vector<XplrRow>> rows;
 
   [[nodiscard]] WindowHandle HandleOf(XplrWindow window) const override {
     // A test reads the windows apart by these numbers; only the frame's is a live window.
     return Asked(), static_cast<WindowHandle>(handle + static_cast<int>(window));
   }
+  void Destroy() override { Order("destroy"), closing = true; }
+  void PostTab() override { Order("tab"); }
+  void StyleForm(const XplrFonts& fonts) override { Order("style ", fonts.caption, " ", fonts.headings); }
+  void SetColumnTitles(const std::array<Text, 3>& titles) override { Order("titles ", titles[0]); }
+  void PostEscapeToDialog() override { Order("escape to dialog"); }
   void Place(const XplrLayout& next) override { Order("place"), layout = next; }
   void SetLabel(int id, TextView text) override { Order("label ", id, " ", text); }
   void SetLabelColors(int id, std::uint32_t frame, std::uint32_t, std::uint32_t) override {
@@ -43,14 +49,14 @@ class FakeXplrView final : public FakeView<XplrView> {
   void FocusControl(int id) override { Order("focus ", id), focused = id; }
   [[nodiscard]] Text NameText() const override { return Asked(), name; }
   void SetNameText(TextView text) override { Order("name ", text), name = Text(text); }
-  void OnNodesAdded(NodeId above, std::size_t index, std::size_t count) override {
+  void OnNodesAdded(const XplrNodes&, NodeId above, std::size_t index, std::size_t count) override {
     Order("nodes ", above, " ", static_cast<std::int64_t>(index), " ", static_cast<std::int64_t>(count));
   }
-  void OnNodeChanged(NodeId node) override { Order("changed ", node); }
+  void OnNodeChanged(const XplrNodes&, NodeId node) override { Order("changed ", node); }
   void OnNodeRemoving(NodeId node) override { Order("removing ", node); }
   void SelectNode(NodeId node) override { Order("select ", node), selected = node; }
   void OpenNode(NodeId node) override { Order("open ", node); }
-  void OnRowsReset() override { Order("rows"); }
+  void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> reset) override { Order("rows"), rows = std::move(reset); }
   void SelectRow(int row) override { Order("row ", row); }
   void ScrollToRow(int row) override { Order("scroll ", row); }
   void PostEnter() override { Order("enter"); }

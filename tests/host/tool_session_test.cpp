@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/fake_places.h"
 #include "support/memory_files.h"
 #include "support/sim_fixture.h"
 
@@ -68,10 +69,13 @@ class ToolSessionTest : public SimFixture {
   }
 
   MenuTable menus;
+  FakePlaces places;
+  FakeNetwork network;
+  InlineWorker worker;
   Language language{menus, cnc.Util(), files, windows};
   HostApiTable table = {};
   HostBridge host{table, cnc.Vars()};
-  ToolContext context{host, cnc, windows, timers, language, files};
+  ToolContext context{host, cnc, windows, timers, language, files, places, network, worker};
   std::optional<NamedView> view = NamedView();
   std::optional<ToolLink<NotingSession>> link{std::in_place};
 };

@@ -18,6 +18,7 @@
 #include "host/language_pack.h"
 #include "host/tool_context.h"
 #include "host/tool_session.h"
+#include "support/fake_places.h"
 #include "support/memory_files.h"
 #include "support/noting_host.h"
 #include "support/sim_fixture.h"
@@ -34,6 +35,9 @@ struct StageGround {
   MemoryFiles files;
   DriveMap drives;
   MenuTable menus;
+  FakePlaces places;
+  FakeNetwork network;
+  InlineWorker worker;
 };
 
 /// With the simulated CNC on it, whose calls go to the log.
@@ -107,7 +111,8 @@ class ToolStage : public Ground {
   Language language{this->menus, this->cnc.Util(), this->files, this->windows};
   HostApiTable table = {};
   HostBridge host{table, this->cnc.Vars()};
-  ToolContext context{host, this->cnc, this->windows, this->timers, language, this->files};
+  ToolContext context{host, this->cnc, this->windows, this->timers, language, this->files,
+                      this->places, this->network, this->worker};
   std::function<void(const std::string&)> onHostCall;  // after it was noted
   NotingHost noting{table, [this](const std::string& line) {
                       this->log.push_back(line);

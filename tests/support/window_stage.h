@@ -12,6 +12,8 @@
 #include <string>
 #include <utility>
 
+#include "facade/sim/sim_network.h"
+#include "facade/sim/sim_places.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/language_pack.h"
 #include "host/tool_context.h"
@@ -20,6 +22,7 @@
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_window_system.h"
+#include "window/qt/qt_worker.h"
 
 namespace pnl::test {
 
@@ -64,10 +67,13 @@ class WindowStage : public testing::Test {
   QtWindowSystem windows{WindowRegistry::Instance()};
   sim::SimulatedCnc cnc{windows, timers, files, drives};
   MenuTable menus;
+  sim::SimPlaces places{cnc.Storage()};
+  sim::SimNetwork network{cnc.Storage()};
+  QtWorker worker;
   HostApiTable table = {};
   HostBridge host{table, cnc.Vars()};
   Language language{menus, cnc.Util(), files, windows};
-  ToolContext context{host, cnc, windows, timers, language, files};
+  ToolContext context{host, cnc, windows, timers, language, files, places, network, worker};
   Log hostCalls;
   std::function<void(const std::string&)> onHostCall;  // after it was noted
   NotingHost noting{table, [this](const std::string& call) { Note(call); }};

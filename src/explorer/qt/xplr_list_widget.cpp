@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "explorer/qt/xplr_list_widget.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QStyle>
+#include <array>
+#include <utility>
+
+#include "controls/draw_text.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+constexpr Color kBack = 10595253;
+constexpr Color kText = 0;
+constexpr Color kSelectedText = 0xffffff;
+constexpr Color kSelectedBack = 660510;
+// A selected row of a list without the focus, and one that can't be chosen.
+constexpr Color kPaleText = 0xC0C0C0;
+constexpr Color kPaleBack = 0x808080;
+constexpr Color kRefusedBack = 160;
+constexpr int kFontWeight = 500;
+constexpr int kFileIcon = 1;
+constexpr int kFolderIcon = 2;
+constexpr std::array kTwentieths = {10, 4, 6};
+constexpr std::uint32_t kCellFormat = draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kEndEllipsis;
+constexpr int kSizeColumn = 1;
+
+}  // namespace
+
+void XplrRowsModel::SetRows(Rows rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  endResetModel();
+}
+
+void XplrRowsModel::SetTitles(const QStringList& titles) {
+  titles_ = titles;
+  emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+const XplrRow* XplrRowsModel::Row(int row) const {
+  return row >= 0 && row < rowCount() ? &(*rows_)[static_cast<std::size_t>(row)] : nullptr;
+}
+
+QString XplrRowsModel::CellText(int row, int column) const {
+  const XplrRow* content = Row(row);
+  if (content == nullptr) return {};
+  switch (column) {
+    case 0:
+      return ToQString(content->name);
+    case kSizeColumn:
+      return ToQString(SizeText(*content));
+    default:
+      return ToQString(DateText(*content));
+  }
+}
+
+int XplrRowsModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_->size());
+}
+
+int XplrRowsModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(titles_.size());
+}
+
+QVariant XplrRowsModel::data(const QModelIndex& index, int role) const {
+  return role == Qt::DisplayRole ? QVariant(CellText(index.row(), index.column())) : QVariant();
+}
+
+QVariant XplrRowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= titles_.size()) return {};
+  if (role == Qt::TextAlignmentRole) {
+    const auto side = section == kSizeColumn ? Qt::AlignRight : Qt::AlignLeft;
+    return QVariant::fromValue(Qt::Alignment(side | Qt::AlignVCenter));
+  }
+  return role == Qt::DisplayRole ? QVariant(titles_[section]) : QVariant();
+}
+
+ZCXPLRList::ZCXPLRList(int id, QWidget* parent) : MessageControl(id, parent) {
+  setModel(&model_);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  header()->setSectionsClickable(true);
+  header()->setStretchLastSection(false);
+  header()->setSectionResizeMode(QHeaderView::Fixed);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  connect(header(), &QHeaderView::sectionClicked, this, &ZCXPLRList::HeaderClicked);
+}
+
+void ZCXPLRList::SetLook(int fontHeight, ImageList icons) {
+  Setup(kBack, kText, kSelectedBack, kSelectedText, QStringLiteral("Arial"), fontHeight, kFontWeight);
+  SetSmallImages(std::move(icons));
+}
+
+void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) {
+  const bool before = std::exchange(silent_, true);
+  model_.SetRows(std::move(rows));
+  silent_ = before;
+}
+
+void ZCXPLRList::SelectRow(int row) {
+  const bool before = std::exchange(silent_, true);
+  if (row < 0) {
+    clearSelection();
+  } else {
+    setCurrentIndex(model_.index(row, 0));
+  }
+  silent_ = before;
+}
+
+void ZCXPLRList::ScrollToRow(int row) { scrollTo(model_.index(row, 0)); }
+
+void ZCXPLRList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  const QPointer<ZCXPLRList> alive = this;
+  ZWCListCtrl::selectionChanged(selected, deselected);
+  if (!alive || silent_ || selected.isEmpty()) return;
+  emit RowSelected(selected.first().top());
+}
+
+void ZCXPLRList::mousePressEvent(QMouseEvent* event) {
+  const QPointer<ZCXPLRList> alive = this;
+  pressedRow_ = indexAt(event->position().toPoint()).row();
+  pressedRows_ = model_.AllRows();
+  const int row = pressedRow_;
+  ZWCListCtrl::mousePressEvent(event);
+  if (alive && event->button() == Qt::LeftButton) emit RowClicked(row);
+}
+
+void ZCXPLRList::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton) return;
+  const int row = indexAt(event->position().toPoint()).row();
+  // The first press may have brought other rows under the finger.
+  if (row == pressedRow_ && pressedRows_ == model_.AllRows()) {
+    emit RowDoubleClicked(row);
+  } else {
+    mousePressEvent(event);
+  }
+}
+
+void ZCXPLRList::resizeEvent(QResizeEvent* event) {
+  ZWCListCtrl::resizeEvent(event);
+  const int twentieth = viewport()->width() / 20;
+  for (int column = 0; column < static_cast<int>(kTwentieths.size()); ++column) {
+    header()->resizeSection(column, kTwentieths[static_cast<std::size_t>(column)] * twentieth);
+  }
+}
+
+void ZCXPLRList::focusInEvent(QFocusEvent* event) {
+  const QPointer<ZCXPLRList> alive = this;
+  ZWCListCtrl::focusInEvent(event);
+  if (alive) emit Focused(true);
+  if (alive) viewport()->update();
+}
+
+void ZCXPLRList::focusOutEvent(QFocusEvent* event) {
+  const QPointer<ZCXPLRList> alive = this;
+  ZWCListCtrl::focusOutEvent(event);
+  if (alive) emit Focused(false);
+  if (alive) viewport()->update();
+}
+
+void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) const {
+  const XplrRow* content = model_.Row(row);
+  if (content == nullptr) return;
+  Color text = TextColor();
+  Color back = BackColor();
+  if (selectionModel()->isSelected(model_.index(row, 0))) {
+    text = hasFocus() ? SelectedText() : kPaleText;
+    back = !hasFocus() ? kPaleBack : content->IsSelectable() ? SelectedBack() : kRefusedBack;
+  }
+  painter.fillRect(bounds, ToQColor(back));
+  painter.setFont(RowFont());
+  painter.setPen(ToQColor(text));
+  DrawCells(painter, bounds, row, *content);
+}
+
+void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, const XplrRow& content) const {
+  const int offset = 2 * painter.fontMetrics().horizontalAdvance(u' ');
+  const ImageList& icons = SmallImages();
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    QRect cell = CellRect(bounds, column);
+    if (cell.width() <= 0) continue;
+    std::uint32_t format = kCellFormat;
+    painter.save();
+    painter.setClipRect(cell, Qt::IntersectClip);
+    if (column == 0) {
+      if (const QPixmap* icon = icons.At(content.IsFolder() ? kFolderIcon : kFileIcon)) {
+        const QPoint corner(cell.left(), cell.top() + (cell.height() - icons.size.height()) / 2);
+        painter.drawPixmap(QRect(corner, icons.size), *icon);
+      }
+      cell.setLeft(cell.left() + icons.size.width());
+      cell.adjust(offset / 2 - 1, 0, -offset, 0);
+    } else {
+      cell.adjust(offset, 0, -offset, 0);
+      if (column == kSizeColumn) format |= draw::kRight;
+    }
+    DrawText(painter, cell, model_.CellText(row, column), format);
+    painter.restore();
+  }
+}
+
+}  // namespace pnl
