@@ -143,7 +143,7 @@ void ZCCalc7340::Connect() {
   client_->Variables().installEventFilter(this);
 }
 
-void ZCCalc7340::Open() {
+void ZCCalc7340::Start() {
   Tell([](CalcSession& session) { session.Open(); });
 }
 

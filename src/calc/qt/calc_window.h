@@ -30,8 +30,8 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock = SteadyClock());
   ~ZCCalc7340() override;
 
-  /// The opening steps, to its appearance. A callback on the way may destroy it.
-  void Open();
+  /// Opens the calculator and shows the window.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;

@@ -22,8 +22,8 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
  public:
   ZCErrorManager(const ToolContext& context, QWidget* parent);
   ~ZCErrorManager() override;
-  /// The steps of the start. A callback on the way may destroy the window.
-  void Start();
+  /// Shows the window if the CNC has an error already.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;

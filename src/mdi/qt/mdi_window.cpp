@@ -61,7 +61,6 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
   sign_->SetPlusSign();
   MdiView& view = *this;
   session_.Make(context_, view, WindowRegistry::Instance().HandleOf(parent));
-  Tell([](MdiSession& session) { session.Start(); });
 
   connect(edit_, &MdiEdit::FocusChanged, this,
           [this](bool focused) { Tell([focused](MdiSession& session) { session.OnEditFocus(focused); }); });
@@ -80,6 +79,10 @@ ZCMDIWindow::~ZCMDIWindow() {
   }
   if (dropList_) dropList_->Dismiss();
   session_.End();
+}
+
+void ZCMDIWindow::Start() {
+  Tell([](MdiSession& session) { session.Start(); });
 }
 
 template <typename Intention>

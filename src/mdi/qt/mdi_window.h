@@ -29,6 +29,8 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   /// Hidden; messages about channels go to the handle of parent, which must have one.
   ZCMDIWindow(const ToolContext& context, QWidget* parent);
   ~ZCMDIWindow() override;
+  /// Reads the settings and loads the menus. Calls no callback; the window stays hidden until a command opens it.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;
