@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/failing_files.h"
 #include "facade/sim/simulated_cnc.h"
+#include "support/failing_files.h"
 #include "support/fake_window_system.h"
 #include "support/memory_files.h"
 #include "window/timers.h"
