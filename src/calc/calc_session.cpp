@@ -54,7 +54,7 @@ void CalcSession::Open() {
   View().Show();
   View().BringToTop();
   View().FocusLine();
-  TellLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
+  ShowLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
 }
 
 void CalcSession::MakeControls() {
@@ -157,7 +157,7 @@ void CalcSession::Save() {
   }
   window_ = nullptr;
   menus_.Destroy();
-  TellNotSaved(Context(), kTool, failed);
+  ShowNotSaved(Context(), kTool, failed);
 }
 
 // The menus' own commands.

@@ -91,11 +91,11 @@ void MdiSession::TakeAndShow(MDIDATA_ST& record) {
 }
 
 /// After everything that clears the message line.
-void MdiSession::TellLargeLists(const MDIDATA_ST& record) {
+void MdiSession::ShowLargeLists(const MDIDATA_ST& record) {
   const auto tell = [this](const Text& name, std::uint64_t bytes) {
     // Asks for the host first: it hears nothing more of a window that it has ended.
     static_cast<void>(Host());
-    TellLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
+    ShowLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
   };
   tell(MdiHistoryName(record.Channel), record.HistorySize);
   tell(MdiListName(record.Channel), record.ListSize);
@@ -124,7 +124,7 @@ std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
   View().FocusWindow();
   record->Opened = 1;
   record->ClosePending = 0;
-  TellLargeLists(*record);
+  ShowLargeLists(*record);
   return PNL_DONE;
 }
 

@@ -56,7 +56,7 @@ void MdiSession::End() {
   }
   channels_.CloseReports();
   menus_.Destroy();
-  TellNotSaved(Context(), PNL_TOOL_MDI, failed);
+  ShowNotSaved(Context(), PNL_TOOL_MDI, failed);
 }
 
 // Messages.

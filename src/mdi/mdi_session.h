@@ -83,7 +83,7 @@ class MdiSession final : public ToolSession<MdiView> {
   void AnnounceOpening();
   void TakeAndShow(MDIDATA_ST& record);
   void TakeTextInHand();
-  void TellLargeLists(const MDIDATA_ST& record);
+  void ShowLargeLists(const MDIDATA_ST& record);
   void Escape();
   // The two roles, and what the screen shows.
   void SwitchRole();
