@@ -42,7 +42,7 @@ Text ParameterText(const ErrorRecord& record, const ErrorSurroundings& around) {
 }
 
 /// From the second character: the first one is a separator.
-Text BehindSeparator(const Z7340ERRORINFO_ST& info) {
+Text AfterSeparator(const Z7340ERRORINFO_ST& info) {
   const Text text = FieldText(info.text);
   return text.empty() ? text : text.substr(1);
 }
@@ -134,10 +134,10 @@ class Composition {
     if (source_ == error_source::kUnknownDrive) {
       result_.boxText = ComposeBoxText(result_.titleWord, nullptr);
       result_.titleLine = Format(u"ERROR : %X", number_);
-      result_.parts = Whole(BehindSeparator(result_.info));
+      result_.parts = Whole(AfterSeparator(result_.info));
       return;
     }
-    result_.titleLine = BehindSeparator(result_.info);
+    result_.titleLine = AfterSeparator(result_.info);
     Describe(row.trim);
   }
 
@@ -145,7 +145,7 @@ class Composition {
     SetWord(KernelWord());
     result_.boxText = ComposeBoxText(around_.words(error_text::kCanOpen), &record_);
     Ask(ErrorTextFunction::kEmcyCopen, record_.Get<std::int32_t>(error_field::kEmergencyCodeOffset));
-    result_.titleLine = BehindSeparator(result_.info);
+    result_.titleLine = AfterSeparator(result_.info);
     Describe(DescriptionTrim::kFirstCharacter);
   }
 
@@ -158,7 +158,7 @@ class Composition {
       Ask(ErrorTextFunction::kErrorToTxt, number_);
       result_.titleLine = source_ == error_source::kScript
                               ? Text(WithoutLeadingLineFeed(FieldOf(record_, error_field::kScriptText)))
-                              : BehindSeparator(result_.info);
+                              : AfterSeparator(result_.info);
     }
     DescribeKernel();
     const int channels = around_.kapi.ChannelNumber();

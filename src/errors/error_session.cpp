@@ -111,7 +111,7 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   titleWord_ = composed_.titleWord;
   if (composed_.inProgram) ReadProgramLinesLater();
   View().SetControlText(error_id::kTitleLine, composed_.titleLine);
-  TellDescription();
+  ShowDescription();
   View().SetControlText(error_id::kTitleBox, composed_.boxText);
 
   const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
@@ -141,7 +141,7 @@ void ErrorSession::ReadProgramLinesLater() {
   const auto take = [this](const ProgramLines& lines) {
     composed_.parts.lineNumber = lines.lineNumber;
     composed_.parts.lineText = lines.lineText;
-    TellDescription();
+    ShowDescription();
   };
   const auto lines = reader_->Read(composed_.place, ProgramCaptionsOf(words_), Later(take));
   if (!lines) return;
@@ -149,7 +149,7 @@ void ErrorSession::ReadProgramLinesLater() {
   composed_.parts.lineText = lines->lineText;
 }
 
-void ErrorSession::TellDescription() { View().SetControlText(error_id::kDescription, composed_.Description()); }
+void ErrorSession::ShowDescription() { View().SetControlText(error_id::kDescription, composed_.Description()); }
 
 bool ErrorSession::MustShow() const {
   if (blocked_) return false;

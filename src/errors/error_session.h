@@ -91,7 +91,7 @@ class ErrorSession final : public ToolSession<ErrorView> {
   void LayTopRow();
   void FitTitleLine();
   void MeasureBase();
-  void TellDescription();
+  void ShowDescription();
 
   std::unique_ptr<ErrorLineReader> reader_;
   ErrorWords words_;
