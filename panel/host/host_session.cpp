@@ -271,7 +271,7 @@ void HostSession::OnCall(const HostCall& call) {
   // A listener may destroy the session.
   const QPointer<HostSession> alive(this);
   const auto first = [&call] { return call.args.value(0).toInt(); };
-  // The session updates its state before it tells anybody, so that a listener sees the new state.
+  // The session updates its state before it emits Called, so that a listener sees the new state.
   switch (call.slot) {
     case PNL_SLOT_TOOL_OPENING:
       KeepToolState(first(), true);

@@ -53,8 +53,8 @@ struct CalcSettingsRead {
   bool usersUnknown = false;
 };
 
-/// Reads the settings from the user's copy, or from the machine's copy if the user's doesn't exist or its drive can't
-/// be used. Returns defaults if that copy can't be read.
+/// Reads the settings from the user's copy, or from the machine's copy if the user's isn't found or its drive can't be
+/// used. Returns defaults if that copy can't be read.
 [[nodiscard]] CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities);
 /// Writes the settings into both copies, but not into the user's if its drive can't be written. Keeps everything else
 /// in the files. Does not write a file that exists and can't be read. If the user's copy couldn't be read when the
