@@ -101,7 +101,7 @@ TEST_F(CoverTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
   EXPECT_TRUE(question.hasFocus());
 }
 
-TEST_F(CoverTest, AQuestionThatStandsIsLaidOutAnew) {
+TEST_F(CoverTest, AnOpenQuestionIsLaidOutAnew) {
   Question question(&window_);
   Show(question);
   question.Ask("Really?", {"Yes", "No"}, [](int) {});

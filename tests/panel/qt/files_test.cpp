@@ -403,7 +403,7 @@ TEST_F(ChooserTest, AnAnswerToAQuestionLeadsBackToTheName) {
   EXPECT_EQ(chooser_.Confirm().geometry(), chooser_.rect());
   chooser_.NameEdit().setText("new.nc");
   chooser_.Accept();
-  EXPECT_TRUE(got_.isEmpty()) << "the question stands";
+  EXPECT_TRUE(got_.isEmpty()) << "the question is open";
   chooser_.Confirm().Answer(1);
   EXPECT_TRUE(chooser_.NameEdit().hasFocus());
 }
@@ -424,7 +424,7 @@ TEST_F(ChooserTest, ItsEndIsToldOnce) {
   QObject::connect(&chooser_, &FileChooser::Finished, &chooser_, [&finished] { ++finished; });
   chooser_.Leave();
   chooser_.Dismiss();
-  EXPECT_EQ(finished, 0) << "nothing stands";
+  EXPECT_EQ(finished, 0) << "nothing is open";
   Ask(0);
   EXPECT_EQ(window_.children().last(), &chooser_);
   chooser_.Leave();
@@ -608,7 +608,7 @@ TEST(QuestionTest, EscapeAndASecondQuestionGiveTheCarefulAnswer) {
   QCoreApplication::sendEvent(&question, &escape);
   EXPECT_EQ(answers, (std::vector<int>{1, 1}));
   question.Answer(0);
-  EXPECT_EQ(answers.size(), 2u) << "nothing stands any more";
+  EXPECT_EQ(answers.size(), 2u) << "nothing is open any more";
 }
 
 }  // namespace

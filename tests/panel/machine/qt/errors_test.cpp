@@ -289,7 +289,7 @@ TEST_F(ErrorsTest, HelpShowsTheDescriptionInTheWindowsPlaceAndLeadsBack) {
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PnlRegisterMessage("ZM_END_ERRORHELP"), 0, 0);
   Settle();
   EXPECT_TRUE(Shown());
-  EXPECT_FALSE(help.IsShown()) << "it stands in the window's place, never beside it";
+  EXPECT_FALSE(help.IsShown()) << "it is shown in place of the window, never beside it";
 }
 
 TEST_F(ErrorsTest, TheHelpGoesWithItsError) {
@@ -364,7 +364,7 @@ TEST_F(ErrorsTest, TheListGoesWhenAnErrorOpensItsWindow) {
   EXPECT_TRUE(Tool()->hasFocus());
 }
 
-TEST_F(ErrorsTest, TheListTellsHowAnErrorLeftWhileItStands) {
+TEST_F(ErrorsTest, TheListShowsHowAnErrorLeftWhileItIsOpen) {
   Raise(Fault::kDriveFault);
   PutAway();
   Do(Action::kErrorList);

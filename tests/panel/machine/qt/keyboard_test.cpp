@@ -183,7 +183,7 @@ TEST_F(KeyboardTest, AnErrorThatGoesGivesTheKeyboardToWhereTheOperatorWas) {
   Raise(Fault::kDriveFault);
   ASSERT_TRUE(Has(Errors()));
   Key(Qt::Key_Escape);
-  EXPECT_TRUE(Has(Program())) << "he typed there, though the command line stands open";
+  EXPECT_TRUE(Has(Program())) << "he typed there, though the command line is open";
 }
 
 TEST_F(KeyboardTest, AProgramUnderTheListGetsNoKeys) {

@@ -304,7 +304,7 @@ TEST_F(OperatorTest, NothingToStartIsSaidUntilTheCommandLineOpens) {
   EXPECT_EQ(ZoneText(), "");
 }
 
-TEST_F(OperatorTest, TheClearKeyEndsAHelpThatStandsAlone) {
+TEST_F(OperatorTest, TheClearKeyEndsAHelpThatIsShownAlone) {
   op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
   Settle();
   ASSERT_EQ(Queue(), 0u);

@@ -292,7 +292,7 @@ TEST_F(PanelRequestTest, TheChooserGoesWhenItsAskerGoes) {
   EXPECT_EQ(ZoneText(), Say(Word::kNoRequest));
 }
 
-TEST_F(PanelRequestTest, WhileTheChooserStandsOnlyTheMachinesKeysWork) {
+TEST_F(PanelRequestTest, WhileTheChooserIsOpenOnlyTheMachinesKeysWork) {
   Ask();
   Do(Action::kNewProgram);
   EXPECT_FALSE(window_->Asking().IsOpen());
