@@ -8,7 +8,7 @@ constexpr int kNextBase = 32779;
 constexpr int kCompact = 32817;
 constexpr int kBackspaces = 60;
 
-bool CalculatorStands(const Hands& hands) { return hands.session_.IsToolOpen(PNL_TOOL_CALCULATOR); }
+bool CalculatorIsOpen(const Hands& hands) { return hands.session_.IsToolOpen(PNL_TOOL_CALCULATOR); }
 
 QString LineOf(const Hands& hands) {
   const QLineEdit* line = hands.Edit(PNL_TOOL_CALCULATOR);
@@ -37,7 +37,7 @@ std::vector<Step> TypingSteps() {
          // Leaves the list of blocks first.
          h.Key(Qt::Key_Escape);
          h.Press(Action::kOpenCalculator);
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
       {"calculator-preview", "an expression shows its value while it is typed",
        [](Hands& h) {
@@ -57,7 +57,7 @@ std::vector<Step> TypingSteps() {
        [](Hands& h) {
          h.Key(Qt::Key_Escape);
          h.Key(Qt::Key_R, {}, Qt::ControlModifier);
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
       {"calculator-hex", "the same value in hexadecimal, and in every base below",
        [](Hands& h) {
@@ -66,13 +66,13 @@ std::vector<Step> TypingSteps() {
          Command(h, kNextBase);
          Command(h, kNextBase);
          h.Key(Qt::Key_B, {}, Qt::ControlModifier);
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
       {"calculator-binary", "and in binary",
        [](Hands& h) {
          Command(h, kNextBase);
          Command(h, kNextBase);
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
   };
 }
@@ -95,14 +95,14 @@ std::vector<Step> LaterSteps() {
          QLineEdit* line = h.Edit(PNL_TOOL_CALCULATOR);
          line->setText(QStringLiteral("INTEGRAL(X!") + QStringLiteral("-X!+X!").repeated(30) + QLatin1Char(')'));
          h.Settle();
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
       {"calculator-compact", "the compact window leaves more of the program free",
        [](Hands& h) {
          h.Edit(PNL_TOOL_CALCULATOR)->setText(QStringLiteral("25.4*2"));
          h.Key(Qt::Key_E, {}, Qt::ControlModifier);
          Command(h, kCompact);
-         return CalculatorStands(h);
+         return CalculatorIsOpen(h);
        }},
       {"calculator-inserted", "one key gives the value to the command line",
        [](Hands& h) {
@@ -130,7 +130,7 @@ Step CalculatorGlance() {
   return {"language-calculator", "the calculator in another language", [](Hands& h) {
             h.Press(Action::kOpenCalculator);
             h.Type(QStringLiteral("(2+3"));
-            return CalculatorStands(h);
+            return CalculatorIsOpen(h);
           }};
 }
 

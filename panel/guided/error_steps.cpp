@@ -32,14 +32,14 @@ bool PlaceCaret(Hands& hands, const QString& word) {
 
 }  // namespace
 
-bool ErrorWindowStands(const Hands& hands) { return hands.op_.Desk().WindowShown(); }
+bool ErrorWindowIsShown(const Hands& hands) { return hands.op_.Desk().WindowShown(); }
 
 std::vector<Step> ErrorSteps() {
   return {
       {"error-warning", "a warning of a drive opens the error window in its own colour",
        [](Hands& h) {
          Raise(h, Fault::kDriveWarning);
-         return ErrorWindowStands(h);
+         return ErrorWindowIsShown(h);
        }},
       {"error-program", "an error in a program shows the file and the word at fault",
        [](Hands& h) {
@@ -48,7 +48,7 @@ std::vector<Step> ErrorSteps() {
          h.Settle();
          PlaceCaret(h, QStringLiteral("F1000"));
          Raise(h, Fault::kProgramLine);
-         return ErrorWindowStands(h);
+         return ErrorWindowIsShown(h);
        }},
       {"error-queue", "three errors: the counters tell how many lie before and behind",
        [](Hands& h) {
@@ -61,7 +61,7 @@ std::vector<Step> ErrorSteps() {
        [](Hands& h) {
          PnlSendMessage(h.session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
          h.Settle();
-         return h.window_.ErrorHelpShown().Stands();
+         return h.window_.ErrorHelpShown().IsShown();
        }},
       {"error-indicator", "put away, the window leaves a flashing count",
        [](Hands& h) {
@@ -78,7 +78,7 @@ std::vector<Step> ErrorSteps() {
       {"error-list", "the list of the session's errors, and what became of each",
        [](Hands& h) {
          h.Press(Action::kErrorList);
-         return h.window_.ErrorsShown().Stands();
+         return h.window_.ErrorsShown().IsOpen();
        }},
       {"error-done", "the indicator brings the window back, and each error is acknowledged",
        [](Hands& h) {

@@ -8,6 +8,6 @@ namespace panel {
 
 [[nodiscard]] std::vector<Step> ErrorSteps();
 /// Whether the error window is shown.
-[[nodiscard]] bool ErrorWindowStands(const Hands& hands);
+[[nodiscard]] bool ErrorWindowIsShown(const Hands& hands);
 
 }  // namespace panel

@@ -34,7 +34,7 @@ double PositionX(const Hands& hands) {
   return state.axes.empty() ? 0 : state.axes.front().position;
 }
 
-bool MdiStands(const Hands& hands) { return hands.session_.IsToolOpen(PNL_TOOL_MDI); }
+bool MdiIsOpen(const Hands& hands) { return hands.session_.IsToolOpen(PNL_TOOL_MDI); }
 
 std::vector<Step> FirstSteps() {
   return {
@@ -46,7 +46,7 @@ std::vector<Step> FirstSteps() {
       {"mdi", "the MDI key opens the command line",
        [](Hands& h) {
          h.Press(Action::kOpenMdi);
-         return MdiStands(h);
+         return MdiIsOpen(h);
        }},
       {"typed", "a block is typed: G1 X100 F1000",
        [](Hands& h) {
@@ -55,7 +55,7 @@ std::vector<Step> FirstSteps() {
        }},
       {"running", "cycle start: the axis moves",
        [](Hands& h) {
-         h.Start();
+         h.PressStart();
          h.Advance(3000);
          return PositionX(h) > 1 && PositionX(h) < 99;
        }},
@@ -69,7 +69,7 @@ std::vector<Step> FirstSteps() {
        }},
       {"done", "cycle start again: the block runs to its end",
        [](Hands& h) {
-         h.Start();
+         h.PressStart();
          return h.WaitForRest() && PositionX(h) > 99.9;
        }},
   };
@@ -88,8 +88,8 @@ std::vector<Step> LaterSteps() {
        [](Hands& h) {
          h.Key(Qt::Key_Escape);
          h.Type(QStringLiteral("G999"));
-         h.Start();
-         return ErrorWindowStands(h);
+         h.PressStart();
+         return ErrorWindowIsShown(h);
        }},
       {"cleared", "the error is acknowledged",
        [](Hands& h) {
@@ -106,14 +106,14 @@ std::vector<Step> LaterSteps() {
        [](Hands& h) {
          if (!h.PressItem(kSaveAsProgram)) return false;
          h.Type(QStringLiteral("GUIDED.NC"));
-         return h.window_.Chooser().Stands();
+         return h.window_.Chooser().IsOpen();
        }},
       {"saved", "the program is there",
        [](Hands& h) {
          const QString folder = h.window_.Chooser().Folder();
          h.window_.Chooser().Accept();
          h.Settle();
-         if (h.window_.Chooser().Confirm().Stands()) h.window_.Chooser().Confirm().Answer(0);
+         if (h.window_.Chooser().Confirm().IsOpen()) h.window_.Chooser().Confirm().Answer(0);
          h.Settle();
          const auto path = h.rig_.Files().HostPath(JoinPath(folder, QStringLiteral("GUIDED.NC")).toStdU16String());
          return path && QFile::exists(QFile::decodeName(QByteArray::fromStdString(*path)));
@@ -127,13 +127,13 @@ std::vector<Step> GlanceSteps() {
        [](Hands& h) {
          h.window_.Editor().SetProgram(QString::fromLatin1(kProgram), {});
          h.Press(Action::kOpenMdi);
-         return MdiStands(h);
+         return MdiIsOpen(h);
        }},
       {"language-refused", "a refusal in another language",
        [](Hands& h) {
          h.Type(QStringLiteral("G999"));
-         h.Start();
-         return ErrorWindowStands(h);
+         h.PressStart();
+         return ErrorWindowIsShown(h);
        }},
       CalculatorGlance(),
   };

@@ -50,11 +50,8 @@ class Hands {
     Settle();
   }
 
-  /// Presses cycle start, and doesn't wait for the block. Always returns true.
-  bool Start() {
-    Press(Action::kCycleStart);
-    return true;
-  }
+  /// Presses cycle start and does not wait until the block has run.
+  void PressStart() { Press(Action::kCycleStart); }
 
   void Press(Action action) {
     window_.Trigger(action);
@@ -68,7 +65,7 @@ class Hands {
 
   bool RunBlock(const QString& block) {
     Type(block);
-    Start();
+    PressStart();
     return WaitForRest();
   }
 

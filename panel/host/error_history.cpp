@@ -56,15 +56,15 @@ void ErrorHistory::Raise(const Summary& error) {
 
 void ErrorHistory::DropOldest() {
   const auto oldest = std::prev(rows_.end());
-  left_ += oldest->times;
+  dropped_ += oldest->times;
   for (const std::int64_t serial : oldest->standing) standing_.erase(serial);
-  leftStanding_.merge(oldest->standing);
+  droppedInQueue_.merge(oldest->standing);
   places_.erase(KeyOf(oldest->error));
   rows_.erase(oldest);
 }
 
 void ErrorHistory::Leave(const Summary& error, Fate fate) {
-  leftStanding_.erase(error.serial);
+  droppedInQueue_.erase(error.serial);
   const auto found = standing_.find(error.serial);
   if (found == standing_.end()) return;
   ErrorRow& row = *found->second;

@@ -53,8 +53,8 @@ class ErrorHistory {
   /// Grows with every call of Tell, so that a reader can see whether anything changed.
   [[nodiscard]] std::int64_t Revision() const { return revision_; }
   /// How many errors (not rows) were dropped for lack of room, and how many of these are still in the queue.
-  [[nodiscard]] std::int64_t Left() const { return left_; }
-  [[nodiscard]] std::int64_t LeftStanding() const { return static_cast<std::int64_t>(leftStanding_.size()); }
+  [[nodiscard]] std::int64_t Dropped() const { return dropped_; }
+  [[nodiscard]] std::int64_t DroppedInQueue() const { return static_cast<std::int64_t>(droppedInQueue_.size()); }
   /// How many errors came within kFloodTime. Nothing when that is no flood.
   [[nodiscard]] std::optional<int> Flood() const;
   /// When the present flood will be over if no more errors come. Nothing when there is no flood.
@@ -80,9 +80,9 @@ class ErrorHistory {
   std::list<ErrorRow> rows_;
   std::map<std::u16string, Place> places_;  // by KeyOf
   std::map<std::int64_t, Place> standing_;  // by serial
-  std::set<std::int64_t> leftStanding_;     // serials of errors without a row that are still in the queue
+  std::set<std::int64_t> droppedInQueue_;   // serials of errors without a row that are still in the queue
   std::deque<Second> arrivals_;             // of the last kFloodTime, second by second
-  std::int64_t left_ = 0;
+  std::int64_t dropped_ = 0;
   std::int64_t revision_ = 0;
   std::int64_t lastId_ = 0;
   ErrorTime latest_{};

@@ -182,9 +182,11 @@ void HostSession::CloseAll() {
   }
 }
 
-bool HostSession::IsToolOpen(int toolId) const { return std::find(open_.begin(), open_.end(), toolId) != open_.end(); }
+bool HostSession::IsToolOpen(int toolId) const {
+  return std::find(openFrontLast_.begin(), openFrontLast_.end(), toolId) != openFrontLast_.end();
+}
 
-int HostSession::FrontTool() const { return open_.empty() ? -1 : open_.back(); }
+int HostSession::FrontTool() const { return openFrontLast_.empty() ? -1 : openFrontLast_.back(); }
 
 void HostSession::BringToFront(int toolId) {
   const PnlWindow window = ToolWindow(toolId);
@@ -225,7 +227,7 @@ void HostSession::FocusWithin(PnlWindow window) {
 }
 
 HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& menus) const {
-  for (auto tool = open_.rbegin(); tool != open_.rend(); ++tool) {
+  for (auto tool = openFrontLast_.rbegin(); tool != openFrontLast_.rend(); ++tool) {
     const auto menu = menus.find(*tool);
     if (menu == menus.end()) continue;
     // When a tool has cleared its bar, the panel gets it, not the next open tool.
@@ -236,11 +238,11 @@ HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& men
 }
 
 void HostSession::KeepToolState(int tool, bool open) {
-  const auto before = open_;
-  open_.erase(std::remove(open_.begin(), open_.end(), tool), open_.end());
-  if (open) open_.push_back(tool);
+  const auto before = openFrontLast_;
+  openFrontLast_.erase(std::remove(openFrontLast_.begin(), openFrontLast_.end(), tool), openFrontLast_.end());
+  if (open) openFrontLast_.push_back(tool);
   KeepWorkingTool(tool, open);
-  if (open_ != before) emit ToolsChanged();
+  if (openFrontLast_ != before) emit ToolsChanged();
 }
 
 void HostSession::KeepWorkingTool(int tool, bool open) {
@@ -248,8 +250,9 @@ void HostSession::KeepWorkingTool(int tool, bool open) {
   if (open) {
     workingTool_ = tool;
   } else if (workingTool_ == tool) {
-    const auto behind = std::find_if(open_.rbegin(), open_.rend(), [](int other) { return other != PNL_TOOL_ERRORS; });
-    workingTool_ = behind == open_.rend() ? -1 : *behind;
+    const auto behind = std::find_if(openFrontLast_.rbegin(), openFrontLast_.rend(),
+                                     [](int other) { return other != PNL_TOOL_ERRORS; });
+    workingTool_ = behind == openFrontLast_.rend() ? -1 : *behind;
   }
 }
 
@@ -268,7 +271,7 @@ void HostSession::OnCall(const HostCall& call) {
   // A listener may destroy the session.
   const QPointer<HostSession> alive(this);
   const auto first = [&call] { return call.args.value(0).toInt(); };
-  // The session updates its state before it tells anybody, so that a listener sees the new state.
+  // The session updates its state before it emits Called, so that a listener sees the new state.
   switch (call.slot) {
     case PNL_SLOT_TOOL_OPENING:
       KeepToolState(first(), true);

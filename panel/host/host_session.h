@@ -131,7 +131,7 @@ class HostSession : public QObject {
   bool reacting_ = true;
   std::map<int, MessageLine> messages_;
   std::vector<std::pair<int, PnlWindow>> loaded_;
-  std::vector<int> open_;  // the front tool last
+  std::vector<int> openFrontLast_;  // the open tools
   int workingTool_ = -1;
 };
 

@@ -46,9 +46,9 @@ class Operator : public QObject {
 
   /// The file request whose number is in E.XPLRDATA. Null when there is none or its owner has withdrawn it.
   [[nodiscard]] XPLRDATA_ST* Request() const;
-  /// Writes the folder and the file into the request's record and tells the asker. Returns false and sets a hint when
-  /// the record has gone or the names don't fit its fields. Then nothing is written, and the asker is told that there
-  /// is no file.
+  /// Writes the folder and the file into the request's record and reports that to the asker. Returns false and sets a
+  /// hint when the record has gone or the names don't fit its fields. Then nothing is written, and the asker gets the
+  /// report that there is no file.
   bool AcceptFile(const QString& folder, const QString& file);
   void CancelFile();
 

@@ -59,9 +59,9 @@ CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbe
   setCursorWidth(2);
   QScroller::grabGesture(viewport(), QScroller::TouchGesture);
   connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEdit::PlaceNumbers);
-  connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEdit::Light);
-  connect(this, &QPlainTextEdit::textChanged, this, &CodeEdit::Light);
-  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CodeEdit::Light);
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEdit::ColourVisibleLines);
+  connect(this, &QPlainTextEdit::textChanged, this, &CodeEdit::ColourVisibleLines);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CodeEdit::ColourVisibleLines);
   connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& rect, int dy) {
     if (dy != 0) {
       numbers_->scroll(0, dy);
@@ -70,7 +70,7 @@ CodeEdit::CodeEdit(QWidget* parent) : QPlainTextEdit(parent), numbers_(new Numbe
     }
   });
   PlaceNumbers();
-  Light();
+  ColourVisibleLines();
 }
 
 // A gesture that isn't released stays until the program ends.
@@ -88,7 +88,7 @@ int CodeEdit::NumbersWidth() const {
 
 void CodeEdit::Refresh() {
   PlaceNumbers();
-  Light();
+  ColourVisibleLines();
 }
 
 void CodeEdit::PlaceNumbers() {
@@ -104,10 +104,10 @@ void CodeEdit::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
   PlaceNumbers();
-  Light();
+  ColourVisibleLines();
 }
 
-void CodeEdit::Light() {
+void CodeEdit::ColourVisibleLines() {
   QTextEdit::ExtraSelection line;
   line.format.setBackground(QColor(theme::kRaised));
   line.format.setProperty(QTextFormat::FullWidthSelection, true);

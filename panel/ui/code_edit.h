@@ -25,7 +25,7 @@ class CodeEdit : public QPlainTextEdit {
  private:
   void PlaceNumbers();
   /// Colours the visible lines and lights the caret's line.
-  void Light();
+  void ColourVisibleLines();
   QWidget* numbers_;
 };
 

@@ -22,7 +22,7 @@ class ErrorHelpCover : public QWidget {
   /// Shows the help and takes the keyboard, or hides the cover without help. When the same help is shown already, the
   /// text keeps its scroll position.
   void Show(const std::optional<ErrorHelp>& help);
-  [[nodiscard]] bool Stands() const { return help_.has_value(); }
+  [[nodiscard]] bool IsShown() const { return help_.has_value(); }
   [[nodiscard]] const QString& Header() const { return header_; }
   [[nodiscard]] QPlainTextEdit& Text() const { return *text_; }
   [[nodiscard]] PanelKey* BackKey() const { return back_; }

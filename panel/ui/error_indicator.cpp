@@ -26,8 +26,8 @@ void ErrorIndicator::Show(const ErrorSign& sign, int standing) {
   sign_ = sign;
   standing_ = standing;
   if (otherFlash) StartFlash();
-  const QString count = QString::number(Count());
-  setText(Count() == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, count));
+  const QString count = QString::number(ErrorCount());
+  setText(ErrorCount() == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, count));
   setAccessibleName(sign_.count > 0 ? Say(Word::kErrorSign).arg(count, NameOfKind(sign_.kind)) : text());
   update();
 }
@@ -58,14 +58,14 @@ void ErrorIndicator::keyPressEvent(QKeyEvent* event) {
 }
 
 QColor ErrorIndicator::Fill() const {
-  if (Count() == 0) return QColor(theme::kSurface);
+  if (ErrorCount() == 0) return QColor(theme::kSurface);
   if (sign_.count == 0) return QColor(theme::kRed);
   const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
   return inverted_ ? theme::InkOn(color) : color;
 }
 
 QColor ErrorIndicator::Ink() const {
-  if (Count() == 0) return QColor(theme::kMuted);
+  if (ErrorCount() == 0) return QColor(theme::kMuted);
   if (sign_.count == 0) return QColor(theme::kText);
   const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
   return inverted_ ? color : theme::InkOn(color);
@@ -76,7 +76,7 @@ void ErrorIndicator::paintEvent(QPaintEvent*) {
   const QColor edge = hasFocus() ? QColor(theme::kAccent) : QColor(theme::kBorder);
   theme::DrawField(painter, rect(), isDown() ? QColor(theme::kPressed) : Fill(), edge, 6);
   theme::DrawText(painter, rect().adjusted(6, 0, -6, 0), Qt::AlignCenter, text(),
-                  theme::FittingFont(text(), width() - 12, fontPixels_, 11, Count() != 0), Ink());
+                  theme::FittingFont(text(), width() - 12, fontPixels_, 11, ErrorCount() != 0), Ink());
 }
 
 }  // namespace panel

@@ -19,7 +19,7 @@ class ErrorIndicator : public QAbstractButton {
   /// standing: the number of errors in the queue, shown when the sign has no count of its own.
   void Show(const ErrorSign& sign, int standing);
   void SetFontPixels(int pixels);
-  [[nodiscard]] int Count() const { return sign_.count > 0 ? sign_.count : standing_; }
+  [[nodiscard]] int ErrorCount() const { return sign_.count > 0 ? sign_.count : standing_; }
   [[nodiscard]] bool Flashes() const { return flash_.isActive(); }
   /// The colour of the field at this moment.
   [[nodiscard]] QColor Fill() const;

@@ -94,7 +94,7 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
 ErrorListCover::~ErrorListCover() { QScroller::ungrabGesture(list_->viewport()); }
 
 void ErrorListCover::Open() {
-  stands_ = true;
+  open_ = true;
   revision_.reset();
   Update();
   list_->setCurrentIndex(model_->index(0));
@@ -105,14 +105,14 @@ void ErrorListCover::Open() {
 }
 
 void ErrorListCover::Leave() {
-  if (!stands_) return;
-  stands_ = false;
+  if (!open_) return;
+  open_ = false;
   floodEnd_.stop();
   hide();
 }
 
 void ErrorListCover::Update() {
-  if (!stands_ || revision_ == desk_.History().Revision()) return;
+  if (!open_ || revision_ == desk_.History().Revision()) return;
   revision_ = desk_.History().Revision();
   Read();
 }

@@ -43,7 +43,7 @@ class ErrorListCover : public QWidget {
   void Leave();
   /// Reads the history again if it has changed and the list is shown.
   void Update();
-  [[nodiscard]] bool Stands() const { return stands_; }
+  [[nodiscard]] bool IsOpen() const { return open_; }
   [[nodiscard]] QListView& List() const { return *list_; }
   [[nodiscard]] const QStringList& Notes() const { return notes_; }
   [[nodiscard]] QString Details() const { return details_->toPlainText(); }
@@ -72,7 +72,7 @@ class ErrorListCover : public QWidget {
   QStringList notes_;
   QBasicTimer floodEnd_;  // removes the note of the flood when it is over
   std::optional<std::int64_t> revision_;
-  bool stands_ = false;
+  bool open_ = false;
   int fontPixels_ = 16;
 };
 

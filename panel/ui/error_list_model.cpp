@@ -76,10 +76,10 @@ ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now) {
 QStringList NotesOf(const ErrorHistory& history) {
   QStringList notes;
   if (const auto flood = history.Flood()) notes << Say(Word::kErrorFlood, QString::number(*flood));
-  const QString left = QString::number(history.Left());
-  if (history.LeftStanding() > 0) {
-    notes << Say(Word::kErrorsLeftOutStanding).arg(left, QString::number(history.LeftStanding()));
-  } else if (history.Left() > 0) {
+  const QString left = QString::number(history.Dropped());
+  if (history.DroppedInQueue() > 0) {
+    notes << Say(Word::kErrorsLeftOutStanding).arg(left, QString::number(history.DroppedInQueue()));
+  } else if (history.Dropped() > 0) {
     notes << Say(Word::kErrorsLeftOut, left);
   }
   return notes;

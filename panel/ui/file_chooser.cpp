@@ -80,11 +80,11 @@ FileChooser::FileChooser(PathResolver resolve, QWidget* parent)
 FileChooser::~FileChooser() { QScroller::ungrabGesture(list_->viewport()); }
 
 void FileChooser::Ask(const FileRequest& request, Accepted accepted, std::function<void()> left) {
-  if (stands_) Leave();
+  if (open_) Leave();
   request_ = request;
   accepted_ = std::move(accepted);
   left_ = std::move(left);
-  stands_ = true;
+  open_ = true;
   if (request_.title.isEmpty()) {
     request_.title = Say((request.flags & XPLR_FOLDERMODE) != 0 ? Word::kChooseFolder : Word::kChooseFile);
   }
@@ -99,10 +99,10 @@ void FileChooser::Ask(const FileRequest& request, Accepted accepted, std::functi
 }
 
 void FileChooser::Dismiss() {
-  if (!stands_) return;
-  stands_ = false;
+  if (!open_) return;
+  open_ = false;
   // The question about this request ends too; its answer has no effect any more.
-  if (confirm_->Stands()) confirm_->Answer(1);
+  if (confirm_->IsOpen()) confirm_->Answer(1);
   accepted_ = nullptr;
   left_ = nullptr;
   hide();
@@ -110,7 +110,7 @@ void FileChooser::Dismiss() {
 }
 
 void FileChooser::Leave() {
-  if (!stands_) return;
+  if (!open_) return;
   const auto left = std::exchange(left_, nullptr);
   Dismiss();
   if (left) left();
@@ -157,7 +157,7 @@ void FileChooser::SetProblem(const QString& problem) {
 }
 
 void FileChooser::Accept() {
-  if (!stands_ || confirm_->Stands()) return;
+  if (!open_ || confirm_->IsOpen()) return;
   const NameAnswer answer = CheckName(request_, resolve_, folder_, name_->text());
   if (answer.problem) return SetProblem(Say(*answer.problem));
   if (!answer.mustConfirm) return Take(answer);
@@ -172,7 +172,7 @@ void FileChooser::Accept() {
 }
 
 void FileChooser::Take(const NameAnswer& answer) {
-  if (!stands_) return;
+  if (!open_) return;
   if (answer.mustMake && !QDir().mkpath(resolve_(answer.folder))) return SetProblem(Say(Word::kFolderMissing));
   const auto accepted = std::exchange(accepted_, nullptr);
   Dismiss();

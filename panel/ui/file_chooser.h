@@ -29,7 +29,8 @@ class FileChooser : public QWidget {
   void Ask(const FileRequest& request, Accepted accepted, std::function<void()> left);
   /// Closes without calling accepted or left, because the request has ended elsewhere.
   void Dismiss();
-  [[nodiscard]] bool Stands() const { return stands_; }
+  /// Whether a request waits for its answer. The cover may be hidden meanwhile.
+  [[nodiscard]] bool IsOpen() const { return open_; }
 
   /// What the keys do.
   void Accept();
@@ -65,7 +66,7 @@ class FileChooser : public QWidget {
   FileRequest request_;
   Accepted accepted_;
   std::function<void()> left_;
-  bool stands_ = false;
+  bool open_ = false;
   QString folder_;
   QString problem_;
   QListWidget* list_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The panel's own soft keys, shown in a bar while no tool has a menu there: keys for the tools, the program and the
-// view. Only makes the items and tells what an item means.
+// view. This file only makes the items and knows what an item means.
 #pragma once
 
 #include <optional>

@@ -261,7 +261,7 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return chooser_->Stands() || question_->Stands() || errorHelp_->Stands() || errorList_->Stands();
+  return chooser_->IsOpen() || question_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {
@@ -274,7 +274,7 @@ void PanelWindow::Trigger(Action action) {
   // While a cover is shown, only the machine's own keys work: they act on nothing that the cover hides.
   const bool machineKey = keys_->Key(action) != nullptr;
   // The key that opens the list closes it too.
-  if (action == Action::kErrorList && errorList_->Stands()) return errorList_->Leave();
+  if (action == Action::kErrorList && errorList_->IsOpen()) return errorList_->Leave();
   if (Covered() && !machineKey) return;
   switch (action) {
     case Action::kOpenProgram:
@@ -335,7 +335,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 void PanelWindow::closeEvent(QCloseEvent* event) {
   if (asks_ && editor_->IsModified()) {
     event->ignore();
-    if (question_->Stands()) return;
+    if (question_->IsOpen()) return;
     desk_->AskToDiscard([this] {
       asks_ = false;
       close();

@@ -64,7 +64,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] OperatorKeys& Keys() const { return *keys_; }
   [[nodiscard]] MessageZone& Zone() const { return *zone_; }
   [[nodiscard]] StatusStrip& Status() const { return *status_; }
-  [[nodiscard]] Readings& Shown() const { return *readings_; }
+  [[nodiscard]] Readings& ReadingsShown() const { return *readings_; }
   [[nodiscard]] AxisDisplay& Axes() const { return *axes_; }
   [[nodiscard]] ProgramEditor& Editor() const { return *editor_; }
   [[nodiscard]] FileChooser& Chooser() const { return *chooser_; }
@@ -72,7 +72,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
-  [[nodiscard]] Keyboard& Focus() const { return *keyboard_; }
+  [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
   /// Draws the current state. It is called automatically after every change.
   void UpdateDisplay();

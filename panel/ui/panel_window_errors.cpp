@@ -44,8 +44,8 @@ void PanelWindow::LetErrorsPass() {
   if (shown) errorList_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
   for (QWidget* cover : std::initializer_list<QWidget*>{chooser_, question_}) {
-    const bool stands = cover == chooser_ ? chooser_->Stands() : question_->Stands();
-    if (!stands || cover->isVisible() != shown) continue;
+    const bool open = cover == chooser_ ? chooser_->IsOpen() : question_->IsOpen();
+    if (!open || cover->isVisible() != shown) continue;
     cover->setVisible(!shown);
     if (!shown) cover->raise();
   }

@@ -32,7 +32,7 @@ Question::Question(QWidget* parent) : QWidget(parent) {
 }
 
 void Question::Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered) {
-  if (Stands()) Answer(static_cast<int>(keys_.size()) - 1);
+  if (IsOpen()) Answer(static_cast<int>(keys_.size()) - 1);
   for (PanelKey* key : keys_) key->deleteLater();
   keys_.clear();
   text_ = text;
@@ -59,7 +59,7 @@ void Question::FocusCareful() {
 }
 
 void Question::Answer(int index) {
-  if (!Stands() || index < 0) return;
+  if (!IsOpen() || index < 0) return;
   // The question is closed before answered is called, because answered may ask the next one.
   const auto answered = std::exchange(answered_, nullptr);
   hide();

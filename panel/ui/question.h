@@ -24,7 +24,8 @@ class Question : public QWidget {
   void Answer(int index);
   /// Gives the keyboard to the careful answer.
   void FocusCareful();
-  [[nodiscard]] bool Stands() const { return static_cast<bool>(answered_); }
+  /// Whether a question waits for its answer. The cover may be hidden meanwhile.
+  [[nodiscard]] bool IsOpen() const { return static_cast<bool>(answered_); }
   [[nodiscard]] const QString& Text() const { return text_; }
   [[nodiscard]] PanelKey* Key(int index) const { return keys_.at(static_cast<std::size_t>(index)); }
   void SetFontPixels(int pixels);

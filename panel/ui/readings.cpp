@@ -42,7 +42,7 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int
   const int usual = theme::FittingFont(QStringLiteral("00000"), value.width(), most, kSmallest, true).pixelSize();
   theme::DrawText(painter, value, Qt::AlignRight | Qt::AlignVCenter, reading.value,
                   theme::FittingFont(reading.value, value.width(), usual, kSmallest, true),
-                  QColor(reading.stands ? theme::kAmber : theme::kText));
+                  QColor(reading.unusual ? theme::kAmber : theme::kText));
 }
 
 Word FeedCaption(const pnl::rig::MachineState& state) {

@@ -14,8 +14,8 @@ namespace panel {
 struct Reading {
   QString caption;
   QString value;
-  QString detail;       // small, beside the caption or below the value; empty for none
-  bool stands = false;  // differs from the usual value; drawn in amber
+  QString detail;        // small, beside the caption or below the value; empty for none
+  bool unusual = false;  // differs from the usual value; drawn in amber
   bool operator==(const Reading&) const = default;
 };
 

@@ -32,7 +32,7 @@ class StatusStrip : public QWidget {
   [[nodiscard]] QString StateText() const;
   [[nodiscard]] const QString& Mode() const { return mode_; }
   [[nodiscard]] ErrorIndicator& Indicator() const { return *indicator_; }
-  [[nodiscard]] int Errors() const { return indicator_->Count(); }
+  [[nodiscard]] int ErrorCount() const { return indicator_->ErrorCount(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -64,7 +64,7 @@ constexpr CaseRange kRanges[] = {
 
 }  // namespace
 
-char16_t CapitalBehindAscii(char16_t c) {
+char16_t CapitalBeyondAscii(char16_t c) {
   const auto* range = std::lower_bound(std::begin(kRanges), std::end(kRanges), c,
                                        [](const CaseRange& r, char16_t v) { return r.last < v; });
   if (range == std::end(kRanges) || c < range->first || (c - range->first) % range->step != 0) return c;

@@ -5,6 +5,6 @@
 namespace pnl {
 
 /// The capital of a Latin, Greek or Cyrillic small letter above U+007F. Returns any other unit as it is.
-[[nodiscard]] char16_t CapitalBehindAscii(char16_t c);
+[[nodiscard]] char16_t CapitalBeyondAscii(char16_t c);
 
 }  // namespace pnl

@@ -159,14 +159,14 @@ std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std
 
 namespace {
 
-struct DrivesOfItsOwn {
+struct OwnDrives {
   DriveMap drives;
 };
 
 /// Disc files with a copy of the drive map of their own.
-class CopiedDiscFiles final : private DrivesOfItsOwn, public DiscFiles {
+class CopiedDiscFiles final : private OwnDrives, public DiscFiles {
  public:
-  explicit CopiedDiscFiles(const DriveMap& original) : DrivesOfItsOwn{original}, DiscFiles(drives) {}
+  explicit CopiedDiscFiles(const DriveMap& original) : OwnDrives{original}, DiscFiles(drives) {}
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The seam between the tools and the discs of this machine: files by panel path. A panel path keeps its drive letter
 // and its backslashes everywhere ("C:\P108\MDIMAN.INI"). Only this seam turns it into a path of this machine. DiscFiles
-// works on the real discs. FailingFiles is a decorator that fails the calls it is told to fail.
+// works on the real discs.
 #pragma once
 
 #include <cstdint>

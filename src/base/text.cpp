@@ -72,7 +72,7 @@ Text DecodeFile(std::string_view bytes) {
 
 char16_t ToUpper(char16_t c) {
   if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 0x20) : c;
-  return CapitalBehindAscii(c);
+  return CapitalBeyondAscii(c);
 }
 
 Text ToUpper(TextView text) {

@@ -14,8 +14,8 @@ namespace pnl {
 
 class TextReader {
  public:
-  /// Without a byte order mark the file is read once, to its end or to the first bytes that aren't UTF-8, to tell UTF-8
-  /// from Latin-1.
+  /// If there is no byte order mark, the file is read once, to its end or to the first bytes that aren't UTF-8, to find
+  /// out whether it is UTF-8 or Latin-1.
   explicit TextReader(std::unique_ptr<FileReader> file);
 
   /// The text that is decoded and not yet taken. Empty only at the end of the file or after a failed read.

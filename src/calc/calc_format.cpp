@@ -13,9 +13,9 @@ namespace pnl {
 
 namespace {
 
-constexpr int kFewDigits = 4;      // integer parts below that many digits leave room for
-constexpr int kMostDecimals = 12;  // that many decimals
-constexpr int kDigits = 15;        // what a double is good for
+constexpr int kFewDigits = 4;      // an integer part with fewer digits leaves room
+constexpr int kMostDecimals = 12;  // for so many decimals
+constexpr int kDigits = 15;        // so many digits of a double are significant
 
 Text WithDecimals(double value, int decimals) { return Format(u"%.*f", decimals, value); }
 
@@ -56,7 +56,7 @@ Text FormatValue(double value) {
   const bool few = size < kFewDigits;
   const int decimals = few ? kMostDecimals : kDigits - size;
   const double least = few ? 1E-10 : std::pow(10.0, size) * 1E-15;
-  // The sign stays with a value that has no digit left: "-0".
+  // A value without a significant digit keeps its sign: "-0".
   if (!(fraction > least)) return WithDecimals(std::copysign(whole, value), 0);
 
   FractionDigits kept = DigitsOfFraction(fraction, decimals);

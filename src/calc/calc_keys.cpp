@@ -9,7 +9,7 @@ namespace pnl {
 
 namespace {
 
-constexpr int kFirstInsertion = 32783;  // of the menu commands
+constexpr int kFirstInsertion = 32783;  // the menu commands that write are in this range
 constexpr int kLastInsertion = 32816;
 
 // clang-format off
@@ -61,7 +61,7 @@ constexpr CalcKeyRow kRows[] = {
 };
 // clang-format on
 
-/// The line in three: left of the selection, selection, right of it.
+/// The line in three parts: the text left of the selection, the selection, and the text right of it.
 struct Parts {
   Parts(TextView line, TextSelection selection) {
     const int size = static_cast<int>(line.size());
@@ -75,7 +75,7 @@ struct Parts {
   }
   int start = 0;
   int end = 0;
-  int extra = 0;  // the brackets put around a selection
+  int extra = 0;  // the number of brackets that were put around the selection
   TextView left;
   Text wrapped;  // the selection in brackets, or nothing
   TextView right;
@@ -99,7 +99,7 @@ CalcEdit Write(const Parts& parts, const CalcKeyRow& row) {
 CalcEdit Back(const Parts& parts) {
   if (parts.extra != 0 || parts.left.empty()) return {Join(parts.left, {}, {}, parts.right), parts.start};
   TextView left = parts.left.substr(0, parts.left.size() - 1);
-  // A letter beyond the 16 bits is two units, and half of one is none.
+  // A character beyond 16 bits has two units. Both are removed.
   const bool pair = (parts.left.back() & 0xFC00) == 0xDC00 && !left.empty() && (left.back() & 0xFC00) == 0xD800;
   if (pair) left.remove_suffix(1);
   return {Join(left, {}, {}, parts.right), static_cast<int>(left.size())};
@@ -110,7 +110,7 @@ CalcEdit Bracket(const Parts& parts, TextView bracket) {
   return {Join(parts.left, parts.wrapped, {}, parts.right), parts.end + parts.extra};
 }
 
-/// Puts the prefix and ")" around the whole line, or takes them off.
+/// Puts the prefix and ")" around the whole line, or removes them if they are already there.
 CalcEdit ToggleAround(TextView line, TextView prefix) {
   const TextView trimmed = Trim(line);
   Text text;

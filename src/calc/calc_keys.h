@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the keys, menu commands and typed characters write: one table, and pure functions from the line and a command
-// to the new line and its caret. Knows no window and no evaluation; the key that confirms is not here.
+// What the keys, menu commands and typed characters write: one table, and pure functions that turn the line and a
+// command into the new line and its caret. They know no window and evaluate nothing. The key that confirms isn't here.
 #pragma once
 
 #include <optional>
@@ -11,39 +11,41 @@
 
 namespace pnl {
 
-/// Where a key's text goes around the selection.
+/// How a key's text and the selection are put together.
 enum class CalcForm { kPlain, kOperator, kFunction, kAssignment };
 
-/// One row: what writes the text. 0 means no key, no menu command, no character.
+/// One row: the key, the menu command and the typed character that write the text. 0 means that there is none.
 struct CalcKeyRow {
   int key;
   int menu;
   char16_t typed;
   CalcForm form;
   TextView text;
-  /// How far the caret goes from the selection; some numbers exceed what the text has, and the caret then stops at
-  /// the line's end or in what follows.
+  /// How far the caret is moved. Not a mistake: some numbers are greater than the length of the text. The caret is then
+  /// in the text that follows or at the end of the line.
   int caret;
 };
 
 [[nodiscard]] std::span<const CalcKeyRow> CalcKeyTable();
 
-/// The line after a command; the caret may lie beyond the text's end.
+/// The line after a command. The caret may be beyond the end of the text.
 struct CalcEdit {
   Text text;
   int caret = 0;
   friend bool operator==(const CalcEdit&, const CalcEdit&) = default;
 };
 
-/// By a key's or a menu command's id. An id that names nothing leaves the text and puts the caret at 0.
+/// Carries out the command of a key or a menu. An unknown id leaves the text as it is and puts the caret at 0.
 [[nodiscard]] CalcEdit InsertAtCaret(TextView line, TextSelection selection, int command);
-/// The text takes the place of the selection; without one it goes to the caret.
+/// Replaces the selection with the text, or inserts the text at the caret if nothing is selected. The new caret is that
+/// many characters after the start of the selection.
 [[nodiscard]] CalcEdit InsertPlainly(TextView line, TextSelection selection, TextView text, int caret);
-/// Empty for a caret; ends beyond the line are cut to it.
+/// The selected part of the line. It is empty for a caret. Positions beyond the line mean its end.
 [[nodiscard]] Text SelectedText(TextView line, TextSelection selection);
-/// The command that a typed character means; nothing for those that the line takes itself.
+/// The command of a typed character. Returns nothing for a character that the line takes as it is.
 [[nodiscard]] std::optional<int> CommandOfCharacter(char16_t character);
-/// Does the id reach InsertAtCaret: a key of the keypad but the one that confirms, or a menu command of that range?
+/// Whether InsertAtCaret handles the id: a key of the keypad except the one that confirms, or a menu command that
+/// writes.
 [[nodiscard]] bool IsInsertion(int command);
 
 }  // namespace pnl

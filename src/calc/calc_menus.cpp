@@ -9,7 +9,7 @@ namespace pnl {
 namespace {
 
 constexpr TextView kMenuName = u"IDR_CALCMENU";
-/// By this word a host finds help on the key that opens the machining calculator.
+/// A host uses this word to find the help for the key that opens the machining calculator.
 constexpr TextView kMachiningHelper = u"CALC_ZMC";
 
 }  // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The calculator's soft-key menu in its two parts, with its bitmaps and its check mark. It changes menu data only;
-// whoever owns it hands the parts to the bars and says when they are to be drawn anew.
+// The calculator's soft-key menu in two parts, with its bitmaps and its check mark. This class changes only the menu's
+// data. Its owner hands the parts to the bars and has them drawn again.
 #pragma once
 
 #include "host/language.h"
@@ -14,20 +14,20 @@ class CalcMenus {
   CalcMenus(const CalcMenus&) = delete;
   CalcMenus& operator=(const CalcMenus&) = delete;
 
-  /// Made after the language pack's. Without one there every handle is 0 and the other operations do nothing.
+  /// Loads the menu of the language. If there is none, every handle is 0 and the other operations do nothing.
   void Load();
-  /// A second call does nothing.
+  /// Destroys the menu. A second call does nothing.
   void Destroy();
   [[nodiscard]] MenuHandle All() const { return menu_; }
-  /// The parts for the bars; 0 when the menu has no such part.
+  /// The parts for the bars, or 0 if the menu does not have that part.
   [[nodiscard]] MenuHandle Main() const { return Part(0); }
   [[nodiscard]] MenuHandle Side() const { return Part(1); }
 
-  /// The check mark at the command for the compact window.
+  /// Sets or removes the check mark of the command for the compact window.
   void MarkCompact(bool compact);
-  /// For a control without the machining calculator.
+  /// Removes the command for the machining calculator, for a CNC that doesn't have one.
   void RemoveMachining();
-  /// The bitmaps for that base (number_base) and that angle unit.
+  /// Sets the bitmaps for a base (number_base) and an angle unit.
   void ShowState(int base, bool radians);
 
  private:

@@ -17,8 +17,8 @@ constexpr int kNoteGap = 2;
 constexpr int kStep = 8;
 constexpr int kLeastVisible = 24;
 
-// Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and rows at 54, 75, 96 and 117. The keys of what is
-// beyond the keypad are between the first two columns.
+// Keys are 22 by 17, in columns at 2, 59, 85, 111, 137 and 164 and in rows at 54, 75, 96 and 117. The keys that aren't
+// part of the keypad are between its first two columns.
 constexpr std::array kControls = {
     CalcControl{calc_id::kResult, CalcKind::kResult, u"", 2, 2, 184, 17},
     CalcControl{calc_id::kLine, CalcKind::kEdit, u"", 2, 22, 163, 16},

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Sizes and places of the calculator: its controls in the built-in dialog, what a language pack makes of that, the
-// pixels that come of both; its window, the lists over its keypad and the note beside it. Pure arithmetic; what there
-// is to measure comes from the view. Not the rules of opening, closing and compacting, which decide when something
-// moves.
+// Computes the sizes and places of the calculator: of its controls, in the built-in dialog and in that of a language
+// pack, in pixels, and of its window, the lists over the keypad and the note beside the window. It is pure arithmetic
+// on what the view has measured. The session decides when something is moved.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +22,7 @@ enum class CalcKind { kResult, kEdit, kStatic, kKey, kList };
 struct CalcControl {
   int id;
   CalcKind kind;
-  TextView text;            // of a key whose icon is missing
+  TextView text;            // shown on a key that has no icon
   int x, y, width, height;  // dialog units
 };
 
@@ -32,35 +31,38 @@ struct CalcExtent {
   int height = 0;
 };
 
-/// Every control that has a place of its own, in the order in which they are made: later ones lie over earlier ones.
+/// All controls of the dialog, in the order in which they are made. Later ones are over earlier ones.
 [[nodiscard]] std::span<const CalcControl> CalcControls();
-/// Of the whole dialog, in dialog units.
+/// The size of the whole dialog, in dialog units.
 [[nodiscard]] CalcExtent CalcDialogUnits();
 
-/// The control as the language's dialog has it; what that lacks stays as built in. The result points into both.
+/// The control with the text and the place that it has in the language's dialog. What the dialog doesn't have is as in
+/// control. The result's text belongs to one of the two.
 [[nodiscard]] CalcControl LocalizedControl(const CalcControl& control, const DialogTemplate* dialog);
 
-/// In pixels.
+/// The place of the control in pixels.
 [[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
-/// The scale that keeps keys as large as a finger on a screen of that density, in steps of a quarter; 1 for one of some
-/// 96 dots per inch or less, or one that can't be true. Never so large that the dialog takes more than half the
-/// parent's width or more than its height, unless it does so at 1.
+/// The scale at which keys are as large as a finger on a screen of that density. It is a multiple of a quarter. It is 1
+/// for about 96 dots per inch or less, and for a density that can't be true. The dialog never takes more than half the
+/// width of the parent or more than its height, unless it does so at scale 1.
 [[nodiscard]] double DialogScale(double dotsPerInch, const Rect& parent);
 
-/// What the sizes depend on, in the client area.
+/// The rectangles on which sizes and places depend. Those of the controls are in the client area.
 struct CalcMeasures {
   Rect client;
   Rect line;      // 1008
   Rect result;    // 1010
   Rect status;    // 1011
   Rect firstKey;  // 1013
-  Rect lastKey;   // 1016, the lowest of the first column
+  Rect lastKey;   // 1016, the lowest key of the first column
 };
 [[nodiscard]] CalcMeasures MeasureCalc(const CalcView& view);
 
-/// The client area's height. Normal: the lowest key's left margin repeated below it. Compact: ends above the keypad.
+/// The height of the client area. It ends below the lowest key, with the same margin as to the left of that key. In a
+/// compact window it ends above the keypad.
 [[nodiscard]] int CalcClientHeight(const CalcMeasures& measures, bool compact);
-/// Normal: over the keypad, to the client area's bottom. Compact: over the result display.
+/// The place of a list: over the keypad down to the bottom of the client area. In a compact window it is over the
+/// result display.
 [[nodiscard]] Rect CalcListRect(const CalcMeasures& measures, bool compact);
 
 enum class CalcDirection { kLeft, kRight, kUp, kDown };
@@ -69,11 +71,11 @@ struct CalcPlace {
   int top = 0;
   friend bool operator==(const CalcPlace&, const CalcPlace&) = default;
 };
-/// One step of the window in its parent; nothing when too little of it would stay visible on that side.
+/// The place of the window after one step in its parent. Returns nothing if too little of it would then be visible.
 [[nodiscard]] std::optional<CalcPlace> MoveCalc(const Rect& window, const Rect& parent, CalcDirection direction);
 
-/// Where a note of that size lies: below the window, above it where there is no room, else over its lower edge; always
-/// inside the parent as far as that reaches.
+/// The place of a note of that size: below the window, above it if there is no room below, else over the window at the
+/// bottom of the parent. It is inside the parent if the parent is large enough.
 [[nodiscard]] Rect CalcNoteRect(const Rect& parent, const Rect& window, CalcExtent note);
 
 }  // namespace pnl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The calculator's life: the opening steps, the ways to close it, what is saved, and the menus' own commands.
+// The part of the session that opens and closes the calculator and saves its files, and the commands that only the
+// menus have.
 #include "calc/calc_session.h"
 
 #include "calc/calc_ids.h"
@@ -39,22 +40,22 @@ void CalcSession::Open() {
   ResizeWindow();
   const TextRows rows = history_.Load();
   View().FillList(rows);
-  // From here on there is something to save.
+  // The rows and the place are in the window now, so they can be saved.
   opened_ = true;
-  // A missing language library opens a box, and the window may be gone when that is closed.
+  // If the language library is missing, a box opens, and the window may be gone after it.
   texts_ = LoadCalcTexts(Context().language);
   View().SetTitle(texts_.title);
   View().SetResultColors(kResultBack, kResultText);
   MakeControls();
   Host().HostToolOpening(kTool);
   InstallMenus();
-  // A timer that starts after the end would run as long as the window is there.
+  // After the end nobody would stop the timer.
   if (HasEnded()) return;
   timer_.Start(kTick, Later([this] { CompareSelection(); }));
   View().Show();
   View().BringToTop();
   View().FocusLine();
-  TellLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
+  ShowLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
 }
 
 void CalcSession::MakeControls() {
@@ -72,7 +73,7 @@ void CalcSession::InstallMenus() {
   menus_.MarkCompact(minimized_);
   Host().HostSetMainMenu(kTool, menus_.Main());
   Host().HostSetSideMenu(kTool, menus_.Side());
-  // An ended tool asks the kernel nothing.
+  // After the end the tool must not ask the kernel.
   if (HasEnded()) return;
   if (Kapi().SWOption_IsZMCON() == 0) menus_.RemoveMachining();
   UpdateMenuState();
@@ -108,11 +109,11 @@ void CalcSession::EndActivity() {
   MarkEnded();
 }
 
-// The closing steps come after the end. The host hears of it whoever destroys the window meanwhile, so they ask neither
-// View nor Host.
+// The closing steps come after MarkEnded. The host must hear of the closing even if somebody destroys the window
+// meanwhile. So they don't use View and Host, which would throw.
 
 void CalcSession::Close(int code) {
-  // Handing the value over may have ended the tool; the host hears of it once.
+  // The tool may have ended when it wrote the value. The host must hear of the closing only once.
   if (HasEnded()) return;
   EndActivity();
   HideWindow();
@@ -134,7 +135,7 @@ void CalcSession::HideWindow() {
 }
 
 void CalcSession::DestroyWindow() {
-  // Hiding may have destroyed it already.
+  // The window may have been destroyed when it was hidden.
   if (window_ != nullptr) window_->Destroy();
   Save();
 }
@@ -157,10 +158,10 @@ void CalcSession::Save() {
   }
   window_ = nullptr;
   menus_.Destroy();
-  TellNotSaved(Context(), kTool, failed);
+  ShowNotSaved(Context(), kTool, failed);
 }
 
-// The menus' own commands.
+// The commands that only the menus have.
 
 void CalcSession::OnMenuCommand(int id) {
   switch (id) {
@@ -189,7 +190,7 @@ void CalcSession::ChangeBase() {
   UpdateMenuState();
 }
 
-/// The result stays as it was computed; only what is computed from now on has the other unit.
+/// Changes the angle unit. The result stays as it is. The next evaluation uses the new unit.
 void CalcSession::ChangeAngle() {
   radians_ = !radians_;
   RefreshPreview();
@@ -197,7 +198,7 @@ void CalcSession::ChangeAngle() {
 }
 
 void CalcSession::ToggleCompact() {
-  // Closing the list gives the line its old text, which a running confirmation has to keep.
+  // Closing the list would change the text of the line, and a running confirmation must keep it.
   if (run_.IsConfirming() && openList_ != OpenList::kNone) return;
   CloseHistory(Keep::kSavedLine);
   CloseVariables();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The calculator without its window: what every key, command, message and tick does. It asks the window through
-// CalcView and the panel through ToolContext. The language of expressions is in calc/expr, the files are in
-// calc_storage, the words in calc_words.
+// The calculator without its window. It decides what each key, command, message and timer tick does. It uses the window
+// through CalcView and the panel through ToolContext. calc/expr evaluates expressions, calc_storage has the files, and
+// calc_words has the words.
 #pragma once
 
 #include <cstdint>
@@ -42,49 +42,51 @@ class CalcSession final : public ToolSession<CalcView> {
   /// param is the second argument of LoadPNLTool.
   CalcSession(const ToolContext& context, CalcView& view, std::int32_t param);
 
-  /// The opening steps, to the window's appearance. A second call does nothing.
+  /// Opens the calculator: reads its files, loads texts and menus, calls the host and shows the window. A second call
+  /// does nothing.
   void Open();
-  /// The window is going: history and settings are saved, nothing runs any more. The view must still report its rows
-  /// and its place. After an end nothing is left to do.
+  /// Ends the tool before its window is destroyed: stops what is running and saves history and settings. The view must
+  /// still have its rows and its place. A second call does nothing.
   void End();
 
-  /// Before the controls' own handling; true when there is nothing left to do for them. For Up and Down with the
-  /// history open the answer is false as a rule: the list moves, and OnListSelection follows.
+  /// Handles a key before the controls get it. Returns true if they must not get it. With the history open it usually
+  /// returns false for Up and Down: the list handles them and then OnListSelection is called.
   bool OnKey(CalcKey key, bool ctrl);
-  /// A typed character; true when it was taken ("+", "=", ... while no list is open).
+  /// Handles a typed character. Returns true if the line must not get it. Characters like "+" and "=" are such ones
+  /// while no list is open.
   bool OnCharacter(char16_t character);
   void OnLineChanged();
-  /// A click on the line: closes an open list.
+  /// Handles a press on the line: closes an open list.
   void OnLinePressed();
-  /// A key of the keypad, or a menu command that writes; other ids do nothing.
+  /// Handles a key of the keypad, or a menu command that writes. Ignores other ids.
   void OnButton(int id);
-  /// A command of the menus: from a soft key (PNL_MSG_COMMAND), or from the bar on the window.
+  /// Handles a menu command, from a soft key (PNL_MSG_COMMAND) or from the bar on the window.
   void OnMenuCommand(int id);
-  /// The operator has moved in the open history or pressed a row of it, whether or not the selection is another one.
+  /// The operator has moved in the open history or pressed a row of it. The selection may still be the same.
   void OnListSelection();
   void OnListDoubleClick();
   void OnVariablesPicked();
-  /// The answer to PNL_MSG_TOOL_COMMAND.
+  /// Handles PNL_MSG_TOOL_COMMAND and returns the answer to it.
   std::intptr_t OnToolCommand(std::intptr_t request);
-  /// "TM_HANDLEVALUE": a value from outside replaces the line.
+  /// Handles "TM_HANDLEVALUE": replaces the line with a value from outside.
   void OnHandleValue();
-  /// One piece of a long evaluation, a few milliseconds at most.
+  /// Computes one piece of a long evaluation. It takes a few milliseconds at most.
   void Work();
 
   [[nodiscard]] std::int32_t Param() const { return param_; }
   [[nodiscard]] bool IsComputing() const { return run_.IsRunning(); }
   [[nodiscard]] bool IsListOpen() const { return openList_ == OpenList::kHistory; }
   [[nodiscard]] bool IsMenuAttached() const { return menuAttached_; }
-  /// 0 hexadecimal, 1 decimal, 2 binary.
+  /// The base in use, one of number_base.
   [[nodiscard]] int NumberBase() const { return numberBase_; }
   [[nodiscard]] bool Radians() const { return radians_; }
-  /// Of the last confirmed evaluation.
+  /// The value of the last confirmed expression.
   [[nodiscard]] double Value() const { return value_; }
 
  private:
-  /// Which list lies over the keypad.
+  /// The list that is over the keypad.
   enum class OpenList { kNone, kHistory, kVariables };
-  /// What is on the line when the history closes: the selected row, or the line as it was when the list opened.
+  /// What the line has after the history closes: the selected row, or its text from before the history opened.
   enum class Keep { kSelectedRow, kSavedLine };
 
   // Opening and closing.
@@ -92,13 +94,13 @@ class CalcSession final : public ToolSession<CalcView> {
   void InstallMenus();
   void UpdateMenuState();
   void EndActivity();
-  /// With that code to the host (PnlCloseReason).
+  /// Closes the calculator and reports the code (PnlCloseReason) to the host.
   void Close(int code);
   void GoToMachining();
   void HideWindow();
   void DestroyWindow();
   void Save();
-  // The menus' own commands, and what the window looks like.
+  // The commands that only the menus have, and the size of the window.
   void ChangeBase();
   void ChangeAngle();
   void ToggleCompact();
@@ -117,19 +119,19 @@ class CalcSession final : public ToolSession<CalcView> {
   void WriteLine(TextView text);
   void ShowEdit(const Text& line, const CalcEdit& edit);
   void InsertText(TextView text);
-  // Previews: the words about the line, or about a selection in it.
+  // Previews: the status line says what the line or the selection in it is worth.
   void PreviewLine();
   [[nodiscard]] bool PreviewSelection();
   void RefreshPreview();
   void CompareSelection();
   void Preview(const Text& text, CalcTask task);
   void EndPreview();
-  // Confirming: the line becomes value, result and a row of the history.
+  // Confirming: the line is computed and becomes a row of the history, and its value becomes the result.
   void Confirm(CalcTask task);
   void EndConfirm();
   void CancelConfirm();
   void InsertAndClose();
-  // What runs.
+  // The running evaluation.
   [[nodiscard]] bool StartWork(std::unique_ptr<CalcWork> work, CalcTask task, const Text& line);
   void DropWork();
   // The note.
@@ -151,8 +153,8 @@ class CalcSession final : public ToolSession<CalcView> {
   void PickVariable();
 
   const std::int32_t param_;
-  CalcView* window_;     // for the closing steps alone, which come after the end; null once they are over
-  bool opened_ = false;  // there is something to save
+  CalcView* window_;     // only for the closing steps, which come after MarkEnded; null after them
+  bool opened_ = false;  // whether there is something to save
   CalcSettingsRead loaded_;
   CalcHistory history_;
   CalcTexts texts_;
@@ -161,16 +163,16 @@ class CalcSession final : public ToolSession<CalcView> {
   bool minimized_ = false;
   int numberBase_ = number_base::kDecimal;
   bool radians_ = false;
-  double value_ = 0;  // of the last confirmed evaluation
+  double value_ = 0;  // of the last confirmed expression
   CalcRun run_;
-  std::optional<double> previewValue_;  // what the line was worth last
-  Text lastSelectedText_;               // at the timer's last tick
+  std::optional<double> previewValue_;  // of the last preview that had a value
+  Text lastSelectedText_;               // at the last tick of the timer
   ScopedTimer timer_;
   CalcNotes notes_;
-  Text shownNote_;  // as the view shows it
+  Text shownNote_;  // the text that the view shows
   OpenList openList_ = OpenList::kNone;
-  Text savedLine_;                      // as it was when the history opened
-  std::vector<VariableRow> variables_;  // in the open list
+  Text savedLine_;                      // the line from before the history opened
+  std::vector<VariableRow> variables_;  // the rows of the open list
 };
 
 }  // namespace pnl

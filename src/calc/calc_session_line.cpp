@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The calculator's line: what buttons and characters write to it, its previews, and confirming it. A preview works on a
-// copy of the variables, so it leaves nothing but words on the status line. The variables change only when a
-// confirmation has ended, never on its way and never when it was cancelled.
+// The part of the session that handles the line: what buttons and characters write to it, its previews, and its
+// confirmation. A preview works on a copy of the variables and changes only the status line and the note. The variables
+// change only when a confirmation has ended. They don't change while it runs or if it is cancelled.
 #include <algorithm>
 #include <utility>
 
@@ -23,22 +23,22 @@ PreviewExtent ExtentOf(CalcTask task) {
 
 // The line.
 
-/// Up to a NUL, if one got in.
+/// The text of the line up to the first NUL, if there is one.
 Text CalcSession::LineText() const {
   Text line = View().LineText();
   line.resize(std::min(line.find(u'\0'), line.size()));
   return line;
 }
 
-/// In the place of the whole line, with the caret at its end.
+/// Replaces the line and puts the caret at its end.
 void CalcSession::WriteLine(TextView text) {
   View().SetLineText(text);
   const int end = static_cast<int>(text.size());
   View().SetLineSelection({end, end});
 }
 
-/// What the keys write keeps to the limit of what is typed: an edit that would pass it is none. A line that is longer
-/// already, a row of the history for instance, may only get shorter.
+/// Shows the line after a key. The limit is the same as for typing: if the new line is longer, nothing is changed. A
+/// line that is already longer, for example a row of the history, must not become still longer.
 void CalcSession::ShowEdit(const Text& line, const CalcEdit& edit) {
   if (edit.text.size() > std::max(line.size(), kLongestExpression)) return View().FocusLine();
   View().SetLineText(edit.text);
@@ -46,7 +46,7 @@ void CalcSession::ShowEdit(const Text& line, const CalcEdit& edit) {
   View().SetLineSelection({edit.caret, edit.caret});
 }
 
-/// At the caret, in the place of a selection.
+/// Inserts the text at the caret or in place of the selection.
 void CalcSession::InsertText(TextView text) {
   const int caret = static_cast<int>(text.size());
   const Text line = View().LineText();
@@ -56,7 +56,7 @@ void CalcSession::InsertText(TextView text) {
 void CalcSession::OnButton(int id) {
   if (id == calc_id::kShowBases) ToggleNote(CalcNote::kBases);
   if (id == calc_id::kShowSolver) ToggleNote(CalcNote::kSolver);
-  // What would change line, list or variables waits until a running confirmation has ended or was cancelled.
+  // While a confirmation runs, nothing may change the line, the lists or the variables.
   if (run_.IsConfirming()) return;
   if (id == calc_id::kOpenList) ToggleHistory();
   if (id == calc_id::kShowVariables) ToggleVariables();
@@ -73,7 +73,7 @@ void CalcSession::OnButton(int id) {
 
 bool CalcSession::OnCharacter(char16_t character) {
   if (run_.IsConfirming()) return true;
-  // In an open list a character looks for a row.
+  // An open list uses the character to search for a row.
   if (openList_ != OpenList::kNone) return false;
   const auto command = CommandOfCharacter(character);
   if (command) OnButton(*command);
@@ -82,7 +82,8 @@ bool CalcSession::OnCharacter(char16_t character) {
 
 void CalcSession::OnLineChanged() {
   if (run_.IsConfirming()) {
-    // What got past the keys (pasting, a key held down) must not change what is being confirmed.
+    // The line may change without a key of ours, by pasting or by a key that is held down. It must stay what is being
+    // confirmed.
     const Text line = run_.Line();
     if (View().LineText() != line) WriteLine(line);
     return;
@@ -116,7 +117,7 @@ void CalcSession::PreviewLine() {
   RefreshNote();
 }
 
-/// False without a selection in what is previewed.
+/// Previews the selection. Returns false if nothing is selected in the part of the line that is previewed.
 bool CalcSession::PreviewSelection() {
   const Text selected = SelectedText(LineText().substr(0, kLongestPreview), View().LineSelection());
   if (selected.empty()) return false;
@@ -124,13 +125,13 @@ bool CalcSession::PreviewSelection() {
   return true;
 }
 
-/// The selection if there is one, else the line.
+/// Previews the selection if there is one, else the line.
 void CalcSession::RefreshPreview() {
   if (run_.IsConfirming()) return;
   if (!PreviewSelection()) PreviewLine();
 }
 
-/// The timer's tick: a selection that changed since the last one is previewed.
+/// Handles a tick of the timer: if the selection has changed since the last tick, makes a new preview.
 void CalcSession::CompareSelection() {
   if (run_.IsConfirming()) return;
   Text selected = SelectedText(LineText(), View().LineSelection());
@@ -164,7 +165,7 @@ void CalcSession::EndPreview() {
 
 // Confirming.
 
-/// A line that doesn't compile changes nothing: the status line says why already.
+/// Starts to confirm the line. If it doesn't compile, nothing changes: the status line already shows the failing place.
 void CalcSession::Confirm(CalcTask task) {
   const Text line = LineText();
   auto work = std::make_unique<CalcWork>(SharedCalcStore());
@@ -177,7 +178,7 @@ void CalcSession::Confirm(CalcTask task) {
 void CalcSession::EndConfirm() {
   const CalcRun::Ended ended = run_.Take();
   const std::optional<double> value = ended.work->Finish();
-  // Also after a failure: assignments made before it stay.
+  // This is done after a failure too: the assignments before the failure stay.
   ended.work->StoreTo(SharedCalcStore());
   if (!value) {
     View().SetStatus(ConfirmFailureStatus(texts_, ended.work->Description()));
@@ -188,7 +189,7 @@ void CalcSession::EndConfirm() {
   View().SetResultText(FormatResult(value_, numberBase_));
   View().InsertListItem(0, ended.line);
   View().SetLineText({});
-  // Not before the line has changed, which drops a hint.
+  // This comes after the change of the line, because that change drops the hint.
   notes_.TakeReport(ended.work->Solver());
   RefreshNote();
   if (ended.task == CalcTask::kConfirmAndClose) InsertAndClose();
@@ -210,9 +211,9 @@ void CalcSession::OnInsert() {
   Confirm(CalcTask::kConfirmAndClose);
 }
 
-// What runs.
+// The running evaluation.
 
-/// Makes the first pieces at once: true when that was all of it, else it runs on.
+/// Starts an evaluation and computes its first steps. Returns true if it has ended with them. Else it goes on later.
 bool CalcSession::StartWork(std::unique_ptr<CalcWork> work, CalcTask task, const Text& line) {
   DropWork();
   if (run_.Start(std::move(work), task, line)) return true;

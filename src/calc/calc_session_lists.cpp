@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The calculator's keys and the two lists over its keypad: what each key does in each state of the lists, the rows of
-// the history on the line, and the variables that have a value.
+// The part of the session that handles the keys and the two lists over the keypad: the history and the variables.
 #include <algorithm>
 #include <utility>
 
@@ -15,7 +14,7 @@ bool CalcSession::OnKey(CalcKey key, bool ctrl) {
   if (ctrl) return OnCtrlKey(key);
   if (OnFreeKey(key)) return true;
   if (!run_.IsConfirming()) return OnEditingKey(key);
-  // The caret may walk; everything else waits for the end, or for Escape.
+  // While a confirmation runs, only the keys that move the caret reach the line.
   return key != CalcKey::kLeft && key != CalcKey::kRight;
 }
 
@@ -41,13 +40,13 @@ bool CalcSession::OnCtrlKey(CalcKey key) {
   }
 }
 
-/// At the edge the window just stays.
+/// Moves the window by one step, if enough of it stays visible.
 void CalcSession::MoveStep(CalcDirection direction) {
   const auto place = MoveCalc(View().WindowRect(), View().ParentClientRect(), direction);
   if (place) View().MoveWindow(place->left, place->top);
 }
 
-/// Keys that leave line, lists and variables alone, and so work while a confirmation runs.
+/// Handles the keys that also work while a confirmation runs, because they don't change line, lists or variables.
 bool CalcSession::OnFreeKey(CalcKey key) {
   switch (key) {
     case CalcKey::kEscape:
@@ -95,7 +94,7 @@ bool CalcSession::OnEditingKey(CalcKey key) {
 void CalcSession::OnEscape() {
   if (run_.IsConfirming()) return CancelConfirm();
   if (openList_ == OpenList::kVariables) return CloseVariables();
-  // A note goes along with whatever else the key does: it never costs the operator a second press.
+  // The key closes the note and also does its other work, so that the operator needn't press it twice.
   CloseNote();
   if (openList_ == OpenList::kHistory) return CloseHistory(Keep::kSavedLine);
   Host().HostToolWantsClose(PNL_TOOL_CALCULATOR);
@@ -117,10 +116,10 @@ void CalcSession::OnEnter() {
 
 // Both lists.
 
-/// Puts that list over the keypad, or takes it away and shows the keypad again.
+/// Shows a list over the keypad, or hides it and shows the keypad again.
 void CalcSession::LayOverKeypad(int list, bool shown) {
   if (shown) View().MoveControl(list, CalcListRect(MeasureCalc(View()), minimized_));
-  // In a compact window the list takes the place of the result display.
+  // In a compact window the list is in the place of the result display.
   if (!shown || minimized_) View().ShowControl(calc_id::kResult, !shown);
   if (shown) View().ShowControl(list, true);
   for (int key = calc_id::kFirstKey; key <= calc_id::kLastKey; ++key) View().ShowControl(key, !shown);
@@ -138,7 +137,8 @@ void CalcSession::OnListDoubleClick() {
   if (!run_.IsConfirming()) CloseHistory(Keep::kSelectedRow);
 }
 
-/// Of several selected rows the one that the keys are on, else the first; nothing without a selection.
+/// The selected row. If several are selected, it is the current one, or the first one if the current row isn't
+/// selected. Returns nothing if none is selected.
 std::optional<Text> CalcSession::SelectedRow() const {
   const std::vector<int> selected = View().ListSelection();
   if (selected.empty()) return std::nullopt;
@@ -155,7 +155,7 @@ void CalcSession::OpenHistory() {
   View().FocusList();
 }
 
-/// Nothing happens when it isn't open.
+/// Closes the history. Does nothing if it isn't open.
 void CalcSession::CloseHistory(Keep keep) {
   if (openList_ != OpenList::kHistory) return;
   openList_ = OpenList::kNone;
@@ -175,8 +175,8 @@ void CalcSession::ShowSelectedRow() {
   if (const auto row = SelectedRow()) View().SetLineText(*row);
 }
 
-/// With nothing selected the row that the keys are on becomes the selected one, and goes to the line; else false. So a
-/// row that took the place of a deleted one isn't passed over.
+/// If no row is selected, selects the current row, writes it to the line and returns true. Else returns false. So the
+/// row after a deleted one isn't skipped.
 bool CalcSession::TakeCurrentRow() {
   const int current = View().ListCurrent();
   if (current < 0 || !View().ListSelection().empty()) return false;
@@ -196,7 +196,7 @@ void CalcSession::OnVariablesPicked() {
   if (!run_.IsConfirming()) PickVariable();
 }
 
-/// A history that is open closes with the line as it was.
+/// Opens or closes the list of variables. An open history is closed, and the line gets back its saved text.
 void CalcSession::ToggleVariables() {
   if (openList_ == OpenList::kVariables) return CloseVariables();
   CloseHistory(Keep::kSavedLine);
@@ -206,7 +206,7 @@ void CalcSession::ToggleVariables() {
   View().FocusVariables();
 }
 
-/// Nothing happens when the list isn't open.
+/// Closes the list of variables. Does nothing if it isn't open.
 void CalcSession::CloseVariables() {
   if (openList_ != OpenList::kVariables) return;
   openList_ = OpenList::kNone;
@@ -222,13 +222,13 @@ void CalcSession::FillVariables() {
   View().FillVariables(rows);
 }
 
-/// The selected row's name goes to the caret, and the list closes; without a selection it stays open.
+/// Inserts the name of the selected variable at the caret and closes the list. Does nothing if none is selected.
 void CalcSession::PickVariable() {
   if (openList_ != OpenList::kVariables) return;
   const int row = View().VariablesSelection();
   if (row < 0) return;
   CloseVariables();
-  // The row that says that there are none has no name.
+  // The row that says that there are no variables has no name.
   const auto index = static_cast<std::size_t>(row);
   if (index < variables_.size()) InsertText(variables_[index].name);
 }

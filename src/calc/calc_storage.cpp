@@ -17,7 +17,7 @@ constexpr TextView kMinimized = u"Minimized";
 constexpr int kUsersDrive = 1;
 constexpr int kUsable = 0;
 constexpr int kNotWritable = -1;
-// What a window system takes; further out nothing could be seen, and sums would overflow.
+// Window systems take no greater coordinates. With greater ones the window couldn't be seen, and sums would overflow.
 constexpr int kFarthest = 32767;
 
 Text PathIn(Utilities& utilities, int pathId) { return Format(u"%s\\%s", utilities.Get7340Path(pathId), kCalcIniName); }
@@ -29,15 +29,16 @@ CalcSettings SettingsIn(CIniFile& ini) {
   Text window = ini.ReadString(kSection, kWindow, u"0,0");
   settings.left = Coordinate(window);
   settings.top = Coordinate(window);
-  // Here "1" doesn't mean yes, as it does elsewhere.
+  // Not a mistake: only "YES" switches this on. In other files "1" does too.
   settings.minimized = EqualNoCase(ini.ReadString(kSection, kMinimized, u"NO"), u"YES");
   return settings;
 }
 
-/// kept: what is in use only because this copy couldn't be looked at; null if it could.
+/// Writes the settings into one copy. kept is null, or what was loaded without this copy because it couldn't be read;
+/// then only the settings that differ from it are written.
 bool Write(Files& files, const Text& path, const CalcSettings& settings, const CalcSettings* kept) {
   CIniFile ini(files);
-  // Without a file the object is empty; one that can't be read is refused by WriteIniFile.
+  // If the file doesn't exist, ini is empty. If it exists and can't be read, WriteIniFile fails.
   const bool there = ini.ReadIniFile(path);
   const bool compare = there && kept != nullptr;
   if (!compare || settings.left != kept->left || settings.top != kept->top) {
@@ -86,12 +87,12 @@ CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities) {
 
 bool SaveCalcSettings(Files& files, Utilities& utilities, const CalcSettings& settings,
                       const CalcSettingsRead& loaded) {
-  // Any status but this one lets the copy be written, although loading asks for more.
+  // Not a mistake: only this status forbids writing, although reading needs the status kUsable.
   const bool users = utilities.UTIL7340_DriveStatus(kUsersDrive) != kNotWritable;
   const CalcSettings* kept = loaded.usersUnknown ? &loaded.settings : nullptr;
   const bool stored = users && Write(files, PathIn(utilities, path_id::kUserSettings), settings, kept);
   const bool machines = Write(files, PathIn(utilities, path_id::kSetup), settings, nullptr);
-  // The user's copy is the one that is read first.
+  // The user's copy is read first, so it counts if it may be written.
   return users ? stored : machines;
 }
 

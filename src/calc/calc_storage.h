@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The calculator's two files on the disc. "calc.htr" has the confirmed expressions, one a line, newest first.
+// The calculator's two files on the disc. "calc.htr" has the confirmed expressions, one in each line, the newest first.
 // "Calc7340.ini" has the window's place and whether it is compact, in two copies: the user's (path id 108) and the
-// machine's (path id 52). What can't be read is an empty list or the default, silently.
+// machine's (path id 52). If a file can't be read, the list is empty or the settings are the defaults, and nothing is
+// reported.
 #pragma once
 
 #include "base/files.h"
@@ -12,19 +13,20 @@
 
 namespace pnl {
 
-/// A file that was out of reach when it was loaded, or that came into being since, gets the new expressions in front.
+/// The file of confirmed expressions. If it couldn't be read completely by Load, or didn't exist then and does now,
+/// Save puts only the new expressions in front of its rows.
 class CalcHistory {
  public:
   static constexpr TextView kName = u"calc.htr";
 
   CalcHistory(Files& files, Utilities& utilities) : files_(files), utilities_(utilities) {}
 
-  /// The rows of the file in order, as far as they can be read.
+  /// Returns the rows of the file in order, as far as they can be read.
   [[nodiscard]] TextRows Load();
-  /// This expression was confirmed since Load; its row is the list's first one.
+  /// Notes an expression that was confirmed after Load. The caller puts it at the front of the list.
   void NoteAdded(TextView expression) { added_.push_front(expression); }
-  /// Stores the rows that the list has now; without any the file stays as it is. False when they couldn't be stored:
-  /// the file is then as it was.
+  /// Stores the rows of the list. Without rows the file stays as it is. Returns false and leaves the file as it was if
+  /// they can't be stored.
   [[nodiscard]] bool Save(const TextRows& rows);
 
  private:
@@ -37,7 +39,7 @@ class CalcHistory {
 };
 
 struct CalcSettings {
-  int left = 0;  // of the window, in the parent's client area
+  int left = 0;  // the place of the window in the client area of the parent
   int top = 0;
   bool minimized = false;
   friend bool operator==(const CalcSettings&, const CalcSettings&) = default;
@@ -47,15 +49,17 @@ inline constexpr TextView kCalcIniName = u"Calc7340.ini";
 
 struct CalcSettingsRead {
   CalcSettings settings;
-  /// The user's copy couldn't be looked at, so that it may hold others.
+  /// Whether the user's copy couldn't be read and so may have other settings.
   bool usersUnknown = false;
 };
 
-/// From the user's copy, while its drive can be used and it is there, else from the machine's; defaults without one.
+/// Reads the settings from the user's copy, or from the machine's copy if the user's isn't found or its drive can't be
+/// used. Returns defaults if that copy can't be read.
 [[nodiscard]] CalcSettingsRead LoadCalcSettings(Files& files, Utilities& utilities);
-/// Into both copies, the user's unless its drive can't be written. Everything else in the files stays, and so does a
-/// file that is there but can't be read. A setting that is as it was loaded isn't written over the user's copy if that
-/// couldn't be looked at then. False when the copy that will be read first couldn't be written.
+/// Writes the settings into both copies, but not into the user's if its drive can't be written. Keeps everything else
+/// in the files. Does not write a file that exists and can't be read. If the user's copy couldn't be read when the
+/// settings were loaded, only those that have changed are written there. Returns false if the copy that is read first
+/// couldn't be written.
 [[nodiscard]] bool SaveCalcSettings(Files& files, Utilities& utilities, const CalcSettings& settings,
                                     const CalcSettingsRead& loaded);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the calculator's logic asks of its window. The window holds controls and decides nothing: every rule (when,
-// which, with what text) is the logic's. Implemented by ZCCalc7340 on Qt and by a recording view in the tests. All
-// rectangles are pixels; colours are 0x00BBGGRR.
+// What the calculator's logic asks of its window. The window has the controls and decides nothing. The logic has every
+// rule: when, which, with what text. ZCCalc7340 implements it on Qt, and a recording view in the tests. All rectangles
+// are in pixels. Colours are 0x00BBGGRR.
 #pragma once
 
 #include <cstdint>
@@ -16,71 +16,71 @@ namespace pnl {
 
 class CalcView : public ToolView {
  public:
-  // The window. Rectangles of the window are in the parent's client area.
+  // The window. Its rectangles are in the client area of the parent.
   [[nodiscard]] virtual Rect WindowRect() const = 0;
   virtual void MoveWindow(int left, int top) = 0;
-  /// Of the client area below an attached menu bar; the width stays.
+  /// Sets the height of the client area, which begins below an attached menu bar. The width stays.
   virtual void SetClientHeight(int height) = 0;
-  /// The window goes when the present event is over. Until then it still reports its rows and its place.
+  /// Destroys the window when the present event is over. Until then it still has its rows and its place.
   virtual void Destroy() = 0;
   /// Asks the top-level window of the panel to close.
   virtual void ClosePanel() = 0;
   virtual void SetTitle(TextView title) = 0;
-  /// Puts that menu on the window as a bar, or takes it off (0). Its commands come as OnMenuCommand.
+  /// Shows the menu as a bar on the window, or removes the bar if menu is 0. Its commands come to OnMenuCommand.
   virtual void AttachMenu(MenuHandle menu) = 0;
 
-  // Controls by id. Rectangles are in the client area, below an attached menu bar.
+  // The controls, by id. Their rectangles are in the client area, which begins below an attached menu bar.
   [[nodiscard]] virtual Rect ClientRect() const = 0;
   [[nodiscard]] virtual Rect ControlRect(int id) const = 0;
   virtual void MoveControl(int id, const Rect& rect) = 0;
   virtual void ShowControl(int id, bool shown) = 0;
-  /// The face of a key; a bitmap that the language doesn't have leaves the key as it is.
+  /// Sets the icon of a key. If the language does not have the bitmap, the key stays as it is.
   virtual void SetKeyIcon(int id, int bitmap) = 0;
-  /// Heights relative to the line's own font (negative: taller) and weights of the line's and the result's font.
+  /// Sets the fonts of the line and of the result. Heights are relative to the dialog's font; a negative one is taller.
   virtual void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) = 0;
 
-  // The line 1008. A change of its text brings OnLineChanged back before the call returns.
+  // The line 1008. If a call changes its text, OnLineChanged is called before it returns.
   [[nodiscard]] virtual Text LineText() const = 0;
-  /// The caret goes to the start.
+  /// Sets the text. The caret goes to the start.
   virtual void SetLineText(TextView text) = 0;
   [[nodiscard]] virtual TextSelection LineSelection() const = 0;
-  /// Ends beyond the text are cut to it; the caret, at the end, is scrolled into view.
+  /// Sets the selection. Positions beyond the text mean its end. The caret is at the selection's end and is visible.
   virtual void SetLineSelection(TextSelection selection) = 0;
   virtual void LimitLine(int characters) = 0;
   virtual void FocusLine() = 0;
 
-  // Result 1010 and status line 1011.
+  // The result 1010 and the status line 1011.
   [[nodiscard]] virtual Text ResultText() const = 0;
   virtual void SetResultText(TextView text) = 0;
   virtual void SetResultColors(std::uint32_t back, std::uint32_t text) = 0;
   virtual void SetStatus(TextView text) = 0;
 
-  // The history 1038, with extended selection. What the operator does to the selection brings OnListSelection, and so
-  // does each press on a row and each Up or Down that the list gets, even if the selection stays as it is. Orders
-  // don't.
+  // The history 1038, in which several rows can be selected. OnListSelection is called when the operator changes the
+  // selection, and for each press on a row and each Up or Down that the list gets, even if the selection stays the
+  // same. It isn't called for the calls below.
   [[nodiscard]] virtual int ListCount() const = 0;
   [[nodiscard]] virtual Text ListItem(int index) const = 0;
-  /// Selected rows in ascending order.
+  /// The selected rows in ascending order.
   [[nodiscard]] virtual std::vector<int> ListSelection() const = 0;
-  /// The row that the keys move from; -1: none.
+  /// The current row, from which the keys move, or -1.
   [[nodiscard]] virtual int ListCurrent() const = 0;
   virtual void FillList(const TextRows& rows) = 0;
   [[nodiscard]] virtual TextRows ListRows() const = 0;
   virtual void InsertListItem(int index, TextView text) = 0;
-  /// The keys then move from the row that took its place, or from the last one; it isn't selected.
+  /// Deletes a row. The row after it, or the last one, becomes the current row and isn't selected.
   virtual void DeleteListItem(int index) = 0;
-  /// That row alone.
+  /// Selects only that row.
   virtual void SelectListItem(int index) = 0;
   virtual void FocusList() = 0;
 
-  // The variables 1104: the rows as they are given, nothing or one of them selected; and the note 1105, a line or more
-  // in a frame below the window (above it where there is no room), which an empty text hides.
+  // The list of variables 1104, in which one row can be selected, and the note 1105, a text in a frame beside the
+  // window. An empty text hides the note.
   virtual void FillVariables(const std::vector<Text>& rows) = 0;
   [[nodiscard]] virtual int VariablesSelection() const = 0;
   virtual void FocusVariables() = 0;
   virtual void SetNote(TextView text) = 0;
 
-  /// Asks for CalcSession::Work soon, again and again, until it is asked to stop. Keys and painting go first.
+  /// With true the window calls CalcSession::Work again and again, after keys and painting, until a call with false.
   virtual void SetWorking(bool working) = 0;
 };
 

@@ -58,7 +58,7 @@ Text FailureStatus(const CalcTexts& texts, PreviewExtent extent) {
 
 Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base) {
   Text number = FormatResult(value, base);
-  // Up to 32 digits take the whole line.
+  // A label would leave no room for 32 digits.
   if (base == number_base::kBinary) return number;
   if (extent == PreviewExtent::kLine) return Format(u"%s : %s", texts.value, number);
   return Format(u"%s %s : %s", texts.selection, texts.value, number);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the calculator says in words: the status line about a preview, of the whole line or of a selection, the list of
-// variables, and the note beside the window. The formats are the calculator's own, the words come from the language.
-// Evaluates nothing and shows nothing.
+// The calculator's words: the status line for a preview of the line or of a selection, the list of variables, and the
+// note beside the window. The formats are here, and the words come from the language. It evaluates and shows nothing.
 #pragma once
 
 #include <cstddef>
@@ -27,15 +26,16 @@ struct CalcTexts {
 };
 [[nodiscard]] CalcTexts LoadCalcTexts(Language& language);
 
-/// What is previewed: the line, or the selection in it.
+/// What a preview is about: the line, or the selection in it.
 enum class PreviewExtent { kLine, kSelection };
 
-/// A text that doesn't compile, divided at the failing place; a place beyond it is its end.
+/// The status line for a text that doesn't compile. It shows the text with a mark at the failing place. A place beyond
+/// the text means its end.
 [[nodiscard]] Text SyntaxStatus(const CalcTexts& texts, PreviewExtent extent, TextView text, std::size_t place);
 [[nodiscard]] Text FailureStatus(const CalcTexts& texts, PreviewExtent extent);
-/// Binary digits have no label.
+/// The status line for a value. Binary digits have no label.
 [[nodiscard]] Text ValueStatus(const CalcTexts& texts, PreviewExtent extent, double value, int base);
-/// A confirmed evaluation that failed, with the tree in words.
+/// The status line for a confirmed expression that failed. tree is the expression as CalcWork describes it.
 [[nodiscard]] Text ConfirmFailureStatus(const CalcTexts& texts, TextView tree);
 
 /// A row of the list of variables.
@@ -44,26 +44,27 @@ struct VariableRow {
   Text words;  // name and value
   friend bool operator==(const VariableRow&, const VariableRow&) = default;
 };
-/// The variables that aren't 0, and the accumulator if it isn't. In decimal whatever the base in use is, so that a
-/// fraction is seen.
+/// A row for each variable that isn't 0, and for the accumulator if it isn't 0. The values are always decimal, so that
+/// fractions can be seen.
 [[nodiscard]] std::vector<VariableRow> VariableRows(const CalcStore& store);
 
-/// What the operator asked the note to show.
+/// What the note shows, by the operator's choice.
 enum class CalcNote { kNone, kBases, kSolver };
 
-/// The note: a value in all three bases or the parameters of the solvers, and below it the hint that a search stopped
-/// short of its tolerance.
+/// The text of the note: a value in all three bases or the parameters of the solvers, and below that a hint if ZERO did
+/// not reach its tolerance.
 class CalcNotes {
  public:
-  /// That note in the place of another, or none when it is that one.
+  /// Chooses that note, or none if it was chosen already.
   void Toggle(CalcNote note) { note_ = note_ == note ? CalcNote::kNone : note; }
-  /// Neither note nor hint.
+  /// Removes the note and the hint.
   void Close();
-  /// What a finished evaluation reports of its solver: a tolerance that wasn't reached brings the hint, which goes with
-  /// the next report.
+  /// Takes the solver's report of a finished evaluation: sets the hint if ZERO did not reach its tolerance, else
+  /// removes it.
   void TakeReport(const SolverReport& report);
   void DropHint() { hint_.reset(); }
-  /// The text as of now, a hint below the note; empty without both. value is the one that is shown in all bases.
+  /// The note's present text, with the hint at its end. It is empty if there is neither. value is the value that is
+  /// shown in all bases.
   [[nodiscard]] Text Words(const Language& language, const CalcStore& store, double value) const;
 
  private:

@@ -8,12 +8,13 @@ namespace pnl {
 
 namespace {
 
-// Counted, not timed, so that every run is the same: on a slow panel a fraction of the time that a key may take.
+// Steps are counted and not timed, so that every run is the same. Even on a slow panel they take only a part of the
+// time that a key may take.
 constexpr std::int64_t kStepsAtOnce = 200'000;
 constexpr std::int64_t kStepsAPiece = 30'000;
 
 void Bring(double before, double after, double& target) {
-  // By bits, so that NaN and a negative zero count as what they are.
+  // The comparison is by bits, because NaN differs from itself and 0 equals -0.
   if (std::bit_cast<std::uint64_t>(before) != std::bit_cast<std::uint64_t>(after)) target = after;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Evaluations that may take long. CalcWork is one in pieces over a store of its own: nobody sees variables half-way,
-// and dropping it leaves no trace. CalcRun is the one that is under way, and what for. Not a thread and not a schedule:
-// whoever owns them says when the next piece runs.
+// Evaluations that may take long. CalcWork is one evaluation in pieces, on a store of its own: nobody sees unfinished
+// variables, and a dropped evaluation changes nothing. CalcRun has the running evaluation and its purpose. They use no
+// thread and no timer: their owner decides when the next piece runs.
 #pragma once
 
 #include <cstdint>
@@ -15,22 +15,22 @@ namespace pnl {
 
 class CalcWork {
  public:
-  /// Works on a copy of the store as it is now.
+  /// Copies the store. The evaluation works on the copy.
   explicit CalcWork(const CalcStore& store);
   CalcWork(const CalcWork&) = delete;
   CalcWork& operator=(const CalcWork&) = delete;
 
-  /// The failing place in the text; nothing when it compiled.
+  /// Compiles the text. Returns the failing place in it, or nothing if it compiles.
   [[nodiscard]] std::optional<std::size_t> Compile(const Text& text);
   void Begin(bool radians);
-  /// At most so many steps; true once the evaluation has ended.
+  /// Computes at most that many steps. Returns true if the evaluation has ended.
   [[nodiscard]] bool Advance(std::int64_t steps);
-  /// After the end: the value; nothing after a domain failure.
+  /// The value of an evaluation that has ended, or nothing after a domain failure.
   [[nodiscard]] std::optional<double> Finish();
-  /// The tree in words.
+  /// The expression as a fully bracketed text.
   [[nodiscard]] Text Description() const;
   [[nodiscard]] SolverReport Solver() const { return evaluator_.Solver(); }
-  /// Brings what the evaluation changed into the store; what it left alone stays as it is there.
+  /// Copies the variables that the evaluation has changed into the store. The others stay as they are there.
   void StoreTo(CalcStore& store) const;
 
  private:
@@ -41,27 +41,28 @@ class CalcWork {
   CEvaluator evaluator_;
 };
 
-/// What the running evaluation is for.
+/// The purpose of the running evaluation.
 enum class CalcTask { kNone, kLinePreview, kSelectionPreview, kConfirm, kConfirmAndClose };
 
 class CalcRun {
  public:
   [[nodiscard]] bool IsRunning() const { return work_ != nullptr; }
   [[nodiscard]] bool IsConfirming() const { return task_ == CalcTask::kConfirm || task_ == CalcTask::kConfirmAndClose; }
-  /// What is being confirmed; empty while nothing is.
+  /// The line that is being confirmed. It is empty if none is.
   [[nodiscard]] const Text& Line() const { return line_; }
 
-  /// Makes the first pieces of a work that has begun, in the place of what ran. True when that was all of it: it then
-  /// waits for Take. line is the text that it confirms, if it does.
+  /// Replaces the running evaluation with this one and computes its first steps. Begin must have been called. line is
+  /// the text that is confirmed, or empty. Returns true if the evaluation has ended; then Take returns it.
   [[nodiscard]] bool Start(std::unique_ptr<CalcWork> work, CalcTask task, const Text& line);
-  /// One more piece. True when it was the last one: the work then waits for Take. False without a work.
+  /// Computes one more piece. Returns true if the evaluation has ended with it; then Take returns it. Returns false if
+  /// none is running.
   [[nodiscard]] bool Continue();
   struct Ended {
     std::unique_ptr<CalcWork> work;
     CalcTask task;
     Text line;
   };
-  /// The work that has ended. Nothing runs any more.
+  /// Returns the evaluation. After that none is running.
   [[nodiscard]] Ended Take();
   void Drop() { static_cast<void>(Take()); }
 

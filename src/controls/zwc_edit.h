@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZWCEdit: a one-line edit whose colours depend on the focus. It refuses some characters when they are typed, and tells
-// its parent window when it gets and loses the focus.
+// ZWCEdit: a one-line edit whose colours depend on the focus. It refuses some characters when they are typed, and
+// reports to its parent window when it gets or loses the focus.
 #pragma once
 
 #include <QtGui/QBrush>

@@ -26,8 +26,6 @@ class ZWCStatic : public QWidget {
   Q_PROPERTY(int pnlPeriod READ Period)
 
  public:
-  /// The number of the blink timer. Unused here: the timer comes from Timers.
-  static constexpr int kTimerId = 0x47128;
   enum FitMode { kFitNone = 0, kFitPath = 1, kFitWrap = 2, kPlusSign = 3 };
 
   /// The control asks files whether a path exists when it fits one, and blinks with timers. Both must outlive it.

@@ -6,7 +6,7 @@
 namespace pnl {
 
 namespace {
-/// By class.
+/// Indexed by ErrorClass.
 constexpr std::array<std::uint32_t, 5> kColors = {0x0000A0, 0x0000A0, 0x648064, 0x806480, 0x806480};
 }  // namespace
 

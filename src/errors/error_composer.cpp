@@ -41,13 +41,14 @@ Text ParameterText(const ErrorRecord& record, const ErrorSurroundings& around) {
   return text;
 }
 
-/// From the second character: the first one is a separator.
-Text BehindSeparator(const Z7340ERRORINFO_ST& info) {
+/// The text from its second character on. The first one is a separator.
+Text AfterSeparator(const Z7340ERRORINFO_ST& info) {
   const Text text = FieldText(info.text);
   return text.empty() ? text : text.substr(1);
 }
 
-/// The function that has the texts of a source, for warnings and for all others, and the word of its title.
+/// A source outside the kernel: the word of its title, and the functions that return the texts of its warnings and of
+/// its other errors.
 struct DriveRow {
   std::int32_t source;
   int word;
@@ -73,7 +74,7 @@ const DriveRow* DriveRowOf(std::int32_t source) {
   return row == kDriveRows.end() ? nullptr : &*row;
 }
 
-/// A description that is one text.
+/// A description that consists of one text.
 ErrorDescription Whole(Text text) {
   ErrorDescription parts;
   parts.codeLine = std::move(text);
@@ -120,7 +121,7 @@ class Composition {
   void ComposePlc() {
     SetWord(around_.words(error_text::kPlcError));
     Ask(ErrorTextFunction::kReadPlcError, number_);
-    // The whole text, its separator included: that is how the PLC's own texts are kept.
+    // The whole text with its first character, which in the texts of other sources is a separator.
     result_.titleLine = FieldText(result_.info.text);
     Text text;
     result_.hasDescription = ReadHelp(FieldText(result_.info.helpRef), around_.files, around_.utilities, text);
@@ -134,10 +135,10 @@ class Composition {
     if (source_ == error_source::kUnknownDrive) {
       result_.boxText = ComposeBoxText(result_.titleWord, nullptr);
       result_.titleLine = Format(u"ERROR : %X", number_);
-      result_.parts = Whole(BehindSeparator(result_.info));
+      result_.parts = Whole(AfterSeparator(result_.info));
       return;
     }
-    result_.titleLine = BehindSeparator(result_.info);
+    result_.titleLine = AfterSeparator(result_.info);
     Describe(row.trim);
   }
 
@@ -145,7 +146,7 @@ class Composition {
     SetWord(KernelWord());
     result_.boxText = ComposeBoxText(around_.words(error_text::kCanOpen), &record_);
     Ask(ErrorTextFunction::kEmcyCopen, record_.Get<std::int32_t>(error_field::kEmergencyCodeOffset));
-    result_.titleLine = BehindSeparator(result_.info);
+    result_.titleLine = AfterSeparator(result_.info);
     Describe(DescriptionTrim::kFirstCharacter);
   }
 
@@ -154,11 +155,11 @@ class Composition {
     if (source_ == error_source::kOwnText) {
       result_.titleLine = WithoutLeadingLineFeed(FieldOf(record_, error_field::kMessageText));
     } else {
-      // Asked for a script's error too, which brings its own title, for the sake of the help reference.
+      // The error of a script brings its own title. It is asked for too, because the answer has the help reference.
       Ask(ErrorTextFunction::kErrorToTxt, number_);
       result_.titleLine = source_ == error_source::kScript
                               ? Text(WithoutLeadingLineFeed(FieldOf(record_, error_field::kScriptText)))
-                              : BehindSeparator(result_.info);
+                              : AfterSeparator(result_.info);
     }
     DescribeKernel();
     const int channels = around_.kapi.ChannelNumber();
@@ -181,7 +182,7 @@ class Composition {
   void Describe(DescriptionTrim trim) {
     result_.parts = ComposeDescription(record_, around_);
     result_.trim = trim;
-    // Only a description with a path has lines to read.
+    // Only a description with a path names a file from which lines can be read.
     result_.inProgram = !result_.parts.pathLine.empty();
     if (result_.inProgram) result_.place = ProgramPlaceOf(record_);
   }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One binary error record into the texts that the operator reads. Without state and without a window: words, kernel,
-// utilities, files and a width measurement are handed in. Nothing in a record, however wrong, fails visibly: what can't
-// be had is an empty part.
+// Turns one binary error record into the texts that the operator reads. It has no state and knows no window: words,
+// kernel, utilities, files and the measuring of widths are handed in. It accepts every record, even one full of wrong
+// values. A part that can't be composed is empty.
 #pragma once
 
 #include "base/files.h"
@@ -13,7 +13,7 @@
 
 namespace pnl {
 
-/// What composing needs; all borrowed.
+/// What composing needs. All of it must outlive the call.
 struct ErrorSurroundings {
   Kernel& kapi;
   Utilities& utilities;
@@ -22,7 +22,7 @@ struct ErrorSurroundings {
   const TextWidths& widths;
 };
 
-/// The parts of a description, in the order in which they are joined. Any may be empty.
+/// The parts of a description, in the order in which they are joined. Any part may be empty.
 struct ErrorDescription {
   Text diagnosis;
   Text diagnosisCaption;
@@ -35,7 +35,7 @@ struct ErrorDescription {
   [[nodiscard]] Text Joined() const;
 };
 
-/// What the join of the parts still goes through, by the source.
+/// What is cut from the front of the joined parts. It depends on the source.
 enum class DescriptionTrim { kNone, kLeadingBlank, kFirstCharacter };
 
 struct ComposedError {
@@ -43,32 +43,32 @@ struct ComposedError {
   Text titleWord;
   Text boxText;
   Text titleLine;
-  ErrorDescription parts;  // or, for sources whose description is one text, that text in codeLine
+  ErrorDescription parts;  // a source whose description is one text has that text in codeLine
   DescriptionTrim trim = DescriptionTrim::kNone;
   bool showChannel = false;
   bool logIt = false;
-  bool hasDescription = true;  // false: a PLC error whose long description wasn't found
-  bool inProgram = false;      // lineNumber and lineText are to be read from `place`
+  bool hasDescription = true;  // false for a PLC error whose long description wasn't found
+  bool inProgram = false;      // lineNumber and lineText must still be read, from `place`
   ProgramPlace place;
   Z7340ERRORINFO_ST info{};
   [[nodiscard]] Text Description() const;
-  /// What goes to the machine's log when logIt is set.
+  /// The line for the machine's log. It is written if logIt is set.
   [[nodiscard]] Text LogText() const;
 };
 
-/// All but the two lines that are read from the program file; those come with ReadProgramLines into `parts`, because a
-/// big file or a dead share must keep nobody waiting.
+/// Composes all texts except the two lines from the program file. ReadProgramLines reads those later and the caller
+/// puts them into `parts`, because a big file or a dead share must not make the panel wait.
 [[nodiscard]] ComposedError ComposeError(const ErrorRecord& record, const ErrorSurroundings& around);
 
-/// Upper-cased word, and the number behind it; a null record, or number 0, gives the word alone.
+/// The word in capitals and after it the record's number. With a null record or number 0 it is the word alone.
 [[nodiscard]] Text ComposeBoxText(TextView word, const ErrorRecord* record);
-/// Without the two lines of the program file.
+/// The parts of a description that is not one text. The two lines from the program file are empty.
 [[nodiscard]] ErrorDescription ComposeDescription(const ErrorRecord& record, const ErrorSurroundings& around);
-/// The long description that a reference "file#number" leads to; false when there is none.
+/// Reads the long description for a reference "file#number" into text. Returns false if there is none.
 [[nodiscard]] bool ReadHelp(TextView helpRef, const Files& files, Utilities& utilities, Text& text);
-/// The text without the blank of a leading " \n".
+/// If the text begins with " \n", the text without that blank. Any other text as it is.
 [[nodiscard]] Text TrimLeadingBlank(Text text);
-/// The text without a leading line feed.
+/// The text without its first unit if that is a line feed.
 [[nodiscard]] TextView WithoutLeadingLineFeed(TextView text);
 
 }  // namespace pnl

@@ -11,7 +11,7 @@ namespace pnl {
 
 namespace {
 
-/// The arguments of a text, from diagnosisA and diagnosisB.
+/// The arguments of a text: the record's numbers A and B. Some texts take the name of axis A in place of the number.
 enum class Arguments { kNone, kA, kAB, kAxisA, kAxisAB };
 
 struct Wording {
@@ -20,7 +20,7 @@ struct Wording {
   TextView line = u"\n%s ";
 };
 
-/// One kind: its wording, and another one where an argument of 0 has its own.
+/// One kind of finding. Some kinds have another wording if A or B is 0.
 struct DiagnosisRow {
   int kind;
   enum class Asks { kNothing, kA, kB } zeroOf;
@@ -90,7 +90,7 @@ Text ComposeDiagnosis(const ErrorRecord& record, const ErrorWords& words, Kernel
   if (row == kRows.end()) return {};
   const bool zero = (row->zeroOf == Asks::kA && a == 0) || (row->zeroOf == Asks::kB && b == 0);
   const Wording& wording = zero ? row->ifZero : row->otherwise;
-  // A line that takes a number of its own takes the argument that was asked about.
+  // Some lines print a number after the text. It is the argument on which the row's wording depends.
   const int number = row->zeroOf == Asks::kB ? b : a;
   return Format(wording.line, Apply(words(wording.text), wording.arguments, a, b, kapi), number);
 }

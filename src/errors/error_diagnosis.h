@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the kernel's block preparation found wrong, as one line. The table of kinds and nothing else.
+// Composes the line that says what the kernel's block preparation found wrong. The kinds of findings are one table.
 #pragma once
 
 #include "base/text.h"
@@ -9,7 +9,7 @@
 
 namespace pnl {
 
-/// Begins with its line feed; empty for a kind that has no line.
+/// The line, which begins with a line feed. It is empty for a kind that has no row in the table.
 [[nodiscard]] Text ComposeDiagnosis(const ErrorRecord& record, const ErrorWords& words, Kernel& kapi);
 
 }  // namespace pnl

@@ -14,7 +14,7 @@ namespace {
 constexpr TextView kSection = u"COMMON";
 constexpr TextView kAbsent = u"FAIL";
 constexpr int kSmallest = 100;
-/// Above and below the window: the panel's top line and its frame.
+/// The height that the panel's top line and frame take above and below the window.
 constexpr int kAroundHeight = 98;
 
 constexpr int kSmallPanelHeight = 601;
@@ -33,7 +33,7 @@ std::int32_t Scaled(std::int32_t value, std::int32_t from, std::int32_t to) {
                                                             std::numeric_limits<std::int32_t>::max() / 2));
 }
 
-/// A file may hold any number; no panel is that large.
+/// The rectangle with each number limited to what a panel can have. A file may contain any number.
 Rect Sane(const Rect& rect) {
   static constexpr int kMost = 100000;
   const auto limit = [](int value) { return std::clamp(value, -kMost, kMost); };
@@ -56,7 +56,7 @@ PanelFrame FrameOf(const Rect& panel, int configuredKeys, bool standardMetrics) 
   return frame;
 }
 
-/// The file's four numbers stand in the order top, right, bottom, left.
+/// The four numbers are in the order top, right, bottom, left.
 PanelFrame ParseFrame(TextView text) {
   const Rect fields = AsciiToCRect(text);
   return {fields.left, fields.top, fields.right, fields.bottom};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where the error window stands in the panel: the rectangle of "errman.ini", scaled to the panel's present size. What
-// stands where inside the window is error_layout's business.
+// Computes the place of the error window in the panel: the rectangle of "errman.ini", scaled to the panel's present
+// size. The places of the controls in the window are in error_layout.
 #pragma once
 
 #include <cstdint>
@@ -24,22 +24,24 @@ inline constexpr Rect kDefaultErrorWindow{0, 0, 710, 298};
 inline constexpr Rect kDefaultErrorPanel{0, 0, 800, 600};
 inline constexpr int kDefaultSoftKeys = 7;
 
-/// For a panel of that size; softKeys is their count in a row, at least 1.
+/// The margins of the frame for a panel of that size, in pixels. softKeys is the number of soft keys in a row; less
+/// than 1 counts as 1.
 [[nodiscard]] std::int32_t BottomMargin(int width, int height, int softKeys, bool standardMetrics);
 [[nodiscard]] std::int32_t RightMargin(int width, bool standardMetrics);
-/// What is left of a panel between its margins, as width and height from 0,0.
+/// The area of a panel that its margins leave free, as a rectangle from 0,0.
 [[nodiscard]] Rect AvailableArea(const Rect& panel, const PanelFrame& frame);
-/// A configured count other than 7 is capped by what the width holds, which is at least 7; below 1 it is 7.
+/// The number of soft keys in a row. A configured number below 1 means 7. A number other than 7 is limited to the keys
+/// that fit into the width, and this limit is at least 7.
 [[nodiscard]] int SoftKeysIn(int configured, int width, bool standardMetrics);
-/// The window scaled from one area to another; the default window where the result is too small or the old area has no
-/// size.
+/// Scales the window from one area to another. Returns the default window if the result is too small or the old area
+/// has no size.
 [[nodiscard]] Rect ScaleErrorWindow(const Rect& window, const Rect& oldArea, const Rect& newArea);
 
-/// Reads "Window", "ParentWindow" and "Frame"; writes all three back when the panel's area has changed since. A file
-/// that can't be written changes nothing here.
+/// Reads "Window", "ParentWindow" and "Frame" and returns the window's place in the present panel. If the panel's area
+/// has changed since they were written, writes all three anew. The result is the same if that fails.
 [[nodiscard]] Rect PlaceErrorWindow(Files& files, Utilities& utilities);
 
-/// "%s\errman.ini" in the machine's setup folder.
+/// The path of "errman.ini" in the machine's setup folder.
 [[nodiscard]] Text ErrorIniPath(Utilities& utilities);
 
 }  // namespace pnl

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers of the error window: its dialog and its controls.
+// The numbers of the error window's dialog and of its controls.
 #pragma once
 
 namespace pnl::error_id {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What keys and clicks do: walking the queue and acknowledging.
+// The part of the session that handles keys and clicks: moving through the queue, and acknowledging.
 #include <utility>
 
 #include "errors/error_ids.h"
@@ -50,11 +50,11 @@ void ErrorSession::OnClick(int id) {
 
 void ErrorSession::OnDoubleClick(int id) {
   const std::optional<int> first = std::exchange(firstPress_, std::nullopt);
-  // The first press was for what lay there before the window came: this one is the window's first.
+  // The first press came before the window and was meant for something else. So this is the window's first press.
   if (!first) return OnClick(id);
   if (*first == 0 && id == 0) return Toggle(true);
-  // Two quick presses on a picture are two presses. On one that the first press hid, or put another in place of, the
-  // second means nothing any more.
+  // Two quick presses on one picture are two presses. If the first press has hidden its picture or has put another one
+  // in its place, the second press does nothing.
   if (*first == 0 || *first == id) Press(id);
 }
 
@@ -69,7 +69,7 @@ void ErrorSession::Press(int id) {
       return;
     case error_id::kAcknowledge:
       return Acknowledge();
-    // Looks crossed with the sign of class 4, and is kept: a click on 1044 does nothing.
+    // Not a mistake: a click on this sign confirms, and a click on kConfirmSign does nothing.
     case error_id::kMarkedSign:
       return ConfirmWithEnter();
     default:

@@ -32,7 +32,7 @@ ErrorTopRow LayoutTop(int windowWidth, const ErrorTopRow& before, bool withChann
 
 ErrorArrow LayoutArrow(const ErrorArrow& before, int titleTop, int oldWidth, int newWidth, bool right) {
   const int shift = right ? newWidth - oldWidth : 0;
-  // In the middle of what is free above the title line, and a little higher, for the counter below.
+  // The arrow is a little above the middle of the free height, because the counter is below it.
   const int top = std::max((titleTop - before.arrow.Height()) / 2 - kArrowLift, 0);
   ErrorArrow placed;
   placed.arrow = Place(before.arrow, before.arrow.left + shift, top);

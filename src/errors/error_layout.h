@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What stands where inside the error window. Arithmetic on rectangles only; the base geometry is measured once from the
-// dialog.
+// Computes the places of the controls in the error window. It is arithmetic on rectangles only. The session measures
+// the base geometry once, when the dialog has its original size.
 #pragma once
 
 #include "window/window.h"
 
 namespace pnl {
 
-/// As the dialog has it, measured at start.
+/// The geometry of the dialog, measured at the start, in pixels.
 struct ErrorBaseGeometry {
   Rect titleRect;
   int titleToTextGap = 0;
@@ -19,29 +19,31 @@ struct ErrorTopRow {
   Rect titleBox;
   Rect channelBox;
   Rect help;
-  Rect sign;  // of 1043, 1044 and 1045, which stand in one place
+  Rect sign;  // the controls 1043, 1044 and 1045 share this place
 };
 
-/// Sizes and tops are kept, columns are new.
+/// The top row, centred in a window of that width. The title box is 320 pixels wide. The help and the sign get its top.
 [[nodiscard]] ErrorTopRow LayoutTop(int windowWidth, const ErrorTopRow& before, bool withChannel);
-/// An arrow above the title line, its counter below it.
+/// An arrow above the title line, with its counter below the arrow.
 struct ErrorArrow {
   Rect arrow;
   Rect counter;
 };
-/// right: its distance from the window's right edge is kept, from a window of oldWidth; else its left edge is.
+/// An arrow and its counter in a window of newWidth. With right set they keep their distance from the right edge, which
+/// they had in a window of oldWidth; else they keep their left edges.
 [[nodiscard]] ErrorArrow LayoutArrow(const ErrorArrow& before, int titleTop, int oldWidth, int newWidth, bool right);
 [[nodiscard]] Rect LayoutTitleLine(const Rect& before, int windowWidth);
-/// From below the title line to 15 pixels above the window's bottom.
+/// The description begins gap pixels below the title line and ends 15 pixels above the window's bottom.
 [[nodiscard]] Rect LayoutDescription(const Rect& titleLine, int gap, const Rect& client);
 
-/// The height that a title line takes, given its base height, its present one and that of its text; and whether its
-/// text is centred. Nothing changes when `changed` is false.
+/// The new height of the title line, and whether its text is centred. If `changed` is false, everything stays as it is.
 struct TitleFit {
   bool changed = false;
   int height = 0;
   bool centred = true;
 };
+/// Fits the title line to its text. base is its height in the dialog, current its present height, and needed the height
+/// of the text.
 [[nodiscard]] TitleFit FitTitle(int base, int current, int needed);
 
 }  // namespace pnl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How the error window looks: colours and flash of its boxes, and what stands where.
+// The part of the session that decides how the window looks: the colours and the flashing of its boxes, and the places
+// of its controls.
 #include "errors/error_ids.h"
 #include "errors/error_session.h"
 

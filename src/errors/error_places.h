@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The controls of the error window's dialog, where they lie in dialog units and which picture they show. What moves
-// later is error_layout's business.
+// The controls of the error window's dialog: their places in dialog units and their pictures. error_layout computes
+// their places after the window has another size.
 #pragma once
 
 #include <span>
@@ -18,15 +18,15 @@ struct ErrorControl {
   int id;
   ErrorControlKind kind;
   int x, y, width, height;  // dialog units
-  int picture;              // number of the language's bitmap, 0 for none
-  TextView instead;         // shown where the language lacks the picture
+  int picture;              // the number of the language's bitmap, or 0
+  TextView instead;         // shown if the language does not have the bitmap
 };
 
 inline constexpr int kErrorDialogWidth = 393;
 inline constexpr int kErrorDialogHeight = 157;
 
 [[nodiscard]] std::span<const ErrorControl> ErrorControls();
-/// In pixels; where the language's dialog places it, else as built in.
+/// The control's place in pixels: from the language's dialog if that has one for it, else the built-in place.
 [[nodiscard]] Rect PixelsOf(const ErrorControl& control, const DialogTemplate* dialog, double scale);
 
 }  // namespace pnl

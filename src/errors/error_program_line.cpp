@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kPathBuffer = 260;
 constexpr int kLineBuffer = 512;
-/// A mark so far to the right leaves the line's start unread.
+/// From this distance on the line is read only from a little before the mark.
 constexpr std::int32_t kFarMark = 510;
 constexpr std::int32_t kUnitsBeforeFarMark = 4;
 
@@ -27,7 +27,7 @@ TextView From(TextView text, std::int64_t start) {
   return text.substr(static_cast<std::size_t>(std::clamp<std::int64_t>(start, 0, size)));
 }
 
-/// A text begins with a character of two units.
+/// Whether the text begins with a character of two units.
 bool IsPair(TextView text) {
   return text.size() > 1 && text[0] >= 0xD800 && text[0] < 0xDC00 && text[1] >= 0xDC00 && text[1] < 0xE000;
 }
@@ -67,7 +67,7 @@ Text ShortenPath(TextView path, int width, int available) {
 
 Text ComposePathLine(TextView path, const ErrorWords& words, const TextWidths& widths) {
   const int width = widths.of(path);
-  // The shortened path stands without caption and line feed; that is how operators know it.
+  // The shortened path has no caption and no line feed. Operators know it so.
   if (width > widths.available) return ShortenPath(path, width, widths.available);
   return Format(u"\n%s  %s", words(error_text::kProgram), path);
 }
@@ -94,7 +94,7 @@ std::int32_t CountLines(std::int32_t position, CStdioFileEx& file, const std::at
 
 Text MarkLine(TextView line, std::size_t index) {
   std::size_t at = std::min(index, line.size());
-  // A character of two units is marked whole.
+  // If the index is in the middle of a character of two units, the mark is around both units.
   if (at > 0 && at < line.size() && IsPair(line.substr(at - 1))) --at;
   const TextView rest = line.substr(at);
   const std::size_t length = IsPair(rest) ? 2 : std::min<std::size_t>(rest.size(), 1);
@@ -122,7 +122,7 @@ ProgramLines ReadProgramLines(const ProgramPlace& place, const ProgramCaptions& 
   std::array<char16_t, kLineBuffer> buffer{};
   if (file.ReadString(buffer.data(), kLineBuffer) == nullptr) return lines;
   TextView line(buffer.data());
-  // The line's end goes before the mark is set, so that a mark there reads "<>".
+  // The line feed is removed before the mark is set, so that a mark at the end of the line is "<>".
   if (!line.empty() && line.back() == u'\n') line.remove_suffix(1);
   lines.lineText =
       Format(cut ? u"\n%s ... %s" : u"\n%s %s", captions.line, MarkLine(line, static_cast<std::size_t>(mark)));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Who reads the failing line out of a program file. A file of 200 MB or a share that is gone takes long, so whoever
-// asks may have to wait; nobody else does.
+// The seam for reading the failing line from a program file. A file of 200 MB or a share that is gone takes long, so
+// the lines may come later, and the panel goes on meanwhile.
 #pragma once
 
 #include <functional>
@@ -13,10 +13,11 @@ namespace pnl {
 class ErrorLineReader {
  public:
   virtual ~ErrorLineReader() = default;
-  /// The lines when they come quickly. Otherwise nothing, and `later` is called once with them, on the window's thread,
-  /// unless another Read or a Drop comes first.
+  /// Returns the lines if they can be read quickly. Otherwise returns nothing and later calls `later` once with the
+  /// lines, on the window's thread. Another Read or a Drop before that cancels the call.
   virtual std::optional<ProgramLines> Read(const ProgramPlace& place, const ProgramCaptions& captions,
                                            std::function<void(const ProgramLines&)> later) = 0;
+  /// Cancels the call that is still to come, if there is one.
   virtual void Drop() = 0;
 };
 

@@ -14,10 +14,10 @@ namespace {
 constexpr int kTool = PNL_TOOL_ERRORS;
 constexpr int kClosePeriod = 5000;
 constexpr std::size_t kMostCurrent = 260;
-/// A shorter period in the file would keep the panel busy with nothing but flashing.
+/// In milliseconds. With a shorter period in the file the panel would do nothing but flash.
 constexpr int kFastestFlash = 50;
 
-/// PnlLowHalf and PnlHighHalf read it again.
+/// Two halves in one number, which PnlLowHalf and PnlHighHalf take apart.
 std::intptr_t Packed(std::int32_t low, std::int32_t high) {
   const std::uint32_t word = (static_cast<std::uint32_t>(low) & 0xFFFF) | (static_cast<std::uint32_t>(high) << 16);
   return static_cast<std::intptr_t>(word);
@@ -38,7 +38,7 @@ ErrorSession::ErrorSession(const ToolContext& context, ErrorView& view, std::uni
 ErrorSession::~ErrorSession() { reader_->Drop(); }
 
 void ErrorSession::Start() {
-  // Not in the constructor: a missing language library opens a box, and the window may be gone when that is closed.
+  // Not in the constructor: if the language library is missing, a box opens, and the window may be gone after it.
   words_ = ErrorWords(Context().language.SharedToolTexts());
   titleWord_ = words_(error_text::kError);
   View().Hide();
@@ -93,7 +93,8 @@ void ErrorSession::ReadShown() {
 
 void ErrorSession::NothingToShow() {
   if (active_) flashTimer_.Stop();
-  // The panel closes by itself only if the error that asked for it was on the screen.
+  // The operator has acknowledged a fatal error, and the error that closes the panel was just on the screen. So the
+  // panel closes at once.
   if (closePending_ && closeTimer_.IsRunning()) {
     closeTimer_.Stop();
     PostClose();
@@ -111,12 +112,12 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   titleWord_ = composed_.titleWord;
   if (composed_.inProgram) ReadProgramLinesLater();
   View().SetControlText(error_id::kTitleLine, composed_.titleLine);
-  TellDescription();
+  ShowDescription();
   View().SetControlText(error_id::kTitleBox, composed_.boxText);
 
   const auto source = record.Get<std::int32_t>(error_field::kSource.offset);
   const bool kernels = HasChannel(source);
-  // The box of the others takes the colour of the error before, which the next flash corrects.
+  // For a source without a channel the title box takes the colour of the previous error. The next flash corrects it.
   SetBoxes(kernels ? composed_.errorClass : currentClass_, composed_.errorClass, false, false);
   channelShown_ = composed_.showChannel;
   if (channelShown_) {
@@ -141,7 +142,7 @@ void ErrorSession::ReadProgramLinesLater() {
   const auto take = [this](const ProgramLines& lines) {
     composed_.parts.lineNumber = lines.lineNumber;
     composed_.parts.lineText = lines.lineText;
-    TellDescription();
+    ShowDescription();
   };
   const auto lines = reader_->Read(composed_.place, ProgramCaptionsOf(words_), Later(take));
   if (!lines) return;
@@ -149,7 +150,7 @@ void ErrorSession::ReadProgramLinesLater() {
   composed_.parts.lineText = lines->lineText;
 }
 
-void ErrorSession::TellDescription() { View().SetControlText(error_id::kDescription, composed_.Description()); }
+void ErrorSession::ShowDescription() { View().SetControlText(error_id::kDescription, composed_.Description()); }
 
 bool ErrorSession::MustShow() const {
   if (blocked_) return false;
@@ -247,7 +248,7 @@ void ErrorSession::OnPriorityReport() {
   if (composed_.info.hasHelp != 0 && ShowHelp()) return;
   const bool hiddenWarning = currentClass_ == ErrorClass::kWarning && settings_.hideWarnings;
   const bool error = currentClass_ == ErrorClass::kError || currentClass_ == ErrorClass::kMarked;
-  // Who hides errors too has the window away already.
+  // If errors are hidden as well, the window is already hidden.
   if (hiddenWarning && !suppressed_ && !settings_.hideErrors) {
     Toggle(true);
   } else if (suppressed_ || hiddenWarning || (error && settings_.hideErrors)) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The error manager without its window: which error of the kernel's queue is on the screen, when the window shows
-// itself, what keys and clicks do, what the host is told. Holds no list: the queue is the kernel's.
+// The error manager without its window. It decides which error of the kernel's queue is on the screen, when the window
+// is shown, what keys and clicks do, and what the host gets to know. It has no list of errors: the queue is the
+// kernel's.
 #pragma once
 
 #include <cstdint>
@@ -24,25 +25,27 @@ class ErrorSession final : public ToolSession<ErrorView> {
   ErrorSession(const ToolContext& context, ErrorView& view, std::unique_ptr<ErrorLineReader> reader);
   ~ErrorSession();
 
-  /// The window stands, hidden, with its controls as the dialog has them.
+  /// Reads the settings, places the window and opens the reports. The window must be hidden and have its controls where
+  /// the dialog has them. If an error is already in the queue, its report comes later and shows the window.
   void Start();
-  /// The window is going: what it took is given back. No call to the view or to the host follows.
+  /// Ends the tool before its window is destroyed: gives back the hot key, the wait cursor, the timers and the reports.
+  /// After that it calls neither the view nor the host.
   void End();
 
-  /// PNL_MSG_VARIABLE_REPORT.
+  /// Handles PNL_MSG_VARIABLE_REPORT.
   void OnReport(std::intptr_t first, std::intptr_t second);
-  /// PNL_MSG_TOOL_NOTIFY.
+  /// Handles PNL_MSG_TOOL_NOTIFY.
   void OnToolNotify(std::intptr_t what, std::intptr_t value);
-  /// PNL_MSG_HELP_KEY, and a click on the help picture: hides the window and offers the error to the host. False
-  /// without an error or a reference.
+  /// Handles PNL_MSG_HELP_KEY and a click on the help picture: hides the window and hands the error to the host.
+  /// Returns false and does nothing if there is no error or it has no help.
   bool ShowHelp();
-  /// "ZM_END_ERRORHELP".
+  /// Handles "ZM_END_ERRORHELP": shows the window again.
   void HelpEnded();
   void OnHotKey();
   void OnKey(ErrorKey key);
-  /// A press inside the window: on the control with that id, or with 0 on none that acts.
+  /// Handles a press in the window. id is the control under it, or 0 if nothing there reacts to presses.
   void OnClick(int id);
-  /// The second of two quick presses, there. It belongs to what was under the first one, which may have hidden that.
+  /// Handles the second of two quick presses. It counts for the control under the first press, which may be hidden now.
   void OnDoubleClick(int id);
   void OnResized();
 
@@ -68,7 +71,7 @@ class ErrorSession final : public ToolSession<ErrorView> {
   void OnCountReport();
   void OnPriorityReport();
   [[nodiscard]] int Count() const;
-  /// How many errors the kernel has after the one on the screen. Its numbers may be anything.
+  /// How many errors the kernel has after the one on the screen. It is wrong or negative if the kernel's numbers are.
   [[nodiscard]] std::int64_t LiesAfterShown() const;
   void UpdateCounters();
   void ShowPrevious(bool shown);
@@ -91,7 +94,7 @@ class ErrorSession final : public ToolSession<ErrorView> {
   void LayTopRow();
   void FitTitleLine();
   void MeasureBase();
-  void TellDescription();
+  void ShowDescription();
 
   std::unique_ptr<ErrorLineReader> reader_;
   ErrorWords words_;
@@ -115,7 +118,7 @@ class ErrorSession final : public ToolSession<ErrorView> {
   bool blocked_ = false;
   bool channelShown_ = false;
   bool waiting_ = false;
-  std::optional<int> firstPress_;  // what was under it; none since the window came
+  std::optional<int> firstPress_;  // the control under the last press; nothing after a second one or a new Show
   ComposedError composed_;
   ScopedTimer flashTimer_;
   ScopedTimer closeTimer_;

@@ -16,7 +16,7 @@ constexpr TextView kAbsent = u"FAIL";
 constexpr TextView kDefaultFont = u"Arial,21,400";
 constexpr std::int32_t kDefaultFlash = 500;
 
-/// How many units "%d" takes off the front of a text: white space, a sign, digits; 0 without a digit.
+/// How many units at the front of the text "%d" would read: white space, a sign and digits. 0 if there is no digit.
 std::size_t NumberLength(TextView text) {
   std::size_t at = 0;
   while (at < text.size() && (text[at] == u' ' || (text[at] >= u'\t' && text[at] <= u'\r'))) ++at;
@@ -26,7 +26,8 @@ std::size_t NumberLength(TextView text) {
   return at == digits ? 0 : at;
 }
 
-/// The next number behind a comma, taken off the text; nothing when there is none, and then none behind it either.
+/// Removes a comma and the number after it from the front of the text and returns the number. Returns nothing and
+/// leaves the text if there is none. The caller then stops.
 std::optional<std::int32_t> TakeNumber(TextView& text) {
   if (text.empty() || text[0] != u',') return std::nullopt;
   const std::size_t length = NumberLength(text.substr(1));
@@ -41,7 +42,7 @@ bool IsTrue(CIniFile& ini, TextView key) { return EqualNoCase(ini.ReadString(kSe
 }  // namespace
 
 ErrorFont ParseErrorFont(TextView text) {
-  // The face of the file has no effect: the window is drawn for this one.
+  // The face in the file has no effect: the window is designed for this one.
   ErrorFont font{.face = Text(u"Arial")};
   if (text.empty()) return font;
   font.height = 21;
@@ -70,7 +71,7 @@ ErrorSettings ReadErrorSettings(Files& files, TextView iniPath) {
   settings.titleFont = ParseErrorFont(ini.ReadString(kSection, u"FontTitle", kDefaultFont));
   settings.textFont = ParseErrorFont(ini.ReadString(kSection, u"FontText", kDefaultFont));
   settings.hideErrors = IsTrue(ini, u"HideErrors");
-  // Who hides errors hides warnings too.
+  // If errors are hidden, warnings are hidden too.
   settings.hideWarnings = settings.hideErrors || IsTrue(ini, u"HideWarnings");
   return settings;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// "errman.ini": how the error window looks and what it hides. Geometry stands in error_geometry.
+// Reads from "errman.ini" how the error window looks and which errors stay hidden. error_geometry reads the place of
+// the window.
 #pragma once
 
 #include "base/files.h"
@@ -18,16 +19,17 @@ struct ErrorFont {
 };
 
 struct ErrorSettings {
-  int flashPeriod = 500;  // ms; 0: no flash
+  int flashPeriod = 500;  // in ms; no flash if it is 0 or less
   ErrorFont titleFont;
   ErrorFont textFont;
   bool hideWarnings = false;
   bool hideErrors = false;
 };
 
-/// Defaults where the file is absent. Writes nothing.
+/// Reads the settings and writes nothing. A key that is missing, or the whole file, gives defaults.
 [[nodiscard]] ErrorSettings ReadErrorSettings(Files& files, TextView iniPath);
-/// A font string: face, height, weight and three styles, parted by commas; missing ones keep their defaults.
+/// Reads face, height, weight and three styles, separated by commas. Fields that are missing keep their defaults. The
+/// face is always Arial.
 [[nodiscard]] ErrorFont ParseErrorFont(TextView text);
 
 }  // namespace pnl

@@ -19,10 +19,10 @@ constexpr std::int32_t kSercosError = 17;
 constexpr std::int32_t kMlinkError = 18;
 }  // namespace meaning
 
-/// Units per minute in the control's own form.
+/// The scale of speeds, which are shown per minute.
 constexpr double kPerMinute = 16.666666666666668;
 
-// Formats, so a percent sign stands twice; "inc" alone has no blanks around it.
+// By code. The texts are formats, so a percent sign is doubled. Only "inc" has no blanks around it.
 constexpr std::array kUnits{
     ErrorUnit{u" ", 1, false},
     ErrorUnit{u" [mm(º)] ", 10000, false},
@@ -46,7 +46,7 @@ constexpr std::array kUnits{
     ErrorUnit{u" [inch/s^3] ", 1, true},
 };
 
-/// By meaning; 0 where there is none, or where the kernel is asked instead.
+/// By meaning. 0 means that there is no caption or that the kernel has it.
 constexpr std::array kCaptions{0,   215, 216, 217, 218, 219, 220, 221, 222, 223, 224,
                                225, 226, 227, 228, 248, 249, 0,   0,   264, 265};
 
@@ -60,7 +60,7 @@ T Read(const unsigned char* bytes) {
   return value;
 }
 
-/// The number in a value of that type; nothing when the type is none of a whole number.
+/// The number in a value of that type. Returns nothing if the type isn't a whole number.
 std::optional<double> WholeNumber(std::int32_t type, const unsigned char* bytes) {
   switch (type) {
     case value_type::kUint8:
@@ -82,7 +82,7 @@ std::optional<double> WholeNumber(std::int32_t type, const unsigned char* bytes)
   }
 }
 
-/// What prints the same in both kinds of record.
+/// The text of a value that is printed in the same way in a parameter and in an extra value.
 Text PlainValue(std::int32_t type, const unsigned char* bytes, std::size_t size) {
   switch (type) {
     case value_type::kBool:
@@ -111,13 +111,14 @@ Text ScaledValue(const ErrorParameter& parameter, const ErrorUnit& unit) {
   }
   const auto number = WholeNumber(parameter.valueType, parameter.value);
   if (!number) return PlainValue(parameter.valueType, parameter.value, sizeof parameter.value);
-  // The low word, so that unsigned values above the signed range print as the "%d" of their 32 bits.
+  // Only the low 32 bits are printed, and "%d" reads them with a sign. So large unsigned values appear as negative.
   const std::uint32_t scaled = TruncateToLowWord(*number / unit.scale);
   const bool hex = parameter.valueType == value_type::kHexWord || parameter.valueType == value_type::kHexValue;
   return hex ? Format(u"0x%X", scaled) : Format(u" %d", scaled);
 }
 
-/// The kernel's text for a drive or bus code, itself a format for that code; one blank for a code it doesn't know.
+/// The line for the code of a drive or bus error. The kernel's text is a format that takes the code. It is one blank if
+/// the kernel doesn't know the code.
 Text CodeCaption(const ErrorParameter& parameter, Kernel& kapi) {
   const auto code = Read<std::uint16_t>(parameter.value);
   Text text;
@@ -141,7 +142,7 @@ int CaptionTextOf(std::int32_t code) {
 
 Text FormatDouble(double value, int precision) {
   constexpr auto kLimit = static_cast<float>(3.4e38);
-  // In single precision, where what is out of its range is an infinity.
+  // The comparison is in single precision. The first part avoids converting a value that is out of its range.
   const auto beyond = [](double number) {
     return number > static_cast<double>(FLT_MAX) || static_cast<float>(number) > kLimit;
   };
@@ -171,7 +172,7 @@ Text ComposeParameter(const ErrorParameter& parameter, const ErrorWords& words, 
   }
   const ErrorUnit unit = UnitOf(parameter.unit);
   Text value = ScaledValue(parameter, unit);
-  // A text without a meaning is the kernel's own line: no caption, no unit, and not the blank that leads a value.
+  // A text without a meaning is a whole line of the kernel. It has no caption, no unit and no blank before it.
   if (parameter.valueType == value_type::kText && parameter.meaning == 0) return value.substr(1);
   const int captionText = CaptionTextOf(parameter.meaning);
   Text line = captionText == 0 ? Text() : Format(u"\n%s", words(captionText));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The typed values of an error record as text: the tables of value types, units and meanings, and what is made of them.
-// Reads no more of a value than its field holds, whatever its type claims.
+// Turns the typed values of an error record into text, with the tables of units and meanings. It never reads beyond the
+// field of a value, even if the value's type is wrong.
 #pragma once
 
 #include "base/text.h"
@@ -12,19 +12,20 @@ namespace pnl {
 
 struct ErrorUnit {
   TextView text;  // a format without arguments: "%%" prints one percent sign
-  double scale;   // what the stored value is divided by
+  double scale;   // the stored value is divided by this
   bool inch;
 };
 
-/// An empty text and scale 1 for a code that isn't in the table.
+/// The unit with that code. A code that isn't in the table gives an empty text and scale 1.
 [[nodiscard]] ErrorUnit UnitOf(std::int32_t code);
-/// The number of the caption's text, 0 for a meaning that has none.
+/// The number of the text that is the caption of that meaning, or 0 if it has none.
 [[nodiscard]] int CaptionTextOf(std::int32_t meaning);
-/// " %.*f", or " %.*e" for what a single-precision number can't hold.
+/// The value as " %.*f". A value too large for single precision is written as " %.*e".
 [[nodiscard]] Text FormatDouble(double value, int precision);
-/// Empty for types that print nothing.
+/// The value as text. It is empty for a type that isn't printed.
 [[nodiscard]] Text ComposeValue(const ErrorValue& value);
-/// A line with caption, value and unit, beginning with its line feed; empty for an absent parameter.
+/// A line with caption, value and unit. It begins with a line feed if the parameter's meaning has a caption. It is
+/// empty if the parameter is absent.
 [[nodiscard]] Text ComposeParameter(const ErrorParameter& parameter, const ErrorWords& words, Kernel& kapi);
 
 }  // namespace pnl

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The fixed words of error texts, by the numbers that bind them to the logic. Several are formats whose arguments the
-// composer applies; the wording is the language's.
+// The words of the error texts, by the numbers that the logic knows. The language has their wording. Some of them are
+// formats, which the composer gives their arguments.
 #pragma once
 
 #include <map>
@@ -24,12 +24,13 @@ inline constexpr int kBus = 254;
 inline constexpr int kCanOpen = 57356;
 }  // namespace error_text
 
-/// The words of the language in use, by number. Borrowed: the map belongs to the language. None until it is given one.
+/// The words of the language in use, by number. The map belongs to the language. A default-constructed object has no
+/// words.
 class ErrorWords {
  public:
   ErrorWords() = default;
   explicit ErrorWords(const std::map<int, Text>& texts) : texts_(&texts) {}
-  /// Empty for a number without a text.
+  /// The text with that number, or an empty text if there is none.
   [[nodiscard]] TextView operator()(int id) const {
     if (texts_ == nullptr) return {};
     const auto found = texts_->find(id);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers for records whose address tools pass through a 32-bit CNC variable. A number stands for the address until the
+// Numbers for records whose address tools pass through a 32-bit CNC variable. A number means the address until the
 // owner withdraws it, so that a stale or invented number can't lead into memory.
 #pragma once
 

@@ -11,14 +11,14 @@ constexpr int kTextLarge = 60002;
 
 }  // namespace
 
-void TellNotSaved(const ToolContext& context, int tool, const std::vector<Text>& names) {
+void ShowNotSaved(const ToolContext& context, int tool, const std::vector<Text>& names) {
   if (names.empty()) return;
   Text all;
   for (const Text& name : names) all += (all.empty() ? u"" : u", ") + name;
   context.host.HostShowMessage(tool, Format(context.language.LoadToolText(kTextNotSaved), all));
 }
 
-void TellLargeFile(const ToolContext& context, int tool, TextView name, std::uint64_t bytes) {
+void ShowLargeFile(const ToolContext& context, int tool, TextView name, std::uint64_t bytes) {
   if (bytes <= kLargeFile) return;
   context.host.HostShowMessage(tool, Format(context.language.LoadToolText(kTextLarge), name));
 }

@@ -15,8 +15,8 @@ namespace pnl {
 inline constexpr std::uint64_t kLargeFile = 10u << 20;
 
 /// Shows that the files with those names weren't saved. Does nothing without a name.
-void TellNotSaved(const ToolContext& context, int tool, const std::vector<Text>& names);
+void ShowNotSaved(const ToolContext& context, int tool, const std::vector<Text>& names);
 /// Shows that the file is large. Does nothing up to kLargeFile bytes.
-void TellLargeFile(const ToolContext& context, int tool, TextView name, std::uint64_t bytes);
+void ShowLargeFile(const ToolContext& context, int tool, TextView name, std::uint64_t bytes);
 
 }  // namespace pnl

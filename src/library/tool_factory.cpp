@@ -2,6 +2,8 @@
 #include "library/tool_factory.h"
 
 #include <QPointer>
+#include <algorithm>
+#include <iterator>
 
 #include "calc/qt/calc_window.h"
 #include "errors/qt/error_window.h"
@@ -9,29 +11,40 @@
 #include "window/qt/window_registry.h"
 
 namespace pnl {
+namespace {
+
+template <typename Window>
+ToolWindow* Make(const ToolContext& context, QWidget* parent) {
+  return new Window(context, parent);
+}
+
+template <>
+ToolWindow* Make<ZCCalc7340>(const ToolContext& context, QWidget* parent) {
+  return new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
+}
+
+struct ToolRow {
+  int id;
+  ToolWindow* (*make)(const ToolContext& context, QWidget* parent);
+};
+
+constexpr ToolRow kTools[] = {
+    {PNL_TOOL_CALCULATOR, &Make<ZCCalc7340>},
+    {PNL_TOOL_ERRORS, &Make<ZCErrorManager>},
+    {PNL_TOOL_MDI, &Make<ZCMDIWindow>},
+};
+
+}  // namespace
 
 ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
   if (parent == nullptr) return nullptr;
-  switch (toolId) {
-    case PNL_TOOL_CALCULATOR: {
-      // The calculator shows itself. A callback may destroy the parent meanwhile, and the calculator with it.
-      const QPointer<ZCCalc7340> calculator =
-          new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
-      calculator->Open();
-      return calculator;
-    }
-    case PNL_TOOL_ERRORS: {
-      // The window is hidden until an error comes. An error in the queue shows it at once, and a callback may then
-      // destroy the parent.
-      const QPointer<ZCErrorManager> errors = new ZCErrorManager(context, parent);
-      errors->Start();
-      return errors;
-    }
-    case PNL_TOOL_MDI:
-      return new ZCMDIWindow(context, parent);
-    default:
-      return nullptr;
-  }
+  const auto* const row =
+      std::find_if(std::begin(kTools), std::end(kTools), [toolId](const ToolRow& tool) { return tool.id == toolId; });
+  if (row == std::end(kTools)) return nullptr;
+  // A callback may destroy the parent while the tool starts, and the tool with it.
+  const QPointer<ToolWindow> tool = row->make(context, parent);
+  tool->Start();
+  return tool;
 }
 
 }  // namespace pnl

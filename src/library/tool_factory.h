@@ -9,9 +9,9 @@
 
 namespace pnl {
 
-/// Makes the tool with that number as a child of parent, which owns it. The calculator shows itself; the others are
-/// hidden until they have something to show. Returns null for a null parent, a number without a tool, or a tool whose
-/// parent was destroyed in a callback meanwhile.
+/// Makes the tool with that number as a child of parent, which owns it, and starts it. The calculator shows itself; the
+/// others are hidden until they have something to show. Returns null for a null parent, a number without a tool, or a
+/// tool whose parent was destroyed in a callback meanwhile.
 [[nodiscard]] ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent);
 
 }  // namespace pnl

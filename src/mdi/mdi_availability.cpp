@@ -17,7 +17,7 @@ constexpr std::int32_t kUnknownChannelType = 2;
 
 struct Reading {
   bool valid = false;
-  std::optional<std::int32_t> value;  // nothing when the variable isn't valid or the read failed
+  std::optional<std::int32_t> value;  // nothing if the variable isn't valid or can't be read
 };
 
 Reading Read(CncFacade& cnc, TextView format, int channel) {
@@ -30,7 +30,7 @@ Reading Read(CncFacade& cnc, TextView format, int channel) {
 }
 
 Verdict EnabledBySetup(CncFacade& cnc, int channel) {
-  // A machine without the variable has MDI; one whose variable can't be read has not.
+  // A machine without the variable has MDI. A machine with a variable that can't be read does not.
   const Reading enable = Read(cnc, u"DM.MDI.ENABLEC%d", channel);
   return enable.valid && enable.value.value_or(0) == 0 ? Verdict::kRefuse : Verdict::kNext;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// May the command line open in a channel? A list of checks in order; the first that decides ends it. Changes nothing in
-// the control.
+// Decides whether the command line may open in a channel. It goes through a list of checks in order, and the first one
+// that decides ends it. It changes nothing in the CNC.
 #pragma once
 
 #include "facade/cnc_facade.h"

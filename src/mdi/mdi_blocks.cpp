@@ -8,7 +8,7 @@
 
 namespace pnl {
 
-/// Takes the block to run into the record. False when there is none.
+/// Puts the block that is to run into the record. Returns false if there is none.
 bool MdiBlocks::PickBlock(MDIDATA_ST& record) {
   if (record.TypesInEdit()) {
     if (!View().IsDropListOpen()) {
@@ -22,7 +22,7 @@ bool MdiBlocks::PickBlock(MDIDATA_ST& record) {
     return !record.Text.empty();
   }
   record.MDASelection = View().ListSelection();
-  // Text may still contain a block that ran before; without a selection it must not run again.
+  // Text may still contain a block that has run. It must not run again because nothing is selected.
   if (record.MDASelection < 0) return false;
   record.Text = View().ListItem(record.MDASelection);
   return !record.Text.empty();
@@ -36,7 +36,7 @@ void MdiBlocks::Send(MDIDATA_ST& record) {
     screen_.ShowRunning(record);
     return UpdateMenus(record);
   }
-  // Why it was refused the operator learns from the error tool; the edit keeps the text for correction.
+  // The error tool shows the operator why the block was refused. The edit keeps the text, so that he can correct it.
   kernel_.LiberarPlcFree(0, record.Channel, 1);
   record.Text.clear();
   record.MDASelection = -1;
@@ -51,7 +51,8 @@ void MdiBlocks::Start(MDIDATA_ST& record, bool fromKey) {
   const std::int32_t detail = MdiStatusDetail(*status);
   if (fromKey && MdiChannels::DivertsStart(byte, record)) return;
   if (byte == 1) {
-    // A second press before the block's first report finds the channel still ready: it must not send again.
+    // At a second press before the block's first report the channel still says that it is ready. The block must not be
+    // sent again.
     if (record.IsReady()) Send(record);
   } else if (byte == 2) {
     if (!record.IsReady() && detail == 1) kernel_.NextSingleStep(0);
@@ -97,12 +98,12 @@ void MdiBlocks::OnBlockDone(MDIDATA_ST& record) {
   const bool shown = channels_.IsCurrent(record);
   const bool hadBlock = !record.Text.empty();
   const int fills = screen_.ListFills();
-  // First of all: the host may end the window when it gets the menus, and with the window's end the lists are written.
+  // This comes first: the host may destroy the window when it gets the menus, and then the lists are written.
   MdiHistory::AddToHistory(record, record.Text);
   const std::optional<MdiListChange> change = list_.Store(record, shown);
   if (old == mdi_state::kInterrupted) ReinstallMenus(record);
   if (shown && hadBlock) View().SetEditText({});
-  // A host that shows the tool anew when it gets the menus has the box filled from the store, with the block in it.
+  // If the host shows the tool anew when it gets the menus, the list box is filled from the store and has the block.
   if (shown && change) list_.Show(record, *change, screen_.ListFills() != fills);
   if (holding_.LeaveIfWanted(record) || !shown) return;
   screen_.ShowReady(record);
@@ -110,7 +111,7 @@ void MdiBlocks::OnBlockDone(MDIDATA_ST& record) {
 }
 
 void MdiBlocks::OnAborted(MDIDATA_ST& record) {
-  // Between the kernel's acceptance and the first report of our block, an abort is that of something before it.
+  // Before the first report of our block, an abort belongs to what ran before it.
   if (record.State == mdi_state::kRunning) return;
   const std::int32_t old = std::exchange(record.State, mdi_state::kReady);
   MdiHistory::AddToHistory(record, std::exchange(record.Text, {}));

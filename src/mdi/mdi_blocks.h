@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The path of a block: start key, kernel, status reports, history and list. Between the kernel's acceptance and the
-// next report the record's State is what the panel believes; nothing here asks the time. Who wants a start, and whether
-// the explorer is open meanwhile, is the caller's business.
+// The way of a block: from the start key to the kernel, and with its status reports into history and list. Between the
+// kernel's acceptance and the next report the record's State is what the panel believes. Nothing here uses the time.
+// The caller decides whether a start is wanted, and that none happens while the explorer is open.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ namespace pnl {
 
 class MdiBlocks {
  public:
-  /// All that is referred to outlives the object.
+  /// Everything that is passed must outlive the object.
   MdiBlocks(Kernel& kernel, MdiViewAccess view, MdiChannels& channels, MdiHolding& holding, MdiList& list,
             MdiMenus& menus, MdiScreen& screen)
       : kernel_(kernel),
@@ -30,10 +30,10 @@ class MdiBlocks {
         menus_(menus),
         screen_(screen) {}
 
-  /// The start key, or with fromKey false the control's own start during an inspection. Sends the block in hand, or
-  /// lets an interrupted one go on. Nothing in a channel that isn't the current one, open and held.
+  /// Handles the start key, or with fromKey false the start that the CNC grants during an inspection. Sends the block
+  /// in hand, or lets an interrupted block go on. Does nothing if the channel isn't current, open and held.
   void Start(MDIDATA_ST& record, bool fromKey);
-  /// The channel's status has changed. False when it can't be read; then nothing changes.
+  /// Handles a change of the channel's status. Returns false and changes nothing if the status can't be read.
   [[nodiscard]] bool OnStatusReport(MDIDATA_ST& record);
 
  private:

@@ -17,7 +17,7 @@ constexpr std::int32_t kPanelModeMdi = 2;
 constexpr std::int32_t kStartAsked = 1;
 constexpr std::int32_t kStartGranted = 2;
 
-/// An integer variable as it is now; nothing when it isn't valid or can't be read.
+/// The present value of an integer variable, or nothing if it isn't valid or can't be read.
 std::optional<std::int32_t> ReadPresent(ZCVariable& variable) {
   if (!variable.IsValid()) return std::nullopt;
   variable.UpdateCache();
@@ -31,7 +31,7 @@ std::optional<std::int32_t> ReadPresent(ZCVariable& variable) {
 int MdiChannels::NumberOfChannels() const {
   ZCVariable variable(cnc_.Vars(), u"MPG.NCHANNEL");
   const std::int32_t count = ReadPresent(variable).value_or(1);
-  // One channel at most, although everything is kept by channel.
+  // Not a mistake: the tool uses one channel at most, although all data is kept by channel.
   return count == 0 ? 0 : 1;
 }
 

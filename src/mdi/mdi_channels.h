@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The channels' records, and what is asked of the CNC about a channel: holding it in MDI state and releasing it, its
-// status, its inspection, the automatic work that waits for it. The control relies on the order of these calls. Knows
-// neither window nor host.
+// The records of the channels, and everything that is asked of the CNC about a channel: to hold it in MDI state and to
+// release it, its status, its inspection, and automatic work that waits for it. The CNC relies on the order of these
+// calls. The class knows neither window nor host.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace pnl {
 
-/// Bits 8 to 15 and 0 to 7 of a channel's status word.
+/// Bits 8 to 15 of a channel's status word, and bits 0 to 7.
 [[nodiscard]] constexpr std::int32_t MdiStatusByte(std::int32_t status) { return status >> 8 & 0xFF; }
 [[nodiscard]] constexpr std::int32_t MdiStatusDetail(std::int32_t status) { return status & 0xFF; }
 
@@ -22,53 +22,53 @@ class MdiChannels {
  public:
   explicit MdiChannels(CncFacade& cnc) : cnc_(cnc) {}
 
-  /// Makes the records of all channels. Where the control has inspection, window gets its reports.
+  /// Makes the records of all channels. If the CNC has inspection, its reports go to window.
   void MakeRecords(WindowHandle window);
   void CloseReports();
   [[nodiscard]] int Count() const { return static_cast<int>(records_.size()); }
   [[nodiscard]] std::vector<MDIDATA_ST>& Records() { return records_; }
-  /// Null for a channel that there isn't.
+  /// The record of a channel, or null if there is no such channel.
   [[nodiscard]] MDIDATA_ST* Record(std::intptr_t channel);
-  /// The current channel's, null before the first one was opened.
+  /// The record of the current channel, or null before the first one is opened.
   [[nodiscard]] MDIDATA_ST* Current() { return Record(current_); }
   [[nodiscard]] const MDIDATA_ST* Current() const;
-  /// 0 before the first one was opened.
+  /// The number of the current channel, or 0 before the first one is opened.
   [[nodiscard]] std::int8_t CurrentChannel() const { return current_; }
   [[nodiscard]] bool IsCurrent(const MDIDATA_ST& record) const { return record.Channel == current_; }
   void MakeCurrent(const MDIDATA_ST& record) { current_ = record.Channel; }
 
-  /// Holds the channel in MDI state, unless it is held already or its manual mode can't be set to 0. window gets the
-  /// reports of its status in any case.
+  /// Holds the channel in MDI state, unless it is already held or its manual mode can't be set to 0. In each case the
+  /// reports of its status go to window.
   void Hold(MDIDATA_ST& record, WindowHandle window);
-  /// Gives a held channel and its interlock back. The caller has taken the interlock for it.
+  /// Gives back a held channel and the interlock, which the caller must have taken.
   void Release(MDIDATA_ST& record);
-  /// The operator chose another manual mode while the channel is held: the MDI bit goes over to its status word.
+  /// Notes another manual mode of a held channel and moves the MDI bit to the status word of that mode.
   void ChangeManualMode(MDIDATA_ST& record, std::int32_t mode);
-  /// Automatic work is pending in a channel that was not in manual mode.
+  /// Whether automatic work is pending. Always false for a channel that was in manual mode.
   [[nodiscard]] bool AutomaticWaits(const MDIDATA_ST& record) const;
 
-  /// The channel's status word; nothing when it can't be read.
+  /// The channel's status word, or nothing if it can't be read.
   [[nodiscard]] static std::optional<std::int32_t> Status(MDIDATA_ST& record);
-  /// The status byte reads 1, or can't be read.
+  /// Whether the status byte is 1. Also true if it can't be read.
   [[nodiscard]] static bool IsIdle(MDIDATA_ST& record);
 
-  // Inspection: while a program is stopped for it, the control itself decides when a typed block may run. The start key
-  // then only asks. The answer comes back as a report.
-  /// Is an inspection on in the channel, by the kernel or by its variable?
+  // Inspection: while a program is stopped for it, the CNC decides when a typed block may run. The start key only asks
+  // for the start, and the answer comes back as a report.
+  /// Whether an inspection is on in the channel. Asks the kernel and then the variable.
   [[nodiscard]] bool IsInspecting(int channel) const;
-  /// The record's inspection variable is there, can be read and isn't 0.
+  /// Whether the record's inspection variable is valid, can be read and isn't 0.
   [[nodiscard]] static bool InspectionIsOn(MDIDATA_ST& record);
-  /// A start with that status byte goes by way of the control: then 1 was written to the start request.
+  /// Whether the CNC decides about a start at that status byte. If so, writes 1 into the variable that asks for it.
   [[nodiscard]] static bool DivertsStart(std::int32_t statusByte, MDIDATA_ST& record);
-  /// The control has granted the start that was asked for.
+  /// Whether the CNC has granted the start that was asked for.
   [[nodiscard]] static bool StartIsGranted(MDIDATA_ST& record);
 
  private:
   [[nodiscard]] int NumberOfChannels() const;
-  /// A variable of a channel, by its name after the channel's prefix.
+  /// A variable of a channel. name is the part of its name after the channel's prefix.
   [[nodiscard]] ZCVariable ChannelVariable(int channel, TextView name) const;
   void HoldInMdiState(MDIDATA_ST& record);
-  /// Sets or clears the MDI bit in the status word of a manual mode: 0 automatic, 1 manual, others have none.
+  /// Sets or clears the MDI bit in the status word of a mode: 0 automatic, 1 manual. Other modes have no status word.
   void MarkStatusWord(int channel, std::int32_t mode, bool on) const;
 
   CncFacade& cnc_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The colours of the command line: the set that the settings hold, and the rule which pair a control takes. Colours are
-// 0x00BBGGRR. Not a painter.
+// The colours of the command line, and the rule that decides which of them a control has. Colours are 0x00BBGGRR. It
+// paints nothing.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace pnl {
 
-/// The built-in colours. They differ from the defaults of the custom keys in one point: focused text is black here.
+/// The colours of the settings, with the built-in ones as defaults. The settings' own default of textFocus is white.
 struct MdiColors {
   std::uint32_t back = 0x78643C;         // 60, 100, 120
   std::uint32_t backFocus = 0xD3BF97;    // 151, 191, 211
@@ -20,9 +20,10 @@ struct MdiColors {
   std::uint32_t textList = 0xFFFFFF;
 };
 
-/// Behind the controls.
+/// The background of the window.
 inline constexpr std::uint32_t kMdiDialogBack = 0x05B9D2;
-/// The sign that opens the drop list: both at start; with the focus; the ground while the drop list is open.
+/// The colours of the sign that opens the drop list: its background, which is also its foreground at the start; its
+/// foreground after the window has had the focus; and its background while the drop list is open.
 inline constexpr std::uint32_t kMdiSignBack = 0x02B6E8;
 inline constexpr std::uint32_t kMdiSignFocus = 0x05B9D2;
 inline constexpr std::uint32_t kMdiSignOpen = 0x23D7F0;
@@ -35,10 +36,11 @@ struct MdiColorPair {
   friend bool operator==(const MdiColorPair&, const MdiColorPair&) = default;
 };
 
-/// ready: there is no channel yet, or its state is 1. Nothing for a control that keeps its own look.
+/// The colours of a control, or nothing if it keeps its own. ready means that there is no channel yet or its State is
+/// 1.
 [[nodiscard]] inline std::optional<MdiColorPair> MdiControlColors(const MdiColors& colors, MdiControl control,
                                                                   bool ready, bool focused) {
-  // The list looks the same whatever runs; everything else shows that a block is in the machine's hands.
+  // The list always looks the same. Everything else shows that a block is running or interrupted.
   if (control == MdiControl::kList) return MdiColorPair{colors.text, colors.back};
   if (!ready) return MdiColorPair{colors.textRunning, colors.backRunning};
   if (control != MdiControl::kEdit) return std::nullopt;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the host and the soft keys ask of the command line: tables of the codes, each with its precondition, then
-// opening, showing, hiding and closing in a channel, taking the channel and giving it back, and the two roles.
+// The part of the session that carries out what the host and the soft keys ask for: the codes of both, then opening,
+// showing, hiding and closing in a channel, and switching between the two roles.
 #include "host/storage_messages.h"
 #include "mdi/mdi_availability.h"
 #include "mdi/mdi_session.h"
@@ -14,7 +14,7 @@ constexpr int kTextHintMda = 39;
 
 }  // namespace
 
-/// ToolCommand: 0 for a code that isn't known.
+/// Handles ToolCommand. Returns 0 for an unknown code.
 std::intptr_t MdiSession::OnToolCommand(std::intptr_t code, std::intptr_t argument) {
   switch (code) {
     case PNL_COMMAND_OPEN:
@@ -34,14 +34,14 @@ std::intptr_t MdiSession::OnToolCommand(std::intptr_t code, std::intptr_t argume
       SwitchRole();
       return PNL_DONE;
     case PNL_COMMAND_MANUAL_MODE_CHANGED:
-      // The low byte is the channel, the high half the new mode.
+      // The low byte is the channel, and the high half is the new mode.
       return ManualModeChanged(argument & 0xFF, PnlHighHalf(argument));
     default:
       return PNL_DONE;
   }
 }
 
-/// A soft key. Nothing happens for an id that isn't known, or whose precondition isn't given.
+/// Handles a soft key. Does nothing for an unknown id, or if the command may not run now.
 void MdiSession::OnMenuCommand(std::intptr_t id) {
   MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !MdiMenus::MayRun(id, *record)) return;
@@ -81,7 +81,7 @@ void MdiSession::AnnounceOpening() {
   ShowMessage({});
 }
 
-/// Takes the channel and puts its role on the screen.
+/// Takes the channel and shows its role.
 void MdiSession::TakeAndShow(MDIDATA_ST& record) {
   holding_.Enter(record);
   screen_.ShowRole(record);
@@ -90,24 +90,24 @@ void MdiSession::TakeAndShow(MDIDATA_ST& record) {
   ShowInspectHint();
 }
 
-/// After everything that clears the message line.
-void MdiSession::TellLargeLists(const MDIDATA_ST& record) {
+/// Shows a message for each list whose file is very large. To be called after everything that clears the message line.
+void MdiSession::ShowLargeLists(const MDIDATA_ST& record) {
   const auto tell = [this](const Text& name, std::uint64_t bytes) {
-    // Asks for the host first: it hears nothing more of a window that it has ended.
+    // Throws if the tool has ended: the host must get no message from a window that it has destroyed.
     static_cast<void>(Host());
-    TellLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
+    ShowLargeFile(Context(), PNL_TOOL_MDI, name, bytes);
   };
   tell(MdiHistoryName(record.Channel), record.HistorySize);
   tell(MdiListName(record.Channel), record.ListSize);
 }
 
-/// PNL_REFUSED, and nothing changed, when the channel doesn't allow it or isn't there.
+/// Returns PNL_REFUSED and changes nothing if there is no such channel or it doesn't allow the command line.
 std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
   MDIDATA_ST* record = channels_.Record(channel);
   const bool held = record != nullptr && record->InMDI != 0;
   if (!held && !IsMDIAvailable(Context().cnc, static_cast<int>(channel))) return PNL_REFUSED;
   if (record == nullptr) return PNL_REFUSED;
-  // The host may answer the news by destroying the window. It must then hear that nothing was opened.
+  // The host may destroy the window when it hears of the opening. The answer must then be that nothing was opened.
   const bool there = Outlives([&] {
     AnnounceOpening();
     if (!channels_.IsCurrent(*record)) {
@@ -124,11 +124,11 @@ std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
   View().FocusWindow();
   record->Opened = 1;
   record->ClosePending = 0;
-  TellLargeLists(*record);
+  ShowLargeLists(*record);
   return PNL_DONE;
 }
 
-/// Only for the current channel, which stays held.
+/// Hides the window if the channel is the current one. The channel stays held.
 std::intptr_t MdiSession::HideChannel(std::intptr_t channel) {
   const MDIDATA_ST* record = channels_.Record(channel);
   if (record == nullptr) return PNL_REFUSED;
@@ -136,7 +136,7 @@ std::intptr_t MdiSession::HideChannel(std::intptr_t channel) {
   return PNL_DONE;
 }
 
-/// The block in hand, as far as it is still the operator's: a block that runs stays what it is.
+/// Keeps what the operator has typed and selected in the current channel. A block that is running stays as it is.
 void MdiSession::TakeTextInHand() {
   MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !record->IsReady()) return;
@@ -159,7 +159,8 @@ std::intptr_t MdiSession::ReshowChannel(std::intptr_t channel) {
   return PNL_DONE;
 }
 
-/// PNL_DONE: given back at once, or no such channel; PNL_CLOSES_LATER; PNL_REFUSED.
+/// Returns PNL_DONE if the channel could be given back at once or doesn't exist, PNL_CLOSES_LATER if it is given back
+/// later, and PNL_REFUSED if onlyIfInspecting is set and no inspection is on.
 std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspecting) {
   MDIDATA_ST* record = channels_.Record(channel);
   if (record == nullptr) return PNL_DONE;
@@ -172,7 +173,7 @@ std::intptr_t MdiSession::RequestClose(std::intptr_t channel, bool onlyIfInspect
     }
   }
   if (record->IsReady() && MdiChannels::IsIdle(*record)) {
-    // Done even when the interlock was refused: the host asks again if it must.
+    // The answer is the same if the interlock was refused. The host asks again if it must.
     holding_.Leave(*record);
     return PNL_DONE;
   }
@@ -194,7 +195,7 @@ std::intptr_t MdiSession::ManualModeChanged(std::intptr_t channel, std::int32_t 
   return PNL_DONE;
 }
 
-/// The Escape key, when no drop list was open.
+/// Handles the Escape key while no drop list is open.
 void MdiSession::Escape() {
   MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || record->InMDI == 0) return;
@@ -210,7 +211,7 @@ void MdiSession::Escape() {
 
 // The two roles, and what the screen shows.
 
-/// Between MDI and MDA, in State 1 only.
+/// Switches between MDI and MDA. Does nothing in another state than 1.
 void MdiSession::SwitchRole() {
   MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !record->IsReady()) return;
@@ -221,7 +222,7 @@ void MdiSession::SwitchRole() {
 void MdiSession::SetRole(MDIDATA_ST& record, MdiRole role) {
   record.Role = (record.Role & 0xF0) | static_cast<std::int32_t>(role);
   View().ClearFocus();
-  // What was typed in MDI role becomes a new item of the list.
+  // A text that was typed in MDI role becomes a new item of the list.
   const bool typed = role == MdiRole::kMda && !View().EditText().empty();
   menus_.SetEdit(record, typed ? mdi_edit::kNewItem : mdi_edit::kNone);
   screen_.LayOut(role, &record);
@@ -231,7 +232,7 @@ void MdiSession::SetRole(MDIDATA_ST& record, MdiRole role) {
   InstallMenus(record);
 }
 
-/// Caret after the text, focus where the role has it.
+/// Sets the caret after the text and gives the focus to the control that has it in this role.
 void MdiSession::RestoreCaret() {
   const MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !record->IsReady()) return;
@@ -246,7 +247,7 @@ void MdiSession::SwitchLayout(bool MdiSettings::*setting) {
   menus_.InstallPositionMenu();
 }
 
-/// The hint of the current channel's role while an inspection is on, else an empty message line.
+/// Shows the hint for the current role while an inspection is on in the channel. Else it empties the message line.
 void MdiSession::ShowInspectHint() {
   MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !MdiChannels::InspectionIsOn(*record)) return ShowMessage({});

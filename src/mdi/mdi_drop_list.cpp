@@ -19,7 +19,7 @@ void MdiDropList::Cancel() {
 
 void MdiDropList::EndList(std::intptr_t value) {
   finished_ = true;
-  // The last act: the owner destroys the list on this message.
+  // This comes last, because the owner destroys the list in this message.
   windows_.Send(owner_, {RegisterMessage("MDI_ENDLIST"), value, 0});
 }
 

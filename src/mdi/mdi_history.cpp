@@ -10,7 +10,7 @@ namespace pnl {
 
 namespace {
 
-/// The first so many rows.
+/// The first count rows. There must be so many.
 TextRows FirstRows(const TextRows& rows, std::size_t count) {
   TextRows first;
   auto row = rows.begin();
@@ -29,7 +29,7 @@ RowsRead MdiHistory::Load(TextView name, std::size_t most) {
   const Text path = MdiFileToRead(files_, utilities_, name);
   RowsRead read = ReadRows(files_, path, most);
   if (path == users) return read;
-  // The machine's copy was read in its place; what may be written over is the user's alone.
+  // The machine's copy was read in place of the user's. Only the user's is written, so `known` must be about that one.
   const FileInfo info = files_.Query(users);
   read.known = info.exists || info.outOfReach ? FileKnown::kUnknown : FileKnown::kAbsent;
   return read;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The two lists of a channel and their files: the history of blocks that ran and the working list of the MDA role.
-// A file that can't be read is an empty list, silently. One that can't be written stays as it was and is reported. One
-// that was out of reach when the lists were read gets the session's own rows in front of those found there later.
+// The two lists of a channel and their files: the history of the blocks that have run, and the working list of the MDA
+// role. If a file can't be read, its list is empty and nothing is reported. If a file can't be written, it stays as it
+// was and its name is reported. If a file was out of reach when the lists were read and is back when they are written,
+// the session's own rows are put in front of its rows.
 #pragma once
 
 #include <vector>
@@ -14,7 +15,7 @@
 
 namespace pnl {
 
-/// The files' names.
+/// The names of the two files of a channel, without a folder.
 [[nodiscard]] Text MdiHistoryName(int channel);
 [[nodiscard]] Text MdiListName(int channel);
 
@@ -23,12 +24,12 @@ class MdiHistory {
   MdiHistory(Files& files, Utilities& utilities, MdiSettings& settings)
       : files_(files), utilities_(utilities), settings_(settings) {}
 
-  /// Reads both lists the first time a channel is shown; later calls do nothing.
+  /// Reads both lists. Later calls for the same record do nothing.
   void LoadLists(MDIDATA_ST& record);
-  /// To the head, and away from wherever an equal entry stood. An empty text is ignored. Nothing is cut here: during a
-  /// run the history may grow beyond its limit.
+  /// Puts the text at the front of the history and removes an equal entry. Ignores an empty text. It removes nothing
+  /// else: the history may become longer than its limit while the program runs.
   static void AddToHistory(MDIDATA_ST& record, const Text& text);
-  /// Writes both lists if they changed; the names of the files that couldn't be written.
+  /// Writes both lists if one has changed. Returns the names of the files that couldn't be written.
   std::vector<Text> SaveLists(MDIDATA_ST& record);
 
  private:

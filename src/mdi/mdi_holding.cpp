@@ -12,14 +12,14 @@ void MdiHolding::ReportTaken(const MDIDATA_ST& record) { Notify(PNL_NOTIFY_CHANN
 
 void MdiHolding::Enter(MDIDATA_ST& record) {
   ReportTaken(record);
-  // The host may have destroyed the window at the news. Then the view's handle can't be had, and the operation ends
-  // here: nobody would give the channel back.
+  // The host may have destroyed the window in the report. Then view_() throws and the channel isn't taken, because
+  // nobody would give it back.
   channels_.Hold(record, view_().Handle());
 }
 
 bool MdiHolding::Leave(MDIDATA_ST& record) {
-  // Asked for first: without a window nothing of this is begun. From the interlock on, the channel is given back whole,
-  // whatever becomes of the window.
+  // Throws if there is no window, so that nothing is begun without one. After the interlock is taken, the channel is
+  // given back completely, even if the window is destroyed meanwhile.
   static_cast<void>(view_());
   if (kernel_.CogerPlcFree(0, record.Channel) == 0) return false;
   if (record.StatusVar.IsReportOpened()) record.StatusVar.CloseReport();
@@ -27,8 +27,8 @@ bool MdiHolding::Leave(MDIDATA_ST& record) {
   record.Opened = 0;
   record.ClosePending = 0;
   Notify(PNL_NOTIFY_CHANNEL_GIVEN, record);
-  // The interlock taken above is given back with the MDI state only: a channel that was not held keeps it, and that is
-  // meant so.
+  // Not a mistake: the interlock that was taken above is given back together with the MDI state. If the channel wasn't
+  // held, the interlock stays taken.
   if (record.InMDI != 0) channels_.Release(record);
   if (!channels_.IsCurrent(record)) return true;
   screen_.Hide();

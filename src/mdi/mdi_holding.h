@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Taking a channel away from the other modes and giving it back, and what the host hears of it. The control and the
-// host rely on the order of these calls. A hidden window still holds its channel; only Leave gives it back.
+// Takes a channel from the other modes and gives it back, and reports both to the host. The CNC and the host rely on
+// the order of these calls. A hidden window still holds its channel. Only Leave gives it back.
 #pragma once
 
 #include <functional>
@@ -15,10 +15,10 @@ namespace pnl {
 
 class MdiHolding {
  public:
-  /// How the host is reached. The call throws WindowGone once the tool has ended.
+  /// Returns the host. Throws WindowGone if the tool has ended.
   using HostAccess = std::function<const HostBridge&()>;
 
-  /// hostWindow gets ToolNotify. channels and screen outlive the object.
+  /// hostWindow gets ToolNotify. channels and screen must outlive the object.
   MdiHolding(const ToolContext& context, WindowHandle hostWindow, MdiViewAccess view, HostAccess host,
              MdiChannels& channels, MdiScreen& screen)
       : kernel_(context.cnc.Kapi()),
@@ -31,17 +31,17 @@ class MdiHolding {
 
   /// Reports the channel as taken, then holds it.
   void Enter(MDIDATA_ST& record);
-  /// Gives the channel back, and hides the window if it was in that channel. False, and nothing changed, when the
-  /// interlock wasn't granted.
+  /// Gives the channel back and hides the window if the channel is the current one. Returns false and changes nothing
+  /// if the interlock isn't granted.
   bool Leave(MDIDATA_ST& record);
-  /// Leave, if somebody waits for the channel. False when the channel stays open: nobody waits, or the interlock was
-  /// refused.
+  /// Calls Leave if somebody waits for the channel. Returns false if nobody waits or the interlock isn't granted; then
+  /// the channel stays open.
   bool LeaveIfWanted(MDIDATA_ST& record);
-  /// Hides the window and has the channel given back when its block ends.
+  /// Hides the window and marks the channel, so that it is given back when its block ends.
   void CloseLater(MDIDATA_ST& record);
-  /// Hides the window, which goes on holding the channel.
+  /// Hides the window. The channel stays held.
   void Hide(const MDIDATA_ST& record);
-  /// ToolNotify to the host's window: the channel is taken.
+  /// Sends ToolNotify to the host's window: the channel is taken.
   void ReportTaken(const MDIDATA_ST& record);
 
  private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where the window of the command line and its controls lie in each role, and where the drop list opens: pure functions
-// of the parent's size and the settings. Nothing here touches a window. The numbers are pixels of the panel's dialogs.
+// Computes the places of the command line's window and of its controls in each role, and of the drop list. These are
+// pure functions of the parent's size and the settings. They touch no window. All numbers are pixels.
 #pragma once
 
 #include "base/text.h"
@@ -11,7 +11,8 @@ namespace pnl {
 /// The low nibble of a channel's role.
 enum class MdiRole { kMdi = 1, kMda = 2 };
 
-/// Rectangles: window in the parent's client area, the others in the window's. Never of negative size.
+/// The rectangle `window` is in the client area of the parent, the others are in that of the window. Their sizes are
+/// never negative.
 struct MdiLayout {
   Rect window;
   Rect title;
@@ -22,7 +23,7 @@ struct MdiLayout {
   bool signShown = false;
 };
 
-/// What the layouts depend on.
+/// The values on which a layout depends.
 struct MdiLayoutInput {
   Rect parent;  // the parent's client rectangle
   bool fullLength = true;
@@ -30,16 +31,16 @@ struct MdiLayoutInput {
   int channelCount = 1;
 };
 
-/// One line for MDI, the whole parent for MDA.
+/// The layout of a role: one line for MDI, the whole parent for MDA.
 [[nodiscard]] MdiLayout LayOutMdi(MdiRole role, const MdiLayoutInput& input);
 
-/// "MDI" or "MDA", with the channel's number where there is more than one.
+/// "MDI" or "MDA". The number of the channel follows if there is more than one.
 [[nodiscard]] Text MdiTitleText(MdiRole role, int channelCount, int channel);
 
-/// The title's blinking in milliseconds; 0 in MDA role.
+/// The period in which the title blinks, in milliseconds. It is 0 in MDA role, where the title doesn't blink.
 [[nodiscard]] int MdiTitleBlink(MdiRole role);
 
-/// The drop list's rectangle on the screen: under the edit, or over it when the window lies at the bottom.
+/// The place of the drop list on the screen: below the edit, or above it if the window is at the bottom.
 [[nodiscard]] Rect MdiDropListRect(const Rect& editOnScreen, bool below);
 
 }  // namespace pnl

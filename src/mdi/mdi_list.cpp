@@ -15,7 +15,7 @@ bool IsItem(const MDIDATA_ST& record, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < record.MDAList.size();
 }
 
-/// The session put it there, whatever becomes of the file meanwhile.
+/// Notes that this session added the item. It must be in the file later, even if the file changes meanwhile.
 void NoteAdded(MDIDATA_ST& record, TextView text) { record.ListAdded.push_back(text); }
 
 MdiListChange Append(MDIDATA_ST& record, const Text& text) {
@@ -24,7 +24,7 @@ MdiListChange Append(MDIDATA_ST& record, const Text& text) {
   return {Kind::kAppended, 0, text};
 }
 
-/// At the end when nothing is selected.
+/// Inserts at the end if nothing is selected.
 MdiListChange InsertBefore(MDIDATA_ST& record, int selected, const Text& text) {
   if (!IsItem(record, selected)) return Append(record, text);
   record.MDAList.Insert(static_cast<std::size_t>(selected), text);
@@ -32,18 +32,18 @@ MdiListChange InsertBefore(MDIDATA_ST& record, int selected, const Text& text) {
   return {Kind::kInserted, selected, text};
 }
 
-/// At the end when there is no such item, so that no block is lost.
+/// Appends the text if there is no such item, so that no block is lost.
 MdiListChange Replace(MDIDATA_ST& record, int index, const Text& text) {
   if (!IsItem(record, index)) return Append(record, text);
   const auto place = static_cast<std::size_t>(index);
-  // A row that this session had put there is another one now.
+  // If this session had added the old item, that is no longer in the list.
   if (const auto old = record.ListAdded.Find(record.MDAList[place])) record.ListAdded.Erase(*old);
   record.MDAList.Replace(place, text);
   NoteAdded(record, text);
   return {Kind::kReplaced, index, text};
 }
 
-/// Where an item goes that is taken out at index of count items.
+/// The new index of the item at index, in a list of count items.
 int MoveTarget(int index, int count, bool up) {
   if (up) return index == 0 ? count - 1 : index - 1;
   return index == count - 1 ? 0 : index + 1;
@@ -60,11 +60,11 @@ std::optional<MdiListChange> MdiList::Store(MDIDATA_ST& record, bool shown) {
     change = InsertBefore(record, shown ? View().ListSelection() : record.MDASelection, record.Text);
   } else if (record.Edit() == mdi_edit::kChangeItem) {
     int index = std::exchange(record.MDASelection, -1);
-    // A refused block has dropped the place; the list box still shows it.
+    // A refused block has set MDASelection to -1, but the item is still selected in the list box.
     if (index < 0 && shown) index = View().ListSelection();
     change = Replace(record, index, record.Text);
   } else {
-    // Run straight from the list: the list contains it already, and Text keeps it.
+    // The block was started from the list, so the list contains it. Text keeps it.
     return std::nullopt;
   }
   record.Text.clear();
@@ -88,7 +88,8 @@ void MdiList::Delete(const MDIDATA_ST& record) {
   const int index = View().ListSelection();
   if (index < 0) return;
   View().DeleteListItem(index);
-  // The store keeps the item and stays unmarked: deleting here is for the sitting, and the next load brings it back.
+  // Not a mistake: the store keeps the item and isn't marked as changed. The item is back when the list is filled
+  // again.
   View().SetListSelection(std::min(index, View().ListCount() - 1));
   UpdateMenus(record);
 }
@@ -116,7 +117,7 @@ void MdiList::New(MDIDATA_ST& record) {
 void MdiList::EndEdit(MDIDATA_ST& record) {
   menus_.SetEdit(record, mdi_edit::kNone);
   View().SetEditText({});
-  // The list can't always take the focus, which would do this too: the window may be hidden.
+  // A list that gets the focus does this too. But the window may be hidden, and then the list gets no focus.
   View().SetEditReadOnly(true);
   View().FocusList();
   UpdateMenus(record);
@@ -139,7 +140,8 @@ void MdiList::Move(MDIDATA_ST& record, bool up) {
   View().DeleteListItem(index);
   View().InsertListItem(target, shown);
   if (IsItem(record, index)) {
-    // The store may be longer than the box, whose items it then keeps at its end; "the end" is each one's own.
+    // The store may have more items than the box, because Delete removes them only there. An item that goes to the end
+    // goes to the end of each.
     const bool toEnd = up && index == 0;
     const auto place = static_cast<std::size_t>(index);
     const Text item = record.MDAList[place];

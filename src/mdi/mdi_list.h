@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The MDA list: what becomes of its items in the store and in the list box, and the commands and keys that work on it.
-// Store and box contain the same items but for one deliberate difference, described at Delete. Knows no channel but the
-// record it is given.
+// The MDA list: how its items change in the record and in the list box, and the commands and keys that work on it. The
+// list in the record is called the store. Store and list box have the same items except for the deliberate difference
+// at Delete. The class knows only the record that it is given.
 #pragma once
 
 #include <cstdint>
@@ -15,42 +15,44 @@
 
 namespace pnl {
 
-/// A change of the store that the list box doesn't show yet.
+/// A change of the store that the list box does not show yet.
 struct MdiListChange {
   enum class Kind { kAppended, kInserted, kReplaced };
   Kind kind = Kind::kAppended;
-  int index = 0;  // of the item; unused for an appended one, since the box may be shorter than the store
+  int index = 0;  // the item's index; unused for kAppended, because the box may be shorter than the store
   Text text;
 };
 
 class MdiList {
  public:
-  /// screen and menus outlive the list.
+  /// screen and menus must outlive the list.
   MdiList(MdiViewAccess view, MdiScreen& screen, MdiMenus& menus)
       : view_(std::move(view)), screen_(screen), menus_(menus) {}
 
-  /// Puts the block in hand into the store where its role says: at the end of the list (MDI), before the selected item
-  /// (a new item) or in the place of the item being changed. Nothing, and no change, for an empty block or one that was
-  /// run straight from the list. shown: the list box shows this record's list. Asks the window for nothing but its
-  /// selection.
+  /// Puts the block in hand into the store: at the end of the list in MDI role, before the selected item if it is a new
+  /// item, or in place of the item that is being changed. Returns nothing and changes nothing if the block is empty or
+  /// was started from the list itself. shown says that the list box shows this record's list. Asks the window only for
+  /// its selection.
   [[nodiscard]] std::optional<MdiListChange> Store(MDIDATA_ST& record, bool shown);
-  /// Shows a change of the store in the list box, selects the item there and ends the edit. alreadyThere: the box was
-  /// filled from the store after the change; then it only ends the edit.
+  /// Shows a change of the store in the list box, selects the item there and ends the edit. If alreadyThere is set, the
+  /// box was filled from the store after the change, and this only ends the edit.
   void Show(MDIDATA_ST& record, const MdiListChange& change, bool alreadyThere = false);
 
-  // Commands, for the record whose list the box shows. Each ends with the menus.
-  /// Takes the selected item out of the list box only: the store keeps it and isn't marked, so it is back at the next
-  /// load.
+  // Commands for the record whose list the box shows. Each of them updates the menus at its end.
+  /// Removes the selected item only from the list box. The store keeps it and isn't marked as changed, so the item is
+  /// back when the list is filled again.
   void Delete(const MDIDATA_ST& record);
   void Change(MDIDATA_ST& record);
   void New(MDIDATA_ST& record);
   void EndEdit(MDIDATA_ST& record);
   void Clear(MDIDATA_ST& record);
-  /// Up is towards index 0; both ends are joined. Leaves the menus alone.
+  /// Moves the selected item by one place. Up is towards index 0. From one end it goes to the other end. Does not
+  /// update the menus.
   void Move(MDIDATA_ST& record, bool up);
-  /// The Enter key in MDA role: begins an edit, or stores the edited item without running it.
+  /// Handles the Enter key in MDA role: begins an edit, or stores the edited item without running it.
   void Enter(MDIDATA_ST& record);
-  /// The list box got the focus: an edit of an item ends. Calls nobody outside, and leaves the menus to OnFocusSettled.
+  /// Ends the edit of an item, because the list box got the focus. Calls nobody outside. OnFocusSettled updates the
+  /// menus.
   void OnFocus(MDIDATA_ST& record);
 
  private:

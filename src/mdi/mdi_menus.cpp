@@ -13,7 +13,7 @@ constexpr int kTextEndEdit = 7;
 constexpr int kTextProgramTitle = 8;
 constexpr int kBitmapMoveUp = 3019;
 
-// The spacing differs between these four; whoever searches the trace log does it by the exact texts.
+// Not a mistake: the blanks differ between these four. People search the black box for the exact texts.
 constexpr TextView kMdiCanCancel = u"MDI: BLOQUE INTERRUMPIDO: ES POSIBLE CANCELAR EL BLOQUE (PosibleMDICancel = %d)";
 constexpr TextView kMdiCannotCancel =
     u"MDI: BLOQUE INTERRUMPIDO: NO ES POSIBLE CANCELAR EL BLOQUE(PosibleMDICancel = %d)";
@@ -25,7 +25,7 @@ constexpr int kListCommands[] = {mdi_command::kDeleteItem, mdi_command::kChangeI
                                  mdi_command::kEndEdit,    mdi_command::kSaveProgram, mdi_command::kClearList,
                                  mdi_command::kMoveUp,     mdi_command::kMoveDown};
 
-/// What a command needs. Those of the list are grey while a block is in the machine's hands.
+/// What a command needs. The commands of the list need that no block is running or interrupted.
 enum class Need { kNothing, kInterrupted, kReady, kReadyMda };
 
 struct MenuCommand {
@@ -97,7 +97,7 @@ void MdiMenus::EnableOnly(int id) {
   if (MenuItem* item = Table().FindItem(mda_, id)) item->enabled = true;
 }
 
-/// The place of "move up" is given to "end edit": the key that the operator's finger is on then.
+/// Puts "end edit" in the place of "move up" and hides "move down".
 void MdiMenus::PutEndEditIn() {
   UTIL7340_HideMenuItem(Table(), mda_, mdi_command::kMoveDown);
   UTIL7340_CleanMenuItem(Table(), mda_, mdi_command::kMoveUp, false);
@@ -127,7 +127,7 @@ void MdiMenus::SetEdit(MDIDATA_ST& record, std::int32_t edit) {
   record.Role = (record.Role & 0x0F) | edit;
 }
 
-/// Which items can be pressed, by state, edit and list.
+/// Decides by state, edit and list which items can be pressed.
 void MdiMenus::GreyItems(const MDIDATA_ST& record, int listCount) {
   if (!record.IsReady()) {
     EnableListCommands(false);
@@ -140,7 +140,7 @@ void MdiMenus::GreyItems(const MDIDATA_ST& record, int listCount) {
   }
 }
 
-/// In State 4: whether the interrupted block can be cancelled. The answer is written to the black box as well.
+/// Whether the block can be cancelled. Asks the kernel only in State 4, and writes its answer to the black box.
 bool MdiMenus::CancelIsOffered(const MDIDATA_ST& record) {
   if (record.State != mdi_state::kInterrupted) return false;
   const int possible = kernel_.PosibleMDICancel(record.Channel);
@@ -167,7 +167,7 @@ void MdiMenus::Install(const MDIDATA_ST& record, int listCount) {
 void MdiMenus::Update(const MDIDATA_ST* record, int listCount) {
   if (record == nullptr || record->LowRole() != MdiRole::kMda) return;
   GreyItems(*record, listCount);
-  // In State 4 the bar may hold the cancel menu, which hasn't changed.
+  // In State 4 the bar may have the cancel menu, and that hasn't changed.
   if (record->State != mdi_state::kInterrupted) host_().HostUpdateMainMenu(PNL_TOOL_MDI);
 }
 

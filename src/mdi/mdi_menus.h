@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The soft-key menus of the command line: loading them, which of them is in which bar, which items can be pressed, and
-// the exchange of one item while an item of the list is edited. What the commands do is elsewhere.
+// The soft-key menus of the command line. This class loads them, decides which menu is in which bar and which items can
+// be pressed, and exchanges one item while an item of the list is edited. The commands themselves are elsewhere.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +31,7 @@ inline constexpr int kSwitchLength = 40006;
 
 class MdiMenus {
  public:
-  /// How the menus reach the host. The call throws WindowGone once the tool has ended.
+  /// Returns the host. Throws WindowGone if the tool has ended.
   using HostAccess = std::function<const HostBridge&()>;
 
   MdiMenus(Language& language, Kernel& kernel, HostAccess host)
@@ -40,20 +40,20 @@ class MdiMenus {
   /// Loads the three menus with their bitmaps and helpers, and texts 7 and 8.
   void Load(const MdiSettings& settings);
   void Destroy();
-  /// May the soft key's command run in this state? The guard is the same for every sender. False for an id that isn't
-  /// known.
+  /// Whether a command may run in the record's state. It is asked for every sender of the command. False for an unknown
+  /// id.
   [[nodiscard]] static bool MayRun(std::intptr_t id, const MDIDATA_ST& record);
-  /// Language text 8.
+  /// Language text 8: the title of the explorer and of message boxes.
   [[nodiscard]] const Text& ProgramTitle() const { return programTitle_; }
 
-  /// Begins, changes or ends the editing of a list item (mdi_edit), with the menu's exchange of items.
+  /// Begins, changes or ends the edit of a list item. edit is a value of mdi_edit. Exchanges the items of the menu.
   void SetEdit(MDIDATA_ST& record, std::int32_t edit);
-  /// Gives the bars their menus by role and state, with listCount items in the list box. In State 4 it writes to the
-  /// black box whether the block can be cancelled.
+  /// Gives the bars the menus for the record's role and state. listCount is the number of items in the list box. In
+  /// State 4 it writes to the black box whether the block can be cancelled.
   void Install(const MDIDATA_ST& record, int listCount);
-  /// Greys and enables the items of the MDA menu. Nothing in MDI role, or without a record.
+  /// Enables and disables the items of the MDA menu. Does nothing in MDI role or without a record.
   void Update(const MDIDATA_ST* record, int listCount);
-  /// Bitmaps and helpers of the position menu by the settings.
+  /// Sets the bitmaps and helpers of the position menu to match the settings.
   void UpdatePositionItems(const MdiSettings& settings);
   void InstallPositionMenu();
 
@@ -70,13 +70,13 @@ class MdiMenus {
   Language& language_;
   Kernel& kernel_;
   const HostAccess host_;
-  // A menu that the language doesn't have is 0.
+  // Each handle is 0 if the language does not have the menu.
   MenuHandle cancel_ = 0;
   MenuHandle mda_ = 0;
   MenuHandle position_ = 0;
   Text endEdit_;  // language text 7
   Text programTitle_;
-  Text moveUpCaption_;  // what item 40003 reads when no edit has its place
+  Text moveUpCaption_;  // the text of item 40003, for the time after the edit
 };
 
 }  // namespace pnl

@@ -13,7 +13,8 @@ namespace {
 constexpr TextView kHeader = u"(------------- CREATED BY MDI -------------)\n";
 constexpr TextView kProgramEnd = u"M30";
 
-/// A name with a line feed in it is one that nobody can type or read again, and would break the program's first lines.
+/// Whether the path contains control characters. Nobody can type such a name, and a line feed in it would break the
+/// first lines of the program.
 bool HasControls(TextView path) {
   return std::any_of(path.begin(), path.end(), [](char16_t c) { return c < u' ' || (c >= 0x7F && c <= 0x9F); });
 }
@@ -49,7 +50,7 @@ MdiProgramResult WriteProgram(Files& files, TextView folder, TextView name, cons
   file.WriteString(kHeader);
   file.WriteString(Format(u"%% %s\n", FileTitleOf(name)));
   WriteItems(view, file);
-  // Only now the file comes to the disc, whole; a full disc shows here.
+  // The file is written to the disc only now, as a whole. A full disc is noticed here.
   return file.Close() ? MdiProgramResult::kWritten : MdiProgramResult::kNotStored;
 }
 

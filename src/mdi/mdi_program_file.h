@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The MDA list as a program: what the explorer is asked for, and the file. Shows nothing: what went wrong is a value.
+// Writes the MDA list as a program: fills the request for the explorer, and writes the file. It shows nothing and
+// returns failures as values.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -10,17 +11,17 @@
 
 namespace pnl {
 
-/// A request for the file of a program, with the explorer's title and the folder that it begins in.
+/// Fills a request for the file of a program. title is the title of the explorer, and folder is where it begins.
 void FillProgramRequest(XPLRDATA_ST& request, TextView title, TextView folder);
 
 enum class MdiProgramResult {
   kWritten,
-  kNotWritable,  // the file is there and protected
-  kNotCreated,   // no such folder, or a name that nobody can type
-  kNotStored,    // the disc is full, or the like
+  kNotWritable,  // the file exists and is protected
+  kNotCreated,   // the file can't be created, or its path contains control characters
+  kNotStored,    // the file can't be stored, for example because the disc is full
 };
 
-/// Writes the list box's items as a program of that name. The file comes to the disc whole or not at all.
+/// Writes the items of the list box as a program of that name. The file is written whole or not at all.
 [[nodiscard]] MdiProgramResult WriteProgram(Files& files, TextView folder, TextView name, const MdiView& view);
 
 }  // namespace pnl

@@ -10,7 +10,7 @@ namespace pnl {
 
 namespace {
 
-/// All of the edit without a selection.
+/// The selected part of the edit, or all of it without a selection.
 Text SelectedInEdit(const MdiView& view) {
   Text text = view.EditText();
   const int length = static_cast<int>(text.size());
@@ -41,8 +41,8 @@ void MdiScreen::LayOut(MdiRole role, const MDIDATA_ST* record) {
   ShowAccess(role, record);
 }
 
-/// What can be written and chosen: the edit where the operator types in it, the list in MDA role, and neither while a
-/// block of the channel is in the machine's hands.
+/// Sets which controls can be used: the edit if the operator types in it, the list in MDA role, and neither while a
+/// block of the channel is running or interrupted.
 void MdiScreen::ShowAccess(MdiRole role, const MDIDATA_ST* record) {
   const bool ready = record == nullptr || record->IsReady();
   if (role == MdiRole::kMdi) {
@@ -56,7 +56,7 @@ void MdiScreen::ShowAccess(MdiRole role, const MDIDATA_ST* record) {
 
 void MdiScreen::ShowRole(const MDIDATA_ST& record) {
   View().Place(LayoutFor(record.LowRole()));
-  // A block may have ended, or the channel may have gone back, while the window was out of sight.
+  // A block may have ended, or the channel may have been given back, while the window was hidden.
   ShowAccess(record.LowRole(), &record);
   ShowTitle(record, true);
 }
@@ -70,7 +70,7 @@ void MdiScreen::ShowTitle(const MDIDATA_ST& record, bool visible) {
 void MdiScreen::FillList(const MDIDATA_ST& record) {
   View().FillList(record.MDAList);
   ++listFills_;
-  // A change of an item that is under way must still find its item.
+  // If the operator is changing an item, that item must be selected again.
   if (record.MDASelection >= 0) View().SetListSelection(record.MDASelection);
 }
 
@@ -157,7 +157,7 @@ void MdiScreen::CloseDropList() {
 void MdiScreen::CancelDropList() { EndDropList(MdiDropList::kCancelled); }
 
 void MdiScreen::EndDropList(std::intptr_t verdict) {
-  // A verdict without a list is none: anybody can send the message.
+  // Anybody can send the message. Without an open list it means nothing.
   if (!View().IsDropListOpen()) return;
   if (verdict == MdiDropList::kPicked) {
     View().SetEditText(View().DropListPicked());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the operator sees and where the focus is: laying out, showing a role and its states, the selection that comes
-// back with the focus, the drop list. Reads the records and changes none. Knows neither host nor CNC.
+// Decides what the operator sees and where the focus is: the layout, how a role and its states look, the selection that
+// the edit gets back with the focus, and the drop list. It reads the records and changes none. It knows neither host
+// nor CNC.
 #pragma once
 
 #include <cstdint>
@@ -14,55 +15,57 @@ namespace pnl {
 
 class MdiScreen {
  public:
-  /// settings outlives the screen.
+  /// settings must outlive the screen.
   MdiScreen(MdiViewAccess view, const MdiSettings& settings) : view_(std::move(view)), settings_(settings) {}
 
-  /// The first layout, for MDI role without a channel, in a control with that many channels.
+  /// Makes the first layout, for MDI role and without a channel. channelCount is the number of channels of the CNC.
   void Begin(int channelCount);
-  /// Lays the window out for a role of a channel; record may be null. Closes the drop list.
+  /// Lays the window out for a role. record is that of the channel, or null without one. Closes the drop list.
   void LayOut(MdiRole role, const MDIDATA_ST* record);
-  /// Lays out again for the role that was laid out last.
+  /// Lays the window out again for the role of the last layout.
   void LayOutAgain(const MDIDATA_ST* record) { LayOut(displayedRole_, record); }
   [[nodiscard]] MdiRole DisplayedRole() const { return displayedRole_; }
-  /// The role's controls, their access and the title, in a window that is about to be visible.
+  /// Places and enables the controls for the record's role and shows the title. The window is about to be shown.
   void ShowRole(const MDIDATA_ST& record);
-  /// The title alone: its text, and whether it blinks. Out of sight it doesn't blink, so that an idle panel sleeps.
+  /// Sets the text of the title, and whether it blinks. It doesn't blink if the window isn't visible, so that an idle
+  /// panel has nothing to do.
   void ShowTitle(const MDIDATA_ST& record, bool visible);
-  /// The list box gets the record's list, and its selection.
+  /// Fills the list box with the record's list and selects the record's item.
   void FillList(const MDIDATA_ST& record);
-  /// How often the list box was filled so far.
+  /// How often the list box has been filled.
   [[nodiscard]] int ListFills() const { return listFills_; }
-  /// Hides the window with all that belongs to it and stops the title's blinking.
+  /// Closes the drop list, hides the window and stops the blinking of the title.
   void Hide();
 
-  /// A block was sent: nothing can be typed or chosen.
+  /// Shows that a block was sent: nothing can be typed or chosen.
   void ShowRunning(const MDIDATA_ST& record);
-  /// A block has ended: the role's controls can be used again, and get the focus in a visible window.
+  /// Shows that a block has ended: the role's controls can be used again. In a visible window they get the focus.
   void ShowReady(const MDIDATA_ST& record);
-  /// The same after an abort. In MDI role the edit is emptied.
+  /// Shows that a block was aborted: as ShowReady, and in MDI role the edit is emptied.
   void ShowAborted(const MDIDATA_ST& record);
 
-  /// Selects in the edit, now and whenever it gets the focus back.
+  /// Sets the selection of the edit, now and each time when it gets the focus back.
   void SetSelection(TextSelection selection);
-  /// Caret after the last character.
+  /// Sets the caret after the last character.
   void SetCaretToEnd();
   /// The edit got or lost the focus.
   void OnEditFocus(bool focused);
-  /// The edit where the operator types in it, else the list. record may be null.
+  /// Gives the focus to the edit if the operator types in it, else to the list. record may be null.
   void FocusForRole(const MDIDATA_ST* record);
-  /// The same, with the list's first item selected.
+  /// The same. If the list gets the focus, its first item is selected.
   void FocusForRoleFirstItem(const MDIDATA_ST* record);
-  /// The block that the operator has in hand: what is selected in the edit, all of the edit without a selection, or the
-  /// selected item of the list.
+  /// The block that the operator has in hand. If he types in the edit, it is the selected part of the edit, or all of
+  /// it without a selection. Else it is the selected item of the list.
   [[nodiscard]] Text BlockInHand(const MDIDATA_ST& record) const;
 
-  /// Opens the drop list with the channel's history, in MDI role and State 1 only. record may be null.
+  /// Opens the drop list with the channel's history. Does nothing without a record, in MDA role or in another state
+  /// than 1.
   void OpenDropList(const MDIDATA_ST* record);
-  /// Closes it, if it is open, and leaves the focus alone.
+  /// Closes the drop list if it is open. Does not move the focus.
   void CloseDropList();
-  /// Closes it as Cancel does: the focus and the saved selection go back to the edit.
+  /// Closes the drop list as Cancel does: the edit gets back the focus and the saved selection.
   void CancelDropList();
-  /// "MDI_ENDLIST": verdict 1 means that a text was picked.
+  /// Handles "MDI_ENDLIST": takes the picked text if the verdict is 1, and closes the drop list.
   void EndDropList(std::intptr_t verdict);
 
  private:
@@ -75,7 +78,7 @@ class MdiScreen {
   int channelCount_ = 0;
   int listFills_ = 0;
   MdiRole displayedRole_ = MdiRole::kMdi;
-  TextSelection selection_;  // what the edit gets back with the focus
+  TextSelection selection_;  // the edit gets this selection back with the focus
 };
 
 }  // namespace pnl

@@ -46,8 +46,8 @@ void MdiSession::Start() {
 void MdiSession::End() {
   if (HasEnded()) return;
   MarkEnded();
-  // The explorer must not reach the request any more. Publishing gives the number that the record may have got from a
-  // request; without one it is made and dropped.
+  // The explorer must not reach the request any more. PublishRecord returns the number that the record got when it was
+  // requested. If it has none, it gets one, which is withdrawn at once.
   WithdrawRecord(PublishRecord(&explorerRequest_));
   std::vector<Text> failed;
   if (!settings_.SaveSettings()) failed.emplace_back(kMdiIniName);
@@ -56,7 +56,7 @@ void MdiSession::End() {
   }
   channels_.CloseReports();
   menus_.Destroy();
-  TellNotSaved(Context(), PNL_TOOL_MDI, failed);
+  ShowNotSaved(Context(), PNL_TOOL_MDI, failed);
 }
 
 // Messages.
@@ -107,7 +107,7 @@ std::intptr_t MdiSession::OnCycleStart(const Message& message) {
   if (message.first == PNL_START_RESERVED) return PNL_RESERVED;
   if (message.first != PNL_START_KEY && message.first != PNL_START_QUERY) return PNL_REFUSED;
   if (message.second == 0) return PNL_DONE;
-  // Only the channel's byte is read: a host's record may end after it.
+  // Only the channel's byte is read, because the host's record may be no longer than that.
   std::int8_t asked = 0;
   const auto* record = reinterpret_cast<const char*>(message.second);  // NOLINT(performance-no-int-to-ptr)
   std::memcpy(&asked, record + offsetof(PnlCycleStart, channel), 1);
@@ -119,7 +119,7 @@ std::intptr_t MdiSession::OnCycleStart(const Message& message) {
   return channels_.IsInspecting(channel) ? PNL_START_DURING_INSPECTION : PNL_START_ALLOWED;
 }
 
-/// Nothing while the explorer is open.
+/// Does nothing while the explorer is open.
 void MdiSession::StartBlock(MDIDATA_ST* record, bool fromKey) {
   if (record != nullptr && !waitingForExplorer_) blocks_.Start(*record, fromKey);
 }
@@ -135,7 +135,7 @@ std::intptr_t MdiSession::OnResultReady(const Message& message) {
   if (message.first == PNL_READY_CALC_RESULT) PasteCalcResult();
   if (message.first == PNL_READY_FILE)
     return SaveProgram(FieldText(explorerRequest_.Path), FieldText(explorerRequest_.File));
-  // PNL_READY_EXPLORER_LEFT: the wait ends with PNL_MSG_EXPLORER_ENDED only.
+  // Nothing to do for PNL_READY_EXPLORER_LEFT: only PNL_MSG_EXPLORER_ENDED ends the wait.
   return PNL_DONE;
 }
 
@@ -153,7 +153,7 @@ bool MdiSession::OnKey(MdiKey key) {
     case MdiKey::kTab:
       return false;
     case MdiKey::kEnter:
-      // While a block is in the machine's hands its text must stay what was sent.
+      // While a block is running or interrupted, the record's text must stay the one that was sent.
       if (mda && record->IsReady()) list_.Enter(*record);
       return true;
     case MdiKey::kEscape:
@@ -218,13 +218,13 @@ void MdiSession::PasteCalcResult() {
   }
   const MDIDATA_ST* record = channels_.Current();
   if (record == nullptr || !record->IsReady()) return;
-  // Without a place to type only the focus moves.
+  // If the operator can't type in the edit, the list gets the focus and nothing is pasted.
   if (!record->TypesInEdit()) return View().FocusList();
   View().FocusEdit();
   View().ReplaceEditSelection(Format(u"%g", value));
 }
 
-/// Gives the help tool the mark of the block in hand, or the command line's own.
+/// Writes the help mark of the block in hand, or the one of the command line, for the help tool.
 std::intptr_t MdiSession::AskHelp() {
   Text mark(kOwnHelpMark);
   const MDIDATA_ST* record = channels_.Current();
@@ -236,7 +236,8 @@ std::intptr_t MdiSession::AskHelp() {
   return PNL_DONE;
 }
 
-/// The answer comes as PNL_MSG_RESULT_READY with the record filled. Until then the start key does nothing.
+/// Asks the host for the explorer. The answer is PNL_MSG_RESULT_READY, and the request then contains it. Until the
+/// explorer ends, the start key does nothing.
 void MdiSession::RequestProgramFile() {
   waitingForExplorer_ = true;
   FillProgramRequest(explorerRequest_, menus_.ProgramTitle(), settings_.Dir);
@@ -257,7 +258,7 @@ std::intptr_t MdiSession::SaveProgram(const Text& folder, const Text& name) {
   return PNL_DONE;
 }
 
-/// The box runs an event loop, in which the window may end.
+/// Shows a message box. It runs an event loop, in which the window may be destroyed.
 void MdiSession::ShowProblem(int textId, const Text& name) {
   const Text text = Format(Context().language.LoadToolText(textId), name);
   Context().windows.ShowBox(View().Handle(), {menus_.ProgramTitle(), text, BoxStyle::kError});

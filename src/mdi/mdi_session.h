@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The MDI/MDA command line without its window: opens a channel for manual blocks, sends blocks to the kernel, follows
-// the channel's status, stores what ran. Receives the window's events as intentions and puts its subjects together:
-// channels, blocks, list, menus, screen, history and settings. The window (ZCMDIWindow) owns it and implements MdiView.
+// The MDI/MDA command line without its window. It opens a channel for manual blocks, sends blocks to the kernel,
+// follows the channel's status and stores the blocks that have run. It gets the window's events as intentions and
+// connects its parts: channels, blocks, list, menus, screen, history and settings. The window (ZCMDIWindow) implements
+// MdiView.
 #pragma once
 
 #include <pnltools/pnltools.h>
@@ -24,44 +25,46 @@
 
 namespace pnl {
 
-/// Key-downs that the window shows the logic before any control sees them. All others are the controls' own.
+/// The keys that the session gets before any control. All other keys go to the controls only.
 enum class MdiKey { kTab, kEnter, kEscape, kUp, kDown, kDelete };
 
 class MdiSession final : public ToolSession<MdiView> {
  public:
-  /// hostWindow is the parent's handle, the target of ToolNotify.
+  /// hostWindow is the handle of the parent. It gets ToolNotify.
   MdiSession(const ToolContext& context, MdiView& view, WindowHandle hostWindow);
 
-  /// The window is there, hidden, with its handle and controls: makes the channels' records, reads the settings, loads
-  /// the menus and lays the window out for MDI role. Calls no callback of the host.
+  /// Makes the records of the channels, reads the settings, loads the menus and lays the window out for MDI role. The
+  /// window must be hidden and have its handle and controls. Calls no callback of the host.
   void Start();
-  /// The window is going, its controls are still there or not: settings and histories are stored, reports closed, menus
-  /// freed. No call to the view follows.
+  /// Ends the tool before its window is destroyed: stores settings and lists, closes reports and destroys menus. Calls
+  /// nothing of the view.
   void End();
 
-  /// Every message of PnlMessage, and "MDI_ENDLIST". The answer to the sender, or nothing for a message that the tool
-  /// doesn't know.
+  /// Handles the messages of PnlMessage, and "MDI_ENDLIST". Returns the answer to the sender, or nothing for a message
+  /// that the tool doesn't know.
   std::optional<std::intptr_t> OnMessage(const Message& message);
-  /// Before the focused control sees it; true: consumed. Not for keys that the open drop list gets.
+  /// Handles a key before the control with the focus gets it. Returns true if the control must not get it. The keys of
+  /// the open drop list don't come here.
   [[nodiscard]] bool OnKey(MdiKey key);
-  /// A left press on the window itself, its title or its sign. endedDropList: this very press has just ended the drop
-  /// list by taking the activation from it; then the list is not opened again.
+  /// Handles a left press on the window itself, its title or its sign: opens or cancels the drop list. endedDropList
+  /// says that this same press has just ended the drop list by taking the activation from it. Then it isn't opened
+  /// again.
   void OnLeftPress(bool endedDropList);
-  /// The window itself got the focus: hands it on to the edit or the list. Calls nobody outside.
+  /// The window itself got the focus. Hands it on to the edit or the list. Calls nobody outside.
   void OnWindowFocus();
   /// The edit got or lost the focus.
   void OnEditFocus(bool focused);
-  /// The list box got the focus: an edit of an item ends. Calls nobody outside: the host may destroy the window in any
-  /// call, and a widget must not be lost in the middle of its focus event.
+  /// The list box got the focus. Ends the edit of an item. Calls nobody outside, because the host may destroy the
+  /// window in any call, and a widget must not be destroyed in its focus event.
   void OnListFocus();
-  /// The change of focus that OnListFocus reported is over: the host learns of the menus.
+  /// The change of focus that OnListFocus reported is over. Updates the menus, which calls the host.
   void OnFocusSettled();
-  /// The window is out of sight, whoever hid it: the drop list goes too.
+  /// The window was hidden, by the tool or by somebody else. Closes the drop list.
   void OnHidden();
-  /// The parent's client area has another size.
+  /// The parent's client area has another size. Lays the window out again.
   void OnParentResized();
 
-  /// Text and background of a control for painting; nothing when it keeps its own look. Asked at every paint.
+  /// The colours of text and background of a control, or nothing if it keeps its own.
   [[nodiscard]] std::optional<MdiColorPair> ControlColors(MdiControl control, bool focused) const;
 
  private:
@@ -83,7 +86,7 @@ class MdiSession final : public ToolSession<MdiView> {
   void AnnounceOpening();
   void TakeAndShow(MDIDATA_ST& record);
   void TakeTextInHand();
-  void TellLargeLists(const MDIDATA_ST& record);
+  void ShowLargeLists(const MDIDATA_ST& record);
   void Escape();
   // The two roles, and what the screen shows.
   void SwitchRole();
@@ -101,14 +104,16 @@ class MdiSession final : public ToolSession<MdiView> {
   std::intptr_t SaveProgram(const Text& folder, const Text& name);
   void ShowProblem(int textId, const Text& name);
 
-  /// View and Host for the subjects, which ask for them anew each time and end with the operation as this class does.
+  /// View and Host as functions, for the parts of the session. They call them for each use, so that WindowGone ends the
+  /// operation there too.
   [[nodiscard]] MdiViewAccess ViewAccess() const {
     return [this]() -> MdiView& { return View(); };
   }
   [[nodiscard]] std::function<const HostBridge&()> HostAccess() const {
     return [this]() -> const HostBridge& { return Host(); };
   }
-  /// Calls steps in which the window may end, for an operation that must still answer. False when it has.
+  /// Calls steps in which the window may end. Returns false if it has, so that the operation can still return an
+  /// answer.
   template <typename Steps>
   [[nodiscard]] bool Outlives(Steps&& steps) {
     return RunOperation(shared_from_this(), [&steps](const ToolSession& /*session*/) { steps(); });

@@ -22,7 +22,7 @@ struct ColorKey {
   std::uint32_t MdiColors::*member;
 };
 
-// The custom default of the focused text is white, although the built-in one is black.
+// Not a mistake: the default of the focused text is white here, although the built-in colour is black.
 constexpr ColorKey kColorKeys[] = {
     {u"RGB_Bkgnd", u"60 100 120", &MdiColors::back},
     {u"RGB_BkgndFocus", u"151 191 211", &MdiColors::backFocus},
@@ -70,7 +70,7 @@ bool MdiSettings::CatchUp() {
   const FileInfo info = files_.Query(users);
   if (info.outOfReach) return false;
   usersUnknown_ = false;
-  // It doesn't exist: what the session has becomes the user's copy.
+  // If it doesn't exist, the session's contents become the user's copy.
   if (!info.exists) return true;
   CIniFile found(files_);
   if (!found.ReadIniFile(users)) {
@@ -97,7 +97,7 @@ void MdiSettings::ReadSettings() {
 void MdiSettings::ReadColors() {
   CIniFile machine(files_);
   Read(machine, PathIn(path_id::kSetup));
-  // "TRUE" does not switch them on: the words are "1" and "YES".
+  // Only "1" and "YES" switch the colours on. "TRUE" doesn't.
   if (!machine.ReadBool(kSection, u"CustomColors", false)) return;
   for (const ColorKey& entry : kColorKeys) {
     colors.*entry.member = AsciiToColorref(machine.ReadString(kSection, entry.key, entry.fallback));

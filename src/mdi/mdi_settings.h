@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// "MDIMAN.INI": what the command line keeps between runs beside its lists, in two copies. The user's copy (path id 108)
-// is read first and always written; the machine's copy (path id 52) is read in its place, and alone decides the
-// colours.
+// "MDIMAN.INI": the settings of the command line, in two copies. The user's copy (path id 108) is read if it exists,
+// else the machine's copy (path id 52). Both are written. Only the machine's copy decides about the colours.
 #pragma once
 
 #include <cstdint>
@@ -20,24 +19,26 @@ class MdiSettings {
  public:
   MdiSettings(Files& files, Utilities& utilities);
 
-  /// Reads the file into the object that stays open until the end, then ReadSettings.
+  /// Reads the file and the settings in it. The contents are kept until the settings are saved.
   void Open();
-  /// Both copies get folder, length and position; the user's copy everything else that the open object has. A user's
-  /// copy that couldn't be looked at when the object was read is read now, and gets only what the session changed. A
-  /// copy that can't be read is left alone. False when the user's copy couldn't be written.
+  /// Writes folder, length and position into both copies. The user's copy also gets everything else that was read. If
+  /// the user's copy couldn't be read by Open, it is read now and gets only what has changed since. A copy that can't
+  /// be read isn't written. Returns false if the user's copy couldn't be written.
   [[nodiscard]] bool SaveSettings();
-  /// How many blocks of a history are read and written, never negative. An absent "NItems" becomes 10, in the object.
+  /// How many blocks of a history are read and written. It is never negative. If "NItems" is missing, it becomes 10 and
+  /// is saved with the settings.
   [[nodiscard]] std::int32_t HistoryLimit();
-  /// The user's copy may hold another limit than the one that HistoryLimit gives: nothing may be cut by that one.
+  /// Whether the user's copy couldn't be read and may have another limit than HistoryLimit. A history must not be cut
+  /// then.
   [[nodiscard]] bool LimitUnknown() const { return usersUnknown_; }
 
-  Text Dir;  // last folder used for a program file
+  Text Dir;  // the folder of the last program file
   bool FullLength = true;
   bool Below = true;
   MdiColors colors;
 
  private:
-  /// What the operator may change in a session.
+  /// The settings that the operator can change.
   struct Kept {
     Text dir;
     bool fullLength = true;
@@ -45,9 +46,9 @@ class MdiSettings {
   };
   [[nodiscard]] Text PathIn(int pathId) const;
   [[nodiscard]] Kept Now() const { return {Dir, FullLength, Below}; }
-  /// Takes the user's copy as it is now for the open object, with the session's changes. False when it can't be read.
+  /// Reads the user's copy again and keeps the session's changes. Returns false if it can't be read.
   [[nodiscard]] bool CatchUp();
-  /// False when the file is there but can't be read.
+  /// Returns false if the file can't be read although it exists or may exist.
   bool Read(CIniFile& ini, const Text& path) const;
   void ReadSettings();
   void ReadColors();
@@ -56,13 +57,13 @@ class MdiSettings {
   Files& files_;
   Utilities& utilities_;
   CIniFile own_;
-  bool usersUnknown_ = false;  // the user's copy couldn't be looked at
-  Kept read_;
+  bool usersUnknown_ = false;  // whether the user's copy exists or may exist and couldn't be read
+  Kept read_;                  // as they were read
 };
 
-/// The file with that name in the folder of path id 108 if it is there, else in that of path id 52.
+/// The path of the file in the folder of path id 108 if it exists there, else in the folder of path id 52.
 [[nodiscard]] Text MdiFileToRead(const Files& files, Utilities& utilities, TextView name);
-/// The file with that name in the folder of a path id.
+/// The path of the file in the folder of a path id.
 [[nodiscard]] Text MdiFileIn(Utilities& utilities, int pathId, TextView name);
 
 }  // namespace pnl

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "base/failing_files.h"
+#include "support/failing_files.h"
 
 #include <gtest/gtest.h>
 
 #include "support/temp_folder.h"
 
-namespace pnl {
+namespace pnl::test {
 namespace {
 
 using Call = FailingFiles::Call;
@@ -17,7 +17,7 @@ class FailingFilesTest : public testing::Test {
     temp.Write("a.txt", "old");
     temp.Write("b.txt", "0123456789");
   }
-  test::TempFolder temp;
+  TempFolder temp;
   DriveMap drives;
   DiscFiles disc{drives};
   FailingFiles files{disc};
@@ -90,4 +90,4 @@ TEST_F(FailingFilesTest, RecordsWhatWasAskedInOrder) {
 }
 
 }  // namespace
-}  // namespace pnl
+}  // namespace pnl::test

@@ -6,8 +6,8 @@
 
 #include <random>
 
-#include "base/failing_files.h"
 #include "base/format.h"
+#include "support/failing_files.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -242,7 +242,7 @@ TEST_F(IniFileTest, AFileThatCouldntBeReadIsntWrittenOver) {
   EXPECT_TRUE(ini.ReadIniFile(u"C:\\a.ini"));
   EXPECT_TRUE(ini.WriteIniFile(u"C:\\a.ini"));
 
-  FailingFiles broken(files);
+  test::FailingFiles broken(files);
   broken.FailReadsAfter(u"C:\\a.ini", 3);
   CIniFile other(broken);
   EXPECT_FALSE(other.ReadIniFile(u"C:\\a.ini"));
@@ -251,7 +251,7 @@ TEST_F(IniFileTest, AFileThatCouldntBeReadIsntWrittenOver) {
 
 TEST_F(IniFileTest, AFailedWriteLeavesTheFileOnTheDisc) {
   temp.Write("a.ini", "[S]\nk=1\n");
-  FailingFiles full(files);
+  test::FailingFiles full(files);
   CIniFile other(full);
   ASSERT_TRUE(other.ReadIniFile(u"C:\\a.ini"));
   other.WriteInt(u"S", u"k", 2);

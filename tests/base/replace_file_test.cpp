@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "base/descriptor.h"
-#include "base/failing_files.h"
 #include "base/files.h"
 #include "base/replace_file.h"
+#include "support/failing_files.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -81,7 +81,7 @@ TEST_F(ReplaceFileTest, ReplacesTheContentWholeAndLeavesNothingElse) {
 
 TEST_F(ReplaceFileTest, PiecesAreWrittenOneBehindTheOtherUpToTheFirstEmptyOne) {
   std::vector<std::string> pieces = {"one ", "two ", "", "never"};
-  FailingFiles gathering(files);
+  test::FailingFiles gathering(files);
   for (Files* const way : {static_cast<Files*>(&files), static_cast<Files*>(&gathering)}) {
     std::size_t asked = 0;
     EXPECT_EQ(way->ReplaceInPieces(u"C:\\a.txt", [&] { return std::string_view(pieces[asked++]); }), FileStatus::kOk);

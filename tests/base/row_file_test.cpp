@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/failing_files.h"
+#include "support/failing_files.h"
 #include "support/memory_files.h"
 
 namespace pnl::test {

@@ -6,7 +6,7 @@
 
 #include <random>
 
-#include "base/failing_files.h"
+#include "support/failing_files.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -283,7 +283,7 @@ TEST_F(TextFileTest, WhatCantBeOpenedIsToldAtOnce) {
 
 TEST_F(TextFileTest, AFailedCloseLeavesTheFileOnTheDisc) {
   temp.Write("a.dat", "old");
-  FailingFiles full(files);
+  test::FailingFiles full(files);
   CStdioFileEx file(full);
   ASSERT_TRUE(file.Open(u"C:\\a.dat", CStdioFileEx::kCreate));
   full.SetRoom(2);
@@ -296,7 +296,7 @@ TEST_F(TextFileTest, AFailedCloseLeavesTheFileOnTheDisc) {
 
 TEST_F(TextFileTest, AReadThatBreaksOffEndsTheFile) {
   temp.Write("a.dat", "first\nsecond\n");
-  FailingFiles broken(files);
+  test::FailingFiles broken(files);
   for (std::uint64_t good = 0; good < 14; ++good) {
     broken.Heal();
     broken.FailReadsAfter(u"C:\\a.dat", good);
@@ -310,7 +310,7 @@ TEST_F(TextFileTest, AReadThatBreaksOffEndsTheFile) {
 }
 
 TEST_F(TextFileTest, AFileReadToItsEndHasNotFailed) {
-  FailingFiles broken(files);
+  test::FailingFiles broken(files);
   temp.Write("a.dat", "first\nsecond\n");
   CStdioFileEx file(broken);
   EXPECT_FALSE(file.ReadFailed());

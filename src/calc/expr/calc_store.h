@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The calculator's numbers that outlive an expression: the variables A to Z and the accumulator, with one level of
-// backup for previews. One store serves the whole program; tests make their own. Not protected: it belongs to the
-// thread of the calculator's window.
+// The calculator's numbers that outlive an expression: the variables A to Z and the accumulator, with one backup of
+// them. The whole program uses one store, and tests make their own. It isn't protected: only the thread of the
+// calculator's window may use it.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ struct CalcStore {
   double SavedAcc = 0;
 };
 
-/// The program's store; zero at start.
+/// The store of the program. All its numbers are 0 at the start.
 [[nodiscard]] CalcStore& SharedCalcStore();
 
 }  // namespace pnl

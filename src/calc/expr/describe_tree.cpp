@@ -37,7 +37,7 @@ void CParser::DescribeTree(const ExprNode* root, Text& text) {
       text += Format(u"%g", root->value.number);
       break;
     default:
-      // Constants and logic operators have no canonical text, operands included: PI+1 is ((Error!)+1).
+      // Not a mistake: constants and logic operators with their operands have no text. PI+1 is ((Error!)+1).
       text += u"(Error!)";
   }
 }

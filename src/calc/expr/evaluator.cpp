@@ -9,7 +9,7 @@
 namespace pnl {
 namespace {
 
-/// Results nearer to 0 than this are 0.
+/// A result that is nearer to 0 than this becomes 0.
 constexpr double kZeroResult = 1E-14;
 
 bool IsLongerThan(const char16_t* text, std::size_t units) {
@@ -27,7 +27,7 @@ int CountSolvers(const Token* head) {
   return count;
 }
 
-/// 0 to 25, or -1.
+/// The index of the variable with that letter, 0 to 25, or -1 if it isn't a letter.
 int VariableIndex(char16_t letter) {
   if (letter >= u'a' && letter <= u'z') return letter - u'a';
   return letter >= u'A' && letter <= u'Z' ? letter - u'A' : -1;
@@ -51,13 +51,13 @@ int CEvaluator::Compile(const char16_t* text, const char16_t*& errorPointer) {
   std::unique_ptr<Token> tokens;
   errorPointer = scanner_.ScanExpression(text, tokens);
   if (errorPointer == nullptr) {
-    // No memory. A place in the text all the same, for callers that compute with it.
+    // There is no memory. The pointer must still be in the text, because callers compute with it.
     errorPointer = text;
     return 0;
   }
   if (*errorPointer != u'\0') return 0;
   int compiled = 0;
-  // The failure of more than one solver is placed at the end of the text.
+  // If there is more than one solver, the failing place is the end of the text.
   if (CountSolvers(tokens.get()) < 2) {
     std::int32_t errorPosition = 0;
     compiled = parser_.ParseTokens(tokens.get(), errorPosition, tree_);

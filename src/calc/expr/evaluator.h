@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// CEvaluator: compiles one text into one tree and evaluates it over the calculator's store, all at once or in pieces of
-// bounded length, so that whoever waits for a long one can stay awake. It formats nothing: a failure is a place in the
-// text or a status. Lives as long as one preview or one confirmed evaluation; only the store survives it.
+// CEvaluator: compiles one text into a tree and evaluates it on the calculator's store, at once or in pieces of limited
+// length, so that the caller can handle events meanwhile. It formats nothing: a failure is a place in the text or a
+// status. An object serves one preview or one confirmed expression. Only the store outlives it.
 #pragma once
 
 #include <cstdint>
@@ -22,40 +22,40 @@ inline constexpr std::size_t kLongestExpression = 255;
 
 class CEvaluator {
  public:
-  /// Scanner and parser are borrowed, and so is the store.
+  /// Scanner, parser and store must outlive the object.
   CEvaluator(CScaner& scanner, CParser& parser, CalcStore& store = SharedCalcStore());
   ~CEvaluator();
   CEvaluator(const CEvaluator&) = delete;
   CEvaluator& operator=(const CEvaluator&) = delete;
 
-  /// 1 on success; 0 on failure, with errorPointer at the failing place in text: the offending character, the first
-  /// token that no rule takes, or the terminator for more than one solver. A text of more than 255 units is refused
-  /// with the place at unit 255. The text must be terminated; it isn't kept.
+  /// Compiles the text and returns 1. Returns 0 if that fails; then errorPointer is the failing place in the text: the
+  /// wrong character, the first token that no rule accepts, or the terminator if there is more than one solver. A text
+  /// of more than 255 units fails at unit 255. The text must have a terminator and isn't kept.
   int Compile(const char16_t* text, const char16_t*& errorPointer);
-  /// 1 with the value, which is then in ACC too; 0 on a domain failure, which leaves result and ACC alone, or without a
-  /// compiled tree. Assignments made before a failure stay.
+  /// Evaluates the tree and returns 1 with the value, which is then in ACC too. Returns 0 without a compiled tree or
+  /// after a domain failure; then result and ACC stay as they are. Assignments before the failure stay.
   int Evaluate(double& result);
 
   enum class Progress { kRunning, kEnded };
-  /// The same in pieces: Begin, then Advance until it says kEnded, then Finish, which answers as Evaluate does. Each
-  /// step is short and bounded; the store changes as the steps go on. An evaluation that is dropped on its way leaves
-  /// the store as it is at that step, X not restored.
+  /// The same in pieces: Begin, then Advance until it returns kEnded, then Finish, which returns what Evaluate returns.
+  /// Each step is short. The store changes during the steps. If an evaluation is dropped before its end, the store
+  /// stays as it is then, and a solver's X isn't restored.
   void Begin();
   Progress Advance(std::int64_t steps);
   int Finish(double& result);
 
   /// Appends the canonical text of the tree.
   void DescribeTree(Text& text) const;
-  /// Copies variables and accumulator to, and from, the store's backup.
+  /// Copies variables and accumulator to the store's backup, or back from it.
   void SaveVariables();
   void RestoreVariables();
-  /// 0 for anything that isn't a letter A to Z in either case, else 1.
+  /// Sets or reads the variable with that letter, a to z or A to Z, and returns 1. Returns 0 for any other character.
   int SetVariable(char16_t letter, double value);
   int GetVariable(char16_t letter, double& value) const;
-  /// What the solver came to in the evaluation that was finished last.
+  /// The solver's report of the last evaluation.
   [[nodiscard]] SolverReport Solver() const;
 
-  /// Angle unit of the evaluation: set between Compile and Evaluate.
+  /// The angle unit of the evaluation. To be set between Compile and Evaluate.
   bool radians = false;
 
  private:

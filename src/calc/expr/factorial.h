@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The factorial of the language, out of a table: as many products as a double holds, made in the order in which a loop
-// would make them.
+// The factorial of the language, from a table. The table has all factorials that a double can hold. Its products are
+// made in the order of a loop, so that they are rounded in the same way.
 #pragma once
 
 #include <array>
@@ -23,7 +23,8 @@ inline constexpr std::array<double, kFiniteFactorials> kFactorials = [] {
   return table;
 }();
 
-/// The product of 2 to n in doubles, n the value cut to 32 bits; infinite from 171 on. False for a negative n.
+/// Computes the factorial of the value, which is first truncated to a 32-bit integer. It is infinite from 171 on.
+/// Returns false if the integer is negative.
 inline bool Factorial(double value, double& result) {
   const std::int32_t n = TruncateToInt32(value);
   if (n < 0) return false;

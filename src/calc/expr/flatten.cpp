@@ -13,14 +13,14 @@ double Pi() {
   return pi;
 }
 
-/// By the index of the function table. The solvers have no single operation.
+/// By the index in the function table. A solver isn't one operation.
 constexpr std::array<ExprOp, kFunctions.size()> kFunctionOps = {
     ExprOp::kAbs,   ExprOp::kSqrt,  ExprOp::kLog, ExprOp::kInvLog, ExprOp::kLn,     ExprOp::kInvLn,
     ExprOp::kSin,   ExprOp::kCos,   ExprOp::kTan, ExprOp::kInvSin, ExprOp::kInvCos, ExprOp::kInvTan,
     ExprOp::kSh,    ExprOp::kCh,    ExprOp::kTh,  ExprOp::kInvSh,  ExprOp::kInvCh,  ExprOp::kInvTh,
     ExprOp::kMmToI, ExprOp::kIToMm, ExprOp::kEnd, ExprOp::kInt,    ExprOp::kEnd};
 constexpr std::array<ExprOp, kLogic.size()> kLogicOps = {ExprOp::kOr, ExprOp::kXor, ExprOp::kAnd, ExprOp::kNot};
-/// By the index of the delimiter table. What is no plain operation is kEnd.
+/// By the index in the delimiter table. kEnd means that a delimiter isn't one operation.
 constexpr std::array<ExprOp, kDelimiters.size()> kDelimiterOps = {
     ExprOp::kEnd,    ExprOp::kEnd,     ExprOp::kEnd,   ExprOp::kAdd,       ExprOp::kSubtract, ExprOp::kMultiply,
     ExprOp::kDivide, ExprOp::kPercent, ExprOp::kPower, ExprOp::kFactorial, ExprOp::kEnd,      ExprOp::kEnd};
@@ -33,7 +33,7 @@ bool IsDelimiter(const ExprNode& node, std::int32_t index) {
   return node.kind == TOK_DELIMITER && node.value.index == index;
 }
 
-/// Whether the store may be another one, or time have passed, when the tree has been evaluated.
+/// Whether evaluating the tree may change the store or take long.
 bool HasEffects(const ExprNode* node) {
   if (node == nullptr) return false;
   return IsSolver(*node) || IsDelimiter(*node, DEL_ASSIGN) || HasEffects(node->left.get()) ||
@@ -45,7 +45,7 @@ class Flattener {
   Flattener(CalcStore& store, double angleScale, ExprProgram& program)
       : store_(store), angleScale_(angleScale), program_(program) {}
 
-  /// Emits what computes a tree; where its value then is.
+  /// Emits the instructions that compute the tree. Returns the address at which its value will be.
   const double* Value(const ExprNode& node) {
     switch (node.kind) {
       case TOK_FUNCTION:
@@ -95,7 +95,7 @@ class Flattener {
 
   double* Temporary() { return &program_.temporaries[temporaries_++]; }
 
-  /// A value that stays what it is while later code assigns.
+  /// The value, or a copy of it if it is a variable that later code may change.
   const double* Settled(const double* value, bool effectsFollow) {
     const double* first = store_.Variables.data();
     const bool variable = !std::less<>()(value, first) && std::less<>()(value, first + kVariableCount);
@@ -126,8 +126,8 @@ class Flattener {
     return Operation(op, a, b);
   }
 
-  /// Right first; when it is 0 the left side isn't evaluated. A left side that does nothing but compute may be
-  /// evaluated all the same: nobody sees it.
+  /// Evaluates the right side first. If it is 0, the left side must not be evaluated. A left side without effects may
+  /// be evaluated all the same, because nobody notices it.
   const double* Divide(const ExprNode& node) {
     const std::size_t mark = temporaries_;
     const bool effects = HasEffects(node.left.get());
@@ -167,7 +167,7 @@ class Flattener {
   const double* Function(const ExprNode& node) {
     const auto index = static_cast<std::size_t>(node.value.index);
     const bool angular = index >= FUN_SIN && index <= FUN_INVTAN;
-    // In radians x/1.0 and x*1.0 are x.
+    // In radians the scale is 1, so it can be left out.
     if (!angular || angleScale_ == 1.0) return Unary(kFunctionOps[index], node);
     const auto scaled = static_cast<std::size_t>(ExprOp::kSinScaled) + index - FUN_SIN;
     if (angleScaleSlot_ == nullptr) angleScaleSlot_ = Constant(angleScale_);

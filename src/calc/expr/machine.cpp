@@ -46,7 +46,7 @@ bool ExprMachine::Run(std::int64_t steps) {
       ++ip;
       continue;
     }
-    // The one control instruction that runs a million times isn't worth a call; Control has the others.
+    // This control instruction can run a million times, so it is done without a call. Control handles the others.
     ip = ip->op == ExprOp::kIntegralNext ? NextPlace(*ip) : Control(*ip);
     if (ip == nullptr) {
       done_ = true;
@@ -64,7 +64,7 @@ const ExprInstruction* ExprMachine::Control(const ExprInstruction& instruction) 
     case ExprOp::kIntegralBegin:
       return BeginIntegral(instruction);
     case ExprOp::kZeroBegin:
-      // The operand is evaluated once with X as it is, and the value discarded: it may fail or assign.
+      // The operand is evaluated once with the present X, and its value is ignored. But it may fail or assign.
       zero_.phase = Zero::Phase::kProbe;
       return Body();
     case ExprOp::kZeroNext:
@@ -98,7 +98,7 @@ const ExprInstruction* ExprMachine::BeginIntegral(const ExprInstruction& instruc
     return AfterSolver();
   }
   SaveX();
-  s.sum = -0.0;  // the first addend comes through as it is, a -0 too
+  s.sum = -0.0;  // so that the sum is exactly the first addend, even if that is -0
   s.round = Integral::Round::kFirst;
   s.weight = 1;
   s.left = 0;
@@ -122,7 +122,7 @@ const ExprInstruction* ExprMachine::NextRound(const ExprInstruction& instruction
     report_.steps = s.intervals;
     return AfterSolver();
   }
-  // Two intervals have no even place between their ends.
+  // With two intervals there is no even place between the ends.
   s.round = s.round == Round::kLast && s.intervals > 2 ? Round::kEven : Round::kOdd;
   const bool even = s.round == Round::kEven;
   s.weight = even ? 2 : 4;
@@ -156,7 +156,7 @@ const ExprInstruction* ExprMachine::NextZero(const ExprInstruction& instruction)
       s.phase = Zero::Phase::kRight;
       return Body();
     case Zero::Phase::kRight:
-      // The difference is the negated slope, so the step is added.
+      // The difference is the slope with the opposite sign, so the step is added.
       s.x += s.fx / ((s.l - *instruction.a) / (2.0 * kZeroStep));
       X() = s.x;
       ++s.count;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ExprMachine: runs a program over the store, some instructions at a time. Everything that an interrupted evaluation
-// needs to go on (place, solver's loop, saved X) is in its fields. Owned by one evaluator; its program must not
-// change between Begin and the end.
+// ExprMachine: runs a program on the store, some instructions at a time. Its fields contain everything that it needs to
+// go on later: the place in the program, the loop of the solver, and the saved X. It belongs to one evaluator. The
+// program must not change between Begin and the end.
 #pragma once
 
 #include <cstdint>
@@ -18,9 +18,9 @@ class ExprMachine {
 
   ExprProgram program;
 
-  /// To the first instruction.
+  /// Goes to the first instruction.
   void Begin();
-  /// Runs up to that many instructions; true when there is nothing left to do.
+  /// Runs at most that many instructions. Returns true if nothing is left to do.
   bool Run(std::int64_t steps);
   /// Whether an evaluation has been begun and has reached its end.
   [[nodiscard]] bool IsDone() const { return done_; }
@@ -31,11 +31,11 @@ class ExprMachine {
   }
   /// False after a domain failure.
   [[nodiscard]] bool Succeeded() const { return succeeded_; }
-  /// Of the evaluation that was begun last; kNone unless the solver came to its end.
+  /// The solver's report of the last evaluation. Its kind is kNone unless the solver has reached its end.
   [[nodiscard]] const SolverReport& Report() const { return report_; }
 
  private:
-  /// Composite Simpson rule: the two ends, then the even places, then the odd ones.
+  /// The composite Simpson rule: first the two ends, then the even places, then the odd ones.
   struct Integral {
     enum class Round { kFirst, kLast, kEven, kOdd };
     Round round = Round::kFirst;
@@ -43,9 +43,9 @@ class ExprMachine {
     double b = 0;
     double h = 0;
     double sum = 0;
-    double weight = 1;      // of the evaluation under way
-    double place = 0;       // of it, in intervals from a
-    std::int32_t left = 0;  // evaluations of this round after it
+    double weight = 1;      // of the present evaluation
+    double place = 0;       // of the present evaluation, in intervals from a
+    std::int32_t left = 0;  // how many evaluations of this round follow it
     std::int32_t intervals = 0;
   };
   /// Newton's method with a central difference.
@@ -64,11 +64,12 @@ class ExprMachine {
   void SaveX();
   void Fail();
 
-  /// What isn't an operation but kIntegralNext, or has failed. Null at the end.
+  /// Handles a control instruction other than kIntegralNext, and an operation that has failed. Returns the next
+  /// instruction, or null at the end.
   const ExprInstruction* Control(const ExprInstruction& instruction);
-  // Each says where the run goes on.
+  // Each of these returns the next instruction.
   const ExprInstruction* BeginIntegral(const ExprInstruction& instruction);
-  /// Adds the operand's value and sets X for the next one of the round, or of the next round.
+  /// Adds the value of the operand and sets X for the next place of this round or of the next one.
   const ExprInstruction* NextPlace(const ExprInstruction& instruction);
   const ExprInstruction* NextRound(const ExprInstruction& instruction);
   const ExprInstruction* NextZero(const ExprInstruction& instruction);

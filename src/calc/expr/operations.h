@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What each operation of a program does. In a header, so that the machine's loop has it without a call.
+// What each operation of a program does. It is in a header, so that the machine's loop does it without a call.
 #pragma once
 
 #include <cmath>
@@ -14,18 +14,18 @@ namespace pnl {
 inline constexpr double kMmPerInch = 25.4;
 inline constexpr double kInchPerMm = 0.03937007874015748;
 
-/// A root of a negative number: 0 < |b| < 1, or b is 0.
+/// The power for a negative a and |b| < 1, which is a root. Returns false for an even root and for b = 0.
 inline bool RootOfNegative(double a, double b, double& result) {
   const double y = std::fabs(1 / b);
   const std::int32_t n = TruncateToInt32(y + 0.5);
-  // b = 0 ends here too: y is infinite, and the indefinite value is even. So (-8)^0 fails instead of giving 1.
+  // Not a mistake: b = 0 fails here too, because y is infinite and its truncated value is even. So (-8)^0 isn't 1.
   if (n % 2 == 0) return false;
   result = std::fabs(n - y) < 1E-6 ? -std::pow(-a, b) : std::pow(a, b);
   return true;
 }
 
-/// The language's power: a square is a product, the rest is the C library's pow with a rule for roots of negative
-/// numbers. False, with the result untouched, when a negative base has an even root or the exponent 0.
+/// The power of the language: a square is a product, and everything else is the C library's pow, with a rule for roots
+/// of negative numbers. Returns false and leaves result if a negative base has an even root or the exponent 0.
 [[nodiscard]] inline bool Power(double a, double b, double& result) {
   if (b == 2) {
     result = a * a;
@@ -36,8 +36,8 @@ inline bool RootOfNegative(double a, double b, double& result) {
   return true;
 }
 
-/// Does one operation; false, with nothing stored, on a domain failure, and for control, which is the machine's. A NaN
-/// fails nowhere but in "!".
+/// Does one operation. Returns false and stores nothing after a domain failure and for control instructions, which the
+/// machine handles. A NaN fails only in "!".
 [[gnu::always_inline]] inline bool Apply(const ExprInstruction& i) {
   double value = 0;
   switch (i.op) {
@@ -161,7 +161,7 @@ inline bool RootOfNegative(double a, double b, double& result) {
       value = std::log(*i.a + std::sqrt(*i.a * *i.a - 1));
       break;
     case ExprOp::kInvTh:
-      // Exactly 1 and -1 are let through and give infinities.
+      // Not a mistake: 1 and -1 are allowed and give infinities.
       if (std::fabs(*i.a) > 1) return false;
       value = 0.5 * std::log((1 + *i.a) / (1 - *i.a));
       break;

@@ -118,7 +118,7 @@ bool CParser::ParseMultiplicative(Slot& slot) {
 }
 
 bool CParser::ParseNot(Slot& slot) {
-  // Here and nowhere below: NOT 1*2 is (NOT 1)*2, while -NOT 1 and 2^NOT 1 are refused.
+  // NOT is allowed only at this level: NOT 1*2 is (NOT 1)*2, and -NOT 1 and 2^NOT 1 are errors.
   const Token& token = Next();
   if (IsLogic(token, LOG_NOT)) return ParseUnary(slot, token, &CParser::ParseNot);
   Back();
@@ -163,7 +163,7 @@ bool CParser::ParsePostfix(Slot& slot) {
 bool CParser::ParsePrimary(Slot& slot) {
   const Token& token = Next();
   if (IsDelimiter(token, DEL_OPEN)) {
-    // An assignment, not a sequence: (A=2;B=3) is refused at the ";".
+    // Brackets contain an assignment and no sequence: (A=2;B=3) fails at the ";".
     return ParseAssignment(slot) && IsDelimiter(Next(), DEL_CLOSE);
   }
   if (token.kind != TOK_VARIABLE && token.kind != TOK_NUMBER && token.kind != TOK_CONSTANT) return false;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// CParser: turns a list of tokens into a tree by recursive descent, or tells the position of the first token that no
-// rule takes. It evaluates nothing. The tree belongs to the caller.
+// CParser: turns a list of tokens into a tree by recursive descent, or reports the position of the first token that no
+// rule accepts. It evaluates nothing. The tree belongs to the caller.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@
 
 namespace pnl {
 
-/// A copy of a token's kind and value with its operands. Unary forms use left alone, so the two minus signs are told
-/// apart by right.
+/// A copy of a token's kind and value, with its operands. Unary forms have only left. So a minus sign with right is a
+/// subtraction, and one without is a negation.
 struct ExprNode {
   std::unique_ptr<ExprNode> left;
   std::unique_ptr<ExprNode> right;
@@ -22,8 +22,8 @@ struct ExprNode {
 
 class CParser {
  public:
-  /// 1 with the tree; 0 with the position of the first token that no rule takes, and perhaps a partial tree. The list
-  /// must have an End token.
+  /// Makes the tree and returns 1. Returns 0 and the position of the first token that no rule accepts if that fails;
+  /// then root may be a part of a tree. The list must have an End token.
   int ParseTokens(const Token* head, std::int32_t& errorPosition, std::unique_ptr<ExprNode>& root);
   /// Appends the fully bracketed text of a tree.
   static void DescribeTree(const ExprNode* root, Text& text);
@@ -36,10 +36,10 @@ class CParser {
 
   const Token& Next();
   void Back() { current_ = current_->prev; }
-  /// Without memory the slot stays null.
+  /// Makes a node in the slot. The slot stays null if there is no memory.
   static void MakeNode(Slot& slot, const Token& token, Slot left, Slot right);
 
-  // The levels of the grammar, from the loosest binding to the tightest; false on failure.
+  // The levels of the grammar, from the loosest binding to the tightest. Each returns false if it fails.
   bool ParseSequence(Slot& slot);
   bool ParseAssignment(Slot& slot);
   bool ParseOr(Slot& slot);
@@ -52,15 +52,15 @@ class CParser {
   bool ParsePower(Slot& slot);
   bool ParsePostfix(Slot& slot);
   bool ParsePrimary(Slot& slot);
-  /// operand (token operand)... leaning left, for the tokens that accepts takes.
+  /// Parses operand (token operand)... for the tokens that accepts returns true for. The tree leans to the left.
   template <typename Accepts>
   bool ParseLeft(Slot& slot, Level operand, Accepts accepts);
-  /// The token just fetched before an operand of that level.
+  /// Parses the operand of a unary token, which has just been fetched.
   bool ParseUnary(Slot& slot, const Token& token, Level operand);
 
   const Token* listHead_ = nullptr;
   const Token* current_ = nullptr;
-  std::int32_t errorPosition_ = 0;  // of the token fetched last, given back or not
+  std::int32_t errorPosition_ = 0;  // of the last fetched token, even if it was given back
 };
 
 }  // namespace pnl

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 // A tree flattened for the machine: a straight list of instructions whose operands are addresses (variables of the
 // store, constants and intermediate values of the program), so that an operator costs one instruction and a leaf none.
-// At most one solver, whose operand is a range of the same list. Made by Flatten, run by ExprMachine.
+// It has at most one solver, whose operand is a range of the same list. Flatten makes it, and ExprMachine runs it.
 //
-// What goes beyond that, and how many times as long bench_calc takes without it (formula, integral, long integral):
+// These optimisations go beyond that. The numbers say how many times as long bench_calc takes without each (formula,
+// integral, long integral):
 // - Angles in radians are not multiplied by a factor of 1: 1.12, 1.09, 1.14.
-// - A divisor is looked at beforehand only where the left side has effects: 1.29, 1.09, 1.21.
+// - A divisor is tested in advance only if the left side has effects: 1.29, 1.09, 1.21.
 // - The four operations are done in the machine's loop and not by a call: 1.22, 1.31, 1.31.
-// - So is the step to an integral's next place: 1.14 for the integral.
+// - The step to an integral's next place is done there too: 1.14 for the integral.
 #pragma once
 
 #include <array>
@@ -20,9 +21,9 @@
 
 namespace pnl {
 
-/// The order is that of kExprOps in program_text.cpp.
+/// kExprOps in program_text.cpp has the same order.
 enum class ExprOp : std::uint8_t {
-  // Control: the machine's own.
+  // Control instructions, which the machine handles itself.
   kEnd,
   kIntegralBegin,
   kIntegralNext,
@@ -34,7 +35,7 @@ enum class ExprOp : std::uint8_t {
   kSubtract,
   kMultiply,
   kDivide,
-  kDivisor,  // fails when b is 0, ahead of a left side that must then not be evaluated
+  kDivisor,  // fails if b is 0; it comes before a left side that must not be evaluated then
   kPercent,
   kPower,
   kFactorial,
@@ -55,7 +56,7 @@ enum class ExprOp : std::uint8_t {
   kInvSin,
   kInvCos,
   kInvTan,
-  kSinScaled,  // these six: b is the angle scale
+  kSinScaled,  // for this and the next five, b is the angle scale
   kCosScaled,
   kTanScaled,
   kInvSinScaled,
@@ -79,32 +80,32 @@ struct ExprInstruction {
   const double* b = nullptr;
 };
 
-/// Addresses point into the program itself, so it stays where it is.
+/// Its addresses point into the program itself, so it can't be copied or moved.
 struct ExprProgram {
-  // One token of text gives one value at most.
+  // Each token of a text gives one value at most.
   static constexpr std::size_t kMostValues = 256;
 
   ExprProgram() = default;
   ExprProgram(const ExprProgram&) = delete;
   ExprProgram& operator=(const ExprProgram&) = delete;
 
-  std::vector<ExprInstruction> code;  // ends with kEnd; empty before it is made
+  std::vector<ExprInstruction> code;  // ends with kEnd; empty until Flatten makes it
   const double* result = nullptr;
   std::size_t constantCount = 0;
-  std::size_t bodyBegin = 0;  // the solver's operand, up to its kIntegralNext or kZeroNext
+  std::size_t bodyBegin = 0;  // the operand of the solver, up to kIntegralNext or kZeroNext
   std::size_t bodyEnd = 0;
   std::array<double, kMostValues> constants;
   std::array<double, kMostValues> temporaries;
 };
 
-/// 180/pi, with pi as the language has it.
+/// 180/pi, with the language's value of pi.
 [[nodiscard]] double DegreesPerRadian();
 
-/// Makes the program of a tree for one angle unit: angleScale is 1 for radians. The tree is one of a text that Compile
-/// takes.
+/// Makes the program of a tree for one angle unit. angleScale is 1 for radians. The tree must be one that
+/// CEvaluator::Compile makes.
 void Flatten(const ExprNode& tree, CalcStore& store, double angleScale, ExprProgram& program);
 
-/// Appends one line an instruction; for people and tests.
+/// Appends one line for each instruction, for people and tests.
 void DescribeProgram(const ExprProgram& program, const CalcStore& store, Text& text);
 
 }  // namespace pnl

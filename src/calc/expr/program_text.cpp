@@ -7,7 +7,7 @@
 namespace pnl {
 namespace {
 
-/// By ExprOp.
+/// Indexed by ExprOp.
 constexpr std::array kExprOps = {u"end",
                                  u"integral begin",
                                  u"integral next",
@@ -63,7 +63,7 @@ int IndexIn(const std::array<double, N>& values, const double* value) {
   return static_cast<int>(value - first);
 }
 
-/// A letter, ACC, a number, or t and a number for an intermediate value.
+/// The operand as text: a letter, ACC, a number, or t and a number for an intermediate value.
 Text OperandText(const ExprProgram& program, const CalcStore& store, const double* operand) {
   if (operand == &store.Acc) return u"ACC";
   if (const int variable = IndexIn(store.Variables, operand); variable >= 0) {

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-// CScaner's numbers: decimal with exponent, "$" hexadecimal, "B" binary.
+// The part of CScaner that reads numbers: decimal with exponent, "$" hexadecimal, "B" binary.
 #include "base/numbers.h"
 #include "calc/expr/scaner.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kMostDigits = 33;  // of each part of a decimal number; further ones are taken and dropped
+constexpr int kMostDigits = 33;  // of each part of a decimal number; further digits are read and ignored
 constexpr int kMostHexDigits = 8;
 constexpr int kMostBinaryDigits = 32;
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-/// 16 and more for what is no digit in any radix.
+/// The value of a digit. It is 16 for a character that is no digit in any radix.
 unsigned DigitValue(char16_t c) {
   if (IsDigit(c)) return c - unsigned{u'0'};
   return c >= u'A' && c <= u'F' ? c - unsigned{u'A'} + 10 : 16;
@@ -27,10 +27,10 @@ int CScaner::ScanNumber(double& number) {
     case u'$':
       return ScanRadix(16, kMostHexDigits, number);
     case u'B':
-      // So B101 is always the number 5 and never the variable B.
+      // Because this comes first, B101 is always the number 5 and never the variable B.
       return ScanRadix(2, kMostBinaryDigits, number);
     case u'.':
-      // .5.25 goes on with a fraction of its own; the conversion then reads as far as it can: 0.5.
+      // Not a mistake: .5.25 is read as one number, whose conversion stops at the second point. So it is 0.5.
       text = u"0.";
       break;
     default:
@@ -40,8 +40,8 @@ int CScaner::ScanNumber(double& number) {
     cursor_ = tokenStart_;
     return 0;
   }
-  // Where a fraction or an exponent without digits leaves the cursor. The answer is then 1 with no value of meaning:
-  // what the cursor is at makes the expression fail, in the scanner (".") or in the parser ("E").
+  // If a fraction or an exponent has no digits, the cursor goes back to here. The result is then 1 and the number has
+  // no meaning, because the rest makes the expression fail: "." in the scanner, "E" in the parser.
   const char16_t* fallback = cursor_;
   char16_t c = GetChar();
   if (c == u'.') {
@@ -89,8 +89,8 @@ int CScaner::ScanDigits(Text& digits, int kept) {
   return appended;
 }
 
-/// Behind the "E". 0 when the exponent has begun but has no digit; 1 with the exponent appended, or with the cursor
-/// back at the "E" when none begins here.
+/// Reads an exponent after its "E" and appends it. Returns 0 if it begins with a sign and has no digit. If no exponent
+/// begins here, puts the cursor back to the "E" and returns 1.
 int CScaner::ScanExponent(Text& exponent) {
   const char16_t c = GetChar();
   if (c != u'+' && c != u'-' && !IsDigit(c)) {

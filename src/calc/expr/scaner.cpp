@@ -6,13 +6,13 @@
 namespace pnl {
 namespace {
 
-/// Nothing but a to z: other letters fail as they are, and none may turn into an ASCII letter.
+/// The capital of a to z. Other letters stay as they are and fail later. None of them may become an ASCII letter.
 char16_t FoldCase(char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; }
 
-/// Null without memory. What new gives goes straight into its owner.
+/// A new token, or null if there is no memory.
 std::unique_ptr<Token> NewToken() { return std::unique_ptr<Token>(new (std::nothrow) Token); }
 
-/// Appends a token and steps last on to it; false without memory.
+/// Appends a token and makes it the last one. Returns false if there is no memory.
 bool Link(Token*& last, TokenKind kind, TokenValue value, std::int32_t position) {
   std::unique_ptr<Token> token = NewToken();
   if (token == nullptr) return false;
@@ -71,7 +71,7 @@ const char16_t* CScaner::ScanExpression(const char16_t* text, std::unique_ptr<To
       return nullptr;
     }
     cursor_ = tokenStart_;
-    // A blank, and no other white space.
+    // Only blanks are skipped, no other white space.
     if (GetChar() != u' ') {
       FreeTokens(head);
       return text + CursorIndex() - 1;
@@ -102,7 +102,7 @@ TokenKind CScaner::ScanToken(TokenValue& value) {
 }
 
 int CScaner::ScanKeyword(std::int32_t& index) {
-  // Prefixes, with no word boundary and no longest match: SINX is SIN and X, "COSH" is COS and H.
+  // Not a mistake: keywords need no word boundary, and the first match counts. SINX is SIN and X, "COSH" is COS and H.
   index = FindPrefix(kFunctions, cursor_);
   if (index >= 0) return TOK_FUNCTION;
   index = FindPrefix(kConstants, cursor_);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// CScaner: turns the text of one expression into a list of tokens. It only classifies characters; a failure is a place
-// in the text. It holds nothing between two texts, and what it made belongs to the caller.
+// CScaner: turns the text of one expression into a list of tokens. It only classifies characters. A failure is a place
+// in the text. It keeps nothing from one text to the next, and the list belongs to the caller.
 #pragma once
 
 #include <array>
@@ -14,20 +14,21 @@ namespace pnl {
 
 class CScaner {
  public:
-  /// On success the list's head and a pointer to the terminator; on failure no list and a pointer to the offending
-  /// character. A text of more than 255 units fails at unit 255. Without memory: no list and a null pointer.
+  /// Makes the list and returns a pointer to the terminator of the text. If that fails, head is null and the result is
+  /// a pointer to the wrong character. A text of more than 255 units fails at unit 255. If there is no memory, head and
+  /// the result are null.
   const char16_t* ScanExpression(const char16_t* text, std::unique_ptr<Token>& head);
   static void FreeTokens(std::unique_ptr<Token>& head);
 
  private:
-  static constexpr std::size_t kBufferSize = 256;  // terminator included
+  static constexpr std::size_t kBufferSize = 256;  // with the terminator
 
   bool CopyUpper(const char16_t* text);
-  /// Tries number, keyword and delimiter; TOK_END when nothing takes the character at tokenStart.
+  /// Tries number, keyword and delimiter in this order. Returns TOK_END if none of them begins at tokenStart_.
   TokenKind ScanToken(TokenValue& value);
   [[nodiscard]] std::int32_t CursorIndex() const { return static_cast<std::int32_t>(cursor_ - buffer_.data()); }
 
-  // Each leaves the cursor behind what it took.
+  // Each of these leaves the cursor after the characters that it has read.
   int ScanNumber(double& number);
   int ScanKeyword(std::int32_t& index);
   int ScanDelimiter(std::int32_t& index);
@@ -36,7 +37,8 @@ class CScaner {
 
   // Parts of ScanNumber.
   int ScanRadix(unsigned radix, int mostDigits, double& number);
-  /// Takes all digits there are and appends the first that fit under kMostDigits in all; how many were appended.
+  /// Reads all digits that follow and appends the first of them. kept and the appended ones are kMostDigits at most.
+  /// Returns how many were appended.
   int ScanDigits(Text& digits, int kept);
   int ScanExponent(Text& exponent);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Tokens of a calculator expression and the four tables of its vocabulary. An entry's index is its identity from the
-// scanner to the machine. No meaning here: what an entry does stands in operations.h and flatten.cpp. A list of tokens
-// is owned by its head.
+// The tokens of a calculator expression and the four tables of its vocabulary. From the scanner to flattening, an entry
+// is known by its index. operations.h and flatten.cpp define what an entry does. The head of a list of tokens owns the
+// list.
 #pragma once
 
 #include <array>
@@ -22,19 +22,19 @@ enum TokenKind : std::int32_t {
   TOK_CONSTANT = 6,
 };
 
-/// The number of TOK_NUMBER; the index of every other kind.
+/// number for TOK_NUMBER, and index for every other kind.
 union TokenValue {
   std::int32_t index;
   double number;
 };
 
-/// The list's head has kind TOK_END and is no token; its last record is the End token, also of kind TOK_END.
+/// The head of a list has kind TOK_END and isn't a token. The last record is the End token, also of kind TOK_END.
 struct Token {
   Token* prev = nullptr;
   std::unique_ptr<Token> next;
   TokenKind kind = TOK_END;
   TokenValue value{};
-  std::int32_t position = 0;  // of the first character; the End token has the terminator's index
+  std::int32_t position = 0;  // the index of the first character; for the End token that of the terminator
 };
 
 enum FunctionIndex : std::int32_t {
@@ -82,7 +82,7 @@ enum DelimiterIndex : std::int32_t {
   DEL_CLOSE,
 };
 
-/// In the order in which they are tried: an entry that begins with another ("INTEGRAL", "INT") stands before it.
+/// In the order in which they are tried. An entry that begins with another one is before it: "INTEGRAL", "INT".
 inline constexpr std::array<TextView, 23> kFunctions = {
     u"ABS",   u"SQRT",   u"LOG",    u"INVLOG", u"LN",       u"INVLN", u"SIN", u"COS",
     u"TAN",   u"INVSIN", u"INVCOS", u"INVTAN", u"SH",       u"CH",    u"TH",  u"INVSH",
@@ -91,7 +91,7 @@ inline constexpr std::array<TextView, 4> kConstants = {u"ACC", u"PI", u"MMPERI",
 inline constexpr std::array<TextView, 4> kLogic = {u"OR", u"XOR", u"AND", u"NOT"};
 inline constexpr TextView kDelimiters = u";:=+-*/%^!()";
 
-/// Appends one line a token: position, kind and value; for people and tests.
+/// Appends one line with position, kind and value for each token, for people and tests.
 void DescribeTokens(const Token* head, Text& text);
 
 }  // namespace pnl

@@ -52,7 +52,8 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
     made->setGeometry(ToQRect(place));
     controls_.emplace(control.id, made);
   }
-  // A press on a key or a field must leave caret and selection in the line, whatever the host's own widgets do with it.
+  // After a press on a key or a field, the line must still have its caret and selection, even if a widget of the host
+  // gives the focus to what was pressed.
   for (const auto& [id, control] : controls_) {
     if (control->focusPolicy() == Qt::NoFocus) control->setFocusProxy(line_);
   }
@@ -154,14 +155,14 @@ void CalcClientWidget::FillHistory(const TextRows& rows) {
 
 bool CalcClientWidget::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseButtonPress) pressed_ = static_cast<QWidget*>(watched);
-  // The second tap of two quick ones belongs to what was under the first: when that has gone, because a list opened
-  // over it or closed, what lies there now isn't pressed by it. A neighbour of what is still there is.
+  // The second of two quick presses was meant for the control under the first one. If that is hidden now, because a
+  // list was opened or closed, the press is dropped. If it is still visible, the press counts, even on a neighbour.
   if (event->type() != QEvent::MouseButtonDblClick) return false;
   return pressed_ != nullptr && !pressed_->isVisible();
 }
 
 void CalcClientWidget::mousePressEvent(QMouseEvent* event) {
-  // The ground between the controls belongs to the calculator: whoever presses it wants to type here.
+  // A press between the controls means that the operator wants to type here.
   event->accept();
   if (!history_->isVisible() && !variables_->isVisible()) line_->setFocus(Qt::MouseFocusReason);
 }

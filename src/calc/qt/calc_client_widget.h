@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The calculator's client area: all its controls, made after the dialog of the language pack. It places, fills and asks
-// them and reports presses by signals; what follows is decided elsewhere.
+// The calculator's client area with all its controls, as the dialog of the language pack has them. It places and fills
+// the controls and reports presses with signals. It decides nothing.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -23,12 +23,12 @@ class CalcClientWidget final : public QWidget {
  public:
   CalcClientWidget(const Language& language, double scale, QWidget* parent);
 
-  /// Null for an id that isn't one of its controls.
+  /// The control with that id, or null if there is none.
   [[nodiscard]] QWidget* Control(int id) const;
-  /// Empty for such an id.
+  /// The place of the control with that id. It is empty if there is none.
   [[nodiscard]] Rect ControlRect(int id) const;
   void SetKeyIcon(int id, const std::string* svg);
-  /// Relative to the dialog's own font; a negative height is a taller one.
+  /// Sets the fonts of the line and of the result. Heights are relative to the dialog's font; a negative one is taller.
   void MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight);
   void InsertRow(int index, TextView text);
   void DeleteRow(int index);
@@ -43,8 +43,8 @@ class CalcClientWidget final : public QWidget {
 
  signals:
   void KeyPressed(int id);
-  /// The operator selected something, pressed a row, or walked with the keys and found an end. Not by a change of the
-  /// rows.
+  /// Emitted when the operator selects rows, presses a row, or moves with the keys, even at an end of the list. Not
+  /// emitted when the rows themselves change.
   void HistorySelected();
   void HistoryDoubleClicked();
   void VariablesPicked();
@@ -66,8 +66,8 @@ class CalcClientWidget final : public QWidget {
   CalcLabelWidget* status_ = nullptr;
   ListBox* history_ = nullptr;
   ListBox* variables_ = nullptr;
-  QPointer<QWidget> pressed_;  // the key or list under the last press
-  bool quiet_ = false;         // the rows change, which is no choice of the operator's
+  QPointer<QWidget> pressed_;  // the control under the last press
+  bool quiet_ = false;         // set while the rows change, so that nothing is emitted
 };
 
 }  // namespace pnl

@@ -23,7 +23,7 @@ constexpr int kTextHeight = 12;
 
 constexpr int kItemHeight = 15;
 
-/// A menu's text has no marks of shortcuts: "&" is a letter like any other.
+/// The text for Qt. "&" is an ordinary character in our menus, and Qt would take it as the mark of a shortcut.
 QString Plain(const Text& text) { return ToQString(text).replace(QLatin1Char('&'), QStringLiteral("&&")); }
 
 std::vector<MenuItem> ItemsOf(const MenuTable& menus, MenuHandle handle) {
@@ -61,7 +61,7 @@ void CalcLine::Select(TextSelection selection) {
 
 void CalcLine::mousePressEvent(QMouseEvent* event) {
   LimitedEdit::mousePressEvent(event);
-  // Last of all: whoever listens may destroy the edit.
+  // This comes last, because a listener may destroy the edit.
   emit Pressed();
 }
 

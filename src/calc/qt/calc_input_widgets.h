@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the operator works the calculator with: the expression line, a key of the keypad, and the menu as a bar. They
-// report what was typed, pressed or chosen by signals; what follows is decided elsewhere.
+// The controls for the operator's input: the expression line, a key of the keypad, and the menu as a bar. They report
+// with signals what was typed, pressed or chosen. They decide nothing.
 #pragma once
 
 #include <QtGui/QPixmap>
@@ -27,24 +27,24 @@ class CalcLine final : public LimitedEdit {
   void Select(TextSelection selection);
 
  signals:
-  /// The edit has done with the press.
+  /// Emitted after the edit has handled a press.
   void Pressed();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
 };
 
-/// A key: a picture of the language pack, or a short text where there is none. It never takes the focus, so that the
-/// line keeps the caret; its id says what it means.
+/// A key with a picture of the language pack, or with a short text if there is no picture. It never takes the focus, so
+/// that the line keeps the caret.
 class CalcKeyWidget final : public QAbstractButton {
   Q_OBJECT
 
  public:
-  /// ground is the colour of the key at rest.
+  /// ground is the colour of the key while it isn't pressed.
   CalcKeyWidget(int id, const QString& text, QRgb ground, QWidget* parent);
   ~CalcKeyWidget() override;
 
-  /// A picture that can't be read leaves the key as it is.
+  /// Sets the picture. If it can't be read, the key stays as it is.
   void SetPicture(const std::string& svg);
   [[nodiscard]] bool HasPicture() const { return picture_ != nullptr; }
 
@@ -58,8 +58,8 @@ class CalcKeyWidget final : public QAbstractButton {
   QPixmap drawn_;
 };
 
-/// The calculator's menu as a bar on its window. It shows the menu data as they are when a menu opens and reports which
-/// item was chosen; a menu that has gone is empty.
+/// The calculator's menu as a bar on its window. Each time a menu opens, it shows the present data. It reports which
+/// item was chosen. If the menu has been destroyed, it is empty.
 class CalcMenuWidget final : public QMenuBar {
   Q_OBJECT
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The calculator's colours and fonts in one place, so that its controls agree. Not those of the result display, which
-// its window sets.
+// The colours and fonts of the calculator's controls. The session sets the colours of the result display.
 #pragma once
 
 #include <QtGui/QFont>
@@ -29,14 +28,14 @@ inline constexpr Color kListBack = 0x342A20;      // 32, 42, 52
 inline constexpr Color kListText = 0xF7F3EE;      // 238, 243, 247
 inline constexpr Color kListSelected = 0xB26F1F;  // 31, 111, 178
 
-/// The dialog's own font is eight points high: eleven pixels at scale 1.
+/// The height of the dialog's font, eight points, in pixels at scale 1.
 inline constexpr int kDialogHeight = 11;
 inline constexpr int kStatusHeight = 13;
 inline constexpr int kListHeight = 16;
 inline constexpr int kNormalWeight = 400;
 inline constexpr int kBoldWeight = 600;
 
-/// For the parts that the style draws: the menu bar, and what is below the controls.
+/// The palette for the parts that Qt's style draws: the menu bar and the background of the window.
 [[nodiscard]] inline QPalette DialogPalette() {
   QPalette palette{QColor(kGround)};
   palette.setColor(QPalette::WindowText, QColor(kText));
@@ -46,12 +45,12 @@ inline constexpr int kBoldWeight = 600;
   return palette;
 }
 
-/// Characters of that height in pixels, in the dialog's face.
+/// The font in the dialog's face with characters of that height in pixels.
 [[nodiscard]] inline QFont Font(int height, int weight) {
   return MakeFont(QStringLiteral("Arial"), -height, weight).value_or(QFont());
 }
 
-/// The font, smaller where the text doesn't fit into width, but never below least pixels.
+/// The font, made smaller until the text fits into width, but never smaller than least pixels.
 [[nodiscard]] inline QFont FittingFont(QFont font, const QString& text, int width, int least) {
   while (font.pixelSize() > least && QFontMetrics(font).horizontalAdvance(text) > width) {
     font.setPixelSize(font.pixelSize() - 1);

@@ -18,7 +18,7 @@ namespace {
 constexpr std::uint32_t kFormat =
     draw::kRight | draw::kVCenter | draw::kSingleLine | draw::kNoPrefix | draw::kEndEllipsis;
 constexpr int kResultMargin = 4;
-/// 32 binary digits must be read too: a text that is too long gets smaller characters.
+/// The least height of the characters, in pixels. A long text gets smaller characters, so that 32 binary digits fit.
 constexpr int kSmallestResult = 8;
 
 constexpr int kLabelMargin = 2;
@@ -28,7 +28,7 @@ const QString kMark = QStringLiteral("< >");
 constexpr int kNoteMargin = 6;
 constexpr int kNoteHeight = 14;
 
-/// Lines break between words, and within one only where it is wider than the note.
+/// The format for painting the text. Lines break between words, and within words only if one is wider than the note.
 int FormatFor(const QFontMetrics& metrics, const QString& text, int width) {
   int format = Qt::AlignLeft | Qt::AlignTop;
   for (const QString& word : text.split(QRegularExpression(QStringLiteral("\\s")))) {
@@ -122,7 +122,7 @@ QString ShortenAroundMark(const QFontMetrics& metrics, const QString& text, int 
   if (metrics.horizontalAdvance(text) <= width) return text;
   const qsizetype mark = text.indexOf(kMark);
   if (mark < 0) return metrics.elidedText(text, Qt::ElideRight, width);
-  // A third of the room belongs to what follows the mark, or all that the text before it leaves free.
+  // The text after the mark gets a third of the width, or more if the text before the mark leaves more free.
   const QString after = text.mid(mark + kMark.size());
   const QString before = text.left(mark);
   const int room = std::max(0, width - metrics.horizontalAdvance(kMark));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The calculator's fields that show a text: the result display, a line of words, and the note beside the window. They
-// paint what they are given, each makes a text fit in its own way, and none takes the focus.
+// The calculator's controls that show text: the result display, a line of words, and the note beside the window. Each
+// makes its text fit in its own way. None of them takes the focus.
 #pragma once
 
 #include <QtGui/QFont>
@@ -12,8 +12,8 @@
 
 namespace pnl {
 
-/// The result display, with its text at the right. It is painted through a picture of its own, so that it never
-/// flickers, and a press on it changes nothing.
+/// The result display, with its text at the right. It is painted from a picture, so that it never flickers. A press on
+/// it does nothing.
 class ZCResultWnd final : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QString pnlText READ Shown)
@@ -23,10 +23,10 @@ class ZCResultWnd final : public QWidget {
  public:
   ZCResultWnd(int id, QWidget* parent);
 
-  /// A redraw is immediate; without one the next paint shows the change.
+  /// Sets the text. With redraw it is painted before the call returns, else at the next paint.
   void SetText(const QString& text, bool redraw);
   void GetText(QString& text) const { text = text_; }
-  /// 0x00BBGGRR.
+  /// Sets the colours (0x00BBGGRR). redraw is as in SetText.
   void SetColors(Color back, Color text, bool redraw);
   void SetFont(const QFont& font);
 
@@ -49,18 +49,18 @@ class ZCResultWnd final : public QWidget {
   QPixmap picture_;
 };
 
-/// A line of words. A text too long for it first gets smaller characters, then loses what is farthest from the place of
-/// a failure ("< >"), because that place is what the operator looks for.
+/// A line of words. If the text is too long, its characters become smaller. If it is still too long, the parts farthest
+/// from the failing place ("< >") are left out, because the operator looks for that place.
 class CalcLabelWidget final : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QString pnlText READ Shown)
 
  public:
-  /// height is that of the characters in pixels.
+  /// height is the height of the characters in pixels.
   CalcLabelWidget(int id, int height, QWidget* parent);
 
   void SetText(const QString& text);
-  /// The whole text, shortened or not.
+  /// The whole text, even if it is painted shortened.
   [[nodiscard]] QString Shown() const { return text_; }
 
  protected:
@@ -71,23 +71,23 @@ class CalcLabelWidget final : public QWidget {
   QString text_;
 };
 
-/// The text as it fits into width: whole, or with "…" for what is left out at its end, its start, or both, so that the
-/// mark "< >" stays if there is one.
+/// The text, shortened to width if necessary. "…" replaces what is left out at the start or the end. The mark "< >"
+/// stays if there is one.
 [[nodiscard]] QString ShortenAroundMark(const QFontMetrics& metrics, const QString& text, int width);
 
-/// The note: a framed text beside the window, in the window's parent, so that the window's own layout keeps its place.
-/// It is as wide as the window, as high as its text needs, and takes no presses.
+/// The note: a framed text beside the window. It is a child of the window's parent, so it doesn't change the layout of
+/// the window. It is as wide as the window and as high as its text. Presses go through it.
 class CalcNoteWidget final : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QString pnlText READ Shown)
 
  public:
-  /// owner is the window whose control it is for whoever asks by handle and id.
+  /// owner is the handle of the window to which the note belongs for those who look for controls by handle and id.
   CalcNoteWidget(int id, WindowHandle owner, QWidget* parent);
 
   void SetText(const QString& text);
   [[nodiscard]] QString Shown() const { return text_; }
-  /// Beside that window of the same parent, in front of everything.
+  /// Places the note beside a window of the same parent, in front of all other widgets there.
   void PlaceBeside(const QRect& window);
 
  protected:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the calculator's logic asks of its window, done with widgets.
+// The part of the calculator's window that implements CalcView.
 #include "calc/calc_ids.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
@@ -14,7 +14,7 @@ Rect ZCCalc7340::ClientRect() const { return {0, 0, client_->width(), client_->h
 void ZCCalc7340::SetClientHeight(int height) {
   const int bar = bar_ == nullptr ? 0 : bar_->heightForWidth(width());
   resize(width(), std::max(0, height) + std::max(0, bar));
-  // The same size in all may be divided differently.
+  // Needed even if the size is the same: the bar may have another height.
   LayOut();
 }
 
@@ -38,7 +38,7 @@ void ZCCalc7340::Destroy() {
 }
 
 void ZCCalc7340::ClosePanel() {
-  // After the present event: closing may destroy every object that is at work now.
+  // Queued, because closing may destroy every object on the call stack.
   QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
 }
 
@@ -56,7 +56,7 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
   const int client = client_->height();
   if (menu != 0) {
     bar_ = new CalcMenuWidget(context_.language.Menus(), menu, this);
-    // Queued: the menu has closed by then, and the choice may end the window.
+    // Queued, because the command may destroy the window. The menu is closed by then.
     connect(
         bar_, &CalcMenuWidget::Chosen, this,
         [this](int id) { Tell([id](CalcSession& session) { session.OnMenuCommand(id); }); }, Qt::QueuedConnection);

@@ -16,7 +16,7 @@
 namespace pnl {
 namespace {
 
-/// So long an event may go on computing before the next one is looked at: what takes no longer is done at once.
+/// How long an event may compute before the next event is handled. What takes longer goes on in slices.
 constexpr int kMomentMilliseconds = 40;
 constexpr int kSliceMilliseconds = 8;
 
@@ -38,7 +38,7 @@ std::optional<CalcKey> PlainKey(int key, bool shift) {
     default:
       break;
   }
-  // With Shift these three paste, cut, and acknowledge errors.
+  // With Shift, Insert pastes, Delete cuts and Escape acknowledges errors.
   if (shift) return std::nullopt;
   switch (key) {
     case Qt::Key_Escape:
@@ -77,7 +77,7 @@ std::optional<CalcKey> ControlKey(int key, bool shift) {
   }
 }
 
-/// Keys that the logic sees before the controls.
+/// The key if it is one that the session gets before the controls.
 std::optional<CalcKey> LogicKey(const QKeyEvent& event) {
   const auto held = event.modifiers() & kCommandKeys;
   const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
@@ -114,7 +114,7 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
 
 ZCCalc7340::~ZCCalc7340() {
   EndMessages();
-  // The controls die after this object and still have a focus to lose.
+  // The controls are destroyed after this object and may lose the focus then.
   client_->disconnect(this);
   for (QWidget* control : {static_cast<QWidget*>(&client_->Line()), static_cast<QWidget*>(&client_->History()),
                            static_cast<QWidget*>(&client_->Variables())}) {
@@ -143,7 +143,7 @@ void ZCCalc7340::Connect() {
   client_->Variables().installEventFilter(this);
 }
 
-void ZCCalc7340::Open() {
+void ZCCalc7340::Start() {
   Tell([](CalcSession& session) { session.Open(); });
 }
 
@@ -184,7 +184,7 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   const auto key = LogicKey(event);
   if (!key) {
     const Taken taken = typing ? OnCharacter(event.text()) : Taken::kNo;
-    // A key that isn't accepted goes on to the parents.
+    // Qt passes a key that isn't accepted to the parents.
     if (taken != Taken::kNo) event.accept();
     return taken != Taken::kNo;
   }
@@ -192,7 +192,7 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   bool consumed = false;
   bool listOpen = false;
   const bool there = Tell([&](CalcSession& session) {
-    // If the window ends on the way, the key was the calculator's.
+    // If the key destroys the window, OnKey doesn't return. The key was meant for the calculator then.
     consumed = true;
     consumed = session.OnKey(*key, ctrl);
     listOpen = session.IsListOpen();
@@ -201,7 +201,7 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   if (consumed || !there) return true;
   const bool upOrDown = key == CalcKey::kUp || key == CalcKey::kDown;
   if (!upOrDown || !listOpen || watched != &client_->Line()) return false;
-  // The rows move from wherever the caret is.
+  // The list gets Up and Down even if the line has the focus.
   QApplication::sendEvent(&client_->History(), &event);
   return true;
 }
@@ -215,7 +215,7 @@ ZCCalc7340::Taken ZCCalc7340::OnCharacter(const QString& typed) {
 }
 
 bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
-  // A dead key or a keyboard on the screen: its characters follow the rules of typed ones.
+  // The character comes from a dead key or from a keyboard on the screen. It is handled like a typed one.
   if (event.commitString().size() != 1 || !event.preeditString().isEmpty() || event.replacementLength() != 0) {
     return false;
   }
@@ -238,7 +238,7 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::InputMethod:
       return watched == &client_->Line() && OnCommitted(static_cast<QInputMethodEvent&>(*event));
     case QEvent::ShortcutOverride:
-      // The panel's shortcuts come after the keys of the calculator.
+      // The keys of the calculator come before the panel's shortcuts.
       if (LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
       return false;
     default:
@@ -248,8 +248,8 @@ bool ZCCalc7340::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCCalc7340::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab stays within; keys of the keypad take no focus. The reason isn't Tab, which would select the
-  // whole line: a list that closes comes here too.
+  // As in every dialog, Tab moves between its own controls only. The keys of the keypad take no focus. The reason isn't
+  // Tab, because that would select the whole line, and a list that closes comes here too.
   for (QWidget* list : {static_cast<QWidget*>(&client_->History()), static_cast<QWidget*>(&client_->Variables())}) {
     if (list->isVisible() && !list->hasFocus()) {
       list->setFocus(Qt::OtherFocusReason);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ZCCalc7340: the calculator's window. It has the controls, turns each key, press, command and message into one
-// intention of CalcSession, gives that a moment for what it began to compute, and does what it asks of its view; it
-// decides nothing. A child of the host's window, which owns it.
+// intention of CalcSession, lets it compute for a moment, and does what it asks of its view. It decides nothing. It is
+// a child of the host's window, which owns it.
 #pragma once
 
 #include <QtCore/QBasicTimer>
@@ -21,17 +21,18 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   Q_OBJECT
 
  public:
-  /// Rising milliseconds. Not those of the context's timers, which a test or a script may stop: an event must come to
-  /// its end then too.
+  /// Returns milliseconds that only increase. It isn't the clock of the context's timers: a test or a script may stop
+  /// that one, and an event must end even then.
   using Clock = std::function<std::int64_t()>;
   [[nodiscard]] static Clock SteadyClock();
 
-  /// Hidden. param is the second argument of LoadPNLTool: the parent. The clock measures how long an event computes.
+  /// Makes the window, hidden. param is the second argument of LoadPNLTool, the parent's handle. The clock measures how
+  /// long an event computes.
   ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t param, Clock clock = SteadyClock());
   ~ZCCalc7340() override;
 
-  /// The opening steps, to its appearance. A callback on the way may destroy it.
-  void Open();
+  /// Opens the calculator and shows the window.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;
@@ -86,15 +87,15 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   void SetNote(TextView text) override;
   void SetWorking(bool working) override;
 
-  /// Tells the session an intention. The outermost one then gets a moment for what it began to compute. False when the
-  /// session has ended: then nothing of this window may be touched.
+  /// Calls an intention. After the outermost one the session computes for a moment what it has started. Returns false
+  /// if the session has ended; then nothing of this object may be touched.
   bool Tell(const std::function<void(CalcSession&)>& intention);
-  /// Lets the session compute so long. False as Tell's.
+  /// Lets the session compute for that long. Returns false as Tell does.
   bool Compute(int milliseconds);
   void Connect();
   [[nodiscard]] bool OnKeyDown(QObject* watched, QKeyEvent& event);
   [[nodiscard]] bool OnCommitted(QInputMethodEvent& event);
-  /// Whether the calculator took a character: no, yes, or its window ended with it.
+  /// Whether the calculator took a character. With kWithTheWindow the character has ended the window.
   enum class Taken { kNo, kYes, kWithTheWindow };
   [[nodiscard]] Taken OnCharacter(const QString& typed);
   void LayOut();
@@ -106,7 +107,7 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   QPointer<CalcNoteWidget> note_;
   QBasicTimer work_;
   const Clock clock_;
-  int depth_ = 0;  // intentions that are under way
+  int depth_ = 0;  // how many intentions are under way
   ToolLink<CalcSession> session_;
 };
 

@@ -25,7 +25,7 @@ void ErrorCounterWidget::SetText(const QString& text) {
 
 void ErrorCounterWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  // The field is low: the number takes what height there is, and less where it has many digits.
+  // The field is low, so the digits take its whole height. They are smaller if there are too many for the width.
   QFont fitting = font();
   fitting.setPixelSize(std::max(height(), kSmallest));
   while (fitting.pixelSize() > kSmallest && QFontMetrics(fitting).horizontalAdvance(text_) > width()) {

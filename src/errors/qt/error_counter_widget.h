@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The number of errors before or behind the one on the screen.
+// A control that shows how many errors are before or after the one on the screen.
 #pragma once
 
 #include <QtWidgets/QWidget>

@@ -13,7 +13,7 @@
 namespace pnl {
 namespace {
 
-/// Left and right of the text, so that it doesn't stick to the edge.
+/// The margin to the left and the right of the text, in pixels.
 constexpr int kPadding = 6;
 constexpr std::uint32_t kLines = draw::kWordBreak | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A plain text of several lines in black on the panel's colour: the error window's title line and description. What the
-// kernel writes is never read as rich text.
+// The controls of the error window that show text and pictures. ErrorTextWidget shows plain text of several lines,
+// black on the panel's colour: the title line and the description. It never reads the kernel's texts as rich text.
 #pragma once
 
 #include <QtGui/QFont>
@@ -20,11 +20,11 @@ class ErrorTextWidget : public QWidget {
   [[nodiscard]] QString Shown() const { return text_; }
   void SetTextFont(const QFont& font);
   [[nodiscard]] const QFont& TextFont() const { return font_; }
-  /// Both ways, or from the top.
+  /// Centres the text both ways, or writes it from the top left corner.
   void SetCentred(bool centred);
-  /// Of the text broken into lines at that width.
+  /// The height of the text, broken into the lines of a widget of that width.
   [[nodiscard]] int HeightOf(const QString& text, int width) const;
-  /// Of a widget that shows the text in one line.
+  /// The width that a widget needs to show the text in one line.
   [[nodiscard]] int WidthOf(const QString& text) const;
   [[nodiscard]] uint Back() const;
   [[nodiscard]] uint Fore() const { return 0; }
@@ -38,7 +38,7 @@ class ErrorTextWidget : public QWidget {
   bool centred_;
 };
 
-/// One picture of the language on the class colour, which tells where it was clicked by its id.
+/// One picture of the language, on the colour of the error's class.
 class ErrorPictureWidget : public QWidget {
   Q_OBJECT
   Q_PROPERTY(uint pnlBack READ Back)
@@ -53,7 +53,7 @@ class ErrorPictureWidget : public QWidget {
 
  private:
   QByteArray svg_;
-  QString instead_;  // drawn where the language has no picture
+  QString instead_;  // drawn if the language does not have the picture
   std::uint32_t back_ = 0;
 };
 

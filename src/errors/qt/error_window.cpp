@@ -19,7 +19,7 @@ namespace pnl {
 namespace {
 
 constexpr int kBoldWeight = 700;
-/// So far beside a picture a finger still means it.
+/// A press this many pixels beside a picture still counts as a press on it. Fingers are not exact.
 constexpr int kReach = 4;
 
 std::optional<ErrorKey> LogicKey(const QKeyEvent& event) {
@@ -75,7 +75,7 @@ void ZCErrorManager::Start() {
 }
 
 void ZCErrorManager::MakeControls() {
-  // The window's own size comes in pixels of the panel, so its controls are not scaled either.
+  // The window's size is in pixels of the panel, so its controls are not scaled.
   constexpr double scale = 1;
   for (const ErrorControl& control : ErrorControls()) {
     QWidget* widget = nullptr;
@@ -97,7 +97,7 @@ void ZCErrorManager::MakeControls() {
     controls_[control.id] = widget;
     const Rect rect = PixelsOf(control, context_.language.Dialog(error_id::kDialog), scale);
     widget->setGeometry(ToQRect(rect));
-    // Presses act by where they are, so that a double click beside the pictures can be told.
+    // The window gets all presses and looks which picture is there, so that it sees a double click beside them too.
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     const bool always = control.kind == ErrorControlKind::kText || control.id == error_id::kTitleBox;
     widget->setVisible(always);
@@ -136,13 +136,13 @@ bool ZCErrorManager::OnKeyDown(QKeyEvent& event) {
 
 bool ZCErrorManager::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
-  // The panel's shortcuts come behind the keys of the window.
+  // The keys of the window come before the panel's shortcuts.
   if (event->type() == QEvent::ShortcutOverride && LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
   return ToolWindow::event(event);
 }
 
 bool ZCErrorManager::focusNextPrevChild(bool next) {
-  // The window has nothing to go to; the panel behind it must not take the keys while it stands.
+  // No control of the window takes the focus. The panel must not get the keys while the window is shown.
   return isVisible() ? true : ToolWindow::focusNextPrevChild(next);
 }
 
@@ -155,7 +155,7 @@ int ZCErrorManager::PictureAt(const QPoint& place) const {
   for (const ErrorControl& control : ErrorControls()) {
     if (control.kind != ErrorControlKind::kPicture) continue;
     const QWidget* widget = controls_.at(control.id);
-    // Neighbours stand ten pixels apart, so that no place belongs to two.
+    // Neighbours are ten pixels apart, so no place belongs to two pictures.
     const QRect reach = widget->geometry().adjusted(-kReach, -kReach, kReach, kReach);
     if (widget->isVisible() && reach.contains(place)) return control.id;
   }
@@ -192,7 +192,7 @@ void ZCErrorManager::RegisterHotKey(bool registered) {
   delete hotKey_;
   QWidget* parent = parentWidget();
   if (!registered || parent == nullptr) return;
-  // Belongs to the top-level window: one of a hidden window would never be seen.
+  // The shortcut belongs to the top-level window, because a hidden window's shortcut doesn't work.
   hotKey_ = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_W), parent->window());
   hotKey_->setContext(Qt::ApplicationShortcut);
   hotKey_->setProperty(property::kOwner, static_cast<int>(Handle()));

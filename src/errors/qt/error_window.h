@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ZCErrorManager: the window that appears over the panel while the CNC holds errors. It has the controls, turns keys,
-// clicks and messages into calls on ErrorSession and does what that asks of its view; it decides nothing. A child of
-// the host's window, which owns it, and hidden until an error comes.
+// ZCErrorManager: the window that is shown over the panel while the CNC has errors. It has the controls, turns keys,
+// clicks and messages into calls of ErrorSession, and does what that asks of its view. It decides nothing. It is a
+// child of the host's window, which owns it, and hidden until an error comes.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -22,8 +22,8 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
  public:
   ZCErrorManager(const ToolContext& context, QWidget* parent);
   ~ZCErrorManager() override;
-  /// The steps of the start. A callback on the way may destroy the window.
-  void Start();
+  /// Shows the window if the CNC has an error already.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;
@@ -56,7 +56,7 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   void MakeControls();
   [[nodiscard]] ZC3DText* BoxOf(int id) const;
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
-  /// The control with that id under a place in the window; 0 for none that a click acts on.
+  /// The id of the picture at that place in the window, or 0 if there is none.
   [[nodiscard]] int PictureAt(const QPoint& place) const;
 
   const ToolContext context_;

@@ -15,7 +15,7 @@ namespace {
 constexpr int kDefaultHeight = 20;
 constexpr int kRaise = 3;
 
-/// In the order of drawing: what comes later lies over what came before.
+/// A copy of the text, moved by x and y. The copies are drawn in this order, the later ones over the earlier ones.
 struct Shade {
   int color;
   int x;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ZC3DText: one line of text centred in a frame, embossed or flat. It knows nothing of what it shows.
+// ZC3DText: shows one line of text, centred, embossed or flat. It knows nothing about the meaning of the text.
 #pragma once
 
 #include <QtGui/QFont>
@@ -19,7 +19,7 @@ class ZC3DText : public QWidget {
  public:
   ZC3DText(int id, QWidget* parent);
 
-  /// A true redraw paints before the call returns.
+  // If redraw is true, the widget is painted before the call returns.
   void Use3D(bool flag);
   void SetTextColor(Color color, bool redraw);
   [[nodiscard]] Color GetTextColor() const { return textColor; }
@@ -28,7 +28,7 @@ class ZC3DText : public QWidget {
   void SetWindowTextW(const QString& shown, bool redraw);
   void GetWindowTextW(QString& shown) const { shown = text; }
   [[nodiscard]] QString WindowText() const { return text; }
-  /// Height as MakeFont has it; 0 is drawn at height 20.
+  /// The height is that of MakeFont; 0 means 20.
   void SetFont(const QString& face, int height, const QFont& style);
 
  protected:

@@ -9,7 +9,7 @@
 
 namespace pnl {
 
-/// What both threads share. Whoever lets go of it last frees it.
+/// What both threads share. The last of them to release it destroys it.
 struct ThreadedLineReader::Job {
   std::unique_ptr<Files> files;
   ProgramPlace place;
@@ -19,7 +19,7 @@ struct ThreadedLineReader::Job {
   std::condition_variable finished;
   bool done = false;
   ProgramLines lines;
-  QObject* waiting = nullptr;  // whom to call when the lines come late; null when nobody waits any more
+  QObject* waiting = nullptr;  // whom to call with late lines; null if nobody waits for them
   std::function<void(const ProgramLines&)> later;
 
   void Run(const std::shared_ptr<Job>& self) {
@@ -32,7 +32,7 @@ struct ThreadedLineReader::Job {
     QMetaObject::invokeMethod(
         waiting,
         [self] {
-          // On the window's thread, where Drop is called too.
+          // This runs on the window's thread, like Drop. So a dropped job is not called.
           if (!self->cancelled) self->later(self->lines);
         },
         Qt::QueuedConnection);
@@ -51,7 +51,7 @@ std::optional<ProgramLines> ThreadedLineReader::Read(const ProgramPlace& place, 
   try {
     std::thread([job] { job->Run(job); }).detach();
   } catch (const std::system_error&) {
-    // Without another thread the lines stay away, and nobody waits for them.
+    // No thread could be started. The lines are empty then, and nobody waits for them.
     return ProgramLines{};
   }
   std::unique_lock lock(job->mutex);

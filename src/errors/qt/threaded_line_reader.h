@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads the failing line in a thread of its own, which may hang on a dead share for as long as it likes: the panel
-// waits a moment for it and then goes on. The thread knows files, path and captions, and nothing of any window.
+// Reads the failing line in a thread of its own. The panel waits a moment for it and then goes on, even if the thread
+// hangs on a dead share for a long time. The thread knows files, place and captions, and no window.
 #pragma once
 
 #include <QtCore/QObject>
@@ -15,7 +15,7 @@ class ThreadedLineReader final : public QObject, public ErrorLineReader {
   Q_OBJECT
 
  public:
-  /// So long a Read waits before it answers without the lines.
+  /// How long Read waits before it returns without the lines.
   static constexpr int kPatienceMilliseconds = 60;
 
   explicit ThreadedLineReader(Files& files) : files_(files) {}

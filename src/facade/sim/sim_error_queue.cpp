@@ -20,7 +20,7 @@ void SimErrorQueue::Push(const ErrorRecord& record) {
   entries_.push_back({++lastSerial_, std::make_unique<ErrorRecord>(record)});
   Tell(record, lastSerial_, Fate::kRaised);
   ReportCount();
-  ReportFirst();
+  ReportPriority();
 }
 
 bool SimErrorQueue::Take(std::size_t index, Fate fate) {
@@ -29,7 +29,7 @@ bool SimErrorQueue::Take(std::size_t index, Fate fate) {
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
   Tell(*taken.record, taken.serial, fate);
   ReportCount();
-  if (index == 0) ReportFirst();
+  if (index == 0) ReportPriority();
   return true;
 }
 
@@ -37,7 +37,7 @@ void SimErrorQueue::Clear() {
   const std::deque<Entry> taken = std::exchange(entries_, {});
   for (const Entry& entry : taken) Tell(*entry.record, entry.serial, Fate::kCleared);
   ReportCount();
-  ReportFirst();
+  ReportPriority();
 }
 
 const ErrorRecord* SimErrorQueue::At(std::size_t index) const {
@@ -73,7 +73,7 @@ void SimErrorQueue::ReportCount() {
 }
 
 // The variable has no meaningful value: the report is the message.
-void SimErrorQueue::ReportFirst() {
+void SimErrorQueue::ReportPriority() {
   if (!variables_.Exists(kFirst)) variables_.Define(kFirst, rig::VariableType::kInt, std::int64_t{0});
   variables_.Report(kFirst);
 }

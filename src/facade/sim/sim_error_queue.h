@@ -48,7 +48,7 @@ class SimErrorQueue {
 
  private:
   void ReportCount();
-  void ReportFirst();
+  void ReportPriority();
   void Tell(const ErrorRecord& record, std::int64_t serial, Fate fate) const;
 
   SimVariables& variables_;

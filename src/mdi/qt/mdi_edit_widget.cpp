@@ -37,7 +37,7 @@ void MdiEdit::Select(TextSelection selection) {
 void MdiEdit::ReplaceSelection(const QString& text) { insert(text); }
 
 void MdiEdit::SetColors(const MdiColorPair& colors) {
-  // Asked after every message: what stays the same must cost nothing.
+  // This is called after every message. If nothing has changed, it must cost nothing.
   if (colors_ == colors) return;
   colors_ = colors;
   SetColorProperty(this, property::kBack, colors.back);
@@ -53,7 +53,7 @@ bool MdiEdit::event(QEvent* event) {
   const bool focus = (type == QEvent::FocusIn || type == QEvent::FocusOut) &&
                      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
   const bool handled = LimitedEdit::event(event);
-  // Last of all: whoever listens may destroy the edit.
+  // This comes last, because a listener may destroy the edit.
   if (focus) emit FocusChanged(type == QEvent::FocusIn);
   return handled;
 }

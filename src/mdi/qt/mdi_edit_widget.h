@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The edit field of the command line: one line, at most 255 characters when typed or pasted into, in colours that its
-// window sets. It reports when the focus has come or gone; what follows is the window's business.
+// The edit of the command line: one line, into which at most 255 characters can be typed or pasted. Its window sets the
+// colours. It reports when it has got or lost the focus, and the window decides what follows.
 #pragma once
 
 #include "controls/limited_edit.h"
@@ -18,20 +18,20 @@ class MdiEdit : public LimitedEdit {
   MdiEdit(int id, QWidget* parent);
 
   [[nodiscard]] TextSelection Selection() const;
-  /// As MdiView::SetEditSelection says.
+  /// Does what MdiView::SetEditSelection asks for.
   void Select(TextSelection selection);
   void ReplaceSelection(const QString& text);
   void SetColors(const MdiColorPair& colors);
 
  signals:
-  /// The edit has got or lost the focus and has done with it. A menu that opens over it takes no focus.
+  /// Emitted after the edit has got or lost the focus and has handled that. Not emitted for a menu that opens over it.
   void FocusChanged(bool focused);
 
  protected:
   bool event(QEvent* event) override;
 
  private:
-  std::optional<MdiColorPair> colors_;  // nothing before the first ones were set
+  std::optional<MdiColorPair> colors_;  // nothing until they are set
 };
 
 }  // namespace pnl

@@ -15,13 +15,13 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
   list_->setFrameStyle(QFrame::Box | QFrame::Plain);
   list_->setFocusPolicy(Qt::StrongFocus);
   list_->installEventFilter(this);
-  // Queued after the release of the button, which still belongs to the list.
+  // Queued, so that the list still gets the release of the button.
   connect(list_, &ListBox::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
 }
 
 ZCMDIList::~ZCMDIList() {
-  // The list box gives up its focus later than this object can hear of it.
+  // The list box loses its focus after this destructor, when this object can't handle the signal any more.
   disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -51,7 +51,7 @@ void ZCMDIList::Dismiss() {
   if (dismissed_) return;
   dismissed_ = true;
   EndMessages();
-  // A hidden widget would hand its focus to whatever comes next in the panel.
+  // If the widget were hidden with the focus, Qt would give it to the next widget of the panel.
   if (list_->hasFocus()) list_->clearFocus();
   hide();
   deleteLater();
@@ -80,7 +80,7 @@ void ZCMDIList::OnFocusChanged(QWidget* now) {
   const QPointer<ZCMDIList> self(this);
   emit LostActivation();
   if (self) OnCancel();
-  // The owner takes the focus itself then; it belongs to what the operator went to.
+  // The owner has taken the focus in OnCancel. It must go to the widget that the operator turned to.
   const bool inOwner = owner && (owner == taker || owner->isAncestorOf(taker));
   if (taker && !inOwner && taker->isVisible()) taker->setFocus(Qt::OtherFocusReason);
 }
@@ -97,7 +97,7 @@ bool ZCMDIList::OnKey(QKeyEvent& event) {
       return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
-      // There is nothing else in the dialog.
+      // The list has no other control.
       return true;
     default:
       return false;
@@ -108,7 +108,7 @@ bool ZCMDIList::eventFilter(QObject* watched, QEvent* event) {
   if (watched != list_) return ToolDialog::eventFilter(watched, event);
   if (event->type() == QEvent::KeyPress) return OnKey(static_cast<QKeyEvent&>(*event));
   if (event->type() == QEvent::ShortcutOverride) {
-    // The list's own keys go before the panel's shortcuts.
+    // The keys of the list come before the panel's shortcuts.
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) event->accept();
   }

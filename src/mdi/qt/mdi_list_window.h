@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ZCMDIList: the drop list with a channel's history. It lies over the panel's window as one of its children, so that it
-// needs no window of the system, and is made when it opens and destroyed when done, by its owner. Its owner's window
-// gets the verdict ("MDI_ENDLIST"); what follows from it is not decided here.
+// ZCMDIList: the drop list with a channel's history. It is a child of the panel's window and lies over it, so it needs
+// no window of the system. Its owner makes it to open it and destroys it afterwards. The owner's window gets the
+// verdict ("MDI_ENDLIST") and decides what follows.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -20,32 +20,32 @@ class ZCMDIList : public ToolDialog {
   /// The id of the list box.
   static constexpr int kListId = 5002;
 
-  /// A hidden child of panel, the widget over which it lies. owner's window gets the verdict and may die before the
-  /// list; windows outlives it.
+  /// Makes a hidden child of panel, over which the list will lie. owner gets the verdict and may be destroyed before
+  /// the list. windows must outlive the list.
   ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget* panel);
   ~ZCMDIList() override;
 
   void SetColors(Color background, Color text);
   void SetSelectedColors(Color background, Color text);
-  /// Null leaves the list empty; else all items in order, the first one selected.
+  /// Fills the list with the items in order and selects the first one. With null the list is empty.
   void Fill(const TextRows* items);
-  /// True with the selected text; false with an empty one if nothing is selected.
+  /// Copies the selected text and returns true. Without a selection the text is empty and the result false.
   bool GetSelected(Text& text) const;
-  /// The text that was picked.
+  /// Copies the picked text.
   void GetText(Text& text) const { text = verdict_.GetText(); }
   [[nodiscard]] bool Finished() const { return verdict_.Finished(); }
 
   /// Shows the list over everything else and gives it the focus.
   void Open(const QRect& place);
-  /// Ends the list without a verdict: no window any more at once, gone when control is back at the event loop.
+  /// Ends the list without a verdict. It is hidden and gets no more messages at once, and is deleted by the event loop.
   void Dismiss();
 
-  /// OK, or a double click.
+  /// Handles OK and a double click.
   void OnOK();
   void OnCancel();
 
  signals:
-  /// The focus went to another widget of the panel, before the verdict is sent.
+  /// Emitted when another widget of the panel gets the focus, before the verdict is sent.
   void LostActivation();
 
  protected:

@@ -19,7 +19,7 @@ const QString kFace = QStringLiteral("Arial");
 constexpr int kFontHeight = 18;
 constexpr int kFontWeight = 600;
 
-/// Keys that the logic sees before the controls.
+/// The key if it is one that the session gets before the controls.
 std::optional<MdiKey> LogicKey(int key) {
   switch (key) {
     case Qt::Key_Tab:
@@ -61,7 +61,6 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
   sign_->SetPlusSign();
   MdiView& view = *this;
   session_.Make(context_, view, WindowRegistry::Instance().HandleOf(parent));
-  Tell([](MdiSession& session) { session.Start(); });
 
   connect(edit_, &MdiEdit::FocusChanged, this,
           [this](bool focused) { Tell([focused](MdiSession& session) { session.OnEditFocus(focused); }); });
@@ -73,13 +72,17 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
 
 ZCMDIWindow::~ZCMDIWindow() {
   EndMessages();
-  // The controls die after this object and still have a focus to lose.
+  // The controls are destroyed after this object and may lose the focus then.
   for (QObject* control : {static_cast<QObject*>(edit_), static_cast<QObject*>(list_)}) {
     control->disconnect(this);
     control->removeEventFilter(this);
   }
   if (dropList_) dropList_->Dismiss();
   session_.End();
+}
+
+void ZCMDIWindow::Start() {
+  Tell([](MdiSession& session) { session.Start(); });
 }
 
 template <typename Intention>
@@ -99,9 +102,9 @@ bool ZCMDIWindow::OnKeyDown(QKeyEvent& event) {
   const auto key = LogicKey(event.key());
   if (!key) return false;
   bool consumed = false;
-  // A key that ended the window was for it, and must not reach a control that is no more.
+  // If the key has destroyed the window, it was meant for it. It must not reach a control that no longer exists.
   if (!Tell([&](MdiSession& session) { consumed = session.OnKey(*key); })) consumed = true;
-  // A key that isn't accepted goes on to the parents.
+  // Qt passes a key that isn't accepted to the parents.
   if (consumed) event.accept();
   return consumed;
 }
@@ -118,10 +121,10 @@ bool ZCMDIWindow::event(QEvent* event) {
 bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == edit_ || watched == list_) {
     if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
-    // The panel's shortcuts come after the keys of the command line.
+    // The keys of the command line come before the panel's shortcuts.
     if (event->type() == QEvent::ShortcutOverride) {
       const auto* key = static_cast<QKeyEvent*>(event);
-      // With Ctrl or Alt the same keys are the host's: its start key may be one of them.
+      // With Ctrl or Alt the same keys belong to the host, which may use one of them as its start key.
       const bool plain = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
       if (plain && LogicKey(key->key())) event->accept();
     }
@@ -133,7 +136,7 @@ bool ZCMDIWindow::eventFilter(QObject* watched, QEvent* event) {
 
 bool ZCMDIWindow::focusNextPrevChild(bool next) {
   if (!isVisible()) return ToolWindow::focusNextPrevChild(next);
-  // As in any dialog, Tab goes round its own controls.
+  // As in every dialog, Tab moves between its own controls only.
   QWidget* other = edit_->hasFocus() ? static_cast<QWidget*>(list_) : edit_;
   if (other->isVisible() && other->isEnabled()) {
     other->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
@@ -164,13 +167,13 @@ void ZCMDIWindow::SettleFocus() {
 }
 
 void ZCMDIWindow::SettleFocusLater() {
-  // The widget kit moves the focus and goes on with its widgets after us.
+  // Later, because Qt still works with its widgets after this event.
   if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
 }
 
 void ZCMDIWindow::hideEvent(QHideEvent* event) {
   ToolWindow::hideEvent(event);
-  // The drop list lies over the whole panel and would stay there alone.
+  // The drop list is a child of the panel and would stay on the screen.
   Tell([](MdiSession& session) { session.OnHidden(); });
 }
 
@@ -254,19 +257,19 @@ void ZCMDIWindow::OpenDropList(const MdiDropListSpec& spec) {
 }
 
 void ZCMDIWindow::CloseDropList() {
-  // Forgotten first: what its end brings about finds no list open any more.
+  // dropList_ is cleared first, so that no list is open for everything that follows from its end.
   ZCMDIList* closing = std::exchange(dropList_, nullptr);
   if (closing == nullptr) return;
   const QWidget* focused = QApplication::focusWidget();
   const bool hadFocus = focused != nullptr && closing->isAncestorOf(focused);
   closing->Dismiss();
-  // The keys go on working in the window that the list belonged to.
+  // The window of the list gets the keyboard back.
   if (hadFocus && isVisible()) FocusEdit();
 }
 
 void ZCMDIWindow::NoteEndedDropList() {
   endedDropList_ = true;
-  // Until this very event is over, so that the press that did it can be distinguished from the next one.
+  // It stays set until this event is over. So the press that ended the list differs from the next one.
   QMetaObject::invokeMethod(
       this, [this] { endedDropList_ = false; }, Qt::QueuedConnection);
 }

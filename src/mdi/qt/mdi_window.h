@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ZCMDIWindow: the window of the MDI/MDA command line. It has the controls, turns each event into one intention of
-// MdiSession and does what that asks of its view; it decides nothing. A child of the host's window, which owns it.
+// MdiSession, and does what that asks of its view. It decides nothing. It is a child of the host's window, which owns
+// it.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -26,9 +27,11 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   static constexpr int kTitleId = 5003;
   static constexpr int kSignId = 3003;
 
-  /// Hidden; messages about channels go to the handle of parent, which must have one.
+  /// Makes the window, hidden. parent must have a handle, to which the messages about channels go.
   ZCMDIWindow(const ToolContext& context, QWidget* parent);
   ~ZCMDIWindow() override;
+  /// Reads the settings and loads the menus. Calls no callback; the window stays hidden until a command opens it.
+  void Start() override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;
@@ -71,8 +74,8 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   [[nodiscard]] std::optional<Text> DropListSelection() const override;
   [[nodiscard]] Text DropListPicked() const override;
 
-  /// Calls an intention and shows the colours that hold afterwards. After false nothing of this window may be touched:
-  /// the intention has ended in its destruction, or it is being destroyed.
+  /// Calls an intention and then updates the colours. Returns false if the window was destroyed in it or is being
+  /// destroyed; then nothing of this object may be touched.
   template <typename Intention>
   bool Tell(Intention intention);
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
@@ -93,8 +96,8 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   MdiColorPair titleColors_;
   MdiColorPair signColors_;
   bool endedDropList_ = false;
-  bool listGotFocus_ = false;  // and the logic doesn't know yet that this is over
-  int focusMoves_ = 0;         // changes of the focus that are going on
+  bool listGotFocus_ = false;  // OnFocusSettled must still be called
+  int focusMoves_ = 0;         // how many changes of the focus are under way
   ToolLink<MdiSession> session_;
 };
 

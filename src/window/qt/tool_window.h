@@ -53,6 +53,9 @@ class ToolWindow : public MessageWindow {
   ToolWindow(int toolId, QWidget* parent);
   ~ToolWindow() override;
   [[nodiscard]] int ToolId() const { return toolId_; }
+  /// Starts the tool. To be called once, right after the construction. Everything that may call the host or show a
+  /// window is here and not in the constructor. The window may be gone when the call returns.
+  virtual void Start() = 0;
   /// How many tool windows exist, including those that have given their handle back and wait to be deleted.
   [[nodiscard]] static int Living() { return living; }
 

@@ -20,7 +20,7 @@ TEST_F(CalcEndTest, DiesWithItsParentAndSaves) {
   EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, 20), 0) << "a message after death";
 }
 
-TEST_F(CalcEndTest, DiesWithItsParentWhileAListIsOpenAndANoteStands) {
+TEST_F(CalcEndTest, DiesWithItsParentWhileAListIsOpenAndANoteIsShown) {
   History(3);
   Open();
   Touch(calc_id::kShowBases);

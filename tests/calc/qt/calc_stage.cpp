@@ -13,7 +13,7 @@ CalcStage::CalcStage() : WindowStage({900, 700}, {20, 10, 800, 600}) {
 
 void CalcStage::Open() {
   Use(tool = new ZCCalc7340(context, area, 0, [this] { return now++; }));
-  tool->Open();
+  tool->Start();
   Settle();
 }
 

@@ -47,7 +47,7 @@ TEST_F(MdiEndTest, ADropListGoesBeforeItsOwnerWithThePanel) {
   auto second = std::make_unique<QWidget>();
   second->resize(300, 300);
   WindowRegistry::Instance().Attach(second.get(), nullptr, nullptr);
-  Use(tool = new ZCMDIWindow(context, second.get()));
+  Make(second.get());
   Activate(*second);
   Open();
   Key(Qt::Key_Down);
@@ -227,6 +227,7 @@ TEST_F(MdiEndTest, PostedMessagesAreHandledWhileItLives) {
 TEST_F(MdiEndTest, TwoWindowsOfOneParentLiveSideBySide) {
   Open();
   auto* second = new ZCMDIWindow(context, area);
+  second->Start();
   const WindowHandle secondHandle = WindowRegistry::Instance().HandleOf(second);
   ASSERT_NE(secondHandle, handle);
   EXPECT_TRUE(second->isHidden());

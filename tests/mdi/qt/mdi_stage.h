@@ -15,8 +15,12 @@ class MdiStage : public WindowStage {
  protected:
   MdiStage();
 
-  /// Makes the tool; files on the disc must be there before.
-  void Make() { Use(tool = new ZCMDIWindow(context, area)); }
+  /// Makes the tool in the parent, by default the area, and starts it. Files on the disc must be there before.
+  void Make() { Make(area); }
+  void Make(QWidget* parent) {
+    Use(tool = new ZCMDIWindow(context, parent));
+    tool->Start();
+  }
   void Open();
   void OpenMda();
   void SwitchRole() { Command(8, 0); }

@@ -101,7 +101,7 @@ TEST_F(CoverTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
   EXPECT_TRUE(question.hasFocus());
 }
 
-TEST_F(CoverTest, AQuestionThatStandsIsLaidOutAnew) {
+TEST_F(CoverTest, AnOpenQuestionIsLaidOutAnew) {
   Question question(&window_);
   Show(question);
   question.Ask("Really?", {"Yes", "No"}, [](int) {});
@@ -133,14 +133,14 @@ TEST_F(CoverTest, TheCarefulAnswerIsInFrontAndTheArrowsMoveOn) {
   expectFocus(Qt::Key_Left, 0);
   expectFocus(Qt::Key_Left, 2);
   expectFocus(Qt::Key_A, 2);
-  EXPECT_TRUE(question.Stands());
+  EXPECT_TRUE(question.IsOpen());
   question.FocusCareful();
   question.Answer(-1);
   EXPECT_EQ(answer, -1) << "no answer";
   question.Key(1)->click();
   EXPECT_EQ(answer, 1);
   EXPECT_FALSE(question.isVisible());
-  EXPECT_FALSE(question.Stands());
+  EXPECT_FALSE(question.IsOpen());
 }
 
 TEST_F(CoverTest, TabMovesAmongWhatIsSeenAndEnabled) {
@@ -333,7 +333,7 @@ TEST_F(HelpTest, AVeryLongHeaderTakesAThirdOfTheCover) {
 TEST_F(HelpTest, ItIsShownAndHiddenAsItIsTold) {
   QWidget other(&window_);
   cover_.Show(help_);
-  EXPECT_TRUE(cover_.Stands());
+  EXPECT_TRUE(cover_.IsShown());
   EXPECT_TRUE(cover_.isVisible());
   EXPECT_TRUE(cover_.hasFocus());
   EXPECT_EQ(window_.children().last(), &cover_) << "over everything";
@@ -348,7 +348,7 @@ TEST_F(HelpTest, ItIsShownAndHiddenAsItIsTold) {
   EXPECT_TRUE(count.After([&] { cover_.Show(other2); }));
   cover_.Show(std::nullopt);
   EXPECT_FALSE(cover_.isVisible());
-  EXPECT_FALSE(cover_.Stands());
+  EXPECT_FALSE(cover_.IsShown());
 }
 
 TEST_F(HelpTest, ItsKeysScrollAndLeave) {
@@ -372,7 +372,7 @@ TEST_F(HelpTest, ItsKeysScrollAndLeave) {
   EXPECT_EQ(left_, 3);
   cover_.BackKey()->click();
   EXPECT_EQ(left_, 4);
-  EXPECT_TRUE(cover_.Stands()) << "somebody else decides";
+  EXPECT_TRUE(cover_.IsShown()) << "somebody else decides";
 }
 
 TEST_F(HelpTest, TabStaysOnTheCover) {
@@ -457,7 +457,7 @@ TEST_F(ErrorListTest, TheListStandsAboveTheDetailsAndTheKey) {
 TEST_F(ErrorListTest, AnEmptyListSaysSoAndItsKeysLeadAway) {
   QWidget other(&window_);
   cover_.Open();
-  EXPECT_TRUE(cover_.Stands());
+  EXPECT_TRUE(cover_.IsOpen());
   EXPECT_TRUE(cover_.isVisible());
   EXPECT_TRUE(cover_.List().hasFocus());
   EXPECT_EQ(window_.children().last(), &cover_) << "over everything";
@@ -467,18 +467,18 @@ TEST_F(ErrorListTest, AnEmptyListSaysSoAndItsKeysLeadAway) {
   for (const int key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
     cover_.Open();
     EXPECT_TRUE(Press(cover_.List(), key));
-    EXPECT_FALSE(cover_.Stands()) << key;
+    EXPECT_FALSE(cover_.IsOpen()) << key;
     EXPECT_FALSE(cover_.isVisible());
   }
   cover_.Open();
   Press(cover_.List(), Qt::Key_Down);
   EXPECT_TRUE(Press(cover_, Qt::Key_A)) << "nothing behind it hears a key";
-  EXPECT_TRUE(cover_.Stands());
+  EXPECT_TRUE(cover_.IsOpen());
   Press(cover_, Qt::Key_Escape);
-  EXPECT_FALSE(cover_.Stands());
+  EXPECT_FALSE(cover_.IsOpen());
   cover_.Open();
   cover_.BackKey()->click();
-  EXPECT_FALSE(cover_.Stands());
+  EXPECT_FALSE(cover_.IsOpen());
 }
 
 TEST_F(ErrorListTest, ItIsMadeForAFingerAndForTab) {

@@ -246,7 +246,7 @@ Strokes TilePicture(const std::vector<TileRow>& rows, int small, int big) {
       picture.Field(rows[i].field, theme::kSurface, theme::kBorder)
           .Left(rows[i].head, kTiles[i].caption, Font(small), theme::kMuted);
       if (!kTiles[i].detail.isEmpty()) picture.Right(rows[i].detail, kTiles[i].detail, Font(small), theme::kMuted);
-      picture.Right(rows[i].value, kTiles[i].value, Font(big, true), kTiles[i].stands ? theme::kAmber : theme::kText);
+      picture.Right(rows[i].value, kTiles[i].value, Font(big, true), kTiles[i].unusual ? theme::kAmber : theme::kText);
     }
   });
 }

@@ -113,15 +113,15 @@ TEST_F(ErrorHistoryTest, WhatFindsNoPlaceIsCounted) {
   Raise(Error(0));
   for (int i = 1; i < 200; ++i) Raise(Error(i));
   EXPECT_EQ(history_.Rows().size(), 200u);
-  EXPECT_EQ(history_.Left(), 0);
+  EXPECT_EQ(history_.Dropped(), 0);
   Raise(Error(200));
   EXPECT_EQ(history_.Rows().size(), 200u);
   EXPECT_EQ(history_.Rows().back().error.number, 1) << "the one that came longest ago went";
-  EXPECT_EQ(history_.Left(), 2) << "errors, not rows";
-  EXPECT_EQ(history_.LeftStanding(), 2);
+  EXPECT_EQ(history_.Dropped(), 2) << "errors, not rows";
+  EXPECT_EQ(history_.DroppedInQueue(), 2);
   Leave(Error(0), first, Fate::kAcknowledged);
-  EXPECT_EQ(history_.Left(), 2);
-  EXPECT_EQ(history_.LeftStanding(), 1);
+  EXPECT_EQ(history_.Dropped(), 2);
+  EXPECT_EQ(history_.DroppedInQueue(), 1);
   UseWords("en");
   EXPECT_EQ(NotesOf(history_).last(), "Older errors that are not shown: 2, of which 1 still stand");
 }
@@ -161,8 +161,8 @@ TEST_F(ErrorHistoryTest, TenThousandDifferentErrorsKeepTheirCounts) {
     history_.Tell(error, Fate::kRaised);
   }
   EXPECT_TRUE(history_.IsConsistent());
-  EXPECT_EQ(history_.Left(), 9800);
-  EXPECT_EQ(history_.LeftStanding(), 9800);
+  EXPECT_EQ(history_.Dropped(), 9800);
+  EXPECT_EQ(history_.DroppedInQueue(), 9800);
   EXPECT_EQ(history_.Flood(), 10000);
 }
 
@@ -313,10 +313,10 @@ TEST_F(ErrorHistoryTest, AnErrorThatFoundNoPlaceHasARowOfItsOwnWhenItComesAgain)
   const auto lost = Raise(Error(0));
   EXPECT_EQ(Front().error.number, 0);
   EXPECT_EQ(Front().times, 1);
-  EXPECT_EQ(history_.Left(), 2);
+  EXPECT_EQ(history_.Dropped(), 2);
   Leave(Error(0), lost, Fate::kCleared);
   EXPECT_EQ(Front().cleared, 1);
-  EXPECT_EQ(history_.LeftStanding(), 2);
+  EXPECT_EQ(history_.DroppedInQueue(), 2);
 }
 
 TEST_F(ErrorHistoryTest, ErrorsOfOneSecondLeaveTheFloodTogetherAndThoseOfAnotherLater) {

@@ -68,7 +68,7 @@ TEST(ErrorIndicatorTest, ItsTimerRunsOnlyWhileItFlashes) {
   EXPECT_TRUE(indicator.Flashes());
   indicator.Show({}, 1);
   EXPECT_FALSE(indicator.Flashes()) << "the window shows the error";
-  EXPECT_EQ(indicator.Count(), 1);
+  EXPECT_EQ(indicator.ErrorCount(), 1);
   EXPECT_EQ(indicator.Fill(), QColor(theme::kRed));
   indicator.Show({}, 0);
   EXPECT_EQ(indicator.Fill(), QColor(theme::kSurface));

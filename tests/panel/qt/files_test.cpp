@@ -345,11 +345,11 @@ TEST_F(ChooserTest, AnExistingFileIsReplacedOnlyAfterAYes) {
   Ask(XPLR_CONFIRMOVERWRITE);
   chooser_.NameEdit().setText("old.nc");
   chooser_.Accept();
-  ASSERT_TRUE(chooser_.Confirm().Stands());
+  ASSERT_TRUE(chooser_.Confirm().IsOpen());
   EXPECT_TRUE(chooser_.Confirm().Text().contains("old.nc"));
   chooser_.Confirm().Answer(1);
   EXPECT_TRUE(got_.isEmpty());
-  EXPECT_TRUE(chooser_.Stands());
+  EXPECT_TRUE(chooser_.IsOpen());
   chooser_.Accept();
   chooser_.Confirm().Answer(0);
   EXPECT_EQ(got_, QStringList{"C:\\P|old.nc"});
@@ -360,7 +360,7 @@ TEST_F(ChooserTest, EscapeLeavesAndAWrongNameStays) {
   chooser_.NameEdit().setText("nothing");
   chooser_.Accept();
   EXPECT_EQ(chooser_.Problem(), Say(Word::kFileMissing));
-  EXPECT_TRUE(chooser_.Stands());
+  EXPECT_TRUE(chooser_.IsOpen());
   Key(Qt::Key_Escape);
   EXPECT_EQ(got_, QStringList{"left"});
 }
@@ -387,7 +387,7 @@ TEST_F(ChooserTest, ASecondRequestLeavesTheFirst) {
   Ask(0);
   Ask(0);
   EXPECT_EQ(got_, QStringList{"left"});
-  EXPECT_TRUE(chooser_.Stands());
+  EXPECT_TRUE(chooser_.IsOpen());
   chooser_.Dismiss();
   EXPECT_EQ(got_, QStringList{"left"}) << "a dismissed request tells nobody";
 }
@@ -403,7 +403,7 @@ TEST_F(ChooserTest, AnAnswerToAQuestionLeadsBackToTheName) {
   EXPECT_EQ(chooser_.Confirm().geometry(), chooser_.rect());
   chooser_.NameEdit().setText("new.nc");
   chooser_.Accept();
-  EXPECT_TRUE(got_.isEmpty()) << "the question stands";
+  EXPECT_TRUE(got_.isEmpty()) << "the question is open";
   chooser_.Confirm().Answer(1);
   EXPECT_TRUE(chooser_.NameEdit().hasFocus());
 }
@@ -412,9 +412,9 @@ TEST_F(ChooserTest, AQuestionGoesWithItsRequest) {
   Ask(XPLR_CONFIRMOVERWRITE);
   chooser_.NameEdit().setText("old.nc");
   chooser_.Accept();
-  ASSERT_TRUE(chooser_.Confirm().Stands());
+  ASSERT_TRUE(chooser_.Confirm().IsOpen());
   chooser_.Dismiss();
-  EXPECT_FALSE(chooser_.Confirm().Stands());
+  EXPECT_FALSE(chooser_.Confirm().IsOpen());
   EXPECT_FALSE(chooser_.isVisible());
   EXPECT_TRUE(got_.isEmpty());
 }
@@ -424,7 +424,7 @@ TEST_F(ChooserTest, ItsEndIsToldOnce) {
   QObject::connect(&chooser_, &FileChooser::Finished, &chooser_, [&finished] { ++finished; });
   chooser_.Leave();
   chooser_.Dismiss();
-  EXPECT_EQ(finished, 0) << "nothing stands";
+  EXPECT_EQ(finished, 0) << "nothing is open";
   Ask(0);
   EXPECT_EQ(window_.children().last(), &chooser_);
   chooser_.Leave();
@@ -506,13 +506,13 @@ TEST_F(ChooserTest, TheKeyboardAloneChooses) {
   chooser_.List().setCurrentRow(1);
   chooser_.NameEdit().setFocus();
   Key(Qt::Key_Return);
-  EXPECT_TRUE(chooser_.Stands()) << "the list hasn't the keyboard";
+  EXPECT_TRUE(chooser_.IsOpen()) << "the list hasn't the keyboard";
   Key(Qt::Key_Up);
   EXPECT_EQ(chooser_.List().currentRow(), 1) << "where it was";
   chooser_.List().setCurrentRow(0);
   Key(Qt::Key_Enter);
   EXPECT_EQ(chooser_.Folder(), "C:\\P\\sub");
-  EXPECT_TRUE(chooser_.Stands()) << "a folder is entered only";
+  EXPECT_TRUE(chooser_.IsOpen()) << "a folder is entered only";
   Key(Qt::Key_Backspace);
   Key(Qt::Key_A);
   chooser_.List().setFocus();
@@ -608,7 +608,7 @@ TEST(QuestionTest, EscapeAndASecondQuestionGiveTheCarefulAnswer) {
   QCoreApplication::sendEvent(&question, &escape);
   EXPECT_EQ(answers, (std::vector<int>{1, 1}));
   question.Answer(0);
-  EXPECT_EQ(answers.size(), 2u) << "nothing stands any more";
+  EXPECT_EQ(answers.size(), 2u) << "nothing is open any more";
 }
 
 }  // namespace

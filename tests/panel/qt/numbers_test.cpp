@@ -160,9 +160,9 @@ TEST(ReadingsTest, AFeedPerRevolutionOfASpindleAtRestIsNothing) {
 
 TEST(ReadingsTest, AnOverrideOtherThanAHundredStandsOut) {
   pnl::rig::MachineState state;
-  EXPECT_FALSE(ReadingsOf(state)[1].stands);
+  EXPECT_FALSE(ReadingsOf(state)[1].unusual);
   state.feedOverride = 90;
-  EXPECT_TRUE(ReadingsOf(state)[1].stands);
+  EXPECT_TRUE(ReadingsOf(state)[1].unusual);
   EXPECT_EQ(ReadingsOf(state)[1].value, "90 %");
   EXPECT_EQ(FormatNumber(0.12345, 4), "0.1235");
   EXPECT_EQ(FormatNumber(100.04), "100");

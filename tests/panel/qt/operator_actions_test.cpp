@@ -421,7 +421,7 @@ TEST_F(HostFixture, EveryErrorThatComesOrGoesIsToldAsAChange) {
   }
 }
 
-TEST_F(HostFixture, TheHelpIsTheLineAndTheDescriptionBehindIt) {
+TEST_F(HostFixture, TheHelpIsTheLineAndItsDescription) {
   rig.descriptions = {{u"a#7", u"  text\n"}, {u"a#8", u" \n"}};
   const auto show = [this](const char* reference) {
     Call(13, {QVariantMap{{"header", "h"}, {"back", 5u}, {"fore", 6u}, {"helpRef", reference}}});

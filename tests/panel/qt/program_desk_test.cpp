@@ -58,7 +58,7 @@ class DeskTest : public FilesTest {
 
 TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
   desk_->Open();
-  ASSERT_TRUE(chooser_.Stands());
+  ASSERT_TRUE(chooser_.IsOpen());
   EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
   chooser_.NameEdit().setText("a.nc");
   chooser_.Accept();
@@ -78,7 +78,7 @@ TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
 TEST_F(DeskTest, ANewProgramIsAskedForItsName) {
   editor_.Insert("M30\n");
   desk_->Save();
-  ASSERT_TRUE(chooser_.Stands());
+  ASSERT_TRUE(chooser_.IsOpen());
   chooser_.NameEdit().setText("b");
   chooser_.Accept();
   Rest();
@@ -107,7 +107,7 @@ TEST_F(DeskTest, OpenTakesOnlyWhatIsThereAndSaveAsNamesWhatItReplaces) {
   EXPECT_EQ(chooser_.Problem(), Say(Word::kFileReadOnly));
   chooser_.NameEdit().setText("a");
   chooser_.Accept();
-  EXPECT_TRUE(chooser_.Confirm().Stands()) << "it is there, and would be replaced";
+  EXPECT_TRUE(chooser_.Confirm().IsOpen()) << "it is there, and would be replaced";
   chooser_.Confirm().Answer(0);
   Rest();
   EXPECT_EQ(said_.last(), "Saved: C:\\PROGRAMS\\a.nc");
@@ -219,13 +219,13 @@ TEST_F(DeskTest, TheAnswersToChangesThatNoFileHas) {
   editor_.SetSaved();
   desk_->AskToDiscard([&gone] { ++gone; });
   EXPECT_EQ(gone, 2) << "nothing would be lost";
-  EXPECT_FALSE(question_.Stands());
+  EXPECT_FALSE(question_.IsOpen());
 }
 
 TEST_F(DeskTest, ChangesAreNotDroppedWithoutAsking) {
   editor_.Insert("G1");
   desk_->New();
-  ASSERT_TRUE(question_.Stands());
+  ASSERT_TRUE(question_.IsOpen());
   question_.Answer(1);
   EXPECT_EQ(editor_.Text(), "G1");
   desk_->New();
@@ -314,7 +314,7 @@ TEST_F(DeskTest, WhoDiscardsWhileAProgramIsWrittenIsNotAskedForIt) {
   desk_->New();
   EXPECT_EQ(editor_.Text(), "G1\n") << "not before it is written";
   Rest();
-  EXPECT_FALSE(question_.Stands());
+  EXPECT_FALSE(question_.IsOpen());
   EXPECT_EQ(editor_.Text(), "");
   EXPECT_EQ(folder_.Read("c.nc"), "G1\r\n");
 }

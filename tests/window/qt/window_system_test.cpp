@@ -30,6 +30,7 @@ std::vector<std::string>& Log() {
 class NotingTool : public ToolWindow {
  public:
   explicit NotingTool(QWidget* parent, const char* name = "tool") : ToolWindow(6, parent), name_(name) {}
+  void Start() override {}
   std::function<void(const Message&)> onMessage;
 
  protected:
@@ -174,6 +175,7 @@ class PartingTool : public ToolWindow {
   PartingTool(QtWindowSystem& windows, WindowHandle parent, QWidget* widget)
       : ToolWindow(6, widget), windows_(windows), parent_(parent) {}
   ~PartingTool() override { windows_.Send(parent_, {0x801, 42, 0}); }
+  void Start() override {}
 
  private:
   QtWindowSystem& windows_;

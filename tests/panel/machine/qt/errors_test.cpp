@@ -129,12 +129,12 @@ TEST_F(ErrorsTest, ARefusedBlockOpensTheWindowAndTheZoneStaysFree) {
   EXPECT_TRUE(Shown());
   EXPECT_TRUE(Tool()->hasFocus());
   EXPECT_TRUE(window_->Zone().Lines().empty()) << "the window says it";
-  EXPECT_EQ(window_->Status().Errors(), 1);
+  EXPECT_EQ(window_->Status().ErrorCount(), 1);
   EXPECT_TRUE(window_->ToolAreaWidget()->rect().contains(Tool()->geometry()));
   Key(Qt::Key_Escape);
   EXPECT_FALSE(Shown());
   EXPECT_EQ(Queue(), 0u);
-  EXPECT_EQ(window_->Status().Errors(), 0);
+  EXPECT_EQ(window_->Status().ErrorCount(), 0);
   EXPECT_TRUE(mdi->findChild<QLineEdit*>()->hasFocus()) << "the operator goes on where he was";
 }
 
@@ -142,7 +142,7 @@ TEST_F(ErrorsTest, TheIndicatorFlashesInTheClassColourWhileTheWindowIsAway) {
   Raise(Fault::kDriveWarning);
   ASSERT_TRUE(Shown());
   EXPECT_FALSE(Sign().Flashes()) << "the window says it";
-  EXPECT_EQ(Sign().Count(), 1);
+  EXPECT_EQ(Sign().ErrorCount(), 1);
   PutAway();
   EXPECT_FALSE(Shown());
   EXPECT_TRUE(Sign().Flashes());
@@ -158,9 +158,9 @@ TEST_F(ErrorsTest, TheIndicatorFlashesInTheClassColourWhileTheWindowIsAway) {
 TEST_F(ErrorsTest, WithoutAnErrorTheIndicatorOpensTheList) {
   EXPECT_EQ(Sign().accessibleName(), "no errors");
   Sign().click();
-  EXPECT_TRUE(window_->ErrorsShown().Stands());
+  EXPECT_TRUE(window_->ErrorsShown().IsOpen());
   Key(Qt::Key_Escape);
-  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  EXPECT_FALSE(window_->ErrorsShown().IsOpen());
   EXPECT_TRUE(window_->Editor().Edit().hasFocus());
 }
 
@@ -272,13 +272,13 @@ TEST_F(ErrorsTest, HelpShowsTheDescriptionInTheWindowsPlaceAndLeadsBack) {
   ASSERT_TRUE(Shown());
   OpenHelp();
   ErrorHelpCover& help = window_->ErrorHelpShown();
-  ASSERT_TRUE(help.Stands());
+  ASSERT_TRUE(help.IsShown());
   EXPECT_FALSE(Shown());
   EXPECT_FALSE(help.Header().isEmpty());
   EXPECT_FALSE(help.Text().toPlainText().isEmpty());
   EXPECT_FALSE(window_->MainBar().isEnabled()) << "nothing behind a cover works";
   Key(Qt::Key_Escape);
-  EXPECT_FALSE(help.Stands());
+  EXPECT_FALSE(help.IsShown());
   EXPECT_TRUE(Shown());
   EXPECT_TRUE(Tool()->hasFocus());
   OpenHelp();
@@ -289,16 +289,16 @@ TEST_F(ErrorsTest, HelpShowsTheDescriptionInTheWindowsPlaceAndLeadsBack) {
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PnlRegisterMessage("ZM_END_ERRORHELP"), 0, 0);
   Settle();
   EXPECT_TRUE(Shown());
-  EXPECT_FALSE(help.Stands()) << "it stands in the window's place, never beside it";
+  EXPECT_FALSE(help.IsShown()) << "it is shown in place of the window, never beside it";
 }
 
 TEST_F(ErrorsTest, TheHelpGoesWithItsError) {
   Raise(Fault::kDriveFault);
   OpenHelp();
-  ASSERT_TRUE(window_->ErrorHelpShown().Stands());
+  ASSERT_TRUE(window_->ErrorHelpShown().IsShown());
   rig_.Cnc().ClearErrors();
   Settle();
-  EXPECT_FALSE(window_->ErrorHelpShown().Stands());
+  EXPECT_FALSE(window_->ErrorHelpShown().IsShown());
   EXPECT_TRUE(window_->Editor().Edit().hasFocus());
 }
 
@@ -316,20 +316,20 @@ TEST_F(ErrorsTest, AReferenceWithoutADescriptionSaysSoAndStaysPlain) {
 
 TEST_F(ErrorsTest, TheQuestionToCloseComesOnceAndARefusalIsKept) {
   Send("ZM_CLOSE7340", 1);
-  ASSERT_TRUE(window_->Asking().Stands());
+  ASSERT_TRUE(window_->Asking().IsOpen());
   EXPECT_EQ(window_->Asking().Text(), Say(Word::kCloseAsked));
   Send("ZM_CLOSE7340", 1);
   Key(Qt::Key_Escape);
-  EXPECT_FALSE(window_->Asking().Stands());
+  EXPECT_FALSE(window_->Asking().IsOpen());
   EXPECT_TRUE(window_->isVisible());
   Send("ZM_CLOSE7340", 1);
-  EXPECT_FALSE(window_->Asking().Stands()) << "it was refused";
+  EXPECT_FALSE(window_->Asking().IsOpen()) << "it was refused";
   Push(5, 1);
   Send("ZM_CLOSE7340", 1);
-  EXPECT_FALSE(window_->Asking().Stands()) << "an ordinary error is no new reason";
+  EXPECT_FALSE(window_->Asking().IsOpen()) << "an ordinary error is no new reason";
   Push(201, 1);
   Send("ZM_CLOSE7340", 1);
-  EXPECT_TRUE(window_->Asking().Stands());
+  EXPECT_TRUE(window_->Asking().IsOpen());
   EXPECT_TRUE(window_->Asking().isVisible()) << "over the error window";
   window_->Asking().Answer(0);
   Settle();
@@ -338,13 +338,13 @@ TEST_F(ErrorsTest, TheQuestionToCloseComesOnceAndARefusalIsKept) {
 
 TEST_F(ErrorsTest, OtherValuesOfTheCloseMessageAskNothing) {
   Send("ZM_CLOSE7340", 0);
-  EXPECT_FALSE(window_->Asking().Stands());
+  EXPECT_FALSE(window_->Asking().IsOpen());
 }
 
 TEST_F(ErrorsTest, AQuestionStepsBackForAnErrorAndComesAgain) {
   window_->Editor().Insert("changed");
   Do(Action::kNewProgram);
-  ASSERT_TRUE(window_->Asking().Stands());
+  ASSERT_TRUE(window_->Asking().IsOpen());
   Raise(Fault::kDriveFault);
   EXPECT_TRUE(Shown());
   EXPECT_FALSE(window_->Asking().isVisible());
@@ -352,19 +352,19 @@ TEST_F(ErrorsTest, AQuestionStepsBackForAnErrorAndComesAgain) {
   Key(Qt::Key_Escape);
   EXPECT_EQ(Queue(), 0u);
   EXPECT_TRUE(window_->Asking().isVisible());
-  EXPECT_TRUE(window_->Asking().Stands());
+  EXPECT_TRUE(window_->Asking().IsOpen());
   EXPECT_TRUE(window_->Asking().Key(1)->hasFocus());
 }
 
 TEST_F(ErrorsTest, TheListGoesWhenAnErrorOpensItsWindow) {
   Do(Action::kErrorList);
-  ASSERT_TRUE(window_->ErrorsShown().Stands());
+  ASSERT_TRUE(window_->ErrorsShown().IsOpen());
   Raise(Fault::kDriveFault);
-  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  EXPECT_FALSE(window_->ErrorsShown().IsOpen());
   EXPECT_TRUE(Tool()->hasFocus());
 }
 
-TEST_F(ErrorsTest, TheListTellsHowAnErrorLeftWhileItStands) {
+TEST_F(ErrorsTest, TheListShowsHowAnErrorLeftWhileItIsOpen) {
   Raise(Fault::kDriveFault);
   PutAway();
   Do(Action::kErrorList);
@@ -376,7 +376,7 @@ TEST_F(ErrorsTest, TheListTellsHowAnErrorLeftWhileItStands) {
   Settle();
   EXPECT_TRUE(model.index(0, 0).data(ErrorListModel::kDetailsRole).toString().contains("cleared"));
   Do(Action::kErrorList);
-  EXPECT_FALSE(window_->ErrorsShown().Stands()) << "its key closes it";
+  EXPECT_FALSE(window_->ErrorsShown().IsOpen()) << "its key closes it";
 }
 
 TEST_F(ErrorsTest, TheListKeepsTheRowThatIsReadWhileOthersComeAbove) {
@@ -392,14 +392,14 @@ TEST_F(ErrorsTest, TheListKeepsTheRowThatIsReadWhileOthersComeAbove) {
   EXPECT_EQ(name, "warning 3196");
   op_->Desk().BringBack();
   Settle();
-  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  EXPECT_FALSE(window_->ErrorsShown().IsOpen());
   PutAway();
   Do(Action::kErrorList);
   list.setCurrentIndex(list.model()->index(3, 0));
   // Else the next error would open its window, and the list would go.
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_TOOL_NOTIFY, 1, 1);
   Push(5000, 0);
-  EXPECT_TRUE(window_->ErrorsShown().Stands());
+  EXPECT_TRUE(window_->ErrorsShown().IsOpen());
   EXPECT_EQ(window_->ErrorsShown().Notes().size(), 2) << "the 201st leaves a line";
   EXPECT_EQ(list.currentIndex().row(), 4);
   EXPECT_EQ(list.currentIndex().data(ErrorListModel::kNameRole).toString(), name);
@@ -495,9 +495,9 @@ TEST_F(ErrorsTest, TenThousandErrorsAtOnceLeaveCountAndListRight) {
     ASSERT_TRUE(rig_.Cnc().PushError(spec, problem));
   }
   Settle();
-  EXPECT_EQ(window_->Status().Errors(), 10000);
+  EXPECT_EQ(window_->Status().ErrorCount(), 10000);
   PutAway();
-  EXPECT_EQ(Sign().Count(), 10000);
+  EXPECT_EQ(Sign().ErrorCount(), 10000);
   EXPECT_TRUE(op_->Desk().History().IsConsistent());
   EXPECT_EQ(op_->Desk().History().Rows().size(), ErrorHistory::kMostRows);
 }

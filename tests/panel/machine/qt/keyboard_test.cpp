@@ -25,7 +25,7 @@ class KeyboardTest : public PanelFixture {
  protected:
   static constexpr int kAcknowledge = 1043;
   KeyboardTest() {
-    window_->Focus().SetClock([this] { return clock_; });
+    window_->KeyboardOwner().SetClock([this] { return clock_; });
   }
   [[nodiscard]] QWidget* PictureOf(int id) const {
     for (QWidget* child : Errors()->findChildren<QWidget*>()) {
@@ -183,7 +183,7 @@ TEST_F(KeyboardTest, AnErrorThatGoesGivesTheKeyboardToWhereTheOperatorWas) {
   Raise(Fault::kDriveFault);
   ASSERT_TRUE(Has(Errors()));
   Key(Qt::Key_Escape);
-  EXPECT_TRUE(Has(Program())) << "he typed there, though the command line stands open";
+  EXPECT_TRUE(Has(Program())) << "he typed there, though the command line is open";
 }
 
 TEST_F(KeyboardTest, AProgramUnderTheListGetsNoKeys) {
@@ -199,7 +199,7 @@ TEST_F(KeyboardTest, AProgramUnderTheListGetsNoKeys) {
 TEST_F(KeyboardTest, TheTopmostCoverHasTheKeyboard) {
   window_->Editor().Insert("changed");
   Do(Action::kNewProgram);
-  ASSERT_TRUE(window_->Asking().Stands());
+  ASSERT_TRUE(window_->Asking().IsOpen());
   Program()->setFocus(Qt::OtherFocusReason);
   Settle();
   EXPECT_TRUE(Has(&window_->Asking()));
@@ -268,7 +268,7 @@ TEST_F(KeyboardTest, TheSoftKeysLiveAfterAQuestionWasAnswered) {
   // The question still counted as standing while its cover went.
   window_->Editor().Insert("changed");
   Do(Action::kNewProgram);
-  ASSERT_TRUE(window_->Asking().Stands());
+  ASSERT_TRUE(window_->Asking().IsOpen());
   EXPECT_FALSE(window_->MainBar().isEnabled());
   Key(Qt::Key_Escape);
   EXPECT_TRUE(window_->MainBar().isEnabled());
@@ -282,7 +282,7 @@ TEST_F(KeyboardTest, TheSoftKeysLiveAfterAQuestionWasAnswered) {
 
 TEST_F(KeyboardTest, TheSoftKeysLiveAfterAChooserThatWentUnseen) {
   Do(Action::kOpenProgram);
-  ASSERT_TRUE(window_->Chooser().Stands());
+  ASSERT_TRUE(window_->Chooser().IsOpen());
   Raise(Fault::kDriveFault);
   ASSERT_FALSE(window_->Chooser().isVisible());
   window_->Chooser().Dismiss();
@@ -368,7 +368,7 @@ TEST_F(KeyboardTest, AnErrorThatTheOperatorCalledBackIsAnsweredAtOnce) {
   Raise(Fault::kDriveFault);
   clock_ += 1000;
   Do(Action::kHelp);
-  ASSERT_TRUE(window_->ErrorHelpShown().Stands());
+  ASSERT_TRUE(window_->ErrorHelpShown().IsShown());
   RealKey(Qt::Key_Escape);
   ASSERT_TRUE(ErrorsShown());
   RealKey(Qt::Key_Escape);
@@ -414,7 +414,7 @@ TEST_F(KeyboardTest, OfTwoCoversTheOneOnTopHasTheKeyboard) {
   EXPECT_TRUE(Has(&window_->ErrorsShown()));
   window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
   window_->ErrorsShown().raise();
-  window_->Focus().Restore();
+  window_->KeyboardOwner().Restore();
   EXPECT_TRUE(Has(&window_->ErrorsShown()));
   window_->Asking().Answer(1);
   Do(Action::kErrorList);
@@ -436,7 +436,7 @@ TEST_F(KeyboardTest, AKeyOfThePanelKeepsTheKeyboardThatTabGaveIt) {
   Do(Action::kOpenCalculator);
   QWidget* key = window_->Keys().Key(Action::kReset);
   key->setFocus(Qt::TabFocusReason);
-  window_->Focus().Restore();
+  window_->KeyboardOwner().Restore();
   EXPECT_TRUE(key->hasFocus());
   EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_CALCULATOR);
 }

@@ -123,10 +123,10 @@ TEST_F(OperatorTest, AMessageLineIsKeptUntilItsToolClearsIt) {
     if (call.slot != 7) return;
     const QVariantMap message = call.args.value(1).toMap();
     const auto kept = session_.Messages().find(message["line"].toInt());
-    const bool stands = kept != session_.Messages().end();
-    EXPECT_EQ(stands, !message["text"].toString().isEmpty());
-    ++(stands ? shown : cleared);
-    if (!stands) return;
+    const bool shows = kept != session_.Messages().end();
+    EXPECT_EQ(shows, !message["text"].toString().isEmpty());
+    ++(shows ? shown : cleared);
+    if (!shows) return;
     EXPECT_EQ(kept->second.text, message["text"].toString());
     EXPECT_EQ(kept->second.back, message["back"].toUInt());
     EXPECT_EQ(kept->second.fore, message["fore"].toUInt());
@@ -151,7 +151,7 @@ TEST_F(OperatorTest, TheHelpKeyOverTheErrorWindowOpensItsHelpAndSaysNothingElse)
   Raise(Fault::kDriveFault);
   ASSERT_TRUE(ErrorsShown());
   Do(Action::kHelp);
-  EXPECT_TRUE(window_->ErrorHelpShown().Stands());
+  EXPECT_TRUE(window_->ErrorHelpShown().IsShown());
   EXPECT_EQ(ZoneText(), "");
 }
 
@@ -304,13 +304,13 @@ TEST_F(OperatorTest, NothingToStartIsSaidUntilTheCommandLineOpens) {
   EXPECT_EQ(ZoneText(), "");
 }
 
-TEST_F(OperatorTest, TheClearKeyEndsAHelpThatStandsAlone) {
+TEST_F(OperatorTest, TheClearKeyEndsAHelpThatIsShownAlone) {
   op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
   Settle();
   ASSERT_EQ(Queue(), 0u);
   EXPECT_TRUE(op_->Can(Action::kClearError));
   Do(Action::kClearError);
-  EXPECT_FALSE(window_->ErrorHelpShown().Stands());
+  EXPECT_FALSE(window_->ErrorHelpShown().IsShown());
   EXPECT_FALSE(op_->Can(Action::kClearError));
 }
 
@@ -360,7 +360,7 @@ class RequestTest : public OperatorTest {
     OpenListAtSecond();
     op_->SendCommand(PNL_TOOL_MDI, kSaveAsProgram);
     Settle();
-    ASSERT_TRUE(window_->Chooser().Stands());
+    ASSERT_TRUE(window_->Chooser().IsOpen());
     ASSERT_NE(op_->Request(), nullptr);
   }
   /// As a tool of its own would choose a file.
@@ -394,7 +394,7 @@ TEST_P(RequestEnd, IsToldToTheAsker) {
   WriteIntoTheRecord(u"C:\\", u"ENDED.NC");
   emit session_.Called({GetParam().slot, GetParam().args});
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   EXPECT_EQ(TakeSaved(u"C:\\ENDED.NC"), GetParam().saved);
   EXPECT_TRUE(StartIsFree());
 }
@@ -411,7 +411,7 @@ TEST_F(RequestTest, ARequestWhoseRecordHasGoneIsCancelled) {
   EXPECT_FALSE(op_->AcceptFile("C:\\", "GONE.NC"));
   EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNoRequest));
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   EXPECT_FALSE(TakeSaved(u"C:\\GONE.NC"));
   EXPECT_TRUE(StartIsFree());
 }
@@ -421,7 +421,7 @@ TEST_F(RequestTest, ANameThatIsRefusedCancelsTheRequest) {
   WriteIntoTheRecord(u"C:\\", u"REFUSED.NC");
   EXPECT_FALSE(op_->AcceptFile("C:\\", QString(256, 'N')));
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   EXPECT_FALSE(TakeSaved(u"C:\\REFUSED.NC"));
   EXPECT_TRUE(StartIsFree());
 }

@@ -102,16 +102,16 @@ class PanelLookTest : public ::testing::Test {
 
 TEST_F(PanelLookTest, InchesAndFeedPerRevolutionShowAsSoonAsTheyAreProgrammed) {
   Run("G1 X25.4 F1000");
-  EXPECT_EQ(window_->Shown().Shown().at(0).caption, "F  mm/min");
+  EXPECT_EQ(window_->ReadingsShown().Shown().at(0).caption, "F  mm/min");
   const QString metric = window_->Axes().accessibleName();
   Run("G20 G95 F0.01 M3 S1000");
-  EXPECT_EQ(window_->Shown().Shown().at(0).caption, "F  in/rev");
-  EXPECT_EQ(window_->Shown().Shown().at(0).detail, "F0.01");
+  EXPECT_EQ(window_->ReadingsShown().Shown().at(0).caption, "F  in/rev");
+  EXPECT_EQ(window_->ReadingsShown().Shown().at(0).detail, "F0.01");
   EXPECT_NE(window_->Axes().accessibleName(), metric);
   EXPECT_TRUE(window_->Axes().accessibleName().startsWith("X 1.0000"))
       << window_->Axes().accessibleName().toStdString();
   Run("G21 G94 F100");
-  EXPECT_EQ(window_->Shown().Shown().at(0).caption, "F  mm/min");
+  EXPECT_EQ(window_->ReadingsShown().Shown().at(0).caption, "F  mm/min");
   EXPECT_EQ(window_->Axes().accessibleName(), metric);
 }
 
@@ -167,7 +167,7 @@ TEST_F(PanelLookTest, TheListSavedAsAProgramIsSaidToBeSaved) {
   for (const bool protectedFile : {false, true}) {
     op_->SendCommand(PNL_TOOL_MDI, 32775);
     Settle();
-    ASSERT_TRUE(window_->Chooser().Stands());
+    ASSERT_TRUE(window_->Chooser().IsOpen());
     const QString path = JoinPath(window_->Chooser().Folder(), "TOLD_LIST.NC");
     const QString host = QString::fromStdString(rig_.Files().HostPath(path.toStdU16String()).value_or(""));
     if (protectedFile) QFile::setPermissions(host, QFileDevice::ReadOwner);
@@ -187,7 +187,7 @@ TEST_F(PanelLookTest, ACoverSlicesNoKey) {
     window_->resize(size);
     Settle();
     Do(Action::kErrorList);
-    ASSERT_TRUE(window_->ErrorsShown().Stands());
+    ASSERT_TRUE(window_->ErrorsShown().IsOpen());
     const QRect cover = window_->ErrorsShown().geometry();
     for (const PanelKey* key : window_->findChildren<PanelKey*>()) {
       if (!key->isVisible() || window_->ErrorsShown().isAncestorOf(key)) continue;
@@ -280,7 +280,7 @@ TEST_F(PanelLookTest, AnErrorsTextIsPlainInWindowIndicatorAndList) {
   EXPECT_TRUE(pnl::test::TextsOf(*tool).join("").contains("<b>bold</b>")) << "the text itself, letter by letter";
   window_->resize(2400, 1200);
   Do(Action::kErrorList);
-  ASSERT_TRUE(window_->ErrorsShown().Stands());
+  ASSERT_TRUE(window_->ErrorsShown().IsOpen());
   ExpectAllPlain(*window_);
   EXPECT_TRUE(window_->ErrorsShown().Details().contains("<b>bold</b>"));
   const QModelIndex row = window_->ErrorsShown().List().model()->index(0, 0);
@@ -403,7 +403,7 @@ TEST_F(PanelLookTest, AChooserStepsBackForAnErrorAndComesAgain) {
   ASSERT_TRUE(window_->Chooser().isVisible());
   rig_.Machine()->Raise(Fault::kDriveFault);
   Settle();
-  EXPECT_TRUE(window_->Chooser().Stands());
+  EXPECT_TRUE(window_->Chooser().IsOpen());
   EXPECT_FALSE(window_->Chooser().isVisible());
   EXPECT_FALSE(window_->Asking().isVisible());
   rig_.Cnc().ClearErrors();
@@ -427,7 +427,7 @@ TEST_F(PanelLookTest, AScriptAnswersTheQuestionToCloseInTheOperatorsPlace) {
   };
   ask();
   EXPECT_EQ(asked, QStringList{Say(Word::kCloseAsked)});
-  EXPECT_FALSE(window_->Asking().Stands());
+  EXPECT_FALSE(window_->Asking().IsOpen());
   EXPECT_TRUE(window_->isVisible());
   Push({{"number", std::int64_t{201}}, {"severity", std::int64_t{1}}, {"source", std::int64_t{12}}});
   answer = true;
@@ -438,7 +438,7 @@ TEST_F(PanelLookTest, AScriptAnswersTheQuestionToCloseInTheOperatorsPlace) {
 
 TEST_F(PanelLookTest, WithoutARequestNoChooserComes) {
   emit op_->ChooserWanted();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
 }
 
 }  // namespace

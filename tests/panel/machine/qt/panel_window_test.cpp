@@ -169,12 +169,12 @@ TEST_F(PanelWindowTest, ARefusalShowsInRedUntilItIsCleared) {
   EXPECT_TRUE(ZoneText().startsWith("Error "));
   EXPECT_EQ(window_->Zone().Lines()[0].back, QColor(theme::kRed));
   EXPECT_EQ(window_->Zone().Lines()[0].fore, QColor(Qt::white));
-  EXPECT_EQ(window_->Status().Errors(), 1);
+  EXPECT_EQ(window_->Status().ErrorCount(), 1);
   EXPECT_TRUE(window_->Keys().Key(Action::kClearError)->isEnabled());
   window_->Keys().Key(Action::kClearError)->click();
   Settle();
   EXPECT_EQ(ZoneText(), "");
-  EXPECT_EQ(window_->Status().Errors(), 0);
+  EXPECT_EQ(window_->Status().ErrorCount(), 0);
   EXPECT_FALSE(window_->Keys().Key(Action::kClearError)->isEnabled());
 }
 
@@ -256,13 +256,13 @@ class PanelRequestTest : public PanelWindowTest {
 
 TEST_F(PanelRequestTest, ANameGoesIntoTheRecordAndTheProgramIsWritten) {
   Ask();
-  ASSERT_TRUE(window_->Chooser().Stands());
+  ASSERT_TRUE(window_->Chooser().IsOpen());
   ASSERT_NE(op_->Request(), nullptr);
   const QString folder = window_->Chooser().Folder();
   window_->Chooser().NameEdit().setText("LIST.NC");
   window_->Chooser().Accept();
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   const XPLRDATA_ST* record = op_->Request();
   ASSERT_NE(record, nullptr);
   EXPECT_EQ(QString::fromUtf16(record->File), "LIST.NC");
@@ -277,7 +277,7 @@ TEST_F(PanelRequestTest, LeavingTheChooserFreesTheStartKey) {
   Ask();
   window_->Chooser().Leave();
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   Do(Action::kCycleStart);
   EXPECT_EQ(op_->Machine().channelStatus, 2) << "the tool waits for no file any more";
 }
@@ -288,16 +288,16 @@ TEST_F(PanelRequestTest, TheChooserGoesWhenItsAskerGoes) {
   window_->Chooser().NameEdit().setText("LOST.NC");
   window_->Chooser().Accept();
   Settle();
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   EXPECT_EQ(ZoneText(), Say(Word::kNoRequest));
 }
 
-TEST_F(PanelRequestTest, WhileTheChooserStandsOnlyTheMachinesKeysWork) {
+TEST_F(PanelRequestTest, WhileTheChooserIsOpenOnlyTheMachinesKeysWork) {
   Ask();
   Do(Action::kNewProgram);
-  EXPECT_FALSE(window_->Asking().Stands());
+  EXPECT_FALSE(window_->Asking().IsOpen());
   window_->PressMain(0);
-  EXPECT_TRUE(window_->Chooser().Stands());
+  EXPECT_TRUE(window_->Chooser().IsOpen());
   EXPECT_FALSE(window_->MainBar().isEnabled());
   Do(Action::kSingleBlock);
   EXPECT_TRUE(op_->Machine().singleBlock);
@@ -362,7 +362,7 @@ TEST_F(PanelWindowTest, ClosingAsksForChangesThatNoFileHas) {
   window_->SetAsksBeforeClosing(true);
   window_->Editor().Insert("G0");
   EXPECT_FALSE(window_->close());
-  ASSERT_TRUE(window_->Asking().Stands());
+  ASSERT_TRUE(window_->Asking().IsOpen());
   window_->Asking().Answer(1);
   EXPECT_TRUE(window_->isVisible());
   EXPECT_FALSE(window_->close());
@@ -425,7 +425,7 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     Settle();
     const PanelLayout layout = LayOutWithin(size, touch);
     EXPECT_EQ(window_->Status().geometry(), layout.status);
-    EXPECT_EQ(window_->Shown().geometry(), layout.readings);
+    EXPECT_EQ(window_->ReadingsShown().geometry(), layout.readings);
     EXPECT_EQ(window_->Axes().geometry(), layout.axes);
     EXPECT_EQ(window_->ToolAreaWidget()->geometry(), layout.toolArea);
     EXPECT_EQ(window_->SideBar().geometry(), layout.sideBar);
@@ -484,18 +484,18 @@ TEST_F(PanelWindowTest, EachActionOfThePanelDoesItsOwn) {
   Do(Action::kMainBack);
   EXPECT_EQ(window_->MainBar().Page(), 0);
   Do(Action::kErrorList);
-  EXPECT_TRUE(window_->ErrorsShown().Stands());
+  EXPECT_TRUE(window_->ErrorsShown().IsOpen());
   Do(Action::kErrorList);
-  EXPECT_FALSE(window_->ErrorsShown().Stands());
+  EXPECT_FALSE(window_->ErrorsShown().IsOpen());
   for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs}) {
     Do(action);
-    EXPECT_TRUE(window_->Chooser().Stands());
+    EXPECT_TRUE(window_->Chooser().IsOpen());
     EXPECT_EQ(window_->Chooser().accessibleName(), Say(action == Action::kOpenProgram ? Word::kOpen : Word::kSaveAs));
     window_->Chooser().Leave();
   }
   window_->Editor().Insert("G0");
   Do(Action::kNewProgram);
-  EXPECT_TRUE(window_->Asking().Stands());
+  EXPECT_TRUE(window_->Asking().IsOpen());
   window_->Asking().Answer(0);
   EXPECT_EQ(window_->ProgramText(), "");
 }
@@ -520,7 +520,7 @@ TEST_F(PanelWindowTest, AnyCoverKeepsTheSoftKeysAtRest) {
   };
   window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
   expectRest(true);
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
   window_->Asking().Answer(1);
   Do(Action::kErrorList);
   expectRest(true);
@@ -623,7 +623,7 @@ TEST_F(PanelWindowTest, TheErrorToSeeIsTheNewest) {
   Settle();
   EXPECT_TRUE(ZoneText().startsWith("Error 6: ")) << ZoneText().toStdString();
   EXPECT_EQ(ZoneText(), ZoneText().trimmed());
-  EXPECT_EQ(window_->Status().Errors(), 2);
+  EXPECT_EQ(window_->Status().ErrorCount(), 2);
 }
 
 TEST_F(PanelWindowTest, TheMachineIsShownAsItIs) {
@@ -633,7 +633,7 @@ TEST_F(PanelWindowTest, TheMachineIsShownAsItIs) {
   Advance(300);
   window_->UpdateDisplay();
   const auto state = op_->Machine();
-  EXPECT_EQ(window_->Shown().Shown(), ReadingsOf(state));
+  EXPECT_EQ(window_->ReadingsShown().Shown(), ReadingsOf(state));
   QStringList spoken;
   for (const auto& axis : state.axes) {
     spoken << QString::fromStdU16String(axis.name) + " " + FormatPosition(axis.position);
@@ -686,7 +686,7 @@ TEST_F(PanelWindowTest, ASoftKeyOfTheKeyboardIsThatOfTheBar) {
   session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
   Settle();
   EXPECT_TRUE(Shortcut(Qt::Key_F1, Qt::ShiftModifier));
-  EXPECT_TRUE(window_->Chooser().Stands()) << "the first at the side opens a program";
+  EXPECT_TRUE(window_->Chooser().IsOpen()) << "the first at the side opens a program";
   window_->Chooser().Leave();
   EXPECT_TRUE(Shortcut(Qt::Key_F7));
   EXPECT_TRUE(Shortcut(Qt::Key_F6, Qt::ShiftModifier));
@@ -736,13 +736,13 @@ TEST_F(PanelWindowTest, ClosingLeavesTheChooserAndAsksOnce) {
   const QString asked = window_->Asking().Text();
   EXPECT_FALSE(window_->close());
   EXPECT_EQ(window_->Asking().Text(), asked);
-  EXPECT_TRUE(window_->Asking().Stands()) << "the question wasn't asked anew, which would have answered it";
+  EXPECT_TRUE(window_->Asking().IsOpen()) << "the question wasn't asked anew, which would have answered it";
   window_->Asking().Answer(1);
   window_->Editor().SetSaved();
   Do(Action::kOpenProgram);
-  ASSERT_TRUE(window_->Chooser().Stands());
+  ASSERT_TRUE(window_->Chooser().IsOpen());
   EXPECT_TRUE(window_->close());
-  EXPECT_FALSE(window_->Chooser().Stands());
+  EXPECT_FALSE(window_->Chooser().IsOpen());
 }
 
 }  // namespace

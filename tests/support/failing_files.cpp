@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "base/failing_files.h"
+#include "support/failing_files.h"
 
 #include <algorithm>
 
-namespace pnl {
+namespace pnl::test {
 namespace {
 
 bool IsFor(const Text& told, TextView path) { return told.empty() || EqualNoCase(told, path); }
@@ -111,4 +111,4 @@ FileStatus FailingFiles::MakeFolder(TextView panelPath) {
   return Record(Call::kMakeFolder, panelPath, due ? *due : inner_.MakeFolder(panelPath));
 }
 
-}  // namespace pnl
+}  // namespace pnl::test

@@ -13,7 +13,7 @@
 
 #include "base/files.h"
 
-namespace pnl {
+namespace pnl::test {
 
 class FailingFiles final : public Files {
  public:
@@ -76,4 +76,4 @@ class FailingFiles final : public Files {
   std::optional<std::uint64_t> room_;
 };
 
-}  // namespace pnl
+}  // namespace pnl::test
