@@ -42,7 +42,7 @@ TEST_F(EndSignalsTest, ASignalLeavesTheErrorNumberOfTheInterruptedCallAsItIs) {
 
 TEST(EndSignals, AfterItsEndTheSignalsHaveTheirDefaultEffect) {
   {
-    const EndSignals signals([] {});
+    const EndSignals ended([] {});
   }
   for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
     struct sigaction action {};
@@ -55,7 +55,7 @@ TEST(EndSignals, AnIgnoredSignalStaysIgnored) {
   signal(SIGHUP, SIG_IGN);
   {
     int asked = 0;
-    const EndSignals signals([&asked] { ++asked; });
+    const EndSignals ended([&asked] { ++asked; });
     raise(SIGHUP);
     QCoreApplication::processEvents();
     EXPECT_EQ(asked, 0);
