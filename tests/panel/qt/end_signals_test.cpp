@@ -10,9 +10,17 @@
 namespace panel {
 namespace {
 
+/// Whoever starts the tests may ignore a signal, and it would stay ignored.
+struct SignalsWithTheirDefaultEffect {
+  SignalsWithTheirDefaultEffect() {
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) signal(number, SIG_DFL);
+  }
+};
+
 class EndSignalsTest : public testing::Test {
  protected:
   void HandlePending() { QCoreApplication::processEvents(); }
+  const SignalsWithTheirDefaultEffect before_;
   int asked_ = 0;
   EndSignals signals_{[this] { ++asked_; }};
 };
