@@ -113,7 +113,7 @@ void XplrSession::UpdatePinState() {
   Host().HostUpdateSideMenu(kTool);
   const bool stored = settings_.SavePinnedFolder(
       state_.Owner, state_.Has(XPLR_PINNED) ? std::optional(state_.Path) : std::nullopt);
-  if (!stored) TellNotSaved(Context(), kTool, {u"XPLR7340.ini"});
+  if (!stored) ShowNotSaved(Context(), kTool, {u"XPLR7340.ini"});
 }
 
 void XplrSession::UpdateMenus() {

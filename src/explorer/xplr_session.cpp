@@ -248,7 +248,7 @@ void XplrSession::Accept(const Text& path, const Text& name) {
 void XplrSession::FinishExplorer(int code) {
   const bool stored = settings_.SaveSort(list_.Sort().ToText());
   ShowNotice({});
-  if (!stored) TellNotSaved(Context(), kTool, {u"XPLR7340.ini"});
+  if (!stored) ShowNotSaved(Context(), kTool, {u"XPLR7340.ini"});
   View().Hide();
   Host().HostToolClosed(kTool, code);
   if (code == PNL_CLOSED_ACCEPTED) {

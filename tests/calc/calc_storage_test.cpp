@@ -202,6 +202,14 @@ TEST_F(CalcSettingsTest, TheMachinesCopyStandsInForTheUsers) {
   EXPECT_EQ(Load(), (CalcSettings{3, 4, true}));
 }
 
+TEST_F(CalcSettingsTest, ACopyThatWasReadIsWrittenWholeWhateverWasPutThereMeanwhile) {
+  files.disc[kUsers] = Ini("1,2");
+  const CalcSettings settings = Load();
+  files.disc[kUsers] = Ini("7,8", "YES");
+  Save(settings);
+  EXPECT_EQ(files.disc[kUsers], Ini("1,2"));
+}
+
 TEST_F(CalcSettingsTest, ADriveThatIsNotReadyLeavesTheUsersCopyUntried) {
   files.disc[kUsers] = Ini("1,2");
   files.disc[kMachines] = Ini("3,4");

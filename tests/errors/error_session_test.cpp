@@ -901,6 +901,18 @@ TEST_F(ErrorToolTest, TheChannelBoxHasTheColourOfItsOwnErrorFromTheStart) {
   EXPECT_EQ(view->boxColors[error_id::kChannelBox], std::pair(0xFFFFFFu, 0x0000A0u));
 }
 
+// A window whose size stays reports no change of it.
+TEST_F(ErrorToolTest, AWindowThatHasItsSizeFromTheStartIsLaidOutToo) {
+  MakeTool();
+  const Rect size = view->client;
+  MakeTool(context);
+  view->client = size;
+  Call(&ErrorSession::Start);
+  EXPECT_EQ(view->client, size);
+  EXPECT_EQ(view->rects[error_id::kDescription].right, view->rects[error_id::kTitleLine].right);
+  EXPECT_GT(view->rects[error_id::kTitleLine].right, size.right - 30);
+}
+
 TEST_F(ErrorToolTest, AWiderWindowMovesTheArrowOnTheRightAlone) {
   MakeTool();
   const Rect previous = view->rects[error_id::kPrevious];

@@ -14,10 +14,7 @@ namespace pnl {
 template <typename Control>
 class MessageControl : public Control {
  public:
-  template <typename... Args>
-  explicit MessageControl(Args&&... args) : Control(std::forward<Args>(args)...) {
-    handle_ = WindowRegistry::Instance().Register(this);
-  }
+  MessageControl(int id, QWidget* parent) : Control(id, parent), handle_(WindowRegistry::Instance().Register(this)) {}
   ~MessageControl() override { EndMessages(); }
 
   [[nodiscard]] WindowHandle Handle() const { return handle_; }

@@ -69,6 +69,14 @@ TEST_F(DrawTextTest, ATextThatFitsIsNotShortened) {
   }
 }
 
+TEST_F(DrawTextTest, ALineTakesWhatFillsItExactly) {
+  for (const int letters : {3, 5, 8}) {
+    const int width = WidthOf(QString(letters, u'H'));
+    const QStringList lines = Shortened(QString(20, u'H'), width, 0x2810).split(u'\n');
+    EXPECT_EQ(lines.first(), QString(letters, u'H'));
+  }
+}
+
 TEST_F(DrawTextTest, ATextTooLongEndsInAnEllipsisThatFits) {
   const QString result = Shortened("G0 X100 Y200 Z300 F400", 80, 0x8b65);
   EXPECT_TRUE(result.startsWith("G0 X"));

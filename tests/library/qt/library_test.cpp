@@ -236,6 +236,22 @@ TEST_F(LibraryTest, WithoutAnyPackTheLibraryGoesOn) {
   qunsetenv("PNLTOOLS_LANG_DIR");
 }
 
+TEST_F(LibraryTest, WithoutAnyPackNeitherLanguageLibraryNorDescriptionsAreWritten) {
+  qputenv("PNLTOOLS_LANG_DIR", "/nowhere");
+  for (const bool machine : {false, true}) {
+    Library bare;
+    rig::Drive drive;
+    drive.dir = folder_.Path().string();
+    bare.Simulation()->Storage().SetDrive(drive);
+    LibraryRig rig(bare);
+    ASSERT_TRUE(machine ? rig.StartMachine("demo") : rig.StartBare());
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.Path())) {
+      EXPECT_TRUE(entry.is_directory()) << entry.path();
+    }
+  }
+  qunsetenv("PNLTOOLS_LANG_DIR");
+}
+
 TEST_F(LibraryTest, ADamagedPackIsNone) {
   const test::TempFolder packs;
   packs.Write("en.pnl", "PNLLANG, but then something else");
