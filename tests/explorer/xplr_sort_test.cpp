@@ -230,7 +230,7 @@ class XplrSortMix : public testing::TestWithParam<Mix> {};
 
 TEST_P(XplrSortMix, AnyRowsAreSortedAsTheComparisonOfTheirTextsSortsThem) {
   Making making(static_cast<unsigned>(GetParam()) + 11);
-  for (int i = 0; i < 400; ++i) {
+  for (int i = 0; i < 200; ++i) {
     const ZoneOf in(making.OneOf(kZones));
     std::vector<XplrRow> rows = MakeRows(making, GetParam());
     for (int again = 0; again < 3; ++again) {

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+// A folder of 100,000 files as the explorer's list: read, made into rows and sorted, beside a bare walk over the same
+// folder by readdir with fstatat; each of the four orders of the loaded rows in both directions, beside
+// std::stable_sort of the same names. Prints the bytes that a row takes beyond the characters of its name.
+#include <benchmark/benchmark.h>
+#include <dirent.h>
+#include <fcntl.h>
+#include <malloc.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <new>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "explorer/xplr_names.h"
+#include "explorer/xplr_rows.h"
+#include "explorer/xplr_sort.h"
+
+namespace {
+
+std::size_t allocated = 0;  // bytes now, as the allocator rounds them
+
+void* Take(std::size_t size) {
+  void* place = std::malloc(size == 0 ? 1 : size);
+  if (place == nullptr) throw std::bad_alloc();
+  allocated += malloc_usable_size(place) + sizeof(std::size_t);
+  return place;
+}
+
+void Give(void* place) {
+  if (place == nullptr) return;
+  allocated -= malloc_usable_size(place) + sizeof(std::size_t);
+  std::free(place);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) { return Take(size); }
+void* operator new[](std::size_t size) { return Take(size); }
+void operator delete(void* place) noexcept { Give(place); }
+void operator delete[](void* place) noexcept { Give(place); }
+void operator delete(void* place, std::size_t) noexcept { Give(place); }
+void operator delete[](void* place, std::size_t) noexcept { Give(place); }
+
+namespace {
+
+using pnl::ListFor;
+using pnl::LocalZone;
+using pnl::PlaceEntry;
+using pnl::SortColumn;
+using pnl::SortState;
+using pnl::Text;
+using pnl::XplrRow;
+
+/// A folder of empty files with names as machine shops give them, and dates over ten years. Gone with the program.
+class Folder {
+ public:
+  explicit Folder(int count) {
+    char path[] = "/tmp/xplr_bench_XXXXXX";
+    if (mkdtemp(path) == nullptr) std::exit(1);
+    path_ = path;
+    std::mt19937 random(1);
+    for (int i = 0; i < count; ++i) Put(i, random);
+  }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+ private:
+  void Put(int number, std::mt19937& random) const {
+    static constexpr const char* kWords[] = {"part", "Flange", "O", "housing_left", "TEST"};
+    static constexpr const char* kExtensions[] = {".nc", ".NC", ".txt", ".pit", ""};
+    char name[64];
+    std::snprintf(name, sizeof name, "/%s%06d%s", kWords[random() % 5], number, kExtensions[random() % 5]);
+    const int file = open((path_ + name).c_str(), O_CREAT | O_WRONLY, 0644);
+    const timespec written[2] = {{}, {static_cast<time_t>(1'450'000'000 + random() % 315'000'000), 0}};
+    if (file < 0 || ftruncate(file, random() % 3'000'000) != 0 || futimens(file, written) != 0) std::exit(1);
+    close(file);
+  }
+  std::string path_;
+};
+
+/// Calls take(name, status) for each entry of the folder.
+template <typename Take>
+void Walk(const std::string& path, Take take) {
+  DIR* folder = opendir(path.c_str());
+  if (folder == nullptr) std::exit(1);
+  while (const dirent* entry = readdir(folder)) {
+    struct stat status {};
+    if (fstatat(dirfd(folder), entry->d_name, &status, 0) == 0) take(entry->d_name, status);
+  }
+  closedir(folder);
+}
+
+PlaceEntry EntryOf(std::string_view name, const struct stat& status) {
+  PlaceEntry entry;
+  entry.name = pnl::FromUtf8(name);
+  entry.folder = S_ISDIR(status.st_mode);
+  entry.dots = name == "." || name == "..";
+  entry.hidden = name.front() == '.' && !entry.dots;
+  entry.size = static_cast<std::uint64_t>(status.st_size);
+  entry.written = status.st_mtime;
+  return entry;
+}
+
+std::vector<XplrRow> ReadRows(const std::string& path) {
+  std::vector<XplrRow> rows;
+  LocalZone zone;
+  Walk(path, [&](std::string_view name, const struct stat& status) {
+    PlaceEntry entry = EntryOf(name, status);
+    if (entry.hidden || entry.dots || !pnl::MatchesPattern(entry.name, u"*")) return;
+    rows.push_back(MakeRow(std::move(entry), ListFor::kFiles, static_cast<std::uint32_t>(rows.size()), zone));
+  });
+  return rows;
+}
+
+SortState By(SortColumn column, bool ascending) {
+  SortState state{{true, true, true, true}, column};
+  state.ascending[static_cast<std::size_t>(column)] = ascending;
+  return state;
+}
+
+void WalkBare(benchmark::State& state, const std::string& path) {
+  for (auto _ : state) {
+    std::int64_t sum = 0;
+    Walk(path, [&](std::string_view, const struct stat& status) { sum += status.st_size; });
+    benchmark::DoNotOptimize(sum);
+  }
+}
+
+void WalkAndSort(benchmark::State& state, const std::string& path) {
+  for (auto _ : state) {
+    std::vector<XplrRow> rows = ReadRows(path);
+    SortRows(rows, By(SortColumn::kName, true));
+    benchmark::DoNotOptimize(rows.data());
+  }
+}
+
+void MakeAgain(benchmark::State& state, const std::string& path) {
+  std::vector<PlaceEntry> entries;
+  Walk(path, [&](std::string_view name, const struct stat& status) { entries.push_back(EntryOf(name, status)); });
+  std::size_t characters = 0;
+  for (const PlaceEntry& entry : entries) characters += entry.name.size() * sizeof(char16_t);
+  std::size_t taken = 0;
+  for (auto _ : state) {
+    const std::size_t before = allocated;
+    std::vector<XplrRow> rows;
+    {
+      LocalZone zone;
+      for (const PlaceEntry& entry : entries) {
+        rows.push_back(MakeRow(entry, ListFor::kFiles, static_cast<std::uint32_t>(rows.size()), zone));
+      }
+    }
+    taken = allocated - before;
+    benchmark::DoNotOptimize(rows.data());
+  }
+  state.counters["bytes beyond the name"] =
+      static_cast<double>(taken - characters) / static_cast<double>(entries.size());
+}
+
+void SortAgain(benchmark::State& state, const std::string& path, SortColumn column, bool ascending) {
+  const std::vector<XplrRow> rows = ReadRows(path);
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::vector<XplrRow> sorted = rows;
+    state.ResumeTiming();
+    SortRows(sorted, By(column, ascending));
+    benchmark::DoNotOptimize(sorted.data());
+    state.PauseTiming();
+    sorted = {};
+    state.ResumeTiming();
+  }
+}
+
+void SortNames(benchmark::State& state, const std::string& path, bool (*less)(const Text&, const Text&)) {
+  std::vector<Text> names;
+  for (XplrRow& row : ReadRows(path)) names.push_back(std::move(row.name));
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::vector<Text> sorted = names;
+    state.ResumeTiming();
+    std::stable_sort(sorted.begin(), sorted.end(), less);
+    benchmark::DoNotOptimize(sorted.data());
+    state.PauseTiming();
+    sorted = {};
+    state.ResumeTiming();
+  }
+}
+
+bool Less(const Text& a, const Text& b) { return a < b; }
+bool LessNoCase(const Text& a, const Text& b) { return pnl::CompareNoCase(a, b) < 0; }
+
+/// A short run that only shows whether everything works; its figures mean nothing.
+bool brief = false;
+
+template <typename Function, typename... Arguments>
+void Register(const std::string& name, Function function, Arguments... arguments) {
+  auto* registered = benchmark::RegisterBenchmark(name.c_str(), function, arguments...);
+  registered->Unit(benchmark::kMillisecond)->MinTime(brief ? 0.001 : 0.5)->Repetitions(brief ? 1 : 5);
+  registered->ReportAggregatesOnly();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  brief = argc == 2 && std::string_view(argv[1]) == "--brief";
+  if (brief) --argc;
+  const Folder folder(brief ? 200 : 100'000);
+  Register("walk/bare", WalkBare, folder.Path());
+  Register("walk/rows by name", WalkAndSort, folder.Path());
+  Register("rows", MakeAgain, folder.Path());
+  const char* columns[] = {"name", "size", "date", "extension"};
+  for (int i = 0; i < 4; ++i) {
+    for (const bool ascending : {true, false}) {
+      Register(std::string("order/") + columns[i] + (ascending ? " ascending" : " descending"), SortAgain,
+               folder.Path(), static_cast<SortColumn>(i), ascending);
+    }
+  }
+  Register("order/std::stable_sort of names", SortNames, folder.Path(), Less);
+  Register("order/std::stable_sort of names without case", SortNames, folder.Path(), LessNoCase);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+}
