@@ -55,7 +55,9 @@ TEST(XplrNames, AnExtensionIsSoughtInTheFilter) {
       {u".nc", u"*.txt", false},
       {u".nc", u"*.txt,*.nc", true},
       {u".nc", u"*.txt *.nc", true},
+      {u".txt", u"*.txt *.nc", true},
       {u".nc", u"*.txt, *.nc", true},  // a blank after a comma
+      {u".txt", u"*.txt , *.nc", true},
       {u".nc", u" ,, *.txt  ,*.nc,", true},
       {u".nc", u"part.nc", true},  // what is before the point doesn't count
       {u".nc", u"*.x.nc", true},

@@ -76,7 +76,7 @@ TEST(XplrSearch, ASearchGoesOnFromTheSelectedRowAndRoundTheEnd) {
       {four, kNone, u"alpha1", true, 0, 0},
       {{u"a", u"CAÑÓN.nc"}, kNone, u"ñó", true, 1, 1},
       // A selection that there isn't is none.
-      {four, 4, u"alp", true, 1, 0},
+      {four, 4, u"al", true, 1, 0},
       {four, 99, u"gam", false, 1, 3},
       {four, 99, u"x", true, 0, 0},
   };

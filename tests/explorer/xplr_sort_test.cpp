@@ -127,6 +127,29 @@ TEST(XplrSort, RowsThatCompareAlikeKeepTheOrderOfTheSortBefore) {
   EXPECT_EQ(NamesOf(rows), "Parts tools c A.txt b.nc a.NC");
 }
 
+std::string SortedNames(const std::vector<Text>& names, SortColumn column) {
+  std::vector<PlaceEntry> entries;
+  for (const Text& name : names) entries.push_back({name, false, false, false, 1, 0});
+  std::vector<XplrRow> rows = RowsOf(entries);
+  SortRows(rows, State(true, true, true, true, column));
+  return NamesOf(rows);
+}
+
+TEST(XplrSort, LongNamesAndExtensionsAreComparedToTheirEnd) {
+  EXPECT_EQ(SortedNames({u"x.abcdefh", u"y.abcdefa", u"z.abcdef", u"w.abcdefab"}, SortColumn::kExtension),
+            "z.abcdef y.abcdefa w.abcdefab x.abcdefh");
+  EXPECT_EQ(SortedNames({u"a.abcdefghi2", u"b.abcdefghi1", u"c.ABCDEFGHI1"}, SortColumn::kExtension),
+            "b.abcdefghi1 c.ABCDEFGHI1 a.abcdefghi2");
+  const Text start(30, u'n');
+  EXPECT_EQ(SortedNames({start + u"2", start + u"10", start}, SortColumn::kName),
+            ToUtf8(start + u' ' + start + u"10 " + start + u"2"));
+}
+
+TEST(XplrSort, ALetterOfOneByteWithACapitalOfTwoHasItsPlaceAmongTheOthers) {
+  EXPECT_EQ(SortedNames({u"ÿ", u"ü", u"a"}, SortColumn::kName), "a ü ÿ");  // U+00FF, whose capital is U+0178
+  EXPECT_EQ(SortedNames({u"x.ÿ", u"y.Ü"}, SortColumn::kExtension), "y.Ü x.ÿ");
+}
+
 TEST(XplrSort, NoRowAndOneRowAreSortedToo) {
   std::vector<XplrRow> rows;
   SortRows(rows, SortState());
@@ -147,8 +170,9 @@ class Making {
     return values[Below(N)];
   }
   Text Name() {
-    static constexpr TextView kPieces[] = {u"a", u"A", u"b", u".", u"nc",     u"NC",     u"txt", u"part_0000",
-                                           u"1", u"ñ", u"Ñ", u"_", u"\u0431", u"\u0411", u" ",   u"\uFFFD"};
+    static constexpr TextView kPieces[] = {u"a",   u"A",         u"b",       u".",      u"nc", u"NC",
+                                           u"txt", u"part_0000", u".abcdef", u"h",      u"1",  u"ñ",
+                                           u"Ñ",   u"_",         u"\u0431",  u"\u0411", u" ",  u"\uFFFD"};
     Text name;
     for (std::uint64_t count = Below(6); count > 0; --count) name += OneOf(kPieces);
     if (Below(40) == 0) name += TextView(u"\0x", Below(3));
