@@ -13,7 +13,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <new>
 #include <random>
 #include <string>
 #include <string_view>
@@ -22,32 +21,6 @@
 #include "explorer/xplr_names.h"
 #include "explorer/xplr_rows.h"
 #include "explorer/xplr_sort.h"
-
-namespace {
-
-std::size_t allocated = 0;  // bytes now, as the allocator rounds them
-
-void* Take(std::size_t size) {
-  void* place = std::malloc(size == 0 ? 1 : size);
-  if (place == nullptr) throw std::bad_alloc();
-  allocated += malloc_usable_size(place) + sizeof(std::size_t);
-  return place;
-}
-
-void Give(void* place) {
-  if (place == nullptr) return;
-  allocated -= malloc_usable_size(place) + sizeof(std::size_t);
-  std::free(place);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Take(size); }
-void* operator new[](std::size_t size) { return Take(size); }
-void operator delete(void* place) noexcept { Give(place); }
-void operator delete[](void* place) noexcept { Give(place); }
-void operator delete(void* place, std::size_t) noexcept { Give(place); }
-void operator delete[](void* place, std::size_t) noexcept { Give(place); }
 
 namespace {
 
@@ -125,6 +98,12 @@ std::vector<XplrRow> ReadRows(const std::string& path) {
   return rows;
 }
 
+/// Bytes that are in use now, as the allocator rounds them. 0 with an allocator that doesn't count.
+double BytesInUse() {
+  const auto info = mallinfo2();
+  return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
+}
+
 SortState By(SortColumn column, bool ascending) {
   SortState state{{true, true, true, true}, column};
   state.ascending[static_cast<std::size_t>(column)] = ascending;
@@ -150,11 +129,11 @@ void WalkAndSort(benchmark::State& state, const std::string& path) {
 void MakeAgain(benchmark::State& state, const std::string& path) {
   std::vector<PlaceEntry> entries;
   Walk(path, [&](std::string_view name, const struct stat& status) { entries.push_back(EntryOf(name, status)); });
-  std::size_t characters = 0;
-  for (const PlaceEntry& entry : entries) characters += entry.name.size() * sizeof(char16_t);
-  std::size_t taken = 0;
+  double characters = 0;
+  for (const PlaceEntry& entry : entries) characters += 2.0 * static_cast<double>(entry.name.size());
+  double taken = 0;
   for (auto _ : state) {
-    const std::size_t before = allocated;
+    const double before = BytesInUse();
     std::vector<XplrRow> rows;
     {
       LocalZone zone;
@@ -162,11 +141,10 @@ void MakeAgain(benchmark::State& state, const std::string& path) {
         rows.push_back(MakeRow(entry, ListFor::kFiles, static_cast<std::uint32_t>(rows.size()), zone));
       }
     }
-    taken = allocated - before;
+    taken = BytesInUse() - before;
     benchmark::DoNotOptimize(rows.data());
   }
-  state.counters["bytes beyond the name"] =
-      static_cast<double>(taken - characters) / static_cast<double>(entries.size());
+  state.counters["bytes beyond the name"] = (taken - characters) / static_cast<double>(entries.size());
 }
 
 void SortAgain(benchmark::State& state, const std::string& path, SortColumn column, bool ascending) {

@@ -7,6 +7,7 @@
 
 #include "calc/qt/calc_window.h"
 #include "errors/qt/error_window.h"
+#include "explorer/qt/xplr_window.h"
 #include "mdi/qt/mdi_window.h"
 #include "window/qt/window_registry.h"
 
@@ -31,6 +32,7 @@ struct ToolRow {
 constexpr ToolRow kTools[] = {
     {PNL_TOOL_CALCULATOR, &Make<ZCCalc7340>},
     {PNL_TOOL_ERRORS, &Make<ZCErrorManager>},
+    {PNL_TOOL_EXPLORER, &Make<ZCExplorer>},
     {PNL_TOOL_MDI, &Make<ZCMDIWindow>},
 };
 

@@ -51,6 +51,7 @@ std::string NamesOf(const std::vector<XplrRow>& rows) {
 
 std::vector<XplrRow> RowsOf(const std::vector<PlaceEntry>& entries, ListFor mode = ListFor::kFiles) {
   std::vector<XplrRow> rows;
+  rows.reserve(entries.size());
   LocalZone zone;
   for (const PlaceEntry& entry : entries) {
     rows.push_back(MakeRow(entry, mode, static_cast<std::uint32_t>(rows.size()), zone));
@@ -129,6 +130,7 @@ TEST(XplrSort, RowsThatCompareAlikeKeepTheOrderOfTheSortBefore) {
 
 std::string SortedNames(const std::vector<Text>& names, SortColumn column) {
   std::vector<PlaceEntry> entries;
+  entries.reserve(names.size());
   for (const Text& name : names) entries.push_back({name, false, false, false, 1, 0});
   std::vector<XplrRow> rows = RowsOf(entries);
   SortRows(rows, State(true, true, true, true, column));
