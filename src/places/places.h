@@ -69,8 +69,8 @@ class FolderReader {
 
   virtual ~FolderReader() = default;
   /// Lists a folder in the order of the disc. Returns kNone when everything was listed or take returned false, else
-  /// the place_error with which the listing ended; what came before was taken. A folder, and the root of a share, begins
-  /// with the entries "." and ".."; a drive's root has none, so it answers kNothingFound when it is empty.
+  /// the place_error with which the listing ended; what came before was taken. A folder, and the root of a share,
+  /// begins with the entries "." and ".."; a drive's root has none, so it answers kNothingFound when it is empty.
   [[nodiscard]] virtual int List(TextView folder, const Take& take) const = 0;
   /// As List, but only finds out whether something is there: kNone, or the place_error. A server that can be enumerated
   /// is kNone.
