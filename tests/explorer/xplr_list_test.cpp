@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 
 #include "explorer/xplr_rig.h"
@@ -262,6 +263,7 @@ TEST_F(XplrListSteps, WithoutAWorkerTheListIsEmptyAndNothingHangs) {
 TEST_F(XplrListSteps, AFirstLoadThatIsDroppedStillGoesOn) {
   for (const bool refreshed : {false, true}) {
     filled_ = 0;
+    State().File = u"GONE";
     list_.FirstFill([this] { ++filled_; });
     EXPECT_EQ(filled_, 0);
     if (refreshed) {
@@ -273,6 +275,7 @@ TEST_F(XplrListSteps, AFirstLoadThatIsDroppedStillGoesOn) {
     ground_.worker.RunAll();
     EXPECT_EQ(filled_, 1);
     EXPECT_EQ(list_.Selected(), -1);
+    EXPECT_EQ(State().ResultFlags, 0u) << "nobody has looked for the name";
   }
 }
 
@@ -353,6 +356,15 @@ TEST_F(XplrListBatches, TheFirstLoadKeepsWhatTheOperatorChoseMeanwhile) {
   EXPECT_EQ(SelectedName(), "c.nc");
   EXPECT_EQ(ToUtf8(State().File), "c.nc");
   EXPECT_EQ(filled_, 1);
+}
+
+TEST_F(XplrListBatches, TheFirstLoadKeepsAFolderThatTheOperatorChoseMeanwhile) {
+  Disc().folders[u"C:\\SLOW"] = {{u"b.nc"}, {u"Z", true}, {u"F", true}, {u"a.nc"}};
+  Disc().betweenBatches = [&] { list_.OnRowSelected(RowOf(u"Z")); };
+  list_.FirstFill([] {});
+  ground_.worker.RunAll();
+  EXPECT_THAT(Names(), ElementsAre("F", "Z", "a.nc", "b.nc"));
+  EXPECT_EQ(SelectedName(), "Z") << "although it gives no name";
 }
 
 TEST_F(XplrListBatches, AnOrderThatIsAskedForWhileRowsComeHoldsForAllOfThem) {
@@ -712,6 +724,41 @@ TEST_F(XplrListTest, FindWrapsFromTheLastRowToRow0) {
   list_.SetSearch(u"e");
   list_.SearchList(true);
   EXPECT_EQ(list_.Selected(), 0);
+}
+
+// ---------------------------------------------------------------- the end
+
+TEST(XplrListEnd, WorkThatIsStillUnderWayTouchesNothingOfTheSession) {
+  // The works run when everything that they were started from is gone. The sanitizers see what they touch.
+  SteppedWorker worker;
+  auto ground = std::make_unique<XplrGround<>>();
+  const auto disc = ground->places.disc;
+  disc->folders[u"C:\\MANY"].resize(kMany, {u"x.nc"});
+  disc->batch = 1000;
+  auto jobs = std::make_unique<XplrJobs>(worker, XplrSteps([](const std::function<void()>& step) { step(); }));
+  auto folders = std::make_unique<XplrFolders>(ground->places, ground->network, *jobs);
+  auto list = std::make_unique<XplrList>(
+      XplrList::Links{ground->state, ground->places, ground->network, *jobs, ground->posts, ground->access, [] {}},
+      std::chrono::milliseconds(0));
+  ground->state.Path = u"C:\\MANY";
+  ground->state.Filter = u"*";
+  list->FillList(ListMode::kFolder);
+  worker.RunAll();
+  ASSERT_EQ(list->Rows().size(), kMany);
+  list->SortBy(xplr_command::kSortByName);
+  list->FirstFill([text = Text(100, u'x')] { ADD_FAILURE() << ToUtf8(text); });
+  list->SortBy(xplr_command::kSortByName);
+  folders->Classify(u"C:\\MANY", 1, [](Outcome) { ADD_FAILURE(); });
+  folders->LookAt(u"C:\\MANY", [](const FileFacts&) { ADD_FAILURE(); });
+  folders->ListFolders(u"C:\\MANY", [](const std::vector<Text>&) { ADD_FAILURE(); });
+  folders->EnumerateTop([](const std::vector<NetworkResource>&) { ADD_FAILURE(); });
+  folders->Enumerate({}, [](const Neighbours&) { ADD_FAILURE(); });
+  list.reset();
+  folders.reset();
+  jobs.reset();
+  ground.reset();
+  EXPECT_GE(worker.Waits(), 6u);
+  worker.RunAll();
 }
 
 // ---------------------------------------------------------------- any session
