@@ -7,16 +7,17 @@
 namespace pnl {
 
 bool XplrAccept::IsStill(const Choice& choice) const {
-  return links_.state.Path == choice.path && links_.state.File == choice.file;
+  return enters_ == choice.enter && links_.state.Path == choice.path && links_.state.File == choice.file;
 }
 
 void XplrAccept::Accept() {
   const XplrState& state = links_.state;
+  ++enters_;
   if (!IsAcceptedPlace(state.Kind)) {
     links_.show(NoticeOfPlace(state.Kind));
     return;
   }
-  const Choice choice{state.Path, state.File, links_.view().FocusedControl() == xplr_control::kTree};
+  const Choice choice{state.Path, state.File, links_.view().FocusedControl() == xplr_control::kTree, enters_};
   links_.folders.Classify(choice.path, links_.view().Handle(), [this, choice](Outcome outcome) {
     if (!IsStill(choice)) return;
     if (outcome != Outcome::kFolderUsable) {
@@ -38,11 +39,13 @@ void XplrAccept::AcceptFile(const Choice& choice) {
     Show(check);
     return;
   }
-  if (!IsPlainName(name)) {
+  // Without a default extension a name loses a lone point each time, and "..." would lead out of the folder.
+  const Text onDisc = ApplyDefaultExtension(name, state.DefaultExtension);
+  if (!IsPlainName(name) || !IsPlainName(onDisc)) {
     Show(Outcome::kNoAccess);
     return;
   }
-  const Text full = Format(u"%s\\%s", choice.path, ApplyDefaultExtension(name, state.DefaultExtension));
+  const Text full = Format(u"%s\\%s", choice.path, onDisc);
   links_.folders.LookAt(full, [this, choice, name](const FileFacts& facts) {
     if (IsStill(choice)) CheckFile(choice, name, facts);
   });
@@ -50,6 +53,10 @@ void XplrAccept::AcceptFile(const Choice& choice) {
 
 void XplrAccept::CheckFile(const Choice& choice, const Text& name, const FileFacts& facts) {
   const XplrState& state = links_.state;
+  if (!facts.known) {
+    Show(Outcome::kNoAccess);
+    return;
+  }
   if (!facts.exists && state.Has(XPLR_MUSTEXIST)) {
     Show(Outcome::kFileNotFound);
     return;
@@ -84,10 +91,11 @@ void XplrAccept::AcceptFolder(const Choice& choice) {
 void XplrAccept::CheckFolder(const Choice& choice, const Text& full, Outcome outcome) {
   if (outcome == Outcome::kFolderNotFound && links_.state.Has(XPLR_MUSTEXIST)) {
     links_.folders.MakeFolder(full, [this, choice](bool made) {
-      if (!made) {
-        Show(Outcome::kFolderNotFound);
-      } else if (IsStill(choice)) {
+      if (!IsStill(choice)) return;
+      if (made) {
         links_.finish(choice.path, choice.file);
+      } else {
+        Show(Outcome::kFolderNotFound);
       }
     });
     return;

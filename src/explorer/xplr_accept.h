@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Enter: whether the name or folder that is chosen may be handed back, and what stands in the way. Asks discs beside the
-// window's thread; a choice that the operator changes meanwhile is dropped.
+// Enter: whether the name or folder that is chosen may be handed back, and what stands in the way. Asks discs beside
+// the window's thread; a choice that the operator changes meanwhile is dropped.
 #pragma once
 
 #include <functional>
@@ -27,7 +27,8 @@ class XplrAccept {
   };
   explicit XplrAccept(Links links) : links_(std::move(links)) {}
 
-  /// Looks at the place first, then accepts a file or a folder, as the request asks for.
+  /// Looks at the place first, then accepts a file or a folder, as the request asks for. An earlier Enter that has no
+  /// answer yet is forgotten.
   void Accept();
 
  private:
@@ -36,6 +37,7 @@ class XplrAccept {
     Text path;
     Text file;
     bool byTree = false;
+    unsigned enter = 0;
   };
   void AcceptFile(const Choice& choice);
   void CheckFile(const Choice& choice, const Text& name, const FileFacts& facts);
@@ -45,6 +47,7 @@ class XplrAccept {
   [[nodiscard]] bool IsStill(const Choice& choice) const;
 
   const Links links_;
+  unsigned enters_ = 0;
 };
 
 }  // namespace pnl

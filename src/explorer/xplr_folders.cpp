@@ -15,8 +15,7 @@ Outcome ClassifyNow(const FolderReader& reader, const NetworkReader& network, co
   return network.Connect(path, owner) == 0 ? Outcome::kFolderUsable : Outcome::kNoConnection;
 }
 
-Neighbours EnumerateNow(const NetworkReader& reader, NetworkScope scope,
-                        const std::optional<NetworkResource>& below) {
+Neighbours EnumerateNow(const NetworkReader& reader, NetworkScope scope, const std::optional<NetworkResource>& below) {
   Neighbours found;
   const auto enumeration = reader.Open(scope, below);
   if (enumeration == nullptr) return found;
@@ -78,6 +77,7 @@ void XplrFolders::EnumerateTop(std::function<void(std::vector<NetworkResource>)>
 void XplrFolders::LookAt(Text path, std::function<void(FileFacts)> then) const {
   const auto work = [reader = places_.Reader(), path = std::move(path)] {
     FileFacts facts;
+    facts.known = true;
     facts.exists = reader->Exists(path);
     facts.readOnly = facts.exists && reader->IsReadOnly(path);
     return facts;

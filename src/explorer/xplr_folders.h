@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the explorer asks of folders and network beside the window's thread: what a folder is, which folders it has, what
-// is below a node of the network. The answers come back as operations of the session.
+// What the explorer asks of folders and network beside the window's thread: what a folder is, which folders it has,
+// what is below a node of the network. The answers come back as operations of the session.
 #pragma once
 
 #include <functional>
@@ -20,6 +20,7 @@ struct Neighbours {
 };
 
 struct FileFacts {
+  bool known = false;  // false when the disc couldn't be asked
   bool exists = false;
   bool readOnly = false;
 };
@@ -39,6 +40,7 @@ class XplrFolders {
   /// The top of the network, then the connected resources that have display type 0.
   void EnumerateTop(std::function<void(std::vector<NetworkResource>)> then) const;
 
+  /// Finds out whether a file or folder has that path.
   void LookAt(Text path, std::function<void(FileFacts)> then) const;
   /// Makes a folder with its parents. True also for a path that exists.
   void MakeFolder(Text path, std::function<void(bool)> then) const;

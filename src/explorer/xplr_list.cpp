@@ -26,6 +26,22 @@ class Names final : public SearchRows {
   const int selected_;
 };
 
+bool IsSameEntry(const XplrRow& a, const XplrRow& b) { return a.flags == b.flags && a.name == b.name; }
+
+/// How many rows of the same entry were added before it: a file may be in the list more than once.
+std::ptrdiff_t TurnOf(const XplrRow& row, const XplrRows& rows) {
+  return std::count_if(rows.begin(), rows.end(),
+                       [&](const XplrRow& other) { return IsSameEntry(other, row) && other.index < row.index; });
+}
+
+/// Where the row is in another list of the same folder, in which its index may be another; -1 when it isn't there.
+int PlaceOf(const XplrRow& row, std::ptrdiff_t turn, const XplrRows& rows) {
+  const auto found = std::find_if(rows.begin(), rows.end(), [&](const XplrRow& other) {
+    return IsSameEntry(other, row) && TurnOf(other, rows) == turn;
+  });
+  return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
 }  // namespace
 
 XplrLoadRequest XplrList::Request() const {
@@ -33,98 +49,105 @@ XplrLoadRequest XplrList::Request() const {
   return {state.Path, state.Filter, state.IsFolderMode() ? ListFor::kFolders : ListFor::kFiles, sort_};
 }
 
-void XplrList::Clear() {
-  ++loads_;
+XplrList::Ended XplrList::Empty() {
   links_.jobs.Drop(std::exchange(loading_, 0));
   selected_ = -1;
   rows_ = std::make_shared<const XplrRows>();
   links_.view().OnRowsReset(rows_);
+  return std::exchange(ended_, {});
 }
 
-void XplrList::Load(ListMode mode, std::function<void()> then) {
+void XplrList::Clear() {
+  if (const Ended dropped = Empty()) dropped(false);
+}
+
+void XplrList::Load(ListMode mode, Ended ended) {
   loaded_ = true;
-  Clear();
-  const auto done = [this, then = std::move(then)] {
-    links_.updateMenus();
-    then();
-  };
+  const Ended dropped = Empty();
+  ended_ = std::move(ended);
   if (mode == ListMode::kNothing || links_.state.Kind == NodeKind::kUnavailable) {
-    done();
+    EndLoad();
   } else {
-    Start(mode, done);
+    Start(mode);
   }
+  if (dropped) dropped(false);
 }
 
-void XplrList::Start(ListMode mode, std::function<void()> then) {
-  const auto show = [this, load = loads_](XplrRows rows) {
-    if (load == loads_) Show(std::move(rows));
-  };
-  const auto work = [mode, request = Request(), reader = links_.places.Reader(), network = links_.network.Reader(), show,
-                     then, load = loads_, steps = links_.jobs.Steps(), this](Job& job) {
-    const auto partial = [&](XplrRows rows) {
-      job.Post(steps([show, rows = std::move(rows)]() mutable { show(std::move(rows)); }));
-      return !job.IsCancelled();
-    };
-    XplrRows rows = mode == ListMode::kShares ? LoadShares(*reader, *network, request)
-                                              : LoadFolder(*reader, request, partial);
-    if (job.IsCancelled()) return;
-    job.Post(steps([this, show, then, load, rows = std::move(rows), sorted = request.sort]() mutable {
-      if (load != loads_) return;
+void XplrList::Start(ListMode mode) {
+  // Whatever touches the list is in a step: the work itself runs on another thread.
+  const auto work = [this, mode, patience = patience_, request = Request(), reader = links_.places.Reader(),
+                     network = links_.network.Reader(), steps = links_.jobs.Steps()](Job& job) {
+    const XplrProgress progress{[&job] { return !job.IsCancelled(); },
+                                [&](XplrRows rows) {
+                                  job.Post(steps([this, rows = std::move(rows), sorted = request.sort]() mutable {
+                                    ShowLoaded(std::move(rows), sorted);
+                                  }));
+                                },
+                                patience};
+    XplrRows rows = mode == ListMode::kShares ? LoadShares(*reader, *network, request, progress)
+                                              : LoadFolder(*reader, request, progress);
+    job.Post(steps([this, rows = std::move(rows), sorted = request.sort]() mutable {
       loading_ = 0;
-      show(std::move(rows));
-      if (sorted != sort_) SortRowsNow();
-      then();
+      ShowLoaded(std::move(rows), sorted);
+      EndLoad();
     }));
   };
-  const unsigned load = loads_;
   const JobId job = links_.jobs.Start(work);
   if (job == 0) {
-    then();
-  } else if (load == loads_ && links_.jobs.IsUnderWay(job)) {
+    EndLoad();
+  } else if (links_.jobs.IsUnderWay(job)) {
     loading_ = job;
   }
 }
 
-/// The row that was selected stays selected.
+void XplrList::EndLoad() {
+  links_.updateMenus();
+  if (const Ended ended = std::exchange(ended_, {})) ended(true);
+  if (std::exchange(focusWaits_, false) && links_.view().FocusedControl() == xplr_control::kList) OnFocus();
+}
+
+void XplrList::ShowLoaded(XplrRows rows, const SortState& sorted) {
+  Show(std::move(rows));
+  if (sorted != sort_) SortRowsNow();
+}
+
 void XplrList::Show(XplrRows rows) {
-  const std::optional<std::uint32_t> index = Has(selected_) ? std::optional(At(selected_).index) : std::nullopt;
+  selected_ = Has(selected_) ? PlaceOf(At(selected_), TurnOf(At(selected_), *rows_), rows) : -1;
   rows_ = std::make_shared<const XplrRows>(std::move(rows));
-  selected_ = RowOf(index);
   links_.view().OnRowsReset(rows_);
   if (selected_ < 0) return;
   links_.view().SelectRow(selected_);
   links_.view().ScrollToRow(selected_);
 }
 
-int XplrList::RowOf(std::optional<std::uint32_t> index) const {
-  if (!index) return -1;
-  const auto found =
-      std::find_if(rows_->begin(), rows_->end(), [&](const XplrRow& row) { return row.index == *index; });
-  return found == rows_->end() ? -1 : static_cast<int>(found - rows_->begin());
-}
-
 void XplrList::FirstFill(std::function<void()> then) {
-  Load(ListMode::kFolder, [this, then = std::move(then)] {
-    XplrState& state = links_.state;
-    const bool treeDecides = state.IsFolderMode() && !state.Has(XPLR_LISTONLY);
-    if (!treeDecides && state.File.empty()) {
-      Take(0);
-    } else if (!treeDecides) {
-      const auto named = std::find_if(rows_->begin(), rows_->end(),
-                                      [&](const XplrRow& row) { return EqualNoCase(row.name, state.File); });
-      if (named != rows_->end()) {
-        Take(static_cast<int>(named - rows_->begin()));
-      } else {
-        state.ResultFlags |= state.IsFolderMode() ? xplr_result::kElsewhere : xplr_result::kNoSuchRow;
-      }
-    }
+  Load(ListMode::kFolder, [this, wanted = links_.state.File, then = std::move(then)](bool rowsCame) {
+    if (rowsCame) SelectFirst(wanted);
     then();
   });
+}
+
+void XplrList::SelectFirst(const Text& wanted) {
+  XplrState& state = links_.state;
+  const bool treeDecides = state.IsFolderMode() && !state.Has(XPLR_LISTONLY);
+  if (treeDecides || selected_ >= 0 || state.File != wanted) return;
+  if (wanted.empty()) {
+    Take(0);
+    return;
+  }
+  const auto named =
+      std::find_if(rows_->begin(), rows_->end(), [&](const XplrRow& row) { return EqualNoCase(row.name, wanted); });
+  if (named != rows_->end()) {
+    Take(static_cast<int>(named - rows_->begin()));
+  } else {
+    state.ResultFlags |= state.IsFolderMode() ? xplr_result::kElsewhere : xplr_result::kNoSuchRow;
+  }
 }
 
 void XplrList::SortBy(int command) {
   sort_.SortBy(command);
   SortRowsNow();
+  links_.updateMenus();
 }
 
 void XplrList::OnHeaderClicked(int column) {
@@ -132,25 +155,16 @@ void XplrList::OnHeaderClicked(int column) {
 }
 
 void XplrList::SortRowsNow() {
-  // A load that is under way is sorted at its end.
-  if (rows_->size() <= kSortedAtOnce) {
-    XplrRows rows = *rows_;
-    SortRows(rows, sort_);
-    Show(std::move(rows));
-    links_.updateMenus();
-    return;
-  }
-  links_.jobs.Ask(
-      [rows = rows_, sort = sort_] {
-        XplrRows sorted = *rows;
-        SortRows(sorted, sort);
-        return sorted;
-      },
-      [this, of = rows_, sort = sort_](XplrRows sorted) {
-        // Other rows have come, or another order was asked for.
-        if (of == rows_ && sort == sort_) Show(std::move(sorted));
-      });
-  links_.updateMenus();
+  const auto work = [rows = rows_, sort = sort_] {
+    XplrRows sorted = *rows;
+    SortRows(sorted, sort);
+    return sorted;
+  };
+  const auto show = [this, of = rows_, sort = sort_](XplrRows sorted) {
+    // Other rows have come, or another order was asked for.
+    if (of == rows_ && sort == sort_) Show(std::move(sorted));
+  };
+  if (rows_->size() <= kSortedAtOnce || links_.jobs.Ask(work, show) == 0) show(work());
 }
 
 void XplrList::Take(int row) {
@@ -166,6 +180,8 @@ void XplrList::OnRowSelected(int row) {
 }
 
 void XplrList::OnFocus() {
+  focusWaits_ = IsLoading() && rows_->empty();
+  if (focusWaits_) return;
   if (selected_ < 0 && Has(0)) {
     selected_ = 0;
     links_.view().SelectRow(0);

@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include "explorer/xplr_jobs.h"
 #include "explorer/xplr_loading.h"
@@ -28,11 +27,14 @@ class XplrList {
     /// The list has been loaded or sorted: the menus are to be refreshed.
     std::function<void()> updateMenus;
   };
-  explicit XplrList(Links links) : links_(std::move(links)) {}
+  /// patience is how long a folder may take before its first rows are shown.
+  explicit XplrList(Links links, std::chrono::milliseconds patience = kFirstRows)
+      : links_(std::move(links)), patience_(patience) {}
 
-  /// The first load: selects the row of File, or the first one; then calls then.
+  /// The first load: selects the row of File, or the first one, unless the operator has chosen something meanwhile.
+  /// Then calls then, also when the load is dropped because another one begins.
   void FirstFill(std::function<void()> then);
-  void FillList(ListMode mode) { Load(mode, [] {}); }
+  void FillList(ListMode mode) { Load(mode, {}); }
   /// Removes all rows and drops a load that is under way.
   void Clear();
   /// A menu command from kSortByName to kSortByExtension, or a click on a column's header (0 to 2).
@@ -40,6 +42,7 @@ class XplrList {
   void OnHeaderClicked(int column);
 
   // The operator.
+  /// Takes the first row if none is selected. While there are no rows yet, it waits for them.
   void OnFocus();
   /// The row got the selection; -1 is ignored.
   void OnRowSelected(int row);
@@ -59,26 +62,36 @@ class XplrList {
   [[nodiscard]] bool IsLoading() const { return loading_ != 0; }
 
  private:
-  void Load(ListMode mode, std::function<void()> then);
-  void Start(ListMode mode, std::function<void()> then);
+  /// Is called once at the end of a load; rowsCame is false when it was dropped.
+  using Ended = std::function<void(bool rowsCame)>;
+  void Load(ListMode mode, Ended ended);
+  void Start(ListMode mode);
+  /// Removes the rows. Returns the end of the load that it drops.
+  [[nodiscard]] Ended Empty();
+  void EndLoad();
+  void SelectFirst(const Text& wanted);
   [[nodiscard]] XplrLoadRequest Request() const;
+  /// The row that was selected stays selected.
   void Show(XplrRows rows);
+  /// Shows rows that were read and sorted as was asked then.
+  void ShowLoaded(XplrRows rows, const SortState& sorted);
   void SortRowsNow();
   /// Selects a row as the operator would.
   void Take(int row);
   void SyncNameFromSelection();
   [[nodiscard]] bool Has(int row) const { return row >= 0 && row < static_cast<int>(rows_->size()); }
   [[nodiscard]] const XplrRow& At(int row) const { return (*rows_)[static_cast<std::size_t>(row)]; }
-  [[nodiscard]] int RowOf(std::optional<std::uint32_t> index) const;
 
   const Links links_;
+  const std::chrono::milliseconds patience_;
   std::shared_ptr<const XplrRows> rows_ = std::make_shared<const XplrRows>();
   SortState sort_;
   SearchState search_;
   int selected_ = -1;
-  bool loaded_ = false;  // a load has begun; before that the selection has no effect
-  unsigned loads_ = 0;   // rows of an earlier load come too late
+  bool loaded_ = false;      // a load has begun; before that the selection has no effect
+  bool focusWaits_ = false;  // the focus came before the rows
   JobId loading_ = 0;
+  Ended ended_;  // of the load that is under way
 };
 
 }  // namespace pnl

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "explorer/xplr_loading.h"
 
-#include <chrono>
 #include <utility>
 
 #include "explorer/xplr_names.h"
@@ -12,8 +11,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// A folder that is read within this time shows all its rows at once.
-constexpr std::chrono::milliseconds kFirstRows{30};
 constexpr TextView kShareProvider = u"Microsoft Network";
 
 /// The entries of a folder that may become rows, in the disc's order.
@@ -61,20 +58,25 @@ XplrRows RowsOf(Found found, const XplrLoadRequest& request) {
 
 }  // namespace
 
-XplrRows LoadFolder(const FolderReader& reader, const XplrLoadRequest& request, const XplrPartial& partial) {
+XplrRows LoadFolder(const FolderReader& reader, const XplrLoadRequest& request, const XplrProgress& progress) {
   Found found;
-  bool waited = false;
-  const Clock::time_point patience = Clock::now() + kFirstRows;
+  bool shown = false;
+  bool ended = false;
+  const Clock::time_point end = Clock::now() + progress.patience;
   static_cast<void>(reader.List(request.path, [&](std::vector<PlaceEntry>&& entries) {
+    ended = !progress.goesOn();
+    if (ended) return false;
     found.Take(std::move(entries));
-    if (waited || Clock::now() < patience) return true;
-    waited = true;
-    return partial(RowsOf(found, request));
+    if (shown || Clock::now() < end) return true;
+    shown = true;
+    progress.partial(RowsOf(found, request));
+    return true;
   }));
-  return RowsOf(std::move(found), request);
+  return ended ? XplrRows() : RowsOf(std::move(found), request);
 }
 
-XplrRows LoadShares(const FolderReader& reader, const NetworkReader& network, const XplrLoadRequest& request) {
+XplrRows LoadShares(const FolderReader& reader, const NetworkReader& network, const XplrLoadRequest& request,
+                    const XplrProgress& progress) {
   RowMaker rows(request.mode);
   NetworkResource server;
   server.display = network_display::kServer;
@@ -86,6 +88,8 @@ XplrRows LoadShares(const FolderReader& reader, const NetworkReader& network, co
   if (enumeration == nullptr || enumeration->Next(shares) != network_status::kOk) return {};
   for (const NetworkResource& share : shares) {
     if (share.display != network_display::kShare) continue;
+    // A share that doesn't answer may take seconds.
+    if (!progress.goesOn()) return {};
     bool added = false;
     static_cast<void>(reader.List(share.remote, [&](std::vector<PlaceEntry>&& entries) {
       for (PlaceEntry& entry : entries) {

@@ -3,6 +3,7 @@
 // everything that it is given belongs to it.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -23,17 +24,28 @@ struct XplrLoadRequest {
 };
 
 using XplrRows = std::vector<XplrRow>;
-/// Gets rows that came so far; false ends the reading.
-using XplrPartial = std::function<bool(XplrRows rows)>;
 
-/// The folders, then for each pattern of the filter the files that match it, sorted. A file that matches two patterns is
-/// there twice; what is hidden isn't. Calls partial once with the rows that came in the first moments when there will be
-/// more. A folder that can't be read has no rows.
-[[nodiscard]] XplrRows LoadFolder(const FolderReader& reader, const XplrLoadRequest& request, const XplrPartial& partial);
+/// A folder that is read within this time shows all its rows at once.
+inline constexpr std::chrono::milliseconds kFirstRows{30};
+
+/// What a reading does between two batches of entries.
+struct XplrProgress {
+  /// False ends the reading: nobody waits for the rows any more.
+  std::function<bool()> goesOn;
+  /// Gets the rows that came so far.
+  std::function<void(XplrRows rows)> partial;
+  std::chrono::milliseconds patience = kFirstRows;
+};
+
+/// The folders, then for each pattern of the filter the files that match it, sorted. A file that matches two patterns
+/// is there twice; what is hidden isn't. Calls partial once, with the first batch that ends when the patience is over.
+/// A folder that can't be read, and a reading that was ended, have no rows.
+[[nodiscard]] XplrRows LoadFolder(const FolderReader& reader, const XplrLoadRequest& request,
+                                  const XplrProgress& progress);
 
 /// The shares of a server that can be read. Each shows as the entry "." of its folder, which is told by that entry's
-/// date alone.
+/// date alone. A reading that was ended has no rows; partial isn't called.
 [[nodiscard]] XplrRows LoadShares(const FolderReader& reader, const NetworkReader& network,
-                                  const XplrLoadRequest& request);
+                                  const XplrLoadRequest& request, const XplrProgress& progress);
 
 }  // namespace pnl

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -27,7 +28,10 @@ struct FakeDisc {
   std::map<Text, int, TextNoCaseLess> errors;
   std::set<Text, TextNoCaseLess> readOnly;
   int makeError = place_error::kNone;
-  std::vector<Text> asked;  // "list C:\A", "probe C:\A", "make C:\A"
+  std::vector<Text> asked;   // "list C:\A", "probe C:\A", "make C:\A"
+  std::vector<Text> looked;  // the paths of which was asked whether they exist or may be written
+  std::size_t batch = 0;     // so many entries come at a time; 0 for all at once
+  std::function<void()> betweenBatches;
 
   void AddFolder(const Text& path) {
     folders[path];
@@ -72,24 +76,37 @@ class FakeReader final : public FolderReader {
     }
     const auto& own = disc_->folders.find(Text(folder))->second;
     entries.insert(entries.end(), own.begin(), own.end());
-    take(std::move(entries));
+    const std::size_t step = disc_->batch == 0 ? std::max<std::size_t>(entries.size(), 1) : disc_->batch;
+    for (std::size_t first = 0; first < entries.size() || first == 0; first += step) {
+      if (first != 0 && disc_->betweenBatches) disc_->betweenBatches();
+      const auto from = entries.begin() + static_cast<std::ptrdiff_t>(first);
+      const auto to = entries.begin() + static_cast<std::ptrdiff_t>(std::min(first + step, entries.size()));
+      if (!take({from, to})) break;
+    }
     return place_error::kNone;
   }
   [[nodiscard]] int Probe(TextView folder) const override {
     disc_->asked.push_back(u"probe " + Text(folder));
     return Answer(folder);
   }
-  [[nodiscard]] bool Exists(TextView path) const override { return IsFolder(path) || HasEntry(path); }
-  [[nodiscard]] bool IsReadOnly(TextView path) const override { return disc_->readOnly.count(Text(path)) != 0; }
+  [[nodiscard]] bool Exists(TextView path) const override {
+    disc_->looked.emplace_back(path);
+    return IsThere(path);
+  }
+  [[nodiscard]] bool IsReadOnly(TextView path) const override {
+    disc_->looked.emplace_back(path);
+    return disc_->readOnly.count(Text(path)) != 0;
+  }
   [[nodiscard]] int MakeFolder(TextView path) const override {
     disc_->asked.push_back(u"make " + Text(path));
     if (disc_->makeError != place_error::kNone) return disc_->makeError;
-    if (Exists(path)) return place_error::kAlreadyExists;
+    if (IsThere(path)) return place_error::kAlreadyExists;
     disc_->AddFolder(Text(path));
     return place_error::kNone;
   }
 
  private:
+  [[nodiscard]] bool IsThere(TextView path) const { return IsFolder(path) || HasEntry(path); }
   [[nodiscard]] bool IsFolder(TextView path) const { return disc_->folders.count(Text(path)) != 0; }
   [[nodiscard]] bool HasEntry(TextView path) const {
     const std::size_t slash = path.rfind(u'\\');
