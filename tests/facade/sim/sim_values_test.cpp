@@ -25,6 +25,11 @@ TEST(SimValues, AnIntegerIsReadFromWhatHasOne) {
       {std::int64_t{4294967295LL}, -1},  // an unsigned status word
       {std::int64_t{4294967296LL}, std::nullopt},
       {std::int64_t{-2147483649LL}, std::nullopt},
+      {4294967295.0, -1},
+      {4294967295.9, -1},
+      {4294967296.0, std::nullopt},
+      {-2147483648.9, std::numeric_limits<std::int32_t>::min()},
+      {-2147483649.0, std::nullopt},
       {2.9, 2},
       {-2.9, -2},
       {1e300, std::nullopt},

@@ -320,6 +320,22 @@ TEST_F(PanelWindowTest, TheShortcutsWorkWhileTheCommandLineHasTheFocus) {
   EXPECT_FALSE(Shortcut(Qt::Key_A)) << "letters are the tool's";
 }
 
+TEST_F(PanelWindowTest, AnEditKeepsTheKeysThatAreNotThePanelsOwn) {
+  Do(Action::kOpenMdi);
+  QLineEdit* edit = MdiEdit();
+  ASSERT_TRUE(edit->hasFocus());
+  const auto keeps = [edit](int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    QKeyEvent event(QEvent::ShortcutOverride, key, modifiers, text);
+    event.ignore();
+    QCoreApplication::sendEvent(edit, &event);
+    return event.isAccepted();
+  };
+  EXPECT_TRUE(keeps(Qt::Key_G, Qt::NoModifier, "g"));
+  EXPECT_TRUE(keeps(Qt::Key_7, Qt::KeypadModifier, "7"));
+  EXPECT_FALSE(keeps(Qt::Key_Return, Qt::ControlModifier, "\r")) << "the start key";
+  EXPECT_FALSE(keeps(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier, "\r"));
+}
+
 TEST_F(PanelWindowTest, EscapeLeadsToTheToolFirstAndClearsAnErrorWithoutOne) {
   Do(Action::kOpenMdi);
   Type("G999");
