@@ -53,6 +53,7 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
 void XplrSession::Start() {
   *self_ = weak_from_this();
   settings_.Open();
+  Host().HostToolOpening(kTool);
   request_ = RequestNumber(Context().cnc.Vars());
   const XPLRDATA_ST* request = RequestOf(request_);
   state_ = StartState(request, Context().language.LoadToolText(xplr_text::kTitle));

@@ -26,23 +26,31 @@ ToolWindow* Make<ZCCalc7340>(const ToolContext& context, QWidget* parent) {
 
 struct ToolRow {
   int id;
+  bool isFrame;
   ToolWindow* (*make)(const ToolContext& context, QWidget* parent);
 };
 
 constexpr ToolRow kTools[] = {
-    {PNL_TOOL_CALCULATOR, &Make<ZCCalc7340>},
-    {PNL_TOOL_ERRORS, &Make<ZCErrorManager>},
-    {PNL_TOOL_EXPLORER, &Make<ZCExplorer>},
-    {PNL_TOOL_MDI, &Make<ZCMDIWindow>},
+    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>},
+    {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
+    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},
+    {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
 };
 
 }  // namespace
 
 ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
-  if (parent == nullptr) return nullptr;
   const auto* const row =
       std::find_if(std::begin(kTools), std::end(kTools), [toolId](const ToolRow& tool) { return tool.id == toolId; });
   if (row == std::end(kTools)) return nullptr;
+  if (parent == nullptr) {
+    // A frame tool has told the host before it finds out that there is nothing to be a child of.
+    if (row->isFrame) {
+      context.host.HostToolOpening(toolId);
+      context.host.HostToolClosed(toolId, PNL_CLOSED);
+    }
+    return nullptr;
+  }
   // A callback may destroy the parent while the tool starts, and the tool with it.
   const QPointer<ToolWindow> tool = row->make(context, parent);
   tool->Start();

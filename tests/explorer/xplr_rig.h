@@ -29,6 +29,9 @@ class FakeXplrView final : public FakeView<XplrView> {
   Text find;
   Text folder;
   XplrLayout layout;
+  XplrFonts fonts;
+  std::map<int, Text> labels;
+  std::map<int, std::pair<std::uint32_t, std::uint32_t>> colors;  // frame and background
   std::shared_ptr<const std::vector<XplrRow>> rows;
 
   [[nodiscard]] WindowHandle HandleOf(XplrWindow window) const override {
@@ -37,16 +40,26 @@ class FakeXplrView final : public FakeView<XplrView> {
   }
   void Destroy() override { Order("destroy"), closing = true; }
   void PostTab() override { Order("tab"); }
-  void StyleForm(const XplrFonts& fonts) override { Order("style ", fonts.caption, " ", fonts.headings); }
+  void StyleForm(const XplrFonts& style) override { Order("style ", style.caption), fonts = style; }
   void SetColumnTitles(const std::array<Text, 3>& titles) override { Order("titles ", titles[0]); }
   void PostEscapeToDialog() override { Order("escape to dialog"); }
   void Place(const XplrLayout& next) override { Order("place"), layout = next; }
-  void SetLabel(int id, TextView text) override { Order("label ", id, " ", text); }
-  void SetLabelColors(int id, std::uint32_t frame, std::uint32_t, std::uint32_t) override {
+  void SetLabel(int id, TextView text) override { Order("label ", id, " ", text), labels[id] = Text(text); }
+  void SetLabelColors(int id, std::uint32_t frame, std::uint32_t back, std::uint32_t) override {
     Order("colours ", id, " ", frame);
+    colors[id] = {frame, back};
   }
   [[nodiscard]] int FocusedControl() const override { return Asked(), focused; }
-  void FocusControl(int id) override { Order("focus ", id), focused = id; }
+  void FocusControl(int id) override {
+    Order("focus ", id);
+    const int before = std::exchange(focused, id);
+    if (before == id || !onFocus) return;
+    // A copy: an event may end the window.
+    const auto changed = onFocus;
+    if (before != 0) changed(before, false);
+    if (!dead) changed(id, true);
+  }
+  std::function<void(int id, bool focused)> onFocus;
   [[nodiscard]] Text NameText() const override { return Asked(), name; }
   void SetNameText(TextView text) override { Order("name ", text), name = Text(text); }
   void OnNodesAdded(const XplrNodes&, NodeId above, std::size_t index, std::size_t count) override {

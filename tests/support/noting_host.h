@@ -38,6 +38,8 @@ class NotingHost {
   /// Called with the menu before the line is noted.
   std::function<void(std::uint32_t)> onMainMenu;
   std::function<void(std::uint32_t)> onSideMenu;
+  /// Called with a message before the line is noted. Without it every message must have the usual background.
+  std::function<void(const HostMessage&)> onMessage;
 
  private:
   static void Noted(const std::string& line) {
@@ -50,7 +52,11 @@ class NotingHost {
   }
   static void NoteMessage(const HostMessage& message) {
     const std::string text = ToUtf8(FieldText(message.text));
-    EXPECT_EQ(message.back, kMessageBack);
+    if (current_->onMessage) {
+      current_->onMessage(message);
+    } else {
+      EXPECT_EQ(message.back, kMessageBack);
+    }
     EXPECT_EQ(message.fore, kMessageText);
     Noted(text.empty() ? "clear message" : "message \"" + text + "\"");
   }
