@@ -23,14 +23,12 @@ void SimErrorQueue::Push(const ErrorRecord& record) {
   ReportPriority();
 }
 
-bool SimErrorQueue::Take(std::size_t index, Fate fate) {
-  if (index >= entries_.size()) return false;
+void SimErrorQueue::Take(std::size_t index, Fate fate) {
   const Entry taken = std::move(entries_[index]);
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
   Tell(*taken.record, taken.serial, fate);
   ReportCount();
   if (index == 0) ReportPriority();
-  return true;
 }
 
 void SimErrorQueue::Clear() {

@@ -34,8 +34,8 @@ class SimErrorQueue {
   void OnChanged(Listener changed) { changed_ = std::move(changed); }
 
   void Push(const ErrorRecord& record);
-  /// Removes the error with that index. Returns false when there is none.
-  bool Take(std::size_t index, Fate fate);
+  /// Removes the error with that index, which must be there.
+  void Take(std::size_t index, Fate fate);
   void Clear();
   [[nodiscard]] std::size_t Size() const { return entries_.size(); }
   /// The error with that index; null when there is none. The pointer is valid until the next change.

@@ -31,6 +31,13 @@ TEST_F(ListBoxTest, NothingIsSelectedAfterFilling) {
   EXPECT_EQ(box.Selection(), -1);
 }
 
+TEST_F(ListBoxTest, ItemsHaveNoItemsBelowThem) {
+  ListBoxModel items;
+  items.SetItems({u"a", u"b"});
+  EXPECT_EQ(items.rowCount({}), 2);
+  EXPECT_EQ(items.rowCount(items.index(0)), 0);
+}
+
 TEST_F(ListBoxTest, InsertingKeepsTheSelectedItemSelected) {
   box.SetItems({u"a", u"b"});
   box.Select(1);

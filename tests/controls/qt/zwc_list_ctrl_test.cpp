@@ -99,6 +99,15 @@ TEST_F(ZWCListCtrlTest, SelectedColoursChangeWithoutARepaint) {
   EXPECT_EQ(paints.Count(), 1);
 }
 
+TEST_F(ZWCListCtrlTest, LargerIconsMoveTheRowsThatAreOnTheScreen) {
+  Fill(3);
+  Draw();
+  list.SetSmallImages({QSize(60, 60), {Square(60, Qt::green)}});
+  Settle();
+  EXPECT_EQ(list.RowHeight(), 64);
+  EXPECT_EQ(list.visualRect(list.model()->index(1, 0)).top(), 64);
+}
+
 TEST_F(ZWCListCtrlTest, AFontThatCannotBeMadeChangesNothing) {
   const int height = list.RowHeight();
   list.SetFont("", 30, 400);
