@@ -262,6 +262,8 @@ class Rig {
     std::size_t windows = 0;
   };
   [[nodiscard]] virtual Counts Open() const = 0;
+  /// True while a tool reads a folder or asks the network, beside the window's thread.
+  [[nodiscard]] virtual bool IsWorking() const = 0;
 };
 
 }  // namespace pnl::rig

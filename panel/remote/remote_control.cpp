@@ -2,6 +2,7 @@
 #include "remote/remote_control.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QMetaObject>
 
 #include "remote/json_rpc.h"
@@ -83,10 +84,22 @@ class RemoteControl::Impl {
     Settle();
     Params reader(params);
     RpcResult result = (*found)(world_, reader);
-    WaitWhile([this] { return world_.face.Working(); }, kPatienceMilliseconds);
     // Without rest, a message on its way may still contain an address, so the arguments are kept.
-    if (Settle()) arguments_.Clear();
+    if (ComeToRest()) arguments_.Clear();
     return result;
+  }
+
+  /// Waits until what the tools and the panel have under way has ended and everything posted has been handled, or until
+  /// the patience is over. What was posted may begin something new.
+  bool ComeToRest() {
+    const auto working = [this] { return world_.face.Working() || world_.rig.IsWorking(); };
+    const QDeadlineTimer patience(kPatienceMilliseconds);
+    bool rests = false;
+    do {
+      WaitWhile(working, static_cast<int>(patience.remainingTime()));
+      rests = Settle();
+    } while (working() && !patience.hasExpired());
+    return rests;
   }
 
   /// The panel's own questions are answered like the message boxes of the tools.

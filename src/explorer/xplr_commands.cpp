@@ -111,8 +111,8 @@ void XplrSession::TogglePin() {
 void XplrSession::UpdatePinState() {
   menus_.UpdatePin(state_);
   Host().HostUpdateSideMenu(kTool);
-  const bool stored = settings_.SavePinnedFolder(
-      state_.Owner, state_.Has(XPLR_PINNED) ? std::optional(state_.Path) : std::nullopt);
+  const bool stored =
+      settings_.SavePinnedFolder(state_.Owner, state_.Has(XPLR_PINNED) ? std::optional(state_.Path) : std::nullopt);
   if (!stored) ShowNotSaved(Context(), kTool, {u"XPLR7340.ini"});
 }
 

@@ -30,7 +30,7 @@ Neighbours EnumerateNow(const NetworkReader& reader, NetworkScope scope, const s
 
 }  // namespace
 
-void XplrFolders::Classify(Text path, WindowHandle owner, std::function<void(Outcome)> then) const {
+void XplrFolders::Classify(Text path, WindowHandle owner, const std::function<void(Outcome)>& then) const {
   if (path.empty()) {
     then(Outcome::kFolderNotFound);
     return;
@@ -41,7 +41,7 @@ void XplrFolders::Classify(Text path, WindowHandle owner, std::function<void(Out
   if (jobs_.Ask(work, then) == 0) then(Outcome::kNoAccess);
 }
 
-void XplrFolders::ListFolders(Text path, std::function<void(std::vector<Text>)> then) const {
+void XplrFolders::ListFolders(Text path, const std::function<void(std::vector<Text>)>& then) const {
   const auto work = [reader = places_.Reader(), path = std::move(path)] {
     std::vector<Text> names;
     // A folder that breaks off in the middle shows what came until then.
@@ -56,14 +56,14 @@ void XplrFolders::ListFolders(Text path, std::function<void(std::vector<Text>)> 
   if (jobs_.Ask(work, then) == 0) then({});
 }
 
-void XplrFolders::Enumerate(NetworkResource below, std::function<void(Neighbours)> then) const {
+void XplrFolders::Enumerate(NetworkResource below, const std::function<void(Neighbours)>& then) const {
   const auto work = [reader = network_.Reader(), below = std::move(below)] {
     return EnumerateNow(*reader, NetworkScope::kEverything, below);
   };
   if (jobs_.Ask(work, then) == 0) then({});
 }
 
-void XplrFolders::EnumerateTop(std::function<void(std::vector<NetworkResource>)> then) const {
+void XplrFolders::EnumerateTop(const std::function<void(std::vector<NetworkResource>)>& then) const {
   const auto work = [reader = network_.Reader()] {
     std::vector<NetworkResource> all = EnumerateNow(*reader, NetworkScope::kEverything, std::nullopt).resources;
     for (NetworkResource& connected : EnumerateNow(*reader, NetworkScope::kConnected, std::nullopt).resources) {
@@ -74,7 +74,7 @@ void XplrFolders::EnumerateTop(std::function<void(std::vector<NetworkResource>)>
   if (jobs_.Ask(work, then) == 0) then({});
 }
 
-void XplrFolders::LookAt(Text path, std::function<void(FileFacts)> then) const {
+void XplrFolders::LookAt(Text path, const std::function<void(FileFacts)>& then) const {
   const auto work = [reader = places_.Reader(), path = std::move(path)] {
     FileFacts facts;
     facts.known = true;
@@ -85,7 +85,7 @@ void XplrFolders::LookAt(Text path, std::function<void(FileFacts)> then) const {
   if (jobs_.Ask(work, then) == 0) then({});
 }
 
-void XplrFolders::MakeFolder(Text path, std::function<void(bool)> then) const {
+void XplrFolders::MakeFolder(Text path, const std::function<void(bool)>& then) const {
   const auto work = [reader = places_.Reader(), path = std::move(path)] {
     if (reader->Exists(path)) return true;
     const int error = reader->MakeFolder(path);

@@ -32,18 +32,18 @@ class XplrFolders {
 
   /// Finds out whether a folder can be used. A share that asks for name and password is connected first, with owner as
   /// the window of whatever the operator is asked. An empty path isn't found.
-  void Classify(Text path, WindowHandle owner, std::function<void(Outcome)> then) const;
+  void Classify(Text path, WindowHandle owner, const std::function<void(Outcome)>& then) const;
   /// The names of the folders in a folder that aren't hidden, in the disc's order; none when it can't be read.
-  void ListFolders(Text path, std::function<void(std::vector<Text>)> then) const;
+  void ListFolders(Text path, const std::function<void(std::vector<Text>)>& then) const;
   /// What is below a resource of the network.
-  void Enumerate(NetworkResource below, std::function<void(Neighbours)> then) const;
+  void Enumerate(NetworkResource below, const std::function<void(Neighbours)>& then) const;
   /// The top of the network, then the connected resources that have display type 0.
-  void EnumerateTop(std::function<void(std::vector<NetworkResource>)> then) const;
+  void EnumerateTop(const std::function<void(std::vector<NetworkResource>)>& then) const;
 
   /// Finds out whether a file or folder has that path.
-  void LookAt(Text path, std::function<void(FileFacts)> then) const;
+  void LookAt(Text path, const std::function<void(FileFacts)>& then) const;
   /// Makes a folder with its parents. True also for a path that exists.
-  void MakeFolder(Text path, std::function<void(bool)> then) const;
+  void MakeFolder(Text path, const std::function<void(bool)>& then) const;
 
   [[nodiscard]] const Places& Drives() const { return places_; }
 

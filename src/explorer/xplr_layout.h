@@ -8,13 +8,13 @@
 namespace pnl {
 
 struct XplrLayout {
-  Rect caption;  // 1101
-  Rect filter;   // 1102
-  Rect folder;   // 1103
-  Rect label;    // 1104
-  Rect name;     // 1105
-  Rect tree;     // 1106
-  Rect list;     // 1107
+  Rect caption;            // 1101
+  Rect filter;             // 1102
+  Rect folder;             // 1103
+  Rect label;              // 1104
+  Rect name;               // 1105
+  Rect tree;               // 1106
+  Rect list;               // 1107
   bool showsTree = false;  // tree and filter are shown, and the tree enabled
   friend bool operator==(const XplrLayout&, const XplrLayout&) = default;
 };

@@ -18,9 +18,9 @@ constexpr int kNotPinned = 373;
 
 /// The bitmaps and helpers that don't depend on the state.
 constexpr FrameItem kFrameItems[] = {
-    {xplr_command::kRefresh,     372, u"XPLR1"},
-    {xplr_command::kMoveToTree,  374, u"XPLR_MOVETO_TREE"},
-    {xplr_command::kMoveToList,  375, u"XPLR_MOVETO_LIST"},
+    {xplr_command::kRefresh, 372, u"XPLR1"},
+    {xplr_command::kMoveToTree, 374, u"XPLR_MOVETO_TREE"},
+    {xplr_command::kMoveToList, 375, u"XPLR_MOVETO_LIST"},
     {xplr_command::kMoveToField, 376, u"XPLR_MOVETO_FIELD"},
 };
 

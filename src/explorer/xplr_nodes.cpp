@@ -115,7 +115,7 @@ Text XplrNodes::BuildNodePath(NodeId node) const {
   if (At(node).kind == NodeKind::kServer) return At(node).text;
   Text path = PathName(node);
   for (NodeId up = Parent(node); up != kNoNode; up = Parent(up)) {
-    path = PathName(up) + u'\\' + path;
+    path.insert(0, PathName(up) + u'\\');
     if (At(up).kind == NodeKind::kServer) break;
   }
   return path;
@@ -123,8 +123,8 @@ Text XplrNodes::BuildNodePath(NodeId node) const {
 
 NodeId XplrNodes::FindChild(NodeId parent, TextView name) const {
   const std::vector<NodeId>& children = Children(parent);
-  const auto found = std::find_if(children.begin(), children.end(),
-                                  [&](NodeId child) { return EqualNoCase(PathName(child), name); });
+  const auto found =
+      std::find_if(children.begin(), children.end(), [&](NodeId child) { return EqualNoCase(PathName(child), name); });
   return found == children.end() ? kNoNode : *found;
 }
 
@@ -166,8 +166,7 @@ std::optional<XplrNode> NetworkNodeOf(const NetworkResource& resource) {
                   image::kOpenFolder, NodeKind::kNetwork);
     }
     case network_display::kProvider:
-      return Node(FirstOf(resource.provider, resource.remote), image::kProvider, image::kProvider,
-                  NodeKind::kProvider);
+      return Node(FirstOf(resource.provider, resource.remote), image::kProvider, image::kProvider, NodeKind::kProvider);
     case network_display::kRoot:
       return Node(resource.comment.empty() ? Text(kEntireNetwork) : resource.comment, image::kNetworkRoot,
                   image::kNetworkRoot, NodeKind::kNetworkRoot);

@@ -28,8 +28,8 @@ struct XplrNotice {
 /// What Enter shows in a place where nothing can be picked.
 [[nodiscard]] XplrNotice NoticeOfPlace(NodeKind kind);
 
-/// The outcome of a folder that was probed, by its place_error. For credentials it is kNoConnection: the connection must
-/// be tried first (WantsConnection).
+/// The outcome of a folder that was probed, by its place_error. For credentials it is kNoConnection: the connection
+/// must be tried first (WantsConnection).
 [[nodiscard]] Outcome OutcomeOfError(int error);
 /// True for the errors of a share that asks for name and password.
 [[nodiscard]] bool WantsConnection(int error);

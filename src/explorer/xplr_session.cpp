@@ -69,6 +69,8 @@ void XplrSession::Start() {
   } else {
     go();
   }
+  // The host may have ended the window when it got the list's menu; nobody would free this one then.
+  if (HasEnded()) return;
   state_.Layout = LayoutOf(state_);
   menus_.LoadFrameMenu(state_);
   Host().HostSetSideMenu(kTool, menus_.FrameMenu());
@@ -98,9 +100,8 @@ void XplrSession::Go() {
   LayOut();
   menus_.LoadListMenu(IsQualityTest(Context().files, Context().cnc.Util()));
   posts_.Send(XplrWindow::kFrame, XplrMessage::kShowMenu, static_cast<std::intptr_t>(menus_.ListMenu()));
-  tree_.Fill(Context().language.LoadToolText(xplr_text::kUnavailable), [this] {
-    list_.FirstFill([this] { FocusFirst(); });
-  });
+  tree_.Fill(Context().language.LoadToolText(xplr_text::kUnavailable),
+             [this] { list_.FirstFill([this] { FocusFirst(); }); });
 }
 
 void XplrSession::StyleForm() {
@@ -113,8 +114,8 @@ void XplrSession::StyleForm() {
   view.SetLabel(xplr_control::kCaption, state_.Caption(state_.File));
   view.SetLabel(xplr_control::kFilter, state_.Filter);
   view.SetLabel(xplr_control::kFolder, state_.Path);
-  view.SetLabel(xplr_control::kLabel, language.LoadToolText(state_.IsFolderMode() ? xplr_text::kFolderLabel
-                                                                                  : xplr_text::kFileLabel));
+  view.SetLabel(xplr_control::kLabel,
+                language.LoadToolText(state_.IsFolderMode() ? xplr_text::kFolderLabel : xplr_text::kFileLabel));
   view.SetNameText(state_.File);
 }
 

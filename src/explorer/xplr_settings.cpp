@@ -60,8 +60,7 @@ bool XplrSettings::SavePinnedFolder(std::int32_t owner, const std::optional<Text
 bool IsQualityTest(Files& files, Utilities& utilities) {
   if (qualityTest == QualityTest::kUnknown) {
     CIniFile ini(files);
-    static_cast<void>(
-        ini.ReadIniFile(Format(u"%s\\HMI_Settings.ini", utilities.Get7340Path(path_id::kUserSettings))));
+    static_cast<void>(ini.ReadIniFile(Format(u"%s\\HMI_Settings.ini", utilities.Get7340Path(path_id::kUserSettings))));
     const Text value = ini.ReadString(u"CALIDAD", u"Test", u"NO").substr(0, kRoomForTest - 1);
     qualityTest = ToUpper(value) == u"SI" ? QualityTest::kYes : QualityTest::kNo;
   }

@@ -44,8 +44,8 @@ class XplrSettings {
   std::vector<Change> unstored_;
 };
 
-/// True on a system for quality tests, by "HMI_Settings.ini" in the user's settings folder. The first answer is kept for
-/// the length of the process.
+/// True on a system for quality tests, by "HMI_Settings.ini" in the user's settings folder. The first answer is kept
+/// for the length of the process.
 [[nodiscard]] bool IsQualityTest(Files& files, Utilities& utilities);
 /// Lets the next IsQualityTest read the file again, for tests.
 void ForgetQualityTest();

@@ -22,9 +22,7 @@ TextView WithoutTrailingBackslash(TextView path) {
 
 }  // namespace
 
-Text XplrState::Caption(TextView name) const {
-  return Format(u" %s = %s", Title, name).substr(0, kLongestCaption);
-}
+Text XplrState::Caption(TextView name) const { return Format(u" %s = %s", Title, name).substr(0, kLongestCaption); }
 
 bool IsAcceptedPlace(NodeKind kind) {
   return kind == NodeKind::kRemovable || kind == NodeKind::kFixed || kind == NodeKind::kNetwork ||

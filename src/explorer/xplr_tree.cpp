@@ -259,16 +259,15 @@ void XplrTree::OnNodeSelected(NodeId node, bool updateList) {
     return;
   }
   const auto answered = std::make_shared<bool>(false);
-  links_.folders.Classify(state.Path, links_.view().Handle(),
-                          [this, selection, updateList, answered](Outcome outcome) {
-                            *answered = true;
-                            if (selection != selections_) return;
-                            if (outcome == Outcome::kFolderUsable) {
-                              Accept(updateList);
-                            } else {
-                              Refuse(NoticeOf(outcome));
-                            }
-                          });
+  links_.folders.Classify(state.Path, links_.view().Handle(), [this, selection, updateList, answered](Outcome outcome) {
+    *answered = true;
+    if (selection != selections_) return;
+    if (outcome == Outcome::kFolderUsable) {
+      Accept(updateList);
+    } else {
+      Refuse(NoticeOf(outcome));
+    }
+  });
   // No row of the folder before may be picked while the answer is awaited.
   if (!*answered) links_.posts.Send(XplrWindow::kForm, XplrMessage::kResetList);
 }
@@ -323,12 +322,13 @@ bool XplrTree::HasFocus() const { return links_.view().FocusedControl() == xplr_
 void XplrTree::StepIntoChild() {
   const NodeId node = selected_;
   if (node == kNoNode) return;
-  const auto step = [this, node](bool /*children*/) {
+  // The name may change while the folder is being read.
+  const auto step = [this, node, name = links_.state.File](bool /*children*/) {
     if (!nodes_.Exists(node)) return;
     NodeId child = kNoNode;
     if (nodes_.At(node).hasChildren) {
       links_.view().OpenNode(node);
-      child = nodes_.FindChild(node, links_.state.File);
+      child = nodes_.FindChild(node, name);
       if (child != kNoNode) Select(child);
     }
     OnNodeSelected(child, true);

@@ -51,8 +51,8 @@ class XplrTree {
 
  private:
   struct Walk {
-    Text want;            // where it goes
-    std::size_t at = 0;   // the part that has been walked
+    Text want;           // where it goes
+    std::size_t at = 0;  // the part that has been walked
     NodeId node = kNoNode;
     std::function<void()> then;
   };

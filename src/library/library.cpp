@@ -43,7 +43,14 @@ Library& Library::Instance() {
 Library::Tools::Tools(Library& library, CncFacade& cnc)
     : host(HostApi, cnc.Vars()),
       language(library.menus_, cnc.Util(), library.files_, library.windows_),
-      context{host, cnc, library.windows_, library.timers_, language, library.files_, *library.places_, *library.network_,
+      context{host,
+              cnc,
+              library.windows_,
+              library.timers_,
+              language,
+              library.files_,
+              *library.places_,
+              *library.network_,
               library.worker_} {}
 
 Library::Library() {

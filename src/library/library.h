@@ -54,6 +54,7 @@ class Library {
   [[nodiscard]] QtWindowSystem& Windows() { return windows_; }
   [[nodiscard]] SwitchableTimers& Timers() { return timers_; }
   [[nodiscard]] MenuTable& Menus() { return menus_; }
+  [[nodiscard]] const Worker& Jobs() const { return worker_; }
   [[nodiscard]] Files& FileSystem() { return files_; }
   [[nodiscard]] Language& Texts() { return tools_->language; }
   /// The simulated CNC; null when a backend library has taken its place.

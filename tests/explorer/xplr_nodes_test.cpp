@@ -36,10 +36,11 @@ TEST(XplrNodes, ADrivesTextHasItsLabelOrItsRemoteName) {
   FakePlaces places;
   places.types = {{'C', 3}, {'D', 3}, {'E', 3}, {'F', 2}, {'G', 4}, {'H', 4}, {'I', 4}, {'J', 4}};
   places.labels = {{'C', u"SYSTEM"}, {'D', u""}, {'F', u"STICK"}};
-  places.remotes = {{'G', {0, u"\\\\SRV\\A"}}, {'H', {2250, u"\\\\SRV\\B"}}, {'I', {0, u""}}, {'J', {53, u"\\\\SRV\\C"}}};
-  const std::pair<char, TextView> rows[] = {{'C', u"C:  (SYSTEM)"},   {'D', u"D:"}, {'E', u"E:"},
-                                            {'F', u"F:"},             {'G', u"G:  (\\\\SRV\\A)"},
-                                            {'H', u"H:  (\\\\SRV\\B)"}, {'I', u"I:"}, {'J', u"J:"}};
+  places.remotes = {
+      {'G', {0, u"\\\\SRV\\A"}}, {'H', {2250, u"\\\\SRV\\B"}}, {'I', {0, u""}}, {'J', {53, u"\\\\SRV\\C"}}};
+  const std::pair<char, TextView> rows[] = {
+      {'C', u"C:  (SYSTEM)"},     {'D', u"D:"}, {'E', u"E:"}, {'F', u"F:"}, {'G', u"G:  (\\\\SRV\\A)"},
+      {'H', u"H:  (\\\\SRV\\B)"}, {'I', u"I:"}, {'J', u"J:"}};
   for (const auto& [letter, text] : rows) {
     EXPECT_TRUE(DriveNode(letter, places, false, u"none")->text == text) << letter;
   }
@@ -113,8 +114,10 @@ TEST(XplrNodes, WhatIsEnumeratedBelowANodeDependsOnItsKind) {
 }
 
 TEST(XplrNodes, AResourceCountsOnlyBelowWhatItFits) {
-  const std::pair<NodeKind, std::set<int>> rows[] = {{NodeKind::kProvider, {1, 2}}, {NodeKind::kDomain, {2}},
-                                                     {NodeKind::kServer, {0, 3}},   {NodeKind::kNetworkRoot, {}},
+  const std::pair<NodeKind, std::set<int>> rows[] = {{NodeKind::kProvider, {1, 2}},
+                                                     {NodeKind::kDomain, {2}},
+                                                     {NodeKind::kServer, {0, 3}},
+                                                     {NodeKind::kNetworkRoot, {}},
                                                      {NodeKind::kFolder, {}}};
   for (const auto& [kind, fitting] : rows) {
     for (int display = -1; display < 12; ++display) {

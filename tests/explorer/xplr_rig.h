@@ -69,7 +69,9 @@ class FakeXplrView final : public FakeView<XplrView> {
   void OnNodeRemoving(NodeId node) override { Order("removing ", node); }
   void SelectNode(NodeId node) override { Order("select ", node), selected = node; }
   void OpenNode(NodeId node) override { Order("open ", node); }
-  void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> reset) override { Order("rows"), rows = std::move(reset); }
+  void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> reset) override {
+    Order("rows"), rows = std::move(reset);
+  }
   void SelectRow(int row) override { Order("row ", row); }
   void ScrollToRow(int row) override { Order("scroll ", row); }
   void PostEnter() override { Order("enter"); }

@@ -83,12 +83,14 @@ TEST_F(XplrSessionTest, AGivenTextIsShownInTheColourAndLineOfItsSelector) {
   struct {
     std::intptr_t selector;
     const char* line;
-  } const rows[] = {{0, "line 1 back 2916452"},      {1, "line 1 back 6586468"},      {2, "line 1 back 160"},
-                    {0x10000, "line 2 back 2916452"}, {0x20002, "line 3 back 160"}};
+  } const rows[] = {{0, "line 1 back 2916452"},
+                    {1, "line 1 back 6586468"},
+                    {2, "line 1 back 160"},
+                    {0x10000, "line 2 back 2916452"},
+                    {0x20002, "line 3 back 160"}};
   for (const auto& row : rows) {
     messages.clear();
-    Message(XplrWindow::kFrame, XplrMessage::kShowMessage, row.selector,
-            reinterpret_cast<std::intptr_t>(text.c_str()));
+    Message(XplrWindow::kFrame, XplrMessage::kShowMessage, row.selector, reinterpret_cast<std::intptr_t>(text.c_str()));
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_EQ(messages[0], std::string("50 %s ") + row.line);
   }
@@ -459,14 +461,16 @@ TEST_F(XplrSessionTest, TheWindowMayGoInEveryCallOfTheHost) {
   DeletingHost killer(table);
   FatalScene scene;
   scene.open = [this] { Open(); };
-  scene.steps = {[this] { Menu(32791); },       [this] { Menu(32791); },  [this] { Menu(32774); },
-                 [this] { Call(&XplrSession::OnFindClosed); },            [this] { Menu(32770); },
-                 [this] { PickRow(u"SUB"); },   [this] { Enter(); },      [this] { PickRow(u"A.NC"); },
+  scene.steps = {[this] { Menu(32791); }, [this] { Menu(32791); },
+                 [this] { Menu(32774); }, [this] { Call(&XplrSession::OnFindClosed); },
+                 [this] { Menu(32770); }, [this] { PickRow(u"SUB"); },
+                 [this] { Enter(); },     [this] { PickRow(u"A.NC"); },
                  [this] { Enter(); }};
   scene.destroy = [this] { DestroyTool(); };
   scene.close = [this] {
     Drain();
     DestroyTool();
+    EXPECT_EQ(menus.Count(), 0u);
   };
   EXPECT_THAT(PlayWithEachCallFatal(killer, scene), Contains("HostExplorerAccepted"));
 }

@@ -8,17 +8,35 @@ namespace {
 
 PackContents Contents() {
   PackContents contents;
-  contents.texts = {{60001, u"not saved: %s"}, {11, u"Explorer"},     {12, u"Overwrite %s?"}, {13, u"Name"},
-                    {14, u"Size"},             {15, u"Date"},         {16, u"Next"},          {17, u"Previous"},
-                    {18, u"Find"},             {19, u"No %s"},        {20, u"Only %s"},       {23, u"Type a text"},
-                    {26, u"No access"},        {27, u"No connection"}, {28, u"No folder"},    {29, u"No name"},
-                    {30, u"Not in %s"},        {31, u"No file"},      {32, u"Not ready"},     {33, u"Read-only"},
-                    {34, u"Unavailable"},      {35, u"Blank"},        {36, u"File:"},         {37, u"Folder:"},
+  contents.texts = {{60001, u"not saved: %s"},
+                    {11, u"Explorer"},
+                    {12, u"Overwrite %s?"},
+                    {13, u"Name"},
+                    {14, u"Size"},
+                    {15, u"Date"},
+                    {16, u"Next"},
+                    {17, u"Previous"},
+                    {18, u"Find"},
+                    {19, u"No %s"},
+                    {20, u"Only %s"},
+                    {23, u"Type a text"},
+                    {26, u"No access"},
+                    {27, u"No connection"},
+                    {28, u"No folder"},
+                    {29, u"No name"},
+                    {30, u"Not in %s"},
+                    {31, u"No file"},
+                    {32, u"Not ready"},
+                    {33, u"Read-only"},
+                    {34, u"Unavailable"},
+                    {35, u"Blank"},
+                    {36, u"File:"},
+                    {37, u"Folder:"},
                     {40, u"Find folder"}};
   contents.menus[u"3003"] = {PackItem(32790, u"REFRESH"), PackItem(32791, u"TOGGLE PIN"),
                              PackItem(32777, u"MOVE TO TREE"), PackItem(32778, u"MOVE TO LIST"),
                              PackItem(32779, u"MOVE TO FIELD")};
-  contents.menus[u"IDR_XPLR_MENU"] = {PackItem(32770, u"Name"), PackItem(32771, u"Size"),  PackItem(32772, u"Date"),
+  contents.menus[u"IDR_XPLR_MENU"] = {PackItem(32770, u"Name"), PackItem(32771, u"Size"), PackItem(32772, u"Date"),
                                       PackItem(32773, u"Type"), PackItem(32774, u"Find"), PackItem(32775, u"Folder")};
   return contents;
 }
@@ -58,9 +76,7 @@ void XplrStage::Open(bool withRequest) {
   view = std::make_unique<FakeXplrView>(log, windows);
   // Form, tree, list and dialogs have the numbers after the frame's.
   for (int i = 0; i < 5; ++i) windows.Open();
-  view->onFocus = [this](int id, bool focused) {
-    Tell([=](XplrSession& session) { session.OnFocus(id, focused); });
-  };
+  view->onFocus = [this](int id, bool focused) { Tell([=](XplrSession& session) { session.OnFocus(id, focused); }); };
   tool = std::make_shared<XplrSession>(context, *view);
   Forget();
   Call(&XplrSession::Start);

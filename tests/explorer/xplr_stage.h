@@ -24,8 +24,12 @@ class XplrStage : public ToolStage<SimGround, FakeXplrView, XplrSession> {
   std::intptr_t Message(XplrWindow window, XplrMessage message, std::intptr_t first = 0, std::intptr_t second = 0);
   std::intptr_t Command(std::intptr_t code);
   void Menu(int id);
-  void Enter() { Tell([](XplrSession& session) { session.OnKey(XplrKey::kEnter); }), Drain(); }
-  void Escape() { Tell([](XplrSession& session) { session.OnKey(XplrKey::kEscape); }), Drain(); }
+  void Enter() {
+    Tell([](XplrSession& session) { session.OnKey(XplrKey::kEnter); }), Drain();
+  }
+  void Escape() {
+    Tell([](XplrSession& session) { session.OnKey(XplrKey::kEscape); }), Drain();
+  }
   /// The operator gives a control the focus.
   void Focus(int id);
   void PickRow(const Text& name);

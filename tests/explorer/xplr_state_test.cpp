@@ -59,9 +59,11 @@ TEST(XplrState, AnEmptyTitleKeepsTheExplorersOwn) {
 }
 
 TEST(XplrState, TheFolderLosesLeadingBlanksAndOneTrailingBackslash) {
-  const std::pair<TextView, TextView> rows[] = {
-      {u"  C:\\PRG\\", u"C:\\PRG"}, {u"C:\\PRG\\\\", u"C:\\PRG\\"}, {u"   ", u""}, {u"C:\\PRG  ", u"C:\\PRG  "},
-      {u"\\", u""}};
+  const std::pair<TextView, TextView> rows[] = {{u"  C:\\PRG\\", u"C:\\PRG"},
+                                                {u"C:\\PRG\\\\", u"C:\\PRG\\"},
+                                                {u"   ", u""},
+                                                {u"C:\\PRG  ", u"C:\\PRG  "},
+                                                {u"\\", u""}};
   for (const auto& [given, path] : rows) {
     const XPLRDATA_ST request = Request(given);
     EXPECT_TRUE(StartState(&request, u"").Path == path) << ToUtf8(given);
@@ -107,10 +109,10 @@ TEST(XplrState, TheCaptionHasTitleAndNameAndAtMost520Characters) {
 
 TEST(XplrState, OnlyDrivesFoldersAndConnectedSharesAreAcceptedPlaces) {
   const std::pair<NodeKind, bool> rows[] = {
-      {NodeKind::kNone, false},   {NodeKind::kRemovable, true}, {NodeKind::kFixed, true},
-      {NodeKind::kNetwork, true}, {NodeKind::kCd, false},       {NodeKind::kNetworkRoot, false},
-      {NodeKind::kProvider, false}, {NodeKind::kDomain, false}, {NodeKind::kServer, false},
-      {NodeKind::kFolder, true},  {NodeKind::kUnavailable, false}};
+      {NodeKind::kNone, false},     {NodeKind::kRemovable, true},   {NodeKind::kFixed, true},
+      {NodeKind::kNetwork, true},   {NodeKind::kCd, false},         {NodeKind::kNetworkRoot, false},
+      {NodeKind::kProvider, false}, {NodeKind::kDomain, false},     {NodeKind::kServer, false},
+      {NodeKind::kFolder, true},    {NodeKind::kUnavailable, false}};
   for (const auto& [kind, accepted] : rows) EXPECT_EQ(IsAcceptedPlace(kind), accepted) << static_cast<int>(kind);
 }
 
@@ -136,11 +138,16 @@ TEST_F(DriveStates, ADrivesLetterTellsItsState) {
   struct {
     TextView path;
     DriveState state;
-  } const rows[] = {{u"C:\\PRG", DriveState::kUsable},    {u"c:", DriveState::kUsable},
-                    {u"D:\\X", DriveState::kHidden},      {u"e:\\X", DriveState::kHidden},
-                    {u"Y:", DriveState::kLocked},         {u"F:\\X", DriveState::kAbsent},
-                    {u"\\\\SRV\\S", DriveState::kNetworkPath}, {u"", DriveState::kNetworkPath},
-                    {u"1:", DriveState::kAbsent},         {u"é:", DriveState::kAbsent}};
+  } const rows[] = {{u"C:\\PRG", DriveState::kUsable},
+                    {u"c:", DriveState::kUsable},
+                    {u"D:\\X", DriveState::kHidden},
+                    {u"e:\\X", DriveState::kHidden},
+                    {u"Y:", DriveState::kLocked},
+                    {u"F:\\X", DriveState::kAbsent},
+                    {u"\\\\SRV\\S", DriveState::kNetworkPath},
+                    {u"", DriveState::kNetworkPath},
+                    {u"1:", DriveState::kAbsent},
+                    {u"é:", DriveState::kAbsent}};
   for (const auto& row : rows) EXPECT_EQ(StateOfDrive(row.path, places_), row.state) << ToUtf8(row.path);
 }
 

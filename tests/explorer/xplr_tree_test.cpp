@@ -179,8 +179,8 @@ TEST_F(XplrTreeTest, SelectingAFolderMovesThePathAndReloadsTheList) {
   Pick(Find({u"C:", u"CNC", u"PROGRAMS"}));
   EXPECT_TRUE(ground_.state.Path == u"C:\\CNC\\PROGRAMS");
   EXPECT_EQ(ground_.state.Kind, NodeKind::kFolder);
-  EXPECT_THAT(ground_.Sent(), ElementsAre("post form XPLR_UPDATE_FOLDER 4", "post frame XPLR_UPDATE",
-                                          "post form XPLR_UPDATE_LIST"));
+  EXPECT_THAT(ground_.Sent(),
+              ElementsAre("post form XPLR_UPDATE_FOLDER 4", "post frame XPLR_UPDATE", "post form XPLR_UPDATE_LIST"));
 }
 
 TEST_F(XplrTreeTest, InFolderModeSelectingPutsTheFolderIntoTheCaptionAndEmptiesTheName) {
@@ -201,9 +201,8 @@ TEST_F(XplrTreeTest, AFolderThatCannotBeReadEmptiesTheListAndSaysWhy) {
   Pick(Find({u"C:", u"CNC", u"PROGRAMS"}));
   EXPECT_TRUE(ground_.state.File.empty());
   EXPECT_TRUE(ground_.state.Path == u"C:\\CNC\\PROGRAMS");
-  EXPECT_THAT(ground_.Sent(),
-              ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
-                          "send form XPLR_RESET_LIST", "post frame XPLR_UPDATE"));
+  EXPECT_THAT(ground_.Sent(), ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
+                                          "send form XPLR_RESET_LIST", "post frame XPLR_UPDATE"));
   EXPECT_THAT(shown_, ElementsAre(XplrNotice{32, 160}));
 }
 
@@ -213,8 +212,8 @@ TEST_F(XplrTreeTest, WithoutTheFocusTheFolderIsNotLookedAt) {
   ground_.places.disc->asked.clear();
   ground_.view.focused = xplr_control::kList;
   tree_.OnNodeSelected(Find({u"C:", u"CNC", u"PROGRAMS"}), true);
-  EXPECT_THAT(ground_.Sent(), ElementsAre("post form XPLR_UPDATE_FOLDER 4", "post frame XPLR_UPDATE",
-                                          "post form XPLR_UPDATE_LIST"));
+  EXPECT_THAT(ground_.Sent(),
+              ElementsAre("post form XPLR_UPDATE_FOLDER 4", "post frame XPLR_UPDATE", "post form XPLR_UPDATE_LIST"));
   EXPECT_THAT(ground_.places.disc->asked, IsEmpty());
   EXPECT_THAT(shown_, IsEmpty()) << "the reason comes at Enter";
 }
@@ -241,8 +240,8 @@ class NetworkTree : public XplrTreeTest {
     around.below[u""] = {{7, u"", u"", u"", u""}, {6, u"", u"", u"", u"Net"}};
     around.below[u"Net"] = {{1, u"DOM", u"", u"", u""}, {2, u"\\\\SRV", u"", u"", u""}, {3, u"\\\\NO", u"", u"", u""}};
     around.below[u"DOM"] = {{2, u"\\\\OTHER", u"", u"", u""}, {1, u"NO", u"", u"", u""}};
-    around.below[u"\\\\SRV"] = {{3, u"\\\\SRV\\DATA", u"", u"", u""}, {0, u"\\\\SRV\\MORE", u"", u"", u""},
-                                {2, u"\\\\NO", u"", u"", u""}};
+    around.below[u"\\\\SRV"] = {
+        {3, u"\\\\SRV\\DATA", u"", u"", u""}, {0, u"\\\\SRV\\MORE", u"", u"", u""}, {2, u"\\\\NO", u"", u"", u""}};
     ground_.places.disc->AddFolder(u"\\\\SRV");
     ground_.places.disc->AddFolder(u"\\\\SRV\\DATA");
     Fill(u"C:");
@@ -270,18 +269,17 @@ TEST_F(NetworkTree, SelectingAProviderWithTheFocusEmptiesTheListAndTheName) {
   ground_.state.File = u"OLD";
   Pick(provider_);
   EXPECT_TRUE(ground_.state.File.empty());
-  EXPECT_THAT(ground_.Sent(),
-              ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
-                          "send form XPLR_RESET_LIST", "post frame XPLR_UPDATE"));
+  EXPECT_THAT(ground_.Sent(), ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
+                                          "send form XPLR_RESET_LIST", "post frame XPLR_UPDATE"));
   EXPECT_THAT(shown_, IsEmpty());
 }
 
 TEST_F(NetworkTree, AServerListsItsSharesAndItsDomainNothing) {
   ground_.view.focused = 0;
   tree_.OnNodeSelected(Find({u"Entire Network", u"Net", u"\\\\SRV"}), true);
-  EXPECT_THAT(ground_.Sent(), ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
-                                          "post form XPLR_UPDATE_EDIT", "post frame XPLR_UPDATE",
-                                          "post form XPLR_UPDATE_LIST 1"));
+  EXPECT_THAT(ground_.Sent(),
+              ElementsAre("post form XPLR_UPDATE_FOLDER 4", "send form XPLR_UPDATE_CAPTION ' Pick = '",
+                          "post form XPLR_UPDATE_EDIT", "post frame XPLR_UPDATE", "post form XPLR_UPDATE_LIST 1"));
   tree_.OnNodeSelected(Find({u"Entire Network", u"Net", u"DOM"}), true);
   EXPECT_EQ(ground_.Sent().back(), "post form XPLR_UPDATE_LIST 2");
   tree_.OnNodeSelected(Find({u"Entire Network", u"Net", u"DOM"}), false);

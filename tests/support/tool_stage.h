@@ -111,8 +111,8 @@ class ToolStage : public Ground {
   Language language{this->menus, this->cnc.Util(), this->files, this->windows};
   HostApiTable table = {};
   HostBridge host{table, this->cnc.Vars()};
-  ToolContext context{host, this->cnc, this->windows, this->timers, language, this->files,
-                      this->places, this->network, this->worker};
+  ToolContext context{host,        this->cnc,    this->windows, this->timers, language,
+                      this->files, this->places, this->network, this->worker};
   std::function<void(const std::string&)> onHostCall;  // after it was noted
   NotingHost noting{table, [this](const std::string& line) {
                       this->log.push_back(line);

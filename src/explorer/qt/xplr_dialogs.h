@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ZCFind and ZCFolder: the small dialogs over the explorer in which a text to search for, or a whole path, is typed. They
-// are children of the frame, so that they need no window of the system, and end when the focus goes elsewhere. What a
-// text or path leads to is not decided here.
+// ZCFind and ZCFolder: the small dialogs over the explorer in which a text to search for, or a whole path, is typed.
+// They are children of the frame, so that they need no window of the system, and end when the focus goes elsewhere.
+// What a text or path leads to is not decided here.
 #pragma once
 
 #include "controls/limited_edit.h"

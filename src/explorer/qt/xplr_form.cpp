@@ -24,8 +24,7 @@ constexpr Color kNameBackFocus = 660510;
 
 }  // namespace
 
-ZCEdit::ZCEdit(int id, WindowSystem& windows, WindowHandle form, QWidget* parent)
-    : ZWCEdit(id, windows, form, parent) {
+ZCEdit::ZCEdit(int id, WindowSystem& windows, WindowHandle form, QWidget* parent) : ZWCEdit(id, windows, form, parent) {
   SetNormalColors(kNameBack, kBlack, false);
   SetFocusColors(kNameBackFocus, kWhite, false);
   SetForbidden(QStringLiteral("\\/:*?\"<>|"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZCXPLRList: the explorer's list on the screen. Draws the rows that the logic gives it, makes their texts only when they
-// are seen, and reports what the operator does.
+// ZCXPLRList: the explorer's list on the screen. Draws the rows that the logic gives it, makes their texts only when
+// they are seen, and reports what the operator does.
 #pragma once
 
 #include <QtCore/QAbstractTableModel>

@@ -4,6 +4,7 @@
 #include <QtCore/QPointer>
 #include <utility>
 
+#include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -55,6 +56,8 @@ void ZCFolderTree::AddNodes(const XplrNodes& nodes, NodeId parent, std::size_t i
     const XplrNode& node = nodes.At(id);
     auto* item = new QTreeWidgetItem({ToQString(node.text)});
     item->setData(0, kNodeRole, id);
+    item->setData(0, node_role::kKind, static_cast<int>(node.kind));
+    item->setData(0, node_role::kImage, node.image);
     QIcon icon;
     if (const QPixmap* picture = icons_.At(node.image)) icon.addPixmap(*picture, QIcon::Normal, QIcon::Off);
     if (const QPixmap* picture = icons_.At(node.selectedImage)) icon.addPixmap(*picture, QIcon::Selected, QIcon::Off);

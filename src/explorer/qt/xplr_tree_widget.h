@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZCFolderTree: the explorer's tree on the screen. Shows the nodes that the logic has and reports which one the operator
-// selects or opens. A node that hasn't been read opens only when the logic has read it.
+// ZCFolderTree: the explorer's tree on the screen. Shows the nodes that the logic has and reports which one the
+// operator selects or opens. A node that hasn't been read opens only when the logic has read it.
 #pragma once
 
 #include <unordered_map>

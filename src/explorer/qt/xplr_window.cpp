@@ -80,9 +80,7 @@ void ZCExplorer::Connect() {
   form_->tree->SetMessageHandler([this](const Message& message) { return TellMessage(XplrWindow::kTree, message); });
   form_->list->SetMessageHandler([this](const Message& message) { return TellMessage(XplrWindow::kList, message); });
   const auto focus = [this](int id) {
-    return [this, id](bool focused) {
-      session_.Tell([=](XplrSession& session) { session.OnFocus(id, focused); });
-    };
+    return [this, id](bool focused) { session_.Tell([=](XplrSession& session) { session.OnFocus(id, focused); }); };
   };
   connect(form_->tree, &ZCFolderTree::Focused, this, focus(xplr_control::kTree));
   connect(form_->list, &ZCXPLRList::Focused, this, focus(xplr_control::kList));
@@ -104,8 +102,8 @@ void ZCExplorer::Connect() {
           [this](int column) { session_.Tell([=](XplrSession& session) { session.OnHeaderClicked(column); }); });
   connect(form_->name, &QLineEdit::textChanged, this,
           [this] { session_.Tell([](XplrSession& session) { session.OnNameChanged(); }); });
-  for (QWidget* control : {static_cast<QWidget*>(form_->tree), static_cast<QWidget*>(form_->list),
-                           static_cast<QWidget*>(form_->name)}) {
+  for (QWidget* control :
+       {static_cast<QWidget*>(form_->tree), static_cast<QWidget*>(form_->list), static_cast<QWidget*>(form_->name)}) {
     control->installEventFilter(this);
   }
 }
@@ -144,9 +142,7 @@ bool ZCExplorer::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-void ZCExplorer::paintEvent(QPaintEvent* event) {
-  QPainter(this).fillRect(event->rect(), ToQColor(kBackground));
-}
+void ZCExplorer::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), ToQColor(kBackground)); }
 
 // XplrView.
 
@@ -221,9 +217,8 @@ bool ZCExplorer::OpenFind(TextView text) {
   context_.language.FreeLanguageLibrary(module);
   find_ = new ZCFind(ToQString(context_.language.LoadToolText(xplr_text::kFind)), this);
   find_->SetMessageHandler([this](const Message& message) { return TellMessage(XplrWindow::kFind, message); });
-  connect(find_, &ZCFind::SearchKey, this, [this](int key) {
-    session_.Tell([key](XplrSession& session) { session.OnFindKey(SearchKeyOf(key)); });
-  });
+  connect(find_, &ZCFind::SearchKey, this,
+          [this](int key) { session_.Tell([key](XplrSession& session) { session.OnFindKey(SearchKeyOf(key)); }); });
   connect(find_, &XplrDialog::Typed, this, [this] {
     const Text typed = FindText();
     session_.Tell([&typed](XplrSession& session) { session.OnFindTyped(typed); });
@@ -259,8 +254,9 @@ void ZCExplorer::FocusDialog() {
 }
 
 void ZCExplorer::PostEscapeToDialog() {
-  PostKey(find_ ? static_cast<QWidget*>(FindControl(find_, xplr_control::kFindText))
-                : folder_ ? FindControl(folder_, xplr_control::kFindText) : nullptr,
+  PostKey(find_     ? static_cast<QWidget*>(FindControl(find_, xplr_control::kFindText))
+          : folder_ ? FindControl(folder_, xplr_control::kFindText)
+                    : nullptr,
           Qt::Key_Escape);
 }
 

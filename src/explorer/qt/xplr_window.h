@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZCExplorer: the frame of the file explorer, over the whole area of the host's widget. Turns the events of its form and
-// controls into intentions of XplrSession, and does what that asks of its view. It decides nothing.
+// ZCExplorer: the frame of the file explorer, over the whole area of the host's widget. Turns the events of its form
+// and controls into intentions of XplrSession, and does what that asks of its view. It decides nothing.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -47,9 +47,7 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   void OnNodeRemoving(NodeId node) override { form_->tree->RemoveNode(node); }
   void SelectNode(NodeId node) override { form_->tree->SelectNode(node); }
   void OpenNode(NodeId node) override { form_->tree->OpenNode(node); }
-  void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> rows) override {
-    form_->list->SetRows(std::move(rows));
-  }
+  void OnRowsReset(std::shared_ptr<const std::vector<XplrRow>> rows) override { form_->list->SetRows(std::move(rows)); }
   void SelectRow(int row) override { form_->list->SelectRow(row); }
   void ScrollToRow(int row) override { form_->list->ScrollToRow(row); }
   void SetColumnTitles(const std::array<Text, 3>& titles) override;

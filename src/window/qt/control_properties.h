@@ -35,6 +35,12 @@ inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 }  // namespace property
 
+/// Roles of the nodes of a tree, beside its texts: its kind and the index of its image.
+namespace node_role {
+inline constexpr int kKind = 0x0100 + 2;
+inline constexpr int kImage = 0x0100 + 3;
+}  // namespace node_role
+
 /// Values of "pnlKind". Report lists and trees have "report" and "tree".
 namespace control_kind {
 inline constexpr const char* kEdit = "edit";

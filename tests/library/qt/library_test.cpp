@@ -44,17 +44,30 @@ struct ToolCase {
 TEST_F(LibraryTest, LoadingGivesAWindowForEachToolThatExistsAndZeroForTheRest) {
   // No folder was made for a language module, which whoever shares its texts says in a box.
   library_.Windows().SetBoxAnswerer([](const BoxSpec&) { return BoxAnswer::kOk; });
-  const ToolCase cases[] = {{0, true},  {1, false}, {2, false}, {3, true},   {4, false},
-                            {5, false}, {6, true},  {7, false}, {-1, false}, {0x7FFFFFFF, false}};
+  const ToolCase cases[] = {{0, true}, {1, false}, {2, false}, {3, true},   {4, false},
+                            {5, true}, {6, true},  {7, false}, {-1, false}, {0x7FFFFFFF, false}};
   for (const ToolCase& row : cases) {
     const WindowHandle window = library_.LoadTool(row.id, parent_);
     EXPECT_EQ(window != 0, row.made) << row.id;
     if (window == 0) continue;
     EXPECT_EQ(library_.Windows().WidgetOf(window)->property("pnlTool").toInt(), row.id);
     EXPECT_EQ(library_.Windows().WidgetOf(window)->parentWidget(), &host_);
-    // The command line waits for a command and the error window for an error; the calculator shows itself.
-    EXPECT_EQ(library_.Windows().WidgetOf(window)->isVisibleTo(&host_), row.id == 3) << row.id;
+    // The command line waits for a command and the error window for an error; the other two show themselves.
+    EXPECT_EQ(library_.Windows().WidgetOf(window)->isVisibleTo(&host_), row.id == 3 || row.id == 5) << row.id;
   }
+}
+
+TEST_F(LibraryTest, AFrameToolWithoutAParentReportsThatItOpensAndIsClosed) {
+  static std::vector<std::string> calls;
+  calls.clear();
+  HostApi.toolOpening = [](int tool) { calls.push_back("opening " + std::to_string(tool)); };
+  HostApi.toolClosed = [](int tool, int reason) {
+    calls.push_back("closed " + std::to_string(tool) + " " + std::to_string(reason));
+  };
+  for (const int tool : {0, 3, 6}) EXPECT_EQ(library_.LoadTool(tool, 0), 0) << tool;
+  EXPECT_TRUE(calls.empty());
+  EXPECT_EQ(library_.LoadTool(PNL_TOOL_EXPLORER, 0), 0);
+  EXPECT_THAT(calls, ElementsAre("opening 5", "closed 5 2"));
 }
 
 TEST_F(LibraryTest, AnUnknownNumberMakesNothing) {

@@ -139,6 +139,7 @@ class WrittenRig : public pnl::rig::Rig, public pnl::rig::CncControl, public pnl
   void SetSink(pnl::rig::EventSink*) override {}
   std::u16string ClipboardText() const override { return u"G0 X1"; }
   Counts Open() const override { return {}; }
+  bool IsWorking() const override { return false; }
 
   std::vector<std::string> lines;
 
