@@ -78,11 +78,10 @@ class XplrView : public ToolView {
   /// Posts the frame a key-down of Enter.
   virtual void PostEnter() = 0;
 
-  // The dialogs. Each lives until it is closed by the operator, by losing the activation or by CloseDialogs.
+  // The dialogs. Each lives until the operator closes it, it loses the activation, or the frame goes.
   /// Return false when the dialog couldn't be made.
   virtual bool OpenFind(TextView text) = 0;
   virtual bool OpenFolderSearch() = 0;
-  virtual void CloseDialogs() = 0;
   [[nodiscard]] virtual Text FindText() const = 0;
   [[nodiscard]] virtual Text FolderText() const = 0;
   virtual void FocusDialog() = 0;

@@ -77,7 +77,6 @@ class FakeXplrView final : public FakeView<XplrView> {
   void PostEnter() override { Order("enter"); }
   bool OpenFind(TextView text) override { return Order("find ", text), true; }
   bool OpenFolderSearch() override { return Order("folder search"), true; }
-  void CloseDialogs() override { Order("close dialogs"); }
   [[nodiscard]] Text FindText() const override { return Asked(), find; }
   [[nodiscard]] Text FolderText() const override { return Asked(), folder; }
   void FocusDialog() override { Order("focus dialog"); }

@@ -240,11 +240,6 @@ bool ZCExplorer::OpenFolderSearch() {
   return true;
 }
 
-void ZCExplorer::CloseDialogs() {
-  if (find_) find_->Close();
-  if (folder_) folder_->Close();
-}
-
 Text ZCExplorer::FindText() const { return find_ ? FromQString(find_->Text()) : Text(); }
 
 Text ZCExplorer::FolderText() const { return folder_ ? FromQString(folder_->Folder()) : Text(); }

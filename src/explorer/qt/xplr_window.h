@@ -54,7 +54,6 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   void PostEnter() override;
   bool OpenFind(TextView text) override;
   bool OpenFolderSearch() override;
-  void CloseDialogs() override;
   [[nodiscard]] Text FindText() const override;
   [[nodiscard]] Text FolderText() const override;
   void FocusDialog() override;
