@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Enter: whether the name or folder that is chosen may be handed back, and what stands in the way. Asks discs beside
-// the window's thread; a choice that the operator changes meanwhile is dropped.
+// Enter: checks whether the chosen name or folder may be handed back, and shows why when it may not. Asks the discs
+// beside the window's thread. A choice that the operator changes meanwhile is dropped.
 #pragma once
 
 #include <functional>

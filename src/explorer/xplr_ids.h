@@ -80,7 +80,7 @@ inline constexpr int kToList = 375;
 inline constexpr int kToField = 376;
 }  // namespace xplr_bitmap
 
-/// What a node of the tree stands for. kRemovable, kFixed, kNetwork and kCd are the drive types of the same number.
+/// What a node of the tree represents. kRemovable, kFixed, kNetwork and kCd are the drive types of the same number.
 enum class NodeKind : std::int32_t {
   kNone = 0,
   kRemovable = 2,

@@ -43,8 +43,8 @@ struct XplrProgress {
 [[nodiscard]] XplrRows LoadFolder(const FolderReader& reader, const XplrLoadRequest& request,
                                   const XplrProgress& progress);
 
-/// The shares of a server that can be read. Each shows as the entry "." of its folder, which is told by that entry's
-/// date alone. A reading that was ended has no rows; partial isn't called.
+/// The shares of a server that can be read. Each shows as the entry "." of its folder, so shares differ in their
+/// dates alone. A reading that was ended has no rows; partial isn't called.
 [[nodiscard]] XplrRows LoadShares(const FolderReader& reader, const NetworkReader& network,
                                   const XplrLoadRequest& request, const XplrProgress& progress);
 

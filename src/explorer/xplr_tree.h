@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The folder tree of the explorer: filled with drives and network, opened node by node, walked to a path. Selecting a
-// node moves the state's Path and reports to the form what becomes of the list. Draws nothing; asks discs and servers
-// beside the window's thread, so that every operation may still be under way when its call returns.
+// The folder tree of the explorer. It is filled with drives and network, opened node by node, and walked to a path. A
+// selected node changes the state's Path and makes the form load or empty the list. It draws nothing. It asks discs and
+// servers beside the window's thread, so an operation may still be under way when its call returns.
 #pragma once
 
 #include <functional>

@@ -44,7 +44,7 @@ ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
       std::find_if(std::begin(kTools), std::end(kTools), [toolId](const ToolRow& tool) { return tool.id == toolId; });
   if (row == std::end(kTools)) return nullptr;
   if (parent == nullptr) {
-    // A frame tool has told the host before it finds out that there is nothing to be a child of.
+    // A frame tool calls the host before it looks for its parent.
     if (row->isFrame) {
       context.host.HostToolOpening(toolId);
       context.host.HostToolClosed(toolId, PNL_CLOSED);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZCXPLRView: the form inside the explorer's frame, with its caption, headings, tree, list, label and name field. Lays
-// them out as it is told and reports nothing by itself: the frame listens to the controls.
+// ZCXPLRView: the form inside the explorer's frame, with its caption, headings, tree, list, label and name field. It
+// has no rules of its own: the frame gives it the layout and listens to the controls.
 #pragma once
 
 #include "controls/zwc_edit.h"

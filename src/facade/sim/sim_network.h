@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The simulated network neighbourhood: the tree of nodes that SimStorage has, enumerated level by level. Asked on the
 // window's thread; its readers are copies of the tree as it is at that time, so they may be used on any thread.
-// Connects nothing: Connect answers as it was told. What is in a share is read by sim_shares.h.
+// Connect connects nothing and returns the answer that was set. What is in a share is read by sim_shares.h.
 #pragma once
 
 #include <map>
