@@ -14,12 +14,15 @@
 
 #include "end_signals.h"
 #include "guided/guided_session.h"
+#include "host/demo_disc.h"
 #include "host/host_session.h"
 #include "host/operator.h"
 #include "options.h"
 #include "remote/remote_control.h"
 #include "remote/standard_streams.h"
+#include "ui/background.h"
 #include "ui/panel_window.h"
+#include "ui/password_box.h"
 #include "ui/program_desk.h"
 #include "ui/quiet_caches.h"
 #include "ui/theme.h"
@@ -68,6 +71,23 @@ QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
   }
   panel::UseWords(options.language);
   return {};
+}
+
+/// Gives the demo machine its disc, as drive D: with its files in a hidden folder of drive C:. They are made in the
+/// background, because at the first start they are many.
+void SetUpDemoDisc(pnl::rig::Rig& rig, const panel::Options& options, panel::Background& maker) {
+  pnl::rig::Drive drive;
+  const QString folder = RootFolder(options) + QStringLiteral("/.demo-disc");
+  drive.letter = 'D';
+  drive.dir = QFile::encodeName(folder).toStdString();
+  drive.type = 2;
+  drive.label = u"DEMO";
+  if (!QDir().mkpath(folder)) return;
+  rig.Files().SetDrive(drive);
+  maker.Run<bool>([folder] { return panel::MakeDemoDisc(QStringLiteral(":/demo_disc"), folder); },
+                  [folder](bool made) {
+                    if (!made) std::fprintf(stderr, "pnlpanel: %s is not whole\n", qPrintable(folder));
+                  });
 }
 
 panel::PathResolver ResolverOf(pnl::rig::Rig& rig) {
@@ -149,6 +169,10 @@ int Run(QApplication& application, const panel::Options& options) {
   panel::PanelWindow window(session, op, ResolverOf(*rig));
   SetUpPrograms(*rig, window);
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
+  // A script begins with drive C: alone, and sets the answers to passwords itself.
+  panel::Background maker;
+  if (!options.rpc && !options.bare) SetUpDemoDisc(*rig, options, maker);
+  if (!options.rpc && !options.bare) rig->AskPasswords([&window](std::int32_t) { return window.Password().Ask(); });
   std::unique_ptr<panel::RemoteControl> remote;
   if (options.rpc) {
     remote =
@@ -168,7 +192,10 @@ int Run(QApplication& application, const panel::Options& options) {
   ShowPanel(window, options);
   if (options.headless) op.Desk().StartTool();
   if (remote) remote->Start();
-  return application.exec();
+  const int code = application.exec();
+  maker.Finish();
+  rig->AskPasswords({});
+  return code;
 }
 
 }  // namespace

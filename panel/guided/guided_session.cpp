@@ -6,8 +6,8 @@
 
 #include "guided/calculator_steps.h"
 #include "guided/error_steps.h"
+#include "guided/explorer_steps.h"
 #include "guided/hands.h"
-#include "ui/file_chooser.h"
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -76,7 +76,6 @@ std::vector<Step> FirstSteps() {
 }
 
 std::vector<Step> LaterSteps() {
-  constexpr int kSaveAsProgram = 32775;
   return {
       {"history", "two more blocks, then the list of what ran before drops down",
        [](Hands& h) {
@@ -101,22 +100,6 @@ std::vector<Step> LaterSteps() {
        [](Hands& h) {
          h.Press(Action::kSwitchRole);
          return h.window_.MainBar().Menu() != 0;
-       }},
-      {"save-as", "the list is saved as a program: the panel asks for a name",
-       [](Hands& h) {
-         if (!h.PressItem(kSaveAsProgram)) return false;
-         h.Type(QStringLiteral("GUIDED.NC"));
-         return h.window_.Chooser().IsOpen();
-       }},
-      {"saved", "the program is there",
-       [](Hands& h) {
-         const QString folder = h.window_.Chooser().Folder();
-         h.window_.Chooser().Accept();
-         h.Settle();
-         if (h.window_.Chooser().Confirm().IsOpen()) h.window_.Chooser().Confirm().Answer(0);
-         h.Settle();
-         const auto path = h.rig_.Files().HostPath(JoinPath(folder, QStringLiteral("GUIDED.NC")).toStdU16String());
-         return path && QFile::exists(QFile::decodeName(QByteArray::fromStdString(*path)));
        }},
   };
 }
@@ -153,6 +136,7 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
   auto steps = tour == Tour::kWhole ? FirstSteps() : GlanceSteps();
   if (tour == Tour::kWhole) {
     for (auto& step : LaterSteps()) steps.push_back(std::move(step));
+    for (auto& step : ExplorerSteps()) steps.push_back(std::move(step));
     for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
     for (auto& step : ErrorSteps()) steps.push_back(std::move(step));
   }

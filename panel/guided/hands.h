@@ -24,7 +24,7 @@ class Hands {
       : window_(window), session_(session), op_(op), rig_(rig), folder_(folder) {}
 
   void Settle() {
-    while (window_.Working()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (window_.Working() || rig_.IsWorking()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   }
 
@@ -69,22 +69,11 @@ class Hands {
     return WaitForRest();
   }
 
-  /// Turns the pages of the bar to the soft key of this menu item and presses it. Returns false when no page has it.
-  bool PressItem(int id) {
-    SoftKeyBar& bar = window_.MainBar();
-    for (int page = 0; page < bar.PageCount(); ++page) {
-      for (int slot = 0; slot < kMainKeys; ++slot) {
-        const int index = bar.Page() * kMainKeys + slot;
-        if (index < static_cast<int>(bar.Items().size()) && bar.Items().at(static_cast<std::size_t>(index)).id == id) {
-          window_.PressMain(slot);
-          Settle();
-          return true;
-        }
-      }
-      bar.NextPage();
-    }
-    return false;
-  }
+  /// Turns the pages of the main bar to the soft key of this menu item and presses it. Returns false when no page has
+  /// it.
+  bool PressItem(int id) { return PressOn(window_.MainBar(), kMainKeys, id); }
+  /// Does the same on the side bar.
+  bool PressSideItem(int id) { return PressOn(window_.SideBar(), kSideKeys, id); }
 
   /// The edit in a tool's window, or null when the tool has no window or no edit.
   [[nodiscard]] QLineEdit* Edit(int toolId) const {
@@ -104,6 +93,21 @@ class Hands {
   pnl::rig::Rig& rig_;
 
  private:
+  bool PressOn(SoftKeyBar& bar, int keyCount, int id) {
+    for (int page = 0; page < bar.PageCount(); ++page) {
+      for (int slot = 0; slot < keyCount; ++slot) {
+        const int index = bar.Page() * keyCount + slot;
+        if (index < static_cast<int>(bar.Items().size()) && bar.Items().at(static_cast<std::size_t>(index)).id == id) {
+          bar.Press(slot);
+          Settle();
+          return true;
+        }
+      }
+      bar.NextPage();
+    }
+    return false;
+  }
+
   QString folder_;
 };
 

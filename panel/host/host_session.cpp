@@ -2,6 +2,7 @@
 #include "host/host_session.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QWidget>
@@ -140,6 +141,8 @@ void HostSession::SetReturn(int slot, int value) {
 PnlWindow HostSession::LoadTool(int toolId, PnlWindow parent) {
   const PnlWindow window = LoadPNLTool(toolId, parent);
   if (window == 0) return 0;
+  // Tools that come and go leave their windows here.
+  std::erase_if(loaded_, [](const auto& entry) { return PnlIsAlive(entry.second) == 0; });
   loaded_.emplace_back(toolId, window);
   emit ToolsChanged();
   return window;
@@ -224,6 +227,23 @@ void HostSession::FocusWithin(PnlWindow window) {
   line->setCursorPosition(caret);
   // A selection that was made from right to left has the caret at its start.
   if (start >= 0) line->setSelection(caret == start ? start + length : start, caret == start ? -length : length);
+}
+
+void HostSession::TurnToProgram() {
+  WorkInProgram();
+  emit ToolsChanged();
+}
+
+void HostSession::TypeInto(int toolId, int key) {
+  BringToFront(toolId);
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    // The press may destroy the window. What then has the focus must not get the release.
+    auto* widget = static_cast<QWidget*>(PnlWidgetOf(ToolWindow(toolId)));
+    QWidget* focus = QApplication::focusWidget();
+    if (widget == nullptr || focus == nullptr) return;
+    QKeyEvent event(type, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(focus, &event);
+  }
 }
 
 HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& menus) const {

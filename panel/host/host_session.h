@@ -71,12 +71,16 @@ class HostSession : public QObject {
   void BringToFront(int toolId);
   /// The operator has turned to the program.
   void WorkInProgram() { workingTool_ = -1; }
+  /// Turns to the program, as if the operator had.
+  void TurnToProgram();
   /// The tool in which the operator works, or -1 for the program: the tool that he opened or turned to last. When that
   /// one closes, it is the open tool nearest to the front. The error tool only interrupts his work, so it is never this
   /// tool.
   [[nodiscard]] int WorkingTool() const { return workingTool_; }
   /// Gives the keyboard to that window: to the control in it that had it last, with its caret where it was.
   static void FocusWithin(PnlWindow window);
+  /// Brings an open tool to the front and presses a key there, as the keyboard does.
+  void TypeInto(int toolId, int key);
   /// Whether the control with the focus in that window is a line that takes text.
   [[nodiscard]] static bool IsTypedIn(PnlWindow window);
 

@@ -29,7 +29,8 @@ Operator::Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent)
       session_(session),
       rig_(rig),
       machine_(rig == nullptr ? nullptr : rig->Machine()),
-      errors_(session, rig) {
+      errors_(session, rig),
+      files_(session, rig) {
   connect(&session_, &HostSession::Called, this, &Operator::OnCalled);
   connect(&session_, &HostSession::MessageArrived, this, &Operator::OnMessage);
   connect(&session_, &HostSession::MainMenuChanged, this, &Operator::Touch);
@@ -38,6 +39,8 @@ Operator::Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent)
   connect(&session_, &HostSession::ToolsChanged, this, &Operator::Touch);
   connect(&errors_, &ErrorDesk::Changed, this, &Operator::Touch);
   connect(&errors_, &ErrorDesk::CloseWanted, this, &Operator::CloseWanted);
+  connect(&files_, &FileDesk::Changed, this, &Operator::Touch);
+  connect(&files_, &FileDesk::Said, this, [this](const QString& text, bool warning) { SetHint(text, warning); });
   if (rig_ == nullptr) return;
   for (const char16_t* name : {u"E.NERRORS", u"E.ERRORPRI", u"[1].E.MANUALMODE"}) {
     watches_.push_back(rig_->Cnc().Watch(name, [this] { Touch(); }));
@@ -316,22 +319,8 @@ void Operator::OnCalled(const HostCall& call) {
     case PNL_SLOT_TOOL_OPENING:
       if (call.args.value(0).toInt() == PNL_TOOL_ERRORS) errors_.OnWindowOpening();
       return;
-    case PNL_SLOT_TOOL_CLOSED:
-      return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
-    case PNL_SLOT_EXPLORER_REQUEST:
-      asked_ = true;
-      if (Request() == nullptr) {
-        // Queued, because the asker is still inside its own call.
-        QMetaObject::invokeMethod(this, &Operator::CancelFile, Qt::QueuedConnection);
-        return SetHint(Say(Word::kNoRequest), true);
-      }
-      emit ChooserWanted();
-      return;
     case PNL_SLOT_CALC_RESULT_ACCEPTED:
       return TakeCalcResult();
-    case PNL_SLOT_EXPLORER_ACCEPTED:
-    case PNL_SLOT_EXPLORER_ACCEPTED_ALT:
-      return EndRequest(true);
     case PNL_SLOT_INSERT_BLOCK:
       if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
       return;
@@ -351,10 +340,6 @@ void Operator::OnCalled(const HostCall& call) {
     default:
       return;
   }
-}
-
-void Operator::OnToolClosed(int tool, int reason) {
-  if (tool == PNL_TOOL_EXPLORER && reason == PNL_CLOSED && asked_) EndRequest(false);
 }
 
 void Operator::OnMessage(std::uint32_t message, qint64 first, qint64 second) {

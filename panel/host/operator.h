@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the panel does for the operator: which tool a key goes to, what a callback asks of the host, and what the
-// machine shows. Its ErrorDesk deals with errors. Can alone decides what is possible, so a key, a soft key and a
-// shortcut can't disagree. It owns no widget; the window draws everything from its state.
+// machine shows. Its ErrorDesk deals with errors, its FileDesk with requests for a file. Can alone decides what is
+// possible, so a key, a soft key and a shortcut can't disagree. It owns no widget; the window draws everything from its
+// state.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -14,6 +15,7 @@
 #include "common/shortcuts.h"
 #include "host/demo_faults.h"
 #include "host/error_desk.h"
+#include "host/file_desk.h"
 #include "host/host_session.h"
 
 namespace panel {
@@ -44,20 +46,13 @@ class Operator : public QObject {
   /// Sends the command of a soft key in a tool's menu to that tool.
   void SendCommand(int tool, int id);
 
-  /// The file request whose number is in E.XPLRDATA. Null when there is none or its owner has withdrawn it.
-  [[nodiscard]] XPLRDATA_ST* Request() const;
-  /// Writes the folder and the file into the request's record and reports that to the asker. Returns false and sets a
-  /// hint when the record has gone or the names don't fit its fields. Then nothing is written, and the asker gets the
-  /// report that there is no file.
-  bool AcceptFile(const QString& folder, const QString& file);
-  void CancelFile();
-
   [[nodiscard]] bool HasMachine() const { return machine_ != nullptr; }
   [[nodiscard]] pnl::rig::MachineState Machine() const;
   [[nodiscard]] Word Mode() const;
   [[nodiscard]] std::vector<pnl::rig::CncControl::ErrorSummary> Errors() const;
   [[nodiscard]] ErrorDesk& Desk() { return errors_; }
   [[nodiscard]] const ErrorDesk& Desk() const { return errors_; }
+  [[nodiscard]] FileDesk& Files() { return files_; }
   /// Raises a fault of the demo machine, or presses and releases the emergency stop. spot: the place of a fault in a
   /// program; without it that fault can't be raised and a hint says so.
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
@@ -70,8 +65,6 @@ class Operator : public QObject {
  signals:
   /// Something to draw has changed. Many changes cause one signal.
   void Changed();
-  void ChooserWanted();
-  void ChooserGone();
   void InsertBlockWanted(const QString& text);
   /// Asks for a value to be inserted at the caret of the program.
   void InsertValueWanted(const QString& text);
@@ -83,7 +76,6 @@ class Operator : public QObject {
   void DropStaleHint();
   void OnCalled(const HostCall& call);
   void OnMessage(std::uint32_t message, qint64 first, qint64 second);
-  void OnToolClosed(int tool, int reason);
   void DoMachine(Action action);
   void CycleStart();
   void OpenMdi();
@@ -96,8 +88,6 @@ class Operator : public QObject {
   void SwitchRole();
   void AskHelp();
   void ClearError();
-  void EndRequest(bool accepted);
-  [[nodiscard]] PnlWindow Asker() const;
   [[nodiscard]] qint64 Int(const char16_t* name) const;
 
   HostSession& session_;
@@ -106,8 +96,8 @@ class Operator : public QObject {
   std::vector<int> watches_;
   std::vector<std::int32_t> heldChannels_;
   ErrorDesk errors_;
+  FileDesk files_;
   Hint hint_;
-  bool asked_ = false;    // a tool waits for the answer to its file request
   bool touched_ = false;  // a Changed is queued
 };
 

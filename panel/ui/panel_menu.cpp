@@ -8,6 +8,8 @@ namespace {
 
 constexpr int kToolBase = 1000;
 constexpr int kFaultBase = 2000;
+constexpr int kAcceptItem = 3001;
+constexpr int kLeaveItem = 3002;
 
 struct ToolRow {
   int tool;
@@ -17,7 +19,7 @@ struct ToolRow {
 
 constexpr std::array kTools = {
     ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, false},
-    ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, false},
+    ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, true},
     ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
 };
 
@@ -80,6 +82,19 @@ std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
   }
   return items;
 }
+
+std::vector<SoftKeyItem> PanelItemsOf(int tool) {
+  if (tool != PNL_TOOL_EXPLORER) return {};
+  SoftKeyItem accept;
+  accept.id = kAcceptItem;
+  accept.text = Say(Word::kOk);
+  SoftKeyItem leave;
+  leave.id = kLeaveItem;
+  leave.text = Say(Word::kClose);
+  return {accept, leave};
+}
+
+int KeyOfItem(int id) { return id == kAcceptItem ? Qt::Key_Return : id == kLeaveItem ? Qt::Key_Escape : 0; }
 
 std::optional<Action> ActionOfItem(int id) {
   if (id < 0 || id >= static_cast<int>(Action::kCount)) return std::nullopt;

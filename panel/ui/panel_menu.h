@@ -17,6 +17,12 @@ namespace panel {
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 
+/// The panel's keys after those of a tool's menu in the main bar: what the keyboard's Enter and Escape do, for a tool
+/// that has no keys of its own for it.
+[[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool);
+/// Returns the key of the keyboard that an item stands in for; 0 for any other item.
+[[nodiscard]] int KeyOfItem(int id);
+
 /// Returns the action of an item; nothing for an item without one.
 [[nodiscard]] std::optional<Action> ActionOfItem(int id);
 /// Returns the tool that an item opens; -1 for any other item.

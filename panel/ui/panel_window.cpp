@@ -12,12 +12,12 @@
 #include "ui/axis_display.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/keyboard.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_menu.h"
+#include "ui/password_box.h"
 #include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -56,9 +56,9 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       zone_(new MessageZone(this)),
       mainBar_(new SoftKeyBar(Qt::Horizontal, kMainKeys, &MainKey, this)),
       keys_(new OperatorKeys(this)),
-      chooser_(new FileChooser(resolve, this)),
       question_(new Question(this)),
-      desk_(new ProgramDesk(*editor_, *chooser_, *question_, std::move(resolve), this)),
+      password_(new PasswordBox(this)),
+      desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
       errorHelp_(new ErrorHelpCover(this)),
       errorList_(new ErrorListCover(op.Desk(), this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
@@ -83,8 +83,6 @@ PanelWindow::~PanelWindow() { session_.CloseAll(); }
 
 void PanelWindow::Connect() {
   connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
-  connect(&op_, &Operator::ChooserWanted, this, &PanelWindow::ShowChooser);
-  connect(&op_, &Operator::ChooserGone, chooser_, &FileChooser::Dismiss);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
   connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
     editor_->Insert(text);
@@ -140,7 +138,7 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
+  const bool cover = watched == question_ || watched == password_ || watched == errorHelp_ || watched == errorList_;
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -149,8 +147,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void PanelWindow::MakeKeyboard() {
   keyboard_ = std::make_unique<Keyboard>(*this, *toolArea_, *editor_, session_, op_.Desk());
-  keyboard_->AddCover(chooser_, [this] { chooser_->NameEdit().setFocus(); });
   keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
+  keyboard_->AddCover(password_, [this] { password_->Edit().setFocus(); });
   keyboard_->AddCover(errorHelp_, [this] { errorHelp_->setFocus(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
 }
@@ -208,7 +206,7 @@ void PanelWindow::LayOut() {
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
   const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
-  for (QWidget* widget : std::initializer_list<QWidget*>{chooser_, question_, errorHelp_, errorList_}) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, errorHelp_, errorList_}) {
     widget->setGeometry(cover);
   }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
@@ -222,8 +220,8 @@ void PanelWindow::LayOut() {
   keys_->SetFontPixels(pixels(14));
   zone_->SetFontPixels(pixels(17));
   editor_->SetFontPixels(pixels(16));
-  chooser_->SetFontPixels(pixels(16));
   question_->SetFontPixels(pixels(16));
+  password_->SetFontPixels(pixels(16));
   errorHelp_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
   PlaceErrors();
@@ -261,7 +259,7 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return chooser_->IsOpen() || question_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen();
+  return question_->IsOpen() || password_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {
@@ -312,12 +310,14 @@ void PanelWindow::PressSide(int slot) {
 
 void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (menu != 0) return op_.SendCommand(tool, id);
+  if (const int key = KeyOfItem(id); key != 0) return session_.TypeInto(session_.FrontTool(), key);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
   if (id == kFaultsItem) {
     faultKeys_ = true;
     return ShowBars();
   }
   if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
+  if (ToolOfItem(id) == PNL_TOOL_EXPLORER) return desk_->Browse();
   if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
 }
 
@@ -342,7 +342,8 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
     });
     return;
   }
-  chooser_->Leave();
+  password_->Leave();
+  op_.Files().Leave();
   session_.CloseAll();
   event->accept();
 }

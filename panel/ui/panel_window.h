@@ -10,10 +10,10 @@
 #include <memory>
 #include <optional>
 
+#include "host/file_request.h"
 #include "host/host_session.h"
 #include "host/operator.h"
 #include "remote/panel_face.h"
-#include "ui/file_request.h"
 #include "ui/panel_layout.h"
 
 namespace panel {
@@ -21,11 +21,11 @@ namespace panel {
 class AxisDisplay;
 class ErrorHelpCover;
 class ErrorListCover;
-class FileChooser;
 class Keyboard;
 class MessageZone;
 class ModalLine;
 class OperatorKeys;
+class PasswordBox;
 class ProgramDesk;
 class ProgramEditor;
 class Question;
@@ -67,10 +67,10 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] Readings& ReadingsShown() const { return *readings_; }
   [[nodiscard]] AxisDisplay& Axes() const { return *axes_; }
   [[nodiscard]] ProgramEditor& Editor() const { return *editor_; }
-  [[nodiscard]] FileChooser& Chooser() const { return *chooser_; }
   [[nodiscard]] ErrorHelpCover& ErrorHelpShown() const { return *errorHelp_; }
   [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
+  [[nodiscard]] PasswordBox& Password() const { return *password_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
   [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
@@ -98,7 +98,6 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowMachine();
   void ShowBars();
   void ShowMessages();
-  void ShowChooser();
   void ConnectErrors();
   void ShowErrors();
   /// Hides the covers while the error window is shown, and shows them again afterwards.
@@ -129,8 +128,8 @@ class PanelWindow : public QWidget, public PanelFace {
   MessageZone* zone_;
   SoftKeyBar* mainBar_;
   OperatorKeys* keys_;
-  FileChooser* chooser_;
   Question* question_;
+  PasswordBox* password_;
   ProgramDesk* desk_;
   ErrorHelpCover* errorHelp_;
   ErrorListCover* errorList_;

@@ -2,7 +2,6 @@
 #include <array>
 
 #include "ui/axis_display.h"
-#include "ui/file_chooser.h"
 #include "ui/keyboard.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -64,7 +63,7 @@ void PanelWindow::ShowBars() {
   EnableBars();
   // The menu of a closed tool still exists. A bar shows it only while the tool is open.
   if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
-    mainBar_->ShowMenu(menu);
+    mainBar_->ShowMenu(menu, PanelItemsOf(tool));
   } else {
     mainBar_->ShowItems(faultKeys_ ? PanelFaultItems(op_) : PanelMainItems(session_, op_));
     mainBar_->SetInner(faultKeys_);
@@ -99,19 +98,6 @@ void PanelWindow::ShowMessages() {
                      QColor(hint.warning ? theme::kDark : theme::kText)});
   }
   zone_->Show(std::move(lines));
-}
-
-void PanelWindow::ShowChooser() {
-  const XPLRDATA_ST* request = op_.Request();
-  if (request == nullptr) return;
-  FileRequest asked = RequestFrom(*request);
-  asked.folder = desk_->FolderOrPrograms(asked.folder);
-  chooser_->Ask(
-      asked, [this](const QString& folder, const QString& file) { op_.AcceptFile(folder, file); },
-      [this] {
-        op_.CancelFile();
-        op_.Do(Action::kFocusTool);
-      });
 }
 
 }  // namespace panel

@@ -3,9 +3,9 @@
 // to close, and covers that give way to the error window.
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
+#include "ui/password_box.h"
 #include "ui/question.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
@@ -42,12 +42,11 @@ void PanelWindow::LetErrorsPass() {
   if (shown == errorWindow_) return;
   errorWindow_ = shown;
   if (shown) errorList_->Leave();
+  if (shown) password_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
-  for (QWidget* cover : std::initializer_list<QWidget*>{chooser_, question_}) {
-    const bool open = cover == chooser_ ? chooser_->IsOpen() : question_->IsOpen();
-    if (!open || cover->isVisible() != shown) continue;
-    cover->setVisible(!shown);
-    if (!shown) cover->raise();
+  if (question_->IsOpen() && question_->isVisible() == shown) {
+    question_->setVisible(!shown);
+    if (!shown) question_->raise();
   }
   keyboard_->Restore();
 }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/program_desk.h"
 
-#include <QFileInfo>
 #include <QTextBlock>
 #include <utility>
 
-#include "ui/file_chooser.h"
+#include "common/words.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
 
@@ -27,14 +26,9 @@ Word WordFor(FileOutcome outcome) {
 
 }  // namespace
 
-ProgramDesk::ProgramDesk(ProgramEditor& editor, FileChooser& chooser, Question& question, PathResolver resolve,
+ProgramDesk::ProgramDesk(ProgramEditor& editor, FileAsker& asker, Question& question, PathResolver resolve,
                          QObject* parent)
-    : QObject(parent), editor_(editor), chooser_(chooser), question_(question), resolve_(std::move(resolve)) {}
-
-QString ProgramDesk::FolderOrPrograms(const QString& folder) const {
-  const QString path = folder.isEmpty() ? QString() : resolve_(folder);
-  return !path.isEmpty() && QFileInfo(path).isDir() ? folder : programsFolder_;
-}
+    : QObject(parent), editor_(editor), asker_(asker), question_(question), resolve_(std::move(resolve)) {}
 
 ProgramDesk::~ProgramDesk() { writer_.Finish(); }
 
@@ -58,30 +52,52 @@ void ProgramDesk::DropReading() {
   editor_.SetBusy({});
 }
 
+FileRequest ProgramDesk::RequestFor(const QString& title, quint32 flags) const {
+  FileRequest request;
+  request.title = title;
+  request.folder = path_.isEmpty() ? programsFolder_ : FolderAbove(path_);
+  request.flags = flags;
+  return request;
+}
+
 void ProgramDesk::New() {
   AskToDiscard([this] {
-    DropReading();
-    path_.clear();
-    layout_ = {};
-    editor_.Fill({}, {}, [this] { Rest(); });
-    editor_.setFocus();
+    FileRequest request = RequestFor(Say(Word::kNew), XPLR_CONFIRMOVERWRITE | XPLR_NOREADONLY);
+    request.extension = QStringLiteral("nc");
+    asker_.Ask(
+        request, [this](const QString& folder, const QString& file) { StartNew(JoinPath(folder, file)); }, [] {});
   });
+}
+
+void ProgramDesk::StartNew(const QString& panelPath) {
+  DropReading();
+  path_ = panelPath;
+  stored_ = false;
+  layout_ = {};
+  editor_.Fill({}, panelPath, [this] { Rest(); });
+  editor_.setFocus();
 }
 
 void ProgramDesk::Open() {
   AskToDiscard([this] {
-    FileRequest request;
-    request.title = Say(Word::kOpen);
-    request.folder = path_.isEmpty() ? programsFolder_ : FolderAbove(path_);
-    request.flags = XPLR_MUSTEXIST;
-    chooser_.Ask(
-        request,
+    asker_.Ask(
+        RequestFor(Say(Word::kOpen), XPLR_MUSTEXIST),
         [this](const QString& folder, const QString& file) {
           Load(JoinPath(folder, file));
           editor_.setFocus();
         },
-        [this] { editor_.setFocus(); });
+        [] {});
   });
+}
+
+void ProgramDesk::Browse() {
+  asker_.Ask(
+      RequestFor({}, XPLR_MUSTEXIST),
+      [this](const QString& folder, const QString& file) {
+        editor_.setFocus();
+        AskToDiscard([this, path = JoinPath(folder, file)] { Load(path); });
+      },
+      [] {});
 }
 
 void ProgramDesk::Save() {
@@ -90,19 +106,16 @@ void ProgramDesk::Save() {
 }
 
 void ProgramDesk::SaveAs() {
-  FileRequest request;
-  request.title = Say(Word::kSaveAs);
-  request.folder = path_.isEmpty() ? programsFolder_ : FolderAbove(path_);
+  FileRequest request = RequestFor(Say(Word::kSaveAs), XPLR_CONFIRMOVERWRITE | XPLR_NOREADONLY);
   request.file = path_.section(QLatin1Char('\\'), -1);
   request.extension = QStringLiteral("nc");
-  request.flags = XPLR_CONFIRMOVERWRITE | XPLR_NOREADONLY;
-  chooser_.Ask(
+  asker_.Ask(
       request,
       [this](const QString& folder, const QString& file) {
         Store(JoinPath(folder, file));
         editor_.setFocus();
       },
-      [this] { editor_.setFocus(); });
+      [] {});
 }
 
 void ProgramDesk::Load(const QString& panelPath) {
@@ -119,6 +132,7 @@ void ProgramDesk::OnRead(const QString& panelPath, ProgramText program) {
     return Rest();
   }
   path_ = panelPath;
+  stored_ = true;
   layout_ = std::move(program.layout);
   editor_.Fill(program.text, panelPath, [this, panelPath] {
     emit Said(Say(Word::kOpened, panelPath), false);
@@ -150,6 +164,7 @@ void ProgramDesk::Store(const QString& panelPath) {
 void ProgramDesk::OnWritten(const QString& panelPath, int revision, FileOutcome outcome) {
   if (outcome == FileOutcome::kDone) {
     path_ = panelPath;
+    stored_ = true;
     layout_ = {};
     editor_.SetName(panelPath);
     // Text that was typed while the file was written isn't saved yet.
@@ -167,7 +182,7 @@ void ProgramDesk::Rest() {
 }
 
 std::optional<pnl::rig::ProgramSpot> ProgramDesk::CaretSpot() const {
-  if (path_.isEmpty() || editor_.IsModified() || Working()) return std::nullopt;
+  if (!stored_ || editor_.IsModified() || Working()) return std::nullopt;
   const QTextCursor caret = editor_.Edit().textCursor();
   qint64 position = layout_.markBytes;
   for (QTextBlock block = caret.document()->begin(); block != caret.block(); block = block.next()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// New programs, opening and saving, between the editor, the chooser and the files. Unsaved changes are never dropped
+// New programs, opening and saving, between the editor, the explorer and the files. Unsaved changes are never dropped
 // without asking. Files are read and written in a thread, so that the panel reacts to every key meanwhile.
 #pragma once
 
@@ -10,13 +10,12 @@
 #include <optional>
 #include <vector>
 
+#include "host/file_request.h"
 #include "ui/background.h"
-#include "ui/file_request.h"
 #include "ui/program_file.h"
 
 namespace panel {
 
-class FileChooser;
 class ProgramEditor;
 class Question;
 
@@ -24,17 +23,18 @@ class ProgramDesk : public QObject {
   Q_OBJECT
 
  public:
-  ProgramDesk(ProgramEditor& editor, FileChooser& chooser, Question& question, PathResolver resolve, QObject* parent);
+  ProgramDesk(ProgramEditor& editor, FileAsker& asker, Question& question, PathResolver resolve, QObject* parent);
   /// Waits for a program that is being written.
   ~ProgramDesk() override;
 
   /// Sets the panel folder in which Open and Save As begin.
   void SetProgramsFolder(const QString& folder) { programsFolder_ = folder; }
-  /// Returns folder if it exists, else the programs' folder.
-  [[nodiscard]] QString FolderOrPrograms(const QString& folder) const;
 
+  /// Asks for the new program's name. Its file is made when it's saved.
   void New();
   void Open();
+  /// Shows the files. A file that the operator accepts is opened.
+  void Browse();
   /// Saves to the program's file; asks for a name when it has none.
   void Save();
   void SaveAs();
@@ -62,14 +62,17 @@ class ProgramDesk : public QObject {
   void OnRead(const QString& panelPath, ProgramText program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
+  void StartNew(const QString& panelPath);
+  [[nodiscard]] FileRequest RequestFor(const QString& title, quint32 flags) const;
   /// Calls what waited for the program that was being written.
   void Rest();
   ProgramEditor& editor_;
-  FileChooser& chooser_;
+  FileAsker& asker_;
   Question& question_;
   PathResolver resolve_;
   QString programsFolder_ = QStringLiteral("C:\\PROGRAMS");
   QString path_;
+  bool stored_ = false;  // the program's file is there
   ProgramLayout layout_;
   Background reader_;
   Background writer_;

@@ -38,7 +38,7 @@ std::vector<SoftKeyItem> ReadMenu(std::uint32_t menu) {
     PnlMenuItem item{};
     if (PnlMenuItemAt(menu, i, &item) == 0 || item.visible == 0) continue;
     items.push_back({item.id, FromField(item.text), FromField(item.helper), item.enabled != 0, item.checked != 0,
-                     item.bitmap, item.subMenu});
+                     item.bitmap, item.subMenu, false});
   }
   return items;
 }
@@ -66,7 +66,9 @@ SoftKeyBar::SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence 
   UpdateDisplay();
 }
 
-void SoftKeyBar::ShowMenu(std::uint32_t menu) {
+void SoftKeyBar::ShowMenu(std::uint32_t menu, std::vector<SoftKeyItem> ofPanel) {
+  ofPanel_ = std::move(ofPanel);
+  for (SoftKeyItem& item : ofPanel_) item.ofPanel = true;
   if (Menu() != menu || menus_.empty()) {
     menus_ = {menu};
     page_ = 0;
@@ -99,7 +101,9 @@ void SoftKeyBar::Take(std::vector<SoftKeyItem> items) {
 void SoftKeyBar::Read() {
   // A sub-menu that no longer exists closes.
   while (menus_.size() > 1 && !source_.exists(menus_.back())) menus_.pop_back();
-  Take(source_.read(menus_.back()));
+  auto items = source_.read(menus_.back());
+  if (!InSubMenu()) items.insert(items.end(), ofPanel_.begin(), ofPanel_.end());
+  Take(std::move(items));
 }
 
 int SoftKeyBar::PageCount() const {
@@ -122,7 +126,7 @@ void SoftKeyBar::Press(int slot) {
     UpdateDisplay();
     return;
   }
-  emit Pressed(item->id, Menu());
+  emit Pressed(item->id, item->ofPanel ? 0 : Menu());
 }
 
 void SoftKeyBar::NextPage() {

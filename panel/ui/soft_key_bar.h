@@ -24,6 +24,7 @@ struct SoftKeyItem {
   bool checked = false;
   int bitmap = 0;
   std::uint32_t subMenu = 0;
+  bool ofPanel = false;  // a key of the panel beside a tool's menu
   bool operator==(const SoftKeyItem&) const = default;
 };
 
@@ -45,8 +46,9 @@ class SoftKeyBar : public QWidget {
   /// keyAt returns the key on the keyboard for each slot.
   SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence (*keyAt)(int), QWidget* parent);
 
-  /// Shows a tool's menu. When it is shown already, its page and its open sub-menu stay.
-  void ShowMenu(std::uint32_t menu);
+  /// Shows a tool's menu, and after its items the panel's keys that belong to the tool. When the menu is shown already,
+  /// its page and its open sub-menu stay.
+  void ShowMenu(std::uint32_t menu, std::vector<SoftKeyItem> ofPanel = {});
   /// Shows the panel's own keys.
   void ShowItems(std::vector<SoftKeyItem> items);
   /// Whether the panel's own keys are an inner level. Then the key back, on their first page, emits Left.
@@ -71,7 +73,7 @@ class SoftKeyBar : public QWidget {
   [[nodiscard]] PanelKey* BackKey() const { return back_; }
 
  signals:
-  /// menu is the tool's menu, or 0 for the panel's own keys.
+  /// menu is the tool's menu, or 0 for a key of the panel.
   void Pressed(int id, std::uint32_t menu);
   void Left();
 
@@ -90,6 +92,7 @@ class SoftKeyBar : public QWidget {
   MenuSource source_;
   std::vector<std::uint32_t> menus_;  // the tool's menu and the open sub-menus; empty for the panel's own keys
   std::vector<SoftKeyItem> items_;
+  std::vector<SoftKeyItem> ofPanel_;  // the panel's keys after those of the tool's menu
   int page_ = 0;
   bool inner_ = false;
   std::vector<PanelKey*> keys_;

@@ -104,6 +104,10 @@ void LibraryRig::AnswerBoxes(std::function<std::string(std::string_view style)> 
       [answer = std::move(answer)](const BoxSpec& box) { return AnswerFor(box.style, answer(StyleName(box.style))); });
 }
 
+void LibraryRig::AskPasswords(std::function<bool(std::int32_t type)> ask) {
+  library_.Simulation()->Tables().SetPasswordAsker(std::move(ask));
+}
+
 void LibraryRig::SetSink(rig::EventSink* sink) {
   library_.Simulation()->SetSink(sink);
   QtWindowSystem& windows = library_.Windows();

@@ -22,6 +22,7 @@ class LibraryRig final : public rig::Rig {
   void Advance(std::int64_t milliseconds) override;
   void SetText(std::int32_t id, std::u16string_view text) override;
   void AnswerBoxes(std::function<std::string(std::string_view style)> answer) override;
+  void AskPasswords(std::function<bool(std::int32_t type)> ask) override;
   void SetSink(rig::EventSink* sink) override;
   [[nodiscard]] std::u16string ClipboardText() const override;
   [[nodiscard]] Counts Open() const override;

@@ -75,7 +75,9 @@ int SimTables::TAPI_Tools_GetToolData(std::int32_t number, ToolData& data) {
 }
 
 int SimTables::PSW_ConfirmarAcceso(int type, int second, int third) {
-  const int result = answers_.Take("PSW_ConfirmarAcceso");
+  // Whoever is asked may set another one meanwhile.
+  const auto ask = askPassword_;
+  const int result = ask ? static_cast<int>(ask(type)) : answers_.Take("PSW_ConfirmarAcceso");
   recorder_.Cnc("PSW_ConfirmarAcceso", {Recorded(type), Recorded(second), Recorded(third)}, Recorded(result));
   return result;
 }

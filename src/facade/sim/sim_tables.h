@@ -3,6 +3,7 @@
 // them. Every call of a tool is recorded.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <utility>
@@ -49,6 +50,9 @@ class SimTables final : public ToolTables, public Passwords {
   /// Adds a tool, or replaces the one with that number.
   void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) { tools_[number] = {type, data}; }
 
+  /// Sets who is asked for a password instead of the preset answers; an empty function for them.
+  void SetPasswordAsker(std::function<bool(std::int32_t type)> ask) { askPassword_ = std::move(ask); }
+
   ZCPlcMsgTable* Connect() override { return messages_.Connect(); }
   std::vector<std::int32_t> TAPI_Tools_GetList(std::int32_t type) override;
   int TAPI_Tools_GetToolData(std::int32_t number, ToolData& data) override;
@@ -63,6 +67,7 @@ class SimTables final : public ToolTables, public Passwords {
   SimAnswers& answers_;
   SimPlcMessages messages_;
   std::map<std::int32_t, Tool> tools_;
+  std::function<bool(std::int32_t type)> askPassword_;
 };
 
 }  // namespace pnl::sim

@@ -41,6 +41,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
   [[nodiscard]] ToolTables& Tapi() override { return tables_; }
   [[nodiscard]] Utilities& Util() override { return utilities_; }
   [[nodiscard]] Passwords& Psw() override { return tables_; }
+  [[nodiscard]] SimTables& Tables() { return tables_; }
 
   // rig::CncControl
   void Define(std::u16string_view name, rig::VariableType type, const rig::Value& value, bool readable,

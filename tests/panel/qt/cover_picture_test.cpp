@@ -17,8 +17,8 @@
 #include "support/widget_probe.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/panel_key.h"
+#include "ui/password_box.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
 
@@ -170,124 +170,87 @@ TEST_F(CoverTest, TabMovesAmongWhatIsSeenAndEnabled) {
   EXPECT_FALSE(next(true));
 }
 
-TEST_F(CoverTest, TheChooserHasItsListAtTheLeftAndItsKeysAtTheRight) {
-  FileChooser chooser(Resolver(), &window_);
-  Show(chooser);
-  chooser.show();
-  const auto expectPlaces = [&chooser](const QRect& list, const QRect& name, const QRect& up, const QRect& ok,
-                                       const QRect& cancel) {
-    EXPECT_EQ(chooser.List().geometry(), list);
-    EXPECT_EQ(chooser.NameEdit().geometry(), name);
-    EXPECT_EQ(chooser.Keys()[0]->geometry(), up);
-    EXPECT_EQ(chooser.Keys()[1]->geometry(), ok);
-    EXPECT_EQ(chooser.Keys()[2]->geometry(), cancel);
-    EXPECT_EQ(chooser.Confirm().geometry(), chooser.rect());
+TEST_F(CoverTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
+  PasswordBox box(&window_);
+  Show(box);
+  const auto expectPlaces = [&box](const QRect& line, const QRect& seven, const QRect& nine, const QRect& close,
+                                   const QRect& ok, const QRect& back) {
+    EXPECT_EQ(box.Edit().geometry(), line);
+    EXPECT_EQ(box.Keys()[7]->geometry(), seven);
+    EXPECT_EQ(box.Keys()[9]->geometry(), nine);
+    EXPECT_EQ(box.Keys()[12]->geometry(), close);
+    EXPECT_EQ(box.Keys()[11]->geometry(), ok);
+    EXPECT_EQ(box.Keys()[10]->geometry(), back);
   };
-  expectPlaces({10, 40, 450, 350}, {470, 64, 320, 48}, {470, 284, 320, 48}, {635, 342, 155, 48}, {470, 342, 155, 48});
-  chooser.SetFontPixels(20);
-  expectPlaces({10, 50, 450, 340}, {470, 80, 320, 60}, {470, 260, 320, 60}, {635, 330, 155, 60}, {470, 330, 155, 60});
-  for (PanelKey* key : chooser.Keys()) {
-    EXPECT_THAT(StrokesOf(*key), ::testing::Contains(::testing::HasSubstr(" 20 px"))) << key->text().toStdString();
+  box.SetFontPixels(16);
+  expectPlaces({224, 80, 292, 52}, {224, 140, 112, 52}, {464, 140, 112, 52}, {224, 320, 112, 52}, {464, 320, 112, 52},
+               {524, 80, 52, 52});
+  EXPECT_EQ(box.Edit().font().pixelSize(), 24);
+  EXPECT_EQ(box.Edit().echoMode(), QLineEdit::Password);
+  for (PanelKey* key : box.Keys()) {
+    EXPECT_FALSE(key->accessibleName().isEmpty());
+    EXPECT_GE(std::min(key->width(), key->height()), theme::TouchPixels(box));
   }
-  chooser.resize(201, 400);
-  QCoreApplication::processEvents();
-  expectPlaces({10, 50, 51, 340}, {71, 80, 120, 60}, {71, 260, 120, 60}, {136, 330, 55, 60}, {71, 330, 55, 60});
-  EXPECT_EQ(chooser.List().font(), Font(20));
-  EXPECT_EQ(chooser.List().iconSize(), QSize(30, 30));
-  EXPECT_EQ(chooser.NameEdit().font().pixelSize(), 22);
 }
 
-TEST_F(CoverTest, TheChooserSaysWhatIsAskedWhereAndWhatIsWrong) {
-  folder_.Write("P/old.nc", "x");
-  FileChooser chooser(Resolver(), &window_);
-  Show(chooser);
-  FileRequest request;
-  request.folder = "C:\\P";
-  request.flags = XPLR_MUSTEXIST;
-  chooser.Ask(request, {}, {});
-  chooser.NameEdit().setText("none");
-  chooser.Accept();
-  const QString problem = Say(Word::kFileMissing);
-  ASSERT_EQ(chooser.Problem(), problem);
-  const auto expected = [&](bool empty) {
-    return Pictured([&, empty](Picture& picture) {
-      picture.Fill({0, 0, 800, 400}, theme::kBackground)
-          .Field({0, 0, 800, 400}, theme::kBackground, theme::kAccent, 8)
-          .Left({12, 0, 388, 40}, Say(Word::kChooseFile), Font(18, true), theme::kText)
-          .Text({400, 0, 388, 40}, Qt::AlignRight | Qt::AlignVCenter, empty ? "C:\\P\\sub" : "C:\\P",
-                theme::MonoFont(16), QColor(theme::kAccent), Qt::ElideMiddle)
-          .Text({470, 39, 320, 23}, Qt::AlignLeft | Qt::AlignBottom, Say(Word::kFileName), Font(14),
-                QColor(theme::kMuted));
-      if (!empty) {
-        picture.Paragraph({470, 115, 320, 165}, Qt::AlignLeft | Qt::AlignTop, problem, Font(16), QColor(theme::kAmber));
-      } else {
-        picture.Middle({10, 40, 450, 350}, Say(Word::kEmptyFolder), Font(16), QColor(theme::kMuted));
-      }
-    });
-  };
-  EXPECT_EQ(StrokesOf(chooser), expected(false));
-  RepaintCount count(chooser);
-  EXPECT_TRUE(count.After([&] { emit chooser.NameEdit().textEdited("x"); }));
-  EXPECT_EQ(chooser.Problem(), "") << "whoever types another name is not told of the old one";
-  (void)folder_.Folder("P/sub");
-  EXPECT_TRUE(count.After([&] { chooser.Enter("C:\\P\\sub"); }));
-  EXPECT_EQ(StrokesOf(chooser), expected(true));
-  EXPECT_EQ(chooser.List().accessibleName(), Say(Word::kEmptyFolder));
+TEST_F(CoverTest, ThePasswordBoxSaysThatAPasswordWasWrongUntilAnotherIsTyped) {
+  PasswordBox box(&window_);
+  Show(box);
+  box.show();
+  const auto texts = [&box] { return TextsOf(box); };
+  EXPECT_TRUE(texts().contains(Say(Word::kPassword)));
+  EXPECT_TRUE(texts().contains(Say(Word::kDemoPasswordIs, kDemoPassword)));
+  box.Edit().setText("2222");
+  RepaintCount count(box);
+  EXPECT_TRUE(count.After([&] { box.Enter(); }));
+  EXPECT_TRUE(texts().contains(Say(Word::kWrongPassword)));
+  EXPECT_EQ(box.Edit().text(), "");
+  EXPECT_TRUE(count.After([&] { emit box.Edit().textEdited("1"); }));
+  EXPECT_FALSE(texts().contains(Say(Word::kWrongPassword)));
 }
 
-TEST_F(CoverTest, ALongFolderLeavesItsMiddleOut) {
-  FileChooser chooser(Resolver(), &window_);
-  Show(chooser);
-  FileRequest request;
-  chooser.Ask(request, {}, {});
-  chooser.Enter("C:\\" + QString("FOLDER\\").repeated(40) + "END");
-  EXPECT_EQ(chooser.Problem(), Say(Word::kFolderMissing));
-  const QString shown = TextsOf(chooser).filter("FOLDER").value(0);
-  EXPECT_TRUE(shown.startsWith("C:\\") && shown.endsWith("END")) << shown.toStdString();
+/// What a box answers when act is done while it is open.
+bool AnswerTo(PasswordBox& box, const std::function<void()>& act) {
+  QMetaObject::invokeMethod(&box, act, Qt::QueuedConnection);
+  return box.Ask();
 }
 
-TEST_F(CoverTest, TheChoosersPartsAreMadeForAFinger) {
-  FileChooser chooser(Resolver(), &window_);
-  EXPECT_FALSE(chooser.isVisibleTo(&window_));
-  const auto keys = chooser.Keys();
-  EXPECT_EQ(keys[0]->text(), Say(Word::kFolderUp));
-  EXPECT_EQ(keys[0]->Arrow(), Qt::UpArrow);
-  EXPECT_EQ(keys[1]->text(), Say(Word::kOk));
-  EXPECT_EQ(keys[1]->Fill(), QColor(theme::kGreen));
-  EXPECT_EQ(keys[2]->text(), Say(Word::kCancel));
-  EXPECT_EQ(chooser.NameEdit().maxLength(), 255);
-  EXPECT_EQ(chooser.NameEdit().accessibleName(), Say(Word::kFileName));
-  EXPECT_EQ(chooser.List().horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-  EXPECT_EQ(chooser.List().verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
-  EXPECT_EQ(chooser.List().textElideMode(), Qt::ElideMiddle);
-  EXPECT_EQ(chooser.List().frameShape(), QFrame::NoFrame);
-  EXPECT_TRUE(chooser.List().uniformItemSizes());
+TEST_F(CoverTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) {
+  PasswordBox box(&window_);
+  Show(box);
+  EXPECT_FALSE(box.isVisibleTo(&window_));
+  EXPECT_TRUE(AnswerTo(box, [&box] {
+    EXPECT_TRUE(box.isVisible() && box.Edit().hasFocus());
+    EXPECT_FALSE(box.Ask()) << "it is open already";
+    for (int i = 0; i < 4; ++i) box.Keys()[1]->click();
+    box.Keys()[2]->click();
+    box.Keys()[10]->click();
+    EXPECT_EQ(box.Edit().text(), "1111");
+    box.Keys()[11]->click();
+  }));
+  EXPECT_FALSE(box.isVisible());
+  EXPECT_FALSE(box.IsOpen());
+  EXPECT_EQ(box.Edit().text(), "") << "nothing of it is kept";
+  EXPECT_TRUE(AnswerTo(box, [&box] {
+    EXPECT_FALSE(box.WasWrong());
+    box.Edit().setText("9999");
+    Press(box.Edit(), Qt::Key_Return);
+    EXPECT_TRUE(box.WasWrong());
+    box.Edit().setText(kDemoPassword);
+    Press(box.Edit(), Qt::Key_Return);
+  }));
+  EXPECT_FALSE(AnswerTo(box, [&box] { box.Keys()[12]->click(); }));
+  EXPECT_FALSE(AnswerTo(box, [&box] { EXPECT_TRUE(Press(box, Qt::Key_Escape)); }));
+  EXPECT_FALSE(AnswerTo(box, [&box] {
+    EXPECT_TRUE(Press(box, Qt::Key_F9)) << "no key reaches what is under it";
+    box.Leave();
+  }));
 }
 
-TEST_F(CoverTest, AFolderAndAFileHaveTheirPictures) {
-  folder_.Write("P/old.nc", "x");
-  (void)folder_.Folder("P/sub");
-  FileChooser chooser(Resolver(), &window_);
-  FileRequest request;
-  request.folder = "C:\\P";
-  chooser.Ask(request, {}, {});
-  const auto pixel = [&chooser](int row, int x, int y) {
-    return chooser.List().item(row)->icon().pixmap(32, 32).toImage().pixelColor(x, y);
-  };
-  const QColor amber(theme::kAmber);
-  const QColor muted(theme::kMuted);
-  for (const QPoint& at : {QPoint(3, 8), QPoint(15, 8), QPoint(2, 15), QPoint(29, 15), QPoint(16, 26), QPoint(16, 9)}) {
-    EXPECT_EQ(pixel(0, at.x(), at.y()), amber) << at.x() << "," << at.y();
-  }
-  for (const QPoint& at : {QPoint(1, 15), QPoint(30, 15), QPoint(16, 27), QPoint(9, 5), QPoint(17, 8)}) {
-    EXPECT_EQ(pixel(0, at.x(), at.y()).alpha(), 0) << at.x() << "," << at.y();
-  }
-  for (const QPoint& at : {QPoint(7, 3), QPoint(7, 28), QPoint(25, 28), QPoint(19, 3), QPoint(25, 10)}) {
-    EXPECT_EQ(pixel(1, at.x(), at.y()), muted) << at.x() << "," << at.y();
-  }
-  for (const QPoint& at : {QPoint(6, 15), QPoint(26, 15), QPoint(15, 2), QPoint(15, 29), QPoint(24, 5)}) {
-    EXPECT_EQ(pixel(1, at.x(), at.y()).alpha(), 0) << at.x() << "," << at.y();
-  }
+TEST_F(CoverTest, APasswordBoxThatGoesWhileItAsksHasNotGotThePassword) {
+  auto* box = new PasswordBox(&window_);
+  Show(*box);
+  EXPECT_FALSE(AnswerTo(*box, [box] { delete box; }));
 }
 
 class HelpTest : public CoverTest {

@@ -6,8 +6,8 @@
 
 #include <QFile>
 
+#include "host/file_request.h"
 #include "support/temp_folder.h"
-#include "ui/file_request.h"
 
 namespace panel {
 

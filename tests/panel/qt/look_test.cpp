@@ -12,7 +12,6 @@
 #include "ui/error_help.h"
 #include "ui/error_indicator.h"
 #include "ui/error_list_model.h"
-#include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"

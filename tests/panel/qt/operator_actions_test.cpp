@@ -121,7 +121,7 @@ TEST_F(HostFixture, WithoutAMachineTheKeysSaySo) {
   EXPECT_EQ(lone.Mode(), Word::kAutomatic);
   EXPECT_TRUE(lone.Errors().empty());
   EXPECT_EQ(lone.Desk().Standing(), 0);
-  EXPECT_EQ(lone.Request(), nullptr);
+  EXPECT_EQ(lone.Files().Record(), nullptr);
   lone.Do(Action::kHelp);
   EXPECT_EQ(lone.CurrentHint().text, Say(Word::kNoHelpHere));
   lone.Do(Action::kCycleStart);
@@ -164,17 +164,6 @@ TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
   op.Do(Action::kHelp);
   EXPECT_EQ(rig.watches.size(), before);
   EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
-}
-
-TEST_F(HostFixture, ARequestThatEndsIsToldAsAChange) {
-  XPLRDATA_ST record{};
-  const int number = PnlPublishRecord(&record);
-  rig.variables[u"E.XPLRDATA"] = std::int64_t{number};
-  Call(8);
-  Settle();
-  Call(10);
-  EXPECT_EQ(Settle(), 1);
-  PnlWithdrawRecord(number);
 }
 
 TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
@@ -336,77 +325,23 @@ TEST_F(HostFixture, AResultThatIsNoNumberIsRefused) {
 
 TEST_F(HostFixture, EachCallbackLeadsToItsOwnWishAlone) {
   QStringList wishes;
-  QObject::connect(&op, &Operator::ChooserWanted, [&] { wishes << "chooser"; });
-  QObject::connect(&op, &Operator::ChooserGone, [&] { wishes << "gone"; });
   QObject::connect(&op, &Operator::InsertBlockWanted, [&](const QString& text) { wishes << "block " + text; });
   QObject::connect(&op, &Operator::KeyForwarded, [&](int key) { wishes << QString("key %1").arg(key); });
-  XPLRDATA_ST record{};
-  const int number = PnlPublishRecord(&record);
-  rig.variables[u"E.XPLRDATA"] = std::int64_t{number};
   const auto wish = [&](int slot, const QVariantList& args = {}) {
     Call(slot, args);
     Settle();
     return std::exchange(wishes, {});
   };
-  EXPECT_EQ(wish(8), QStringList{"chooser"});
-  EXPECT_EQ(wish(10), QStringList{"gone"});
-  EXPECT_EQ(wish(10), QStringList()) << "nobody waits any more";
-  EXPECT_EQ(wish(8), QStringList{"chooser"});
-  EXPECT_EQ(wish(11), QStringList{"gone"});
-  EXPECT_EQ(wish(8), QStringList{"chooser"});
-  EXPECT_EQ(wish(2, {PNL_TOOL_MDI, PNL_CLOSED}), QStringList());
-  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED_ACCEPTED}), QStringList());
-  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED}), QStringList{"gone"});
-  EXPECT_EQ(wish(2, {PNL_TOOL_EXPLORER, PNL_CLOSED}), QStringList());
   EXPECT_EQ(wish(12), QStringList{"block G0 X1"});
   EXPECT_EQ(wish(15, {27, 1}), QStringList{"key 27"});
   EXPECT_EQ(wish(0, {0}) + wish(3) + wish(4) + wish(5) + wish(6) + wish(7), QStringList());
   EXPECT_EQ(Hint(), "");
-  PnlWithdrawRecord(number);
-  EXPECT_EQ(wish(8), QStringList{"gone"}) << "a request that is withdrawn is cancelled";
-  EXPECT_EQ(Hint(), Warning(Word::kNoRequest));
+  EXPECT_EQ(wish(8), QStringList());
+  EXPECT_EQ(Hint(), Warning(Word::kNoRequest)) << "a request without a record";
   EXPECT_EQ(wish(18), QStringList());
   EXPECT_EQ(Hint(), Warning(Word::kMachiningMissing));
   session.SetReacting(false);
   for (int slot = 0; slot < kSlotCount; ++slot) EXPECT_EQ(wish(slot, {27, 2}), QStringList()) << slot;
-}
-
-TEST_F(HostFixture, AFileIsWrittenIntoTheRecordAndSavingItIsSaid) {
-  const pnl::test::TempFolder temp;
-  temp.Write("A.NC", "old");
-  rig.file = (temp.Path() / "A.NC").string();
-  XPLRDATA_ST record{};
-  std::fill(std::begin(record.File), std::end(record.File), u'z');
-  rig.variables[u"E.XPLRDATA"] = std::int64_t{PnlPublishRecord(&record)};
-  bool saves = false;
-  // The asker does its work while it hears the answer.
-  QObject::connect(&op, &Operator::ChooserGone, [&] {
-    if (!saves) return;
-    std::filesystem::remove(temp.Path() / "A.NC");
-    temp.Write("B.NC", "keeps the old number taken");
-    temp.Write("A.NC", "new");
-  });
-  Call(8);
-  EXPECT_TRUE(op.AcceptFile("C:\\P", "A.NC"));
-  EXPECT_EQ(QString::fromUtf16(record.Path), "C:\\P");
-  EXPECT_EQ(QString::fromUtf16(record.File), "A.NC");
-  EXPECT_EQ(record.File[255], u'\0');
-  EXPECT_EQ(rig.hostPathAsked, "'C:\\P\\A.NC'");
-  EXPECT_EQ(Hint(), "") << "nothing was saved";
-  saves = true;
-  Call(8);
-  EXPECT_TRUE(op.AcceptFile("C:\\", "A.NC"));
-  EXPECT_EQ(rig.hostPathAsked, "'C:\\A.NC'");
-  EXPECT_EQ(Hint(), Say(Word::kSaved, "C:\\A.NC"));
-  op.SetHint("");
-  rig.file = (temp.Path() / "NONE.NC").string();
-  Call(8);
-  EXPECT_TRUE(op.AcceptFile("C:\\", "NONE.NC"));
-  EXPECT_EQ(Hint(), "");
-  PnlWithdrawRecord(static_cast<int>(std::get<std::int64_t>(rig.variables[u"E.XPLRDATA"])));
-  Call(8);
-  EXPECT_FALSE(op.AcceptFile("C:\\", "A.NC"));
-  EXPECT_EQ(Hint(), Warning(Word::kNoRequest));
 }
 
 using Fate = pnl::rig::CncControl::ErrorFate;

@@ -6,10 +6,10 @@
 #include <QCoreApplication>
 #include <QTextBlock>
 
+#include "common/words.h"
 #include "panel/qt/files_fixture.h"
 #include "remote/settle.h"
 #include "support/text_catcher.h"
-#include "ui/file_chooser.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
 
@@ -18,9 +18,36 @@ namespace {
 
 constexpr int kPatience = 60'000;
 
+/// Keeps what is asked until the test answers it.
+class KeptRequest : public FileAsker {
+ public:
+  void Ask(const FileRequest& request, Accepted accepted, Left left) override {
+    Leave();
+    asked = request;
+    accepted_ = std::move(accepted);
+    left_ = std::move(left);
+  }
+  [[nodiscard]] bool IsOpen() const { return static_cast<bool>(accepted_); }
+  void Accept(const QString& folder, const QString& file) {
+    left_ = nullptr;
+    if (const auto accepted = std::exchange(accepted_, nullptr)) accepted(folder, file);
+  }
+  void Leave() {
+    accepted_ = nullptr;
+    if (const auto left = std::exchange(left_, nullptr)) left();
+  }
+
+  FileRequest asked;
+
+ private:
+  Accepted accepted_;
+  Left left_;
+};
+
 class DeskTest : public FilesTest {
  protected:
-  DeskTest() : editor_(&window_), chooser_(Resolver(), &window_), question_(&window_), desk_(MakeDesk()) {
+  DeskTest() : editor_(&window_), question_(&window_), other_(&window_), desk_(MakeDesk()) {
+    other_.setFocusPolicy(Qt::StrongFocus);
     UseWords("en");
     folder_.Write("PROGRAMS/a.nc", "G0 X1\n");
     Listen();
@@ -29,7 +56,7 @@ class DeskTest : public FilesTest {
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   }
   std::unique_ptr<ProgramDesk> MakeDesk() {
-    return std::make_unique<ProgramDesk>(editor_, chooser_, question_, Resolver(), nullptr);
+    return std::make_unique<ProgramDesk>(editor_, asker_, question_, Resolver(), nullptr);
   }
   void Listen() {
     QObject::connect(desk_.get(), &ProgramDesk::Said, desk_.get(),
@@ -50,18 +77,18 @@ class DeskTest : public FilesTest {
 
   QWidget window_;
   ProgramEditor editor_;
-  FileChooser chooser_;
+  KeptRequest asker_;
   Question question_;
+  QWidget other_;  // somebody else who may have the keyboard
   std::unique_ptr<ProgramDesk> desk_;
   QStringList said_;
 };
 
 TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
   desk_->Open();
-  ASSERT_TRUE(chooser_.IsOpen());
-  EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
-  chooser_.NameEdit().setText("a.nc");
-  chooser_.Accept();
+  ASSERT_TRUE(asker_.IsOpen());
+  EXPECT_EQ(asker_.asked.folder, "C:\\PROGRAMS");
+  asker_.Accept("C:\\PROGRAMS", "a.nc");
   Rest();
   EXPECT_EQ(editor_.Text(), "G0 X1\n");
   EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\a.nc");
@@ -75,71 +102,76 @@ TEST_F(DeskTest, AProgramIsOpenedChangedAndSaved) {
   EXPECT_EQ(said_, (QStringList{"Opened: C:\\PROGRAMS\\a.nc", "Saved: C:\\PROGRAMS\\a.nc"}));
 }
 
-TEST_F(DeskTest, ANewProgramIsAskedForItsName) {
+TEST_F(DeskTest, AProgramWithoutAFileIsAskedForItsName) {
   editor_.Insert("M30\n");
   desk_->Save();
-  ASSERT_TRUE(chooser_.IsOpen());
-  chooser_.NameEdit().setText("b");
-  chooser_.Accept();
+  ASSERT_TRUE(asker_.IsOpen());
+  asker_.Accept("C:\\PROGRAMS", "b.nc");
   Rest();
   EXPECT_EQ(folder_.Read("PROGRAMS/b.nc"), "M30\r\n");
   EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\b.nc");
   EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\b.nc");
 }
 
-TEST_F(DeskTest, OpenTakesOnlyWhatIsThereAndSaveAsNamesWhatItReplaces) {
-  desk_->Open();
-  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kOpen));
-  chooser_.NameEdit().setText("none.nc");
-  chooser_.Accept();
-  EXPECT_EQ(chooser_.Problem(), Say(Word::kFileMissing));
-  chooser_.Leave();
-  EXPECT_TRUE(editor_.Edit().hasFocus());
-  Load("PROGRAMS\\a.nc");
-  folder_.Write("PROGRAMS/locked.nc", "x");
-  Protect("PROGRAMS/locked.nc");
-  desk_->SaveAs();
-  EXPECT_EQ(chooser_.accessibleName(), Say(Word::kSaveAs));
-  EXPECT_EQ(chooser_.NameEdit().text(), "a.nc");
-  EXPECT_EQ(chooser_.Folder(), "C:\\PROGRAMS");
-  chooser_.NameEdit().setText("locked");
-  chooser_.Accept();
-  EXPECT_EQ(chooser_.Problem(), Say(Word::kFileReadOnly));
-  chooser_.NameEdit().setText("a");
-  chooser_.Accept();
-  EXPECT_TRUE(chooser_.Confirm().IsOpen()) << "it is there, and would be replaced";
-  chooser_.Confirm().Answer(0);
-  Rest();
-  EXPECT_EQ(said_.last(), "Saved: C:\\PROGRAMS\\a.nc");
-  EXPECT_TRUE(editor_.Edit().hasFocus());
-  desk_->SaveAs();
-  chooser_.Leave();
-  EXPECT_TRUE(editor_.Edit().hasFocus());
-}
-
-TEST_F(DeskTest, TheChooserBeginsWhereTheProgramIs) {
+TEST_F(DeskTest, EachRequestHasItsFlagsItsTitleAndWhereItBegins) {
   folder_.Write("OTHER/b.nc", "G0");
-  Load("OTHER\\b.nc");
-  desk_->Open();
-  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
-  chooser_.Leave();
-  desk_->SaveAs();
-  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
-  chooser_.Leave();
-  desk_->New();
-  EXPECT_EQ(desk_->Path(), "");
-  desk_->SetProgramsFolder("C:\\OTHER");
-  desk_->SaveAs();
-  EXPECT_EQ(chooser_.Folder(), "C:\\OTHER");
-  EXPECT_EQ(chooser_.NameEdit().text(), "");
+  constexpr quint32 kWrites = XPLR_CONFIRMOVERWRITE | XPLR_NOREADONLY;
+  const struct {
+    void (ProgramDesk::*ask)();
+    QString title;
+    quint32 flags;
+    const char* file;
+    const char* extension;
+  } rows[] = {{&ProgramDesk::Open, Say(Word::kOpen), XPLR_MUSTEXIST, "", ""},
+              {&ProgramDesk::Browse, "", XPLR_MUSTEXIST, "", ""},
+              {&ProgramDesk::SaveAs, Say(Word::kSaveAs), kWrites, "b.nc", "nc"},
+              {&ProgramDesk::New, Say(Word::kNew), kWrites, "", "nc"}};
+  desk_->SetProgramsFolder("C:\\HOME");
+  for (const bool loaded : {false, true}) {
+    if (loaded) Load("OTHER\\b.nc");
+    for (const auto& row : rows) {
+      (desk_.get()->*row.ask)();
+      ASSERT_TRUE(asker_.IsOpen());
+      EXPECT_EQ(asker_.asked.title, row.title);
+      EXPECT_EQ(asker_.asked.flags, row.flags);
+      EXPECT_EQ(asker_.asked.folder, loaded ? "C:\\OTHER" : "C:\\HOME");
+      EXPECT_EQ(asker_.asked.file, loaded ? row.file : "");
+      EXPECT_EQ(asker_.asked.extension, row.extension);
+      EXPECT_EQ(asker_.asked.filter, "*");
+      asker_.Leave();
+    }
+  }
 }
 
-TEST_F(DeskTest, AFolderThatIsNotThereGivesWayToThePrograms) {
-  (void)folder_.Folder("OTHER");
-  EXPECT_EQ(desk_->FolderOrPrograms("C:\\OTHER"), "C:\\OTHER");
-  EXPECT_EQ(desk_->FolderOrPrograms("C:\\NONE"), "C:\\PROGRAMS");
-  EXPECT_EQ(desk_->FolderOrPrograms("X:\\"), "C:\\PROGRAMS");
-  EXPECT_EQ(desk_->FolderOrPrograms(""), "C:\\PROGRAMS");
+TEST_F(DeskTest, AProgramThatHasItsFileHasTheKeyboard) {
+  for (const auto ask : {&ProgramDesk::Open, &ProgramDesk::SaveAs, &ProgramDesk::New, &ProgramDesk::Browse}) {
+    for (const bool accepted : {true, false}) {
+      other_.setFocus();
+      (desk_.get()->*ask)();
+      if (accepted) {
+        asker_.Accept("C:\\PROGRAMS", "a.nc");
+      } else {
+        asker_.Leave();
+      }
+      EXPECT_EQ(editor_.Edit().hasFocus(), accepted) << "whoever asked knows where he was";
+      Rest();
+    }
+  }
+}
+
+TEST_F(DeskTest, AFileThatIsAcceptedAmongTheFilesIsOpened) {
+  desk_->Browse();
+  asker_.Accept("C:\\PROGRAMS", "a.nc");
+  Rest();
+  EXPECT_EQ(editor_.Text(), "G0 X1\n");
+  editor_.Insert("(mine)");
+  desk_->Browse();
+  EXPECT_FALSE(question_.IsOpen()) << "looking at files loses nothing";
+  asker_.Accept("C:\\PROGRAMS", "a.nc");
+  ASSERT_TRUE(question_.IsOpen());
+  question_.Answer(1);
+  Rest();
+  EXPECT_EQ(editor_.Text(), "(mine)G0 X1\n");
 }
 
 TEST_F(DeskTest, WhyAProgramCannotBeReadIsSaid) {
@@ -161,13 +193,30 @@ TEST_F(DeskTest, AProgramThatCannotBeReadLeavesTheOldOneItsFile) {
   EXPECT_EQ(editor_.Text(), "G0 X1\n");
 }
 
-TEST_F(DeskTest, ANewProgramHasTheKeyboardAndNoFile) {
+TEST_F(DeskTest, ANewProgramHasTheKeyboardAndItsNameButNoFileUntilItIsSaved) {
   Load("PROGRAMS\\a.nc");
-  chooser_.setFocus();
   desk_->New();
+  EXPECT_EQ(editor_.Text(), "G0 X1\n") << "the old one stays until there is a name";
+  asker_.Accept("C:\\PROGRAMS", "n.nc");
   EXPECT_TRUE(editor_.Edit().hasFocus());
-  EXPECT_EQ(editor_.Name(), "");
+  EXPECT_EQ(editor_.Text(), "");
+  EXPECT_EQ(editor_.Name(), "C:\\PROGRAMS\\n.nc");
+  EXPECT_FALSE(editor_.IsModified());
+  EXPECT_FALSE(folder_.Has("PROGRAMS/n.nc"));
   EXPECT_FALSE(desk_->CaretSpot());
+  editor_.Insert("M2\n");
+  desk_->Save();
+  Rest();
+  EXPECT_FALSE(asker_.IsOpen()) << "the name was asked for already";
+  EXPECT_EQ(folder_.Read("PROGRAMS/n.nc"), "M2\r\n");
+}
+
+TEST_F(DeskTest, ANewProgramThatIsLeftWithoutANameChangesNothing) {
+  Load("PROGRAMS\\a.nc");
+  desk_->New();
+  asker_.Leave();
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\a.nc");
+  EXPECT_EQ(editor_.Text(), "G0 X1\n");
 }
 
 TEST_F(DeskTest, TheHeadSaysWhatIsOnItsWay) {
@@ -230,6 +279,8 @@ TEST_F(DeskTest, ChangesAreNotDroppedWithoutAsking) {
   EXPECT_EQ(editor_.Text(), "G1");
   desk_->New();
   question_.Answer(0);
+  EXPECT_EQ(editor_.Text(), "G1") << "not before the new one has its name";
+  asker_.Accept("C:\\PROGRAMS", "n.nc");
   EXPECT_EQ(editor_.Text(), "");
   EXPECT_FALSE(editor_.IsModified());
 }
@@ -270,10 +321,11 @@ TEST_F(DeskTest, NothingCanBeTypedIntoAProgramOnItsWay) {
 TEST_F(DeskTest, ANewProgramTakesThePlaceOfOneOnItsWay) {
   desk_->Load("C:\\PROGRAMS\\a.nc");
   desk_->New();
+  asker_.Accept("C:\\PROGRAMS", "n.nc");
   Rest();
   for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   EXPECT_EQ(editor_.Text(), "");
-  EXPECT_EQ(desk_->Path(), "");
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\n.nc");
   EXPECT_FALSE(editor_.Edit().isReadOnly());
   EXPECT_TRUE(said_.isEmpty()) << said_.join('|').toStdString();
 }
@@ -313,9 +365,10 @@ TEST_F(DeskTest, WhoDiscardsWhileAProgramIsWrittenIsNotAskedForIt) {
   desk_->Store("C:\\c.nc");
   desk_->New();
   EXPECT_EQ(editor_.Text(), "G1\n") << "not before it is written";
+  EXPECT_FALSE(asker_.IsOpen());
   Rest();
   EXPECT_FALSE(question_.IsOpen());
-  EXPECT_EQ(editor_.Text(), "");
+  EXPECT_TRUE(asker_.IsOpen());
   EXPECT_EQ(folder_.Read("c.nc"), "G1\r\n");
 }
 

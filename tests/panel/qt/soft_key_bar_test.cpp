@@ -54,6 +54,23 @@ TEST_F(SoftKeyBarTest, APressTellsItemAndMenu) {
   EXPECT_EQ(presses_[0], std::make_pair(32772, 7u));
 }
 
+TEST_F(SoftKeyBarTest, ThePanelsKeysComeAfterThoseOfTheToolAndAreTheirOwn) {
+  menus_[7] = {Item(1, "A"), Item(2, "More")};
+  menus_[7][1].subMenu = 8;
+  menus_[8] = {Item(3, "B")};
+  bar_.ShowMenu(7, {Item(1, "OK")});
+  EXPECT_EQ(bar_.Key(2)->text(), "OK");
+  bar_.Press(2);
+  bar_.Press(0);
+  EXPECT_EQ(presses_, (std::vector<std::pair<int, std::uint32_t>>{{1, 0u}, {1, 7u}}));
+  bar_.Press(1);
+  EXPECT_EQ(bar_.Items().size(), 1u) << "not in a sub-menu";
+  bar_.Back();
+  EXPECT_EQ(bar_.Key(2)->text(), "OK");
+  bar_.ShowMenu(7);
+  EXPECT_EQ(bar_.Items().size(), 2u);
+}
+
 TEST_F(SoftKeyBarTest, ADisabledOrEmptyKeyDoesNothing) {
   menus_[7] = {Item(1, "A")};
   menus_[7][0].enabled = false;

@@ -136,6 +136,7 @@ class WrittenRig : public pnl::rig::Rig, public pnl::rig::CncControl, public pnl
   void Advance(std::int64_t milliseconds) override { Write("Advance", milliseconds); }
   void SetText(std::int32_t id, std::u16string_view text) override { Write("SetText", id, Text(text)); }
   void AnswerBoxes(std::function<std::string(std::string_view)>) override {}
+  void AskPasswords(std::function<bool(std::int32_t)>) override {}
   void SetSink(pnl::rig::EventSink*) override {}
   std::u16string ClipboardText() const override { return u"G0 X1"; }
   Counts Open() const override { return {}; }

@@ -11,7 +11,6 @@
 #include "support/event_wait.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"

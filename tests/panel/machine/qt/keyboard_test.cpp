@@ -8,7 +8,6 @@
 #include "panel/machine/qt/panel_fixture.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/keyboard.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
@@ -190,6 +189,8 @@ TEST_F(KeyboardTest, AProgramUnderTheListGetsNoKeys) {
   // The shortcut for a new program led into the editor, which the list covers whole.
   OpenListAtSecond();
   Do(Action::kNewProgram);
+  ASSERT_TRUE(ExplorerShown());
+  AcceptName("NO_KEYS.NC");
   EXPECT_TRUE(Has(MdaList()));
   session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
   Settle();
@@ -280,14 +281,27 @@ TEST_F(KeyboardTest, TheSoftKeysLiveAfterAQuestionWasAnswered) {
   EXPECT_TRUE(window_->SideBar().isEnabled());
 }
 
-TEST_F(KeyboardTest, TheSoftKeysLiveAfterAChooserThatWentUnseen) {
+TEST_F(KeyboardTest, TheSoftKeysLiveAfterAnExplorerThatWentUnseen) {
   Do(Action::kOpenProgram);
-  ASSERT_TRUE(window_->Chooser().IsOpen());
+  ASSERT_TRUE(ExplorerShown());
   Raise(Fault::kDriveFault);
-  ASSERT_FALSE(window_->Chooser().isVisible());
-  window_->Chooser().Dismiss();
+  op_->Files().Leave();
+  Settle();
   Key(Qt::Key_Escape);
   EXPECT_TRUE(window_->MainBar().isEnabled());
+}
+
+TEST_F(KeyboardTest, TheExplorerHasTheKeyboardFromTheFirstAndGivesItBack) {
+  for (const bool typedInProgram : {false, true}) {
+    Do(Action::kOpenMdi);
+    if (typedInProgram) Program()->setFocus(Qt::MouseFocusReason);
+    Settle();
+    Do(Action::kOpenProgram);
+    EXPECT_TRUE(Has(Tool(PNL_TOOL_EXPLORER)));
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Has(Program()), typedInProgram);
+    EXPECT_EQ(Has(Tool(PNL_TOOL_MDI)), !typedInProgram);
+  }
 }
 
 TEST_F(KeyboardTest, TheCaretKeysLeaveTheSelectionOfTheListAsItIs) {

@@ -9,7 +9,6 @@
 #include "panel/machine/qt/panel_fixture.h"
 #include "remote/trace.h"
 #include "ui/error_help.h"
-#include "ui/file_chooser.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_menu.h"
@@ -346,128 +345,6 @@ TEST_F(OperatorTest, ABarLeavesTheHiddenItemsOfItsMenuOut) {
   Settle();
   EXPECT_EQ(shown().count(kMoveDown), 0u) << "hidden while an item is typed";
   EXPECT_EQ(shown().count(kNewItem), 1u);
-}
-
-class RequestTest : public OperatorTest {
- protected:
-  // A file that can't be made is told in a box.
-  RequestTest() {
-    rig_.AnswerBoxes([](std::string_view) { return "ok"; });
-  }
-  ~RequestTest() override { rig_.AnswerBoxes({}); }
-  void Ask() {
-    constexpr int kSaveAsProgram = 32775;
-    OpenListAtSecond();
-    op_->SendCommand(PNL_TOOL_MDI, kSaveAsProgram);
-    Settle();
-    ASSERT_TRUE(window_->Chooser().IsOpen());
-    ASSERT_NE(op_->Request(), nullptr);
-  }
-  /// As a tool of its own would choose a file.
-  void WriteIntoTheRecord(const std::u16string& folder, const std::u16string& file) {
-    folder.copy(op_->Request()->Path, folder.size());
-    file.copy(op_->Request()->File, file.size());
-  }
-  /// Whether the command line saved its list there; the file goes.
-  bool TakeSaved(const std::u16string& path) {
-    const auto host = rig_.Files().HostPath(path);
-    return host && std::remove(host->c_str()) == 0;
-  }
-  /// Whether the command line starts blocks again, which it doesn't while it waits for a file.
-  bool StartIsFree() {
-    Do(Action::kCycleStart);
-    return op_->Machine().channelStatus == 2;
-  }
-};
-
-struct EndRow {
-  const char* name;
-  int slot;
-  QVariantList args;
-  bool saved;
-};
-
-class RequestEnd : public RequestTest, public ::testing::WithParamInterface<EndRow> {};
-
-TEST_P(RequestEnd, IsToldToTheAsker) {
-  Ask();
-  WriteIntoTheRecord(u"C:\\", u"ENDED.NC");
-  emit session_.Called({GetParam().slot, GetParam().args});
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  EXPECT_EQ(TakeSaved(u"C:\\ENDED.NC"), GetParam().saved);
-  EXPECT_TRUE(StartIsFree());
-}
-
-INSTANTIATE_TEST_SUITE_P(All, RequestEnd,
-                         ::testing::Values(EndRow{"accepted", 10, {}, true}, EndRow{"acceptedAlt", 11, {}, true},
-                                           EndRow{"left", 2, {PNL_TOOL_EXPLORER, PNL_CLOSED}, false}),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(RequestTest, ARequestWhoseRecordHasGoneIsCancelled) {
-  Ask();
-  WriteIntoTheRecord(u"C:\\", u"GONE.NC");
-  EXPECT_TRUE(rig_.Cnc().Set(u"E.XPLRDATA", std::int64_t{0}));
-  EXPECT_FALSE(op_->AcceptFile("C:\\", "GONE.NC"));
-  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNoRequest));
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  EXPECT_FALSE(TakeSaved(u"C:\\GONE.NC"));
-  EXPECT_TRUE(StartIsFree());
-}
-
-TEST_F(RequestTest, ANameThatIsRefusedCancelsTheRequest) {
-  Ask();
-  WriteIntoTheRecord(u"C:\\", u"REFUSED.NC");
-  EXPECT_FALSE(op_->AcceptFile("C:\\", QString(256, 'N')));
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  EXPECT_FALSE(TakeSaved(u"C:\\REFUSED.NC"));
-  EXPECT_TRUE(StartIsFree());
-}
-
-TEST_F(RequestTest, ANameThatLeavesRoomForItsEndIsTaken) {
-  Ask();
-  const QString name(255, 'N');
-  EXPECT_TRUE(op_->AcceptFile("C:\\PROGRAMS", name));
-  ASSERT_NE(op_->Request(), nullptr);
-  EXPECT_EQ(QString::fromUtf16(op_->Request()->File), name);
-}
-
-struct OwnerRow {
-  int tool;
-  bool saved;
-};
-
-class RequestOwner : public RequestTest, public ::testing::WithParamInterface<OwnerRow> {};
-
-TEST_P(RequestOwner, GetsTheAnswer) {
-  constexpr int kOwnerBase = 1000;
-  Ask();
-  session_.LoadTool(PNL_TOOL_CALCULATOR, session_.ToolArea());
-  op_->Request()->Owner = kOwnerBase + GetParam().tool;
-  EXPECT_TRUE(op_->AcceptFile("C:\\", "OWNER.NC"));
-  EXPECT_EQ(TakeSaved(u"C:\\OWNER.NC"), GetParam().saved) << "the command line asked, and only it saves";
-}
-
-// The command line hears what was asked by a tool that isn't there.
-INSTANTIATE_TEST_SUITE_P(All, RequestOwner,
-                         ::testing::Values(OwnerRow{PNL_TOOL_MDI, true}, OwnerRow{PNL_TOOL_CALCULATOR, false},
-                                           OwnerRow{PNL_TOOL_MDI + 1, true}),
-                         [](const auto& row) { return "Tool" + std::to_string(row.param.tool); });
-
-TEST_F(RequestTest, ANameThatFillsItsFieldIsRefused) {
-  Ask();
-  EXPECT_FALSE(op_->AcceptFile("C:\\PROGRAMS", QString(256, 'N')));
-  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
-  EXPECT_TRUE(op_->CurrentHint().warning);
-  EXPECT_EQ(op_->Request()->File[0], u'\0') << "nothing was written";
-}
-
-TEST_F(RequestTest, AFolderThatFillsItsFieldIsRefused) {
-  Ask();
-  EXPECT_FALSE(op_->AcceptFile("C:\\" + QString(257, 'F'), "A.NC"));
-  EXPECT_EQ(op_->CurrentHint().text, Say(Word::kNameBad));
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "host/host_session.h"
 #include "host/operator.h"
 #include "panel/machine/qt/demo_machine.h"
+#include "remote/settle.h"
 #include "ui/message_zone.h"
 #include "ui/panel_window.h"
 #include "ui/program_editor.h"
@@ -38,8 +39,8 @@ class PanelFixture : public ::testing::Test {
     rig_.Machine()->Reset();
     rig_.Advance(1000);
     rig_.Cnc().ClearErrors();
-    // The command line and the calculator remember what was typed and where they stood.
-    for (const char16_t* file : {u"Calc7340.ini", u"MDAC1.DAT", u"MDIC1.DAT"}) {
+    // The tools remember what was typed and where they stood.
+    for (const char16_t* file : {u"Calc7340.ini", u"MDAC1.DAT", u"MDIC1.DAT", u"XPLR7340.ini"}) {
       const auto path = rig_.Files().HostPath(std::u16string(u"C:\\CNC\\USER\\") + file);
       if (path) std::remove(path->c_str());
     }
@@ -68,6 +69,8 @@ class PanelFixture : public ::testing::Test {
   }
 
   static void Settle() {
+    // A listing comes from a thread.
+    ASSERT_TRUE(WaitWhile([] { return PnlRig()->IsWorking(); }, 60'000));
     for (int i = 0; i < 5; ++i) {
       QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
       QCoreApplication::processEvents();
@@ -116,6 +119,16 @@ class PanelFixture : public ::testing::Test {
   [[nodiscard]] QWidget* Tool(int tool) const { return static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool))); }
   [[nodiscard]] QWidget* Errors() const { return Tool(PNL_TOOL_ERRORS); }
   [[nodiscard]] bool ErrorsShown() const { return Errors() != nullptr && Errors()->isVisible(); }
+  [[nodiscard]] bool ExplorerShown() const {
+    return Tool(PNL_TOOL_EXPLORER) != nullptr && Tool(PNL_TOOL_EXPLORER)->isVisible();
+  }
+  /// Types a name into the explorer's field and accepts it.
+  void AcceptName(const QString& name) {
+    Line(PNL_TOOL_EXPLORER)->setFocus();
+    Line(PNL_TOOL_EXPLORER)->selectAll();
+    Type(name);
+    Key(Qt::Key_Return);
+  }
   [[nodiscard]] QLineEdit* Line(int tool) const { return Tool(tool)->findChild<QLineEdit*>(); }
   [[nodiscard]] QAbstractItemView* MdaList() const { return Tool(PNL_TOOL_MDI)->findChild<QAbstractItemView*>(); }
   [[nodiscard]] QWidget* Program() const { return &window_->Editor().Edit(); }

@@ -18,11 +18,11 @@
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_window.h"
+#include "ui/password_box.h"
 #include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -161,27 +161,6 @@ TEST_F(PanelLookTest, ThatAProgramCouldNotBeWrittenIsNotTypedAway) {
   EXPECT_EQ(ZoneText(), "Can't be written: C:\\NONE\\X.NC");
 }
 
-TEST_F(PanelLookTest, TheListSavedAsAProgramIsSaidToBeSaved) {
-  Run("G0 X1");
-  Do(Action::kSwitchRole);
-  for (const bool protectedFile : {false, true}) {
-    op_->SendCommand(PNL_TOOL_MDI, 32775);
-    Settle();
-    ASSERT_TRUE(window_->Chooser().IsOpen());
-    const QString path = JoinPath(window_->Chooser().Folder(), "TOLD_LIST.NC");
-    const QString host = QString::fromStdString(rig_.Files().HostPath(path.toStdU16String()).value_or(""));
-    if (protectedFile) QFile::setPermissions(host, QFileDevice::ReadOwner);
-    rig_.AnswerBoxes([](std::string_view) { return "ok"; });
-    op_->AcceptFile(window_->Chooser().Folder(), "TOLD_LIST.NC");
-    Settle();
-    rig_.AnswerBoxes({});
-    EXPECT_EQ(ZoneText(), protectedFile ? QString() : "Saved: " + path) << "what wasn't written isn't said to be";
-    if (protectedFile) QFile::setPermissions(host, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    op_->SetHint({});
-    Settle();
-  }
-}
-
 TEST_F(PanelLookTest, ACoverSlicesNoKey) {
   for (const QSize size : {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1600, 860), QSize(1920, 1080)}) {
     window_->resize(size);
@@ -307,18 +286,12 @@ TEST_F(PanelLookTest, NamesOfFilesArePlain) {
   file.close();
   FileRequest request;
   request.folder = "C:\\";
-  window_->Chooser().Ask(
+  op_->Files().Ask(
       request, [](const QString&, const QString&) {}, [] {});
   Settle();
   ExpectAllPlain(*window_);
-  bool listed = false;
-  for (int row = 0; row < window_->Chooser().List().count(); ++row) {
-    const QListWidgetItem* item = window_->Chooser().List().item(row);
-    listed = listed || item->text() == "<b>x<b>.NC";
-    EXPECT_EQ(item->toolTip(), "");
-  }
-  EXPECT_TRUE(listed);
-  window_->Chooser().Leave();
+  op_->Files().Leave();
+  Settle();
   window_->Desk().Load("C:\\<b>x<b>.NC");
   Settle();
   ExpectAllPlain(*window_);
@@ -398,20 +371,21 @@ TEST_F(PanelLookTest, TheProgramHasTheRoomBesideTheToolWhereverItGoes) {
   EXPECT_EQ(window_->Editor().geometry(), area);
 }
 
-TEST_F(PanelLookTest, AChooserStepsBackForAnErrorAndComesAgain) {
-  Do(Action::kOpenProgram);
-  ASSERT_TRUE(window_->Chooser().isVisible());
-  rig_.Machine()->Raise(Fault::kDriveFault);
+TEST_F(PanelLookTest, ThePasswordBoxEndsForAnErrorThatComes) {
+  bool given = true;
+  QMetaObject::invokeMethod(
+      window_.get(),
+      [this] {
+        EXPECT_TRUE(window_->Password().isVisible());
+        EXPECT_FALSE(window_->MainBar().isEnabled());
+        rig_.Machine()->Raise(Fault::kDriveFault);
+      },
+      Qt::QueuedConnection);
+  given = window_->Password().Ask();
   Settle();
-  EXPECT_TRUE(window_->Chooser().IsOpen());
-  EXPECT_FALSE(window_->Chooser().isVisible());
-  EXPECT_FALSE(window_->Asking().isVisible());
-  rig_.Cnc().ClearErrors();
-  Settle();
-  EXPECT_TRUE(window_->Chooser().isVisible());
-  EXPECT_TRUE(window_->Chooser().NameEdit().hasFocus());
-  EXPECT_FALSE(window_->Asking().isVisible()) << "what nobody asked stays away";
-  window_->Chooser().Leave();
+  EXPECT_FALSE(given);
+  EXPECT_FALSE(window_->Password().isVisible());
+  EXPECT_TRUE(window_->MainBar().isEnabled());
 }
 
 TEST_F(PanelLookTest, AScriptAnswersTheQuestionToCloseInTheOperatorsPlace) {
@@ -434,11 +408,6 @@ TEST_F(PanelLookTest, AScriptAnswersTheQuestionToCloseInTheOperatorsPlace) {
   ask();
   EXPECT_EQ(asked.size(), 2);
   EXPECT_FALSE(window_->isVisible());
-}
-
-TEST_F(PanelLookTest, WithoutARequestNoChooserComes) {
-  emit op_->ChooserWanted();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
 }
 
 }  // namespace

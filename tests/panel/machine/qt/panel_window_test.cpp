@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The panel with the real library behind it: keys, callbacks, refusals, the chooser and the shortcuts.
+// The panel with the real library behind it: keys, callbacks, refusals, requests and the shortcuts.
 #include "ui/panel_window.h"
 
 #include <gtest/gtest.h>
@@ -12,15 +12,16 @@
 #include <cmath>
 
 #include "panel/machine/qt/demo_machine.h"
+#include "remote/settle.h"
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
-#include "ui/file_chooser.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_menu.h"
+#include "ui/password_box.h"
 #include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -36,8 +37,6 @@ extern Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* object, ulong tim
 
 namespace panel {
 namespace {
-
-constexpr int kSaveAsProgram = 32775;
 
 class PanelWindowTest : public ::testing::Test {
  protected:
@@ -66,6 +65,7 @@ class PanelWindowTest : public ::testing::Test {
   }
 
   static void Settle() {
+    ASSERT_TRUE(WaitWhile([] { return PnlRig()->IsWorking(); }, 60'000));
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
   }
   void Do(Action action) {
@@ -98,6 +98,16 @@ class PanelWindowTest : public ::testing::Test {
     QStringList lines;
     for (const auto& line : window_->Zone().Lines()) lines << line.text;
     return lines.join('|');
+  }
+  [[nodiscard]] bool ExplorerIsOpen() const { return session_.IsToolOpen(PNL_TOOL_EXPLORER); }
+  /// What the open request asks for.
+  [[nodiscard]] QString Asked() const {
+    const XPLRDATA_ST* record = op_->Files().Record();
+    return record == nullptr ? QStringLiteral("nothing") : QString::fromUtf16(record->Title);
+  }
+  void LeaveExplorer() {
+    op_->Files().Leave();
+    Settle();
   }
   void PressItem(int id) {
     SoftKeyBar& bar = window_->MainBar();
@@ -239,70 +249,6 @@ TEST_F(PanelWindowTest, ASoftKeyCommandsTheToolWhoseMenuItIs) {
   PressItem(32773);
   Settle();
   EXPECT_TRUE(MdiEdit()->hasFocus()) << "a new item is being typed";
-}
-
-class PanelRequestTest : public PanelWindowTest {
- protected:
-  void Ask() {
-    Do(Action::kOpenMdi);
-    Type("G0 X1");
-    Do(Action::kCycleStart);
-    Advance(5000);
-    Do(Action::kSwitchRole);
-    PressItem(kSaveAsProgram);
-    Settle();
-  }
-};
-
-TEST_F(PanelRequestTest, ANameGoesIntoTheRecordAndTheProgramIsWritten) {
-  Ask();
-  ASSERT_TRUE(window_->Chooser().IsOpen());
-  ASSERT_NE(op_->Request(), nullptr);
-  const QString folder = window_->Chooser().Folder();
-  window_->Chooser().NameEdit().setText("LIST.NC");
-  window_->Chooser().Accept();
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  const XPLRDATA_ST* record = op_->Request();
-  ASSERT_NE(record, nullptr);
-  EXPECT_EQ(QString::fromUtf16(record->File), "LIST.NC");
-  EXPECT_EQ(JoinPath(QString::fromUtf16(record->Path), "LIST.NC"), JoinPath(folder, "LIST.NC"));
-  const auto path = rig_.Files().HostPath(JoinPath(folder, "LIST.NC").toStdU16String());
-  QFile file(QString::fromStdString(path.value_or("")));
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  EXPECT_TRUE(file.readAll().contains("G0 X1"));
-}
-
-TEST_F(PanelRequestTest, LeavingTheChooserFreesTheStartKey) {
-  Ask();
-  window_->Chooser().Leave();
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  Do(Action::kCycleStart);
-  EXPECT_EQ(op_->Machine().channelStatus, 2) << "the tool waits for no file any more";
-}
-
-TEST_F(PanelRequestTest, TheChooserGoesWhenItsAskerGoes) {
-  Ask();
-  session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
-  window_->Chooser().NameEdit().setText("LOST.NC");
-  window_->Chooser().Accept();
-  Settle();
-  EXPECT_FALSE(window_->Chooser().IsOpen());
-  EXPECT_EQ(ZoneText(), Say(Word::kNoRequest));
-}
-
-TEST_F(PanelRequestTest, WhileTheChooserIsOpenOnlyTheMachinesKeysWork) {
-  Ask();
-  Do(Action::kNewProgram);
-  EXPECT_FALSE(window_->Asking().IsOpen());
-  window_->PressMain(0);
-  EXPECT_TRUE(window_->Chooser().IsOpen());
-  EXPECT_FALSE(window_->MainBar().isEnabled());
-  Do(Action::kSingleBlock);
-  EXPECT_TRUE(op_->Machine().singleBlock);
-  window_->Chooser().Leave();
-  EXPECT_TRUE(window_->MainBar().isEnabled());
 }
 
 TEST_F(PanelWindowTest, TheShortcutsWorkWhileTheCommandLineHasTheFocus) {
@@ -451,7 +397,7 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     EXPECT_EQ(window_->Layout().scale, layout.scale);
     const auto pixels = [&layout](int at800) { return static_cast<int>(std::lround(at800 * layout.scale)); };
     EXPECT_EQ(window_->Editor().Edit().font().pixelSize(), pixels(16));
-    EXPECT_EQ(window_->Chooser().NameEdit().font().pixelSize(), pixels(16) * 9 / 8);
+    EXPECT_EQ(window_->Password().Edit().font().pixelSize(), pixels(16) * 3 / 2);
     EXPECT_EQ(window_->ErrorHelpShown().Text().font().pixelSize(), pixels(16) * 9 / 8);
     EXPECT_EQ(window_->ErrorsShown().findChild<QPlainTextEdit*>()->font().pixelSize(), pixels(16));
     const auto letters = [](QWidget& widget, int height) {
@@ -478,7 +424,7 @@ TEST_F(PanelWindowTest, ACoverLeavesTheMachinesKeysAndItsAxesFree) {
     const QRect cover = layout.wide
                             ? QRect(layout.toolArea.topLeft(), QPoint(layout.sideBar.right(), layout.sideBar.bottom()))
                             : QRect(layout.toolArea.topLeft(), layout.mainBar.bottomRight());
-    for (QWidget* widget : std::initializer_list<QWidget*>{&window_->Chooser(), &window_->Asking(),
+    for (QWidget* widget : std::initializer_list<QWidget*>{&window_->Password(), &window_->Asking(),
                                                            &window_->ErrorHelpShown(), &window_->ErrorsShown()}) {
       EXPECT_EQ(widget->geometry(), QRect(QPoint(cover.left(), layout.wide ? layout.sideBar.top() : cover.top()),
                                           QPoint(layout.sideBar.right(), cover.bottom())));
@@ -505,15 +451,24 @@ TEST_F(PanelWindowTest, EachActionOfThePanelDoesItsOwn) {
   EXPECT_FALSE(window_->ErrorsShown().IsOpen());
   for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs}) {
     Do(action);
-    EXPECT_TRUE(window_->Chooser().IsOpen());
-    EXPECT_EQ(window_->Chooser().accessibleName(), Say(action == Action::kOpenProgram ? Word::kOpen : Word::kSaveAs));
-    window_->Chooser().Leave();
+    EXPECT_TRUE(ExplorerIsOpen());
+    EXPECT_EQ(Asked(), Say(action == Action::kOpenProgram ? Word::kOpen : Word::kSaveAs));
+    LeaveExplorer();
   }
   window_->Editor().Insert("G0");
   Do(Action::kNewProgram);
   EXPECT_TRUE(window_->Asking().IsOpen());
+  EXPECT_FALSE(ExplorerIsOpen());
   window_->Asking().Answer(0);
-  EXPECT_EQ(window_->ProgramText(), "");
+  EXPECT_TRUE(ExplorerIsOpen());
+  EXPECT_EQ(Asked(), Say(Word::kNew));
+  LeaveExplorer();
+  EXPECT_EQ(Asked(), "nothing");
+  PressItem(1000 + PNL_TOOL_EXPLORER);
+  Settle();
+  EXPECT_TRUE(ExplorerIsOpen());
+  EXPECT_EQ(Asked(), "") << "the explorer's own title";
+  LeaveExplorer();
 }
 
 TEST_F(PanelWindowTest, TheSideKeysArePagedByTheirOwnKeys) {
@@ -536,7 +491,7 @@ TEST_F(PanelWindowTest, AnyCoverKeepsTheSoftKeysAtRest) {
   };
   window_->Asking().Ask("Really?", {"Yes", "No"}, [](int) {});
   expectRest(true);
-  EXPECT_FALSE(window_->Chooser().IsOpen());
+  EXPECT_FALSE(ExplorerIsOpen());
   window_->Asking().Answer(1);
   Do(Action::kErrorList);
   expectRest(true);
@@ -571,7 +526,7 @@ TEST_F(PanelWindowTest, ThePanelsOwnKeysAreTheseInThisOrder) {
   const auto main = PanelMainItems(session_, *op_);
   for (const auto& item : main) {
     const auto action = ActionOfItem(item.id);
-    const bool made = ToolOfItem(item.id) < 0;
+    const bool made = ToolOfItem(item.id) < 0 || ToolOfItem(item.id) == PNL_TOOL_EXPLORER;
     EXPECT_EQ(item.enabled, action ? op_->Can(*action) : made) << item.text.toStdString();
     EXPECT_FALSE(item.checked) << item.text.toStdString();
   }
@@ -702,8 +657,8 @@ TEST_F(PanelWindowTest, ASoftKeyOfTheKeyboardIsThatOfTheBar) {
   session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
   Settle();
   EXPECT_TRUE(Shortcut(Qt::Key_F1, Qt::ShiftModifier));
-  EXPECT_TRUE(window_->Chooser().IsOpen()) << "the first at the side opens a program";
-  window_->Chooser().Leave();
+  EXPECT_TRUE(ExplorerIsOpen()) << "the first at the side opens a program";
+  LeaveExplorer();
   EXPECT_TRUE(Shortcut(Qt::Key_F7));
   EXPECT_TRUE(Shortcut(Qt::Key_F6, Qt::ShiftModifier));
 }
@@ -745,7 +700,7 @@ TEST_F(PanelWindowTest, TabLeadsThroughThePanelInOneOrder) {
   EXPECT_EQ(met, order);
 }
 
-TEST_F(PanelWindowTest, ClosingLeavesTheChooserAndAsksOnce) {
+TEST_F(PanelWindowTest, ClosingLeavesTheExplorerAndAsksOnce) {
   window_->SetAsksBeforeClosing(true);
   window_->Editor().Insert("G0");
   EXPECT_FALSE(window_->close());
@@ -756,9 +711,10 @@ TEST_F(PanelWindowTest, ClosingLeavesTheChooserAndAsksOnce) {
   window_->Asking().Answer(1);
   window_->Editor().SetSaved();
   Do(Action::kOpenProgram);
-  ASSERT_TRUE(window_->Chooser().IsOpen());
+  ASSERT_TRUE(ExplorerIsOpen());
   EXPECT_TRUE(window_->close());
-  EXPECT_FALSE(window_->Chooser().IsOpen());
+  EXPECT_FALSE(ExplorerIsOpen());
+  EXPECT_FALSE(op_->Files().IsWaiting());
 }
 
 }  // namespace
