@@ -41,8 +41,9 @@ class DemoMdi : public ::testing::Test {
   }
   void AcceptName(const QString& name) {
     const int explorer = Explorer();
-    client.Call("ui.focus", {{"window", explorer}, {"id", kNameField}});
-    client.Call("ui.type", {{"window", explorer}, {"text", name}});
+    const QJsonValue form = client.Window(explorer)["view"];
+    client.Call("ui.focus", {{"window", form}, {"id", kNameField}});
+    client.Call("ui.type", {{"window", form}, {"text", name}});
     client.Call("ui.key", {{"window", explorer}, {"key", "Enter"}});
   }
   bool Running() { return client.Control(mdi, kEdit)["readOnly"].toBool(); }
