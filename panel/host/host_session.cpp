@@ -144,6 +144,10 @@ PnlWindow HostSession::LoadTool(int toolId, PnlWindow parent) {
   // Tools that come and go leave their windows here.
   std::erase_if(loaded_, [](const auto& entry) { return PnlIsAlive(entry.second) == 0; });
   loaded_.emplace_back(toolId, window);
+  // A window may go without a report that its tool has closed.
+  connect(static_cast<QWidget*>(PnlWidgetOf(window)), &QObject::destroyed, this, [this, toolId] {
+    if (ToolWindow(toolId) == 0) KeepToolState(toolId, false);
+  });
   emit ToolsChanged();
   return window;
 }
@@ -166,12 +170,11 @@ std::vector<PnlWindow> HostSession::ToolWindows() const {
 void HostSession::DestroyTool(PnlWindow window) {
   const auto it =
       std::find_if(loaded_.begin(), loaded_.end(), [window](const auto& entry) { return entry.second == window; });
+  const int tool = it == loaded_.end() ? -1 : it->first;
+  // What the window does at its end may load another tool.
   PnlDestroyWindow(window);
-  if (it == loaded_.end()) return;
-  const int tool = it->first;
-  loaded_.erase(it);
-  // A window that is destroyed without reporting it has closed its tool too.
-  if (ToolWindow(tool) == 0) KeepToolState(tool, false);
+  std::erase_if(loaded_, [window](const auto& entry) { return entry.second == window; });
+  if (tool >= 0 && ToolWindow(tool) == 0) KeepToolState(tool, false);
 }
 
 void HostSession::CloseAll() {

@@ -115,6 +115,15 @@ TEST_F(RequestTest, AnExplorerThatIsDestroyedCountsAsLeft) {
   EXPECT_TRUE(StartIsFree());
 }
 
+TEST_F(RequestTest, AnExplorerThatGoesWithoutAReportCountsAsLeft) {
+  AskFromList();
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_EXPLORER), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_LEAVE, 0);
+  Settle();
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_EXPLORER));
+  EXPECT_FALSE(op_->Files().IsWaiting());
+  EXPECT_TRUE(Has(Tool(PNL_TOOL_MDI)));
+}
+
 struct EndRow {
   const char* name;
   int slot;
