@@ -101,7 +101,10 @@ void XplrSession::LayOut() {
 void XplrSession::TogglePin() {
   if (state_.Has(XPLR_LISTONLY)) return;
   // The password's box runs an event loop.
-  if (Context().cnc.Psw().PSW_ConfirmarAcceso(kPinAccess, 0, 0) == 0) return;
+  BeginBox();
+  const bool allowed = Context().cnc.Psw().PSW_ConfirmarAcceso(kPinAccess, 0, 0) != 0;
+  EndBox();
+  if (!allowed) return;
   state_.Flags ^= XPLR_PINNED;
   LayOut();
   posts_.Send(XplrWindow::kFrame, XplrMessage::kUpdatePinState);

@@ -70,10 +70,11 @@ const std::vector<NodeId>& XplrNodes::Children(NodeId node) const {
   return node == kNoNode ? roots_ : rows_.at(node).children;
 }
 
-NodeId XplrNodes::Add(NodeId parent, XplrNode node) {
+NodeId XplrNodes::Insert(NodeId parent, std::size_t index, XplrNode node) {
   const NodeId id = next_++;
   rows_[id] = {std::move(node), parent, {}};
-  (parent == kNoNode ? roots_ : rows_.at(parent).children).push_back(id);
+  std::vector<NodeId>& children = parent == kNoNode ? roots_ : rows_.at(parent).children;
+  children.insert(children.begin() + static_cast<std::ptrdiff_t>(index), id);
   return id;
 }
 

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "explorer/xplr_ids.h"
@@ -28,7 +29,9 @@ struct XplrNode {
 class XplrNodes {
  public:
   /// Adds a node as the last child of parent (kNoNode: as the last root).
-  NodeId Add(NodeId parent, XplrNode node);
+  NodeId Add(NodeId parent, XplrNode node) { return Insert(parent, Children(parent).size(), std::move(node)); }
+  /// Adds a node as the child of parent that has that index afterwards.
+  NodeId Insert(NodeId parent, std::size_t index, XplrNode node);
   /// Adds folders as children of parent, which has none, sorted by name without regard to case. Returns how many.
   std::size_t AddFolders(NodeId parent, std::vector<Text> names);
   /// Removes a node with everything below it.

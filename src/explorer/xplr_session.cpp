@@ -38,14 +38,18 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
              [this](const XplrNotice& notice) { ShowNotice(notice), messageIsNew_ = true; }}),
       list_({state_, context.places, context.network, jobs_, posts_, [this]() -> XplrView& { return View(); },
              [this] { UpdateMenus(); }}),
-      accept_({state_, folders_, [this]() -> XplrView& { return View(); },
-               [this](const XplrNotice& notice) { ShowNotice(notice); },
-               [this](const Text& name) {
-                 const Text question = Format(Context().language.LoadToolText(xplr_text::kConfirmOverwrite), name);
-                 return Context().windows.ShowBox(View().Handle(), {state_.Title, question, BoxStyle::kQuestion}) ==
-                        BoxAnswer::kYes;
-               },
-               [this](const Text& path, const Text& name) { Accept(path, name); }}),
+      accept_(
+          {state_, folders_, [this]() -> XplrView& { return View(); },
+           [this](const XplrNotice& notice) { ShowNotice(notice); },
+           [this](const Text& name) {
+             const Text question = Format(Context().language.LoadToolText(xplr_text::kConfirmOverwrite), name);
+             const WindowHandle frame = View().Handle();
+             BeginBox();
+             const BoxAnswer answer = Context().windows.ShowBox(frame, {state_.Title, question, BoxStyle::kQuestion});
+             EndBox();
+             return answer == BoxAnswer::kYes;
+           },
+           [this](const Text& path, const Text& name) { Accept(path, name); }}),
       find_(posts_, context.language) {}
 
 // The start.
@@ -53,6 +57,7 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
 void XplrSession::Start() {
   *self_ = weak_from_this();
   settings_.Open();
+  WatchDrives();
   Host().HostToolOpening(kTool);
   request_ = RequestNumber(Context().cnc.Vars());
   const XPLRDATA_ST* request = RequestOf(request_);
@@ -136,6 +141,26 @@ void XplrSession::End() {
   menus_.Destroy();
 }
 
+// Drives that come and go.
+
+void XplrSession::WatchDrives() {
+  // Nobody ends the watch: after this session it does nothing, and by then another explorer may have set its own.
+  Context().places.Watch(Later([this] {
+    // The change may come in the middle of an operation; many may come before the message is delivered.
+    if (!std::exchange(drivesPosted_, true)) posts_.Post(XplrWindow::kForm, XplrMessage::kUpdateDrives);
+  }));
+}
+
+void XplrSession::UpdateDrives() {
+  if (boxes_ != 0) return;
+  drivesPosted_ = false;
+  if (started_) tree_.UpdateDrives();
+}
+
+void XplrSession::EndBox() {
+  if (--boxes_ == 0 && drivesPosted_) posts_.Post(XplrWindow::kForm, XplrMessage::kUpdateDrives);
+}
+
 // Messages.
 
 std::optional<std::intptr_t> XplrSession::OnMessage(XplrWindow window, const Message& message) {
@@ -198,6 +223,8 @@ std::optional<std::intptr_t> XplrSession::OnFormMessage(const Message& message) 
     tree_.StepIntoChild();
   } else if (message.number == posts_.NumberOf(XplrMessage::kUpdateEdit)) {
     View().SetNameText(state_.File);
+  } else if (message.number == posts_.NumberOf(XplrMessage::kUpdateDrives)) {
+    UpdateDrives();
   } else {
     return std::nullopt;
   }

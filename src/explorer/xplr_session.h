@@ -79,6 +79,12 @@ class XplrSession final : public ToolSession<XplrView> {
   void StartFolderSearch();
   void EndFind();
   void EndFolderSearch();
+  // Drives that come and go.
+  void WatchDrives();
+  void UpdateDrives();
+  /// Around a message box, whose event loop delivers messages. The drives stay as they are until it ends.
+  void BeginBox() { ++boxes_; }
+  void EndBox();
   // The end.
   void Accept(const Text& path, const Text& name);
   void FinishExplorer(int code);
@@ -105,6 +111,8 @@ class XplrSession final : public ToolSession<XplrView> {
   bool started_ = false;       // the list exists, and sizes count
   bool messageShown_ = false;  // a numbered message is on the line
   bool messageIsNew_ = false;  // and not to be cleared by the update that comes with it
+  int boxes_ = 0;              // message boxes that are open
+  bool drivesPosted_ = false;  // the message that updates the drives is on its way, or waits for the boxes
 };
 
 }  // namespace pnl

@@ -26,7 +26,8 @@ bool IsNetworkPath(TextView path) { return path.size() > 1 && path[1] == u'\\'; 
 }  // namespace
 
 void XplrTree::Fill(TextView unavailable, std::function<void()> then) {
-  AddDrives(unavailable);
+  unavailable_ = unavailable;
+  UpdateDrives();
   const auto done = [this, then = std::move(then)] {
     filled_ = true;
     then();
@@ -38,17 +39,6 @@ void XplrTree::Fill(TextView unavailable, std::function<void()> then) {
     if (waits) LocateTreeNode(done);
   });
   if (!waits) LocateTreeNode(done);
-}
-
-void XplrTree::AddDrives(TextView unavailable) {
-  const Places& places = links_.folders.Drives();
-  const DriveMask all = (places.LogicalDrives() | places.RememberedDrives()) & ~places.HiddenDrives();
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    if ((all & DriveBit(static_cast<char16_t>(letter))) == 0) continue;
-    if (auto node = DriveNode(letter, places, links_.state.Has(XPLR_HIDELOCKED), unavailable)) {
-      AddShown(kNoNode, std::move(*node));
-    }
-  }
 }
 
 void XplrTree::AddNetwork(const std::vector<NetworkResource>& resources) {

@@ -58,7 +58,7 @@ class XplrView : public ToolView {
   // The tree.
   /// count children of parent are new, from the index-th on.
   virtual void OnNodesAdded(const XplrNodes& nodes, NodeId parent, std::size_t index, std::size_t count) = 0;
-  /// The mark by which the node is opened has changed.
+  /// The node's text, or the mark by which it is opened, has changed.
   virtual void OnNodeChanged(const XplrNodes& nodes, NodeId node) = 0;
   /// The node is about to be removed.
   virtual void OnNodeRemoving(NodeId node) = 0;

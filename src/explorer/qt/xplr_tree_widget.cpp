@@ -79,6 +79,7 @@ void ZCFolderTree::AddNodes(const XplrNodes& nodes, NodeId parent, std::size_t i
 void ZCFolderTree::UpdateNode(const XplrNodes& nodes, NodeId node) {
   QTreeWidgetItem* item = ItemOf(node);
   if (item == nullptr) return;
+  item->setText(0, ToQString(nodes.At(node).text));
   item->setChildIndicatorPolicy(nodes.At(node).hasChildren ? QTreeWidgetItem::ShowIndicator
                                                            : QTreeWidgetItem::DontShowIndicator);
 }

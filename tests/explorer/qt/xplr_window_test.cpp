@@ -285,5 +285,36 @@ TEST_F(XplrDialogTest, TheHostMayDeleteTheParentInEveryCall) {
   EXPECT_THAT(PlayWithEachCallFatal(killer, scene), Contains("HostExplorerAccepted"));
 }
 
+TEST_F(XplrWindowTest, ADriveThatComesAndGoesIsANodeAtItsPlace) {
+  const TempFolder stick;
+  stick.Write("J.NC", "G0");
+  rig::Drive drive;
+  drive.type = drive_type::kRemovable;
+  drive.dir = stick.Path().string();
+  const auto roots = [this] {
+    QStringList texts;
+    for (int i = 0; i < Tree()->topLevelItemCount(); ++i) texts << Tree()->topLevelItem(i)->text(0);
+    return texts;
+  };
+  Open();
+  const QStringList before = roots();
+  for (const char letter : {'B', 'X'}) {
+    drive.letter = letter;
+    cnc.Storage().SetDrive(drive);
+  }
+  Idle();
+  EXPECT_EQ(roots(), QStringList({"B:"}) + before + QStringList({"X:"}));
+  EXPECT_EQ(Tree()->SelectedNode()->text(0), "P100") << "the operator stays where he is";
+  Tree()->setCurrentItem(Tree()->topLevelItem(static_cast<int>(roots().size()) - 1));
+  Idle();
+  EXPECT_EQ(Rows(), QStringList({"J.NC"}));
+  drive.dir.clear();
+  cnc.Storage().SetDrive(drive);
+  Idle();
+  EXPECT_EQ(roots(), QStringList({"B:"}) + before);
+  EXPECT_EQ(Tree()->SelectedNode()->text(0), before.back());
+  EXPECT_EQ(TextOf(xplr_control::kFolder), "C:");
+}
+
 }  // namespace
 }  // namespace pnl::test
