@@ -32,6 +32,11 @@ class DiscReader final : public FolderReader {
   int MakeFolder(TextView path) const override {
     return InTree(path, [](const HostTree& tree, const HostTree::Names& names) { return tree.MakeFolder(names); });
   }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    const auto place = Find(path);
+    if (!place || Has(empty_, *place)) return std::nullopt;
+    return place->tree.ReadStart(place->names, most);
+  }
 
  private:
   struct Place {
@@ -91,6 +96,10 @@ class CompositeReader final : public FolderReader {
   int MakeFolder(TextView path) const override {
     const FolderReader* reader = For(path);
     return reader != nullptr ? reader->MakeFolder(path) : place_error::kPathNotFound;
+  }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    const FolderReader* reader = For(path);
+    return reader != nullptr ? reader->ReadStart(path, most) : std::nullopt;
   }
 
  private:

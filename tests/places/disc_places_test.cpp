@@ -188,6 +188,9 @@ TEST_F(DiscPlacesTest, NothingIsListedOrMadeInTheFolderOfADiscThatIsOut) {
   EXPECT_THAT(NamesIn(*out, u"E:", nullptr), testing::IsEmpty());
   EXPECT_FALSE(out->Exists(u"E:\\a"));
   EXPECT_FALSE(out->IsReadOnly(u"E:\\a"));
+  EXPECT_EQ(in->ReadStart(u"E:\\a", 10), "1");
+  EXPECT_EQ(out->ReadStart(u"E:\\a", 10), std::nullopt);
+  EXPECT_EQ(out->ReadStart(u"\\\\S\\A\\f", 10), std::nullopt) << "without a network";
   EXPECT_EQ(out->MakeFolder(u"E:\\made"), place_error::kNotReady);
   EXPECT_FALSE(temp.Has("stick/made")) << "it would be on another disc";
   EXPECT_EQ(places.VolumeLabel('E'), std::nullopt);
