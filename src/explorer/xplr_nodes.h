@@ -24,6 +24,7 @@ struct XplrNode {
   int selectedImage = 0;
   NodeKind kind = NodeKind::kNone;
   bool hasChildren = true;  // shows the mark by which it is opened; corrected when it is
+  bool failed = false;      // a share or server that didn't answer
 };
 
 class XplrNodes {
@@ -38,9 +39,12 @@ class XplrNodes {
   void Remove(NodeId node);
   void Clear();
   void SetHasChildren(NodeId node, bool has) { rows_.at(node).node.hasChildren = has; }
+  void SetFailed(NodeId node, bool failed) { rows_.at(node).node.failed = failed; }
   void SetText(NodeId node, Text text) { rows_.at(node).node.text = std::move(text); }
 
   [[nodiscard]] bool Exists(NodeId node) const { return rows_.count(node) != 0; }
+  /// All servers and shares.
+  [[nodiscard]] std::vector<NodeId> NetworkPlaces() const;
   /// The node must exist.
   [[nodiscard]] const XplrNode& At(NodeId node) const { return rows_.at(node).node; }
   [[nodiscard]] NodeId Parent(NodeId node) const { return rows_.at(node).parent; }

@@ -28,16 +28,19 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
     : ToolSession(context, view),
       self_(std::make_shared<std::weak_ptr<ToolSession<XplrView>>>()),
       settings_(context.files, context.cnc.Util()),
-      jobs_(context.worker, XplrSteps([self = self_](const std::function<void()>& step) {
-              RunOperation(self->lock(), [&step](const ToolSession& /*session*/) { step(); });
+      places_(context.places, failures_),
+      network_(context.network, failures_),
+      jobs_(context.worker, XplrSteps([this, self = self_](const std::function<void()>& step) {
+              RunOperation(self->lock(), [&](const ToolSession& /*session*/) { NoteFailures(), step(); });
             })),
-      folders_(context.places, context.network, jobs_),
+      folders_(places_, network_, jobs_),
       posts_(context.windows, [this]() -> XplrView& { return View(); }),
       menus_(context.language),
       tree_({state_, folders_, posts_, [this]() -> XplrView& { return View(); },
              [this](const XplrNotice& notice) { ShowNotice(notice), messageIsNew_ = true; }}),
-      list_({state_, context.places, context.network, jobs_, posts_, [this]() -> XplrView& { return View(); },
-             [this] { UpdateMenus(); }}),
+      list_({state_, places_, network_, jobs_, posts_, [this]() -> XplrView& { return View(); },
+             [this] { UpdateMenus(); }, [this] { preview_.OnSelected(state_.Path, list_.SelectedRow()); },
+             [this](bool loading) { OnLoading(loading); }}),
       accept_(
           {state_, folders_, [this]() -> XplrView& { return View(); },
            [this](const XplrNotice& notice) { ShowNotice(notice); },
@@ -50,7 +53,9 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
              return answer == BoxAnswer::kYes;
            },
            [this](const Text& path, const Text& name) { Accept(path, name); }}),
-      find_(posts_, context.language) {}
+      find_(posts_, context.language),
+      preview_(places_, jobs_, [this]() -> XplrView& { return View(); }),
+      comingTimer_(context.timers) {}
 
 // The start.
 
@@ -138,27 +143,9 @@ void XplrSession::End() {
   if (HasEnded()) return;
   MarkEnded();
   jobs_.DropAll();
+  comingTimer_.Stop();
+  for (const auto& [place, timer] : failed_) Context().timers.Stop(timer);
   menus_.Destroy();
-}
-
-// Drives that come and go.
-
-void XplrSession::WatchDrives() {
-  // Nobody ends the watch: after this session it does nothing, and by then another explorer may have set its own.
-  Context().places.Watch(Later([this] {
-    // The change may come in the middle of an operation; many may come before the message is delivered.
-    if (!std::exchange(drivesPosted_, true)) posts_.Post(XplrWindow::kForm, XplrMessage::kUpdateDrives);
-  }));
-}
-
-void XplrSession::UpdateDrives() {
-  if (boxes_ != 0) return;
-  drivesPosted_ = false;
-  if (started_) tree_.UpdateDrives();
-}
-
-void XplrSession::EndBox() {
-  if (--boxes_ == 0 && drivesPosted_) posts_.Post(XplrWindow::kForm, XplrMessage::kUpdateDrives);
 }
 
 // Messages.

@@ -45,6 +45,10 @@ class XplrTree {
   void TakeSelection();
   /// Applies the selection to the name, once the tree is filled.
   void OnFocus();
+  /// Marks the servers and shares that have failed. failed is asked for each path.
+  void ShowFailures(const std::function<bool(TextView path)>& failed);
+  /// Goes up to a folder on the way to the present one, or else wherever its path leads.
+  void WalkTo(const Text& folder);
   /// The folder that was searched for: goes there.
   void GoTo(Text folder);
 
