@@ -11,7 +11,8 @@
 namespace pnl {
 namespace {
 
-constexpr Color kBack = 0xC6D8DC;
+constexpr Color kEmpty = 10595253;  // as the list
+constexpr Color kBack = 0xBEC8D0;
 constexpr Color kHead = 8621463;
 constexpr Color kEdge = 4608090;
 constexpr Color kText = 0;
@@ -44,7 +45,7 @@ void XplrPreviewPane::Show(const XplrPreviewFace& preview) {
 
 void XplrPreviewPane::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(kBack));
+  painter.fillRect(rect(), ToQColor(lines_.isEmpty() ? kEmpty : kBack));
   painter.fillRect(0, 0, 1, height(), ToQColor(kEdge));
   if (lines_.isEmpty()) return;
   painter.setPen(ToQColor(kText));

@@ -18,7 +18,7 @@ constexpr Color kSelectedBack = 4608090;
 constexpr Color kSelectedText = 0xffffff;
 constexpr int kFontWeight = 500;
 constexpr int kNodeRole = Qt::UserRole;
-constexpr Color kFailedText = 0x303080;
+constexpr Color kFailedText = 0x080850;
 constexpr Color kCross = 0x0000D0;
 
 /// Keys that open a node. All others lead from node to node.

@@ -196,7 +196,10 @@ void ZCExplorer::PostTab() { PostKey(QApplication::focusWidget(), Qt::Key_Tab); 
 
 void ZCExplorer::PostEnter() { PostKey(this, Qt::Key_Return); }
 
-void ZCExplorer::StyleForm(const XplrFonts& fonts) { form_->Style(fonts, context_.language.Bitmap(kIconStrip)); }
+void ZCExplorer::StyleForm(const XplrFonts& fonts) {
+  fonts_ = fonts;
+  form_->Style(fonts, context_.language.Bitmap(kIconStrip));
+}
 
 void ZCExplorer::SetLabel(int id, TextView text) { form_->Label(id)->SetTextW(ToQString(text), true); }
 
@@ -232,7 +235,7 @@ bool ZCExplorer::OpenFind(TextView text) {
   const ModuleHandle module = context_.language.LoadLanguageLibrary();
   if (module == 0) return false;
   context_.language.FreeLanguageLibrary(module);
-  find_ = new ZCFind(ToQString(context_.language.LoadToolText(xplr_text::kFind)), this);
+  find_ = new ZCFind(ToQString(context_.language.LoadToolText(xplr_text::kFind)), fonts_.headings, this);
   find_->SetMessageHandler([this](const Message& message) { return TellMessage(XplrWindow::kFind, message); });
   connect(find_, &ZCFind::SearchKey, this,
           [this](int key) { session_.Tell([key](XplrSession& session) { session.OnFindKey(SearchKeyOf(key)); }); });
@@ -250,7 +253,7 @@ bool ZCExplorer::OpenFolderSearch() {
   const ModuleHandle module = context_.language.LoadLanguageLibrary();
   if (module == 0) return false;
   context_.language.FreeLanguageLibrary(module);
-  folder_ = new ZCFolder(ToQString(context_.language.LoadToolText(xplr_text::kFindFolder)), this);
+  folder_ = new ZCFolder(ToQString(context_.language.LoadToolText(xplr_text::kFindFolder)), fonts_.headings, this);
   connect(folder_, &XplrDialog::Closing, this,
           [this] { session_.Tell([](XplrSession& session) { session.OnFolderClosed(); }); });
   folder_->Open(QString());

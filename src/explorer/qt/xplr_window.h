@@ -68,6 +68,7 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
 
   const ToolContext context_;
+  XplrFonts fonts_;
   ZCXPLRView* form_;
   QPointer<ZCFind> find_;
   QPointer<ZCFolder> folder_;
