@@ -184,10 +184,11 @@ void ZCXPLRList::resizeEvent(QResizeEvent* event) {
 void ZCXPLRList::PlaceAll() {
   const QRect area = viewport()->geometry();
   const int preview = preview_->isHidden() ? 0 : XplrPreviewPane::WidthIn(area.width());
-  const int columns = area.width() - preview;
-  preview_->setGeometry(area.left() + columns, frameWidth(), preview, area.bottom() + 1 - frameWidth());
+  const int twentieth = (area.width() - preview) / 20;
+  // With a preview the columns reach it; without one a few pixels are left, as everywhere.
+  const int columns = preview == 0 ? area.width() : 20 * twentieth;
+  preview_->setGeometry(area.left() + columns, frameWidth(), area.width() - columns, area.bottom() + 1 - frameWidth());
   coming_->setGeometry(area.left(), area.bottom() + 1 - XplrComingSign::kHeight, columns, XplrComingSign::kHeight);
-  const int twentieth = columns / 20;
   for (int column = 0; column < static_cast<int>(kTwentieths.size()); ++column) {
     header()->resizeSection(column, kTwentieths[static_cast<std::size_t>(column)] * twentieth);
   }
