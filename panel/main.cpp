@@ -54,14 +54,22 @@ bool LacksDisplay(const panel::Options& options) {
          qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-/// Sets up drive C:, the machine, the clock and the language. Returns what is wrong, or an empty text.
-QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
+/// Sets up drive C:. Returns what is wrong, or an empty text.
+QString PrepareDrive(pnl::rig::Rig& rig, const panel::Options& options) {
+  // A machine whose drives are described has a drive C: of its own.
+  if (options.root.isEmpty() && !rig.SimulatesDrives()) return {};
   const QString root = RootFolder(options);
   if (!QDir().mkpath(root)) return QStringLiteral("--root: the folder %1 can't be made").arg(root);
   pnl::rig::Drive drive;
   drive.letter = 'C';
   drive.dir = QFile::encodeName(root).toStdString();
   rig.Files().SetDrive(drive);
+  return {};
+}
+
+/// Sets up drive C:, the machine, the clock and the language. Returns what is wrong, or an empty text.
+QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
+  if (const QString problem = PrepareDrive(rig, options); !problem.isEmpty()) return problem;
   const bool started = options.bare ? rig.StartBare() : rig.StartMachine(options.machine.toStdString());
   if (!started) return QStringLiteral("--machine: there is no machine named %1").arg(options.machine);
   if (options.manualTime || !options.guidedInto.isEmpty()) rig.UseManualTime();
@@ -171,7 +179,7 @@ int Run(QApplication& application, const panel::Options& options) {
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
   // A script begins with drive C: alone, and sets the answers to passwords itself.
   panel::Background maker;
-  if (!options.rpc && !options.bare) SetUpDemoDisc(*rig, options, maker);
+  if (!options.rpc && !options.bare && rig->SimulatesDrives()) SetUpDemoDisc(*rig, options, maker);
   if (!options.rpc && !options.bare) rig->AskPasswords([&window](std::int32_t) { return window.Password().Ask(); });
   std::unique_ptr<panel::RemoteControl> remote;
   if (options.rpc) {

@@ -242,6 +242,9 @@ class Rig {
   [[nodiscard]] virtual CncControl& Cnc() = 0;
   [[nodiscard]] virtual MachineControl* Machine() = 0;
   [[nodiscard]] virtual Storage& Files() = 0;
+  /// False when the explorer walks the drives of this machine, by the drive file: then SetDrive sets only the folder of
+  /// a drive, and SetDriveMasks does nothing.
+  [[nodiscard]] virtual bool SimulatesDrives() const = 0;
   /// Stops the real clock: from now on timers and machine move only by Advance.
   virtual void UseManualTime() = 0;
   /// Moves the clock. Fires every timer that falls due, in order, and delivers what each one posts before the next.

@@ -18,6 +18,7 @@ inline constexpr int kParse = -32700;
 inline constexpr int kInvalidRequest = -32600;
 inline constexpr int kUnknownMethod = -32601;
 inline constexpr int kInvalidParams = -32602;
+inline constexpr int kRefused = -32000;
 }  // namespace rpc_code
 
 struct RpcError {

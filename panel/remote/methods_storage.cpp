@@ -30,6 +30,12 @@ char ReadLetter(Params& params) {
   return 'C';
 }
 
+/// What a change of a simulated drive answers when nobody would see it.
+std::optional<RpcResult> NoSimulatedDrives(const RemoteWorld& world) {
+  if (world.rig.SimulatesDrives()) return std::nullopt;
+  return RpcError{rpc_code::kRefused, "the drives are those of this machine: PNLTOOLS_DRIVE_FILE names a drive file"};
+}
+
 RpcResult DriveSet(RemoteWorld& world, Params& params) {
   pnl::rig::Drive drive;
   drive.letter = ReadLetter(params);
@@ -41,6 +47,7 @@ RpcResult DriveSet(RemoteWorld& world, Params& params) {
   drive.error = params.Int("error", 0);
   drive.labelFails = params.Bool("labelFails", false);
   if (params.Problem()) return *params.Problem();
+  if (const auto refused = NoSimulatedDrives(world)) return *refused;
   world.rig.Files().SetDrive(drive);
   return Done();
 }
@@ -62,6 +69,7 @@ RpcResult DriveMasks(RemoteWorld& world, Params& params) {
   const std::string remembered = ReadLetters(params, "remembered");
   const std::string locked = ReadLetters(params, "locked");
   if (params.Problem()) return *params.Problem();
+  if (const auto refused = NoSimulatedDrives(world)) return *refused;
   world.rig.Files().SetDriveMasks(noDrives, remembered, locked);
   return Done();
 }

@@ -64,6 +64,7 @@ class ZWCStatic : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  [[nodiscard]] QFont Font() const { return m_pFont ? *m_pFont : font(); }
 
  private:
   void ChooseFormat();
@@ -71,8 +72,6 @@ class ZWCStatic : public QWidget {
   void PaintTriangle(QPainter& painter, const QRect& strip) const;
   void PaintPlusSign(QPainter& painter) const;
   [[nodiscard]] QRect Centred(QPainter& painter, QRect rect, QString& text) const;
-  [[nodiscard]] QFont Font() const { return m_pFont ? *m_pFont : font(); }
-
   const Files& files_;
   QString text_;
   std::optional<QFont> m_pFont;

@@ -33,6 +33,7 @@ std::intptr_t XplrSession::OnToolCommand(std::intptr_t code) {
 
 void XplrSession::OnKey(XplrKey key) {
   if (key == XplrKey::kEnter) {
+    ForgetFailure(state_.Path);
     accept_.Accept();
   } else if (state_.HasDialog()) {
     View().PostEscapeToDialog();
@@ -45,7 +46,9 @@ void XplrSession::OnMenuCommand(std::intptr_t id) {
   const bool dialog = state_.HasDialog();
   switch (id) {
     case xplr_command::kRefresh:
-      if (!dialog) list_.FillList(ListMode::kFolder);
+      if (dialog) break;
+      ForgetFailure(state_.Path);
+      list_.FillList(ListMode::kFolder);
       break;
     case xplr_command::kTogglePin:
       if (!dialog) TogglePin();
@@ -95,13 +98,17 @@ void XplrSession::LayOut() {
   XplrView& view = View();
   const bool moves = state_.Layout != LayoutMode::kTreeAndList && view.FocusedControl() == xplr_control::kTree;
   view.Place(LayOutXplr(width_, height_, state_.Layout));
+  preview_.SetThere(width_ >= kPreviewFromWidth);
   if (moves) View().FocusControl(xplr_control::kList);
 }
 
 void XplrSession::TogglePin() {
   if (state_.Has(XPLR_LISTONLY)) return;
   // The password's box runs an event loop.
-  if (Context().cnc.Psw().PSW_ConfirmarAcceso(kPinAccess, 0, 0) == 0) return;
+  BeginBox();
+  const bool allowed = Context().cnc.Psw().PSW_ConfirmarAcceso(kPinAccess, 0, 0) != 0;
+  EndBox();
+  if (!allowed) return;
   state_.Flags ^= XPLR_PINNED;
   LayOut();
   posts_.Send(XplrWindow::kFrame, XplrMessage::kUpdatePinState);
@@ -138,6 +145,7 @@ void XplrSession::OnFocus(int id, bool focused) {
     if (!state_.HasDialog()) tree_.OnFocus();
   } else if (id == xplr_control::kList) {
     ShowPane(xplr_control::kFolder, focused);
+    if (!focused) list_.OnLeft();
     if (!focused) return;
     posts_.Post(XplrWindow::kFrame, XplrMessage::kUpdate);
     list_.OnFocus();

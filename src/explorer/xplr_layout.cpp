@@ -23,6 +23,7 @@ LayoutMode LayoutOf(const XplrState& state) {
 XplrLayout LayOutXplr(int width, int height, LayoutMode mode) {
   XplrLayout layout;
   layout.showsTree = mode == LayoutMode::kTreeAndList;
+  layout.pathLeads = mode != LayoutMode::kListOnly;
   const int left = layout.showsTree ? kTreeWidth : 0;
   const int panes = height - kPanesLess;
   layout.caption = At(0, 0, width, 40);

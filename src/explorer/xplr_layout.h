@@ -16,6 +16,7 @@ struct XplrLayout {
   Rect tree;               // 1106
   Rect list;               // 1107
   bool showsTree = false;  // tree and filter are shown, and the tree enabled
+  bool pathLeads = false;  // a piece of the path leads to its folder
   friend bool operator==(const XplrLayout&, const XplrLayout&) = default;
 };
 

@@ -50,10 +50,13 @@ XplrLoadRequest XplrList::Request() const {
 }
 
 XplrList::Ended XplrList::Empty() {
-  links_.jobs.Drop(std::exchange(loading_, 0));
+  links_.jobs.Drop(loading_);
+  SetLoading(0);
   selected_ = -1;
   rows_ = std::make_shared<const XplrRows>();
   links_.view().OnRowsReset(rows_);
+  EndTyping();
+  links_.selected();
   return std::exchange(ended_, {});
 }
 
@@ -87,7 +90,7 @@ void XplrList::Start(ListMode mode) {
     XplrRows rows = mode == ListMode::kShares ? LoadShares(*reader, *network, request, progress)
                                               : LoadFolder(*reader, request, progress);
     job.Post(steps([this, rows = std::move(rows), sorted = request.sort]() mutable {
-      loading_ = 0;
+      SetLoading(0);
       ShowLoaded(std::move(rows), sorted);
       EndLoad();
     }));
@@ -96,8 +99,14 @@ void XplrList::Start(ListMode mode) {
   if (job == 0) {
     EndLoad();
   } else if (links_.jobs.IsUnderWay(job)) {
-    loading_ = job;
+    SetLoading(job);
   }
+}
+
+void XplrList::SetLoading(JobId job) {
+  const bool before = IsLoading();
+  loading_ = job;
+  if (IsLoading() != before) links_.loading(IsLoading());
 }
 
 void XplrList::EndLoad() {
@@ -115,9 +124,12 @@ void XplrList::Show(XplrRows rows) {
   selected_ = Has(selected_) ? PlaceOf(At(selected_), TurnOf(At(selected_), *rows_), rows) : -1;
   rows_ = std::make_shared<const XplrRows>(std::move(rows));
   links_.view().OnRowsReset(rows_);
-  if (selected_ < 0) return;
-  links_.view().SelectRow(selected_);
-  links_.view().ScrollToRow(selected_);
+  if (selected_ >= 0) {
+    links_.view().SelectRow(selected_);
+    links_.view().ScrollToRow(selected_);
+  }
+  EndTyping();
+  links_.selected();
 }
 
 void XplrList::FirstFill(std::function<void()> then) {
@@ -175,8 +187,37 @@ void XplrList::Take(int row) {
 
 void XplrList::OnRowSelected(int row) {
   if (!Has(row)) return;
+  EndTyping();
   selected_ = row;
   SyncNameFromSelection();
+  links_.selected();
+}
+
+void XplrList::GoTo(int row) {
+  selected_ = row;
+  links_.view().SelectRow(row);
+  links_.view().ScrollToRow(row);
+  SyncNameFromSelection();
+  links_.selected();
+}
+
+void XplrList::OnTyped(TextView letters) {
+  const auto row = typed_.Add(letters, *rows_);
+  if (!row) return;
+  GoTo(static_cast<int>(*row));
+  links_.view().MarkTyped(typed_.Letters().size());
+}
+
+void XplrList::OnBackspace() {
+  if (typed_.Letters().empty()) return;
+  if (const auto row = typed_.TakeBack(*rows_)) GoTo(static_cast<int>(*row));
+  links_.view().MarkTyped(typed_.Letters().size());
+}
+
+void XplrList::EndTyping() {
+  if (typed_.Letters().empty()) return;
+  typed_.Clear();
+  links_.view().MarkTyped(0);
 }
 
 void XplrList::OnFocus() {
@@ -186,6 +227,7 @@ void XplrList::OnFocus() {
     selected_ = 0;
     links_.view().SelectRow(0);
     links_.view().ScrollToRow(0);
+    links_.selected();
   }
   SyncNameFromSelection();
 }
@@ -227,10 +269,8 @@ void XplrList::SearchList(bool forward) {
   const auto answer = pnl::SearchList(Names(*rows_, selected_), search_, forward);
   if (!answer) return;
   if (answer->result == FindResult::kFound) {
-    selected_ = static_cast<int>(answer->row);
-    links_.view().SelectRow(selected_);
-    links_.view().ScrollToRow(selected_);
-    SyncNameFromSelection();
+    EndTyping();
+    GoTo(static_cast<int>(answer->row));
   }
   links_.posts.Send(XplrWindow::kFind, XplrMessage::kFindResult, static_cast<std::intptr_t>(answer->result));
 }

@@ -11,6 +11,7 @@
 #include "explorer/xplr_messages.h"
 #include "explorer/xplr_search.h"
 #include "explorer/xplr_state.h"
+#include "explorer/xplr_typed.h"
 #include "explorer/xplr_view.h"
 
 namespace pnl {
@@ -26,6 +27,10 @@ class XplrList {
     XplrViewAccess view;
     /// The list has been loaded or sorted: the menus are to be refreshed.
     std::function<void()> updateMenus;
+    /// Another row is selected, or the selected row has been read again.
+    std::function<void()> selected = [] {};
+    /// A load begins, or has ended.
+    std::function<void(bool loading)> loading = [](bool) {};
   };
   /// patience is how long a folder may take before its first rows are shown.
   explicit XplrList(Links links, std::chrono::milliseconds patience = kFirstRows)
@@ -48,6 +53,12 @@ class XplrList {
   void OnRowSelected(int row);
   void OnClick(int row);
   void OnDoubleClick(int row);
+  /// Letters were typed: goes to the first name that begins so.
+  void OnTyped(TextView letters);
+  /// The last of these letters is taken back.
+  void OnBackspace();
+  /// The focus has gone elsewhere: what was typed is over.
+  void OnLeft() { EndTyping(); }
 
   /// Searches for the text that was given last. Sends the result to the find dialog.
   void SearchList(bool forward);
@@ -56,6 +67,8 @@ class XplrList {
 
   [[nodiscard]] const XplrRows& Rows() const { return *rows_; }
   [[nodiscard]] int Selected() const { return selected_; }
+  /// Null without a selection.
+  [[nodiscard]] const XplrRow* SelectedRow() const { return Has(selected_) ? &At(selected_) : nullptr; }
   [[nodiscard]] const SortState& Sort() const { return sort_; }
   void SetSort(const SortState& sort) { sort_ = sort; }
   /// True while more rows may come.
@@ -79,6 +92,10 @@ class XplrList {
   /// Selects a row as the operator would.
   void Take(int row);
   void SyncNameFromSelection();
+  /// Selects a row that the logic has found.
+  void GoTo(int row);
+  void EndTyping();
+  void SetLoading(JobId job);
   [[nodiscard]] bool Has(int row) const { return row >= 0 && row < static_cast<int>(rows_->size()); }
   [[nodiscard]] const XplrRow& At(int row) const { return (*rows_)[static_cast<std::size_t>(row)]; }
 
@@ -87,6 +104,7 @@ class XplrList {
   std::shared_ptr<const XplrRows> rows_ = std::make_shared<const XplrRows>();
   SortState sort_;
   SearchState search_;
+  XplrTyped typed_;
   int selected_ = -1;
   bool loaded_ = false;      // a load has begun; before that the selection has no effect
   bool focusWaits_ = false;  // the focus came before the rows

@@ -29,15 +29,16 @@ enum class XplrMessage {
   kFindNext,
   kFindPrevious,
   kFindResult,
-  kEndFind
+  kEndFind,
+  kUpdateDrives
 };
 /// In the order of XplrMessage.
-inline constexpr std::array<std::string_view, 17> kXplrMessageNames = {
+inline constexpr std::array<std::string_view, 18> kXplrMessageNames = {
     "XPLR_GO",          "XPLR_SHOWMENU",        "XPLR_UPDATEMENU",     "XPLR_SHOWMSG",
     "XPLR_UPDATE",      "XPLR_UPDATE_PINSTATE", "XPLR_UPDATE_CAPTION", "XPLR_UPDATE_FOLDER",
     "XPLR_UPDATE_LIST", "XPLR_UPDATE_TREE",     "XPLR_UPDATE_EDIT",    "XPLR_RESET_LIST",
     "XPLR_FIND",        "XPLR_FIND_NEXT",       "XPLR_FIND_PREVIOUS",  "XPLR_FIND_RESULT",
-    "XPLR_END_FIND"};
+    "XPLR_END_FIND",    "XPLR_UPDATE_DRIVES"};
 
 /// Sends the explorer's messages to its windows.
 class XplrPosts {

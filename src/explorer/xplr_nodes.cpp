@@ -59,7 +59,7 @@ std::optional<int> DriveImage(char letter, int type) {
 }
 
 XplrNode Node(Text text, int image, int selectedImage, NodeKind kind) {
-  return {std::move(text), image, selectedImage, kind, true};
+  return {std::move(text), image, selectedImage, kind, true, false};
 }
 
 const Text& FirstOf(const Text& first, const Text& second) { return first.empty() ? second : first; }
@@ -70,10 +70,11 @@ const std::vector<NodeId>& XplrNodes::Children(NodeId node) const {
   return node == kNoNode ? roots_ : rows_.at(node).children;
 }
 
-NodeId XplrNodes::Add(NodeId parent, XplrNode node) {
+NodeId XplrNodes::Insert(NodeId parent, std::size_t index, XplrNode node) {
   const NodeId id = next_++;
   rows_[id] = {std::move(node), parent, {}};
-  (parent == kNoNode ? roots_ : rows_.at(parent).children).push_back(id);
+  std::vector<NodeId>& children = parent == kNoNode ? roots_ : rows_.at(parent).children;
+  children.insert(children.begin() + static_cast<std::ptrdiff_t>(index), id);
   return id;
 }
 
@@ -103,6 +104,14 @@ Text XplrNodes::NodeName(NodeId node) const {
   if (found.image != image::kLocked) return found.text;
   const Text name = found.text.substr(0, found.text.find(u' '));
   return name.empty() ? found.text : name;
+}
+
+std::vector<NodeId> XplrNodes::NetworkPlaces() const {
+  std::vector<NodeId> places;
+  for (const auto& [id, row] : rows_) {
+    if (row.node.kind == NodeKind::kServer || row.node.kind == NodeKind::kNetwork) places.push_back(id);
+  }
+  return places;
 }
 
 /// The node's part of a path.

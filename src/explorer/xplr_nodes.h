@@ -5,6 +5,7 @@
 
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "explorer/xplr_ids.h"
@@ -23,21 +24,27 @@ struct XplrNode {
   int selectedImage = 0;
   NodeKind kind = NodeKind::kNone;
   bool hasChildren = true;  // shows the mark by which it is opened; corrected when it is
+  bool failed = false;      // a share or server that didn't answer
 };
 
 class XplrNodes {
  public:
   /// Adds a node as the last child of parent (kNoNode: as the last root).
-  NodeId Add(NodeId parent, XplrNode node);
+  NodeId Add(NodeId parent, XplrNode node) { return Insert(parent, Children(parent).size(), std::move(node)); }
+  /// Adds a node as the child of parent that has that index afterwards.
+  NodeId Insert(NodeId parent, std::size_t index, XplrNode node);
   /// Adds folders as children of parent, which has none, sorted by name without regard to case. Returns how many.
   std::size_t AddFolders(NodeId parent, std::vector<Text> names);
   /// Removes a node with everything below it.
   void Remove(NodeId node);
   void Clear();
   void SetHasChildren(NodeId node, bool has) { rows_.at(node).node.hasChildren = has; }
+  void SetFailed(NodeId node, bool failed) { rows_.at(node).node.failed = failed; }
   void SetText(NodeId node, Text text) { rows_.at(node).node.text = std::move(text); }
 
   [[nodiscard]] bool Exists(NodeId node) const { return rows_.count(node) != 0; }
+  /// All servers and shares.
+  [[nodiscard]] std::vector<NodeId> NetworkPlaces() const;
   /// The node must exist.
   [[nodiscard]] const XplrNode& At(NodeId node) const { return rows_.at(node).node; }
   [[nodiscard]] NodeId Parent(NodeId node) const { return rows_.at(node).parent; }

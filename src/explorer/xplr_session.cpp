@@ -28,31 +28,41 @@ XplrSession::XplrSession(const ToolContext& context, XplrView& view)
     : ToolSession(context, view),
       self_(std::make_shared<std::weak_ptr<ToolSession<XplrView>>>()),
       settings_(context.files, context.cnc.Util()),
-      jobs_(context.worker, XplrSteps([self = self_](const std::function<void()>& step) {
-              RunOperation(self->lock(), [&step](const ToolSession& /*session*/) { step(); });
+      places_(context.places, failures_),
+      network_(context.network, failures_),
+      jobs_(context.worker, XplrSteps([this, self = self_](const std::function<void()>& step) {
+              RunOperation(self->lock(), [&](const ToolSession& /*session*/) { NoteFailures(), step(); });
             })),
-      folders_(context.places, context.network, jobs_),
+      folders_(places_, network_, jobs_),
       posts_(context.windows, [this]() -> XplrView& { return View(); }),
       menus_(context.language),
       tree_({state_, folders_, posts_, [this]() -> XplrView& { return View(); },
              [this](const XplrNotice& notice) { ShowNotice(notice), messageIsNew_ = true; }}),
-      list_({state_, context.places, context.network, jobs_, posts_, [this]() -> XplrView& { return View(); },
-             [this] { UpdateMenus(); }}),
-      accept_({state_, folders_, [this]() -> XplrView& { return View(); },
-               [this](const XplrNotice& notice) { ShowNotice(notice); },
-               [this](const Text& name) {
-                 const Text question = Format(Context().language.LoadToolText(xplr_text::kConfirmOverwrite), name);
-                 return Context().windows.ShowBox(View().Handle(), {state_.Title, question, BoxStyle::kQuestion}) ==
-                        BoxAnswer::kYes;
-               },
-               [this](const Text& path, const Text& name) { Accept(path, name); }}),
-      find_(posts_, context.language) {}
+      list_({state_, places_, network_, jobs_, posts_, [this]() -> XplrView& { return View(); },
+             [this] { UpdateMenus(); }, [this] { preview_.OnSelected(state_.Path, list_.SelectedRow()); },
+             [this](bool loading) { OnLoading(loading); }}),
+      accept_(
+          {state_, folders_, [this]() -> XplrView& { return View(); },
+           [this](const XplrNotice& notice) { ShowNotice(notice); },
+           [this](const Text& name) {
+             const Text question = Format(Context().language.LoadToolText(xplr_text::kConfirmOverwrite), name);
+             const WindowHandle frame = View().Handle();
+             BeginBox();
+             const BoxAnswer answer = Context().windows.ShowBox(frame, {state_.Title, question, BoxStyle::kQuestion});
+             EndBox();
+             return answer == BoxAnswer::kYes;
+           },
+           [this](const Text& path, const Text& name) { Accept(path, name); }}),
+      find_(posts_, context.language),
+      preview_(places_, jobs_, [this]() -> XplrView& { return View(); }),
+      comingTimer_(context.timers) {}
 
 // The start.
 
 void XplrSession::Start() {
   *self_ = weak_from_this();
   settings_.Open();
+  WatchDrives();
   Host().HostToolOpening(kTool);
   request_ = RequestNumber(Context().cnc.Vars());
   const XPLRDATA_ST* request = RequestOf(request_);
@@ -133,6 +143,8 @@ void XplrSession::End() {
   if (HasEnded()) return;
   MarkEnded();
   jobs_.DropAll();
+  comingTimer_.Stop();
+  for (const auto& [place, timer] : failed_) Context().timers.Stop(timer);
   menus_.Destroy();
 }
 
@@ -198,6 +210,8 @@ std::optional<std::intptr_t> XplrSession::OnFormMessage(const Message& message) 
     tree_.StepIntoChild();
   } else if (message.number == posts_.NumberOf(XplrMessage::kUpdateEdit)) {
     View().SetNameText(state_.File);
+  } else if (message.number == posts_.NumberOf(XplrMessage::kUpdateDrives)) {
+    UpdateDrives();
   } else {
     return std::nullopt;
   }

@@ -8,9 +8,11 @@
 #include <optional>
 
 #include "explorer/xplr_accept.h"
+#include "explorer/xplr_failures.h"
 #include "explorer/xplr_find.h"
 #include "explorer/xplr_list.h"
 #include "explorer/xplr_menus.h"
+#include "explorer/xplr_preview.h"
 #include "explorer/xplr_settings.h"
 #include "explorer/xplr_tree.h"
 #include "host/tool_session.h"
@@ -39,12 +41,19 @@ class XplrSession final : public ToolSession<XplrView> {
   /// The operator changed the name.
   void OnNameChanged();
 
-  void OnNodeSelected(NodeId node) { tree_.OnNodeSelected(node, true); }
-  void OnNodeOpening(NodeId node) { tree_.OnNodeOpening(node); }
+  /// walked: the operator came there with the arrow keys, which doesn't ask a place again that has failed lately.
+  void OnNodeSelected(NodeId node, bool walked = false);
+  void OnNodeOpening(NodeId node, bool walked = false);
+  /// The selected node was touched again.
+  void OnNodeTouched(NodeId node);
   void OnRowSelected(int row) { list_.OnRowSelected(row); }
   void OnRowClicked(int row) { list_.OnClick(row); }
   void OnRowDoubleClicked(int row) { list_.OnDoubleClick(row); }
   void OnHeaderClicked(int column) { list_.OnHeaderClicked(column); }
+  void OnListTyped(TextView letters) { list_.OnTyped(letters); }
+  void OnListBackspace() { list_.OnBackspace(); }
+  /// The path in the heading was touched, at that character.
+  void OnPathTouched(std::size_t at);
 
   // The find dialog.
   void OnFindKey(FindKey key) { find_.OnKey(key); }
@@ -79,6 +88,19 @@ class XplrSession final : public ToolSession<XplrView> {
   void StartFolderSearch();
   void EndFind();
   void EndFolderSearch();
+  // Shares and servers that failed.
+  /// The path's place is asked again when it is next used.
+  void ForgetFailure(TextView path);
+  void NoteFailures();
+  void ShowFailures();
+  /// The list has begun to load, or has ended.
+  void OnLoading(bool loading);
+  // Drives that come and go.
+  void WatchDrives();
+  void UpdateDrives();
+  /// Around a message box, whose event loop delivers messages. The drives stay as they are until it ends.
+  void BeginBox() { ++boxes_; }
+  void EndBox();
   // The end.
   void Accept(const Text& path, const Text& name);
   void FinishExplorer(int code);
@@ -92,6 +114,9 @@ class XplrSession final : public ToolSession<XplrView> {
   // Filled when the session is shared; a step of a job finds it through this.
   const std::shared_ptr<std::weak_ptr<ToolSession<XplrView>>> self_;
   XplrSettings settings_;
+  const SharedFailures failures_ = std::make_shared<XplrFailures>();
+  CarefulPlaces places_;
+  CarefulNetwork network_;
   XplrJobs jobs_;
   XplrFolders folders_;
   XplrPosts posts_;
@@ -100,11 +125,17 @@ class XplrSession final : public ToolSession<XplrView> {
   XplrList list_;
   XplrAccept accept_;
   XplrFind find_;
+  XplrPreview preview_;
+  ScopedTimer comingTimer_;
+  bool comingShown_ = false;
+  std::map<Text, TimerId> failed_;  // when each place may be asked again
   int width_ = 0;
   int height_ = 0;
   bool started_ = false;       // the list exists, and sizes count
   bool messageShown_ = false;  // a numbered message is on the line
   bool messageIsNew_ = false;  // and not to be cleared by the update that comes with it
+  int boxes_ = 0;              // message boxes that are open
+  bool drivesPosted_ = false;  // the message that updates the drives is on its way, or waits for the boxes
 };
 
 }  // namespace pnl

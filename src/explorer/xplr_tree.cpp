@@ -26,7 +26,8 @@ bool IsNetworkPath(TextView path) { return path.size() > 1 && path[1] == u'\\'; 
 }  // namespace
 
 void XplrTree::Fill(TextView unavailable, std::function<void()> then) {
-  AddDrives(unavailable);
+  unavailable_ = unavailable;
+  UpdateDrives();
   const auto done = [this, then = std::move(then)] {
     filled_ = true;
     then();
@@ -38,17 +39,6 @@ void XplrTree::Fill(TextView unavailable, std::function<void()> then) {
     if (waits) LocateTreeNode(done);
   });
   if (!waits) LocateTreeNode(done);
-}
-
-void XplrTree::AddDrives(TextView unavailable) {
-  const Places& places = links_.folders.Drives();
-  const DriveMask all = (places.LogicalDrives() | places.RememberedDrives()) & ~places.HiddenDrives();
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    if ((all & DriveBit(static_cast<char16_t>(letter))) == 0) continue;
-    if (auto node = DriveNode(letter, places, links_.state.Has(XPLR_HIDELOCKED), unavailable)) {
-      AddShown(kNoNode, std::move(*node));
-    }
-  }
 }
 
 void XplrTree::AddNetwork(const std::vector<NetworkResource>& resources) {
@@ -350,6 +340,27 @@ void XplrTree::TakeSelection() {
 
 void XplrTree::OnFocus() {
   if (filled_) static_cast<void>(ApplySelection());
+}
+
+void XplrTree::WalkTo(const Text& folder) {
+  XplrState& state = links_.state;
+  for (NodeId up = selected_; up != kNoNode; up = nodes_.Parent(up)) {
+    if (EqualNoCase(nodes_.BuildNodePath(up), folder)) return Select(up);
+  }
+  // A network path that the tree didn't walk has no node.
+  if (!IsDrivePath(folder)) return;
+  state.Path = folder;
+  if (state.IsFolderMode()) state.File.clear();
+  LocateTreeNode([this] { OnNodeSelected(selected_, true); });
+}
+
+void XplrTree::ShowFailures(const std::function<bool(TextView path)>& failed) {
+  for (const NodeId node : nodes_.NetworkPlaces()) {
+    const bool now = failed(nodes_.BuildNodePath(node));
+    if (now == nodes_.At(node).failed) continue;
+    nodes_.SetFailed(node, now);
+    links_.view().OnNodeChanged(nodes_, node);
+  }
 }
 
 void XplrTree::GoTo(Text folder) {

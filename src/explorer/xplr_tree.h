@@ -31,6 +31,8 @@ class XplrTree {
 
   /// Adds drives and network and goes to the start folder, then calls then. unavailable is the text of a locked drive.
   void Fill(TextView unavailable, std::function<void()> then);
+  /// Shows the drives that there are now. A selection in a drive that has gone goes to the drive next to it.
+  void UpdateDrives();
   /// Goes to Path, in folder mode to File in it, and puts Path right when the way ends elsewhere; then calls then.
   void LocateTreeNode(std::function<void()> then);
   /// The operator opens a node on the screen.
@@ -43,6 +45,10 @@ class XplrTree {
   void TakeSelection();
   /// Applies the selection to the name, once the tree is filled.
   void OnFocus();
+  /// Marks the servers and shares that have failed. failed is asked for each path.
+  void ShowFailures(const std::function<bool(TextView path)>& failed);
+  /// Goes up to a folder on the way to the present one, or else wherever its path leads.
+  void WalkTo(const Text& folder);
   /// The folder that was searched for: goes there.
   void GoTo(Text folder);
 
@@ -56,7 +62,11 @@ class XplrTree {
     NodeId node = kNoNode;
     std::function<void()> then;
   };
-  void AddDrives(TextView unavailable);
+  void RemoveDrive(char letter);
+  void InsertDrive(char letter, XplrNode node);
+  void ChangeDrive(char letter, XplrNode node);
+  [[nodiscard]] NodeId NeighbourOf(NodeId root) const;
+  [[nodiscard]] NodeId RootOf(NodeId node) const;
   void AddNetwork(const std::vector<NetworkResource>& resources);
   void AddProvider(XplrNode node);
   void AddShown(NodeId parent, XplrNode node);
@@ -79,6 +89,8 @@ class XplrTree {
 
   const Links links_;
   XplrNodes nodes_;
+  Text unavailable_;
+  std::map<char, NodeId> drives_;  // the first of the roots, by letter
   NodeId networkRoot_ = kNoNode;
   NodeId selected_ = kNoNode;
   bool filled_ = false;

@@ -28,6 +28,14 @@ struct XplrFonts {
   friend bool operator==(const XplrFonts&, const XplrFonts&) = default;
 };
 
+/// The pane beside the list with the beginning of the selected file.
+struct XplrPreviewFace {
+  bool there = false;
+  Text name;  // of the file; empty with the lines
+  std::vector<Text> lines;
+  friend bool operator==(const XplrPreviewFace&, const XplrPreviewFace&) = default;
+};
+
 class XplrView : public ToolView {
  public:
   [[nodiscard]] virtual WindowHandle HandleOf(XplrWindow window) const = 0;
@@ -58,7 +66,7 @@ class XplrView : public ToolView {
   // The tree.
   /// count children of parent are new, from the index-th on.
   virtual void OnNodesAdded(const XplrNodes& nodes, NodeId parent, std::size_t index, std::size_t count) = 0;
-  /// The mark by which the node is opened has changed.
+  /// The node's text, the mark by which it is opened, or the one that it has failed, has changed.
   virtual void OnNodeChanged(const XplrNodes& nodes, NodeId node) = 0;
   /// The node is about to be removed.
   virtual void OnNodeRemoving(NodeId node) = 0;
@@ -73,6 +81,11 @@ class XplrView : public ToolView {
   /// Selects a row and gives it the mark of the focus, without an event; -1 selects none.
   virtual void SelectRow(int row) = 0;
   virtual void ScrollToRow(int row) = 0;
+  /// Marks so many of the first letters of the selected row's name.
+  virtual void MarkTyped(std::size_t letters) = 0;
+  /// A sign at the end of the rows: more of them are coming.
+  virtual void ShowMoreComing(bool coming) = 0;
+  virtual void ShowPreview(const XplrPreviewFace& preview) = 0;
   /// Titles of the list's three columns.
   virtual void SetColumnTitles(const std::array<Text, 3>& titles) = 0;
   /// Posts the frame a key-down of Enter.

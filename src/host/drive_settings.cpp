@@ -20,4 +20,10 @@ void SetStartDrives(DriveMap& drives, const char* setting, const char* dataHome,
   }
 }
 
+void SetDescribedDrives(DriveMap& drives, const DriveSetup& setup) {
+  for (const auto& [letter, drive] : setup.drives) {
+    if (!drive.folder.empty()) drives.Set(letter, drive.folder);
+  }
+}
+
 }  // namespace pnl

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/files.h"
+#include "places/drive_file.h"
 
 namespace pnl {
 
@@ -12,5 +13,9 @@ namespace pnl {
 /// a letter, "=" and an absolute folder is left out. If C: isn't set, it becomes "<dataHome>/pnltools", or without an
 /// absolute dataHome "<home>/.local/share/pnltools". Any of the three texts may be null.
 void SetStartDrives(DriveMap& drives, const char* setting, const char* dataHome, const char* home);
+
+/// Fills the map with the folders that a drive file names. SetStartDrives comes after it: what a start says goes before
+/// what is said of the machine.
+void SetDescribedDrives(DriveMap& drives, const DriveSetup& setup);
 
 }  // namespace pnl

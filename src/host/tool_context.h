@@ -22,7 +22,7 @@ struct ToolContext {
   Timers& timers;
   Language& language;
   Files& files;
-  const Places& places;
+  Places& places;
   const Network& network;
   Worker& worker;
 };

@@ -49,11 +49,15 @@ Library::Tools::Tools(Library& library, CncFacade& cnc)
               library.timers_,
               language,
               library.files_,
-              *library.places_,
+              library.DrivesFor(cnc),
               *library.network_,
               library.worker_} {}
 
 Library::Library() {
+  const auto setup = ReadDriveFile(std::getenv("PNLTOOLS_DRIVE_FILE"));
+  ownDrives_ = setup.has_value();
+  if (setup) SetDescribedDrives(drives_, *setup);
+  discs_ = std::make_unique<DiscPlaces>(drives_, setup.value_or(DriveSetup{}));
   SetStartDrives(drives_, std::getenv("PNLTOOLS_DRIVES"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
   simulation_ = std::make_unique<sim::SimulatedCnc>(windows_, timers_, files_, drives_);
   places_ = std::make_unique<sim::SimPlaces>(simulation_->Storage());
@@ -62,10 +66,23 @@ Library::Library() {
   UsePack(kDefaultLanguage);
 }
 
+Places& Library::DrivesFor(const CncFacade& cnc) {
+  if (ownDrives_ || &cnc != simulation_.get()) return *discs_;
+  return *places_;
+}
+
+void Library::WatchMounts() {
+  if (mounts_ || &tools_->context.places != discs_.get()) return;
+  const auto look = [this] { discs_->SetMounted(ReadMountTable()); };
+  mounts_ = std::make_unique<MountWatch>(MountWatch::OpenTable(), look);
+  look();
+}
+
 Library::~Library() { simulation_->AttachMachine(nullptr); }
 
 WindowHandle Library::LoadTool(int toolId, WindowHandle parent) {
   if (!CanMakeWindows()) return 0;
+  WatchMounts();
   QWidget* const parentWidget = windows_.WidgetOf(parent);
   const ToolWindow* const tool = MakeTool(toolId, tools_->context, parentWidget);
   return tool != nullptr ? tool->Handle() : 0;

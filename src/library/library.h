@@ -15,6 +15,8 @@
 #include "facade/sim/sim_places.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/tool_context.h"
+#include "places/disc_places.h"
+#include "places/qt/mount_watch.h"
 #include "window/menu.h"
 #include "window/qt/qt_timers.h"
 #include "window/qt/qt_window_system.h"
@@ -59,6 +61,8 @@ class Library {
   [[nodiscard]] Language& Texts() { return tools_->language; }
   /// The simulated CNC; null when a backend library has taken its place.
   [[nodiscard]] sim::SimulatedCnc* Simulation() { return backend_ == nullptr ? simulation_.get() : nullptr; }
+  /// False when the drives are those of this machine, by the drive file.
+  [[nodiscard]] bool SimulatesDrives() const { return !ownDrives_; }
   [[nodiscard]] sim::Machine* Machine() { return machine_.get(); }
 
  private:
@@ -69,6 +73,10 @@ class Library {
     Language language;
     ToolContext context;
   };
+  /// The drives of this machine with a drive file or a backend library, else the simulated ones.
+  [[nodiscard]] Places& DrivesFor(const CncFacade& cnc);
+  /// From the first tool on, drives come and go with the kernel's table of mounts.
+  void WatchMounts();
   bool UsePack(const std::string& code);
   void InstallLanguageLibrary();
   /// Puts the machine's long descriptions, in every language, onto its drive and into the simulated CNC's tables.
@@ -81,6 +89,9 @@ class Library {
   MenuTable menus_;
   QtWorker worker_;
   std::unique_ptr<sim::SimulatedCnc> simulation_;
+  bool ownDrives_ = false;
+  std::unique_ptr<DiscPlaces> discs_;
+  std::unique_ptr<MountWatch> mounts_;
   std::unique_ptr<sim::SimPlaces> places_;
   std::unique_ptr<sim::SimNetwork> network_;
   std::unique_ptr<sim::Machine> machine_;

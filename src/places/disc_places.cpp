@@ -12,7 +12,8 @@ namespace {
 /// Finds the tree of each path's drive in its own copy of the map. Nothing in it changes, so any thread may use it.
 class DiscReader final : public FolderReader {
  public:
-  DiscReader(DriveMap drives, DriveMask emptiable) : drives_(std::move(drives)), emptiable_(emptiable) {}
+  DiscReader(DriveMap drives, DriveMask emptiable, DriveMask empty)
+      : drives_(std::move(drives)), emptiable_(emptiable), empty_(empty) {}
 
   int List(TextView folder, const Take& take) const override {
     return InTree(folder, [&](const HostTree& tree, const HostTree::Names& names) { return tree.List(names, take); });
@@ -22,14 +23,19 @@ class DiscReader final : public FolderReader {
   }
   bool Exists(TextView path) const override {
     const auto place = Find(path);
-    return place && place->tree.Exists(place->names);
+    return place && !Has(empty_, *place) && place->tree.Exists(place->names);
   }
   bool IsReadOnly(TextView path) const override {
     const auto place = Find(path);
-    return place && place->tree.IsReadOnly(place->names);
+    return place && !Has(empty_, *place) && place->tree.IsReadOnly(place->names);
   }
   int MakeFolder(TextView path) const override {
     return InTree(path, [](const HostTree& tree, const HostTree::Names& names) { return tree.MakeFolder(names); });
+  }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    const auto place = Find(path);
+    if (!place || Has(empty_, *place)) return std::nullopt;
+    return place->tree.ReadStart(place->names, most);
   }
 
  private:
@@ -46,18 +52,24 @@ class DiscReader final : public FolderReader {
     if (!folder) return std::nullopt;
     return Place{{std::move(*folder), HostTree::Root::kDrive}, std::move(parsed->names), parsed->drive};
   }
+  [[nodiscard]] static bool Has(DriveMask drives, const Place& place) {
+    return (drives & DriveBit(static_cast<char16_t>(place.drive))) != 0;
+  }
   template <typename Operation>
   [[nodiscard]] int InTree(TextView path, const Operation& operation) const {
     const auto place = Find(path);
     if (!place) return place_error::kPathNotFound;
+    // The folder without its disc is part of another disc, on which nothing may be listed or made by mistake.
+    if (Has(empty_, *place)) return place_error::kNotReady;
     const int error = operation(place->tree, place->names);
-    const bool mayBeOut = (emptiable_ & DriveBit(static_cast<char16_t>(place->drive))) != 0;
+    const bool mayBeOut = Has(emptiable_, *place);
     if (error == place_error::kPathNotFound && mayBeOut && place->tree.IsMissing()) return place_error::kNotReady;
     return error;
   }
 
   DriveMap drives_;
   DriveMask emptiable_;
+  DriveMask empty_;
 };
 
 class CompositeReader final : public FolderReader {
@@ -85,6 +97,10 @@ class CompositeReader final : public FolderReader {
     const FolderReader* reader = For(path);
     return reader != nullptr ? reader->MakeFolder(path) : place_error::kPathNotFound;
   }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    const FolderReader* reader = For(path);
+    return reader != nullptr ? reader->ReadStart(path, most) : std::nullopt;
+  }
 
  private:
   [[nodiscard]] const FolderReader* For(TextView path) const {
@@ -95,14 +111,20 @@ class CompositeReader final : public FolderReader {
   std::shared_ptr<const FolderReader> network_;
 };
 
+/// As the mount table names a folder.
+std::string WithoutTrailingSlashes(std::string folder) {
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
+}
+
 char Capital(char letter) { return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter; }
 
 bool Contains(DriveMask mask, char letter) { return (mask & DriveBit(static_cast<unsigned char>(letter))) != 0; }
 
 }  // namespace
 
-std::shared_ptr<const FolderReader> MakeDiscReader(DriveMap drives, DriveMask emptiable) {
-  return std::make_shared<DiscReader>(std::move(drives), emptiable);
+std::shared_ptr<const FolderReader> MakeDiscReader(DriveMap drives, DriveMask emptiable, DriveMask empty) {
+  return std::make_shared<DiscReader>(std::move(drives), emptiable, empty);
 }
 
 std::shared_ptr<const FolderReader> MakeCompositeReader(std::shared_ptr<const FolderReader> drives,
@@ -125,19 +147,32 @@ const DriveDescription& DiscPlaces::Described(char letter) const {
   return found != setup_.drives.end() ? found->second : ordinary;
 }
 
+DriveMask DiscPlaces::Empty() const {
+  DriveMask empty = 0;
+  if (!mounted_) return empty;
+  for (const char letter : drives_.Letters()) {
+    const bool removable = Described(letter).type == drive_type::kRemovable;
+    if (!removable || mounted_->count(WithoutTrailingSlashes(*drives_.Folder(letter))) != 0) continue;
+    empty |= DriveBit(static_cast<unsigned char>(letter));
+  }
+  return empty;
+}
+
+bool DiscPlaces::IsThere(char letter) const { return Contains(LogicalDrives(), letter); }
+
 int DiscPlaces::DriveType(char letter) const {
-  if (drives_.Folder(letter)) return Described(letter).type;
+  if (IsThere(letter)) return Described(letter).type;
   // So that a drive of an earlier session is shown, connected or not.
   return Contains(setup_.remembered, letter) ? drive_type::kNetwork : drive_type::kNoRoot;
 }
 
 std::optional<Text> DiscPlaces::VolumeLabel(char letter) const {
-  return drives_.Folder(letter) ? Described(letter).label : std::nullopt;
+  return IsThere(letter) ? Described(letter).label : std::nullopt;
 }
 
 Places::RemoteName DiscPlaces::DriveRemoteName(char letter) const {
   if (DriveType(letter) != drive_type::kNetwork) return {place_error::kNotConnected, {}};
-  const int error = drives_.Folder(letter) ? place_error::kNone : place_error::kNotConnected;
+  const int error = IsThere(letter) ? place_error::kNone : place_error::kNotConnected;
   return {error, Described(letter).remote};
 }
 
@@ -146,7 +181,13 @@ std::shared_ptr<const FolderReader> DiscPlaces::Reader() const {
   for (const auto& [letter, drive] : setup_.drives) {
     if (IsEmptiable(drive.type)) emptiable |= DriveBit(static_cast<unsigned char>(letter));
   }
-  return MakeCompositeReader(MakeDiscReader(drives_, emptiable), shares_);
+  return MakeCompositeReader(MakeDiscReader(drives_, emptiable, Empty()), shares_);
+}
+
+void DiscPlaces::SetMounted(MountedFolders folders) {
+  const DriveMask before = LogicalDrives();
+  mounted_ = std::move(folders);
+  if (LogicalDrives() != before) OnDrivesChanged();
 }
 
 void DiscPlaces::OnDrivesChanged() const {

@@ -9,12 +9,15 @@
 
 #include "base/drive_map.h"
 #include "places/drive_file.h"
+#include "places/mount_table.h"
 #include "places/places.h"
 
 namespace pnl {
 
-/// A reader of these drives. A drive of the set emptiable whose folder doesn't exist is not ready: its disc isn't in.
-[[nodiscard]] std::shared_ptr<const FolderReader> MakeDiscReader(DriveMap drives, DriveMask emptiable);
+/// A reader of these drives. A drive of the set emptiable whose folder doesn't exist is not ready: its disc isn't in. A
+/// drive of the set empty is never ready, and nothing in its folder is looked at.
+[[nodiscard]] std::shared_ptr<const FolderReader> MakeDiscReader(DriveMap drives, DriveMask emptiable,
+                                                                 DriveMask empty = 0);
 /// A reader that asks network for every path that begins with two backslashes, and drives for all others. Without
 /// network the former are not found.
 [[nodiscard]] std::shared_ptr<const FolderReader> MakeCompositeReader(std::shared_ptr<const FolderReader> drives,
@@ -30,7 +33,7 @@ class DiscPlaces final : public Places {
   /// and may be null.
   explicit DiscPlaces(const DriveMap& drives, DriveSetup setup = {}, std::shared_ptr<const FolderReader> shares = {});
 
-  [[nodiscard]] DriveMask LogicalDrives() const override { return MaskOf(drives_); }
+  [[nodiscard]] DriveMask LogicalDrives() const override { return MaskOf(drives_) & ~Empty(); }
   [[nodiscard]] DriveMask HiddenDrives() const override { return setup_.hidden; }
   [[nodiscard]] DriveMask LockedDrives() const override { return setup_.locked; }
   [[nodiscard]] DriveMask RememberedDrives() const override { return setup_.remembered; }
@@ -43,14 +46,21 @@ class DiscPlaces final : public Places {
 
   /// Reports to the watcher that the map has changed. To be called after each change of it.
   void OnDrivesChanged() const;
+  /// What is mounted now. From the first call on a removable drive is there only while something is mounted on its
+  /// folder. Reports to the watcher when a drive has come or gone.
+  void SetMounted(MountedFolders folders);
 
  private:
   /// The description of a drive; that of an ordinary drive when the setup has none.
   [[nodiscard]] const DriveDescription& Described(char letter) const;
+  /// The removable drives of the map without a disc.
+  [[nodiscard]] DriveMask Empty() const;
+  [[nodiscard]] bool IsThere(char letter) const;
 
   const DriveMap& drives_;
   DriveSetup setup_;
   std::shared_ptr<const FolderReader> shares_;
+  std::optional<MountedFolders> mounted_;  // nothing while nobody has said
   std::function<void()> changed_;
 };
 

@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -11,6 +12,7 @@
 #include <optional>
 #include <string_view>
 
+#include "base/descriptor.h"
 #include "base/locate.h"
 #include "base/replace_file.h"
 
@@ -195,6 +197,27 @@ int HostTree::MakeFolder(const Names& names) const {
   if (status == FileStatus::kOutOfReach || status == FileStatus::kNotFound) return place_error::kPathNotFound;
   // Where a link leads nowhere its name is taken, but no folder comes to exist.
   return status == FileStatus::kOk && Exists(names) ? place_error::kNone : place_error::kAccessDenied;
+}
+
+std::optional<std::string> HostTree::ReadStart(const Names& names, std::size_t most) const {
+  const Located found = Locate(folder_, names);
+  if (found.presence != Presence::kThere || !S_ISREG(found.info.st_mode)) return std::nullopt;
+  if ((found.info.st_mode & S_IRUSR) == 0) return std::nullopt;
+  // What has taken the file's place meanwhile may be a pipe, for which nobody writes.
+  const Descriptor file(open(found.host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat info {};
+  if (!file || fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+  std::string bytes(most, '\0');
+  std::size_t size = 0;
+  while (size < most) {
+    const ssize_t count = read(file.Get(), bytes.data() + size, most - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return std::nullopt;
+    if (count == 0) break;
+    size += static_cast<std::size_t>(count);
+  }
+  bytes.resize(size);
+  return bytes;
 }
 
 bool HostTree::IsMissing() const {

@@ -4,6 +4,7 @@
 // Knows no drive letters. May be used on any thread; each call may take as long as the disc needs.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,6 +32,7 @@ class HostTree {
   [[nodiscard]] bool IsReadOnly(const Names& names) const;
   /// Never makes the folder of the tree: kPathNotFound when that is missing.
   [[nodiscard]] int MakeFolder(const Names& names) const;
+  [[nodiscard]] std::optional<std::string> ReadStart(const Names& names, std::size_t most) const;
   /// True when the folder of the tree doesn't exist, as that of a disc that isn't mounted.
   [[nodiscard]] bool IsMissing() const;
 

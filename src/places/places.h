@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/text.h"
@@ -81,6 +82,11 @@ class FolderReader {
   [[nodiscard]] virtual bool IsReadOnly(TextView path) const = 0;
   /// Makes a folder with its parents. Returns kNone, kAlreadyExists, or why it couldn't be made.
   [[nodiscard]] virtual int MakeFolder(TextView path) const = 0;
+  /// The first bytes of a file, at most so many; fewer are all that it has. Nothing for what isn't a file, or can't be
+  /// read; a reader that never reads files need not replace it.
+  [[nodiscard]] virtual std::optional<std::string> ReadStart(TextView /*path*/, std::size_t /*most*/) const {
+    return std::nullopt;
+  }
 };
 
 class Places {

@@ -195,5 +195,21 @@ TEST_F(NodePaths, ARemovedNodeTakesEverythingBelowItAlong) {
   EXPECT_GT(nodes_.Add(kNoNode, Named(u"E:")), share_) << "a number is never used twice";
 }
 
+TEST(XplrNodes, AnInsertedNodeHasItsPlaceAmongItsSiblings) {
+  XplrNodes nodes;
+  const auto named = [](TextView text) {
+    XplrNode node;
+    node.text = text;
+    return node;
+  };
+  const NodeId c = nodes.Add(kNoNode, named(u"C:"));
+  const NodeId e = nodes.Insert(kNoNode, 1, named(u"E:"));
+  const NodeId a = nodes.Insert(kNoNode, 0, named(u"A:"));
+  const NodeId d = nodes.Insert(kNoNode, 2, named(u"D:"));
+  EXPECT_THAT(nodes.Children(kNoNode), testing::ElementsAre(a, c, d, e));
+  const NodeId below = nodes.Insert(d, 0, named(u"x"));
+  EXPECT_EQ(nodes.Parent(below), d);
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -74,6 +74,12 @@ class FakeXplrView final : public FakeView<XplrView> {
   }
   void SelectRow(int row) override { Order("row ", row); }
   void ScrollToRow(int row) override { Order("scroll ", row); }
+  void MarkTyped(std::size_t letters) override { Order("mark ", static_cast<std::int64_t>(letters)); }
+  void ShowMoreComing(bool coming) override { Order(coming ? "more coming" : "no more coming"); }
+  void ShowPreview(const XplrPreviewFace& face) override {
+    Order("preview ", face.name, " ", static_cast<std::int64_t>(face.lines.size())), preview = face;
+  }
+  XplrPreviewFace preview;
   void PostEnter() override { Order("enter"); }
   bool OpenFind(TextView text) override { return Order("find ", text), true; }
   bool OpenFolderSearch() override { return Order("folder search"), true; }

@@ -482,5 +482,117 @@ TEST_F(XplrSessionTest, NothingIsLeftWhenTheWindowGoes) {
   EXPECT_EQ(menus.Count(), before);
 }
 
+// ---------------------------------------------------------------- drives that come and go
+
+TEST_F(XplrSessionTest, ABurstOfChangesOfTheDrivesIsShownOnceAfterTheOperation) {
+  Open();
+  Forget();
+  Tell([&](XplrSession&) {
+    for (const char letter : {'D', 'E', 'F'}) {
+      places.types[letter] = drive_type::kRemovable;
+      places.watcher();
+    }
+    places.types.erase('E');
+    places.watcher();
+    EXPECT_THAT(All(), IsEmpty()) << "not in the middle of an operation";
+  });
+  EXPECT_EQ(windows.posted.size(), 1u);
+  Drain();
+  EXPECT_THAT(All(), ElementsAre("view nodes 0 1 1", "view nodes 0 2 1"));
+  places.watcher();
+  EXPECT_EQ(windows.posted.size(), 1u) << "the next change is reported again";
+}
+
+TEST_F(XplrSessionTest, TheListFollowsWhenTheDriveOfItsFolderGoes) {
+  places.types['E'] = drive_type::kRemovable;
+  places.disc->AddFile(u"E:\\JOBS\\J.NC");
+  places.disc->AddFile(u"C:\\ROOT.NC");
+  SetField(request.Path, u"E:\\JOBS");
+  Open();
+  EXPECT_THAT(RowNames(), ElementsAre("J.NC"));
+  places.types.erase('E');
+  places.watcher();
+  Drain();
+  EXPECT_EQ(view->labels[xplr_control::kFolder], u"C:");
+  EXPECT_THAT(RowNames(), Contains("ROOT.NC"));
+}
+
+TEST_F(XplrSessionTest, TheDrivesStayAsTheyAreWhileAQuestionIsOpen) {
+  places.types['E'] = drive_type::kRemovable;
+  places.disc->AddFile(u"E:\\J.NC");
+  SetField(request.Path, u"E:");
+  request.Flags = XPLR_CONFIRMOVERWRITE;
+  Open();
+  PickRow(u"J.NC");
+  windows.onBox = [this] {
+    places.types.erase('E');
+    places.watcher();
+    Drain();
+    EXPECT_EQ(view->labels[xplr_control::kFolder], u"E:");
+  };
+  windows.boxAnswer = BoxAnswer::kNo;
+  Enter();
+  EXPECT_EQ(windows.boxes.size(), 1u);
+  EXPECT_EQ(view->labels[xplr_control::kFolder], u"C:");
+}
+
+/// Does something while the password's box is open.
+class PasswordSink final : public rig::EventSink {
+ public:
+  explicit PasswordSink(std::function<void()> during) : during_(std::move(during)) {}
+  void Cnc(std::string_view name, const std::vector<rig::Value>&, const rig::Value&) override {
+    if (name == "PSW_ConfirmarAcceso") during_();
+  }
+  void Write(std::u16string_view, const rig::Value&, bool) override {}
+  void MessageToHost(PnlWindow, std::uint32_t, std::intptr_t, std::intptr_t) override {}
+  void Box(std::u16string_view, std::u16string_view, std::string_view, std::string_view) override {}
+
+ private:
+  std::function<void()> during_;
+};
+
+TEST_F(XplrSessionTest, TheDrivesStayAsTheyAreWhileAPasswordIsAskedFor) {
+  places.types['E'] = drive_type::kRemovable;
+  places.disc->AddFolder(u"E:");
+  SetField(request.Path, u"E:");
+  for (const int allowed : {1, 0}) {
+    places.types['E'] = drive_type::kRemovable;
+    Open();
+    cnc.Returns("PSW_ConfirmarAcceso", {allowed});
+    PasswordSink during([this] {
+      places.types.erase('E');
+      places.watcher();
+      Drain();
+      EXPECT_EQ(view->labels[xplr_control::kFolder], u"E:");
+    });
+    cnc.SetSink(&during);
+    Menu(32791);
+    cnc.SetSink(&sink);
+    EXPECT_EQ(view->labels[xplr_control::kFolder], u"C:") << allowed;
+  }
+}
+
+TEST_F(XplrSessionTest, AChangeOfTheDrivesAfterTheEndDoesNothing) {
+  Open();
+  const auto watcher = places.watcher;
+  DestroyTool();
+  Forget();
+  watcher();
+  Drain();
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(XplrSessionTest, TheEndOfOneExplorerDoesNotEndTheWatchOfTheNext) {
+  Open();
+  const auto first = tool;
+  Open();
+  first->End();
+  Forget();
+  places.types['E'] = drive_type::kRemovable;
+  places.watcher();
+  Drain();
+  EXPECT_THAT(All(), ElementsAre("view nodes 0 1 1"));
+}
+
 }  // namespace
 }  // namespace pnl::test

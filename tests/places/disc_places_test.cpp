@@ -140,6 +140,77 @@ TEST_F(DiscPlacesTest, AFolderThatIsMissingOnAStickIsNotFound) {
   EXPECT_EQ(DiscPlaces(drives, setup).Reader()->Probe(u"D:\\none"), place_error::kPathNotFound);
 }
 
+// ---------------------------------------------------------------- discs that come and go
+
+TEST_F(DiscPlacesTest, OnlyARemovableDriveComesAndGoesWithItsDisc) {
+  DriveSetup setup;
+  drives.Set('E', Host("e"));
+  drives.Set('F', Host("f"));
+  drives.Set('G', Host("g") + "/");
+  setup.drives['D'].type = drive_type::kFixed;
+  setup.drives['E'].type = drive_type::kCd;
+  setup.drives['F'].type = drive_type::kRemovable;
+  setup.drives['G'].type = drive_type::kRemovable;
+  DiscPlaces places(drives, setup);
+  const DriveMask always = DriveBit(u'C') | DriveBit(u'D') | DriveBit(u'E');
+  EXPECT_EQ(places.LogicalDrives(), always | DriveBit(u'F') | DriveBit(u'G')) << "while nobody has said";
+  const struct {
+    MountedFolders mounted;
+    DriveMask there;
+  } rows[] = {
+      {{}, always},
+      {{"/"}, always},
+      {{Host("f")}, always | DriveBit(u'F')},
+      {{Host("f") + "/deeper", Host("g")}, always | DriveBit(u'G')},
+      {{Host("f"), Host("g")}, always | DriveBit(u'F') | DriveBit(u'G')},
+  };
+  for (const auto& row : rows) {
+    places.SetMounted(row.mounted);
+    EXPECT_EQ(places.LogicalDrives(), row.there);
+    const bool there = (row.there & DriveBit(u'F')) != 0;
+    EXPECT_EQ(places.DriveType('f'), there ? drive_type::kRemovable : drive_type::kNoRoot);
+  }
+}
+
+TEST_F(DiscPlacesTest, NothingIsListedOrMadeInTheFolderOfADiscThatIsOut) {
+  temp.Write("stick/a", "1");
+  drives.Set('E', Host("stick"));
+  DriveSetup setup;
+  setup.drives['E'].type = drive_type::kRemovable;
+  setup.drives['E'].label = u"STICK";
+  DiscPlaces places(drives, setup);
+  places.SetMounted({Host("stick")});
+  const auto in = places.Reader();
+  places.SetMounted({});
+  const auto out = places.Reader();
+  EXPECT_EQ(in->Probe(u"E:"), place_error::kNone) << "a reader knows the discs of its time";
+  EXPECT_EQ(out->Probe(u"E:"), place_error::kNotReady);
+  EXPECT_THAT(NamesIn(*out, u"E:", nullptr), testing::IsEmpty());
+  EXPECT_FALSE(out->Exists(u"E:\\a"));
+  EXPECT_FALSE(out->IsReadOnly(u"E:\\a"));
+  EXPECT_EQ(in->ReadStart(u"E:\\a", 10), "1");
+  EXPECT_EQ(out->ReadStart(u"E:\\a", 10), std::nullopt);
+  EXPECT_EQ(out->ReadStart(u"\\\\S\\A\\f", 10), std::nullopt) << "without a network";
+  EXPECT_EQ(out->MakeFolder(u"E:\\made"), place_error::kNotReady);
+  EXPECT_FALSE(temp.Has("stick/made")) << "it would be on another disc";
+  EXPECT_EQ(places.VolumeLabel('E'), std::nullopt);
+}
+
+TEST_F(DiscPlacesTest, TheWatcherLearnsOfDrivesThatComeAndGoAndOfNothingElse) {
+  drives.Set('E', Host("e"));
+  DriveSetup setup;
+  setup.drives['E'].type = drive_type::kRemovable;
+  DiscPlaces places(drives, setup);
+  std::vector<DriveMask> seen;
+  places.Watch([&] { seen.push_back(places.LogicalDrives()); });
+  const DriveMask always = DriveBit(u'C') | DriveBit(u'D');
+  for (const MountedFolders& mounted :
+       {MountedFolders{Host("e")}, {}, {"/other"}, {Host("e"), "/other"}, {Host("e")}, {}}) {
+    places.SetMounted(mounted);
+  }
+  EXPECT_THAT(seen, ElementsAre(always, always | DriveBit(u'E'), always));
+}
+
 TEST_F(DiscPlacesTest, WithoutASetupEveryDriveIsFixed) {
   const DiscPlaces places(drives);
   EXPECT_EQ(places.LogicalDrives(), DriveBit(u'C') | DriveBit(u'D'));

@@ -401,5 +401,38 @@ TEST_F(HostTreeTest, AFolderThatCannotBeMadeAnswersWhy) {
   EXPECT_FALSE(temp.Has("closed/x"));
 }
 
+// ---------------------------------------------------------------- the beginning of a file
+
+TEST(HostTreeStart, AtMostSoManyBytesAreRead) {
+  const test::TempFolder temp;
+  temp.Write("a.nc", "0123456789");
+  temp.Write("empty", "");
+  const HostTree tree(temp.Path().string(), HostTree::Root::kDrive);
+  const struct {
+    TextView name;
+    std::size_t most;
+    std::string bytes;
+  } rows[] = {{u"a.nc", 4, "0123"},
+              {u"A.NC", 10, "0123456789"},
+              {u"a.nc", 4096, "0123456789"},
+              {u"a.nc", 0, ""},
+              {u"empty", 10, ""}};
+  for (const auto& row : rows) EXPECT_EQ(tree.ReadStart({Text(row.name)}, row.most), row.bytes) << row.most;
+}
+
+TEST(HostTreeStart, OnlyAFileThatCanBeReadHasOne) {
+  const test::TempFolder temp;
+  static_cast<void>(temp.Folder("folder"));
+  temp.Write("secret", "1");
+  fs::permissions(temp.Path() / "secret", fs::perms::owner_write);
+  fs::create_symlink("nowhere", temp.Path() / "broken");
+  ASSERT_EQ(mkfifo((temp.Path() / "pipe").c_str(), 0600), 0);
+  const HostTree tree(temp.Path().string(), HostTree::Root::kDrive);
+  for (const TextView name : {u"folder", u"secret", u"broken", u"pipe", u"gone"}) {
+    EXPECT_EQ(tree.ReadStart({Text(name)}, 10), std::nullopt) << ToUtf8(name);
+  }
+  EXPECT_EQ(tree.ReadStart({}, 10), std::nullopt) << "the drive itself";
+}
+
 }  // namespace
 }  // namespace pnl

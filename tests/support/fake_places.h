@@ -28,7 +28,8 @@ struct FakeDisc {
   std::map<Text, int, TextNoCaseLess> errors;
   std::set<Text, TextNoCaseLess> readOnly;
   int makeError = place_error::kNone;
-  std::vector<Text> asked;   // "list C:\A", "probe C:\A", "make C:\A"
+  std::map<Text, std::string, TextNoCaseLess> bytes;  // of files
+  std::vector<Text> asked;                            // "list C:\A", "probe C:\A", "make C:\A"
   std::vector<Text> looked;  // the paths of which was asked whether they exist or may be written
   std::size_t batch = 0;     // so many entries come at a time; 0 for all at once
   std::function<void()> betweenBatches;
@@ -103,6 +104,12 @@ class FakeReader final : public FolderReader {
     if (IsThere(path)) return place_error::kAlreadyExists;
     disc_->AddFolder(Text(path));
     return place_error::kNone;
+  }
+  [[nodiscard]] std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    disc_->asked.push_back(u"read " + Text(path));
+    const auto found = disc_->bytes.find(Text(path));
+    if (found == disc_->bytes.end()) return std::nullopt;
+    return found->second.substr(0, most);
   }
 
  private:

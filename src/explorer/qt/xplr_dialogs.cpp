@@ -3,10 +3,13 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 
+#include "controls/fonts.h"
+#include "controls/system_colors.h"
 #include "explorer/xplr_ids.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
@@ -14,19 +17,43 @@
 namespace pnl {
 namespace {
 
-constexpr int kMargin = 10;
-constexpr int kHeight = 60;
+constexpr int kMargin = 12;
+constexpr int kBorder = 2;
+/// The edit is as high as a finger needs.
+constexpr int kEditHeight = 40;
+constexpr Color kBack = 12569043;
+constexpr Color kEdge = 4608090;
+constexpr Color kText = 0;
+constexpr Color kEditBack = 660510;
+constexpr Color kEditText = 0xffffff;
+constexpr int kWeight = 600;
+
+void Dress(QWidget& widget, const std::optional<QFont>& font, Color back, Color text) {
+  if (font) widget.setFont(*font);
+  QPalette colors = widget.palette();
+  for (const auto role : {QPalette::Window, QPalette::Base, QPalette::HighlightedText}) {
+    colors.setColor(role, ToQColor(back));
+  }
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::Highlight}) {
+    colors.setColor(role, ToQColor(text));
+  }
+  widget.setPalette(colors);
+}
 
 }  // namespace
 
-XplrDialog::XplrDialog(int mostCharacters, const QString& title, QWidget* frame)
+XplrDialog::XplrDialog(int mostCharacters, const QString& title, int fontHeight, QWidget* frame)
     : ToolDialog(frame), edit_(new QLineEdit(this)) {
   SetTitleProperty(FromQString(title));
-  setAutoFillBackground(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
   MarkControl(edit_, xplr_control::kFindText, control_kind::kEdit);
   edit_->setMaxLength(mostCharacters);
   auto* caption = new QLabel(title, this);
   caption->setTextFormat(Qt::PlainText);
+  const auto font = MakeFont(QStringLiteral("Arial"), fontHeight, kWeight);
+  Dress(*caption, font, kBack, kText);
+  Dress(*edit_, font, kEditBack, kEditText);
+  edit_->setFixedHeight(std::max(kEditHeight, 2 * fontHeight));
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   row->addWidget(caption);
@@ -40,7 +67,7 @@ void XplrDialog::Open(const QString& text) {
   edit_->selectAll();
   const QWidget* frame = parentWidget();
   const int width = std::min(frame->width() - 2 * kMargin, frame->width() * 2 / 3);
-  const int height = std::max(kHeight, sizeHint().height());
+  const int height = sizeHint().height();
   // Above the name field, which stays visible.
   setGeometry((frame->width() - width) / 2, std::max(0, frame->height() - height - 4 * kMargin), width, height);
   show();
@@ -64,6 +91,12 @@ void XplrDialog::Close() {
   EndMessages();
   hide();
   deleteLater();
+}
+
+void XplrDialog::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(kEdge));
+  painter.fillRect(rect().adjusted(kBorder, kBorder, -kBorder, -kBorder), ToQColor(kBack));
 }
 
 bool XplrDialog::eventFilter(QObject* watched, QEvent* event) {

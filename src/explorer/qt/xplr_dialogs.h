@@ -16,7 +16,8 @@ class XplrDialog : public ToolDialog {
   Q_OBJECT
 
  public:
-  XplrDialog(int mostCharacters, const QString& title, QWidget* frame);
+  /// fontHeight is that of the headings.
+  XplrDialog(int mostCharacters, const QString& title, int fontHeight, QWidget* frame);
 
   /// Shows the dialog in front of the frame and gives it the focus.
   void Open(const QString& text);
@@ -38,6 +39,7 @@ class XplrDialog : public ToolDialog {
   virtual bool OnKey(int key) = 0;
   std::intptr_t OnMessage(const Message& message) override { return handler_ ? handler_(message) : 0; }
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void SetText(const QString& text);
 
  private:
@@ -50,7 +52,7 @@ class ZCFind : public XplrDialog {
   Q_OBJECT
 
  public:
-  ZCFind(const QString& title, QWidget* frame) : XplrDialog(100, title, frame) {}
+  ZCFind(const QString& title, int fontHeight, QWidget* frame) : XplrDialog(100, title, fontHeight, frame) {}
 
  signals:
   /// One of the keys that search; the others are typed.
@@ -64,7 +66,7 @@ class ZCFolder : public XplrDialog {
   Q_OBJECT
 
  public:
-  ZCFolder(const QString& title, QWidget* frame) : XplrDialog(kLongestPath, title, frame) {}
+  ZCFolder(const QString& title, int fontHeight, QWidget* frame) : XplrDialog(kLongestPath, title, fontHeight, frame) {}
   /// The path that Enter took; empty before, and after Escape.
   [[nodiscard]] QString Folder() const { return m_Folder; }
 

@@ -50,12 +50,13 @@ ZCXPLRView::ZCXPLRView(const ToolContext& context, QWidget* frame)
       tree(new ZCFolderTree(xplr_control::kTree, this)),
       list(new ZCXPLRList(xplr_control::kList, this)),
       name(new ZCEdit(xplr_control::kName, context.windows, Handle(), this)),
+      path(new XplrPathHeading(xplr_control::kFolder, context.timers, context.files, this)),
       caption_(new ZWCStatic(xplr_control::kCaption, context.timers, context.files, this)),
       filter_(new ZWCStatic(xplr_control::kFilter, context.timers, context.files, this)),
-      folder_(new ZWCStatic(xplr_control::kFolder, context.timers, context.files, this)),
       label_(new ZWCStatic(xplr_control::kLabel, context.timers, context.files, this)) {
   caption_->SetColors(kFrame, kBack, kWhite, false);
-  for (ZWCStatic* heading : {filter_, folder_, label_}) heading->SetColors(kFrame, kBack, kBlack, false);
+  for (ZWCStatic* heading : std::initializer_list<ZWCStatic*>{filter_, path, label_})
+    heading->SetColors(kFrame, kBack, kBlack, false);
 }
 
 void ZCXPLRView::Style(const XplrFonts& fonts, const std::string* icons) {
@@ -65,7 +66,7 @@ void ZCXPLRView::Style(const XplrFonts& fonts, const std::string* icons) {
     int height;
   } const styles[] = {{caption_, kLeft, fonts.caption},
                       {filter_, kRight, fonts.headings},
-                      {folder_, kLeft, fonts.headings},
+                      {path, kLeft, fonts.headings},
                       {label_, kLeft, fonts.headings}};
   for (const auto& style : styles) {
     style.control->SetFormat(style.format);
@@ -80,7 +81,8 @@ void ZCXPLRView::Style(const XplrFonts& fonts, const std::string* icons) {
 void ZCXPLRView::Place(const XplrLayout& layout) {
   caption_->setGeometry(ToQRect(layout.caption));
   filter_->setGeometry(ToQRect(layout.filter));
-  folder_->setGeometry(ToQRect(layout.folder));
+  path->setGeometry(ToQRect(layout.folder));
+  path->SetLeads(layout.pathLeads);
   label_->setGeometry(ToQRect(layout.label));
   name->setGeometry(ToQRect(layout.name));
   tree->setGeometry(ToQRect(layout.tree));
@@ -99,7 +101,7 @@ ZWCStatic* ZCXPLRView::Label(int id) const {
     case xplr_control::kFilter:
       return filter_;
     case xplr_control::kFolder:
-      return folder_;
+      return path;
     default:
       return label_;
   }

@@ -7,6 +7,7 @@
 #include "controls/zwc_static.h"
 #include "explorer/qt/xplr_icons.h"
 #include "explorer/qt/xplr_list_widget.h"
+#include "explorer/qt/xplr_path_heading.h"
 #include "explorer/qt/xplr_tree_widget.h"
 #include "explorer/xplr_layout.h"
 #include "explorer/xplr_view.h"
@@ -47,6 +48,7 @@ class ZCXPLRView : public MessageWindow {
   ZCFolderTree* tree;
   ZCXPLRList* list;
   ZCEdit* name;
+  XplrPathHeading* path;
 
  signals:
   void Resized(int width, int height);
@@ -58,7 +60,6 @@ class ZCXPLRView : public MessageWindow {
  private:
   ZWCStatic* caption_;
   ZWCStatic* filter_;
-  ZWCStatic* folder_;
   ZWCStatic* label_;
   std::function<std::intptr_t(const Message&)> handler_;
 };

@@ -23,6 +23,8 @@ constexpr Color kSelectedBack = 660510;
 constexpr Color kPaleText = 0xC0C0C0;
 constexpr Color kPaleBack = 0x808080;
 constexpr Color kRefusedBack = 160;
+// The letters that were typed.
+constexpr Color kMarkBack = 0x60D8FF;
 constexpr int kFontWeight = 500;
 constexpr int kFileIcon = 1;
 constexpr int kFolderIcon = 2;
@@ -81,7 +83,8 @@ QVariant XplrRowsModel::headerData(int section, Qt::Orientation orientation, int
   return role == Qt::DisplayRole ? QVariant(titles_[section]) : QVariant();
 }
 
-ZCXPLRList::ZCXPLRList(int id, QWidget* parent) : MessageControl(id, parent) {
+ZCXPLRList::ZCXPLRList(int id, QWidget* parent)
+    : MessageControl(id, parent), preview_(new XplrPreviewPane(this)), coming_(new XplrComingSign(this)) {
   setModel(&model_);
   setSelectionMode(QAbstractItemView::SingleSelection);
   header()->setSectionsClickable(true);
@@ -95,6 +98,20 @@ ZCXPLRList::ZCXPLRList(int id, QWidget* parent) : MessageControl(id, parent) {
 void ZCXPLRList::SetLook(int fontHeight, ImageList icons) {
   Setup(kBack, kText, kSelectedBack, kSelectedText, QStringLiteral("Arial"), fontHeight, kFontWeight);
   SetSmallImages(std::move(icons));
+  preview_->SetLook(fontHeight);
+  PlaceAll();
+}
+
+void ZCXPLRList::MarkTyped(std::size_t letters) {
+  typed_ = letters;
+  viewport()->update();
+}
+
+void ZCXPLRList::ShowMoreComing(bool coming) { coming_->setVisible(coming); }
+
+void ZCXPLRList::ShowPreview(const XplrPreviewFace& preview) {
+  preview_->Show(preview);
+  PlaceAll();
 }
 
 void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) {
@@ -122,6 +139,21 @@ void ZCXPLRList::selectionChanged(const QItemSelection& selected, const QItemSel
   emit RowSelected(selected.first().top());
 }
 
+void ZCXPLRList::keyPressEvent(QKeyEvent* event) {
+  constexpr Qt::KeyboardModifiers kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  const QString text = event->text();
+  if (event->key() == Qt::Key_Backspace) {
+    event->accept();
+    emit BackspaceTyped();
+  } else if (!text.isEmpty() && text[0].unicode() >= u' ' && text[0].unicode() != 0x7F &&
+             (event->modifiers() & kCommands) == 0) {
+    event->accept();
+    emit Typed(text);
+  } else {
+    MessageControl::keyPressEvent(event);
+  }
+}
+
 void ZCXPLRList::mousePressEvent(QMouseEvent* event) {
   const QPointer<ZCXPLRList> alive = this;
   pressedRow_ = indexAt(event->position().toPoint()).row();
@@ -145,7 +177,18 @@ void ZCXPLRList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ZCXPLRList::resizeEvent(QResizeEvent* event) {
   ZWCListCtrl::resizeEvent(event);
-  const int twentieth = viewport()->width() / 20;
+  PlaceAll();
+}
+
+/// The columns share the width that the preview leaves.
+void ZCXPLRList::PlaceAll() {
+  const QRect area = viewport()->geometry();
+  const int preview = preview_->isHidden() ? 0 : XplrPreviewPane::WidthIn(area.width());
+  const int twentieth = (area.width() - preview) / 20;
+  // With a preview the columns reach it; without one a few pixels are left, as everywhere.
+  const int columns = preview == 0 ? area.width() : 20 * twentieth;
+  preview_->setGeometry(area.left() + columns, frameWidth(), area.width() - columns, area.bottom() + 1 - frameWidth());
+  coming_->setGeometry(area.left(), area.bottom() + 1 - XplrComingSign::kHeight, columns, XplrComingSign::kHeight);
   for (int column = 0; column < static_cast<int>(kTwentieths.size()); ++column) {
     header()->resizeSection(column, kTwentieths[static_cast<std::size_t>(column)] * twentieth);
   }
@@ -180,6 +223,18 @@ void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) 
   DrawCells(painter, bounds, row, *content);
 }
 
+void ZCXPLRList::DrawMark(QPainter& painter, const QRect& cell, const QString& name) const {
+  const QFontMetrics metrics = painter.fontMetrics();
+  QRect mark = cell;
+  mark.setWidth(metrics.horizontalAdvance(name.left(static_cast<qsizetype>(typed_))));
+  mark.setTop(cell.top() + (cell.height() - metrics.height()) / 2);
+  mark.setHeight(metrics.height());
+  painter.setClipRect(mark, Qt::IntersectClip);
+  painter.fillRect(mark, ToQColor(kMarkBack));
+  painter.setPen(ToQColor(kText));
+  DrawText(painter, cell, name, kCellFormat);
+}
+
 void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, const XplrRow& content) const {
   const int offset = 2 * painter.fontMetrics().horizontalAdvance(u' ');
   const ImageList& icons = SmallImages();
@@ -200,7 +255,11 @@ void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, cons
       cell.adjust(offset, 0, -offset, 0);
       if (column == kSizeColumn) format |= draw::kRight;
     }
-    DrawText(painter, cell, model_.CellText(row, column), format);
+    const QString cellText = model_.CellText(row, column);
+    DrawText(painter, cell, cellText, format);
+    if (column == 0 && typed_ != 0 && selectionModel()->isSelected(model_.index(row, 0))) {
+      DrawMark(painter, cell, cellText);
+    }
     painter.restore();
   }
 }

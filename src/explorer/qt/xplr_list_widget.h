@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/zwc_list_ctrl.h"
+#include "explorer/qt/xplr_preview_pane.h"
 #include "explorer/xplr_rows.h"
 #include "window/qt/message_control.h"
 
@@ -50,6 +51,11 @@ class ZCXPLRList : public MessageControl<ZWCListCtrl> {
   /// Selects a row without a signal; -1 selects none.
   void SelectRow(int row);
   void ScrollToRow(int row);
+  /// Marks the first letters of the selected row's name.
+  void MarkTyped(std::size_t letters);
+  void ShowMoreComing(bool coming);
+  void ShowPreview(const XplrPreviewFace& preview);
+  [[nodiscard]] const XplrPreviewPane* Preview() const { return preview_; }
 
  signals:
   void RowSelected(int row);
@@ -57,11 +63,15 @@ class ZCXPLRList : public MessageControl<ZWCListCtrl> {
   void RowClicked(int row);
   void RowDoubleClicked(int row);
   void HeaderClicked(int column);
+  /// A key with a letter, or with any other sign that is seen.
+  void Typed(const QString& letters);
+  void BackspaceTyped();
   void Focused(bool focused);
 
  protected:
   void DrawReportRow(QPainter& painter, const QRect& bounds, int row) const override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -70,9 +80,14 @@ class ZCXPLRList : public MessageControl<ZWCListCtrl> {
 
  private:
   void DrawCells(QPainter& painter, const QRect& bounds, int row, const XplrRow& content) const;
+  void DrawMark(QPainter& painter, const QRect& cell, const QString& name) const;
+  void PlaceAll();
 
   XplrRowsModel model_;
+  XplrPreviewPane* preview_;
+  XplrComingSign* coming_;
   bool silent_ = false;
+  std::size_t typed_ = 0;
   /// A double click belongs to what was under its first press.
   XplrRowsModel::Rows pressedRows_;
   int pressedRow_ = -1;

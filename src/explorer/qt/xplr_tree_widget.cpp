@@ -2,6 +2,8 @@
 #include "explorer/qt/xplr_tree_widget.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
 #include <utility>
 
 #include "window/qt/control_properties.h"
@@ -16,6 +18,26 @@ constexpr Color kSelectedBack = 4608090;
 constexpr Color kSelectedText = 0xffffff;
 constexpr int kFontWeight = 500;
 constexpr int kNodeRole = Qt::UserRole;
+constexpr Color kFailedText = 0x080850;
+constexpr Color kCross = 0x0000D0;
+
+/// Keys that open a node. All others lead from node to node.
+bool IsDeliberate(int key) { return key == Qt::Key_Space || key == Qt::Key_Plus; }
+
+/// The icon of a place that has failed: a cross in its corner.
+QPixmap Crossed(const QPixmap& icon) {
+  QPixmap crossed = icon;
+  QPainter painter(&crossed);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double side = icon.deviceIndependentSize().width();
+  const QRectF corner(side * 0.45, side * 0.45, side * 0.5, side * 0.5);
+  for (const auto& [color, width] : {std::pair(QColor(Qt::white), side / 4), {ToQColor(kCross), side / 7}}) {
+    painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(corner.topLeft(), corner.bottomRight());
+    painter.drawLine(corner.bottomLeft(), corner.topRight());
+  }
+  return crossed;
+}
 
 }  // namespace
 
@@ -54,16 +76,9 @@ void ZCFolderTree::AddNodes(const XplrNodes& nodes, NodeId parent, std::size_t i
   for (std::size_t i = index; i < index + count; ++i) {
     const NodeId id = nodes.Children(parent)[i];
     const XplrNode& node = nodes.At(id);
-    auto* item = new QTreeWidgetItem({ToQString(node.text)});
+    auto* item = new QTreeWidgetItem;
     item->setData(0, kNodeRole, id);
-    item->setData(0, node_role::kKind, static_cast<int>(node.kind));
-    item->setData(0, node_role::kImage, node.image);
-    QIcon icon;
-    if (const QPixmap* picture = icons_.At(node.image)) icon.addPixmap(*picture, QIcon::Normal, QIcon::Off);
-    if (const QPixmap* picture = icons_.At(node.selectedImage)) icon.addPixmap(*picture, QIcon::Selected, QIcon::Off);
-    item->setIcon(0, icon);
-    item->setChildIndicatorPolicy(node.hasChildren ? QTreeWidgetItem::ShowIndicator
-                                                   : QTreeWidgetItem::DontShowIndicator);
+    Dress(*item, node);
     items_[id] = item;
     added.append(item);
   }
@@ -78,9 +93,21 @@ void ZCFolderTree::AddNodes(const XplrNodes& nodes, NodeId parent, std::size_t i
 
 void ZCFolderTree::UpdateNode(const XplrNodes& nodes, NodeId node) {
   QTreeWidgetItem* item = ItemOf(node);
-  if (item == nullptr) return;
-  item->setChildIndicatorPolicy(nodes.At(node).hasChildren ? QTreeWidgetItem::ShowIndicator
-                                                           : QTreeWidgetItem::DontShowIndicator);
+  if (item != nullptr) Dress(*item, nodes.At(node));
+}
+
+void ZCFolderTree::Dress(QTreeWidgetItem& item, const XplrNode& node) const {
+  item.setText(0, ToQString(node.text));
+  item.setData(0, node_role::kKind, static_cast<int>(node.kind));
+  item.setData(0, node_role::kImage, node.image);
+  item.setForeground(0, node.failed ? QBrush(ToQColor(kFailedText)) : QBrush());
+  QIcon icon;
+  for (const auto& [image, mode] : {std::pair(node.image, QIcon::Normal), {node.selectedImage, QIcon::Selected}}) {
+    const QPixmap* picture = icons_.At(image);
+    if (picture != nullptr) icon.addPixmap(node.failed ? Crossed(*picture) : *picture, mode, QIcon::Off);
+  }
+  item.setIcon(0, icon);
+  item.setChildIndicatorPolicy(node.hasChildren ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicator);
 }
 
 void ZCFolderTree::RemoveNode(NodeId node) {
@@ -114,11 +141,26 @@ void ZCFolderTree::OnExpanded(QTreeWidgetItem* item) {
   silent_ = true;
   item->setExpanded(false);
   silent_ = false;
-  emit NodeOpening(NodeOf(item));
+  emit NodeOpening(NodeOf(item), walking_);
 }
 
 void ZCFolderTree::OnSelectionChanged() {
-  if (!silent_) emit NodeSelected(NodeOf(SelectedNode()));
+  if (!silent_) emit NodeSelected(NodeOf(SelectedNode()), walking_);
+}
+
+void ZCFolderTree::keyPressEvent(QKeyEvent* event) {
+  const QPointer<ZCFolderTree> alive = this;
+  const bool before = std::exchange(walking_, !IsDeliberate(event->key()));
+  MessageControl::keyPressEvent(event);
+  if (alive) walking_ = before;
+}
+
+void ZCFolderTree::mousePressEvent(QMouseEvent* event) {
+  const QPointer<ZCFolderTree> alive = this;
+  const NodeId before = NodeOf(SelectedNode());
+  const NodeId pressed = NodeOf(itemAt(event->position().toPoint()));
+  MessageControl::mousePressEvent(event);
+  if (alive && pressed != kNoNode && pressed == before) emit NodeTouched(pressed);
 }
 
 void ZCFolderTree::focusInEvent(QFocusEvent* event) {

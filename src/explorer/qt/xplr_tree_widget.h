@@ -27,11 +27,16 @@ class ZCFolderTree : public MessageControl<ZWCTreeCtrl> {
   void OpenNode(NodeId node);
 
  signals:
-  void NodeSelected(NodeId node);
-  void NodeOpening(NodeId node);
+  /// walked: by a key that goes from node to node.
+  void NodeSelected(NodeId node, bool walked);
+  void NodeOpening(NodeId node, bool walked);
+  /// The selected node was pressed again.
+  void NodeTouched(NodeId node);
   void Focused(bool focused);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
@@ -40,10 +45,12 @@ class ZCFolderTree : public MessageControl<ZWCTreeCtrl> {
   [[nodiscard]] static NodeId NodeOf(const QTreeWidgetItem* item);
   void OnExpanded(QTreeWidgetItem* item);
   void OnSelectionChanged();
+  void Dress(QTreeWidgetItem& item, const XplrNode& node) const;
 
   ImageList icons_;
   std::unordered_map<NodeId, QTreeWidgetItem*> items_;
   bool silent_ = false;
+  bool walking_ = false;
 };
 
 }  // namespace pnl

@@ -60,8 +60,9 @@ ZCExplorer::~ZCExplorer() {
   EndMessages();
   form_->End();
   // The controls are destroyed after this object and may lose the focus then.
-  for (QObject* control : {static_cast<QObject*>(form_->tree), static_cast<QObject*>(form_->list),
-                           static_cast<QObject*>(form_->name), static_cast<QObject*>(form_)}) {
+  for (QObject* control :
+       {static_cast<QObject*>(form_->tree), static_cast<QObject*>(form_->list), static_cast<QObject*>(form_->name),
+        static_cast<QObject*>(form_->path), static_cast<QObject*>(form_)}) {
     control->disconnect(this);
     control->removeEventFilter(this);
   }
@@ -88,10 +89,26 @@ void ZCExplorer::Connect() {
   connect(form_, &ZCXPLRView::Resized, this, [this](int width, int height) {
     session_.Tell([=](XplrSession& session) { session.OnResized(width, height); });
   });
-  connect(form_->tree, &ZCFolderTree::NodeSelected, this,
-          [this](NodeId node) { session_.Tell([=](XplrSession& session) { session.OnNodeSelected(node); }); });
-  connect(form_->tree, &ZCFolderTree::NodeOpening, this,
-          [this](NodeId node) { session_.Tell([=](XplrSession& session) { session.OnNodeOpening(node); }); });
+  connect(form_->tree, &ZCFolderTree::NodeSelected, this, [this](NodeId node, bool walked) {
+    session_.Tell([=](XplrSession& session) { session.OnNodeSelected(node, walked); });
+  });
+  connect(form_->tree, &ZCFolderTree::NodeOpening, this, [this](NodeId node, bool walked) {
+    session_.Tell([=](XplrSession& session) { session.OnNodeOpening(node, walked); });
+  });
+  connect(form_->tree, &ZCFolderTree::NodeTouched, this,
+          [this](NodeId node) { session_.Tell([=](XplrSession& session) { session.OnNodeTouched(node); }); });
+  connect(form_->path, &XplrPathHeading::Touched, this,
+          [this](std::size_t at) { session_.Tell([=](XplrSession& session) { session.OnPathTouched(at); }); });
+  ConnectList();
+  connect(form_->name, &QLineEdit::textChanged, this,
+          [this] { session_.Tell([](XplrSession& session) { session.OnNameChanged(); }); });
+  for (QWidget* control :
+       {static_cast<QWidget*>(form_->tree), static_cast<QWidget*>(form_->list), static_cast<QWidget*>(form_->name)}) {
+    control->installEventFilter(this);
+  }
+}
+
+void ZCExplorer::ConnectList() {
   connect(form_->list, &ZCXPLRList::RowSelected, this,
           [this](int row) { session_.Tell([=](XplrSession& session) { session.OnRowSelected(row); }); });
   connect(form_->list, &ZCXPLRList::RowClicked, this,
@@ -100,12 +117,12 @@ void ZCExplorer::Connect() {
           [this](int row) { session_.Tell([=](XplrSession& session) { session.OnRowDoubleClicked(row); }); });
   connect(form_->list, &ZCXPLRList::HeaderClicked, this,
           [this](int column) { session_.Tell([=](XplrSession& session) { session.OnHeaderClicked(column); }); });
-  connect(form_->name, &QLineEdit::textChanged, this,
-          [this] { session_.Tell([](XplrSession& session) { session.OnNameChanged(); }); });
-  for (QWidget* control :
-       {static_cast<QWidget*>(form_->tree), static_cast<QWidget*>(form_->list), static_cast<QWidget*>(form_->name)}) {
-    control->installEventFilter(this);
-  }
+  connect(form_->list, &ZCXPLRList::Typed, this, [this](const QString& letters) {
+    const Text text = FromQString(letters);
+    session_.Tell([&text](XplrSession& session) { session.OnListTyped(text); });
+  });
+  connect(form_->list, &ZCXPLRList::BackspaceTyped, this,
+          [this] { session_.Tell([](XplrSession& session) { session.OnListBackspace(); }); });
 }
 
 std::intptr_t ZCExplorer::TellMessage(XplrWindow window, const Message& message) {
@@ -179,7 +196,10 @@ void ZCExplorer::PostTab() { PostKey(QApplication::focusWidget(), Qt::Key_Tab); 
 
 void ZCExplorer::PostEnter() { PostKey(this, Qt::Key_Return); }
 
-void ZCExplorer::StyleForm(const XplrFonts& fonts) { form_->Style(fonts, context_.language.Bitmap(kIconStrip)); }
+void ZCExplorer::StyleForm(const XplrFonts& fonts) {
+  fonts_ = fonts;
+  form_->Style(fonts, context_.language.Bitmap(kIconStrip));
+}
 
 void ZCExplorer::SetLabel(int id, TextView text) { form_->Label(id)->SetTextW(ToQString(text), true); }
 
@@ -215,7 +235,7 @@ bool ZCExplorer::OpenFind(TextView text) {
   const ModuleHandle module = context_.language.LoadLanguageLibrary();
   if (module == 0) return false;
   context_.language.FreeLanguageLibrary(module);
-  find_ = new ZCFind(ToQString(context_.language.LoadToolText(xplr_text::kFind)), this);
+  find_ = new ZCFind(ToQString(context_.language.LoadToolText(xplr_text::kFind)), fonts_.headings, this);
   find_->SetMessageHandler([this](const Message& message) { return TellMessage(XplrWindow::kFind, message); });
   connect(find_, &ZCFind::SearchKey, this,
           [this](int key) { session_.Tell([key](XplrSession& session) { session.OnFindKey(SearchKeyOf(key)); }); });
@@ -233,7 +253,7 @@ bool ZCExplorer::OpenFolderSearch() {
   const ModuleHandle module = context_.language.LoadLanguageLibrary();
   if (module == 0) return false;
   context_.language.FreeLanguageLibrary(module);
-  folder_ = new ZCFolder(ToQString(context_.language.LoadToolText(xplr_text::kFindFolder)), this);
+  folder_ = new ZCFolder(ToQString(context_.language.LoadToolText(xplr_text::kFindFolder)), fonts_.headings, this);
   connect(folder_, &XplrDialog::Closing, this,
           [this] { session_.Tell([](XplrSession& session) { session.OnFolderClosed(); }); });
   folder_->Open(QString());

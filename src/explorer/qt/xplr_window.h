@@ -51,6 +51,9 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   void SelectRow(int row) override { form_->list->SelectRow(row); }
   void ScrollToRow(int row) override { form_->list->ScrollToRow(row); }
   void SetColumnTitles(const std::array<Text, 3>& titles) override;
+  void MarkTyped(std::size_t letters) override { form_->list->MarkTyped(letters); }
+  void ShowMoreComing(bool coming) override { form_->list->ShowMoreComing(coming); }
+  void ShowPreview(const XplrPreviewFace& preview) override { form_->list->ShowPreview(preview); }
   void PostEnter() override;
   bool OpenFind(TextView text) override;
   bool OpenFolderSearch() override;
@@ -60,10 +63,12 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   void PostEscapeToDialog() override;
 
   void Connect();
+  void ConnectList();
   [[nodiscard]] std::intptr_t TellMessage(XplrWindow window, const Message& message);
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
 
   const ToolContext context_;
+  XplrFonts fonts_;
   ZCXPLRView* form_;
   QPointer<ZCFind> find_;
   QPointer<ZCFolder> folder_;

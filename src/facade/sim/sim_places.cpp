@@ -57,6 +57,9 @@ class DriveReader final : public FolderReader {
     const int error = Enter(path);
     return error != place_error::kNone ? error : disc_->MakeFolder(path);
   }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    return Enter(path) == place_error::kNone ? disc_->ReadStart(path, most) : std::nullopt;
+  }
 
  private:
   /// The error of the path's drive, once the drive isn't held any more.

@@ -84,6 +84,10 @@ class ShareReader final : public FolderReader {
     if (target.tree) return target.tree->MakeFolder(target.names);
     return target.error != place_error::kNone ? target.error : place_error::kAlreadyExists;
   }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    const Target target = Find(path);
+    return target.tree ? target.tree->ReadStart(target.names, most) : std::nullopt;
+  }
 
  private:
   /// Where a path leads. With neither an error nor a tree it is there and empty.

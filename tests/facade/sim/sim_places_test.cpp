@@ -146,6 +146,23 @@ TEST_F(SimPlacesTest, ADriveWithAnErrorAnswersItWhateverIsRead) {
   }
 }
 
+TEST_F(SimPlacesTest, TheBeginningOfAFileIsReadOnDrivesAndSharesUnlessTheirErrorForbidsIt) {
+  temp.Write("D/a", "G0 X1");
+  storage.SetDrive(Drive('D'));
+  rig::NetworkNode share;
+  share.display = 3;
+  share.remote = u"\\\\S\\JOBS";
+  share.dir = temp.Folder("D");
+  storage.SetNetwork({share});
+  EXPECT_EQ(places.Reader()->ReadStart(u"D:\\a", 2), "G0");
+  EXPECT_EQ(places.Reader()->ReadStart(u"\\\\S\\JOBS\\a", 2), "G0");
+  EXPECT_EQ(places.Reader()->ReadStart(u"\\\\S\\NONE\\a", 2), std::nullopt);
+  rig::Drive drive = Drive('D');
+  drive.error = 21;
+  storage.SetDrive(drive);
+  EXPECT_EQ(places.Reader()->ReadStart(u"D:\\a", 2), std::nullopt);
+}
+
 TEST_F(SimPlacesTest, TheErrorOfOneDriveIsNotThatOfAnother) {
   rig::Drive bad = Drive('D');
   bad.error = 5;

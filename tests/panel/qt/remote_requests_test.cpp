@@ -289,5 +289,15 @@ INSTANTIATE_TEST_SUITE_P(
         WholeRequest{"ui.resize", R"({"width":100,"height":100})", {}},
         WholeRequest{"trace.take", R"({"kinds":[]})", {"kinds"}}));
 
+TEST_F(WrittenMethods, DrivesOfThisMachineAreNotSimulated) {
+  rig.simulatesDrives = false;
+  const std::string refused = "-32000 the drives are those of this machine: PNLTOOLS_DRIVE_FILE names a drive file";
+  EXPECT_EQ(Ask("drive.set", QByteArray(R"({"letter":"D","dir":"/d"})")), refused);
+  EXPECT_EQ(Ask("drive.masks", QByteArray("{}")), refused);
+  EXPECT_EQ(Ask("drive.set", QByteArray(R"({"letter":"1","dir":"/d"})")),
+            "-32602 letter: a letter from A to Z is needed");
+  EXPECT_EQ(Calls(), "");
+}
+
 }  // namespace
 }  // namespace panel

@@ -132,6 +132,7 @@ class WrittenRig : public pnl::rig::Rig, public pnl::rig::CncControl, public pnl
   pnl::rig::CncControl& Cnc() override { return *this; }
   pnl::rig::MachineControl* Machine() override { return nullptr; }
   pnl::rig::Storage& Files() override { return *this; }
+  bool SimulatesDrives() const override { return simulatesDrives; }
   void UseManualTime() override {}
   void Advance(std::int64_t milliseconds) override { Write("Advance", milliseconds); }
   void SetText(std::int32_t id, std::u16string_view text) override { Write("SetText", id, Text(text)); }
@@ -143,6 +144,7 @@ class WrittenRig : public pnl::rig::Rig, public pnl::rig::CncControl, public pnl
   bool IsWorking() const override { return false; }
 
   std::vector<std::string> lines;
+  bool simulatesDrives = true;
 
  private:
   void WriteNodes(const std::vector<pnl::rig::NetworkNode>& nodes, std::size_t depth) {
