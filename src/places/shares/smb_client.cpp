@@ -27,6 +27,10 @@ constexpr std::string_view kSettings =
     "name resolve order = host\n"
     "client min protocol = SMB2_02\n"
     "client max protocol = SMB3\n"
+    "client ipc min protocol = SMB2_02\n"
+    "client ipc max protocol = SMB3\n"
+    "client signing = default\n"
+    "client ipc signing = default\n"
     "log level = 0\n"
     "unix charset = UTF-8\n";
 
