@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "ui/axis_display.h"
+#include "ui/credentials_cover.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
@@ -60,7 +61,8 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       question_(new Question(this)),
       desk_(new ProgramDesk(*editor_, *chooser_, *question_, std::move(resolve), this)),
       errorHelp_(new ErrorHelpCover(this)),
-      errorList_(new ErrorListCover(op.Desk(), this)) {
+      errorList_(new ErrorListCover(op.Desk(), this)),
+      credentials_(new CredentialsCover(this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -70,6 +72,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
   setProperty("pnlPanelArea", QVariant::fromValue<QWidget*>(toolArea_));
   Connect();
   ConnectErrors();
+  if (session_.Reacting()) credentials_->Offer();
   MakeKeyboard();
   MakeShortcuts();
   SetTabOrder();
@@ -140,7 +143,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_;
+  const bool cover = watched == chooser_ || watched == question_ || watched == errorHelp_ || watched == errorList_ ||
+                     watched == credentials_;
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -152,6 +156,7 @@ void PanelWindow::MakeKeyboard() {
   keyboard_->AddCover(chooser_, [this] { chooser_->NameEdit().setFocus(); });
   keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
   keyboard_->AddCover(errorHelp_, [this] { errorHelp_->setFocus(); });
+  keyboard_->AddCover(credentials_, [this] { credentials_->FocusFirst(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
 }
 
@@ -208,7 +213,7 @@ void PanelWindow::LayOut() {
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
   const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
-  for (QWidget* widget : std::initializer_list<QWidget*>{chooser_, question_, errorHelp_, errorList_}) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{chooser_, question_, errorHelp_, errorList_, credentials_}) {
     widget->setGeometry(cover);
   }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
@@ -226,6 +231,7 @@ void PanelWindow::LayOut() {
   question_->SetFontPixels(pixels(16));
   errorHelp_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
+  credentials_->SetFontPixels(pixels(16));
   PlaceErrors();
   PlaceEditor();
 }
@@ -261,7 +267,8 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return chooser_->IsOpen() || question_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen();
+  return chooser_->IsOpen() || question_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen() ||
+         credentials_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window's part in the errors: presses on the indicator, the help and the list over the panel, the question whether
 // to close, and covers that give way to the error window.
+#include "ui/credentials_cover.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/file_chooser.h"
@@ -43,8 +44,9 @@ void PanelWindow::LetErrorsPass() {
   errorWindow_ = shown;
   if (shown) errorList_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
-  for (QWidget* cover : std::initializer_list<QWidget*>{chooser_, question_}) {
-    const bool open = cover == chooser_ ? chooser_->IsOpen() : question_->IsOpen();
+  const std::pair<QWidget*, bool> covers[] = {
+      {credentials_, credentials_->IsOpen()}, {chooser_, chooser_->IsOpen()}, {question_, question_->IsOpen()}};
+  for (const auto& [cover, open] : covers) {
     if (!open || cover->isVisible() != shown) continue;
     cover->setVisible(!shown);
     if (!shown) cover->raise();
