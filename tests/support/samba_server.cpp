@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "places/samba/samba_server.h"
+#include "support/samba_server.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>

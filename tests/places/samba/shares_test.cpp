@@ -9,9 +9,9 @@
 #include <chrono>
 #include <filesystem>
 
-#include "places/samba/samba_server.h"
 #include "places/share_module.h"
 #include "places/share_network.h"
+#include "support/samba_server.h"
 
 namespace pnl {
 namespace {
