@@ -407,6 +407,32 @@ PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);
  */
 PNL_API int PnlSetBackend(const char* name);
 
+/* ---------------------------------------------------------------- network */
+
+/*
+ * Asks the operator for name and password on a server of the network ("server" is its name). It should show a question
+ * and return at once; PnlAnswerCredentials brings the answer, also from within this call. again is non-zero when the
+ * last answer was wrong. The panel goes on meanwhile; only what waits for the server waits. server is valid during the
+ * call only.
+ */
+typedef void (*PnlAskCredentialsFn)(void* context, uint32_t request, const char16_t* server, int again);
+
+/*
+ * Sets who asks for credentials. With null, as at the start, every server that wants them is refused, and so are the
+ * questions that are still open: a host calls it so before what it asks with goes away. The network is the one of the
+ * file that the environment variable PNLTOOLS_NETWORK_FILE names, and empty with a backend library and no file.
+ * Otherwise it is the simulated one, which asks for nothing. The module pnl-shares.so, in the library's own folder,
+ * reads Windows shares; it is loaded when a server is first asked. Without it no server can be connected.
+ */
+PNL_API void PnlSetCredentialsAsker(PnlAskCredentialsFn ask, void* context);
+/*
+ * Answers a question. A null user cancels it; a null domain is the server's own. The texts are copied. What a server
+ * accepts is kept in memory for the session, is used for all its shares, and is never written or logged. After a wrong
+ * answer the operator is asked again, three times in all. Does nothing for a question that isn't open.
+ */
+PNL_API void PnlAnswerCredentials(uint32_t request, const char16_t* user, const char16_t* domain,
+                                  const char16_t* password);
+
 /* ---------------------------------------------------------------- files */
 
 enum PnlFileResult {

@@ -145,6 +145,13 @@ constexpr std::array kWords = {
     Row{Word::kFaultEmergencyStop, "Emergency stop", "Parada de emergencia"},
     Row{Word::kFaultNeedsProgram, "Open or save a program first: the fault lies in its file",
         "Abra o guarde antes un programa: el fallo está en su fichero"},
+    Row{Word::kCredentialsAsked, "Name and password for the server %1", "Nombre y contraseña para el servidor %1"},
+    Row{Word::kCredentialsWrong, "The server refuses them: the name or the password is wrong",
+        "El servidor los rechaza: el nombre o la contraseña no es correcto"},
+    Row{Word::kUserName, "User name", "Usuario"},
+    Row{Word::kUserDomain, "Domain, if any", "Dominio, si hay"},
+    Row{Word::kPassword, "Password", "Contraseña"},
+    Row{Word::kConnect, "Connect", "Conectar"},
 };
 static_assert(kWords.size() == static_cast<std::size_t>(Word::kCount), "every word has its row");
 

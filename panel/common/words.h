@@ -138,6 +138,12 @@ enum class Word {
   kFaultFatal,
   kFaultEmergencyStop,
   kFaultNeedsProgram,
+  kCredentialsAsked,
+  kCredentialsWrong,
+  kUserName,
+  kUserDomain,
+  kPassword,
+  kConnect,
   kCount
 };
 

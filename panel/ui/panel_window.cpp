@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "ui/axis_display.h"
+#include "ui/credentials_cover.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/keyboard.h"
@@ -60,7 +61,8 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       password_(new PasswordBox(this)),
       desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
       errorHelp_(new ErrorHelpCover(this)),
-      errorList_(new ErrorListCover(op.Desk(), this)) {
+      errorList_(new ErrorListCover(op.Desk(), this)),
+      credentials_(new CredentialsCover(this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -70,6 +72,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
   setProperty("pnlPanelArea", QVariant::fromValue<QWidget*>(toolArea_));
   Connect();
   ConnectErrors();
+  if (session_.Reacting()) credentials_->Offer();
   MakeKeyboard();
   MakeShortcuts();
   SetTabOrder();
@@ -138,7 +141,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == question_ || watched == password_ || watched == errorHelp_ || watched == errorList_;
+  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorHelp_ ||
+                     watched == errorList_;
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -150,6 +154,7 @@ void PanelWindow::MakeKeyboard() {
   keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
   keyboard_->AddCover(password_, [this] { password_->Edit().setFocus(); });
   keyboard_->AddCover(errorHelp_, [this] { errorHelp_->setFocus(); });
+  keyboard_->AddCover(credentials_, [this] { credentials_->FocusFirst(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
 }
 
@@ -206,7 +211,7 @@ void PanelWindow::LayOut() {
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
   const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
-  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, errorHelp_, errorList_}) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, credentials_, errorHelp_, errorList_}) {
     widget->setGeometry(cover);
   }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
@@ -224,6 +229,7 @@ void PanelWindow::LayOut() {
   password_->SetFontPixels(pixels(16));
   errorHelp_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
+  credentials_->SetFontPixels(pixels(16));
   PlaceErrors();
   PlaceEditor();
 }
@@ -259,7 +265,8 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return question_->IsOpen() || password_->IsOpen() || errorHelp_->IsShown() || errorList_->IsOpen();
+  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorHelp_->IsShown() ||
+         errorList_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {

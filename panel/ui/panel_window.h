@@ -19,6 +19,7 @@
 namespace panel {
 
 class AxisDisplay;
+class CredentialsCover;
 class ErrorHelpCover;
 class ErrorListCover;
 class Keyboard;
@@ -71,6 +72,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] PasswordBox& Password() const { return *password_; }
+  [[nodiscard]] CredentialsCover& CredentialsAsked() const { return *credentials_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
   [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
@@ -133,6 +135,7 @@ class PanelWindow : public QWidget, public PanelFace {
   ProgramDesk* desk_;
   ErrorHelpCover* errorHelp_;
   ErrorListCover* errorList_;
+  CredentialsCover* credentials_;
   std::unique_ptr<Keyboard> keyboard_;
 };
 

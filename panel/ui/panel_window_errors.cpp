@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window's part in the errors: presses on the indicator, the help and the list over the panel, the question whether
 // to close, and covers that give way to the error window.
+#include "ui/credentials_cover.h"
 #include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/keyboard.h"
@@ -44,9 +45,11 @@ void PanelWindow::LetErrorsPass() {
   if (shown) errorList_->Leave();
   if (shown) password_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
-  if (question_->IsOpen() && question_->isVisible() == shown) {
-    question_->setVisible(!shown);
-    if (!shown) question_->raise();
+  const std::pair<QWidget*, bool> covers[] = {{credentials_, credentials_->IsOpen()}, {question_, question_->IsOpen()}};
+  for (const auto& [cover, open] : covers) {
+    if (!open || cover->isVisible() != shown) continue;
+    cover->setVisible(!shown);
+    if (!shown) cover->raise();
   }
   keyboard_->Restore();
 }

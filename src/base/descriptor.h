@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Owns one file descriptor of this machine and closes it. Only the disc side of base/files uses it.
+// Owns one file descriptor of this machine and closes it. For the sides of the seams that deal with the system.
 #pragma once
 
 #include <unistd.h>

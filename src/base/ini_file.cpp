@@ -142,6 +142,16 @@ std::vector<Text> CIniFile::GetKeyNames(TextView section) const {
   return names;
 }
 
+std::vector<Text> CIniFile::GetSectionNames() const {
+  std::vector<Text> names;
+  // The first stretch has no header.
+  for (std::size_t i = 1; i < stretches_.size(); ++i) {
+    const Text& name = stretches_[i].name;
+    if (sections_.at(ToUpper(name)).front() == i) names.push_back(name);
+  }
+  return names;
+}
+
 std::string CIniFile::Serialize() const {
   std::string bytes;
   const auto put = [&bytes](const Text& line) { bytes += ToUtf8(line) + "\r\n"; };

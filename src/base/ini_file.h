@@ -51,6 +51,8 @@ class CIniFile {
   void DeleteKey(TextView section, TextView key);
   /// The keys of the section in their order in the file, each once.
   [[nodiscard]] std::vector<Text> GetKeyNames(TextView section) const;
+  /// The sections that have a name, in their order in the file, each once, as their first header writes them.
+  [[nodiscard]] std::vector<Text> GetSectionNames() const;
 
   /// Serialize returns the file's bytes as WriteIniFile would store them; Parse reads such bytes. For tests, and for
   /// tools that have the bytes already.

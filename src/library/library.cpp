@@ -14,6 +14,7 @@
 #include "host/pack_files.h"
 #include "library/backend_loader.h"
 #include "library/tool_factory.h"
+#include "places/share_module.h"
 
 namespace pnl {
 namespace {
@@ -25,6 +26,15 @@ std::string OwnFile() {
   Dl_info info = {};
   if (dladdr(reinterpret_cast<void*>(&SetPNLApi), &info) == 0 || info.dli_fname == nullptr) return {};
   return info.dli_fname;
+}
+
+/// What the network file says; nothing when none is named. A file that is named and can't be read is an empty one.
+std::optional<NetworkSetup> ReadNetworkSetup() {
+  const char* const file = std::getenv("PNLTOOLS_NETWORK_FILE");
+  if (file == nullptr || *file == '\0') return std::nullopt;
+  auto setup = ReadNetworkFile(file);
+  if (!setup) std::fprintf(stderr, "pnltools: no network file \"%s\"\n", file);
+  return setup.value_or(NetworkSetup());
 }
 
 /// True on the thread of a QApplication. Windows can be made only there.
@@ -40,8 +50,10 @@ Library& Library::Instance() {
   return *library;
 }
 
-Library::Tools::Tools(Library& library, CncFacade& cnc)
-    : host(HostApi, cnc.Vars()),
+Library::Tools::Tools(Library& library, CncFacade& cnc, const ShareNetwork* network)
+    : places(network != nullptr ? std::make_unique<NetworkPlaces>(library.DrivesFor(cnc), network->Folders())
+                                : nullptr),
+      host(HostApi, cnc.Vars()),
       language(library.menus_, cnc.Util(), library.files_, library.windows_),
       context{host,
               cnc,
@@ -49,11 +61,15 @@ Library::Tools::Tools(Library& library, CncFacade& cnc)
               library.timers_,
               language,
               library.files_,
-              library.DrivesFor(cnc),
-              *library.network_,
+              places ? static_cast<Places&>(*places) : library.DrivesFor(cnc),
+              network != nullptr ? static_cast<const Network&>(*network) : *library.network_,
               library.worker_} {}
 
-Library::Library() {
+Library::Library()
+    : networkFile_(ReadNetworkSetup()),
+      credentials_(std::make_shared<CredentialsDesk>([this](std::function<void()> step) {
+        QMetaObject::invokeMethod(&onWindowsThread_, std::move(step), Qt::QueuedConnection);
+      })) {
   const auto setup = ReadDriveFile(std::getenv("PNLTOOLS_DRIVE_FILE"));
   ownDrives_ = setup.has_value();
   if (setup) SetDescribedDrives(drives_, *setup);
@@ -62,7 +78,7 @@ Library::Library() {
   simulation_ = std::make_unique<sim::SimulatedCnc>(windows_, timers_, files_, drives_);
   places_ = std::make_unique<sim::SimPlaces>(simulation_->Storage());
   network_ = std::make_unique<sim::SimNetwork>(simulation_->Storage());
-  tools_ = std::make_unique<Tools>(*this, *simulation_);
+  tools_ = std::make_unique<Tools>(*this, *simulation_, NetworkFor(false));
   UsePack(kDefaultLanguage);
 }
 
@@ -72,13 +88,25 @@ Places& Library::DrivesFor(const CncFacade& cnc) {
 }
 
 void Library::WatchMounts() {
-  if (mounts_ || &tools_->context.places != discs_.get()) return;
+  if (mounts_ || &DrivesFor(tools_->context.cnc) != discs_.get()) return;
   const auto look = [this] { discs_->SetMounted(ReadMountTable()); };
   mounts_ = std::make_unique<MountWatch>(MountWatch::OpenTable(), look);
   look();
 }
 
-Library::~Library() { simulation_->AttachMachine(nullptr); }
+Library::~Library() {
+  credentials_->Close();
+  simulation_->AttachMachine(nullptr);
+}
+
+const ShareNetwork* Library::NetworkFor(bool isBackend) {
+  if (!isBackend && !networkFile_) return nullptr;
+  if (!shares_) {
+    shares_ = std::make_unique<ShareNetwork>(networkFile_.value_or(NetworkSetup()),
+                                             ShareClientFrom(ShareModuleBeside(OwnFile())), credentials_);
+  }
+  return shares_.get();
+}
 
 WindowHandle Library::LoadTool(int toolId, WindowHandle parent) {
   if (!CanMakeWindows()) return 0;
@@ -138,7 +166,8 @@ bool Library::SetBackend(const std::string& name) {
     }
   }
   // Replace tools_ first, because the old one refers to the old facade.
-  tools_ = std::make_unique<Tools>(*this, backend ? *backend : static_cast<CncFacade&>(*simulation_));
+  tools_ = std::make_unique<Tools>(*this, backend ? *backend : static_cast<CncFacade&>(*simulation_),
+                                   NetworkFor(backend != nullptr));
   backend_ = std::move(backend);
   UsePack(language_);
   tools_->language.UseNumbersForTexts(numbersForTexts_);

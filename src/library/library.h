@@ -5,6 +5,7 @@
 // object.
 #pragma once
 
+#include <QObject>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,8 +16,11 @@
 #include "facade/sim/sim_places.h"
 #include "facade/sim/simulated_cnc.h"
 #include "host/tool_context.h"
+#include "places/credentials_desk.h"
 #include "places/disc_places.h"
+#include "places/network_places.h"
 #include "places/qt/mount_watch.h"
+#include "places/share_network.h"
 #include "window/menu.h"
 #include "window/qt/qt_timers.h"
 #include "window/qt/qt_window_system.h"
@@ -57,6 +61,7 @@ class Library {
   [[nodiscard]] SwitchableTimers& Timers() { return timers_; }
   [[nodiscard]] MenuTable& Menus() { return menus_; }
   [[nodiscard]] const Worker& Jobs() const { return worker_; }
+  [[nodiscard]] CredentialsDesk& Credentials() { return *credentials_; }
   [[nodiscard]] Files& FileSystem() { return files_; }
   [[nodiscard]] Language& Texts() { return tools_->language; }
   /// The simulated CNC; null when a backend library has taken its place.
@@ -68,7 +73,9 @@ class Library {
  private:
   /// The parts that refer to one facade. They are made again for another one.
   struct Tools {
-    Tools(Library& library, CncFacade& cnc);
+    /// network may be null: the simulated one.
+    Tools(Library& library, CncFacade& cnc, const ShareNetwork* network);
+    std::unique_ptr<NetworkPlaces> places;  // null: the library's own
     HostBridge host;
     Language language;
     ToolContext context;
@@ -78,6 +85,9 @@ class Library {
   /// From the first tool on, drives come and go with the kernel's table of mounts.
   void WatchMounts();
   bool UsePack(const std::string& code);
+  /// The network that a facade's tools see: the real one when there is a network file or the facade is a backend's,
+  /// else null.
+  [[nodiscard]] const ShareNetwork* NetworkFor(bool isBackend);
   void InstallLanguageLibrary();
   /// Puts the machine's long descriptions, in every language, onto its drive and into the simulated CNC's tables.
   void InstallDescriptions();
@@ -96,6 +106,10 @@ class Library {
   std::unique_ptr<sim::SimNetwork> network_;
   std::unique_ptr<sim::Machine> machine_;
   std::unique_ptr<CncFacade> backend_;
+  std::optional<NetworkSetup> networkFile_;
+  QObject onWindowsThread_;
+  const std::shared_ptr<CredentialsDesk> credentials_;
+  std::unique_ptr<ShareNetwork> shares_;
   std::unique_ptr<Tools> tools_;
   std::string language_ = "en";
   bool numbersForTexts_ = false;

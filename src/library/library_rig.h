@@ -27,7 +27,9 @@ class LibraryRig final : public rig::Rig {
   void SetSink(rig::EventSink* sink) override;
   [[nodiscard]] std::u16string ClipboardText() const override;
   [[nodiscard]] Counts Open() const override;
-  [[nodiscard]] bool IsWorking() const override { return library_.Jobs().IsBusy(); }
+  [[nodiscard]] bool IsWorking() const override {
+    return library_.Jobs().IsBusy() && !library_.Credentials().IsAsking();
+  }
 
  private:
   Library& library_;

@@ -169,6 +169,21 @@ int PnlSetBackend(const char* name) {
   return Guarded<int>(0, [&] { return name != nullptr && Library::Instance().SetBackend(name) ? 1 : 0; });
 }
 
+void PnlSetCredentialsAsker(PnlAskCredentialsFn ask, void* context) {
+  Guarded([&] { Library::Instance().Credentials().SetHost(ask, context); });
+}
+
+void PnlAnswerCredentials(uint32_t request, const char16_t* user, const char16_t* domain, const char16_t* password) {
+  Guarded([&] {
+    pnl::SharedCredentials answer;
+    if (user != nullptr) {
+      const auto text = [](const char16_t* field) { return field != nullptr ? pnl::Text(field) : pnl::Text(); };
+      answer = std::make_shared<const pnl::Credentials>(text(user), text(domain), text(password));
+    }
+    Library::Instance().Credentials().Answer(request, std::move(answer));
+  });
+}
+
 int PnlReplaceFile(const char* path, const void* bytes, size_t size) {
   return Guarded<int>(PNL_FILE_FAILED, [&] {
     if (path == nullptr || *path == '\0' || (bytes == nullptr && size != 0)) return static_cast<int>(PNL_FILE_FAILED);

@@ -59,6 +59,15 @@ TEST_F(IniFileTest, LinesEndAtLfCrLfOrALoneCr) {
   EXPECT_EQ(ini.Serialize(), "[S]\r\na=1\r\nb=2\r\nc=3\r\n\r\nd=4\r\n");
 }
 
+TEST_F(IniFileTest, SectionsAreListedOnceInTheirOrder) {
+  ini.Parse("k=0\n[b]\n[A x]\nk=1\n[B]\nk=2\n[]\n[ c ]\n[a X]\n");
+  EXPECT_EQ(ini.GetSectionNames(), (std::vector<Text>{u"b", u"A x", u"c"}));
+  ini.WriteString(u"new", u"k", u"1");
+  EXPECT_EQ(ini.GetSectionNames().back(), u"new");
+  ini.CloseIniFile();
+  EXPECT_TRUE(ini.GetSectionNames().empty());
+}
+
 TEST_F(IniFileTest, WhatItDoesntKnowComesBackAsItWas) {
   const std::string text =
       "; panel settings\r\n\r\nstray\r\n[PRIVATE]\r\n ; note\r\nNItems = 10 \r\nUnknown=\"x\"\r\n\r\n\r\n[Other]\r\n"

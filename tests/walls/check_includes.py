@@ -3,7 +3,7 @@
 
 src/rooms.txt lists the rooms from the ground up. An include points to a room above in that list, or stays in its own
 room; tools never include each other. Qt is seen only in folders named qt and in the rooms marked so, and the core
-includes none of these. The panel sees the library through its public headers alone; its rooms include each other in one
+includes none of these. A module's folder is included by itself alone. The panel sees the library through its public headers alone; its rooms include each other in one
 direction. No header or source includes itself through others.
 """
 
@@ -13,6 +13,8 @@ import sys
 
 PANEL_FLOORS = {"common": 0, "host": 1, "remote": 2, "ui": 3, "guided": 4}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
+# A folder that is linked into a module of its own, and the header that only it includes.
+MODULES = {"places/shares/": "libsmbclient.h"}
 QT_HEADER = re.compile(r"^(Q[A-Z][A-Za-z]*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\.h)$")
 
 
@@ -48,6 +50,9 @@ class House:
             return
         floor, kind = self.rooms[room]
         for mark, name in includes:
+            for folder, header in MODULES.items():
+                if (name.startswith(folder) or name == header) and not path.startswith(folder):
+                    yield f"src/{path}: {name} belongs to the module {folder}"
             if QT_HEADER.match(name):
                 if not self.may_see_qt(path):
                     yield f"src/{path}: Qt header <{name}> in the core"
@@ -139,6 +144,8 @@ BREACHES = [
     ("src/mdi/mdi_session.cpp", '#include "mdi/qt/mdi_window.h"'),
     ("src/mdi/mdi_session.cpp", "#include <QWidget>"),
     ("src/mdi/mdi_window.cpp", '#include "calc/qt/calc_window.h"'),
+    ("src/places/share_module.cpp", '#include "places/shares/smb_client.h"'),
+    ("src/places/qt/mount_watch.cpp", "#include <libsmbclient.h>"),
     ("src/mdi/mdi_view.h", '#include "controls/zwc_static.h"'),
     ("src/controls/zwc_static.cpp", '#include "mdi/mdi_view.h"'),
     ("src/facade/mill/machine.cpp", '#include "remote/trace.h"'),
@@ -157,6 +164,8 @@ SOUND = {
     "src/library/tool_factory.cpp": '#include "mdi/qt/mdi_window.h"',
     "src/facade/mill/machine.cpp": '#include "facade/mill/machine.h"\n#include "facade/sim/machine_seam.h"\n#include <vector>',
     "src/facade/mill/machine.h": "",
+    "src/places/shares/smb_client.cpp": '#include "places/shares/smb_client.h"\n#include "places/share_client.h"\n#include <libsmbclient.h>',
+    "src/places/shares/smb_client.h": "",
     "panel/main.cpp": '#include "ui/panel_window.h"\n#include <pnltools/rig.h>',
     "panel/ui/panel_window.h": '#include <QWidget>\n#include "host/operator.h"',
     "panel/host/operator.h": "",

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "places/network_batches.h"
+
 namespace pnl::sim {
 namespace {
 
@@ -12,35 +14,6 @@ using Nodes = std::vector<rig::NetworkNode>;
 NetworkResource ResourceOf(const rig::NetworkNode& node) {
   return {node.display, node.remote, node.local, node.comment, node.provider};
 }
-
-std::size_t BytesOf(const NetworkResource& resource) {
-  std::size_t bytes = kEntryBytes;
-  for (const Text* text : {&resource.remote, &resource.local, &resource.comment, &resource.provider}) {
-    if (!text->empty()) bytes += 2 * (text->size() + 1);
-  }
-  return bytes;
-}
-
-/// Hands the entries over in batches of the largest allowed size.
-class Enumeration final : public NetworkEnumeration {
- public:
-  explicit Enumeration(std::vector<NetworkResource> all) : all_(std::move(all)) {}
-
-  int Next(std::vector<NetworkResource>& entries) override {
-    entries.clear();
-    if (next_ == all_.size()) return network_status::kNoMore;
-    for (std::size_t bytes = 0; next_ < all_.size(); ++next_) {
-      bytes += BytesOf(all_[next_]);
-      if (bytes > kBatchBytes) break;
-      entries.push_back(all_[next_]);
-    }
-    return entries.empty() ? network_status::kTooLarge : network_status::kOk;
-  }
-
- private:
-  const std::vector<NetworkResource> all_;
-  std::size_t next_ = 0;
-};
 
 void AddLevel(const Nodes& nodes, std::vector<NetworkResource>& entries) {
   for (const rig::NetworkNode& node : nodes) {
@@ -101,7 +74,7 @@ class Reader final : public NetworkReader {
       if (node == nullptr || node->error != 0) return nullptr;
       AddLevel(node->children, entries);
     }
-    return std::make_unique<Enumeration>(std::move(entries));
+    return EnumerateAll(std::move(entries));
   }
   int Connect(TextView path, WindowHandle owner) const override {
     hold_->WaitWhileHeld('\\');

@@ -6,9 +6,9 @@
 #include <optional>
 #include <utility>
 
-#include "base/panel_path.h"
 #include "places/host_tree.h"
 #include "places/network.h"
+#include "places/network_path.h"
 
 namespace pnl::sim {
 namespace {
@@ -33,26 +33,6 @@ void AddPlaces(const std::vector<rig::NetworkNode>& nodes, int serverError, Plac
     }
     AddPlaces(node.children, node.display == network_display::kServer ? error : serverError, places);
   }
-}
-
-/// A network path, taken apart.
-struct NetworkPath {
-  Text root;  // the key of its place in the table
-  bool isServer = false;
-  std::vector<Text> names;  // below the share
-};
-
-/// Returns nothing for a text that isn't a network path or contains a NUL.
-std::optional<NetworkPath> ParseNetworkPath(TextView path) {
-  if (path.substr(0, 2) != u"\\\\") return std::nullopt;
-  while (path.size() > 2 && path.back() == u'\\') path.remove_suffix(1);
-  const std::size_t server = path.find(u'\\', 2);
-  if (server == TextView::npos) return NetworkPath{ToUpper(path), true, {}};
-  const std::size_t share = std::min(path.find(u'\\', server + 1), path.size());
-  // Below the share the names follow the rules of a drive's.
-  auto below = ParsePanelPath(u"S:" + Text(path.substr(share)));
-  if (!below) return std::nullopt;
-  return NetworkPath{ToUpper(path.substr(0, share)), false, std::move(below->names)};
 }
 
 class ShareReader final : public FolderReader {
@@ -101,10 +81,13 @@ class ShareReader final : public FolderReader {
   [[nodiscard]] Target Find(TextView text) const {
     hold_->WaitWhileHeld('\\');
     auto path = ParseNetworkPath(text);
-    const auto found = path ? places_.find(path->root) : places_.end();
+    if (!path) return {place_error::kPathNotFound, false, {}, {}};
+    const bool isServer = path->share.empty();
+    const auto found =
+        places_.find(ToUpper(isServer ? ServerPath(path->server) : SharePath(path->server, path->share)));
     if (found == places_.end()) return {place_error::kPathNotFound, false, {}, {}};
     if (found->second.error != 0) return {found->second.error, false, {}, {}};
-    if (path->isServer) return {place_error::kNone, true, {}, {}};
+    if (isServer) return {place_error::kNone, true, {}, {}};
     if (!found->second.folder.empty()) {
       return {place_error::kNone, false, HostTree(found->second.folder, HostTree::Root::kShare),
               std::move(path->names)};
