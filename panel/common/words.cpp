@@ -150,7 +150,6 @@ constexpr std::array kWords = {
         "El servidor los rechaza: el nombre o la contraseña no es correcto"},
     Row{Word::kUserName, "User name", "Usuario"},
     Row{Word::kUserDomain, "Domain, if any", "Dominio, si hay"},
-    Row{Word::kPassword, "Password", "Contraseña"},
     Row{Word::kConnect, "Connect", "Conectar"},
 };
 static_assert(kWords.size() == static_cast<std::size_t>(Word::kCount), "every word has its row");

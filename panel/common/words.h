@@ -142,7 +142,6 @@ enum class Word {
   kCredentialsWrong,
   kUserName,
   kUserDomain,
-  kPassword,
   kConnect,
   kCount
 };
