@@ -75,9 +75,9 @@ void XplrPreview::Begin() {
     const auto bytes = reader->ReadStart(path, kPreviewBytes);
     return bytes ? FirstLines(*bytes, bytes->size() < kPreviewBytes) : std::vector<Text>();
   };
-  const JobId job = jobs_.Ask(work, [this, wanted = wanted_](std::vector<Text> lines) {
+  const JobId job = jobs_.Ask(work, [this](std::vector<Text> lines) {
     reading_ = 0;
-    if (wanted == wanted_ && !lines.empty()) Show(std::move(lines));
+    if (!lines.empty()) Show(std::move(lines));
   });
   if (jobs_.IsUnderWay(job)) reading_ = job;
 }

@@ -95,7 +95,7 @@ void XplrSession::OnPathTouched(std::size_t at) {
   const Text folder = FolderOfPiece(state_.Path, at);
   if (folder.empty() || EqualNoCase(folder, state_.Path)) return;
   ForgetFailure(folder);
-  tree_.WalkTo(folder);
+  tree_.GoUp(folder);
 }
 
 }  // namespace pnl

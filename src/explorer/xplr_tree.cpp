@@ -342,16 +342,10 @@ void XplrTree::OnFocus() {
   if (filled_) static_cast<void>(ApplySelection());
 }
 
-void XplrTree::WalkTo(const Text& folder) {
-  XplrState& state = links_.state;
+void XplrTree::GoUp(const Text& folder) {
   for (NodeId up = selected_; up != kNoNode; up = nodes_.Parent(up)) {
     if (EqualNoCase(nodes_.BuildNodePath(up), folder)) return Select(up);
   }
-  // A network path that the tree didn't walk has no node.
-  if (!IsDrivePath(folder)) return;
-  state.Path = folder;
-  if (state.IsFolderMode()) state.File.clear();
-  LocateTreeNode([this] { OnNodeSelected(selected_, true); });
 }
 
 void XplrTree::ShowFailures(const std::function<bool(TextView path)>& failed) {

@@ -47,8 +47,8 @@ class XplrTree {
   void OnFocus();
   /// Marks the servers and shares that have failed. failed is asked for each path.
   void ShowFailures(const std::function<bool(TextView path)>& failed);
-  /// Goes up to a folder on the way to the present one, or else wherever its path leads.
-  void WalkTo(const Text& folder);
+  /// Goes up to a folder on the way to the selected one. Does nothing for any other folder.
+  void GoUp(const Text& folder);
   /// The folder that was searched for: goes there.
   void GoTo(Text folder);
 

@@ -82,5 +82,19 @@ TEST(SharedFiles, LieBesideThePacks) {
   EXPECT_EQ(ReadSharedFile({}, "errors/a.txt"), std::nullopt);
 }
 
+TEST(DescribedDrives, OnlyADriveWithAFolderIsSet) {
+  DriveMap drives;
+  drives.Set('C', "/c");
+  drives.Set('D', "/d");
+  DriveSetup setup;
+  setup.drives['C'].folder = "/other";
+  setup.drives['D'].type = drive_type::kCd;
+  setup.drives['E'].folder = "/e";
+  SetDescribedDrives(drives, setup);
+  EXPECT_EQ(drives.Folder('C'), "/other");
+  EXPECT_EQ(drives.Folder('D'), "/d");
+  EXPECT_EQ(drives.Folder('E'), "/e");
+}
+
 }  // namespace
 }  // namespace pnl

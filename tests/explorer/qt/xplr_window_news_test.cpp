@@ -223,6 +223,18 @@ TEST_F(XplrFailingTest, TouchingAFailedServerAgainAsksIt) {
   EXPECT_EQ(TextOf(xplr_control::kFolder), "\\\\SRV");
 }
 
+TEST_F(XplrFailingTest, OnlyATouchOnTheSelectedNodeIsOneAgain) {
+  OpenServer();
+  std::vector<NodeId> touched;
+  QObject::connect(Tree(), &ZCFolderTree::NodeTouched, Tree(), [&](NodeId node) { touched.push_back(node); });
+  PressServer();
+  EXPECT_TRUE(touched.empty());
+  PressServer();
+  EXPECT_EQ(touched.size(), 1u);
+  PressMouse(Tree()->viewport(), QPoint(5, Tree()->viewport()->height() - 5), QEvent::MouseButtonPress);
+  EXPECT_EQ(touched.size(), 1u) << "below the nodes";
+}
+
 TEST_F(XplrFailingTest, TouchingItAfterAnotherNodeAsksItToo) {
   OpenServer();
   PressServer();
