@@ -73,8 +73,8 @@ class ZCXPLRList : public MessageControl<ZWCListCtrl> {
 
   XplrRowsModel model_;
   bool silent_ = false;
-  /// A double click belongs to what was under its first press.
-  XplrRowsModel::Rows pressedRows_;
+  /// A double click belongs to what was under its first press. Doesn't keep rows that have gone.
+  std::weak_ptr<const std::vector<XplrRow>> pressedRows_;
   int pressedRow_ = -1;
 };
 
