@@ -3,24 +3,19 @@
 // folder by readdir with fstatat; each of the four orders of the loaded rows in both directions, beside
 // std::stable_sort of the same names. Prints the bytes that a row takes beyond the characters of its name.
 #include <benchmark/benchmark.h>
-#include <dirent.h>
-#include <fcntl.h>
 #include <malloc.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench_folder.h"
+#include "explorer/xplr_loading.h"
 #include "explorer/xplr_names.h"
 #include "explorer/xplr_rows.h"
 #include "explorer/xplr_sort.h"
+#include "places/disc_places.h"
 
 namespace {
 
@@ -31,50 +26,6 @@ using pnl::SortColumn;
 using pnl::SortState;
 using pnl::Text;
 using pnl::XplrRow;
-
-/// A folder of empty files with names as machine shops give them, and dates over ten years. Gone with the program.
-class Folder {
- public:
-  explicit Folder(int count) {
-    char path[] = "/tmp/xplr_bench_XXXXXX";
-    if (mkdtemp(path) == nullptr) std::exit(1);
-    path_ = path;
-    std::mt19937 random(1);
-    for (int i = 0; i < count; ++i) Put(i, random);
-  }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  [[nodiscard]] const std::string& Path() const { return path_; }
-
- private:
-  void Put(int number, std::mt19937& random) const {
-    static constexpr const char* kWords[] = {"part", "Flange", "O", "housing_left", "TEST"};
-    static constexpr const char* kExtensions[] = {".nc", ".NC", ".txt", ".pit", ""};
-    char name[64];
-    std::snprintf(name, sizeof name, "/%s%06d%s", kWords[random() % 5], number, kExtensions[random() % 5]);
-    const int file = open((path_ + name).c_str(), O_CREAT | O_WRONLY, 0644);
-    const timespec written[2] = {{}, {static_cast<time_t>(1'450'000'000 + random() % 315'000'000), 0}};
-    if (file < 0 || ftruncate(file, random() % 3'000'000) != 0 || futimens(file, written) != 0) std::exit(1);
-    close(file);
-  }
-  std::string path_;
-};
-
-/// Calls take(name, status) for each entry of the folder.
-template <typename Take>
-void Walk(const std::string& path, Take take) {
-  DIR* folder = opendir(path.c_str());
-  if (folder == nullptr) std::exit(1);
-  while (const dirent* entry = readdir(folder)) {
-    struct stat status {};
-    if (fstatat(dirfd(folder), entry->d_name, &status, 0) == 0) take(entry->d_name, status);
-  }
-  closedir(folder);
-}
 
 PlaceEntry EntryOf(std::string_view name, const struct stat& status) {
   PlaceEntry entry;
@@ -118,10 +69,14 @@ void WalkBare(benchmark::State& state, const std::string& path) {
   }
 }
 
-void WalkAndSort(benchmark::State& state, const std::string& path) {
+/// As the explorer does it, with the rows that it would show first.
+void WalkAndSort(benchmark::State& state, const std::string& path, SortColumn column, bool ascending) {
+  pnl::DriveMap drives;
+  drives.Set('D', path);
+  const auto reader = pnl::MakeDiscReader(drives, 0);
+  const pnl::XplrLoadRequest request{u"D:", u"*", ListFor::kFiles, By(column, ascending)};
   for (auto _ : state) {
-    std::vector<XplrRow> rows = ReadRows(path);
-    SortRows(rows, By(SortColumn::kName, true));
+    const auto rows = LoadFolder(*reader, request, {[] { return true; }, [](std::vector<XplrRow>&&) {}});
     benchmark::DoNotOptimize(rows.data());
   }
 }
@@ -194,15 +149,16 @@ void Register(const std::string& name, Function function, Arguments... arguments
 int main(int argc, char** argv) {
   brief = argc == 2 && std::string_view(argv[1]) == "--brief";
   if (brief) --argc;
-  const Folder folder(brief ? 200 : 100'000);
+  const BenchFolder folder(brief ? 200 : 100'000);
   Register("walk/bare", WalkBare, folder.Path());
-  Register("walk/rows by name", WalkAndSort, folder.Path());
   Register("rows", MakeAgain, folder.Path());
   const char* columns[] = {"name", "size", "date", "extension"};
   for (int i = 0; i < 4; ++i) {
     for (const bool ascending : {true, false}) {
-      Register(std::string("order/") + columns[i] + (ascending ? " ascending" : " descending"), SortAgain,
-               folder.Path(), static_cast<SortColumn>(i), ascending);
+      const std::string order = std::string(columns[i]) + (ascending ? " ascending" : " descending");
+      const auto column = static_cast<SortColumn>(i);
+      Register("walk/rows by " + order, WalkAndSort, folder.Path(), column, ascending);
+      Register("order/" + order, SortAgain, folder.Path(), column, ascending);
     }
   }
   Register("order/std::stable_sort of names", SortNames, folder.Path(), Less);

@@ -9,8 +9,8 @@
 namespace pnl {
 namespace {
 
-/// So many rows are sorted within the pause between two frames; more are sorted beside the window's thread.
-constexpr std::size_t kSortedAtOnce = 3000;
+/// So many rows are sorted or destroyed within the pause between two frames; more are beside the window's thread.
+constexpr std::size_t kDoneAtOnce = 3000;
 
 class Names final : public SearchRows {
  public:
@@ -34,12 +34,22 @@ std::ptrdiff_t TurnOf(const XplrRow& row, const XplrRows& rows) {
                        [&](const XplrRow& other) { return IsSameEntry(other, row) && other.index < row.index; });
 }
 
-/// Where the row is in another list of the same folder, in which its index may be another; -1 when it isn't there.
-int PlaceOf(const XplrRow& row, std::ptrdiff_t turn, const XplrRows& rows) {
-  const auto found = std::find_if(rows.begin(), rows.end(), [&](const XplrRow& other) {
-    return IsSameEntry(other, row) && TurnOf(other, rows) == turn;
-  });
+template <typename IsIt>
+int PlaceOf(const XplrRows& rows, IsIt isIt) {
+  const auto found = std::find_if(rows.begin(), rows.end(), isIt);
   return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+/// Where a row is in another list of the same folder, in which its index may be another; -1 when it isn't there.
+int PlaceInOther(const XplrRows& others, const XplrRow& row, const XplrRows& rows) {
+  const std::ptrdiff_t turn = TurnOf(row, rows);
+  return PlaceOf(others,
+                 [&](const XplrRow& other) { return IsSameEntry(other, row) && TurnOf(other, others) == turn; });
+}
+
+/// Where a row is in another order of the same list.
+int PlaceInOrder(const XplrRows& sorted, const XplrRow& row) {
+  return PlaceOf(sorted, [&](const XplrRow& other) { return other.index == row.index; });
 }
 
 }  // namespace
@@ -52,11 +62,7 @@ XplrLoadRequest XplrList::Request() const {
 XplrList::Ended XplrList::Empty() {
   links_.jobs.Drop(loading_);
   SetLoading(0);
-  selected_ = -1;
-  rows_ = std::make_shared<const XplrRows>();
-  links_.view().OnRowsReset(rows_);
-  EndTyping();
-  links_.selected();
+  Show({}, -1);
   return std::exchange(ended_, {});
 }
 
@@ -116,14 +122,17 @@ void XplrList::EndLoad() {
 }
 
 void XplrList::ShowLoaded(XplrRows rows, const SortState& sorted) {
-  Show(std::move(rows));
+  const int selected = Has(selected_) ? PlaceInOther(rows, At(selected_), *rows_) : -1;
+  Show(std::move(rows), selected);
   if (sorted != sort_) SortRowsNow();
 }
 
-void XplrList::Show(XplrRows rows) {
-  selected_ = Has(selected_) ? PlaceOf(At(selected_), TurnOf(At(selected_), *rows_), rows) : -1;
-  rows_ = std::make_shared<const XplrRows>(std::move(rows));
+void XplrList::Show(XplrRows rows, int selected) {
+  selected_ = selected;
+  auto before = std::exchange(rows_, std::make_shared<const XplrRows>(std::move(rows)));
   links_.view().OnRowsReset(rows_);
+  // To destroy the names of many rows takes longer than the pause between two frames.
+  if (before->size() > kDoneAtOnce) links_.jobs.Start([gone = std::move(before)](Job&) mutable { gone.reset(); });
   if (selected_ >= 0) {
     links_.view().SelectRow(selected_);
     links_.view().ScrollToRow(selected_);
@@ -172,11 +181,13 @@ void XplrList::SortRowsNow() {
     SortRows(sorted, sort);
     return sorted;
   };
-  const auto show = [this, of = rows_, sort = sort_](XplrRows sorted) {
+  const auto show = [this, of = std::weak_ptr(rows_), sort = sort_](XplrRows sorted) {
     // Other rows have come, or another order was asked for.
-    if (of == rows_ && sort == sort_) Show(std::move(sorted));
+    if (of.lock() != rows_ || sort != sort_) return;
+    const int selected = Has(selected_) ? PlaceInOrder(sorted, At(selected_)) : -1;
+    Show(std::move(sorted), selected);
   };
-  if (rows_->size() <= kSortedAtOnce || links_.jobs.Ask(work, show) == 0) show(work());
+  if (rows_->size() <= kDoneAtOnce || links_.jobs.Ask(work, show) == 0) show(work());
 }
 
 void XplrList::Take(int row) {

@@ -84,9 +84,9 @@ class XplrList {
   void EndLoad();
   void SelectFirst(const Text& wanted);
   [[nodiscard]] XplrLoadRequest Request() const;
-  /// The row that was selected stays selected.
-  void Show(XplrRows rows);
-  /// Shows rows that were read and sorted as was asked then.
+  /// Makes these the rows, with one of them selected, or none (-1).
+  void Show(XplrRows rows, int selected);
+  /// Shows rows that were read and sorted as was asked then. The row that was selected stays selected.
   void ShowLoaded(XplrRows rows, const SortState& sorted);
   void SortRowsNow();
   /// Selects a row as the operator would.

@@ -26,7 +26,7 @@ struct XplrLoadRequest {
 using XplrRows = std::vector<XplrRow>;
 
 /// A folder that is read within this time shows all its rows at once.
-inline constexpr std::chrono::milliseconds kFirstRows{100};
+inline constexpr std::chrono::milliseconds kFirstRows{15};
 
 /// What a reading does between two batches of entries.
 struct XplrProgress {

@@ -86,6 +86,8 @@ void XplrSession::Start() {
   Host().HostSetSideMenu(kTool, menus_.FrameMenu());
   View().Show();
   View().BringToTop();
+  // A drive may take long, or hang, and the operator must be able to leave.
+  if (!focusGiven_) View().FocusFrame();
 }
 
 /// A pinned folder overrides the folder that the request proposes, if it is still there.
@@ -130,6 +132,7 @@ void XplrSession::StyleForm() {
 }
 
 void XplrSession::FocusFirst() {
+  focusGiven_ = true;
   if (state_.ResultFlags != 0) {
     View().FocusControl(xplr_control::kName);
   } else if (state_.IsFolderMode() && state_.Layout == LayoutMode::kTreeAndList) {

@@ -132,6 +132,7 @@ class XplrSession final : public ToolSession<XplrView> {
   int width_ = 0;
   int height_ = 0;
   bool started_ = false;       // the list exists, and sizes count
+  bool focusGiven_ = false;    // a control has got the first focus
   bool messageShown_ = false;  // a numbered message is on the line
   bool messageIsNew_ = false;  // and not to be cleared by the update that comes with it
   int boxes_ = 0;              // message boxes that are open

@@ -58,6 +58,8 @@ class XplrView : public ToolView {
   /// Gives a control the focus. Brings the event of the control that loses it and of the one that gets it, possibly
   /// before the call returns.
   virtual void FocusControl(int id) = 0;
+  /// Gives the frame itself the focus, so that its keys work before a control has it.
+  virtual void FocusFrame() = 0;
 
   // The name field.
   [[nodiscard]] virtual Text NameText() const = 0;

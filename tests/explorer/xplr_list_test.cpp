@@ -462,6 +462,36 @@ TEST_F(XplrListSteps, MoreRowsThanAreSortedAtOnceAreSortedBesideTheWindow) {
   EXPECT_EQ(list_.Selected(), 2999);
 }
 
+TEST_F(XplrListSteps, ManyRowsThatAreReplacedAreDestroyedBesideTheWindow) {
+  // A new order of a hundred thousand rows held the window up for three frames: it destroyed the names of the old one.
+  FillMany();
+  list_.FillList(ListMode::kFolder);
+  ground_.worker.RunAll();
+  for (const bool sorts : {true, false}) {
+    std::weak_ptr<const XplrRows> before = ground_.view.rows;
+    if (sorts) {
+      list_.SortBy(xplr_command::kSortByName);
+      ground_.worker.RunNext();
+    } else {
+      list_.Clear();
+    }
+    EXPECT_EQ(ground_.worker.Waits(), 1u);
+    EXPECT_FALSE(before.expired());
+    ground_.worker.RunNext();
+    EXPECT_TRUE(before.expired());
+  }
+}
+
+TEST_F(XplrListSteps, WithoutAWorkerManyRowsAreDestroyedAtOnce) {
+  FillMany();
+  list_.FillList(ListMode::kFolder);
+  ground_.worker.RunAll();
+  const std::weak_ptr<const XplrRows> before = ground_.view.rows;
+  ground_.worker.refuses = true;
+  list_.Clear();
+  EXPECT_TRUE(before.expired());
+}
+
 TEST_F(XplrListSteps, AsManyRowsAsAreSortedAtOnceAskNobody) {
   FillMany(kMany - 1);
   list_.FillList(ListMode::kFolder);

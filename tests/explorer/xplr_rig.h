@@ -59,6 +59,7 @@ class FakeXplrView final : public FakeView<XplrView> {
     if (before != 0) changed(before, false);
     if (!dead) changed(id, true);
   }
+  void FocusFrame() override { Order("focus frame"); }
   std::function<void(int id, bool focused)> onFocus;
   [[nodiscard]] Text NameText() const override { return Asked(), name; }
   void SetNameText(TextView text) override { Order("name ", text), name = Text(text); }

@@ -168,7 +168,7 @@ void ZCXPLRList::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const int row = indexAt(event->position().toPoint()).row();
   // The first press may have brought other rows under the finger.
-  if (row == pressedRow_ && pressedRows_ == model_.AllRows()) {
+  if (row == pressedRow_ && pressedRows_.lock() == model_.AllRows()) {
     emit RowDoubleClicked(row);
   } else {
     mousePressEvent(event);

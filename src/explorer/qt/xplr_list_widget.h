@@ -88,8 +88,8 @@ class ZCXPLRList : public MessageControl<ZWCListCtrl> {
   XplrComingSign* coming_;
   bool silent_ = false;
   std::size_t typed_ = 0;
-  /// A double click belongs to what was under its first press.
-  XplrRowsModel::Rows pressedRows_;
+  /// A double click belongs to what was under its first press. Doesn't keep rows that have gone.
+  std::weak_ptr<const std::vector<XplrRow>> pressedRows_;
   int pressedRow_ = -1;
 };
 

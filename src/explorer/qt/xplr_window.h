@@ -38,6 +38,7 @@ class ZCExplorer final : public ToolWindowWith<XplrView> {
   void SetLabelColors(int id, std::uint32_t frame, std::uint32_t back, std::uint32_t text) override;
   [[nodiscard]] int FocusedControl() const override;
   void FocusControl(int id) override;
+  void FocusFrame() override { setFocus(Qt::OtherFocusReason); }
   [[nodiscard]] Text NameText() const override;
   void SetNameText(TextView text) override;
   void OnNodesAdded(const XplrNodes& nodes, NodeId parent, std::size_t index, std::size_t count) override {

@@ -3,7 +3,7 @@
 // that fail or take long, and the path in its heading.
 #include <QHeaderView>
 
-#include "explorer/qt/xplr_window_rig.h"
+#include "explorer/qt/xplr_window_stage.h"
 
 namespace pnl::test {
 namespace {

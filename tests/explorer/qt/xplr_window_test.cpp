@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QHeaderView>
 
-#include "explorer/qt/xplr_window_rig.h"
+#include "explorer/qt/xplr_window_stage.h"
 #include "host/pack_files.h"
 #include "support/deleting_host.h"
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The explorer's real window over real folders and simulated drives, with threads of its own.
+// The explorer's window in a panel's window, off screen, over real folders: it gets real keys and presses, and its jobs
+// run on threads. A request for a file in "C:\P100" is in `request`.
 #pragma once
+
+#include <QScrollBar>
 
 #include "explorer/qt/xplr_window.h"
 #include "explorer/xplr_settings.h"
@@ -9,9 +12,9 @@
 
 namespace pnl::test {
 
-class XplrWindowTest : public WindowStage {
+class XplrWindowStage : public WindowStage {
  protected:
-  XplrWindowTest() : WindowStage({912, 936}, {4, 162, 800, 600}) {
+  XplrWindowStage() : WindowStage({912, 936}, {4, 162, 800, 600}) {
     ForgetQualityTest();
     cnc.Define(u"E.XPLRDATA", rig::VariableType::kInt, std::int64_t{0}, true, true);
     Disc("C:\\P15\\LPNLTOOLS.DLL", "");
@@ -24,14 +27,18 @@ class XplrWindowTest : public WindowStage {
     SetField(request.Filter, u"*");
     request.Owner = 1006;
   }
-  ~XplrWindowTest() override { WithdrawRecord(PublishRecord(&request)); }
+  ~XplrWindowStage() override { WithdrawRecord(PublishRecord(&request)); }
 
   void Open() {
+    Begin(context);
+    Idle();
+  }
+  /// Opens it without waiting for anything.
+  void Begin(const ToolContext& in) {
     ZCVariable(cnc.Vars(), u"E.XPLRDATA").WriteInt(PublishRecord(&request));
-    explorer = new ZCExplorer(context, area);
+    explorer = new ZCExplorer(in, area);
     Use(explorer);
     explorer->Start();
-    Idle();
   }
   /// Until every listing has ended and everything that it posted was handled.
   void Idle() {
@@ -42,6 +49,7 @@ class XplrWindowTest : public WindowStage {
   }
   [[nodiscard]] ZCXPLRList* List() const { return static_cast<ZCXPLRList*>(Control(xplr_control::kList)); }
   [[nodiscard]] ZCFolderTree* Tree() const { return static_cast<ZCFolderTree*>(Control(xplr_control::kTree)); }
+  [[nodiscard]] QLineEdit* Name() const { return static_cast<QLineEdit*>(Control(xplr_control::kName)); }
   [[nodiscard]] QStringList Rows() const {
     QStringList names;
     for (int row = 0; row < List()->model()->rowCount(); ++row)
@@ -61,5 +69,7 @@ class XplrWindowTest : public WindowStage {
   XPLRDATA_ST request{};
   QPointer<ZCExplorer> explorer;
 };
+
+class XplrWindowTest : public XplrWindowStage {};
 
 }  // namespace pnl::test
