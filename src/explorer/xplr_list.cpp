@@ -136,8 +136,9 @@ void XplrList::Show(XplrRows rows, int selected) {
   if (selected_ >= 0) {
     links_.view().SelectRow(selected_);
     links_.view().ScrollToRow(selected_);
+  } else {
+    EndTyping();
   }
-  EndTyping();
   links_.selected();
 }
 
@@ -166,6 +167,7 @@ void XplrList::SelectFirst(const Text& wanted) {
 }
 
 void XplrList::SortBy(int command) {
+  EndTyping();
   sort_.SortBy(command);
   SortRowsNow();
   links_.updateMenus();

@@ -65,7 +65,7 @@ TEST(XplrFailures, APlaceThatDoesNotAnswerIsNoted) {
   }
 }
 
-TEST(XplrFailures, AServerThatFailedStandsForItsSharesAndNotTheOtherWayRound) {
+TEST(XplrFailures, AServerThatFailedCountsForItsSharesAndNotTheOtherWayRound) {
   XplrFailures failures;
   failures.Note(u"\\\\s", 51);
   EXPECT_EQ(failures.ErrorOf(u"\\\\S\\A\\B"), 51);

@@ -367,6 +367,19 @@ TEST_F(XplrListBatches, TheFirstLoadKeepsAFolderThatTheOperatorChoseMeanwhile) {
   EXPECT_EQ(SelectedName(), "Z") << "although it gives no name";
 }
 
+TEST_F(XplrListBatches, WhatWasTypedStaysWhenTheOtherRowsCome) {
+  Disc().betweenBatches = [&] { list_.OnTyped(u"c"); };
+  list_.FillList(ListMode::kFolder);
+  Take();
+  ground_.worker.RunAll();
+  EXPECT_EQ(SelectedName(), "c.nc");
+  EXPECT_THAT(Take(), testing::Not(testing::Contains("view mark 0")));
+  list_.OnTyped(u".");
+  EXPECT_THAT(Take(), testing::Contains("view mark 2"));
+  list_.SortBy(xplr_command::kSortByName);
+  EXPECT_THAT(Take(), testing::Contains("view mark 0"));
+}
+
 TEST_F(XplrListBatches, AnOrderThatIsAskedForWhileRowsComeHoldsForAllOfThem) {
   std::vector<std::string> first;
   list_.FillList(ListMode::kFolder);
