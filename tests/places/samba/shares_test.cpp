@@ -226,6 +226,19 @@ TEST_F(SharesTest, AWrongPasswordNeverLetsInAsNobody) {
   EXPECT_EQ(person->asked, 3);
 }
 
+TEST_F(SharesTest, NobodysConnectionServesNobodyElse) {
+  const auto client = ShareClientFrom(kModule)();
+  ASSERT_NE(client, nullptr);
+  SharePlace place{server->Address().host, static_cast<std::uint16_t>(server->Address().port), u"open", {}, nullptr};
+  EXPECT_EQ(client->Look(place).error, place_error::kNone);
+  place.logon = std::make_shared<const Credentials>(person->user, u"", u"wrong");
+  EXPECT_EQ(client->Look(place).error, place_error::kAccessDenied);
+  place.share = u"";
+  EXPECT_EQ(client->ListShares(place).error, place_error::kAccessDenied);
+  place.logon = std::make_shared<const Credentials>(person->user, u"", FromUtf8(SambaServer::kPassword));
+  EXPECT_EQ(client->ListShares(place).error, place_error::kNone);
+}
+
 TEST_F(SharesTest, WhoHasLookedAsNobodyLogsOnAllTheSame) {
   const auto network = MakeNetwork(person);
   EXPECT_EQ(network->Folders()->Probe(u"\\\\SRV\\open"), place_error::kNone);
