@@ -22,7 +22,7 @@ std::unique_ptr<ShareClient> Load(const std::string& path, std::chrono::millisec
   const auto make = reinterpret_cast<MakeShareClientFn>(dlsym(module, kShareClientMaker));
   const auto milliseconds = static_cast<int>(timeOut.count());
   std::unique_ptr<ShareClient> client(make != nullptr ? make(kShareClientVersion, milliseconds) : nullptr);
-  // Never closed: the libraries that it brings leave things behind that point into them.
+  // Never closed: the libraries that it brings keep pointers into themselves.
   return client ? std::move(client) : Refused("the module is of another version, or its client can't start");
 }
 
