@@ -84,7 +84,8 @@ class Reading {
   /// A value that must be a name; empty when it is none.
   [[nodiscard]] Text Name(TextView section, TextView key) {
     Text value = Value(section, key);
-    return IsName(value) ? value : Text();
+    // No section could have a name with that bracket.
+    return IsName(value) && value.find(u']') == Text::npos ? value : Text();
   }
   void AddProvider(TextView section, TextView name) {
     if (!Has(setup_.providers, name)) setup_.providers.push_back({Text(name), Value(section, u"Comment")});

@@ -54,9 +54,10 @@ class ShareClient {
 };
 
 /// The module's one function. Returns null when the module was built for another version of this header or the client
-/// can't be made. The caller owns the client and keeps the module loaded.
+/// can't be made. A server that says nothing for timeOut milliseconds is given up. The caller owns the client and keeps
+/// the module loaded.
 inline constexpr int kShareClientVersion = 1;
 inline constexpr const char* kShareClientMaker = "PnlMakeShareClient";
-using MakeShareClientFn = ShareClient* (*)(int version);
+using MakeShareClientFn = ShareClient* (*)(int version, int timeOut);
 
 }  // namespace pnl

@@ -16,12 +16,13 @@ std::unique_ptr<ShareClient> Refused(const char* why) {
   return nullptr;
 }
 
-std::unique_ptr<ShareClient> Load(const std::string& path) {
+std::unique_ptr<ShareClient> Load(const std::string& path, std::chrono::milliseconds timeOut) {
   void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr) return Refused(dlerror());
   const auto make = reinterpret_cast<MakeShareClientFn>(dlsym(module, kShareClientMaker));
-  std::unique_ptr<ShareClient> client(make != nullptr ? make(kShareClientVersion) : nullptr);
-  // Never closed: the libraries that it brings leave things behind that point into them.
+  const auto milliseconds = static_cast<int>(timeOut.count());
+  std::unique_ptr<ShareClient> client(make != nullptr ? make(kShareClientVersion, milliseconds) : nullptr);
+  // Never closed: the libraries that it brings keep pointers into themselves.
   return client ? std::move(client) : Refused("the module is of another version, or its client can't start");
 }
 
@@ -29,8 +30,8 @@ std::unique_ptr<ShareClient> Load(const std::string& path) {
 
 std::string ShareModuleBeside(const std::string& libraryFile) { return FolderOf(libraryFile) + "/pnl-shares.so"; }
 
-ShareThread::MakeClient ShareClientFrom(std::string modulePath) {
-  return [path = std::move(modulePath)] { return Load(path); };
+ShareThread::MakeClient ShareClientFrom(std::string modulePath, std::chrono::milliseconds timeOut) {
+  return [path = std::move(modulePath), timeOut] { return Load(path, timeOut); };
 }
 
 }  // namespace pnl

@@ -13,8 +13,7 @@ namespace pnl {
 
 class ShareNetwork final : public Network {
  public:
-  /// The client's own time-out, and what a call may take before it is given up.
-  static constexpr std::chrono::milliseconds kServerTimeOut{3000};
+  /// What a call may take before it is given up.
   static constexpr std::chrono::milliseconds kCallLimit{4000};
 
   /// asker may be null: nobody is asked for credentials.

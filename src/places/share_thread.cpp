@@ -37,6 +37,8 @@ struct ShareThread::State {
   void MarkBusy() {
     busy = true;
     deadline = Clock::now() + limit;
+    // Those who wait now know until when.
+    changed.notify_all();
   }
   void MarkIdle() {
     busy = false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The one thread on which a share's client lives: any thread hands it a call and waits for the answer. A call that
-// overruns its time is given up: whoever waits for it, or behind it, goes on without an answer until the thread is
-// back. The client is made with the first call. Nobody waits for a thread that hangs, not even the destructor.
+// overruns its time is given up: whoever waits for it or after it goes on without an answer until the thread is back.
+// The client is made with the first call. Nobody waits for a thread that hangs, not even the destructor.
 #pragma once
 
 #include <chrono>

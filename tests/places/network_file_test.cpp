@@ -107,9 +107,11 @@ TEST(NetworkFile, AShareThatIsNoNameIsLeftOut) {
 }
 
 TEST(NetworkFile, ProviderAndDomainThatAreNoNamesCountAsAbsent) {
-  const NetworkSetup setup = ParseNetworkFile("[SERVER a]\nDomain=x\\y\nProvider=..\n");
-  EXPECT_THAT(setup.domains, IsEmpty());
-  EXPECT_EQ(setup.servers.at(0).provider, kUsualProvider);
+  for (const char* keys : {"Domain=x\\y\nProvider=..\n", "Domain=x]y\nProvider=]\n", "Domain=.\nProvider=a/b\n"}) {
+    const NetworkSetup setup = ParseNetworkFile(std::string("[SERVER a]\n") + keys);
+    EXPECT_THAT(setup.domains, IsEmpty()) << keys;
+    EXPECT_EQ(setup.servers.at(0).provider, kUsualProvider) << keys;
+  }
 }
 
 TEST(NetworkFile, IsReadFromTheDisc) {

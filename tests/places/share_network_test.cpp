@@ -277,11 +277,11 @@ TEST_F(ConnectTest, AShareOpenToAllIsConnectedWithoutAQuestion) {
 TEST_F(ConnectTest, TheOperatorIsAskedOnceAServer) {
   asker->answers = {{u"ana", u"secret"}};
   EXPECT_EQ(Folders().Probe(u"\\\\CAM\\x"), place_error::kLogonFailed);
-  EXPECT_EQ(Reader().Connect(u"\\\\CAM\\x", 0), 0);
+  EXPECT_EQ(Reader().Connect(u"\\\\Cam\\x", 0), 0);
   EXPECT_EQ(Folders().Probe(u"\\\\cam\\x"), place_error::kNone);
   EXPECT_EQ(Reader().Connect(u"\\\\CAM\\y", 0), 0);
   EXPECT_THAT(Shares(u"\\\\CAM"), ElementsAre(u"\\\\CAM\\x"));
-  EXPECT_THAT(asker->asked, ElementsAre(u"CAM"));
+  EXPECT_THAT(asker->asked, ElementsAre(u"Cam"));
   EXPECT_EQ(servers->asked.back(), "shares smb://CAM as ana");
 }
 

@@ -184,6 +184,11 @@ void SambaServer::Stop() {
   calls_.Stop();
 }
 
+bool SilentServer::AwaitCaller() const {
+  pollfd connected{socket_.Get(), POLLIN, 0};
+  return poll(&connected, 1, kStartLimit) == 1;
+}
+
 SilentServer::SilentServer() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   const sockaddr_in address = address_.Socket();
   if (bind(socket_.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||

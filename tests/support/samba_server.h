@@ -81,6 +81,8 @@ class SambaServer {
 class SilentServer {
  public:
   SilentServer();
+  /// Waits until somebody has connected. Returns false when nobody does.
+  [[nodiscard]] bool AwaitCaller() const;
   [[nodiscard]] const LocalAddress& Address() const { return address_; }
 
  private:

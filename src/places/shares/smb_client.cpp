@@ -18,8 +18,6 @@
 namespace pnl {
 namespace {
 
-constexpr int kTimeOut = 3000;  // milliseconds
-
 /// What must hold whatever the machine's or the user's own settings say. No name is asked of the whole network by
 /// broadcast, which would take seconds for each name that doesn't exist.
 constexpr std::string_view kSettings =
@@ -88,16 +86,15 @@ class OpenFolder {
 
 }  // namespace
 
-std::unique_ptr<SmbClient> SmbClient::Make() {
+std::unique_ptr<SmbClient> SmbClient::Make(int timeOut) {
   SMBCCTX* const context = smbc_new_context();
   if (context == nullptr) return nullptr;
   smbc_setLogCallback(context, nullptr, &Swallow);
   smbc_setDebug(context, 0);
   smbc_setFunctionAuthDataWithContext(context, &SmbClient::Answer);
-  smbc_setTimeout(context, kTimeOut);
+  smbc_setTimeout(context, timeOut);
   smbc_setOptionUseKerberos(context, 0);
   smbc_setOptionUseCCache(context, 0);
-  smbc_setOptionUrlEncodeReaddirEntries(context, 0);
   if (smbc_init_context(context) == nullptr || !UseSettings(context)) {
     smbc_free_context(context, 1);
     return nullptr;
@@ -119,7 +116,8 @@ void SmbClient::Answer(SMBCCTX* context, const char* /*server*/, const char* /*s
 std::string SmbClient::Enter(const SharePlace& place) {
   logon_ = place.logon;
   smbc_setOptionUserData(context_, this);
-  // Open connections are found by the user's name. Nobody's must not serve for somebody.
+  // Open connections are found by the user's name, which would else be that of the account under which this runs.
+  // Nobody's must not serve for somebody, nor the other way round.
   smbc_setUser(context_, logon_ != nullptr ? ToUtf8(logon_->user).c_str() : "");
   // A wrong password must not let in as nobody.
   smbc_setOptionNoAutoAnonymousLogin(context_, logon_ != nullptr ? 1 : 0);
@@ -167,6 +165,6 @@ int SmbClient::MakeFolder(const SharePlace& folder) {
 
 }  // namespace pnl
 
-extern "C" __attribute__((visibility("default"))) pnl::ShareClient* PnlMakeShareClient(int version) {
-  return version == pnl::kShareClientVersion ? pnl::SmbClient::Make().release() : nullptr;
+extern "C" __attribute__((visibility("default"))) pnl::ShareClient* PnlMakeShareClient(int version, int timeOut) {
+  return version == pnl::kShareClientVersion ? pnl::SmbClient::Make(timeOut).release() : nullptr;
 }

@@ -13,8 +13,8 @@ namespace pnl {
 
 class SmbClient final : public ShareClient {
  public:
-  /// Returns null when the library can't start.
-  [[nodiscard]] static std::unique_ptr<SmbClient> Make();
+  /// timeOut is in milliseconds. Returns null when the library can't start.
+  [[nodiscard]] static std::unique_ptr<SmbClient> Make(int timeOut);
   ~SmbClient() override;
   SmbClient(const SmbClient&) = delete;
   SmbClient& operator=(const SmbClient&) = delete;

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <utility>
@@ -146,6 +147,17 @@ TEST_F(NetworkScenario, APanelQuitsWhileAQuestionIsOpen) {
   // Neither connected nor refused.
   EXPECT_EQ(Said(client), "");
   EXPECT_EQ(client.Finish(), 0);
+}
+
+TEST_F(NetworkScenario, APanelQuitsWhileAServerSaysNothing) {
+  const pnl::test::SilentServer silent;
+  temp.Write("network.ini", "[SERVER SILENT]\nAddress=" + silent.Address().Text() + "\n");
+  PanelClient client(Options());
+  client.Call("xplr.publish", {{"record", QJsonObject{{"Path", "\\\\SILENT\\x"}, {"Flags", kListOnly}}}});
+  client.Post("tool.load", {{"tool", kExplorer}});
+  ASSERT_TRUE(silent.AwaitCaller());
+  client.Signal(SIGTERM);
+  EXPECT_EQ(client.WaitForEnd(), 0);
 }
 
 TEST_F(NetworkScenario, AnOperatorWhoRefusesIsToldThatTheConnectionFailed) {
