@@ -61,8 +61,7 @@ void ErrorHelpCover::SetFontPixels(int pixels) {
 QRect ErrorHelpCover::HeaderRect() const {
   const int width = this->width() - 2 * kPad;
   const QFontMetrics metrics(theme::Font(fontPixels_ * 5 / 4, true));
-  const QSize room(width - 2 * kPad, height() / 3);
-  const int text = metrics.boundingRect(QRect(QPoint(), room), Qt::TextWordWrap, header_).height();
+  const int text = metrics.boundingRect({0, 0, width - 2 * kPad, 0}, Qt::TextWordWrap, header_).height();
   return {kPad, kPad, width, std::min(text + kPad, height() / 3)};
 }
 

@@ -114,6 +114,47 @@ TEST_F(RaisedText, TheRaisedTextIsTwelveShadesInTheirOrderAndTheTextOnTop) {
   }
 }
 
+/// On a screen with two dots to a pixel.
+class DenseText : public ZC3DText {
+ public:
+  using ZC3DText::ZC3DText;
+
+ protected:
+  [[nodiscard]] int metric(PaintDeviceMetric which) const override {
+    if (which == PdmDevicePixelRatio) return 2;
+    if (which == PdmDevicePixelRatioScaled) return static_cast<int>(2 * devicePixelRatioFScale());
+    return ZC3DText::metric(which);
+  }
+};
+
+TEST_F(RaisedText, OnADenseScreenItIsDrawnWithAllDotsAndInItsOwnSize) {
+  DenseText dense(7, nullptr);
+  dense.resize(120, 40);
+  dense.SetTextColor(kBlue, false);
+  dense.SetBkgndColor(kYellow, false);
+  dense.Use3D(false);
+  QImage image(dense.size() * 2, QImage::Format_RGB32);
+  image.setDevicePixelRatio(2);
+  image.fill(Qt::magenta);
+  dense.render(&image);
+  // The frame is one pixel wide, so two dots, and lies on the edge of the whole widget.
+  EXPECT_EQ(ColorAt(image, 0, 0), kBlue);
+  EXPECT_EQ(ColorAt(image, 1, 1), kBlue);
+  EXPECT_EQ(ColorAt(image, 2, 2), kYellow);
+  EXPECT_EQ(ColorAt(image, 239, 79), kBlue);
+  EXPECT_EQ(ColorAt(image, 237, 77), kYellow);
+  // Drawn with one dot to a pixel and enlarged, every pixel would be four equal dots.
+  dense.SetWindowTextW(QStringLiteral("S8"), false);
+  dense.render(&image);
+  int fine = 0;
+  for (int y = 0; y < image.height(); y += 2) {
+    for (int x = 0; x < image.width(); x += 2) {
+      fine += ColorAt(image, x, y) != ColorAt(image, x + 1, y) || ColorAt(image, x, y) != ColorAt(image, x, y + 1);
+    }
+  }
+  EXPECT_GT(fine, 20);
+}
+
 // What is drawn later lies over what was drawn before, so the light shade reaches further up than any shadow.
 TEST_F(RaisedText, TheTextItselfLiesOnTop) {
   box.SetWindowTextW(QStringLiteral("H"), false);

@@ -293,6 +293,18 @@ TEST_F(HelpTest, AVeryLongHeaderTakesAThirdOfTheCover) {
   EXPECT_EQ(cover_.Text().y(), 10 + 133 + 10);
 }
 
+TEST_F(HelpTest, AHeaderOfMoreThanAQuarterOfTheCoverIsShownWhole) {
+  cover_.resize(400, 200);
+  const int line = QFontMetrics(Font(20, true)).height();
+  const ErrorHelp help{"ERROR 1\nX", 0, 0xFFFFFF, "text"};
+  cover_.Show(help);
+  const int needed =
+      QFontMetrics(Font(20, true)).boundingRect(QRect(0, 0, 360, 66), Qt::TextWordWrap, help.header).height();
+  ASSERT_GT(needed + 10, 200 / 4);
+  ASSERT_LT(needed + 10, 200 / 3) << "a line is " << line;
+  EXPECT_EQ(cover_.Text().y(), 10 + needed + 10 + 10);
+}
+
 TEST_F(HelpTest, ItIsShownAndHiddenAsItIsTold) {
   QWidget other(&window_);
   cover_.Show(help_);

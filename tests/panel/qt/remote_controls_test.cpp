@@ -474,5 +474,14 @@ TEST_F(RemoteMethods, AMenuIsToldItemByItemAsTheToolHasIt) {
   EXPECT_EQ(VisibleItemIds(menu), QJsonValue(visible));
 }
 
+TEST_F(RemoteMethods, AMenuThatHasGoneIsToldAsNone) {
+  ASSERT_NE(session.LoadTool(PNL_TOOL_CALCULATOR, session.ToolArea()), 0);
+  // The window goes without a word to the host, which still has the menu's number.
+  PnlDestroyWindow(session.ToolWindow(PNL_TOOL_CALCULATOR));
+  ASSERT_NE(session.MainMenu(), 0u);
+  ASSERT_LT(PnlMenuItemCount(session.MainMenu()), 0);
+  EXPECT_EQ(Ask("ui.menu", R"({"bar":"main"})"), "null");
+}
+
 }  // namespace
 }  // namespace panel
