@@ -45,6 +45,7 @@ class Operator : public pnl::test::XplrStage {
     for (std::size_t step = 0; step < kMostSteps && !bytes_.empty() && !IsOver(); ++step) Step(Take());
     if (!IsOver()) Enter();
     if (!IsOver()) Escape();
+    if (!IsOver()) CloseDialogs();
     if (!IsOver()) Escape();
     FUZZ_CHECK(IsOver());
     Check();
@@ -99,6 +100,12 @@ class Operator : public pnl::test::XplrStage {
       default:
         Message(static_cast<pnl::XplrWindow>(Take() % 4), pnl::XplrMessage::kUpdateList, Take() % 3);
     }
+  }
+  /// The window would do it when it gets the Escape that was for the dialog.
+  void CloseDialogs() {
+    Call(&XplrSession::OnFindClosed);
+    Call(&XplrSession::OnFolderClosed);
+    Drain();
   }
   void Check() {
     for (const Text& asked : places.disc->asked) {

@@ -82,6 +82,64 @@ TEST_F(XplrWindowTest, AClickOnAHeaderSortsByItsColumn) {
   EXPECT_EQ(Rows(), QStringList({"SUB", "A.NC", "B.TXT"}));
 }
 
+/// How much of a row has a colour, of ten thousand.
+int ShareOf(ZCXPLRList* list, int row, std::uint32_t color) {
+  QRect place = list->visualRect(list->model()->index(row, 0));
+  place.setLeft(0);
+  place.setRight(list->viewport()->width() - 1);
+  return 10'000 * Count(Paint(*list->viewport()), color, place) / (place.width() * place.height());
+}
+
+struct RowLook {
+  bool folderMode;
+  const char* row;
+  bool selected;
+  bool focused;
+  std::uint32_t back;
+  std::uint32_t text;
+};
+
+TEST_F(XplrWindowTest, TheColoursOfARowTellSelectionFocusAndWhetherItCanBeChosen) {
+  const RowLook looks[] = {
+      {false, "A.NC", false, true, 10595253, 0},        {false, "A.NC", true, true, 660510, 0xffffff},
+      {false, "A.NC", true, false, 0x808080, 0xC0C0C0}, {false, "SUB", true, true, 160, 0xffffff},
+      {false, "SUB", true, false, 0x808080, 0xC0C0C0},  {true, "SUB", true, true, 660510, 0xffffff},
+      {true, "A.NC", true, true, 160, 0xffffff},        {true, "A.NC", true, false, 0x808080, 0xC0C0C0},
+      {true, "A.NC", false, true, 10595253, 0},
+  };
+  for (const RowLook& look : looks) {
+    request.Flags = look.folderMode ? XPLR_FOLDERMODE : 0;
+    Open();
+    const int row = static_cast<int>(Rows().indexOf(look.row));
+    const int another = static_cast<int>(Rows().indexOf("B.TXT"));
+    PressRow(look.selected ? row : another);
+    if (!look.focused) Name()->setFocus();
+    Idle();
+    const std::string which =
+        look.row + std::string(look.selected ? " selected" : "") + (look.focused ? " focused" : "");
+    EXPECT_GT(ShareOf(List(), row, look.back), 6000) << which;
+    EXPECT_GT(ShareOf(List(), row, look.text), 0) << which;
+    delete explorer;
+    Idle();
+  }
+}
+
+TEST_F(XplrWindowTest, SizesAreDrawnAtTheRightOfTheirColumnAndNamesAndDatesAtTheLeft) {
+  Disc("C:\\P100\\A.NC", std::string(2048, ' '));
+  Open();
+  const int row = static_cast<int>(Rows().indexOf("B.TXT"));
+  const QImage image = Paint(*List()->viewport());
+  const QRect place = List()->visualRect(List()->model()->index(row, 0));
+  const auto ink = [&](int column) {
+    const QRect cell(List()->columnViewportPosition(column), place.top(), List()->columnWidth(column), place.height());
+    const QRect inked = Ink(image, 10595253, cell);
+    return std::pair(inked.left() - cell.left(), cell.right() - inked.right());
+  };
+  EXPECT_LT(ink(0).first, ink(0).second);
+  EXPECT_GT(ink(1).first, ink(1).second);
+  EXPECT_LT(ink(2).first, ink(2).second);
+}
+
 TEST_F(XplrWindowTest, TheNameTakesNoCharactersThatLeadElsewhere) {
   Open();
   Control(xplr_control::kName)->setFocus();
