@@ -237,7 +237,12 @@ class XplrRandom : public XplrWindowStage, public testing::WithParamInterface<Se
     int dialogs = 0;
     for (const XplrDialog* dialog : explorer->findChildren<XplrDialog*>()) dialogs += dialog->isVisible() ? 1 : 0;
     EXPECT_LE(dialogs, 1);
-    EXPECT_EQ(TextOf(xplr_control::kCaption).rfind(" Pick = ", 0), 0u) << TextOf(xplr_control::kCaption);
+    const std::string caption = TextOf(xplr_control::kCaption);
+    if (caption.empty()) {
+      EXPECT_TRUE(worker.IsBusy()) << "it has a caption once it is known whether the pinned folder is there";
+    } else {
+      EXPECT_EQ(caption.rfind(" Pick = ", 0), 0u) << caption;
+    }
     EXPECT_LE(Name()->text().size(), 256);
     EXPECT_LE(List()->selectionModel()->selectedRows().size(), 1);
     for (const QString& row : Rows()) EXPECT_FALSE(row.startsWith('.') && row != "..nc") << row.toStdString();
