@@ -255,8 +255,8 @@ class Rig {
   /// the result is "ok", "yes", "no" or "cancel". An empty function gives the boxes back to the operator.
   virtual void AnswerBoxes(std::function<std::string(std::string_view style)> answer) = 0;
   /// Sets a function that a tool's question for a password goes to; its result says whether the password was given.
-  /// type is the kind of protection, 4 for the explorer's pin. The tool waits meanwhile. An empty function: the answer is
-  /// that of CncControl::Returns for "PSW_ConfirmarAcceso".
+  /// type is the kind of protection, 4 for the explorer's pin. The tool waits meanwhile. An empty function: the answer
+  /// is that of CncControl::Returns for "PSW_ConfirmarAcceso".
   virtual void AskPasswords(std::function<bool(std::int32_t type)> ask) = 0;
   virtual void SetSink(EventSink* sink) = 0;
   [[nodiscard]] virtual std::u16string ClipboardText() const = 0;
