@@ -49,7 +49,7 @@ SharedCredentials CredentialsDesk::Ask(TextView server, bool again) {
   // The waiting thread keeps this object, and no step runs after Close.
   runLater_([this, request] { HandOver(request); });
   changed_.wait(lock, [&] { return question.answered; });
-  const SharedCredentials answer = std::move(question.answer);
+  SharedCredentials answer = std::move(question.answer);
   questions_.erase(request);
   return answer;
 }

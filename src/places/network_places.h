@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The drives of another Places, with a reader for the paths of the network that isn't theirs. Passes everything else
-// on.
+// The drives of another Places, with a reader for the paths of the network that is not theirs. Passes all else on.
 #pragma once
 
 #include <memory>
