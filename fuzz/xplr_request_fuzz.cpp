@@ -34,7 +34,7 @@ class Operator : public pnl::test::XplrStage {
     noting.onMessage = [](const HostMessage&) {};
     onHostCall = [this](const std::string& call) { accepted_ = accepted_ || call == "HostToolClosed(5,1)"; };
     windows.boxAnswer = pnl::BoxAnswer::kYes;
-    std::memcpy(&request, bytes_.data(), std::min(bytes_.size(), sizeof request));
+    if (!bytes_.empty()) std::memcpy(&request, bytes_.data(), std::min(bytes_.size(), sizeof request));
     bytes_ = bytes_.subspan(std::min(bytes_.size(), sizeof request));
     asked_ = request;
   }
