@@ -69,7 +69,7 @@ QString PrepareDrive(pnl::rig::Rig& rig, const panel::Options& options) {
 
 /// Sets up drive C:, the machine, the clock and the language. Returns what is wrong, or an empty text.
 QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
-  if (const QString problem = PrepareDrive(rig, options); !problem.isEmpty()) return problem;
+  if (QString problem = PrepareDrive(rig, options); !problem.isEmpty()) return problem;
   const bool started = options.bare ? rig.StartBare() : rig.StartMachine(options.machine.toStdString());
   if (!started) return QStringLiteral("--machine: there is no machine named %1").arg(options.machine);
   if (options.manualTime || !options.guidedInto.isEmpty()) rig.UseManualTime();

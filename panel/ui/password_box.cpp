@@ -23,7 +23,7 @@ constexpr std::size_t kOkKey = 11;
 constexpr std::size_t kCloseKey = 12;
 
 /// The keypad from left to right and top to bottom, as places in Keys().
-constexpr std::array<std::size_t, kColumns* kRows> kPad = {7, 8, 9, 4, 5, 6, 1, 2, 3, kCloseKey, 0, kOkKey};
+constexpr std::array<std::size_t, 12> kPad = {7, 8, 9, 4, 5, 6, 1, 2, 3, kCloseKey, 0, kOkKey};
 
 }  // namespace
 
