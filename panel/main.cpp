@@ -88,7 +88,6 @@ void SetUpDemoDisc(pnl::rig::Rig& rig, const panel::Options& options, panel::Bac
   const QString folder = RootFolder(options) + QStringLiteral("/.demo-disc");
   drive.letter = 'D';
   drive.dir = QFile::encodeName(folder).toStdString();
-  drive.type = 2;
   drive.label = u"DEMO";
   if (!QDir().mkpath(folder)) return;
   rig.Files().SetDrive(drive);

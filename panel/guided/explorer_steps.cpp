@@ -20,7 +20,7 @@ bool ExplorerIsOpen(const Hands& hands) { return hands.session_.IsToolOpen(PNL_T
 
 }  // namespace
 
-std::vector<Step> ExplorerSteps() {
+std::vector<Step> SavingSteps() {
   return {
       {"save-as", "the list is saved as a program: the explorer asks for a name",
        [](Hands& h) {
@@ -35,15 +35,21 @@ std::vector<Step> ExplorerSteps() {
          h.rig_.AnswerBoxes({});
          return !ExplorerIsOpen(h) && QFile::exists(SavedProgram(h));
        }},
+  };
+}
+
+std::vector<Step> FilesSteps() {
+  return {
       {"files", "the files, sorted by date",
        [](Hands& h) {
          h.Press(Action::kOpenProgram);
          return ExplorerIsOpen(h) && h.PressItem(kSortByDate);
        }},
-      {"files-left", "Escape leads back to the command line",
+      {"files-left", "Escape leads back to where the operator was",
        [](Hands& h) {
+         const int before = h.session_.FrontTool();
          h.Key(Qt::Key_Escape);
-         return !ExplorerIsOpen(h) && h.session_.FrontTool() == PNL_TOOL_MDI;
+         return !ExplorerIsOpen(h) && h.session_.FrontTool() != before;
        }},
   };
 }

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The guided session's steps with the file explorer: the MDA list is saved as a program, and the files are walked.
+// The guided session's steps with the file explorer: a list becomes a program, and the files are looked at.
 #pragma once
 
 #include "guided/hands.h"
 
 namespace panel {
 
-[[nodiscard]] std::vector<Step> ExplorerSteps();
+/// The MDA list becomes a program.
+[[nodiscard]] std::vector<Step> SavingSteps();
+/// The operator looks at his files.
+[[nodiscard]] std::vector<Step> FilesSteps();
 
 }  // namespace panel

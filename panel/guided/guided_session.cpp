@@ -136,9 +136,10 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
   auto steps = tour == Tour::kWhole ? FirstSteps() : GlanceSteps();
   if (tour == Tour::kWhole) {
     for (auto& step : LaterSteps()) steps.push_back(std::move(step));
-    for (auto& step : ExplorerSteps()) steps.push_back(std::move(step));
+    for (auto& step : SavingSteps()) steps.push_back(std::move(step));
     for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
     for (auto& step : ErrorSteps()) steps.push_back(std::move(step));
+    for (auto& step : FilesSteps()) steps.push_back(std::move(step));
   }
   int number = first;
   for (const Step& step : steps) {
