@@ -37,8 +37,7 @@ std::optional<SharePlace> ShareAccess::PlaceOf(TextView path) const {
 ShareNames ShareAccess::SharesOf(const SharePlace& server, TextView name) {
   const NetworkServer* known = ServerOf(name);
   if (known == nullptr || known->shares.empty()) {
-    return Ask<ShareNames>(server,
-                           [](ShareClient& client, const SharePlace& place) { return client.ListShares(place); });
+    return Ask(server, [](ShareClient& client, const SharePlace& place) { return client.ListShares(place); });
   }
   ShareNames names;
   names.error = place_error::kNone;
@@ -64,9 +63,7 @@ int ShareAccess::Connect(TextView path) {
 
 int ShareAccess::Try(SharePlace place, TextView server) {
   if (place.share.empty()) return SharesOf(place, server).error;
-  return Ask<ShareFacts>(std::move(place),
-                         [](ShareClient& client, const SharePlace& asked) { return client.Look(asked); })
-      .error;
+  return Ask(std::move(place), [](ShareClient& client, const SharePlace& asked) { return client.Look(asked); }).error;
 }
 
 int ShareAccess::AskAndTry(const SharePlace& place, TextView server) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -39,8 +40,9 @@ class ShareAccess {
   /// that name.
   [[nodiscard]] std::optional<SharePlace> PlaceOf(TextView path) const;
   /// Asks the client. An answer that doesn't come has the error kRemoteNotListening, or kNoClientError.
-  template <typename Answer>
-  [[nodiscard]] Answer Ask(SharePlace place, Answer (*question)(ShareClient&, const SharePlace&)) {
+  template <typename Question>
+  [[nodiscard]] auto Ask(SharePlace place, Question question) {
+    using Answer = std::invoke_result_t<Question, ShareClient&, const SharePlace&>;
     const auto answer = std::make_shared<Answer>();
     const auto result = thread_.Run(
         [answer, question, place = std::move(place)](ShareClient& client) { *answer = question(client, place); });

@@ -4,6 +4,7 @@
 // call may take as long as the server needs. Keeps no credentials: every call brings those that it needs.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -41,6 +42,11 @@ struct ShareFacts {
   bool readOnly = false;
 };
 
+struct ShareStart {
+  int error = place_error::kRemoteNotListening;
+  std::string bytes;
+};
+
 class ShareClient {
  public:
   virtual ~ShareClient() = default;
@@ -51,12 +57,14 @@ class ShareClient {
   [[nodiscard]] virtual ShareFacts Look(const SharePlace& place) = 0;
   /// Makes a folder whose parent exists. Returns kNone, kAlreadyExists, or why it couldn't be made.
   [[nodiscard]] virtual int MakeFolder(const SharePlace& folder) = 0;
+  /// The first bytes of a file, at most so many; fewer are all that it has.
+  [[nodiscard]] virtual ShareStart ReadStart(const SharePlace& file, std::size_t most) = 0;
 };
 
 /// The module's one function. Returns null when the module was built for another version of this header or the client
 /// can't be made. A server that says nothing for timeOut milliseconds is given up. The caller owns the client and keeps
 /// the module loaded.
-inline constexpr int kShareClientVersion = 1;
+inline constexpr int kShareClientVersion = 2;
 inline constexpr const char* kShareClientMaker = "PnlMakeShareClient";
 using MakeShareClientFn = ShareClient* (*)(int version, int timeOut);
 

@@ -68,6 +68,14 @@ class ShareReader final : public FolderReader {
     const int error = ProbeServer(*place, path);
     return error == place_error::kNone ? place_error::kAlreadyExists : error;
   }
+  std::optional<std::string> ReadStart(TextView path, std::size_t most) const override {
+    auto place = access_->PlaceOf(path);
+    if (!place || place->share.empty()) return std::nullopt;
+    ShareStart start = access_->Ask(std::move(*place), [most](ShareClient& client, const SharePlace& file) {
+      return client.ReadStart(file, most);
+    });
+    return start.error == place_error::kNone ? std::optional(std::move(start.bytes)) : std::nullopt;
+  }
 
  private:
   [[nodiscard]] int ProbeServer(const SharePlace& place, TextView path) const {

@@ -215,6 +215,16 @@ TEST_F(ShareNetworkTest, FilesAndFoldersExistAndMayBeReadOnly) {
   EXPECT_FALSE(Folders().IsReadOnly(u"\\\\CAM\\x\\none"));
 }
 
+TEST_F(ShareNetworkTest, TheBeginningOfAFileIsRead) {
+  servers->folders["smb://CAM/x"] = {};
+  servers->files = {"smb://CAM/x/f"};
+  EXPECT_EQ(Folders().ReadStart(u"\\\\CAM\\x\\f", 7), "smb://C");
+  EXPECT_EQ(Folders().ReadStart(u"\\\\CAM\\x\\f", 100), "smb://CAM/x/f");
+  EXPECT_EQ(Folders().ReadStart(u"\\\\CAM\\x\\none", 7), std::nullopt);
+  EXPECT_EQ(Folders().ReadStart(u"\\\\CAM", 7), std::nullopt);
+  EXPECT_EQ(Folders().ReadStart(u"f", 7), std::nullopt);
+}
+
 TEST_F(ShareNetworkTest, AFolderIsMadeWithItsParents) {
   servers->folders["smb://CAM/x"] = {};
   EXPECT_EQ(Folders().MakeFolder(u"\\\\CAM\\x\\a\\b"), place_error::kNone);

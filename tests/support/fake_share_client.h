@@ -96,6 +96,11 @@ class FakeShareClient final : public ShareClient {
     if (const int error = Enter("make ", folder); error != place_error::kNone) return error;
     return servers_->folders.try_emplace(Address(folder)).second ? place_error::kNone : place_error::kAlreadyExists;
   }
+  ShareStart ReadStart(const SharePlace& file, std::size_t most) override {
+    if (const int error = Enter("read ", file); error != place_error::kNone) return {error, {}};
+    if (servers_->files.count(Address(file)) == 0) return {place_error::kPathNotFound, {}};
+    return {place_error::kNone, Address(file).substr(0, most)};
+  }
 
  private:
   static std::string Address(const SharePlace& place) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "places/shares/smb_client.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 
@@ -161,6 +162,23 @@ int SmbClient::MakeFolder(const SharePlace& folder) {
   const std::string url = Enter(folder);
   constexpr mode_t kMode = 0755;
   return smbc_getFunctionMkdir(context_)(context_, url.c_str(), kMode) == 0 ? place_error::kNone : Error();
+}
+
+ShareStart SmbClient::ReadStart(const SharePlace& file, std::size_t most) {
+  const std::string url = Enter(file);
+  SMBCFILE* const open = smbc_getFunctionOpen(context_)(context_, url.c_str(), O_RDONLY, 0);
+  if (open == nullptr) return {Error(), {}};
+  ShareStart start{place_error::kNone, std::string(most, '\0')};
+  std::size_t size = 0;
+  ssize_t got = 1;
+  while (size < most && got > 0) {
+    got = smbc_getFunctionRead(context_)(context_, open, start.bytes.data() + size, most - size);
+    if (got > 0) size += static_cast<std::size_t>(got);
+  }
+  if (got < 0) start.error = Error();
+  start.bytes.resize(got < 0 ? 0 : size);
+  static_cast<void>(smbc_getFunctionClose(context_)(context_, open));
+  return start;
 }
 
 }  // namespace pnl

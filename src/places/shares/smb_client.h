@@ -23,6 +23,7 @@ class SmbClient final : public ShareClient {
   ShareListing List(const SharePlace& folder) override;
   ShareFacts Look(const SharePlace& place) override;
   int MakeFolder(const SharePlace& folder) override;
+  ShareStart ReadStart(const SharePlace& file, std::size_t most) override;
 
  private:
   explicit SmbClient(SMBCCTX* context) : context_(context) {}

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 
 #include "places/share_module.h"
 #include "places/share_network.h"
@@ -194,6 +195,17 @@ TEST_F(SharesTest, AReadOnlyFileIsKnown) {
   EXPECT_TRUE(network->Folders()->IsReadOnly(u"\\\\SRV\\programs\\ro\\locked.nc"));
   EXPECT_FALSE(network->Folders()->IsReadOnly(u"\\\\SRV\\programs\\ro\\free.nc"));
   EXPECT_FALSE(network->Folders()->IsReadOnly(u"\\\\SRV\\programs\\ro\\none.nc"));
+}
+
+TEST_F(SharesTest, TheBeginningOfAFileIsRead) {
+  std::ofstream(server->Files() + "/begin.nc") << std::string(10'000, 'G');
+  std::ofstream(server->Files() + "/empty.nc");
+  const auto network = LoggedOn();
+  EXPECT_EQ(network->Folders()->ReadStart(u"\\\\SRV\\programs\\begin.nc", 4096), std::string(4096, 'G'));
+  EXPECT_EQ(network->Folders()->ReadStart(u"\\\\SRV\\programs\\begin.nc", 20'000), std::string(10'000, 'G'));
+  EXPECT_EQ(network->Folders()->ReadStart(u"\\\\SRV\\programs\\empty.nc", 4096), "");
+  EXPECT_EQ(network->Folders()->ReadStart(u"\\\\SRV\\programs\\none.nc", 4096), std::nullopt);
+  EXPECT_EQ(network->Folders()->ReadStart(u"\\\\SRV\\programs", 4096), std::nullopt);
 }
 
 TEST_F(SharesTest, AFolderIsMadeWithItsParents) {
