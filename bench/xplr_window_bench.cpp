@@ -2,8 +2,8 @@
 // The explorer's window with a folder of 100,000 files: the time until the first rows are painted and until all of them
 // are there in their order, a new order of the loaded rows, the longest time for which the window's thread doesn't come
 // back to its events, and what a row takes. Beside the framework's file model with its view, and a bare walk, all in
-// the same run. A stall is told twice: by the clock, which counts the work of other programs too, and by the thread's
-// own clock.
+// the same run. Each stall has two figures: by the clock, which counts the work of other programs too, and by the
+// thread's own clock.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 

@@ -73,15 +73,26 @@ void FileDesk::Ask(const FileRequest& request, Accepted accepted, Left left) {
 }
 
 void FileDesk::OnToolRequest() {
-  const XPLRDATA_ST* record = Record();
-  if (record == nullptr) emit Said(Say(Word::kNoRequest), true);
-  Waiting waiting{record == nullptr ? session_.ToolWindow(PNL_TOOL_MDI) : AskerOf(*record), {}, {}, false};
-  if (record != nullptr) return Open(std::move(waiting));
   Leave();
+  const XPLRDATA_ST* record = Record();
+  if (record != nullptr) return Open({AskerOf(*record), {}, {}, false});
+  emit Said(Say(Word::kNoRequest), true);
+  Wait({session_.ToolWindow(PNL_TOOL_MDI), {}, {}, false});
+  EndLater();
+}
+
+void FileDesk::Wait(Waiting waiting) {
   waiting_ = std::move(waiting);
-  // Queued, because the asker is still inside its own call.
+  ++requests_;
+}
+
+void FileDesk::EndLater() {
   QMetaObject::invokeMethod(
-      this, [this] { End(false); }, Qt::QueuedConnection);
+      this,
+      [this, request = requests_] {
+        if (request == requests_) End(false);
+      },
+      Qt::QueuedConnection);
 }
 
 PnlWindow FileDesk::AskerOf(const XPLRDATA_ST& record) const {
@@ -90,16 +101,14 @@ PnlWindow FileDesk::AskerOf(const XPLRDATA_ST& record) const {
 }
 
 void FileDesk::Open(Waiting waiting) {
-  Leave();
-  waiting_ = std::move(waiting);
+  Wait(std::move(waiting));
   loading_ = true;
   explorer_ = session_.LoadTool(PNL_TOOL_EXPLORER, session_.ToolArea());
   loading_ = false;
   emit Changed();
   if (explorer_ != 0) return;
   emit Said(Say(Word::kToolMissing), true);
-  QMetaObject::invokeMethod(
-      this, [this] { End(false); }, Qt::QueuedConnection);
+  EndLater();
 }
 
 void FileDesk::Leave() {
@@ -110,14 +119,9 @@ void FileDesk::Leave() {
   End(false);
 }
 
-bool FileDesk::IsFor(const HostCall& call) const {
-  // The panel answers its own requests also when a script decides about everything else.
-  const bool own = waiting_ && waiting_->tool == 0;
-  return (session_.Reacting() || own) && !loading_ && call.slot >= 0;
-}
-
 void FileDesk::OnCalled(const HostCall& call) {
-  if (!IsFor(call)) return;
+  // While the explorer is loaded, its failure is the answer of LoadTool.
+  if (loading_ || !(session_.Reacting() || IsOwn())) return;
   switch (call.slot) {
     case PNL_SLOT_EXPLORER_REQUEST:
       if (session_.Reacting()) OnToolRequest();

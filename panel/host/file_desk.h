@@ -47,21 +47,26 @@ class FileDesk : public QObject, public FileAsker {
 
   void OnCalled(const HostCall& call);
   void OnToolRequest();
-  /// Ends what was open before, and opens the explorer for the record in "E.XPLRDATA".
+  /// Opens the explorer for the record in "E.XPLRDATA". Nobody else may wait.
   void Open(Waiting waiting);
+  void Wait(Waiting waiting);
+  /// Ends the present request without an answer, once the asker has come back from its own call.
+  void EndLater();
   void End(bool accepted);
   void AnswerTool(PnlWindow tool, bool accepted);
   void AnswerPanel(const Waiting& waiting, bool accepted);
   /// Puts the panel's record, or none, into "E.XPLRDATA".
   void Publish(std::int32_t number);
   [[nodiscard]] PnlWindow AskerOf(const XPLRDATA_ST& record) const;
-  [[nodiscard]] bool IsFor(const HostCall& call) const;
+  /// Whether the panel itself waits. It answers its own requests also when a script decides about everything else.
+  [[nodiscard]] bool IsOwn() const { return waiting_ && waiting_->accepted; }
 
   HostSession& session_;
   pnl::rig::Rig* rig_;
   XPLRDATA_ST own_{};
   std::int32_t ownNumber_ = 0;
   std::optional<Waiting> waiting_;
+  int requests_ = 0;  // so far
   PnlWindow explorer_ = 0;
   bool loading_ = false;
 };

@@ -1,23 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/file_request.h"
 
-#include <algorithm>
-#include <iterator>
+#include "common/record_fields.h"
 
 namespace panel {
 namespace {
-
-template <std::size_t N>
-QString FromField(const char16_t (&field)[N]) {
-  const auto* end = std::find(std::begin(field), std::end(field), u'\0');
-  return QString::fromUtf16(field, end - std::begin(field));
-}
-
-template <std::size_t N>
-void Put(const QString& text, char16_t (&field)[N]) {
-  std::fill(std::begin(field), std::end(field), u'\0');
-  if (text.size() < static_cast<qsizetype>(N)) std::copy_n(text.utf16(), text.size(), std::begin(field));
-}
 
 QString WithoutTrailing(QString folder) {
   while (folder.size() > 1 && folder.endsWith(QLatin1Char('\\'))) folder.chop(1);
@@ -27,11 +14,11 @@ QString WithoutTrailing(QString folder) {
 }  // namespace
 
 void Fill(XPLRDATA_ST& record, const FileRequest& request) {
-  Put(request.title, record.Title);
-  Put(request.folder, record.Path);
-  Put(request.file, record.File);
-  Put(request.filter, record.Filter);
-  Put(request.extension, record.Extension);
+  PutIntoField(request.title, record.Title);
+  PutIntoField(request.folder, record.Path);
+  PutIntoField(request.file, record.File);
+  PutIntoField(request.filter, record.Filter);
+  PutIntoField(request.extension, record.Extension);
   record.Flags = request.flags;
 }
 

@@ -8,19 +8,14 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "common/record_fields.h"
+
 namespace panel {
 namespace {
 
 HostSession* current = nullptr;
 
 QString FromText(const char16_t* text) { return text == nullptr ? QString() : QString::fromUtf16(text); }
-
-/// The text in a record's field, up to the terminator or to the end of the field.
-template <std::size_t N>
-QString FromField(const char16_t (&field)[N]) {
-  const auto* end = std::find(std::begin(field), std::end(field), u'\0');
-  return QString::fromUtf16(field, end - std::begin(field));
-}
 
 }  // namespace
 
@@ -238,7 +233,8 @@ void HostSession::TurnToProgram() {
 }
 
 void HostSession::TypeInto(int toolId, int key) {
-  BringToFront(toolId);
+  if (FrontTool() != toolId) return;
+  FocusWithin(ToolWindow(toolId));
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     // The press may destroy the window. What then has the focus must not get the release.
     auto* widget = static_cast<QWidget*>(PnlWidgetOf(ToolWindow(toolId)));

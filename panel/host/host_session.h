@@ -79,7 +79,7 @@ class HostSession : public QObject {
   [[nodiscard]] int WorkingTool() const { return workingTool_; }
   /// Gives the keyboard to that window: to the control in it that had it last, with its caret where it was.
   static void FocusWithin(PnlWindow window);
-  /// Brings an open tool to the front and presses a key there, as the keyboard does.
+  /// Presses a key in the front tool, as the keyboard does. Does nothing when another tool is in front of it.
   void TypeInto(int toolId, int key);
   /// Whether the control with the focus in that window is a line that takes text.
   [[nodiscard]] static bool IsTypedIn(PnlWindow window);

@@ -136,7 +136,7 @@ void CredentialsCover::Place() {
     field->setGeometry(left + label, top, box - label, row);
     top += row + kPad;
   }
-  // The keys are at the bottom, OK in the corner nearest to the thumb.
+  // The keys are below the fields, OK at the right, nearest to the thumb.
   const int half = (box - kPad) / 2;
   const int bottom = std::max(top, std::min(height() - kPad - row, top + row));
   cancel_->setGeometry(left, bottom, half, row);

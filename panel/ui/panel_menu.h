@@ -20,7 +20,7 @@ namespace panel {
 /// The panel's keys after those of a tool's menu in the main bar: what the keyboard's Enter and Escape do, for a tool
 /// that has no keys of its own for it.
 [[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool);
-/// Returns the key of the keyboard that an item stands in for; 0 for any other item.
+/// Returns the key of the keyboard that does the same as an item; 0 for any other item.
 [[nodiscard]] int KeyOfItem(int id);
 
 /// Returns the action of an item; nothing for an item without one.

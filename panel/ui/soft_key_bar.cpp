@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "common/record_fields.h"
 #include "common/shortcuts.h"
 #include "ui/panel_key.h"
 #include "ui/theme.h"
@@ -19,12 +20,6 @@ QByteArray Picture(int number) {
   std::size_t size = 0;
   if (number == 0 || PnlBitmap(number, &data, &size) == 0 || data == nullptr) return {};
   return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)};
-}
-
-template <std::size_t N>
-QString FromField(const char16_t (&field)[N]) {
-  const auto* end = std::find(std::begin(field), std::end(field), u'\0');
-  return QString::fromUtf16(field, end - std::begin(field));
 }
 
 }  // namespace

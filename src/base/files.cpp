@@ -157,6 +157,13 @@ std::optional<std::string> ReadWhole(const Files& files, TextView panelPath, std
   return bytes;
 }
 
+std::optional<std::string> ReadHostFile(const std::string& hostPath, std::uint64_t limit) {
+  // A drive of the file's own folder brings the checks of DiscFiles.
+  DriveMap drives;
+  drives.Set('C', FolderOf(hostPath));
+  return ReadWhole(DiscFiles(drives), u"C:\\" + FromUtf8(hostPath.substr(hostPath.rfind('/') + 1)), limit);
+}
+
 namespace {
 
 struct OwnDrives {

@@ -77,6 +77,8 @@ class Files {
 /// The bytes of the whole file. Returns nothing when the file can't be read or is larger than limit bytes.
 [[nodiscard]] std::optional<std::string> ReadWhole(const Files& files, TextView panelPath,
                                                    std::uint64_t limit = 1ull << 30);
+/// The same for a file that is named by its path on this machine, outside all drives.
+[[nodiscard]] std::optional<std::string> ReadHostFile(const std::string& hostPath, std::uint64_t limit);
 
 class DiscFiles : public Files {
  public:

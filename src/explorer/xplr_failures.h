@@ -10,7 +10,7 @@
 #include <set>
 
 #include "places/network.h"
-#include "places/places.h"
+#include "places/places_over.h"
 
 namespace pnl {
 
@@ -40,22 +40,12 @@ class XplrFailures {
 using SharedFailures = std::shared_ptr<XplrFailures>;
 
 /// Places and network whose readers heed the notes. The other ones must outlive them.
-class CarefulPlaces final : public Places {
+class CarefulPlaces final : public PlacesOver {
  public:
-  CarefulPlaces(Places& places, SharedFailures failures) : places_(places), failures_(std::move(failures)) {}
-  [[nodiscard]] DriveMask LogicalDrives() const override { return places_.LogicalDrives(); }
-  [[nodiscard]] DriveMask HiddenDrives() const override { return places_.HiddenDrives(); }
-  [[nodiscard]] DriveMask LockedDrives() const override { return places_.LockedDrives(); }
-  [[nodiscard]] DriveMask RememberedDrives() const override { return places_.RememberedDrives(); }
-  [[nodiscard]] int DriveType(char letter) const override { return places_.DriveType(letter); }
-  [[nodiscard]] std::optional<Text> VolumeLabel(char letter) const override { return places_.VolumeLabel(letter); }
-  [[nodiscard]] RemoteName DriveRemoteName(char letter) const override { return places_.DriveRemoteName(letter); }
-  [[nodiscard]] char CurrentDrive() const override { return places_.CurrentDrive(); }
+  CarefulPlaces(Places& places, SharedFailures failures) : PlacesOver(places), failures_(std::move(failures)) {}
   [[nodiscard]] std::shared_ptr<const FolderReader> Reader() const override;
-  void Watch(std::function<void()> changed) override { places_.Watch(std::move(changed)); }
 
  private:
-  Places& places_;
   SharedFailures failures_;
 };
 

@@ -138,8 +138,7 @@ DriveMask MaskOf(const DriveMap& drives) {
   return mask;
 }
 
-DiscPlaces::DiscPlaces(const DriveMap& drives, DriveSetup setup, std::shared_ptr<const FolderReader> shares)
-    : drives_(drives), setup_(std::move(setup)), shares_(std::move(shares)) {}
+DiscPlaces::DiscPlaces(const DriveMap& drives, DriveSetup setup) : drives_(drives), setup_(std::move(setup)) {}
 
 const DriveDescription& DiscPlaces::Described(char letter) const {
   static const DriveDescription ordinary;
@@ -181,7 +180,7 @@ std::shared_ptr<const FolderReader> DiscPlaces::Reader() const {
   for (const auto& [letter, drive] : setup_.drives) {
     if (IsEmptiable(drive.type)) emptiable |= DriveBit(static_cast<unsigned char>(letter));
   }
-  return MakeCompositeReader(MakeDiscReader(drives_, emptiable, Empty()), shares_);
+  return MakeDiscReader(drives_, emptiable, Empty());
 }
 
 void DiscPlaces::SetMounted(MountedFolders folders) {

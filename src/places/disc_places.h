@@ -29,9 +29,8 @@ namespace pnl {
 
 class DiscPlaces final : public Places {
  public:
-  /// The map must outlive this object; the folders that the setup names are not looked at. shares reads network paths
-  /// and may be null.
-  explicit DiscPlaces(const DriveMap& drives, DriveSetup setup = {}, std::shared_ptr<const FolderReader> shares = {});
+  /// The map must outlive this object; the folders that the setup names are not looked at.
+  explicit DiscPlaces(const DriveMap& drives, DriveSetup setup = {});
 
   [[nodiscard]] DriveMask LogicalDrives() const override { return MaskOf(drives_) & ~Empty(); }
   [[nodiscard]] DriveMask HiddenDrives() const override { return setup_.hidden; }
@@ -59,7 +58,6 @@ class DiscPlaces final : public Places {
 
   const DriveMap& drives_;
   DriveSetup setup_;
-  std::shared_ptr<const FolderReader> shares_;
   std::optional<MountedFolders> mounted_;  // nothing while nobody has said
   std::function<void()> changed_;
 };

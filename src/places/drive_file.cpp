@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "base/ini_file.h"
-#include "base/locate.h"
 
 namespace pnl {
 namespace {
@@ -78,12 +77,7 @@ DriveSetup ParseDriveFile(std::string_view bytes) {
 
 std::optional<DriveSetup> ReadDriveFile(const char* hostPath) {
   if (hostPath == nullptr) return std::nullopt;
-  const std::string path = hostPath;
-  // A drive of the file's own folder lets base/files do the reading, with its checks.
-  DriveMap drives;
-  drives.Set('C', FolderOf(path));
-  const DiscFiles files(drives);
-  const auto bytes = ReadWhole(files, u"C:\\" + FromUtf8(path.substr(path.rfind('/') + 1)), kMostBytes);
+  const auto bytes = ReadHostFile(hostPath, kMostBytes);
   if (!bytes) return std::nullopt;
   return ParseDriveFile(*bytes);
 }

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/ini_file.h"
-#include "base/locate.h"
 #include "base/numbers.h"
 
 namespace pnl {
@@ -151,12 +150,7 @@ NetworkSetup ParseNetworkFile(std::string_view bytes) { return Reading(bytes).Wh
 
 std::optional<NetworkSetup> ReadNetworkFile(const char* hostPath) {
   if (hostPath == nullptr) return std::nullopt;
-  const std::string path = hostPath;
-  // A drive of the file's own folder lets base/files do the reading, with its checks.
-  DriveMap drives;
-  drives.Set('C', FolderOf(path));
-  const DiscFiles files(drives);
-  const auto bytes = ReadWhole(files, u"C:\\" + FromUtf8(path.substr(path.rfind('/') + 1)), kMostBytes);
+  const auto bytes = ReadHostFile(hostPath, kMostBytes);
   if (!bytes) return std::nullopt;
   return ParseNetworkFile(*bytes);
 }

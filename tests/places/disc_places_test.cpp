@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "places/network_places.h"
 #include "support/temp_folder.h"
 
 namespace pnl {
@@ -327,7 +328,9 @@ TEST(CompositeReader, APathThatBeginsWithTwoBackslashesIsTheNetworks) {
 }
 
 TEST_F(DiscPlacesTest, NetworkPathsGoToTheReaderOfShares) {
-  const DiscPlaces places(drives, {}, std::make_shared<NumberReader>(1001));
+  DiscPlaces discs(drives);
+  EXPECT_EQ(discs.Reader()->Probe(u"\\\\server\\share"), place_error::kPathNotFound);
+  const NetworkPlaces places(discs, std::make_shared<NumberReader>(1001));
   EXPECT_EQ(places.Reader()->Probe(u"\\\\server\\share"), 1001);
   EXPECT_EQ(places.Reader()->Probe(u"C:"), place_error::kNothingFound);
 }

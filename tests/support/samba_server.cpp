@@ -118,13 +118,7 @@ sockaddr_in LocalAddress::Socket() const {
   return result;
 }
 
-std::string SambaServer::WhyNot() {
-  if (geteuid() != 0) return "a server of shares is tested by the superuser only";
-  for (const char* program : {kServerProgram, kCallsProgram, kUserProgram}) {
-    if (access(program, X_OK) != 0) return std::string(program) + " is missing; ./test installs it";
-  }
-  return {};
-}
+std::string SambaServer::WhyNot() { return geteuid() != 0 ? "a server of shares is tested by the superuser only" : ""; }
 
 SambaServer::SambaServer(const std::string& config) : files_(folder_.Folder("files")) {
   std::string text = config;
@@ -150,6 +144,9 @@ bool SambaServer::AddUser() {
 }
 
 std::string SambaServer::Start() {
+  for (const char* program : {kServerProgram, kCallsProgram, kUserProgram}) {
+    if (access(program, X_OK) != 0) return std::string(program) + " is missing; ./test installs it";
+  }
   if (!AddUser()) return "no user: " + Log();
   int ready[2];
   if (pipe2(ready, O_CLOEXEC) != 0) return "no pipe";

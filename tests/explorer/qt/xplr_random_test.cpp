@@ -307,7 +307,7 @@ class XplrRandom : public XplrWindowStage, public testing::WithParamInterface<Se
 
   std::mt19937 random_{GetParam().seed};
   std::string drive_;
-  DiscPlaces discPlaces_{drives, {}, nullptr};
+  DiscPlaces discPlaces_{drives};
   ToolContext overDiscs_{host, cnc, windows, timers, language, files, discPlaces_, network, worker};
   FolderSnapshot before_;
   XPLRDATA_ST asked_{};

@@ -22,7 +22,7 @@ constexpr int kSaveAsProgram = 32775;
 
 class RequestTest : public PanelFixture {
  protected:
-  // A file that can't be made is told in a box, and one that is replaced is asked for.
+  // The tool shows a box when a file can't be made, and asks before it replaces one.
   RequestTest() {
     rig_.AnswerBoxes([](std::string_view style) { return style == "question" ? "yes" : "ok"; });
   }
@@ -194,6 +194,17 @@ TEST_F(RequestTest, ARequestWithoutARecordIsLeftAtOnce) {
   EXPECT_TRUE(StartIsFree());
 }
 
+TEST_F(RequestTest, TheEndOfARequestWithoutARecordDoesNotEndTheNextOne) {
+  OpenListAtSecond();
+  EXPECT_TRUE(rig_.Cnc().Set(u"E.XPLRDATA", std::int64_t{0}));
+  emit session_.Called({PNL_SLOT_EXPLORER_REQUEST, {}});
+  AskFromPanel();
+  EXPECT_TRUE(ExplorerShown());
+  EXPECT_TRUE(op_->Files().IsWaiting());
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(got_, QStringList{"left"});
+}
+
 TEST_F(RequestTest, AnAskerThatHasGoneGetsNothingAndTheOperatorKnows) {
   AskFromList();
   session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
@@ -291,6 +302,22 @@ TEST_F(RequestTest, TheKeysOfThePanelAcceptAndLeaveByTouch) {
   Touch(window_->MainBar().Key(last), {10, 10});
   EXPECT_FALSE(ExplorerShown());
   EXPECT_EQ(got_.last(), "left");
+}
+
+TEST_F(RequestTest, TheKeysOfThePanelReachTheExplorerOnlyWhileItIsInFront) {
+  AskFromPanel();
+  Raise(Fault::kDriveWarning);
+  ASSERT_TRUE(ErrorsShown());
+  session_.TypeInto(PNL_TOOL_EXPLORER, Qt::Key_Escape);
+  Settle();
+  EXPECT_TRUE(ExplorerShown());
+  EXPECT_TRUE(ErrorsShown());
+  EXPECT_EQ(Queue(), 1u);
+  rig_.Cnc().ClearErrors();
+  Settle();
+  session_.TypeInto(PNL_TOOL_EXPLORER, Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(ExplorerShown());
 }
 
 TEST_F(RequestTest, ThePinAsksForThePasswordAndTheExplorerGoesOn) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The panel with the real library behind it: keys, callbacks, refusals, requests and the shortcuts.
+// The panel with the real library: keys, callbacks, refusals, requests and shortcuts.
 #include "ui/panel_window.h"
 
 #include <gtest/gtest.h>
