@@ -269,8 +269,8 @@ class Rig {
     std::size_t windows = 0;
   };
   [[nodiscard]] virtual Counts Open() const = 0;
-  /// True while a tool reads a folder or asks the network, beside the window's thread. False while the operator is
-  /// asked for credentials, which may take any time.
+  /// True while a tool reads a folder or a line of a program, or asks the network, beside the window's thread. False
+  /// while the operator is asked for credentials, which may take any time.
   [[nodiscard]] virtual bool IsWorking() const = 0;
 };
 

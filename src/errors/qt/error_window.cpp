@@ -10,7 +10,7 @@
 #include "errors/error_ids.h"
 #include "errors/error_places.h"
 #include "errors/qt/error_counter_widget.h"
-#include "errors/qt/threaded_line_reader.h"
+#include "errors/threaded_line_reader.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
@@ -61,7 +61,7 @@ ZCErrorManager::ZCErrorManager(const ToolContext& context, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   MakeControls();
   ErrorView& view = *this;
-  session_.Make(context_, view, std::make_unique<ThreadedLineReader>(context_.files));
+  session_.Make(context_, view, std::make_unique<ThreadedLineReader>(context_.files, context_.worker));
   SetClassColor(classColor_);
 }
 

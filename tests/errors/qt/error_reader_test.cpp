@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The reader of failing lines against a disc that answers when the test lets it.
-#include "errors/qt/threaded_line_reader.h"
+#include "errors/threaded_line_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,7 @@
 #include "errors/error_words.h"
 #include "support/event_wait.h"
 #include "support/temp_folder.h"
+#include "window/qt/qt_worker.h"
 
 namespace pnl::test {
 namespace {
@@ -101,7 +102,8 @@ class LineReader : public testing::Test {
   DriveMap drives;
   std::shared_ptr<Gate> gate = std::make_shared<Gate>();
   GatedFiles files{drives, gate};
-  ThreadedLineReader reader{files};
+  QtWorker worker;
+  ThreadedLineReader reader{files, worker};
   std::vector<ProgramLines> late;
 };
 
@@ -148,6 +150,41 @@ TEST_F(LineReader, AnotherReadingTakesThePlaceOfTheFirst) {
   QCoreApplication::processEvents();
   ASSERT_EQ(late.size(), 1u);
   EXPECT_EQ(late[0].lineText, u"\nL <M>30");
+}
+
+// Whoever waits until the panel is at rest waits for the lines too.
+TEST_F(LineReader, TheWorkerIsBusyUntilLateLinesHaveCome) {
+  EXPECT_FALSE(Read(u"C:\\A.NC", 7));
+  EXPECT_TRUE(worker.IsBusy());
+  gate->Open();
+  ASSERT_TRUE(RunUntil([this] { return !worker.IsBusy(); }));
+  EXPECT_EQ(late.size(), 1u);
+}
+
+TEST_F(LineReader, NobodyWaitsForWhatWasDroppedOrReadAtOnce) {
+  EXPECT_FALSE(Read(u"C:\\A.NC", 7));
+  reader.Drop();
+  EXPECT_FALSE(worker.IsBusy());
+  gate->Open();
+  EXPECT_TRUE(Read(u"C:\\A.NC", 7));
+  EXPECT_FALSE(worker.IsBusy());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(late.empty()) << "the lines were the answer already";
+}
+
+TEST_F(LineReader, WithoutAThreadTheLinesAreEmptyAndNobodyWaits) {
+  QtWorker none([](const std::function<void()>&) { return false; });
+  ThreadedLineReader without(files, none);
+  const auto lines = without.Read({u"C:\\A.NC", 7, 0}, {u"N", u"L"}, [](const ProgramLines&) { ADD_FAILURE(); });
+  ASSERT_TRUE(lines);
+  EXPECT_EQ(lines->lineText, u"");
+}
+
+TEST_F(LineReader, AWorkerThatWorksAtOnceGivesTheLinesOnce) {
+  InlineWorker atOnce;
+  ThreadedLineReader inlineReader(files, atOnce);
+  gate->Open();
+  EXPECT_TRUE(inlineReader.Read({u"C:\\A.NC", 7, 0}, {u"N", u"L"}, [](const ProgramLines&) { ADD_FAILURE(); }));
 }
 
 TEST_F(LineReader, FilesOfOneThreadAreReadAtOnce) {

@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Reads the failing line in a thread of its own. The panel waits a moment for it and then goes on, even if the thread
-// hangs on a dead share for a long time. The thread knows files, place and captions, and no window.
+// Reads the failing line beside the window's thread. The panel waits a moment for it and then goes on, even if the
+// reading hangs on a dead share for a long time. The reading knows files, place and captions, and no window.
 #pragma once
 
-#include <QtCore/QObject>
-#include <atomic>
 #include <memory>
 
 #include "errors/error_reader.h"
+#include "window/worker.h"
 
 namespace pnl {
 
-class ThreadedLineReader final : public QObject, public ErrorLineReader {
-  Q_OBJECT
-
+class ThreadedLineReader final : public ErrorLineReader {
  public:
   /// How long Read waits before it returns without the lines.
   static constexpr int kPatienceMilliseconds = 60;
 
-  explicit ThreadedLineReader(Files& files) : files_(files) {}
+  ThreadedLineReader(Files& files, Worker& worker) : files_(files), worker_(worker) {}
   ~ThreadedLineReader() override { ThreadedLineReader::Drop(); }
 
   std::optional<ProgramLines> Read(const ProgramPlace& place, const ProgramCaptions& captions,
@@ -26,9 +23,11 @@ class ThreadedLineReader final : public QObject, public ErrorLineReader {
   void Drop() override;
 
  private:
-  struct Job;
+  struct Reading;
   Files& files_;
-  std::shared_ptr<Job> job_;
+  Worker& worker_;
+  JobId job_ = 0;
+  std::shared_ptr<Reading> reading_;
 };
 
 }  // namespace pnl
