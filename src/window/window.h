@@ -6,6 +6,7 @@
 #include <pnltools/pnltools.h>
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "base/text.h"
@@ -45,6 +46,8 @@ struct BoxSpec {
   Text title;
   Text text;
   BoxStyle style = BoxStyle::kInfo;  // kQuestion has Yes and No, the others OK
+  /// Shows a box of the tool's own and returns what was pressed. Empty: the system's box.
+  std::function<BoxAnswer(const BoxSpec&)> show = {};
 };
 
 class WindowSystem {

@@ -66,7 +66,7 @@ Rect QtWindowSystem::PanelRect() const {
 
 BoxAnswer QtWindowSystem::ShowBox(WindowHandle owner, const BoxSpec& box) {
   ++callOuts_;
-  const BoxAnswer answer = answerer_ ? answerer_(box) : AskOperator(owner, box);
+  const BoxAnswer answer = answerer_ ? answerer_(box) : box.show ? box.show(box) : AskOperator(owner, box);
   if (onBoxAnswered) onBoxAnswered(box, answer);
   --callOuts_;
   return answer;
