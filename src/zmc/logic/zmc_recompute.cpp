@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Which event clears and recomputes what.
+#include <algorithm>
+#include <iterator>
+
+#include "zmc/logic/zmc_cascade.h"
+
+namespace pnl {
+
+namespace {
+
+constexpr unsigned kPowerOn = zmc_clear::kPower | zmc_clear::kDmcText;
+constexpr unsigned kFeedOn = zmc_clear::kF | kPowerOn;
+constexpr unsigned kResults = zmc_clear::kS | kFeedOn;
+constexpr int kSelected = 3;
+constexpr int kFzRow = 2;
+
+/// Not mistakes: another unit of F leaves the power as it was, and another unit of S leaves the feed.
+constexpr ZmcRecompute kRecompute[] = {
+    {ZmcEvent::kSelectedCell, kResults, zmc_step::kConditions},
+    {ZmcEvent::kFzLimitCell, 0, zmc_step::kDmcText},
+    {ZmcEvent::kOtherCell, 0, 0},
+    {ZmcEvent::kD, kResults, zmc_step::kConditions},
+    {ZmcEvent::kZ, kResults, zmc_step::kConditions},
+    {ZmcEvent::kS, kFeedOn, zmc_step::kF | zmc_step::kPower | zmc_step::kDmcText},
+    {ZmcEvent::kF, kPowerOn, zmc_step::kPower | zmc_step::kDmcText},
+    {ZmcEvent::kPower, zmc_clear::kDmcText, zmc_step::kDmcText},
+    {ZmcEvent::kFUnit, zmc_clear::kF | zmc_clear::kDmcText, zmc_step::kF | zmc_step::kDmcText},
+    {ZmcEvent::kSUnit, 0, zmc_step::kS},
+    {ZmcEvent::kTool, zmc_clear::kD | zmc_clear::kZ | kResults, zmc_step::kConditions},
+    {ZmcEvent::kPair, zmc_clear::kGrid | zmc_clear::kRemark | kResults, zmc_step::kConditions},
+};
+
+struct ClearedField {
+  unsigned bit;
+  Text ZmcFields::*field;
+};
+
+constexpr ClearedField kClearedFields[] = {
+    {zmc_clear::kD, &ZmcFields::D},           {zmc_clear::kZ, &ZmcFields::Z},
+    {zmc_clear::kS, &ZmcFields::S},           {zmc_clear::kF, &ZmcFields::F},
+    {zmc_clear::kPower, &ZmcFields::Power},   {zmc_clear::kDmcText, &ZmcFields::DmcText},
+    {zmc_clear::kRemark, &ZmcFields::Remark},
+};
+
+}  // namespace
+
+const ZmcRecompute& RecomputeOf(ZmcEvent event) {
+  return *std::find_if(std::begin(kRecompute), std::end(kRecompute) - 1,
+                       [event](const ZmcRecompute& row) { return row.event == event; });
+}
+
+ZmcEvent ZmcCellEvent(int row, int column) {
+  if (column == kSelected) return ZmcEvent::kSelectedCell;
+  return row == kFzRow ? ZmcEvent::kFzLimitCell : ZmcEvent::kOtherCell;
+}
+
+void ZmcCascade::Clear(ZmcEvent event, ZmcFields& fields) const {
+  const unsigned cleared = RecomputeOf(event).cleared;
+  for (const ClearedField& row : kClearedFields) {
+    if ((cleared & row.bit) != 0) (fields.*row.field).clear();
+  }
+  if ((cleared & zmc_clear::kGrid) != 0) fields.Cells.fill(Text());
+}
+
+void ZmcCascade::Recompute(ZmcEvent event, ZmcFields& fields) const {
+  const unsigned steps = RecomputeOf(event).steps;
+  if ((steps & zmc_step::kS) != 0) UpdateS(fields);
+  if ((steps & zmc_step::kF) != 0) UpdateF(fields);
+  if ((steps & zmc_step::kPower) != 0) UpdatePower(fields);
+  if ((steps & zmc_step::kDmcText) != 0) UpdateDmcText(fields);
+}
+
+void ZmcCascade::Apply(ZmcEvent event, ZmcFields& fields) const {
+  Clear(event, fields);
+  if (event == ZmcEvent::kTool) TakeToolValues(fields);
+  if (event == ZmcEvent::kD && ToolCategory(fields) == tool_category::kOnPart) {
+    fields.LastPartDiameter = machine_.units.ScreenLengthToInternal(DecimalOf(fields.D));
+  }
+  Recompute(event, fields);
+}
+
+}  // namespace pnl
