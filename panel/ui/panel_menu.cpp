@@ -18,7 +18,7 @@ struct ToolRow {
 };
 
 constexpr std::array kTools = {
-    ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, false},
+    ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, true},
     ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, true},
     ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
 };

@@ -10,6 +10,7 @@
 #include "explorer/qt/xplr_window.h"
 #include "mdi/qt/mdi_window.h"
 #include "window/qt/window_registry.h"
+#include "zmc/qt/zmc_window.h"
 
 namespace pnl {
 namespace {
@@ -34,6 +35,7 @@ constexpr ToolRow kTools[] = {
     {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>},
     {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
     {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},
+    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
     {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
 };
 

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "zmc/qt/zmc_box.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QFocusEvent>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyledItemDelegate>
+#include <algorithm>
+
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+
+namespace pnl {
+namespace {
+
+constexpr int kLeastRowHeight = 34;
+constexpr int kMostRows = 9;
+
+/// Rows that a glove can touch.
+class TallRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(std::max(size.height() + 8, kLeastRowHeight));
+    return size;
+  }
+};
+
+}  // namespace
+
+ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
+  MarkControl(this, id, control_kind::kCombo);
+  setEditable(typed);
+  setInsertPolicy(NoInsert);
+  setMaxVisibleItems(kMostRows);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  view()->setItemDelegate(new TallRows(view()));
+  if (typed) {
+    setCompleter(nullptr);
+    lineEdit()->installEventFilter(this);
+  }
+}
+
+void ZmcBox::Fill(const std::vector<Text>& items) {
+  const QSignalBlocker quiet(this);
+  clear();
+  QStringList texts;
+  texts.reserve(static_cast<qsizetype>(items.size()));
+  for (const Text& item : items) texts.append(ToQString(item));
+  addItems(texts);
+  setCurrentIndex(-1);
+}
+
+std::vector<Text> ZmcBox::Items() const {
+  std::vector<Text> items;
+  items.reserve(static_cast<std::size_t>(count()));
+  for (int index = 0; index < count(); ++index) items.push_back(FromQString(itemText(index)));
+  return items;
+}
+
+void ZmcBox::SelectIndex(int index) {
+  const QSignalBlocker quiet(this);
+  setCurrentIndex(index);
+}
+
+bool ZmcBox::IsOpen() const { return view()->isVisible(); }
+
+void ZmcBox::Open(bool open) {
+  if (open == IsOpen()) return;
+  if (!open) return hidePopup();
+  if (count() != 0) showPopup();
+}
+
+void ZmcBox::MoveMark(int by) {
+  const int row = std::clamp(view()->currentIndex().row() + by, 0, std::max(0, count() - 1));
+  view()->setCurrentIndex(model()->index(row, modelColumn(), rootModelIndex()));
+}
+
+bool ZmcBox::AcceptMark() {
+  const int row = view()->currentIndex().row();
+  hidePopup();
+  if (row < 0 || row >= count()) return false;
+  SelectIndex(row);
+  return true;
+}
+
+bool ZmcBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lineEdit() && event->type() == QEvent::FocusOut) {
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) emit LineLeft();
+    return false;
+  }
+  return QComboBox::eventFilter(watched, event);
+}
+
+}  // namespace pnl

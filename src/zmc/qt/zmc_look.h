@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// Colours of the machining calculator's pages beside those that its logic names. 0x00BBGGRR.
+#pragma once
+
+#include "controls/system_colors.h"
+
+class QComboBox;
+
+namespace pnl {
+
+namespace zmc_look {
+inline constexpr Color kPage = 4608090;  // as the other tools' pages
+inline constexpr Color kTitleText = 0xFFFFFF;
+inline constexpr Color kLabelText = 0xBFC9D3;
+inline constexpr Color kFieldBack = 0xF0F0F0;
+inline constexpr Color kFieldText = 0;
+inline constexpr Color kFocusBack = 0xFFFFFF;
+inline constexpr Color kFocusText = 0;
+inline constexpr Color kMark = 660510;  // the focus of lists, as in the explorer's name field
+}  // namespace zmc_look
+
+/// Gives a drop-down list the look of the page.
+void StyleBox(QComboBox& box);
+
+}  // namespace pnl

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// ZCTabZMCMain: the page of the main tab with its controls, placed by their dialog units over the whole page. It has no
+// rules: the frame listens to its signals and gives it texts, states and colours.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "controls/c_multistatic.h"
+#include "controls/zc_dato_wrap.h"
+#include "controls/zwc_edit.h"
+#include "controls/zwc_static.h"
+#include "host/tool_context.h"
+#include "window/qt/tool_window.h"
+#include "zmc/qt/zmc_box.h"
+#include "zmc/qt/zmc_grid_adapter.h"
+#include "zmc/zmc_places.h"
+
+namespace pnl {
+
+class ZCTabZMCMain : public MessageWindow {
+  Q_OBJECT
+
+ public:
+  ZCTabZMCMain(const ToolContext& context, QWidget* frame);
+  ~ZCTabZMCMain() override;
+
+  /// The control with that id; null when the page has none of this class.
+  [[nodiscard]] QWidget* Control(int id) const;
+  template <typename Class>
+  [[nodiscard]] Class* ControlAs(int id) const {
+    return qobject_cast<Class*>(Control(id));
+  }
+  [[nodiscard]] ZmcGrid& Grid() { return *cells_; }
+  [[nodiscard]] ZCGridXWrap& GridControl() { return *grid_; }
+  [[nodiscard]] Text ControlText(int id) const;
+  void SetControlText(int id, TextView text);
+  /// Every widget that may get a key press, for the filter of the frame.
+  [[nodiscard]] std::vector<QWidget*> KeyReceivers() const;
+  /// No message reaches the page any more.
+  void End() { EndMessages(); }
+
+ signals:
+  void ListSelected(int id);
+  void ToolTyped();
+  void ToolLeft();
+  void CheckChanged(int id);
+  void FieldChanged(int id);
+  void LineFocused(int id, bool focused);
+
+ protected:
+  std::intptr_t OnMessage(const Message& message) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Make(const ZmcControlPlace& place);
+  QWidget* MakeLabel(int id);
+  QWidget* MakeBox(int id, bool typed);
+  QWidget* MakeLine(int id);
+  QWidget* MakePicture(int id, CMultistatic::Face face);
+  QWidget* MakeDataField(int id);
+  QWidget* MakeGrid(int id);
+  void Place();
+  void PlaceGrid(const QRect& place, int font);
+  void SetControlFont(QWidget* control, int height, int weight);
+
+  const ToolContext context_;
+  const std::uint32_t focusMessage_;
+  const std::uint32_t blurMessage_;
+  std::map<int, QWidget*> controls_;
+  ZCGridXWrap* grid_ = nullptr;
+  std::unique_ptr<ZmcGridAdapter> cells_;
+};
+
+}  // namespace pnl

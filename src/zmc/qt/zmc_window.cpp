@@ -1,0 +1,363 @@
+// SPDX-License-Identifier: MIT
+#include "zmc/qt/zmc_window.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <optional>
+#include <utility>
+
+#include "window/qt/control_properties.h"
+#include "window/qt/qt_text.h"
+#include "zmc/qt/msg_display.h"
+#include "zmc/qt/zmc_look.h"
+
+namespace pnl {
+namespace {
+
+std::optional<ZmcKey> KeyOf(const QKeyEvent& event) {
+  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Tab:
+      return event.modifiers() & Qt::ShiftModifier ? ZmcKey::kBackTab : ZmcKey::kTab;
+    case Qt::Key_Backtab:
+      return ZmcKey::kBackTab;
+    case Qt::Key_Up:
+      return ZmcKey::kUp;
+    case Qt::Key_Down:
+      return ZmcKey::kDown;
+    case Qt::Key_Left:
+      return ZmcKey::kLeft;
+    case Qt::Key_Right:
+      return ZmcKey::kRight;
+    case Qt::Key_Home:
+      return ZmcKey::kHome;
+    case Qt::Key_End:
+      return ZmcKey::kEnd;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return ZmcKey::kEnter;
+    case Qt::Key_Space:
+      return ZmcKey::kSpace;
+    case Qt::Key_Insert:
+      return ZmcKey::kInsert;
+    case Qt::Key_Escape:
+      return ZmcKey::kEscape;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+ZCZelorMacCalc::ZCZelorMacCalc(const ToolContext& context, QWidget* parent)
+    : ToolWindowWith(PNL_TOOL_MACHINING_CALCULATOR, parent), context_(context) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  SetBackProperty(zmc_look::kPage);
+  setProperty("pnlView", 0);
+  ZmcView& view = *this;
+  session_.Make(context_, view);
+  setGeometry(parent->rect());
+  parent->installEventFilter(this);
+}
+
+ZCZelorMacCalc::~ZCZelorMacCalc() {
+  EndMessages();
+  LeaveTabs();
+  session_.End();
+}
+
+void ZCZelorMacCalc::Start() {
+  session_.Tell([](ZmcSession& session) { session.Start(); });
+}
+
+/// The controls are destroyed after this object and may lose the focus then.
+void ZCZelorMacCalc::LeaveTabs() {
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    widget->disconnect(this);
+    widget->removeEventFilter(this);
+  }
+  if (main_ != nullptr) {
+    main_->disconnect();
+    main_->GridControl().SetKeyHook({});
+    main_->End();
+  }
+  for (ZmcTableTab* table : {static_cast<ZmcTableTab*>(materials_), static_cast<ZmcTableTab*>(operations_)}) {
+    if (table == nullptr) continue;
+    table->GridControl().SetKeyHook({});
+    table->End();
+  }
+}
+
+// Tabs.
+
+MessageWindow* ZCZelorMacCalc::Page(ZmcTab tab) const {
+  switch (tab) {
+    case ZmcTab::kMain:
+      return main_;
+    case ZmcTab::kMaterials:
+      return materials_;
+    case ZmcTab::kOperations:
+      break;
+  }
+  return operations_;
+}
+
+void ZCZelorMacCalc::MakeTab(ZmcTab tab) {
+  if (Page(tab) != nullptr) return;
+  if (tab == ZmcTab::kMain) {
+    main_ = new ZCTabZMCMain(context_, this);
+    main_->hide();
+    main_->setGeometry(rect());
+    ConnectMain();
+    ConnectGrid(tab, main_->GridControl());
+    return;
+  }
+  ZmcTableTab* table = nullptr;
+  if (tab == ZmcTab::kMaterials) {
+    table = materials_ = new ZCTabZMCMateriales(context_, this);
+  } else {
+    table = operations_ = new ZCTabZMCOperaciones(context_, this);
+  }
+  table->hide();
+  table->setGeometry(rect());
+  ConnectGrid(tab, table->GridControl());
+}
+
+void ZCZelorMacCalc::ShowTab(ZmcTab tab) {
+  MessageWindow* page = Page(tab);
+  page->setGeometry(rect());
+  page->show();
+  page->raise();
+  setProperty("pnlView", page->Handle());
+}
+
+void ZCZelorMacCalc::HideTab(ZmcTab tab) {
+  MessageWindow* page = Page(tab);
+  if (page != nullptr) page->hide();
+}
+
+ZmcGrid& ZCZelorMacCalc::Grid(ZmcTab tab) {
+  MakeTab(tab);
+  if (tab == ZmcTab::kMain) return main_->Grid();
+  return tab == ZmcTab::kMaterials ? materials_->Grid() : operations_->Grid();
+}
+
+void ZCZelorMacCalc::ConnectMain() {
+  connect(main_, &ZCTabZMCMain::ListSelected, this,
+          [this](int id) { session_.Tell([=](ZmcSession& session) { session.OnListSelected(id); }); });
+  connect(main_, &ZCTabZMCMain::ToolTyped, this,
+          [this] { session_.Tell([](ZmcSession& session) { session.OnToolTyped(); }); });
+  connect(main_, &ZCTabZMCMain::ToolLeft, this,
+          [this] { session_.Tell([](ZmcSession& session) { session.OnToolLeft(); }); });
+  connect(main_, &ZCTabZMCMain::CheckChanged, this,
+          [this](int id) { session_.Tell([=](ZmcSession& session) { session.OnCheckChanged(id); }); });
+  connect(main_, &ZCTabZMCMain::FieldChanged, this,
+          [this](int id) { session_.Tell([=](ZmcSession& session) { session.OnFieldChanged(id); }); });
+  connect(main_, &ZCTabZMCMain::LineFocused, this, [this](int id, bool focused) {
+    session_.Tell([=](ZmcSession& session) { session.OnLineFocus(id, focused); });
+  });
+  for (QWidget* receiver : main_->KeyReceivers()) receiver->installEventFilter(this);
+}
+
+void ZCZelorMacCalc::ConnectGrid(ZmcTab tab, ZCGridXWrap& grid) {
+  connect(&grid, &ZCGridXWrap::Committed, this, [this, tab](int row, int col, bool) {
+    session_.Tell([=](ZmcSession& session) { session.OnCellCommitted(tab, row, col); });
+  });
+  connect(&grid, &ZCGridXWrap::Moved, this,
+          [this, tab](int, int) { session_.Tell([=](ZmcSession& session) { session.OnCellMoved(tab); }); });
+  connect(&grid, &ZCGridXWrap::HeaderClicked, this,
+          [this, tab](int col) { session_.Tell([=](ZmcSession& session) { session.OnHeaderClicked(tab, col); }); });
+  grid.SetKeyHook([this](QKeyEvent& event) { return OnKeyDown(event); });
+}
+
+// Keys.
+
+bool ZCZelorMacCalc::OnKeyDown(QKeyEvent& event) {
+  const std::optional<ZmcKey> key = KeyOf(event);
+  if (!key) return false;
+  bool taken = false;
+  // A window that went with the key has taken it.
+  if (!session_.Tell([&](ZmcSession& session) { taken = session.OnKey(*key); })) return true;
+  if (taken) event.accept();
+  return taken;
+}
+
+bool ZCZelorMacCalc::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
+  return ToolWindow::event(event);
+}
+
+bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == parentWidget()) {
+    if (event->type() == QEvent::Resize) setGeometry(parentWidget()->rect());
+    return false;
+  }
+  if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
+  // The keys of the calculator come before the panel's shortcuts.
+  if (event->type() == QEvent::ShortcutOverride && KeyOf(static_cast<QKeyEvent&>(*event))) event->accept();
+  return false;
+}
+
+std::intptr_t ZCZelorMacCalc::OnMessage(const Message& message) {
+  std::intptr_t answer = 0;
+  session_.Tell([&](ZmcSession& session) { answer = session.OnMessage(message).value_or(0); });
+  return answer;
+}
+
+void ZCZelorMacCalc::resizeEvent(QResizeEvent* event) {
+  ToolWindow::resizeEvent(event);
+  for (const ZmcTab tab : kZmcTabs) {
+    if (MessageWindow* page = Page(tab)) page->setGeometry(rect());
+  }
+}
+
+/// The host shows a frame that was closed: the tool opens again.
+void ZCZelorMacCalc::showEvent(QShowEvent* event) {
+  ToolWindow::showEvent(event);
+  if (showing_ || event->spontaneous()) return;
+  session_.Tell([](ZmcSession& session) { session.OnShownAgain(); });
+}
+
+void ZCZelorMacCalc::paintEvent(QPaintEvent* event) {
+  QPainter(this).fillRect(event->rect(), ToQColor(zmc_look::kPage));
+}
+
+// ZmcView.
+
+void ZCZelorMacCalc::Show() {
+  showing_ = true;
+  show();
+  showing_ = false;
+}
+
+void ZCZelorMacCalc::Destroy() {
+  EndMessages();
+  LeaveTabs();
+  const QPointer<ZCZelorMacCalc> alive = this;
+  Hide();
+  if (!alive) return;
+  // Nothing of a window that waits for its deletion reaches the logic any more.
+  session_.End();
+  deleteLater();
+}
+
+void ZCZelorMacCalc::PostTab() {
+  QWidget* focus = QApplication::focusWidget();
+  if (focus != nullptr) QCoreApplication::postEvent(focus, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
+}
+
+void ZCZelorMacCalc::ShowControl(int id, bool on) {
+  if (QWidget* control = main_->Control(id)) control->setVisible(on);
+}
+
+bool ZCZelorMacCalc::IsControlShown(int id) const {
+  const QWidget* control = main_->Control(id);
+  return control != nullptr && !control->isHidden();
+}
+
+void ZCZelorMacCalc::EnableControl(int id, bool on) {
+  if (QWidget* control = main_->Control(id)) control->setEnabled(on);
+}
+
+void ZCZelorMacCalc::SetLabelColor(int id, std::uint32_t color) {
+  if (auto* label = main_->ControlAs<ZWCStatic>(id)) label->SetTextColor(color);
+}
+
+void ZCZelorMacCalc::SetDigits(int id, const ZmcDigits& digits) {
+  if (auto* field = main_->ControlAs<ZCDatoWrap>(id)) field->SetDigits(ToNumberFormat(digits));
+}
+
+int ZCZelorMacCalc::State(int id) const {
+  const auto* picture = main_->ControlAs<CMultistatic>(id);
+  return picture != nullptr ? picture->State() : 0;
+}
+
+void ZCZelorMacCalc::SetState(int id, int state) {
+  if (auto* picture = main_->ControlAs<CMultistatic>(id)) picture->SetState(state);
+}
+
+bool ZCZelorMacCalc::IsFieldEditing(int id) const {
+  const auto* field = main_->ControlAs<ZCDatoWrap>(id);
+  return field != nullptr && field->IsEditing();
+}
+
+void ZCZelorMacCalc::FillList(int id, const std::vector<Text>& items) {
+  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->Fill(items);
+}
+
+std::vector<Text> ZCZelorMacCalc::ListItems(int id) const {
+  const auto* box = main_->ControlAs<ZmcBox>(id);
+  return box != nullptr ? box->Items() : std::vector<Text>();
+}
+
+int ZCZelorMacCalc::ListSelection(int id) const {
+  const auto* box = main_->ControlAs<ZmcBox>(id);
+  return box != nullptr ? box->currentIndex() : -1;
+}
+
+void ZCZelorMacCalc::SelectItem(int id, int index) {
+  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->SelectIndex(index);
+}
+
+bool ZCZelorMacCalc::IsListOpen(int id) const {
+  const auto* box = main_->ControlAs<ZmcBox>(id);
+  return box != nullptr && box->IsOpen();
+}
+
+void ZCZelorMacCalc::OpenList(int id, bool open) {
+  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->Open(open);
+}
+
+void ZCZelorMacCalc::MoveInList(int id, int by) {
+  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->MoveMark(by);
+}
+
+bool ZCZelorMacCalc::AcceptItem(int id) {
+  auto* box = main_->ControlAs<ZmcBox>(id);
+  return box != nullptr && box->AcceptMark();
+}
+
+void ZCZelorMacCalc::SelectAllText(int id) {
+  if (auto* line = main_->ControlAs<QLineEdit>(id)) line->selectAll();
+}
+
+int ZCZelorMacCalc::FocusedControl() const {
+  if (main_ == nullptr || !main_->isVisible()) return 0;
+  for (const int box : {zmc_control::kMaterial, zmc_control::kOperation, zmc_control::kTool, zmc_control::kFUnit,
+                        zmc_control::kSUnit}) {
+    if (IsListOpen(box)) return box;
+  }
+  for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr && widget != main_;
+       widget = widget->parentWidget()) {
+    if (main_->isAncestorOf(widget) && main_->Control(ControlId(widget)) == widget) return ControlId(widget);
+  }
+  return 0;
+}
+
+void ZCZelorMacCalc::FocusControl(int id) {
+  const int from = FocusedControl();
+  if (IsListOpen(from)) OpenList(from, false);
+  if (QWidget* control = main_->Control(id)) control->setFocus(Qt::OtherFocusReason);
+}
+
+void ZCZelorMacCalc::FocusGrid(ZmcTab tab) {
+  (void)Grid(tab);
+  ZCGridXWrap& grid = tab == ZmcTab::kMain        ? main_->GridControl()
+                      : tab == ZmcTab::kMaterials ? materials_->GridControl()
+                                                  : operations_->GridControl();
+  grid.setFocus(Qt::OtherFocusReason);
+}
+
+BoxAnswer ZCZelorMacCalc::AskInBox(const BoxSpec& box) {
+  // Watched: the box goes with this window, which somebody may destroy while it is open.
+  const QPointer<CDlgMsgDisplay> dialog = new CDlgMsgDisplay(context_.language, box, this);
+  dialog->exec();
+  if (!dialog) return box.style == BoxStyle::kQuestion ? BoxAnswer::kNo : BoxAnswer::kOk;
+  const BoxAnswer answer = dialog->Answer();
+  delete dialog;
+  return answer;
+}
+
+}  // namespace pnl

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// ZCZelorMacCalc: the machining calculator's frame, a child of the host's window over its whole client area, with the
+// three tabs. It turns each event into one intention of ZmcSession and does what its view is asked to; it decides
+// nothing.
+#pragma once
+
+#include <QtCore/QPointer>
+
+#include "host/tool_session.h"
+#include "window/qt/tool_window.h"
+#include "zmc/qt/zmc_main_tab.h"
+#include "zmc/qt/zmc_table_tab.h"
+#include "zmc/zmc_session.h"
+
+namespace pnl {
+
+class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
+  Q_OBJECT
+
+ public:
+  ZCZelorMacCalc(const ToolContext& context, QWidget* parent);
+  ~ZCZelorMacCalc() override;
+  void Start() override;
+
+ protected:
+  std::intptr_t OnMessage(const Message& message) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  // ZmcView.
+  void Show() override;
+  void Destroy() override;
+  void PostTab() override;
+  void MakeTab(ZmcTab tab) override;
+  void ShowTab(ZmcTab tab) override;
+  void HideTab(ZmcTab tab) override;
+  [[nodiscard]] ZmcGrid& Grid(ZmcTab tab) override;
+  [[nodiscard]] Text ControlText(int id) const override { return main_->ControlText(id); }
+  void SetControlText(int id, TextView text) override { main_->SetControlText(id, text); }
+  void ShowControl(int id, bool on) override;
+  [[nodiscard]] bool IsControlShown(int id) const override;
+  void EnableControl(int id, bool on) override;
+  void SetLabelColor(int id, std::uint32_t color) override;
+  void SetDigits(int id, const ZmcDigits& digits) override;
+  [[nodiscard]] int State(int id) const override;
+  void SetState(int id, int state) override;
+  [[nodiscard]] bool IsFieldEditing(int id) const override;
+  void FillList(int id, const std::vector<Text>& items) override;
+  [[nodiscard]] std::vector<Text> ListItems(int id) const override;
+  [[nodiscard]] int ListSelection(int id) const override;
+  void SelectItem(int id, int index) override;
+  [[nodiscard]] bool IsListOpen(int id) const override;
+  void OpenList(int id, bool open) override;
+  void MoveInList(int id, int by) override;
+  bool AcceptItem(int id) override;
+  void SelectAllText(int id) override;
+  [[nodiscard]] int FocusedControl() const override;
+  void FocusControl(int id) override;
+  void FocusGrid(ZmcTab tab) override;
+  BoxAnswer AskInBox(const BoxSpec& box) override;
+
+  void ConnectMain();
+  void ConnectGrid(ZmcTab tab, ZCGridXWrap& grid);
+  void LeaveTabs();
+  [[nodiscard]] MessageWindow* Page(ZmcTab tab) const;
+  [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
+
+  const ToolContext context_;
+  ZCTabZMCMain* main_ = nullptr;
+  ZCTabZMCMateriales* materials_ = nullptr;
+  ZCTabZMCOperaciones* operations_ = nullptr;
+  ToolLink<ZmcSession> session_;
+  bool showing_ = false;  // the session shows the frame itself
+};
+
+}  // namespace pnl

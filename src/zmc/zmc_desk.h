@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// What the tabs of the machining calculator share: the window, the host, the data, the settings, the machine, the
+// menus, and the ways to tell the operator something. The session owns one. Its calls end with WindowGone when the tool
+// has ended.
+#pragma once
+
+#include <functional>
+
+#include "host/tool_context.h"
+#include "zmc/logic/zmc_machine.h"
+#include "zmc/logic/zmc_settings.h"
+#include "zmc/zmc_data.h"
+#include "zmc/zmc_menus.h"
+#include "zmc/zmc_view.h"
+
+namespace pnl {
+
+class ZmcDesk {
+ public:
+  using ViewAccess = std::function<ZmcView&()>;
+  using HostAccess = std::function<const HostBridge&()>;
+  ZmcDesk(const ToolContext& context, ViewAccess view, HostAccess host);
+
+  [[nodiscard]] ZmcView& View() const { return view_(); }
+  [[nodiscard]] const HostBridge& Host() const { return host_(); }
+  [[nodiscard]] const ToolContext& Context() const { return context_; }
+  [[nodiscard]] Text LoadText(int id) const { return context_.language.LoadToolText(id); }
+
+  /// The tool's message box. It runs an event loop.
+  void ShowInfo(int text) const;
+  [[nodiscard]] bool AskYesNo(int text) const;
+  [[nodiscard]] bool AskYesNoWith(int text, TextView inserted) const;
+  [[nodiscard]] bool AskYesNoMany(int text) const { return AskYesNo(text); }
+
+  /// Sends the frame its own message: a text for a line of the message zone (0 counts as 1), in one of three colours.
+  void ShowMessage(int color, int line, TextView text) const;
+  void ResetMessage() const;
+  /// Shows box 278 for a damaged file. Returns true when there was no failure.
+  bool CheckRead(CuttingError error) const;
+  /// The same for an update; every other failure is named on the message line. Returns true when it is stored.
+  bool CheckStored(CuttingError error) const;
+  /// Shows box 285 or 278. Returns true when the lists could be loaded.
+  bool CheckLoaded(const ZmcLoad& load) const;
+
+  ZmcData data;
+  ZmcSettings settings;
+  ZmcMachine machine;
+  ZmcMenus menus;
+
+ private:
+  [[nodiscard]] BoxAnswer Ask(Text text, BoxStyle style) const;
+  const ToolContext& context_;
+  const ViewAccess view_;
+  const HostAccess host_;
+};
+
+}  // namespace pnl

@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+#include "zmc/zmc_table.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pnl {
+namespace {
+
+constexpr int kDescription = 1;
+constexpr TextView kFactoryOrigin = u"O";
+constexpr TextView kCustomOrigin = u"C";
+
+}  // namespace
+
+ZmcTable::ZmcTable(ZmcDesk& desk, const ZmcTableShape& shape, std::function<void()> reloadLists)
+    : desk_(desk), shape_(shape), reloadLists_(std::move(reloadLists)) {}
+
+void ZmcTable::OnShown() {
+  if (!std::exchange(made_, true)) {
+    desk_.View().MakeTab(shape_.tab);
+    SetHeader();
+  }
+  const MenuHandle menu = desk_.menus.RebuildTabMenu(shape_.tab);
+  if (!filled_) Fill();
+  const auto [column, ascending] = SortColumn();
+  Grid().ShowSortMarker(column, ascending);
+  UpdateSoftKeys();
+  desk_.Host().HostSetSideMenu(PNL_TOOL_MACHINING_CALCULATOR, menu);
+  desk_.View().FocusGrid(shape_.tab);
+}
+
+// Rows.
+
+void ZmcTable::Fill() {
+  filled_ = true;
+  ModifiedRows_.clear();
+  known_ = Rows();
+  ZmcGrid& grid = Grid();
+  grid.RemoveAllRows();
+  for (const ZmcTableRow& content : known_) ShowRow(grid.AddRow(), content);
+  if (!known_.empty()) grid.Select({1, kDescription});
+  grid.Redraw();
+}
+
+void ZmcTable::ShowRow(int row, const ZmcTableRow& content) {
+  ZmcGrid& grid = Grid();
+  SetKinds(row);
+  for (int col = 1; col <= shape_.columns; ++col) {
+    if (col == shape_.hiddenColumn) {
+      grid.SetChecked(row, col, content.hidden);
+    } else if (col == shape_.originColumn) {
+      grid.SetCellText(row, col, content.factory ? kFactoryOrigin : kCustomOrigin);
+    } else {
+      grid.SetCellText(row, col, content.cells[static_cast<std::size_t>(col - 1)]);
+    }
+  }
+  grid.SetRowState(row, content.factory ? zmc_row_state::kFactory : zmc_row_state::kNormal);
+}
+
+ZmcTableRow ZmcTable::RowInGrid(int row) const {
+  const ZmcGrid& grid = Grid();
+  ZmcTableRow content;
+  for (int col = 1; col <= shape_.columns; ++col) content.cells.push_back(grid.CellText(row, col));
+  content.cells[static_cast<std::size_t>(shape_.hiddenColumn - 1)].clear();
+  content.cells[0] = Text(Trim(content.cells[0]));
+  content.hidden = grid.IsChecked(row, shape_.hiddenColumn);
+  content.factory = IsFactoryRow(row);
+  return content;
+}
+
+bool ZmcTable::IsFactoryRow(int row) const { return Grid().CellText(row, shape_.originColumn) == kFactoryOrigin; }
+
+void ZmcTable::AddRow() {
+  ZmcGrid& grid = Grid();
+  const int row = grid.AddRow();
+  ZmcTableRow content;
+  content.cells.resize(static_cast<std::size_t>(shape_.columns));
+  ShowRow(row, content);
+  known_.push_back(std::move(content));
+  NoteModified(row, {});
+  grid.Select({row, kDescription});
+  UpdateSoftKeys();
+  desk_.View().FocusGrid(shape_.tab);
+  Grid().BeginEdit({row, kDescription});
+}
+
+void ZmcTable::OnCommitted(int row, int col) {
+  const auto at = static_cast<std::size_t>(row - 1);
+  if (row < 1 || at >= known_.size() || col < 1 || col > shape_.columns) return;
+  ZmcTableRow& known = known_[at];
+  const Text oldDescription = known.cells[0];
+  const ZmcGrid& grid = Grid();
+  if (col == shape_.hiddenColumn) {
+    const bool hidden = grid.IsChecked(row, col);
+    if (known.hidden == hidden) return;
+    known.hidden = hidden;
+  } else {
+    Text text = grid.CellText(row, col);
+    Text& before = known.cells[static_cast<std::size_t>(col - 1)];
+    if (before == text) return;
+    before = std::move(text);
+  }
+  NoteModified(row, oldDescription);
+  UpdateSoftKeys();
+}
+
+void ZmcTable::NoteModified(int row, const Text& oldDescription) {
+  const bool noted = std::any_of(ModifiedRows_.begin(), ModifiedRows_.end(),
+                                 [row](const Modified& entry) { return entry.row == row; });
+  if (!noted) ModifiedRows_.push_back({row, oldDescription});
+}
+
+void ZmcTable::OnHeaderClicked(int col) {
+  if (!CanLeave() || !OrderBy(col)) return;
+  Fill();
+  const auto [column, ascending] = SortColumn();
+  Grid().ShowSortMarker(column, ascending);
+  UpdateSoftKeys();
+  reloadLists_();
+}
+
+void ZmcTable::UpdateSoftKeys() {
+  const int row = Grid().Current().row;
+  const bool deleted =
+      desk_.menus.Enable(shape_.tab, shape_.deleteItem, row >= 1 && row < Grid().Rows() && !IsFactoryRow(row));
+  const bool saved = desk_.menus.Enable(shape_.tab, shape_.saveItem, IsDirty());
+  if (deleted || saved) desk_.Host().HostUpdateSideMenu(PNL_TOOL_MACHINING_CALCULATOR);
+}
+
+// Keys.
+
+bool ZmcTable::OnKey(ZmcKey key, const std::function<void()>& close) {
+  ZmcGrid& grid = Grid();
+  const bool editing = grid.IsEditing();
+  switch (key) {
+    case ZmcKey::kEscape:
+      if (!editing) close();
+      return !editing;
+    case ZmcKey::kTab:
+    case ZmcKey::kBackTab:
+      if (editing) grid.CommitEdit();
+      Step(key == ZmcKey::kTab);
+      return true;
+    case ZmcKey::kEnter: {
+      const ZmcCell cell = grid.Current();
+      if (editing) {
+        grid.CommitEdit();
+      } else if (cell.col != shape_.hiddenColumn && !grid.IsReadOnly(cell.row, cell.col)) {
+        grid.BeginEdit(cell);
+        return true;
+      }
+      Step(true);
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+/// To the next cell, or the one before, row by row; the first and the last cell of the table are the ends.
+void ZmcTable::Step(bool forward) {
+  ZmcGrid& grid = Grid();
+  const int columns = shape_.columns - 1;  // the origin isn't shown
+  const int cells = (grid.Rows() - 1) * columns;
+  const ZmcCell at = grid.Current();
+  const int cell = (at.row - 1) * columns + at.col - 1 + (forward ? 1 : -1);
+  if (cell >= 0 && cell < cells) grid.Select({cell / columns + 1, cell % columns + 1});
+}
+
+// Deleting.
+
+void ZmcTable::DeleteRows() {
+  ZmcGrid& grid = Grid();
+  if (grid.IsEditing()) grid.CancelEdit();
+  const auto [first, last] = grid.SelectedRows();
+  if (first < 1 || last >= grid.Rows()) return;
+  for (int row = first; row <= last; ++row) {
+    if (!IsFactoryRow(row)) continue;
+    desk_.ShowInfo(zmc_text::kFactoryRow);
+    desk_.View().FocusGrid(shape_.tab);
+    return;
+  }
+  const bool agreed = last > first ? desk_.AskYesNoMany(zmc_text::kDeleteMany)
+                                   : desk_.AskYesNoWith(zmc_text::kDeleteOne, grid.CellText(first, kDescription));
+  if (!agreed) return;
+  bool deleted = true;
+  for (int row = last; row >= first && deleted; --row) deleted = DeleteRow(row);
+  Grid().Redraw();
+  UpdateSoftKeys();
+  reloadLists_();
+}
+
+/// A row whose record can't be taken out of the file stays.
+bool ZmcTable::DeleteRow(int row) {
+  const auto entry = std::find_if(ModifiedRows_.begin(), ModifiedRows_.end(),
+                                  [row](const Modified& modified) { return modified.row == row; });
+  const Text description = entry != ModifiedRows_.end() ? entry->oldDescription : Grid().CellText(row, kDescription);
+  if (desk_.data.CanAccessUserFile() && !desk_.CheckStored(DeleteRecord(description))) return false;
+  if (entry != ModifiedRows_.end()) ModifiedRows_.erase(entry);
+  for (Modified& modified : ModifiedRows_) {
+    if (modified.row > row) --modified.row;
+  }
+  known_.erase(known_.begin() + (row - 1));
+  Grid().RemoveRow(row);
+  return true;
+}
+
+// Saving.
+
+bool ZmcTable::CanLeave() {
+  if (Grid().IsEditing()) Grid().CommitEdit();
+  if (!IsDirty()) return true;
+  if (desk_.AskYesNo(shape_.saveQuestion)) return SaveTable(false);
+  ModifiedRows_.clear();
+  Fill();
+  UpdateSoftKeys();
+  return true;
+}
+
+bool ZmcTable::IsDescriptionGood(int row) const {
+  const ZmcGrid& grid = Grid();
+  const Text own = grid.CellText(row, kDescription);
+  const TextView description = Trim(own);
+  if (description.empty()) return false;
+  for (int other = 1; other < grid.Rows(); ++other) {
+    if (other != row && Trim(grid.CellText(other, kDescription)) == description) return false;
+  }
+  return true;
+}
+
+bool ZmcTable::CheckRows() {
+  bool good = true;
+  for (const Modified& entry : ModifiedRows_) {
+    const bool rowGood = IsDescriptionGood(entry.row);
+    Grid().SetRowState(entry.row, rowGood ? zmc_row_state::kNormal : zmc_row_state::kRefused);
+    good = good && rowGood;
+  }
+  return good;
+}
+
+bool ZmcTable::SaveTable(bool refill) {
+  if (Grid().IsEditing()) Grid().CommitEdit();
+  if (!CheckRows()) {
+    desk_.ShowInfo(zmc_text::kRowsRefused);
+    desk_.View().FocusGrid(shape_.tab);
+    return false;
+  }
+  // An entry goes when its row is stored: what couldn't be stored can be tried again.
+  while (!ModifiedRows_.empty()) {
+    const Modified entry = ModifiedRows_.front();
+    if (desk_.data.CanAccessUserFile() &&
+        !desk_.CheckStored(SaveRow(RowInGrid(entry.row), entry.oldDescription))) {
+      return false;
+    }
+    ModifiedRows_.erase(ModifiedRows_.begin());
+  }
+  UpdateSoftKeys();
+  reloadLists_();
+  if (refill) Fill();
+  return true;
+}
+
+}  // namespace pnl
