@@ -27,6 +27,9 @@ inline constexpr const char* kPhase = "pnlPhase";
 inline constexpr const char* kPeriod = "pnlPeriod";
 inline constexpr const char* kState = "pnlState";
 inline constexpr const char* kLimit = "pnlLimit";
+inline constexpr const char* kChecked = "pnlChecked";
+// A grid.
+inline constexpr const char* kEditing = "pnlEditing";
 // Windows of tools and the dialogs they open.
 inline constexpr const char* kTool = "pnlTool";
 inline constexpr const char* kTitle = "pnlTitle";
@@ -34,6 +37,9 @@ inline constexpr const char* kWindow = "pnlWindow";
 inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 }  // namespace property
+
+/// The role in a grid's vertical header for a row's state: 0 factory row, 1 normal row, 2 row that failed its check.
+inline constexpr int kRowStateRole = 0x0100 + 1;
 
 /// Roles of the nodes of a tree, beside its texts: its kind and the index of its image.
 namespace node_role {
@@ -48,6 +54,9 @@ inline constexpr const char* kList = "list";
 inline constexpr const char* kStatic = "static";
 inline constexpr const char* kCombo = "combo";
 inline constexpr const char* kButton = "button";
+inline constexpr const char* kGrid = "grid";
+inline constexpr const char* kCheck = "check";
+inline constexpr const char* kPicture = "picture";
 inline constexpr const char* kWindow = "window";
 }  // namespace control_kind
 

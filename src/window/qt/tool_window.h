@@ -5,9 +5,10 @@
 // A panel program and tests see the windows through properties (names in window/qt/control_properties.h), so that they
 // don't need the classes. A property is a dynamic one or a Q_PROPERTY, as the class prefers:
 //   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window", "report",
-//                      "tree"), and pnlOwner (int, the window's handle) if it is placed beside its window, not in it
+//                      "tree", "grid", "check", "picture"), and pnlOwner (int, the window's handle) if it is placed beside its window, not in it
 //   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
-//                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters)
+//                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters),
+//                      pnlChecked (bool) of a check box, pnlEditing (bool) of a grid
 //   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
 //                      and pnlMenuAttached (bool) if it can have a menu bar
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
