@@ -302,8 +302,7 @@ void ZmcMain::Write(const ZmcFields& before, const ZmcFields& after) {
   desk_.settings.kept.LastPartDiameter = after.LastPartDiameter;
 }
 
-template <typename Work>
-void ZmcMain::Compute(Work work) {
+void ZmcMain::Compute(const std::function<void(ZmcFields&)>& work) {
   const ZmcFields before = Collect();
   ZmcFields after = before;
   work(after);

@@ -5,6 +5,7 @@
 // computes, and writes what has changed. The session owns it; keys and focus are in zmc/zmc_keys.h.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "zmc/logic/zmc_cascade.h"
@@ -56,8 +57,8 @@ class ZmcMain {
   // Fields.
   [[nodiscard]] ZmcFields Collect() const;
   void Write(const ZmcFields& before, const ZmcFields& after);
-  template <typename Work>
-  void Compute(Work work);
+  /// Reads the fields, has them computed, and writes those that have changed.
+  void Compute(const std::function<void(ZmcFields&)>& work);
   // The pair.
   bool LoadPair();
   void ClearPair();

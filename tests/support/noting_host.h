@@ -38,7 +38,7 @@ class NotingHost {
   /// Called with the menu before the line is noted.
   std::function<void(std::uint32_t)> onMainMenu;
   std::function<void(std::uint32_t)> onSideMenu;
-  /// Called with a message before the line is noted. Without it every message must have the usual background.
+  /// Called with a message before the line is noted. Without it every message must have the usual colours.
   std::function<void(const HostMessage&)> onMessage;
 
  private:
@@ -56,8 +56,8 @@ class NotingHost {
       current_->onMessage(message);
     } else {
       EXPECT_EQ(message.back, kMessageBack);
+      EXPECT_EQ(message.fore, kMessageText);
     }
-    EXPECT_EQ(message.fore, kMessageText);
     Noted(text.empty() ? "clear message" : "message \"" + text + "\"");
   }
   static int NoteError(const HostErrorLine& line) {
