@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "zmc/logic/zmc_recompute.h"
+
 #include <gtest/gtest.h>
 
 #include "zmc/logic/zmc_cascade.h"
