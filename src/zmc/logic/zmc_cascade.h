@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The computation of the machining calculator: spindle speed, feed, power and DMC line from the texts on the screen,
-// and which event clears and recomputes what. Reads and writes the fields that it is given; asks the tool table what
-// the tool is, each time anew. Knows no window, no file and no language.
+// each alone or after an event. Reads and writes the fields that it is given; asks the tool table what the tool is, each
+// time anew. Knows no window, no file and no language.
 #pragma once
 
 #include <cstdint>
@@ -11,43 +11,10 @@
 #include "facade/tables.h"
 #include "zmc/logic/zmc_fields.h"
 #include "zmc/logic/zmc_machine.h"
+#include "zmc/logic/zmc_recompute.h"
 #include "zmc/logic/zmc_tools.h"
 
 namespace pnl {
-
-/// What an operator can change.
-enum class ZmcEvent {
-  kSelectedCell,  // a cell of column 3
-  kFzLimitCell,   // the minimum or maximum of the feed per tooth
-  kOtherCell,
-  kD,
-  kZ,
-  kS,
-  kF,
-  kPower,
-  kFUnit,
-  kSUnit,
-  kTool,
-  kPair,  // the material or the operation
-};
-
-/// Sets of fields that an event clears, and of steps that it runs, as bits.
-namespace zmc_clear {
-inline constexpr unsigned kDmcText = 1, kPower = 2, kF = 4, kS = 8, kD = 16, kZ = 32, kGrid = 64, kRemark = 128;
-}
-namespace zmc_step {
-inline constexpr unsigned kS = 1, kF = 2, kPower = 4, kDmcText = 8;
-inline constexpr unsigned kConditions = kS | kF | kPower | kDmcText;
-}  // namespace zmc_step
-
-struct ZmcRecompute {
-  ZmcEvent event;
-  unsigned cleared;
-  unsigned steps;
-};
-[[nodiscard]] const ZmcRecompute& RecomputeOf(ZmcEvent event);
-/// The event of a committed grid cell.
-[[nodiscard]] ZmcEvent ZmcCellEvent(int row, int column);
 
 class ZmcCascade {
  public:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which event clears and recomputes what.
+#include "zmc/logic/zmc_recompute.h"
+
 #include <algorithm>
 #include <iterator>
 
