@@ -14,6 +14,7 @@
 
 #include "end_signals.h"
 #include "guided/guided_session.h"
+#include "host/cutting_data.h"
 #include "host/demo_disc.h"
 #include "host/host_session.h"
 #include "host/operator.h"
@@ -78,6 +79,9 @@ QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
     std::fprintf(stderr, "pnlpanel: no language pack for %s\n", qPrintable(options.language));
   }
   panel::UseWords(options.language);
+  if (!options.bare && !panel::PlaceCuttingData(rig.Files(), QStringLiteral(":/cutting"), options.language)) {
+    std::fprintf(stderr, "pnlpanel: no cutting data\n");
+  }
   return {};
 }
 

@@ -67,7 +67,7 @@ const std::vector<OptionRow>& Rows() {
       {"--rpc", "", "take requests from standard input, one JSON object a line", &TakeFlag<&Options::rpc>},
       {"--root", "DIR", "the folder behind drive C:", &TakeText<&Options::root>},
       {"--bare", "", "no machine: calls are recorded, nothing reacts", &TakeFlag<&Options::bare>},
-      {"--machine", "NAME", "the simulated machine (default demo)", &TakeText<&Options::machine>},
+      {"--machine", "NAME", "demo (default), demo-dual (turns too) or demo-inch", &TakeText<&Options::machine>},
       {"--lang", "CODE", "en, es, or none for text numbers (default en)", &TakeLanguage},
       {"--time", "real|manual", "manual: timers and machine move only when told", &TakeTime},
       {"--size", "WIDTHxHEIGHT", "the tool area (default 800x600 head-less)", &TakeSize},

@@ -235,8 +235,8 @@ class Rig {
  public:
   virtual ~Rig() = default;
   /// One of these two must be called before the first tool. StartBare starts without machine and variables; it returns
-  /// false after StartMachine. StartMachine starts the machine of that name ("demo"); it returns false for an unknown
-  /// name and for a second machine.
+  /// false after StartMachine. StartMachine starts the machine of that name ("demo", "demo-dual",
+  /// "demo-inch"); it returns false for an unknown name and for a second machine.
   virtual bool StartBare() = 0;
   virtual bool StartMachine(std::string_view name) = 0;
   [[nodiscard]] virtual CncControl& Cnc() = 0;

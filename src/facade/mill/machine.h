@@ -21,8 +21,8 @@ class Machine : public KernelMachine, public rig::MachineControl {
   [[nodiscard]] virtual int InterlocksHeld() const = 0;
 };
 
-/// Makes the machine of that name, with its variables and error texts. Returns null for an unknown name. "demo" is a
-/// mill with the axes X, Y and Z and a spindle.
+/// Makes the machine of that name, with its variables, tools and error texts. Returns null for an unknown name. All are
+/// mills with the axes X, Y and Z and a spindle: "demo", "demo-dual", which turns too, and "demo-inch".
 [[nodiscard]] std::unique_ptr<Machine> MakeMachine(std::string_view name, MachineEnvironment& environment);
 
 }  // namespace pnl::sim

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The facts of the simulated mill: travel, speeds, workpiece offsets, tools. Lengths are millimetres in machine
-// coordinates, speeds mm/min and rpm. Nothing here changes while the machine runs.
+// The facts of the simulated mill: travel, speeds, workpiece offsets. machine_tools has its tools. Lengths are
+// millimetres in machine coordinates, speeds mm/min and rpm. Nothing here changes while the machine runs.
 #pragma once
 
 #include <array>
@@ -38,13 +38,5 @@ inline constexpr int kHighestEdge = 99;
 
 /// The zero point of G54 to G59. Zero for any other code.
 [[nodiscard]] Point OffsetOf(int gCode);
-
-struct ToolFacts {
-  int number;
-  double diameter;
-  double length;
-};
-/// The facts of a tool. Diameter and length are 0 for a tool without data.
-[[nodiscard]] ToolFacts ToolOf(int number);
 
 }  // namespace pnl::sim

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "facade/mill/machine_plan_motion.h"
+#include "facade/mill/machine_tools.h"
 #include "facade/mill/machine_variables.h"
 
 namespace pnl::sim {
@@ -18,11 +19,24 @@ constexpr double kEndTolerance = 1e-3;
 /// A longer wait is split into parts.
 constexpr double kLongestWait = 1e9;
 
+struct NamedKind {
+  std::string_view name;
+  MachineKind kind;
+};
+constexpr NamedKind kNames[] = {
+    {"demo", MachineKind::kMill},
+    {"demo-dual", MachineKind::kMillTurn},
+    {"demo-inch", MachineKind::kInchMill},
+};
+
 }  // namespace
 
-DemoMachine::DemoMachine(MachineEnvironment& environment)
+DemoMachine::DemoMachine(MachineEnvironment& environment, MachineKind kind)
     : environment_(environment), display_(environment.Clock()), end_(environment.Clock()) {
-  DefineMachineVariables(environment_);
+  condition_.measure = MeasureOf(kind);
+  condition_.modal = StartModal(condition_.measure);
+  DefineMachineVariables(environment_, kind);
+  DefineMachineTools(environment_, condition_.measure);
   DemoMachine::SetLanguage("en");
 }
 
@@ -94,7 +108,7 @@ void DemoMachine::Apply(const Functions& functions) {
 
 /// The tool and the edge that T and D have chosen stay.
 void DemoMachine::ResetModal() {
-  Modal start;
+  Modal start = StartModal(condition_.measure);
   start.nextTool = condition_.modal.nextTool;
   start.edge = condition_.modal.edge;
   condition_.modal = start;
@@ -193,8 +207,10 @@ void DemoMachine::Changed() const {
 }
 
 std::unique_ptr<Machine> MakeMachine(std::string_view name, MachineEnvironment& environment) {
-  if (name != "demo") return nullptr;
-  return std::make_unique<DemoMachine>(environment);
+  for (const NamedKind& named : kNames) {
+    if (named.name == name) return std::make_unique<DemoMachine>(environment, named.kind);
+  }
+  return nullptr;
 }
 
 }  // namespace pnl::sim

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The mill "demo": it takes blocks from the kernel, runs them on the clock and reports its state through variables. It
-// decides who may do what and when. machine_block, machine_request and machine_plan parse, check and plan a block;
-// machine_run computes its progress. The library's instance owns the machine.
+// The mill of every kind of machine: it takes blocks from the kernel, runs them on the clock and reports its state
+// through variables. It decides who may do what and when. machine_block, machine_request and machine_plan parse, check
+// and plan a block; machine_run computes its progress. The library's instance owns the machine.
 //
 // The channel. At most one block is in hand. Its halt says what it waits for:
 //   no block                         0x0100, ready
@@ -34,8 +34,8 @@ namespace pnl::sim {
 
 class DemoMachine final : public Machine {
  public:
-  /// Makes the machine's variables and error texts.
-  explicit DemoMachine(MachineEnvironment& environment);
+  /// Makes the machine's variables, tools and error texts.
+  DemoMachine(MachineEnvironment& environment, MachineKind kind);
 
   void SetLanguage(std::string_view code) override;
   [[nodiscard]] int InterlocksHeld() const override;

@@ -2,13 +2,21 @@
 #include "facade/mill/machine_modal.h"
 
 #include "base/format.h"
+#include "facade/mill/machine_tools.h"
 
 namespace pnl::sim {
 
 namespace {
 constexpr int kLengthOn = 43;
+constexpr int kInchCode = 20;
 constexpr std::size_t kToolAxis = 2;
 }  // namespace
+
+Modal StartModal(Measure measure) {
+  Modal start;
+  if (measure == Measure::kInches) start.units = kInchCode;
+  return start;
+}
 
 Point WorkOffset(const Modal& modal, int tool) {
   Point offset = OffsetOf(modal.offset);

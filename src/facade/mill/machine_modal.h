@@ -4,11 +4,11 @@
 #pragma once
 
 #include "facade/mill/machine_data.h"
+#include "facade/mill/machine_kind.h"
 
 namespace pnl::sim {
 
-/// The modal state. The initial values apply at the start of the machine; a reset and the end of a program restore
-/// them.
+/// The modal state. The initial values are those of a machine in millimetres.
 struct Modal {
   int motion = 0;
   int plane = 17;
@@ -27,6 +27,9 @@ struct Modal {
   int edge = 0;                  // the number that D gave
 };
 
+/// The modal state at the start of a machine. A reset and the end of a program restore it.
+[[nodiscard]] Modal StartModal(Measure measure);
+
 struct Spindle {
   int direction = 0;  // 1 clockwise, -1 counter-clockwise, 0 stopped
   double speed = 0;   // rpm, 0 when stopped
@@ -39,6 +42,7 @@ struct Condition {
   int tool = 0;
   bool coolant = false;
   Point position{};  // machine coordinates
+  Measure measure = Measure::kMillimetres;
 };
 
 /// The vector from workpiece to machine coordinates: the workpiece offset plus, with G43, the tool's length.

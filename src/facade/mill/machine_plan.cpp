@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "facade/mill/machine_plan_motion.h"
+#include "facade/mill/machine_tools.h"
 
 namespace pnl::sim {
 
@@ -181,7 +182,7 @@ class Planner {
     if (programmed == 0 && (starts || newMode)) return SpeedFault(FaultCode::kSpeedMissing);
     spindle_.speed = programmed;
     if (!cutting) return std::nullopt;
-    const double diameter = ToolOf(tool_).diameter;
+    const double diameter = DiameterOf(ToolOf(tool_), before_.measure);
     if (diameter == 0) return SpeedFault(FaultCode::kNoToolDiameter).With(Kind::kTool, tool_);
     spindle_.speed = programmed * kMillimetres / (std::numbers::pi * diameter);
     if (spindle_.speed > kHighestSpeed) return TooFast(SpeedFault(FaultCode::kSpeedTooHigh), spindle_.speed);

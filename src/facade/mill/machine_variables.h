@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The CNC variables of the mill with their start values, and the names of those that it changes or watches. The mill
-// has one channel, so the names are spelled out. The table of variables belongs to the simulated CNC.
+// The CNC variables of the machines with their start values, and the names of those that it changes or watches. The
+// mill has one channel, so the names are spelled out. The table of variables belongs to the simulated CNC.
 #pragma once
 
 #include "facade/mill/machine_data.h"
+#include "facade/mill/machine_kind.h"
 #include "facade/sim/machine_seam.h"
 
 namespace pnl::sim {
@@ -20,6 +21,6 @@ inline constexpr std::array<TextView, kAxisCount> kPositions{u"[1].A.POS.X", u"[
 }  // namespace machine_variable
 
 /// Makes every variable, without reports.
-void DefineMachineVariables(MachineEnvironment& environment);
+void DefineMachineVariables(MachineEnvironment& environment, MachineKind kind);
 
 }  // namespace pnl::sim

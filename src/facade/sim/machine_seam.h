@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "facade/error_record.h"
+#include "facade/tables.h"
 #include "window/timers.h"
 
 namespace pnl::sim {
@@ -24,6 +25,8 @@ class MachineEnvironment {
   virtual void Set(TextView name, const rig::Value& value) = 0;
   /// The value of an integer variable; 0 when the variable doesn't exist or isn't an integer.
   [[nodiscard]] virtual std::int32_t GetInt(TextView name) const = 0;
+  /// Adds a tool to the tool table, or replaces the one with that number.
+  virtual void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) = 0;
   /// Appends a record to the kernel's error queue and reports it.
   virtual void PushError(const ErrorRecord& record) = 0;
   /// Sets the text that the function of that name returns for a number. The functions are error_to_txt and the others

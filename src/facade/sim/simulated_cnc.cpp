@@ -143,6 +143,10 @@ std::int32_t SimulatedCnc::MachineSide::GetInt(TextView name) const {
   return AsInt32(*value).value_or(0);
 }
 
+void SimulatedCnc::MachineSide::SetTool(std::int32_t number, std::int32_t type, const ToolData& data) {
+  cnc_.tables_.SetTool(number, type, data);
+}
+
 void SimulatedCnc::MachineSide::PushError(const ErrorRecord& record) { cnc_.errors_.Push(record); }
 
 void SimulatedCnc::MachineSide::SetErrorText(std::string_view function, std::int32_t number, TextView text,

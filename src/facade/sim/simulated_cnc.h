@@ -78,6 +78,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
     void Define(TextView name, rig::VariableType type, const rig::Value& value) override;
     void Set(TextView name, const rig::Value& value) override;
     [[nodiscard]] std::int32_t GetInt(TextView name) const override;
+    void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) override;
     void PushError(const ErrorRecord& record) override;
     void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) override;
     [[nodiscard]] Timers& Clock() override { return timers_; }

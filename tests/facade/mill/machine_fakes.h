@@ -35,6 +35,7 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
     const auto* number = std::get_if<std::int64_t>(&found->second);
     return number != nullptr ? static_cast<std::int32_t>(*number) : 0;
   }
+  void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) override { tools[number] = {type, data}; }
   void PushError(const ErrorRecord& record) override { errors.push_back(record); }
   void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) override {
     if (function == "error_to_txt") errorTexts[number] = Text(text);
@@ -58,6 +59,7 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
 
   std::map<Text, rig::Value> variables;
   std::map<Text, rig::VariableType> types;
+  std::map<std::int32_t, std::pair<std::int32_t, ToolData>> tools;  // type and facts by number
   std::vector<Report> reports;
   std::vector<ErrorRecord> errors;
   std::map<std::int32_t, Text> errorTexts;  // those of error_to_txt
@@ -70,7 +72,7 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
 /// A mill in MDI.
 class MachineBench {
  public:
-  MachineBench() : machine(sim::MakeMachine("demo", environment)) {
+  explicit MachineBench(std::string_view name = "demo") : machine(sim::MakeMachine(name, environment)) {
     machine->SetMdi(1, 1);
     environment.reports.clear();
   }

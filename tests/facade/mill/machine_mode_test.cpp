@@ -6,12 +6,16 @@
 namespace pnl::test {
 namespace {
 
-TEST(MachineMode, OnlyTheDemoMillIsKnownByName) {
+TEST(MachineMode, OnlyTheDemoMachinesAreKnownByName) {
   FakeMachineEnvironment environment;
-  EXPECT_EQ(sim::MakeMachine("lathe", environment), nullptr);
-  EXPECT_EQ(sim::MakeMachine("", environment), nullptr);
+  for (const char* name : {"lathe", "", "demo-", "demo-Inch", "DEMO", "demo "}) {
+    EXPECT_EQ(sim::MakeMachine(name, environment), nullptr) << name;
+  }
   EXPECT_TRUE(environment.variables.empty());
-  EXPECT_NE(sim::MakeMachine("demo", environment), nullptr);
+  EXPECT_TRUE(environment.tools.empty());
+  for (const char* name : {"demo", "demo-dual", "demo-inch"}) {
+    EXPECT_NE(sim::MakeMachine(name, environment), nullptr) << name;
+  }
 }
 
 TEST(MachineMode, EveryVariableOfTheToolsIsThereWithoutAReport) {
@@ -48,7 +52,7 @@ TEST(MachineMode, VariablesStartAsToldAndTheRestAtNothing) {
       {u"DM.FFORMAT.PRECISION", integer(3)},
       {u"DM.CNC.MODELID", integer(2)},
       {u"DM.OPTION.DMC", integer(1)},
-      {u"DM.DMC.RATEDPOWER", integer(15)},
+      {u"DM.DMC.RATEDPOWER", integer(150)},
       {u"SP.DMCSPDL", integer(1)},
       {u"[1].G.MASTERSP", integer(1)},
       {u"G.GSPDLNAME1", {kText, std::u16string(u"S")}},
