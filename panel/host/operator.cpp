@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/operator.h"
 
+#include <QWidget>
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -230,7 +231,11 @@ void Operator::OpenCalculator() {
 }
 
 void Operator::OpenMachining() {
-  if (!OpenTool(PNL_TOOL_MACHINING_CALCULATOR)) SetHint(Say(Word::kMachiningMissing), true);
+  const int tool = PNL_TOOL_MACHINING_CALCULATOR;
+  if (session_.IsToolOpen(tool)) return session_.BringToFront(tool);
+  // A closed one is only hidden: it opens again when it is shown, with what the operator had chosen.
+  if (auto* closed = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool)))) return closed->show();
+  if (!OpenTool(tool)) SetHint(Say(Word::kMachiningMissing), true);
 }
 
 void Operator::TurnTo(int tool) {

@@ -43,6 +43,8 @@ class Operator : public QObject {
   /// Opens the tool, and loads it at its first use. Returns false and sets a hint when the tool can't be loaded or
   /// refuses.
   bool OpenTool(int tool);
+  /// Opens the machining calculator, or brings an open one to the front.
+  void OpenMachining();
   /// Sends the command of a soft key in a tool's menu to that tool.
   void SendCommand(int tool, int id);
 
@@ -80,7 +82,6 @@ class Operator : public QObject {
   void CycleStart();
   void OpenMdi();
   void OpenCalculator();
-  void OpenMachining();
   /// Brings the tool to the front and gives it the keyboard, with its caret where it was.
   void TurnTo(int tool);
   void CloseTool(int tool);

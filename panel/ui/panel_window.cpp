@@ -325,6 +325,7 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   }
   if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
   if (ToolOfItem(id) == PNL_TOOL_EXPLORER) return desk_->Browse();
+  if (ToolOfItem(id) == PNL_TOOL_MACHINING_CALCULATOR) return op_.OpenMachining();
   if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
 }
 
