@@ -46,13 +46,14 @@ class CondicionesCorteParser {
                                                                                 TextView operation);
 
   /// Writes one parameter of the pair and creates operation, block and element as needed. An operation that is created
-  /// gets id, description and tool type of the record, and no date. value is in stored units; text is used for
-  /// kCuttingRemarkParam alone.
+  /// gets id, description and tool type of the record, and no date. Descriptions are stored as they are, so that the
+  /// same ones find the pair again. value is in stored units; text is used for kCuttingRemarkParam alone.
   [[nodiscard]] CuttingError UpdateCondicionesCorteParam(TextView path, const CT_Operacion& operation,
                                                          const CT_MaterialDefinition& material, int param, double value,
                                                          TextView text);
   /// Writes the record over the one with the old description, or adds it. Of several with that description the one
-  /// with the old id is taken, or else the first. An empty old description always adds.
+  /// with the old id is taken, or else the first. An empty old description always adds. The description is stored
+  /// without white space at both ends.
   [[nodiscard]] CuttingError UpdateMaterialDefinition(TextView path, TextView oldDescription, TextView oldId,
                                                       const CT_MaterialDefinition& record);
   /// The same for an operation. The parameter blocks under it stay.
@@ -70,9 +71,5 @@ class CondicionesCorteParser {
   Files& files_;
   std::unique_ptr<CuttingSources> sources_;
 };
-
-/// True when a file of cutting data can contain the text: no control characters but tab and line ends, no half of a
-/// surrogate pair, no U+FFFE or U+FFFF.
-[[nodiscard]] bool CanHoldCuttingText(TextView text);
 
 }  // namespace pnl
