@@ -61,7 +61,7 @@ bool ZmcDesk::CheckStored(CuttingError error) const {
 
 bool ZmcDesk::CheckLoaded(const ZmcLoad& load) const {
   if (load.noFactoryFile) ShowInfo(zmc_text::kNoFactoryFile);
-  return !load.noFactoryFile && CheckRead(load.error);
+  return CheckRead(load.error);
 }
 
 }  // namespace pnl

@@ -39,7 +39,8 @@ class ZmcDesk {
   bool CheckRead(CuttingError error) const;
   /// The same for an update; every other failure is named on the message line. Returns true when it is stored.
   bool CheckStored(CuttingError error) const;
-  /// Shows box 285 or 278. Returns true when the lists could be loaded.
+  /// Shows box 285 or 278. Returns true unless a file is damaged or can't be read; without the factory's the lists are
+  /// empty.
   bool CheckLoaded(const ZmcLoad& load) const;
 
   ZmcData data;

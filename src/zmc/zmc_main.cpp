@@ -46,7 +46,8 @@ Text Joined(TextView first, TextView second) { return Text(first).append(second)
 
 }  // namespace
 
-ZmcMain::ZmcMain(ZmcDesk& desk) : desk_(desk), cascade_(desk.machine, desk.Context().cnc.Tapi()) {}
+ZmcMain::ZmcMain(ZmcDesk& desk, std::function<bool()> shown)
+    : desk_(desk), shown_(std::move(shown)), cascade_(desk.machine, desk.Context().cnc.Tapi()) {}
 
 // Opening.
 
@@ -139,7 +140,7 @@ void ZmcMain::ForceSUnit() {
 
 void ZmcMain::OnShown() {
   (void)desk_.menus.RebuildTabMenu(ZmcTab::kMain);
-  UpdateSoftKeys();
+  (void)EnableSoftKeys();
   desk_.Host().HostSetSideMenu(PNL_TOOL_MACHINING_CALCULATOR, desk_.menus.TabMenu(ZmcTab::kMain));
   View().FocusControl(id::kTool);
   View().FocusControl(id::kMaterial);
@@ -239,11 +240,15 @@ void ZmcMain::ShowM6() {
   View().ShowControl(id::kM6Label, shown);
 }
 
-void ZmcMain::UpdateSoftKeys() {
+bool ZmcMain::EnableSoftKeys() {
   const bool any = Checks().AnyWord();
   const bool insert = desk_.menus.Enable(ZmcTab::kMain, zmc_command::kInsert, any);
-  const bool copy = desk_.menus.Enable(ZmcTab::kMain, zmc_command::kCopy, any);
-  if (insert || copy) desk_.Host().HostUpdateSideMenu(PNL_TOOL_MACHINING_CALCULATOR);
+  return desk_.menus.Enable(ZmcTab::kMain, zmc_command::kCopy, any) || insert;
+}
+
+/// While another tab is shown, its menu is in the bar; OnShown brings this one's up to date.
+void ZmcMain::UpdateSoftKeys() {
+  if (EnableSoftKeys() && shown_()) desk_.Host().HostUpdateSideMenu(PNL_TOOL_MACHINING_CALCULATOR);
 }
 
 ZmcChecks ZmcMain::Checks() const {

@@ -17,7 +17,8 @@ namespace pnl {
 
 class ZmcMain {
  public:
-  explicit ZmcMain(ZmcDesk& desk);
+  /// shown: whether the tab is on the screen.
+  ZmcMain(ZmcDesk& desk, std::function<bool()> shown);
 
   /// Makes and fills the tab. A damaged file ends the opening where it is; the tab stays as far as it got.
   void Open();
@@ -78,6 +79,7 @@ class ZmcMain {
   void BeginLine(int id, bool blank);
   void RestoreLine(int id);
   void ShowM6();
+  [[nodiscard]] bool EnableSoftKeys();
   void UpdateSoftKeys();
   [[nodiscard]] ZmcChecks Checks() const;
   [[nodiscard]] ZmcKeyPlace KeyPlace() const;
@@ -89,6 +91,7 @@ class ZmcMain {
   [[nodiscard]] ZmcGrid& Grid() const { return desk_.View().Grid(ZmcTab::kMain); }
 
   ZmcDesk& desk_;
+  const std::function<bool()> shown_;
   ZmcCascade cascade_;
   bool open_ = false;
   bool reloading_ = false;

@@ -23,7 +23,7 @@ ZmcSession::ZmcSession(const ToolContext& context, ZmcView& view)
     : ToolSession(context, view),
       desk_(
           Context(), [this]() -> ZmcView& { return View(); }, [this]() -> const HostBridge& { return Host(); }),
-      main_(desk_),
+      main_(desk_, [this] { return tabShown_ && tab_ == ZmcTab::kMain; }),
       materials_(desk_, [this] { main_.ReloadMaterials(); }),
       operations_(desk_, [this] { main_.ReloadOperations(); }) {}
 
@@ -52,11 +52,10 @@ void ZmcSession::Start() {
 }
 
 void ZmcSession::OpenMain() {
+  const MenuHandle menu = desk_.menus.LoadFrameMenu();
   ShowTab(ZmcTab::kMain);
-  Context().windows.Send(View().Handle(), {RegisterMessage(zmc_message::kShowMenu),
-                                           static_cast<std::intptr_t>(desk_.menus.LoadFrameMenu()), 0});
-  desk_.menus.CheckTab(tab_);
-  Host().HostUpdateMainMenu(kTool);
+  Context().windows.Send(View().Handle(), {RegisterMessage(zmc_message::kShowMenu), static_cast<std::intptr_t>(menu), 0});
+  menuGiven_ = true;
 }
 
 void ZmcSession::OnShownAgain() {
@@ -74,6 +73,7 @@ void ZmcSession::OnShownAgain() {
 bool ZmcSession::Close(int reason) {
   if (!CanLeave()) return false;
   if (!std::exchange(open_, false)) return true;
+  menuGiven_ = false;
   desk_.ResetMessage();
   View().Hide();
   Host().HostToolClosed(kTool, reason);
@@ -114,7 +114,7 @@ bool ZmcSession::ShowTab(ZmcTab tab) {
   tab_ = tab;
   tabShown_ = true;
   desk_.menus.CheckTab(tab);
-  Host().HostUpdateMainMenu(kTool);
+  if (menuGiven_) Host().HostUpdateMainMenu(kTool);
   if (ZmcTable* table = TableOf(tab)) {
     table->OnShown();
   } else {

@@ -64,6 +64,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   ZmcOperations operations_;
   ZmcTab tab_ = ZmcTab::kMain;
   bool tabShown_ = false;
+  bool menuGiven_ = false;  // the frame's menu is in the bar
   bool open_ = false;     // reported as opening and not as closed
   bool started_ = false;  // the settings are read, and are to be stored
 };

@@ -25,7 +25,7 @@ void ZmcTable::OnShown() {
   if (!filled_) Fill();
   const auto [column, ascending] = SortColumn();
   Grid().ShowSortMarker(column, ascending);
-  UpdateSoftKeys();
+  (void)EnableSoftKeys();
   desk_.Host().HostSetSideMenu(PNL_TOOL_MACHINING_CALCULATOR, menu);
   desk_.View().FocusGrid(shape_.tab);
 }
@@ -120,12 +120,15 @@ void ZmcTable::OnHeaderClicked(int col) {
   reloadLists_();
 }
 
-void ZmcTable::UpdateSoftKeys() {
+bool ZmcTable::EnableSoftKeys() {
   const int row = Grid().Current().row;
   const bool deleted =
       desk_.menus.Enable(shape_.tab, shape_.deleteItem, row >= 1 && row < Grid().Rows() && !IsFactoryRow(row));
-  const bool saved = desk_.menus.Enable(shape_.tab, shape_.saveItem, IsDirty());
-  if (deleted || saved) desk_.Host().HostUpdateSideMenu(PNL_TOOL_MACHINING_CALCULATOR);
+  return desk_.menus.Enable(shape_.tab, shape_.saveItem, IsDirty()) || deleted;
+}
+
+void ZmcTable::UpdateSoftKeys() {
+  if (EnableSoftKeys()) desk_.Host().HostUpdateSideMenu(PNL_TOOL_MACHINING_CALCULATOR);
 }
 
 // Keys.

@@ -85,6 +85,7 @@ class ZmcTable {
   [[nodiscard]] bool DeleteRow(int row);
   void NoteModified(int row, const Text& oldDescription);
   void Step(bool forward);
+  [[nodiscard]] bool EnableSoftKeys();
   void UpdateSoftKeys();
 
   ZmcDesk& desk_;

@@ -32,8 +32,8 @@ class FakeZmcGrid final : public ZmcGrid {
     int state = zmc_row_state::kNormal;
   };
 
-  explicit FakeZmcGrid(int rows, int columns) : columns_(columns) {
-    for (int row = 0; row < rows; ++row) AddRow();
+  FakeZmcGrid(int count, int columns) : columns_(columns) {
+    for (int row = 0; row < count; ++row) AddRow();
   }
 
   std::vector<Row> rows;

@@ -9,8 +9,7 @@ using testing::ElementsAre;
 
 TEST_F(ZmcSessionTest, OpensWithTheHostToldFirstAndTheMenusLast) {
   Open();
-  EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(4)", "HostUpdateMainMenu(4)", "clear message", "side menu menu",
-                                   "main menu menu", "HostUpdateMainMenu(4)"));
+  EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(4)", "clear message", "side menu menu", "main menu menu"));
 }
 
 TEST_F(ZmcSessionTest, MakesTheUserFileAtTheFirstStart) {
