@@ -10,7 +10,7 @@
 #include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
-#include "zmc/store/cutting_parser.h"
+#include "zmc/store/cutting_text.h"
 
 namespace pnl {
 namespace {
