@@ -9,6 +9,7 @@
 
 #include "host/tool_session.h"
 #include "zmc/zmc_desk.h"
+#include "zmc/zmc_exchange.h"
 #include "zmc/zmc_main.h"
 #include "zmc/zmc_tables.h"
 
@@ -50,6 +51,9 @@ class ZmcSession final : public ToolSession<ZmcView> {
   bool ShowTab(ZmcTab tab);
   void OpenMain();
   [[nodiscard]] bool CanLeave();
+  /// Beyond the tabs: export, import and the view of what the user's data change.
+  void OnExchangeCommand(int id);
+  void ReloadAll();
   /// False when a table refused to be left.
   bool Close(int reason);
   void OpenCalculator();
@@ -62,6 +66,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   ZmcMain main_;
   ZmcMaterials materials_;
   ZmcOperations operations_;
+  ZmcExchange exchange_;
   ZmcTab tab_ = ZmcTab::kMain;
   bool tabShown_ = false;
   bool menuGiven_ = false;  // the frame's menu is in the bar

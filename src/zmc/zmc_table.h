@@ -48,6 +48,9 @@ class ZmcTable {
   /// Checks all changed rows, then saves each. False when a row was refused or couldn't be stored.
   bool SaveTable(bool refill);
 
+  /// The records have changed elsewhere. The tab, if it was ever shown, is filled again.
+  void Refill();
+
   // Events of the grid.
   void OnCommitted(int row, int col);
   void OnMoved() { UpdateSoftKeys(); }

@@ -183,4 +183,38 @@ CuttingError CondicionesCorteParser::DeleteOperation(TextView path, TextView des
   });
 }
 
+CuttingError CondicionesCorteParser::UpdateRecords(TextView path, const CuttingRecords& records) {
+  const auto holds = [](const auto& record) { return CanHold(record); };
+  if (!std::all_of(records.materials.begin(), records.materials.end(), holds) ||
+      !std::all_of(records.operations.begin(), records.operations.end(), holds)) {
+    return CuttingError::kNotHoldable;
+  }
+  return Change(path, [&](pugi::xml_node root) {
+    for (const CT_MaterialDefinition& record : records.materials) {
+      const pugi::xml_node node = FindMaterial(root, TextOf(record.descripcion), std::nullopt);
+      WriteMaterial(node ? node : AddMaterial(root), Trimmed(record));
+    }
+    for (CT_Operacion record : records.operations) {
+      const pugi::xml_node node = FindOperation(root, TextOf(record.descripcion), std::nullopt);
+      if (node) record.id = ReadOperation(node).id;
+      WriteOperation(node ? node : AddOperation(root), Trimmed(record));
+    }
+    return !records.materials.empty() || !records.operations.empty();
+  });
+}
+
+CuttingResult<std::vector<CuttingPair>> CondicionesCorteParser::GetPairs(TextView path) {
+  const auto document = sources_->Open(path);
+  if (!document.Ok()) return document.Error();
+  std::vector<CuttingPair> pairs;
+  for (const pugi::xml_node node : document.Value()->Root().child("Operaciones").children("Operacion")) {
+    const Text operation(TextOf(ReadOperation(node).descripcion));
+    for (const pugi::xml_node pair : node.children("Materiales")) {
+      const pugi::xml_node block = pair.child("Parametros");
+      if (block) pairs.push_back({operation, FromUtf8(block.child("Material").text().get()), ReadParameters(block)});
+    }
+  }
+  return pairs;
+}
+
 }  // namespace pnl
