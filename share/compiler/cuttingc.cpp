@@ -130,7 +130,7 @@ class Compiler {
   void AddMaterial(pugi::xml_node parent, const Row& row) const {
     pugi::xml_node node = parent.append_child("MaterialDefinition");
     std::string id;
-    for (const std::size_t column : {1, 2, 3}) {
+    for (std::size_t column = 1; column <= 3; ++column) {
       id += (column == 1 ? "" : "#") + (row.fields[column] == "-" ? std::string() : row.fields[column]);
     }
     AddText(node, "id", id);
