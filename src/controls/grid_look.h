@@ -45,6 +45,8 @@ void DrawGridCell(QPainter& painter, const QRect& cell, const GridColors& colors
 /// Draws a box and, if checked, a check mark in it. side is the box's width and height.
 void DrawCheckMark(QPainter& painter, const QRect& area, int side, bool checked, const QColor& ink,
                    const QColor& ground);
+/// Marks the fixed cell of a row that failed, at its left edge.
+void DrawFailedBar(QPainter& painter, const QRect& fixedCell);
 /// A triangle that points up or down in the middle of the area.
 void DrawTriangle(QPainter& painter, const QRect& area, int width, bool up, const QColor& ink);
 
