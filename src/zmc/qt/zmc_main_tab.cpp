@@ -55,6 +55,8 @@ ZCTabZMCMain::ZCTabZMCMain(const ToolContext& context, QWidget* frame)
       focusMessage_(RegisterMessage("ZWCEDIT_SETFOCUS")),
       blurMessage_(RegisterMessage("ZWCEDIT_KILLFOCUS")) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // To whoever looks from outside, the page's controls are the frame's.
+  setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(ZmcTab::kMain)) Make(place);
   cells_ = std::make_unique<ZmcGridAdapter>(*grid_);
 }

@@ -7,6 +7,7 @@
 #include <numeric>
 #include <utility>
 
+#include "window/qt/control_properties.h"
 #include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
@@ -25,6 +26,8 @@ constexpr int kFixedColumn = 14;
 ZmcTableTab::ZmcTableTab(const ToolContext& context, ZmcTab tab, std::vector<int> shares, QWidget* frame)
     : MessageWindow(frame), context_(context), tab_(tab), shares_(std::move(shares)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // To whoever looks from outside, the page's controls are the frame's.
+  setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(tab)) {
     if (place.kind == ZmcControlKind::kGrid) {
       grid_ = new ZCGridXWrap(place.id, this);

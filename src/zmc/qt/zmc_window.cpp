@@ -55,7 +55,6 @@ ZCZelorMacCalc::ZCZelorMacCalc(const ToolContext& context, QWidget* parent)
     : ToolWindowWith(PNL_TOOL_MACHINING_CALCULATOR, parent), context_(context) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   SetBackProperty(zmc_look::kPage);
-  setProperty("pnlView", 0);
   ZmcView& view = *this;
   session_.Make(context_, view);
   setGeometry(parent->rect());
@@ -130,7 +129,6 @@ void ZCZelorMacCalc::ShowTab(ZmcTab tab) {
   page->setGeometry(rect());
   page->show();
   page->raise();
-  setProperty("pnlView", page->Handle());
 }
 
 void ZCZelorMacCalc::HideTab(ZmcTab tab) {
