@@ -64,6 +64,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   face.current = index == view_.currentIndex();
   face.focused = view_.hasFocus() || editor_ != nullptr;
   face.enabled = view_.isEnabled();
+  face.tint = cells_.HasTint(row, index.column());
   painter->setFont(view_.font());
   DrawGridCell(*painter, option.rect, colors_, face);
 }

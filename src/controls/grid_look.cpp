@@ -17,6 +17,7 @@ constexpr QColor kBright(0xF4, 0xF7, 0xFA);
 constexpr QColor kSelection(0x1F, 0x6F, 0xB2);
 constexpr QColor kFrame(0x0A, 0x6E, 0xC8);
 constexpr QColor kFailed(0xD8, 0x1E, 0x2C);
+constexpr QColor kTint(0xF5, 0xA6, 0x1E);
 constexpr int kFailedBar = 5;
 constexpr int kSideMargin = 8;
 constexpr int kSmallestBox = 16;
@@ -74,8 +75,9 @@ QColor GridCellGround(const GridColors& colors, const GridCellFace& face) {
   } else if (!face.editable) {
     ground = Between(ground, ToQColor(colors.fixed), 0.35);
   }
-  // A failed row stays red when it is selected.
-  const double share = (face.focused ? 0.38 : 0.2) * (face.state == GridRowState::kFailed ? 0.5 : 1);
+  if (face.tint) ground = Between(ground, kTint, 0.55);
+  // A failed row stays red when it is selected, and a tinted cell amber.
+  const double share = (face.focused ? 0.38 : 0.2) * (face.state == GridRowState::kFailed || face.tint ? 0.5 : 1);
   if (face.selected) ground = Between(ground, kSelection, share);
   return ground;
 }

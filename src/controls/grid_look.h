@@ -31,6 +31,7 @@ struct GridCellFace {
   bool current = false;
   bool focused = false;  // the grid has the focus
   bool enabled = true;
+  bool tint = false;  // the operator should look at the value
 };
 
 /// The ground of a cell, and a text colour that is seen on it.

@@ -89,6 +89,12 @@ void GridModel::SetReadOnly(int row, int column, bool readOnly) {
   Changed(row, column, column);
 }
 
+void GridModel::SetTint(int row, int column, bool on) {
+  if (!Has(row, column) || At(row, column).tint == on) return;
+  At(row, column).tint = on;
+  Changed(row, column, column);
+}
+
 void GridModel::SetRowFormat(int row, const NumberFormat& format) {
   if (!Has(row, 0)) return;
   rows_[static_cast<std::size_t>(row)].format = format;

@@ -269,6 +269,10 @@ bool ZmcSession::OnKey(ZmcKey key) {
   return true;
 }
 
+void ZmcSession::OnFocusMoved() {
+  if (main_.IsOpen()) main_.OnFocusMoved();
+}
+
 void ZmcSession::OnCellCommitted(ZmcTab tab, int row, int col) {
   if (ZmcTable* table = TableOf(tab)) {
     table->OnCommitted(row, col);

@@ -38,6 +38,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   void OnCheckChanged(int id) { main_.OnCheckChanged(id); }
   void OnFieldChanged(int id) { main_.OnFieldChanged(id); }
   void OnLineFocus(int id, bool focused) { main_.OnLineFocus(id, focused); }
+  void OnFocusMoved();
   // Events of the grids.
   void OnCellCommitted(ZmcTab tab, int row, int col);
   void OnCellMoved(ZmcTab tab);

@@ -33,6 +33,14 @@ class ZmcBox : public QComboBox {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  [[nodiscard]] int ArrowWidth() const { return height() / 2 + 4; }
+  void PlaceLine();
 };
 
 }  // namespace pnl

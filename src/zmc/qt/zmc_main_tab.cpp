@@ -22,6 +22,8 @@ constexpr std::uint32_t kCentre = 0x8865;
 constexpr int kFirstPicture = 3100;
 constexpr int kLineUnits = 13;
 constexpr int kTitleUnits = 16;
+constexpr int kSmallestFont = 11;
+constexpr int kLabelMargin = 4;  // what a label leaves around its text
 constexpr int kGridRows = 5;
 constexpr int kGridColumns = 4;
 
@@ -92,6 +94,9 @@ void ZCTabZMCMain::Make(const ZmcControlPlace& place) {
       break;
     case ZmcControlKind::kDataField:
       made = MakeDataField(place.id);
+      break;
+    case ZmcControlKind::kBar:
+      made = new ZmcPowerBar(place.id, this);
       break;
   }
   controls_[place.id] = made;
@@ -182,10 +187,13 @@ void ZCTabZMCMain::SetControlText(int control, TextView text) {
     field->SetText(shown);
   } else if (auto* line = ControlAs<QLineEdit>(control)) {
     line->setText(shown);
+    // A line that nobody types in shows its beginning.
+    if (!line->hasFocus()) line->setCursorPosition(0);
   } else if (auto* box = ControlAs<QComboBox>(control)) {
     if (box->isEditable()) box->lineEdit()->setText(shown);
   } else if (auto* label = ControlAs<ZWCStatic>(control)) {
     label->SetTextW(shown, true);
+    if (width() > 0) Place();
   }
 }
 
@@ -228,8 +236,9 @@ void ZCTabZMCMain::Place() {
     }
     QWidget* control = controls_.at(place.id);
     const QRect pixels = ToQRect(page.Pixels(units));
-    SetControlFont(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font,
-                   place.id == id::kTitle || place.id == id::kBandTitle ? 700 : 500);
+    const int weight = place.id == id::kTitle || place.id == id::kBandTitle ? 700 : 500;
+    SetControlFont(control, FittingHeight(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font, weight,
+                                          pixels.width()), weight);
     control->setGeometry(pixels);
     if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels, font);
   }
@@ -248,6 +257,17 @@ void ZCTabZMCMain::SetControlFont(QWidget* control, int height, int weight) {
   } else if (const auto font = MakeFont(face, height, weight)) {
     control->setFont(*font);
   }
+}
+
+/// The largest height up to the given one in which a label's text fits the width; a text that fits in none is cut.
+int ZCTabZMCMain::FittingHeight(const QWidget* control, int height, int weight, int width) {
+  const auto* label = qobject_cast<const ZWCStatic*>(control);
+  if (label == nullptr) return height;
+  for (int tried = height; tried > kSmallestFont; --tried) {
+    const auto font = MakeFont(QStringLiteral("Arial"), tried, weight);
+    if (font && QFontMetrics(*font).horizontalAdvance(label->WindowText()) + kLabelMargin <= width) return tried;
+  }
+  return kSmallestFont;
 }
 
 /// The names take two fifths of the width, the values share the rest.

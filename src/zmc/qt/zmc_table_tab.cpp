@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint32_t kCentre = 0x8865;
 constexpr int kTitleUnits = 13;
-constexpr int kRowUnits = 9;  // of a page of 320 by 200
+constexpr int kRowUnits = 7;  // of a page of 320 by 200
 constexpr int kFixedColumn = 14;
 
 }  // namespace
@@ -77,7 +77,7 @@ void ZmcTableTab::paintEvent(QPaintEvent* event) {
 }
 
 ZCTabZMCMateriales::ZCTabZMCMateriales(const ToolContext& context, QWidget* frame)
-    : ZmcTableTab(context, ZmcTab::kMaterials, {32, 17, 16, 13, 14, 8, 0}, frame) {}
+    : ZmcTableTab(context, ZmcTab::kMaterials, {34, 14, 16, 13, 14, 9, 0}, frame) {}
 
 ZCTabZMCOperaciones::ZCTabZMCOperaciones(const ToolContext& context, QWidget* frame)
     : ZmcTableTab(context, ZmcTab::kOperations, {50, 38, 12, 0}, frame) {}

@@ -193,9 +193,15 @@ bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
+  // The focus is there only after the event.
+  if (event->type() == QEvent::FocusIn) QMetaObject::invokeMethod(this, &ZCZelorMacCalc::TellFocus, Qt::QueuedConnection);
   // The keys of the calculator come before the panel's shortcuts.
   if (event->type() == QEvent::ShortcutOverride && KeyOf(static_cast<QKeyEvent&>(*event))) event->accept();
   return false;
+}
+
+void ZCZelorMacCalc::TellFocus() {
+  session_.Tell([](ZmcSession& session) { session.OnFocusMoved(); });
 }
 
 std::intptr_t ZCZelorMacCalc::OnMessage(const Message& message) {
@@ -274,6 +280,10 @@ int ZCZelorMacCalc::State(int id) const {
 
 void ZCZelorMacCalc::SetState(int id, int state) {
   if (auto* picture = main_->ControlAs<CMultistatic>(id)) picture->SetState(state);
+}
+
+void ZCZelorMacCalc::SetPowerBar(std::optional<double> percent) {
+  if (auto* bar = main_->ControlAs<ZmcPowerBar>(zmc_control::kPowerBar)) bar->SetPercent(percent);
 }
 
 bool ZCZelorMacCalc::IsFieldEditing(int id) const {
