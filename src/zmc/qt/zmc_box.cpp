@@ -49,6 +49,11 @@ ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
   }
 }
 
+void ZmcBox::SetTextIndent(int pixels) {
+  indent_ = pixels;
+  update();
+}
+
 void ZmcBox::Fill(const std::vector<Text>& items) {
   const QSignalBlocker quiet(this);
   clear();
@@ -124,7 +129,8 @@ void ZmcBox::paintEvent(QPaintEvent*) {
   const QRect arrow(width() - ArrowWidth(), 0, ArrowWidth(), height());
   DrawTriangle(painter, arrow, ArrowWidth() * 2 / 5, false, palette().color(QPalette::Text));
   if (lineEdit() != nullptr) return;
-  const QRect room(kTextMargin, 0, width() - ArrowWidth() - kTextMargin, height());
+  const int left = kTextMargin + indent_;
+  const QRect room(left, 0, width() - ArrowWidth() - left, height());
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                    fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));

@@ -16,6 +16,8 @@ class ZmcBox : public QComboBox {
  public:
   ZmcBox(int id, bool typed, QWidget* parent);
 
+  /// Room before the text, in pixels: what another control covers of the box.
+  void SetTextIndent(int pixels);
   void Fill(const std::vector<Text>& items);
   [[nodiscard]] std::vector<Text> Items() const;
   /// Selects without a signal; -1 selects nothing.
@@ -41,6 +43,7 @@ class ZmcBox : public QComboBox {
  private:
   [[nodiscard]] int ArrowWidth() const { return height() / 2 + 4; }
   void PlaceLine();
+  int indent_ = 0;
 };
 
 }  // namespace pnl

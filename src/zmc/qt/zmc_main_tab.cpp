@@ -5,6 +5,7 @@
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QAbstractItemView>
 #include <algorithm>
+#include <utility>
 
 #include "controls/fonts.h"
 #include "window/qt/control_properties.h"
@@ -240,7 +241,13 @@ void ZCTabZMCMain::Place() {
     SetControlFont(control, FittingHeight(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font, weight,
                                           pixels.width()), weight);
     control->setGeometry(pixels);
-    if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels, font);
+    if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels);
+  }
+  // The fields lie on the left edges of their units.
+  for (const auto& [field, unit] : {std::pair(id::kF, id::kFUnit), std::pair(id::kS, id::kSUnit)}) {
+    controls_.at(field)->raise();
+    const int covered = controls_.at(field)->geometry().right() + 1 - controls_.at(unit)->x();
+    ControlAs<ZmcBox>(unit)->SetTextIndent(std::max(0, covered));
   }
 }
 
@@ -271,8 +278,7 @@ int ZCTabZMCMain::FittingHeight(const QWidget* control, int height, int weight, 
 }
 
 /// The names take two fifths of the width, the values share the rest.
-void ZCTabZMCMain::PlaceGrid(const QRect& place, int font) {
-  (void)font;
+void ZCTabZMCMain::PlaceGrid(const QRect& place) {
   const int frame = 2 * grid_->frameWidth();
   const int names = (place.width() - frame) * 2 / 5;
   const int value = (place.width() - frame - names) / (kGridColumns - 1);

@@ -64,7 +64,7 @@ class ZCTabZMCMain : public MessageWindow {
   QWidget* MakeDataField(int id);
   QWidget* MakeGrid(int id);
   void Place();
-  void PlaceGrid(const QRect& place, int font);
+  void PlaceGrid(const QRect& place);
   [[nodiscard]] static int FittingHeight(const QWidget* control, int height, int weight, int width);
   void SetControlFont(QWidget* control, int height, int weight);
 

@@ -77,7 +77,7 @@ void ZmcTableTab::paintEvent(QPaintEvent* event) {
 }
 
 ZCTabZMCMateriales::ZCTabZMCMateriales(const ToolContext& context, QWidget* frame)
-    : ZmcTableTab(context, ZmcTab::kMaterials, {34, 14, 16, 13, 14, 9, 0}, frame) {}
+    : ZmcTableTab(context, ZmcTab::kMaterials, {31, 13, 16, 13, 17, 10, 0}, frame) {}
 
 ZCTabZMCOperaciones::ZCTabZMCOperaciones(const ToolContext& context, QWidget* frame)
     : ZmcTableTab(context, ZmcTab::kOperations, {50, 38, 12, 0}, frame) {}
