@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The computation of the machining calculator: spindle speed, feed, power and DMC line from the texts on the screen,
-// each alone or after an event. Reads and writes the fields that it is given; asks the tool table what the tool is, each
-// time anew. Knows no window, no file and no language.
+// each alone or after an event. Reads and writes the fields that it is given; asks the tool table what the tool is,
+// each time anew. Knows no window, no file and no language.
 #pragma once
 
 #include <cstdint>
