@@ -169,7 +169,8 @@ TEST_F(ZmcExchangeTest, ShowsWhatTheUsersDataChange) {
   Pick(zmc_control::kOperation, u"Milling");
   EXPECT_TRUE(Cell(1, 3, u"120"));
   Menu(PNL_ZMC_CHANGES);
-  EXPECT_EQ(ToUtf8(windows.boxes.back().text), "T7130\nmaterial Steel: T73 2000 now 2100, hidden\nBrass at Milling: T65 120");
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text),
+            "T7130\nmaterial Steel: T73 2000 now 2100, hidden\nBrass at Milling: T65 120");
 }
 
 TEST_F(ZmcExchangeTest, AWindowThatGoesInABoxEndsTheImport) {

@@ -27,8 +27,8 @@ struct CuttingChange {
   friend bool operator==(const CuttingChange&, const CuttingChange&) = default;
 };
 
-/// What `after` changes in `before`, in the order of `after`: materials first. A record that is in `before` alone counts
-/// as unchanged, and a date that differs is no change. Descriptions are compared exactly.
+/// What `after` changes in `before`, in the order of `after`: materials first. A record that is in `before` alone
+/// counts as unchanged, and a date that differs is no change. Descriptions are compared exactly.
 [[nodiscard]] std::vector<CuttingChange> CompareCutting(const CuttingRecords& before, const CuttingRecords& after);
 
 }  // namespace pnl

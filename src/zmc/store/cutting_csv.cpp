@@ -14,7 +14,7 @@ namespace pnl {
 namespace {
 
 enum Column { kKind, kDescription, kGermany, kUne, kAisi, kForce, kToolType, kHidden, kDate, kColumns };
-constexpr TextView kNames[kColumns] = {u"kind", u"description", u"alemaniaw", u"une",  u"aisi",
+constexpr TextView kNames[kColumns] = {u"kind", u"description", u"alemaniaw", u"une", u"aisi",
                                        u"kc",   u"tooltype",    u"hidden",    u"date"};
 constexpr TextView kMaterial = u"material";
 constexpr TextView kOperation = u"operation";
@@ -209,9 +209,8 @@ Text WriteCuttingCsv(const CuttingRecords& records) {
                        record.Oculto ? Text(kYes) : Text(), TextOfLeaf(record.Date)});
   }
   for (const CT_Operacion& record : records.operations) {
-    AppendLine(table,
-               {Text(kOperation), TextOfLeaf(record.descripcion), Text(), Text(), Text(), Text(),
-                TextOfLeaf(record.ToolType), record.Oculto ? Text(kYes) : Text(), TextOfLeaf(record.Date)});
+    AppendLine(table, {Text(kOperation), TextOfLeaf(record.descripcion), Text(), Text(), Text(), Text(),
+                       TextOfLeaf(record.ToolType), record.Oculto ? Text(kYes) : Text(), TextOfLeaf(record.Date)});
   }
   return table;
 }
@@ -235,7 +234,8 @@ CsvReading ReadCuttingCsv(TextView text) {
     }
     Cells cells;
     for (std::size_t column = 0; column < line->cells.size(); ++column) {
-      if (columns[column] != kColumns) cells[static_cast<std::size_t>(columns[column])] = Text(Trim(line->cells[column]));
+      if (columns[column] != kColumns)
+        cells[static_cast<std::size_t>(columns[column])] = Text(Trim(line->cells[column]));
     }
     records.Read(line->number, cells);
   }

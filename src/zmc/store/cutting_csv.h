@@ -21,14 +21,14 @@ struct CuttingRecords {
 [[nodiscard]] Text WriteCuttingCsv(const CuttingRecords& records);
 
 enum class CsvFault {
-  kNoHeader,       // the first line doesn't name the columns
-  kColumnCount,    // a line has more columns than the first
-  kUnknownKind,    // neither "material" nor "operation"
+  kNoHeader,     // the first line doesn't name the columns
+  kColumnCount,  // a line has more columns than the first
+  kUnknownKind,  // neither "material" nor "operation"
   kNoDescription,
-  kRepeated,       // the description of an earlier line of the same kind
-  kBadNumber,      // a cutting force that is no number from 0 to 99999.9999
-  kBadText,        // a character that the cutting data can't contain
-  kOpenQuote,      // a quote that isn't closed
+  kRepeated,   // the description of an earlier line of the same kind
+  kBadNumber,  // a cutting force that is no number from 0 to 99999.9999
+  kBadText,    // a character that the cutting data can't contain
+  kOpenQuote,  // a quote that isn't closed
 };
 
 struct CsvFaultAt {

@@ -43,7 +43,8 @@ TEST(CuttingCsv, WritesOneLineForEachRecord) {
 
 TEST(CuttingCsv, ReadsWhatItHasWritten) {
   std::mt19937 random(7);
-  const TextView pieces[] = {u"a", u"\"", u";", u",", u"\t", u"ñ", u"\U0001F600", u"<", u"&", u" b", u"\r\n", u"\n", u"''"};
+  const TextView pieces[] = {u"a", u"\"", u";",  u",",    u"\t", u"ñ", u"\U0001F600",
+                             u"<", u"&",  u" b", u"\r\n", u"\n", u"''"};
   const auto text = [&] {
     Text made;
     for (unsigned left = random() % 6; left != 0; --left) made += pieces[random() % std::size(pieces)];
@@ -52,7 +53,8 @@ TEST(CuttingCsv, ReadsWhatItHasWritten) {
   for (int round = 0; round < 300; ++round) {
     CuttingRecords records;
     for (unsigned at = 0; at < 5; ++at) {
-      CT_MaterialDefinition material = Material(Text(1, static_cast<char16_t>(u'A' + at)) + text(), at == 2 ? u"" : u"12.5");
+      CT_MaterialDefinition material =
+          Material(Text(1, static_cast<char16_t>(u'A' + at)) + text(), at == 2 ? u"" : u"12.5");
       material.Norma = {LeafOf(text()), LeafOf(text()), LeafOf(text())};
       material.id = MaterialId(material.Norma);
       material.Oculto = random() % 2 == 0;
@@ -92,7 +94,8 @@ TEST_P(CuttingCsvFaults, AreNamedWithTheirLineAndNothingIsRead) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, CuttingCsvFaults,
-    testing::Values(FaultRow{u"", {1, CsvFault::kNoHeader, u""}}, FaultRow{u"Steel;2\n", {1, CsvFault::kNoHeader, u"Steel"}},
+    testing::Values(FaultRow{u"", {1, CsvFault::kNoHeader, u""}},
+                    FaultRow{u"Steel;2\n", {1, CsvFault::kNoHeader, u"Steel"}},
                     FaultRow{u"kind;kc\n", {1, CsvFault::kNoHeader, u"kind"}},
                     FaultRow{u"kind;description\nmaterial;A\nmaterial;B;3\n", {3, CsvFault::kColumnCount, u"3"}},
                     FaultRow{u"kind;description\nmaterial;A\ntool;B\n", {3, CsvFault::kUnknownKind, u"tool"}},
@@ -131,11 +134,13 @@ TEST(CuttingChanges, NameNewRecordsAndChangedFields) {
   const CuttingRecords before{{Material(u"Steel", u"2000"), Material(u"Brass", u"800"), Material(u"Gold")},
                               {Operation(u"Milling", u"Drill")}};
   const CuttingRecords after{{hidden, dated, Material(u"brass", u"800")}, {Operation(u"Milling", u"Tap")}};
-  EXPECT_THAT(CompareCutting(before, after),
-              ElementsAre(CuttingChange{true, false, u"Steel", {{CuttingField::kForce, u"2000", u"2100"},
-                                                               {CuttingField::kHidden, u"", u"1"}}},
-                          CuttingChange{true, true, u"brass", {{CuttingField::kForce, u"", u"800"}}},
-                          CuttingChange{false, false, u"Milling", {{CuttingField::kToolType, u"Drill", u"Tap"}}}));
+  EXPECT_THAT(
+      CompareCutting(before, after),
+      ElementsAre(
+          CuttingChange{
+              true, false, u"Steel", {{CuttingField::kForce, u"2000", u"2100"}, {CuttingField::kHidden, u"", u"1"}}},
+          CuttingChange{true, true, u"brass", {{CuttingField::kForce, u"", u"800"}}},
+          CuttingChange{false, false, u"Milling", {{CuttingField::kToolType, u"Drill", u"Tap"}}}));
 }
 
 TEST(CuttingChanges, ThereAreNoneBetweenEqualRecords) {

@@ -41,7 +41,9 @@ TEST_F(CuttingRecordsUpdate, AnOperationThatIsThereKeepsItsIdAndItsBlocks) {
 }
 
 TEST_F(CuttingRecordsUpdate, OneRecordThatCannotBeHeldKeepsAllOthersOut) {
-  EXPECT_EQ(parser.UpdateRecords(kUserPath, {{Material(u"Brass"), Material(u"Le\x1" u"ad")}, {}}),
+  EXPECT_EQ(parser.UpdateRecords(kUserPath, {{Material(u"Brass"), Material(u"Le\x1"
+                                                                           u"ad")},
+                                             {}}),
             CuttingError::kNotHoldable);
   EXPECT_EQ(parser.UpdateRecords(kUserPath, {{Material(u"Brass")}, {Operation(u"Mill\xD800")}}),
             CuttingError::kNotHoldable);
