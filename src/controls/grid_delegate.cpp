@@ -4,6 +4,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <algorithm>
 
@@ -117,14 +118,12 @@ QWidget* GridDelegate::MakeList(QWidget* parent, const QModelIndex& index) const
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
   const bool list = KindOf(index) == GridCellKind::kList;
   editor_ = list ? MakeList(parent, index) : MakeLine(parent, index);
-  edited_ = index;
   start_ = PaintedText(index);
   return editor_;
 }
 
 void GridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
   if (editor == editor_) editor_ = nullptr;
-  edited_ = QModelIndex();
   QAbstractItemDelegate::destroyEditor(editor, index);
 }
 

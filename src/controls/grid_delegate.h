@@ -45,7 +45,6 @@ class GridDelegate : public QAbstractItemDelegate {
 
   /// Null when no edit is open.
   [[nodiscard]] QWidget* Editor() const { return editor_; }
-  [[nodiscard]] QModelIndex EditedCell() const { return edited_; }
   /// Whether what the editor contains may be stored.
   [[nodiscard]] bool IsAcceptable() const;
   /// Shows that it may not: the whole text is selected and red.
@@ -85,7 +84,6 @@ class GridDelegate : public QAbstractItemDelegate {
   TextCheck check_;
   // createEditor and destroyEditor are const in the kit.
   mutable QWidget* editor_ = nullptr;
-  mutable QPersistentModelIndex edited_;
   mutable QString start_;  // the editor's text when the edit began
 };
 

@@ -256,12 +256,7 @@ void ZCGridXWrap::currentChanged(const QModelIndex& current, const QModelIndex& 
 }
 
 void ZCGridXWrap::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
-  // The kit takes the editor of a row that goes, but thinks that it is still open.
-  InKit([&] {
-    const QModelIndex edited = delegate_->EditedCell();
-    if (edited.isValid() && edited.row() >= start && edited.row() <= end) CancelEdit();
-    QTableView::rowsAboutToBeRemoved(parent, start, end);
-  });
+  InKit([&] { QTableView::rowsAboutToBeRemoved(parent, start, end); });
 }
 
 void ZCGridXWrap::reset() {

@@ -373,6 +373,10 @@ TEST_F(ZCGridXWrapTest, SpaceAndATouchTurnACheck) {
   PressMouse(grid->viewport(), Middle(2, 3), QEvent::MouseButtonDblClick);
   PressMouse(grid->viewport(), Middle(2, 3), QEvent::MouseButtonRelease);
   EXPECT_TRUE(grid->Cells().IsChecked(2, 3)) << "each quick touch counts";
+  PressMouse(grid->viewport(), Middle(2, 3));
+  PressMouse(grid->viewport(), Middle(3, 3), QEvent::MouseButtonRelease);
+  EXPECT_TRUE(grid->Cells().IsChecked(2, 3)) << "released elsewhere";
+  EXPECT_FALSE(grid->Cells().IsChecked(3, 3));
   grid->Cells().SetReadOnly(2, 3, true);
   Touch(2, 3);
   EXPECT_FALSE(grid->ToggleCheck());
@@ -499,6 +503,23 @@ TEST_F(ZCGridXWrapTest, DeletingTheRowOfAnOpenEditClosesIt) {
   EXPECT_TRUE(grid->BeginEdit()) << "the next edit opens";
   grid->Cells().SetColumns(5);
   EXPECT_FALSE(grid->IsEditing());
+}
+
+TEST_F(ZCGridXWrapTest, NothingIsToldWhileRowsGoOrColumnsChange) {
+  Write("abc");
+  static_cast<void>(Told());
+  QObject::connect(grid->model(), &QAbstractItemModel::rowsAboutToBeRemoved, grid,
+                   [this] { EXPECT_TRUE(told.empty()); });
+  grid->Cells().DeleteRow(1);
+  EXPECT_TRUE(Told().empty());
+  Settle();
+  grid->Select(2, 2);
+  grid->BeginEdit();
+  static_cast<void>(Told());
+  grid->Cells().SetColumns(3);
+  EXPECT_TRUE(Told().empty()) << "a listener could destroy the grid in the middle";
+  Settle();
+  EXPECT_EQ(Told(), (Notes{"moved 0 0"}));
 }
 
 TEST_F(ZCGridXWrapTest, ACellWrittenDuringAnEditDoesNotTakeWhatIsTyped) {
