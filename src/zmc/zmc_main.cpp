@@ -17,12 +17,18 @@ struct LabelRow {
 };
 
 constexpr LabelRow kLabels[] = {
-    {id::kTitle, zmc_text::kTitle},           {id::kMaterialLabel, zmc_text::kMaterial},
-    {id::kOperationLabel, zmc_text::kOperation}, {id::kRemarkLabel, zmc_text::kRemark},
-    {id::kToolLabel, zmc_text::kTool},        {id::kDiameterLabel, zmc_text::kDiameter},
-    {id::kPartLabel, zmc_text::kPartDiameter}, {id::kTeethLabel, zmc_text::kTeeth},
-    {id::kBandTitle, zmc_text::kBandTitle},   {id::kFLabel, zmc_text::kF},
-    {id::kPowerLabel, zmc_text::kPower},      {id::kDmcLabel, zmc_text::kDmc},
+    {id::kTitle, zmc_text::kTitle},
+    {id::kMaterialLabel, zmc_text::kMaterial},
+    {id::kOperationLabel, zmc_text::kOperation},
+    {id::kRemarkLabel, zmc_text::kRemark},
+    {id::kToolLabel, zmc_text::kTool},
+    {id::kDiameterLabel, zmc_text::kDiameter},
+    {id::kPartLabel, zmc_text::kPartDiameter},
+    {id::kTeethLabel, zmc_text::kTeeth},
+    {id::kBandTitle, zmc_text::kBandTitle},
+    {id::kFLabel, zmc_text::kF},
+    {id::kPowerLabel, zmc_text::kPower},
+    {id::kDmcLabel, zmc_text::kDmc},
 };
 
 constexpr std::pair<int, ZmcField> kDataFields[] = {{id::kDiameter, ZmcField::kD},
@@ -38,8 +44,9 @@ constexpr TextView kRevolution = u"/rev";
 int IndexOrLast(const std::vector<Text>& items, TextView text) {
   const auto found =
       std::find_if(items.begin(), items.end(), [text](const Text& item) { return EqualNoCase(item, text); });
-  return static_cast<int>(found == items.end() || text.empty() ? items.size() : static_cast<std::size_t>(
-             found - items.begin()) + 1) - 1;
+  return static_cast<int>(found == items.end() || text.empty() ? items.size()
+                                                               : static_cast<std::size_t>(found - items.begin()) + 1) -
+         1;
 }
 
 Text Joined(TextView first, TextView second) { return Text(first).append(second); }
@@ -291,8 +298,8 @@ ZmcFields ZmcMain::Collect() const {
 
 void ZmcMain::Write(const ZmcFields& before, const ZmcFields& after) {
   constexpr std::pair<int, Text ZmcFields::*> kFields[] = {
-      {id::kDiameter, &ZmcFields::D}, {id::kTeeth, &ZmcFields::Z},       {id::kS, &ZmcFields::S},
-      {id::kF, &ZmcFields::F},        {id::kPower, &ZmcFields::Power},   {id::kDmcText, &ZmcFields::DmcText},
+      {id::kDiameter, &ZmcFields::D},   {id::kTeeth, &ZmcFields::Z},     {id::kS, &ZmcFields::S},
+      {id::kF, &ZmcFields::F},          {id::kPower, &ZmcFields::Power}, {id::kDmcText, &ZmcFields::DmcText},
       {id::kRemark, &ZmcFields::Remark}};
   for (int cell = 0; cell < kZmcCells; ++cell) {
     const auto at = static_cast<std::size_t>(cell);
@@ -319,9 +326,9 @@ void ZmcMain::Compute(const std::function<void(ZmcFields&)>& work) {
 Text ZmcMain::GenerateBlock() {
   const ZmcFields fields = Collect();
   const ZmcChecks checks = Checks();
-  return pnl::GenerateBlock({fields, checks, desk_.machine.MasterSpindleName,
-                             [this, &fields] { return cascade_.DmcUsable(fields); }},
-                            desk_.Context().cnc.Vars());
+  return pnl::GenerateBlock(
+      {fields, checks, desk_.machine.MasterSpindleName, [this, &fields] { return cascade_.DmcUsable(fields); }},
+      desk_.Context().cnc.Vars());
 }
 
 void ZmcMain::CopyBlock() {

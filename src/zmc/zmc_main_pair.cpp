@@ -32,9 +32,8 @@ bool ZmcMain::LoadPair() {
   const auto& material = desk_.data.MaterialActual();
   const auto& operation = desk_.data.OperacionActual();
   if (material && operation) {
-    const auto block =
-        pnl::LoadPair(desk_.data.Store(), desk_.data.FactoryPath(), desk_.data.UserPath(), desk_.data.Lists(),
-                      TextOf(material->descripcion), TextOf(operation->descripcion));
+    const auto block = pnl::LoadPair(desk_.data.Store(), desk_.data.FactoryPath(), desk_.data.UserPath(),
+                                     desk_.data.Lists(), TextOf(material->descripcion), TextOf(operation->descripcion));
     loaded = desk_.CheckRead(block.Error());
     if (block.Ok() && block.Value()) ShowPair(*block.Value());
   }

@@ -54,7 +54,8 @@ void ZmcSession::Start() {
 void ZmcSession::OpenMain() {
   const MenuHandle menu = desk_.menus.LoadFrameMenu();
   ShowTab(ZmcTab::kMain);
-  Context().windows.Send(View().Handle(), {RegisterMessage(zmc_message::kShowMenu), static_cast<std::intptr_t>(menu), 0});
+  Context().windows.Send(View().Handle(),
+                         {RegisterMessage(zmc_message::kShowMenu), static_cast<std::intptr_t>(menu), 0});
   menuGiven_ = true;
 }
 
@@ -218,9 +219,8 @@ void ZmcSession::OnMenuCommand(int id) {
 void ZmcSession::ShowGivenMessage(std::intptr_t selector, std::intptr_t text) {
   const std::uint16_t color = PnlLowHalf(selector);
   const std::uint16_t line = PnlHighHalf(selector);
-  Host().HostShowMessage(kTool, TextAt(text),
-                         zmc_color::kMessages[color < std::size(zmc_color::kMessages) ? color : 0], 0,
-                         line >= 1 && line <= kMostLines ? line : 1);
+  Host().HostShowMessage(kTool, TextAt(text), zmc_color::kMessages[color < std::size(zmc_color::kMessages) ? color : 0],
+                         0, line >= 1 && line <= kMostLines ? line : 1);
 }
 
 // Keys and the grids.

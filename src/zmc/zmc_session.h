@@ -65,8 +65,8 @@ class ZmcSession final : public ToolSession<ZmcView> {
   ZmcTab tab_ = ZmcTab::kMain;
   bool tabShown_ = false;
   bool menuGiven_ = false;  // the frame's menu is in the bar
-  bool open_ = false;     // reported as opening and not as closed
-  bool started_ = false;  // the settings are read, and are to be stored
+  bool open_ = false;       // reported as opening and not as closed
+  bool started_ = false;    // the settings are read, and are to be stored
 };
 
 }  // namespace pnl

@@ -252,8 +252,7 @@ bool ZmcTable::SaveTable(bool refill) {
   // An entry goes when its row is stored: what couldn't be stored can be tried again.
   while (!ModifiedRows_.empty()) {
     const Modified entry = ModifiedRows_.front();
-    if (desk_.data.CanAccessUserFile() &&
-        !desk_.CheckStored(SaveRow(RowInGrid(entry.row), entry.oldDescription))) {
+    if (desk_.data.CanAccessUserFile() && !desk_.CheckStored(SaveRow(RowInGrid(entry.row), entry.oldDescription))) {
       return false;
     }
     ModifiedRows_.erase(ModifiedRows_.begin());

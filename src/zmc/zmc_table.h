@@ -52,8 +52,8 @@ class ZmcTable {
   void OnCommitted(int row, int col);
   void OnMoved() { UpdateSoftKeys(); }
   void OnHeaderClicked(int col);
-  /// A key that the tab sees before the grid. close is called for an Escape that no edit takes. True when the grid isn't
-  /// to get the key.
+  /// A key that the tab sees before the grid. close is called for an Escape that no edit takes. True when the grid
+  /// isn't to get the key.
   bool OnKey(ZmcKey key, const std::function<void()>& close);
 
  protected:

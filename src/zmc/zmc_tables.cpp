@@ -14,20 +14,11 @@ constexpr int kByDate = 0;
 constexpr int kByDescription = 1;
 constexpr int kByToolType = 2;
 
-constexpr ZmcTableShape kMaterialsShape = {ZmcTab::kMaterials,
-                                           7,
-                                           6,
-                                           7,
-                                           zmc_command::kDeleteMaterials,
-                                           zmc_command::kSaveMaterials,
-                                           zmc_text::kSaveMaterials};
-constexpr ZmcTableShape kOperationsShape = {ZmcTab::kOperations,
-                                            4,
-                                            3,
-                                            4,
-                                            zmc_command::kDeleteOperations,
-                                            zmc_command::kSaveOperations,
-                                            zmc_text::kSaveOperations};
+constexpr ZmcTableShape kMaterialsShape = {
+    ZmcTab::kMaterials, 7, 6, 7, zmc_command::kDeleteMaterials, zmc_command::kSaveMaterials, zmc_text::kSaveMaterials};
+constexpr ZmcTableShape kOperationsShape = {
+    ZmcTab::kOperations,      4, 3, 4, zmc_command::kDeleteOperations, zmc_command::kSaveOperations,
+    zmc_text::kSaveOperations};
 constexpr int kForceColumn = 5;
 constexpr int kToolTypeColumn = 2;
 /// The texts of the tool types, in the order of their list.

@@ -55,7 +55,8 @@ class FakeZmcGrid final : public ZmcGrid {
   }
   [[nodiscard]] bool IsReadOnly(int row, int col) const override {
     if (!Has(row, col) || row == 0 || col == 0) return true;
-    if (rows[static_cast<std::size_t>(row)].state == zmc_row_state::kFactory && At(row, col).kind != ZmcCellKind::kCheck)
+    if (rows[static_cast<std::size_t>(row)].state == zmc_row_state::kFactory &&
+        At(row, col).kind != ZmcCellKind::kCheck)
       return true;
     return At(row, col).readOnly;
   }

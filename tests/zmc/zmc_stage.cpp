@@ -23,7 +23,8 @@ PackContents Contents() {
 /// Two materials, two operations; the first pair has limits and a quality, steel and milling have nothing selected.
 constexpr const char* kFactoryData =
     "<CondicionesCorte><MaterialesDefinition>"
-    "<MaterialDefinition><id>1.0503#F-1142#1045</id><descripcion>Steel</descripcion><Norma><AlemaniaW>1.0503</AlemaniaW>"
+    "<MaterialDefinition><id>1.0503#F-1142#1045</id><descripcion>Steel</descripcion><Norma><AlemaniaW>1.0503</"
+    "AlemaniaW>"
     "<UNE>F-1142</UNE><AISI>1045</AISI></Norma><KC>2000</KC></MaterialDefinition>"
     "<MaterialDefinition><id>##</id><descripcion>Brass</descripcion><KC>800</KC></MaterialDefinition>"
     "</MaterialesDefinition><Operaciones>"
@@ -68,10 +69,10 @@ ZmcStage::ZmcStage() : ToolStage(Contents()) {
   Define(u"DM.ZMC.SUNIT", 0);
   Define(u"SP.DMCSPDL", 1);
   Define(u"E.HELPDATA", u"");
-  cnc.Tables().SetTool(3, 1, {1, 1, 100000, 4});   // an end mill of 10 mm
-  cnc.Tables().SetTool(4, 1, {1, 2, 60000, 2});    // a ball nose
-  cnc.Tables().SetTool(7, 5, {5, 10, 0, 1});       // a turning tool
-  cnc.Tables().SetTool(12, 2, {2, 7, 85000, 2});   // a drill
+  cnc.Tables().SetTool(3, 1, {1, 1, 100000, 4});  // an end mill of 10 mm
+  cnc.Tables().SetTool(4, 1, {1, 2, 60000, 2});   // a ball nose
+  cnc.Tables().SetTool(7, 5, {5, 10, 0, 1});      // a turning tool
+  cnc.Tables().SetTool(12, 2, {2, 7, 85000, 2});  // a drill
   Factory() = kFactoryData;
 }
 
@@ -93,7 +94,9 @@ void ZmcStage::Open() {
   view->onLineFocus = [this](int id, bool focused) { Call(&ZmcSession::OnLineFocus, id, focused); };
   view->onToolLeft = [this] { Tell([](ZmcSession& session) { session.OnToolLeft(); }); };
   for (const ZmcTab tab : kZmcTabs) {
-    view->GridOf(tab).onCommitted = [this, tab](int row, int col) { Call(&ZmcSession::OnCellCommitted, tab, row, col); };
+    view->GridOf(tab).onCommitted = [this, tab](int row, int col) {
+      Call(&ZmcSession::OnCellCommitted, tab, row, col);
+    };
   }
   tool = std::make_shared<ZmcSession>(context, *view);
   Forget();
