@@ -78,6 +78,8 @@ void ZmcMain::SetUpLabels() {
   for (const LabelRow& row : kLabels) View().SetControlText(row.control, desk_.LoadText(row.text));
   View().SetControlText(id::kDiameterUnit, desk_.machine.units.LengthText());
   View().SetControlText(id::kTeethUnit, u"z");
+  View().SetControlText(id::kM6Label, u"M6");
+  View().SetControlText(id::kPercent, u"%");
   View().SetControlText(id::kSLabel, desk_.machine.MasterSpindleName);
 }
 
@@ -155,12 +157,15 @@ void ZmcMain::OnShown() {
 
 void ZmcMain::ReloadMaterials() {
   if (!open_) return;
-  if (FillMaterials()) (void)LoadPair();
+  (void)FillMaterials();
+  (void)LoadPair();
 }
 
 void ZmcMain::ReloadOperations() {
-  if (!open_ || !FillOperations()) return;
-  if (LoadPair()) FillTools();
+  if (!open_) return;
+  (void)FillOperations();
+  (void)LoadPair();
+  FillTools();
 }
 
 // What the operator did.
@@ -179,7 +184,8 @@ void ZmcMain::OnListSelected(int control) {
     case id::kOperation:
       desk_.settings.kept.LastOpe = name;
       desk_.data.SelectOperation(name);
-      if (LoadPair()) FillTools();
+      (void)LoadPair();
+      FillTools();
       break;
     case id::kTool:
       toolEdited_ = false;

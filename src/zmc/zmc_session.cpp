@@ -34,14 +34,8 @@ void ZmcSession::Start() {
   started_ = true;
   open_ = true;
   Host().HostToolOpening(kTool);
-  if (desk_.data.Open() != FileStatus::kOk) {
-    open_ = false;
-    Host().HostToolClosed(kTool, PNL_CLOSED);
-    View().Destroy();
-    return;
-  }
-  if (CondicionesCorteParser::IsXml6DllRegistered() == 0) {
-    desk_.ShowInfo(zmc_text::kDamaged);
+  if (!CanOpen()) {
+    ReportClosed(PNL_CLOSED);
     View().Destroy();
     return;
   }
@@ -49,6 +43,13 @@ void ZmcSession::Start() {
   View().Show();
   View().BringToTop();
   OpenMain();
+}
+
+bool ZmcSession::CanOpen() {
+  if (desk_.data.Open() != FileStatus::kOk) return false;
+  if (CondicionesCorteParser::IsXml6DllRegistered() != 0) return true;
+  desk_.ShowInfo(zmc_text::kDamaged);
+  return false;
 }
 
 void ZmcSession::OpenMain() {
@@ -63,8 +64,9 @@ void ZmcSession::OnShownAgain() {
   if (!started_ || open_) return;
   open_ = true;
   Host().HostToolOpening(kTool);
-  if (desk_.data.Open() != FileStatus::kOk) {
-    Close(PNL_CLOSED);
+  if (!CanOpen()) {
+    ReportClosed(PNL_CLOSED);
+    View().Hide();
     return;
   }
   View().BringToTop();
@@ -73,12 +75,18 @@ void ZmcSession::OnShownAgain() {
 
 bool ZmcSession::Close(int reason) {
   if (!CanLeave()) return false;
+  // The question may have been open while somebody else closed the tool.
   if (!std::exchange(open_, false)) return true;
-  menuGiven_ = false;
   desk_.ResetMessage();
+  ReportClosed(reason);
   View().Hide();
-  Host().HostToolClosed(kTool, reason);
   return true;
+}
+
+void ZmcSession::ReportClosed(int reason) {
+  open_ = false;
+  menuGiven_ = false;
+  Host().HostToolClosed(kTool, reason);
 }
 
 void ZmcSession::End() {
@@ -105,7 +113,9 @@ bool ZmcSession::CanLeave() {
 }
 
 bool ZmcSession::ShowTab(ZmcTab tab) {
-  if (!CanLeave()) return false;
+  const bool open = open_;
+  // Somebody may close the tool while the question is open.
+  if (!CanLeave() || open_ != open) return false;
   if (tab == ZmcTab::kMain && !main_.IsOpen()) main_.Open();
   View().MakeTab(tab);
   View().ShowTab(tab);

@@ -48,10 +48,13 @@ class ZmcSession final : public ToolSession<ZmcView> {
   void ShowGivenMessage(std::intptr_t selector, std::intptr_t text);
   /// Opens the tab unless the visible one can't be left.
   bool ShowTab(ZmcTab tab);
+  /// Makes the user file if there is none. False when the tool can't be opened.
+  [[nodiscard]] bool CanOpen();
   void OpenMain();
   [[nodiscard]] bool CanLeave();
   /// False when a table refused to be left.
   bool Close(int reason);
+  void ReportClosed(int reason);
   void OpenCalculator();
   [[nodiscard]] ZmcTable* TableOf(ZmcTab tab);
   /// Does something with the visible table if it is that one.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <regex>
 
 namespace pnl::test {
 namespace {
@@ -136,9 +137,48 @@ void ZmcStage::Enter(int field, TextView text) {
 
 void ZmcStage::Focus(int id) { view->FocusControl(id); }
 
+void ZmcStage::TypeTool(TextView text) {
+  Focus(zmc_control::kTool);
+  view->controls.at(zmc_control::kTool).text = Text(text);
+  Call(&ZmcSession::OnToolTyped);
+}
+
+void ZmcStage::MoveTo(ZmcTab tab, int row, int col) {
+  view->GridOf(tab).Select({row, col});
+  Call(&ZmcSession::OnCellMoved, tab);
+}
+
+void ZmcStage::ComputeSteel() {
+  Pick(zmc_control::kMaterial, u"Steel");
+  Pick(zmc_control::kOperation, u"Milling");
+  Pick(zmc_control::kTool, u"T3");
+  constexpr TextView kSelected[] = {u"120", u"0.05", u"2", u"50"};
+  for (int row = 1; row <= 4; ++row) EXPECT_TRUE(Cell(row, 3, kSelected[row - 1]));
+}
+
 std::string ZmcStage::UserFile() const {
-  const auto found = files.disc.find("C:\\P118\\CondicionesCorteP.xml");
+  const auto found = files.disc.find(kUserPath);
   return found != files.disc.end() ? found->second : "none";
+}
+
+std::string ZmcStage::UserFileWithoutDates() const {
+  return std::regex_replace(UserFile(), std::regex("[0-9]{4}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}"), "DATE");
+}
+
+void ZmcStage::SetUserFile(const std::string& materials, const std::string& operations) {
+  files.disc[kUserPath] = "<CondicionesCorte><MaterialesDefinition>" + materials +
+                          "</MaterialesDefinition><Operaciones>" + operations + "</Operaciones></CondicionesCorte>";
+}
+
+std::string ZmcStage::Ini() const {
+  const auto found = files.disc.find(kIniPath);
+  return found != files.disc.end() ? found->second : "none";
+}
+
+std::vector<std::string> ZmcStage::TakeBoxes() {
+  std::vector<std::string> texts;
+  for (const BoxSpec& box : std::exchange(windows.boxes, {})) texts.push_back(ToUtf8(box.text));
+  return texts;
 }
 
 }  // namespace pnl::test
