@@ -34,8 +34,8 @@ void ZmcDesk::ShowMessage(int color, int line, TextView text) const {
   // The text is read before the call returns.
   const Text kept(text);
   const std::intptr_t selector = color | (static_cast<std::intptr_t>(line) << 16);
-  context_.windows.Send(View().Handle(), {RegisterMessage(zmc_message::kShow), selector,
-                                          reinterpret_cast<std::intptr_t>(kept.c_str())});
+  context_.windows.Send(View().Handle(),
+                        {RegisterMessage(zmc_message::kShow), selector, reinterpret_cast<std::intptr_t>(kept.c_str())});
 }
 
 void ZmcDesk::ResetMessage() const {

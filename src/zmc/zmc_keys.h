@@ -19,7 +19,7 @@ struct ZmcKeyPlace {
   bool open = false;        // a list that is open; an edit that is open in a cell or data field; a line in edit mode
   bool toolEdited = false;  // somebody has typed in the tool box
   bool lineEdit = false;    // one of the text lines is in edit mode, wherever the focus is
-  ZmcCell cell;            // of a grid
+  ZmcCell cell;             // of a grid
   ZmcCell firstCell{1, 1};  // where the grid is entered
 };
 

@@ -20,12 +20,18 @@ struct LabelRow {
 };
 
 constexpr LabelRow kLabels[] = {
-    {id::kTitle, zmc_text::kTitle},           {id::kMaterialLabel, zmc_text::kMaterial},
-    {id::kOperationLabel, zmc_text::kOperation}, {id::kRemarkLabel, zmc_text::kRemark},
-    {id::kToolLabel, zmc_text::kTool},        {id::kDiameterLabel, zmc_text::kDiameter},
-    {id::kPartLabel, zmc_text::kPartDiameter}, {id::kTeethLabel, zmc_text::kTeeth},
-    {id::kBandTitle, zmc_text::kBandTitle},   {id::kFLabel, zmc_text::kF},
-    {id::kPowerLabel, zmc_text::kPower},      {id::kDmcLabel, zmc_text::kDmc},
+    {id::kTitle, zmc_text::kTitle},
+    {id::kMaterialLabel, zmc_text::kMaterial},
+    {id::kOperationLabel, zmc_text::kOperation},
+    {id::kRemarkLabel, zmc_text::kRemark},
+    {id::kToolLabel, zmc_text::kTool},
+    {id::kDiameterLabel, zmc_text::kDiameter},
+    {id::kPartLabel, zmc_text::kPartDiameter},
+    {id::kTeethLabel, zmc_text::kTeeth},
+    {id::kBandTitle, zmc_text::kBandTitle},
+    {id::kFLabel, zmc_text::kF},
+    {id::kPowerLabel, zmc_text::kPower},
+    {id::kDmcLabel, zmc_text::kDmc},
 };
 
 constexpr std::pair<int, ZmcField> kDataFields[] = {{id::kDiameter, ZmcField::kD},
@@ -41,8 +47,9 @@ constexpr TextView kRevolution = u"/rev";
 int IndexOrLast(const std::vector<Text>& items, TextView text) {
   const auto found =
       std::find_if(items.begin(), items.end(), [text](const Text& item) { return EqualNoCase(item, text); });
-  return static_cast<int>(found == items.end() || text.empty() ? items.size() : static_cast<std::size_t>(
-             found - items.begin()) + 1) - 1;
+  return static_cast<int>(found == items.end() || text.empty() ? items.size()
+                                                               : static_cast<std::size_t>(found - items.begin()) + 1) -
+         1;
 }
 
 Text Joined(TextView first, TextView second) { return Text(first).append(second); }
@@ -74,6 +81,8 @@ void ZmcMain::SetUpLabels() {
   for (const LabelRow& row : kLabels) View().SetControlText(row.control, desk_.LoadText(row.text));
   View().SetControlText(id::kDiameterUnit, desk_.machine.units.LengthText());
   View().SetControlText(id::kTeethUnit, u"z");
+  View().SetControlText(id::kM6Label, u"M6");
+  View().SetControlText(id::kPercent, u"%");
   View().SetControlText(id::kSLabel, desk_.machine.MasterSpindleName);
 }
 
@@ -151,12 +160,15 @@ void ZmcMain::OnShown() {
 
 void ZmcMain::ReloadMaterials() {
   if (!open_) return;
-  if (FillMaterials()) (void)LoadPair();
+  (void)FillMaterials();
+  (void)LoadPair();
 }
 
 void ZmcMain::ReloadOperations() {
-  if (!open_ || !FillOperations()) return;
-  if (LoadPair()) FillTools();
+  if (!open_) return;
+  (void)FillOperations();
+  (void)LoadPair();
+  FillTools();
 }
 
 // What the operator did.
@@ -175,7 +187,8 @@ void ZmcMain::OnListSelected(int control) {
     case id::kOperation:
       desk_.settings.kept.LastOpe = name;
       desk_.data.SelectOperation(name);
-      if (LoadPair()) FillTools();
+      (void)LoadPair();
+      FillTools();
       break;
     case id::kTool:
       toolEdited_ = false;
@@ -294,8 +307,8 @@ ZmcFields ZmcMain::Collect() const {
 
 void ZmcMain::Write(const ZmcFields& before, const ZmcFields& after) {
   constexpr std::pair<int, Text ZmcFields::*> kFields[] = {
-      {id::kDiameter, &ZmcFields::D}, {id::kTeeth, &ZmcFields::Z},       {id::kS, &ZmcFields::S},
-      {id::kF, &ZmcFields::F},        {id::kPower, &ZmcFields::Power},   {id::kDmcText, &ZmcFields::DmcText},
+      {id::kDiameter, &ZmcFields::D},   {id::kTeeth, &ZmcFields::Z},     {id::kS, &ZmcFields::S},
+      {id::kF, &ZmcFields::F},          {id::kPower, &ZmcFields::Power}, {id::kDmcText, &ZmcFields::DmcText},
       {id::kRemark, &ZmcFields::Remark}};
   for (int cell = 0; cell < kZmcCells; ++cell) {
     const auto at = static_cast<std::size_t>(cell);
@@ -337,9 +350,9 @@ void ZmcMain::Compute(const std::function<void(ZmcFields&)>& work) {
 Text ZmcMain::GenerateBlock() {
   const ZmcFields fields = Collect();
   const ZmcChecks checks = Checks();
-  return pnl::GenerateBlock({fields, checks, desk_.machine.MasterSpindleName,
-                             [this, &fields] { return cascade_.DmcUsable(fields); }},
-                            desk_.Context().cnc.Vars());
+  return pnl::GenerateBlock(
+      {fields, checks, desk_.machine.MasterSpindleName, [this, &fields] { return cascade_.DmcUsable(fields); }},
+      desk_.Context().cnc.Vars());
 }
 
 void ZmcMain::CopyBlock() {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The logic of the main tab: the operator picks material, operation and tool; the grid shows the parameters of the pair,
-// the fields the computed speed, feed, power and DMC line, and the check boxes choose what goes into the block. It wires
-// the data, the cascade and the block generator to the controls. Their texts are the model: each operation reads them,
-// computes, and writes what has changed. The session owns it; keys and focus are in zmc/zmc_keys.h.
+// The logic of the main tab: the operator picks material, operation and tool; the grid shows the parameters of the
+// pair, the fields the computed speed, feed, power and DMC line, and the check boxes choose what goes into the block.
+// It wires the data, the cascade and the block generator to the controls. Their texts are the model: each operation
+// reads them, computes, and writes what has changed. The session owns it; keys and focus are in zmc/zmc_keys.h.
 #pragma once
 
 #include <functional>

@@ -12,12 +12,24 @@ namespace {
 namespace id = zmc_control;
 
 constexpr std::pair<int, ZmcStop> kStops[] = {
-    {id::kMaterial, ZmcStop::kMaterial}, {id::kOperation, ZmcStop::kOperation}, {id::kGrid, ZmcStop::kGrid},
-    {id::kRemarkCheck, ZmcStop::kRemarkCheck}, {id::kRemark, ZmcStop::kRemark}, {id::kToolCheck, ZmcStop::kToolCheck},
-    {id::kTool, ZmcStop::kTool},         {id::kM6Check, ZmcStop::kM6Check},     {id::kDiameter, ZmcStop::kD},
-    {id::kTeeth, ZmcStop::kZ},           {id::kFCheck, ZmcStop::kFCheck},       {id::kF, ZmcStop::kF},
-    {id::kFUnit, ZmcStop::kFUnit},       {id::kSCheck, ZmcStop::kSCheck},       {id::kS, ZmcStop::kS},
-    {id::kSUnit, ZmcStop::kSUnit},       {id::kPower, ZmcStop::kPower},         {id::kDmcCheck, ZmcStop::kDmcCheck},
+    {id::kMaterial, ZmcStop::kMaterial},
+    {id::kOperation, ZmcStop::kOperation},
+    {id::kGrid, ZmcStop::kGrid},
+    {id::kRemarkCheck, ZmcStop::kRemarkCheck},
+    {id::kRemark, ZmcStop::kRemark},
+    {id::kToolCheck, ZmcStop::kToolCheck},
+    {id::kTool, ZmcStop::kTool},
+    {id::kM6Check, ZmcStop::kM6Check},
+    {id::kDiameter, ZmcStop::kD},
+    {id::kTeeth, ZmcStop::kZ},
+    {id::kFCheck, ZmcStop::kFCheck},
+    {id::kF, ZmcStop::kF},
+    {id::kFUnit, ZmcStop::kFUnit},
+    {id::kSCheck, ZmcStop::kSCheck},
+    {id::kS, ZmcStop::kS},
+    {id::kSUnit, ZmcStop::kSUnit},
+    {id::kPower, ZmcStop::kPower},
+    {id::kDmcCheck, ZmcStop::kDmcCheck},
     {id::kDmcText, ZmcStop::kDmcText},
 };
 static_assert(std::size(kStops) == kZmcStops);
@@ -165,12 +177,11 @@ ZmcFocusState ZmcMain::FocusState() const {
 
 void ZmcMain::MoveFocus(bool forward) {
   const int from = View().FocusedControl();
-  const auto at = std::find_if(std::begin(kStops), std::end(kStops),
-                               [from](const auto& stop) { return stop.first == from; });
-  const ZmcStop next =
-      at == std::end(kStops) ? ZmcStop::kMaterial : NextStop(at->second, forward, FocusState());
-  const auto to = std::find_if(std::begin(kStops), std::end(kStops),
-                               [next](const auto& stop) { return stop.second == next; });
+  const auto at =
+      std::find_if(std::begin(kStops), std::end(kStops), [from](const auto& stop) { return stop.first == from; });
+  const ZmcStop next = at == std::end(kStops) ? ZmcStop::kMaterial : NextStop(at->second, forward, FocusState());
+  const auto to =
+      std::find_if(std::begin(kStops), std::end(kStops), [next](const auto& stop) { return stop.second == next; });
   if (next == ZmcStop::kGrid) Grid().Select(FirstCell());
   View().FocusControl(to->first);
 }

@@ -33,11 +33,11 @@ bool ZmcMain::LoadPair() {
   const auto& material = desk_.data.MaterialActual();
   const auto& operation = desk_.data.OperacionActual();
   if (material && operation) {
-    const auto block =
-        pnl::LoadPair(desk_.data.Store(), desk_.data.FactoryPath(), desk_.data.UserPath(), desk_.data.Lists(),
-                      TextOf(material->descripcion), TextOf(operation->descripcion));
+    const auto block = pnl::LoadPair(desk_.data.Store(), desk_.data.FactoryPath(), desk_.data.UserPath(),
+                                     desk_.data.Lists(), TextOf(material->descripcion), TextOf(operation->descripcion));
     loaded = desk_.CheckRead(block.Error());
-    if (block.Ok() && block.Value()) ShowPair(*block.Value());
+    // Without one of the files there is no block, and no quality to show either.
+    if (block.Ok()) ShowPair(block.Value().value_or(CT_Parametros()));
   }
   reloading_ = false;
   Compute([this](ZmcFields& fields) { cascade_.RecalcConditions(fields); });

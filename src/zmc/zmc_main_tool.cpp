@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tool on the main tab: the box of the tools that the operation takes, what a tool changes on the screen, and a tool
-// that is typed.
+// The tool on the main tab: the box of the tools that the operation takes, what a tool changes on the screen, and a
+// tool that is typed.
 #include <algorithm>
 
 #include "base/format.h"
@@ -19,8 +19,7 @@ void ZmcMain::FillTools() {
   tools_.clear();
   const auto& operation = desk_.data.OperacionActual();
   if (operation) {
-    const auto type =
-        ToolTypeOf(TextOf(operation->ToolType), [this](int text) { return desk_.LoadText(text); });
+    const auto type = ToolTypeOf(TextOf(operation->ToolType), [this](int text) { return desk_.LoadText(text); });
     if (type) tools_ = ToolNames(desk_.Context().cnc.Tapi(), *type);
   }
   View().FillList(id::kTool, tools_);
@@ -30,11 +29,11 @@ void ZmcMain::FillTools() {
 
 /// The tool of that name, else the last one of the list. Nothing is recomputed.
 void ZmcMain::SelectTool(TextView name) {
-  const auto found = std::find_if(tools_.begin(), tools_.end(), [name](const Text& tool) {
-    return EqualNoCase(tool, name);
-  });
-  const int index = static_cast<int>(found == tools_.end() ? tools_.size() : static_cast<std::size_t>(
-                        found - tools_.begin()) + 1) - 1;
+  const auto found =
+      std::find_if(tools_.begin(), tools_.end(), [name](const Text& tool) { return EqualNoCase(tool, name); });
+  const int index =
+      static_cast<int>(found == tools_.end() ? tools_.size() : static_cast<std::size_t>(found - tools_.begin()) + 1) -
+      1;
   View().SelectItem(id::kTool, index);
   View().SetControlText(id::kTool, index >= 0 ? tools_[static_cast<std::size_t>(index)] : Text());
   if (index >= 0) desk_.settings.kept.LastTool = tools_[static_cast<std::size_t>(index)];

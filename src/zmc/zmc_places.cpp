@@ -78,7 +78,8 @@ struct PageRow {
 };
 
 const PageRow& RowOf(ZmcTab tab) {
-  static constexpr PageRow kPages[] = {{3036, 468, 302, kMain}, {3031, 320, 200, kMaterials}, {3032, 320, 200, kOperations}};
+  static constexpr PageRow kPages[] = {
+      {3036, 468, 302, kMain}, {3031, 320, 200, kMaterials}, {3032, 320, 200, kOperations}};
   return kPages[static_cast<std::size_t>(tab)];
 }
 

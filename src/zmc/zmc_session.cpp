@@ -35,14 +35,8 @@ void ZmcSession::Start() {
   started_ = true;
   open_ = true;
   Host().HostToolOpening(kTool);
-  if (desk_.data.Open() != FileStatus::kOk) {
-    open_ = false;
-    Host().HostToolClosed(kTool, PNL_CLOSED);
-    View().Destroy();
-    return;
-  }
-  if (CondicionesCorteParser::IsXml6DllRegistered() == 0) {
-    desk_.ShowInfo(zmc_text::kDamaged);
+  if (!CanOpen()) {
+    ReportClosed(PNL_CLOSED);
     View().Destroy();
     return;
   }
@@ -52,10 +46,18 @@ void ZmcSession::Start() {
   OpenMain();
 }
 
+bool ZmcSession::CanOpen() {
+  if (desk_.data.Open() != FileStatus::kOk) return false;
+  if (CondicionesCorteParser::IsXml6DllRegistered() != 0) return true;
+  desk_.ShowInfo(zmc_text::kDamaged);
+  return false;
+}
+
 void ZmcSession::OpenMain() {
   const MenuHandle menu = desk_.menus.LoadFrameMenu();
   ShowTab(ZmcTab::kMain);
-  Context().windows.Send(View().Handle(), {RegisterMessage(zmc_message::kShowMenu), static_cast<std::intptr_t>(menu), 0});
+  Context().windows.Send(View().Handle(),
+                         {RegisterMessage(zmc_message::kShowMenu), static_cast<std::intptr_t>(menu), 0});
   menuGiven_ = true;
 }
 
@@ -63,8 +65,9 @@ void ZmcSession::OnShownAgain() {
   if (!started_ || open_) return;
   open_ = true;
   Host().HostToolOpening(kTool);
-  if (desk_.data.Open() != FileStatus::kOk) {
-    Close(PNL_CLOSED);
+  if (!CanOpen()) {
+    ReportClosed(PNL_CLOSED);
+    View().Hide();
     return;
   }
   View().BringToTop();
@@ -73,12 +76,18 @@ void ZmcSession::OnShownAgain() {
 
 bool ZmcSession::Close(int reason) {
   if (!CanLeave()) return false;
+  // The question may have been open while somebody else closed the tool.
   if (!std::exchange(open_, false)) return true;
-  menuGiven_ = false;
   desk_.ResetMessage();
+  ReportClosed(reason);
   View().Hide();
-  Host().HostToolClosed(kTool, reason);
   return true;
+}
+
+void ZmcSession::ReportClosed(int reason) {
+  open_ = false;
+  menuGiven_ = false;
+  Host().HostToolClosed(kTool, reason);
 }
 
 void ZmcSession::End() {
@@ -105,7 +114,9 @@ bool ZmcSession::CanLeave() {
 }
 
 bool ZmcSession::ShowTab(ZmcTab tab) {
-  if (!CanLeave()) return false;
+  const bool open = open_;
+  // Somebody may close the tool while the question is open.
+  if (!CanLeave() || open_ != open) return false;
   if (tab == ZmcTab::kMain && !main_.IsOpen()) main_.Open();
   View().MakeTab(tab);
   View().ShowTab(tab);
@@ -241,9 +252,8 @@ void ZmcSession::ReloadAll() {
 void ZmcSession::ShowGivenMessage(std::intptr_t selector, std::intptr_t text) {
   const std::uint16_t color = PnlLowHalf(selector);
   const std::uint16_t line = PnlHighHalf(selector);
-  Host().HostShowMessage(kTool, TextAt(text),
-                         zmc_color::kMessages[color < std::size(zmc_color::kMessages) ? color : 0], 0,
-                         line >= 1 && line <= kMostLines ? line : 1);
+  Host().HostShowMessage(kTool, TextAt(text), zmc_color::kMessages[color < std::size(zmc_color::kMessages) ? color : 0],
+                         0, line >= 1 && line <= kMostLines ? line : 1);
 }
 
 // Keys and the grids.

@@ -50,6 +50,8 @@ class ZmcSession final : public ToolSession<ZmcView> {
   void ShowGivenMessage(std::intptr_t selector, std::intptr_t text);
   /// Opens the tab unless the visible one can't be left.
   bool ShowTab(ZmcTab tab);
+  /// Makes the user file if there is none. False when the tool can't be opened.
+  [[nodiscard]] bool CanOpen();
   void OpenMain();
   [[nodiscard]] bool CanLeave();
   /// Beyond the tabs: export, import and the view of what the user's data change.
@@ -57,6 +59,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   void ReloadAll();
   /// False when a table refused to be left.
   bool Close(int reason);
+  void ReportClosed(int reason);
   void OpenCalculator();
   [[nodiscard]] ZmcTable* TableOf(ZmcTab tab);
   /// Does something with the visible table if it is that one.
@@ -71,8 +74,8 @@ class ZmcSession final : public ToolSession<ZmcView> {
   ZmcTab tab_ = ZmcTab::kMain;
   bool tabShown_ = false;
   bool menuGiven_ = false;  // the frame's menu is in the bar
-  bool open_ = false;     // reported as opening and not as closed
-  bool started_ = false;  // the settings are read, and are to be stored
+  bool open_ = false;       // reported as opening and not as closed
+  bool started_ = false;    // the settings are read, and are to be stored
 };
 
 }  // namespace pnl

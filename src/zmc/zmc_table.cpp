@@ -22,7 +22,7 @@ void ZmcTable::OnShown() {
     SetHeader();
   }
   const MenuHandle menu = desk_.menus.RebuildTabMenu(shape_.tab);
-  if (!filled_) Fill();
+  if (fills_ == 0) Fill();
   const auto [column, ascending] = SortColumn();
   Grid().ShowSortMarker(column, ascending);
   (void)EnableSoftKeys();
@@ -33,7 +33,7 @@ void ZmcTable::OnShown() {
 // Rows.
 
 void ZmcTable::Fill() {
-  filled_ = true;
+  ++fills_;
   ModifiedRows_.clear();
   known_ = Rows();
   ZmcGrid& grid = Grid();
@@ -77,6 +77,7 @@ bool ZmcTable::IsFactoryRow(int row) const { return Grid().CellText(row, shape_.
 
 void ZmcTable::AddRow() {
   ZmcGrid& grid = Grid();
+  if (grid.IsEditing()) grid.CommitEdit();
   const int row = grid.AddRow();
   ZmcTableRow content;
   content.cells.resize(static_cast<std::size_t>(shape_.columns));
@@ -116,7 +117,8 @@ void ZmcTable::NoteModified(int row, const Text& oldDescription) {
 }
 
 void ZmcTable::OnHeaderClicked(int col) {
-  if (!CanLeave() || !OrderBy(col)) return;
+  if (col < 1 || col > shape_.sortColumns || !CanLeave()) return;
+  OrderBy(col);
   Fill();
   const auto [column, ascending] = SortColumn();
   Grid().ShowSortMarker(column, ascending);
@@ -188,9 +190,11 @@ void ZmcTable::DeleteRows() {
     desk_.View().FocusGrid(shape_.tab);
     return;
   }
+  const int fills = fills_;
   const bool agreed = last > first ? desk_.AskYesNoMany(zmc_text::kDeleteMany)
                                    : desk_.AskYesNoWith(zmc_text::kDeleteOne, grid.CellText(first, kDescription));
-  if (!agreed) return;
+  // The rows may have been filled anew while the question was open; then these are others.
+  if (!agreed || fills_ != fills) return;
   bool deleted = true;
   for (int row = last; row >= first && deleted; --row) deleted = DeleteRow(row);
   Grid().Redraw();
@@ -246,6 +250,16 @@ bool ZmcTable::CheckRows() {
   return good;
 }
 
+CuttingError ZmcTable::SaveEntry(int row, const Text& oldDescription) {
+  const ZmcTableRow content = RowInGrid(row);
+  const CuttingError error = SaveRow(content, oldDescription);
+  if (error != CuttingError::kNone) return error;
+  // The record has this description from now on, and is found by it when the row is changed again.
+  Grid().SetCellText(row, kDescription, content.cells[0]);
+  known_[static_cast<std::size_t>(row - 1)].cells[0] = content.cells[0];
+  return error;
+}
+
 bool ZmcTable::SaveTable(bool refill) {
   if (Grid().IsEditing()) Grid().CommitEdit();
   if (!CheckRows()) {
@@ -255,16 +269,17 @@ bool ZmcTable::SaveTable(bool refill) {
   }
   // An entry goes when its row is stored: what couldn't be stored can be tried again.
   while (!ModifiedRows_.empty()) {
+    // Nothing is said of a file that has vanished, but what the operator typed isn't dropped for it.
+    if (!desk_.data.CanAccessUserFile()) return true;
     const Modified entry = ModifiedRows_.front();
-    if (desk_.data.CanAccessUserFile() &&
-        !desk_.CheckStored(SaveRow(RowInGrid(entry.row), entry.oldDescription))) {
-      return false;
-    }
+    if (!desk_.CheckStored(SaveEntry(entry.row, entry.oldDescription))) return false;
     ModifiedRows_.erase(ModifiedRows_.begin());
   }
   UpdateSoftKeys();
   reloadLists_();
-  if (refill) Fill();
+  if (!refill) return true;
+  Fill();
+  UpdateSoftKeys();
   return true;
 }
 

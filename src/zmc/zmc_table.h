@@ -16,6 +16,7 @@ namespace pnl {
 struct ZmcTableShape {
   ZmcTab tab;
   int columns;       // without the header column; the last one is the origin
+  int sortColumns;   // so many, from the first on, can order the rows
   int hiddenColumn;  // of the check cells
   int originColumn;
   int deleteItem;  // soft keys
@@ -45,7 +46,8 @@ class ZmcTable {
   [[nodiscard]] bool CanLeave();
   void AddRow();
   void DeleteRows();
-  /// Checks all changed rows, then saves each. False when a row was refused or couldn't be stored.
+  /// Checks all changed rows, then saves each. False when a row was refused or couldn't be stored. While there is no
+  /// user file, nothing is saved and the changes wait.
   bool SaveTable(bool refill);
 
   /// The records have changed elsewhere. The tab, if it was ever shown, is filled again.
@@ -55,8 +57,8 @@ class ZmcTable {
   void OnCommitted(int row, int col);
   void OnMoved() { UpdateSoftKeys(); }
   void OnHeaderClicked(int col);
-  /// A key that the tab sees before the grid. close is called for an Escape that no edit takes. True when the grid isn't
-  /// to get the key.
+  /// A key that the tab sees before the grid. close is called for an Escape that no edit takes. True when the grid
+  /// isn't to get the key.
   bool OnKey(ZmcKey key, const std::function<void()>& close);
 
  protected:
@@ -68,8 +70,8 @@ class ZmcTable {
   virtual void SetKinds(int row) = 0;
   /// The column that orders the rows, 0 for none, and its direction.
   [[nodiscard]] virtual std::pair<int, bool> SortColumn() const = 0;
-  /// Orders by that column, the other way round if it does already. False for a column that orders nothing.
-  virtual bool OrderBy(int col) = 0;
+  /// Orders by that column, the other way round if it does already, and not at all after both.
+  virtual void OrderBy(int col) = 0;
 
   [[nodiscard]] ZmcGrid& Grid() const { return desk_.View().Grid(shape_.tab); }
   [[nodiscard]] ZmcDesk& Desk() const { return desk_; }
@@ -87,6 +89,7 @@ class ZmcTable {
   [[nodiscard]] bool CheckRows();
   [[nodiscard]] bool DeleteRow(int row);
   void NoteModified(int row, const Text& oldDescription);
+  [[nodiscard]] CuttingError SaveEntry(int row, const Text& oldDescription);
   void Step(bool forward);
   [[nodiscard]] bool EnableSoftKeys();
   void UpdateSoftKeys();
@@ -96,8 +99,8 @@ class ZmcTable {
   const std::function<void()> reloadLists_;
   std::vector<ZmcTableRow> known_;  // the rows as they were last filled or committed
   std::vector<Modified> ModifiedRows_;
+  int fills_ = 0;  // how often the rows were filled
   bool made_ = false;
-  bool filled_ = false;
 };
 
 }  // namespace pnl

@@ -14,20 +14,12 @@ constexpr int kByDate = 0;
 constexpr int kByDescription = 1;
 constexpr int kByToolType = 2;
 
-constexpr ZmcTableShape kMaterialsShape = {ZmcTab::kMaterials,
-                                           7,
-                                           6,
-                                           7,
-                                           zmc_command::kDeleteMaterials,
-                                           zmc_command::kSaveMaterials,
-                                           zmc_text::kSaveMaterials};
-constexpr ZmcTableShape kOperationsShape = {ZmcTab::kOperations,
-                                            4,
-                                            3,
-                                            4,
-                                            zmc_command::kDeleteOperations,
-                                            zmc_command::kSaveOperations,
-                                            zmc_text::kSaveOperations};
+constexpr ZmcTableShape kMaterialsShape = {
+    ZmcTab::kMaterials,      7, kByDescription, 6, 7, zmc_command::kDeleteMaterials, zmc_command::kSaveMaterials,
+    zmc_text::kSaveMaterials};
+constexpr ZmcTableShape kOperationsShape = {
+    ZmcTab::kOperations,      4, kByToolType, 3, 4, zmc_command::kDeleteOperations, zmc_command::kSaveOperations,
+    zmc_text::kSaveOperations};
 constexpr int kForceColumn = 5;
 constexpr int kToolTypeColumn = 2;
 /// The texts of the tool types, in the order of their list.
@@ -35,7 +27,8 @@ constexpr int kToolTypeTexts[] = {89, 90, 98, 91, 92, 93, 94, 95, 96, 97};
 
 Text Now() { return CuttingDate(static_cast<std::int64_t>(std::time(nullptr))); }
 
-/// One column after the other: ascending, descending, then by date again.
+/// The types of ordering are the columns that they sort by. A column orders ascending, then descending, then gives way
+/// to the order by date.
 void StepOrder(int type, std::int32_t& ordering, bool& aToZ) {
   if (ordering != type) {
     ordering = type;
@@ -115,11 +108,9 @@ std::pair<int, bool> ZmcMaterials::SortColumn() const {
   return {kept.OrderingMaterialType == kByDate ? 0 : kByDescription, kept.MaterialAToZ};
 }
 
-bool ZmcMaterials::OrderBy(int col) {
-  if (col != kByDescription) return false;
+void ZmcMaterials::OrderBy(int col) {
   ZmcKept& kept = Desk().settings.kept;
-  StepOrder(kByDescription, kept.OrderingMaterialType, kept.MaterialAToZ);
-  return true;
+  StepOrder(col, kept.OrderingMaterialType, kept.MaterialAToZ);
 }
 
 // Operations.
@@ -157,8 +148,12 @@ void ZmcOperations::SetKinds(int row) {
 
 CuttingError ZmcOperations::SaveRow(const ZmcTableRow& row, const Text& oldDescription) {
   const CuttingLists& lists = Desk().data.Lists();
-  const CT_Operacion old = CondicionesCorteParser::GetOperationByDescription(
-      row.factory ? lists.OperacionesFabrica : lists.OperacionesUsuario, oldDescription);
+  CT_Operacion old;
+  // A new row has no old record, not even one without a description.
+  if (!oldDescription.empty()) {
+    old = CondicionesCorteParser::GetOperationByDescription(
+        row.factory ? lists.OperacionesFabrica : lists.OperacionesUsuario, oldDescription);
+  }
   CT_Operacion record;
   record.descripcion = LeafOf(row.cells[0]);
   record.id = old.id;
@@ -179,11 +174,9 @@ std::pair<int, bool> ZmcOperations::SortColumn() const {
   return {ordering == kByDescription || ordering == kByToolType ? ordering : 0, kept.OperationAToZ};
 }
 
-bool ZmcOperations::OrderBy(int col) {
-  if (col != kByDescription && col != kToolTypeColumn) return false;
+void ZmcOperations::OrderBy(int col) {
   ZmcKept& kept = Desk().settings.kept;
-  StepOrder(col == kToolTypeColumn ? kByToolType : kByDescription, kept.OrderingOperationType, kept.OperationAToZ);
-  return true;
+  StepOrder(col, kept.OrderingOperationType, kept.OperationAToZ);
 }
 
 }  // namespace pnl

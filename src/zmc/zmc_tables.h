@@ -18,7 +18,7 @@ class ZmcMaterials final : public ZmcTable {
   void SetHeader() override;
   void SetKinds(int row) override;
   [[nodiscard]] std::pair<int, bool> SortColumn() const override;
-  bool OrderBy(int col) override;
+  void OrderBy(int col) override;
 };
 
 class ZmcOperations final : public ZmcTable {
@@ -32,7 +32,7 @@ class ZmcOperations final : public ZmcTable {
   void SetHeader() override;
   void SetKinds(int row) override;
   [[nodiscard]] std::pair<int, bool> SortColumn() const override;
-  bool OrderBy(int col) override;
+  void OrderBy(int col) override;
 };
 
 /// The time of a save as the records keep it, "%Y/%m/%d %H:%M:%S" in local time. seconds: since 1970 in UTC.

@@ -33,7 +33,8 @@ class FakeZmcGrid final : public ZmcGrid {
     int state = zmc_row_state::kNormal;
   };
 
-  FakeZmcGrid(int count, int columns) : columns_(columns) {
+  /// dead: the grid's window is gone. Whatever is asked of the grid then is a failed test.
+  FakeZmcGrid(int count, int columns, const bool& dead) : columns_(columns), dead_(dead) {
     for (int row = 0; row < count; ++row) AddRow();
   }
 
@@ -43,67 +44,82 @@ class FakeZmcGrid final : public ZmcGrid {
   bool editing = false;
   int sortColumn = 0;
   bool ascending = true;
+  int redrawn = 0;
   std::function<void(int row, int col)> onCommitted;
 
-  [[nodiscard]] int Rows() const override { return static_cast<int>(rows.size()); }
+  [[nodiscard]] int Rows() const override { return Asked(), static_cast<int>(rows.size()); }
   [[nodiscard]] Text CellText(int row, int col) const override { return Has(row, col) ? At(row, col).text : Text(); }
   void SetCellText(int row, int col, TextView text) override {
-    if (Has(row, col)) At(row, col).text = Text(text);
+    if (Has(row, col)) Own(row, col).text = Text(text);
   }
   [[nodiscard]] bool IsChecked(int row, int col) const override { return Has(row, col) && At(row, col).checked; }
   void SetChecked(int row, int col, bool on) override {
-    if (Has(row, col)) At(row, col).checked = on;
+    if (Has(row, col)) Own(row, col).checked = on;
   }
   [[nodiscard]] bool IsReadOnly(int row, int col) const override {
     if (!Has(row, col) || row == 0 || col == 0) return true;
-    if (rows[static_cast<std::size_t>(row)].state == zmc_row_state::kFactory && At(row, col).kind != ZmcCellKind::kCheck)
+    if (rows[static_cast<std::size_t>(row)].state == zmc_row_state::kFactory &&
+        At(row, col).kind != ZmcCellKind::kCheck)
       return true;
     return At(row, col).readOnly;
   }
   void SetReadOnly(int row, int col, bool on) override {
-    if (Has(row, col)) At(row, col).readOnly = on;
+    if (Has(row, col)) Own(row, col).readOnly = on;
   }
   void SetNumberFormat(int row, int col, const ZmcDigits& digits) override {
-    if (Has(row, col)) At(row, col).digits = digits;
+    if (Has(row, col)) Own(row, col).digits = digits;
   }
   void SetCellKind(int row, int col, ZmcCellKind kind, const std::vector<Text>& items) override {
-    if (Has(row, col)) At(row, col).kind = kind, At(row, col).items = items;
+    if (Has(row, col)) Own(row, col).kind = kind, Own(row, col).items = items;
   }
   void SetTint(int row, int col, bool on) override {
+    Asked();
     if (Has(row, col)) At(row, col).tint = on;
   }
-  void SetRowState(int row, int state) override { rows[static_cast<std::size_t>(row)].state = state; }
+  void SetRowState(int row, int state) override { Asked(), rows[static_cast<std::size_t>(row)].state = state; }
   int AddRow() override {
+    Asked();
     rows.push_back({std::vector<Cell>(static_cast<std::size_t>(columns_))});
     return Rows() - 1;
   }
   void RemoveRow(int row) override {
+    Asked();
     rows.erase(rows.begin() + row);
     current.row = std::min(current.row, Rows() - 1);
   }
-  void RemoveAllRows() override { rows.resize(1), current = {0, 0}; }
-  [[nodiscard]] ZmcCell Current() const override { return current; }
+  void RemoveAllRows() override { Asked(), rows.resize(1), current = {0, 0}, lastSelected = 0; }
+  [[nodiscard]] ZmcCell Current() const override { return Asked(), current; }
   void Select(ZmcCell cell) override {
-    if (Has(cell.row, cell.col)) current = cell, lastSelected = cell.row;
+    if (!Has(cell.row, cell.col) || cell.row == 0 || cell.col == 0) return;
+    CommitEdit();
+    current = cell, lastSelected = cell.row;
   }
   [[nodiscard]] std::pair<int, int> SelectedRows() const override {
+    Asked();
     return {std::min(current.row, lastSelected), std::max(current.row, lastSelected)};
   }
-  [[nodiscard]] bool IsEditing() const override { return editing; }
+  [[nodiscard]] bool IsEditing() const override { return Asked(), editing; }
   void BeginEdit(ZmcCell cell) override {
-    current = cell;
+    Asked();
+    current = cell, lastSelected = cell.row;
     editing = !IsReadOnly(cell.row, cell.col);
     typed_ = CellText(cell.row, cell.col);
   }
   void CommitEdit() override {
+    Asked();
     if (!std::exchange(editing, false)) return;
     SetCellText(current.row, current.col, typed_);
     if (onCommitted) onCommitted(current.row, current.col);
   }
-  void CancelEdit() override { editing = false; }
-  void ShowSortMarker(int col, bool up) override { sortColumn = col, ascending = up; }
-  void Redraw() override {}
+  void CancelEdit() override { Asked(), editing = false; }
+  void ShowSortMarker(int col, bool up) override { Asked(), sortColumn = col, ascending = up; }
+  void Redraw() override { Asked(), ++redrawn; }
 
+  /// The operator types into the open edit.
+  void TypeHere(TextView text) {
+    EXPECT_TRUE(editing) << "no edit is open";
+    typed_ = Text(text);
+  }
   /// The operator types into a cell and commits it. False for a cell that takes no typing.
   bool Type(int row, int col, TextView text) {
     BeginEdit({row, col});
@@ -129,11 +145,16 @@ class FakeZmcGrid final : public ZmcGrid {
   }
 
  private:
-  [[nodiscard]] bool Has(int row, int col) const { return row >= 0 && row < Rows() && col >= 0 && col < columns_; }
-  [[nodiscard]] Cell& At(int row, int col) {
+  void Asked() const { EXPECT_FALSE(dead_) << "asked of a grid whose window is gone"; }
+  [[nodiscard]] bool Has(int row, int col) const {
+    Asked();
+    return row >= 0 && row < Rows() && col >= 0 && col < columns_;
+  }
+  [[nodiscard]] Cell& Own(int row, int col) {
     return rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(col)];
   }
   const int columns_;
+  const bool& dead_;
   Text typed_;
 };
 
@@ -162,9 +183,9 @@ class FakeZmcView final : public FakeView<ZmcView> {
     bool editing = false;
   };
   std::map<int, Control> controls;
-  FakeZmcGrid main{5, 4};
-  FakeZmcGrid materials{1, 8};
-  FakeZmcGrid operations{1, 5};
+  FakeZmcGrid main{5, 4, dead};
+  FakeZmcGrid materials{1, 8, dead};
+  FakeZmcGrid operations{1, 5, dead};
   std::set<ZmcTab> made;
   std::set<ZmcTab> shownTabs;
   int focused = 0;

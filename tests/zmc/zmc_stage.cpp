@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <regex>
 
 namespace pnl::test {
 namespace {
@@ -23,7 +24,8 @@ PackContents Contents() {
 /// Two materials, two operations; the first pair has limits and a quality, steel and milling have nothing selected.
 constexpr const char* kFactoryData =
     "<CondicionesCorte><MaterialesDefinition>"
-    "<MaterialDefinition><id>1.0503#F-1142#1045</id><descripcion>Steel</descripcion><Norma><AlemaniaW>1.0503</AlemaniaW>"
+    "<MaterialDefinition><id>1.0503#F-1142#1045</id><descripcion>Steel</descripcion><Norma><AlemaniaW>1.0503</"
+    "AlemaniaW>"
     "<UNE>F-1142</UNE><AISI>1045</AISI></Norma><KC>2000</KC></MaterialDefinition>"
     "<MaterialDefinition><id>##</id><descripcion>Brass</descripcion><KC>800</KC></MaterialDefinition>"
     "</MaterialesDefinition><Operaciones>"
@@ -68,10 +70,10 @@ ZmcStage::ZmcStage() : ToolStage(Contents()) {
   Define(u"DM.ZMC.SUNIT", 0);
   Define(u"SP.DMCSPDL", 1);
   Define(u"E.HELPDATA", u"");
-  cnc.Tables().SetTool(3, 1, {1, 1, 100000, 4});   // an end mill of 10 mm
-  cnc.Tables().SetTool(4, 1, {1, 2, 60000, 2});    // a ball nose
-  cnc.Tables().SetTool(7, 5, {5, 10, 0, 1});       // a turning tool
-  cnc.Tables().SetTool(12, 2, {2, 7, 85000, 2});   // a drill
+  cnc.Tables().SetTool(3, 1, {1, 1, 100000, 4});  // an end mill of 10 mm
+  cnc.Tables().SetTool(4, 1, {1, 2, 60000, 2});   // a ball nose
+  cnc.Tables().SetTool(7, 5, {5, 10, 0, 1});      // a turning tool
+  cnc.Tables().SetTool(12, 2, {2, 7, 85000, 2});  // a drill
   Factory() = kFactoryData;
 }
 
@@ -93,7 +95,9 @@ void ZmcStage::Open() {
   view->onLineFocus = [this](int id, bool focused) { Call(&ZmcSession::OnLineFocus, id, focused); };
   view->onToolLeft = [this] { Tell([](ZmcSession& session) { session.OnToolLeft(); }); };
   for (const ZmcTab tab : kZmcTabs) {
-    view->GridOf(tab).onCommitted = [this, tab](int row, int col) { Call(&ZmcSession::OnCellCommitted, tab, row, col); };
+    view->GridOf(tab).onCommitted = [this, tab](int row, int col) {
+      Call(&ZmcSession::OnCellCommitted, tab, row, col);
+    };
   }
   tool = std::make_shared<ZmcSession>(context, *view);
   Forget();
@@ -133,9 +137,48 @@ void ZmcStage::Enter(int field, TextView text) {
 
 void ZmcStage::Focus(int id) { view->FocusControl(id); }
 
+void ZmcStage::TypeTool(TextView text) {
+  Focus(zmc_control::kTool);
+  view->controls.at(zmc_control::kTool).text = Text(text);
+  Call(&ZmcSession::OnToolTyped);
+}
+
+void ZmcStage::MoveTo(ZmcTab tab, int row, int col) {
+  view->GridOf(tab).Select({row, col});
+  Call(&ZmcSession::OnCellMoved, tab);
+}
+
+void ZmcStage::ComputeSteel() {
+  Pick(zmc_control::kMaterial, u"Steel");
+  Pick(zmc_control::kOperation, u"Milling");
+  Pick(zmc_control::kTool, u"T3");
+  constexpr TextView kSelected[] = {u"120", u"0.05", u"2", u"50"};
+  for (int row = 1; row <= 4; ++row) EXPECT_TRUE(Cell(row, 3, kSelected[row - 1]));
+}
+
 std::string ZmcStage::UserFile() const {
-  const auto found = files.disc.find("C:\\P118\\CondicionesCorteP.xml");
+  const auto found = files.disc.find(kUserPath);
   return found != files.disc.end() ? found->second : "none";
+}
+
+std::string ZmcStage::UserFileWithoutDates() const {
+  return std::regex_replace(UserFile(), std::regex("[0-9]{4}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}"), "DATE");
+}
+
+void ZmcStage::SetUserFile(const std::string& materials, const std::string& operations) {
+  files.disc[kUserPath] = "<CondicionesCorte><MaterialesDefinition>" + materials +
+                          "</MaterialesDefinition><Operaciones>" + operations + "</Operaciones></CondicionesCorte>";
+}
+
+std::string ZmcStage::Ini() const {
+  const auto found = files.disc.find(kIniPath);
+  return found != files.disc.end() ? found->second : "none";
+}
+
+std::vector<std::string> ZmcStage::TakeBoxes() {
+  std::vector<std::string> texts;
+  for (const BoxSpec& box : std::exchange(windows.boxes, {})) texts.push_back(ToUtf8(box.text));
+  return texts;
 }
 
 }  // namespace pnl::test
