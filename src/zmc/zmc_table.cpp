@@ -44,7 +44,7 @@ void ZmcTable::Fill() {
 }
 
 void ZmcTable::Refill() {
-  if (filled_) Fill();
+  if (fills_ != 0) Fill();
 }
 
 void ZmcTable::ShowRow(int row, const ZmcTableRow& content) {
