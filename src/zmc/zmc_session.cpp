@@ -12,11 +12,6 @@ namespace {
 constexpr int kTool = PNL_TOOL_MACHINING_CALCULATOR;
 constexpr int kMostLines = 3;
 
-TextView TextAt(std::intptr_t address) {
-  const auto* text = reinterpret_cast<const char16_t*>(address);
-  return text != nullptr ? TextView(text) : TextView();
-}
-
 }  // namespace
 
 ZmcSession::ZmcSession(const ToolContext& context, ZmcView& view)
