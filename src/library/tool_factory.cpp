@@ -32,10 +32,8 @@ struct ToolRow {
 };
 
 constexpr ToolRow kTools[] = {
-    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>},
-    {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
-    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},
-    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
+    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>}, {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
+    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
     {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
 };
 
