@@ -103,8 +103,8 @@ void DrawTriangle(QPainter& painter, const QRect& area, int width, bool up, cons
 
 void DrawCheckMark(QPainter& painter, const QRect& area, int side, bool checked, const QColor& ink,
                    const QColor& ground) {
-  const QRectF box(area.left() + (area.width() - side) / 2 + 1.0, area.top() + (area.height() - side) / 2 + 1.0,
-                   side - 2.0, side - 2.0);
+  const QPoint corner(area.left() + (area.width() - side) / 2, area.top() + (area.height() - side) / 2);
+  const QRectF box = QRectF(corner, QSizeF(side, side)).adjusted(1, 1, -1, -1);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(ink, 2));
