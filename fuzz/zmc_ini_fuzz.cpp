@@ -7,6 +7,9 @@
 #include "support/memory_files.h"
 #include "zmc/logic/zmc_settings.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 using pnl::CIniFile;
@@ -16,7 +19,7 @@ using pnl::ZmcSettings;
 const std::string kFile = "C:\\P52\\ZMC7340.ini";
 
 /// The keys that a new file gets.
-bool IsOurs(const Text& key) {
+std::vector<Text> OurKeys() {
   pnl::test::MemoryFiles files;
   pnl::test::FakeUtilities utilities;
   ZmcSettings settings(files, utilities);
@@ -24,7 +27,12 @@ bool IsOurs(const Text& key) {
   FUZZ_CHECK(settings.Save());
   CIniFile ini(files);
   FUZZ_CHECK(ini.ReadIniFile(pnl::FromUtf8(kFile)));
-  return ini.ReadString(u"PRIVATE", key, u"\x1") != u"\x1";
+  return ini.GetKeyNames(u"PRIVATE");
+}
+
+bool IsOurs(const Text& key) {
+  static const std::vector<Text> ours = OurKeys();
+  return std::any_of(ours.begin(), ours.end(), [&key](const Text& name) { return pnl::EqualNoCase(name, key); });
 }
 
 void CheckOtherKeys(CIniFile& before, CIniFile& after) {

@@ -298,6 +298,16 @@ enum PnlReady {
   PNL_READY_EXPLORER_LEFT = 3 /* the explorer was left without a file */
 };
 
+/*
+ * Commands (PNL_MSG_COMMAND) that the machining calculator takes beside those of its menus. A host may have keys for
+ * them. Export and import ask the host for the explorer (slot 8).
+ */
+enum PnlMachiningCommand {
+  PNL_ZMC_EXPORT = 33001, /* the user's materials and operations into a table for a spreadsheet */
+  PNL_ZMC_IMPORT = 33002, /* from such a table: all of it or nothing */
+  PNL_ZMC_CHANGES = 33003 /* shows what the user's data change against the machine maker's */
+};
+
 /* Messages with a registered name, to the main window. */
 /* Asks the panel to close. first: 1; second: 0. */
 #define PNL_NAME_CLOSE_PANEL "ZM_CLOSE7340"

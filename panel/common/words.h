@@ -92,6 +92,9 @@ enum class Word {
   // Questions
   kOk,
   kClose,
+  kExport,
+  kImport,
+  kOwnChanges,
   kPassword,
   kWrongPassword,
   kDemoPasswordIs,

@@ -42,6 +42,8 @@ QJsonValue CellOf(const QModelIndex& index) {
 }
 
 bool IsEditing(const QTableView* grid) {
+  const QVariant editing = grid->property("pnlEditing");
+  if (editing.isValid()) return editing.toBool();
   const QWidget* focus = QApplication::focusWidget();
   return focus != nullptr && focus != grid->viewport() && grid->viewport()->isAncestorOf(focus);
 }
@@ -79,14 +81,19 @@ RpcResult UiGrid(RemoteWorld& /*world*/, Params& params) {
                                 {"sort", header->isSortIndicatorShown() ? header->sortIndicatorSection() : -1}});
 }
 
-/// Reads "row" and "col" and returns the model's index. The header row can't be chosen.
+/// Reads "row" and "col" and returns the model's index. Fixed and hidden cells can't be chosen.
 QModelIndex ReadCell(Params& params, const QTableView* grid) {
   const auto row = static_cast<int>(params.Integer("row", 1, kLargestIndex));
   const auto column = static_cast<int>(params.Integer("col", 0, kLargestIndex));
   const QAbstractItemModel* model = grid->model();
   if (row > model->rowCount()) params.Fail("row", "there is no such row");
   if (column >= model->columnCount()) params.Fail("col", "there is no such column");
-  return params.Problem() ? QModelIndex() : model->index(row - 1, column);
+  if (params.Problem()) return {};
+  const QModelIndex cell = model->index(row - 1, column);
+  if (grid->isColumnHidden(column) || !model->flags(cell).testFlag(Qt::ItemIsEnabled)) {
+    params.Fail("col", "the cell can't be chosen");
+  }
+  return params.Problem() ? QModelIndex() : cell;
 }
 
 RpcResult UiGridSelect(RemoteWorld& /*world*/, Params& params) {
@@ -105,25 +112,69 @@ RpcResult UiGridSelect(RemoteWorld& /*world*/, Params& params) {
   return Done();
 }
 
-/// Opens the cell's editor, types the text and closes the editor with Enter.
-void TypeIntoCell(QTableView* grid, const QModelIndex& cell, const QString& text) {
+/// The editor that is open in the grid: the newest of its class.
+template <typename Editor>
+Editor* OpenEditor(const QTableView* grid) {
+  const auto editors = grid->viewport()->findChildren<Editor*>(Qt::FindDirectChildrenOnly);
+  return editors.isEmpty() ? nullptr : editors.last();
+}
+
+void PressIn(QWidget* editor, int key, const QString& text) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QApplication::sendEvent(editor, &press);
+}
+
+/// Types one character after the other, because an editor may refuse some. A character may have two code units.
+void TypeIntoLine(QLineEdit* line, const QString& text) {
+  const QPointer<QLineEdit> open(line);
+  line->selectAll();
+  line->del();
+  for (qsizetype i = 0; open && i < text.size();) {
+    const qsizetype length = text[i].isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+    line->insert(text.mid(i, length));
+    i += length;
+  }
+  if (open) PressIn(open, Qt::Key_Return, "\r");
+}
+
+/// Chooses the item with that text. Returns false when there is none: the list is closed with Escape.
+bool ChooseInList(QAbstractItemView* list, const QString& text) {
+  const QPointer<QAbstractItemView> open(list);
+  const QAbstractItemModel* items = list->model();
+  for (int row = 0; row < items->rowCount(); ++row) {
+    if (items->index(row, 0).data().toString() != text) continue;
+    list->setCurrentIndex(items->index(row, 0));
+    if (open) PressIn(open, Qt::Key_Return, "\r");
+    return true;
+  }
+  PressIn(list, Qt::Key_Escape, {});
+  return false;
+}
+
+/// Opens the cell's editor, types the text and closes the editor with Enter. Returns false when the editor is a list
+/// without that text.
+bool TypeIntoCell(QTableView* grid, const QModelIndex& cell, const QString& text) {
+  const QPointer<QTableView> alive(grid);
+  const QPersistentModelIndex place(cell);
+  grid->setCurrentIndex(cell);
+  if (!alive || !place.isValid()) return true;
+  grid->edit(place);
+  if (!alive) return true;
+  if (auto* line = OpenEditor<QLineEdit>(grid)) {
+    TypeIntoLine(line, text);
+  } else if (auto* list = OpenEditor<QAbstractItemView>(grid)) {
+    return ChooseInList(list, text);
+  }
+  return true;
+}
+
+/// Turns the cell's check as a touch does.
+void CheckCell(QTableView* grid, const QModelIndex& cell, bool checked) {
   const QPointer<QTableView> alive(grid);
   const QPersistentModelIndex place(cell);
   grid->setCurrentIndex(cell);
   if (!alive || !place.isValid()) return;
-  grid->edit(place);
-  auto* editor = alive ? qobject_cast<QLineEdit*>(QApplication::focusWidget()) : nullptr;
-  if (editor == nullptr || !grid->viewport()->isAncestorOf(editor)) {
-    const auto editors = alive ? grid->viewport()->findChildren<QLineEdit*>() : QList<QLineEdit*>();
-    if (editors.isEmpty()) return;
-    editor = editors.last();
-  }
-  const QPointer<QLineEdit> open(editor);
-  editor->selectAll();
-  editor->insert(text);
-  if (!open) return;
-  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
-  QApplication::sendEvent(open, &enter);
+  grid->model()->setData(place, checked ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
 }
 
 RpcResult UiGridEdit(RemoteWorld& /*world*/, Params& params) {
@@ -139,9 +190,9 @@ RpcResult UiGridEdit(RemoteWorld& /*world*/, Params& params) {
   if (check && !flags.testFlag(Qt::ItemIsUserCheckable)) return BadParameter("checked", "the cell has no check");
   if (!check && !flags.testFlag(Qt::ItemIsEditable)) return BadParameter("text", "the cell is read-only");
   if (check) {
-    grid->model()->setData(cell, checked ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-  } else {
-    TypeIntoCell(grid, cell, text);
+    CheckCell(grid, cell, checked);
+  } else if (!TypeIntoCell(grid, cell, text)) {
+    return BadParameter("text", "the list has no such item");
   }
   return Done();
 }

@@ -67,6 +67,9 @@ void MarkIn(TextEdit* edit, int start, int end) {
 QModelIndex IndexOf(const QAbstractItemView* view, int row, int column = 0) {
   const QModelIndex current = view->rootIndex();
   const QVariant shown = view->property("modelColumn");
+  // A grid shows its fixed column as a header. The first cell of a row is then in the next column.
+  const auto* table = qobject_cast<const QTableView*>(view);
+  while (table != nullptr && table->isColumnHidden(column) && column + 1 < table->model()->columnCount()) ++column;
   return view->model()->index(row, shown.isValid() ? shown.toInt() : column, current);
 }
 

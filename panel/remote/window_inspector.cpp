@@ -238,6 +238,7 @@ QJsonObject WindowInspector::DescribeControl(QWidget* window, QWidget* control) 
   DescribeItems(told, control);
   const auto* button = qobject_cast<QAbstractButton*>(control);
   if (button != nullptr && button->isCheckable()) told["checked"] = button->isChecked();
+  CopyProperty(told, "checked", control, "pnlChecked");
   CopyProperty(told, "limit", control, "pnlLimit");
   CopyProperty(told, "back", control, "pnlBack");
   CopyProperty(told, "fore", control, "pnlFore");

@@ -84,15 +84,19 @@ std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
 }
 
 std::vector<SoftKeyItem> PanelItemsOf(int tool) {
-  if (tool != PNL_TOOL_EXPLORER) return {};
-  SoftKeyItem accept;
-  accept.id = kAcceptItem;
-  accept.text = Say(Word::kOk);
-  SoftKeyItem leave;
-  leave.id = kLeaveItem;
-  leave.text = Say(Word::kClose);
-  return {accept, leave};
+  const auto item = [](int id, Word word) {
+    SoftKeyItem made;
+    made.id = id;
+    made.text = Say(word);
+    return made;
+  };
+  if (tool == PNL_TOOL_EXPLORER) return {item(kAcceptItem, Word::kOk), item(kLeaveItem, Word::kClose)};
+  if (tool != PNL_TOOL_MACHINING_CALCULATOR) return {};
+  return {item(PNL_ZMC_EXPORT, Word::kExport), item(PNL_ZMC_IMPORT, Word::kImport),
+          item(PNL_ZMC_CHANGES, Word::kOwnChanges), item(kLeaveItem, Word::kClose)};
 }
+
+bool IsToolItem(int id) { return id == PNL_ZMC_EXPORT || id == PNL_ZMC_IMPORT || id == PNL_ZMC_CHANGES; }
 
 int KeyOfItem(int id) { return id == kAcceptItem ? Qt::Key_Return : id == kLeaveItem ? Qt::Key_Escape : 0; }
 

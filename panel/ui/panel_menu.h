@@ -18,10 +18,12 @@ namespace panel {
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 
 /// The panel's keys after those of a tool's menu in the main bar: what the keyboard's Enter and Escape do, for a tool
-/// that has no keys of its own for it.
+/// that has no keys of its own for it, and commands of the tool that its menus don't have.
 [[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool);
 /// Returns the key of the keyboard that does the same as an item; 0 for any other item.
 [[nodiscard]] int KeyOfItem(int id);
+/// Whether the item is such a command, which the tool gets.
+[[nodiscard]] bool IsToolItem(int id);
 
 /// Returns the action of an item; nothing for an item without one.
 [[nodiscard]] std::optional<Action> ActionOfItem(int id);

@@ -318,6 +318,7 @@ void PanelWindow::PressSide(int slot) {
 void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (menu != 0) return op_.SendCommand(tool, id);
   if (const int key = KeyOfItem(id); key != 0) return session_.TypeInto(tool, key);
+  if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
   if (id == kFaultsItem) {
     faultKeys_ = true;

@@ -21,6 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr double kHighest = 1e5;  // of a figure in the tables
+
 /// A line of a table, without comments. The first field is its key, but for pairs, which have two.
 struct Row {
   std::string place;  // file and line, for messages
@@ -73,7 +75,7 @@ std::optional<double> NumberOf(const Row& row, std::size_t column) {
   const std::string& field = row.fields[column];
   if (field == "-") return std::nullopt;
   const std::optional<double> number = pnl::ParseDouble(pnl::FromUtf8(field));
-  if (!number || *number <= 0 || *number > 1e5) Fail(row.place, field + " is no limit");
+  if (!number || !(*number > 0 && *number <= kHighest)) Fail(row.place, field + " is no limit");
   return number;
 }
 
@@ -128,7 +130,7 @@ class Compiler {
   void AddMaterial(pugi::xml_node parent, const Row& row) const {
     pugi::xml_node node = parent.append_child("MaterialDefinition");
     std::string id;
-    for (const std::size_t column : {1, 2, 3}) {
+    for (std::size_t column = 1; column <= 3; ++column) {
       id += (column == 1 ? "" : "#") + (row.fields[column] == "-" ? std::string() : row.fields[column]);
     }
     AddText(node, "id", id);

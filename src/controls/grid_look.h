@@ -31,6 +31,7 @@ struct GridCellFace {
   bool current = false;
   bool focused = false;  // the grid has the focus
   bool enabled = true;
+  bool tint = false;  // the operator should look at the value
 };
 
 /// The ground of a cell, and a text colour that is seen on it.
@@ -45,6 +46,8 @@ void DrawGridCell(QPainter& painter, const QRect& cell, const GridColors& colors
 /// Draws a box and, if checked, a check mark in it. side is the box's width and height.
 void DrawCheckMark(QPainter& painter, const QRect& area, int side, bool checked, const QColor& ink,
                    const QColor& ground);
+/// Marks the fixed cell of a row that failed, at its left edge.
+void DrawFailedBar(QPainter& painter, const QRect& fixedCell);
 /// A triangle that points up or down in the middle of the area.
 void DrawTriangle(QPainter& painter, const QRect& area, int width, bool up, const QColor& ink);
 

@@ -55,6 +55,9 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] std::optional<NumberFormat> FormatOf(int row, int column) const;
   [[nodiscard]] GridRowState RowState(int row) const;
   void SetRowState(int row, GridRowState state);
+  /// A tint on a cell whose value the operator should look at.
+  void SetTint(int row, int column, bool on);
+  [[nodiscard]] bool HasTint(int row, int column) const { return Cell(row, column).tint; }
   /// Whether the operator may change the cell.
   [[nodiscard]] bool AcceptsEdit(int row, int column) const;
   [[nodiscard]] bool IsConsistent() const;
@@ -78,6 +81,7 @@ class GridModel : public QAbstractTableModel {
     GridCellKind kind = GridCellKind::kText;
     bool readOnly = false;
     bool checked = false;
+    bool tint = false;
   };
   struct GridRow {
     std::vector<GridCell> cells;

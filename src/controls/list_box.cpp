@@ -6,13 +6,13 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
+#include "controls/wide_scroll_bar.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 
@@ -20,7 +20,6 @@ namespace pnl {
 namespace {
 
 constexpr int kFingerHeight = 34;
-constexpr int kBarWidth = 30;
 constexpr int kSideMargin = 6;
 constexpr std::uint32_t kItemFormat =
     draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kExpandTabs | draw::kEndEllipsis;
@@ -43,12 +42,6 @@ class ItemDelegate : public QStyledItemDelegate {
 };
 
 bool IsUpOrDown(const QKeyEvent& event) { return event.key() == Qt::Key_Up || event.key() == Qt::Key_Down; }
-
-class WideScrollBar : public QScrollBar {
- public:
-  using QScrollBar::QScrollBar;
-  [[nodiscard]] QSize sizeHint() const override { return {kBarWidth, QScrollBar::sizeHint().height()}; }
-};
 
 }  // namespace
 

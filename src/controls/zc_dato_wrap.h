@@ -64,7 +64,9 @@ class ZCDatoWrap : public QLineEdit {
   QString written_;
   QString start_;  // the text with which the edit began
   bool editing_ = false;
-  bool refused_ = false;
+  bool edited_ = false;   // the key under way has changed the text
+  bool refused_ = false;  // the text was refused and not changed since
+  bool fresh_ = false;    // the focus has come with a touch whose press follows
   Color back_ = SystemColor(kColorWindow);
   Color text_ = SystemColor(kColorWindowText);
 };

@@ -9,16 +9,14 @@
 #include <utility>
 #include <vector>
 
-#include "controls/entry_validator.h"
-#include "controls/grid_look.h"
+#include "controls/grid_delegate.h"
 #include "controls/grid_model.h"
 
 namespace pnl {
 
-class GridDelegate;
 class GridHeader;
 
-class ZCGridXWrap : public QTableView {
+class ZCGridXWrap : public QTableView, private GridEditing {
   Q_OBJECT
   Q_PROPERTY(bool pnlEditing READ IsEditing)
   Q_PROPERTY(uint pnlBack READ BackColor)
@@ -59,18 +57,19 @@ class ZCGridXWrap : public QTableView {
   /// The first and the last selected row; 0 and 0 when none is selected.
   [[nodiscard]] std::pair<int, int> SelectedRows() const;
 
+  using QTableView::edit;
   /// Opens an edit in the present cell. Returns false when it accepts none.
   bool BeginEdit();
   /// Stores what was typed and closes the edit. Returns false when it may not be stored: the edit is still open, with
   /// all of it selected. Returns true when no edit is open. The cell stays selected.
-  bool CommitEdit();
+  bool CommitEdit() override;
   /// Closes the edit. The cell keeps its old text.
-  void CancelEdit();
+  void CancelEdit() override;
   [[nodiscard]] bool IsEditing() const;
   /// Turns the present cell's check as the operator does. Returns false when it has none or can't be changed.
   bool ToggleCheck();
   /// Asked for every text before it is typed into a text cell or stored there.
-  void SetTextCheck(TextCheck check) { check_ = std::move(check); }
+  void SetTextCheck(TextCheck check) { delegate_->SetTextCheck(std::move(check)); }
   /// Sees each key press in the grid and in its open edit first. Returns true if it has taken the key.
   void SetKeyHook(KeyHook hook) { keyHook_ = std::move(hook); }
   void Redraw();
@@ -89,6 +88,7 @@ class ZCGridXWrap : public QTableView {
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+  void reset() override;
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -98,29 +98,40 @@ class ZCGridXWrap : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  friend class GridDelegate;
+  /// Does an operation. The signals that it causes are emitted when the outermost one has ended.
   template <typename Step>
-  void InStep(Step step);
+  void InStep(Step step) {
+    ++depth_;
+    step();
+    if (--depth_ == 0) TellNews();
+  }
+  /// Does a part of one of the kit's own operations, in which no signal may be emitted. What is to be told is told
+  /// from the event loop, unless an operation of the grid is under way.
+  template <typename Part>
+  void InKit(Part part) {
+    ++depth_;
+    part();
+    if (--depth_ == 0) TellLater();
+  }
   void TellNews();
   void TellLater();
   void NoteFocus();
-  void Store(const QModelIndex& index, const QString& text);
-  void LeaveEdit();
-  /// Returns true when the key needs nothing more: the hook has taken it or destroyed the grid.
-  bool RunKeyHook(QKeyEvent& event);
-  bool MoveKey(QKeyEvent& event);
-  bool MoveBy(bool forward);
-  bool StartTyping(const QKeyEvent& event);
+  void Store(const QModelIndex& index, const QString& text) override;
+  void LeaveEdit() override;
+  bool RunKeyHook(QKeyEvent& event) override;
+  bool MoveBy(bool forward) override;
+  /// Opens an edit and types into it. Returns false when the cell accepts none or not this text.
+  bool BeginTyping(const QString& text);
   [[nodiscard]] QModelIndex Index(int row, int column) const { return cells_.index(row - 1, column); }
-  [[nodiscard]] int LineHeight() const;
   void UseFont();
+  void HideFixedColumn();
+  void MakeHeaders();
 
   GridModel cells_;
   GridColors colors_;
   GridDelegate* delegate_;
   GridHeader* columnHeader_;
   GridHeader* rowHeader_;
-  TextCheck check_;
   KeyHook keyHook_;
   int depth_ = 0;  // operations that are under way, one inside the other
   std::vector<std::function<void()>> news_;

@@ -17,11 +17,6 @@ int FitOr(Utilities& utilities, int height, int grown) {
   return fitted > height ? grown : fitted;
 }
 
-Text TextAt(std::intptr_t address) {
-  if (address == 0) return {};
-  return reinterpret_cast<const char16_t*>(address);  // NOLINT(performance-no-int-to-ptr)
-}
-
 }  // namespace
 
 XplrSession::XplrSession(const ToolContext& context, XplrView& view)

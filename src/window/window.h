@@ -23,6 +23,12 @@ struct Message {
   std::intptr_t second = 0;
 };
 
+/// The text whose address is an argument of a message; empty for 0.
+[[nodiscard]] inline Text TextAt(std::intptr_t address) {
+  if (address == 0) return {};
+  return reinterpret_cast<const char16_t*>(address);  // NOLINT(performance-no-int-to-ptr)
+}
+
 /// The number of a name, from 0xC000 up. A new name gets the next free number. The process has one registry. Returns 0
 /// for an empty name and when no number is left.
 [[nodiscard]] std::uint32_t RegisterMessage(std::string_view name);

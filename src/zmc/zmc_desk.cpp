@@ -17,12 +17,8 @@ ZmcDesk::ZmcDesk(const ToolContext& context, ViewAccess view, HostAccess host)
       host_(std::move(host)) {}
 
 BoxAnswer ZmcDesk::Ask(Text text, BoxStyle style) const {
-  BoxSpec box;
-  box.title = u"CNC";
-  box.text = std::move(text);
-  box.style = style;
   ZmcView& view = View();
-  box.show = [&view](const BoxSpec& spec) { return view.AskInBox(spec); };
+  const BoxSpec box{Text(u"CNC"), std::move(text), style, [&view](const BoxSpec& spec) { return view.AskInBox(spec); }};
   return context_.windows.ShowBox(view.Handle(), box);
 }
 

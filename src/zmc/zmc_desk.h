@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "host/tool_context.h"
 #include "zmc/logic/zmc_machine.h"
@@ -31,6 +32,9 @@ class ZmcDesk {
   [[nodiscard]] bool AskYesNo(int text) const;
   [[nodiscard]] bool AskYesNoWith(int text, TextView inserted) const;
   [[nodiscard]] bool AskYesNoMany(int text) const { return AskYesNo(text); }
+  /// The same with a text that isn't in the pack.
+  void ShowText(Text text) const { (void)Ask(std::move(text), BoxStyle::kInfo); }
+  [[nodiscard]] bool AskText(Text text) const { return Ask(std::move(text), BoxStyle::kQuestion) == BoxAnswer::kYes; }
 
   /// Sends the frame its own message: a text for a line of the message zone (0 counts as 1), in one of three colours.
   void ShowMessage(int color, int line, TextView text) const;

@@ -60,6 +60,9 @@ inline constexpr int kReasonSpindle = 3062;
 inline constexpr int kReasonTool = 3057;
 inline constexpr int kBand = 503;
 inline constexpr int kInnerBand = 504;
+// Beyond the dialog: in the room that it leaves free.
+inline constexpr int kFormula = 3101;
+inline constexpr int kPowerBar = 3102;
 // The tables.
 inline constexpr int kMaterialsTitle = 3056;
 inline constexpr int kMaterialsGrid = 3055;

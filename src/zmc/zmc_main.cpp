@@ -2,9 +2,12 @@
 #include "zmc/zmc_main.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "zmc/logic/zmc_block.h"
+#include "zmc/logic/zmc_formula.h"
 
 namespace pnl {
 namespace {
@@ -323,6 +326,21 @@ void ZmcMain::Write(const ZmcFields& before, const ZmcFields& after) {
   if (before.FUnit != after.FUnit) View().SelectItem(id::kFUnit, after.FUnit);
   if (before.SUnit != after.SUnit) View().SelectItem(id::kSUnit, after.SUnit);
   desk_.settings.kept.LastPartDiameter = after.LastPartDiameter;
+  Explain(after);
+}
+
+void ZmcMain::Explain(const ZmcFields& fields) {
+  constexpr int kSelected = 3;
+  const int focused = View().FocusedControl();
+  const auto field = std::find_if(std::begin(kDataFields), std::end(kDataFields),
+                                  [focused](const auto& row) { return row.first == focused; });
+  View().SetControlText(id::kFormula, field == std::end(kDataFields)
+                                          ? Text()
+                                          : FormulaText(field->second, cascade_, fields,
+                                                        desk_.LoadText(zmc_text::kRevolutions)));
+  const bool power = !fields.Power.empty() && cascade_.DmcUsable(fields);
+  View().SetPowerBar(power ? std::optional(DecimalOf(fields.Power)) : std::nullopt);
+  for (int row = 1; row <= kZmcGridRows; ++row) Grid().SetTint(row, kSelected, OutsideLimits(row, fields));
 }
 
 void ZmcMain::Compute(const std::function<void(ZmcFields&)>& work) {

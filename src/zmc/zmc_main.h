@@ -37,6 +37,8 @@ class ZmcMain {
   void OnFieldChanged(int id);
   void OnCellCommitted(int row, int col);
   void OnLineFocus(int id, bool focused);
+  /// Another control has the focus.
+  void OnFocusMoved() { Explain(Collect()); }
   /// Does the tab's part of a key; returns what is left to do for the frame.
   ZmcKeyEnd OnKey(ZmcKey key);
   void MoveFocus(bool forward);
@@ -60,6 +62,8 @@ class ZmcMain {
   void Write(const ZmcFields& before, const ZmcFields& after);
   /// Reads the fields, has them computed, and writes those that have changed.
   void Compute(const std::function<void(ZmcFields&)>& work);
+  /// Beyond the dialog: the formula of the value in focus, the bar of the power, a tint on values outside their limits.
+  void Explain(const ZmcFields& fields);
   // The pair.
   bool LoadPair();
   void ClearPair();

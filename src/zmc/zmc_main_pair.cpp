@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The pair of material and operation on the main tab: its parameters in the grid, what may be edited, what is stored.
+#include "zmc/logic/zmc_recompute.h"
 #include "zmc/zmc_main.h"
 
 namespace pnl {
@@ -44,7 +45,7 @@ bool ZmcMain::LoadPair() {
 }
 
 void ZmcMain::ClearPair() {
-  Compute([this](ZmcFields& fields) { cascade_.Clear(ZmcEvent::kPair, fields); });
+  Compute([](ZmcFields& fields) { ClearFields(ZmcEvent::kPair, fields); });
   Grid().Select({kZmcGridRows, kSelectedColumn});
   lastRemark_.clear();
   toolMessage_.clear();

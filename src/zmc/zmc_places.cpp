@@ -11,10 +11,10 @@ namespace {
 namespace id = zmc_control;
 using Kind = ZmcControlKind;
 
-/// The bands come first: the others lie on them.
+/// The bands come first: the others lie on them. Of the inner one only the lower edge is seen.
 constexpr ZmcControlPlace kMain[] = {
-    {id::kBand, Kind::kBand, {7, 184, 461, 251}},
     {id::kInnerBand, Kind::kBand, {7, 193, 454, 260}},
+    {id::kBand, Kind::kBand, {7, 184, 461, 251}},
     {id::kTitle, Kind::kLabel, {7, 7, 461, 23}},
     {id::kMaterialLabel, Kind::kLabel, {9, 27, 70, 40}},
     {id::kMaterial, Kind::kListBox, {71, 27, 229, 109}},
@@ -58,6 +58,8 @@ constexpr ZmcControlPlace kMain[] = {
     {id::kReasonDrive, Kind::kLabel, {224, 237, 453, 250}},
     {id::kReasonSpindle, Kind::kLabel, {223, 237, 452, 250}},
     {id::kReasonTool, Kind::kLabel, {224, 237, 453, 250}},
+    {id::kPowerBar, Kind::kBar, {10, 252, 451, 259}},
+    {id::kFormula, Kind::kLabel, {7, 266, 461, 280}},
 };
 constexpr ZmcControlPlace kMaterials[] = {
     {id::kMaterialsTitle, Kind::kLabel, {7, 5, 313, 21}},

@@ -11,7 +11,7 @@
 
 namespace pnl {
 
-enum class ZmcControlKind { kLabel, kListBox, kToolBox, kLine, kCheckBox, kPicture, kBand, kGrid, kDataField };
+enum class ZmcControlKind { kLabel, kListBox, kToolBox, kLine, kCheckBox, kPicture, kBand, kGrid, kDataField, kBar };
 
 struct ZmcControlPlace {
   int id;

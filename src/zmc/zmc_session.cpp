@@ -12,11 +12,6 @@ namespace {
 constexpr int kTool = PNL_TOOL_MACHINING_CALCULATOR;
 constexpr int kMostLines = 3;
 
-TextView TextAt(std::intptr_t address) {
-  const auto* text = reinterpret_cast<const char16_t*>(address);
-  return text != nullptr ? TextView(text) : TextView();
-}
-
 }  // namespace
 
 ZmcSession::ZmcSession(const ToolContext& context, ZmcView& view)
@@ -25,7 +20,8 @@ ZmcSession::ZmcSession(const ToolContext& context, ZmcView& view)
           Context(), [this]() -> ZmcView& { return View(); }, [this]() -> const HostBridge& { return Host(); }),
       main_(desk_, [this] { return tabShown_ && tab_ == ZmcTab::kMain; }),
       materials_(desk_, [this] { main_.ReloadMaterials(); }),
-      operations_(desk_, [this] { main_.ReloadOperations(); }) {}
+      operations_(desk_, [this] { main_.ReloadOperations(); }),
+      exchange_(desk_, [this] { ReloadAll(); }) {}
 
 // Opening and closing.
 
@@ -140,6 +136,8 @@ std::optional<std::intptr_t> ZmcSession::OnMessage(const Message& message) {
   if (message.number == PNL_MSG_TOOL_COMMAND) return OnToolCommand(message.first);
   if (message.number == PNL_MSG_COMMAND) {
     OnMenuCommand(static_cast<int>(message.first));
+  } else if (message.number == PNL_MSG_RESULT_READY) {
+    exchange_.OnExplorerEnded(message.first == PNL_READY_FILE);
   } else if (message.number == PNL_MSG_HELP_KEY) {
     ZCVariable(Context().cnc.Vars(), u"E.HELPDATA").WriteTxt(kZmcHelpMark);
   } else if (message.number == RegisterMessage(zmc_message::kCancel)) {
@@ -221,8 +219,28 @@ void ZmcSession::OnMenuCommand(int id) {
       OpenCalculator();
       break;
     default:
-      break;
+      OnExchangeCommand(id);
   }
+}
+
+void ZmcSession::OnExchangeCommand(int id) {
+  if (id != PNL_ZMC_EXPORT && id != PNL_ZMC_IMPORT && id != PNL_ZMC_CHANGES) return;
+  // What the table has changed is stored first, or it would be neither exported nor kept.
+  if (!open_ || !CanLeave()) return;
+  if (id == PNL_ZMC_EXPORT) {
+    exchange_.Export();
+  } else if (id == PNL_ZMC_IMPORT) {
+    exchange_.Import();
+  } else {
+    exchange_.ShowChanges();
+  }
+}
+
+void ZmcSession::ReloadAll() {
+  main_.ReloadMaterials();
+  main_.ReloadOperations();
+  materials_.Refill();
+  operations_.Refill();
 }
 
 /// Selector: the colour in the low half, the line in the high half.
@@ -254,6 +272,10 @@ bool ZmcSession::OnKey(ZmcKey key) {
       break;
   }
   return true;
+}
+
+void ZmcSession::OnFocusMoved() {
+  if (main_.IsOpen()) main_.OnFocusMoved();
 }
 
 void ZmcSession::OnCellCommitted(ZmcTab tab, int row, int col) {

@@ -9,6 +9,7 @@
 
 #include "host/tool_session.h"
 #include "zmc/zmc_desk.h"
+#include "zmc/zmc_exchange.h"
 #include "zmc/zmc_main.h"
 #include "zmc/zmc_tables.h"
 
@@ -37,6 +38,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   void OnCheckChanged(int id) { main_.OnCheckChanged(id); }
   void OnFieldChanged(int id) { main_.OnFieldChanged(id); }
   void OnLineFocus(int id, bool focused) { main_.OnLineFocus(id, focused); }
+  void OnFocusMoved();
   // Events of the grids.
   void OnCellCommitted(ZmcTab tab, int row, int col);
   void OnCellMoved(ZmcTab tab);
@@ -52,6 +54,9 @@ class ZmcSession final : public ToolSession<ZmcView> {
   [[nodiscard]] bool CanOpen();
   void OpenMain();
   [[nodiscard]] bool CanLeave();
+  /// Beyond the tabs: export, import and the view of what the user's data change.
+  void OnExchangeCommand(int id);
+  void ReloadAll();
   /// False when a table refused to be left.
   bool Close(int reason);
   void ReportClosed(int reason);
@@ -65,6 +70,7 @@ class ZmcSession final : public ToolSession<ZmcView> {
   ZmcMain main_;
   ZmcMaterials materials_;
   ZmcOperations operations_;
+  ZmcExchange exchange_;
   ZmcTab tab_ = ZmcTab::kMain;
   bool tabShown_ = false;
   bool menuGiven_ = false;  // the frame's menu is in the bar

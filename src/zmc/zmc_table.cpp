@@ -43,6 +43,10 @@ void ZmcTable::Fill() {
   grid.Redraw();
 }
 
+void ZmcTable::Refill() {
+  if (fills_ != 0) Fill();
+}
+
 void ZmcTable::ShowRow(int row, const ZmcTableRow& content) {
   ZmcGrid& grid = Grid();
   SetKinds(row);

@@ -50,6 +50,9 @@ class ZmcTable {
   /// user file, nothing is saved and the changes wait.
   bool SaveTable(bool refill);
 
+  /// The records have changed elsewhere. The tab, if it was ever shown, is filled again.
+  void Refill();
+
   // Events of the grid.
   void OnCommitted(int row, int col);
   void OnMoved() { UpdateSoftKeys(); }

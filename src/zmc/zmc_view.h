@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,8 @@ class ZmcGrid {
   virtual void SetNumberFormat(int row, int col, const ZmcDigits& digits) = 0;
   virtual void SetCellKind(int row, int col, ZmcCellKind kind, const std::vector<Text>& items) = 0;
   virtual void SetRowState(int row, int state) = 0;
+  /// Tints a cell whose value the operator should look at.
+  virtual void SetTint(int row, int col, bool on) = 0;
   /// Adds a row at the end and returns its number.
   virtual int AddRow() = 0;
   virtual void RemoveRow(int row) = 0;
@@ -89,6 +92,8 @@ class ZmcView : public ToolView {
   /// The state of a picture control: 0 or another value for a check box, the picture's number for the tool's picture.
   [[nodiscard]] virtual int State(int id) const = 0;
   virtual void SetState(int id, int state) = 0;
+  /// The bar of the cutting power in percent of the rated power; nothing leaves it empty.
+  virtual void SetPowerBar(std::optional<double> percent) = 0;
   /// An edit is open in the data field.
   [[nodiscard]] virtual bool IsFieldEditing(int id) const = 0;
 

@@ -23,6 +23,7 @@ class FakeZmcGrid final : public ZmcGrid {
     Text text;
     bool checked = false;
     bool readOnly = false;
+    bool tint = false;
     ZmcCellKind kind = ZmcCellKind::kText;
     std::vector<Text> items;
     ZmcDigits digits;
@@ -70,6 +71,9 @@ class FakeZmcGrid final : public ZmcGrid {
   }
   void SetCellKind(int row, int col, ZmcCellKind kind, const std::vector<Text>& items) override {
     if (Has(row, col)) Own(row, col).kind = kind, Own(row, col).items = items;
+  }
+  void SetTint(int row, int col, bool on) override {
+    if (Has(row, col)) Own(row, col).tint = on;
   }
   void SetRowState(int row, int state) override { Asked(), rows[static_cast<std::size_t>(row)].state = state; }
   int AddRow() override {
@@ -184,6 +188,7 @@ class FakeZmcView final : public FakeView<ZmcView> {
   std::set<ZmcTab> made;
   std::set<ZmcTab> shownTabs;
   int focused = 0;
+  std::optional<double> power;
   std::function<void(int id, bool focused)> onLineFocus;
   std::function<void()> onToolLeft;
 
@@ -213,6 +218,7 @@ class FakeZmcView final : public FakeView<ZmcView> {
   void SetDigits(int id, const ZmcDigits& digits) override { Asked(), controls.at(id).digits = digits; }
   [[nodiscard]] int State(int id) const override { return Asked(), At(id).state; }
   void SetState(int id, int state) override { Asked(), controls.at(id).state = state; }
+  void SetPowerBar(std::optional<double> percent) override { Asked(), power = percent; }
   [[nodiscard]] bool IsFieldEditing(int id) const override { return Asked(), At(id).editing; }
   void FillList(int id, const std::vector<Text>& items) override {
     Asked(), controls.at(id).items = items, controls.at(id).selected = -1;

@@ -5,7 +5,8 @@
 // A panel program and tests see the windows through properties (names in window/qt/control_properties.h), so that they
 // don't need the classes. A property is a dynamic one or a Q_PROPERTY, as the class prefers:
 //   every control      pnlId (int), pnlKind (string: "edit", "list", "static", "combo", "button", "window", "report",
-//                      "tree", "grid", "check", "picture"), and pnlOwner (int, the window's handle) if it is placed beside its window, not in it
+//                      "tree", "grid", "check", "picture"), and pnlOwner (int, the window's handle) if it is placed
+//                      beside its window, not in it
 //   themed controls    pnlBack, pnlFore, pnlFrame (uint, 0x00BBGGRR), pnlBlinking (bool), pnlPhase (bool: the blink's
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters),
 //                      pnlChecked (bool) of a check box, pnlEditing (bool) of a grid

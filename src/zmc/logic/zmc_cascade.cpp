@@ -145,4 +145,23 @@ void ZmcCascade::TakeToolValues(ZmcFields& fields) const {
   fields.Z = Format(u"%d", tool.data.teeth);
 }
 
+// The events.
+
+void ZmcCascade::Recompute(ZmcEvent event, ZmcFields& fields) const {
+  const unsigned steps = RecomputeOf(event).steps;
+  if ((steps & zmc_step::kS) != 0) UpdateS(fields);
+  if ((steps & zmc_step::kF) != 0) UpdateF(fields);
+  if ((steps & zmc_step::kPower) != 0) UpdatePower(fields);
+  if ((steps & zmc_step::kDmcText) != 0) UpdateDmcText(fields);
+}
+
+void ZmcCascade::Apply(ZmcEvent event, ZmcFields& fields) const {
+  ClearFields(event, fields);
+  if (event == ZmcEvent::kTool) TakeToolValues(fields);
+  if (event == ZmcEvent::kD && ToolCategory(fields) == tool_category::kOnPart) {
+    fields.LastPartDiameter = machine_.units.ScreenLengthToInternal(DecimalOf(fields.D));
+  }
+  Recompute(event, fields);
+}
+
 }  // namespace pnl

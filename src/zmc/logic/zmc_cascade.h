@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The computation of the machining calculator: spindle speed, feed, power and DMC line from the texts on the screen,
-// each alone or after an event. Reads and writes the fields that it is given; asks the tool table what the tool is, each
-// time anew. Knows no window, no file and no language.
+// each alone or after an event. Reads and writes the fields that it is given; asks the tool table what the tool is,
+// each time anew. Knows no window, no file and no language.
 #pragma once
 
 #include <cstdint>
@@ -22,9 +22,8 @@ class ZmcCascade {
   ZmcCascade(const ZmcMachine& machine, ToolTables& tables) : machine_(machine), tables_(tables) {}
 
   /// Clears what depends on the changed field, then recomputes. For a tool, its values are filled in between. For a
-  /// pair, call Clear, load the pair, and call Recompute.
+  /// pair, call ClearFields, load the pair, and call Recompute.
   void Apply(ZmcEvent event, ZmcFields& fields) const;
-  void Clear(ZmcEvent event, ZmcFields& fields) const;
   void Recompute(ZmcEvent event, ZmcFields& fields) const;
 
   /// Each recomputes one field. Without one of its inputs it returns nothing and the field stays as it is. Else it

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "zmc/logic/zmc_cascade.h"
-
 namespace pnl {
 
 namespace {
@@ -56,29 +54,12 @@ ZmcEvent ZmcCellEvent(int row, int column) {
   return row == kFzRow ? ZmcEvent::kFzLimitCell : ZmcEvent::kOtherCell;
 }
 
-void ZmcCascade::Clear(ZmcEvent event, ZmcFields& fields) const {
+void ClearFields(ZmcEvent event, ZmcFields& fields) {
   const unsigned cleared = RecomputeOf(event).cleared;
   for (const ClearedField& row : kClearedFields) {
     if ((cleared & row.bit) != 0) (fields.*row.field).clear();
   }
   if ((cleared & zmc_clear::kGrid) != 0) fields.Cells.fill(Text());
-}
-
-void ZmcCascade::Recompute(ZmcEvent event, ZmcFields& fields) const {
-  const unsigned steps = RecomputeOf(event).steps;
-  if ((steps & zmc_step::kS) != 0) UpdateS(fields);
-  if ((steps & zmc_step::kF) != 0) UpdateF(fields);
-  if ((steps & zmc_step::kPower) != 0) UpdatePower(fields);
-  if ((steps & zmc_step::kDmcText) != 0) UpdateDmcText(fields);
-}
-
-void ZmcCascade::Apply(ZmcEvent event, ZmcFields& fields) const {
-  Clear(event, fields);
-  if (event == ZmcEvent::kTool) TakeToolValues(fields);
-  if (event == ZmcEvent::kD && ToolCategory(fields) == tool_category::kOnPart) {
-    fields.LastPartDiameter = machine_.units.ScreenLengthToInternal(DecimalOf(fields.D));
-  }
-  Recompute(event, fields);
 }
 
 }  // namespace pnl

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Which event clears and recomputes what on the screen of the machining calculator, as a table. The cascade carries it
-// out; the values are computed there.
+// Which event clears and recomputes what on the screen of the machining calculator, as a table. Clears fields, but
+// computes nothing: the cascade carries the steps out.
 #pragma once
+
+#include "zmc/logic/zmc_fields.h"
 
 namespace pnl {
 
@@ -36,6 +38,8 @@ struct ZmcRecompute {
   unsigned steps;
 };
 [[nodiscard]] const ZmcRecompute& RecomputeOf(ZmcEvent event);
+/// Empties the fields that the event clears.
+void ClearFields(ZmcEvent event, ZmcFields& fields);
 /// The event of a committed grid cell.
 [[nodiscard]] ZmcEvent ZmcCellEvent(int row, int column);
 

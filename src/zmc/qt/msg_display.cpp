@@ -3,6 +3,8 @@
 
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyle>
 #include <algorithm>
 
@@ -25,6 +27,8 @@ constexpr int kIcon = 40;
 constexpr int kButtonWidth = 130;
 constexpr int kButtonHeight = 44;
 constexpr int kFontHeight = 20;
+constexpr int kLeastText = 120;
+constexpr int kWideBox = 560;  // for a list of lines
 
 QString Caption(const Language& language, int text, const char* fallback) {
   const Text loaded = language.LoadToolText(text);
@@ -36,7 +40,8 @@ QString Caption(const Language& language, int text, const char* fallback) {
 CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWidget* parent)
     : QDialog(parent),
       question_(box.style == BoxStyle::kQuestion),
-      text_(new QLabel(this)),
+      text_(new QLabel),
+      area_(new QScrollArea(this)),
       icon_(new QLabel(this)),
       first_(new QPushButton(this)) {
   setWindowTitle(ToQString(box.title));
@@ -45,6 +50,10 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
   text_->setText(ToQString(box.text));
+  text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setWidget(text_);
+  area_->setWidgetResizable(true);
   const auto picture = question_ ? QStyle::SP_MessageBoxQuestion : QStyle::SP_MessageBoxInformation;
   icon_->setPixmap(style()->standardIcon(picture).pixmap(kIcon, kIcon));
   first_->setText(Caption(language, question_ ? zmc_text::kYes : zmc_text::kOk, "OK"));
@@ -61,16 +70,18 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
 
 /// As wide as the dialog's units, and as high as the text needs.
 void CDlgMsgDisplay::LayOut() {
-  const int width = DialogPixelsX(kWidthUnits, 1);
+  const int width = std::max(DialogPixelsX(kWidthUnits, 1), text_->text().contains(u'\n') ? kWideBox : 0);
   const int textLeft = 2 * kMargin + kIcon;
-  const int textWidth = width - textLeft - kMargin;
+  const int textWidth = width - textLeft - kMargin - area_->verticalScrollBar()->sizeHint().width();
   const QRect measured = text_->fontMetrics().boundingRect(QRect(0, 0, textWidth, 10000), Qt::TextWordWrap, text_->text());
-  const int textHeight = std::max(measured.height(), kIcon);
-  const int buttons = kMargin + textHeight + kMargin;
-  const int height = std::max(buttons + kButtonHeight + kMargin, DialogPixelsY(kHeightUnits, 1));
+  const int around = 3 * kMargin + kButtonHeight;
+  // A text that is longer than the panel is high is scrolled.
+  const int most = parentWidget() != nullptr ? std::max(parentWidget()->window()->height() - around, kLeastText) : 10000;
+  const int textHeight = std::clamp(measured.height() + kMargin / 2, kIcon, most);
+  const int height = std::max(textHeight + around, DialogPixelsY(kHeightUnits, 1));
   const int top = height - kMargin - kButtonHeight;
   icon_->setGeometry(kMargin, kMargin, kIcon, kIcon);
-  text_->setGeometry(textLeft, kMargin, textWidth, top - 2 * kMargin);
+  area_->setGeometry(textLeft, kMargin, width - textLeft - kMargin, top - 2 * kMargin);
   if (second_ == nullptr) {
     first_->setGeometry((width - kButtonWidth) / 2, top, kButtonWidth, kButtonHeight);
   } else {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // CDlgMsgDisplay: the modal message box of the machining calculator: a text, an icon, and one button or two. Buttons and
-// box are sized to the text. Whoever shows it must expect the box, and its own window, to be gone when exec returns.
+// box are sized to the text; a list that is too long for the panel is scrolled. Whoever shows it must expect the box, and its own window, to be gone when exec returns.
 #pragma once
 
 #include <QtWidgets/QDialog>
@@ -10,6 +10,7 @@
 
 class QLabel;
 class QPushButton;
+class QScrollArea;
 
 namespace pnl {
 
@@ -29,6 +30,7 @@ class CDlgMsgDisplay : public QDialog {
 
   const bool question_;
   QLabel* text_;
+  QScrollArea* area_;
   QLabel* icon_;
   QPushButton* first_;
   QPushButton* second_ = nullptr;

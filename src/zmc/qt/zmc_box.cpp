@@ -3,19 +3,24 @@
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QFocusEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyledItemDelegate>
 #include <algorithm>
 
+#include "controls/grid_look.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
+#include "zmc/qt/zmc_look.h"
 
 namespace pnl {
 namespace {
 
 constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
+constexpr int kBorder = 2;
+constexpr int kTextMargin = 4;
 
 /// Rows that a glove can touch.
 class TallRows : public QStyledItemDelegate {
@@ -40,7 +45,13 @@ ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
   if (typed) {
     setCompleter(nullptr);
     lineEdit()->installEventFilter(this);
+    lineEdit()->setFrame(false);
   }
+}
+
+void ZmcBox::SetTextIndent(int pixels) {
+  indent_ = pixels;
+  update();
 }
 
 void ZmcBox::Fill(const std::vector<Text>& items) {
@@ -84,6 +95,45 @@ bool ZmcBox::AcceptMark() {
   if (row < 0 || row >= count()) return false;
   SelectIndex(row);
   return true;
+}
+
+// The look: a flat field with a drawn triangle, so that the text has all the room there is.
+
+void ZmcBox::PlaceLine() {
+  if (lineEdit() != nullptr) lineEdit()->setGeometry(kBorder, kBorder, width() - ArrowWidth() - kBorder, height() - 2 * kBorder);
+}
+
+void ZmcBox::resizeEvent(QResizeEvent* event) {
+  QComboBox::resizeEvent(event);
+  PlaceLine();
+}
+
+void ZmcBox::focusInEvent(QFocusEvent* event) {
+  QComboBox::focusInEvent(event);
+  update();
+}
+
+void ZmcBox::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  update();
+}
+
+void ZmcBox::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
+  painter.fillRect(rect(), palette().color(QPalette::Base));
+  const int frame = focused ? kBorder : 1;
+  painter.setPen(QPen(focused ? palette().color(QPalette::Highlight) : ToQColor(zmc_look::kFrame), frame));
+  painter.drawRect(QRectF(rect()).adjusted(frame / 2.0, frame / 2.0, -frame / 2.0, -frame / 2.0));
+  const QRect arrow(width() - ArrowWidth(), 0, ArrowWidth(), height());
+  DrawTriangle(painter, arrow, ArrowWidth() * 2 / 5, false, palette().color(QPalette::Text));
+  if (lineEdit() != nullptr) return;
+  const int left = kTextMargin + indent_;
+  const QRect room(left, 0, width() - ArrowWidth() - left, height());
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                   fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
 }
 
 bool ZmcBox::eventFilter(QObject* watched, QEvent* event) {

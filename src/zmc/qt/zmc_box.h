@@ -16,6 +16,8 @@ class ZmcBox : public QComboBox {
  public:
   ZmcBox(int id, bool typed, QWidget* parent);
 
+  /// Room before the text, in pixels: what another control covers of the box.
+  void SetTextIndent(int pixels);
   void Fill(const std::vector<Text>& items);
   [[nodiscard]] std::vector<Text> Items() const;
   /// Selects without a signal; -1 selects nothing.
@@ -33,6 +35,15 @@ class ZmcBox : public QComboBox {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  [[nodiscard]] int ArrowWidth() const { return height() / 2 + 4; }
+  void PlaceLine();
+  int indent_ = 0;
 };
 
 }  // namespace pnl

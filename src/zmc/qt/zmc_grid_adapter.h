@@ -22,6 +22,7 @@ class ZmcGridAdapter final : public ZmcGrid {
   void SetNumberFormat(int row, int col, const ZmcDigits& digits) override;
   void SetCellKind(int row, int col, ZmcCellKind kind, const std::vector<Text>& items) override;
   void SetRowState(int row, int state) override;
+  void SetTint(int row, int col, bool on) override { grid_.Cells().SetTint(row, col, on); }
   int AddRow() override { return grid_.Cells().AddRow(); }
   void RemoveRow(int row) override { grid_.Cells().DeleteRow(row); }
   void RemoveAllRows() override { grid_.Cells().SetRows(1); }

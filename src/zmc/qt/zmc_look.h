@@ -9,13 +9,17 @@ class QComboBox;
 namespace pnl {
 
 namespace zmc_look {
-inline constexpr Color kPage = 4608090;  // as the other tools' pages
+inline constexpr Color kPage = 0x2D343A;  // dark enough for the dimmed labels
 inline constexpr Color kTitleText = 0xFFFFFF;
 inline constexpr Color kLabelText = 0xBFC9D3;
 inline constexpr Color kFieldBack = 0xF0F0F0;
 inline constexpr Color kFieldText = 0;
 inline constexpr Color kFocusBack = 0xFFFFFF;
 inline constexpr Color kFocusText = 0;
+inline constexpr Color kPowerGood = 0x58B06A;
+inline constexpr Color kPowerHigh = 0x2EB8F5;
+inline constexpr Color kPowerOver = 0x4040E0;
+inline constexpr Color kFrame = 0x8A9299;
 inline constexpr Color kMark = 660510;  // the focus of lists, as in the explorer's name field
 }  // namespace zmc_look
 

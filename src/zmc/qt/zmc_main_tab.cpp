@@ -5,6 +5,7 @@
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QAbstractItemView>
 #include <algorithm>
+#include <utility>
 
 #include "controls/fonts.h"
 #include "window/qt/control_properties.h"
@@ -22,6 +23,8 @@ constexpr std::uint32_t kCentre = 0x8865;
 constexpr int kFirstPicture = 3100;
 constexpr int kLineUnits = 13;
 constexpr int kTitleUnits = 16;
+constexpr int kSmallestFont = 11;
+constexpr int kLabelMargin = 4;  // what a label leaves around its text
 constexpr int kGridRows = 5;
 constexpr int kGridColumns = 4;
 
@@ -55,6 +58,8 @@ ZCTabZMCMain::ZCTabZMCMain(const ToolContext& context, QWidget* frame)
       focusMessage_(RegisterMessage("ZWCEDIT_SETFOCUS")),
       blurMessage_(RegisterMessage("ZWCEDIT_KILLFOCUS")) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // To whoever looks from outside, the page's controls are the frame's.
+  setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(ZmcTab::kMain)) Make(place);
   cells_ = std::make_unique<ZmcGridAdapter>(*grid_);
 }
@@ -90,6 +95,9 @@ void ZCTabZMCMain::Make(const ZmcControlPlace& place) {
       break;
     case ZmcControlKind::kDataField:
       made = MakeDataField(place.id);
+      break;
+    case ZmcControlKind::kBar:
+      made = new ZmcPowerBar(place.id, this);
       break;
   }
   controls_[place.id] = made;
@@ -180,10 +188,13 @@ void ZCTabZMCMain::SetControlText(int control, TextView text) {
     field->SetText(shown);
   } else if (auto* line = ControlAs<QLineEdit>(control)) {
     line->setText(shown);
+    // A line that nobody types in shows its beginning.
+    if (!line->hasFocus()) line->setCursorPosition(0);
   } else if (auto* box = ControlAs<QComboBox>(control)) {
     if (box->isEditable()) box->lineEdit()->setText(shown);
   } else if (auto* label = ControlAs<ZWCStatic>(control)) {
     label->SetTextW(shown, true);
+    if (width() > 0) Place();
   }
 }
 
@@ -226,10 +237,17 @@ void ZCTabZMCMain::Place() {
     }
     QWidget* control = controls_.at(place.id);
     const QRect pixels = ToQRect(page.Pixels(units));
-    SetControlFont(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font,
-                   place.id == id::kTitle || place.id == id::kBandTitle ? 700 : 500);
+    const int weight = place.id == id::kTitle || place.id == id::kBandTitle ? 700 : 500;
+    SetControlFont(control, FittingHeight(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font, weight,
+                                          pixels.width()), weight);
     control->setGeometry(pixels);
-    if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels, font);
+    if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels);
+  }
+  // The fields lie on the left edges of their units.
+  for (const auto& [field, unit] : {std::pair(id::kF, id::kFUnit), std::pair(id::kS, id::kSUnit)}) {
+    controls_.at(field)->raise();
+    const int covered = controls_.at(field)->geometry().right() + 1 - controls_.at(unit)->x();
+    ControlAs<ZmcBox>(unit)->SetTextIndent(std::max(0, covered));
   }
 }
 
@@ -248,9 +266,19 @@ void ZCTabZMCMain::SetControlFont(QWidget* control, int height, int weight) {
   }
 }
 
+/// The largest height up to the given one in which a label's text fits the width; a text that fits in none is cut.
+int ZCTabZMCMain::FittingHeight(const QWidget* control, int height, int weight, int width) {
+  const auto* label = qobject_cast<const ZWCStatic*>(control);
+  if (label == nullptr) return height;
+  for (int tried = height; tried > kSmallestFont; --tried) {
+    const auto font = MakeFont(QStringLiteral("Arial"), tried, weight);
+    if (font && QFontMetrics(*font).horizontalAdvance(label->WindowText()) + kLabelMargin <= width) return tried;
+  }
+  return kSmallestFont;
+}
+
 /// The names take two fifths of the width, the values share the rest.
-void ZCTabZMCMain::PlaceGrid(const QRect& place, int font) {
-  (void)font;
+void ZCTabZMCMain::PlaceGrid(const QRect& place) {
   const int frame = 2 * grid_->frameWidth();
   const int names = (place.width() - frame) * 2 / 5;
   const int value = (place.width() - frame - names) / (kGridColumns - 1);

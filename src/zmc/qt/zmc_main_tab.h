@@ -15,6 +15,7 @@
 #include "window/qt/tool_window.h"
 #include "zmc/qt/zmc_box.h"
 #include "zmc/qt/zmc_grid_adapter.h"
+#include "zmc/qt/zmc_power_bar.h"
 #include "zmc/zmc_places.h"
 
 namespace pnl {
@@ -63,7 +64,8 @@ class ZCTabZMCMain : public MessageWindow {
   QWidget* MakeDataField(int id);
   QWidget* MakeGrid(int id);
   void Place();
-  void PlaceGrid(const QRect& place, int font);
+  void PlaceGrid(const QRect& place);
+  [[nodiscard]] static int FittingHeight(const QWidget* control, int height, int weight, int width);
   void SetControlFont(QWidget* control, int height, int weight);
 
   const ToolContext context_;

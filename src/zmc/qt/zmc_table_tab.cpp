@@ -7,17 +7,18 @@
 #include <numeric>
 #include <utility>
 
+#include "window/qt/control_properties.h"
 #include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
-#include "zmc/store/cutting_parser.h"
+#include "zmc/store/cutting_text.h"
 
 namespace pnl {
 namespace {
 
 constexpr std::uint32_t kCentre = 0x8865;
 constexpr int kTitleUnits = 13;
-constexpr int kRowUnits = 9;  // of a page of 320 by 200
+constexpr int kRowUnits = 7;  // of a page of 320 by 200
 constexpr int kFixedColumn = 14;
 
 }  // namespace
@@ -25,6 +26,8 @@ constexpr int kFixedColumn = 14;
 ZmcTableTab::ZmcTableTab(const ToolContext& context, ZmcTab tab, std::vector<int> shares, QWidget* frame)
     : MessageWindow(frame), context_(context), tab_(tab), shares_(std::move(shares)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // To whoever looks from outside, the page's controls are the frame's.
+  setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(tab)) {
     if (place.kind == ZmcControlKind::kGrid) {
       grid_ = new ZCGridXWrap(place.id, this);
@@ -74,7 +77,7 @@ void ZmcTableTab::paintEvent(QPaintEvent* event) {
 }
 
 ZCTabZMCMateriales::ZCTabZMCMateriales(const ToolContext& context, QWidget* frame)
-    : ZmcTableTab(context, ZmcTab::kMaterials, {32, 17, 16, 13, 14, 8, 0}, frame) {}
+    : ZmcTableTab(context, ZmcTab::kMaterials, {31, 13, 16, 13, 17, 10, 0}, frame) {}
 
 ZCTabZMCOperaciones::ZCTabZMCOperaciones(const ToolContext& context, QWidget* frame)
     : ZmcTableTab(context, ZmcTab::kOperations, {50, 38, 12, 0}, frame) {}

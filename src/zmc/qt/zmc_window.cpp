@@ -55,7 +55,6 @@ ZCZelorMacCalc::ZCZelorMacCalc(const ToolContext& context, QWidget* parent)
     : ToolWindowWith(PNL_TOOL_MACHINING_CALCULATOR, parent), context_(context) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   SetBackProperty(zmc_look::kPage);
-  setProperty("pnlView", 0);
   ZmcView& view = *this;
   session_.Make(context_, view);
   setGeometry(parent->rect());
@@ -130,7 +129,6 @@ void ZCZelorMacCalc::ShowTab(ZmcTab tab) {
   page->setGeometry(rect());
   page->show();
   page->raise();
-  setProperty("pnlView", page->Handle());
 }
 
 void ZCZelorMacCalc::HideTab(ZmcTab tab) {
@@ -195,9 +193,15 @@ bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
+  // The focus is there only after the event.
+  if (event->type() == QEvent::FocusIn) QMetaObject::invokeMethod(this, &ZCZelorMacCalc::TellFocus, Qt::QueuedConnection);
   // The keys of the calculator come before the panel's shortcuts.
   if (event->type() == QEvent::ShortcutOverride && KeyOf(static_cast<QKeyEvent&>(*event))) event->accept();
   return false;
+}
+
+void ZCZelorMacCalc::TellFocus() {
+  session_.Tell([](ZmcSession& session) { session.OnFocusMoved(); });
 }
 
 std::intptr_t ZCZelorMacCalc::OnMessage(const Message& message) {
@@ -276,6 +280,10 @@ int ZCZelorMacCalc::State(int id) const {
 
 void ZCZelorMacCalc::SetState(int id, int state) {
   if (auto* picture = main_->ControlAs<CMultistatic>(id)) picture->SetState(state);
+}
+
+void ZCZelorMacCalc::SetPowerBar(std::optional<double> percent) {
+  if (auto* bar = main_->ControlAs<ZmcPowerBar>(zmc_control::kPowerBar)) bar->SetPercent(percent);
 }
 
 bool ZCZelorMacCalc::IsFieldEditing(int id) const {

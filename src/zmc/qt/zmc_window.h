@@ -48,6 +48,7 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   void SetDigits(int id, const ZmcDigits& digits) override;
   [[nodiscard]] int State(int id) const override;
   void SetState(int id, int state) override;
+  void SetPowerBar(std::optional<double> percent) override;
   [[nodiscard]] bool IsFieldEditing(int id) const override;
   void FillList(int id, const std::vector<Text>& items) override;
   [[nodiscard]] std::vector<Text> ListItems(int id) const override;
@@ -68,6 +69,7 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   void LeaveTabs();
   [[nodiscard]] MessageWindow* Page(ZmcTab tab) const;
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
+  void TellFocus();
 
   const ToolContext context_;
   ZCTabZMCMain* main_ = nullptr;

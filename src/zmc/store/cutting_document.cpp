@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "zmc/store/cutting_text.h"
 
@@ -74,6 +73,8 @@ std::unique_ptr<CuttingDocument> CuttingDocument::Parse(std::string_view bytes) 
   if (!text) return nullptr;
   std::unique_ptr<CuttingDocument> parsed(new CuttingDocument(std::move(*text)));
   if (!parsed->ParseText()) return nullptr;
+  // ASCII means the same in every encoding that a file may declare. The parser has changed the text, so look again.
+  if (!parsed->IsDeclaredEncodingRead() && !IsAscii(DecodeCuttingData(bytes).value_or(""))) return nullptr;
   return parsed;
 }
 
@@ -81,11 +82,9 @@ bool CuttingDocument::ParseText() {
   // The parser passes over text after the last tag.
   const std::size_t end = text_.find_last_not_of(kBlanks);
   if (end == std::string::npos || text_[end] != '>') return false;
-  const bool declared = text_.starts_with("<?xml");
-  ascii_ = !declared || IsAscii(text_);
   const pugi::xml_parse_result result =
       document_.load_buffer_inplace(text_.data(), text_.size(), kParse, pugi::encoding_utf8);
-  return result && IsOneDocument() && IsDeclaredEncodingRead();
+  return result && IsOneDocument();
 }
 
 bool CuttingDocument::IsOneDocument() const {
@@ -101,8 +100,7 @@ bool CuttingDocument::IsOneDocument() const {
 bool CuttingDocument::IsDeclaredEncodingRead() const {
   constexpr std::array<std::string_view, 4> kRead = {"UTF-8", "UTF8", "UTF-16", "UTF-16LE"};
   const pugi::xml_node first = document_.first_child();
-  if (first.type() != pugi::node_declaration || ascii_) return true;
-  const std::string_view name = first.attribute("encoding").value();
+  const std::string_view name = first.type() == pugi::node_declaration ? first.attribute("encoding").value() : "";
   return name.empty() ||
          std::any_of(kRead.begin(), kRead.end(), [&](std::string_view each) { return EqualAsciiNoCase(each, name); });
 }

@@ -28,7 +28,6 @@ class CuttingDocument {
   void Declare();
 
   std::string text_;  // the nodes point into it
-  bool ascii_ = false;
   pugi::xml_document document_;
 };
 

@@ -48,7 +48,9 @@ class DateMerge {
     std::stable_sort(user_.begin(), user_.end(),
                      [](const Record* a, const Record* b) { return TextOf(a->Date) > TextOf(b->Date); });
     for (const Record* each : user_) userByDescription_.emplace(DescriptionOf(*each), each);
+    factoryRecords_.reserve(RecordsOf(factory).size());
     for (const Record& each : RecordsOf(factory)) factoryRecords_.insert(IdentityOf(each));
+    visible_.reserve(user_.size() + RecordsOf(factory).size());
   }
 
   std::vector<CuttingRow<Record>> Merge(bool customFirst) && {
@@ -74,21 +76,21 @@ class DateMerge {
 
   /// A factory record with a hidden mark of its own is a row all the same: only the user hides.
   void AddUnlessVisible(const Record& record) {
-    if (visible_.count(ToUpper(DescriptionOf(record))) != 0) return;
+    const auto [word, isNew] = visible_.insert(ToUpper(DescriptionOf(record)));
+    if (!isNew) return;
     const auto found = userByDescription_.find(DescriptionOf(record));
     if (found == userByDescription_.end() || !found->second->Oculto) {
-      Add(record, CuttingOrigin::kFactory);
+      rows_.push_back({&record, CuttingOrigin::kFactory});
     } else if (hidden_ == HiddenRecords::kList) {
       // Hidden by a record that no pass has taken, because it has no date.
-      Add(*found->second, CuttingOrigin::kBoth);
+      rows_.push_back({found->second, CuttingOrigin::kBoth});
+    } else {
+      visible_.erase(word);
     }
   }
 
   void AddUser(const Record& record, CuttingOrigin origin) {
-    if (!record.Oculto || hidden_ == HiddenRecords::kList) Add(record, origin);
-  }
-
-  void Add(const Record& record, CuttingOrigin origin) {
+    if (record.Oculto && hidden_ == HiddenRecords::kSkip) return;
     rows_.push_back({&record, origin});
     visible_.insert(ToUpper(DescriptionOf(record)));
   }

@@ -4,22 +4,26 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace pnl {
 namespace {
 
 // The elements in the order in which they are written.
-using Names = std::span<const char* const>;
-constexpr std::array<const char*, 2> kRoot = {"MaterialesDefinition", "Operaciones"};
-constexpr std::array<const char*, 6> kMaterial = {"id", "descripcion", "Norma", "KC", "Oculto", "Date"};
-constexpr std::array<const char*, 3> kNorma = {"AlemaniaW", "UNE", "AISI"};
-constexpr std::array<const char*, 6> kOperation = {"id", "descripcion", "Oculto", "Date", "ToolType", "Materiales"};
-constexpr std::array<const char*, 7> kBlock = {"Material",     "VelocidadCorte", "AvancePorDiente",   "Profundidad",
-                                               "PasadaRadial", "Observaciones",  "CaracteristicasHta"};
-constexpr std::array<const char*, 3> kRange = {"Selected", "Min", "Max"};
-constexpr std::array<const char*, 1> kRemark = {"Descripcion"};
+using Names = std::span<const std::string_view>;
+constexpr std::array<std::string_view, 2> kRoot = {"MaterialesDefinition", "Operaciones"};
+constexpr std::array<std::string_view, 6> kMaterial = {"id", "descripcion", "Norma", "KC", "Oculto", "Date"};
+constexpr std::array<std::string_view, 3> kNorma = {"AlemaniaW", "UNE", "AISI"};
+constexpr std::array<std::string_view, 6> kOperation = {"id",   "descripcion", "Oculto",
+                                                        "Date", "ToolType",    "Materiales"};
+constexpr std::array<std::string_view, 7> kBlock = {"Material",          "VelocidadCorte", "AvancePorDiente",
+                                                    "Profundidad",       "PasadaRadial",   "Observaciones",
+                                                    "CaracteristicasHta"};
+constexpr std::array<std::string_view, 3> kRange = {"Selected", "Min", "Max"};
+constexpr std::array<std::string_view, 1> kRemark = {"Descripcion"};
 
 // The parameters of a block by id.
 struct Parameter {
@@ -57,16 +61,34 @@ bool HasText(pugi::xml_node element, std::string_view text) {
   return TextIn(element) == text;
 }
 
-CuttingLeaf Leaf(pugi::xml_node parent, const char* name) {
-  const pugi::xml_node element = parent.child(name);
-  const pugi::xml_node only = element.first_child();
-  if (!only) return std::nullopt;
-  if (!only.next_sibling()) return IsText(only) ? LeafOf(FromUtf8(only.value())) : std::nullopt;
-  return LeafOf(FromUtf8(TextIn(element)));
-}
-
 std::size_t IndexOf(std::string_view name, Names order) {
   return static_cast<std::size_t>(std::find(order.begin(), order.end(), name) - order.begin());
+}
+
+/// The first child of each name, in the order of the names; an empty node for a name that no child has.
+template <std::size_t N>
+std::array<pugi::xml_node, N> FirstChildren(pugi::xml_node parent, const std::array<std::string_view, N>& names) {
+  std::array<pugi::xml_node, N> found;
+  std::size_t expected = 0;
+  for (pugi::xml_node child = parent.first_child(); child; child = child.next_sibling()) {
+    for (std::size_t i = 0; i < N; ++i) {
+      // Nearly always they come in order, so that the first comparison fits.
+      const std::size_t index = (expected + i) % N;
+      if (std::strcmp(child.name(), names[index].data()) != 0) continue;
+      if (!found[index]) found[index] = child;
+      expected = index + 1;
+      break;
+    }
+  }
+  return found;
+}
+
+CuttingLeaf Leaf(pugi::xml_node element) {
+  const pugi::xml_node only = element.first_child();
+  if (!only) return std::nullopt;
+  // Nearly every leaf is one piece of text.
+  Text text = !only.next_sibling() && IsText(only) ? FromUtf8(only.value()) : FromUtf8(TextIn(element));
+  return text.empty() ? std::nullopt : CuttingLeaf(std::move(text));
 }
 
 /// The child of that name. A new one comes in front of those that follow it in the order.
@@ -107,8 +129,8 @@ void SetHidden(pugi::xml_node node, bool hidden, Names order) {
 }
 
 CT_VelocidadCorte ReadRange(pugi::xml_node block, const char* name) {
-  const pugi::xml_node row = block.child(name);
-  return {Leaf(row, "Selected"), Leaf(row, "Min"), Leaf(row, "Max")};
+  const auto [selected, least, most] = FirstChildren(block.child(name), kRange);
+  return {Leaf(selected), Leaf(least), Leaf(most)};
 }
 
 /// The list's record of a description: the one with the id, else the first.
@@ -128,18 +150,15 @@ pugi::xml_node FindRecord(pugi::xml_node list, const char* name, TextView descri
 }  // namespace
 
 CT_MaterialDefinition ReadMaterial(pugi::xml_node node) {
-  const pugi::xml_node norma = node.child("Norma");
-  return {Leaf(node, "id"),
-          Leaf(node, "descripcion"),
-          {Leaf(norma, "AlemaniaW"), Leaf(norma, "UNE"), Leaf(norma, "AISI")},
-          Leaf(node, "KC"),
-          static_cast<bool>(node.child("Oculto")),
-          Leaf(node, "Date")};
+  const auto [id, description, norma, force, hidden, date] = FirstChildren(node, kMaterial);
+  const auto [germany, spain, america] = FirstChildren(norma, kNorma);
+  return {Leaf(id),    Leaf(description),         {Leaf(germany), Leaf(spain), Leaf(america)},
+          Leaf(force), static_cast<bool>(hidden), Leaf(date)};
 }
 
 CT_Operacion ReadOperation(pugi::xml_node node) {
-  return {Leaf(node, "id"), Leaf(node, "descripcion"), static_cast<bool>(node.child("Oculto")), Leaf(node, "Date"),
-          Leaf(node, "ToolType")};
+  const auto [id, description, hidden, date, type, blocks] = FirstChildren(node, kOperation);
+  return {Leaf(id), Leaf(description), static_cast<bool>(hidden), Leaf(date), Leaf(type)};
 }
 
 CT_Parametros ReadParameters(pugi::xml_node block) {
@@ -147,8 +166,8 @@ CT_Parametros ReadParameters(pugi::xml_node block) {
           ReadRange(block, "AvancePorDiente"),
           ReadRange(block, "Profundidad"),
           ReadRange(block, "PasadaRadial"),
-          {Leaf(block.child("Observaciones"), "Descripcion")},
-          {Leaf(block.child("CaracteristicasHta"), "Calidad")}};
+          {Leaf(block.child("Observaciones").child("Descripcion"))},
+          {Leaf(block.child("CaracteristicasHta").child("Calidad"))}};
 }
 
 void WriteMaterial(pugi::xml_node node, const CT_MaterialDefinition& record) {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "zmc/store/cutting_nodes.h"
 #include "zmc/store/cutting_sources.h"
@@ -53,6 +55,14 @@ Record Trimmed(const Record& record) {
   return trimmed;
 }
 
+template <typename Record, typename Nodes>
+std::vector<Record> ReadRecords(const Nodes& nodes, Record (*read)(pugi::xml_node)) {
+  std::vector<Record> records;
+  records.reserve(static_cast<std::size_t>(std::distance(nodes.begin(), nodes.end())));
+  for (const pugi::xml_node node : nodes) records.push_back(read(node));
+  return records;
+}
+
 /// The first record with that description; null when there is none.
 template <typename Record>
 const Record* FindIn(const std::vector<Record>& records, TextView description) {
@@ -71,22 +81,15 @@ CondicionesCorteParser::~CondicionesCorteParser() = default;
 CuttingResult<CT_MaterialesDefinition> CondicionesCorteParser::GetListaMateriales(TextView path) {
   const auto document = sources_->Open(path);
   if (!document.Ok()) return document.Error();
-  CT_MaterialesDefinition list;
-  for (const pugi::xml_node node :
-       document.Value()->Root().child("MaterialesDefinition").children("MaterialDefinition")) {
-    list.MaterialDefinition.push_back(ReadMaterial(node));
-  }
-  return list;
+  return CT_MaterialesDefinition{ReadRecords<CT_MaterialDefinition>(
+      document.Value()->Root().child("MaterialesDefinition").children("MaterialDefinition"), ReadMaterial)};
 }
 
 CuttingResult<CT_Operaciones> CondicionesCorteParser::GetListaOperaciones(TextView path) {
   const auto document = sources_->Open(path);
   if (!document.Ok()) return document.Error();
-  CT_Operaciones list;
-  for (const pugi::xml_node node : document.Value()->Root().child("Operaciones").children("Operacion")) {
-    list.Operacion.push_back(ReadOperation(node));
-  }
-  return list;
+  return CT_Operaciones{
+      ReadRecords<CT_Operacion>(document.Value()->Root().child("Operaciones").children("Operacion"), ReadOperation)};
 }
 
 bool CondicionesCorteParser::ExistMaterial(const CT_MaterialesDefinition& list, TextView description) {
@@ -181,6 +184,40 @@ CuttingError CondicionesCorteParser::DeleteOperation(TextView path, TextView des
     RemoveTree(node);
     return static_cast<bool>(node);
   });
+}
+
+CuttingError CondicionesCorteParser::UpdateRecords(TextView path, const CuttingRecords& records) {
+  const auto holds = [](const auto& record) { return CanHold(record); };
+  if (!std::all_of(records.materials.begin(), records.materials.end(), holds) ||
+      !std::all_of(records.operations.begin(), records.operations.end(), holds)) {
+    return CuttingError::kNotHoldable;
+  }
+  return Change(path, [&](pugi::xml_node root) {
+    for (const CT_MaterialDefinition& record : records.materials) {
+      const pugi::xml_node node = FindMaterial(root, TextOf(record.descripcion), std::nullopt);
+      WriteMaterial(node ? node : AddMaterial(root), Trimmed(record));
+    }
+    for (CT_Operacion record : records.operations) {
+      const pugi::xml_node node = FindOperation(root, TextOf(record.descripcion), std::nullopt);
+      if (node) record.id = ReadOperation(node).id;
+      WriteOperation(node ? node : AddOperation(root), Trimmed(record));
+    }
+    return !records.materials.empty() || !records.operations.empty();
+  });
+}
+
+CuttingResult<std::vector<CuttingPair>> CondicionesCorteParser::GetPairs(TextView path) {
+  const auto document = sources_->Open(path);
+  if (!document.Ok()) return document.Error();
+  std::vector<CuttingPair> pairs;
+  for (const pugi::xml_node node : document.Value()->Root().child("Operaciones").children("Operacion")) {
+    const Text operation(TextOf(ReadOperation(node).descripcion));
+    for (const pugi::xml_node pair : node.children("Materiales")) {
+      const pugi::xml_node block = pair.child("Parametros");
+      if (block) pairs.push_back({operation, FromUtf8(block.child("Material").text().get()), ReadParameters(block)});
+    }
+  }
+  return pairs;
 }
 
 }  // namespace pnl

@@ -7,8 +7,10 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/files.h"
+#include "zmc/store/cutting_csv.h"
 #include "zmc/store/cutting_records.h"
 #include "zmc/store/cutting_result.h"
 
@@ -19,6 +21,13 @@ class CuttingSources;
 /// The parameter whose text UpdateCondicionesCorteParam stores. 0 to 11 are numbers: minimum, maximum and selected
 /// value of cutting speed, feed per tooth, depth and radial pass, in this order.
 inline constexpr int kCuttingRemarkParam = 12;
+
+/// A parameter block with the pair that it belongs to.
+struct CuttingPair {
+  Text operation;
+  Text material;
+  CT_Parametros block;
+};
 
 class CondicionesCorteParser {
  public:
@@ -62,6 +71,12 @@ class CondicionesCorteParser {
   /// Removes the first record of that description. If there is none, the file isn't written.
   [[nodiscard]] CuttingError DeleteMaterialDefinition(TextView path, TextView description);
   [[nodiscard]] CuttingError DeleteOperation(TextView path, TextView description);
+
+  /// Writes each of the records over the one of its description, or adds it, all in one replacement of the file: either
+  /// every record is stored or none. An operation that is there keeps its id and its parameter blocks.
+  [[nodiscard]] CuttingError UpdateRecords(TextView path, const CuttingRecords& records);
+  /// All parameter blocks of the file, in its order.
+  [[nodiscard]] CuttingResult<std::vector<CuttingPair>> GetPairs(TextView path);
 
  private:
   /// Applies a change to the file's root element and replaces the file; does nothing when the change answers false.

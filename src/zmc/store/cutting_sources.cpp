@@ -55,19 +55,16 @@ bool ReadsAs(FileReader& reader, std::string_view bytes) {
 
 /// Nothing when the file is too large or reading breaks off.
 std::optional<std::string> ReadRest(FileReader& reader) {
-  if (reader.Size() > kLargestFile) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(reader.Size()) + 1, '\0');
-  for (std::size_t used = 0;;) {
-    const std::int64_t got = reader.Read(bytes.data() + used, bytes.size() - used);
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(std::min(reader.Size(), kLargestFile)));
+  std::array<char, kPiece> piece;
+  while (bytes.size() <= kLargestFile) {
+    const std::int64_t got = reader.Read(piece.data(), piece.size());
     if (got < 0) return std::nullopt;
-    used += static_cast<std::size_t>(got);
-    if (used > kLargestFile) return std::nullopt;
-    if (got == 0) {
-      bytes.resize(used);
-      return bytes;
-    }
-    if (used == bytes.size()) bytes.resize(2 * used);
+    if (got == 0) return bytes;
+    bytes.append(piece.data(), static_cast<std::size_t>(got));
   }
+  return std::nullopt;
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 // Grids and trees over Qt's own views: what is told of them, and the hands on cells and nodes.
 #include <gtest/gtest.h>
 
+#include <QDoubleValidator>
 #include <QHeaderView>
+#include <QListWidget>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTreeView>
 
@@ -231,6 +234,82 @@ TEST_F(RemoteGrid, ATreeIsToldToItsTwoHundredAndFiftySeventhLevel) {
   int levels = 0;
   for (; !level.isEmpty(); level = level[0].toObject()["children"].toArray()) ++levels;
   EXPECT_EQ(levels, 257);
+}
+
+/// Edits the first column with a line that takes numbers from 0 to 100, and the others with a list.
+class GridEditors : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
+    if (index.column() == 0) {
+      auto* line = new QLineEdit(parent);
+      auto* range = new QDoubleValidator(0, 100, 2, line);
+      range->setNotation(QDoubleValidator::StandardNotation);
+      range->setLocale(QLocale::c());
+      line->setValidator(range);
+      return line;
+    }
+    auto* list = new QListWidget(parent);
+    list->addItems({"mill", "drill"});
+    return list;
+  }
+  void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override {
+    const auto* list = qobject_cast<const QListWidget*>(editor);
+    if (list == nullptr) return QStyledItemDelegate::setModelData(editor, model, index);
+    if (list->currentItem() != nullptr) model->setData(index, list->currentItem()->text());
+  }
+};
+
+TEST_F(RemoteGrid, WhatAnEditorDoesNotTakeIsNotTyped) {
+  grid->setItemDelegate(new GridEditors(grid));
+  model.item(0, 0)->setText("5");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"text":"1x2.3456")"), "{}");
+  EXPECT_EQ(model.item(0, 0)->text(), "12.34") << "typed sign by sign";
+}
+
+TEST_F(RemoteGrid, AListCellTakesTheTextOfAnItem) {
+  grid->setItemDelegate(new GridEditors(grid));
+  model.item(0, 1)->setEditable(true);
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"text":"drill")"), "{}");
+  EXPECT_EQ(model.item(0, 1)->text(), "drill");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"text":"Mill")"), "-32602 text: the list has no such item");
+  EXPECT_EQ(model.item(0, 1)->text(), "drill");
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"text":"mill")"), "{}") << "the refused list was closed";
+  EXPECT_EQ(model.item(0, 1)->text(), "mill");
+}
+
+TEST_F(RemoteGrid, ATurnedCheckBecomesThePresentCell) {
+  grid->setCurrentIndex(model.index(1, 0));
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":1,"checked":false)"), "{}");
+  EXPECT_EQ(grid->currentIndex(), model.index(0, 1));
+}
+
+TEST_F(RemoteGrid, FixedAndHiddenCellsCannotBeChosen) {
+  model.item(0, 0)->setFlags(Qt::NoItemFlags);
+  grid->setColumnHidden(1, true);
+  for (const char* method : {"ui.grid.select", "ui.grid.edit"}) {
+    for (const char* column : {"0", "1"}) {
+      EXPECT_EQ(Grid(method, QByteArray(R"("id":7,"row":1,"text":"x","col":)") + column),
+                "-32602 col: the cell can't be chosen");
+    }
+  }
+  EXPECT_FALSE(grid->currentIndex().isValid());
+  EXPECT_EQ(model.item(0, 0)->text(), "steel");
+}
+
+TEST_F(RemoteGrid, ARowIsChosenByItsFirstColumnThatIsShown) {
+  grid->setColumnHidden(0, true);
+  EXPECT_EQ(Grid("ui.pick", R"("id":7,"index":1)"), "{}");
+  EXPECT_EQ(grid->currentIndex(), model.index(1, 1));
+  EXPECT_EQ(Grid("ui.click", R"("id":7,"index":0)"), "{}");
+  EXPECT_EQ(grid->currentIndex(), model.index(0, 1));
+}
+
+TEST_F(RemoteGrid, AGridThatSaysSoIsEditedWithoutTheFocusToo) {
+  grid->setProperty("pnlEditing", true);
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("editing":true)"), std::string::npos);
+  grid->setProperty("pnlEditing", false);
+  EXPECT_NE(Grid("ui.grid", R"("id":7)").find(R"("editing":false)"), std::string::npos);
 }
 
 }  // namespace

@@ -416,5 +416,18 @@ TEST_F(RemoteWindow, OpenDialogsComeInTheOrderOfTheirNumbers) {
   EXPECT_TRUE(WindowInspector::Dialogs().isEmpty()) << "a tool is no dialog";
 }
 
+TEST_F(RemoteWindow, ADrawnCheckBoxSaysWhetherItIsChecked) {
+  auto* box = Make<QWidget>(tool, 228, {0, 0, 20, 20});
+  EXPECT_FALSE(Control(box).contains("checked"));
+  box->setProperty("pnlKind", "check");
+  box->setProperty("pnlState", 5);
+  box->setProperty("pnlChecked", true);
+  EXPECT_EQ(Control(box)["kind"], "check");
+  EXPECT_EQ(Control(box)["state"], 5);
+  EXPECT_EQ(Control(box)["checked"], true);
+  box->setProperty("pnlChecked", false);
+  EXPECT_EQ(Control(box)["checked"], false);
+}
+
 }  // namespace
 }  // namespace panel

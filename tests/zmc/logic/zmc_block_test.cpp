@@ -160,7 +160,7 @@ TEST_F(ZmcBlockTest, ASpeedOfZeroGivesNoLineAndLeavesItsUnit) {
   EXPECT_TRUE(variables_.values.at("DM.ZMC.S") == NotedVariables::Value(0.0));
 }
 
-TEST_F(ZmcBlockTest, AFeedThatIsTooLargeIsWrittenAsItStands) {
+TEST_F(ZmcBlockTest, AFeedThatIsTooLargeIsWrittenAsItIs) {
   checks_.F = true;
   fields_.F = u"1e999";
   EXPECT_EQ(Block(), "G94 F1e999          ;" + kInfo + "\r\n");

@@ -21,7 +21,7 @@ const BlankRow kBlanks[] = {
     {u"-0", false, false},  {u"\t0", false, false}, {u"0.0000000", false, false}, {u"1", false, false},
 };
 
-TEST(ZmcFields, OnlyTheToldTextsAreBlankAndACellHasOneLess) {
+TEST(ZmcFields, OnlyThreeTextsAreBlankAndInACellOnlyTwo) {
   for (const BlankRow& row : kBlanks) {
     EXPECT_EQ(BlankField(row.text), row.field) << '"' << ToUtf8(row.text) << '"';
     EXPECT_EQ(BlankCell(row.text), row.cell) << '"' << ToUtf8(row.text) << '"';

@@ -92,7 +92,7 @@ class ZmcRecomputeTest : public testing::Test {
 TEST_F(ZmcRecomputeTest, EachEventClearsItsFields) {
   for (const RecomputeRow& row : kRecomputeRows) {
     ZmcFields fields = fields_;
-    cascade_.Clear(row.event, fields);
+    ClearFields(row.event, fields);
     EXPECT_EQ(Empty(fields), row.cleared) << row.name;
   }
 }
@@ -225,7 +225,7 @@ TEST_F(ZmcRecomputeTest, AToolWithoutDmcLeavesPowerAndLineEmpty) {
 }
 
 TEST_F(ZmcRecomputeTest, AnotherPairKeepsToolDiameterAndTeeth) {
-  cascade_.Clear(ZmcEvent::kPair, fields_);
+  ClearFields(ZmcEvent::kPair, fields_);
   fields_.Cells[2] = u"60";
   cascade_.Recompute(ZmcEvent::kPair, fields_);
   EXPECT_EQ(ToUtf8(fields_.D), "10");

@@ -17,15 +17,18 @@ struct ConversionRow {
   double inch;
 };
 
-/// Bit for bit: the order of the operations is part of the result.
+/// Bit for bit: the order of the operations is part of the result, and another order would give another last bit here.
 const ConversionRow kConversions[] = {
     {"SpeedToMetric", &ZmcUnits::SpeedToMetric, 400, 400, 400 / 3.28084},
+    {"SpeedToMetric", &ZmcUnits::SpeedToMetric, 2.7, 2.7, 2.7 / 3.28084},
     {"LengthToMetric", &ZmcUnits::LengthToMetric, 0.5, 0.5, 0.5 / 0.03937},
+    {"LengthToMetric", &ZmcUnits::LengthToMetric, 0.7, 0.7, 0.7 / 0.03937},
     {"LengthFromMetric", &ZmcUnits::LengthFromMetric, 12.7, 12.7, 12.7 * 0.03937},
-    {"InternalLengthToScreen", &ZmcUnits::InternalLengthToScreen, 123457, 123457 / 10000.0, 123457 * 0.03937 / 10000.0},
-    {"InternalSpeedToScreen", &ZmcUnits::InternalSpeedToScreen, 1200000000, 120, 1200000000 / 10000000.0 * 3.28084},
-    {"ScreenLengthToInternal", &ZmcUnits::ScreenLengthToInternal, 0.3, 0.3 * 10000.0, 0.3 * 10000.0 / 0.03937},
-    {"ScreenSpeedToInternal", &ZmcUnits::ScreenSpeedToInternal, 333, 333 * 10000000.0, 333 / 3.28084 * 10000000.0},
+    {"InternalLengthToScreen", &ZmcUnits::InternalLengthToScreen, 1998, 1998 / 10000.0, 1998 * 0.03937 / 10000.0},
+    {"InternalSpeedToScreen", &ZmcUnits::InternalSpeedToScreen, 3000009, 3000009 / 10000000.0,
+     3000009 / 10000000.0 * 3.28084},
+    {"ScreenLengthToInternal", &ZmcUnits::ScreenLengthToInternal, 0.1, 0.1 * 10000.0, 0.1 * 10000.0 / 0.03937},
+    {"ScreenSpeedToInternal", &ZmcUnits::ScreenSpeedToInternal, 0.1, 0.1 * 10000000.0, 0.1 / 3.28084 * 10000000.0},
 };
 
 TEST(ZmcUnits, EveryConversionComputesInItsOrderAndLeavesMetricScreensAlone) {

@@ -116,6 +116,16 @@ TEST_F(CuttingParser, ALeafIsTheTextOfItsElement) {
   }
 }
 
+TEST_F(CuttingParser, OfElementsOfOneNameTheFirstCounts) {
+  PutUser(CuttingFile("<MaterialDefinition><KC>2</KC><id>1</id><KC>3</KC><id>2</id><Date/><Date>2024</Date>"
+                      "</MaterialDefinition>") +
+          "<!-- end -->");
+  CT_MaterialDefinition first;
+  first.id = u"1";
+  first.KC = u"2";
+  EXPECT_EQ(UserMaterials().MaterialDefinition, std::vector<CT_MaterialDefinition>{first});
+}
+
 TEST_F(CuttingParser, MissingPartsAreEmptyLists) {
   for (const char* text : {"<CondicionesCorte/>", "<CondicionesCorte><MaterialesDefinition/></CondicionesCorte>",
                            "<CondicionesCorte><Operaciones/></CondicionesCorte>",

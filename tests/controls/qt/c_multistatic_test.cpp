@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "controls/c_multistatic.h"
+
+#include <map>
+
+#include "support/widget_probe.h"
+#include "window/qt/control_properties.h"
+
+namespace pnl::test {
+namespace {
+
+using Face = CMultistatic::Face;
+
+class CMultistaticTest : public testing::Test {
+ protected:
+  CMultistaticTest() {
+    box = new CMultistatic(228, Face::kCheckBox, &window);
+    box->setGeometry(10, 10, 24, 24);
+    QObject::connect(box, &CMultistatic::Changed, &window, [this](int state) { told.push_back(state); });
+    window.resize(200, 100);
+    Activate(window);
+  }
+  void Touch(QPoint release = {12, 12}) {
+    PressMouse(box, QPoint(12, 12));
+    PressMouse(box, release, QEvent::MouseButtonRelease);
+  }
+  std::vector<int> told;
+  QWidget window;
+  CMultistatic* box;
+};
+
+TEST_F(CMultistaticTest, TouchAndSpaceTurnACheckBox) {
+  Touch();
+  EXPECT_EQ(box->State(), 1);
+  EXPECT_TRUE(PressKey(box, Qt::Key_Space, " "));
+  EXPECT_EQ(box->State(), 0);
+  EXPECT_EQ(told, (std::vector<int>{1, 0}));
+  EXPECT_FALSE(PressKey(box, Qt::Key_Return)) << "Enter belongs to the window";
+  EXPECT_FALSE(PressKey(box, Qt::Key_Down));
+  EXPECT_EQ(told.size(), 2u);
+}
+
+TEST_F(CMultistaticTest, AnyStateButZeroIsOn) {
+  box->SetState(5);
+  EXPECT_TRUE(box->IsOn());
+  EXPECT_TRUE(told.empty()) << "the program's own change isn't told";
+  EXPECT_EQ(box->property(property::kState).toInt(), 5);
+  EXPECT_EQ(box->property(property::kChecked), QVariant(true));
+  EXPECT_EQ(ControlKind(box), "check");
+  Touch();
+  EXPECT_EQ(box->State(), 0);
+  EXPECT_EQ(box->property(property::kChecked), QVariant(false));
+}
+
+TEST_F(CMultistaticTest, ATouchReleasedElsewhereOrWithAnotherButtonTurnsNothing) {
+  Touch({60, 12});
+  PressMouse(box, QPoint(12, 12), QEvent::MouseButtonRelease);
+  PressMouse(box, QPoint(12, 12), QEvent::MouseButtonPress, Qt::RightButton);
+  PressMouse(box, QPoint(12, 12), QEvent::MouseButtonRelease, Qt::RightButton);
+  EXPECT_EQ(box->State(), 0);
+  EXPECT_TRUE(told.empty());
+}
+
+TEST_F(CMultistaticTest, ADisabledOneDoesNotTurn) {
+  box->setEnabled(false);
+  Touch();
+  EXPECT_EQ(box->State(), 0);
+}
+
+TEST_F(CMultistaticTest, OnOffDisabledAndFocusedLookDifferent) {
+  box->clearFocus();
+  const QImage off = Paint(*box);
+  box->SetState(1);
+  const QImage on = Paint(*box);
+  box->setFocus();
+  const QImage focused = Paint(*box);
+  box->clearFocus();
+  box->setEnabled(false);
+  const QImage disabled = Paint(*box);
+  EXPECT_NE(off, on);
+  EXPECT_NE(on, focused);
+  EXPECT_NE(on, disabled);
+}
+
+TEST_F(CMultistaticTest, ABandIsAPlainColour) {
+  CMultistatic band(503, Face::kBand, nullptr);
+  band.resize(40, 20);
+  band.SetBackColor(0x838D97);
+  EXPECT_EQ(Count(Paint(band), 0x838D97), 800);
+  EXPECT_EQ(band.focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(ControlKind(&band), "static");
+  EXPECT_FALSE(band.property(property::kChecked).isValid());
+  PressMouse(&band, QPoint(5, 5));
+  PressMouse(&band, QPoint(5, 5), QEvent::MouseButtonRelease);
+  EXPECT_EQ(band.State(), 0);
+}
+
+TEST_F(CMultistaticTest, APictureShowsTheSvgOfItsState) {
+  const std::map<int, std::string> svgs = {
+      {1,
+       R"(<svg xmlns="http://www.w3.org/2000/svg" width="10" height="10"><rect width="10" height="10" fill="#f00"/></svg>)"},
+      {2, "no picture"}};
+  CMultistatic picture(501, Face::kPicture, nullptr);
+  picture.resize(40, 20);
+  picture.SetBackColor(0x112233);
+  picture.SetState(1);
+  picture.SetPictures([&svgs](int state) {
+    const auto found = svgs.find(state);
+    return found == svgs.end() ? nullptr : &found->second;
+  });
+  EXPECT_EQ(Count(Paint(picture), 0x0000FF), 400) << "as large as it fits, in its shape";
+  EXPECT_EQ(ColorAt(Paint(picture), 20, 10), 0x0000FFu) << "in the middle";
+  for (const int state : {2, 3, -1}) {
+    picture.SetState(state);
+    EXPECT_EQ(Count(Paint(picture), 0x112233), 800) << state;
+    EXPECT_EQ(picture.property(property::kState).toInt(), state);
+  }
+  EXPECT_EQ(ControlKind(&picture), "picture");
+}
+
+TEST_F(CMultistaticTest, MayBeDestroyedByWhoListens) {
+  for (const bool byKey : {false, true}) {
+    auto* own = new CMultistatic(1, Face::kCheckBox, &window);
+    const QPointer<CMultistatic> alive(own);
+    own->resize(24, 24);
+    own->show();
+    QObject::connect(own, &CMultistatic::Changed, &window, [own] { delete own; });
+    if (byKey) {
+      PressKey(own, Qt::Key_Space, " ");
+    } else {
+      PressMouse(own, QPoint(12, 12));
+      PressMouse(own, QPoint(12, 12), QEvent::MouseButtonRelease);
+    }
+    EXPECT_TRUE(alive.isNull()) << byKey;
+  }
+}
+
+}  // namespace
+}  // namespace pnl::test

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "controls/zc_dato_wrap.h"
+
+#include "support/widget_probe.h"
+#include "window/qt/control_properties.h"
+
+namespace pnl::test {
+namespace {
+
+class ZCDatoWrapTest : public testing::Test {
+ protected:
+  ZCDatoWrapTest() {
+    window.resize(300, 100);
+    field = new ZCDatoWrap(3034, &window);
+    field->setGeometry(10, 10, 120, 30);
+    field->SetDigits({5, 4, 0, 1000});
+    other = new QLineEdit(&window);
+    other->setGeometry(150, 10, 100, 30);
+    Activate(window);
+    field->setFocus(Qt::TabFocusReason);
+    QObject::connect(field, &ZCDatoWrap::Changed, &window, [this] { ++changes; });
+  }
+  bool Key(int key) { return PressKey(field, key); }
+  int changes = 0;
+  QWidget window;
+  ZCDatoWrap* field;
+  QLineEdit* other;
+};
+
+TEST_F(ZCDatoWrapTest, KeepsTheTextAsWrittenAndPaintsItByItsDigits) {
+  field->SetText("763.800000");
+  EXPECT_EQ(field->text(), "763.800000");
+  EXPECT_EQ(field->Written(), "763.800000");
+  EXPECT_EQ(field->PaintedText(), "763.8000");
+  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(ControlKind(field), "edit");
+  field->SetDigits({5, 1, 0, 1000});
+  EXPECT_EQ(field->text(), "763.800000");
+  EXPECT_EQ(field->PaintedText(), "763.8");
+}
+
+TEST_F(ZCDatoWrapTest, TypingReplacesTheTextAndEnterCommitsAndGoesOn) {
+  field->SetText("763.800000");
+  Type(field, "12x.55555");
+  EXPECT_TRUE(field->IsEditing());
+  EXPECT_EQ(field->text(), "12.5555");
+  EXPECT_EQ(field->Written(), "763.800000");
+  EXPECT_EQ(changes, 0);
+  EXPECT_FALSE(Key(Qt::Key_Return)) << "the window may move the focus";
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_EQ(field->text(), "12.5555");
+  EXPECT_EQ(field->Written(), "12.5555");
+  EXPECT_EQ(changes, 1);
+  EXPECT_FALSE(Key(Qt::Key_Enter));
+  EXPECT_EQ(changes, 1) << "nothing has changed since";
+}
+
+TEST_F(ZCDatoWrapTest, TheFirstDigitMayBeTheOldText) {
+  field->SetDigits({5, 0, 0, 1000});
+  field->SetText("5");
+  Type(field, "50");
+  EXPECT_EQ(field->text(), "50");
+}
+
+TEST_F(ZCDatoWrapTest, ARefusedFirstCharacterOpensNothing) {
+  field->SetText("763.800000");
+  Type(field, "x-");
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_EQ(field->text(), "763.800000");
+}
+
+TEST_F(ZCDatoWrapTest, EscapeBringsTheOldTextBack) {
+  field->SetText("763.800000");
+  Type(field, "12");
+  EXPECT_TRUE(Key(Qt::Key_Escape));
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_EQ(field->text(), "763.800000");
+  EXPECT_FALSE(Key(Qt::Key_Escape)) << "without an edit it reaches the window";
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ZCDatoWrapTest, ArrowsStayOnlyInAnOpenEdit) {
+  for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) EXPECT_FALSE(Key(key)) << key;
+  Type(field, "12");
+  for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) EXPECT_TRUE(Key(key)) << key;
+  Key(Qt::Key_Left);
+  Type(field, "5");
+  EXPECT_EQ(field->text(), "152") << "the caret has moved";
+}
+
+TEST_F(ZCDatoWrapTest, EnterWithANumberOutOfRangeLeavesTheEditOpen) {
+  field->SetText("5");
+  Type(field, "1001");
+  EXPECT_TRUE(Key(Qt::Key_Return)) << "the focus doesn't move on";
+  EXPECT_TRUE(field->IsEditing());
+  EXPECT_EQ(field->selectedText(), "1001");
+  EXPECT_EQ(changes, 0);
+  Type(field, "1000");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(field->Written(), "1000");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ZCDatoWrapTest, ALostFocusCommitsWhatIsAllowedAndDropsTheRest) {
+  field->SetText("5");
+  Type(field, "12");
+  other->setFocus();
+  EXPECT_EQ(field->Written(), "12");
+  EXPECT_EQ(changes, 1);
+  field->setFocus();
+  Type(field, "1001");
+  other->setFocus();
+  EXPECT_EQ(field->text(), "12");
+  EXPECT_EQ(changes, 1);
+  field->setFocus();
+  other->setFocus();
+  EXPECT_EQ(changes, 1) << "nothing was typed";
+}
+
+TEST_F(ZCDatoWrapTest, AMenuOrAnotherWindowDoesNotEndAnEdit) {
+  Type(field, "12");
+  for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+    QFocusEvent out(QEvent::FocusOut, reason);
+    QApplication::sendEvent(field, &out);
+    EXPECT_TRUE(field->IsEditing());
+  }
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ZCDatoWrapTest, AnUnchangedEditKeepsTheTextAsWritten) {
+  field->SetText("763.800000");
+  PressMouse(field, QPoint(60, 15));
+  EXPECT_TRUE(field->IsEditing());
+  EXPECT_EQ(field->text(), "763.8000") << "the edit begins with what was seen";
+  Key(Qt::Key_Return);
+  EXPECT_EQ(field->text(), "763.800000");
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ZCDatoWrapTest, TheFirstTouchSelectsAllTheSecondPlacesTheCaret) {
+  field->SetText("5");
+  other->setFocus();
+  PressMouse(field, QPoint(60, 15));
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_EQ(field->selectedText(), "5");
+  PressMouse(field, QPoint(60, 15));
+  EXPECT_TRUE(field->IsEditing());
+}
+
+TEST_F(ZCDatoWrapTest, ATextFromOutsideDropsAnOpenEdit) {
+  Type(field, "12");
+  field->SetText("7");
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_EQ(field->text(), "7");
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ZCDatoWrapTest, ClearingIsAChange) {
+  field->SetText("5");
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(field->IsEditing());
+  EXPECT_EQ(field->text(), "");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(field->Written(), "");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ZCDatoWrapTest, PaintsTheRoundedNumberAndDimsItWhenDisabled) {
+  field->SetText("1.99999999");
+  other->setFocus();
+  const QImage rounded = Paint(*field);
+  field->SetText("2.0000");
+  EXPECT_EQ(Paint(*field), rounded);
+  field->SetText("3.0000");
+  EXPECT_NE(Paint(*field), rounded);
+  field->SetText("2.0000");
+  field->setEnabled(false);
+  EXPECT_NE(Paint(*field), rounded);
+}
+
+TEST_F(ZCDatoWrapTest, MayBeDestroyedByWhoListens) {
+  for (const bool byFocus : {false, true}) {
+    auto* own = new ZCDatoWrap(1, &window);
+    const QPointer<ZCDatoWrap> alive(own);
+    own->setGeometry(10, 50, 100, 30);
+    own->show();
+    own->setFocus();
+    QObject::connect(own, &ZCDatoWrap::Changed, &window, [own] { delete own; });
+    Type(own, "1");
+    if (byFocus) {
+      other->setFocus();
+    } else {
+      PressKey(own, Qt::Key_Return);
+    }
+    EXPECT_TRUE(alive.isNull()) << byFocus;
+  }
+}
+
+}  // namespace
+}  // namespace pnl::test

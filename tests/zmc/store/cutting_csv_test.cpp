@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "zmc/store/cutting_csv.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "zmc/store/cutting_changes.h"
+
+namespace pnl {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+CT_MaterialDefinition Material(TextView description, TextView force = {}) {
+  CT_MaterialDefinition record;
+  record.descripcion = LeafOf(description);
+  record.id = u"##";
+  record.KC = LeafOf(force);
+  return record;
+}
+
+CT_Operacion Operation(TextView description, TextView toolType) {
+  CT_Operacion record;
+  record.descripcion = LeafOf(description);
+  record.ToolType = LeafOf(toolType);
+  return record;
+}
+
+TEST(CuttingCsv, WritesOneLineForEachRecord) {
+  CT_MaterialDefinition steel = Material(u"Steel", u"2000");
+  steel.Norma = {u"1.0503", u"F-1142", u"1045"};
+  steel.Oculto = true;
+  steel.Date = u"2026/01/02 03:04:05";
+  EXPECT_EQ(ToUtf8(WriteCuttingCsv({{steel}, {Operation(u"Milling", u"Drill")}})),
+            "kind;description;alemaniaw;une;aisi;kc;tooltype;hidden;date\r\n"
+            "material;Steel;1.0503;F-1142;1045;2000;;1;2026/01/02 03:04:05\r\n"
+            "operation;Milling;;;;;Drill;;\r\n");
+}
+
+TEST(CuttingCsv, ReadsWhatItHasWritten) {
+  std::mt19937 random(7);
+  const TextView pieces[] = {u"a", u"\"", u";",  u",",    u"\t", u"ñ", u"\U0001F600",
+                             u"<", u"&",  u" b", u"\r\n", u"\n", u"''"};
+  const auto text = [&] {
+    Text made;
+    for (unsigned left = random() % 6; left != 0; --left) made += pieces[random() % std::size(pieces)];
+    return Text(Trim(made));
+  };
+  for (int round = 0; round < 300; ++round) {
+    CuttingRecords records;
+    for (unsigned at = 0; at < 5; ++at) {
+      CT_MaterialDefinition material =
+          Material(Text(1, static_cast<char16_t>(u'A' + at)) + text(), at == 2 ? u"" : u"12.5");
+      material.Norma = {LeafOf(text()), LeafOf(text()), LeafOf(text())};
+      material.id = MaterialId(material.Norma);
+      material.Oculto = random() % 2 == 0;
+      records.materials.push_back(material);
+      records.operations.push_back(Operation(Text(1, static_cast<char16_t>(u'A' + at)) + text(), text()));
+    }
+    const CsvReading reading = ReadCuttingCsv(WriteCuttingCsv(records));
+    ASSERT_THAT(reading.faults, IsEmpty());
+    ASSERT_EQ(reading.records.materials, records.materials);
+    ASSERT_EQ(reading.records.operations, records.operations);
+  }
+}
+
+TEST(CuttingCsv, TakesOtherSeparatorsAndAnyOrderOfColumns) {
+  for (const TextView text : {TextView(u"KC,Kind,Unknown,Description\n1500,Material,x,Brass\n"),
+                              TextView(u"KC\tKind\tUnknown\tDescription\r1500\tMATERIAL\tx\t Brass \r"),
+                              TextView(u"KC;Kind;Unknown;Description\r\n\r\n1500;material;x;\"Brass\"")}) {
+    const CsvReading reading = ReadCuttingCsv(text);
+    EXPECT_THAT(reading.faults, IsEmpty()) << ToUtf8(text);
+    EXPECT_THAT(reading.records.materials, ElementsAre(Material(u"Brass", u"1500"))) << ToUtf8(text);
+  }
+}
+
+struct FaultRow {
+  TextView text;
+  CsvFaultAt fault;
+};
+
+class CuttingCsvFaults : public testing::TestWithParam<FaultRow> {};
+
+TEST_P(CuttingCsvFaults, AreNamedWithTheirLineAndNothingIsRead) {
+  const CsvReading reading = ReadCuttingCsv(GetParam().text);
+  EXPECT_THAT(reading.faults, ElementsAre(GetParam().fault));
+  EXPECT_THAT(reading.records.materials, IsEmpty());
+  EXPECT_THAT(reading.records.operations, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, CuttingCsvFaults,
+    testing::Values(FaultRow{u"", {1, CsvFault::kNoHeader, u""}},
+                    FaultRow{u"Steel;2\n", {1, CsvFault::kNoHeader, u"Steel"}},
+                    FaultRow{u"kind;kc\n", {1, CsvFault::kNoHeader, u"kind"}},
+                    FaultRow{u"kind;description\nmaterial;A\nmaterial;B;3\n", {3, CsvFault::kColumnCount, u"3"}},
+                    FaultRow{u"kind;description\nmaterial;A\ntool;B\n", {3, CsvFault::kUnknownKind, u"tool"}},
+                    FaultRow{u"kind;description\nmaterial;A\nmaterial; \n", {3, CsvFault::kNoDescription, u""}},
+                    FaultRow{u"kind;description\nmaterial;A\nmaterial;A\n", {3, CsvFault::kRepeated, u"A"}},
+                    FaultRow{u"kind;description;kc\nmaterial;A;1e5\n", {2, CsvFault::kBadNumber, u"1e5"}},
+                    FaultRow{u"kind;description;kc\nmaterial;A;100000\n", {2, CsvFault::kBadNumber, u"100000"}},
+                    FaultRow{u"kind;description;kc\nmaterial;A;1.2.3\n", {2, CsvFault::kBadNumber, u"1.2.3"}},
+                    FaultRow{u"kind;description;kc\nmaterial;A;-1\n", {2, CsvFault::kBadNumber, u"-1"}},
+                    FaultRow{u"kind;description\nmaterial;A\x1\n", {2, CsvFault::kBadText, u"A\x1"}},
+                    FaultRow{u"kind;description\nmaterial;\"A\nB\"\nmaterial;\n", {4, CsvFault::kNoDescription, u""}}));
+
+TEST(CuttingCsv, AQuoteThatIsNotClosedIsAFault) {
+  const CsvReading reading = ReadCuttingCsv(u"kind;description\nmaterial;\"A\n");
+  ASSERT_FALSE(reading.faults.empty());
+  EXPECT_EQ(reading.faults.back().fault, CsvFault::kOpenQuote);
+  EXPECT_THAT(reading.records.materials, IsEmpty());
+}
+
+TEST(CuttingCsv, AMaterialAndAnOperationMayHaveOneDescription) {
+  EXPECT_THAT(ReadCuttingCsv(u"kind;description\nmaterial;A\noperation;A\n").faults, IsEmpty());
+}
+
+TEST(CuttingCsv, StopsCountingFaultsAtAThousand) {
+  Text text = u"kind;description\n";
+  for (int line = 0; line < 5000; ++line) text += u"x;y\n";
+  EXPECT_EQ(ReadCuttingCsv(text).faults.size(), 1000u);
+}
+
+TEST(CuttingChanges, NameNewRecordsAndChangedFields) {
+  CT_MaterialDefinition hidden = Material(u"Steel", u"2100");
+  hidden.Oculto = true;
+  hidden.Date = u"2026/01/01 00:00:00";
+  CT_MaterialDefinition dated = Material(u"Brass", u"800");
+  dated.Date = u"2026/01/01 00:00:00";
+  const CuttingRecords before{{Material(u"Steel", u"2000"), Material(u"Brass", u"800"), Material(u"Gold")},
+                              {Operation(u"Milling", u"Drill")}};
+  const CuttingRecords after{{hidden, dated, Material(u"brass", u"800")}, {Operation(u"Milling", u"Tap")}};
+  EXPECT_THAT(
+      CompareCutting(before, after),
+      ElementsAre(
+          CuttingChange{
+              true, false, u"Steel", {{CuttingField::kForce, u"2000", u"2100"}, {CuttingField::kHidden, u"", u"1"}}},
+          CuttingChange{true, true, u"brass", {{CuttingField::kForce, u"", u"800"}}},
+          CuttingChange{false, false, u"Milling", {{CuttingField::kToolType, u"Drill", u"Tap"}}}));
+}
+
+TEST(CuttingChanges, ThereAreNoneBetweenEqualRecords) {
+  const CuttingRecords records{{Material(u"Steel", u"2000")}, {Operation(u"Milling", u"Drill")}};
+  EXPECT_THAT(CompareCutting(records, records), IsEmpty());
+}
+
+}  // namespace
+}  // namespace pnl
