@@ -71,6 +71,9 @@ void ZmcMain::Open() {
   SetUpChecks();
   SetUpGrid();
   SetUpUnits();
+  // Whatever becomes of the lists, controls that lie on each other aren't shown together.
+  ShowDmcControls();
+  ShowToolControls();
   if (!FillMaterials() || !FillOperations()) return;
   FillTools();
   if (!LoadPair()) return;
@@ -109,6 +112,8 @@ void ZmcMain::SetUpGrid() {
                         Joined(desk_.LoadText(zmc_text::kDepth), u" (").append(units.LengthText()) + u")",
                         desk_.LoadText(zmc_text::kRadialPass) + u" (%)"};
   for (int row = 1; row <= kZmcGridRows; ++row) grid.SetCellText(row, 0, names[row - 1]);
+  // Nothing can be typed into the grid of a tab whose lists can't be read.
+  SetCellRights();
 }
 
 void ZmcMain::SetUpUnits() {

@@ -175,6 +175,12 @@ std::string ZmcStage::Ini() const {
   return found != files.disc.end() ? found->second : "none";
 }
 
+void ZmcStage::SetIni(const std::string& keys) {
+  // A tool that is still there would write its own over them at its end.
+  DestroyTool();
+  files.disc[kIniPath] = "[PRIVATE]\r\n" + keys;
+}
+
 std::vector<std::string> ZmcStage::TakeBoxes() {
   std::vector<std::string> texts;
   for (const BoxSpec& box : std::exchange(windows.boxes, {})) texts.push_back(ToUtf8(box.text));

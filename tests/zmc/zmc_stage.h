@@ -53,6 +53,8 @@ class ZmcStage : public ToolStage<SimGround, FakeZmcView, ZmcSession> {
   /// The rest of a user file around its materials and operations.
   void SetUserFile(const std::string& materials, const std::string& operations);
   [[nodiscard]] std::string Ini() const;
+  /// The keys that the next tool starts with.
+  void SetIni(const std::string& keys);
   /// The texts of the boxes since the last call.
   std::vector<std::string> TakeBoxes();
 

@@ -180,7 +180,7 @@ TEST_F(ZmcToolBoxTest, DmcIsOffForOneReasonAtATime) {
     Define(u"MPA.DRIVETYPE.S", row.drive);
     Define(u"SP.DMCSPDL", row.spindle);
     cnc.Tables().SetTool(3, 1, {row.family, 0, 100000, 4});
-    files.disc[kIniPath] = "[PRIVATE]\r\nLastOpe=Milling\r\nLastTool=T3\r\nDmcChecked=YES\r\n";
+    SetIni("LastOpe=Milling\r\nLastTool=T3\r\nDmcChecked=YES\r\n");
     Open();
     const bool usable = row.reason == 0;
     EXPECT_EQ(Control(id::kDmcCheck).state, usable ? 1 : 0);
