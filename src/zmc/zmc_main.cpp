@@ -334,10 +334,10 @@ void ZmcMain::Explain(const ZmcFields& fields) {
   const int focused = View().FocusedControl();
   const auto field = std::find_if(std::begin(kDataFields), std::end(kDataFields),
                                   [focused](const auto& row) { return row.first == focused; });
-  View().SetControlText(id::kFormula, field == std::end(kDataFields)
-                                          ? Text()
-                                          : FormulaText(field->second, cascade_, fields,
-                                                        desk_.LoadText(zmc_text::kRevolutions)));
+  View().SetControlText(id::kFormula,
+                        field == std::end(kDataFields)
+                            ? Text()
+                            : FormulaText(field->second, cascade_, fields, desk_.LoadText(zmc_text::kRevolutions)));
   const bool power = !fields.Power.empty() && cascade_.DmcUsable(fields);
   View().SetPowerBar(power ? std::optional(DecimalOf(fields.Power)) : std::nullopt);
   for (int row = 1; row <= kZmcGridRows; ++row) Grid().SetTint(row, kSelected, OutsideLimits(row, fields));
