@@ -44,7 +44,7 @@ void ZmcTable::Fill() {
 }
 
 void ZmcTable::Refill() {
-  if (fills_ != 0) Fill();
+  if (fills_ != 0 && !IsDirty()) Fill();
 }
 
 void ZmcTable::ShowRow(int row, const ZmcTableRow& content) {
@@ -117,7 +117,7 @@ void ZmcTable::NoteModified(int row, const Text& oldDescription) {
 }
 
 void ZmcTable::OnHeaderClicked(int col) {
-  if (col < 1 || col > shape_.sortColumns || !CanLeave()) return;
+  if (col < 1 || col > shape_.sortColumns || !CanLeave() || IsDirty()) return;
   OrderBy(col);
   Fill();
   const auto [column, ascending] = SortColumn();
@@ -223,7 +223,6 @@ bool ZmcTable::CanLeave() {
   if (Grid().IsEditing()) Grid().CommitEdit();
   if (!IsDirty()) return true;
   if (desk_.AskYesNo(shape_.saveQuestion)) return SaveTable(false);
-  ModifiedRows_.clear();
   Fill();
   UpdateSoftKeys();
   return true;

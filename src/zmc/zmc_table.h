@@ -50,7 +50,7 @@ class ZmcTable {
   /// user file, nothing is saved and the changes wait.
   bool SaveTable(bool refill);
 
-  /// The records have changed elsewhere. The tab, if it was ever shown, is filled again.
+  /// The records have changed elsewhere. The tab, if it was ever shown, is filled again, unless changes wait in it.
   void Refill();
 
   // Events of the grid.

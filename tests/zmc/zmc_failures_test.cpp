@@ -164,6 +164,8 @@ TEST_F(ZmcFailuresTest, AVanishedUserFileSavesNothingSaysNothingAndKeepsWhatWasT
     EXPECT_THAT(messages, IsEmpty());
     EXPECT_EQ(view->materials.Column(1).front(), "Typed");
     EXPECT_EQ(UserFile() == before, away);
+    ClickHeader(ZmcTab::kMaterials, 1);
+    EXPECT_EQ(view->materials.Column(1).front(), "Typed") << "rows that wait aren't filled anew";
     // The tab can be left, and the change is there when the file is.
     Menu(32818);
     EXPECT_EQ(view->shownTabs, std::set<ZmcTab>{ZmcTab::kMain});
@@ -209,6 +211,33 @@ TEST_F(ZmcFailuresTest, AFileThatIsDamagedAfterTheSaveEmptiesTheListsAndTheGridO
   EXPECT_THAT(Items(id::kMaterial), IsEmpty());
   EXPECT_EQ(CellOf(1, 1), "");
   EXPECT_TRUE(view->main.At(1, 3).readOnly);
+}
+
+TEST_F(ZmcFailuresTest, AFactoryFileThatVanishesIsToldAndEmptiesTheLists) {
+  OpenMaterials();
+  view->materials.Type(1, 1, u"Typed");
+  Factory().clear();
+  files.disc.erase(kFactoryPath);
+  Menu(32783);
+  EXPECT_THAT(TakeBoxes(), ElementsAre("T285"));
+  EXPECT_THAT(Items(id::kMaterial), IsEmpty());
+  EXPECT_EQ(view->materials.Rows(), 1) << "every later lookup finds nothing";
+  EXPECT_THAT(UserFile(), HasSubstr("Typed"));
+}
+
+TEST_F(ZmcFailuresTest, WithoutTheUserFileBothListsOfTheMainTabAreEmptyAndTheTablesStay) {
+  SetUserFile("<MaterialDefinition><descripcion>Own</descripcion></MaterialDefinition>",
+              "<Operacion><descripcion>Mine</descripcion></Operacion>");
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMaterials, 32819), std::pair(ZmcTab::kOperations, 32820)}) {
+    Menu(command);
+    files.disc.erase(kUserPath);
+    MoveTo(tab, 1, 1);
+    Menu(tab == ZmcTab::kMaterials ? 32781 : 32787);
+    EXPECT_EQ(view->GridOf(tab).Rows(), 3);
+  }
+  EXPECT_THAT(Items(id::kMaterial), IsEmpty());
+  EXPECT_THAT(Items(id::kOperation), IsEmpty());
 }
 
 TEST_F(ZmcFailuresTest, SettingsThatAreOutOfReachAtTheStartAreNotOverwritten) {

@@ -117,6 +117,14 @@ TEST_F(ZmcMainTest, ALastMaterialThatIsGoneSelectsTheLastItemNotTheFirst) {
   }
 }
 
+TEST_F(ZmcMainTest, WithoutALastSelectionARecordWithoutADescriptionIsNotIt) {
+  SetUserFile("<MaterialDefinition><KC>1</KC></MaterialDefinition>", "<Operacion><ToolType>T89</ToolType></Operacion>");
+  Open();
+  EXPECT_THAT(Items(id::kMaterial), ElementsAre("", "Steel", "Brass"));
+  EXPECT_EQ(TextOf(id::kMaterial), "Brass");
+  EXPECT_EQ(TextOf(id::kOperation), "Turning");
+}
+
 TEST_F(ZmcMainTest, TheLastSelectionsComeBackInWhateverCase) {
   SetIni("LastMat=sTEEL\r\nLastOpe=MILLING\r\nLastTool=t3\r\n");
   Open();

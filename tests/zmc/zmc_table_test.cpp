@@ -330,6 +330,17 @@ TEST_P(ZmcTableTest, ChangedRowsAreStillTheirOwnAfterOneAboveIsDeleted) {
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Milling<")));
 }
 
+TEST_P(ZmcTableTest, TheRowsBelowADeletedOneAreStillTheirOwn) {
+  OpenTable();
+  Delete(1, 1);
+  EXPECT_TRUE(Grid().Type(1, 1, u"Old"));
+  EXPECT_FALSE(CanSave()) << "that is its description";
+  EXPECT_TRUE(Grid().Type(1, 1, u"Renamed"));
+  Save();
+  EXPECT_THAT(UserFile(), HasSubstr(">Renamed<"));
+  EXPECT_THAT(UserFile(), Not(HasSubstr(">Old<")));
+}
+
 TEST_P(ZmcTableTest, DeletingDropsAnOpenEdit) {
   OpenTable();
   Grid().BeginEdit({1, 1});
@@ -675,6 +686,22 @@ TEST_F(ZmcOwnTableTest, ASavedMaterialReloadsThePair) {
   Menu(32783);
   EXPECT_EQ(TextOf(id::kMaterial), "Brass") << "the selected one is hidden now";
   EXPECT_EQ(CellOf(1, 3), "");
+}
+
+TEST_F(ZmcOwnTableTest, OfTwoRecordsAFactoryRowIsTheOneWithTheFactorysId) {
+  SetUserFile(
+      "<MaterialDefinition><id>x</id><descripcion>Steel</descripcion></MaterialDefinition>"
+      "<MaterialDefinition><id>1.0503#F-1142#1045</id><descripcion>Steel</descripcion><KC>7</KC>"
+      "</MaterialDefinition>",
+      "");
+  SetIni("OrderingMaterialType=1\r\n");
+  Open();
+  Menu(32819);
+  EXPECT_EQ(view->materials.Column(1), (std::vector<std::string>{"Brass", "Steel"}));
+  view->materials.Check(2, 6, true);
+  Menu(32783);
+  EXPECT_THAT(UserFile(), HasSubstr("<id>x</id>"));
+  EXPECT_THAT(UserFile(), Not(HasSubstr("<KC>7</KC>")));
 }
 
 TEST_F(ZmcOwnTableTest, ANewOperationTakesNoIdFromARecordWithoutADescription) {
