@@ -43,8 +43,7 @@ void ZmcPowerBar::paintEvent(QPaintEvent*) {
   // Also a value that is no number leaves the bar empty.
   if (!percent_ || !(*percent_ > 0)) return;
   const double share = std::min(*percent_, kFull) / kFull;
-  painter.fillRect(QRect(0, 0, static_cast<int>(std::lround(width() * share)), height()),
-                   ToQColor(ColorOf(*percent_)));
+  painter.fillRect(QRect(0, 0, static_cast<int>(std::lround(width() * share)), height()), ToQColor(ColorOf(*percent_)));
 }
 
 }  // namespace pnl
