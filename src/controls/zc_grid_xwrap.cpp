@@ -233,7 +233,8 @@ void ZCGridXWrap::CancelEdit() {
 }
 
 void ZCGridXWrap::LeaveEdit() {
-  InStep([&] {
+  // Whoever moves the focus still needs its widgets after the event, so the listeners are told later.
+  InKit([&] {
     QWidget* editor = delegate_->Editor();
     const QWidget* focus = QApplication::focusWidget();
     if (editor == nullptr || (focus != nullptr && editor->isAncestorOf(focus))) return;

@@ -177,6 +177,8 @@ ZmcFocusState ZmcMain::FocusState() const {
 
 void ZmcMain::MoveFocus(bool forward) {
   const int from = View().FocusedControl();
+  // Which stops there are depends on the tool, and a tool that is only typed isn't one.
+  if (from == id::kTool && toolEdited_) ResetTool();
   const auto at =
       std::find_if(std::begin(kStops), std::end(kStops), [from](const auto& stop) { return stop.first == from; });
   const ZmcStop next = at == std::end(kStops) ? ZmcStop::kMaterial : NextStop(at->second, forward, FocusState());

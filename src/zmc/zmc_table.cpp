@@ -36,11 +36,11 @@ void ZmcTable::Fill() {
   ++fills_;
   ModifiedRows_.clear();
   known_ = Rows();
-  ZmcGrid& grid = Grid();
-  grid.RemoveAllRows();
-  for (const ZmcTableRow& content : known_) ShowRow(grid.AddRow(), content);
-  if (!known_.empty()) grid.Select({1, kDescription});
-  grid.Redraw();
+  // The grid is asked for anew each time: a row that goes moves its selection, and the host hears of that.
+  Grid().RemoveAllRows();
+  for (const ZmcTableRow& content : known_) ShowRow(Grid().AddRow(), content);
+  if (!known_.empty()) Grid().Select({1, kDescription});
+  Grid().Redraw();
 }
 
 void ZmcTable::Refill() {

@@ -1,100 +1,258 @@
 // SPDX-License-Identifier: MIT
 #include "zmc/qt/msg_display.h"
 
-#include <QtWidgets/QLabel>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
-#include <QtWidgets/QScrollBar>
-#include <QtWidgets/QStyle>
 #include <algorithm>
+#include <cmath>
 
+#include "controls/draw_text.h"
 #include "controls/fonts.h"
+#include "controls/wide_scroll_bar.h"
 #include "window/dialog_units.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
+#include "zmc/qt/zmc_look.h"
 #include "zmc/zmc_ids.h"
 
 namespace pnl {
 namespace {
 
 constexpr int kText = 3069;
+constexpr int kIcon = 3070;
 constexpr int kFirst = 3058;
 constexpr int kSecond = 3059;
 constexpr int kWidthUnits = 265;
 constexpr int kHeightUnits = 122;
+// In pixels of a panel of 600.
+constexpr int kPanelHeight = 600;
 constexpr int kMargin = 16;
-constexpr int kIcon = 40;
+constexpr int kTitle = 30;
+constexpr int kIconSide = 40;
 constexpr int kButtonWidth = 130;
-constexpr int kButtonHeight = 44;
+constexpr int kButtonHeight = 46;
 constexpr int kFontHeight = 20;
-constexpr int kLeastText = 120;
-constexpr int kWideBox = 560;  // for a list of lines
+constexpr int kWideBox = 620;  // for a list of lines
+constexpr int kEdgeRoom = 4;
+constexpr int kLeastButton = 34;  // for a finger, on any panel
+constexpr std::uint32_t kTextFlags =
+    draw::kWordBreak | draw::kEditControl | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 
 QString Caption(const Language& language, int text, const char* fallback) {
   const Text loaded = language.LoadToolText(text);
-  return loaded.empty() ? QString::fromLatin1(fallback) : ToQString(loaded).replace(u'&', QStringLiteral("&&"));
+  return loaded.empty() ? QString::fromLatin1(fallback) : ToQString(loaded);
 }
+
+QFont FontOf(int height, int weight) { return MakeFont(QStringLiteral("Arial"), height, weight).value_or(QFont()); }
+
+void DrawField(QPainter& painter, const QRectF& area, Color fill, Color edge, double width) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(ToQColor(fill));
+  painter.setPen(QPen(ToQColor(edge), width));
+  const double half = width / 2;
+  painter.drawRoundedRect(area.adjusted(half, half, -half, -half), 6, 6);
+}
+
+/// The text as it is, with its own lines broken where they are too long.
+class MessageText : public QWidget {
+ public:
+  MessageText(const QString& text, QWidget* parent) : QWidget(parent), shown_(text) {
+    MarkControl(this, kText, control_kind::kStatic);
+    setProperty("pnlText", text);
+  }
+  [[nodiscard]] int HeightFor(int width) const {
+    return MeasureText(fontMetrics(), width, shown_, kTextFlags).height();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setPen(ToQColor(zmc_look::kBoxText));
+    DrawText(painter, rect(), shown_, kTextFlags);
+  }
+
+ private:
+  const QString shown_;
+};
+
+/// A disc with a sign.
+class SignIcon : public QWidget {
+ public:
+  SignIcon(bool question, QWidget* parent) : QWidget(parent), question_(question) {
+    MarkControl(this, kIcon, control_kind::kPicture);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(ToQColor(question_ ? zmc_look::kBoxEdge : zmc_look::kBoxInfo));
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(rect());
+    painter.setPen(ToQColor(question_ ? zmc_look::kBoxDark : zmc_look::kBoxText));
+    painter.setFont(FontOf(height() * 4 / 5, 700));
+    painter.drawText(rect(), Qt::AlignCenter, question_ ? QStringLiteral("?") : QStringLiteral("i"));
+  }
+
+ private:
+  const bool question_;
+};
+
+/// A button like the panel's keys. An '&' in its caption is an ordinary character.
+class BoxButton : public QPushButton {
+ public:
+  BoxButton(const QString& caption, QWidget* parent) : QPushButton(parent), caption_(caption) {
+    setText(QString(caption).replace(u'&', QStringLiteral("&&")));
+    setProperty("pnlText", caption);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const bool focused = hasFocus();
+    DrawField(painter, rect(), isDown() ? zmc_look::kBoxPressed : zmc_look::kBoxRaised,
+              focused ? zmc_look::kBoxFocus : zmc_look::kBoxBorder, focused ? 3 : 1);
+    painter.setPen(ToQColor(zmc_look::kBoxText));
+    painter.drawText(rect(), Qt::AlignCenter, fontMetrics().elidedText(caption_, Qt::ElideRight, width() - 8));
+  }
+
+ private:
+  const QString caption_;
+};
 
 }  // namespace
 
 CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWidget* parent)
-    : QDialog(parent),
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
       question_(box.style == BoxStyle::kQuestion),
-      text_(new QLabel),
+      scale_(std::clamp(parent->height() / static_cast<double>(kPanelHeight), 0.6, 2.5)),
       area_(new QScrollArea(this)),
-      icon_(new QLabel(this)),
-      first_(new QPushButton(this)) {
+      text_(new MessageText(ToQString(box.text), nullptr)),
+      icon_(new SignIcon(question_, this)) {
   setWindowTitle(ToQString(box.title));
-  MarkControl(text_, kText, control_kind::kStatic);
-  MarkControl(first_, kFirst, control_kind::kButton);
-  text_->setTextFormat(Qt::PlainText);
-  text_->setWordWrap(true);
-  text_->setText(ToQString(box.text));
-  text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  setFont(FontOf(Scaled(kFontHeight), 500));
+  // The palette of the scroll bar; all else is drawn.
+  setPalette(QPalette(ToQColor(zmc_look::kBoxRaised), ToQColor(zmc_look::kBoxBack)));
   area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area_->setVerticalScrollBar(new WideScrollBar(Qt::Vertical, area_));
   area_->setWidget(text_);
-  area_->setWidgetResizable(true);
-  const auto picture = question_ ? QStyle::SP_MessageBoxQuestion : QStyle::SP_MessageBoxInformation;
-  icon_->setPixmap(style()->standardIcon(picture).pixmap(kIcon, kIcon));
-  first_->setText(Caption(language, question_ ? zmc_text::kYes : zmc_text::kOk, "OK"));
-  first_->setDefault(true);
-  connect(first_, &QPushButton::clicked, this, &QDialog::accept);
+  text_->setFont(font());
   if (question_) {
-    second_ = new QPushButton(Caption(language, zmc_text::kNo, "CANCEL"), this);
-    MarkControl(second_, kSecond, control_kind::kButton);
-    connect(second_, &QPushButton::clicked, this, &QDialog::reject);
+    AddButton(kFirst, Caption(language, zmc_text::kYes, "OK"));
+    AddButton(kSecond, Caption(language, zmc_text::kNo, "CANCEL"));
+    connect(buttons_[1], &QPushButton::clicked, this, &QDialog::reject);
+  } else {
+    AddButton(kFirst, Caption(language, zmc_text::kOk, "OK"));
   }
-  if (const auto font = MakeFont(QStringLiteral("Arial"), kFontHeight, 500)) setFont(*font);
+  connect(buttons_[0], &QPushButton::clicked, this, &QDialog::accept);
+  buttons_[0]->setDefault(true);
   LayOut();
+}
+
+QPushButton* CDlgMsgDisplay::AddButton(int id, const QString& caption) {
+  buttons_.push_back(new BoxButton(caption, this));
+  MarkControl(buttons_.back(), id, control_kind::kButton);
+  buttons_.back()->setFont(font());
+  buttons_.back()->installEventFilter(this);
+  return buttons_.back();
+}
+
+int CDlgMsgDisplay::Scaled(int pixels) const { return static_cast<int>(std::lround(pixels * scale_)); }
+
+QRect CDlgMsgDisplay::Room() const {
+  const QWidget* parent = parentWidget();
+  const QRect over(parent->mapToGlobal(QPoint(0, 0)), parent->size());
+  const QRect room = over & parent->screen()->availableGeometry();
+  return (room.isEmpty() ? over : room).adjusted(kEdgeRoom, kEdgeRoom, -kEdgeRoom, -kEdgeRoom);
 }
 
 /// As wide as the dialog's units, and as high as the text needs.
 void CDlgMsgDisplay::LayOut() {
-  const int width = std::max(DialogPixelsX(kWidthUnits, 1), text_->text().contains(u'\n') ? kWideBox : 0);
-  const int textLeft = 2 * kMargin + kIcon;
-  const int textWidth = width - textLeft - kMargin - area_->verticalScrollBar()->sizeHint().width();
-  const QRect measured = text_->fontMetrics().boundingRect(QRect(0, 0, textWidth, 10000), Qt::TextWordWrap, text_->text());
-  const int around = 3 * kMargin + kButtonHeight;
-  // A text that is longer than the panel is high is scrolled.
-  const int most = parentWidget() != nullptr ? std::max(parentWidget()->window()->height() - around, kLeastText) : 10000;
-  const int textHeight = std::clamp(measured.height() + kMargin / 2, kIcon, most);
-  const int height = std::max(textHeight + around, DialogPixelsY(kHeightUnits, 1));
-  const int top = height - kMargin - kButtonHeight;
-  icon_->setGeometry(kMargin, kMargin, kIcon, kIcon);
-  area_->setGeometry(textLeft, kMargin, width - textLeft - kMargin, top - 2 * kMargin);
-  if (second_ == nullptr) {
-    first_->setGeometry((width - kButtonWidth) / 2, top, kButtonWidth, kButtonHeight);
-  } else {
-    first_->setGeometry(width / 2 - kButtonWidth - kMargin / 2, top, kButtonWidth, kButtonHeight);
-    second_->setGeometry(width / 2 + kMargin / 2, top, kButtonWidth, kButtonHeight);
-  }
+  const QRect room = Room();
+  const bool lines = text_->property("pnlText").toString().contains(u'\n');
+  const int width = std::min(std::max(DialogPixelsX(kWidthUnits, scale_), lines ? Scaled(kWideBox) : 0), room.width());
+  const int margin = Scaled(kMargin);
+  const int side = Scaled(kIconSide);
+  const int left = 2 * margin + side;
+  const int textWidth = width - left - margin - area_->verticalScrollBar()->sizeHint().width();
+  const int needed = static_cast<MessageText*>(text_)->HeightFor(textWidth);
+  const int button = std::max(Scaled(kButtonHeight), kLeastButton);
+  const int around = Scaled(kTitle) + 3 * margin + button;
+  const int least = DialogPixelsY(kHeightUnits, scale_);
+  const int height = std::min(std::max(std::max(needed, side) + around, least), room.height());
+  text_->resize(textWidth, needed);
+  icon_->setGeometry(margin, Scaled(kTitle) + margin, side, side);
+  area_->setGeometry(left, Scaled(kTitle) + margin, width - left - margin, height - around);
   setFixedSize(width, height);
+  PlaceButtons();
+  move(room.topLeft() + QPoint((room.width() - width) / 2, (room.height() - height) / 2));
+}
+
+void CDlgMsgDisplay::PlaceButtons() {
+  const int margin = Scaled(kMargin);
+  const auto count = static_cast<int>(buttons_.size());
+  const int high = std::max(Scaled(kButtonHeight), kLeastButton);
+  int wide = Scaled(kButtonWidth);
+  for (const QPushButton* button : buttons_) {
+    const QString caption = button->property("pnlText").toString();
+    wide = std::max(wide, button->fontMetrics().horizontalAdvance(caption) + 2 * margin);
+  }
+  wide = std::min(wide, (width() - margin) / count - margin);
+  int left = (width() - count * wide - (count - 1) * margin) / 2;
+  for (QPushButton* button : buttons_) {
+    button->setGeometry(left, height() - margin - high, wide, high);
+    left += wide + margin;
+  }
+}
+
+/// Left and Right go to the other button, the others scroll the text.
+bool CDlgMsgDisplay::OnButtonKey(int key) {
+  QScrollBar* bar = area_->verticalScrollBar();
+  switch (key) {
+    case Qt::Key_Left:
+      buttons_.front()->setFocus(Qt::BacktabFocusReason);
+      return true;
+    case Qt::Key_Right:
+      buttons_.back()->setFocus(Qt::TabFocusReason);
+      return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      bar->setValue(bar->value() + (key == Qt::Key_Down ? 1 : -1) * fontMetrics().lineSpacing());
+      return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      bar->setValue(bar->value() + (key == Qt::Key_PageDown ? 1 : -1) * bar->pageStep());
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool CDlgMsgDisplay::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && OnButtonKey(static_cast<QKeyEvent*>(event)->key())) return true;
+  return QDialog::eventFilter(watched, event);
 }
 
 void CDlgMsgDisplay::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   raise();
   activateWindow();
+}
+
+void CDlgMsgDisplay::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(zmc_look::kBoxBack));
+  painter.fillRect(0, 0, width(), Scaled(kTitle), ToQColor(zmc_look::kBoxRaised));
+  painter.setPen(ToQColor(zmc_look::kBoxText));
+  painter.setFont(FontOf(Scaled(kTitle) * 7 / 10, 700));
+  painter.drawText(QRect(Scaled(kMargin), 0, width(), Scaled(kTitle)), Qt::AlignVCenter | Qt::AlignLeft, windowTitle());
+  painter.setPen(QPen(ToQColor(zmc_look::kBoxEdge), 2));
+  painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 BoxAnswer CDlgMsgDisplay::Answer() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "zmc/qt/zmc_box.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
@@ -44,7 +45,6 @@ ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
   view()->setItemDelegate(new TallRows(view()));
   if (typed) {
     setCompleter(nullptr);
-    lineEdit()->installEventFilter(this);
     lineEdit()->setFrame(false);
   }
 }
@@ -91,8 +91,10 @@ void ZmcBox::MoveMark(int by) {
 
 bool ZmcBox::AcceptMark() {
   const int row = view()->currentIndex().row();
+  // The focus comes back from the list, and whoever hears of it may destroy the box.
+  const QPointer<ZmcBox> alive(this);
   hidePopup();
-  if (row < 0 || row >= count()) return false;
+  if (!alive || row < 0 || row >= count()) return false;
   SelectIndex(row);
   return true;
 }
@@ -100,7 +102,8 @@ bool ZmcBox::AcceptMark() {
 // The look: a flat field with a drawn triangle, so that the text has all the room there is.
 
 void ZmcBox::PlaceLine() {
-  if (lineEdit() != nullptr) lineEdit()->setGeometry(kBorder, kBorder, width() - ArrowWidth() - kBorder, height() - 2 * kBorder);
+  if (lineEdit() != nullptr)
+    lineEdit()->setGeometry(kBorder, kBorder, width() - ArrowWidth() - kBorder, height() - 2 * kBorder);
 }
 
 void ZmcBox::resizeEvent(QResizeEvent* event) {
@@ -114,14 +117,18 @@ void ZmcBox::focusInEvent(QFocusEvent* event) {
 }
 
 void ZmcBox::focusOutEvent(QFocusEvent* event) {
+  // The line has no focus of its own; its box has it.
+  const Qt::FocusReason reason = event->reason();
   QComboBox::focusOutEvent(event);
   update();
+  const bool comesBack = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+  if (lineEdit() != nullptr && !comesBack) emit LineLeft();
 }
 
 void ZmcBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
+  const bool focused = hasFocus();
   painter.fillRect(rect(), palette().color(QPalette::Base));
   const int frame = focused ? kBorder : 1;
   painter.setPen(QPen(focused ? palette().color(QPalette::Highlight) : ToQColor(zmc_look::kFrame), frame));
@@ -134,15 +141,6 @@ void ZmcBox::paintEvent(QPaintEvent*) {
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                    fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
-}
-
-bool ZmcBox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == lineEdit() && event->type() == QEvent::FocusOut) {
-    const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) emit LineLeft();
-    return false;
-  }
-  return QComboBox::eventFilter(watched, event);
 }
 
 }  // namespace pnl

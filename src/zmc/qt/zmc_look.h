@@ -20,6 +20,16 @@ inline constexpr Color kPowerGood = 0x58B06A;
 inline constexpr Color kPowerHigh = 0x2EB8F5;
 inline constexpr Color kPowerOver = 0x4040E0;
 inline constexpr Color kFrame = 0x8A9299;
+// The message box, in the panel's own colours.
+inline constexpr Color kBoxBack = 0x1D1712;
+inline constexpr Color kBoxRaised = 0x40342A;
+inline constexpr Color kBoxPressed = 0xB26F1F;
+inline constexpr Color kBoxBorder = 0x584A3D;
+inline constexpr Color kBoxText = 0xF7F3EE;
+inline constexpr Color kBoxDark = 0x0B0806;
+inline constexpr Color kBoxFocus = 0xFFB24D;
+inline constexpr Color kBoxEdge = 0x1E96E8;
+inline constexpr Color kBoxInfo = 0xB26F1F;
 inline constexpr Color kMark = 660510;  // the focus of lists, as in the explorer's name field
 }  // namespace zmc_look
 

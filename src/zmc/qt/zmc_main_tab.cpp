@@ -25,6 +25,8 @@ constexpr int kLineUnits = 13;
 constexpr int kTitleUnits = 16;
 constexpr int kSmallestFont = 11;
 constexpr int kLabelMargin = 4;  // what a label leaves around its text
+constexpr int kWeight = 500;
+constexpr int kBold = 700;
 constexpr int kGridRows = 5;
 constexpr int kGridColumns = 4;
 
@@ -117,7 +119,8 @@ QWidget* ZCTabZMCMain::MakeLabel(int control) {
 QWidget* ZCTabZMCMain::MakeBox(int control, bool typed) {
   auto* box = new ZmcBox(control, typed, this);
   StyleBox(*box);
-  connect(box, &QComboBox::activated, this, [this, control] { emit ListSelected(control); });
+  // The last signal of a selection: a listener may destroy the box.
+  connect(box, &QComboBox::textActivated, this, [this, control] { emit ListSelected(control); });
   if (typed) {
     connect(box->lineEdit(), &QLineEdit::textEdited, this, &ZCTabZMCMain::ToolTyped);
     connect(box, &ZmcBox::LineLeft, this, &ZCTabZMCMain::ToolLeft);
@@ -193,8 +196,9 @@ void ZCTabZMCMain::SetControlText(int control, TextView text) {
   } else if (auto* box = ControlAs<QComboBox>(control)) {
     if (box->isEditable()) box->lineEdit()->setText(shown);
   } else if (auto* label = ControlAs<ZWCStatic>(control)) {
+    if (label->WindowText() == shown) return;
     label->SetTextW(shown, true);
-    if (width() > 0) Place();
+    FitLabel(control, *label);
   }
 }
 
@@ -237,10 +241,12 @@ void ZCTabZMCMain::Place() {
     }
     QWidget* control = controls_.at(place.id);
     const QRect pixels = ToQRect(page.Pixels(units));
-    const int weight = place.id == id::kTitle || place.id == id::kBandTitle ? 700 : 500;
-    SetControlFont(control, FittingHeight(control, place.id == id::kTitle ? page.FontHeight(kTitleUnits) : font, weight,
-                                          pixels.width()), weight);
     control->setGeometry(pixels);
+    if (auto* label = qobject_cast<ZWCStatic*>(control)) {
+      FitLabel(place.id, *label);
+    } else {
+      SetControlFont(control, font);
+    }
     if (place.kind == ZmcControlKind::kGrid) PlaceGrid(pixels);
   }
   // The fields lie on the left edges of their units.
@@ -251,30 +257,33 @@ void ZCTabZMCMain::Place() {
   }
 }
 
-void ZCTabZMCMain::SetControlFont(QWidget* control, int height, int weight) {
+void ZCTabZMCMain::SetControlFont(QWidget* control, int height) {
   const QString face = QStringLiteral("Arial");
   if (auto* field = qobject_cast<ZCDatoWrap*>(control)) {
-    field->SetFont(face, height, weight);
+    field->SetFont(face, height, kWeight);
   } else if (auto* line = qobject_cast<ZWCEdit*>(control)) {
-    line->SetFont(face, height, weight);
-  } else if (auto* label = qobject_cast<ZWCStatic*>(control)) {
-    label->SetFont(face, height, weight);
+    line->SetFont(face, height, kWeight);
   } else if (auto* grid = qobject_cast<ZCGridXWrap*>(control)) {
-    grid->SetFont(face, height, weight);
-  } else if (const auto font = MakeFont(face, height, weight)) {
+    grid->SetFont(face, height, kWeight);
+  } else if (const auto font = MakeFont(face, height, kWeight)) {
     control->setFont(*font);
   }
 }
 
-/// The largest height up to the given one in which a label's text fits the width; a text that fits in none is cut.
-int ZCTabZMCMain::FittingHeight(const QWidget* control, int height, int weight, int width) {
-  const auto* label = qobject_cast<const ZWCStatic*>(control);
-  if (label == nullptr) return height;
-  for (int tried = height; tried > kSmallestFont; --tried) {
-    const auto font = MakeFont(QStringLiteral("Arial"), tried, weight);
-    if (font && QFontMetrics(*font).horizontalAdvance(label->WindowText()) + kLabelMargin <= width) return tried;
+/// Gives a label the largest font up to its page's in which its text fits; a text that fits in none is cut.
+void ZCTabZMCMain::FitLabel(int control, ZWCStatic& label) const {
+  const bool title = control == id::kTitle;
+  const int weight = title || control == id::kBandTitle ? kBold : kWeight;
+  const DialogTemplate* dialog = context_.language.Dialog(DialogOf(ZmcTab::kMain));
+  int height = PageOf(ZmcTab::kMain, dialog, width(), this->height()).FontHeight(title ? kTitleUnits : kLineUnits);
+  const QString face = QStringLiteral("Arial");
+  const QString text = label.WindowText();
+  for (; height > kSmallestFont && !text.isEmpty(); --height) {
+    const auto font = MakeFont(face, height, weight);
+    if (font && QFontMetrics(*font).horizontalAdvance(text) + kLabelMargin <= label.width()) break;
   }
-  return kSmallestFont;
+  label.SetFont(face, height, weight);
+  label.update();
 }
 
 /// The names take two fifths of the width, the values share the rest.
@@ -289,8 +298,6 @@ void ZCTabZMCMain::PlaceGrid(const QRect& place) {
   for (int line = 1; line < kGridRows; ++line) grid_->SetRowHeight(line, row);
 }
 
-void ZCTabZMCMain::paintEvent(QPaintEvent* event) {
-  QPainter(this).fillRect(event->rect(), ToQColor(zmc_look::kPage));
-}
+void ZCTabZMCMain::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), ToQColor(zmc_look::kPage)); }
 
 }  // namespace pnl

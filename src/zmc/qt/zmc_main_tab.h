@@ -65,8 +65,8 @@ class ZCTabZMCMain : public MessageWindow {
   QWidget* MakeGrid(int id);
   void Place();
   void PlaceGrid(const QRect& place);
-  [[nodiscard]] static int FittingHeight(const QWidget* control, int height, int weight, int width);
-  void SetControlFont(QWidget* control, int height, int weight);
+  void FitLabel(int id, ZWCStatic& label) const;
+  static void SetControlFont(QWidget* control, int height);
 
   const ToolContext context_;
   const std::uint32_t focusMessage_;

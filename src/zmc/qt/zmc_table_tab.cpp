@@ -65,16 +65,15 @@ void ZmcTableTab::resizeEvent(QResizeEvent* event) {
 
 void ZmcTableTab::PlaceColumns() {
   const int all = std::accumulate(shares_.begin(), shares_.end(), 0);
-  const int room = grid_->width() - 2 * grid_->frameWidth() - kFixedColumn - grid_->verticalScrollBar()->sizeHint().width();
+  const int room =
+      grid_->width() - 2 * grid_->frameWidth() - kFixedColumn - grid_->verticalScrollBar()->sizeHint().width();
   grid_->SetColumnWidth(0, kFixedColumn);
   for (std::size_t col = 0; col < shares_.size(); ++col) {
     grid_->SetColumnWidth(static_cast<int>(col) + 1, room * shares_[col] / all);
   }
 }
 
-void ZmcTableTab::paintEvent(QPaintEvent* event) {
-  QPainter(this).fillRect(event->rect(), ToQColor(zmc_look::kPage));
-}
+void ZmcTableTab::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), ToQColor(zmc_look::kPage)); }
 
 ZCTabZMCMateriales::ZCTabZMCMateriales(const ToolContext& context, QWidget* frame)
     : ZmcTableTab(context, ZmcTab::kMaterials, {31, 13, 16, 13, 17, 10, 0}, frame) {}

@@ -49,6 +49,20 @@ std::optional<ZmcKey> KeyOf(const QKeyEvent& event) {
   }
 }
 
+/// A key that is typed into a field or a cell, or moves in a grid.
+bool IsTyped(const QKeyEvent& event) {
+  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+  switch (event.key()) {
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+      return true;
+    default:
+      return !event.text().isEmpty() && event.text().front().isPrint();
+  }
+}
+
 }  // namespace
 
 ZCZelorMacCalc::ZCZelorMacCalc(const ToolContext& context, QWidget* parent)
@@ -165,6 +179,7 @@ void ZCZelorMacCalc::ConnectGrid(ZmcTab tab, ZCGridXWrap& grid) {
   });
   connect(&grid, &ZCGridXWrap::Moved, this,
           [this, tab](int, int) { session_.Tell([=](ZmcSession& session) { session.OnCellMoved(tab); }); });
+  connect(&grid, &ZCGridXWrap::FocusChanged, this, &ZCZelorMacCalc::TellFocusLater);
   connect(&grid, &ZCGridXWrap::HeaderClicked, this,
           [this, tab](int col) { session_.Tell([=](ZmcSession& session) { session.OnHeaderClicked(tab, col); }); });
   grid.SetKeyHook([this](QKeyEvent& event) { return OnKeyDown(event); });
@@ -184,6 +199,8 @@ bool ZCZelorMacCalc::OnKeyDown(QKeyEvent& event) {
 
 bool ZCZelorMacCalc::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
+  // From every control that doesn't claim the key itself. The tool's keys come before the panel's shortcuts.
+  if (event->type() == QEvent::ShortcutOverride && ClaimKey(static_cast<QKeyEvent&>(*event))) return true;
   return ToolWindow::event(event);
 }
 
@@ -193,15 +210,23 @@ bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
-  // The focus is there only after the event.
-  if (event->type() == QEvent::FocusIn) QMetaObject::invokeMethod(this, &ZCZelorMacCalc::TellFocus, Qt::QueuedConnection);
-  // The keys of the calculator come before the panel's shortcuts.
-  if (event->type() == QEvent::ShortcutOverride && KeyOf(static_cast<QKeyEvent&>(*event))) event->accept();
+  if (event->type() == QEvent::FocusIn) TellFocusLater();
+  // An open list is a window of its own, so its keys don't come to the frame.
+  if (event->type() == QEvent::ShortcutOverride) return ClaimKey(static_cast<QKeyEvent&>(*event));
   return false;
 }
 
-void ZCZelorMacCalc::TellFocus() {
-  session_.Tell([](ZmcSession& session) { session.OnFocusMoved(); });
+/// True when the key is the tool's and no shortcut's.
+bool ZCZelorMacCalc::ClaimKey(QKeyEvent& event) {
+  if (!KeyOf(event) && !IsTyped(event)) return false;
+  event.accept();
+  return true;
+}
+
+/// The focus is there only after the event that brings it.
+void ZCZelorMacCalc::TellFocusLater() {
+  const auto tell = [this] { session_.Tell([](ZmcSession& session) { session.OnFocusMoved(); }); };
+  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 std::intptr_t ZCZelorMacCalc::OnMessage(const Message& message) {
@@ -217,11 +242,24 @@ void ZCZelorMacCalc::resizeEvent(QResizeEvent* event) {
   }
 }
 
-/// The host shows a frame that was closed: the tool opens again.
+/// The host shows a frame that was closed: the tool opens again. Not in the event, because the host may destroy the
+/// frame when it hears of the opening.
+void ZCZelorMacCalc::setVisible(bool visible) {
+  const QPointer<ZCZelorMacCalc> alive(this);
+  const bool outer = std::exchange(showing_, true);
+  ToolWindow::setVisible(visible);
+  if (!alive) return;
+  showing_ = outer;
+  if (visible && !outer && isVisible()) OpenAgain();
+}
+
 void ZCZelorMacCalc::showEvent(QShowEvent* event) {
   ToolWindow::showEvent(event);
-  if (showing_ || event->spontaneous()) return;
-  session_.Tell([](ZmcSession& session) { session.OnShownAgain(); });
+  if (!showing_) QMetaObject::invokeMethod(this, &ZCZelorMacCalc::OpenAgain, Qt::QueuedConnection);
+}
+
+void ZCZelorMacCalc::OpenAgain() {
+  if (isVisible()) session_.Tell([](ZmcSession& session) { session.OnShownAgain(); });
 }
 
 void ZCZelorMacCalc::paintEvent(QPaintEvent* event) {
@@ -249,7 +287,8 @@ void ZCZelorMacCalc::Destroy() {
 
 void ZCZelorMacCalc::PostTab() {
   QWidget* focus = QApplication::focusWidget();
-  if (focus != nullptr) QCoreApplication::postEvent(focus, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
+  if (focus != nullptr)
+    QCoreApplication::postEvent(focus, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
 }
 
 void ZCZelorMacCalc::ShowControl(int id, bool on) {
@@ -346,7 +385,9 @@ int ZCZelorMacCalc::FocusedControl() const {
 
 void ZCZelorMacCalc::FocusControl(int id) {
   const int from = FocusedControl();
+  const QPointer<ZCZelorMacCalc> alive(this);
   if (IsListOpen(from)) OpenList(from, false);
+  if (!alive) return;
   if (QWidget* control = main_->Control(id)) control->setFocus(Qt::OtherFocusReason);
 }
 
@@ -361,10 +402,13 @@ void ZCZelorMacCalc::FocusGrid(ZmcTab tab) {
 BoxAnswer ZCZelorMacCalc::AskInBox(const BoxSpec& box) {
   // Watched: the box goes with this window, which somebody may destroy while it is open.
   const QPointer<CDlgMsgDisplay> dialog = new CDlgMsgDisplay(context_.language, box, this);
+  const QPointer<ZCZelorMacCalc> alive(this);
   dialog->exec();
   if (!dialog) return box.style == BoxStyle::kQuestion ? BoxAnswer::kNo : BoxAnswer::kOk;
   const BoxAnswer answer = dialog->Answer();
   delete dialog;
+  // Without a window manager nobody else gives the keys back to the panel.
+  if (alive && QApplication::activeWindow() == nullptr) window()->activateWindow();
   return answer;
 }
 

@@ -21,6 +21,7 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   ZCZelorMacCalc(const ToolContext& context, QWidget* parent);
   ~ZCZelorMacCalc() override;
   void Start() override;
+  void setVisible(bool visible) override;
 
  protected:
   std::intptr_t OnMessage(const Message& message) override;
@@ -69,14 +70,16 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   void LeaveTabs();
   [[nodiscard]] MessageWindow* Page(ZmcTab tab) const;
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
-  void TellFocus();
+  [[nodiscard]] static bool ClaimKey(QKeyEvent& event);
+  void TellFocusLater();
+  void OpenAgain();
 
   const ToolContext context_;
   ZCTabZMCMain* main_ = nullptr;
   ZCTabZMCMateriales* materials_ = nullptr;
   ZCTabZMCOperaciones* operations_ = nullptr;
   ToolLink<ZmcSession> session_;
-  bool showing_ = false;  // the session shows the frame itself
+  bool showing_ = false;  // the frame is being shown, by the session or by setVisible
 };
 
 }  // namespace pnl

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "zmc/qt/msg_display.h"
+
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+
+#include "support/window_stage.h"
+#include "window/qt/qt_text.h"
+#include "zmc/qt/zmc_look.h"
+
+namespace pnl::test {
+namespace {
+
+constexpr int kText = 3069;
+constexpr int kFirst = 3058;
+constexpr int kSecond = 3059;
+constexpr int kFinger = 34;
+
+class MsgDisplayTest : public WindowStage {
+ protected:
+  MsgDisplayTest() : WindowStage({800, 600}, {0, 0, 800, 600}) {}
+  ~MsgDisplayTest() override { delete box; }
+
+  CDlgMsgDisplay& Show(const QString& text, BoxStyle style = BoxStyle::kInfo) {
+    delete box;
+    BoxSpec spec;
+    spec.title = u"CNC";
+    spec.text = FromQString(text);
+    spec.style = style;
+    box = new CDlgMsgDisplay(language, spec, area);
+    box->open();
+    Settle();
+    return *box;
+  }
+  [[nodiscard]] QWidget* Part(int id) const { return FindControl(box, id); }
+  [[nodiscard]] std::string Caption(int id) const { return Part(id)->property("pnlText").toString().toStdString(); }
+  [[nodiscard]] QScrollBar* Bar() const { return box->findChild<QScrollArea*>()->verticalScrollBar(); }
+  static QString Lines(int count) {
+    QStringList lines;
+    for (int i = 0; i < count; ++i) lines << "line " + QString::number(i);
+    return lines.join('\n');
+  }
+
+  QPointer<CDlgMsgDisplay> box;
+};
+
+TEST_F(MsgDisplayTest, ANoticeHasOneButtonAndAQuestionTwo) {
+  Show("text");
+  EXPECT_EQ(box->findChildren<QPushButton*>().size(), 1);
+  EXPECT_EQ(Caption(kFirst), "OK");
+  EXPECT_EQ(Part(kSecond), nullptr);
+  Show("text", BoxStyle::kQuestion);
+  EXPECT_EQ(box->findChildren<QPushButton*>().size(), 2);
+  EXPECT_EQ(Caption(kFirst), "Yes");
+  EXPECT_EQ(Caption(kSecond), "No");
+  EXPECT_EQ(box->windowTitle(), "CNC");
+}
+
+TEST_F(MsgDisplayTest, WithoutALanguageTheButtonsAreOkAndCancel) {
+  language.Use(LanguagePack());
+  Show("text");
+  EXPECT_EQ(Caption(kFirst), "OK");
+  Show("text", BoxStyle::kQuestion);
+  EXPECT_EQ(Caption(kFirst), "OK");
+  EXPECT_EQ(Caption(kSecond), "CANCEL");
+}
+
+TEST_F(MsgDisplayTest, ACaptionIsSetWhenTheBoxOpens) {
+  language.SetText(266, u"Fine & good");
+  Show("text");
+  EXPECT_EQ(Caption(kFirst), "Fine & good");
+  EXPECT_EQ(qobject_cast<QPushButton*>(Part(kFirst))->shortcut(), QKeySequence()) << "no key but Enter presses it";
+}
+
+struct AnswerRow {
+  BoxStyle style;
+  std::vector<int> keys;
+  BoxAnswer answer;
+};
+
+TEST_F(MsgDisplayTest, KeysAnswer) {
+  const AnswerRow rows[] = {
+      {BoxStyle::kInfo, {Qt::Key_Return}, BoxAnswer::kOk},
+      {BoxStyle::kInfo, {Qt::Key_Escape}, BoxAnswer::kOk},
+      {BoxStyle::kInfo, {Qt::Key_Left, Qt::Key_Right, Qt::Key_Enter}, BoxAnswer::kOk},
+      {BoxStyle::kQuestion, {Qt::Key_Return}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Escape}, BoxAnswer::kNo},
+      {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Return}, BoxAnswer::kNo},
+      {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Right, Qt::Key_Return}, BoxAnswer::kNo},
+      {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Left, Qt::Key_Enter}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Tab, Qt::Key_Return}, BoxAnswer::kNo},
+      {BoxStyle::kQuestion, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Return}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Escape}, BoxAnswer::kNo},
+  };
+  for (const AnswerRow& row : rows) {
+    Show("text", row.style);
+    for (const int key : row.keys) {
+      ASSERT_TRUE(box->isVisible()) << &row - rows;
+      Key(key);
+    }
+    EXPECT_FALSE(box->isVisible()) << &row - rows;
+    EXPECT_EQ(box->Answer(), row.answer) << &row - rows;
+  }
+}
+
+TEST_F(MsgDisplayTest, TouchesAnswer) {
+  Show("text", BoxStyle::kQuestion);
+  Touch(Part(kSecond));
+  EXPECT_FALSE(box->isVisible());
+  EXPECT_EQ(box->Answer(), BoxAnswer::kNo);
+  Show("text", BoxStyle::kQuestion);
+  Touch(Part(kFirst));
+  EXPECT_EQ(box->Answer(), BoxAnswer::kYes);
+}
+
+TEST_F(MsgDisplayTest, IsInFrontAndHasTheKeys) {
+  Show("text");
+  EXPECT_TRUE(box->isActiveWindow());
+  EXPECT_TRUE(Part(kFirst)->hasFocus());
+  EXPECT_TRUE(box->isModal());
+}
+
+TEST_F(MsgDisplayTest, GrowsWithItsTextAndKeepsItsButtonsOnThePanel) {
+  Show("short");
+  const int shortBox = box->height();
+  EXPECT_EQ(box->width(), 398);
+  EXPECT_EQ(shortBox, 198);
+  EXPECT_EQ(Bar()->maximum(), 0);
+  Show(QString("a text of many words ").repeated(20));
+  EXPECT_GT(box->height(), shortBox + 100);
+  EXPECT_EQ(Bar()->maximum(), 0) << "no need to scroll";
+  EXPECT_EQ(box->width(), 398);
+  for (const QSize size : {QSize(800, 600), QSize(400, 300), QSize(1920, 1080), QSize(320, 200)}) {
+    area->resize(size);
+    Show(Lines(200), BoxStyle::kQuestion);
+    const QRect panelArea(area->mapToGlobal(QPoint(0, 0)), area->size());
+    EXPECT_TRUE(panelArea.contains(box->geometry()))
+        << size.width() << " at " << box->x() << "," << box->y() << " " << box->width() << "x" << box->height();
+    for (const int id : {kFirst, kSecond}) {
+      EXPECT_TRUE(box->rect().contains(Part(id)->geometry())) << size.width();
+      EXPECT_GE(Part(id)->height(), kFinger) << size.width();
+      EXPECT_GE(Part(id)->width(), 2 * kFinger) << size.width();
+    }
+    EXPECT_FALSE(Part(kFirst)->geometry().intersects(Part(kSecond)->geometry()));
+    EXPECT_FALSE(Part(kFirst)->geometry().intersects(box->findChild<QScrollArea*>()->geometry()));
+  }
+}
+
+TEST_F(MsgDisplayTest, ALongTextIsScrolledToItsEnd) {
+  Show(Lines(200));
+  ASSERT_GT(Bar()->maximum(), 0);
+  Key(Qt::Key_Down);
+  const int line = Bar()->value();
+  EXPECT_GT(line, 0);
+  Key(Qt::Key_PageDown);
+  EXPECT_GT(Bar()->value(), 5 * line);
+  Key(Qt::Key_PageUp);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Bar()->value(), 0);
+  for (int i = 0; i < 200; ++i) Key(Qt::Key_PageDown);
+  EXPECT_EQ(Bar()->value(), Bar()->maximum());
+  // The last line is drawn at the end of the text.
+  QWidget* text = Part(kText);
+  const QImage image = Paint(*text);
+  EXPECT_GT(Count(image, zmc_look::kBoxText, QRect(0, text->height() - 25, text->width(), 25)), 20);
+}
+
+TEST_F(MsgDisplayTest, AWordThatIsLongerThanALineIsBroken) {
+  Show("Delete " + QString(300, 'W') + "?");
+  QWidget* text = Part(kText);
+  EXPECT_LE(text->width(), box->findChild<QScrollArea*>()->width());
+  EXPECT_GT(text->height(), 100);
+  EXPECT_EQ(box->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(MsgDisplayTest, ShowsMarkupAndAmpersandsAsTheyAre) {
+  const QString markup = "<b>Delete</b> <img src='x'> A & B && C?";
+  Show(markup, BoxStyle::kQuestion);
+  EXPECT_EQ(Caption(kText), markup.toStdString());
+  const QImage plain = Paint(*Part(kText));
+  Show("Delete A  B  C?", BoxStyle::kQuestion);
+  EXPECT_NE(Ink(plain, ColorAt(plain, 0, 0)), Ink(Paint(*Part(kText)), ColorAt(plain, 0, 0)));
+}
+
+TEST_F(MsgDisplayTest, HasThePanelsDarkLook) {
+  Show("text", BoxStyle::kQuestion);
+  const QImage image = Paint(*box);
+  EXPECT_EQ(ColorAt(image, box->width() / 2, 120), zmc_look::kBoxBack);
+  EXPECT_EQ(ColorAt(image, 0, box->height() / 2), zmc_look::kBoxEdge);
+  const QRect key = Part(kSecond)->geometry();
+  EXPECT_EQ(ColorAt(image, key.left() + 6, key.center().y()), zmc_look::kBoxRaised);
+  EXPECT_GT(Count(image, zmc_look::kBoxText, Part(kFirst)->geometry()), 20);
+  EXPECT_GT(Count(image, zmc_look::kBoxFocus, Part(kFirst)->geometry()), 50) << "the focus is seen";
+  EXPECT_EQ(Count(image, zmc_look::kBoxFocus, key), 0);
+  EXPECT_TRUE(box->windowFlags().testFlag(Qt::FramelessWindowHint));
+}
+
+}  // namespace
+}  // namespace pnl::test
