@@ -3,6 +3,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <optional>
@@ -196,8 +197,10 @@ bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
   // The focus is there only after the event.
   if (event->type() == QEvent::FocusIn) QMetaObject::invokeMethod(this, &ZCZelorMacCalc::TellFocus, Qt::QueuedConnection);
   // The keys of the calculator come before the panel's shortcuts.
-  if (event->type() == QEvent::ShortcutOverride && KeyOf(static_cast<QKeyEvent&>(*event))) event->accept();
-  return false;
+  if (event->type() != QEvent::ShortcutOverride || !KeyOf(static_cast<QKeyEvent&>(*event))) return false;
+  event->accept();
+  // Qt closes an open list at this event already. The key itself would then reach the box, and Escape the whole tool.
+  return qobject_cast<QAbstractItemView*>(watched) != nullptr;
 }
 
 void ZCZelorMacCalc::TellFocus() {
