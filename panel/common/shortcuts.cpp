@@ -16,6 +16,7 @@ const QList<ShortcutRow>& ShortcutTable() {
       {Action::kOpenMdi, Word::kMdi, "Ctrl+M"},
       {Action::kSwitchRole, Word::kMdiMda, "Ctrl+Shift+M"},
       {Action::kOpenCalculator, Word::kCalculator, "Ctrl+K"},
+      {Action::kOpenMachining, Word::kMachiningCalculator, "Ctrl+D"},
       {Action::kHelp, Word::kHelp, "Ctrl+F1"},
       {Action::kClearError, Word::kClear, "Shift+Esc"},
       {Action::kErrorList, Word::kErrorList, "Ctrl+L"},

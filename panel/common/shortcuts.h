@@ -23,6 +23,7 @@ enum class Action {
   kOpenMdi,
   kSwitchRole,
   kOpenCalculator,
+  kOpenMachining,
   kHelp,
   kClearError,
   kErrorList,

@@ -129,13 +129,23 @@ void FileDesk::OnCalled(const HostCall& call) {
     case PNL_SLOT_EXPLORER_ACCEPTED:
     case PNL_SLOT_EXPLORER_ACCEPTED_ALT:
       return End(true);
-    case PNL_SLOT_TOOL_CLOSED:
-      if (call.args.value(0).toInt() != PNL_TOOL_EXPLORER) return;
-      if (call.args.value(1).toInt() == PNL_CLOSED) End(false);
+    case PNL_SLOT_SHOW_MESSAGE:
+      askerSaid_ = askerSaid_ || !call.args.value(1).toMap().value("text").toString().isEmpty();
       return;
+    case PNL_SLOT_TOOL_CLOSED:
+      return OnToolClosed(call.args.value(0).toInt(), call.args.value(1).toInt());
     default:
       return;
   }
+}
+
+void FileDesk::OnToolClosed(int tool, int reason) {
+  if (tool == PNL_TOOL_EXPLORER) {
+    if (reason == PNL_CLOSED) End(false);
+    return;
+  }
+  // A tool that has closed is not to go on with a file that is chosen later.
+  if (waiting_ && !IsOwn() && waiting_->tool == session_.ToolWindow(tool)) Leave();
 }
 
 void FileDesk::End(bool accepted) {
@@ -164,10 +174,11 @@ void FileDesk::AnswerTool(PnlWindow tool, bool accepted) {
   const QString path = JoinPath(FolderOf(*record), FileOf(*record));
   const auto host = rig_->Files().HostPath(path.toStdU16String());
   const FileStamp before = StampOf(host);
+  askerSaid_ = false;
   PnlSendMessage(tool, PNL_MSG_RESULT_READY, PNL_READY_FILE, 0);
-  // The asker reports a failure in a box of its own. Only the panel reports success.
+  // The asker reports a failure itself. When it reports no success, the panel does.
   const FileStamp after = StampOf(host);
-  if (after.there && after != before) emit Said(Say(Word::kSaved, path), false);
+  if (!askerSaid_ && after.there && after != before) emit Said(Say(Word::kSaved, path), false);
 }
 
 void FileDesk::AnswerPanel(const Waiting& waiting, bool accepted) {

@@ -47,6 +47,7 @@ class FileDesk : public QObject, public FileAsker {
 
   void OnCalled(const HostCall& call);
   void OnToolRequest();
+  void OnToolClosed(int tool, int reason);
   /// Opens the explorer for the record in "E.XPLRDATA". Nobody else may wait.
   void Open(Waiting waiting);
   void Wait(Waiting waiting);
@@ -69,6 +70,7 @@ class FileDesk : public QObject, public FileAsker {
   int requests_ = 0;  // so far
   PnlWindow explorer_ = 0;
   bool loading_ = false;
+  bool askerSaid_ = false;  // the asker has shown a message since it got its file
 };
 
 }  // namespace panel

@@ -261,7 +261,9 @@ void HostSession::KeepToolState(int tool, bool open) {
   openFrontLast_.erase(std::remove(openFrontLast_.begin(), openFrontLast_.end(), tool), openFrontLast_.end());
   if (open) openFrontLast_.push_back(tool);
   KeepWorkingTool(tool, open);
-  if (openFrontLast_ != before) emit ToolsChanged();
+  const QPointer<HostSession> alive(this);
+  if (!open) DropMessagesOf(tool);
+  if (alive && openFrontLast_ != before) emit ToolsChanged();
 }
 
 void HostSession::KeepWorkingTool(int tool, bool open) {
@@ -275,15 +277,22 @@ void HostSession::KeepWorkingTool(int tool, bool open) {
   }
 }
 
-void HostSession::KeepMessage(const QVariantMap& message) {
+void HostSession::KeepMessage(int tool, const QVariantMap& message) {
   const int line = message.value("line").toInt();
   const QString text = message.value("text").toString();
   if (text.isEmpty()) {
     messages_.erase(line);
   } else {
-    messages_[line] = {text, message.value("back").toUInt(), message.value("fore").toUInt()};
+    messages_[line] = {tool, text, message.value("back").toUInt(), message.value("fore").toUInt()};
   }
   emit MessagesChanged();
+}
+
+void HostSession::DropMessagesOf(int tool) {
+  // A tool clears its first line itself when it closes, or leaves a farewell there.
+  const auto dropped =
+      std::erase_if(messages_, [tool](const auto& entry) { return entry.first > 1 && entry.second.tool == tool; });
+  if (dropped != 0) emit MessagesChanged();
 }
 
 void HostSession::OnCall(const HostCall& call) {
@@ -309,7 +318,7 @@ void HostSession::OnCall(const HostCall& call) {
       sideMenus_[sideMenuTool_] = sideMenu_;
       break;
     case PNL_SLOT_SHOW_MESSAGE:
-      KeepMessage(call.args.value(1).toMap());
+      KeepMessage(first(), call.args.value(1).toMap());
       break;
     default:
       break;

@@ -22,6 +22,7 @@ extern const std::array<const char*, kSlotCount> kSlotNames;
 
 /// One line of the message zone, as a tool last set it.
 struct MessageLine {
+  int tool = -1;
   QString text;
   std::uint32_t back = 0;
   std::uint32_t fore = 0;
@@ -119,7 +120,9 @@ class HostSession : public QObject {
   void KeepToolState(int tool, bool open);
   /// Updates WorkingTool after the tool was opened or turned to, or has closed.
   void KeepWorkingTool(int tool, bool open);
-  void KeepMessage(const QVariantMap& message);
+  void KeepMessage(int tool, const QVariantMap& message);
+  /// Clears the lines below the first one that the tool has shown.
+  void DropMessagesOf(int tool);
   [[nodiscard]] static intptr_t OnMessage(void* context, PnlWindow window, std::uint32_t message, intptr_t first,
                                           intptr_t second);
   PnlWindow toolArea_ = 0;

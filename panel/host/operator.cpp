@@ -151,6 +151,8 @@ void Operator::Do(Action action) {
       return ClearError();
     case Action::kOpenCalculator:
       return OpenCalculator();
+    case Action::kOpenMachining:
+      return OpenMachining();
     case Action::kFocusTool:
       return TurnTo(session_.FrontTool());
     default:
@@ -234,8 +236,12 @@ void Operator::OpenMachining() {
   const int tool = PNL_TOOL_MACHINING_CALCULATOR;
   if (session_.IsToolOpen(tool)) return session_.BringToFront(tool);
   // A closed one is only hidden: it opens again when it is shown, with what the operator had chosen.
-  if (auto* closed = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool)))) return closed->show();
-  if (!OpenTool(tool)) SetHint(Say(Word::kMachiningMissing), true);
+  if (auto* closed = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool)))) {
+    closed->show();
+  } else {
+    (void)OpenTool(tool);
+  }
+  if (!session_.IsToolOpen(tool)) SetHint(Say(Word::kMachiningMissing), true);
 }
 
 void Operator::TurnTo(int tool) {
@@ -249,10 +255,27 @@ void Operator::TurnTo(int tool) {
 }
 
 void Operator::CloseTool(int tool) {
-  // The calculator doesn't report that it closes on PNL_COMMAND_LEAVE, and the panel would take it for open.
-  const int code = tool == PNL_TOOL_CALCULATOR ? PNL_COMMAND_CLOSE_TOOL : PNL_COMMAND_LEAVE;
+  // On PNL_COMMAND_LEAVE the calculators don't report that they close, and the machining calculator doesn't ask about
+  // its rows.
+  const bool calculator = tool == PNL_TOOL_CALCULATOR || tool == PNL_TOOL_MACHINING_CALCULATOR;
+  const int code = calculator ? PNL_COMMAND_CLOSE_TOOL : PNL_COMMAND_LEAVE;
   // Posted, because the tool is still inside the key that asked for it.
   PnlPostMessage(session_.ToolWindow(tool), PNL_MSG_TOOL_COMMAND, code, 0);
+}
+
+bool Operator::CloseUnsaved() {
+  const int tool = PNL_TOOL_MACHINING_CALCULATOR;
+  const PnlWindow window = session_.ToolWindow(tool);
+  if (PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_ASK_UNSAVED, 0) != PNL_UNSAVED_WORK) return true;
+  session_.BringToFront(tool);
+  return PnlSendMessage(window, PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL, 0) != PNL_CLOSE_REFUSED;
+}
+
+void Operator::InsertBlock() {
+  if (rig_ == nullptr) return;
+  emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
+  // The tool closes next. The operator goes on in the program, whichever other tool is open.
+  session_.WorkInProgram();
 }
 
 void Operator::TakeCalcResult() {
@@ -327,8 +350,7 @@ void Operator::OnCalled(const HostCall& call) {
     case PNL_SLOT_CALC_RESULT_ACCEPTED:
       return TakeCalcResult();
     case PNL_SLOT_INSERT_BLOCK:
-      if (rig_ != nullptr) emit InsertBlockWanted(QString::fromStdU16String(rig_->ClipboardText()));
-      return;
+      return InsertBlock();
     case PNL_SLOT_SHOW_ERROR:
       return errors_.OnShowError(call.args.value(0).toMap());
     case PNL_SLOT_ERRORS_GONE:

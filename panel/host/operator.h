@@ -43,10 +43,13 @@ class Operator : public QObject {
   /// Opens the tool, and loads it at its first use. Returns false and sets a hint when the tool can't be loaded or
   /// refuses.
   bool OpenTool(int tool);
-  /// Opens the machining calculator, or brings an open one to the front.
-  void OpenMachining();
   /// Sends the command of a soft key in a tool's menu to that tool.
   void SendCommand(int tool, int id);
+  /// Asks the tool to close, after what it is doing now.
+  void CloseTool(int tool);
+  /// For the end of the panel: a tool with rows that aren't saved asks about them and closes. Returns false when it
+  /// stays open, for instance because a row can't be saved.
+  [[nodiscard]] bool CloseUnsaved();
 
   [[nodiscard]] bool HasMachine() const { return machine_ != nullptr; }
   [[nodiscard]] pnl::rig::MachineState Machine() const;
@@ -82,10 +85,12 @@ class Operator : public QObject {
   void CycleStart();
   void OpenMdi();
   void OpenCalculator();
+  /// Opens the machining calculator, or brings an open one to the front.
+  void OpenMachining();
   /// Brings the tool to the front and gives it the keyboard, with its caret where it was.
   void TurnTo(int tool);
-  void CloseTool(int tool);
   void TakeCalcResult();
+  void InsertBlock();
   void SwitchRole();
   void AskHelp();
   void ClearError();

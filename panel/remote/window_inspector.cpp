@@ -174,12 +174,14 @@ QWidget* WindowInspector::Window(PnlWindow window) {
 
 QWidget* WindowInspector::Control(QWidget* window, int id) {
   QWidget* found = nullptr;
+  QWidget* onVisiblePage = nullptr;
   for (QWidget* control : Controls(window)) {
     if (IdOf(control) != id) continue;
     if (control->isVisible()) return control;
     if (found == nullptr) found = control;
+    if (onVisiblePage == nullptr && control->parentWidget()->isVisible()) onVisiblePage = control;
   }
-  return found;
+  return onVisiblePage != nullptr ? onVisiblePage : found;
 }
 
 bool WindowInspector::IsSeen(const QWidget* control) {

@@ -21,7 +21,7 @@ class WindowInspector {
 
   /// The widget of a window; null when the window isn't alive.
   [[nodiscard]] static QWidget* Window(PnlWindow window);
-  /// The control with that id, or null. When several have it, a visible one wins.
+  /// The control with that id, or null. When several have it, a visible one wins, and else one on a visible page.
   [[nodiscard]] static QWidget* Control(QWidget* window, int id);
   /// Whether an operator sees any part of the control: all its parents are shown too, and they don't clip all of it.
   [[nodiscard]] static bool IsSeen(const QWidget* control);

@@ -10,6 +10,7 @@ constexpr int kToolBase = 1000;
 constexpr int kFaultBase = 2000;
 constexpr int kAcceptItem = 3001;
 constexpr int kLeaveItem = 3002;
+constexpr int kCloseItem = 3003;
 
 struct ToolRow {
   int tool;
@@ -18,7 +19,6 @@ struct ToolRow {
 };
 
 constexpr std::array kTools = {
-    ToolRow{PNL_TOOL_MACHINING_CALCULATOR, Word::kMachiningCalculator, true},
     ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, true},
     ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
 };
@@ -39,6 +39,7 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   items.push_back(ActionItem(op, Action::kOpenMdi, session.IsToolOpen(PNL_TOOL_MDI)));
   items.push_back(ActionItem(op, Action::kSwitchRole));
   items.push_back(ActionItem(op, Action::kOpenCalculator, session.IsToolOpen(PNL_TOOL_CALCULATOR)));
+  items.push_back(ActionItem(op, Action::kOpenMachining, session.IsToolOpen(PNL_TOOL_MACHINING_CALCULATOR)));
   for (const ToolRow& row : kTools) {
     SoftKeyItem item;
     item.id = kToolBase + row.tool;
@@ -93,8 +94,10 @@ std::vector<SoftKeyItem> PanelItemsOf(int tool) {
   if (tool == PNL_TOOL_EXPLORER) return {item(kAcceptItem, Word::kOk), item(kLeaveItem, Word::kClose)};
   if (tool != PNL_TOOL_MACHINING_CALCULATOR) return {};
   return {item(PNL_ZMC_EXPORT, Word::kExport), item(PNL_ZMC_IMPORT, Word::kImport),
-          item(PNL_ZMC_CHANGES, Word::kOwnChanges), item(kLeaveItem, Word::kClose)};
+          item(PNL_ZMC_CHANGES, Word::kOwnChanges), item(kCloseItem, Word::kClose)};
 }
+
+bool IsCloseItem(int id) { return id == kCloseItem; }
 
 bool IsToolItem(int id) { return id == PNL_ZMC_EXPORT || id == PNL_ZMC_IMPORT || id == PNL_ZMC_CHANGES; }
 

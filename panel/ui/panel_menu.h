@@ -24,6 +24,8 @@ namespace panel {
 [[nodiscard]] int KeyOfItem(int id);
 /// Whether the item is such a command, which the tool gets.
 [[nodiscard]] bool IsToolItem(int id);
+/// Whether the item closes the tool. Unlike Escape it doesn't end an edit first.
+[[nodiscard]] bool IsCloseItem(int id);
 
 /// Returns the action of an item; nothing for an item without one.
 [[nodiscard]] std::optional<Action> ActionOfItem(int id);

@@ -318,6 +318,7 @@ void PanelWindow::PressSide(int slot) {
 void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (menu != 0) return op_.SendCommand(tool, id);
   if (const int key = KeyOfItem(id); key != 0) return session_.TypeInto(tool, key);
+  if (IsCloseItem(id)) return op_.CloseTool(tool);
   if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
   if (id == kFaultsItem) {
@@ -326,7 +327,6 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   }
   if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
   if (ToolOfItem(id) == PNL_TOOL_EXPLORER) return desk_->Browse();
-  if (ToolOfItem(id) == PNL_TOOL_MACHINING_CALCULATOR) return op_.OpenMachining();
   if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
 }
 
@@ -342,15 +342,17 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
-  if (asks_ && editor_->IsModified()) {
+  const bool discards = std::exchange(discards_, false);
+  if (asks_ && !discards && editor_->IsModified()) {
     event->ignore();
     if (question_->IsOpen()) return;
     desk_->AskToDiscard([this] {
-      asks_ = false;
+      discards_ = true;
       close();
     });
     return;
   }
+  if (asks_ && !op_.CloseUnsaved()) return event->ignore();
   password_->Leave();
   op_.Files().Leave();
   session_.CloseAll();

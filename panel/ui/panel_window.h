@@ -117,6 +117,7 @@ class PanelWindow : public QWidget, public PanelFace {
   QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
+  bool discards_ = false;     // the operator has agreed that the program's changes go
   bool errorWindow_ = false;  // the error window was shown at the last look
   bool faultKeys_ = false;    // the main bar shows the demo machine's faults
   std::function<bool(const QString& text)> answer_;

@@ -88,7 +88,11 @@ void PanelWindow::ShowMessages() {
                      red, white, true});
   }
   for (const auto& [line, message] : session_.Messages()) {
-    lines.push_back({message.text, theme::FromColorRef(message.back), theme::FromColorRef(message.fore)});
+    const QColor back = theme::FromColorRef(message.back);
+    const QColor fore = theme::FromColorRef(message.fore);
+    // A tool asks for black text on dark red, too. The operator has to read it from some distance.
+    const bool readable = theme::Contrast(back, fore) >= theme::kLeastContrast;
+    lines.push_back({message.text, back, readable ? fore : theme::InkOn(back)});
   }
   const Hint& hint = op_.CurrentHint();
   if (!hint.text.isEmpty()) {

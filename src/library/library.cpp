@@ -113,7 +113,8 @@ WindowHandle Library::LoadTool(int toolId, WindowHandle parent) {
   WatchMounts();
   QWidget* const parentWidget = windows_.WidgetOf(parent);
   const ToolWindow* const tool = MakeTool(toolId, tools_->context, parentWidget);
-  return tool != nullptr ? tool->Handle() : 0;
+  // A tool that failed in its start is still to be deleted, but its window is gone.
+  return tool != nullptr && windows_.IsAlive(tool->Handle()) ? tool->Handle() : 0;
 }
 
 void Library::DestroyTool(WindowHandle window) {

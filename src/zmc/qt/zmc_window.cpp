@@ -3,6 +3,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <optional>
@@ -211,7 +212,8 @@ bool ZCZelorMacCalc::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() == QEvent::KeyPress) return OnKeyDown(static_cast<QKeyEvent&>(*event));
   if (event->type() == QEvent::FocusIn) TellFocusLater();
-  // An open list is a window of its own, so its keys don't come to the frame.
+  // An open list is a window of its own, so its keys don't come to the frame. Qt closes it at this event already; the
+  // key itself would then reach the box, and Escape the whole tool.
   if (event->type() == QEvent::ShortcutOverride) return ClaimKey(static_cast<QKeyEvent&>(*event));
   return false;
 }

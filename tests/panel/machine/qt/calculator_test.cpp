@@ -180,14 +180,6 @@ TEST_F(CalculatorInPanel, TheValueGoesToTheCaretInTheProgram) {
   EXPECT_EQ(ZoneText(), Say(Word::kResultInProgram, "0.3"));
 }
 
-TEST_F(CalculatorInPanel, WithoutAMachiningCalculatorItSaysThatAndHasClosed) {
-  Open();
-  window_->PressSide(3);
-  Settle();
-  EXPECT_EQ(Calculator(), nullptr);
-  EXPECT_EQ(ZoneText(), Say(Word::kMachiningMissing));
-}
-
 TEST_F(CalculatorInPanel, CtrlEnterInItStartsNothing) {
   Do(Action::kOpenMdi);
   Type("G1 X5 F1000");
