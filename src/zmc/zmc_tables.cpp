@@ -2,6 +2,7 @@
 #include "zmc/zmc_tables.h"
 
 #include <ctime>
+#include <unordered_set>
 #include <utility>
 
 #include "base/format.h"
@@ -58,14 +59,18 @@ ZmcMaterials::ZmcMaterials(ZmcDesk& desk, std::function<void()> reloadLists)
 
 std::vector<ZmcTableRow> ZmcMaterials::Rows() const {
   std::vector<ZmcTableRow> rows;
-  const CT_MaterialesDefinition& factory = Desk().data.Lists().MaterialesFabrica;
+  // A machine may have thousands of materials, so each isn't looked up in the whole list.
+  std::unordered_set<TextView> factory;
+  for (const CT_MaterialDefinition& record : Desk().data.Lists().MaterialesFabrica.MaterialDefinition) {
+    factory.insert(TextOf(record.descripcion));
+  }
   for (const MaterialRow& row : Desk().data.MaterialRows(Desk().settings.kept)) {
     const CT_MaterialDefinition& record = *row.record;
     const Text description(TextOf(record.descripcion));
     rows.push_back({{description, Text(TextOf(record.Norma.AlemaniaW)), Text(TextOf(record.Norma.UNE)),
                      Text(TextOf(record.Norma.AISI)), Text(TextOf(record.KC)), Text(), Text()},
                     record.Oculto,
-                    CondicionesCorteParser::ExistMaterial(factory, description)});
+                    factory.count(description) != 0});
   }
   return rows;
 }

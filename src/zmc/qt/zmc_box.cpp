@@ -22,6 +22,7 @@ constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
 constexpr int kTextMargin = 4;
+constexpr int kLeastFont = 9;  // pixels
 
 /// Rows that a glove can touch.
 class TallRows : public QStyledItemDelegate {
@@ -125,6 +126,16 @@ void ZmcBox::focusOutEvent(QFocusEvent* event) {
   if (lineEdit() != nullptr && !comesBack) emit LineLeft();
 }
 
+/// A text that is a little too long is drawn a little smaller; what is still too long is cut.
+QFont ZmcBox::FittingFont(const QString& text, int width) const {
+  QFont fitting = font();
+  const int least = std::max(kLeastFont, fitting.pixelSize() * 2 / 3);
+  while (fitting.pixelSize() > least && QFontMetrics(fitting).horizontalAdvance(text) > width) {
+    fitting.setPixelSize(fitting.pixelSize() - 1);
+  }
+  return fitting;
+}
+
 void ZmcBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -139,8 +150,9 @@ void ZmcBox::paintEvent(QPaintEvent*) {
   const int left = kTextMargin + indent_;
   const QRect room(left, 0, width() - ArrowWidth() - left, height());
   painter.setPen(palette().color(QPalette::Text));
+  painter.setFont(FittingFont(currentText(), room.width()));
   painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                   fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
+                   painter.fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
 }
 
 }  // namespace pnl

@@ -42,6 +42,7 @@ class ZmcBox : public QComboBox {
  private:
   [[nodiscard]] int ArrowWidth() const { return height() / 2 + 4; }
   void PlaceLine();
+  [[nodiscard]] QFont FittingFont(const QString& text, int width) const;
   int indent_ = 0;
 };
 

@@ -282,6 +282,7 @@ TEST_F(ZCGridXWrapTest, ALostFocusStoresWhatIsAllowedAndDropsTheRest) {
   Write("101");
   static_cast<void>(Told());
   other->setFocus();
+  Settle();
   EXPECT_FALSE(grid->IsEditing());
   EXPECT_EQ(TextAt(2, 2), "20");
   EXPECT_FALSE(other->hasFocus() && grid->hasFocus());
@@ -291,6 +292,7 @@ TEST_F(ZCGridXWrapTest, ALostFocusStoresWhatIsAllowedAndDropsTheRest) {
   Write("5");
   static_cast<void>(Told());
   other->setFocus();
+  Settle();
   EXPECT_EQ(TextAt(2, 2), "5");
   EXPECT_EQ(Told(), (Notes{"committed 2 2 changed", "no focus"}));
   EXPECT_TRUE(other->hasFocus());
@@ -584,6 +586,7 @@ TEST_F(ZCGridXWrapTest, RowsAreHighEnoughForAFingerAndForTheFont) {
 
 TEST_F(ZCGridXWrapTest, FocusIsToldWhenItComesAndGoes) {
   other->setFocus();
+  Settle();
   grid->setFocus();
   EXPECT_EQ(Told(), (Notes{"no focus", "focus"}));
 }
@@ -598,6 +601,7 @@ TEST_F(ZCGridXWrapTest, MayBeDestroyedByWhoListens) {
   ways.emplace_back([this] {
     Write("abc");
     other->setFocus();
+    Settle();
   });
   ways.emplace_back([this] { Key(Qt::Key_Down); });
   ways.emplace_back([this] { PressMouse(grid->viewport(), Middle(2, 2)); });
