@@ -8,6 +8,7 @@
 #include "guided/error_steps.h"
 #include "guided/explorer_steps.h"
 #include "guided/hands.h"
+#include "guided/machining_steps.h"
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -140,6 +141,7 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
     for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
     for (auto& step : ErrorSteps()) steps.push_back(std::move(step));
     for (auto& step : FilesSteps()) steps.push_back(std::move(step));
+    for (auto& step : MachiningSteps()) steps.push_back(std::move(step));
   }
   int number = first;
   for (const Step& step : steps) {

@@ -15,7 +15,7 @@ class Operator;
 class PanelWindow;
 
 enum class Tour {
-  kWhole,  // command line, calculator and errors
+  kWhole,  // command line, calculators, errors and files
   kGlance  // the command line, a refusal and the calculator, for a second language
 };
 

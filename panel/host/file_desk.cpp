@@ -144,8 +144,9 @@ void FileDesk::OnToolClosed(int tool, int reason) {
     if (reason == PNL_CLOSED) End(false);
     return;
   }
-  // A tool that has closed is not to go on with a file that is chosen later.
-  if (waiting_ && !IsOwn() && waiting_->tool == session_.ToolWindow(tool)) Leave();
+  // A machining calculator that has closed is not to go on with a file that is chosen later. The command line does.
+  const bool asker = waiting_ && !IsOwn() && waiting_->tool == session_.ToolWindow(tool);
+  if (asker && tool == PNL_TOOL_MACHINING_CALCULATOR) Leave();
 }
 
 void FileDesk::End(bool accepted) {

@@ -71,7 +71,7 @@ class MachiningFixture : public PanelFixture {
   [[nodiscard]] QWidget* Window() const { return Tool(machining::kTool); }
   [[nodiscard]] bool IsShown() const { return Window() != nullptr && Window()->isVisible(); }
   [[nodiscard]] QWidget* Control(int id) const {
-    QWidget* control = WindowInspector::Control(Window(), id);
+    QWidget* control = Window() == nullptr ? nullptr : WindowInspector::Control(Window(), id);
     EXPECT_NE(control, nullptr) << id;
     return control;
   }
