@@ -14,6 +14,7 @@ inline constexpr Color kTitleText = 0xFFFFFF;
 inline constexpr Color kLabelText = 0xBFC9D3;
 inline constexpr Color kFieldBack = 0xF0F0F0;
 inline constexpr Color kFieldText = 0;
+inline constexpr Color kFieldOff = 0xBEBEBE;  // of a line that is disabled
 inline constexpr Color kFocusBack = 0xFFFFFF;
 inline constexpr Color kFocusText = 0;
 inline constexpr Color kPowerGood = 0x58B06A;

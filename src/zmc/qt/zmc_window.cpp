@@ -303,7 +303,13 @@ bool ZCZelorMacCalc::IsControlShown(int id) const {
 }
 
 void ZCZelorMacCalc::EnableControl(int id, bool on) {
-  if (QWidget* control = main_->Control(id)) control->setEnabled(on);
+  QWidget* control = main_->Control(id);
+  if (control == nullptr) return;
+  control->setEnabled(on);
+  // A line has its own colours, which don't change when it is disabled.
+  if (auto* line = qobject_cast<ZWCEdit*>(control)) {
+    line->SetNormalColors(on ? zmc_look::kFieldBack : zmc_look::kFieldOff, zmc_look::kFieldText, true);
+  }
 }
 
 void ZCZelorMacCalc::SetLabelColor(int id, std::uint32_t color) {

@@ -51,7 +51,7 @@ TEST_F(ZmcWindowTest, ShowsTheTextsOfTheLanguageAndTheUnitsOfTheMachine) {
                                               {id::kBandTitle, "RESULTS"},
                                               {id::kFLabel, "F"},
                                               {id::kSLabel, "S"},
-                                              {id::kPowerLabel, "CUTTING POWER"},
+                                              {id::kPowerLabel, "Cutting power"},
                                               {id::kDmcLabel, "DMC"},
                                               {id::kDiameterUnit, "mm"},
                                               {id::kTeethUnit, "z"},
