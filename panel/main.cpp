@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -167,7 +168,16 @@ class WhenPainted : public QObject {
   std::function<void()> act_;
 };
 
-int Run(QApplication& application, const panel::Options& options) {
+/// A guided session types, stores and exports. Without a folder named for it, it does so in one of its own, so that it
+/// begins the same every time and changes nothing that an operator has.
+panel::Options WithRootOf(const QTemporaryDir& own, panel::Options options) {
+  if (!options.guidedInto.isEmpty() && options.root.isEmpty()) options.root = own.path();
+  return options;
+}
+
+int Run(QApplication& application, const panel::Options& given) {
+  const QTemporaryDir own;
+  const panel::Options options = WithRootOf(own, given);
   pnl::rig::Rig* rig = PnlRig();
   if (rig == nullptr) return Refuse(QStringLiteral("the library has no simulated CNC"));
   const QString problem = PrepareRig(*rig, options);
