@@ -22,6 +22,7 @@ constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
 constexpr int kTextMargin = 4;
+constexpr int kRounding = 2;  // a text is a fraction wider when it is measured for its ellipsis
 constexpr int kLeastFont = 9;  // pixels
 
 /// Rows that a glove can touch.
@@ -130,7 +131,7 @@ void ZmcBox::focusOutEvent(QFocusEvent* event) {
 QFont ZmcBox::FittingFont(const QString& text, int width) const {
   QFont fitting = font();
   const int least = std::max(kLeastFont, fitting.pixelSize() * 2 / 3);
-  while (fitting.pixelSize() > least && QFontMetrics(fitting).horizontalAdvance(text) > width) {
+  while (fitting.pixelSize() > least && QFontMetrics(fitting).horizontalAdvance(text) + kRounding > width) {
     fitting.setPixelSize(fitting.pixelSize() - 1);
   }
   return fitting;
