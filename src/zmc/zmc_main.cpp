@@ -362,7 +362,7 @@ Text ZmcMain::GenerateBlock() {
 
 void ZmcMain::CopyBlock() {
   const Text block = GenerateBlock();
-  desk_.Context().cnc.Util().UTIL7340_CopyToClipboard_Text(View().Handle(), block);
+  desk_.Context().cnc.Util().UTIL7340_CopyToClipboard_Text(View().TabHandle(ZmcTab::kMain), block);
 }
 
 void ZmcMain::InsertBlock() {

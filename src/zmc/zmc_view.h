@@ -79,6 +79,8 @@ class ZmcView : public ToolView {
   /// Shows the tab over the frame's client area, in front of the others.
   virtual void ShowTab(ZmcTab tab) = 0;
   virtual void HideTab(ZmcTab tab) = 0;
+  /// The tab's own window; 0 for a tab that wasn't made.
+  [[nodiscard]] virtual WindowHandle TabHandle(ZmcTab tab) const = 0;
   [[nodiscard]] virtual ZmcGrid& Grid(ZmcTab tab) = 0;
 
   // Controls of the main tab, by id.

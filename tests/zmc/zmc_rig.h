@@ -201,6 +201,10 @@ class FakeZmcView final : public FakeView<ZmcView> {
   void HideTab(ZmcTab tab) override {
     if (shownTabs.erase(tab) != 0) Order("hide tab ", static_cast<int>(tab));
   }
+  /// Only the frame is a live window. The tabs are 100, 101 and 102.
+  [[nodiscard]] WindowHandle TabHandle(ZmcTab tab) const override {
+    return Asked(), made.count(tab) != 0 ? 100 + static_cast<int>(tab) : 0;
+  }
   [[nodiscard]] FakeZmcGrid& GridOf(ZmcTab tab) {
     return tab == ZmcTab::kMain ? main : tab == ZmcTab::kMaterials ? materials : operations;
   }

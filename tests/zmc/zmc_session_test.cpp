@@ -82,6 +82,13 @@ TEST_F(ZmcSessionTest, InsertsTheBlockAndCloses) {
   EXPECT_EQ(*(asked.end() - 3), "HostInsertBlock");
 }
 
+TEST_F(ZmcSessionTest, TheClipboardIsGivenTheTabsOwnWindow) {
+  Open();
+  Forget();
+  Menu(zmc_command::kCopy);
+  EXPECT_THAT(Asked(), testing::Contains("UTIL7340_CopyToClipboard_Text(100,\"\")=nothing"));
+}
+
 TEST_F(ZmcSessionTest, AMissingFactoryFileIsToldOnceForEachList) {
   files.disc.erase("C:\\P24\\CondicionesCorte.xml");
   Open();

@@ -151,6 +151,11 @@ void ZCZelorMacCalc::HideTab(ZmcTab tab) {
   if (page != nullptr) page->hide();
 }
 
+WindowHandle ZCZelorMacCalc::TabHandle(ZmcTab tab) const {
+  const MessageWindow* page = Page(tab);
+  return page != nullptr ? page->Handle() : 0;
+}
+
 ZmcGrid& ZCZelorMacCalc::Grid(ZmcTab tab) {
   MakeTab(tab);
   if (tab == ZmcTab::kMain) return main_->Grid();

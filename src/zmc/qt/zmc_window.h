@@ -39,6 +39,7 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   void MakeTab(ZmcTab tab) override;
   void ShowTab(ZmcTab tab) override;
   void HideTab(ZmcTab tab) override;
+  [[nodiscard]] WindowHandle TabHandle(ZmcTab tab) const override;
   [[nodiscard]] ZmcGrid& Grid(ZmcTab tab) override;
   [[nodiscard]] Text ControlText(int id) const override { return main_->ControlText(id); }
   void SetControlText(int id, TextView text) override { main_->SetControlText(id, text); }
