@@ -22,7 +22,7 @@ constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
 constexpr int kTextMargin = 4;
-constexpr int kRounding = 2;  // a text is a fraction wider when it is measured for its ellipsis
+constexpr int kRounding = 2;   // a text is a fraction wider when it is measured for its ellipsis
 constexpr int kLeastFont = 9;  // pixels
 
 /// Rows that a glove can touch.
