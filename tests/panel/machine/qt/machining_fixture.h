@@ -136,16 +136,20 @@ class MachiningFixture : public PanelFixture {
     cursor.setPosition(position, QTextCursor::KeepAnchor);
     Editor().setTextCursor(cursor);
   }
+  /// What a list reports when an item of it is chosen.
+  void PickItem(int id, int index) {
+    const QPointer<QComboBox> box = Box(id);
+    box->setCurrentIndex(index);
+    emit box->activated(index);
+    if (box) emit box->textActivated(box->itemText(index));
+    Settle();
+  }
   /// Chooses the first pair, T3 and a cutting speed, with the tool's line and S in the block.
   void Choose() {
     for (const int id : {machining::kMaterial, machining::kOperation}) {
-      Box(id)->setCurrentIndex(0);
-      emit Box(id)->activated(0);
-      Settle();
+      PickItem(id, 0);
     }
-    const int t3 = Box(machining::kToolBox)->findText("T3");
-    Box(machining::kToolBox)->setCurrentIndex(t3);
-    emit Box(machining::kToolBox)->activated(t3);
+    PickItem(machining::kToolBox, Box(machining::kToolBox)->findText("T3"));
     for (const int id : {machining::kToolCheck, machining::kSCheck}) TouchMiddle(Control(id));
     TypeIntoCell(machining::kGrid, 1, 3, "180");
   }
