@@ -294,6 +294,8 @@ class XplrRandom : public XplrWindowStage, public testing::WithParamInterface<Se
         if (Pick(3) != 0) Idle();
       }
       Settle();
+      // An answer of the worker's that came last has closed the explorer, and only its deletion is left to do.
+      if (!explorer.isNull() && !explorer->isVisible()) Settle();
       if (explorer.isNull()) {
         CheckClosed();
       } else {
