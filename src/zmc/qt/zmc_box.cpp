@@ -93,7 +93,7 @@ void ZmcBox::MoveMark(int by) {
 
 bool ZmcBox::AcceptMark() {
   const int row = view()->currentIndex().row();
-  // The focus comes back from the list, and whoever hears of it may destroy the box.
+  // The focus comes back from the list, and a listener may then destroy the box.
   const QPointer<ZmcBox> alive(this);
   hidePopup();
   if (!alive || row < 0 || row >= count()) return false;

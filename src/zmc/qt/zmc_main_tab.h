@@ -6,6 +6,8 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "controls/c_multistatic.h"
 #include "controls/zc_dato_wrap.h"
@@ -35,11 +37,34 @@ class ZCTabZMCMain : public MessageWindow {
   }
   [[nodiscard]] ZmcGrid& Grid() { return *cells_; }
   [[nodiscard]] ZCGridXWrap& GridControl() { return *grid_; }
+
+  // The orders of ZmcView; on a control that isn't there, or is of another class, they do nothing.
   [[nodiscard]] Text ControlText(int id) const;
   void SetControlText(int id, TextView text);
+  void ShowControl(int id, bool on);
+  [[nodiscard]] bool IsControlShown(int id) const;
+  void EnableControl(int id, bool on);
+  void SetLabelColor(int id, std::uint32_t color);
+  void SetDigits(int id, const ZmcDigits& digits);
+  [[nodiscard]] int State(int id) const;
+  void SetState(int id, int state);
+  void SetPowerBar(std::optional<double> percent);
+  [[nodiscard]] bool IsFieldEditing(int id) const;
+  void FillList(int id, const std::vector<Text>& items);
+  [[nodiscard]] std::vector<Text> ListItems(int id) const;
+  [[nodiscard]] int ListSelection(int id) const;
+  void SelectItem(int id, int index);
+  [[nodiscard]] bool IsListOpen(int id) const;
+  void OpenList(int id, bool open);
+  void MoveInList(int id, int by);
+  bool AcceptItem(int id);
+  void SelectAllText(int id);
+  [[nodiscard]] int FocusedControl() const;
+  void FocusControl(int id);
+
   /// Every widget that may get a key press, for the filter of the frame.
   [[nodiscard]] std::vector<QWidget*> KeyReceivers() const;
-  /// No message reaches the page any more.
+  /// Ends the page's messages. Called when the frame ends before its pages.
   void End() { EndMessages(); }
 
  signals:

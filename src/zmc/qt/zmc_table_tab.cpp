@@ -26,7 +26,7 @@ constexpr int kFixedColumn = 14;
 ZmcTableTab::ZmcTableTab(const ToolContext& context, ZmcTab tab, std::vector<int> shares, QWidget* frame)
     : MessageWindow(frame), context_(context), tab_(tab), shares_(std::move(shares)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
-  // To whoever looks from outside, the page's controls are the frame's.
+  // The page isn't a window of its own to a script: its controls are found in the frame.
   setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(tab)) {
     if (place.kind == ZmcControlKind::kGrid) {

@@ -3,68 +3,17 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
 #include <optional>
 #include <utility>
 
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/msg_display.h"
+#include "zmc/qt/zmc_key_events.h"
 #include "zmc/qt/zmc_look.h"
 
 namespace pnl {
-namespace {
-
-std::optional<ZmcKey> KeyOf(const QKeyEvent& event) {
-  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return std::nullopt;
-  switch (event.key()) {
-    case Qt::Key_Tab:
-      return event.modifiers() & Qt::ShiftModifier ? ZmcKey::kBackTab : ZmcKey::kTab;
-    case Qt::Key_Backtab:
-      return ZmcKey::kBackTab;
-    case Qt::Key_Up:
-      return ZmcKey::kUp;
-    case Qt::Key_Down:
-      return ZmcKey::kDown;
-    case Qt::Key_Left:
-      return ZmcKey::kLeft;
-    case Qt::Key_Right:
-      return ZmcKey::kRight;
-    case Qt::Key_Home:
-      return ZmcKey::kHome;
-    case Qt::Key_End:
-      return ZmcKey::kEnd;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return ZmcKey::kEnter;
-    case Qt::Key_Space:
-      return ZmcKey::kSpace;
-    case Qt::Key_Insert:
-      return ZmcKey::kInsert;
-    case Qt::Key_Escape:
-      return ZmcKey::kEscape;
-    default:
-      return std::nullopt;
-  }
-}
-
-/// A key that is typed into a field or a cell, or moves in a grid.
-bool IsTyped(const QKeyEvent& event) {
-  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-  switch (event.key()) {
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-      return true;
-    default:
-      return !event.text().isEmpty() && event.text().front().isPrint();
-  }
-}
-
-}  // namespace
 
 ZCZelorMacCalc::ZCZelorMacCalc(const ToolContext& context, QWidget* parent)
     : ToolWindowWith(PNL_TOOL_MACHINING_CALCULATOR, parent), context_(context) {
@@ -296,112 +245,6 @@ void ZCZelorMacCalc::PostTab() {
   QWidget* focus = QApplication::focusWidget();
   if (focus != nullptr)
     QCoreApplication::postEvent(focus, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
-}
-
-void ZCZelorMacCalc::ShowControl(int id, bool on) {
-  if (QWidget* control = main_->Control(id)) control->setVisible(on);
-}
-
-bool ZCZelorMacCalc::IsControlShown(int id) const {
-  const QWidget* control = main_->Control(id);
-  return control != nullptr && !control->isHidden();
-}
-
-void ZCZelorMacCalc::EnableControl(int id, bool on) {
-  QWidget* control = main_->Control(id);
-  if (control == nullptr) return;
-  control->setEnabled(on);
-  // A line has its own colours, which don't change when it is disabled.
-  if (auto* line = qobject_cast<ZWCEdit*>(control)) {
-    line->SetNormalColors(on ? zmc_look::kFieldBack : zmc_look::kFieldOff, zmc_look::kFieldText, true);
-  }
-}
-
-void ZCZelorMacCalc::SetLabelColor(int id, std::uint32_t color) {
-  if (auto* label = main_->ControlAs<ZWCStatic>(id)) label->SetTextColor(color);
-}
-
-void ZCZelorMacCalc::SetDigits(int id, const ZmcDigits& digits) {
-  if (auto* field = main_->ControlAs<ZCDatoWrap>(id)) field->SetDigits(ToNumberFormat(digits));
-}
-
-int ZCZelorMacCalc::State(int id) const {
-  const auto* picture = main_->ControlAs<CMultistatic>(id);
-  return picture != nullptr ? picture->State() : 0;
-}
-
-void ZCZelorMacCalc::SetState(int id, int state) {
-  if (auto* picture = main_->ControlAs<CMultistatic>(id)) picture->SetState(state);
-}
-
-void ZCZelorMacCalc::SetPowerBar(std::optional<double> percent) {
-  if (auto* bar = main_->ControlAs<ZmcPowerBar>(zmc_control::kPowerBar)) bar->SetPercent(percent);
-}
-
-bool ZCZelorMacCalc::IsFieldEditing(int id) const {
-  const auto* field = main_->ControlAs<ZCDatoWrap>(id);
-  return field != nullptr && field->IsEditing();
-}
-
-void ZCZelorMacCalc::FillList(int id, const std::vector<Text>& items) {
-  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->Fill(items);
-}
-
-std::vector<Text> ZCZelorMacCalc::ListItems(int id) const {
-  const auto* box = main_->ControlAs<ZmcBox>(id);
-  return box != nullptr ? box->Items() : std::vector<Text>();
-}
-
-int ZCZelorMacCalc::ListSelection(int id) const {
-  const auto* box = main_->ControlAs<ZmcBox>(id);
-  return box != nullptr ? box->currentIndex() : -1;
-}
-
-void ZCZelorMacCalc::SelectItem(int id, int index) {
-  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->SelectIndex(index);
-}
-
-bool ZCZelorMacCalc::IsListOpen(int id) const {
-  const auto* box = main_->ControlAs<ZmcBox>(id);
-  return box != nullptr && box->IsOpen();
-}
-
-void ZCZelorMacCalc::OpenList(int id, bool open) {
-  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->Open(open);
-}
-
-void ZCZelorMacCalc::MoveInList(int id, int by) {
-  if (auto* box = main_->ControlAs<ZmcBox>(id)) box->MoveMark(by);
-}
-
-bool ZCZelorMacCalc::AcceptItem(int id) {
-  auto* box = main_->ControlAs<ZmcBox>(id);
-  return box != nullptr && box->AcceptMark();
-}
-
-void ZCZelorMacCalc::SelectAllText(int id) {
-  if (auto* line = main_->ControlAs<QLineEdit>(id)) line->selectAll();
-}
-
-int ZCZelorMacCalc::FocusedControl() const {
-  if (main_ == nullptr || !main_->isVisible()) return 0;
-  for (const int box : {zmc_control::kMaterial, zmc_control::kOperation, zmc_control::kTool, zmc_control::kFUnit,
-                        zmc_control::kSUnit}) {
-    if (IsListOpen(box)) return box;
-  }
-  for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr && widget != main_;
-       widget = widget->parentWidget()) {
-    if (main_->isAncestorOf(widget) && main_->Control(ControlId(widget)) == widget) return ControlId(widget);
-  }
-  return 0;
-}
-
-void ZCZelorMacCalc::FocusControl(int id) {
-  const int from = FocusedControl();
-  const QPointer<ZCZelorMacCalc> alive(this);
-  if (IsListOpen(from)) OpenList(from, false);
-  if (!alive) return;
-  if (QWidget* control = main_->Control(id)) control->setFocus(Qt::OtherFocusReason);
 }
 
 void ZCZelorMacCalc::FocusGrid(ZmcTab tab) {

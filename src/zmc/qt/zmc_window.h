@@ -43,26 +43,26 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   [[nodiscard]] ZmcGrid& Grid(ZmcTab tab) override;
   [[nodiscard]] Text ControlText(int id) const override { return main_->ControlText(id); }
   void SetControlText(int id, TextView text) override { main_->SetControlText(id, text); }
-  void ShowControl(int id, bool on) override;
-  [[nodiscard]] bool IsControlShown(int id) const override;
-  void EnableControl(int id, bool on) override;
-  void SetLabelColor(int id, std::uint32_t color) override;
-  void SetDigits(int id, const ZmcDigits& digits) override;
-  [[nodiscard]] int State(int id) const override;
-  void SetState(int id, int state) override;
-  void SetPowerBar(std::optional<double> percent) override;
-  [[nodiscard]] bool IsFieldEditing(int id) const override;
-  void FillList(int id, const std::vector<Text>& items) override;
-  [[nodiscard]] std::vector<Text> ListItems(int id) const override;
-  [[nodiscard]] int ListSelection(int id) const override;
-  void SelectItem(int id, int index) override;
-  [[nodiscard]] bool IsListOpen(int id) const override;
-  void OpenList(int id, bool open) override;
-  void MoveInList(int id, int by) override;
-  bool AcceptItem(int id) override;
-  void SelectAllText(int id) override;
-  [[nodiscard]] int FocusedControl() const override;
-  void FocusControl(int id) override;
+  void ShowControl(int id, bool on) override { main_->ShowControl(id, on); }
+  [[nodiscard]] bool IsControlShown(int id) const override { return main_->IsControlShown(id); }
+  void EnableControl(int id, bool on) override { main_->EnableControl(id, on); }
+  void SetLabelColor(int id, std::uint32_t color) override { main_->SetLabelColor(id, color); }
+  void SetDigits(int id, const ZmcDigits& digits) override { main_->SetDigits(id, digits); }
+  [[nodiscard]] int State(int id) const override { return main_->State(id); }
+  void SetState(int id, int state) override { main_->SetState(id, state); }
+  void SetPowerBar(std::optional<double> percent) override { main_->SetPowerBar(percent); }
+  [[nodiscard]] bool IsFieldEditing(int id) const override { return main_->IsFieldEditing(id); }
+  void FillList(int id, const std::vector<Text>& items) override { main_->FillList(id, items); }
+  [[nodiscard]] std::vector<Text> ListItems(int id) const override { return main_->ListItems(id); }
+  [[nodiscard]] int ListSelection(int id) const override { return main_->ListSelection(id); }
+  void SelectItem(int id, int index) override { main_->SelectItem(id, index); }
+  [[nodiscard]] bool IsListOpen(int id) const override { return main_->IsListOpen(id); }
+  void OpenList(int id, bool open) override { main_->OpenList(id, open); }
+  void MoveInList(int id, int by) override { main_->MoveInList(id, by); }
+  bool AcceptItem(int id) override { return main_->AcceptItem(id); }
+  void SelectAllText(int id) override { main_->SelectAllText(id); }
+  [[nodiscard]] int FocusedControl() const override { return main_ != nullptr ? main_->FocusedControl() : 0; }
+  void FocusControl(int id) override { main_->FocusControl(id); }
   void FocusGrid(ZmcTab tab) override;
   BoxAnswer AskInBox(const BoxSpec& box) override;
 
