@@ -48,7 +48,7 @@ ZCGridXWrap::ZCGridXWrap(int id, QWidget* parent)
 }
 
 ZCGridXWrap::~ZCGridXWrap() {
-  // Nobody is told any more.
+  // The grid emits no signal from here on.
   ++depth_;
   CancelEdit();
 }
@@ -233,7 +233,8 @@ void ZCGridXWrap::CancelEdit() {
 }
 
 void ZCGridXWrap::LeaveEdit() {
-  // Whoever moves the focus still needs its widgets after the event, so the listeners are told later.
+  // The code that moves the focus still uses its widgets after the event, and a listener may destroy them. So the
+  // signals are emitted from the event loop.
   InKit([&] {
     QWidget* editor = delegate_->Editor();
     const QWidget* focus = QApplication::focusWidget();

@@ -78,7 +78,7 @@ class ZCGridXWrap : public QTableView, private GridEditing {
   /// The operator has committed a cell: an edit or a check. changed is false when the text is as before.
   void Committed(int row, int column, bool changed);
   void EditBegan(int row, int column);
-  /// Another cell is the present one, whoever moved there.
+  /// Another cell is the present one, by the operator or by a call.
   void Moved(int row, int column);
   /// The focus came to the grid or its open edit, or left both.
   void FocusChanged(bool focused);
@@ -105,8 +105,8 @@ class ZCGridXWrap : public QTableView, private GridEditing {
     step();
     if (--depth_ == 0) TellNews();
   }
-  /// Does a part of one of the kit's own operations, in which no signal may be emitted. What is to be told is told
-  /// from the event loop, unless an operation of the grid is under way.
+  /// Does a part of one of Qt's own operations, in which no signal may be emitted. The signals are emitted from the
+  /// event loop, or at the end of the grid's operation that is under way.
   template <typename Part>
   void InKit(Part part) {
     ++depth_;

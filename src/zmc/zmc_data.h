@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The cutting data as the tool works with them: the two files, the four lists that are kept in memory, and the records
-// selected on the main tab. It tells how a request ended and shows nothing; who asked shows the message.
+// selected on the main tab. Its calls return how they ended; the caller shows the message.
 #pragma once
 
 #include <optional>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the tabs of the machining calculator share: the window, the host, the data, the settings, the machine, the
-// menus, and the ways to tell the operator something. The session owns one. Its calls end with WindowGone when the tool
-// has ended.
+// menus, the message line and the boxes. The session owns one. Its calls end with WindowGone when the tool has ended.
 #pragma once
 
 #include <functional>

@@ -43,15 +43,6 @@ constexpr std::pair<int, ZmcField> kDataFields[] = {{id::kDiameter, ZmcField::kD
 constexpr TextView kMinute = u"/min";
 constexpr TextView kRevolution = u"/rev";
 
-/// The item with that text, in whatever case; else the last one. -1 in an empty list.
-int IndexOrLast(const std::vector<Text>& items, TextView text) {
-  const auto found =
-      std::find_if(items.begin(), items.end(), [text](const Text& item) { return EqualNoCase(item, text); });
-  return static_cast<int>(found == items.end() || text.empty() ? items.size()
-                                                               : static_cast<std::size_t>(found - items.begin()) + 1) -
-         1;
-}
-
 Text Joined(TextView first, TextView second) { return Text(first).append(second); }
 
 }  // namespace
@@ -72,7 +63,6 @@ void ZmcMain::Open() {
   SetUpGrid();
   SetUpUnits();
   // Whatever becomes of the lists, controls that lie on each other aren't shown together.
-  ShowDmcControls();
   ShowToolControls();
   if (!FillMaterials() || !FillOperations()) return;
   FillTools();
@@ -127,27 +117,27 @@ void ZmcMain::SetUpUnits() {
   View().SelectItem(id::kSUnit, SelectableIndex(desk_.settings.kept.SUnit, machine.SUnitCount()));
 }
 
+/// Fills a box and selects what was selected last, else the last item; returns the selected text.
+Text ZmcMain::FillBox(int control, const std::vector<Text>& names, Text& last) {
+  const int selected = IndexOrLast(names, last);
+  View().FillList(control, names);
+  View().SelectItem(control, selected);
+  if (selected < 0) return {};
+  last = names[static_cast<std::size_t>(selected)];
+  return last;
+}
+
 bool ZmcMain::FillMaterials() {
   const bool loaded = desk_.CheckLoaded(desk_.data.LoadMaterials());
-  const std::vector<Text> names = desk_.data.MaterialNames(desk_.settings.kept);
-  const int selected = IndexOrLast(names, desk_.settings.kept.LastMat);
-  View().FillList(id::kMaterial, names);
-  View().SelectItem(id::kMaterial, selected);
-  const Text name = selected >= 0 ? names[static_cast<std::size_t>(selected)] : Text();
-  if (selected >= 0) desk_.settings.kept.LastMat = name;
-  desk_.data.SelectMaterial(name);
+  ZmcKept& kept = desk_.settings.kept;
+  desk_.data.SelectMaterial(FillBox(id::kMaterial, desk_.data.MaterialNames(kept), kept.LastMat));
   return loaded;
 }
 
 bool ZmcMain::FillOperations() {
   const bool loaded = desk_.CheckLoaded(desk_.data.LoadOperations());
-  const std::vector<Text> names = desk_.data.OperationNames(desk_.settings.kept);
-  const int selected = IndexOrLast(names, desk_.settings.kept.LastOpe);
-  View().FillList(id::kOperation, names);
-  View().SelectItem(id::kOperation, selected);
-  const Text name = selected >= 0 ? names[static_cast<std::size_t>(selected)] : Text();
-  if (selected >= 0) desk_.settings.kept.LastOpe = name;
-  desk_.data.SelectOperation(name);
+  ZmcKept& kept = desk_.settings.kept;
+  desk_.data.SelectOperation(FillBox(id::kOperation, desk_.data.OperationNames(kept), kept.LastOpe));
   return loaded;
 }
 

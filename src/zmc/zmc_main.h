@@ -54,6 +54,7 @@ class ZmcMain {
   void SetUpGrid();
   void SetUpUnits();
   void SetUpLabels();
+  Text FillBox(int id, const std::vector<Text>& names, Text& last);
   [[nodiscard]] bool FillMaterials();
   [[nodiscard]] bool FillOperations();
   void ForceSUnit();
@@ -76,8 +77,10 @@ class ZmcMain {
   void ChangeTool();
   void TakeTypedTool();
   void ResetTool();
-  void ShowDmcControls();
+  [[nodiscard]] ZmcTool Tool() const;
   void ShowToolControls();
+  void ShowDmcControls(const ZmcTool& tool);
+  void ShowFieldControls(const ZmcTool& tool);
   // Lines, checks, keys.
   void ToggleLine(int id);
   void BeginLine(int id, bool blank);
@@ -102,9 +105,6 @@ class ZmcMain {
   bool toolEdited_ = false;
   int textEditing_ = 0;  // the line in edit mode; 0 for none
   Text textBackup_;
-  Text lastRemark_;
-  Text toolMessage_;
-  std::vector<Text> tools_;  // the names of the tool box
 };
 
 }  // namespace pnl

@@ -163,7 +163,7 @@ void ZmcMain::SelectEdgeCell(bool first) {
 // Focus.
 
 ZmcFocusState ZmcMain::FocusState() const {
-  const ZmcTool tool = ZmcToolOf(desk_.Context().cnc.Tapi(), View().ControlText(id::kTool));
+  const ZmcTool tool = Tool();
   const ZmcToolControls& controls = ToolControlsOf(ToolCategory(tool));
   ZmcFocusState state;
   state.operationsEmpty = View().ListItems(id::kOperation).empty();
@@ -203,9 +203,8 @@ void ZmcMain::ToggleLine(int control) {
   if (textEditing_ != control) return BeginLine(control, false);
   textEditing_ = 0;
   if (control != id::kRemark) return;
-  lastRemark_ = View().ControlText(control);
   if (desk_.data.MaterialActual() && desk_.data.OperacionActual()) {
-    StoreParameter(kZmcRemarkId, 0.0, lastRemark_);
+    StoreParameter(kZmcRemarkId, 0.0, View().ControlText(control));
   }
 }
 

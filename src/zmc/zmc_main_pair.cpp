@@ -47,8 +47,6 @@ bool ZmcMain::LoadPair() {
 void ZmcMain::ClearPair() {
   Compute([](ZmcFields& fields) { ClearFields(ZmcEvent::kPair, fields); });
   Grid().Select({kZmcGridRows, kSelectedColumn});
-  lastRemark_.clear();
-  toolMessage_.clear();
 }
 
 /// The limits of a factory pair are the machine maker's. Without a pair nothing can be edited but what is nobody's.
@@ -70,13 +68,12 @@ void ZmcMain::ShowPair(const CT_Parametros& block) {
     const double shown = ZmcToScreen(desk_.machine.units, parameter.id, DecimalOf(*leaf));
     Grid().SetCellText(parameter.row, parameter.column, CellText(shown));
   }
-  lastRemark_ = TextOf(block.Observaciones.Descripcion);
-  View().SetControlText(zmc_control::kRemark, lastRemark_);
-  toolMessage_ = TextOf(block.CaracteristicasHta.Calidad);
-  if (toolMessage_.empty()) {
+  View().SetControlText(zmc_control::kRemark, TextOf(block.Observaciones.Descripcion));
+  const TextView quality = TextOf(block.CaracteristicasHta.Calidad);
+  if (quality.empty()) {
     desk_.ResetMessage();
   } else {
-    desk_.ShowMessage(0, 0, toolMessage_);
+    desk_.ShowMessage(0, 0, quality);
   }
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The tool on the main tab: the box of the tools that the operation takes, what a tool changes on the screen, and a
 // tool that is typed.
-#include <algorithm>
-
 #include "base/format.h"
 #include "zmc/zmc_main.h"
 
@@ -16,27 +14,24 @@ constexpr int kReasons[] = {id::kReasonOption, id::kReasonDrive, id::kReasonSpin
 }  // namespace
 
 void ZmcMain::FillTools() {
-  tools_.clear();
+  std::vector<Text> tools;
   const auto& operation = desk_.data.OperacionActual();
   if (operation) {
     const auto type = ToolTypeOf(TextOf(operation->ToolType), [this](int text) { return desk_.LoadText(text); });
-    if (type) tools_ = ToolNames(desk_.Context().cnc.Tapi(), *type);
+    if (type) tools = ToolNames(desk_.Context().cnc.Tapi(), *type);
   }
-  View().FillList(id::kTool, tools_);
+  View().FillList(id::kTool, tools);
   SelectTool(desk_.settings.kept.LastTool);
   ChangeTool();
 }
 
 /// The tool of that name, else the last one of the list. Nothing is recomputed.
 void ZmcMain::SelectTool(TextView name) {
-  const auto found =
-      std::find_if(tools_.begin(), tools_.end(), [name](const Text& tool) { return EqualNoCase(tool, name); });
-  const int index =
-      static_cast<int>(found == tools_.end() ? tools_.size() : static_cast<std::size_t>(found - tools_.begin()) + 1) -
-      1;
+  const std::vector<Text> tools = View().ListItems(id::kTool);
+  const int index = IndexOrLast(tools, name);
   View().SelectItem(id::kTool, index);
-  View().SetControlText(id::kTool, index >= 0 ? tools_[static_cast<std::size_t>(index)] : Text());
-  if (index >= 0) desk_.settings.kept.LastTool = tools_[static_cast<std::size_t>(index)];
+  View().SetControlText(id::kTool, index >= 0 ? tools[static_cast<std::size_t>(index)] : Text());
+  if (index >= 0) desk_.settings.kept.LastTool = tools[static_cast<std::size_t>(index)];
 }
 
 void ZmcMain::ChangeTool() {
@@ -44,13 +39,20 @@ void ZmcMain::ChangeTool() {
   ZmcFields after = before;
   cascade_.Apply(ZmcEvent::kTool, after);
   View().SetState(id::kPicture, ToolPicture(cascade_.Tool(after)));
-  ShowDmcControls();
   ShowToolControls();
   Write(before, after);
 }
 
-void ZmcMain::ShowDmcControls() {
-  const ZmcTool tool = ZmcToolOf(desk_.Context().cnc.Tapi(), View().ControlText(id::kTool));
+ZmcTool ZmcMain::Tool() const { return ZmcToolOf(desk_.Context().cnc.Tapi(), View().ControlText(id::kTool)); }
+
+/// What the tool's kind shows, enables and colours.
+void ZmcMain::ShowToolControls() {
+  const ZmcTool tool = Tool();
+  ShowDmcControls(tool);
+  ShowFieldControls(tool);
+}
+
+void ZmcMain::ShowDmcControls(const ZmcTool& tool) {
   const bool usable = DmcUsable(desk_.machine, tool);
   ZmcView& view = View();
   view.SetState(id::kDmcCheck, usable && desk_.settings.kept.DmcChecked ? 1 : 0);
@@ -67,8 +69,7 @@ void ZmcMain::ShowDmcControls() {
   UpdateSoftKeys();
 }
 
-void ZmcMain::ShowToolControls() {
-  const ZmcTool tool = ZmcToolOf(desk_.Context().cnc.Tapi(), View().ControlText(id::kTool));
+void ZmcMain::ShowFieldControls(const ZmcTool& tool) {
   const ZmcToolControls& controls = ToolControlsOf(ToolCategory(tool));
   ZmcView& view = View();
   view.EnableControl(id::kDiameter, controls.diameterEnabled);
@@ -89,7 +90,7 @@ void ZmcMain::TakeTypedTool() {
   toolEdited_ = false;
   const Text typed = ToUpper(View().ControlText(id::kTool));
   if (typed.empty()) return SelectTool(desk_.settings.kept.LastTool);
-  const std::optional<Text> name = TypedTool(typed, tools_);
+  const std::optional<Text> name = TypedTool(typed, View().ListItems(id::kTool));
   if (!name) {
     SelectTool(desk_.settings.kept.LastTool);
     desk_.ShowMessage(1, 0, Format(desk_.LoadText(zmc_text::kNoSuchTool), typed));

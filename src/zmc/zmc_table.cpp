@@ -2,6 +2,7 @@
 #include "zmc/zmc_table.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace pnl {
@@ -228,26 +229,21 @@ bool ZmcTable::CanLeave() {
   return true;
 }
 
-bool ZmcTable::IsDescriptionGood(int row) const {
-  const ZmcGrid& grid = Grid();
-  const Text own = grid.CellText(row, kDescription);
-  const TextView description = Trim(own);
-  if (description.empty()) return false;
-  for (int other = 1; other < grid.Rows(); ++other) {
-    if (other != row && Trim(grid.CellText(other, kDescription)) == description) return false;
-  }
-  return true;
-}
-
+/// A changed row needs a description, and one that no other row has.
 bool ZmcTable::CheckRows() {
+  std::map<Text, int> rowsWith;
+  for (int row = 1; row < Grid().Rows(); ++row) ++rowsWith[DescriptionOf(row)];
   bool good = true;
   for (const Modified& entry : ModifiedRows_) {
-    const bool rowGood = IsDescriptionGood(entry.row);
+    const Text description = DescriptionOf(entry.row);
+    const bool rowGood = !description.empty() && rowsWith[description] == 1;
     Grid().SetRowState(entry.row, rowGood ? zmc_row_state::kNormal : zmc_row_state::kRefused);
     good = good && rowGood;
   }
   return good;
 }
+
+Text ZmcTable::DescriptionOf(int row) const { return Text(Trim(Grid().CellText(row, kDescription))); }
 
 CuttingError ZmcTable::SaveEntry(int row, const Text& oldDescription) {
   const ZmcTableRow content = RowInGrid(row);

@@ -85,8 +85,8 @@ class ZmcTable {
   void ShowRow(int row, const ZmcTableRow& content);
   [[nodiscard]] ZmcTableRow RowInGrid(int row) const;
   [[nodiscard]] bool IsFactoryRow(int row) const;
-  [[nodiscard]] bool IsDescriptionGood(int row) const;
   [[nodiscard]] bool CheckRows();
+  [[nodiscard]] Text DescriptionOf(int row) const;
   [[nodiscard]] bool DeleteRow(int row);
   void NoteModified(int row, const Text& oldDescription);
   [[nodiscard]] CuttingError SaveEntry(int row, const Text& oldDescription);

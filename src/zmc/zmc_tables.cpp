@@ -2,6 +2,7 @@
 #include "zmc/zmc_tables.h"
 
 #include <ctime>
+#include <set>
 #include <unordered_set>
 #include <utility>
 
@@ -125,29 +126,33 @@ ZmcOperations::ZmcOperations(ZmcDesk& desk, std::function<void()> reloadLists)
 
 std::vector<ZmcTableRow> ZmcOperations::Rows() const {
   std::vector<ZmcTableRow> rows;
-  const CT_Operaciones& factory = Desk().data.Lists().OperacionesFabrica;
+  // An operation is the machine maker's when description and id are.
+  std::set<std::pair<TextView, TextView>> factory;
+  for (const CT_Operacion& record : Desk().data.Lists().OperacionesFabrica.Operacion) {
+    factory.emplace(TextOf(record.descripcion), TextOf(record.id));
+  }
   for (const OperationRow& row : Desk().data.OperationRows(Desk().settings.kept)) {
     const CT_Operacion& record = *row.record;
     const Text description(TextOf(record.descripcion));
     rows.push_back({{description, Text(TextOf(record.ToolType)), Text(), Text()},
                     record.Oculto,
-                    CondicionesCorteParser::ExistOperation(factory, description, TextOf(record.id))});
+                    factory.count({description, TextOf(record.id)}) != 0});
   }
   return rows;
 }
 
 void ZmcOperations::SetHeader() {
+  toolTypes_.clear();
+  for (const int text : kToolTypeTexts) toolTypes_.push_back(Desk().LoadText(text));
   Grid().SetCellText(0, 1, Desk().LoadText(zmc_text::kDescription));
   Grid().SetCellText(0, kToolTypeColumn, Desk().LoadText(zmc_text::kToolType));
   Grid().SetCellText(0, kOperationsShape.hiddenColumn, Desk().LoadText(zmc_text::kHidden));
 }
 
 void ZmcOperations::SetKinds(int row) {
-  std::vector<Text> types;
-  for (const int text : kToolTypeTexts) types.push_back(Desk().LoadText(text));
   ZmcGrid& grid = Grid();
   grid.SetCellKind(row, 1, ZmcCellKind::kText, {});
-  grid.SetCellKind(row, kToolTypeColumn, ZmcCellKind::kList, types);
+  grid.SetCellKind(row, kToolTypeColumn, ZmcCellKind::kList, toolTypes_);
   grid.SetCellKind(row, kOperationsShape.hiddenColumn, ZmcCellKind::kCheck, {});
 }
 

@@ -33,6 +33,9 @@ class ZmcOperations final : public ZmcTable {
   void SetKinds(int row) override;
   [[nodiscard]] std::pair<int, bool> SortColumn() const override;
   void OrderBy(int col) override;
+
+ private:
+  std::vector<Text> toolTypes_;  // what the cells of the tool type offer
 };
 
 /// The time of a save as the records keep it, "%Y/%m/%d %H:%M:%S" in local time. seconds: since 1970 in UTC.

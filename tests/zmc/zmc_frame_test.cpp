@@ -37,12 +37,12 @@ class ZmcFrameTest : public testing::Test, public ZmcStage {
 TEST_F(ZmcFrameTest, OpensInItsOrder) {
   view = nullptr;
   Open();
-  std::vector<std::string> told;
+  std::vector<std::string> calls;
   for (const std::string& line : All()) {
-    if (!line.starts_with("view focus")) told.push_back(line);
+    if (!line.starts_with("view focus")) calls.push_back(line);
   }
-  EXPECT_THAT(told, ElementsAre("HostToolOpening(4)", "view show", "view top", "view make 0", "clear message",
-                                "view show tab 0", "side menu menu", "main menu menu"));
+  EXPECT_THAT(calls, ElementsAre("HostToolOpening(4)", "view show", "view top", "view make 0", "clear message",
+                                 "view show tab 0", "side menu menu", "main menu menu"));
   EXPECT_THAT(Checked(), ElementsAre("32818"));
 }
 
@@ -156,7 +156,7 @@ TEST_F(ZmcFrameTest, AMessageThatIsNotTheFramesIsNotAnswered) {
 TEST_F(ZmcFrameTest, TheCommandsOfTheHost) {
   struct Row {
     std::intptr_t code, answer;
-    std::vector<std::string> told;
+    std::vector<std::string> calls;
   };
   const std::vector<std::string> kClosed = {"clear message", "HostToolClosed(4,2)", "view hide"};
   const Row kRows[] = {{PNL_COMMAND_LEAVE, 0, {"view hide", "view destroy"}},
@@ -176,7 +176,7 @@ TEST_F(ZmcFrameTest, TheCommandsOfTheHost) {
     Open();
     Forget();
     EXPECT_EQ(Command(row.code), row.answer) << row.code;
-    EXPECT_EQ(All(), row.told) << row.code;
+    EXPECT_EQ(All(), row.calls) << row.code;
   }
 }
 
@@ -221,7 +221,7 @@ TEST_F(ZmcFrameTest, TheTabsAreShownOneAtATimeAndMadeOnce) {
   struct Row {
     int command;
     ZmcTab tab;
-    std::vector<std::string> told;  // the second time
+    std::vector<std::string> calls;  // the second time
   };
   const Row kRows[] = {{32819, ZmcTab::kMaterials, {"view show tab 1", "view hide tab 0"}},
                        {32820, ZmcTab::kOperations, {"view show tab 2", "view hide tab 1"}},
@@ -231,14 +231,14 @@ TEST_F(ZmcFrameTest, TheTabsAreShownOneAtATimeAndMadeOnce) {
     for (const Row& row : kRows) {
       Forget();
       Menu(row.command);
-      std::vector<std::string> expected = row.told;
+      std::vector<std::string> expected = row.calls;
       if (!again && row.tab != ZmcTab::kMain) {
         expected.insert(expected.begin(), "view make " + std::to_string(static_cast<int>(row.tab)));
       }
-      std::vector<std::string> told = All();
+      std::vector<std::string> calls = All();
       std::erase_if(
-          told, [](const std::string& line) { return line.starts_with("view focus") || !line.starts_with("view "); });
-      EXPECT_EQ(told, expected);
+          calls, [](const std::string& line) { return line.starts_with("view focus") || !line.starts_with("view "); });
+      EXPECT_EQ(calls, expected);
       EXPECT_THAT(Checked(), ElementsAre(std::to_string(row.command)));
       EXPECT_EQ(view->shownTabs, std::set<ZmcTab>{row.tab});
     }
@@ -360,9 +360,9 @@ TEST_F(ZmcFrameTest, InsertingPutsTheTextOnTheClipboardThenTellsTheHostThenClose
     }
   };
   Menu(zmc_command::kInsert);
-  const Log told = All();
-  ASSERT_GE(told.size(), 4u);
-  EXPECT_EQ(std::vector(told.end() - 4, told.end()),
+  const Log calls = All();
+  ASSERT_GE(calls.size(), 4u);
+  EXPECT_EQ(std::vector(calls.end() - 4, calls.end()),
             (Log{"HostInsertBlock", "clear message", "HostToolClosed(4,2)", "view hide"}));
   const auto cancel = std::find_if(windows.sent.begin(), windows.sent.end(), [](const SentMessage& sent) {
     return sent.message.number == RegisterMessage("ZMC_CANCELDLG");
@@ -431,10 +431,10 @@ TEST_F(ZmcFrameTest, ShownAgainItOpensOnItsMainTabWithWhatWasChosen) {
   Command(PNL_COMMAND_CLOSE_TOOL);
   Forget();
   Call(&ZmcSession::OnShownAgain);
-  std::vector<std::string> told = All();
-  std::erase_if(told, [](const std::string& line) { return line.starts_with("view focus"); });
-  EXPECT_THAT(told, ElementsAre("HostToolOpening(4)", "view top", "view show tab 0", "view hide tab 1",
-                                "side menu menu", "main menu menu"));
+  std::vector<std::string> calls = All();
+  std::erase_if(calls, [](const std::string& line) { return line.starts_with("view focus"); });
+  EXPECT_THAT(calls, ElementsAre("HostToolOpening(4)", "view top", "view show tab 0", "view hide tab 1",
+                                 "side menu menu", "main menu menu"));
   EXPECT_EQ(TextOf(id::kMaterial), "Steel");
   EXPECT_THAT(Checked(), ElementsAre("32818"));
   Forget();

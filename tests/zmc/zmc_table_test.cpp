@@ -413,10 +413,10 @@ TEST_P(ZmcTableTest, ShowingPutsTheFocusOnTheGridLast) {
   Menu(32818);
   Forget();
   Menu(Table().show);
-  const Log told = All();
-  ASSERT_GE(told.size(), 2u);
-  EXPECT_EQ(told.back(), "view focus grid " + std::to_string(static_cast<int>(Table().tab)));
-  EXPECT_EQ(told[told.size() - 2], "side menu menu");
+  const Log calls = All();
+  ASSERT_GE(calls.size(), 2u);
+  EXPECT_EQ(calls.back(), "view focus grid " + std::to_string(static_cast<int>(Table().tab)));
+  EXPECT_EQ(calls[calls.size() - 2], "side menu menu");
 }
 
 // Order.

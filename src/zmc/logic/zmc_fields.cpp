@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "zmc/logic/zmc_fields.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "base/format.h"
 #include "base/numbers.h"
 
@@ -19,10 +22,17 @@ double DecimalOf(TextView text) {
 Text CellText(double value) { return Format(u"%.7f", value); }
 
 Text ResultText(double value, std::int32_t precision) {
-  // Cut, not rounded: whoever reads the text again computes with the cut value.
+  // Cut, not rounded: the text is read again, and the computation goes on with the cut value.
   return precision == 0 ? Format(u"%i", TruncateToInt32(value)) : Format(u"%f", value);
 }
 
 int SelectableIndex(int index, int count) { return index >= 0 && index < count ? index : kZmcNoSelection; }
+
+int IndexOrLast(const std::vector<Text>& items, TextView text) {
+  const auto same = [text](const Text& item) { return !text.empty() && EqualNoCase(item, text); };
+  const auto found = std::find_if(items.begin(), items.end(), same);
+  const std::ptrdiff_t index = found - items.begin();
+  return static_cast<int>(found == items.end() ? index - 1 : index);
+}
 
 }  // namespace pnl

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "base/text.h"
 #include "zmc/logic/zmc_units.h"
@@ -67,5 +68,7 @@ struct ZmcChecks {
 [[nodiscard]] Text ResultText(double value, std::int32_t precision);
 /// The index if a box of that many items has it, else no selection.
 [[nodiscard]] int SelectableIndex(int index, int count);
+/// The item with that text, in whatever case; else the last one. -1 in an empty list.
+[[nodiscard]] int IndexOrLast(const std::vector<Text>& items, TextView text);
 
 }  // namespace pnl

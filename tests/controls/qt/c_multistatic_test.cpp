@@ -16,7 +16,7 @@ class CMultistaticTest : public testing::Test {
   CMultistaticTest() {
     box = new CMultistatic(228, Face::kCheckBox, &window);
     box->setGeometry(10, 10, 24, 24);
-    QObject::connect(box, &CMultistatic::Changed, &window, [this](int state) { told.push_back(state); });
+    QObject::connect(box, &CMultistatic::Changed, &window, [this](int state) { emitted.push_back(state); });
     window.resize(200, 100);
     Activate(window);
   }
@@ -24,7 +24,7 @@ class CMultistaticTest : public testing::Test {
     PressMouse(box, QPoint(12, 12));
     PressMouse(box, release, QEvent::MouseButtonRelease);
   }
-  std::vector<int> told;
+  std::vector<int> emitted;
   QWidget window;
   CMultistatic* box;
 };
@@ -34,16 +34,16 @@ TEST_F(CMultistaticTest, TouchAndSpaceTurnACheckBox) {
   EXPECT_EQ(box->State(), 1);
   EXPECT_TRUE(PressKey(box, Qt::Key_Space, " "));
   EXPECT_EQ(box->State(), 0);
-  EXPECT_EQ(told, (std::vector<int>{1, 0}));
+  EXPECT_EQ(emitted, (std::vector<int>{1, 0}));
   EXPECT_FALSE(PressKey(box, Qt::Key_Return)) << "Enter belongs to the window";
   EXPECT_FALSE(PressKey(box, Qt::Key_Down));
-  EXPECT_EQ(told.size(), 2u);
+  EXPECT_EQ(emitted.size(), 2u);
 }
 
 TEST_F(CMultistaticTest, AnyStateButZeroIsOn) {
   box->SetState(5);
   EXPECT_TRUE(box->IsOn());
-  EXPECT_TRUE(told.empty()) << "the program's own change isn't told";
+  EXPECT_TRUE(emitted.empty()) << "the program's own change emits nothing";
   EXPECT_EQ(box->property(property::kState).toInt(), 5);
   EXPECT_EQ(box->property(property::kChecked), QVariant(true));
   EXPECT_EQ(ControlKind(box), "check");
@@ -58,7 +58,7 @@ TEST_F(CMultistaticTest, ATouchReleasedElsewhereOrWithAnotherButtonTurnsNothing)
   PressMouse(box, QPoint(12, 12), QEvent::MouseButtonPress, Qt::RightButton);
   PressMouse(box, QPoint(12, 12), QEvent::MouseButtonRelease, Qt::RightButton);
   EXPECT_EQ(box->State(), 0);
-  EXPECT_TRUE(told.empty());
+  EXPECT_TRUE(emitted.empty());
 }
 
 TEST_F(CMultistaticTest, ADisabledOneDoesNotTurn) {

@@ -36,7 +36,7 @@ class ZCGridXWrapTest : public testing::Test {
     Listen();
   }
   void Listen() {
-    const auto note = [this](const QString& text) { told.push_back(text.toStdString()); };
+    const auto note = [this](const QString& text) { emitted.push_back(text.toStdString()); };
     QObject::connect(grid, &ZCGridXWrap::Committed, grid, [note](int row, int column, bool changed) {
       note(QString("committed %1 %2%3").arg(row).arg(column).arg(changed ? " changed" : ""));
     });
@@ -48,7 +48,7 @@ class ZCGridXWrapTest : public testing::Test {
     QObject::connect(grid, &ZCGridXWrap::HeaderClicked, grid,
                      [note](int column) { note(QString("header %1").arg(column)); });
   }
-  [[nodiscard]] std::vector<std::string> Told() { return std::exchange(told, {}); }
+  [[nodiscard]] std::vector<std::string> Emitted() { return std::exchange(emitted, {}); }
   using Notes = std::vector<std::string>;
   using Cell = std::pair<int, int>;
   [[nodiscard]] Cell Present() const { return {grid->Row(), grid->Column()}; }
@@ -75,7 +75,7 @@ class ZCGridXWrapTest : public testing::Test {
   }
   [[nodiscard]] QString TextAt(int row, int column) const { return grid->Cells().CellText(row, column); }
 
-  std::vector<std::string> told;  // lives longer than the window, whose end may still tell something
+  std::vector<std::string> emitted;  // outlives the window, which may emit signals at its end
   QWidget window;
   ZCGridXWrap* grid;
   QLineEdit* other;
@@ -109,7 +109,7 @@ TEST_F(ZCGridXWrapTest, KeysMoveWithinTheRowsAndColumnsInUse) {
     EXPECT_TRUE(Key(step.key)) << "the grid keeps it at its edge too";
     EXPECT_EQ(Present(), step.to) << step.key;
   }
-  EXPECT_EQ(Told(), (Notes{"moved 1 2", "moved 2 2", "moved 2 4", "moved 2 1", "moved 4 1", "moved 1 1"}));
+  EXPECT_EQ(Emitted(), (Notes{"moved 1 2", "moved 2 2", "moved 2 4", "moved 2 1", "moved 4 1", "moved 1 1"}));
 }
 
 TEST_F(ZCGridXWrapTest, HiddenColumnsAreLeftOut) {
@@ -149,20 +149,20 @@ TEST_F(ZCGridXWrapTest, FixedCellsAndCellsThatAreNotThereAreNotSelected) {
     grid->Select(cell.first, cell.second);
     EXPECT_EQ(Present(), (Cell{1, 1}));
   }
-  EXPECT_TRUE(Told().empty());
+  EXPECT_TRUE(Emitted().empty());
 }
 
 TEST_F(ZCGridXWrapTest, WhereverTheSelectionGoesItIsToldOnce) {
   grid->Select(3, 2);
-  EXPECT_EQ(Told(), (Notes{"moved 3 2"}));
+  EXPECT_EQ(Emitted(), (Notes{"moved 3 2"}));
   grid->Select(3, 2);
-  EXPECT_TRUE(Told().empty());
+  EXPECT_TRUE(Emitted().empty());
   grid->setCurrentIndex(grid->model()->index(0, 1));
   Settle();
-  EXPECT_EQ(Told(), (Notes{"moved 1 1"})) << "by a way around Select too";
+  EXPECT_EQ(Emitted(), (Notes{"moved 1 1"})) << "by a way around Select too";
   grid->Cells().SetRows(1);
   Settle();
-  EXPECT_EQ(Told(), (Notes{"moved 0 0"}));
+  EXPECT_EQ(Emitted(), (Notes{"moved 0 0"}));
   EXPECT_EQ(grid->SelectedRows(), (Cell{0, 0}));
 }
 
@@ -203,18 +203,18 @@ TEST_F(ZCGridXWrapTest, EnterOpensAndCommitsAndTheCellStaysSelected) {
   EXPECT_EQ(TextAt(1, 1), "new");
   EXPECT_EQ(Present(), (Cell{1, 1}));
   EXPECT_TRUE(grid->hasFocus());
-  EXPECT_EQ(Told(), (Notes{"began 1 1", "committed 1 1 changed"})) << "the focus never left";
+  EXPECT_EQ(Emitted(), (Notes{"began 1 1", "committed 1 1 changed"})) << "the focus never left";
 }
 
 TEST_F(ZCGridXWrapTest, AnUnchangedCommitIsToldAsSuchAndKeepsTheTextAsWritten) {
   grid->Cells().SetCellText(1, 2, "0.0000000");
   grid->Select(1, 2);
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   Key(Qt::Key_Return);
   EXPECT_EQ(Line()->text(), "0.00") << "the editor begins with what was seen";
   Key(Qt::Key_Return);
   EXPECT_EQ(TextAt(1, 2), "0.0000000");
-  EXPECT_EQ(Told(), (Notes{"began 1 2", "committed 1 2"}));
+  EXPECT_EQ(Emitted(), (Notes{"began 1 2", "committed 1 2"}));
 }
 
 TEST_F(ZCGridXWrapTest, EscapeBringsTheOldTextBack) {
@@ -224,7 +224,7 @@ TEST_F(ZCGridXWrapTest, EscapeBringsTheOldTextBack) {
   EXPECT_FALSE(grid->IsEditing());
   EXPECT_EQ(TextAt(1, 1), "r1c1");
   EXPECT_TRUE(grid->hasFocus());
-  EXPECT_EQ(Told(), (Notes{"began 1 1"}));
+  EXPECT_EQ(Emitted(), (Notes{"began 1 1"}));
   EXPECT_FALSE(Key(Qt::Key_Escape)) << "without an edit it does";
 }
 
@@ -264,14 +264,14 @@ TEST_F(ZCGridXWrapTest, ANumericCellTakesOnlyWhatItsFormatAllows) {
 
 TEST_F(ZCGridXWrapTest, EnterWithANumberOutOfRangeLeavesTheEditOpen) {
   grid->Select(2, 2);
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   Write("101");
   EXPECT_TRUE(Key(Qt::Key_Return));
   EXPECT_TRUE(grid->IsEditing());
   EXPECT_EQ(Line()->selectedText(), "101");
   EXPECT_EQ(TextAt(2, 2), "20");
   EXPECT_FALSE(grid->CommitEdit());
-  EXPECT_EQ(Told(), (Notes{"began 2 2"}));
+  EXPECT_EQ(Emitted(), (Notes{"began 2 2"}));
   Write("99");
   Key(Qt::Key_Return);
   EXPECT_EQ(TextAt(2, 2), "99");
@@ -280,21 +280,21 @@ TEST_F(ZCGridXWrapTest, EnterWithANumberOutOfRangeLeavesTheEditOpen) {
 TEST_F(ZCGridXWrapTest, ALostFocusStoresWhatIsAllowedAndDropsTheRest) {
   grid->Select(2, 2);
   Write("101");
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   other->setFocus();
   Settle();
   EXPECT_FALSE(grid->IsEditing());
   EXPECT_EQ(TextAt(2, 2), "20");
   EXPECT_FALSE(other->hasFocus() && grid->hasFocus());
-  EXPECT_EQ(Told(), (Notes{"no focus"}));
+  EXPECT_EQ(Emitted(), (Notes{"no focus"}));
   EXPECT_TRUE(other->hasFocus());
   grid->setFocus();
   Write("5");
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   other->setFocus();
   Settle();
   EXPECT_EQ(TextAt(2, 2), "5");
-  EXPECT_EQ(Told(), (Notes{"committed 2 2 changed", "no focus"}));
+  EXPECT_EQ(Emitted(), (Notes{"committed 2 2 changed", "no focus"}));
   EXPECT_TRUE(other->hasFocus());
 }
 
@@ -312,7 +312,7 @@ TEST_F(ZCGridXWrapTest, AnotherPresentCellEndsTheEdit) {
   grid->Select(3, 1);
   EXPECT_FALSE(grid->IsEditing());
   EXPECT_EQ(TextAt(1, 1), "abc");
-  EXPECT_EQ(Told(), (Notes{"began 1 1", "committed 1 1 changed", "moved 3 1"}));
+  EXPECT_EQ(Emitted(), (Notes{"began 1 1", "committed 1 1 changed", "moved 3 1"}));
   grid->Select(2, 2);
   Write("500");
   grid->Select(1, 1);
@@ -363,13 +363,13 @@ TEST_F(ZCGridXWrapTest, CellsThatAcceptNoEditTakeNoTyping) {
 
 TEST_F(ZCGridXWrapTest, SpaceAndATouchTurnACheck) {
   grid->Select(1, 3);
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   EXPECT_TRUE(Key(Qt::Key_Space));
   EXPECT_TRUE(grid->Cells().IsChecked(1, 3));
-  EXPECT_EQ(Told(), (Notes{"committed 1 3 changed"}));
+  EXPECT_EQ(Emitted(), (Notes{"committed 1 3 changed"}));
   Touch(2, 3);
   EXPECT_TRUE(grid->Cells().IsChecked(2, 3));
-  EXPECT_EQ(Told(), (Notes{"moved 2 3", "committed 2 3 changed"}));
+  EXPECT_EQ(Emitted(), (Notes{"moved 2 3", "committed 2 3 changed"}));
   Touch(2, 3);
   EXPECT_FALSE(grid->Cells().IsChecked(2, 3));
   PressMouse(grid->viewport(), Middle(2, 3), QEvent::MouseButtonDblClick);
@@ -475,12 +475,12 @@ TEST_F(ZCGridXWrapTest, AClickedHeaderIsToldAndLeavesTheSortMarker) {
   const QPoint place(header->sectionViewportPosition(1) + 5, 10);
   PressMouse(header->viewport(), place);
   PressMouse(header->viewport(), place, QEvent::MouseButtonRelease);
-  EXPECT_EQ(Told(), (Notes{"header 1"}));
+  EXPECT_EQ(Emitted(), (Notes{"header 1"}));
   EXPECT_EQ(grid->SortColumn(), 2);
   const QPoint away(header->sectionViewportPosition(2) + 5, 10);
   PressMouse(header->viewport(), place);
   PressMouse(header->viewport(), away, QEvent::MouseButtonRelease);
-  EXPECT_TRUE(Told().empty()) << "released elsewhere";
+  EXPECT_TRUE(Emitted().empty()) << "released elsewhere";
   grid->SetSortMarker(-1, true);
   EXPECT_EQ(grid->SortColumn(), -1);
   EXPECT_FALSE(header->isSortIndicatorShown());
@@ -509,19 +509,19 @@ TEST_F(ZCGridXWrapTest, DeletingTheRowOfAnOpenEditClosesIt) {
 
 TEST_F(ZCGridXWrapTest, NothingIsToldWhileRowsGoOrColumnsChange) {
   Write("abc");
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   QObject::connect(grid->model(), &QAbstractItemModel::rowsAboutToBeRemoved, grid,
-                   [this] { EXPECT_TRUE(told.empty()); });
+                   [this] { EXPECT_TRUE(emitted.empty()); });
   grid->Cells().DeleteRow(1);
-  EXPECT_TRUE(Told().empty());
+  EXPECT_TRUE(Emitted().empty());
   Settle();
   grid->Select(2, 2);
   grid->BeginEdit();
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   grid->Cells().SetColumns(3);
-  EXPECT_TRUE(Told().empty()) << "a listener could destroy the grid in the middle";
+  EXPECT_TRUE(Emitted().empty()) << "a listener could destroy the grid in the middle";
   Settle();
-  EXPECT_EQ(Told(), (Notes{"moved 0 0"}));
+  EXPECT_EQ(Emitted(), (Notes{"moved 0 0"}));
 }
 
 TEST_F(ZCGridXWrapTest, ACellWrittenDuringAnEditDoesNotTakeWhatIsTyped) {
@@ -588,10 +588,10 @@ TEST_F(ZCGridXWrapTest, FocusIsToldWhenItComesAndGoes) {
   other->setFocus();
   Settle();
   grid->setFocus();
-  EXPECT_EQ(Told(), (Notes{"no focus", "focus"}));
+  EXPECT_EQ(Emitted(), (Notes{"no focus", "focus"}));
 }
 
-/// Whoever hears of something may destroy the grid.
+/// A listener may destroy the grid.
 TEST_F(ZCGridXWrapTest, MayBeDestroyedByWhoListens) {
   std::vector<std::function<void()>> ways;
   ways.emplace_back([this] {
@@ -606,7 +606,7 @@ TEST_F(ZCGridXWrapTest, MayBeDestroyedByWhoListens) {
   ways.emplace_back([this] { Key(Qt::Key_Down); });
   ways.emplace_back([this] { PressMouse(grid->viewport(), Middle(2, 2)); });
   ways.emplace_back([this] {
-    // The move is told only with the key, after the check.
+    // Moved is emitted only with the key, after the check.
     grid->selectionModel()->setCurrentIndex(grid->model()->index(0, 3), QItemSelectionModel::NoUpdate);
     Key(Qt::Key_Space);
   });
@@ -651,9 +651,9 @@ TEST_F(ZCGridXWrapTest, MayBeDestroyedByWhoListens) {
 
 TEST_F(ZCGridXWrapTest, MayGoWithAnOpenEdit) {
   Write("abc");
-  static_cast<void>(Told());
+  static_cast<void>(Emitted());
   delete std::exchange(grid, nullptr);
-  EXPECT_TRUE(told.empty()) << "and tells nobody";
+  EXPECT_TRUE(emitted.empty()) << "and emits nothing";
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A tool table and a server of variables for the tests of the machining calculator: both do as told and note what was
-// asked of them. A variable has one type, and a read or write of another type fails.
+// A tool table and a server of variables for the tests of the machining calculator: both answer what a test has set and
+// note each call. A variable has one type, and a read or write of another type fails.
 #pragma once
 
 #include <map>

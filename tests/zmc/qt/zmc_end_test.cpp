@@ -158,7 +158,7 @@ TEST_F(ZmcEndTest, TheHostMayDeleteItsParentInEveryCallOfTheTables) {
   }
 }
 
-// The cell's edit ends when a line gets the focus; what can't be stored is told to the host.
+// The cell's edit ends when a line gets the focus. The value can't be stored, and the host gets the message.
 TEST_F(ZmcEndTest, TheHostMayDeleteItsParentInAChangeOfTheFocus) {
   DeletingHost killer(table);
   const auto calls = PlayWithEachCallFatal(killer, Scene({[this] {

@@ -341,8 +341,8 @@ TEST_F(CuttingPair, OfADamagedFileIsAFailure) {
   EXPECT_EQ(Load().Error(), CuttingError::kXmlEngine);
 }
 
-// The same rules once more, written as plainly as they are told: lists walked from the front, each record inserted at
-// its place.
+// A second implementation of the rules for comparison, slow and plain: it walks the lists from the front and inserts
+// each record at its place.
 
 template <typename Record>
 struct Plain {
