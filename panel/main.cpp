@@ -141,7 +141,7 @@ int Guide(pnl::rig::Rig& rig, const panel::Options& options, const char* languag
   panel::PanelWindow window(session, op, ResolverOf(rig));
   SetUpPrograms(rig, window);
   ShowPanel(window, options);
-  op.Desk().StartTool();
+  op.Desk().StartTools();
   return panel::RunGuidedSession(window, session, op, rig, options.guidedInto, tour, first);
 }
 
@@ -209,9 +209,9 @@ int Run(QApplication& application, const panel::Options& given) {
   // The error tool measures the panel when it is made. On a display the panel has its final size only once it is
   // painted.
   std::optional<WhenPainted> tools;
-  if (!options.headless) tools.emplace(window, [&op] { op.Desk().StartTool(); });
+  if (!options.headless) tools.emplace(window, [&op] { op.Desk().StartTools(); });
   ShowPanel(window, options);
-  if (options.headless) op.Desk().StartTool();
+  if (options.headless) op.Desk().StartTools();
   if (remote) remote->Start();
   const int code = application.exec();
   maker.Finish();

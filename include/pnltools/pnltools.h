@@ -308,6 +308,13 @@ enum PnlMachiningCommand {
   PNL_ZMC_CHANGES = 33003 /* shows what the user's data change against the machine maker's */
 };
 
+/* Commands (PNL_MSG_COMMAND) to the PLC message view, for its video. The view has no menu; a host may have keys. */
+enum PnlVideoCommand {
+  PNL_VIDEO_PLAY = 32771,
+  PNL_VIDEO_STOP = 32772,
+  PNL_VIDEO_REWIND = 32773 /* stops too */
+};
+
 /* Messages with a registered name, to the main window. */
 /* Asks the panel to close. first: 1; second: 0. */
 #define PNL_NAME_CLOSE_PANEL "ZM_CLOSE7340"

@@ -186,6 +186,15 @@ class MachineControl {
   using ProgramSpot = rig::ProgramSpot;
   /// Raises a fault. Only kProgramLine uses the spot.
   virtual void Raise(Fault fault, const ProgramSpot& spot = {}) = 0;
+  /// A message of the machine's PLC.
+  struct PlcMessage {
+    std::uint32_t code = 0;  // as in "E.PLCMSGDATA": the type in the top four bits, the identifier below
+    std::u16string text;
+  };
+  /// The messages that the PLC knows, in the panel's language.
+  [[nodiscard]] virtual std::vector<PlcMessage> PlcMessages() const = 0;
+  /// The PLC raises a message.
+  virtual void RaisePlcMessage(std::uint32_t code) = 0;
   /// Chooses (true) or leaves (false) a manual mode.
   virtual void ManualMode(bool on) = 0;
 };

@@ -41,8 +41,11 @@ ErrorDesk::~ErrorDesk() {
   if (watching_) rig_->Cnc().UnwatchErrors(watch_);
 }
 
-void ErrorDesk::StartTool() {
-  if (session_.Reacting() && !HasTool()) session_.LoadTool(PNL_TOOL_ERRORS, session_.ToolArea());
+void ErrorDesk::StartTools() {
+  if (!session_.Reacting()) return;
+  for (const int tool : {PNL_TOOL_PLC_MESSAGES, PNL_TOOL_ERRORS}) {
+    if (session_.ToolWindow(tool) == 0) session_.LoadTool(tool, session_.ToolArea());
+  }
 }
 
 int ErrorDesk::Standing() const {
@@ -59,7 +62,7 @@ bool ErrorDesk::BringBack() {
   if (!HasTool() || Standing() == 0) return false;
   if (!WindowShown()) CallWindow();
   if (!WindowShown()) return false;
-  help_.reset();
+  HideHelp();
   session_.BringToFront(PNL_TOOL_ERRORS);
   return true;
 }
@@ -84,11 +87,15 @@ void ErrorDesk::ClearAll() {
   OnErrorsGone();
 }
 
-void ErrorDesk::CloseHelp() {
-  if (!help_) return;
-  help_.reset();
+void ErrorDesk::OnHelpLeft() {
+  if (!std::exchange(showsHelp_, false)) return;
   CallWindow();
   emit Changed();
+}
+
+void ErrorDesk::HideHelp() {
+  if (!std::exchange(showsHelp_, false)) return;
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES), Registered(PNL_NAME_HIDE_ERROR_HELP), 0, 0);
 }
 
 void ErrorDesk::AnswerClose(bool yes) {
@@ -101,9 +108,17 @@ void ErrorDesk::AnswerClose(bool yes) {
 }
 
 void ErrorDesk::OnShowError(const QVariantMap& line) {
-  const QString reference = line.value(QStringLiteral("helpRef")).toString();
-  help_ = ErrorHelp{line.value(QStringLiteral("header")).toString(), line.value(QStringLiteral("back")).toUInt(),
-                    line.value(QStringLiteral("fore")).toUInt(), DescriptionOf(reference)};
+  const std::u16string file = line.value(QStringLiteral("helpRef")).toString().toStdU16String();
+  const std::u16string title = line.value(QStringLiteral("header")).toString().toStdU16String();
+  const ShowFileRecord record{line.value(QStringLiteral("back")).toUInt(), line.value(QStringLiteral("fore")).toUInt(),
+                              file.c_str(), title.c_str()};
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES), Registered(PNL_NAME_SHOW_ERROR_HELP), 0,
+                 reinterpret_cast<intptr_t>(&record));
+  showsHelp_ = session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES);
+  // Without the view the error must not disappear. The message is posted, because the tool waits for this call.
+  if (!showsHelp_) {
+    PnlPostMessage(session_.ToolWindow(PNL_TOOL_ERRORS), Registered(PNL_NAME_ERROR_HELP_ENDED), 0, 0);
+  }
   emit Changed();
 }
 
@@ -114,7 +129,7 @@ void ErrorDesk::OnWindowOpening() {
 }
 
 void ErrorDesk::OnErrorsGone() {
-  help_.reset();
+  HideHelp();
   emit Changed();
 }
 
@@ -134,12 +149,6 @@ void ErrorDesk::OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::ri
   const bool closing = error.number == kClosingError && error.errorClass != ErrorKind::kWarning;
   if (fate == Fate::kRaised && (closing || error.errorClass == ErrorKind::kFatal)) closeRefused_ = false;
   emit Changed();
-}
-
-QString ErrorDesk::DescriptionOf(const QString& reference) const {
-  const auto text = rig_ == nullptr ? std::nullopt : rig_->Cnc().DescriptionBehind(reference.toStdU16String());
-  const QString description = text ? QString::fromStdU16String(*text).trimmed() : QString();
-  return description.isEmpty() ? Say(Word::kNoDescription, reference) : description;
 }
 
 }  // namespace panel

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The panel's side of the error tool. It makes the tool at the start. It keeps the sign that is shown while the tool's
-// window is away, the help, the question whether to close the panel, and the history of the session's errors. It
-// decides when the window comes back. It draws nothing itself. Under --bare it makes no tool and keeps nothing.
+// window is away, the question whether to close the panel, and the history of the session's errors. It has the PLC
+// message view show the help of an error, and decides when the tool's window comes back. It draws nothing itself. Under
+// --bare it makes no tool and keeps nothing.
 #pragma once
 
 #include <pnltools/rig.h>
@@ -34,32 +35,25 @@ struct ErrorSign {
 /// Reads the two arguments of "ZM_UPDATE_NERRORS". A number that is no class becomes kError.
 [[nodiscard]] ErrorSign ErrorSignOf(qint64 first, qint64 second);
 
-/// The help of an error. The panel shows it in place of the tool's window.
-struct ErrorHelp {
-  QString header;
-  std::uint32_t back = 0;
-  std::uint32_t fore = 0;
-  QString text;
-  bool operator==(const ErrorHelp&) const = default;
-};
-
 class ErrorDesk : public QObject {
   Q_OBJECT
 
  public:
-  /// rig may be null: then there is no history and no description. now reads the wall clock; a test passes its own.
+  /// rig may be null: then there is no history. now reads the wall clock; a test passes its own.
   ErrorDesk(HostSession& session, pnl::rig::Rig* rig, std::function<ErrorTime()> now = &std::chrono::system_clock::now);
   ~ErrorDesk() override;
 
-  /// Makes the error tool, hidden. Does nothing under --bare or when the tool exists already.
-  void StartTool();
+  /// Makes the error tool and the PLC message view, hidden. Does nothing under --bare or for a tool that exists
+  /// already.
+  void StartTools();
   [[nodiscard]] bool HasTool() const { return session_.ToolWindow(PNL_TOOL_ERRORS) != 0; }
   [[nodiscard]] bool WindowShown() const { return session_.IsToolOpen(PNL_TOOL_ERRORS); }
 
   /// The number of errors in the kernel's queue. Without a rig, the count that the tool sent last.
   [[nodiscard]] int Standing() const;
   [[nodiscard]] const ErrorSign& Sign() const { return sign_; }
-  [[nodiscard]] const std::optional<ErrorHelp>& Help() const { return help_; }
+  /// Whether the PLC message view shows the help of an error in place of the tool's window.
+  [[nodiscard]] bool ShowsHelp() const { return showsHelp_; }
   [[nodiscard]] const ErrorHistory& History() const { return history_; }
   [[nodiscard]] ErrorTime Now() const { return now_(); }
 
@@ -70,8 +64,8 @@ class ErrorDesk : public QObject {
   void Acknowledge();
   /// Empties the queue, as the reset key does, and ends the help.
   void ClearAll();
-  /// Ends the help and has the tool show its window.
-  void CloseHelp();
+  /// The PLC message view has closed the help: the tool shows its window again.
+  void OnHelpLeft();
 
   /// Whether the question to close the panel is waiting for its answer.
   [[nodiscard]] bool AsksToClose() const { return asksToClose_; }
@@ -94,7 +88,7 @@ class ErrorDesk : public QObject {
   /// Has the tool show its window.
   void CallWindow();
   void OnError(const pnl::rig::CncControl::ErrorSummary& error, pnl::rig::CncControl::ErrorFate fate);
-  [[nodiscard]] QString DescriptionOf(const QString& reference) const;
+  void HideHelp();
 
   HostSession& session_;
   pnl::rig::Rig* rig_;
@@ -103,7 +97,7 @@ class ErrorDesk : public QObject {
   int watch_ = 0;
   bool watching_ = false;
   ErrorSign sign_;
-  std::optional<ErrorHelp> help_;
+  bool showsHelp_ = false;
   bool called_ = false;  // CallWindow is making the window open
   bool asksToClose_ = false;
   bool closeRefused_ = false;

@@ -31,7 +31,8 @@ Operator::Operator(HostSession& session, pnl::rig::Rig* rig, QObject* parent)
       rig_(rig),
       machine_(rig == nullptr ? nullptr : rig->Machine()),
       errors_(session, rig),
-      files_(session, rig) {
+      files_(session, rig),
+      help_(session, rig) {
   connect(&session_, &HostSession::Called, this, &Operator::OnCalled);
   connect(&session_, &HostSession::MessageArrived, this, &Operator::OnMessage);
   connect(&session_, &HostSession::MainMenuChanged, this, &Operator::Touch);
@@ -122,7 +123,7 @@ bool Operator::Can(Action action) const {
     case Action::kOverrideFull:
       return machine_ != nullptr && machine_->State().feedOverride != 100;
     case Action::kClearError:
-      return errors_.Standing() != 0 || errors_.Help().has_value();
+      return errors_.Standing() != 0 || errors_.ShowsHelp();
     case Action::kFocusTool:
       return session_.FrontTool() >= 0;
     default:
@@ -301,16 +302,15 @@ void Operator::SwitchRole() {
 }
 
 void Operator::AskHelp() {
-  // The variable may still contain an older mark from another tool, so only a write during this call counts.
-  bool written = false;
-  const int watch = rig_ == nullptr ? 0 : rig_->Cnc().Watch(u"E.HELPDATA", [&written] { written = true; });
-  PnlSendMessage(session_.ToolWindow(session_.FrontTool()), PNL_MSG_HELP_KEY, 0, 0);
-  if (rig_ != nullptr) rig_->Cnc().Unwatch(watch);
-  if (errors_.Help()) return;
-  const auto mark = written ? rig_->Cnc().Get(u"E.HELPDATA") : std::nullopt;
-  const auto* text = mark ? std::get_if<std::u16string>(&*mark) : nullptr;
-  if (text == nullptr || text->empty()) return SetHint(Say(Word::kNoHelpHere), true);
-  SetHint(Say(Word::kHelpMark, QString::fromStdU16String(*text)));
+  switch (help_.Ask([this] { return errors_.ShowsHelp(); })) {
+    case HelpEnd::kNone:
+      return SetHint(Say(Word::kNoHelpHere), true);
+    case HelpEnd::kMissing:
+      return SetHint(Say(Word::kToolMissing), true);
+    case HelpEnd::kShown:
+    case HelpEnd::kByTool:
+      return;
+  }
 }
 
 void Operator::ClearError() {
@@ -331,6 +331,17 @@ void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::
   const bool ofProgram = *fault.fault == pnl::rig::MachineControl::Fault::kProgramLine;
   if (ofProgram && !spot) return SetHint(Say(Word::kFaultNeedsProgram), true);
   machine_->Raise(*fault.fault, spot.value_or(pnl::rig::ProgramSpot{}));
+}
+
+std::vector<pnl::rig::MachineControl::PlcMessage> Operator::PlcMessages() const {
+  if (machine_ == nullptr) return {};
+  return machine_->PlcMessages();
+}
+
+void Operator::RaisePlcMessage(std::uint32_t code) {
+  hint_ = {};
+  Touch();
+  if (machine_ != nullptr) machine_->RaisePlcMessage(code);
 }
 
 void Operator::SendCommand(int tool, int id) {
@@ -356,6 +367,8 @@ void Operator::OnCalled(const HostCall& call) {
     case PNL_SLOT_ERRORS_GONE:
       return errors_.OnErrorsGone();
     case PNL_SLOT_FORWARD_KEY:
+      // The key by which the operator has left an error's help; it does nothing else.
+      if (errors_.ShowsHelp()) return errors_.OnHelpLeft();
       emit KeyForwarded(call.args.value(0).toInt());
       return;
     case PNL_SLOT_TOOL_WANTS_CLOSE:

@@ -16,6 +16,7 @@
 #include "host/demo_faults.h"
 #include "host/error_desk.h"
 #include "host/file_desk.h"
+#include "host/help_desk.h"
 #include "host/host_session.h"
 
 namespace panel {
@@ -61,6 +62,9 @@ class Operator : public QObject {
   /// Raises a fault of the demo machine, or presses and releases the emergency stop. spot: the place of a fault in a
   /// program; without it that fault can't be raised and a hint says so.
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
+  /// The messages that the demo machine's PLC can raise.
+  [[nodiscard]] std::vector<pnl::rig::MachineControl::PlcMessage> PlcMessages() const;
+  void RaisePlcMessage(std::uint32_t code);
   [[nodiscard]] bool EmergencyStop() const { return Machine().emergencyStop; }
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
@@ -103,6 +107,7 @@ class Operator : public QObject {
   std::vector<std::int32_t> heldChannels_;
   ErrorDesk errors_;
   FileDesk files_;
+  HelpDesk help_;
   Hint hint_;
   bool touched_ = false;  // a Changed is queued
 };

@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel_menu.h"
 
-#include <array>
-
 namespace panel {
 namespace {
 
 constexpr int kToolBase = 1000;
 constexpr int kFaultBase = 2000;
+constexpr int kPlcBase = 4000;
 constexpr int kAcceptItem = 3001;
 constexpr int kLeaveItem = 3002;
 constexpr int kCloseItem = 3003;
-
-struct ToolRow {
-  int tool;
-  Word word;
-  bool made;  // whether the library has this tool; it returns 0 for the others
-};
-
-constexpr std::array kTools = {
-    ToolRow{PNL_TOOL_EXPLORER, Word::kFiles, true},
-    ToolRow{PNL_TOOL_PLC_MESSAGES, Word::kPlcMessages, false},
-};
 
 SoftKeyItem ActionItem(const Operator& op, Action action, bool checked = false) {
   SoftKeyItem item;
@@ -29,6 +17,13 @@ SoftKeyItem ActionItem(const Operator& op, Action action, bool checked = false) 
   item.text = Say(WordOf(action));
   item.enabled = op.Can(action);
   item.checked = checked;
+  return item;
+}
+
+SoftKeyItem PlainItem(int id, Word word) {
+  SoftKeyItem item;
+  item.id = id;
+  item.text = Say(word);
   return item;
 }
 
@@ -40,24 +35,19 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   items.push_back(ActionItem(op, Action::kSwitchRole));
   items.push_back(ActionItem(op, Action::kOpenCalculator, session.IsToolOpen(PNL_TOOL_CALCULATOR)));
   items.push_back(ActionItem(op, Action::kOpenMachining, session.IsToolOpen(PNL_TOOL_MACHINING_CALCULATOR)));
-  for (const ToolRow& row : kTools) {
-    SoftKeyItem item;
-    item.id = kToolBase + row.tool;
-    item.text = Say(row.word);
-    item.enabled = row.made;
-    item.checked = session.IsToolOpen(row.tool);
-    items.push_back(item);
-  }
+  SoftKeyItem files = PlainItem(kToolBase + PNL_TOOL_EXPLORER, Word::kFiles);
+  files.checked = session.IsToolOpen(PNL_TOOL_EXPLORER);
+  items.push_back(files);
   items.push_back(ActionItem(op, Action::kHelp));
   for (const Action action : {Action::kErrorList, Action::kOpenProgram, Action::kSaveProgram, Action::kSaveProgramAs,
                               Action::kNewProgram, Action::kCoordinates, Action::kOverrideFull}) {
     items.push_back(ActionItem(op, action));
   }
   if (op.HasMachine()) {
-    SoftKeyItem faults;
-    faults.id = kFaultsItem;
-    faults.text = Say(Word::kDemoFaults);
-    items.push_back(faults);
+    SoftKeyItem messages = PlainItem(kPlcItem, Word::kPlcMessages);
+    messages.checked = session.IsToolOpen(PNL_TOOL_PLC_MESSAGES);
+    items.push_back(messages);
+    items.push_back(PlainItem(kFaultsItem, Word::kDemoFaults));
   }
   return items;
 }
@@ -84,22 +74,43 @@ std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
   return items;
 }
 
-std::vector<SoftKeyItem> PanelItemsOf(int tool) {
-  const auto item = [](int id, Word word) {
-    SoftKeyItem made;
-    made.id = id;
-    made.text = Say(word);
-    return made;
-  };
-  if (tool == PNL_TOOL_EXPLORER) return {item(kAcceptItem, Word::kOk), item(kLeaveItem, Word::kClose)};
-  if (tool != PNL_TOOL_MACHINING_CALCULATOR) return {};
-  return {item(PNL_ZMC_EXPORT, Word::kExport), item(PNL_ZMC_IMPORT, Word::kImport),
-          item(PNL_ZMC_CHANGES, Word::kOwnChanges), item(kCloseItem, Word::kClose)};
+std::vector<SoftKeyItem> PanelPlcItems(const Operator& op) {
+  std::vector<SoftKeyItem> items;
+  for (const auto& message : op.PlcMessages()) {
+    SoftKeyItem item;
+    item.id = kPlcBase + static_cast<int>(items.size());
+    item.text = QString::fromStdU16String(message.text);
+    items.push_back(item);
+  }
+  return items;
 }
+
+std::vector<SoftKeyItem> PanelItemsOf(int tool) {
+  switch (tool) {
+    case PNL_TOOL_EXPLORER:
+      return {PlainItem(kAcceptItem, Word::kOk), PlainItem(kLeaveItem, Word::kClose)};
+    case PNL_TOOL_MACHINING_CALCULATOR:
+      return {PlainItem(PNL_ZMC_EXPORT, Word::kExport), PlainItem(PNL_ZMC_IMPORT, Word::kImport),
+              PlainItem(PNL_ZMC_CHANGES, Word::kOwnChanges), PlainItem(kCloseItem, Word::kClose)};
+    case PNL_TOOL_PLC_MESSAGES:
+      return {PlainItem(PNL_VIDEO_PLAY, Word::kPlayVideo), PlainItem(PNL_VIDEO_STOP, Word::kStopVideo),
+              PlainItem(PNL_VIDEO_REWIND, Word::kRewindVideo), PlainItem(kLeaveItem, Word::kClose)};
+    default:
+      return {};
+  }
+}
+
+bool HasPanelItemsAlone(int tool) { return tool == PNL_TOOL_PLC_MESSAGES; }
 
 bool IsCloseItem(int id) { return id == kCloseItem; }
 
-bool IsToolItem(int id) { return id == PNL_ZMC_EXPORT || id == PNL_ZMC_IMPORT || id == PNL_ZMC_CHANGES; }
+bool IsToolItem(int id) {
+  for (const int command :
+       {PNL_ZMC_EXPORT, PNL_ZMC_IMPORT, PNL_ZMC_CHANGES, PNL_VIDEO_PLAY, PNL_VIDEO_STOP, PNL_VIDEO_REWIND}) {
+    if (id == command) return true;
+  }
+  return false;
+}
 
 int KeyOfItem(int id) { return id == kAcceptItem ? Qt::Key_Return : id == kLeaveItem ? Qt::Key_Escape : 0; }
 
@@ -109,6 +120,13 @@ std::optional<Action> ActionOfItem(int id) {
 }
 
 int ToolOfItem(int id) { return id >= kToolBase && id < kFaultBase ? id - kToolBase : -1; }
+
+std::optional<std::uint32_t> PlcMessageOfItem(const Operator& op, int id) {
+  const auto messages = op.PlcMessages();
+  const int index = id - kPlcBase;
+  if (index < 0 || index >= static_cast<int>(messages.size())) return std::nullopt;
+  return messages[static_cast<std::size_t>(index)].code;
+}
 
 const DemoFault* FaultOfItem(int id) {
   const auto faults = DemoFaults();

@@ -17,9 +17,14 @@ namespace panel {
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 
+/// The messages that the demo machine's PLC can raise, likewise.
+[[nodiscard]] std::vector<SoftKeyItem> PanelPlcItems(const Operator& op);
+
 /// The panel's keys after those of a tool's menu in the main bar: what the keyboard's Enter and Escape do, for a tool
 /// that has no keys of its own for it, and commands of the tool that its menus don't have.
 [[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool);
+/// Whether the main bar has only these for that tool, because the tool has no menu.
+[[nodiscard]] bool HasPanelItemsAlone(int tool);
 /// Returns the key of the keyboard that does the same as an item; 0 for any other item.
 [[nodiscard]] int KeyOfItem(int id);
 /// Whether the item is such a command, which the tool gets.
@@ -33,7 +38,10 @@ namespace panel {
 [[nodiscard]] int ToolOfItem(int id);
 /// Returns the fault of an item; null for any other item.
 [[nodiscard]] const DemoFault* FaultOfItem(int id);
-/// The item that shows the faults.
+/// Returns the code of the PLC message of an item; nothing for any other item.
+[[nodiscard]] std::optional<std::uint32_t> PlcMessageOfItem(const Operator& op, int id);
+/// The items that show the faults and the PLC messages.
 inline constexpr int kFaultsItem = 3000;
+inline constexpr int kPlcItem = 3004;
 
 }  // namespace panel

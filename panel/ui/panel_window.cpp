@@ -11,7 +11,6 @@
 
 #include "ui/axis_display.h"
 #include "ui/credentials_cover.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/keyboard.h"
 #include "ui/message_zone.h"
@@ -60,7 +59,6 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       question_(new Question(this)),
       password_(new PasswordBox(this)),
       desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
-      errorHelp_(new ErrorHelpCover(this)),
       errorList_(new ErrorListCover(op.Desk(), this)),
       credentials_(new CredentialsCover(this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
@@ -99,8 +97,10 @@ void PanelWindow::Connect() {
   connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
   connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
-  connect(mainBar_, &SoftKeyBar::Pressed, this,
-          [this](int id, std::uint32_t menu) { OnItem(session_.MainBar().first, id, menu); });
+  connect(mainBar_, &SoftKeyBar::Pressed, this, [this](int id, std::uint32_t menu) {
+    const int front = session_.FrontTool();
+    OnItem(HasPanelItemsAlone(front) ? front : session_.MainBar().first, id, menu);
+  });
   connect(sideBar_, &SoftKeyBar::Pressed, this,
           [this](int id, std::uint32_t menu) { OnItem(session_.SideBar().first, id, menu); });
 }
@@ -141,8 +141,7 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorHelp_ ||
-                     watched == errorList_;
+  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_;
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -153,7 +152,6 @@ void PanelWindow::MakeKeyboard() {
   keyboard_ = std::make_unique<Keyboard>(*this, *toolArea_, *editor_, session_, op_.Desk());
   keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
   keyboard_->AddCover(password_, [this] { password_->Edit().setFocus(); });
-  keyboard_->AddCover(errorHelp_, [this] { errorHelp_->setFocus(); });
   keyboard_->AddCover(credentials_, [this] { credentials_->FocusFirst(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
 }
@@ -211,7 +209,7 @@ void PanelWindow::LayOut() {
   const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
   const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
   const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
-  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, credentials_, errorHelp_, errorList_}) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, credentials_, errorList_}) {
     widget->setGeometry(cover);
   }
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
@@ -227,7 +225,6 @@ void PanelWindow::LayOut() {
   editor_->SetFontPixels(pixels(16));
   question_->SetFontPixels(pixels(16));
   password_->SetFontPixels(pixels(16));
-  errorHelp_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
   credentials_->SetFontPixels(pixels(16));
   PlaceErrors();
@@ -265,8 +262,7 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorHelp_->IsShown() ||
-         errorList_->IsOpen();
+  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorList_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {
@@ -321,10 +317,11 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (IsCloseItem(id)) return op_.CloseTool(tool);
   if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
-  if (id == kFaultsItem) {
-    faultKeys_ = true;
+  if (id == kFaultsItem || id == kPlcItem) {
+    innerKeys_ = id == kPlcItem ? InnerKeys::kPlcMessages : InnerKeys::kFaults;
     return ShowBars();
   }
+  if (const auto code = PlcMessageOfItem(op_, id)) return op_.RaisePlcMessage(*code);
   if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
   if (ToolOfItem(id) == PNL_TOOL_EXPLORER) return desk_->Browse();
   if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));

@@ -20,7 +20,6 @@ namespace panel {
 
 class AxisDisplay;
 class CredentialsCover;
-class ErrorHelpCover;
 class ErrorListCover;
 class Keyboard;
 class MessageZone;
@@ -68,7 +67,6 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] Readings& ReadingsShown() const { return *readings_; }
   [[nodiscard]] AxisDisplay& Axes() const { return *axes_; }
   [[nodiscard]] ProgramEditor& Editor() const { return *editor_; }
-  [[nodiscard]] ErrorHelpCover& ErrorHelpShown() const { return *errorHelp_; }
   [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] PasswordBox& Password() const { return *password_; }
@@ -99,6 +97,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowSideBar();
   void ShowMachine();
   void ShowBars();
+  [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
   void ShowMessages();
   void ConnectErrors();
   void ShowErrors();
@@ -119,7 +118,8 @@ class PanelWindow : public QWidget, public PanelFace {
   bool asks_ = false;
   bool discards_ = false;     // the operator has agreed that the program's changes go
   bool errorWindow_ = false;  // the error window was shown at the last look
-  bool faultKeys_ = false;    // the main bar shows the demo machine's faults
+  enum class InnerKeys { kNone, kFaults, kPlcMessages };
+  InnerKeys innerKeys_ = InnerKeys::kNone;  // what the main bar shows in place of the panel's own keys
   std::function<bool(const QString& text)> answer_;
   StatusStrip* status_;
   Readings* readings_;
@@ -134,7 +134,6 @@ class PanelWindow : public QWidget, public PanelFace {
   Question* question_;
   PasswordBox* password_;
   ProgramDesk* desk_;
-  ErrorHelpCover* errorHelp_;
   ErrorListCover* errorList_;
   CredentialsCover* credentials_;
   std::unique_ptr<Keyboard> keyboard_;

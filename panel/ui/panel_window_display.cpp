@@ -62,17 +62,33 @@ void PanelWindow::ShowMachine() {
 void PanelWindow::ShowBars() {
   EnableBars();
   // The menu of a closed tool still exists. A bar shows it only while the tool is open.
-  if (const auto [tool, menu] = session_.MainBar(); menu != 0) {
+  const auto [tool, menu] = session_.MainBar();
+  if (HasPanelItemsAlone(session_.FrontTool())) {
+    mainBar_->ShowItems(PanelItemsOf(session_.FrontTool()));
+    mainBar_->SetInner(false);
+  } else if (menu != 0) {
     mainBar_->ShowMenu(menu, PanelItemsOf(tool));
   } else {
-    mainBar_->ShowItems(faultKeys_ ? PanelFaultItems(op_) : PanelMainItems(session_, op_));
-    mainBar_->SetInner(faultKeys_);
+    mainBar_->ShowItems(PanelKeys());
+    mainBar_->SetInner(innerKeys_ != InnerKeys::kNone);
   }
   if (const auto [tool, menu] = session_.SideBar(); menu != 0) {
     sideBar_->ShowMenu(menu);
   } else {
     sideBar_->ShowItems(PanelSideItems(session_, op_));
   }
+}
+
+std::vector<SoftKeyItem> PanelWindow::PanelKeys() const {
+  switch (innerKeys_) {
+    case InnerKeys::kFaults:
+      return PanelFaultItems(op_);
+    case InnerKeys::kPlcMessages:
+      return PanelPlcItems(op_);
+    case InnerKeys::kNone:
+      break;
+  }
+  return PanelMainItems(session_, op_);
 }
 
 void PanelWindow::ShowMessages() {

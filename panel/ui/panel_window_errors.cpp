@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The window's part in the errors: presses on the indicator, the help and the list over the panel, the question whether
+// The window's part in the errors: presses on the indicator, the list over the panel, the question whether
 // to close, and covers that give way to the error window.
 #include "ui/credentials_cover.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
@@ -15,15 +14,11 @@ namespace panel {
 
 void PanelWindow::ConnectErrors() {
   connect(&status_->Indicator(), &ErrorIndicator::clicked, this, &PanelWindow::OnErrorSign);
-  connect(errorHelp_, &ErrorHelpCover::Left, this, [this] {
-    op_.Desk().CloseHelp();
-    ShowErrors();
-  });
   // Connected before the keyboard, so that a cover that gives way loses the focus first.
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::LetErrorsPass);
   connect(&op_.Desk(), &ErrorDesk::CloseAsked, this, &PanelWindow::AskToClose);
   connect(mainBar_, &SoftKeyBar::Left, this, [this] {
-    faultKeys_ = false;
+    innerKeys_ = InnerKeys::kNone;
     ShowBars();
   });
 }
@@ -34,7 +29,6 @@ void PanelWindow::OnErrorSign() {
 
 void PanelWindow::ShowErrors() {
   LetErrorsPass();
-  errorHelp_->Show(op_.Desk().Help());
   errorList_->Update();
 }
 

@@ -468,7 +468,7 @@ TEST_F(HostFixture, UnderBareThereIsNoHistoryAndNoErrorTool) {
   rig.error = {};
   ErrorDesk desk(session, &rig);
   EXPECT_FALSE(rig.error);
-  desk.StartTool();
+  desk.StartTools();
   EXPECT_FALSE(desk.HasTool());
   EXPECT_FALSE(desk.BringBack());
 }

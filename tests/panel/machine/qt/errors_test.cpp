@@ -46,7 +46,7 @@ class ErrorsTest : public ::testing::Test {
     window_->show();
     window_->activateWindow();
     Settle();
-    op_->Desk().StartTool();
+    op_->Desk().StartTools();
     Settle();
   }
   ~ErrorsTest() override {
@@ -116,7 +116,7 @@ TEST_F(ErrorsTest, TheToolIsMadeHiddenAndOnce) {
   const PnlWindow tool = session_.ToolWindow(PNL_TOOL_ERRORS);
   EXPECT_NE(tool, 0);
   EXPECT_FALSE(Shown());
-  op_->Desk().StartTool();
+  op_->Desk().StartTools();
   EXPECT_EQ(session_.ToolWindow(PNL_TOOL_ERRORS), tool);
 }
 

@@ -54,7 +54,7 @@ class PanelFixture : public ::testing::Test {
     window_->show();
     window_->activateWindow();
     Settle();
-    op_->Desk().StartTool();
+    op_->Desk().StartTools();
     Settle();
   }
   ~PanelFixture() override {

@@ -50,7 +50,7 @@ class PanelLookTest : public ::testing::Test {
     });
     window_->show();
     window_->activateWindow();
-    op_->Desk().StartTool();
+    op_->Desk().StartTools();
     Settle();
   }
   ~PanelLookTest() override {
