@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "guided/error_steps.h"
 
-#include "ui/error_help.h"
 #include "ui/error_indicator.h"
 #include "ui/error_list.h"
 #include "ui/program_desk.h"
@@ -61,7 +60,7 @@ std::vector<Step> ErrorSteps() {
        [](Hands& h) {
          PnlSendMessage(h.session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
          h.Settle();
-         return h.window_.ErrorHelpShown().IsShown();
+         return h.op_.Desk().ShowsHelp();
        }},
       {"error-indicator", "put away, the window leaves a flashing count",
        [](Hands& h) {

@@ -15,13 +15,11 @@ struct MarkRow {
   const char16_t* mark;
 };
 
-/// The pages of the operating manual about tools that write no mark themselves, and about the program.
+/// The pages of the operating manual about tools that write no mark themselves, and about the program. The error tool
+/// isn't among them: no page may lie over an error that has to be seen.
 constexpr std::array kMarks = {
-    MarkRow{kProgram, u"OPT0140"},
-    MarkRow{PNL_TOOL_ERRORS, u"OPT0200"},
-    MarkRow{PNL_TOOL_PLC_MESSAGES, u"OPT0500"},
-    MarkRow{PNL_TOOL_HELP, u"OPT0600"},
-    MarkRow{PNL_TOOL_CALCULATOR, u"OPT0300"},
+    MarkRow{kProgram, u"OPT0140"},          MarkRow{PNL_TOOL_PLC_MESSAGES, u"OPT0500"},
+    MarkRow{PNL_TOOL_HELP, u"OPT0600"},     MarkRow{PNL_TOOL_CALCULATOR, u"OPT0300"},
     MarkRow{PNL_TOOL_EXPLORER, u"OPT0400"},
 };
 

@@ -84,6 +84,7 @@ PanelWindow::~PanelWindow() { session_.CloseAll(); }
 
 void PanelWindow::Connect() {
   connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
+  connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::PlacePlcView);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
   connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
     editor_->Insert(text);
@@ -228,6 +229,7 @@ void PanelWindow::LayOut() {
   errorList_->SetFontPixels(pixels(16));
   credentials_->SetFontPixels(pixels(16));
   PlaceErrors();
+  PlacePlcView();
   PlaceEditor();
 }
 
@@ -240,6 +242,11 @@ void PanelWindow::PlaceErrors() {
   const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
   const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
   if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
+}
+
+void PanelWindow::PlacePlcView() {
+  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
+  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
 }
 
 void PanelWindow::ShowSideBar() {

@@ -94,6 +94,8 @@ class PanelWindow : public QWidget, public PanelFace {
   void PlaceEditor();
   /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
+  /// The PLC message view fills the tool area.
+  void PlacePlcView();
   void ShowSideBar();
   void ShowMachine();
   void ShowBars();

@@ -15,7 +15,6 @@
 #include "panel/qt/picture.h"
 #include "panel/qt/repaint.h"
 #include "support/widget_probe.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/panel_key.h"
 #include "ui/password_box.h"
@@ -251,118 +250,6 @@ TEST_F(CoverTest, APasswordBoxThatGoesWhileItAsksHasNotGotThePassword) {
   auto* box = new PasswordBox(&window_);
   Show(*box);
   EXPECT_FALSE(AnswerTo(*box, [box] { delete box; }));
-}
-
-class HelpTest : public CoverTest {
- protected:
-  HelpTest() : cover_(&window_) {
-    Show(cover_);
-    QObject::connect(&cover_, &ErrorHelpCover::Left, &cover_, [this] { ++left_; });
-  }
-  ErrorHelpCover cover_;
-  int left_ = 0;
-  const ErrorHelp help_{"ERROR 7", 0x0000A0, 0x00FFFF, QString("line\n").repeated(200)};
-};
-
-TEST_F(HelpTest, TheHeaderStandsAboveTheTextAndTheKeyBelow) {
-  EXPECT_FALSE(cover_.isVisible());
-  cover_.Show(help_);
-  const QColor back = theme::FromColorRef(0x0000A0);
-  const int line = QFontMetrics(Font(20, true)).boundingRect(QRect(0, 0, 760, 133), Qt::TextWordWrap, "X").height();
-  const QRect header(10, 10, 780, line + 10);
-  EXPECT_EQ(StrokesOf(cover_), Pictured([&](Picture& picture) {
-              picture.Fill({0, 0, 800, 400}, theme::kBackground)
-                  .Field({0, 0, 800, 400}, theme::kBackground, back.lighter(150), 8)
-                  .Field(header, back, back)
-                  .Paragraph(header.adjusted(10, 0, -10, 0), Qt::AlignLeft | Qt::AlignVCenter, "ERROR 7",
-                             Font(20, true), QColor(255, 255, 0));
-            }));
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(598, 342, 192, 48));
-  EXPECT_EQ(cover_.Text().geometry(), QRect(10, line + 30, 780, 332 - line - 30));
-  cover_.SetFontPixels(20);
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(550, 330, 240, 60));
-  EXPECT_EQ(cover_.Text().font(), Font(22));
-  EXPECT_THAT(StrokesOf(*cover_.BackKey()), ::testing::Contains(::testing::HasSubstr(" 20 px")));
-  cover_.resize(700, 300);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(450, 230, 240, 60));
-}
-
-TEST_F(HelpTest, AVeryLongHeaderTakesAThirdOfTheCover) {
-  cover_.Show(ErrorHelp{QString("many words ").repeated(300), 0, 0xFFFFFF, "text"});
-  EXPECT_EQ(cover_.Text().y(), 10 + 133 + 10);
-}
-
-TEST_F(HelpTest, AHeaderOfMoreThanAQuarterOfTheCoverIsShownWhole) {
-  cover_.resize(400, 200);
-  const int line = QFontMetrics(Font(20, true)).height();
-  const ErrorHelp help{"ERROR 1\nX", 0, 0xFFFFFF, "text"};
-  cover_.Show(help);
-  const int needed =
-      QFontMetrics(Font(20, true)).boundingRect(QRect(0, 0, 360, 66), Qt::TextWordWrap, help.header).height();
-  ASSERT_GT(needed + 10, 200 / 4);
-  ASSERT_LT(needed + 10, 200 / 3) << "a line is " << line;
-  EXPECT_EQ(cover_.Text().y(), 10 + needed + 10 + 10);
-}
-
-TEST_F(HelpTest, ItIsShownAndHiddenAsItIsTold) {
-  QWidget other(&window_);
-  cover_.Show(help_);
-  EXPECT_TRUE(cover_.IsShown());
-  EXPECT_TRUE(cover_.isVisible());
-  EXPECT_TRUE(cover_.hasFocus());
-  EXPECT_EQ(window_.children().last(), &cover_) << "over everything";
-  EXPECT_EQ(cover_.accessibleName(), "ERROR 7");
-  EXPECT_EQ(cover_.Text().toPlainText(), help_.text);
-  cover_.Text().verticalScrollBar()->setValue(50);
-  cover_.Show(help_);
-  EXPECT_EQ(cover_.Text().verticalScrollBar()->value(), 50) << "the same text keeps its place";
-  RepaintCount count(cover_);
-  ErrorHelp other2 = help_;
-  other2.back = 0x648064;
-  EXPECT_TRUE(count.After([&] { cover_.Show(other2); }));
-  cover_.Show(std::nullopt);
-  EXPECT_FALSE(cover_.isVisible());
-  EXPECT_FALSE(cover_.IsShown());
-}
-
-TEST_F(HelpTest, ItsKeysScrollAndLeave) {
-  cover_.Show(help_);
-  QCoreApplication::processEvents();
-  QScrollBar& bar = *cover_.Text().verticalScrollBar();
-  const int step = bar.singleStep();
-  const int page = bar.pageStep();
-  ASSERT_GT(page, step);
-  const auto expectAt = [&](int key, int value) {
-    EXPECT_TRUE(Press(cover_, key)) << key;
-    EXPECT_EQ(bar.value(), value) << key;
-  };
-  expectAt(Qt::Key_Down, step);
-  expectAt(Qt::Key_PageDown, step + page);
-  expectAt(Qt::Key_Up, page);
-  expectAt(Qt::Key_PageUp, 0);
-  expectAt(Qt::Key_A, 0);
-  EXPECT_EQ(left_, 0);
-  for (const int key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) Press(cover_, key);
-  EXPECT_EQ(left_, 3);
-  cover_.BackKey()->click();
-  EXPECT_EQ(left_, 4);
-  EXPECT_TRUE(cover_.IsShown()) << "somebody else decides";
-}
-
-TEST_F(HelpTest, TabStaysOnTheCover) {
-  cover_.Show(help_);
-  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t");
-  QCoreApplication::sendEvent(&cover_, &tab);
-  EXPECT_TRUE(cover_.BackKey()->hasFocus());
-  QCoreApplication::sendEvent(cover_.BackKey(), &tab);
-  EXPECT_TRUE(cover_.hasFocus());
-  EXPECT_EQ(cover_.BackKey()->text(), "Back");
-  EXPECT_EQ(cover_.BackKey()->accessibleName(), "Back");
-  EXPECT_EQ(cover_.BackKey()->KeyName(), "Esc");
-  EXPECT_TRUE(cover_.Text().isReadOnly());
-  EXPECT_EQ(cover_.Text().focusPolicy(), Qt::NoFocus);
-  EXPECT_EQ(cover_.Text().frameShape(), QFrame::NoFrame);
 }
 
 TEST_F(CoverTest, ARowOfTheErrorListHasTimeNameTextAndWhatBecameOfIt) {

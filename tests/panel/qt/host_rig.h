@@ -31,6 +31,8 @@ class WrittenMachine : public pnl::rig::MachineControl {
     rig_.Write("Raise", static_cast<int>(fault), WrittenRig::Text(spot.file), spot.position);
   }
   void ManualMode(bool on) override { rig_.Write("ManualMode", on); }
+  std::vector<PlcMessage> PlcMessages() const override { return {{1, u"one"}, {0x10000002u, u"two"}}; }
+  void RaisePlcMessage(std::uint32_t code) override { rig_.Write("RaisePlcMessage", code); }
 
   pnl::rig::MachineState state;
   std::function<void()> changed;

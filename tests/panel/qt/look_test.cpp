@@ -9,7 +9,6 @@
 #include "common/shortcuts.h"
 #include "remote/settle.h"
 #include "support/text_catcher.h"
-#include "ui/error_help.h"
 #include "ui/error_indicator.h"
 #include "ui/error_list_model.h"
 #include "ui/message_zone.h"
@@ -210,14 +209,6 @@ TEST(MarkupTest, AQuestionIsPlain) {
   QString shown = TextsOf(question).join("");
   EXPECT_TRUE(shown.contains("<u>Yes</u>"));
   EXPECT_TRUE(shown.remove(' ').contains(QString(kMarkup).remove(' '))) << shown.toStdString();
-}
-
-TEST(MarkupTest, AnErrorsHelpIsPlain) {
-  ErrorHelpCover cover(nullptr);
-  cover.resize(1600, 400);
-  cover.Show(ErrorHelp{kMarkup, 0, 0xFFFFFF, kMarkup});
-  EXPECT_TRUE(TextsOf(cover).join("").remove(' ').contains(QString(kMarkup).remove(' ')));
-  EXPECT_EQ(cover.Text().toPlainText(), kMarkup);
 }
 
 TEST(MarkupTest, AProgramAndItsNameArePlain) {

@@ -99,8 +99,9 @@ TEST_F(HostFixture, WithoutTheErrorToolTheClearKeyEmptiesTheQueue) {
   EXPECT_EQ(Calls(), "ClearErrors");
   EXPECT_EQ(Hint(), "");
   EXPECT_FALSE(op.Can(Action::kClearError));
+  Call(1, {PNL_TOOL_PLC_MESSAGES});
   op.Desk().OnShowError({{"header", "h"}});
-  EXPECT_TRUE(op.Can(Action::kClearError));
+  EXPECT_TRUE(op.Can(Action::kClearError)) << "the help of an error";
 }
 
 TEST_F(HostFixture, WithoutAMachineTheKeysSaySo) {
@@ -164,6 +165,39 @@ TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
   op.Do(Action::kHelp);
   EXPECT_EQ(rig.watches.size(), before);
   EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
+}
+
+TEST_F(HostFixture, WithoutAHelpViewerTheHelpKeySaysSo) {
+  rig.variables[u"E.HELPDATA"] = std::u16string();
+  op.Do(Action::kHelp);
+  EXPECT_EQ(Hint(), Warning(Word::kToolMissing));
+  EXPECT_EQ(Calls(), "Set 'E.HELPDATA' 'OPT0140'") << "the page about the program";
+  const std::pair<int, const char*> rows[] = {{PNL_TOOL_PLC_MESSAGES, "OPT0500"},
+                                              {PNL_TOOL_HELP, "OPT0600"},
+                                              {PNL_TOOL_CALCULATOR, "OPT0300"},
+                                              {PNL_TOOL_EXPLORER, "OPT0400"}};
+  for (const auto& [tool, mark] : rows) {
+    Call(1, {tool});
+    op.Do(Action::kHelp);
+    EXPECT_EQ(Calls(), std::string("Set 'E.HELPDATA' '") + mark + "'") << tool;
+  }
+  for (const int tool : {PNL_TOOL_MDI, PNL_TOOL_MACHINING_CALCULATOR, PNL_TOOL_ERRORS}) {
+    Call(1, {tool});
+    op.Do(Action::kHelp);
+    EXPECT_EQ(Calls(), "") << "it writes its own, or has none: " << tool;
+    EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
+  }
+}
+
+TEST_F(HostFixture, PlcMessagesAreThoseOfTheMachine) {
+  ASSERT_EQ(op.PlcMessages().size(), 2u);
+  EXPECT_EQ(op.PlcMessages()[1].code, 0x10000002u);
+  op.RaisePlcMessage(0x10000002u);
+  EXPECT_EQ(Calls(), "RaisePlcMessage 268435458");
+  Operator lone(session, nullptr);
+  EXPECT_TRUE(lone.PlcMessages().empty());
+  lone.RaisePlcMessage(1);
+  EXPECT_EQ(Calls(), "");
 }
 
 TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
@@ -356,37 +390,43 @@ TEST_F(HostFixture, EveryErrorThatComesOrGoesIsToldAsAChange) {
   }
 }
 
-TEST_F(HostFixture, TheHelpIsTheLineAndItsDescription) {
-  rig.descriptions = {{u"a#7", u"  text\n"}, {u"a#8", u" \n"}};
-  const auto show = [this](const char* reference) {
-    Call(13, {QVariantMap{{"header", "h"}, {"back", 5u}, {"fore", 6u}, {"helpRef", reference}}});
-    return op.Desk().Help().value_or(ErrorHelp());
+TEST_F(HostFixture, TheHelpOfAnErrorLastsUntilItIsLeftOrTheErrorsAreGone) {
+  const auto show = [this] {
+    Call(13, {QVariantMap{{"header", "h"}, {"back", 5u}, {"fore", 6u}, {"helpRef", "a#7"}}});
+    return op.Desk().ShowsHelp();
   };
-  EXPECT_EQ(show("a#7"), (ErrorHelp{"h", 5, 6, "text"}));
-  EXPECT_EQ(show("a#8").text, Say(Word::kNoDescription, "a#8"));
-  EXPECT_EQ(show("a#9").text, Say(Word::kNoDescription, "a#9"));
+  EXPECT_FALSE(show()) << "nobody shows it";
+  Call(1, {PNL_TOOL_PLC_MESSAGES});
+  Settle();
+  EXPECT_TRUE(show());
   EXPECT_EQ(Settle(), 1);
   Call(14);
-  EXPECT_FALSE(op.Desk().Help());
+  EXPECT_FALSE(op.Desk().ShowsHelp());
   EXPECT_EQ(Settle(), 1);
-  op.Desk().CloseHelp();
-  EXPECT_EQ(Settle(), 0) << "no help to close";
-  show("a#7");
+  op.Desk().OnHelpLeft();
+  EXPECT_EQ(Settle(), 0) << "no help to leave";
+  EXPECT_TRUE(show());
   Settle();
-  op.Desk().CloseHelp();
-  EXPECT_FALSE(op.Desk().Help());
+  QList<int> forwarded;
+  QObject::connect(&op, &Operator::KeyForwarded, [&forwarded](int key) { forwarded << key; });
+  Call(15, {27});
+  EXPECT_FALSE(op.Desk().ShowsHelp());
   EXPECT_EQ(Settle(), 1);
+  EXPECT_TRUE(forwarded.isEmpty()) << "the key has left the help";
+  Call(15, {27});
+  EXPECT_EQ(forwarded, QList<int>{27});
 }
 
 TEST_F(HostFixture, TheErrorWindowThatOpensEndsTheHelpAndIsTold) {
   int came = 0;
   QObject::connect(&op.Desk(), &ErrorDesk::WindowCame, [&came] { ++came; });
+  Call(1, {PNL_TOOL_PLC_MESSAGES});
   Call(13, {QVariantMap{{"header", "h"}}});
   Call(1, {PNL_TOOL_MDI});
-  EXPECT_TRUE(op.Desk().Help());
+  EXPECT_TRUE(op.Desk().ShowsHelp());
   EXPECT_EQ(came, 0);
   Call(1, {PNL_TOOL_ERRORS});
-  EXPECT_FALSE(op.Desk().Help());
+  EXPECT_FALSE(op.Desk().ShowsHelp());
   EXPECT_EQ(came, 1);
 }
 
@@ -458,9 +498,7 @@ TEST_F(HostFixture, WithoutAKernelTheSignSaysHowManyStand) {
   desk.OnMessage(PnlRegisterMessage("ZM_UPDATE_NERRORS"), 0, 4 << 16);
   EXPECT_EQ(desk.Standing(), 4);
   desk.OnShowError({{"helpRef", "a#7"}});
-  EXPECT_EQ(desk.Help()->text, Say(Word::kNoDescription, "a#7"));
-  desk.ClearAll();
-  EXPECT_FALSE(desk.Help());
+  EXPECT_FALSE(desk.ShowsHelp()) << "without the view";
 }
 
 TEST_F(HostFixture, UnderBareThereIsNoHistoryAndNoErrorTool) {

@@ -9,7 +9,6 @@
 
 #include "panel/machine/qt/demo_machine.h"
 #include "support/event_wait.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -29,6 +28,9 @@ namespace {
 using Fault = pnl::rig::MachineControl::Fault;
 
 constexpr int kHelpPicture = 1042;
+// Of the PLC message view.
+constexpr int kHelpText = 1005;
+constexpr int kHelpTitle = 1006;
 
 class ErrorsTest : public ::testing::Test {
  protected:
@@ -100,6 +102,17 @@ class ErrorsTest : public ::testing::Test {
       QCoreApplication::sendEvent(Tool(), &press);
     }
     Settle();
+  }
+  [[nodiscard]] QWidget* View() const {
+    return static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
+  }
+  [[nodiscard]] bool HelpShown() const { return View() != nullptr && View()->isVisible(); }
+  /// The text of a control of the PLC message view.
+  [[nodiscard]] QString TextIn(int id) const {
+    for (const QWidget* child : View()->findChildren<QWidget*>()) {
+      if (child->property("pnlId") == QVariant(id)) return child->property("pnlText").toString();
+    }
+    return {};
   }
   void OpenHelp() {
     PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
@@ -199,7 +212,7 @@ TEST_F(ErrorsTest, AWindowThatIsCalledWhileItIsShownComesInFrontAndEndsTheHelp) 
   EXPECT_TRUE(op_->Desk().BringBack());
   EXPECT_EQ(session_.FrontTool(), PNL_TOOL_ERRORS);
   EXPECT_TRUE(Tool()->hasFocus());
-  EXPECT_FALSE(op_->Desk().Help());
+  EXPECT_FALSE(op_->Desk().ShowsHelp());
 }
 
 TEST_F(ErrorsTest, WithoutAnErrorThereIsNoWindowToCall) {
@@ -216,7 +229,7 @@ TEST_F(ErrorsTest, AWindowOfWhichTheHostIsNotToldIsNotBroughtBack) {
   Raise(Fault::kDriveFault);
   op_->Desk().OnShowError({{"header", "ERROR 7"}});
   EXPECT_FALSE(op_->Desk().BringBack());
-  EXPECT_TRUE(op_->Desk().Help());
+  EXPECT_TRUE(op_->Desk().ShowsHelp());
 }
 
 TEST_F(ErrorsTest, TheClearKeyLeavesAScriptsOwnToolAloneAndEmptiesTheQueue) {
@@ -270,47 +283,46 @@ TEST_F(ErrorsTest, HelpShowsTheDescriptionInTheWindowsPlaceAndLeadsBack) {
   Raise(Fault::kDriveFault);
   ASSERT_TRUE(Shown());
   OpenHelp();
-  ErrorHelpCover& help = window_->ErrorHelpShown();
-  ASSERT_TRUE(help.IsShown());
+  ASSERT_TRUE(HelpShown());
   EXPECT_FALSE(Shown());
-  EXPECT_FALSE(help.Header().isEmpty());
-  EXPECT_FALSE(help.Text().toPlainText().isEmpty());
-  EXPECT_FALSE(window_->MainBar().isEnabled()) << "nothing behind a cover works";
+  EXPECT_FALSE(TextIn(kHelpTitle).isEmpty());
+  EXPECT_FALSE(TextIn(kHelpText).isEmpty());
   Key(Qt::Key_Escape);
-  EXPECT_FALSE(help.IsShown());
+  EXPECT_FALSE(HelpShown());
   EXPECT_TRUE(Shown());
   EXPECT_TRUE(Tool()->hasFocus());
-  OpenHelp();
-  help.BackKey()->click();
-  Settle();
-  EXPECT_TRUE(Shown()) << "by touch too";
+  EXPECT_EQ(Queue(), 1u) << "the key has left the help and nothing else";
   OpenHelp();
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_ERRORS), PnlRegisterMessage("ZM_END_ERRORHELP"), 0, 0);
   Settle();
   EXPECT_TRUE(Shown());
-  EXPECT_FALSE(help.IsShown()) << "it is shown in place of the window, never beside it";
+  EXPECT_FALSE(HelpShown()) << "it is shown in place of the window, never beside it";
 }
 
 TEST_F(ErrorsTest, TheHelpGoesWithItsError) {
   Raise(Fault::kDriveFault);
   OpenHelp();
-  ASSERT_TRUE(window_->ErrorHelpShown().IsShown());
+  ASSERT_TRUE(op_->Desk().ShowsHelp());
   rig_.Cnc().ClearErrors();
   Settle();
-  EXPECT_FALSE(window_->ErrorHelpShown().IsShown());
+  EXPECT_FALSE(op_->Desk().ShowsHelp());
   EXPECT_TRUE(window_->Editor().Edit().hasFocus());
 }
 
-TEST_F(ErrorsTest, AReferenceWithoutADescriptionSaysSoAndStaysPlain) {
-  const std::u16string reference = u"C:\\none.txt#7";
-  const std::u16string header = u"ERROR 7 : <b>bold</b>";
-  op_->Desk().OnShowError(QVariantMap{{"back", 0x0000A0u},
-                                      {"fore", 0xFFFFFFu},
-                                      {"helpRef", QString::fromStdU16String(reference)},
-                                      {"header", QString::fromStdU16String(header)}});
+TEST_F(ErrorsTest, AHelpsHeaderStaysPlainAndADocumentThatIsNotThereIsNamed) {
+  op_->Desk().OnShowError(QVariantMap{
+      {"back", 0x0000A0u}, {"fore", 0xFFFFFFu}, {"helpRef", "C:\\none.txt#7"}, {"header", "ERROR 7 : <b>bold</b>"}});
   Settle();
-  EXPECT_EQ(window_->ErrorHelpShown().Header(), "ERROR 7 : <b>bold</b>");
-  EXPECT_EQ(window_->ErrorHelpShown().Text().toPlainText(), "There is no description behind C:\\none.txt#7");
+  ASSERT_TRUE(HelpShown());
+  EXPECT_EQ(TextIn(kHelpTitle), "ERROR 7 : <b>bold</b>");
+}
+
+TEST_F(ErrorsTest, WithoutTheMessageViewTheErrorComesBackAtOnce) {
+  session_.DestroyTool(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES));
+  Raise(Fault::kDriveFault);
+  OpenHelp();
+  EXPECT_FALSE(op_->Desk().ShowsHelp());
+  EXPECT_TRUE(Shown());
 }
 
 TEST_F(ErrorsTest, TheQuestionToCloseComesOnceAndARefusalIsKept) {

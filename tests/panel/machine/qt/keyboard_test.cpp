@@ -6,7 +6,6 @@
 #include <QPlainTextEdit>
 
 #include "panel/machine/qt/panel_fixture.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/keyboard.h"
 #include "ui/operator_keys.h"
@@ -382,7 +381,7 @@ TEST_F(KeyboardTest, AnErrorThatTheOperatorCalledBackIsAnsweredAtOnce) {
   Raise(Fault::kDriveFault);
   clock_ += 1000;
   Do(Action::kHelp);
-  ASSERT_TRUE(window_->ErrorHelpShown().IsShown());
+  ASSERT_TRUE(op_->Desk().ShowsHelp());
   RealKey(Qt::Key_Escape);
   ASSERT_TRUE(ErrorsShown());
   RealKey(Qt::Key_Escape);

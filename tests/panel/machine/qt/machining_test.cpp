@@ -277,11 +277,12 @@ TEST_F(MachiningInPanel, AClosedOneFillsTheToolAreaThatHasChangedMeanwhile) {
   EXPECT_EQ(Grid(kGrid)->parentWidget()->size(), QSize(1000, 700));
 }
 
-TEST_F(MachiningInPanel, TheHelpKeySaysThatThereIsNoPageForItsMark) {
+TEST_F(MachiningInPanel, TheHelpKeyOpensTheManualAtItsMark) {
   Open();
   Do(Action::kHelp);
-  EXPECT_EQ(Zone(), "There is no help page for this yet. Its mark is OPT0330");
-  EXPECT_TRUE(IsShown());
+  EXPECT_EQ(rig_.Cnc().Get(u"E.HELPDATA"), pnl::rig::Value(std::u16string(u"OPT0330")));
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_HELP);
+  EXPECT_EQ(Zone(), "");
 }
 
 TEST_F(MachiningInPanel, ItsThreeLinesOfMessagesHaveTheirColoursAndCanBeRead) {

@@ -8,7 +8,6 @@
 
 #include "panel/machine/qt/panel_fixture.h"
 #include "remote/trace.h"
-#include "ui/error_help.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_menu.h"
@@ -150,37 +149,36 @@ TEST_F(OperatorTest, TheHelpKeyOverTheErrorWindowOpensItsHelpAndSaysNothingElse)
   Raise(Fault::kDriveFault);
   ASSERT_TRUE(ErrorsShown());
   Do(Action::kHelp);
-  EXPECT_TRUE(window_->ErrorHelpShown().IsShown());
+  EXPECT_TRUE(op_->Desk().ShowsHelp());
   EXPECT_EQ(ZoneText(), "");
 }
 
-TEST_F(OperatorTest, TheHelpKeyShowsNoMarkThatAnotherToolLeft) {
+TEST_F(OperatorTest, TheHelpKeyOpensThePageOfWhatIsInFront) {
+  const auto asked = [this] {
+    Do(Action::kHelp);
+    EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_HELP));
+    EXPECT_EQ(ZoneText(), "");
+    const auto mark = rig_.Cnc().Get(u"E.HELPDATA");
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_HELP), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE, 0);
+    Settle();
+    EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
+    return mark ? std::get<std::u16string>(*mark) : std::u16string();
+  };
+  EXPECT_EQ(asked(), u"OPT0140") << "the program";
   Do(Action::kOpenMdi);
-  Do(Action::kHelp);
-  ASSERT_TRUE(ZoneText().startsWith("There is no help page for this yet. Its mark is ")) << ZoneText().toStdString();
+  EXPECT_EQ(asked(), u"OPT0130");
+  EXPECT_EQ(asked(), u"OPT0130") << "the same mark once more";
   Do(Action::kOpenCalculator);
-  Do(Action::kHelp);
-  EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
+  EXPECT_EQ(asked(), u"OPT0300") << "and not the mark that another tool left";
+}
+
+TEST_F(OperatorTest, TheHelpKeyOverAnErrorWithoutHelpSaysSo) {
   PushWithoutHelp();
   ASSERT_TRUE(ErrorsShown());
   Do(Action::kHelp);
   EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
   EXPECT_TRUE(ErrorsShown());
-}
-
-TEST_F(OperatorTest, TheHelpKeyShowsAMarkThatIsTheSameAsBefore) {
-  Do(Action::kOpenMdi);
-  Do(Action::kHelp);
-  const QString first = ZoneText();
-  Do(Action::kSingleBlock);
-  ASSERT_EQ(ZoneText(), "");
-  Do(Action::kHelp);
-  EXPECT_EQ(ZoneText(), first);
-}
-
-TEST_F(OperatorTest, TheHelpKeyWithNothingInFrontSaysThatThereIsNoHelp) {
-  Do(Action::kHelp);
-  EXPECT_EQ(ZoneText(), Say(Word::kNoHelpHere));
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
 }
 
 TEST_F(OperatorTest, TheLampOfAToolStaysLitWhenItsKeyIsTouched) {
@@ -307,9 +305,10 @@ TEST_F(OperatorTest, TheClearKeyEndsAHelpThatIsShownAlone) {
   op_->Desk().OnShowError({{"header", "ERROR 7"}, {"helpRef", "none.txt#7"}});
   Settle();
   ASSERT_EQ(Queue(), 0u);
+  ASSERT_TRUE(op_->Desk().ShowsHelp());
   EXPECT_TRUE(op_->Can(Action::kClearError));
   Do(Action::kClearError);
-  EXPECT_FALSE(window_->ErrorHelpShown().IsShown());
+  EXPECT_FALSE(op_->Desk().ShowsHelp());
   EXPECT_FALSE(op_->Can(Action::kClearError));
 }
 

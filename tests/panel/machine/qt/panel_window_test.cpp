@@ -15,7 +15,6 @@
 #include "remote/settle.h"
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
-#include "ui/error_help.h"
 #include "ui/error_list.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -299,12 +298,6 @@ TEST_F(PanelWindowTest, EscapeLeadsToTheToolFirstAndClearsAnErrorWithoutOne) {
   EXPECT_TRUE(op_->Errors().empty());
 }
 
-TEST_F(PanelWindowTest, TheHelpKeyShowsTheToolsMark) {
-  Do(Action::kOpenMdi);
-  Do(Action::kHelp);
-  EXPECT_TRUE(ZoneText().startsWith("There is no help page for this yet. Its mark is ")) << ZoneText().toStdString();
-}
-
 TEST_F(PanelWindowTest, ClosingGivesTheFocusBackToTheProgram) {
   Do(Action::kOpenMdi);
   session_.DestroyTool(session_.ToolWindow(PNL_TOOL_MDI));
@@ -399,7 +392,6 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     const auto pixels = [&layout](int at800) { return static_cast<int>(std::lround(at800 * layout.scale)); };
     EXPECT_EQ(window_->Editor().Edit().font().pixelSize(), pixels(16));
     EXPECT_EQ(window_->Password().Edit().font().pixelSize(), pixels(16) * 3 / 2);
-    EXPECT_EQ(window_->ErrorHelpShown().Text().font().pixelSize(), pixels(16) * 9 / 8);
     EXPECT_EQ(window_->ErrorsShown().findChild<QPlainTextEdit*>()->font().pixelSize(), pixels(16));
     const auto letters = [](QWidget& widget, int height) {
       const std::string expected = " " + std::to_string(height) + " px";
@@ -425,8 +417,8 @@ TEST_F(PanelWindowTest, ACoverLeavesTheMachinesKeysAndItsAxesFree) {
     const QRect cover = layout.wide
                             ? QRect(layout.toolArea.topLeft(), QPoint(layout.sideBar.right(), layout.sideBar.bottom()))
                             : QRect(layout.toolArea.topLeft(), layout.mainBar.bottomRight());
-    for (QWidget* widget : std::initializer_list<QWidget*>{&window_->Password(), &window_->Asking(),
-                                                           &window_->ErrorHelpShown(), &window_->ErrorsShown()}) {
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{&window_->Password(), &window_->Asking(), &window_->ErrorsShown()}) {
       EXPECT_EQ(widget->geometry(), QRect(QPoint(cover.left(), layout.wide ? layout.sideBar.top() : cover.top()),
                                           QPoint(layout.sideBar.right(), cover.bottom())));
     }
@@ -519,9 +511,9 @@ TEST_F(PanelWindowTest, ThePanelsOwnKeysAreTheseInThisOrder) {
     return list;
   };
   EXPECT_EQ(texts(PanelMainItems(session_, *op_)),
-            words({Word::kMdi, Word::kMdiMda, Word::kCalculator, Word::kMachiningCalculator, Word::kFiles,
-                   Word::kPlcMessages, Word::kHelp, Word::kErrorList, Word::kOpen, Word::kSave, Word::kSaveAs,
-                   Word::kNew, Word::kCoordinates, Word::kOverrideFull, Word::kDemoFaults}));
+            words({Word::kMdi, Word::kMdiMda, Word::kCalculator, Word::kMachiningCalculator, Word::kFiles, Word::kHelp,
+                   Word::kErrorList, Word::kOpen, Word::kSave, Word::kSaveAs, Word::kNew, Word::kCoordinates,
+                   Word::kOverrideFull, Word::kPlcMessages, Word::kDemoFaults}));
   EXPECT_EQ(texts(PanelSideItems(session_, *op_)),
             words({Word::kOpen, Word::kSave, Word::kNew, Word::kMdiMda, Word::kCoordinates, Word::kOverrideFull}));
   const auto main = PanelMainItems(session_, *op_);
@@ -533,7 +525,7 @@ TEST_F(PanelWindowTest, ThePanelsOwnKeysAreTheseInThisOrder) {
   }
   EXPECT_EQ(ActionOfItem(main[3].id), Action::kOpenMachining);
   EXPECT_EQ(ToolOfItem(main[4].id), PNL_TOOL_EXPLORER);
-  EXPECT_EQ(ToolOfItem(main[5].id), PNL_TOOL_PLC_MESSAGES);
+  EXPECT_EQ(main[13].id, kPlcItem);
   EXPECT_EQ(main[14].id, kFaultsItem);
   Do(Action::kOpenMdi);
   Do(Action::kOpenCalculator);
