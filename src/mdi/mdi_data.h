@@ -13,6 +13,9 @@
 
 namespace pnl {
 
+/// The help mark of the command line; a block that has a mark of its own goes before it.
+inline constexpr TextView kMdiHelpMark = u"OPT0130";
+
 namespace mdi_state {
 inline constexpr std::int32_t kReady = 1;
 inline constexpr std::int32_t kRunning = 2;

@@ -18,7 +18,6 @@ namespace {
 constexpr std::int32_t kOwnerBase = 1000;
 constexpr int kTextNotWritable = 9;
 constexpr int kTextNotCreated = 10;
-constexpr TextView kOwnHelpMark = u"OPT0130";
 
 }  // namespace
 
@@ -226,7 +225,7 @@ void MdiSession::PasteCalcResult() {
 
 /// Writes the help mark of the block in hand, or the one of the command line, for the help tool.
 std::intptr_t MdiSession::AskHelp() {
-  Text mark(kOwnHelpMark);
+  Text mark(kMdiHelpMark);
   const MDIDATA_ST* record = channels_.Current();
   const Text block = record == nullptr ? Text() : screen_.BlockInHand(*record);
   if (!block.empty()) Context().cnc.Util().Util7340_MarcaHelpAsignadaABloque(block, mark);

@@ -28,13 +28,14 @@
 #include <optional>
 
 #include "facade/mill/machine.h"
+#include "facade/mill/machine_marks.h"
 #include "facade/mill/machine_run.h"
 
 namespace pnl::sim {
 
 class DemoMachine final : public Machine {
  public:
-  /// Makes the machine's variables, tools and error texts.
+  /// Makes the machine's variables, tools, error texts and PLC messages.
   DemoMachine(MachineEnvironment& environment, MachineKind kind);
 
   void SetLanguage(std::string_view code) override;
@@ -59,6 +60,7 @@ class DemoMachine final : public Machine {
   int PosibleMDICancel(int channel) override;
   int ChannelNumber() override;
   int ConvertLogToName(int logicalNumber, Text& name) override;
+  [[nodiscard]] Text MarkOfBlock(TextView block) const override { return Text(sim::MarkOfBlock(block)); }
   /// The mill's errors are events, so removing one from the queue changes nothing in the mill.
   void OnErrorReset() override {}
   void OnWritten(TextView name) override;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "facade/mill/machine_demo.h"
+#include "facade/mill/machine_messages.h"
 #include "facade/mill/machine_raised.h"
 #include "facade/mill/machine_variables.h"
 
@@ -23,10 +24,13 @@ void DemoMachine::SetLanguage(std::string_view code) {
     environment_.SetErrorText(kKernelTexts, entry.number, Text(kSeparator).append(Wording(entry.code, language_)),
                               HelpRefOf(entry.number, language_));
   }
+  const bool spanish = language_ == MachineLanguage::kSpanish;
   for (const TableText& entry : RaisedTexts()) {
-    environment_.SetErrorText(entry.function, entry.number,
-                              language_ == MachineLanguage::kSpanish ? entry.spanish : entry.english,
+    environment_.SetErrorText(entry.function, entry.number, spanish ? entry.spanish : entry.english,
                               entry.description == 0 ? Text() : HelpRefOf(entry.description, language_));
+  }
+  for (const PlcMessage& message : PlcMessages()) {
+    environment_.SetPlcMessage(message.type, message.id, spanish ? message.spanish : message.english, message.document);
   }
 }
 

@@ -32,6 +32,8 @@ class MachineEnvironment {
   /// Sets the text that the function of that name returns for a number. The functions are error_to_txt and the others
   /// of CncControl::ErrorText.
   virtual void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) = 0;
+  /// Adds a message to the table of PLC messages, or replaces the one with that type and identifier.
+  virtual void SetPlcMessage(std::int32_t type, std::int32_t id, TextView message, TextView info) = 0;
   [[nodiscard]] virtual Timers& Clock() = 0;
 };
 
@@ -54,6 +56,8 @@ class KernelMachine {
   virtual int PosibleMDICancel(int channel) = 0;
   virtual int ChannelNumber() = 0;
   virtual int ConvertLogToName(int logicalNumber, Text& name) = 0;
+  /// The help mark of a block; empty when it has none.
+  [[nodiscard]] virtual Text MarkOfBlock(TextView block) const = 0;
   /// Called after an error was removed from the queue, or the queue was cleared.
   virtual void OnErrorReset() = 0;
   /// Called after a tool wrote this variable. The variable has the new value already.

@@ -34,14 +34,20 @@ void SimUtilities::UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView t
   windows_.SetClipboardText(text);
 }
 
+Text SimUtilities::MarkOf(TextView block) const {
+  const auto given = marks_.find(block);
+  if (given != marks_.end()) return given->second;
+  return machine_ == nullptr ? Text() : machine_->MarkOfBlock(block);
+}
+
 int SimUtilities::Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) {
   constexpr std::string_view kName = "Util7340_MarcaHelpAsignadaABloque";
-  const auto found = marks_.find(block);
+  const Text found = MarkOf(block);
   const auto preset = answers_.TakePreset(kName);
-  const int result = preset ? *preset : (found == marks_.end() ? -1 : SimAnswers::StartValue(kName));
+  const int result = preset ? *preset : (found.empty() ? -1 : SimAnswers::StartValue(kName));
   rig::Value filled;
-  if (result == 0 && found != marks_.end()) {
-    mark = found->second;
+  if (result == 0 && !found.empty()) {
+    mark = found;
     filled = Recorded(mark);
   }
   recorder_.Cnc(kName, {Recorded(block), filled}, Recorded(result));

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The panel's utilities on the simulated CNC: paths from the storage, error texts from their tables, help marks by
-// exact block text, clipboard and panel size from the window system.
+// exact block text and from the machine, clipboard and panel size from the window system.
 #pragma once
 
 #include <map>
 
+#include "facade/sim/machine_seam.h"
 #include "facade/sim/sim_answers.h"
 #include "facade/sim/sim_error_texts.h"
 #include "facade/sim/sim_recorder.h"
@@ -19,6 +20,8 @@ class SimUtilities final : public Utilities {
                const SimStorage& storage)
       : windows_(windows), recorder_(recorder), answers_(answers), texts_(texts), storage_(storage) {}
 
+  /// Attaches the machine that knows the marks of blocks; null detaches it.
+  void AttachMachine(const KernelMachine* machine) { machine_ = machine; }
   void SetBlockMark(TextView block, TextView mark) { marks_[Text(block)] = Text(mark); }
 
   [[nodiscard]] Text Get7340Path(int id) override { return storage_.Path(id); }
@@ -27,7 +30,8 @@ class SimUtilities final : public Utilities {
   bool desc_to_txt(std::int32_t number, Text& text, TextView file) override;
   int UTIL7340_DriveStatus(int drive) override;
   void UTIL7340_CopyToClipboard_Text(WindowHandle window, TextView text) override;
-  /// Returns -1 for a block without a mark, unless an answer is set.
+  /// The mark is the one that was given to exactly this block, else the machine's. Returns -1 for a block without a
+  /// mark, unless an answer is set.
   int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) override;
   [[nodiscard]] Rect UTIL7340_GetCNCRect() override { return windows_.PanelRect(); }
   [[nodiscard]] bool UTIL7340_AreSoftkeyMetricsStandard() override;
@@ -39,6 +43,7 @@ class SimUtilities final : public Utilities {
   [[nodiscard]] bool UTIL7340_Is7335() override;
 
  private:
+  [[nodiscard]] Text MarkOf(TextView block) const;
   [[nodiscard]] int Fit(std::string_view function, int height);
 
   WindowSystem& windows_;
@@ -46,6 +51,7 @@ class SimUtilities final : public Utilities {
   SimAnswers& answers_;
   const SimErrorTexts& texts_;
   const SimStorage& storage_;
+  const KernelMachine* machine_ = nullptr;
   std::map<Text, Text, std::less<>> marks_;
 };
 

@@ -155,4 +155,8 @@ void SimulatedCnc::MachineSide::SetErrorText(std::string_view function, std::int
   cnc_.texts_.Set(function, number, text, helpRef, false);
 }
 
+void SimulatedCnc::MachineSide::SetPlcMessage(std::int32_t type, std::int32_t id, TextView message, TextView info) {
+  cnc_.tables_.Messages().Set(type, id, message, info);
+}
+
 }  // namespace pnl::sim

@@ -28,7 +28,10 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
   /// Sets who gets the calls and writes; null for nobody.
   void SetSink(rig::EventSink* sink) { recorder_.SetSink(sink); }
   /// Attaches a machine; null detaches it. The machine must be detached before it is destroyed.
-  void AttachMachine(KernelMachine* machine) { kernel_.AttachMachine(machine); }
+  void AttachMachine(KernelMachine* machine) {
+    kernel_.AttachMachine(machine);
+    utilities_.AttachMachine(machine);
+  }
   /// The environment with which a machine is made.
   [[nodiscard]] MachineEnvironment& Environment() { return machineSide_; }
   [[nodiscard]] SimStorage& Storage() { return storage_; }
@@ -81,6 +84,7 @@ class SimulatedCnc final : public CncFacade, public rig::CncControl {
     void SetTool(std::int32_t number, std::int32_t type, const ToolData& data) override;
     void PushError(const ErrorRecord& record) override;
     void SetErrorText(std::string_view function, std::int32_t number, TextView text, TextView helpRef) override;
+    void SetPlcMessage(std::int32_t type, std::int32_t id, TextView message, TextView info) override;
     [[nodiscard]] Timers& Clock() override { return timers_; }
 
    private:

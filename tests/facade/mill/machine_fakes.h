@@ -41,6 +41,9 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
     if (function == "error_to_txt") errorTexts[number] = Text(text);
     tableTexts[{std::string(function), number}] = {Text(text), Text(helpRef)};
   }
+  void SetPlcMessage(std::int32_t type, std::int32_t id, TextView message, TextView info) override {
+    plcMessages[{type, id}] = {Text(message), Text(info)};
+  }
   Timers& Clock() override { return clock; }
 
   double GetDouble(TextView name) const { return std::get<double>(variables.at(Text(name))); }
@@ -65,6 +68,8 @@ class FakeMachineEnvironment : public sim::MachineEnvironment {
   std::map<std::int32_t, Text> errorTexts;  // those of error_to_txt
   /// Text and help reference by function and number.
   std::map<std::pair<std::string, std::int32_t>, std::pair<Text, Text>> tableTexts;
+  /// Text and reference by type and identifier.
+  std::map<std::pair<std::int32_t, std::int32_t>, std::pair<Text, Text>> plcMessages;
   std::function<void(TextView)> onSet;
   ManualTimers clock;
 };

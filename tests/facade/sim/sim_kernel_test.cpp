@@ -157,6 +157,7 @@ class NumberedMachine final : public KernelMachine {
     name = u"M";
     return number == 1 ? 0 : 1;
   }
+  Text MarkOfBlock(TextView) const override { return u"PRG1000"; }
   void OnErrorReset() override { ++resets; }
   void OnWritten(TextView name) override { written.push_back(ToUtf8(name)); }
 

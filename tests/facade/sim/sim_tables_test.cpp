@@ -52,6 +52,17 @@ TEST_F(TablesTest, AMessageIsReplacedByItsTypeAndIdentifier) {
   EXPECT_EQ(message.GetMsg(), u"new");
 }
 
+TEST_F(TablesTest, AMachinesMessageIsInTheTable) {
+  cnc.Environment().SetPlcMessage(0, 3, u"Clamp", u"clamp.gif");
+  ZCPlcMsgTable* table = tables.Connect();
+  ZCMsg message;
+  message.SetMsgType(0);
+  message.SetIdMsg(3);
+  EXPECT_TRUE(table->ReadMsg(message));
+  EXPECT_EQ(message.GetMsg(), u"Clamp");
+  EXPECT_EQ(message.GetInfo(), u"clamp.gif");
+}
+
 TEST_F(TablesTest, ATableThatDoesNotAnswerIsNull) {
   cnc.Returns("Connect", {0, 1});
   EXPECT_EQ(tables.Connect(), nullptr);
