@@ -26,6 +26,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "facade/mill/machine.h"
 #include "facade/mill/machine_marks.h"
@@ -79,6 +80,8 @@ class DemoMachine final : public Machine {
   /// Does nothing while the channel is in MDI: the tool sets the mode with SetMode when it leaves.
   void ManualMode(bool on) override;
   void Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) override;
+  [[nodiscard]] std::vector<MachineControl::PlcMessage> PlcMessages() const override;
+  void RaisePlcMessage(std::uint32_t code) override;
 
  private:
   enum class Halt : std::uint8_t { kNone, kSingleStep, kFeedHold, kStop, kOptionalStop };

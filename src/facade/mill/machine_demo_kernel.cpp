@@ -29,7 +29,7 @@ void DemoMachine::SetLanguage(std::string_view code) {
     environment_.SetErrorText(entry.function, entry.number, spanish ? entry.spanish : entry.english,
                               entry.description == 0 ? Text() : HelpRefOf(entry.description, language_));
   }
-  for (const PlcMessage& message : PlcMessages()) {
+  for (const sim::PlcMessage& message : sim::PlcMessages()) {
     environment_.SetPlcMessage(message.type, message.id, spanish ? message.spanish : message.english, message.document);
   }
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "facade/mill/machine_demo.h"
+#include "facade/mill/machine_messages.h"
 #include "facade/mill/machine_raised.h"
 #include "facade/mill/machine_variables.h"
 
@@ -111,6 +112,19 @@ void DemoMachine::EmergencyStop(bool on) {
 
 void DemoMachine::Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) {
   environment_.PushError(MakeRaisedRecord(fault, spot));
+}
+
+std::vector<rig::MachineControl::PlcMessage> DemoMachine::PlcMessages() const {
+  const bool spanish = language_ == MachineLanguage::kSpanish;
+  std::vector<MachineControl::PlcMessage> messages;
+  for (const sim::PlcMessage& message : sim::PlcMessages()) {
+    messages.push_back({CodeOf(message), Text(spanish ? message.spanish : message.english)});
+  }
+  return messages;
+}
+
+void DemoMachine::RaisePlcMessage(std::uint32_t code) {
+  environment_.Set(machine_variable::kPlcMessage, static_cast<std::int64_t>(code));
 }
 
 void DemoMachine::ManualMode(bool on) {

@@ -16,6 +16,7 @@ inline constexpr TextView kPanelMode = u"[1].E.PNLMODE";
 inline constexpr TextView kManualMode = u"[1].E.MANUALMODE";
 inline constexpr TextView kInspection = u"[1].E.INSPECSTATUS";
 inline constexpr TextView kStartOnMdi = u"[1].E.STARTONMDI";
+inline constexpr TextView kPlcMessage = u"E.PLCMSGDATA";
 /// Positions in workpiece coordinates, millimetres, in the order of the axes.
 inline constexpr std::array<TextView, kAxisCount> kPositions{u"[1].A.POS.X", u"[1].A.POS.Y", u"[1].A.POS.Z"};
 }  // namespace machine_variable

@@ -44,5 +44,21 @@ TEST(MachineMessages, TheMachinePutsThemIntoTheTableInItsLanguage) {
   EXPECT_EQ(shown(), "Safety door open");
 }
 
+TEST(MachineMessages, ThePanelOffersThemAndRaisesOneAsOftenAsItLikes) {
+  test::MachineBench bench;
+  const auto messages = bench.machine->PlcMessages();
+  ASSERT_EQ(messages.size(), PlcMessages().size());
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    EXPECT_EQ(messages[i].code, CodeOf(PlcMessages()[i]));
+    EXPECT_EQ(messages[i].text, PlcMessages()[i].english);
+  }
+  bench.machine->SetLanguage("es");
+  EXPECT_EQ(bench.machine->PlcMessages()[0].text, PlcMessages()[0].spanish);
+  (void)bench.environment.Take(u"E.PLCMSGDATA");
+  bench.machine->RaisePlcMessage(0x10000002u);
+  bench.machine->RaisePlcMessage(0x10000002u);
+  EXPECT_EQ(bench.environment.Take(u"E.PLCMSGDATA"), "0x10000002 0x10000002");
+}
+
 }  // namespace
 }  // namespace pnl::sim
