@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The two tables: what they list, what may be edited, and how rows are added, changed, checked, deleted and ordered.
+#include <map>
+
 #include "zmc/zmc_stage.h"
 
 namespace pnl::test {
@@ -237,6 +239,52 @@ TEST_P(ZmcTableTest, ARenamedRecordIsWrittenOverTheOldOne) {
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Old<")));
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Once<")));
   EXPECT_THAT(UserFile(), HasSubstr(">New<"));
+}
+
+// A row that took another one's description overwrote that one's record.
+TEST_P(ZmcTableTest, RowsThatPassTheirDescriptionsOnKeepTheirOwnRecords) {
+  const bool materials = Table().tab == ZmcTab::kMaterials;
+  const auto record = [materials](const char* description, int number) {
+    const std::string n = std::to_string(number);
+    const std::string head = std::string("<descripcion>") + description + "</descripcion><Date>202" + n + "</Date>";
+    return materials ? "<MaterialDefinition><id>##</id>" + head + "<KC>" + n + "</KC></MaterialDefinition>"
+                     : "<Operacion>" + head + "<ToolType>" + n +
+                           "</ToolType><Materiales><Parametros><Material>Steel</Material><VelocidadCorte><Selected>" +
+                           n + "</Selected></VelocidadCorte></Parametros></Materiales></Operacion>";
+  };
+  struct Row {
+    const char* name;
+    std::vector<const char16_t*> typed;  // from the first row on, which is record 3
+    std::vector<std::string> saved;      // the descriptions of records 3, 2 and 1
+  };
+  const Row kRows[] = {{"downwards", {u"B", u"C", u"D"}, {"B", "C", "D"}},
+                       {"upwards", {u"D", u"A", u"B"}, {"D", "A", "B"}},
+                       {"two change places", {u"B", u"A"}, {"B", "A", "C"}},
+                       {"in a circle", {u"B", u" C ", u"A"}, {"B", "C", "A"}},
+                       {"a free name is taken meanwhile", {u"B", u"A", u"B_"}, {"B", "A", "B_"}}};
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const std::string records = record("A", 3) + record("B", 2) + record("C", 1);
+    SetUserFile(materials ? records : "", materials ? "" : records);
+    Reopen();
+    for (std::size_t at = 0; at < row.typed.size(); ++at) Grid().Type(static_cast<int>(at) + 1, 1, row.typed[at]);
+    Save();
+    EXPECT_THAT(TakeBoxes(), IsEmpty());
+    std::map<std::string, std::string> found;
+    for (int line = 1; line < Grid().Rows(); ++line) {
+      if (Grid().CellText(line, Table().columns) != u"C") continue;
+      found[ToUtf8(Grid().CellText(line, materials ? 5 : 2))] += ToUtf8(Grid().CellText(line, 1));
+    }
+    EXPECT_EQ(found,
+              (std::map<std::string, std::string>{{"3", row.saved[0]}, {"2", row.saved[1]}, {"1", row.saved[2]}}));
+    CondicionesCorteParser parser(files);
+    for (std::size_t at = 0; at < 3 && !materials; ++at) {
+      const auto block = parser.GetCondicionesCorte(FromUtf8(kUserPath), u"Steel", FromUtf8(row.saved[at]));
+      ASSERT_TRUE(block.Ok() && block.Value());
+      EXPECT_EQ(block.Value()->VelocidadCorte.Selected, FromUtf8(std::to_string(3 - at))) << "its own pairs";
+    }
+    DestroyTool();
+  }
 }
 
 TEST_P(ZmcTableTest, ARowThatIsRenamedAgainAfterTheTabWasLeftIsStillTheSameRecord) {
