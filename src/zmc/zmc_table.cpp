@@ -280,6 +280,12 @@ CuttingError ZmcTable::MakeWay(Modified& entry) {
   return error;
 }
 
+/// The rest waits. What is in the file is in the lists, in which the next save looks for the old records.
+void ZmcTable::OnPartlySaved() {
+  for (Modified& waiting : ModifiedRows_) waiting.oldDescription = waiting.storedAs;
+  reloadLists_();
+}
+
 bool ZmcTable::SaveTable(bool refill) {
   if (Grid().IsEditing()) Grid().CommitEdit();
   if (!CheckRows()) {
@@ -288,12 +294,17 @@ bool ZmcTable::SaveTable(bool refill) {
     return false;
   }
   // An entry goes when its row is stored: what couldn't be stored can be tried again.
+  bool stored = false;
   while (!ModifiedRows_.empty()) {
     // Nothing is said of a file that has vanished, but what the operator typed isn't dropped for it.
     if (!desk_.data.CanAccessUserFile()) return true;
     const auto next = NextToSave();
     const bool circle = next == ModifiedRows_.end();
-    if (!desk_.CheckStored(circle ? MakeWay(ModifiedRows_.front()) : SaveEntry(*next))) return false;
+    if (!desk_.CheckStored(circle ? MakeWay(ModifiedRows_.front()) : SaveEntry(*next))) {
+      if (stored) OnPartlySaved();
+      return false;
+    }
+    stored = true;
     if (!circle) ModifiedRows_.erase(next);
   }
   UpdateSoftKeys();

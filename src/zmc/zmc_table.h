@@ -96,6 +96,7 @@ class ZmcTable {
   [[nodiscard]] std::vector<Modified>::iterator NextToSave();
   [[nodiscard]] CuttingError SaveEntry(const Modified& entry);
   [[nodiscard]] CuttingError MakeWay(Modified& entry);
+  void OnPartlySaved();
   void Step(bool forward);
   [[nodiscard]] bool EnableSoftKeys();
   void UpdateSoftKeys();

@@ -301,6 +301,30 @@ TEST_P(ZmcTableTest, ARowThatIsRenamedAgainAfterTheTabWasLeftIsStillTheSameRecor
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Old<")));
 }
 
+// The main tab still had the old name, and a row that was changed again lost its id.
+TEST_P(ZmcTableTest, WhatWasSavedBeforeAFailureIsInTheListsAtOnce) {
+  const bool materials = Table().tab == ZmcTab::kMaterials;
+  SetUserFile(materials ? kUserMaterials : "",
+              materials ? ""
+                        : "<Operacion><id>7</id><descripcion>New</descripcion><Date>2021</Date></Operacion>"
+                          "<Operacion><descripcion>Old</descripcion><Date>2020</Date></Operacion>");
+  Reopen();
+  Grid().Type(1, 1, u"Stored");
+  Grid().Type(2, 1, u"No file has \x01");
+  Save();
+  EXPECT_TRUE(CanSave());
+  EXPECT_THAT(UserFile(), HasSubstr(">Stored<"));
+  EXPECT_THAT(Items(materials ? id::kMaterial : id::kOperation), ElementsAre("Stored", "Old", testing::_, testing::_));
+  Grid().Type(1, 1, u"Stored again");
+  Grid().Type(2, 1, u"Renamed");
+  Save();
+  EXPECT_FALSE(CanSave());
+  EXPECT_THAT(UserFile(), HasSubstr(">Stored again<"));
+  EXPECT_THAT(UserFile(), HasSubstr(">Renamed<"));
+  EXPECT_THAT(UserFile(), Not(HasSubstr(">Stored<")));
+  EXPECT_EQ(UserFile().find("<id>7</id>") != std::string::npos, !materials);
+}
+
 // Deleting.
 
 TEST_P(ZmcTableTest, OneRowIsDeletedAfterAQuestionWithItsDescription) {
