@@ -325,6 +325,24 @@ TEST_P(ZmcTableTest, WhatWasSavedBeforeAFailureIsInTheListsAtOnce) {
   EXPECT_EQ(UserFile().find("<id>7</id>") != std::string::npos, !materials);
 }
 
+// Its columns can be typed in until then; that it is a row of the factory is in its last column.
+TEST_P(ZmcTableTest, ARowOfTheFactoryThatPassedTheCheckIsNormalUntilTheRowsAreFilledAgain) {
+  OpenTable();
+  Grid().Check(3, Table().hidden, true);
+  Grid().Type(1, 1, u"");
+  Save();
+  EXPECT_EQ(Grid().rows[3].state, 1);
+  MoveTo(Table().tab, 3, 1);
+  EXPECT_FALSE(CanDelete());
+  Grid().Type(1, 1, u"Right");
+  Save();
+  EXPECT_THAT(TakeBoxes(), ElementsAre("T270"));
+  for (int row = 1; row < Grid().Rows(); ++row) {
+    EXPECT_EQ(Grid().rows[static_cast<std::size_t>(row)].state,
+              Origins()[static_cast<std::size_t>(row - 1)] == "O" ? 0 : 1);
+  }
+}
+
 // Deleting.
 
 TEST_P(ZmcTableTest, OneRowIsDeletedAfterAQuestionWithItsDescription) {
