@@ -379,6 +379,36 @@ TEST_F(ZmcMainTest, AnEditOfAFactoryPairGoesIntoTheUsersFileAlone) {
   EXPECT_EQ(CellOf(1, 3), "120.0000000");
 }
 
+TEST_F(ZmcMainTest, ACellThatIsBeingTypedIsStoredForThePairItWasTypedFor) {
+  // What was typed stayed on the screen of the next pair, was computed with there, and was stored for none.
+  Open();
+  ComputeSteel();
+  view->main.BeginEdit({1, 3});
+  view->main.TypeHere(u"60");
+  Pick(id::kMaterial, u"Brass");
+  EXPECT_FALSE(view->main.editing);
+  EXPECT_EQ(CellOf(1, 3), "");
+  EXPECT_EQ(TextOf(id::kS), "");
+  Pick(id::kMaterial, u"Steel");
+  EXPECT_EQ(CellOf(1, 3), "60.0000000");
+  EXPECT_EQ(TextOf(id::kS), "1909");
+}
+
+TEST_F(ZmcMainTest, ACellThatIsBeingTypedIsStoredBeforeTheListsAreReadAnew) {
+  for (const bool materials : {true, false}) {
+    SetUserFile(kOwnMaterial, "<Operacion><descripcion>Mine</descripcion></Operacion>");
+    Open();
+    ComputeSteel();
+    view->main.BeginEdit({1, 3});
+    view->main.TypeHere(u"60");
+    Menu(materials ? zmc_command::kMaterialsTab : zmc_command::kOperationsTab);
+    EXPECT_TRUE((materials ? view->materials : view->operations).Type(1, 1, u"Renamed"));
+    Menu(materials ? zmc_command::kSaveMaterials : zmc_command::kSaveOperations);
+    EXPECT_EQ(CellOf(1, 3), "60.0000000");
+    DestroyTool();
+  }
+}
+
 // What follows from an edit.
 
 TEST_F(ZmcMainTest, WhatAnEditRecomputes) {
