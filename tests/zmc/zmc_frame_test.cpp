@@ -334,6 +334,17 @@ TEST_F(ZmcFrameTest, TheBlockCanBeCopiedFromATableTooAsTheMainTabIsThere) {
   EXPECT_THAT(ToUtf8(windows.clipboard), HasSubstr("T7"));
 }
 
+TEST_F(ZmcFrameTest, WithoutAMainTabThereIsNoBlock) {
+  view = std::make_unique<FakeZmcView>(log, windows);
+  tool = std::make_shared<ZmcSession>(context, *view);
+  windows.clipboard = u"before";
+  Forget();
+  Menu(zmc_command::kInsert);
+  Menu(zmc_command::kCopy);
+  EXPECT_THAT(All(), IsEmpty());
+  EXPECT_EQ(windows.clipboard, u"before");
+}
+
 TEST_F(ZmcFrameTest, TheStandardCalculatorOpensAfterThisToolHasClosed) {
   Open();
   Forget();
