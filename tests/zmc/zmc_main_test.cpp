@@ -411,6 +411,18 @@ TEST_F(ZmcMainTest, ACellThatIsBeingTypedIsStoredBeforeTheListsAreReadAnew) {
 
 // What follows from an edit.
 
+TEST_F(ZmcMainTest, ACellIsStoredBeforeAnythingIsComputedWithIt) {
+  Open();
+  ComputeSteel();
+  files.disc[kUserPath] = "<Condi";
+  std::string speed;
+  windows.onBox = [&] { speed = TextOf(id::kS); };
+  EXPECT_TRUE(Cell(1, 3, u"60"));
+  EXPECT_EQ(speed, "3819");
+  EXPECT_EQ(TextOf(id::kS), "1909");
+  windows.onBox = nullptr;
+}
+
 TEST_F(ZmcMainTest, WhatAnEditRecomputes) {
   struct Row {
     const char* name;
@@ -491,6 +503,13 @@ TEST_F(ZmcMainTest, TheForceOfTheUsersRecordGoesBeforeTheFactorys) {
   Open();
   ComputeSteel();
   EXPECT_EQ(TextOf(id::kPower), "14.976471");
+}
+
+TEST_F(ZmcMainTest, AUsersRecordWithoutAForceLeavesTheFactorys) {
+  SetUserFile("<MaterialDefinition><descripcion>Steel</descripcion><KC></KC></MaterialDefinition>", "");
+  Open();
+  ComputeSteel();
+  EXPECT_EQ(TextOf(id::kPower), "29.952941");
 }
 
 TEST_F(ZmcMainTest, AMaterialWithoutAForceGivesNoPower) {
