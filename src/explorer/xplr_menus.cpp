@@ -44,7 +44,6 @@ void XplrMenus::LoadListMenu(bool folderSearch) {
 
 void XplrMenus::Destroy() {
   for (MenuHandle* menu : {&frame_, &list_}) {
-    if (*menu == 0) continue;
     UTIL7340_CleanMenu(Table(), *menu);
     Table().Destroy(std::exchange(*menu, 0));
   }

@@ -54,8 +54,11 @@ ZmcLoad LoadBoth(const CondicionesCorteParser& parser, const Text& factoryPath, 
 ZmcData::ZmcData(Files& files, Utilities& utilities) : files_(files), utilities_(utilities), parser_(files) {}
 
 FileStatus ZmcData::Open() {
-  factoryPath_ = Format(u"%s\\%s", utilities_.Get7340Path(path_id::kCuttingData), kFactoryFileName);
-  userPath_ = Format(u"%s\\%s", utilities_.Get7340Path(path_id::kUserCuttingData), kUserFileName);
+  // A frame that is shown again keeps its files: the lists and records in memory are theirs.
+  if (userPath_.empty()) {
+    factoryPath_ = Format(u"%s\\%s", utilities_.Get7340Path(path_id::kCuttingData), kFactoryFileName);
+    userPath_ = Format(u"%s\\%s", utilities_.Get7340Path(path_id::kUserCuttingData), kUserFileName);
+  }
   return EnsureUserFile(files_, userPath_);
 }
 

@@ -23,7 +23,7 @@ class ZmcData {
  public:
   ZmcData(Files& files, Utilities& utilities);
 
-  /// Forms the two paths and makes the user file if it doesn't exist. Returns kOk when it is there afterwards.
+  /// Forms the paths at the first call; makes the user file if there is none. Returns kOk when it is there afterwards.
   [[nodiscard]] FileStatus Open();
   [[nodiscard]] const Text& FactoryPath() const { return factoryPath_; }
   [[nodiscard]] const Text& UserPath() const { return userPath_; }

@@ -45,6 +45,14 @@ constexpr TextView kRevolution = u"/rev";
 
 Text Joined(TextView first, TextView second) { return Text(first).append(second); }
 
+/// What is being typed into a cell belongs to the pair on the screen. A text that the grid refuses is dropped.
+void EndCellEdit(const ZmcDesk& desk) {
+  const auto grid = [&desk]() -> ZmcGrid& { return desk.View().Grid(ZmcTab::kMain); };
+  if (grid().IsEditing()) grid().CommitEdit();
+  // Asked for anew: whoever hears of the commit may destroy the window.
+  if (grid().IsEditing()) grid().CancelEdit();
+}
+
 }  // namespace
 
 ZmcMain::ZmcMain(ZmcDesk& desk, std::function<bool()> shown)
@@ -155,12 +163,14 @@ void ZmcMain::OnShown() {
 
 void ZmcMain::ReloadMaterials() {
   if (!open_) return;
+  EndCellEdit(desk_);
   (void)FillMaterials();
   (void)LoadPair();
 }
 
 void ZmcMain::ReloadOperations() {
   if (!open_) return;
+  EndCellEdit(desk_);
   (void)FillOperations();
   (void)LoadPair();
   FillTools();
@@ -173,6 +183,7 @@ void ZmcMain::OnListSelected(int control) {
   const std::vector<Text> items = View().ListItems(control);
   if (selected < 0 || selected >= static_cast<int>(items.size())) return;
   const Text& name = items[static_cast<std::size_t>(selected)];
+  EndCellEdit(desk_);
   switch (control) {
     case id::kMaterial:
       desk_.settings.kept.LastMat = name;

@@ -114,7 +114,7 @@ void ZmcTable::OnCommitted(int row, int col) {
 void ZmcTable::NoteModified(int row, const Text& oldDescription) {
   const bool noted = std::any_of(ModifiedRows_.begin(), ModifiedRows_.end(),
                                  [row](const Modified& entry) { return entry.row == row; });
-  if (!noted) ModifiedRows_.push_back({row, oldDescription});
+  if (!noted) ModifiedRows_.push_back({row, oldDescription, oldDescription});
 }
 
 void ZmcTable::OnHeaderClicked(int col) {
@@ -207,7 +207,7 @@ void ZmcTable::DeleteRows() {
 bool ZmcTable::DeleteRow(int row) {
   const auto entry = std::find_if(ModifiedRows_.begin(), ModifiedRows_.end(),
                                   [row](const Modified& modified) { return modified.row == row; });
-  const Text description = entry != ModifiedRows_.end() ? entry->oldDescription : Grid().CellText(row, kDescription);
+  const Text description = entry != ModifiedRows_.end() ? entry->storedAs : Grid().CellText(row, kDescription);
   if (desk_.data.CanAccessUserFile() && !desk_.CheckStored(DeleteRecord(description))) return false;
   if (entry != ModifiedRows_.end()) ModifiedRows_.erase(entry);
   for (Modified& modified : ModifiedRows_) {
@@ -245,14 +245,45 @@ bool ZmcTable::CheckRows() {
 
 Text ZmcTable::DescriptionOf(int row) const { return Text(Trim(Grid().CellText(row, kDescription))); }
 
-CuttingError ZmcTable::SaveEntry(int row, const Text& oldDescription) {
-  const ZmcTableRow content = RowInGrid(row);
-  const CuttingError error = SaveRow(content, oldDescription);
+/// The first entry that can be saved, as the store finds a record by its description: a row that takes another one's
+/// description waits until that one has its new one. The end when rows pass theirs on in a circle.
+std::vector<ZmcTable::Modified>::iterator ZmcTable::NextToSave() {
+  return std::find_if(ModifiedRows_.begin(), ModifiedRows_.end(), [this](const Modified& entry) {
+    const Text description = DescriptionOf(entry.row);
+    return std::none_of(ModifiedRows_.begin(), ModifiedRows_.end(),
+                        [&](const Modified& other) { return other.row != entry.row && other.storedAs == description; });
+  });
+}
+
+CuttingError ZmcTable::SaveEntry(const Modified& entry) {
+  const ZmcTableRow content = RowInGrid(entry.row);
+  const CuttingError error = SaveRow(content, entry.oldDescription, entry.storedAs);
   if (error != CuttingError::kNone) return error;
   // The record has this description from now on, and is found by it when the row is changed again.
-  Grid().SetCellText(row, kDescription, content.cells[0]);
-  known_[static_cast<std::size_t>(row - 1)].cells[0] = content.cells[0];
+  Grid().SetCellText(entry.row, kDescription, content.cells[0]);
+  known_[static_cast<std::size_t>(entry.row - 1)].cells[0] = content.cells[0];
   return error;
+}
+
+/// Opens a circle: the entry's record gets a description that nobody has, until it can get its own.
+CuttingError ZmcTable::MakeWay(Modified& entry) {
+  ZmcTableRow content = RowInGrid(entry.row);
+  Text& free = content.cells[0];
+  const auto isTaken = [&] {
+    return std::any_of(known_.begin(), known_.end(), [&](const ZmcTableRow& row) { return row.cells[0] == free; }) ||
+           std::any_of(ModifiedRows_.begin(), ModifiedRows_.end(),
+                       [&](const Modified& other) { return other.storedAs == free; });
+  };
+  while (isTaken()) free += u'_';
+  const CuttingError error = SaveRow(content, entry.oldDescription, entry.storedAs);
+  if (error == CuttingError::kNone) entry.storedAs = free;
+  return error;
+}
+
+/// The rest waits. What is in the file is in the lists, in which the next save looks for the old records.
+void ZmcTable::OnPartlySaved() {
+  for (Modified& waiting : ModifiedRows_) waiting.oldDescription = waiting.storedAs;
+  reloadLists_();
 }
 
 bool ZmcTable::SaveTable(bool refill) {
@@ -263,12 +294,18 @@ bool ZmcTable::SaveTable(bool refill) {
     return false;
   }
   // An entry goes when its row is stored: what couldn't be stored can be tried again.
+  bool stored = false;
   while (!ModifiedRows_.empty()) {
     // Nothing is said of a file that has vanished, but what the operator typed isn't dropped for it.
     if (!desk_.data.CanAccessUserFile()) return true;
-    const Modified entry = ModifiedRows_.front();
-    if (!desk_.CheckStored(SaveEntry(entry.row, entry.oldDescription))) return false;
-    ModifiedRows_.erase(ModifiedRows_.begin());
+    const auto next = NextToSave();
+    const bool circle = next == ModifiedRows_.end();
+    if (!desk_.CheckStored(circle ? MakeWay(ModifiedRows_.front()) : SaveEntry(*next))) {
+      if (stored) OnPartlySaved();
+      return false;
+    }
+    stored = true;
+    if (!circle) ModifiedRows_.erase(next);
   }
   UpdateSoftKeys();
   reloadLists_();

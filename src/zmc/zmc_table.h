@@ -64,7 +64,10 @@ class ZmcTable {
  protected:
   /// The rows in the present order.
   [[nodiscard]] virtual std::vector<ZmcTableRow> Rows() const = 0;
-  [[nodiscard]] virtual CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription) = 0;
+  /// Writes the row over the record that the file has under storedAs, or adds it when storedAs is empty. The lists have
+  /// that record under oldDescription.
+  [[nodiscard]] virtual CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription,
+                                             const Text& storedAs) = 0;
   [[nodiscard]] virtual CuttingError DeleteRecord(const Text& description) = 0;
   virtual void SetHeader() = 0;
   virtual void SetKinds(int row) = 0;
@@ -80,6 +83,7 @@ class ZmcTable {
   struct Modified {
     int row;
     Text oldDescription;  // empty for a new row
+    Text storedAs;        // what the file has; the same, unless the row has made way for another one
   };
   void Fill();
   void ShowRow(int row, const ZmcTableRow& content);
@@ -89,7 +93,10 @@ class ZmcTable {
   [[nodiscard]] Text DescriptionOf(int row) const;
   [[nodiscard]] bool DeleteRow(int row);
   void NoteModified(int row, const Text& oldDescription);
-  [[nodiscard]] CuttingError SaveEntry(int row, const Text& oldDescription);
+  [[nodiscard]] std::vector<Modified>::iterator NextToSave();
+  [[nodiscard]] CuttingError SaveEntry(const Modified& entry);
+  [[nodiscard]] CuttingError MakeWay(Modified& entry);
+  void OnPartlySaved();
   void Step(bool forward);
   [[nodiscard]] bool EnableSoftKeys();
   void UpdateSoftKeys();

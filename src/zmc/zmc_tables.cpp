@@ -91,7 +91,7 @@ void ZmcMaterials::SetKinds(int row) {
   grid.SetCellKind(row, kMaterialsShape.hiddenColumn, ZmcCellKind::kCheck, {});
 }
 
-CuttingError ZmcMaterials::SaveRow(const ZmcTableRow& row, const Text& oldDescription) {
+CuttingError ZmcMaterials::SaveRow(const ZmcTableRow& row, const Text& oldDescription, const Text& storedAs) {
   const CuttingLists& lists = Desk().data.Lists();
   const CT_MaterialDefinition old = CondicionesCorteParser::GetMaterialByDescription(
       row.factory ? lists.MaterialesFabrica : lists.MaterialesUsuario, oldDescription);
@@ -102,7 +102,7 @@ CuttingError ZmcMaterials::SaveRow(const ZmcTableRow& row, const Text& oldDescri
   record.KC = LeafOf(row.cells[4]);
   record.Oculto = row.hidden;
   record.Date = Now();
-  return Desk().data.Store().UpdateMaterialDefinition(Desk().data.UserPath(), oldDescription, TextOf(old.id), record);
+  return Desk().data.Store().UpdateMaterialDefinition(Desk().data.UserPath(), storedAs, TextOf(old.id), record);
 }
 
 CuttingError ZmcMaterials::DeleteRecord(const Text& description) {
@@ -156,7 +156,7 @@ void ZmcOperations::SetKinds(int row) {
   grid.SetCellKind(row, kOperationsShape.hiddenColumn, ZmcCellKind::kCheck, {});
 }
 
-CuttingError ZmcOperations::SaveRow(const ZmcTableRow& row, const Text& oldDescription) {
+CuttingError ZmcOperations::SaveRow(const ZmcTableRow& row, const Text& oldDescription, const Text& storedAs) {
   const CuttingLists& lists = Desk().data.Lists();
   CT_Operacion old;
   // A new row has no old record, not even one without a description.
@@ -170,8 +170,7 @@ CuttingError ZmcOperations::SaveRow(const ZmcTableRow& row, const Text& oldDescr
   record.ToolType = LeafOf(row.cells[1]);
   record.Oculto = row.hidden;
   record.Date = Now();
-  return Desk().data.Store().UpdateOperationWithoutMaterials(Desk().data.UserPath(), oldDescription, TextOf(old.id),
-                                                             record);
+  return Desk().data.Store().UpdateOperationWithoutMaterials(Desk().data.UserPath(), storedAs, TextOf(old.id), record);
 }
 
 CuttingError ZmcOperations::DeleteRecord(const Text& description) {

@@ -13,7 +13,7 @@ class ZmcMaterials final : public ZmcTable {
 
  protected:
   [[nodiscard]] std::vector<ZmcTableRow> Rows() const override;
-  [[nodiscard]] CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription) override;
+  [[nodiscard]] CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription, const Text& storedAs) override;
   [[nodiscard]] CuttingError DeleteRecord(const Text& description) override;
   void SetHeader() override;
   void SetKinds(int row) override;
@@ -27,7 +27,7 @@ class ZmcOperations final : public ZmcTable {
 
  protected:
   [[nodiscard]] std::vector<ZmcTableRow> Rows() const override;
-  [[nodiscard]] CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription) override;
+  [[nodiscard]] CuttingError SaveRow(const ZmcTableRow& row, const Text& oldDescription, const Text& storedAs) override;
   [[nodiscard]] CuttingError DeleteRecord(const Text& description) override;
   void SetHeader() override;
   void SetKinds(int row) override;

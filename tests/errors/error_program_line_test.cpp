@@ -220,6 +220,10 @@ TEST_F(ErrorProgramLine, ACharacterOfTwoUnitsIsMarkedWhole) {
   EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 1)), ToUtf8(u"A<\U0001F600>B"));
   EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 2)), ToUtf8(u"A<\U0001F600>B"));
   EXPECT_EQ(ToUtf8(MarkLine(u"A\U0001F600B", 3)), ToUtf8(u"A\U0001F600<B>"));
+  // The first and the last of them, at both ends of what their units can be.
+  for (const char16_t* pair : {u"\U00010000", u"\U0010FFFF"}) {
+    EXPECT_EQ(ToUtf8(MarkLine(Text(u"A") + pair, 2)), ToUtf8(Text(u"A<") + pair + u">"));
+  }
 }
 
 // A piece of the line fills the buffer with no room left for its end.

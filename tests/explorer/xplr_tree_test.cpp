@@ -369,6 +369,15 @@ TEST_F(XplrTreeSteps, AFolderThatIsOpenedTwiceIsReadOnce) {
   EXPECT_THAT(Texts(Find({u"C:"})), ElementsAre("CNC"));
 }
 
+TEST_F(XplrTreeSteps, AFolderThatCannotBeAskedForLosesItsMark) {
+  Fill(u"C:");
+  ground_.worker.RunAll();
+  ASSERT_TRUE(tree_.Nodes().At(Find({u"C:"})).hasChildren);
+  ground_.worker.refuses = true;
+  tree_.OnNodeOpening(Find({u"C:"}));
+  EXPECT_FALSE(tree_.Nodes().At(Find({u"C:"})).hasChildren) << "and nobody waits for its folders";
+}
+
 TEST_F(XplrTreeSteps, AWalkEndsWhereTheOperatorHasGoneMeanwhile) {
   ground_.places.types['D'] = 3;
   ground_.places.disc->AddFolder(u"D:\\X");

@@ -80,6 +80,30 @@ TEST_F(ZmcFailuresTest, ARemarkThatCannotBeStoredStaysOnTheScreen) {
   EXPECT_THAT(messages, ElementsAre(kNotSaved));
 }
 
+TEST_F(ZmcFailuresTest, WhatNoFileCanContainIsNamedAndStaysOnTheScreen) {
+  const Text control = u"a\u0001b";
+  OpenSteel();
+  const std::string before = UserFile();
+  Focus(id::kRemark);
+  Key(ZmcKey::kEnter);
+  view->controls.at(id::kRemark).text = control;
+  Key(ZmcKey::kEnter);
+  EXPECT_EQ(TextOf(id::kRemark), ToUtf8(control));
+  EXPECT_THAT(messages, ElementsAre(kNotSaved));
+  EXPECT_TRUE(Cell(1, 3, u"1e999"));
+  EXPECT_EQ(CellOf(1, 3), "1e999");
+  EXPECT_THAT(messages, ElementsAre(kNotSaved, kNotSaved));
+  EXPECT_EQ(UserFile(), before);
+  Menu(32819);
+  messages.clear();
+  EXPECT_TRUE(view->materials.Type(1, 1, control));
+  Menu(32783);
+  EXPECT_EQ(view->materials.Column(1).front(), ToUtf8(control));
+  EXPECT_THAT(messages, ElementsAre(kNotSaved));
+  EXPECT_TRUE(Item(32783)->enabled) << "the row can be changed and saved again";
+  EXPECT_EQ(UserFile(), before);
+}
+
 TEST_F(ZmcFailuresTest, WithoutTheUserFileAPairShowsNothingAndNoQuality) {
   OpenSteel();
   files.disc.erase(kUserPath);

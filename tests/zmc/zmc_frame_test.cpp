@@ -334,6 +334,17 @@ TEST_F(ZmcFrameTest, TheBlockCanBeCopiedFromATableTooAsTheMainTabIsThere) {
   EXPECT_THAT(ToUtf8(windows.clipboard), HasSubstr("T7"));
 }
 
+TEST_F(ZmcFrameTest, WithoutAMainTabThereIsNoBlock) {
+  view = std::make_unique<FakeZmcView>(log, windows);
+  tool = std::make_shared<ZmcSession>(context, *view);
+  windows.clipboard = u"before";
+  Forget();
+  Menu(zmc_command::kInsert);
+  Menu(zmc_command::kCopy);
+  EXPECT_THAT(All(), IsEmpty());
+  EXPECT_EQ(windows.clipboard, u"before");
+}
+
 TEST_F(ZmcFrameTest, TheStandardCalculatorOpensAfterThisToolHasClosed) {
   Open();
   Forget();
@@ -440,6 +451,21 @@ TEST_F(ZmcFrameTest, ShownAgainItOpensOnItsMainTabWithWhatWasChosen) {
   Forget();
   Call(&ZmcSession::OnShownAgain);
   EXPECT_THAT(All(), IsEmpty()) << "it is open";
+}
+
+TEST_F(ZmcFrameTest, ShownAgainItKeepsTheFilesThatItBeganWith) {
+  // The paths were formed anew: the lists were those of one file, and a cell was stored in another one.
+  Open();
+  Pick(id::kMaterial, u"Steel");
+  Pick(id::kOperation, u"Milling");
+  Command(PNL_COMMAND_CLOSE_TOOL);
+  cnc.Storage().SetPath(24, u"C:\\ELSEWHERE");
+  cnc.Storage().SetPath(118, u"C:\\ELSEWHERE");
+  Call(&ZmcSession::OnShownAgain);
+  EXPECT_TRUE(Cell(1, 3, u"120"));
+  EXPECT_THAT(UserFile(), HasSubstr("1200000000"));
+  EXPECT_EQ(files.disc.count("C:\\ELSEWHERE\\CondicionesCorteP.xml"), 0u);
+  EXPECT_EQ(CellOf(1, 1), "80.0000000");
 }
 
 TEST_F(ZmcFrameTest, ShownAgainWithoutAPlaceForTheUserFileItClosesAgain) {

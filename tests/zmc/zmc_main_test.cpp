@@ -379,7 +379,49 @@ TEST_F(ZmcMainTest, AnEditOfAFactoryPairGoesIntoTheUsersFileAlone) {
   EXPECT_EQ(CellOf(1, 3), "120.0000000");
 }
 
+TEST_F(ZmcMainTest, ACellThatIsBeingTypedIsStoredForThePairItWasTypedFor) {
+  // What was typed stayed on the screen of the next pair, was computed with there, and was stored for none.
+  Open();
+  ComputeSteel();
+  view->main.BeginEdit({1, 3});
+  view->main.TypeHere(u"60");
+  Pick(id::kMaterial, u"Brass");
+  EXPECT_FALSE(view->main.editing);
+  EXPECT_EQ(CellOf(1, 3), "");
+  EXPECT_EQ(TextOf(id::kS), "");
+  Pick(id::kMaterial, u"Steel");
+  EXPECT_EQ(CellOf(1, 3), "60.0000000");
+  EXPECT_EQ(TextOf(id::kS), "1909");
+}
+
+TEST_F(ZmcMainTest, ACellThatIsBeingTypedIsStoredBeforeTheListsAreReadAnew) {
+  for (const bool materials : {true, false}) {
+    SetUserFile(kOwnMaterial, "<Operacion><descripcion>Mine</descripcion></Operacion>");
+    Open();
+    ComputeSteel();
+    view->main.BeginEdit({1, 3});
+    view->main.TypeHere(u"60");
+    Menu(materials ? zmc_command::kMaterialsTab : zmc_command::kOperationsTab);
+    EXPECT_TRUE((materials ? view->materials : view->operations).Type(1, 1, u"Renamed"));
+    Menu(materials ? zmc_command::kSaveMaterials : zmc_command::kSaveOperations);
+    EXPECT_EQ(CellOf(1, 3), "60.0000000");
+    DestroyTool();
+  }
+}
+
 // What follows from an edit.
+
+TEST_F(ZmcMainTest, ACellIsStoredBeforeAnythingIsComputedWithIt) {
+  Open();
+  ComputeSteel();
+  files.disc[kUserPath] = "<Condi";
+  std::string speed;
+  windows.onBox = [&] { speed = TextOf(id::kS); };
+  EXPECT_TRUE(Cell(1, 3, u"60"));
+  EXPECT_EQ(speed, "3819");
+  EXPECT_EQ(TextOf(id::kS), "1909");
+  windows.onBox = nullptr;
+}
 
 TEST_F(ZmcMainTest, WhatAnEditRecomputes) {
   struct Row {
@@ -461,6 +503,13 @@ TEST_F(ZmcMainTest, TheForceOfTheUsersRecordGoesBeforeTheFactorys) {
   Open();
   ComputeSteel();
   EXPECT_EQ(TextOf(id::kPower), "14.976471");
+}
+
+TEST_F(ZmcMainTest, AUsersRecordWithoutAForceLeavesTheFactorys) {
+  SetUserFile("<MaterialDefinition><descripcion>Steel</descripcion><KC></KC></MaterialDefinition>", "");
+  Open();
+  ComputeSteel();
+  EXPECT_EQ(TextOf(id::kPower), "29.952941");
 }
 
 TEST_F(ZmcMainTest, AMaterialWithoutAForceGivesNoPower) {

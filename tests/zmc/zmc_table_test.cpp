@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The two tables: what they list, what may be edited, and how rows are added, changed, checked, deleted and ordered.
+#include <map>
+
 #include "zmc/zmc_stage.h"
 
 namespace pnl::test {
@@ -239,6 +241,52 @@ TEST_P(ZmcTableTest, ARenamedRecordIsWrittenOverTheOldOne) {
   EXPECT_THAT(UserFile(), HasSubstr(">New<"));
 }
 
+// A row that took another one's description overwrote that one's record.
+TEST_P(ZmcTableTest, RowsThatPassTheirDescriptionsOnKeepTheirOwnRecords) {
+  const bool materials = Table().tab == ZmcTab::kMaterials;
+  const auto record = [materials](const char* description, int number) {
+    const std::string n = std::to_string(number);
+    const std::string head = std::string("<descripcion>") + description + "</descripcion><Date>202" + n + "</Date>";
+    return materials ? "<MaterialDefinition><id>##</id>" + head + "<KC>" + n + "</KC></MaterialDefinition>"
+                     : "<Operacion>" + head + "<ToolType>" + n +
+                           "</ToolType><Materiales><Parametros><Material>Steel</Material><VelocidadCorte><Selected>" +
+                           n + "</Selected></VelocidadCorte></Parametros></Materiales></Operacion>";
+  };
+  struct Row {
+    const char* name;
+    std::vector<const char16_t*> typed;  // from the first row on, which is record 3
+    std::vector<std::string> saved;      // the descriptions of records 3, 2 and 1
+  };
+  const Row kRows[] = {{"downwards", {u"B", u"C", u"D"}, {"B", "C", "D"}},
+                       {"upwards", {u"D", u"A", u"B"}, {"D", "A", "B"}},
+                       {"two change places", {u"B", u"A"}, {"B", "A", "C"}},
+                       {"in a circle", {u"B", u" C ", u"A"}, {"B", "C", "A"}},
+                       {"a free name is taken meanwhile", {u"B", u"A", u"B_"}, {"B", "A", "B_"}}};
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const std::string records = record("A", 3) + record("B", 2) + record("C", 1);
+    SetUserFile(materials ? records : "", materials ? "" : records);
+    Reopen();
+    for (std::size_t at = 0; at < row.typed.size(); ++at) Grid().Type(static_cast<int>(at) + 1, 1, row.typed[at]);
+    Save();
+    EXPECT_THAT(TakeBoxes(), IsEmpty());
+    std::map<std::string, std::string> found;
+    for (int line = 1; line < Grid().Rows(); ++line) {
+      if (Grid().CellText(line, Table().columns) != u"C") continue;
+      found[ToUtf8(Grid().CellText(line, materials ? 5 : 2))] += ToUtf8(Grid().CellText(line, 1));
+    }
+    EXPECT_EQ(found,
+              (std::map<std::string, std::string>{{"3", row.saved[0]}, {"2", row.saved[1]}, {"1", row.saved[2]}}));
+    CondicionesCorteParser parser(files);
+    for (std::size_t at = 0; at < 3 && !materials; ++at) {
+      const auto block = parser.GetCondicionesCorte(FromUtf8(kUserPath), u"Steel", FromUtf8(row.saved[at]));
+      ASSERT_TRUE(block.Ok() && block.Value());
+      EXPECT_EQ(block.Value()->VelocidadCorte.Selected, FromUtf8(std::to_string(3 - at))) << "its own pairs";
+    }
+    DestroyTool();
+  }
+}
+
 TEST_P(ZmcTableTest, ARowThatIsRenamedAgainAfterTheTabWasLeftIsStillTheSameRecord) {
   OpenTable();
   Grid().Type(2, 1, u" Once ");
@@ -251,6 +299,48 @@ TEST_P(ZmcTableTest, ARowThatIsRenamedAgainAfterTheTabWasLeftIsStillTheSameRecor
   EXPECT_THAT(UserFile(), HasSubstr(">Twice<"));
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Once<")));
   EXPECT_THAT(UserFile(), Not(HasSubstr(">Old<")));
+}
+
+// The main tab still had the old name, and a row that was changed again lost its id.
+TEST_P(ZmcTableTest, WhatWasSavedBeforeAFailureIsInTheListsAtOnce) {
+  const bool materials = Table().tab == ZmcTab::kMaterials;
+  SetUserFile(materials ? kUserMaterials : "",
+              materials ? ""
+                        : "<Operacion><id>7</id><descripcion>New</descripcion><Date>2021</Date></Operacion>"
+                          "<Operacion><descripcion>Old</descripcion><Date>2020</Date></Operacion>");
+  Reopen();
+  Grid().Type(1, 1, u"Stored");
+  Grid().Type(2, 1, u"No file has \x01");
+  Save();
+  EXPECT_TRUE(CanSave());
+  EXPECT_THAT(UserFile(), HasSubstr(">Stored<"));
+  EXPECT_THAT(Items(materials ? id::kMaterial : id::kOperation), ElementsAre("Stored", "Old", testing::_, testing::_));
+  Grid().Type(1, 1, u"Stored again");
+  Grid().Type(2, 1, u"Renamed");
+  Save();
+  EXPECT_FALSE(CanSave());
+  EXPECT_THAT(UserFile(), HasSubstr(">Stored again<"));
+  EXPECT_THAT(UserFile(), HasSubstr(">Renamed<"));
+  EXPECT_THAT(UserFile(), Not(HasSubstr(">Stored<")));
+  EXPECT_EQ(UserFile().find("<id>7</id>") != std::string::npos, !materials);
+}
+
+// Its columns can be typed in until then; that it is a row of the factory is in its last column.
+TEST_P(ZmcTableTest, ARowOfTheFactoryThatPassedTheCheckIsNormalUntilTheRowsAreFilledAgain) {
+  OpenTable();
+  Grid().Check(3, Table().hidden, true);
+  Grid().Type(1, 1, u"");
+  Save();
+  EXPECT_EQ(Grid().rows[3].state, 1);
+  MoveTo(Table().tab, 3, 1);
+  EXPECT_FALSE(CanDelete());
+  Grid().Type(1, 1, u"Right");
+  Save();
+  EXPECT_THAT(TakeBoxes(), ElementsAre("T270"));
+  for (int row = 1; row < Grid().Rows(); ++row) {
+    EXPECT_EQ(Grid().rows[static_cast<std::size_t>(row)].state,
+              Origins()[static_cast<std::size_t>(row - 1)] == "O" ? 0 : 1);
+  }
 }
 
 // Deleting.

@@ -218,6 +218,18 @@ TEST_F(ZWCListCtrlTest, SubItemsShowTheirImagesWhenAsked) {
   EXPECT_EQ(Count(image, kIcon, QRect(200, 0, 100, list.RowHeight())), 0) << "a cell without an image";
 }
 
+TEST_F(ZWCListCtrlTest, ASubItemsTextHasTheRoomThatItsImageLeaves) {
+  Fill(1);
+  GiveIcons();
+  list.Rows().SetRows({ReportRow{{{"", -1}, {"", -1}, {"text", 1}}, -1, -1, 0}});
+  const auto centre = [this](bool images) {
+    list.SetSubItemImages(images);
+    return Ink(Draw(), kBack, QRect(220, 0, 80, list.RowHeight())).center().x();
+  };
+  EXPECT_NEAR(centre(false), 250, 2);
+  EXPECT_GE(centre(true), 250 + 16 / 2) << "it is centred beside the image";
+}
+
 TEST_F(ZWCListCtrlTest, AFirstColumnTextThatDoesNotFitEndsInAnEllipsis) {
   list.Rows().SetRows({ReportRow{{{"a name that is much too long for its column", -1}}, -1, -1, 0}});
   const QImage image = Draw();

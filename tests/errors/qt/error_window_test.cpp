@@ -271,6 +271,14 @@ TEST_F(ErrorStage, HelpGoesToTheHostAndComesBack) {
   EXPECT_TRUE(tool->isVisible());
 }
 
+TEST_F(ErrorStage, TheHelpKeyIsAnsweredByWhetherThereIsHelp) {
+  cnc.ErrorText("error_to_txt", 1000, u"|fault", u"C:\\H.TXT#1", false);
+  Open();
+  EXPECT_EQ(WindowStage::Send(PNL_MSG_HELP_KEY, 0), 0) << "no error";
+  Push(RecordBuilder());
+  EXPECT_EQ(WindowStage::Send(PNL_MSG_HELP_KEY, 0), 1);
+}
+
 TEST_F(ErrorStage, TheKernelsTextIsNeverReadAsRichText) {
   cnc.ErrorText("error_to_txt", 1000, u"|<h1>big</h1><img src='http://x/'>", u"", false);
   Open();

@@ -460,6 +460,20 @@ TEST_F(ZmcCascadeTest, AllFourAreRecomputedInOrder) {
   EXPECT_EQ(DmcText(), "#DMC ON [PWRSP = 29.952941, FZMIN = 0.0200000]");
 }
 
+TEST_F(ZmcCascadeTest, LimitsClampNothing) {
+  for (const auto& [least, most] : {std::pair(u"0.0000001", u"0.0000002"), std::pair(u"8888", u"9999")}) {
+    for (std::size_t row = 0; row < 4; ++row) {
+      fields_.Cells[3 * row] = least;
+      fields_.Cells[3 * row + 1] = most;
+    }
+    cascade_.RecalcConditions(fields_);
+    EXPECT_EQ(S(), "3819");
+    EXPECT_EQ(F(), "763.800000");
+    EXPECT_EQ(Power(), "29.952941");
+  }
+  EXPECT_EQ(DmcText(), "#DMC ON [PWRSP = 29.952941, FZMIN = 8888, FZMAX = 9999]");
+}
+
 TEST_F(ZmcCascadeTest, NumbersOfAnyKindInAnyFieldGiveADefinedResult) {
   const TextView odd[] = {u"1e999", u"-1e999", u"nan",    u"inf",    u"0x10",
                           u"1e308", u"-1e308", u"1e-320", u"\uFFFD", u"."};

@@ -127,6 +127,10 @@ TEST_F(MsgDisplayTest, GrowsWithItsTextAndKeepsItsButtonsOnThePanel) {
   EXPECT_EQ(box->width(), 398);
   EXPECT_EQ(shortBox, 198);
   EXPECT_EQ(Bar()->maximum(), 0);
+  const QPoint middle = area->mapToGlobal(area->rect().center());
+  EXPECT_LE((box->geometry().center() - middle).manhattanLength(), 2) << "over the middle";
+  Show("a list\nof lines");
+  EXPECT_EQ(box->width(), 620);
   Show(QString("a text of many words ").repeated(20));
   EXPECT_GT(box->height(), shortBox + 100);
   EXPECT_EQ(Bar()->maximum(), 0) << "no need to scroll";
@@ -181,6 +185,24 @@ TEST_F(MsgDisplayTest, ShowsMarkupAndAmpersandsAsTheyAre) {
   const QImage plain = Paint(*Part(kText));
   Show("Delete A  B  C?", BoxStyle::kQuestion);
   EXPECT_NE(Ink(plain, ColorAt(plain, 0, 0)), Ink(Paint(*Part(kText)), ColorAt(plain, 0, 0)));
+}
+
+TEST_F(MsgDisplayTest, TheIconTellsAQuestionFromANotice) {
+  const auto look = [this](BoxStyle style) {
+    Show("text", style);
+    return Paint(*Part(3070));
+  };
+  /// How wide the sign on the disc is.
+  const auto width = [](const QImage& icon, Color ink) {
+    int columns = 0;
+    for (int x = 0; x < icon.width(); ++x) columns += Count(icon, ink, QRect(x, 0, 1, icon.height())) != 0 ? 1 : 0;
+    return columns;
+  };
+  const QImage question = look(BoxStyle::kQuestion);
+  const QImage notice = look(BoxStyle::kInfo);
+  EXPECT_GT(Count(question, zmc_look::kBoxEdge), 400);
+  EXPECT_GT(Count(notice, zmc_look::kBoxInfo), 400);
+  EXPECT_GT(width(question, zmc_look::kBoxDark), 2 * width(notice, zmc_look::kBoxText)) << "a question mark and an i";
 }
 
 TEST_F(MsgDisplayTest, HasThePanelsDarkLook) {

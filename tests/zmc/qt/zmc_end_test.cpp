@@ -211,6 +211,7 @@ TEST_F(ZmcEndTest, ARealBoxIsAnsweredAndTheTableKeepsOrDropsItsRows) {
   ChangeARow(kMat);
   WhenBoxOpens([](CDlgMsgDisplay& box) { box.accept(); });
   Menu(zmc_command::kMainTab);
+  EXPECT_EQ(QApplication::activeWindow(), &panel) << "the keys are the panel's again";
   EXPECT_TRUE(Page(ZmcTab::kMain)->isVisible());
   EXPECT_THAT(OnDisc("C:\\P118\\CondicionesCorteP.xml"), testing::HasSubstr("<Oculto>true</Oculto>"));
   Menu(zmc_command::kMaterialsTab);
@@ -296,6 +297,16 @@ TEST_F(ZmcEndTest, CommandSixGoesWithoutAWordAlsoWithAListOpen) {
   EXPECT_TRUE(tool.isNull());
   EXPECT_TRUE(TakeHostCalls().empty());
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(ZmcEndTest, AQuestionThatGoesWithoutAnAnswerIsANo) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  ChangeARow(kMat);
+  WhenBoxOpens([](CDlgMsgDisplay& box) { box.deleteLater(); });
+  Menu(zmc_command::kMainTab);
+  EXPECT_TRUE(Page(ZmcTab::kMain)->isVisible());
+  EXPECT_THAT(OnDisc("C:\\P118\\CondicionesCorteP.xml"), testing::Not(testing::HasSubstr("Oculto")));
 }
 
 // The hook of the grid is taken away while it runs.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What each key does in each kind of control of the main tab, with the real control having the focus.
+#include <QtGui/QClipboard>
 #include <QtGui/QShortcut>
 
 #include "zmc_window_stage.h"
@@ -264,6 +265,18 @@ TEST_F(ZmcKeysWindowTest, TabInADataFieldCommitsWhatWasTyped) {
   EXPECT_EQ(MainText(id::kS), "4000");
 }
 
+TEST_F(ZmcKeysWindowTest, WhatIsBeingTypedInAFieldDoesNotCountBeforeItIsCommitted) {
+  Open();
+  Touch(Main(id::kSCheck));
+  Focus(id::kS);
+  Write("4000");
+  Key(Qt::Key_Return);
+  Focus(id::kS);
+  Write("12");
+  Menu(zmc_command::kCopy);
+  EXPECT_THAT(QApplication::clipboard()->text().toStdString(), testing::StartsWith("G97 S4000 "));
+}
+
 // Lists.
 
 TEST_F(ZmcKeysWindowTest, AnArrowInAClosedListMovesTheFocusAndInAnOpenOneTheMark) {
@@ -372,6 +385,27 @@ TEST_F(ZmcKeysWindowTest, AMouseOnAnotherControlAlsoBringsTheLastToolBack) {
   Write("4");
   Focus(id::kFCheck);
   EXPECT_EQ(MainText(id::kTool), "T3");
+}
+
+TEST_F(ZmcKeysWindowTest, AToolThatIsBeingTypedIsNotCompleted) {
+  Open();
+  Focus(id::kTool);
+  Box(id::kTool)->lineEdit()->selectAll();
+  Write("T");
+  EXPECT_EQ(MainText(id::kTool), "T");
+}
+
+TEST_F(ZmcKeysWindowTest, AMenuOrAnotherWindowLeavesATypedToolAsItIs) {
+  Open();
+  Focus(id::kTool);
+  Box(id::kTool)->lineEdit()->selectAll();
+  Write("4");
+  for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+    QFocusEvent out(QEvent::FocusOut, reason);
+    QApplication::sendEvent(Box(id::kTool), &out);
+    Settle();
+    EXPECT_EQ(MainText(id::kTool), "4");
+  }
 }
 
 TEST_F(ZmcKeysWindowTest, TheCaretMovesInAToolThatIsBeingTyped) {

@@ -320,6 +320,36 @@ TEST_F(ZmcWindowTest, ANewRowIsTypedWithTheKeyboardAlone) {
   EXPECT_THAT(OnDisc("C:\\P118\\CondicionesCorteP.xml"), testing::HasSubstr("<descripcion>Own</descripcion>"));
 }
 
+TEST_F(ZmcWindowTest, WhatNoFileCanHoldIsRefusedAtTheCell) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kAddMaterial);
+  auto* line = Grid(kMat)->viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(line, nullptr);
+  Write("a");
+  for (const QChar bad : {QChar(1), QChar(0xFFFE), QChar(0xD800)}) {
+    line->insert("x" + QString(bad));
+    EXPECT_EQ(line->text(), "a") << static_cast<int>(bad.unicode());
+  }
+  line->insert("<&>\"");
+  EXPECT_EQ(line->text(), "a<&>\"");
+}
+
+TEST_F(ZmcWindowTest, TheSoftKeyOfDeletingFollowsTheRow) {
+  Disc("C:\\P118\\CondicionesCorteP.xml",
+       "<CondicionesCorte><MaterialesDefinition><MaterialDefinition><descripcion>Own</descripcion>"
+       "</MaterialDefinition></MaterialesDefinition><Operaciones/></CondicionesCorte>");
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  TakeHostCalls();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(TakeHostCalls(), (Log{"HostUpdateSideMenu(4)"})) << "from an own row to one of the factory";
+  Key(Qt::Key_Down);
+  EXPECT_TRUE(TakeHostCalls().empty());
+  TouchCell(1, 1, kMat);
+  EXPECT_EQ(TakeHostCalls(), (Log{"HostUpdateSideMenu(4)"}));
+}
+
 TEST_F(ZmcWindowTest, ARefusedRowIsMarked) {
   Open();
   Menu(zmc_command::kMaterialsTab);
