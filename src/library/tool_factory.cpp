@@ -9,6 +9,7 @@
 #include "errors/qt/error_window.h"
 #include "explorer/qt/xplr_window.h"
 #include "mdi/qt/mdi_window.h"
+#include "plc/qt/plc_window.h"
 #include "window/qt/window_registry.h"
 #include "zmc/qt/zmc_window.h"
 
@@ -34,7 +35,7 @@ struct ToolRow {
 constexpr ToolRow kTools[] = {
     {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>}, {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
     {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
-    {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
+    {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},       {PNL_TOOL_PLC_MESSAGES, false, &Make<ZCPLCMsgView>},
 };
 
 }  // namespace
