@@ -42,7 +42,7 @@ class ManualExtractor {
 class ProgramExtractor final : public ManualExtractor {
  public:
   /// Longer than pnl-chm gives itself, so that it ends by itself in nearly all cases.
-  static constexpr std::chrono::milliseconds kLimit{30'000};
+  static constexpr std::chrono::milliseconds kLimit{60'000};
 
   explicit ProgramExtractor(std::string program, std::chrono::milliseconds limit = kLimit)
       : program_(std::move(program)), limit_(limit) {}

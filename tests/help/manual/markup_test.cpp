@@ -96,11 +96,11 @@ TEST(Markup, TheFirstAttributeOfANameCounts) {
   EXPECT_FALSE(piece->Attribute(u"SRC").has_value());
 }
 
-/// Each of these takes minutes if the time grows with the square of the length.
-TEST(Markup, AMillionBrokenPiecesTakeNoLongerThanTheirLength) {
+/// Each of these takes very long if the time grows with the square of the length.
+TEST(Markup, AHundredThousandBrokenPiecesTakeNoLongerThanTheirLength) {
   for (const char16_t* piece : {u"<", u"<a ", u"<!--", u"<a href='", u"</", u"&", u"&#", u"<script>", u"<a b=\"<"}) {
     Text markup;
-    for (int i = 0; i < 1'000'000; ++i) markup += piece;
+    for (int i = 0; i < 100'000; ++i) markup += piece;
     MarkupReader reader(markup);
     std::size_t length = 0;
     while (const auto read = reader.Next()) length += ReplaceReferences(read->text).size();

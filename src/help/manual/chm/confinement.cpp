@@ -19,22 +19,6 @@
 
 #include "base/descriptor.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define PNL_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define PNL_ADDRESS_SANITIZER 1
-#endif
-#endif
-
-#if defined(PNL_ADDRESS_SANITIZER)
-// The sanitizer takes terabytes of address space for itself, so a limit on that can't be set; its own limits serve.
-extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options() {
-  return "max_allocation_size_mb=400:allocator_may_return_null=1:detect_leaks=0";
-}
-#endif
-
 namespace pnl::chm {
 namespace {
 
@@ -116,9 +100,8 @@ bool Limit(__rlimit_resource resource, rlim_t most) {
 }
 
 bool SetLimits(const Confinement& confinement) {
-#if !defined(PNL_ADDRESS_SANITIZER)
-  if (!Limit(RLIMIT_AS, confinement.memory)) return false;
-#endif
+  // The address sanitizer takes terabytes of address space for itself; its own limits serve.
+  if (!kHasAddressSanitizer && !Limit(RLIMIT_AS, confinement.memory)) return false;
   return Limit(RLIMIT_FSIZE, confinement.fileBytes) && Limit(RLIMIT_CPU, confinement.processorSeconds) &&
          Limit(RLIMIT_NOFILE, kOpenFiles) && Limit(RLIMIT_CORE, 0);
 }

@@ -9,6 +9,15 @@
 
 namespace pnl::chm {
 
+/// True in a build for finding faults, in which memory has no limit here.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool kHasAddressSanitizer = true;
+#elif defined(__has_feature)
+inline constexpr bool kHasAddressSanitizer = __has_feature(address_sanitizer);
+#else
+inline constexpr bool kHasAddressSanitizer = false;
+#endif
+
 struct Confinement {
   std::string manual;           // the one file that may be read
   std::string folder;           // the one folder in and below which files may be made

@@ -14,14 +14,14 @@ namespace pnl::chm {
 inline constexpr std::uint64_t kMostObjectBytes = Manual::kMostBytes;
 inline constexpr std::uint64_t kMostObjects = ManualListing::kMostObjects;
 inline constexpr std::uint64_t kMostBytes = 400'000'000;  // of all objects
-inline constexpr std::size_t kMostListed = 100'000;
+inline constexpr std::size_t kMostListed = 50'000;
 inline constexpr std::uint64_t kMemory = 512'000'000;
-inline constexpr unsigned kProcessorSeconds = 15;
+inline constexpr unsigned kProcessorSeconds = 30;
 
 /// Of the whole run; the panel waits a little longer (ProgramExtractor::kLimit).
-inline constexpr std::chrono::seconds kWholeTime{20};
+inline constexpr std::chrono::seconds kWholeTime{40};
 /// Without a report. A reader that is silent for longer hangs.
-inline constexpr std::chrono::seconds kSilence{6};
+inline constexpr std::chrono::seconds kSilence{10};
 /// So often a crashed reader is followed by another one.
 inline constexpr int kMostCrashes = 20;
 

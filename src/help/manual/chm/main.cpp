@@ -6,6 +6,12 @@
 #include "help/manual/chm/unpack.h"
 #include "help/manual/manual_extractor.h"
 
+// The limits of the address sanitizer, which takes the place of the system's limit of memory. Nobody else calls it.
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() {
+  return "max_allocation_size_mb=400:allocator_may_return_null=1:detect_leaks=0";
+}
+
 int main(int count, char** words) {
   if (count != 3) {
     std::fputs("pnl-chm MANUAL FOLDER unpacks a compiled manual into a new folder and prints what it found.\n", stderr);

@@ -24,7 +24,6 @@ class ObjectQueue {
   [[nodiscard]] bool IsEmpty() const { return next_ == objects_.size(); }
   /// Takes the next object. There must be one.
   std::string Take() { return objects_[next_++]; }
-  [[nodiscard]] bool IsFull() const { return objects_.size() >= kMost; }
 
  private:
   /// Far more than are unpacked: links often lead nowhere.

@@ -88,9 +88,8 @@ class Reader {
       const std::string name = unit.path;
       if (!FileNameOfObject(name)) {
         Send(Report::kRefused);
-      } else {
+      } else if (units_.try_emplace(ToUpper(DecodeFile(name)), unit).second) {
         Queue(name);
-        units_.try_emplace(ToUpper(DecodeFile(name)), unit);
       }
     }
     if (listed.size() >= kMostListed) Send(Report::kTooLarge);
