@@ -52,6 +52,7 @@ class PageSource {
   [[nodiscard]] PageAddress Resolve(TextView page, TextView reference);
   /// The bytes of a page or picture. page must be a resolved page; another text is refused as in a reference.
   [[nodiscard]] PageBytes Read(TextView page);
+  /// How many references and reads were refused for that reason. kNone counts those that weren't.
   [[nodiscard]] std::size_t Refused(PageRefusal reason) const { return refused_[static_cast<std::size_t>(reason)]; }
 
  protected:
