@@ -38,9 +38,8 @@ std::vector<HelpRow> IndexRows(const std::vector<ManualWord>& index) {
 
 int ContentsRowOf(const std::vector<HelpRow>& contents, TextView page, TextView anchor) {
   if (page.empty()) return -1;
-  const int exact = FirstRow(contents, [&](const HelpRow& row) {
-    return row.place.anchor == anchor && EqualNoCase(row.place.page, page);
-  });
+  const int exact = FirstRow(
+      contents, [&](const HelpRow& row) { return row.place.anchor == anchor && EqualNoCase(row.place.page, page); });
   return exact >= 0 ? exact : FirstRow(contents, [&](const HelpRow& row) { return EqualNoCase(row.place.page, page); });
 }
 
@@ -68,8 +67,9 @@ int ResultOrder::Compare(std::intptr_t first, std::intptr_t second) const {
 void SortResults(std::vector<ResultRow>& rows) {
   const std::vector<ResultRow> before = rows;
   const ResultOrder order(before);
-  MergeSort(rows,
-            [&order](const ResultRow& left, const ResultRow& right) { return order.Compare(left.data, right.data) < 0; });
+  MergeSort(rows, [&order](const ResultRow& left, const ResultRow& right) {
+    return order.Compare(left.data, right.data) < 0;
+  });
 }
 
 }  // namespace pnl

@@ -45,8 +45,8 @@ class ResultOrder {
   static constexpr std::size_t kComparedCharacters = 100;
 
   explicit ResultOrder(const std::vector<ResultRow>& rows);
-  /// Compares two rows by their data: less than 0 when the first comes before. Equal titles give 1 when the first row is
-  /// further down, else 0. A row that isn't found gives -1, so the order isn't a strict one.
+  /// Compares two rows by their data: less than 0 when the first comes before. Equal titles give 1 when the first row
+  /// is further down, else 0. A row that isn't found gives -1, so the order isn't a strict one.
   [[nodiscard]] int Compare(std::intptr_t first, std::intptr_t second) const;
 
  private:

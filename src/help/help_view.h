@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the help viewer's logic asks of its window: three panes with lists at the left, a page at the right, a line to
 // find a text in the page, a note above the page, and the static 1000 in place of all that. ZCHelpHTML implements it on
-// Qt, and a recording view in the tests. Of these calls only SendKey and those that show a page (or refuse it) come back
-// as events.
+// Qt, and a recording view in the tests. Of these calls only SendKey and those that show a page (or refuse it) come
+// back as events.
 #pragma once
 
 #include <memory>
@@ -18,8 +18,8 @@ enum class HelpPane { kContents, kIndex, kSearch };
 
 /// The control with the focus. kNone: none of the viewer's.
 enum class HelpPart { kNone, kPage, kContents, kIndexLine, kIndexList, kSearchLine, kResults, kFindLine };
-inline constexpr HelpPart kHelpParts[] = {HelpPart::kNone,      HelpPart::kPage,       HelpPart::kContents,
-                                          HelpPart::kIndexLine, HelpPart::kIndexList,  HelpPart::kSearchLine,
+inline constexpr HelpPart kHelpParts[] = {HelpPart::kNone,      HelpPart::kPage,      HelpPart::kContents,
+                                          HelpPart::kIndexLine, HelpPart::kIndexList, HelpPart::kSearchLine,
                                           HelpPart::kResults,   HelpPart::kFindLine};
 
 enum class HelpKey { kTab, kUp, kDown, kEnter, kEscape, kFind, kOther };
