@@ -110,6 +110,22 @@ PageAddress ResolvePageAddress(TextView page, TextView reference) {
   return {PageRefusal::kNone, Joined(names), *anchor};
 }
 
+Text PageReference(TextView name) {
+  Text reference;
+  for (const char16_t c : name) {
+    if (c == u'%') {
+      reference += u"%25";
+    } else if (c == u'#') {
+      reference += u"%23";
+    } else if (c == u'?') {
+      reference += u"%3F";
+    } else {
+      reference += c;
+    }
+  }
+  return reference;
+}
+
 PageAddress PageSource::Resolve(TextView page, TextView reference) {
   PageAddress address = ResolvePageAddress(page, reference);
   ++refused_[static_cast<std::size_t>(address.refusal)];

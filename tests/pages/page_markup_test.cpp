@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// What of a page's markup reaches the browser. The limits are those beyond which the browser takes minutes or
+// gigabytes.
+#include "pages/page_markup.h"
+
+#include <gtest/gtest.h>
+
+#include "pages/page_attributes.h"
+#include "pages/page_decoding.h"
+#include "pages/page_limits.h"
+
+namespace pnl::test {
+namespace {
+
+std::string Clean(TextView markup) { return ToUtf8(CleanMarkup(markup).markup); }
+
+Text Repeat(TextView part, std::size_t times) {
+  Text all;
+  for (std::size_t i = 0; i < times; ++i) all += part;
+  return all;
+}
+
+std::size_t CountOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+struct MarkupRow {
+  TextView markup;
+  const char* clean;
+};
+
+const MarkupRow kMarkup[] = {
+    {u"plain &amp; simple", "plain &amp; simple"},
+    {u"<p>a</p>", "<p>a</p>"},
+    {u"<P Align=center>a</P>", "<p align=\"center\">a</p>"},
+    {u"a<br/>b<br>c", "a<br>b<br>c"},
+    {u"1 < 2 <3", "1 &lt; 2 &lt;3"},
+    {u"<", "&lt;"},
+    {u"a</>b", "ab"},
+    {u"<!DOCTYPE html><!-- <p> --><?xml?>a", "a"},
+    {u"a<!-- open <p>", "a"},
+    {u"<unknown><b>a</b></unknown>", "<b>a</b>"},
+    // What is open is closed, and nothing else.
+    {u"<b><i>a", "<b><i>a</i></b>"},
+    {u"<b><i>a</b>c</i>", "<b><i>a</i></b>c"},
+    {u"a</b></p>", "a"},
+    // Tags that end others.
+    {u"<p>a<p>b", "<p>a</p><p>b</p>"},
+    {u"<p>a<h1>b</h1>", "<p>a</p><h1>b</h1>"},
+    {u"<p>a<b>b</b><br>c</p>", "<p>a<b>b</b><br>c</p>"},
+    {u"<ul><li>a<li>b<ul><li>c</ul><li>d</ul>", "<ul><li>a</li><li>b<ul><li>c</li></ul></li><li>d</li></ul>"},
+    {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
+    {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
+    {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
+     "<table><thead><tr><td>a</td></tr></thead><tbody><tr><td>b</td></tr></tbody></table>"},
+    {u"<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>",
+     "<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>"},
+    {u"<table><tr><td></b></p>a</td></tr></table>", "<table><tr><td>a</td></tr></table>"},
+    {u"<td>a</td><tr>b", "ab"},
+    // Nothing runs, and nothing is embedded.
+    {u"a<script>alert('<p>')</script>b", "ab"},
+    {u"a<SCRIPT src=x.js></Script >b", "ab"},
+    {u"a<script>never closed", "a"},
+    {u"<object data=x><param></object><iframe src=x></iframe><svg><script/></svg>a", "a"},
+    {u"<p onclick=\"x()\" onload=x>a</p>", "<p>a</p>"},
+    {u"<title>Name</title>a", "a"},
+    // Attributes.
+    {u"<a href='b.htm#c' target=_blank>x</a>", "<a href=\"b.htm#c\">x</a>"},
+    {u"<a href = \"b c.htm\" >x</a>", "<a href=\"b c.htm\">x</a>"},
+    {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"a.png\" alt=\"say 'hi'\"></a>"},
+    {u"<img src=a.png width=99999999 height=50%>", "<img src=\"a.png\" width=\"2000\" height=\"50%\">"},
+    {u"<table border=9999 cellpadding=51><tr><td colspan=0 rowspan=1000000>",
+     "<table border=\"50\" cellpadding=\"50\"><tr><td colspan=\"1\" rowspan=\"100\"></td></tr></table>"},
+    {u"<font size=+9999 color=#808080>a</font>", "<font size=\"+50\" color=\"#808080\">a</font>"},
+    {u"<p style=\"font-size:99999pt;color:#123456;margin:2001px 7px\">a</p>",
+     "<p style=\"font-size:2000pt;color:#123456;margin:2000px 7px\">a</p>"},
+    {u"<a href=\"never closed>a", ""},
+    {u"<b", ""},
+    // Styles.
+    {u"<style>p{width:123456px} @import url(x.css); b<i</style>a",
+     "<style type=\"text/css\">p{width:2000px}  import url(x.css); b i</style>a"},
+    {u"<link rel=stylesheet href=a.css>", "<link rel=\"stylesheet\" href=\"a.css\" type=\"text/css\">"},
+    {u"<link type=text/css href=a.css>", "<link type=\"text/css\" href=\"a.css\">"},
+};
+
+TEST(PageMarkup, OnlyKnownTagsAndAttributesPass) {
+  for (const MarkupRow& row : kMarkup) EXPECT_EQ(Clean(row.markup), row.clean) << ToUtf8(row.markup);
+}
+
+TEST(PageMarkup, CleanMarkupStaysAsItIs) {
+  for (const MarkupRow& row : kMarkup) {
+    const Text once = CleanMarkup(row.markup).markup;
+    EXPECT_EQ(ToUtf8(CleanMarkup(once).markup), ToUtf8(once)) << ToUtf8(row.markup);
+  }
+}
+
+TEST(PageMarkup, TablesInTablesEndAtTheLimit) {
+  const std::string clean = Clean(Repeat(u"<table><tr><td>", 1000) + u"inside");
+  EXPECT_EQ(CountOf(clean, "<table>"), page_limit::kTables);
+  EXPECT_EQ(CountOf(clean, "</table>"), page_limit::kTables);
+  EXPECT_EQ(CountOf(clean, "inside"), 1u);
+}
+
+TEST(PageMarkup, NestingEndsAtTheLimit) {
+  EXPECT_EQ(CountOf(Clean(Repeat(u"<b>", 100'000)), "<b>"), page_limit::kDepth);
+  EXPECT_EQ(CountOf(Clean(Repeat(u"<ul><li>", 1000)), "<ul>"), page_limit::kLists);
+  EXPECT_EQ(CountOf(Clean(Repeat(u"<b>", 100) + u"</b><i>x"), "<i>"), 1u) << "a place that is free again";
+}
+
+TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
+  EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td>", 1000)), "<td>"), 100u);
+  EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
+}
+
+TEST(PageMarkup, APageWithTooManyTagsOrPicturesIsCut) {
+  const CleanPage full = CleanMarkup(Repeat(u"<br>", page_limit::kTags));
+  EXPECT_FALSE(full.cut);
+  const CleanPage cut = CleanMarkup(u"<p>" + Repeat(u"<br>", page_limit::kTags) + u"rest");
+  EXPECT_TRUE(cut.cut);
+  EXPECT_TRUE(cut.markup.ends_with(u"</p>"));
+  EXPECT_EQ(cut.markup.find(u"rest"), Text::npos);
+  EXPECT_FALSE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures)).cut);
+  EXPECT_TRUE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures + 1)).cut);
+}
+
+TEST(PageMarkup, AStyleSheetHasALimitedLengthAndNumberOfRules) {
+  EXPECT_EQ(CleanStyle(Text(100'000, u'a')).size(), page_limit::kStyle);
+  const std::string rules = ToUtf8(CleanStyle(Repeat(u"a{}", 1000)));
+  EXPECT_EQ(CountOf(rules, "{"), page_limit::kRules);
+  EXPECT_EQ(ToUtf8(CleanStyle(u"@import 'http://example.com/a.css';a1000{x:5000}")),
+            " import 'http://example.com/a.css';a1000{x:2000}");
+}
+
+struct BytesRow {
+  std::string bytes;
+  const char* text;
+};
+
+TEST(PageDecoding, TheEncodingIsFoundWithoutTheMarkupsWord) {
+  const BytesRow rows[] = {
+      {"plain", "plain"},
+      {"\xC3\xA1 \xE2\x82\xAC", "\u00E1 \u20AC"},
+      {"\xE1\x80\x93quoted\x94 \x97 \xF1", "\u00E1\u20AC\u201Cquoted\u201D \u2014 \u00F1"},
+      {"\xEF\xBB\xBF\xC3\xA1", "\u00E1"},
+      {std::string("\xFF\xFE\xE1\x00\x93\x00", 6), "\u00E1\u0093"},
+      {std::string("\xFE\xFF\x00\xE1", 4), "\u00E1"},
+  };
+  for (const BytesRow& row : rows) EXPECT_EQ(ToUtf8(DecodePage(row.bytes)), row.text);
+}
+
+TEST(PageDecoding, APageIsReadUpToTheLimitAndNoCharacterIsCutInHalf) {
+  std::string bytes(page_limit::kBytes - 1, 'x');
+  bytes += "\xC3\xA1tail";
+  const Text text = DecodePage(bytes);
+  EXPECT_EQ(text.size(), page_limit::kBytes - 1);
+  EXPECT_EQ(text.back(), u'x');
+}
+
+}  // namespace
+}  // namespace pnl::test
