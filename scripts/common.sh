@@ -38,7 +38,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libpugixml-dev
-  libsmbclient-dev libqt6svg6 fonts-liberation)
+  libsmbclient-dev libchm-dev libqt6svg6 fonts-liberation)
 test_packages=(python3 libgtest-dev libgmock-dev libmuparser-dev libbenchmark-dev locales binutils samba)
 bench_packages=(libbenchmark-dev libmuparser-dev)
 lint_packages=(clang-format-14 clang-tidy-14)

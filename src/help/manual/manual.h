@@ -83,8 +83,7 @@ class Manual {
   void ReadIndex();
   void OrderPages();
   void ChooseHome();
-  [[nodiscard]] std::string FileOf(TextView name) const;
-  [[nodiscard]] std::optional<Text> FirstWithEnding(TextView ending) const;
+  [[nodiscard]] std::optional<Text> SitemapFile(TextView named, TextView ending) const;
 
   std::string folder_;
   ManualListing listing_;

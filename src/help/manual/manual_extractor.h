@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace pnl {
 
@@ -16,7 +17,17 @@ enum class Extraction {
   kOverrun,    // it took too long, and nothing of it is there
   kCancelled,  // nobody waits for it any more
   kNoProgram,  // what unpacks manuals can't be started
+  kNoRoom,     // the folder can't be written
 };
+
+/// How pnl-chm ends.
+namespace extractor_exit {
+inline constexpr int kDone = 0;
+inline constexpr int kNothing = 1;
+inline constexpr int kUsage = 2;
+inline constexpr int kNoRoom = 3;
+inline constexpr int kNotStarted = 127;  // the system's, for a program that it can't run
+}  // namespace extractor_exit
 
 class ManualExtractor {
  public:

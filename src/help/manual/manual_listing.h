@@ -13,27 +13,33 @@
 
 namespace pnl {
 
+struct ListedObject {
+  Text name;  // with slashes
+  std::uint64_t size = 0;
+  friend bool operator==(const ListedObject&, const ListedObject&) = default;
+};
+
 struct ManualListing {
-  static constexpr int kVersion = 1;
   static constexpr const char* kFile = "listing.txt";
   static constexpr const char* kObjectFolder = "objects";
-  /// More objects aren't read from a listing.
+  /// A longer listing, and more objects, aren't read.
+  static constexpr std::uint64_t kMostBytes = 20'000'000;
   static constexpr std::size_t kMostObjects = 20'000;
 
   Text title;
-  Text page;                   // the default page, as the manual names it
-  Text contents;               // the contents file
-  Text index;                  // the index file
-  std::uint32_t language = 0;  // the language id; 0: the manual doesn't say
-  int codePage = 1252;         // by the language id
-  std::uint64_t bytes = 0;     // of all objects
-  std::size_t refused = 0;     // objects with names that can't be files here
-  std::size_t unreadable = 0;  // objects that the manual lists and that couldn't be read
-  std::size_t crashes = 0;     // how often reading the manual ended its process
-  bool overrun = false;        // a limit of size, number or time was reached
-  std::vector<Text> objects;   // their names, with slashes, in the order in which they were unpacked
+  Text page;                          // the default page, as the manual names it
+  Text contents;                      // the contents file
+  Text index;                         // the index file
+  std::uint32_t language = 0;         // the language id; 0: the manual doesn't say
+  int codePage = 1252;                // by the language id
+  std::uint64_t bytes = 0;            // of all objects
+  std::size_t refused = 0;            // objects with names that can't be files here
+  std::size_t unreadable = 0;         // objects that the manual lists and that couldn't be read
+  std::size_t crashes = 0;            // how often reading the manual ended its process
+  bool overrun = false;               // a limit of size, number or time was reached
+  std::vector<ListedObject> objects;  // in the order in which they were unpacked
 
-  [[nodiscard]] bool IsDamaged() const { return unreadable > 0 || crashes > 0 || overrun; }
+  [[nodiscard]] bool IsDamaged() const { return refused > 0 || unreadable > 0 || crashes > 0 || overrun; }
 };
 
 /// The listing's text in UTF-8.

@@ -26,6 +26,7 @@ class SearchIndex {
   static constexpr std::size_t kMostPages = 20'000;
   static constexpr std::size_t kMostPostings = 20'000'000;  // pairs of a word and a page
   static constexpr std::uint64_t kMostPageBytes = 10'000'000;
+  static constexpr std::size_t kLongestQuery = 1'000;
 
   /// Reads all pages. Returns null when it was cancelled. Any thread may call it.
   [[nodiscard]] static std::shared_ptr<const SearchIndex> Build(const Manual& manual,
@@ -41,7 +42,9 @@ class SearchIndex {
   using PageNumbers = std::vector<std::uint32_t>;
   /// The pages of the words from first up to, not including, last; in rising order.
   [[nodiscard]] PageNumbers PagesOf(std::size_t first, std::size_t last) const;
-  [[nodiscard]] PageNumbers PagesWith(TextView word, bool isPrefix) const;
+  [[nodiscard]] PageNumbers PagesWith(const Text& word, bool isPrefix) const;
+  /// Sorts what the builder has collected into this index.
+  void Take(Builder& builder);
 
   std::vector<SearchRow> pages_;
   std::vector<Text> words_;                // in rising order
