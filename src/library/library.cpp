@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "library/library.h"
 
-#include <dlfcn.h>
-
 #include <QApplication>
 #include <QThread>
 #include <cstdio>
@@ -13,6 +11,7 @@
 #include "host/drive_settings.h"
 #include "host/pack_files.h"
 #include "library/backend_loader.h"
+#include "library/own_file.h"
 #include "library/tool_factory.h"
 #include "places/share_module.h"
 
@@ -20,13 +19,6 @@ namespace pnl {
 namespace {
 
 constexpr const char* kDefaultLanguage = "en";
-
-/// The file from which this code was loaded.
-std::string OwnFile() {
-  Dl_info info = {};
-  if (dladdr(reinterpret_cast<void*>(&SetPNLApi), &info) == 0 || info.dli_fname == nullptr) return {};
-  return info.dli_fname;
-}
 
 /// What the network file says; nothing when none is named. A file that is named and can't be read is an empty one.
 std::optional<NetworkSetup> ReadNetworkSetup() {

@@ -8,6 +8,9 @@
 #include "calc/qt/calc_window.h"
 #include "errors/qt/error_window.h"
 #include "explorer/qt/xplr_window.h"
+#include "help/manual_shelf.h"
+#include "help/qt/help_window.h"
+#include "library/own_file.h"
 #include "mdi/qt/mdi_window.h"
 #include "plc/qt/plc_window.h"
 #include "window/qt/window_registry.h"
@@ -26,6 +29,11 @@ ToolWindow* Make<ZCCalc7340>(const ToolContext& context, QWidget* parent) {
   return new ZCCalc7340(context, parent, WindowRegistry::Instance().HandleOf(parent));
 }
 
+template <>
+ToolWindow* Make<ZCHelpHTML>(const ToolContext& context, QWidget* parent) {
+  return new ZCHelpHTML(context, MakeManualShelf(context.worker, context.files, OwnFile()), parent);
+}
+
 struct ToolRow {
   int id;
   bool isFrame;
@@ -33,9 +41,13 @@ struct ToolRow {
 };
 
 constexpr ToolRow kTools[] = {
-    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>}, {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
-    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
-    {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},       {PNL_TOOL_PLC_MESSAGES, false, &Make<ZCPLCMsgView>},
+    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>},
+    {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
+    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},
+    {PNL_TOOL_HELP, false, &Make<ZCHelpHTML>},
+    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
+    {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
+    {PNL_TOOL_PLC_MESSAGES, false, &Make<ZCPLCMsgView>},
 };
 
 }  // namespace

@@ -1,0 +1,371 @@
+// SPDX-License-Identifier: MIT
+// The help viewer's window: real keys and presses, three panes and a page, at two sizes.
+#include "help_stage.h"
+
+#include <QScrollBar>
+
+namespace pnl::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class HelpWindow : public HelpStage {};
+
+TEST_F(HelpWindow, StartingLeavesTheFocusAndTheScreenAsTheyWere) {
+  other->setFocus();
+  Make();
+  EXPECT_EQ(Focus(), other);
+  EXPECT_FALSE(tool->isVisible());
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("main menu"));
+}
+
+TEST_F(HelpWindow, OpeningFillsTheAreaAndShowsTheMarksPage) {
+  Make();
+  EXPECT_EQ(OpenAt(), 0);
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_EQ(tool->geometry(), area->rect());
+  EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  EXPECT_TRUE(IsFocused(help_id::kPage));
+  EXPECT_FALSE(Shows(help_id::kMissing));
+  EXPECT_EQ(Contents()->topLevelItemCount(), 1);
+  EXPECT_EQ(Contents()->SelectedRow(), 2);
+  EXPECT_EQ(TextOf(help_id::kContentsTab), "Contents");
+}
+
+TEST_F(HelpWindow, AMissingManualShowsTheStaticAlone) {
+  Make();
+  EXPECT_EQ(OpenAt(u"NIX0000"), 0);
+  EXPECT_TRUE(Shows(help_id::kMissing));
+  EXPECT_EQ(TextOf(help_id::kMissing), "File not found.");
+  EXPECT_FALSE(Shows(help_id::kPage));
+  EXPECT_FALSE(Shows(help_id::kContents));
+  EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(HelpWindow, AFallbackIsSaidAboveThePage) {
+  Make();
+  EXPECT_EQ(OpenAt(u"OPT0777"), 0);
+  EXPECT_TRUE(Shows(help_id::kNotice));
+  EXPECT_EQ(TextOf(help_id::kNotice), "There is no page for this mark. Opened instead: home.htm in oper.chm.");
+  EXPECT_THAT(TakeHostCalls(), Contains("box"));
+}
+
+TEST_F(HelpWindow, ClosingHidesIt) {
+  Make();
+  OpenAt();
+  TakeHostCalls();
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL), 2);
+  EXPECT_FALSE(tool->isVisible());
+  EXPECT_EQ(PageText(), "");
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolClosed(2,2)"));
+}
+
+TEST_F(HelpWindow, ItFollowsItsParent) {
+  Make();
+  OpenAt();
+  area->resize(640, 480);
+  Settle();
+  EXPECT_EQ(tool->size(), QSize(640, 480));
+}
+
+// Panes.
+
+TEST_F(HelpWindow, ATabShowsItsPane) {
+  Make();
+  OpenAt();
+  struct Row {
+    int tab;
+    int shown;
+    std::vector<int> hidden;
+  };
+  for (const Row& row : {Row{help_id::kIndexTab, help_id::kIndexLine, {help_id::kContents, help_id::kResults}},
+                         Row{help_id::kSearchTab, help_id::kSearchLine, {help_id::kContents, help_id::kIndexList}},
+                         Row{help_id::kContentsTab, help_id::kContents, {help_id::kIndexLine, help_id::kSearchLine}}}) {
+    Touch(row.tab);
+    EXPECT_TRUE(IsFocused(row.shown)) << row.tab;
+    for (const int id : row.hidden) EXPECT_FALSE(Shows(id)) << id;
+    EXPECT_TRUE(Control(row.tab)->property("pnlChecked").toBool());
+  }
+}
+
+TEST_F(HelpWindow, ThePanesCanBeHiddenAndThePageGetsTheirRoom) {
+  Make();
+  OpenAt();
+  const int before = Control(help_id::kPage)->width();
+  Touch(help_id::kPanesKey);
+  EXPECT_FALSE(Shows(help_id::kContents));
+  EXPECT_GT(Control(help_id::kPage)->width(), before + 200);
+  EXPECT_TRUE(IsFocused(help_id::kPage));
+  Touch(help_id::kPanesKey);
+  EXPECT_TRUE(Shows(help_id::kContents));
+  EXPECT_EQ(Control(help_id::kPage)->width(), before);
+}
+
+TEST_F(HelpWindow, ATouchedRowOfTheContentsOpensItsPage) {
+  Make();
+  OpenAt();
+  QTreeWidgetItem* top = Contents()->topLevelItem(0);
+  ASSERT_EQ(top->childCount(), 2);
+  TouchRow(Contents(), Contents()->indexAt(Contents()->visualItemRect(top->child(1)).center()));
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+  EXPECT_EQ(Contents()->SelectedRow(), 3);
+}
+
+TEST_F(HelpWindow, ArrowsAndEnterOpenARowOfTheContents) {
+  Make();
+  OpenAt();
+  Touch(help_id::kContentsTab);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Contents()->SelectedRow(), 3);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+  EXPECT_TRUE(IsFocused(help_id::kContents)) << "the list gets the focus again";
+}
+
+TEST_F(HelpWindow, TypingInTheIndexFindsTheWordAndEnterOpensIt) {
+  Make();
+  OpenAt();
+  Menu(2003);
+  EXPECT_TRUE(IsFocused(help_id::kIndexLine));
+  Type(Line(help_id::kIndexLine), "st");
+  EXPECT_EQ(List(help_id::kIndexList)->Selection(), 1);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+  EXPECT_TRUE(IsFocused(help_id::kIndexLine));
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(List(help_id::kIndexList)->Selection(), 3) << "the arrows move in the list below the line";
+  Key(Qt::Key_Enter);
+  EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+}
+
+TEST_F(HelpWindow, TheIndexIndentsTheTopicsOfAWord) {
+  Make();
+  OpenAt();
+  EXPECT_EQ(List(help_id::kIndexList)->Item(1), u"start");
+  EXPECT_EQ(List(help_id::kIndexList)->Item(2), u"    Starting");
+}
+
+TEST_F(HelpWindow, EnterInTheSearchsLineFindsAndTidies) {
+  book->found[u"axis"] = {{u"Start", u"start.htm"}, {u"Blocks", u"mdi.htm"}};
+  Make();
+  OpenAt();
+  Menu(2006);
+  EXPECT_TRUE(IsFocused(help_id::kSearchLine));
+  Type(Line(help_id::kSearchLine), "axis");
+  Key(Qt::Key_Return);
+  ListBox* results = List(help_id::kResults);
+  EXPECT_EQ(results->Item(0), u"Blocks");
+  EXPECT_EQ(results->Item(1), u"Start");
+  EXPECT_EQ(TextOf(help_id::kSearchStatus), "Pages found: 2");
+  EXPECT_TRUE(IsFocused(help_id::kSearchLine));
+  Key(Qt::Key_Down);
+  EXPECT_EQ(results->Selection(), 1);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+}
+
+TEST_F(HelpWindow, TheSearchsKeyAndATouchedResultWorkWithoutAKeyboard) {
+  book->found[u"axis"] = {{u"Start", u"start.htm"}};
+  Make();
+  OpenAt();
+  Touch(help_id::kSearchTab);
+  Line(help_id::kSearchLine)->setText("axis");
+  Touch(help_id::kSearchKey);
+  ListBox* results = List(help_id::kResults);
+  ASSERT_EQ(results->Count(), 1);
+  TouchRow(results, results->model()->index(0, 0));
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+}
+
+// Keys.
+
+TEST_F(HelpWindow, TabMovesFromPaneToPaneAndNeverOutOfTheViewer) {
+  book->home = u"mdi.htm";
+  Make();
+  OpenAt();
+  Menu(2003);
+  const int expected[] = {help_id::kIndexList, help_id::kPage, help_id::kIndexLine, help_id::kIndexList};
+  for (const int id : expected) {
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(IsFocused(id)) << id;
+  }
+}
+
+TEST_F(HelpWindow, TheHostsTabMovesTheFocusOn) {
+  Make();
+  OpenAt();
+  EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_RESTORE_FOCUS), 0);
+  EXPECT_TRUE(IsFocused(help_id::kContents));
+  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_RESTORE_FOCUS);
+  EXPECT_TRUE(IsFocused(help_id::kPage));
+}
+
+TEST_F(HelpWindow, EscapeAsksTheHostFromEveryControl) {
+  Make();
+  OpenAt();
+  for (const int tab : {help_id::kContentsTab, help_id::kIndexTab, help_id::kSearchTab}) {
+    Touch(tab);
+    TakeHostCalls();
+    Key(Qt::Key_Escape);
+    EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolWantsClose(2)"));
+  }
+  tool->setFocus();
+  Key(Qt::Key_Escape);
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolWantsClose(2)"));
+  EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(HelpWindow, AltWithTheArrowsGoesBackAndForward) {
+  Make();
+  OpenAt();
+  Menu(2000);
+  ASSERT_THAT(PageText(), HasSubstr("Welcome"));
+  Key(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  Key(Qt::Key_Right, Qt::AltModifier);
+  EXPECT_THAT(PageText(), HasSubstr("Welcome"));
+  // Without Alt as a system key they are consumed; as plain keys they are the controls'.
+  Key(Qt::Key_Left, Qt::GroupSwitchModifier);
+  EXPECT_THAT(PageText(), HasSubstr("Welcome"));
+  Menu(2002);
+  EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  Menu(2005);
+  EXPECT_THAT(PageText(), HasSubstr("Welcome"));
+}
+
+TEST_F(HelpWindow, ItsKeysComeBeforeThePanelsShortcuts) {
+  Make();
+  OpenAt();
+  struct Row {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    bool taken;
+  };
+  for (const Row& row : {Row{Qt::Key_Escape, {}, true}, Row{Qt::Key_Tab, {}, true}, Row{Qt::Key_Return, {}, true},
+                         Row{Qt::Key_Up, {}, true}, Row{Qt::Key_F, Qt::ControlModifier, true},
+                         Row{Qt::Key_Left, Qt::AltModifier, true}, Row{Qt::Key_F5, {}, false}}) {
+    QKeyEvent event(QEvent::ShortcutOverride, row.key, row.modifiers);
+    event.ignore();
+    QApplication::sendEvent(Focus(), &event);
+    EXPECT_EQ(event.isAccepted(), row.taken) << row.key;
+  }
+}
+
+TEST_F(HelpWindow, ATextIsFoundInThePage) {
+  Make();
+  OpenAt();
+  Touch(help_id::kContentsTab);
+  Menu(40002);
+  EXPECT_TRUE(IsFocused(help_id::kFindLine));
+  Type(Line(help_id::kFindLine), "axis");
+  Key(Qt::Key_Return);
+  const auto* page = Control(help_id::kPage)->findChild<QTextBrowser*>();
+  EXPECT_EQ(page->textCursor().selectedText(), "axis");
+  EXPECT_FALSE(Shows(help_id::kNotice));
+  Line(help_id::kFindLine)->setText("nowhere");
+  Touch(help_id::kFindPrevious);
+  EXPECT_EQ(TextOf(help_id::kNotice), "The page does not contain \"nowhere\".");
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(Shows(help_id::kFindLine));
+  EXPECT_TRUE(IsFocused(help_id::kPage));
+}
+
+TEST_F(HelpWindow, CtrlFInThePageOpensTheLineAndItsKeyClosesIt) {
+  Make();
+  OpenAt();
+  Key(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(Shows(help_id::kFindLine));
+  Touch(help_id::kFindClose);
+  EXPECT_FALSE(Shows(help_id::kFindLine));
+}
+
+TEST_F(HelpWindow, ALinkOfThePageIsFollowed) {
+  Make();
+  OpenAt();
+  Menu(2000);
+  auto* view = static_cast<PageView*>(Control(help_id::kPage));
+  EXPECT_TRUE(view->Follow(u"start.htm"));
+  EXPECT_THAT(PageText(), HasSubstr("Switch on."));
+  EXPECT_EQ(Contents()->SelectedRow(), 3);
+  EXPECT_FALSE(view->Follow(u"http://example.org/"));
+  EXPECT_EQ(TextOf(help_id::kNotice), "The link cannot be followed: http://example.org/");
+}
+
+TEST_F(HelpWindow, APageWithOddCharactersInItsNameIsShown) {
+  book->pages.push_back(u"100% #1.htm");
+  static_cast<MemoryPages&>(*book->Pages()).texts[u"100% #1.htm"] = "<p>odd</p>";
+  book->contents.push_back({u"Odd", {u"100% #1.htm", u""}, 0});
+  Make();
+  OpenAt();
+  Contents()->SelectRow(4);
+  Touch(help_id::kContentsTab);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(PageText(), HasSubstr("odd"));
+}
+
+// Slow manuals don't hold the window up.
+
+TEST_F(HelpWindow, WhileAManualIsBeingOpenedTheWindowIsThere) {
+  world.slow = true;
+  Make();
+  EXPECT_EQ(OpenAt(), 0);
+  EXPECT_EQ(TextOf(help_id::kNotice), "Opening oper.chm ...");
+  world.done({ManualState::kDamaged, book});
+  Settle();
+  EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  EXPECT_EQ(TextOf(help_id::kNotice), "The manual oper.chm is damaged. What can be read of it is shown.");
+}
+
+// Sizes.
+
+class HelpSizes : public testing::TestWithParam<QSize> {};
+
+class SizedStage : public HelpStage {
+ public:
+  explicit SizedStage(QSize size) : HelpStage(size) {}
+  void TestBody() override {}
+  void Look() {
+    book->found[u"axis"] = {{u"Start", u"start.htm"}, {u"Blocks", u"mdi.htm"}};
+    Make();
+    OpenAt();
+    for (const int tab : {help_id::kContentsTab, help_id::kIndexTab, help_id::kSearchTab}) {
+      Touch(tab);
+      CheckPlaces();
+    }
+    Menu(40002);
+    CheckPlaces();
+    EXPECT_GE(List(help_id::kIndexList)->RowHeight(), 34);
+    EXPECT_GE(Contents()->visualItemRect(Contents()->topLevelItem(0)).height(), 34);
+    EXPECT_GE(Control(help_id::kPage)->width(), tool->width() / 2);
+  }
+
+ private:
+  /// Every control that is shown lies in the window, can be touched, and lies over no other.
+  void CheckPlaces() {
+    std::vector<std::pair<int, QRect>> places;
+    for (QWidget* control : tool->findChildren<QWidget*>()) {
+      if (ControlId(control) < 0 || !control->isVisible()) continue;
+      const QRect place(control->mapTo(tool, QPoint(0, 0)), control->size());
+      EXPECT_TRUE(tool->rect().contains(place)) << ControlId(control);
+      if (ControlKind(control) == "button" || ControlKind(control) == "edit") {
+        EXPECT_GE(place.height(), 34) << ControlId(control);
+        EXPECT_GE(place.width(), 28) << ControlId(control);
+      }
+      for (const auto& [id, taken] : places) EXPECT_FALSE(taken.intersects(place)) << id << ControlId(control);
+      places.emplace_back(ControlId(control), place);
+    }
+    EXPECT_GE(places.size(), 5u);
+  }
+};
+
+TEST_P(HelpSizes, EveryControlHasItsPlace) { SizedStage(GetParam()).Look(); }
+
+INSTANTIATE_TEST_SUITE_P(Panels, HelpSizes, testing::Values(QSize(800, 600), QSize(800, 460), QSize(1920, 1080)));
+
+}  // namespace
+}  // namespace pnl::test
