@@ -105,11 +105,17 @@ bool HasPanelItemsAlone(int tool) { return tool == PNL_TOOL_PLC_MESSAGES; }
 bool IsCloseItem(int id) { return id == kCloseItem; }
 
 bool IsToolItem(int id) {
-  for (const int command :
-       {PNL_ZMC_EXPORT, PNL_ZMC_IMPORT, PNL_ZMC_CHANGES, PNL_VIDEO_PLAY, PNL_VIDEO_STOP, PNL_VIDEO_REWIND}) {
-    if (id == command) return true;
+  switch (id) {
+    case PNL_ZMC_EXPORT:
+    case PNL_ZMC_IMPORT:
+    case PNL_ZMC_CHANGES:
+    case PNL_VIDEO_PLAY:
+    case PNL_VIDEO_STOP:
+    case PNL_VIDEO_REWIND:
+      return true;
+    default:
+      return false;
   }
-  return false;
 }
 
 int KeyOfItem(int id) { return id == kAcceptItem ? Qt::Key_Return : id == kLeaveItem ? Qt::Key_Escape : 0; }

@@ -31,6 +31,7 @@ class ProgramEditor;
 class Question;
 class Readings;
 class SoftKeyBar;
+struct SoftKeyItem;
 class StatusStrip;
 
 class PanelWindow : public QWidget, public PanelFace {

@@ -62,12 +62,12 @@ void PanelWindow::ShowMachine() {
 void PanelWindow::ShowBars() {
   EnableBars();
   // The menu of a closed tool still exists. A bar shows it only while the tool is open.
-  const auto [tool, menu] = session_.MainBar();
+  const auto [mainTool, mainMenu] = session_.MainBar();
   if (HasPanelItemsAlone(session_.FrontTool())) {
     mainBar_->ShowItems(PanelItemsOf(session_.FrontTool()));
     mainBar_->SetInner(false);
-  } else if (menu != 0) {
-    mainBar_->ShowMenu(menu, PanelItemsOf(tool));
+  } else if (mainMenu != 0) {
+    mainBar_->ShowMenu(mainMenu, PanelItemsOf(mainTool));
   } else {
     mainBar_->ShowItems(PanelKeys());
     mainBar_->SetInner(innerKeys_ != InnerKeys::kNone);
