@@ -20,8 +20,11 @@ endif()
 
 run("install" ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix} --config "${CONFIG}")
 foreach(file include/pnltools/pnltools.h include/pnltools/rig.h include/pnltools/backend/facade/cnc_facade.h
-        ${LIBDIR}/libpnltools.so ${LIBDIR}/pnl-shares.so ${LIBEXECDIR}/pnltools/pnl-chm ${LIBDIR}/pkgconfig/pnltools.pc ${LIBDIR}/cmake/pnltools/pnltoolsConfig.cmake
-        share/pnltools/lang/en.pnl share/pnltools/lang/es.pnl bin/pnlpanel)
+        ${LIBDIR}/libpnltools.so ${LIBDIR}/pnl-shares.so ${LIBDIR}/pnl-video.so ${LIBEXECDIR}/pnltools/pnl-chm
+        ${LIBDIR}/pkgconfig/pnltools.pc ${LIBDIR}/cmake/pnltools/pnltoolsConfig.cmake
+        share/pnltools/lang/en.pnl share/pnltools/lang/es.pnl share/pnltools/manuals/en/Cnc7340.helps
+        share/pnltools/manuals/es/operating.chm share/pnltools/manuals/es/operating.mrk share/pnltools/plc/en/messages.txt
+        share/pnltools/plc/es/clamp.gif bin/pnlpanel)
   if(NOT EXISTS ${prefix}/${file})
     message(FATAL_ERROR "${file} was not installed")
   endif()

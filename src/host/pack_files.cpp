@@ -43,6 +43,21 @@ std::optional<std::string> ReadSharedFile(const std::vector<std::string>& packFo
   return std::nullopt;
 }
 
+std::vector<std::string> SharedFileNames(const std::vector<std::string>& packFolders, std::string_view folder) {
+  std::vector<std::string> names;
+  for (const std::string& packs : packFolders) {
+    std::error_code problem;
+    const fs::directory_iterator files((fs::path(packs) / ".." / folder).lexically_normal(), problem);
+    if (problem) continue;
+    for (const fs::directory_entry& file : files) {
+      if (file.is_regular_file(problem)) names.push_back(file.path().filename().string());
+    }
+    break;
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 std::optional<std::string> ReadPackFile(const std::vector<std::string>& folders, std::string_view code) {
   if (!IsLanguageCode(code)) return std::nullopt;
   for (const std::string& folder : folders) {

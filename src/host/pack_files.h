@@ -24,6 +24,11 @@ namespace pnl {
 [[nodiscard]] std::optional<std::string> ReadSharedFile(const std::vector<std::string>& packFolders,
                                                         std::string_view file);
 
+/// The names of the files in a folder beside the folder of the packs, such as "manuals/en", in alphabetical order:
+/// those of the first place that has the folder. Empty when none has it.
+[[nodiscard]] std::vector<std::string> SharedFileNames(const std::vector<std::string>& packFolders,
+                                                       std::string_view folder);
+
 /// The bytes of "<folder>/<code>.pnl" from the first folder that has it. Returns nothing when none has it or code isn't
 /// a language code.
 [[nodiscard]] std::optional<std::string> ReadPackFile(const std::vector<std::string>& folders, std::string_view code);

@@ -11,6 +11,7 @@
 #include "host/drive_settings.h"
 #include "host/pack_files.h"
 #include "library/backend_loader.h"
+#include "library/machine_documents.h"
 #include "library/own_file.h"
 #include "library/tool_factory.h"
 #include "places/share_module.h"
@@ -142,6 +143,7 @@ bool Library::SetLanguage(const std::string& code) {
   numbersForTexts_ = numbers;
   tools_->language.UseNumbersForTexts(numbers);
   if (machine_) machine_->SetLanguage(language_);
+  if (foldersReady_ && machine_) UseLanguageFolders(simulation_->Storage(), language_);
   if (foldersReady_) InstallLanguageLibrary();
   return true;
 }
@@ -168,10 +170,15 @@ bool Library::SetBackend(const std::string& name) {
 }
 
 void Library::PrepareFolders() {
+  if (machine_) UseLanguageFolders(simulation_->Storage(), language_);
   simulation_->Storage().MakeFolders();
   foldersReady_ = true;
   InstallLanguageLibrary();
-  if (machine_) InstallDescriptions();
+  if (!machine_) return;
+  InstallDescriptions();
+  const std::vector<std::string> folders = PackFolders(std::getenv("PNLTOOLS_LANG_DIR"), OwnFile());
+  // If the disc can't be written, help and documents are missing; everything else works.
+  if (!InstallDocuments(files_, folders, *simulation_)) std::fprintf(stderr, "pnltools: no manuals\n");
 }
 
 void Library::InstallLanguageLibrary() {

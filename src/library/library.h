@@ -49,7 +49,8 @@ class Library {
   /// Returns false, and changes nothing, when the backend can't be loaded or a tool exists.
   bool SetBackend(const std::string& name);
 
-  /// Makes the folders of all paths and puts the language library, and a machine's error descriptions, into theirs.
+  /// Makes the folders of all paths and puts the language library, and a machine's error descriptions, manuals and PLC
+  /// documents, into theirs.
   void PrepareFolders();
   /// Makes and attaches the machine of that name, which stays for the life of the process. Returns false for an unknown
   /// name or when there is a machine already.

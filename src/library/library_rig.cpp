@@ -47,19 +47,18 @@ struct PathFolder {
   const char16_t* folder;
 };
 
-/// The folders of a machine. path_id in facade/utilities.h names them.
-constexpr std::array<PathFolder, 12> kMachineFolders = {{
+/// The folders of a machine but for those of a language, which library/machine_documents has. path_id in
+/// facade/utilities.h names them. The manuals that every language falls back on are the English ones.
+constexpr std::array<PathFolder, 10> kMachineFolders = {{
     {path_id::kCalcHistory, u"C:\\CNC\\CALC"},
     {path_id::kLanguage, u"C:\\CNC\\LANG"},
-    {path_id::kHelpFallback, u"C:\\CNC\\HELP"},
+    {path_id::kHelpFallback, u"C:\\CNC\\HELP\\EN"},
     {path_id::kCuttingData, u"C:\\CNC\\CUTTING"},
     {path_id::kSetup, u"C:\\CNC\\SETUP"},
     {path_id::kHelpThird, u"C:\\CNC\\HELP\\MACHINE"},
-    {path_id::kPlcFiles, u"C:\\CNC\\PLC"},
     {path_id::kExplorerSafe, u"C:\\CNC"},
     {path_id::kExplorerStart, u"C:\\CNC\\PROGRAMS"},
     {path_id::kUserSettings, u"C:\\CNC\\USER"},
-    {path_id::kHelpLanguage, u"C:\\CNC\\HELP\\LANG"},
     {path_id::kUserCuttingData, u"C:\\CNC\\USER\\CUTTING"},
 }};
 

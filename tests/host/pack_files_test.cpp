@@ -44,6 +44,21 @@ TEST(PackFiles, TheFirstFolderThatHasThePackGivesIt) {
   EXPECT_EQ(ReadPackFile({}, "en"), std::nullopt);
 }
 
+TEST(PackFiles, AFolderBesideThePacksHasItsFilesInAlphabeticalOrder) {
+  const test::TempFolder folder;
+  folder.Write("second/manuals/en/b.chm", "b");
+  folder.Write("second/manuals/en/a.chm", "a");
+  folder.Write("second/manuals/en/pages/c.html", "no file of the folder itself");
+  folder.Write("third/manuals/en/d.chm", "not asked any more");
+  const std::string root = folder.Path().string();
+  const std::vector<std::string> packs = {root + "/first/lang", root + "/second/lang", root + "/third/lang"};
+  EXPECT_THAT(SharedFileNames(packs, "manuals/en"), ElementsAre("a.chm", "b.chm"));
+  EXPECT_EQ(ReadSharedFile(packs, "manuals/en/b.chm"), "b");
+  EXPECT_THAT(SharedFileNames(packs, "manuals/es"), ElementsAre());
+  EXPECT_THAT(SharedFileNames(packs, "manuals/en/a.chm"), ElementsAre()) << "a file is no folder";
+  EXPECT_THAT(SharedFileNames({}, "manuals/en"), ElementsAre());
+}
+
 struct DriveCase {
   const char* setting;
   const char* dataHome;

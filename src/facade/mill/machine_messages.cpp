@@ -15,7 +15,7 @@ constexpr PlcMessage kMessages[] = {
     {kMessage, 1, u"Coolant level low",              u"Nivel de refrigerante bajo",         u"coolant.htm"},
     {kMessage, 2, u"Clamp the workpiece",            u"Amarre la pieza",                    u"clamp.gif"},
     {kMessage, 3, u"Change the tool by hand",        u"Cambie la herramienta a mano",       u"toolchange.avi"},
-    {kMessage, 4, u"Weekly maintenance is due",      u"Toca el mantenimiento semanal",      u"maintenance.txt"},
+    {kMessage, 4, u"Weekly maintenance is due",      u"Mantenimiento semanal pendiente",    u"maintenance.txt"},
     {kError,   1, u"Safety door open",               u"Puerta de seguridad abierta",        u"messages.txt#1"},
     {kError,   2, u"Air pressure too low",           u"Presión de aire demasiado baja",     u"air.html"},
     {kError,   3, u"Chip conveyor blocked",          u"Extractor de virutas bloqueado",     u"chips.bmp"},

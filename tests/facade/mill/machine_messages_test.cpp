@@ -23,6 +23,7 @@ TEST(MachineMessages, ThereAreEightOfBothTypes) {
 TEST(MachineMessages, ACodeIsTheTypeInItsTopFourBitsAndTheIdentifierBelow) {
   EXPECT_EQ(CodeOf({0, 1, u"", u"", u""}), 1u);
   EXPECT_EQ(CodeOf({1, 2, u"", u"", u""}), 0x10000002u);
+  EXPECT_EQ(CodeOf({0, -1, u"", u"", u""}), 0x0FFFFFFFu) << "an identifier never changes the type";
   EXPECT_EQ(CodeOf({15, 0x0FFFFFFF, u"", u"", u""}), 0xFFFFFFFFu);
 }
 

@@ -280,7 +280,9 @@ TEST_F(MachiningInPanel, AClosedOneFillsTheToolAreaThatHasChangedMeanwhile) {
 TEST_F(MachiningInPanel, TheHelpKeyOpensTheManualAtItsMark) {
   Open();
   Do(Action::kHelp);
-  EXPECT_EQ(rig_.Cnc().Get(u"E.HELPDATA"), pnl::rig::Value(std::u16string(u"OPT0330")));
+  const auto mark = rig_.Cnc().Get(u"E.HELPDATA");
+  ASSERT_TRUE(mark);
+  EXPECT_EQ(std::get<std::u16string>(*mark), u"OPT0330");
   EXPECT_EQ(session_.FrontTool(), PNL_TOOL_HELP);
   EXPECT_EQ(Zone(), "");
 }
