@@ -35,6 +35,8 @@ std::optional<QFont> MakeFont(const QString& face, int height, int weight) {
   QFont font;
   if (face.compare(QLatin1String("Arial"), Qt::CaseInsensitive) == 0) {
     font.setFamilies({face, QStringLiteral("Liberation Sans")});
+  } else if (face.compare(QLatin1String("Times New Roman"), Qt::CaseInsensitive) == 0) {
+    font.setFamilies({face, QStringLiteral("Liberation Serif")});
   } else {
     font.setFamilies({face});
   }

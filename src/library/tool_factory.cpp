@@ -12,6 +12,7 @@
 #include "help/qt/help_window.h"
 #include "library/own_file.h"
 #include "mdi/qt/mdi_window.h"
+#include "plc/qt/plc_window.h"
 #include "window/qt/window_registry.h"
 #include "zmc/qt/zmc_window.h"
 
@@ -40,9 +41,10 @@ struct ToolRow {
 };
 
 constexpr ToolRow kTools[] = {
-    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>}, {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
-    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},    {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
-    {PNL_TOOL_HELP, false, &Make<ZCHelpHTML>},       {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
+    {PNL_TOOL_CALCULATOR, false, &Make<ZCCalc7340>},     {PNL_TOOL_ERRORS, false, &Make<ZCErrorManager>},
+    {PNL_TOOL_EXPLORER, true, &Make<ZCExplorer>},        {PNL_TOOL_MACHINING_CALCULATOR, true, &Make<ZCZelorMacCalc>},
+    {PNL_TOOL_HELP, false, &Make<ZCHelpHTML>},           {PNL_TOOL_MDI, false, &Make<ZCMDIWindow>},
+    {PNL_TOOL_PLC_MESSAGES, false, &Make<ZCPLCMsgView>},
 };
 
 }  // namespace

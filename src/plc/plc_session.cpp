@@ -74,8 +74,8 @@ void PlcSession::ShowFile(std::intptr_t first, const ShowFileRecord* record) {
 }
 
 void PlcSession::OnToolCommand(std::intptr_t command) {
-  if (command == PNL_CMD_HIDE) View().Hide();
-  if (command == PNL_CMD_CLOSE || command == PNL_CMD_CLOSE_ALL) Close();
+  if (command == PNL_COMMAND_LEAVE) View().Hide();
+  if (command == PNL_COMMAND_CLOSE_TOOL || command == PNL_COMMAND_CLOSE_FOR_OTHER) Close();
 }
 
 void PlcSession::OnCommand(int command) {

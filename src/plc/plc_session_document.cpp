@@ -162,7 +162,7 @@ Rect PlcSession::Area() const {
 
 void PlcSession::OnResized() {
   const Rect area = Area();
-  View().MoveControl(plc_id::kTitle, {area.left, area.top - kTitleHeight, area.right, area.top});
+  View().MoveControl(plc_id::kTitle, {area.left, 0, area.right, area.top});
   for (const int id : {plc_id::kText, plc_id::kVideo, plc_id::kNote}) View().MoveControl(id, area);
   // A page that is shown later takes the whole area again.
   View().MoveControl(plc_id::kPage, {area.left, area.top, area.right, std::max(area.top, area.bottom - kPageGap)});

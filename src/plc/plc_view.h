@@ -28,7 +28,6 @@ class PlcView : public ToolView {
   [[nodiscard]] virtual Rect ClientRect() const = 0;
   virtual void MoveControl(int id, const Rect& rect) = 0;
   virtual void ShowControl(int id, bool shown) = 0;
-  virtual void BringControlToTop(int id) = 0;
   /// Sets the text of the title line, the count or the note.
   virtual void SetControlText(int id, TextView text) = 0;
   virtual void SetTitleColors(std::uint32_t back, std::uint32_t text) = 0;

@@ -206,7 +206,7 @@ TEST_F(PanelWindowTest, ARefusedCommandLineSaysSo) {
 }
 
 TEST_F(PanelWindowTest, AToolThatDoesNotExistSaysSo) {
-  EXPECT_FALSE(op_->OpenTool(PNL_TOOL_PLC_MESSAGES));
+  EXPECT_FALSE(op_->OpenTool(99));
   Settle();
   EXPECT_EQ(ZoneText(), Say(Word::kToolMissing));
 }

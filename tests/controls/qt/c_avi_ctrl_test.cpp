@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// The video area with a fake player, and with the real one where its module is built.
+#include "controls/c_avi_ctrl.h"
+
+#include <gmock/gmock.h>
+
+#include "support/avi_file.h"
+#include "support/event_wait.h"
+#include "support/temp_folder.h"
+#include "support/widget_probe.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Log = std::vector<std::string>;
+
+struct FakeVideo {
+  Log log;
+  VideoPlayer::Listener listener;
+  int made = 0;
+};
+
+class FakePlayer final : public VideoPlayer {
+ public:
+  explicit FakePlayer(FakeVideo& video) : video_(video) {}
+  ~FakePlayer() override { video_.log.push_back("gone"); }
+  void Load(const std::string& hostPath) override { video_.log.push_back("load " + hostPath); }
+  void Play() override { video_.log.push_back("play"); }
+  void Stop() override { video_.log.push_back("stop"); }
+  void Rewind() override { video_.log.push_back("rewind"); }
+
+ private:
+  FakeVideo& video_;
+};
+
+class AviCtrlTest : public testing::Test {
+ protected:
+  AviCtrlTest() {
+    area_.resize(120, 80);
+    Activate(area_);
+  }
+  Log Take() { return std::exchange(video_.log, {}); }
+  void Frame(const QColor& color) {
+    QImage frame(4, 4, QImage::Format_RGB32);
+    frame.fill(color);
+    video_.listener.frame(frame);
+  }
+  FakeVideo video_;
+  CAviCtrl area_{3002,
+                 [this](VideoPlayer::Listener listener) {
+                   ++video_.made;
+                   video_.listener = std::move(listener);
+                   return std::make_unique<FakePlayer>(video_);
+                 },
+                 nullptr};
+};
+
+TEST_F(AviCtrlTest, ThePlayerIsMadeWhenTheFirstVideoIsLoaded) {
+  EXPECT_EQ(video_.made, 0);
+  area_.Play(1);
+  area_.Stop();
+  area_.Rewind();
+  area_.Clear();
+  EXPECT_EQ(video_.made, 0);
+  area_.Load("/v.avi", "v.avi");
+  EXPECT_EQ(video_.made, 1);
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi"));
+}
+
+TEST_F(AviCtrlTest, AVideoThatIsPlayedOnceEndsAtItsEnd) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(1);
+  EXPECT_TRUE(area_.IsPlaying());
+  video_.listener.ended();
+  EXPECT_FALSE(area_.IsPlaying());
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi", "play"));
+}
+
+TEST_F(AviCtrlTest, AVideoIsRepeatedAsOftenAsAsked) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(3);
+  for (int i = 0; i < 5; ++i) video_.listener.ended();
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi", "play", "rewind", "play", "rewind", "play"));
+}
+
+TEST_F(AviCtrlTest, StopEndsTheRepeats) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(3);
+  area_.Stop();
+  area_.Rewind();
+  video_.listener.ended();
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi", "play", "stop", "rewind"));
+  area_.Play(0);
+  EXPECT_THAT(Take(), IsEmpty());
+}
+
+TEST_F(AviCtrlTest, FramesArePaintedInTheirShape) {
+  area_.Load("/v.avi", "v.avi");
+  Frame(Qt::red);
+  EXPECT_EQ(Count(Paint(area_), 0x0000FF), 80 * 80);
+  EXPECT_EQ(Count(Paint(area_), 0), 40 * 80) << "black beside it";
+}
+
+TEST_F(AviCtrlTest, AFileThatCannotBeDecodedShowsItsName) {
+  area_.Load("/v.avi", "v.avi");
+  Frame(Qt::red);
+  area_.Play(2);
+  video_.listener.failed();
+  EXPECT_FALSE(area_.IsPlaying());
+  EXPECT_EQ(area_.Name(), "v.avi");
+  const QImage painted = Paint(area_);
+  EXPECT_EQ(Count(painted, 0x0000FF), 0);
+  EXPECT_GT(Count(painted, 0xFFFFFF), 0) << "the name";
+}
+
+TEST_F(AviCtrlTest, WithoutAPlayerTheAreaShowsTheName) {
+  CAviCtrl bare(
+      3002, [](const VideoPlayer::Listener&) { return nullptr; }, nullptr);
+  bare.resize(120, 80);
+  bare.Load("/v.avi", "v.avi");
+  bare.Play(1);
+  bare.Stop();
+  bare.Rewind();
+  EXPECT_FALSE(bare.IsPlaying());
+  EXPECT_GT(Count(Paint(bare), 0xFFFFFF), 0);
+}
+
+TEST_F(AviCtrlTest, AMissingModuleGivesNoPlayer) { EXPECT_EQ(VideoPlayerFrom("/no/such/module.so")({}), nullptr); }
+
+TEST_F(AviCtrlTest, AHiddenAreaDoesNotPlay) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(1);
+  Take();
+  area_.hide();
+  area_.show();
+  EXPECT_THAT(Take(), ElementsAre("stop", "play"));
+  area_.hide();
+  Take();
+  area_.Stop();
+  area_.Play(1);
+  EXPECT_THAT(Take(), ElementsAre("stop"));
+  area_.show();
+  EXPECT_THAT(Take(), ElementsAre("play"));
+}
+
+TEST_F(AviCtrlTest, ClearForgetsPlayerNameAndFrame) {
+  area_.Load("/v.avi", "v.avi");
+  Frame(Qt::red);
+  area_.Clear();
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi", "gone"));
+  EXPECT_EQ(Count(Paint(area_), 0), 120 * 80);
+  EXPECT_EQ(area_.Name(), "");
+}
+
+// The real player.
+
+class RealVideo : public testing::Test {
+ protected:
+  RealVideo() {
+    area_.resize(128, 96);
+    Activate(area_);
+  }
+  void Load(const std::string& bytes) {
+    disc_.Write("v.avi", bytes);
+    area_.Load((disc_.Path() / "v.avi").string(), "v.avi");
+  }
+  [[nodiscard]] bool Shows(int red, int blue) {
+    const QColor middle = Paint(area_).pixelColor(64, 48);
+    return std::abs(middle.red() - red) < 40 && std::abs(middle.blue() - blue) < 40 && middle.green() < 60;
+  }
+  TempFolder disc_;
+  CAviCtrl area_{3002, VideoPlayerFrom(PNL_VIDEO_MODULE), nullptr};
+};
+
+TEST_F(RealVideo, FramesOfAFileArePaintedAndItsEndIsNoticed) {
+  std::vector<QColor> colors(5, Qt::red);
+  colors.resize(10, Qt::blue);
+  Load(AviFile(colors, 10));
+  area_.Play(1);
+  EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
+  EXPECT_TRUE(RunUntil([this] { return Shows(0, 255); }));
+  EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
+}
+
+TEST_F(RealVideo, AVideoIsRepeatedByHand) {
+  std::vector<QColor> colors(5, Qt::red);
+  colors.resize(10, Qt::blue);
+  Load(AviFile(colors, 10));
+  area_.Play(2);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); })) << round;
+    EXPECT_TRUE(RunUntil([this] { return Shows(0, 255); })) << round;
+  }
+  EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
+}
+
+TEST_F(RealVideo, AFileThatIsNoVideoShowsItsName) {
+  Load("no video at all");
+  area_.Play(1);
+  EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
+  EXPECT_TRUE(area_.Frame().isNull());
+}
+
+TEST_F(RealVideo, AVideoMayBeClearedWhileItPlays) {
+  Load(AviFile(std::vector<QColor>(20, Qt::red), 10));
+  area_.Play(1);
+  EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
+  area_.Clear();
+  Settle();
+  EXPECT_TRUE(area_.Frame().isNull());
+}
+
+}  // namespace
+}  // namespace pnl::test

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+// Documents of each kind in the window, and documents that can't be shown.
+#include "plc/plc_rig.h"
+
+namespace pnl::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PlcDocuments : public PlcToolTest {
+ protected:
+  PlcDocuments() { MakeTool(); }
+  /// Shows a file and returns what the view was asked, without opening the window.
+  Log Show(TextView file) {
+    Help(file);
+    Log asked = All();
+    std::erase_if(asked, [](const std::string& line) {
+      return line.starts_with("Host") || line == "view show" || line == "view top" || line == "view focus";
+    });
+    return asked;
+  }
+};
+
+TEST_F(PlcDocuments, ATextWithANumberIsShownAsText) {
+  EXPECT_THAT(Show(u"text.txt#4"), IsEmpty());
+  EXPECT_EQ(view->Area(), "text");
+  EXPECT_EQ(view->content, "Text 4");
+  EXPECT_EQ(tool->DocumentFile(), u"C:\\P61\\text.txt#4");
+  EXPECT_EQ(tool->DocumentExt(), u"TXT");
+}
+
+TEST_F(PlcDocuments, ATextThatTheFileDoesNotHaveIsEmpty) {
+  Show(u"text.txt#4");
+  Show(u"text.txt#99");
+  EXPECT_EQ(view->Area(), "text");
+  EXPECT_EQ(view->content, "");
+}
+
+TEST_F(PlcDocuments, ATextFileWithoutANumberOpensInTheWebView) {
+  EXPECT_THAT(Show(u"text.txt"), ElementsAre("view navigate C:\\P61|text.txt|", "view focus page"));
+  EXPECT_EQ(view->Area(), "page");
+  EXPECT_THAT(Show(u"text.txt#part"), ElementsAre("view navigate C:\\P61|text.txt|part", "view focus page"));
+}
+
+TEST_F(PlcDocuments, APageTakesTheFocusAndItsAnchor) {
+  EXPECT_THAT(Show(u"page.htm#oil"), ElementsAre("view navigate C:\\P61|page.htm|oil", "view focus page"));
+  EXPECT_EQ(view->Area(), "page");
+}
+
+TEST_F(PlcDocuments, APhotoIsAPageAndNoPicture) {
+  EXPECT_THAT(Show(u"photo.jpg"), ElementsAre("view navigate C:\\P61|photo.jpg|", "view focus page"));
+  EXPECT_EQ(view->Area(), "page");
+}
+
+TEST_F(PlcDocuments, AFileOfAnUnknownKindIsAPage) {
+  files.disc["C:\\P61\\a.doc"] = "x";
+  EXPECT_THAT(Show(u"a.doc"), ElementsAre("view navigate C:\\P61|a.doc|", "view focus page"));
+}
+
+TEST_F(PlcDocuments, ABitmapTakesThePlaceOfTheText) {
+  Show(u"text.txt#1");
+  EXPECT_THAT(Show(u"plan.bmp"), ElementsAre("view picture"));
+  EXPECT_EQ(view->Area(), "text");
+  EXPECT_EQ(view->picture, files.disc["C:\\P61\\plan.bmp"]);
+  Show(u"text.txt#1");
+  EXPECT_EQ(view->picture, "") << "a text removes the picture";
+}
+
+TEST_F(PlcDocuments, AVideoPlaysOnce) {
+  EXPECT_THAT(Show(u"film.avi"), ElementsAre("view load video C:\\P61\\film.avi", "view play 1"));
+  EXPECT_EQ(view->Area(), "video");
+}
+
+TEST_F(PlcDocuments, TheNextDocumentClearsTheVideo) {
+  Show(u"film.avi");
+  EXPECT_THAT(Show(u"text.txt#1"), ElementsAre("view clear video"));
+  EXPECT_THAT(Show(u"text.txt#2"), IsEmpty()) << "not again";
+  Show(u"film.avi");
+  EXPECT_THAT(Show(u"film.avi"), ElementsAre("view clear video", "view load video C:\\P61\\film.avi", "view play 1"));
+  Escape();
+  EXPECT_THAT(All(), ElementsAre("view clear video", "HostToolClosed(1,2)", "view hide", "HostForwardKey(27)"));
+}
+
+TEST_F(PlcDocuments, KeysAndCommandsDriveTheVideo) {
+  Show(u"film.avi");
+  EXPECT_TRUE(Key(PlcKey::kEnter));
+  EXPECT_TRUE(Key(PlcKey::kSpace));
+  EXPECT_TRUE(Key(PlcKey::kHome));
+  EXPECT_THAT(All(), ElementsAre("view play 1", "view stop", "view stop", "view rewind"));
+  for (const int command : {32771, 32772, 32773}) Command(command);
+  EXPECT_THAT(All(), ElementsAre("view play 1", "view stop", "view stop", "view rewind"));
+}
+
+TEST_F(PlcDocuments, WithoutAVideoTheKeysAreTheControls) {
+  for (const TextView file : {u"text.txt#1", u"page.htm", u"plan.bmp", u"none.htm"}) {
+    Show(file);
+    for (const PlcKey key : {PlcKey::kEnter, PlcKey::kSpace, PlcKey::kHome}) EXPECT_FALSE(Key(key));
+    EXPECT_THAT(All(), IsEmpty());
+  }
+}
+
+// "A" is the beginning of "AVI", which makes it a video; Enter asks for the whole word.
+TEST_F(PlcDocuments, EnterPlaysOnlyAFileWhoseExtensionIsAvi) {
+  files.disc["C:\\P61\\film.a"] = files.disc["C:\\P61\\FILM2.AVI"] = "avi";
+  Show(u"film.a");
+  EXPECT_EQ(view->Area(), "video");
+  EXPECT_FALSE(Key(PlcKey::kEnter));
+  EXPECT_TRUE(Key(PlcKey::kSpace));
+  Show(u"FILM2.AVI");
+  EXPECT_TRUE(Key(PlcKey::kEnter));
+}
+
+// Documents that aren't there.
+
+TEST_F(PlcDocuments, ADocumentThatCannotBeReadShowsItsNameAndWhereItWasLookedFor) {
+  Show(u"page.htm");
+  EXPECT_THAT(Show(u"none.htm#x"), IsEmpty());
+  EXPECT_EQ(view->Area(), "note");
+  EXPECT_EQ(Note(), "none.htm unreadable\nLooked in:\nC:\\P61\nC:\\P15");
+  EXPECT_EQ(Title(), "Help") << "the title line remains";
+  EXPECT_EQ(tool->DocumentFile(), u"");
+  Show(u"C:\\X\\none.txt#1");
+  EXPECT_EQ(Note(), "C:\\X\\none.txt unreadable\nLooked in:\nC:\\X");
+  Show(u"page.htm");
+  EXPECT_EQ(view->Area(), "page");
+}
+
+TEST_F(PlcDocuments, AnUnreadableDocumentAfterAVideoLeavesNoVideo) {
+  Show(u"film.avi");
+  EXPECT_THAT(Show(u"none.htm"), ElementsAre("view clear video"));
+  EXPECT_FALSE(Key(PlcKey::kEnter));
+  EXPECT_EQ(tool->DocumentExt(), u"");
+}
+
+TEST_F(PlcDocuments, NoDocumentIsNoFailure) {
+  Show(u"page.htm");
+  Show(u"");
+  EXPECT_EQ(view->Area(), "nothing");
+}
+
+TEST_F(PlcDocuments, APageThatTheViewRefusesIsNamed) {
+  view->refusal = PageRefusal::kTooLarge;
+  EXPECT_THAT(Show(u"page.htm"), ElementsAre("view navigate C:\\P61|page.htm|"));
+  EXPECT_EQ(view->Area(), "note");
+  EXPECT_EQ(Note(), "page.htm too large");
+  view->refusal = PageRefusal::kUnreadable;
+  Show(u"page.htm");
+  EXPECT_EQ(Note(), "page.htm damaged");
+}
+
+TEST_F(PlcDocuments, ABitmapThatCannotBeDecodedOrIsTooLargeIsNamed) {
+  view->goodPictures = false;
+  Show(u"plan.bmp");
+  EXPECT_EQ(view->Area(), "note");
+  EXPECT_EQ(Note(), "plan.bmp damaged");
+  view->goodPictures = true;
+  std::string& bmp = files.disc["C:\\P61\\plan.bmp"];
+  bmp.replace(18, 4, std::string("\x30\x75\0\0", 4));
+  bmp.replace(22, 4, std::string("\x30\x75\0\0", 4));
+  EXPECT_THAT(Show(u"plan.bmp"), IsEmpty()) << "nobody decodes 30,000 by 30,000";
+  EXPECT_EQ(Note(), "plan.bmp too large");
+  bmp = "no bitmap";
+  Show(u"plan.bmp");
+  EXPECT_EQ(Note(), "plan.bmp damaged");
+}
+
+TEST_F(PlcDocuments, ARefusedLinkIsNamedOnTheMessageLineUntilTheNextDocument) {
+  Show(u"page.htm");
+  Call(&PlcSession::OnLinkRefused, TextView(u"http://example.com"));
+  EXPECT_THAT(All(), ElementsAre("message \"no link: http://example.com\""));
+  EXPECT_EQ(view->Area(), "page");
+  Escape();
+  EXPECT_THAT(All(), ElementsAre("clear message", "HostToolClosed(1,2)", "view hide", "HostForwardKey(27)"));
+}
+
+// Places.
+
+TEST_F(PlcDocuments, TheAreaIsTheClientAreaBelowATitleOf30) {
+  view->parent = {0, 0, 640, 400};
+  Call(&PlcSession::OnAreaResized);
+  EXPECT_EQ(view->window, (Rect{0, 0, 640, 400}));
+  EXPECT_EQ(view->rects[plc_id::kTitle], (Rect{0, 0, 640, 30}));
+  for (const int id : {plc_id::kText, plc_id::kVideo, plc_id::kNote}) {
+    EXPECT_EQ(view->rects[id], (Rect{0, 30, 640, 400}));
+  }
+}
+
+// The web view is 16 shorter after a resize, until the next page is shown.
+TEST_F(PlcDocuments, APageTakesTheFullAreaAndIs16ShorterAfterAResize) {
+  view->parent = {0, 0, 640, 400};
+  Call(&PlcSession::OnAreaResized);
+  EXPECT_EQ(view->rects[plc_id::kPage], (Rect{0, 30, 640, 384}));
+  Show(u"page.htm");
+  EXPECT_EQ(view->rects[plc_id::kPage], (Rect{0, 30, 640, 400}));
+  view->parent = {0, 0, 800, 500};
+  Call(&PlcSession::OnAreaResized);
+  EXPECT_EQ(view->rects[plc_id::kPage], (Rect{0, 30, 800, 484}));
+}
+
+TEST_F(PlcDocuments, AWindowWithoutHeightHasNoAreaOfNegativeSize) {
+  view->parent = {0, 0, 10, 20};
+  Call(&PlcSession::OnAreaResized);
+  for (const auto& [id, rect] : view->rects) {
+    EXPECT_GE(rect.Height(), 0) << id;
+    EXPECT_GE(rect.Width(), 0) << id;
+  }
+}
+
+}  // namespace
+}  // namespace pnl::test
