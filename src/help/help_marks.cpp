@@ -87,7 +87,7 @@ ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpTe
   resolved.page.page = index.ReadString(kMarksSection, mark, kFailed);
   if (resolved.page.page != kFailed) return resolved;
 
-  // The operator is told of the missing mark, although help then opens: the marks files get corrected that way.
+  // Deliberately before help opens all the same: the operator gets to know of every mark that is missing.
   tell(helps.name, Format(kNoMarkText, mark));
   resolved.page.mark = key + Text(kFallbackNumber);
   resolved.page.fallback = true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The real manuals behind the viewer's seam: unpacked by the cache, read and searched by help/manual. ManualPages gives
+// The real manuals for the viewer's seam: unpacked by the cache, read and searched by help/manual. ManualPages gives
 // their pages to the page view, in UTF-8 whatever their code page.
 #pragma once
 

@@ -14,7 +14,7 @@ namespace pnl::test {
 
 class HelpStage : public WindowStage {
  protected:
-  explicit HelpStage(QSize area = {800, 600}) : WindowStage(area + QSize(100, 100), QRect(QPoint(20, 10), area)) {
+  explicit HelpStage(QSize size = {800, 600}) : WindowStage(size + QSize(100, 100), QRect(QPoint(20, 10), size)) {
     cnc.Define(u"E.HELPDATA", rig::VariableType::kText, std::u16string(), true, true);
     Disc("C:\\P113\\Cnc7340.helps", "[MANUALS]\r\nOPT=oper.chm\r\nPRG=prog.chm\r\nNIX=gone.chm\r\n");
     Disc("C:\\P113\\oper.mrk", "[MARKS]\r\nOPT0130=mdi.htm\r\nOPT0000=home.htm\r\n");
