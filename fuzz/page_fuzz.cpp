@@ -47,6 +47,7 @@ void CheckMarkup(TextView markup) {
       CheckAddress(attribute.value);
     }
     at = markup.size() - rest.size() - 1;
+    if (closes && tag->kind == TagKind::kVoid) continue;
     if (closes) {
       FUZZ_CHECK(!open.empty() && open.back() == name);
       open.pop_back();

@@ -35,7 +35,7 @@ std::optional<Content> ContentOf(TextView address, std::string_view bytes) {
   const Text text = DecodePage(bytes);
   if (text.find(u'\0') != Text::npos) return std::nullopt;
   bool cut = bytes.size() > page_limit::kBytes;
-  if (IsPlain(address, text)) return Content{ToQString(cut ? text + Text(kCutSign) : text), true};
+  if (IsPlain(address, text)) return Content{ToQString(BreakLongWords(text) + Text(cut ? kCutSign : TextView())), true};
   CleanPage page = CleanMarkup(text);
   cut |= page.cut;
   if (cut) page.markup += u"<p>" + Text(kCutSign) + u"</p>";

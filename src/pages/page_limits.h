@@ -7,10 +7,11 @@
 
 namespace pnl::page_limit {
 
-inline constexpr std::size_t kBytes = 4'000'000;  // of a page's file; what comes after them isn't read
-inline constexpr std::size_t kTags = 40'000;
+inline constexpr std::size_t kBytes = 1'000'000;  // of a page's file; what comes after them isn't read
+inline constexpr std::size_t kWord = 1'000;       // characters without a blank; a longer word is broken
+inline constexpr std::size_t kTags = 10'000;
 inline constexpr std::size_t kDepth = 100;
-inline constexpr std::size_t kTables = 4;        // in each other
+inline constexpr std::size_t kTables = 3;        // in each other
 inline constexpr std::size_t kLists = 12;        // in each other
 inline constexpr int kColumns = 100;             // of a table
 inline constexpr std::size_t kPictures = 1'000;  // of a page

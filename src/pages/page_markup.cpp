@@ -17,6 +17,33 @@ constexpr std::size_t kLongestTag = 32;
 /// Only letters begin the name of a tag; every other '<' is a character.
 bool IsLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
+/// Counts the columns of a table. The browser reserves rows times columns of it, so one wide row among many, or cells
+/// that push others aside for many rows, would fill the memory.
+class TableColumns {
+ public:
+  void BeginRow() {
+    used_.erase(used_.begin());
+    used_.push_back(0);
+  }
+  /// Returns false when the row has no room for the cell.
+  [[nodiscard]] bool TakeCell(const std::vector<PageAttribute>& attributes) {
+    int columns = 1;
+    int rows = 1;
+    for (const PageAttribute& attribute : attributes) {
+      if (attribute.name == u"colspan") columns = SpanOf(attribute.value);
+      if (attribute.name == u"rowspan") rows = SpanOf(attribute.value);
+    }
+    const auto end = used_.begin() + rows;
+    if (std::any_of(used_.begin(), end, [&](int used) { return used + columns > page_limit::kColumns; })) return false;
+    std::for_each(used_.begin(), end, [&](int& used) { used += columns; });
+    return true;
+  }
+
+ private:
+  /// Columns that are taken in the present row and in those below it.
+  std::vector<int> used_ = std::vector<int>(page_limit::kColumns, 0);
+};
+
 /// Cleans one page. It keeps the tags that are open, so that it can close them.
 class Cleaner {
  public:
@@ -25,7 +52,7 @@ class Cleaner {
   CleanPage Run() {
     while (!rest_.empty() && !page_.cut) {
       const std::size_t tag = std::min(rest_.find(u'<'), rest_.size());
-      page_.markup += rest_.substr(0, tag);
+      page_.markup += BreakLongWords(rest_.substr(0, tag));
       rest_.remove_prefix(tag);
       if (!rest_.empty()) TakeTag();
     }
@@ -51,7 +78,7 @@ class Cleaner {
   TextView rest_;
   CleanPage page_;
   std::vector<const TagRow*> open_;
-  std::vector<int> columns_;  // of the present row of each open table
+  std::vector<TableColumns> tables_;  // of each open table
   std::size_t tags_ = 0;
   std::size_t pictures_ = 0;
 };
@@ -104,16 +131,9 @@ bool Cleaner::MayOpen(const TagRow& tag, const std::vector<PageAttribute>& attri
   if (tag.kind == TagKind::kTable) return CountOpen(TagKind::kTable) < page_limit::kTables;
   if (tag.kind == TagKind::kList) return CountOpen(TagKind::kList) < page_limit::kLists;
   if (tag.name == u"img") return ++pictures_ <= page_limit::kPictures;
-  if (tag.kind == TagKind::kSection || tag.kind == TagKind::kRow) return !columns_.empty();
+  if (tag.kind == TagKind::kSection || tag.kind == TagKind::kRow) return !tables_.empty();
   if (tag.kind != TagKind::kCell) return true;
-  // A table has as many cells as rows times columns, so few wide rows among many would fill the memory.
-  if (columns_.empty()) return false;
-  int span = 1;
-  for (const PageAttribute& attribute : attributes) {
-    if (attribute.name == u"colspan") span = SpanOf(attribute.value);
-  }
-  columns_.back() += span;
-  return columns_.back() <= page_limit::kColumns;
+  return !tables_.empty() && tables_.back().TakeCell(attributes);
 }
 
 void Cleaner::Open(const TagRow& tag, const std::vector<PageAttribute>& attributes) {
@@ -135,8 +155,8 @@ void Cleaner::Open(const TagRow& tag, const std::vector<PageAttribute>& attribut
   Write(tag, attributes);
   if (tag.kind == TagKind::kVoid) return;
   open_.push_back(&tag);
-  if (tag.kind == TagKind::kTable) columns_.push_back(0);
-  if (tag.kind == TagKind::kRow) columns_.back() = 0;
+  if (tag.kind == TagKind::kTable) tables_.emplace_back();
+  if (tag.kind == TagKind::kRow) tables_.back().BeginRow();
 }
 
 void Cleaner::Write(const TagRow& tag, const std::vector<PageAttribute>& attributes) {
@@ -155,6 +175,8 @@ void Cleaner::Write(const TagRow& tag, const std::vector<PageAttribute>& attribu
   // The text browser ignores a style sheet that doesn't say its type.
   if (tag.name == u"link" && !typed) page_.markup += u" type=\"text/css\"";
   page_.markup += u'>';
+  // The text browser takes it for the parent of all that follows, and shows none of that.
+  if (tag.name == u"link") page_.markup += u"</link>";
 }
 
 template <typename Ends, typename Bounds>
@@ -199,7 +221,7 @@ void Cleaner::CloseDownTo(std::size_t count) {
   while (open_.size() > count) {
     const TagRow& tag = *open_.back();
     open_.pop_back();
-    if (tag.kind == TagKind::kTable) columns_.pop_back();
+    if (tag.kind == TagKind::kTable) tables_.pop_back();
     page_.markup += u"</";
     page_.markup += tag.name;
     page_.markup += u'>';
@@ -207,6 +229,24 @@ void Cleaner::CloseDownTo(std::size_t count) {
 }
 
 }  // namespace
+
+Text BreakLongWords(TextView text) {
+  Text broken;
+  broken.reserve(text.size());
+  std::size_t length = 0;
+  for (const char16_t c : text) {
+    const bool white = c == u' ' || (c >= u'\t' && c <= u'\r');
+    // Not between the halves of one character.
+    const bool half = c >= 0xDC00 && c <= 0xDFFF;
+    if (!white && !half && length >= page_limit::kWord) {
+      broken += u' ';
+      length = 0;
+    }
+    length = white ? 0 : length + 1;
+    broken += c;
+  }
+  return broken;
+}
 
 CleanPage CleanMarkup(TextView markup) { return Cleaner(markup).Run(); }
 

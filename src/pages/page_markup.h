@@ -12,7 +12,12 @@ struct CleanPage {
   Text markup;
   bool cut = false;  // something was left out because a limit was reached
 };
-/// Returns the markup in which every tag that was opened is closed. Text outside the tags stays as it is.
+/// Returns the markup in which every tag that was opened is closed. Text outside the tags stays as it is, but for words
+/// that are too long.
 [[nodiscard]] CleanPage CleanMarkup(TextView markup);
+
+/// The text with a blank in every word that is longer than page_limit::kWord: the browser takes minutes for a very long
+/// one.
+[[nodiscard]] Text BreakLongWords(TextView text);
 
 }  // namespace pnl

@@ -81,8 +81,8 @@ const MarkupRow kMarkup[] = {
     // Styles.
     {u"<style>p{width:123456px} @import url(x.css); b<i</style>a",
      "<style type=\"text/css\">p{width:2000px}  import url(x.css); b i</style>a"},
-    {u"<link rel=stylesheet href=a.css>", "<link rel=\"stylesheet\" href=\"a.css\" type=\"text/css\">"},
-    {u"<link type=text/css href=a.css>", "<link type=\"text/css\" href=\"a.css\">"},
+    {u"<link rel=stylesheet href=a.css>", "<link rel=\"stylesheet\" href=\"a.css\" type=\"text/css\"></link>"},
+    {u"<link type=text/css href=a.css></link>", "<link type=\"text/css\" href=\"a.css\"></link>"},
 };
 
 TEST(PageMarkup, OnlyKnownTagsAndAttributesPass) {
@@ -113,6 +113,8 @@ TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td>", 1000)), "<td>"), 100u);
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30>", 10)), "<td "), 3u);
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td rowspan=3 colspan=40>", 9)), "<td "), 6u)
+      << "a cell from above pushes those beside it aside";
 }
 
 TEST(PageMarkup, APageWithTooManyTagsOrPicturesIsCut) {
@@ -124,6 +126,16 @@ TEST(PageMarkup, APageWithTooManyTagsOrPicturesIsCut) {
   EXPECT_EQ(cut.markup.find(u"rest"), Text::npos);
   EXPECT_FALSE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures)).cut);
   EXPECT_TRUE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures + 1)).cut);
+}
+
+TEST(PageMarkup, AWordThatIsTooLongIsBrokenBetweenCharacters) {
+  const Text word(page_limit::kWord, u'x');
+  EXPECT_EQ(BreakLongWords(word + u" " + word), word + u" " + word);
+  EXPECT_EQ(BreakLongWords(word + u"yz"), word + u" yz");
+  EXPECT_EQ(BreakLongWords(word + word + word), word + u" " + word + u" " + word);
+  const Text before(page_limit::kWord - 1, u'x');
+  EXPECT_EQ(BreakLongWords(before + u"\U0001F527y"), before + u"\U0001F527 y");
+  EXPECT_EQ(CleanMarkup(u"<p>" + word + u"y").markup, u"<p>" + word + u" y</p>");
 }
 
 TEST(PageMarkup, AStyleSheetHasALimitedLengthAndNumberOfRules) {

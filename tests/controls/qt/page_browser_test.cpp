@@ -228,10 +228,11 @@ TEST_F(PageBrowserTest, NoRequestLeavesTheDocumentsFolder) {
        "<iframe src=\"http://example.com\"></iframe><script src=\"http://example.com/x.js\"></script></body>");
   EXPECT_TRUE(Show(u"evil.htm"));
   const QImage painted = Paint(view_);
+  EXPECT_EQ(Content().substr(0, 4), "text");
   EXPECT_EQ(Count(painted, kRed), 0);
   EXPECT_GE(Refused(PageRefusal::kForeign), 8u);
-  EXPECT_GE(Refused(PageRefusal::kOutside), 4u);
-  EXPECT_GE(Refused(PageRefusal::kBadAddress), 2u);
+  EXPECT_GE(Refused(PageRefusal::kOutside), 3u);
+  EXPECT_GE(Refused(PageRefusal::kBadAddress), 1u);
   EXPECT_EQ(Refused(PageRefusal::kNone), 2u) << "the page's own address and its bytes";
 }
 
@@ -349,7 +350,7 @@ TEST_F(PageBrowserTest, AnUnknownFileWithoutMarkupIsText) {
 
 TEST_F(PageBrowserTest, APageOf50MegabytesIsCutAndSaysSo) {
   std::string page = "<p>begin</p>";
-  while (page.size() < PageSource::kMostBytes - 100) page += "<p>" + std::string(2000, 'x') + "</p>";
+  while (page.size() < PageSource::kMostBytes - 5000) page += "<p>" + std::string(2000, 'x') + "</p>";
   Page("long.htm", page);
   EXPECT_TRUE(Show(u"long.htm"));
   EXPECT_TRUE(view_.TextArea().toPlainText().endsWith(QStringLiteral("[\u2026]")));
@@ -368,8 +369,9 @@ TEST_F(PageBrowserTest, HostileMarkupIsShownInBoundedTime) {
   for (int i = 0; i < 1000; ++i) spans += "<tr><td rowspan=99999 colspan=99999>x";
   std::string lists;
   for (int i = 0; i < 3000; ++i) lists += "<ul><li>";
-  for (const std::string& page : {tables, rows, spans, lists, std::string("<p style=\"font-size:99999999px\">x"),
-                                  std::string("<img src=red.png width=99999999 height=99999999>")}) {
+  for (const std::string& page :
+       {tables, rows, spans, lists, std::string(1'000'000, 'x'), std::string("<p style=\"font-size:99999999px\">x"),
+        std::string("<img src=red.png width=99999999 height=99999999>")}) {
     Page("evil.htm", page);
     EXPECT_TRUE(Show(u"evil.htm"));
     Paint(view_);

@@ -2,6 +2,9 @@
 // Manuals that no compiler writes: what they say of themselves must not lead anywhere.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "extractor_rig.h"
 #include "support/chm_writer.h"
 #include "unpacked_manual.h"
@@ -126,6 +129,21 @@ TEST_F(HostileManual, AListThatGoesInCirclesEnds) {
   ASSERT_EQ(Unpack(bytes), Extraction::kDone);
   EXPECT_GT(manual_->Pages().size(), 100u);
   EXPECT_TRUE(manual_->IsDamaged());
+}
+
+TEST_F(HostileManual, ACrashCostsOneObjectAndTheNextOnesAreUnpacked) {
+  std::ifstream in(std::string(PNL_TESTS_FOLDER) + "/help/manual/data/small.chm", std::ios::binary);
+  std::string bytes{std::istreambuf_iterator<char>(in), {}};
+  // The length of a compressed block, by which the library divides.
+  const std::size_t length = bytes.find(std::string("\0\x80\0\0\0\0\0\0", 8));
+  ASSERT_NE(length, std::string::npos);
+  bytes.replace(length, 8, 8, '\0');
+  ASSERT_EQ(Unpack(bytes), Extraction::kDone);
+  // All that is compressed is lost; the one object that isn't comes after some of them.
+  EXPECT_EQ(Names(), "_#_README_#_ ");
+  EXPECT_EQ(manual_->Listing().crashes, 7u);
+  EXPECT_TRUE(manual_->IsDamaged());
+  EXPECT_EQ(manual_->Title(), u"Manual de la máquina");
 }
 
 }  // namespace

@@ -76,6 +76,7 @@ TEST(Markup, BrokenMarkupCountsAsFarAsItGoes) {
 TEST(Markup, TheContentOfScriptsAndStyleSheetsIsOneText) {
   EXPECT_EQ(PiecesOf(u"<script>if (a<b) x='<p>';</script>y"), "<SCRIPT>'if (a<b) x='<p>';'</SCRIPT>'y'");
   EXPECT_EQ(PiecesOf(u"<STYLE>p > b {}</Style >"), "<STYLE>'p > b {}'</STYLE>");
+  EXPECT_EQ(PiecesOf(u"<style>a<b{}</style>"), "<STYLE>'a<b{}'</STYLE>");
   EXPECT_EQ(PiecesOf(u"<style></style>x"), "<STYLE></STYLE>'x'");
   EXPECT_EQ(PiecesOf(u"<script>never closed <p>"), "<SCRIPT>'never closed <p>'");
 }

@@ -13,7 +13,7 @@
 namespace pnl {
 namespace {
 
-constexpr int kUsualCount = 300;
+constexpr int kUsualCount = 200;
 
 std::string Compiled() {
   std::ifstream in(std::string(PNL_TESTS_FOLDER) + "/help/manual/data/small.chm", std::ios::binary);

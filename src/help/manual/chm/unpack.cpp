@@ -179,14 +179,12 @@ void ReadAll(const std::string& manual, const std::string& folder, Progress& pro
     if (!process) return;
     Follow(process->reports.Get(), deadline, progress);
     kill(process->pid, SIGKILL);
-    int status = 0;
-    while (waitpid(process->pid, &status, 0) < 0 && errno == EINTR) {
+    while (waitpid(process->pid, nullptr, 0) < 0 && errno == EINTR) {
     }
     if (progress.IsOver()) return;
-    // A reader that ended by itself found no manual.
-    if (WIFEXITED(status)) return;
-    progress.TakeCrash();
+    // The file is no manual, or not even its head can be read.
     if (!progress.HasOpened()) return;
+    progress.TakeCrash();
     if (Clock::now() >= deadline) break;
   }
   progress.TakeOverrun();
