@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   for (const int codePage : {1252, 932}) {
     const pnl::Text markup = pnl::DecodePage(bytes, codePage);
-    const pnl::PageText page = pnl::TextOfPage(markup);
+    const pnl::ReadablePage page = pnl::TextOfPage(markup);
     FUZZ_CHECK(page.title.size() <= 1'000);
     for (const pnl::Text& word : pnl::SearchWordsOf(page.text)) {
       FUZZ_CHECK(!word.empty() && word.size() <= pnl::kLongestSearchWord);

@@ -35,7 +35,7 @@ std::shared_ptr<const SearchIndex> SearchIndex::Build(const Manual& manual, cons
     if (isCancelled()) return nullptr;
     if (index->pages_.size() >= kMostPages) break;
     const auto markup = manual.ReadText(page, kMostPageBytes);
-    const PageText content = markup ? TextOfPage(*markup) : PageText();
+    const ReadablePage content = markup ? TextOfPage(*markup) : ReadablePage();
     SearchRow row{content.title, page};
     if (row.title.empty()) row.title = manual.ContentsTitleOf(page);
     if (row.title.empty()) row.title = page;

@@ -37,8 +37,8 @@ Text OnOneLine(TextView text) {
 
 }  // namespace
 
-PageText TextOfPage(TextView markup) {
-  PageText page;
+ReadablePage TextOfPage(TextView markup) {
+  ReadablePage page;
   Text title;
   bool inTitle = false;
   bool hidden = false;

@@ -6,11 +6,11 @@
 
 namespace pnl {
 
-struct PageText {
+struct ReadablePage {
   Text title;  // what the page calls itself, on one line; empty if it doesn't
   Text text;   // title and body; elements that begin a new line or cell are divided by a blank
 };
 
-[[nodiscard]] PageText TextOfPage(TextView markup);
+[[nodiscard]] ReadablePage TextOfPage(TextView markup);
 
 }  // namespace pnl

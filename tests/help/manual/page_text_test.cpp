@@ -14,8 +14,8 @@ std::string WordsIn(TextView text) {
   return result;
 }
 
-TEST(PageText, OnlyWhatAReaderSeesCounts) {
-  const PageText page = TextOfPage(
+TEST(ReadablePage, OnlyWhatAReaderSeesCounts) {
+  const ReadablePage page = TextOfPage(
       u"<html><head><title> The\n spindle </title><style>p { color: red }</style><script>var hidden;</script></head>"
       u"<body><!-- secret --><h1>Head</h1><p title=attribute>one<br>two</p><td>a</td><td>b</td>S<b>30</b>00 "
       u"&ntilde;&amp;");
@@ -23,16 +23,16 @@ TEST(PageText, OnlyWhatAReaderSeesCounts) {
   EXPECT_EQ(WordsIn(page.text), "THE SPINDLE HEAD ONE TWO A B S3000 N ");
 }
 
-TEST(PageText, ATitleThatIsntClosedEndsAtTheNextElement) {
+TEST(ReadablePage, ATitleThatIsntClosedEndsAtTheNextElement) {
   EXPECT_EQ(TextOfPage(u"<title>Short<body><p>long text").title, u"Short");
   EXPECT_EQ(TextOfPage(u"no title").title, u"");
 }
 
-TEST(PageText, ALongTitleIsCut) {
+TEST(ReadablePage, ALongTitleIsCut) {
   EXPECT_EQ(TextOfPage(u"<title>" + Text(100'000, u'a') + u"</title>").title.size(), 1'000u);
 }
 
-TEST(PageText, ScriptsThatArentClosedHideTheRest) {
+TEST(ReadablePage, ScriptsThatArentClosedHideTheRest) {
   EXPECT_EQ(WordsIn(TextOfPage(u"<p>seen<script>hidden<p>hidden").text), "SEEN ");
 }
 

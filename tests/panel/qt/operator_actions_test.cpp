@@ -99,9 +99,6 @@ TEST_F(HostFixture, WithoutTheErrorToolTheClearKeyEmptiesTheQueue) {
   EXPECT_EQ(Calls(), "ClearErrors");
   EXPECT_EQ(Hint(), "");
   EXPECT_FALSE(op.Can(Action::kClearError));
-  Call(1, {PNL_TOOL_PLC_MESSAGES});
-  op.Desk().OnShowError({{"header", "h"}});
-  EXPECT_TRUE(op.Can(Action::kClearError)) << "the help of an error";
 }
 
 TEST_F(HostFixture, WithoutAMachineTheKeysSaySo) {
@@ -167,26 +164,11 @@ TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
   EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
 }
 
-TEST_F(HostFixture, WithoutAHelpViewerTheHelpKeySaysSo) {
+TEST_F(HostFixture, AHelpViewerThatFindsNoPageMakesTheHelpKeySaySo) {
   rig.variables[u"E.HELPDATA"] = std::u16string();
   op.Do(Action::kHelp);
-  EXPECT_EQ(Hint(), Warning(Word::kToolMissing));
   EXPECT_EQ(Calls(), "Set 'E.HELPDATA' 'OPT0140'") << "the page about the program";
-  const std::pair<int, const char*> rows[] = {{PNL_TOOL_PLC_MESSAGES, "OPT0500"},
-                                              {PNL_TOOL_HELP, "OPT0600"},
-                                              {PNL_TOOL_CALCULATOR, "OPT0300"},
-                                              {PNL_TOOL_EXPLORER, "OPT0400"}};
-  for (const auto& [tool, mark] : rows) {
-    Call(1, {tool});
-    op.Do(Action::kHelp);
-    EXPECT_EQ(Calls(), std::string("Set 'E.HELPDATA' '") + mark + "'") << tool;
-  }
-  for (const int tool : {PNL_TOOL_MDI, PNL_TOOL_MACHINING_CALCULATOR, PNL_TOOL_ERRORS}) {
-    Call(1, {tool});
-    op.Do(Action::kHelp);
-    EXPECT_EQ(Calls(), "") << "it writes its own, or has none: " << tool;
-    EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere));
-  }
+  EXPECT_EQ(Hint(), Warning(Word::kNoHelpHere)) << "the library has no such variable";
 }
 
 TEST_F(HostFixture, PlcMessagesAreThoseOfTheMachine) {
@@ -390,43 +372,23 @@ TEST_F(HostFixture, EveryErrorThatComesOrGoesIsToldAsAChange) {
   }
 }
 
-TEST_F(HostFixture, TheHelpOfAnErrorLastsUntilItIsLeftOrTheErrorsAreGone) {
-  const auto show = [this] {
-    Call(13, {QVariantMap{{"header", "h"}, {"back", 5u}, {"fore", 6u}, {"helpRef", "a#7"}}});
-    return op.Desk().ShowsHelp();
-  };
-  EXPECT_FALSE(show()) << "nobody shows it";
-  Call(1, {PNL_TOOL_PLC_MESSAGES});
-  Settle();
-  EXPECT_TRUE(show());
-  EXPECT_EQ(Settle(), 1);
-  Call(14);
-  EXPECT_FALSE(op.Desk().ShowsHelp());
-  EXPECT_EQ(Settle(), 1);
-  op.Desk().OnHelpLeft();
-  EXPECT_EQ(Settle(), 0) << "no help to leave";
-  EXPECT_TRUE(show());
-  Settle();
+TEST_F(HostFixture, AForwardedKeyIsPassedOnWhenNoHelpOfAnErrorIsShown) {
   QList<int> forwarded;
   QObject::connect(&op, &Operator::KeyForwarded, [&forwarded](int key) { forwarded << key; });
-  Call(15, {27});
-  EXPECT_FALSE(op.Desk().ShowsHelp());
-  EXPECT_EQ(Settle(), 1);
-  EXPECT_TRUE(forwarded.isEmpty()) << "the key has left the help";
+  Call(13, {QVariantMap{{"header", "h"}, {"helpRef", "a#7"}}});
+  EXPECT_FALSE(op.Desk().ShowsHelp()) << "there is no view";
   Call(15, {27});
   EXPECT_EQ(forwarded, QList<int>{27});
+  op.Desk().OnHelpLeft();
+  EXPECT_FALSE(op.Desk().ShowsHelp());
 }
 
-TEST_F(HostFixture, TheErrorWindowThatOpensEndsTheHelpAndIsTold) {
+TEST_F(HostFixture, OnlyTheErrorWindowInterrupts) {
   int came = 0;
   QObject::connect(&op.Desk(), &ErrorDesk::WindowCame, [&came] { ++came; });
-  Call(1, {PNL_TOOL_PLC_MESSAGES});
-  Call(13, {QVariantMap{{"header", "h"}}});
   Call(1, {PNL_TOOL_MDI});
-  EXPECT_TRUE(op.Desk().ShowsHelp());
   EXPECT_EQ(came, 0);
   Call(1, {PNL_TOOL_ERRORS});
-  EXPECT_FALSE(op.Desk().ShowsHelp());
   EXPECT_EQ(came, 1);
 }
 

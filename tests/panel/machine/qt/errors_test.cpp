@@ -229,7 +229,6 @@ TEST_F(ErrorsTest, AWindowOfWhichTheHostIsNotToldIsNotBroughtBack) {
   Raise(Fault::kDriveFault);
   op_->Desk().OnShowError({{"header", "ERROR 7"}});
   EXPECT_FALSE(op_->Desk().BringBack());
-  EXPECT_TRUE(op_->Desk().ShowsHelp());
 }
 
 TEST_F(ErrorsTest, TheClearKeyLeavesAScriptsOwnToolAloneAndEmptiesTheQueue) {

@@ -147,7 +147,7 @@ TEST_F(MachiningInPanel, OpenedAgainItShowsWhatWasChosen) {
   EXPECT_EQ(window_->MainBar().Menu(), 0u);
   Open();
   EXPECT_EQ(session_.ToolWindow(kTool), window);
-  EXPECT_EQ(session_.ToolWindows().size(), 2u) << "with the error window";
+  EXPECT_EQ(session_.ToolWindows().size(), 3u) << "with the error window and the message view";
   EXPECT_EQ(Box(kMaterial)->currentText(), "Structural steel S275JR");
   EXPECT_EQ(Box(kToolBox)->currentText(), "T3");
   EXPECT_EQ(Cell(kGrid, 1, 3), "180");

@@ -170,6 +170,13 @@ TEST_F(OperatorTest, TheHelpKeyOpensThePageOfWhatIsInFront) {
   EXPECT_EQ(asked(), u"OPT0130") << "the same mark once more";
   Do(Action::kOpenCalculator);
   EXPECT_EQ(asked(), u"OPT0300") << "and not the mark that another tool left";
+  rig_.Machine()->RaisePlcMessage(1);
+  Settle();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_PLC_MESSAGES);
+  EXPECT_EQ(asked(), u"OPT0500");
+  Do(Action::kHelp);
+  Do(Action::kHelp);
+  EXPECT_EQ(std::get<std::u16string>(*rig_.Cnc().Get(u"E.HELPDATA")), u"OPT0600") << "over a manual";
 }
 
 TEST_F(OperatorTest, TheHelpKeyOverAnErrorWithoutHelpSaysSo) {
