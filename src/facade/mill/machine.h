@@ -14,7 +14,8 @@ namespace pnl::sim {
 /// A machine of one channel, seen from the kernel and from the operator's panel.
 class Machine : public KernelMachine, public rig::MachineControl {
  public:
-  /// Sets the language of its error texts and PLC messages from now on: Spanish for a code that begins with "es", English for any other.
+  /// Sets the language of its error texts and PLC messages from now on: Spanish for a code that begins with "es",
+  /// English for any other.
   virtual void SetLanguage(std::string_view code) = 0;
   /// How many grants of the interlock are open: those that the panel hasn't given back, and those of the running and
   /// the parked block.
