@@ -67,6 +67,12 @@ TEST_F(MachineDocuments, ThatCannotBeWrittenAreReportedAndTheOthersAreThere) {
   EXPECT_EQ(library_.Simulation()->DescriptionBehind(u"C:\\CNC\\PLC\\EN\\messages.txt#1"), u"Door");
 }
 
+TEST_F(MachineDocuments, ThatIsAloneNotWritableIsReportedToo) {
+  static_cast<void>(disc_.Folder("CNC/HELP/EN/a.chm"));
+  EXPECT_FALSE(Install());
+  EXPECT_EQ(disc_.Read("CNC/HELP/ES/a.chm"), "spanish");
+}
+
 TEST_F(MachineDocuments, ThatDoNotComeWithTheLibraryAreNotMissed) {
   EXPECT_TRUE(InstallDocuments(library_.FileSystem(), {"/nowhere/lang"}, *library_.Simulation()));
   EXPECT_FALSE(disc_.Has("CNC"));
