@@ -38,7 +38,8 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl1-mesa-dev
-  libpugixml-dev libsmbclient-dev libchm-dev libqt6svg6 fonts-liberation gstreamer1.0-plugins-base gstreamer1.0-plugins-good)
+  libpugixml-dev libsmbclient-dev libchm-dev libqt6svg6 fonts-liberation
+  gstreamer1.0-plugins-base gstreamer1.0-plugins-good)
 test_packages=(python3 libgtest-dev libgmock-dev libmuparser-dev libbenchmark-dev locales binutils samba)
 bench_packages=(libbenchmark-dev libmuparser-dev)
 lint_packages=(clang-format-14 clang-tidy-14)

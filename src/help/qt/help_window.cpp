@@ -117,6 +117,7 @@ QWidget* ZCHelpHTML::MakeFindBar() {
   const auto add = [&](int id, HelpKeyButton::Sign sign, const QString& word) {
     auto* key = new HelpKeyButton(id, word, scale_, bar);
     key->SetSign(sign);
+    key->GiveFocusTo(findLine_);
     row->addWidget(key);
     return key;
   };
