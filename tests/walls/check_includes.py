@@ -4,7 +4,8 @@
 src/rooms.txt lists the rooms from the ground up. An include points to a room above in that list, or stays in its own
 room; tools never include each other. Qt is seen only in folders named qt and in the rooms marked so, and the core
 includes none of these. The folder of a module or program is included by itself alone. The panel sees the library through its public headers alone; its rooms include each other in one
-direction. No header or source includes itself through others.
+direction. No header or source includes itself through others. No two headers define classes of one name: a program
+that links both would run the code of either for both.
 """
 
 import pathlib
@@ -15,6 +16,7 @@ PANEL_FLOORS = {"common": 0, "host": 1, "remote": 2, "ui": 3, "guided": 4}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 # A folder that is linked into a module or program of its own, and the header that only it includes.
 MODULES = {"places/shares/": "libsmbclient.h", "controls/video/": "QMediaPlayer", "help/manual/chm/": "chm_lib.h"}
+CLASS = re.compile(r"^(?:class|struct|enum class) (\w+)[^;{]*\{", re.MULTILINE)
 QT_HEADER = re.compile(r"^(Q[A-Z][A-Za-z]*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\.h)$")
 
 
@@ -114,6 +116,19 @@ def check_public(path, includes):
             yield f"{path}: public header includes {name}"
 
 
+def twins(files):
+    """A finding for each header that defines a class which an earlier one defines too."""
+    first = {}
+    for path, text in sorted(files.items()):
+        folder = path.split("/")[0]
+        if folder not in ("src", "panel") or not path.endswith(".h"):
+            continue
+        for name in CLASS.findall(text):
+            earlier = first.setdefault((folder, name), path)
+            if earlier != path:
+                yield f"{path}: {earlier} has a class {name} too"
+
+
 def check(files, house):
     """All findings of a tree given as {path: text}."""
     own = {p.removeprefix("panel/") for p in files if p.startswith("panel/")}
@@ -130,6 +145,7 @@ def check(files, house):
             findings += check_panel(path, includes, own)
         elif path.startswith("include/"):
             findings += check_public(path, includes)
+    findings += twins(files)
     return findings + [finding for paths in included.values() for finding in circles(paths)]
 
 
@@ -163,6 +179,7 @@ RINGS = [
      "src/mdi/mdi_list.h": ""},
     {"panel/ui/a.h": '#include "ui/b.h"', "panel/ui/b.h": '#include "ui/c.h"', "panel/ui/c.h": '#include "ui/a.h"'},
 ]
+TWINS = {"src/mdi/mdi_menus.h": "class Menus final : public Menu {\n};", "src/zmc/zmc_menus.h": "struct Menus {\n};"}
 SOUND = {
     "src/mdi/qt/mdi_window.cpp": '#include "mdi/mdi_view.h"\n#include "controls/zwc_static.h"\n#include <QWidget>',
     "src/library/tool_factory.cpp": '#include "mdi/qt/mdi_window.h"',
@@ -170,7 +187,8 @@ SOUND = {
     "src/facade/mill/machine.h": "",
     "src/places/shares/smb_client.cpp": '#include "places/shares/smb_client.h"\n#include "places/share_client.h"\n#include <libsmbclient.h>',
     "src/places/shares/smb_client.h": "",
-    "src/controls/video/media_player.h": "#include <QMediaPlayer>",
+    "src/controls/video/media_player.h": "#include <QMediaPlayer>\nclass Named {\n};",
+    "src/controls/video/other.h": "class Named;",
     "panel/main.cpp": '#include "ui/panel_window.h"\n#include <pnltools/rig.h>',
     "panel/ui/panel_window.h": '#include <QWidget>\n#include "host/operator.h"',
     "panel/host/operator.h": "",
@@ -184,6 +202,8 @@ def self_test(house):
         if not check({path: text}, house):
             wrong.append(f"not seen: {text} in {path}")
     wrong += [f"not seen: {ring}" for ring in RINGS if not any("ring" in f for f in check(ring, house))]
+    if not check(TWINS, house):
+        wrong.append("not seen: two classes of one name")
     return wrong
 
 

@@ -55,6 +55,11 @@ void HelpKeyButton::SetSign(Sign sign) {
   update();
 }
 
+void HelpKeyButton::GiveFocusTo(QWidget* control) {
+  setFocusPolicy(Qt::ClickFocus);
+  setFocusProxy(control);
+}
+
 void HelpKeyButton::SetChosen(bool chosen) {
   chosen_ = chosen;
   setProperty(property::kChecked, chosen);

@@ -14,7 +14,7 @@
 
 namespace pnl {
 
-/// A flat key with a word or a triangle. It never takes the focus, so a press leaves the caret where it was.
+/// A flat key with a word or a triangle. It has never the focus itself.
 class HelpKeyButton : public QAbstractButton {
   Q_OBJECT
 
@@ -23,6 +23,8 @@ class HelpKeyButton : public QAbstractButton {
 
   HelpKeyButton(int id, const QString& word, const HelpScale& scale, QWidget* parent);
   void SetSign(Sign sign);
+  /// A press gives the focus to that control. Without this it goes to the next control around the key that takes it.
+  void GiveFocusTo(QWidget* control);
   [[nodiscard]] Sign ShownSign() const { return sign_; }
   /// A chosen key looks pressed in.
   void SetChosen(bool chosen);

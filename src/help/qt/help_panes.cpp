@@ -63,6 +63,7 @@ HelpPanes::HelpPanes(const Language& language, const HelpScale& scale, QWidget* 
   auto* searchRow = Tight(new QHBoxLayout);
   searchRow->addWidget(searchLine, 1);
   searchRow->addWidget(searchKey);
+  searchKey->GiveFocusTo(searchLine);
   searchColumn->addLayout(searchRow);
   searchColumn->addWidget(status_);
   searchColumn->addWidget(results, 1);

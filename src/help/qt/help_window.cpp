@@ -19,6 +19,7 @@ namespace pnl {
 namespace {
 
 constexpr int kPanesPercent = 33;
+constexpr int kPageWeight = 400;
 
 void Color2(QWidget* widget, Color back, Color text) {
   QPalette colors = widget->palette();
@@ -102,6 +103,7 @@ void ZCHelpHTML::MakeControls() {
   note_->setMargin(help_look::kGap);
   Color2(note_, help_look::kNoteBack, help_look::kNoteText);
   page_ = new PageBrowser(help_id::kPage, book_);
+  page_->setFont(scale_.MakeText(kPageWeight));
   findBar_ = MakeFindBar();
   column->addWidget(note_);
   column->addWidget(page_, 1);
@@ -117,6 +119,7 @@ QWidget* ZCHelpHTML::MakeFindBar() {
   const auto add = [&](int id, HelpKeyButton::Sign sign, const QString& word) {
     auto* key = new HelpKeyButton(id, word, scale_, bar);
     key->SetSign(sign);
+    key->GiveFocusTo(findLine_);
     row->addWidget(key);
     return key;
   };

@@ -37,6 +37,9 @@ bool IsSystemKey(const QKeyEvent& event) {
   return arrow && (event.modifiers() & (Qt::AltModifier | Qt::GroupSwitchModifier)) != 0;
 }
 
+/// A key that comes before the panel's shortcuts.
+bool IsOurs(const QKeyEvent& event) { return KeyOf(event) != HelpKey::kOther || IsSystemKey(event); }
+
 int QtKeyOf(HelpKey key) {
   switch (key) {
     case HelpKey::kTab:
@@ -117,7 +120,10 @@ bool ZCHelpHTML::OnKeyDown(const QKeyEvent& event) {
 }
 
 bool ZCHelpHTML::event(QEvent* event) {
-  if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) {
+  // A key that was sent to a control, and which the control doesn't need, goes no further.
+  const bool sent = sending_ && event->type() == QEvent::KeyPress;
+  if (event->type() == QEvent::ShortcutOverride && IsOurs(static_cast<QKeyEvent&>(*event))) event->accept();
+  if (sent || (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event)))) {
     event->accept();
     return true;
   }
@@ -129,13 +135,9 @@ bool ZCHelpHTML::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize) session_.Tell([](HelpSession& session) { session.OnParentResized(); });
     return false;
   }
-  if (event->type() == QEvent::ShortcutOverride) {
-    const auto& key = static_cast<QKeyEvent&>(*event);
-    // The viewer's keys come before the panel's shortcuts.
-    if (KeyOf(key) != HelpKey::kOther || IsSystemKey(key)) {
-      event->accept();
-      return true;
-    }
+  if (event->type() == QEvent::ShortcutOverride && IsOurs(static_cast<QKeyEvent&>(*event))) {
+    event->accept();
+    return true;
   }
   if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) {
     event->accept();

@@ -58,6 +58,7 @@ ZCListManuals::ZCListManuals(const Language& language, const HelpScale& scale, c
 
 void ZCListManuals::SetUp(ListBox* list, ListBox* other, const std::vector<Text>& rows) {
   list->SetItems(TextRows(rows));
+  list->setMinimumHeight(list->RowHeight());
   list->installEventFilter(this);
   connect(list, &QAbstractItemView::doubleClicked, this, &QDialog::accept);
   connect(list, &ListBox::Walked, this, [other] { other->Select(-1); });

@@ -25,6 +25,8 @@ class HelpStage : public WindowStage {
     world.books["C:\\P113\\oper.chm"] = {ManualState::kWhole, book};
     world.books["C:\\P113\\prog.chm"] = {ManualState::kWhole, other_};
   }
+  /// The tool must go before its shelf's world.
+  ~HelpStage() override { delete area; }
 
   void Make() {
     Use(tool = new ZCHelpHTML(context, std::make_unique<FakeShelf>(world, log), area));

@@ -256,6 +256,27 @@ TEST_F(HelpWindow, ItsKeysComeBeforeThePanelsShortcuts) {
   }
 }
 
+TEST_F(HelpWindow, AKeyThatAControlDoesntNeedGoesNoFurther) {
+  class KeyCounter final : public QObject {
+   public:
+    int keys = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      keys += event->type() == QEvent::KeyPress ? 1 : 0;
+      return false;
+    }
+  } counter;
+  area->installEventFilter(&counter);
+  Make();
+  OpenAt();
+  for (const int tab : {help_id::kContentsTab, help_id::kIndexTab, help_id::kSearchTab}) {
+    Touch(tab);
+    for (const int key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Return, Qt::Key_Tab}) Key(key);
+  }
+  tool->setFocus();
+  for (const int key : {Qt::Key_Up, Qt::Key_Return, Qt::Key_Tab}) Key(key);
+  EXPECT_EQ(counter.keys, 0);
+}
+
 TEST_F(HelpWindow, ATextIsFoundInThePage) {
   Make();
   OpenAt();
@@ -347,7 +368,7 @@ class SizedStage : public HelpStage {
  private:
   /// Every control that is shown lies in the window, can be touched, and lies over no other.
   void CheckPlaces() {
-    std::vector<std::pair<int, QRect>> places;
+    std::vector<std::pair<int, QRect>> taken;
     for (QWidget* control : tool->findChildren<QWidget*>()) {
       if (ControlId(control) < 0 || !control->isVisible()) continue;
       const QRect place(control->mapTo(tool, QPoint(0, 0)), control->size());
@@ -356,10 +377,10 @@ class SizedStage : public HelpStage {
         EXPECT_GE(place.height(), 34) << ControlId(control);
         EXPECT_GE(place.width(), 28) << ControlId(control);
       }
-      for (const auto& [id, taken] : places) EXPECT_FALSE(taken.intersects(place)) << id << ControlId(control);
-      places.emplace_back(ControlId(control), place);
+      for (const auto& [id, rect] : taken) EXPECT_FALSE(rect.intersects(place)) << id << ControlId(control);
+      taken.emplace_back(ControlId(control), place);
     }
-    EXPECT_GE(places.size(), 5u);
+    EXPECT_GE(taken.size(), 5u);
   }
 };
 

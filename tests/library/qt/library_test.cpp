@@ -44,15 +44,15 @@ struct ToolCase {
 TEST_F(LibraryTest, LoadingGivesAWindowForEachToolThatExistsAndZeroForTheRest) {
   // No folder was made for a language module, which whoever shares its texts says in a box.
   library_.Windows().SetBoxAnswerer([](const BoxSpec&) { return BoxAnswer::kOk; });
-  const ToolCase cases[] = {{0, true}, {1, false}, {2, true},  {3, true},   {4, true},
-                            {5, true}, {6, true},  {7, false}, {-1, false}, {0x7FFFFFFF, false}};
+  const ToolCase cases[] = {{0, true}, {1, true}, {2, true},  {3, true},   {4, true},
+                            {5, true}, {6, true}, {7, false}, {-1, false}, {0x7FFFFFFF, false}};
   for (const ToolCase& row : cases) {
     const WindowHandle window = library_.LoadTool(row.id, parent_);
     EXPECT_EQ(window != 0, row.made) << row.id;
     if (window == 0) continue;
     EXPECT_EQ(library_.Windows().WidgetOf(window)->property("pnlTool").toInt(), row.id);
     EXPECT_EQ(library_.Windows().WidgetOf(window)->parentWidget(), &host_);
-    // Command line and help wait for a command and the error window for an error; the others show themselves.
+    // Command line and help wait for a command, errors and PLC messages for a report; the others show themselves.
     EXPECT_EQ(library_.Windows().WidgetOf(window)->isVisibleTo(&host_), row.id == 3 || row.id == 4 || row.id == 5)
         << row.id;
   }
