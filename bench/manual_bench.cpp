@@ -71,7 +71,7 @@ std::shared_ptr<const Manual> Open(const pnl::test::TempFolder& folder, const st
   return cache.Open(manual, Never).manual;
 }
 
-const char16_t* const kQueries[] = {u"maquina", u"husillo ta", u"m", u"fresado ladro per", u"cion"};
+const char16_t* const kQueries[] = {u"ma", u"hu ta", u"m", u"maqui", u"cion ma s"};
 
 void BuildIndex(benchmark::State& state, const Manual& manual) {
   for (auto _ : state) {

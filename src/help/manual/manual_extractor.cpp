@@ -16,8 +16,6 @@
 #include "base/locate.h"
 #include "help/manual/leftovers.h"
 
-extern char** environ;
-
 namespace pnl {
 namespace {
 
@@ -133,11 +131,11 @@ Extraction ProgramExtractor::Extract(const std::string& manual, const std::strin
 
 std::string ExtractorBeside(const std::string& libraryFile) {
   const std::string folder = FolderOf(libraryFile);
-  const std::string own = folder + "/pnl-chm";
+  std::string own = folder + "/pnl-chm";
   // Libraries are in "lib" or, on a system with several architectures, in a folder below it.
   for (const char* place :
        {"/pnl-chm", "/../bin/pnl-chm", "/../libexec/pnltools/pnl-chm", "/../../libexec/pnltools/pnl-chm"}) {
-    const std::string program = folder + place;
+    std::string program = folder + place;
     if (access(program.c_str(), X_OK) == 0) return program;
   }
   return own;

@@ -24,7 +24,7 @@
 namespace pnl::chm {
 namespace {
 
-constexpr std::size_t kPieceBytes = 256 * 1024;
+constexpr std::size_t kPieceBytes = 262'144;
 constexpr std::size_t kMostSystemBytes = 60'000;
 constexpr std::size_t kMostMarkupBytes = 10'000'000;  // of which references are followed
 constexpr int kCachedBlocks = 64;
