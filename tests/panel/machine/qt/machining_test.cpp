@@ -335,12 +335,16 @@ TEST_F(MachiningInPanel, WithoutAFolderForItsDataItSaysThatItCannotOpen) {
   rig_.Files().SetPath(118, folder);
   Open();
   Press(Qt::Key_Escape);
-  rig_.Files().SetPath(118, u"Q:\\NOWHERE");
+  // It keeps the files that it began with; now their folder goes.
+  const QString there = QString::fromStdString(*rig_.Files().HostPath(folder));
+  ASSERT_TRUE(QDir().rename(there, there + "-away"));
+  ASSERT_TRUE(QFile(there).open(QIODevice::WriteOnly)) << "a file in its place";
   Do(Action::kOpenMachining);
   EXPECT_EQ(Zone(), Say(Word::kMachiningMissing).toStdString()) << "a closed one that opens again";
   EXPECT_FALSE(IsShown());
   EXPECT_TRUE(Has(Program()));
-  rig_.Files().SetPath(118, folder);
+  EXPECT_TRUE(QFile::remove(there));
+  EXPECT_TRUE(QDir().rename(there + "-away", there));
 }
 
 TEST_F(MachiningInPanel, AnotherLanguageMeanwhileLeavesItAtWork) {

@@ -159,7 +159,7 @@ TEST_F(OperatorTest, TheHelpKeyOpensThePageOfWhatIsInFront) {
     EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_HELP));
     EXPECT_EQ(ZoneText(), "");
     const auto mark = rig_.Cnc().Get(u"E.HELPDATA");
-    PnlSendMessage(session_.ToolWindow(PNL_TOOL_HELP), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE, 0);
+    PnlSendMessage(session_.ToolWindow(PNL_TOOL_HELP), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_LEAVE, 0);
     Settle();
     EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
     return mark ? std::get<std::u16string>(*mark) : std::u16string();
