@@ -45,7 +45,7 @@ TEST_F(LibraryTest, LoadingGivesAWindowForEachToolThatExistsAndZeroForTheRest) {
   // No folder was made for a language module, which whoever shares its texts says in a box.
   library_.Windows().SetBoxAnswerer([](const BoxSpec&) { return BoxAnswer::kOk; });
   const ToolCase cases[] = {{0, true}, {1, true}, {2, false}, {3, true},   {4, true},
-                            {5, true}, {6, true},  {7, false}, {-1, false}, {0x7FFFFFFF, false}};
+                            {5, true}, {6, true}, {7, false}, {-1, false}, {0x7FFFFFFF, false}};
   for (const ToolCase& row : cases) {
     const WindowHandle window = library_.LoadTool(row.id, parent_);
     EXPECT_EQ(window != 0, row.made) << row.id;
