@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Makes fonts from the values that the tools have: a face, a height in pixels and a weight. Nothing else turns these
-// into a QFont. If "Arial" or "Times New Roman" isn't installed, the metric-compatible Liberation Sans or Liberation Serif
-// takes its place.
+// into a QFont. If "Arial" or "Times New Roman" isn't installed, the metric-compatible Liberation Sans or Liberation
+// Serif takes its place.
 #pragma once
 
 #include <QtGui/QFont>

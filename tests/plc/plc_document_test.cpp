@@ -90,7 +90,8 @@ class ResolveFileTest : public testing::Test {
 TEST_F(ResolveFileTest, AnEmptyReferenceStaysEmpty) { EXPECT_EQ(Resolve(u""), ""); }
 
 TEST_F(ResolveFileTest, AReferenceWithAFolderStaysAsItIs) {
-  files_.disc["C:\\P61\\a.txt"] = "";
+  // Below the first folder there would be one.
+  files_.disc["C:\\P61\\a.txt"] = files_.disc["C:\\P61\\X\\a.txt"] = "";
   for (const char* reference : {"C:\\X\\a.txt#1", "X\\a.txt", "X/a.txt", "C:a.txt"}) {
     EXPECT_EQ(Resolve(FromUtf8(reference)), reference);
   }
