@@ -37,7 +37,7 @@ bool InstallFolder(Files& files, const std::vector<std::string>& packFolders, co
   const std::vector<std::string> names = SharedFileNames(packFolders, from);
   bool all = names.empty() || files.MakeFolder(to) == FileStatus::kOk;
   for (const std::string& name : names) {
-    const std::optional<std::string> bytes = ReadSharedFile(packFolders, from + "/" + name);
+    const std::optional<std::string> bytes = ReadSharedFile(packFolders, std::string(from).append("/").append(name));
     const Text target = JoinPath(to, FromUtf8(name));
     if (!bytes || ReadWhole(files, target, bytes->size()) == *bytes) continue;
     all = Write(files, target, *bytes) && all;
