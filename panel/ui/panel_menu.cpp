@@ -95,6 +95,8 @@ std::vector<SoftKeyItem> PanelItemsOf(int tool) {
     case PNL_TOOL_PLC_MESSAGES:
       return {PlainItem(PNL_VIDEO_PLAY, Word::kPlayVideo), PlainItem(PNL_VIDEO_STOP, Word::kStopVideo),
               PlainItem(PNL_VIDEO_REWIND, Word::kRewindVideo), PlainItem(kLeaveItem, Word::kClose)};
+    case PNL_TOOL_HELP:
+      return {PlainItem(kLeaveItem, Word::kClose)};
     default:
       return {};
   }

@@ -367,6 +367,33 @@ TEST_F(PanelWindowTest, EveryItemOfThePanelsOwnMenuMeansOneThing) {
   EXPECT_FALSE(ActionOfItem(-1).has_value());
 }
 
+TEST_F(PanelWindowTest, AMessageAndAManualAreLeftByTouch) {
+  const auto press = [this](Word word) {
+    const auto& items = window_->MainBar().Items();
+    const auto found =
+        std::find_if(items.begin(), items.end(), [word](const SoftKeyItem& item) { return item.text == Say(word); });
+    ASSERT_NE(found, items.end()) << Say(word).toStdString();
+    window_->PressMain(static_cast<int>(found - items.begin()));
+    Settle();
+  };
+  Do(Action::kOpenMdi);
+  rig_.Machine()->RaisePlcMessage(1);
+  Settle();
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_PLC_MESSAGES);
+  ASSERT_EQ(window_->MainBar().Items().size(), 4u) << "and no key of the tool under it";
+  press(Word::kPlayVideo);
+  press(Word::kStopVideo);
+  press(Word::kRewindVideo);
+  EXPECT_TRUE(session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES)) << "a page isn't played";
+  press(Word::kClose);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES));
+  Do(Action::kHelp);
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_HELP);
+  press(Word::kClose);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
+  EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
+}
+
 TEST_F(PanelWindowTest, AMessageOfAToolShowsInItsColours) {
   rig_.Cnc().Set(u"[1].E.INSPECSTATUS", std::int64_t{0});
   Do(Action::kOpenMdi);
