@@ -86,7 +86,8 @@ bool PageBrowser::LoadNew(Entry entry, const QString& reference) {
     return false;
   }
   if (home_.source != entry.source) home_ = entry;
-  history_.resize(static_cast<std::size_t>(at_ + 1));
+  const int kept = at_ + 1;
+  history_.resize(static_cast<std::size_t>(kept));
   if (history_.size() == kMostHistory) history_.erase(history_.begin());
   history_.push_back(std::move(entry));
   at_ = static_cast<int>(history_.size()) - 1;

@@ -84,7 +84,7 @@ QImage PageText::LoadPicture(const QUrl& name) {
   QByteArray bytes(picture.bytes.data(), static_cast<qsizetype>(picture.bytes.size()));
   QBuffer buffer(&bytes);
   QImageReader reader(&buffer);
-  const QImage image = reader.read();
+  QImage image = reader.read();
   if (image.isNull()) return EmptyBox();
   if (header.kind == PictureKind::kGif && reader.imageCount() > 1) MakeMovie(name, picture.bytes);
   return image;

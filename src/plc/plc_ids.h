@@ -13,10 +13,6 @@ inline constexpr int kNote = 1101;   // says why the area is empty
 inline constexpr int kCount = 1102;  // "2 of 5", in the title line
 inline constexpr int kVideo = 3002;
 
-inline constexpr int kPlayCommand = 32771;
-inline constexpr int kStopCommand = 32772;
-inline constexpr int kRewindCommand = 32773;
-
 }  // namespace pnl::plc_id
 
 namespace pnl::plc_text {

@@ -80,11 +80,11 @@ void PlcSession::OnToolCommand(std::intptr_t command) {
 
 void PlcSession::OnCommand(int command) {
   if (shownKind_ != DocumentKind::kVideo) return;
-  if (command == plc_id::kPlayCommand) {
+  if (command == PNL_VIDEO_PLAY) {
     View().PlayVideo(1);
-  } else if (command == plc_id::kStopCommand) {
+  } else if (command == PNL_VIDEO_STOP) {
     View().StopVideo();
-  } else if (command == plc_id::kRewindCommand) {
+  } else if (command == PNL_VIDEO_REWIND) {
     View().StopVideo();
     View().RewindVideo();
   }
@@ -99,13 +99,13 @@ bool PlcSession::OnKey(PlcKey key) {
     case PlcKey::kEnter:
       // Not every video: an extension of which "AVI" is only the beginning doesn't play with Enter.
       if (!video || !EqualNoCase(documentExt_, u"avi")) return false;
-      OnCommand(plc_id::kPlayCommand);
+      OnCommand(PNL_VIDEO_PLAY);
       return true;
     case PlcKey::kSpace:
-      OnCommand(plc_id::kStopCommand);
+      OnCommand(PNL_VIDEO_STOP);
       return video;
     case PlcKey::kHome:
-      OnCommand(plc_id::kRewindCommand);
+      OnCommand(PNL_VIDEO_REWIND);
       return video;
   }
   return false;

@@ -35,7 +35,7 @@ class PlcSession final : public ToolSession<PlcView> {
   void ShowFile(std::intptr_t first, const ShowFileRecord* record);
   /// Handles PNL_MSG_TOOL_COMMAND.
   void OnToolCommand(std::intptr_t command);
-  /// Handles the commands of the video, plc_id::kPlayCommand and so on.
+  /// Handles the commands of the video, PNL_VIDEO_PLAY and so on.
   void OnCommand(int command);
   /// Returns false for a key that the view doesn't use now; the control with the focus gets it.
   bool OnKey(PlcKey key);

@@ -42,7 +42,7 @@ class Converter {
   }
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
-  explicit operator bool() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+  explicit operator bool() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
   [[nodiscard]] Text Convert(std::string_view bytes) const {
     // iconv's signature isn't const, but it writes nothing there.

@@ -7,8 +7,8 @@
 #include "help/manual/manual_extractor.h"
 
 // The limits of the address sanitizer, which takes the place of the system's limit of memory. Nobody else calls it.
-extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options() {
+extern "C" const char* __asan_default_options();   // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __asan_default_options() {  // NOLINT(bugprone-reserved-identifier)
   return "max_allocation_size_mb=400:allocator_may_return_null=1:detect_leaks=0";
 }
 
