@@ -147,6 +147,14 @@ TEST_F(ZCDatoWrapTest, TheFirstTouchSelectsAllTheSecondPlacesTheCaret) {
   EXPECT_TRUE(field->IsEditing());
 }
 
+TEST_F(ZCDatoWrapTest, AFieldThatIsLeftShowsNoSelection) {
+  field->SetText("5");
+  field->setFocus(Qt::TabFocusReason);
+  ASSERT_EQ(field->selectedText(), "5");
+  other->setFocus(Qt::TabFocusReason);
+  EXPECT_FALSE(field->hasSelectedText());
+}
+
 TEST_F(ZCDatoWrapTest, ATextFromOutsideDropsAnOpenEdit) {
   Type(field, "12");
   field->SetText("7");
