@@ -5,6 +5,7 @@
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/deleting_host.h"
+#include "window/qt/window_registry.h"
 
 namespace pnl::test {
 namespace {
@@ -44,6 +45,8 @@ TEST_F(HelpPicker, ItListsTheManualsAndTheLastPages) {
   Pick([](ZCListManuals& dialog) {
     EXPECT_TRUE(dialog.isModal());
     EXPECT_TRUE(dialog.property("pnlDialog").toBool());
+    const auto window = dialog.property("pnlWindow").toUInt();
+    EXPECT_EQ(WindowRegistry::Instance().Find(window)->widget, &dialog) << "a script finds it";
     ListBox* manuals = ListIn(dialog, help_id::kManuals);
     ASSERT_EQ(manuals->Count(), 3);
     EXPECT_EQ(manuals->Item(0), u"oper.chm");
