@@ -98,21 +98,14 @@ bool Hands::PressOn(SoftKeyBar& bar, int keyCount, int id) {
 // Dialogs.
 
 bool Hands::InDialog(const std::function<void()>& press, const std::function<bool(QWidget& dialog)>& work) {
-  bool worked = false;
-  const auto whileOpen = [&] {
-    // The dialog gets the keyboard with an event.
-    Settle();
-    const QPointer<QWidget> dialog = QApplication::activeModalWidget();
-    if (!dialog) return;
-    worked = work(*dialog);
-    if (!dialog) return;
-    CaptureWith(*dialog);
-    if (dialog->isVisible()) Key(Qt::Key_Escape);
-  };
-  // The call comes in the loop of the dialog, or in Settle when there is none.
-  QMetaObject::invokeMethod(&window_, whileOpen, Qt::QueuedConnection);
   press();
   Settle();
+  const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+  if (!dialog) return false;
+  const bool worked = work(*dialog);
+  if (!dialog) return worked;
+  CaptureWith(*dialog);
+  if (dialog->isVisible()) Key(Qt::Key_Escape);
   return worked;
 }
 
