@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "guided/error_steps.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
+
 #include "ui/error_indicator.h"
 #include "ui/error_list.h"
 #include "ui/program_desk.h"
@@ -49,14 +52,14 @@ std::vector<Step> ErrorSteps() {
          Raise(h, Fault::kProgramLine);
          return ErrorWindowIsShown(h);
        }},
-      {"error-queue", "three errors: the counters tell how many lie before and behind",
+      {"error-queue", "three errors: the counters show how many come before and after",
        [](Hands& h) {
          Raise(h, Fault::kDriveFault);
          Raise(h, Fault::kBusFault);
          h.Key(Qt::Key_Right);
          return h.op_.Desk().Standing() == 3;
        }},
-      {"error-help", "the long description stands in the window's place",
+      {"error-help", "the long description takes the place of the window",
        [](Hands& h) {
          PnlSendMessage(h.session_.ToolWindow(PNL_TOOL_ERRORS), PNL_MSG_HELP_KEY, 0, 0);
          h.Settle();

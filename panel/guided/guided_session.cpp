@@ -8,10 +8,13 @@
 #include "guided/error_steps.h"
 #include "guided/explorer_steps.h"
 #include "guided/hands.h"
+#include "guided/help_steps.h"
 #include "guided/machining_steps.h"
+#include "guided/message_steps.h"
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
+#include "ui/soft_key_bar.h"
 
 namespace panel {
 namespace {
@@ -120,7 +123,17 @@ std::vector<Step> GlanceSteps() {
          return ErrorWindowIsShown(h);
        }},
       CalculatorGlance(),
+      HelpGlance(),
   };
+}
+
+std::vector<Step> WholeTour() {
+  std::vector<Step> steps;
+  for (const auto part : {&FirstSteps, &LaterSteps, &SavingSteps, &CalculatorSteps, &ErrorSteps, &FilesSteps,
+                          &MachiningSteps, &MessageSteps, &HelpSteps}) {
+    for (Step& step : part()) steps.push_back(std::move(step));
+  }
+  return steps;
 }
 
 }  // namespace
@@ -134,15 +147,7 @@ int RunGuidedSession(PanelWindow& window, HostSession& session, Operator& op, pn
   Hands hands(window, session, op, rig, folder);
   window.activateWindow();
   hands.Settle();
-  auto steps = tour == Tour::kWhole ? FirstSteps() : GlanceSteps();
-  if (tour == Tour::kWhole) {
-    for (auto& step : LaterSteps()) steps.push_back(std::move(step));
-    for (auto& step : SavingSteps()) steps.push_back(std::move(step));
-    for (auto& step : CalculatorSteps()) steps.push_back(std::move(step));
-    for (auto& step : ErrorSteps()) steps.push_back(std::move(step));
-    for (auto& step : FilesSteps()) steps.push_back(std::move(step));
-    for (auto& step : MachiningSteps()) steps.push_back(std::move(step));
-  }
+  const std::vector<Step> steps = tour == Tour::kWhole ? WholeTour() : GlanceSteps();
   int number = first;
   for (const Step& step : steps) {
     const bool done = step.run(hands) && hands.Capture(number, QString::fromLatin1(step.name));

@@ -15,8 +15,8 @@ class Operator;
 class PanelWindow;
 
 enum class Tour {
-  kWhole,  // command line, calculators, errors and files
-  kGlance  // the command line, a refusal and the calculator, for a second language
+  kWhole,  // every tool
+  kGlance  // the command line, a refusal, the calculator and help, for a second language
 };
 
 /// Runs a tour and saves its captures in the folder, which it makes. Steps and captures are numbered from first on.

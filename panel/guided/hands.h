@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the guided session works with: the operator's hands on a panel, and the form of a step. The steps themselves are
-// in the *_steps files and in guided_session.cpp.
+// in the *_steps files and in guided_session.cpp. It decides nothing about what is shown.
 #pragma once
 
-#include <QApplication>
-#include <QKeyEvent>
+#include <QtCore/qnamespace.h>
 #include <QLineEdit>
 #include <QPixmap>
 #include <functional>
@@ -13,79 +12,49 @@
 #include "host/host_session.h"
 #include "host/operator.h"
 #include "ui/panel_window.h"
-#include "ui/soft_key_bar.h"
 
 namespace panel {
 
-/// Sends keys to the widget with the focus, advances the time, and looks at the result.
+class SoftKeyBar;
+
+/// Sends keys to the widget with the focus, advances the time, and looks at the result. Each call returns when the
+/// panel and its tools have nothing more to do.
 class Hands {
  public:
   Hands(PanelWindow& window, HostSession& session, Operator& op, pnl::rig::Rig& rig, const QString& folder)
       : window_(window), session_(session), op_(op), rig_(rig), folder_(folder) {}
 
-  void Settle() {
-    while (window_.Working() || rig_.IsWorking()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-  }
-
-  void Key(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) focus = &window_;
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-      QKeyEvent event(type, key, modifiers, text);
-      QCoreApplication::sendEvent(focus, &event);
-      // The press may move the focus or destroy the widget.
-      focus = QApplication::focusWidget();
-      if (focus == nullptr) focus = &window_;
-    }
-    Settle();
-  }
-
-  void Type(const QString& text) {
-    for (const QChar c : text) Key(c.toUpper().unicode(), QString(c));
-  }
-
-  void Advance(int milliseconds) {
-    rig_.Advance(milliseconds);
-    Settle();
-  }
-
-  /// Presses cycle start and does not wait until the block has run.
+  void Settle();
+  void Key(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void Type(const QString& text);
+  void Advance(int milliseconds);
+  void Press(Action action);
+  /// Presses cycle start and doesn't wait until the block has run.
   void PressStart() { Press(Action::kCycleStart); }
-
-  void Press(Action action) {
-    window_.Trigger(action);
-    Settle();
-  }
-
-  bool WaitForRest() {
-    for (int i = 0; i < 600 && op_.Machine().channelStatus != 1; ++i) Advance(100);
-    return op_.Machine().channelStatus == 1;
-  }
-
-  bool RunBlock(const QString& block) {
-    Type(block);
-    PressStart();
-    return WaitForRest();
-  }
+  bool WaitForRest();
+  bool RunBlock(const QString& block);
 
   /// Turns the pages of the main bar to the soft key of this menu item and presses it. Returns false when no page has
   /// it.
-  bool PressItem(int id) { return PressOn(window_.MainBar(), kMainKeys, id); }
+  bool PressItem(int id);
   /// Does the same on the side bar.
-  bool PressSideItem(int id) { return PressOn(window_.SideBar(), kSideKeys, id); }
+  bool PressSideItem(int id);
+  /// Presses the soft key that closes the tool in front. Returns false when the main bar has none.
+  bool PressClose();
+
+  /// Calls press, which opens a dialog of a tool, and then work while the dialog is open. The next capture shows the
+  /// panel with the dialog as work has left it. A dialog that is still open afterwards is left with Escape. Returns
+  /// false when no dialog has opened, or when work returns false.
+  bool InDialog(const std::function<void()>& press, const std::function<bool(QWidget& dialog)>& work);
 
   /// The edit in a tool's window, or null when the tool has no window or no edit.
-  [[nodiscard]] QLineEdit* Edit(int toolId) const {
-    const auto* tool = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(toolId)));
-    return tool == nullptr ? nullptr : tool->findChild<QLineEdit*>();
-  }
+  [[nodiscard]] QLineEdit* Edit(int toolId) const;
+  /// A control of a tool, or null when the tool has no window or no such control.
+  [[nodiscard]] QWidget* Control(int toolId, int control) const;
+  /// The text of such a control; empty when there is none.
+  [[nodiscard]] QString TextIn(int toolId, int control) const;
 
-  bool Capture(int number, const QString& name) {
-    Settle();
-    const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_).arg(number, 2, 10, QLatin1Char('0')).arg(name);
-    return window_.grab().save(file);
-  }
+  bool Capture(int number, const QString& name);
 
   PanelWindow& window_;
   HostSession& session_;
@@ -93,22 +62,11 @@ class Hands {
   pnl::rig::Rig& rig_;
 
  private:
-  bool PressOn(SoftKeyBar& bar, int keyCount, int id) {
-    for (int page = 0; page < bar.PageCount(); ++page) {
-      for (int slot = 0; slot < keyCount; ++slot) {
-        const int index = bar.Page() * keyCount + slot;
-        if (index < static_cast<int>(bar.Items().size()) && bar.Items().at(static_cast<std::size_t>(index)).id == id) {
-          bar.Press(slot);
-          Settle();
-          return true;
-        }
-      }
-      bar.NextPage();
-    }
-    return false;
-  }
+  bool PressOn(SoftKeyBar& bar, int keyCount, int id);
+  void CaptureWith(QWidget& dialog);
 
   QString folder_;
+  QPixmap withDialog_;  // what the next capture saves; null: the panel as it is then
 };
 
 /// One step: its name in the file names, its line of text, and what it does. run returns whether the step worked.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "guided/machining_steps.h"
 
+#include <QApplication>
 #include <QTextBlock>
 
-#include "remote/window_inspector.h"
 #include "ui/program_editor.h"
 
 namespace panel {
@@ -30,12 +30,7 @@ constexpr int kMany = 30;
 
 bool MachiningIsOpen(const Hands& hands) { return hands.session_.IsToolOpen(kTool); }
 
-QString TextOf(const Hands& hands, int id) {
-  auto* window = static_cast<QWidget*>(PnlWidgetOf(hands.session_.ToolWindow(kTool)));
-  QWidget* control = window == nullptr ? nullptr : WindowInspector::Control(window, id);
-  if (control == nullptr) return {};
-  return WindowInspector(window).DescribeControl(window, control)["text"].toString();
-}
+QString TextOf(const Hands& hands, int id) { return hands.TextIn(kTool, id); }
 
 /// The block is to come before the program's third line.
 void PutCaretBeforeTheToolCall(Hands& hands) {

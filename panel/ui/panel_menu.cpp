@@ -96,7 +96,7 @@ std::vector<SoftKeyItem> PanelItemsOf(int tool) {
       return {PlainItem(PNL_VIDEO_PLAY, Word::kPlayVideo), PlainItem(PNL_VIDEO_STOP, Word::kStopVideo),
               PlainItem(PNL_VIDEO_REWIND, Word::kRewindVideo), PlainItem(kLeaveItem, Word::kClose)};
     case PNL_TOOL_HELP:
-      return {PlainItem(kLeaveItem, Word::kClose)};
+      return {PlainItem(kCloseItem, Word::kClose)};
     default:
       return {};
   }

@@ -16,7 +16,8 @@ namespace pnl {
 class CAviCtrl : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QString pnlText READ Name)
-  Q_PROPERTY(bool pnlChecked READ IsPlaying)
+  Q_PROPERTY(bool pnlPlaying READ IsPlaying)
+  Q_PROPERTY(qint64 pnlPosition READ Position)
 
  public:
   /// make is called when the first file is loaded.
@@ -34,6 +35,8 @@ class CAviCtrl : public QWidget {
 
   [[nodiscard]] const QString& Name() const { return name_; }
   [[nodiscard]] bool IsPlaying() const { return times_ > 0; }
+  /// The place in the video in milliseconds; 0 without one.
+  [[nodiscard]] std::int64_t Position() const { return player_ ? player_->Position() : 0; }
   /// The frame that is shown; a null image when there is none.
   [[nodiscard]] const QImage& Frame() const { return frame_; }
 

@@ -3,6 +3,7 @@
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtWidgets/QScrollBar>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -17,6 +18,7 @@ namespace pnl {
 namespace {
 
 constexpr std::size_t kMostHistory = 100;
+constexpr int kTopLines = 2;
 constexpr TextView kCutSign = u"[\u2026]";
 
 bool IsPlain(TextView address, TextView text) {
@@ -118,8 +120,14 @@ PageRefusal PageBrowser::Load(const Entry& entry) {
   if (!content) return PageRefusal::kUnreadable;
   text_->ShowContent(entry.source, entry.address, content->text, content->plain);
   ShowText();
-  if (!entry.anchor.empty()) text_->scrollToAnchor(ToQString(entry.anchor));
+  if (!entry.anchor.empty()) ScrollTo(entry.anchor);
   return PageRefusal::kNone;
+}
+
+void PageBrowser::ScrollTo(TextView anchor) {
+  text_->scrollToAnchor(ToQString(anchor));
+  // An anchor at the page's heading: the margin above it is shown, too.
+  if (ScrollPosition() <= kTopLines * text_->fontMetrics().lineSpacing()) text_->verticalScrollBar()->setValue(0);
 }
 
 void PageBrowser::Clear() {
@@ -172,6 +180,17 @@ bool PageBrowser::Find(TextView text, bool backwards) {
   if (text_->find(ToQString(text), flags)) return true;
   text_->setTextCursor(before);
   return false;
+}
+
+QString PageBrowser::Location() const {
+  if (!HasPage()) return {};
+  Text location = Present().address;
+  if (!folder_.empty()) {
+    std::replace(location.begin(), location.end(), u'/', u'\\');
+    location = folder_ + u'\\' + location;
+  }
+  if (!Present().anchor.empty()) location += u'#' + Present().anchor;
+  return ToQString(location);
 }
 
 int PageBrowser::ScrollPosition() const { return text_->verticalScrollBar()->value(); }

@@ -15,6 +15,8 @@ namespace pnl {
 
 class PageBrowser final : public PageView {
   Q_OBJECT
+  Q_PROPERTY(QString pnlText READ ShownText)
+  Q_PROPERTY(QString pnlLocation READ Location)
 
  public:
   PageBrowser(int id, QWidget* parent);
@@ -34,6 +36,13 @@ class PageBrowser final : public PageView {
   [[nodiscard]] int ScrollPosition() const override;
   void SetScrollPosition(int position) override;
 
+  /// The folder of the documents that come next, a panel path. It is only for the location.
+  void SetFolder(TextView folder) { folder_ = folder; }
+  /// The file and the anchor of the page that is shown, "C:\DOC\a.htm#end"; without a folder "a.htm#end". Empty when
+  /// there is no page.
+  [[nodiscard]] QString Location() const;
+  [[nodiscard]] QString ShownText() const { return text_->toPlainText(); }
+
   /// The widgets that show the page. The focus goes to the text.
   [[nodiscard]] PageText& TextArea() { return *text_; }
   [[nodiscard]] PictureArea& Picture() { return *picture_; }
@@ -52,6 +61,7 @@ class PageBrowser final : public PageView {
   bool LoadNew(Entry entry, const QString& reference);
   void GoTo(int place);
   void ShowText();
+  void ScrollTo(TextView anchor);
   void KeepScroll();
 
   QStackedLayout* layout_;
@@ -60,6 +70,7 @@ class PageBrowser final : public PageView {
   std::vector<Entry> history_;
   int at_ = -1;
   Entry home_;
+  Text folder_;
 };
 
 }  // namespace pnl

@@ -14,6 +14,10 @@ namespace {
 
 constexpr std::size_t kMostMovies = 16;
 constexpr int kBox = 16;
+constexpr int kMargin = 4;
+constexpr int kPlainMargin = 12;
+/// A link takes the colour of the panel's links, unless a style says otherwise.
+constexpr const char* kStyle = "a { color: #1c4f82 }";
 
 /// In the place of a picture that isn't shown. Not a null image: for that the browser would open a file itself.
 QImage EmptyBox() {
@@ -22,9 +26,18 @@ QImage EmptyBox() {
   return box;
 }
 
+/// A page that sets no colours, or only some, is meant for black on white, whatever the panel's own colours are.
+QPalette OnPaper(QPalette colors) {
+  colors.setColor(QPalette::Base, Qt::white);
+  colors.setColor(QPalette::Text, Qt::black);
+  return colors;
+}
+
 }  // namespace
 
 PageText::PageText(QWidget* parent) : QTextBrowser(parent) {
+  setPalette(OnPaper(palette()));
+  document()->setDefaultStyleSheet(QString::fromLatin1(kStyle));
   setOpenLinks(false);
   setOpenExternalLinks(false);
   setUndoRedoEnabled(false);
@@ -40,6 +53,7 @@ void PageText::ShowContent(std::shared_ptr<PageSource> source, const Text& addre
   Empty();
   source_ = std::move(source);
   address_ = address;
+  document()->setDocumentMargin(plain ? kPlainMargin : kMargin);
   if (plain) {
     setPlainText(content);
   } else {

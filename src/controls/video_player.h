@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QtGui/QImage>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -27,13 +28,15 @@ class VideoPlayer {
   /// Keeps the place in the file.
   virtual void Stop() = 0;
   virtual void Rewind() = 0;
+  /// The place in the file in milliseconds; 0 before the first frame.
+  [[nodiscard]] virtual std::int64_t Position() const = 0;
 };
 
 using MakeVideoPlayer = std::function<std::unique_ptr<VideoPlayer>(VideoPlayer::Listener)>;
 
 /// The function of that name in the module. The caller owns the player. Returns null for another version.
 inline constexpr const char* kVideoPlayerMaker = "PnlMakeVideoPlayer";
-inline constexpr int kVideoPlayerVersion = 1;
+inline constexpr int kVideoPlayerVersion = 2;
 using MakeVideoPlayerFn = VideoPlayer* (*)(int version, const VideoPlayer::Listener* listener);
 
 /// A maker that loads the module at that path. It returns null, and prints why to standard error, when the module or a

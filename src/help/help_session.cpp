@@ -222,9 +222,14 @@ void HelpSession::ShowPicker() {
     picker.note = Format(TextOf(help_text::kNoList), helps.name, manuals.code);
   }
   for (const RecentPage& page : recent_.All()) picker.recent.push_back(page.title);
-  const auto choice = View().PickManual(picker);
+  pickable_ = manuals.names;
+  View().ShowPicker(picker);
+}
+
+void HelpSession::OnManualPicked(const std::optional<ManualChoice>& choice) {
   picking_ = false;
-  if (choice) Pick(*choice, manuals.names);
+  const std::vector<Text> names = std::exchange(pickable_, {});
+  if (choice) Pick(*choice, names);
 }
 
 void HelpSession::Pick(const ManualChoice& choice, const std::vector<Text>& names) {

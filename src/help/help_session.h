@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "help/help_books.h"
@@ -52,6 +53,8 @@ class HelpSession final : public ToolSession<HelpView> {
   void OnFindClosed();
   void OnPageShown(TextView page, TextView anchor);
   void OnPageRefused(TextView reference);
+  /// The picker was left. Nothing when it was cancelled, or hidden with the viewer.
+  void OnManualPicked(const std::optional<ManualChoice>& choice);
   void OnParentResized();
 
   [[nodiscard]] bool HasHelpWindow() const { return m_hHelp != nullptr; }
@@ -117,6 +120,7 @@ class HelpSession final : public ToolSession<HelpView> {
   HelpPane pane_ = HelpPane::kContents;
   bool panesShown_ = true;
   bool picking_ = false;
+  std::vector<Text> pickable_;  // the manuals in the picker
   RecentPages recent_;
 };
 

@@ -78,9 +78,8 @@ class HelpView : public ToolView {
   /// Hands the key to the control with the focus, of the viewer or not, as if the operator had pressed it there.
   virtual void SendKey(HelpKey key) = 0;
 
-  /// Shows the modal picker and returns what was chosen; nothing when it was cancelled. Runs an event loop: the window
-  /// may be gone when it returns.
-  virtual std::optional<ManualChoice> PickManual(const ManualPicker& picker) = 0;
+  /// Shows the modal picker and returns at once. What the operator does with it comes as OnManualPicked.
+  virtual void ShowPicker(const ManualPicker& picker) = 0;
 };
 
 }  // namespace pnl

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "help/help_fake_books.h"
@@ -77,11 +78,11 @@ class FakeHelpView final : public FakeView<HelpView> {
     Order("key ", static_cast<int>(key));
     if (onKey) onKey(key, part);
   }
-  std::optional<ManualChoice> PickManual(const ManualPicker& picker) override {
+  void ShowPicker(const ManualPicker& picker) override {
     Order("pick");
     picked = picker;
     if (onPick) onPick();
-    return choice;
+    picking = true;
   }
   void Hide() override { FakeView::Hide(), part = HelpPart::kNone; }
 
@@ -103,7 +104,8 @@ class FakeHelpView final : public FakeView<HelpView> {
   Text pageHas;
   bool findOpen = false;
   ManualPicker picked;
-  std::optional<ManualChoice> choice;
+  bool picking = false;                // the picker is open
+  std::optional<ManualChoice> choice;  // with which a test leaves it
   std::function<void(TextView, TextView)> onPageShown;
   std::function<void(HelpKey, HelpPart)> onKey;
   std::function<void()> onPick;
@@ -126,7 +128,11 @@ class HelpToolTest : public testing::Test, public ToolStage<SimGround, FakeHelpV
   void MakeTool(const ToolContext& around);
   void SetMark(TextView mark) { cnc.Set(u"E.HELPDATA", Text(mark)); }
   std::intptr_t Command(std::intptr_t command) { return Call(&HelpSession::OnToolCommand, command); }
-  void Menu(int id) { Call(&HelpSession::OnMenuCommand, id); }
+  /// Presses a soft key. A picker that opens is left with the view's choice.
+  void Menu(int id) {
+    Call(&HelpSession::OnMenuCommand, id);
+    if (std::exchange(view->picking, false)) Call(&HelpSession::OnManualPicked, view->choice);
+  }
   bool Key(HelpKey key) { return Call(&HelpSession::OnKey, key); }
   void GoTo(TextView name) {
     Tell([&](HelpSession& session) { session.OnGoToManual(name); });

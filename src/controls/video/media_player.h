@@ -19,6 +19,7 @@ class MediaPlayer final : public VideoPlayer {
   void Play() override;
   void Stop() override;
   void Rewind() override;
+  [[nodiscard]] std::int64_t Position() const override { return player_.position(); }
 
  private:
   Listener listener_;

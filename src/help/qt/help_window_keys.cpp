@@ -3,6 +3,7 @@
 // a key reaches a control all the same. And the picker, which takes the keyboard for a while.
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
+#include <utility>
 
 #include "help/qt/help_window.h"
 #include "help/qt/manual_list_dialog.h"
@@ -184,17 +185,24 @@ void ZCHelpHTML::SendTo(QWidget* control, int key) {
   if (alive) sending_ = before;
 }
 
-std::optional<ManualChoice> ZCHelpHTML::PickManual(const ManualPicker& picker) {
-  // Watched: the dialog goes with this window, which somebody may destroy while it is open.
-  const QPointer<ZCListManuals> dialog = new ZCListManuals(context_.language, scale_, picker, this);
-  const QPointer<ZCHelpHTML> alive(this);
-  const bool accepted = dialog->exec() == QDialog::Accepted;
-  if (!dialog) return std::nullopt;
-  const std::optional<ManualChoice> choice = accepted ? dialog->Choice() : std::nullopt;
-  delete dialog;
+void ZCHelpHTML::ShowPicker(const ManualPicker& picker) {
+  // No event loop of its own: whoever sent the command, a script for one, goes on.
+  picker_ = new ZCListManuals(context_.language, scale_, picker, this);
+  connect(picker_, &QDialog::finished, this, &ZCHelpHTML::OnPickerLeft);
+  picker_->show();
+}
+
+void ZCHelpHTML::OnPickerLeft(int result) {
+  const std::optional<ManualChoice> choice = result == QDialog::Accepted ? picker_->Choice() : std::nullopt;
+  std::exchange(picker_, nullptr)->deleteLater();
   // Without a window manager nobody else gives the keys back to the panel.
-  if (alive && QApplication::activeWindow() == nullptr) window()->activateWindow();
-  return choice;
+  if (QApplication::activeWindow() == nullptr) window()->activateWindow();
+  session_.Tell([&choice](HelpSession& session) { session.OnManualPicked(choice); });
+}
+
+void ZCHelpHTML::hideEvent(QHideEvent* event) {
+  ToolWindow::hideEvent(event);
+  if (picker_ && !event->spontaneous()) picker_->reject();
 }
 
 }  // namespace pnl

@@ -13,6 +13,7 @@
 #include "window/dialog_units.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
+#include "window/qt/window_registry.h"
 
 namespace pnl {
 namespace {
@@ -41,6 +42,7 @@ QLabel* MakeCaption(const QString& text, const HelpScale& scale, QWidget* parent
 ZCListManuals::ZCListManuals(const Language& language, const HelpScale& scale, const ManualPicker& picker,
                              QWidget* parent)
     : QDialog(parent, Qt::FramelessWindowHint),
+      handle_(WindowRegistry::Instance().Register(this)),
       manuals_(MakeHelpList(help_id::kManuals, scale, this)),
       recent_(MakeHelpList(help_id::kRecent, scale, this)) {
   setModal(true);
@@ -55,6 +57,8 @@ ZCListManuals::ZCListManuals(const Language& language, const HelpScale& scale, c
          DialogPixelsY(dialog != nullptr && dialog->height > 0 ? dialog->height : kHeightUnits, grown));
   manuals_->setFocus(Qt::OtherFocusReason);
 }
+
+ZCListManuals::~ZCListManuals() { WindowRegistry::Instance().Unregister(handle_); }
 
 void ZCListManuals::SetUp(ListBox* list, ListBox* other, const std::vector<Text>& rows) {
   list->SetItems(TextRows(rows));

@@ -22,6 +22,7 @@ class ZCListManuals final : public QDialog {
  public:
   /// The dialog lies over the middle of parent.
   ZCListManuals(const Language& language, const HelpScale& scale, const ManualPicker& picker, QWidget* parent);
+  ~ZCListManuals() override;
   /// The selected line of the one list that has one.
   [[nodiscard]] std::optional<ManualChoice> Choice() const;
 
@@ -36,6 +37,7 @@ class ZCListManuals final : public QDialog {
   void SetUp(ListBox* list, ListBox* other, const std::vector<Text>& rows);
   void Place();
 
+  const WindowHandle handle_;  // by which scripts find the dialog; it takes no messages
   ListBox* manuals_;
   ListBox* recent_;
 };

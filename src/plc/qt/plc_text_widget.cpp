@@ -8,6 +8,7 @@
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
+#include "controls/system_colors.h"
 #include "plc/plc_ids.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
@@ -20,6 +21,7 @@ constexpr int kTitleWidth = 10;
 constexpr int kTextFont = 21;
 constexpr int kWeight = 400;
 constexpr int kPadding = 6;
+constexpr int kMargin = 12;
 constexpr std::uint32_t kLine = draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kEndEllipsis;
 
 /// The title's font has characters of that width on average.
@@ -93,6 +95,11 @@ PlcTextWidget::PlcTextWidget(QWidget* parent)
   MarkControl(this, plc_id::kText, control_kind::kStatic);
   QFont font = MakeFont(QStringLiteral("Times New Roman"), kTextFont, kWeight).value_or(QFont());
   edit_->setFont(font);
+  edit_->document()->setDocumentMargin(kMargin);
+  QPalette colors = edit_->palette();
+  colors.setColor(QPalette::Base, ToQColor(SystemColor(kColorWindow)));
+  colors.setColor(QPalette::Text, ToQColor(SystemColor(kColorWindowText)));
+  edit_->setPalette(colors);
   edit_->setReadOnly(true);
   edit_->setUndoRedoEnabled(false);
   edit_->setFrameShape(QFrame::NoFrame);

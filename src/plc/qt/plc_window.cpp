@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "controls/fonts.h"
 #include "controls/system_colors.h"
 #include "pages/folder_pages.h"
 #include "plc/plc_ids.h"
@@ -16,6 +17,30 @@
 
 namespace pnl {
 namespace {
+
+constexpr int kPageFont = 17;  // in a panel 600 high
+constexpr int kPageWeight = 400;
+constexpr int kNoteMargin = 12;
+
+/// The font of pages that name no size, and of the note. It grows with the panel.
+QFont PageFont(Utilities& utilities) {
+  const int fitted = utilities.UTIL7340_FitFontSize(kPageFont);
+  return MakeFont(QStringLiteral("Arial"), fitted > 0 ? fitted : kPageFont, kPageWeight).value_or(QFont());
+}
+
+QLabel* MakeNote(const QFont& font, QWidget* parent) {
+  auto* note = new QLabel(parent);
+  MarkControl(note, plc_id::kNote, control_kind::kStatic);
+  note->setTextFormat(Qt::PlainText);
+  note->setWordWrap(true);
+  note->setAlignment(Qt::AlignCenter);
+  note->setMargin(kNoteMargin);
+  note->setFont(font);
+  QPalette colors = note->palette();
+  colors.setColor(QPalette::WindowText, ToQColor(SystemColor(kColorWindowText)));
+  note->setPalette(colors);
+  return note;
+}
 
 std::optional<PlcKey> LogicKey(const QKeyEvent& event) {
   if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier)) != 0) {
@@ -52,7 +77,7 @@ ZCPLCMsgView::ZCPLCMsgView(const ToolContext& context, QWidget* parent, MakeVide
       text_(new PlcTextWidget(this)),
       page_(new PageBrowser(plc_id::kPage, this)),
       video_(new CAviCtrl(plc_id::kVideo, std::move(player), this)),
-      note_(new QLabel(this)),
+      note_(MakeNote(PageFont(context.cnc.Util()), this)),
       controls_{{plc_id::kTitle, title_},
                 {plc_id::kText, text_},
                 {plc_id::kPage, page_},
@@ -61,10 +86,7 @@ ZCPLCMsgView::ZCPLCMsgView(const ToolContext& context, QWidget* parent, MakeVide
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   SetBackProperty(SystemColor(kColorWindow));
-  MarkControl(note_, plc_id::kNote, control_kind::kStatic);
-  note_->setTextFormat(Qt::PlainText);
-  note_->setWordWrap(true);
-  note_->setAlignment(Qt::AlignCenter);
+  page_->setFont(note_->font());
   for (QWidget* view : {static_cast<QWidget*>(text_), static_cast<QWidget*>(page_), static_cast<QWidget*>(video_),
                         static_cast<QWidget*>(note_)}) {
     view->hide();
@@ -191,6 +213,7 @@ PageRefusal ZCPLCMsgView::Navigate(TextView folder, TextView name, TextView anch
   refusal_ = PageRefusal::kUnreadable;
   navigating_ = true;
   pages_ = std::make_shared<FolderPages>(context_.files, Text(folder));
+  page_->SetFolder(folder);
   const bool shown = page_->ShowPage(pages_, PageReference(name), anchor);
   navigating_ = false;
   return shown ? PageRefusal::kNone : refusal_;

@@ -21,6 +21,7 @@ struct FakeVideo {
   Log log;
   VideoPlayer::Listener listener;
   int made = 0;
+  std::int64_t position = 0;
 };
 
 class FakePlayer final : public VideoPlayer {
@@ -31,6 +32,7 @@ class FakePlayer final : public VideoPlayer {
   void Play() override { video_.log.push_back("play"); }
   void Stop() override { video_.log.push_back("stop"); }
   void Rewind() override { video_.log.push_back("rewind"); }
+  [[nodiscard]] std::int64_t Position() const override { return video_.position; }
 
  private:
   FakeVideo& video_;
@@ -68,6 +70,20 @@ TEST_F(AviCtrlTest, ThePlayerIsMadeWhenTheFirstVideoIsLoaded) {
   area_.Load("/v.avi", "v.avi");
   EXPECT_EQ(video_.made, 1);
   EXPECT_THAT(Take(), ElementsAre("load /v.avi"));
+}
+
+TEST_F(AviCtrlTest, AScriptSeesWhetherItPlaysAndWhere) {
+  video_.position = 1200;
+  EXPECT_EQ(area_.property("pnlPosition").toLongLong(), 0) << "no video yet";
+  area_.Load("/v.avi", "v.avi");
+  EXPECT_FALSE(area_.property("pnlPlaying").toBool());
+  area_.Play(1);
+  EXPECT_TRUE(area_.property("pnlPlaying").toBool());
+  EXPECT_EQ(area_.property("pnlPosition").toLongLong(), 1200);
+  area_.Stop();
+  EXPECT_FALSE(area_.property("pnlPlaying").toBool());
+  area_.Clear();
+  EXPECT_EQ(area_.property("pnlPosition").toLongLong(), 0);
 }
 
 TEST_F(AviCtrlTest, AVideoThatIsPlayedOnceEndsAtItsEnd) {

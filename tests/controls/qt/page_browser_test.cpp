@@ -155,6 +155,34 @@ TEST_F(PageBrowserTest, ReloadReadsThePageAgainAndKeepsThePlace) {
   EXPECT_FALSE(view_.CanGoBack());
 }
 
+// A chapter's mark is at its heading, whose upper edge was cut off.
+TEST_F(PageBrowserTest, AnAnchorAtTheTopShowsThePageFromItsTop) {
+  Page("top.htm", "<body style=\"margin: 12px\"><a name=top></a><h1>heading</h1>" + Lines(200) +
+                      "<a name=below></a><p>below</p>" + Lines(200) + "</body>");
+  Show(u"top.htm", u"top");
+  EXPECT_EQ(view_.ScrollPosition(), 0);
+  view_.Follow(u"#below");
+  EXPECT_GT(view_.ScrollPosition(), 1000);
+  view_.Follow(u"#top");
+  EXPECT_EQ(view_.ScrollPosition(), 0);
+}
+
+TEST_F(PageBrowserTest, TheLocationIsTheFileAndTheAnchor) {
+  const auto location = [this] { return view_.property("pnlLocation").toString().toStdString(); };
+  EXPECT_EQ(location(), "");
+  Show(u"sub/b.htm", u"end");
+  EXPECT_EQ(location(), "sub/b.htm#end");
+  view_.SetFolder(u"C:\\DOC");
+  EXPECT_EQ(location(), "C:\\DOC\\sub\\b.htm#end");
+  Show(u"red.png");
+  EXPECT_EQ(location(), "C:\\DOC\\red.png");
+  view_.Back();
+  EXPECT_EQ(location(), "C:\\DOC\\sub\\b.htm#end");
+  EXPECT_TRUE(view_.property("pnlText").toString().startsWith("second"));
+  view_.Clear();
+  EXPECT_EQ(location(), "");
+}
+
 TEST_F(PageBrowserTest, FindGoesOnAtTheOtherEnd) {
   Page("f.htm", "<p>one two ONE</p>");
   Show(u"f.htm");
@@ -265,6 +293,40 @@ TEST_F(PageBrowserTest, AStyleSheetOfThePageIsUsed) {
   Page("s.htm", "<html><head><link rel=stylesheet href=a.css></head><body><p>text</p></body></html>");
   Show(u"s.htm");
   EXPECT_GT(Count(Paint(view_), kBlue), 1000);
+}
+
+// On a dark panel a page that set the colour of its text alone could not be read.
+TEST_F(PageBrowserTest, APageIsBlackOnWhiteUnlessItSaysOtherwise) {
+  QWidget panel;
+  QPalette dark;
+  dark.setColor(QPalette::Base, Qt::blue);
+  dark.setColor(QPalette::Text, Qt::red);
+  panel.setPalette(dark);
+  PageBrowser view(1001, &panel);
+  view.resize(400, 300);
+  Activate(panel);
+  Page("heading.htm", "<h1>HEADING</h1>");
+  Page("heading.txt", "IIIIIIIIIIIIIIII|||||||||||||||");
+  for (const TextView page : {u"heading.htm", u"heading.txt"}) {
+    ASSERT_TRUE(view.ShowPage(pages_, page, {}));
+    const QImage painted = Paint(view);
+    EXPECT_EQ(Count(painted, kBlue), 0);
+    EXPECT_EQ(Count(painted, kRed), 0);
+    EXPECT_GT(Count(painted, 0xFFFFFF), 100'000);
+    EXPECT_GT(Count(painted, 0), 10);
+  }
+  Page("l.htm", "<a href=a.htm>link link link link</a>");
+  ASSERT_TRUE(view.ShowPage(pages_, u"l.htm", {}));
+  EXPECT_GT(Count(Paint(view), 0x824F1C), 10);
+  Page("o.htm", "<style>a { color: #0000ff }</style><a href=a.htm>link link link link</a>");
+  ASSERT_TRUE(view.ShowPage(pages_, u"o.htm", {}));
+  EXPECT_EQ(Count(Paint(view), 0x824F1C), 0) << "the page's own style comes first";
+}
+
+TEST_F(PageBrowserTest, ATextWithoutMarkupKeepsAMargin) {
+  Page("t.txt", "text");
+  Show(u"t.txt");
+  EXPECT_GE(Ink(Paint(view_), 0xFFFFFF).left(), 12);
 }
 
 TEST_F(PageBrowserTest, AnAnimatedPictureMovesInAPage) {

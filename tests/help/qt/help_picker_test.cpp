@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The modal picker, and the ends of the viewer's window in the middle of an operation.
-#include <QTimer>
+#include <QPointer>
 
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/deleting_host.h"
+#include "window/qt/window_registry.h"
 
 namespace pnl::test {
 namespace {
@@ -17,17 +18,13 @@ class HelpPicker : public HelpStage {
  protected:
   /// Opens the picker and does something in it once it is shown.
   void Pick(const std::function<void(ZCListManuals&)>& act) {
-    bool shown = false;
-    QTimer::singleShot(0, &panel, [&] {
-      auto* dialog = qobject_cast<ZCListManuals*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      shown = true;
-      act(*dialog);
-      // A dialog that an action left open would never end.
-      if (QApplication::activeModalWidget() == dialog) dialog->reject();
-    });
     Menu(2004);
-    EXPECT_TRUE(shown);
+    const QPointer<ZCListManuals> dialog = qobject_cast<ZCListManuals*>(QApplication::activeModalWidget());
+    ASSERT_FALSE(dialog.isNull()) << "and the command has returned";
+    act(*dialog);
+    if (dialog && dialog->isVisible()) dialog->reject();
+    Settle();
+    EXPECT_TRUE(dialog.isNull());
   }
   static ListBox* ListIn(ZCListManuals& dialog, int id) { return static_cast<ListBox*>(FindControl(&dialog, id)); }
   static void DoubleClick(ListBox* list, int row) {
@@ -44,6 +41,8 @@ TEST_F(HelpPicker, ItListsTheManualsAndTheLastPages) {
   Pick([](ZCListManuals& dialog) {
     EXPECT_TRUE(dialog.isModal());
     EXPECT_TRUE(dialog.property("pnlDialog").toBool());
+    const auto window = dialog.property("pnlWindow").toUInt();
+    EXPECT_EQ(WindowRegistry::Instance().Find(window)->widget, &dialog) << "a script finds it";
     ListBox* manuals = ListIn(dialog, help_id::kManuals);
     ASSERT_EQ(manuals->Count(), 3);
     EXPECT_EQ(manuals->Item(0), u"oper.chm");
@@ -155,6 +154,21 @@ TEST_F(HelpPicker, TheWindowMayGoWhileItIsOpen) {
   Pick([this](ZCListManuals&) { delete area; });
   EXPECT_TRUE(tool.isNull());
   MakeArea();
+}
+
+TEST_F(HelpPicker, ItGoesWithAViewerThatTheHostCloses) {
+  Make();
+  OpenAt();
+  world.asked.clear();
+  Pick([this](ZCListManuals& dialog) {
+    ListIn(dialog, help_id::kManuals)->Select(1);
+    Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL);
+    EXPECT_FALSE(dialog.isVisible());
+  });
+  EXPECT_EQ(world.asked, "");
+  EXPECT_FALSE(tool->isVisible());
+  OpenAt();
+  Pick([](ZCListManuals&) {});
 }
 
 // The ends.

@@ -4,6 +4,7 @@
 
 #include <QtWidgets/QScrollBar>
 
+#include "controls/fonts.h"
 #include "plc/plc_ids.h"
 #include "support/deleting_host.h"
 #include "support/event_wait.h"
@@ -28,6 +29,7 @@ class StillPlayer final : public VideoPlayer {
   void Play() override { log_.push_back("play"); }
   void Stop() override { log_.push_back("stop"); }
   void Rewind() override { log_.push_back("rewind"); }
+  [[nodiscard]] std::int64_t Position() const override { return 0; }
 
  private:
   Log& log_;
@@ -130,6 +132,44 @@ TEST_F(PlcWindow, EveryKindOfDocumentHasItsView) {
   Help(u"none.htm");
   EXPECT_TRUE(!Shows(plc_id::kText) && !Shows(plc_id::kPage) && !Shows(plc_id::kVideo) && Shows(plc_id::kNote));
   EXPECT_THAT(TextOf(plc_id::kNote), testing::HasSubstr("none.htm"));
+}
+
+// A panel with light letters made a text unlike a page, and the note unreadable on the window's white.
+TEST_F(PlcWindow, TextsAndNotesAreBlackOnWhiteInEveryPanel) {
+  QPalette dark;
+  for (const auto role : {QPalette::Window, QPalette::Base}) dark.setColor(role, Qt::blue);
+  for (const auto role : {QPalette::WindowText, QPalette::Text}) dark.setColor(role, Qt::red);
+  area->setPalette(dark);
+  delete tool;
+  Open();
+  Report(3);
+  EXPECT_GT(Count(Paint(*Control(plc_id::kText)), 0), 100);
+  EXPECT_EQ(Count(Paint(*Control(plc_id::kText)), kBlue, QRect(0, 0, 700, 570)), 0);
+  Help(u"none.htm");
+  EXPECT_GT(Count(Paint(*tool), 0, QRect(0, 40, 800, 560)), 100);
+  EXPECT_EQ(Count(Paint(*tool), kRed), 0);
+}
+
+TEST_F(PlcWindow, PagesAndNotesHaveALegibleFontOnEveryPanel) {
+  const auto reopen = [this](int fitted) {
+    EXPECT_TRUE(cnc.Returns("UTIL7340_FitFontSize", {fitted}));
+    delete tool;
+    Open();
+  };
+  reopen(30);
+  const int large = MakeFont(QStringLiteral("Arial"), 30, 400)->pixelSize();
+  EXPECT_EQ(Page().TextArea().font().pixelSize(), large);
+  EXPECT_EQ(Control(plc_id::kNote)->font().pixelSize(), large);
+  reopen(0);
+  EXPECT_EQ(Page().TextArea().font().pixelSize(), MakeFont(QStringLiteral("Arial"), 17, 400)->pixelSize());
+}
+
+TEST_F(PlcWindow, AScriptSeesWhichFileIsShown) {
+  const auto location = [this] { return Page().property("pnlLocation").toString().toStdString(); };
+  Report(5);
+  EXPECT_EQ(location(), "C:\\P61\\page.htm");
+  Page().Follow(u"next.htm");
+  EXPECT_EQ(location(), "C:\\P61\\next.htm");
 }
 
 TEST_F(PlcWindow, PhotosArePagesScaledToTheArea) {

@@ -72,5 +72,24 @@ TEST_F(MessagesDemo, AManualOpensAtTheMarkThatTheToolInFrontHasWritten) {
   EXPECT_NE(client.TraceText({"box"}).find("EL FORMATO DE LA MARCA"), std::string::npos);
 }
 
+// The command that opens the list was answered only when somebody had closed it.
+TEST_F(MessagesDemo, AScriptChoosesAManual) {
+  constexpr int kPageView = 1020;
+  constexpr int kManuals = 2004;
+  const auto location = [&](int window) { return client.Control(window, kPageView)["location"].toString(); };
+  client.Set("E.HELPDATA", "OPT0330");
+  const int help = client.Load(kHelpTool);
+  ASSERT_EQ(client.Tell(help, kCommand, 2), 0);
+  EXPECT_EQ(location(help), "machining.html#OPT0330");
+  client.Call("ui.command", {{"window", help}, {"id", kManuals}});
+  const QJsonArray dialogs = client.Call("ui.dialogs").toArray();
+  ASSERT_EQ(dialogs.size(), 1);
+  const int list = dialogs.at(0)["window"].toInt();
+  for (const char* key : {"Down", "Down", "Enter"}) client.Call("ui.key", {{"window", list}, {"key", key}});
+  EXPECT_TRUE(client.Call("ui.dialogs").toArray().isEmpty());
+  EXPECT_EQ(location(help), "index.html");
+  EXPECT_TRUE(client.Text(help, kPageView).startsWith("Programming the demo mill"));
+}
+
 }  // namespace
 }  // namespace panel::test

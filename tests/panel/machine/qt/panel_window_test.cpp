@@ -397,6 +397,20 @@ TEST_F(PanelWindowTest, AMessageAndAManualAreLeftByTouch) {
   EXPECT_EQ(session_.FrontTool(), PNL_TOOL_MDI);
 }
 
+// The key typed Escape, which only closed the line.
+TEST_F(PanelWindowTest, AManualIsLeftByTouchEvenWhileAWordOfItsPageIsLookedFor) {
+  Do(Action::kHelp);
+  ASSERT_EQ(session_.FrontTool(), PNL_TOOL_HELP);
+  constexpr int kFindInPage = 40002;
+  op_->SendCommand(PNL_TOOL_HELP, kFindInPage);
+  Settle();
+  const auto& items = window_->MainBar().Items();
+  ASSERT_EQ(items.back().text, Say(Word::kClose));
+  window_->PressMain(static_cast<int>(items.size()) - 1);
+  Settle();
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
+}
+
 TEST_F(PanelWindowTest, AMessageOfAToolShowsInItsColours) {
   rig_.Cnc().Set(u"[1].E.INSPECSTATUS", std::int64_t{0});
   Do(Action::kOpenMdi);
