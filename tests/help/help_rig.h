@@ -77,12 +77,20 @@ class FakeHelpView final : public FakeView<HelpView> {
     Order("key ", static_cast<int>(key));
     if (onKey) onKey(key, part);
   }
-  std::optional<ManualChoice> PickManual(const ManualPicker& picker) override {
+  void OpenPicker(const ManualPicker& picker) override {
     Order("pick");
     picked = picker;
-    if (onPick) onPick();
-    return choice;
+    pickerOpen = true;
+    // The window may go in onPick, and this object with it.
+    const auto pick = onPick;
+    const auto answer = [onPicked = onPicked, chosen = choice] {
+      if (onPicked) onPicked(chosen);
+    };
+    if (pick) return pick(answer);
+    pickerOpen = false;
+    answer();
   }
+  void ClosePicker() override { Asked(), pickerOpen = false; }
   void Hide() override { FakeView::Hide(), part = HelpPart::kNone; }
 
   HelpPart part = HelpPart::kNone;
@@ -106,7 +114,10 @@ class FakeHelpView final : public FakeView<HelpView> {
   std::optional<ManualChoice> choice;
   std::function<void(TextView, TextView)> onPageShown;
   std::function<void(HelpKey, HelpPart)> onKey;
-  std::function<void()> onPick;
+  std::function<void(const std::optional<ManualChoice>&)> onPicked;  // what the operator chooses
+  /// Instead of an answer at once: the test calls the answer when it likes.
+  std::function<void(const std::function<void()>& answer)> onPick;
+  bool pickerOpen = false;
 
  private:
   static std::size_t ListIndex(HelpPart list) {

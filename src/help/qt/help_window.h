@@ -17,6 +17,8 @@ class QLabel;
 
 namespace pnl {
 
+class ZCListManuals;
+
 class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   Q_OBJECT
 
@@ -59,7 +61,8 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   [[nodiscard]] HelpPart FocusedPart() const override;
   void FocusPart(HelpPart part) override;
   void SendKey(HelpKey key) override;
-  std::optional<ManualChoice> PickManual(const ManualPicker& picker) override;
+  void OpenPicker(const ManualPicker& picker) override;
+  void ClosePicker() override;
 
   void MakeControls();
   QWidget* MakeFindBar();
@@ -86,6 +89,7 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   QLabel* missing_ = nullptr;
   QWidget* findBar_ = nullptr;
   QLineEdit* findLine_ = nullptr;
+  ZCListManuals* picker_ = nullptr;  // while it is open
   ToolLink<HelpSession> session_;
 };
 

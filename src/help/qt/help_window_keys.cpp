@@ -184,17 +184,27 @@ void ZCHelpHTML::SendTo(QWidget* control, int key) {
   if (alive) sending_ = before;
 }
 
-std::optional<ManualChoice> ZCHelpHTML::PickManual(const ManualPicker& picker) {
-  // Watched: the dialog goes with this window, which somebody may destroy while it is open.
-  const QPointer<ZCListManuals> dialog = new ZCListManuals(context_.language, scale_, picker, this);
-  const QPointer<ZCHelpHTML> alive(this);
-  const bool accepted = dialog->exec() == QDialog::Accepted;
-  if (!dialog) return std::nullopt;
-  const std::optional<ManualChoice> choice = accepted ? dialog->Choice() : std::nullopt;
-  delete dialog;
+void ZCHelpHTML::OpenPicker(const ManualPicker& picker) {
+  ClosePicker();
+  picker_ = new ZCListManuals(context_.language, scale_, picker, this);
+  connect(picker_, &ZCListManuals::Finished, this, [this](bool accepted) {
+    const std::optional<ManualChoice> choice = accepted ? picker_->Choice() : std::nullopt;
+    ClosePicker();
+    session_.Tell([&](HelpSession& session) { session.OnPicked(choice); });
+  });
+  picker_->show();
+  picker_->activateWindow();
+}
+
+void ZCHelpHTML::ClosePicker() {
+  if (picker_ == nullptr) return;
+  ZCListManuals* const picker = std::exchange(picker_, nullptr);
+  picker->disconnect(this);
+  picker->hide();
+  // It may be in the middle of the event that ends it.
+  picker->deleteLater();
   // Without a window manager nobody else gives the keys back to the panel.
-  if (alive && QApplication::activeWindow() == nullptr) window()->activateWindow();
-  return choice;
+  if (QApplication::activeWindow() == nullptr) window()->activateWindow();
 }
 
 }  // namespace pnl

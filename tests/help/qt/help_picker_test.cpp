@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The modal picker, and the ends of the viewer's window in the middle of an operation.
-#include <QTimer>
-
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/deleting_host.h"
@@ -15,19 +13,15 @@ using testing::IsSupersetOf;
 
 class HelpPicker : public HelpStage {
  protected:
-  /// Opens the picker and does something in it once it is shown.
+  /// Opens the picker, does something in it, and cancels it if it is still open.
   void Pick(const std::function<void(ZCListManuals&)>& act) {
-    bool shown = false;
-    QTimer::singleShot(0, &panel, [&] {
-      auto* dialog = qobject_cast<ZCListManuals*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      shown = true;
-      act(*dialog);
-      // A dialog that an action left open would never end.
-      if (QApplication::activeModalWidget() == dialog) dialog->reject();
-    });
     Menu(2004);
-    EXPECT_TRUE(shown);
+    const QPointer<ZCListManuals> dialog = qobject_cast<ZCListManuals*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    act(*dialog);
+    if (dialog) dialog->Cancel();
+    Settle();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   }
   static ListBox* ListIn(ZCListManuals& dialog, int id) { return static_cast<ListBox*>(FindControl(&dialog, id)); }
   static void DoubleClick(ListBox* list, int row) {
@@ -44,6 +38,9 @@ TEST_F(HelpPicker, ItListsTheManualsAndTheLastPages) {
   Pick([](ZCListManuals& dialog) {
     EXPECT_TRUE(dialog.isModal());
     EXPECT_TRUE(dialog.property("pnlDialog").toBool());
+    EXPECT_EQ(dialog.property("pnlWindow").toInt(), static_cast<int>(dialog.Handle())) << "as every dialog of a tool";
+    EXPECT_NE(dialog.Handle(), 0u);
+    EXPECT_EQ(dialog.property("pnlTitle").toString(), "Manuals");
     ListBox* manuals = ListIn(dialog, help_id::kManuals);
     ASSERT_EQ(manuals->Count(), 3);
     EXPECT_EQ(manuals->Item(0), u"oper.chm");
@@ -103,6 +100,17 @@ TEST_F(HelpPicker, EnterIsOk) {
     PressKey(ListIn(dialog, help_id::kManuals), Qt::Key_Return);
   });
   EXPECT_EQ(world.asked, "C:\\P113\\prog.chm");
+}
+
+TEST_F(HelpPicker, WhoeverOpensItGoesOnWhileItIsOpen) {
+  // The command that opens it waited for the operator's choice, and the panel answered no request of a script.
+  Make();
+  OpenAt();
+  Menu(2004);
+  ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_HIDE);
+  Settle();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "it goes with the viewer";
 }
 
 TEST_F(HelpPicker, OneListTakesTheSelectionFromTheOther) {
