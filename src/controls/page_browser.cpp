@@ -174,6 +174,11 @@ bool PageBrowser::Find(TextView text, bool backwards) {
   return false;
 }
 
+QString PageBrowser::Location() const {
+  const Text anchor = Anchor();
+  return ToQString(anchor.empty() ? Address() : Address() + u"#" + anchor);
+}
+
 int PageBrowser::ScrollPosition() const { return text_->verticalScrollBar()->value(); }
 
 void PageBrowser::SetScrollPosition(int position) {

@@ -15,6 +15,7 @@ namespace pnl {
 
 class PageBrowser final : public PageView {
   Q_OBJECT
+  Q_PROPERTY(QString pnlLocation READ Location)
 
  public:
   PageBrowser(int id, QWidget* parent);
@@ -34,6 +35,8 @@ class PageBrowser final : public PageView {
   [[nodiscard]] int ScrollPosition() const override;
   void SetScrollPosition(int position) override;
 
+  /// The page that is shown, with "#" and the anchor if there is one; empty without a page.
+  [[nodiscard]] QString Location() const;
   /// The widgets that show the page. The focus goes to the text.
   [[nodiscard]] PageText& TextArea() { return *text_; }
   [[nodiscard]] PictureArea& Picture() { return *picture_; }

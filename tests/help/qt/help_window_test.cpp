@@ -30,6 +30,7 @@ TEST_F(HelpWindow, OpeningFillsTheAreaAndShowsTheMarksPage) {
   EXPECT_TRUE(tool->isVisible());
   EXPECT_EQ(tool->geometry(), area->rect());
   EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "mdi.htm#OPT0130");
   EXPECT_TRUE(IsFocused(help_id::kPage));
   EXPECT_FALSE(Shows(help_id::kMissing));
   EXPECT_EQ(Contents()->topLevelItemCount(), 1);
@@ -62,6 +63,7 @@ TEST_F(HelpWindow, ClosingHidesIt) {
   EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL), 2);
   EXPECT_FALSE(tool->isVisible());
   EXPECT_EQ(PageText(), "");
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "");
   EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolClosed(2,2)"));
 }
 
@@ -226,6 +228,7 @@ TEST_F(HelpWindow, AltWithTheArrowsGoesBackAndForward) {
   OpenAt();
   Menu(2000);
   ASSERT_THAT(PageText(), HasSubstr("Welcome"));
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "home.htm");
   Key(Qt::Key_Left, Qt::AltModifier);
   EXPECT_THAT(PageText(), HasSubstr("Type a block."));
   Key(Qt::Key_Right, Qt::AltModifier);
