@@ -13,6 +13,9 @@ constexpr int kTitle = 1006;
 constexpr int kText = 1005;
 constexpr int kCount = 1102;
 constexpr int kCommand = 0x802;
+constexpr int kPickerCommand = 2004;
+constexpr int kManuals = 3001;
+constexpr int kOk = 1;
 constexpr int kErrorType = 1 << 28;
 
 class MessagesDemo : public ::testing::Test {
@@ -70,6 +73,23 @@ TEST_F(MessagesDemo, AManualOpensAtTheMarkThatTheToolInFrontHasWritten) {
   client.Set("E.HELPDATA", "XYZ0001");
   EXPECT_EQ(client.Tell(help, kCommand, 2), -200) << "no manual has such marks";
   EXPECT_NE(client.TraceText({"box"}).find("EL FORMATO DE LA MARCA"), std::string::npos);
+}
+
+TEST_F(MessagesDemo, AScriptChoosesAManualInThePicker) {
+  // The command was answered only when the picker had closed, so no request could choose anything in it.
+  const int help = client.Load(kHelpTool);
+  client.Set("E.HELPDATA", "OPT0130");
+  ASSERT_EQ(client.Tell(help, kCommand, 2), 0);
+  client.Call("ui.command", {{"window", help}, {"id", kPickerCommand}});
+  const QJsonArray dialogs = client.Call("ui.dialogs").toArray();
+  ASSERT_EQ(dialogs.size(), 1);
+  EXPECT_EQ(dialogs[0]["title"].toString(), "Manuals");
+  const int picker = dialogs[0]["window"].toInt();
+  EXPECT_EQ(client.Control(picker, kManuals)["items"].toArray(),
+            (QJsonArray{"operating.chm", "programming.chm", "errors.chm"}));
+  client.Call("ui.pick", {{"window", picker}, {"id", kManuals}, {"index", 1}});
+  client.Call("ui.click", {{"window", picker}, {"id", kOk}});
+  EXPECT_TRUE(client.Call("ui.dialogs").toArray().isEmpty());
 }
 
 }  // namespace
