@@ -8,16 +8,15 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench_manual.h"
 #include "help/manual/manual_cache.h"
 #include "help/manual/manual_search.h"
 #include "help/manual/page_text.h"
 #include "help/manual/search_words.h"
-#include "support/chm_writer.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -30,40 +29,11 @@ using pnl::TextView;
 bool brief = false;
 bool Never() { return false; }
 
-/// Words as a language has them: a few often, most seldom.
-class Words {
- public:
-  Words() {
-    for (int i = 0; i < 8'000; ++i) {
-      std::string word;
-      for (unsigned syllables = 1 + random_() % 4; syllables > 0; --syllables) word += kSyllables[random_() % 16];
-      words_.push_back(word);
-    }
-  }
-  std::string Page(int number) {
-    std::string page = "<html><head><title>Page " + std::to_string(number) + "</title></head><body>";
-    for (int i = 0; i < 600; ++i) {
-      const double place = static_cast<double>(random_() % 1'000'000) / 1e6;
-      page += words_[static_cast<std::size_t>(place * place * place * 7'999)] + (i % 12 == 11 ? "</p>\n<p>" : " ");
-    }
-    return page + "</body></html>";
-  }
-
- private:
-  static constexpr const char* kSyllables[] = {"ma",  "qui", "na", "hu", "si",  "llo", "ta", "la",
-                                               "dro", "fre", "sa", "do", "per", "fo",  "ra", "ci\xC3\xB3n"};
-  std::mt19937 random_{1};
-  std::vector<std::string> words_;
-};
-
 /// A compiled manual of so many pages in the folder.
 std::string MakeManual(const pnl::test::TempFolder& folder, int pages) {
-  Words words;
-  pnl::test::ChmWriter writer;
-  writer.AddSystem("Bench", "page10000.htm", "", "", 0x0C0A);
-  for (int i = 0; i < pages; ++i) writer.Add("/page" + std::to_string(10'000 + i) + ".htm", words.Page(i));
-  folder.Write("m" + std::to_string(pages) + ".chm", writer.SortedBytes());
-  return folder.Path() / ("m" + std::to_string(pages) + ".chm");
+  const std::string name = "m" + std::to_string(pages) + ".chm";
+  folder.Write(name, BenchManual(pages));
+  return folder.Path() / name;
 }
 
 std::shared_ptr<const Manual> Open(const pnl::test::TempFolder& folder, const std::string& manual) {

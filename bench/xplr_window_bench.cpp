@@ -11,20 +11,15 @@
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QTimer>
 #include <QTreeView>
-#include <algorithm>
-#include <chrono>
-#include <ctime>
 #include <functional>
 #include <memory>
 
 #include "bench_folder.h"
 #include "bench_host.h"
+#include "stalls.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 constexpr int kListId = 1107;
 constexpr int kSortCommand = 32770;
@@ -32,58 +27,11 @@ constexpr const char* kOrders[] = {"name", "size", "date", "extension"};
 
 int fileCount = 100'000;
 
-double MillisecondsSince(Clock::time_point start) {
-  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double ThreadMilliseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
 /// Bytes that are in use now, as the allocator rounds them.
 double BytesInUse() {
   const auto info = mallinfo2();
   return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
 }
-
-/// The longest time between two events of a timer of 1 ms.
-class Stalls {
- public:
-  Stalls() {
-    timer_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Note(); });
-    timer_.start(1);
-  }
-  /// Counts from here on.
-  void Begin() {
-    clock_ = busy_ = 0;
-    last_ = Clock::now();
-    lastBusy_ = ThreadMilliseconds();
-  }
-  void Count(benchmark::State& state) const {
-    Keep(state, "longest stall, ms", clock_);
-    Keep(state, "of it own work, ms", busy_);
-  }
-  static void Keep(benchmark::State& state, const char* name, double value) {
-    auto& counter = state.counters[name];
-    counter = std::max(static_cast<double>(counter), value);
-  }
-
- private:
-  void Note() {
-    clock_ = std::max(clock_, MillisecondsSince(last_));
-    busy_ = std::max(busy_, ThreadMilliseconds() - lastBusy_);
-    last_ = Clock::now();
-    lastBusy_ = ThreadMilliseconds();
-  }
-  QTimer timer_;
-  Clock::time_point last_ = Clock::now();
-  double lastBusy_ = ThreadMilliseconds();
-  double clock_ = 0;
-  double busy_ = 0;
-};
 
 /// Lets the events run until a view has been painted, with its rows as they are wanted.
 class Painted final : public QObject {

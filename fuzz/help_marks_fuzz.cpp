@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Resolves a mark by a helps file and a marks file of any bytes, and lists the manuals. The input is the mark up to the
-// first line feed, the helps file up to the first zero byte, and the marks file, which is beside the manuals oper.chm
-// and DEFAULT.
+// Resolves a mark and lists the manuals, with a helps file and a marks file that may contain anything. The input is the
+// mark up to the first line feed, the helps file up to the first zero byte, and the marks file, which is beside the
+// manuals oper.chm and DEFAULT.
 #include "help/help_marks.h"
 
 #include <string>
@@ -25,20 +25,20 @@ std::string Take(std::string& bytes, char separator) {
   return taken;
 }
 
-void CheckResolved(const ResolvedPage& resolved, const Text& mark, std::size_t told) {
+void CheckResolved(const ResolvedPage& resolved, const Text& mark, std::size_t boxes) {
   const Text fallback = mark.substr(0, 3) + u"0000";
   switch (resolved.result) {
     case HelpResolution::kEmptyMark:
-      FUZZ_CHECK(mark.empty() && told == 0);
+      FUZZ_CHECK(mark.empty() && boxes == 0);
       break;
     case HelpResolution::kNoManual:
-      FUZZ_CHECK(told == 1);
+      FUZZ_CHECK(boxes == 1);
       break;
     case HelpResolution::kNoPage:
-      FUZZ_CHECK(told == 2);
+      FUZZ_CHECK(boxes == 2);
       break;
     case HelpResolution::kFound:
-      FUZZ_CHECK(told == (resolved.page.fallback ? 1u : 0u));
+      FUZZ_CHECK(boxes == (resolved.page.fallback ? 1u : 0u));
       FUZZ_CHECK(resolved.page.mark == (resolved.page.fallback ? fallback : mark));
       FUZZ_CHECK(resolved.page.manual.starts_with(u"C:\\P113\\"));
       FUZZ_CHECK(resolved.page.page != u"FAILED");
@@ -58,10 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   files.disc["C:\\P113\\oper.mrk"] = bytes;
   files.disc["C:\\P113\\DEF.mrk"] = bytes;
 
-  std::size_t told = 0;
+  std::size_t boxes = 0;
   const ResolvedPage resolved =
-      pnl::ResolveManualPage({files, utilities}, mark, [&told](pnl::TextView, pnl::TextView) { ++told; });
-  CheckResolved(resolved, mark, told);
+      pnl::ResolveManualPage({files, utilities}, mark, [&boxes](pnl::TextView, pnl::TextView) { ++boxes; });
+  CheckResolved(resolved, mark, boxes);
 
   const pnl::HelpsFile helps = pnl::FindHelpsFile({files, utilities});
   const pnl::ManualNames manuals = pnl::ListManuals(helps, files, true);

@@ -32,7 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       for (const pnl::Text& reference : references) CheckReference(name, reference);
     }
     CheckReference({}, markup);
+    FUZZ_CHECK(pnl::ManualNamedIn(markup).find_first_of(u":/\\") == pnl::Text::npos);
   }
-  if (const auto name = pnl::FileNameOfObject(bytes)) FUZZ_CHECK(pnl::IsManualName(*name));
+  if (const auto name = pnl::NameOfObject(bytes)) FUZZ_CHECK(pnl::IsManualName(*name));
   return 0;
 }

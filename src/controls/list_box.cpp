@@ -150,7 +150,14 @@ std::vector<int> ListBox::Selected() const {
   return rows;
 }
 
-int ListBox::RowHeight() const { return std::max(kFingerHeight, CellHeight(QFontMetrics(font())) + 2); }
+int ListBox::RowHeight() const {
+  return std::max({kFingerHeight, leastRowHeight_, CellHeight(QFontMetrics(font())) + 2});
+}
+
+void ListBox::SetLeastRowHeight(int pixels) {
+  leastRowHeight_ = pixels;
+  scheduleDelayedItemsLayout();
+}
 
 void ListBox::focusInEvent(QFocusEvent* event) {
   const bool untouched = !currentIndex().isValid();

@@ -75,8 +75,9 @@ class ListBox : public RowView {
   [[nodiscard]] uint TextColor() const { return text_; }
   [[nodiscard]] uint SelectedBackColor() const { return selectedBack_; }
   [[nodiscard]] uint SelectedTextColor() const { return selectedText_; }
-  /// At least the height that a finger needs.
+  /// At least the height that a finger needs, and what SetLeastRowHeight was called with.
   [[nodiscard]] int RowHeight() const override;
+  void SetLeastRowHeight(int pixels);
 
  signals:
   /// The list has got the focus and has finished handling the event.
@@ -92,6 +93,7 @@ class ListBox : public RowView {
 
  private:
   ListBoxModel items_;
+  int leastRowHeight_ = 0;
   Color back_ = SystemColor(kColorWindow);
   Color text_ = SystemColor(kColorWindowText);
   Color selectedBack_ = SystemColor(kColorHighlight);

@@ -13,7 +13,7 @@ constexpr TextView kFirstName = u"CNC.helps";
 constexpr TextView kOtherName = u"Cnc7340.helps";
 constexpr TextView kManualsSection = u"MANUALS";
 constexpr TextView kMarksSection = u"MARKS";
-/// Stands for an absent key. A value that reads so counts as absent.
+/// What an absent key reads as. A key with this value counts as absent.
 constexpr TextView kFailed = u"FAILED";
 /// The value of a manual that isn't listed. It still resolves, as a file of that name.
 constexpr TextView kUnlisted = u"DEFAULT";
@@ -69,7 +69,7 @@ HelpsFile FindHelpsFile(const HelpDisc& disc) {
 
 Text ManualPage::Topic() const { return Format(u"%s#%s", page, mark); }
 
-ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpTeller& tell) {
+ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpBoxShower& showBox) {
   if (mark.empty()) return {};
   const Text key(mark.substr(0, kManualKey));
   const HelpsFile helps = FindHelpsFile(disc);
@@ -78,7 +78,7 @@ ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpTe
   const Text manual = index.ReadString(kManualsSection, key, kFailed);
   index.CloseIniFile();
   if (manual == kFailed) {
-    tell(helps.name, Format(kNoManualText, helps.name));
+    showBox(helps.name, Format(kNoManualText, helps.name));
     return {HelpResolution::kNoManual, {}};
   }
 
@@ -87,13 +87,13 @@ ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpTe
   resolved.page.page = index.ReadString(kMarksSection, mark, kFailed);
   if (resolved.page.page != kFailed) return resolved;
 
-  // Deliberately before help opens all the same: the operator gets to know of every mark that is missing.
-  tell(helps.name, Format(kNoMarkText, mark));
+  // Deliberately, although help opens all the same: the operator sees which mark has no page.
+  showBox(helps.name, Format(kNoMarkText, mark));
   resolved.page.mark = key + Text(kFallbackNumber);
   resolved.page.fallback = true;
   resolved.page.page = index.ReadString(kMarksSection, resolved.page.mark, kFailed);
   if (resolved.page.page == kFailed) {
-    tell(helps.name, Format(kNoMarkText, resolved.page.mark));
+    showBox(helps.name, Format(kNoMarkText, resolved.page.mark));
     resolved.result = HelpResolution::kNoPage;
   }
   return resolved;

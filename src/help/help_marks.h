@@ -62,11 +62,11 @@ struct ResolvedPage {
 
 /// The most characters of a mark.
 inline constexpr std::size_t kLongestMark = 260;
-/// Shows a message of ResolveManualPage to the operator, titled with the name of the helps file.
-using HelpTeller = std::function<void(TextView title, TextView text)>;
+/// Shows the operator a message box of ResolveManualPage. Its title is the name of the helps file.
+using HelpBoxShower = std::function<void(TextView title, TextView text)>;
 /// Resolves a mark. An empty mark fails without a message. A mark without a page of its own costs a message, and then
 /// the manual's fallback page is taken: that of the mark's first three characters and "0000".
-[[nodiscard]] ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpTeller& tell);
+[[nodiscard]] ResolvedPage ResolveManualPage(const HelpDisc& disc, TextView mark, const HelpBoxShower& showBox);
 
 /// The results of ListManuals.
 namespace manual_list {

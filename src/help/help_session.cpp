@@ -200,6 +200,8 @@ void HelpSession::CloseBook() {
 }
 
 void HelpSession::Close() {
+  offered_.reset();
+  View().ClosePicker();
   View().Hide();
   Host().HostToolClosed(kTool, PNL_CLOSED);
   CloseBook();
@@ -214,7 +216,7 @@ void HelpSession::OnParentResized() {
 // The picker.
 
 void HelpSession::ShowPicker() {
-  if (std::exchange(picking_, true)) return;
+  if (offered_) return;
   const HelpsFile helps = FindHelpsFile(Disc());
   const ManualNames manuals = ListManuals(helps, Context().files, true);
   ManualPicker picker{manuals.code, {}, manuals.names, {}};
@@ -222,27 +224,28 @@ void HelpSession::ShowPicker() {
     picker.note = Format(TextOf(help_text::kNoList), helps.name, manuals.code);
   }
   for (const RecentPage& page : recent_.All()) picker.recent.push_back(page.title);
-  pickable_ = manuals.names;
-  View().ShowPicker(picker);
+  offered_ = Offered{manuals.names, recent_.All()};
+  View().OpenPicker(picker);
 }
 
-void HelpSession::OnManualPicked(const std::optional<ManualChoice>& choice) {
-  picking_ = false;
-  const std::vector<Text> names = std::exchange(pickable_, {});
-  if (choice) Pick(*choice, names);
-}
-
-void HelpSession::Pick(const ManualChoice& choice, const std::vector<Text>& names) {
-  const auto row = static_cast<std::size_t>(choice.row);
-  if (choice.list == ManualChoice::List::kManuals) {
-    if (choice.row < 0 || row >= names.size()) return;
-    const Text name = names[row].substr(0, kLongestName);
-    const auto address = reinterpret_cast<std::intptr_t>(name.c_str());
-    Context().windows.Send(View().Handle(), {RegisterMessage("HELPHTML_GOTOMANUAL"), address, 0});
-    return;
+void HelpSession::OnPicked(const std::optional<ManualChoice>& choice) {
+  const auto offered = std::exchange(offered_, std::nullopt);
+  if (!offered || !choice || choice->row < 0) return;
+  const auto row = static_cast<std::size_t>(choice->row);
+  if (choice->list == ManualChoice::List::kManuals) {
+    if (row < offered->manuals.size()) PickManual(offered->manuals[row]);
+  } else if (row < offered->recent.size()) {
+    PickRecent(offered->recent[row]);
   }
-  if (choice.row < 0 || row >= recent_.All().size()) return;
-  const RecentPage page = recent_.All()[row];
+}
+
+void HelpSession::PickManual(TextView name) {
+  const Text handedOver(name.substr(0, kLongestName));
+  const auto address = reinterpret_cast<std::intptr_t>(handedOver.c_str());
+  Context().windows.Send(View().Handle(), {RegisterMessage("HELPHTML_GOTOMANUAL"), address, 0});
+}
+
+void HelpSession::PickRecent(const RecentPage& page) {
   if (!IsFile(page.manual)) return ShowMissing(missingText_);
   OpenBook(page.manual, {page.page, page.anchor}, {});
 }

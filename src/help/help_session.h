@@ -51,10 +51,10 @@ class HelpSession final : public ToolSession<HelpView> {
   void OnSearchKey();
   void OnFindKey(bool backwards);
   void OnFindClosed();
+  /// The picker has closed; without a choice it was cancelled.
+  void OnPicked(const std::optional<ManualChoice>& choice);
   void OnPageShown(TextView page, TextView anchor);
   void OnPageRefused(TextView reference);
-  /// The picker was left. Nothing when it was cancelled, or hidden with the viewer.
-  void OnManualPicked(const std::optional<ManualChoice>& choice);
   void OnParentResized();
 
   [[nodiscard]] bool HasHelpWindow() const { return m_hHelp != nullptr; }
@@ -78,6 +78,12 @@ class HelpSession final : public ToolSession<HelpView> {
     bool waitsForIndex = false;
   };
 
+  /// What the open picker shows, by which a choice is understood.
+  struct Offered {
+    std::vector<Text> manuals;
+    std::vector<RecentPage> recent;
+  };
+
   [[nodiscard]] HelpDisc Disc() const { return {Context().files, Context().cnc.Util()}; }
   [[nodiscard]] const Text& TextOf(int id) const { return texts_.at(id); }
   // Opening and closing.
@@ -94,7 +100,8 @@ class HelpSession final : public ToolSession<HelpView> {
   void Close();
   void FillParent();
   void ShowPicker();
-  void Pick(const ManualChoice& choice, const std::vector<Text>& names);
+  void PickManual(TextView name);
+  void PickRecent(const RecentPage& page);
   // The help window.
   [[nodiscard]] HelpBook* Book() const { return m_hHelp == nullptr ? nullptr : m_hHelp->book.get(); }
   /// Runs a command of the help window. Does nothing when there is none.
@@ -119,8 +126,7 @@ class HelpSession final : public ToolSession<HelpView> {
   std::unique_ptr<HelpFrame> m_hHelp;  // null: no help window
   HelpPane pane_ = HelpPane::kContents;
   bool panesShown_ = true;
-  bool picking_ = false;
-  std::vector<Text> pickable_;  // the manuals in the picker
+  std::optional<Offered> offered_;  // while the picker is open
   RecentPages recent_;
 };
 

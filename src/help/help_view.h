@@ -6,7 +6,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "help/help_rows.h"
@@ -78,8 +77,10 @@ class HelpView : public ToolView {
   /// Hands the key to the control with the focus, of the viewer or not, as if the operator had pressed it there.
   virtual void SendKey(HelpKey key) = 0;
 
-  /// Shows the modal picker and returns at once. What the operator does with it comes as OnManualPicked.
-  virtual void ShowPicker(const ManualPicker& picker) = 0;
+  /// Shows the modal picker and returns. What the operator chooses comes as HelpSession::OnPicked.
+  virtual void OpenPicker(const ManualPicker& picker) = 0;
+  /// Takes the picker away; nothing is chosen then.
+  virtual void ClosePicker() = 0;
 };
 
 }  // namespace pnl

@@ -9,6 +9,16 @@
 
 namespace pnl {
 
+PageAddress ManualPages::AddressOf(TextView page, TextView reference) const {
+  const PageAddress address = ResolvePageAddress(page, reference);
+  if (address.refusal == PageRefusal::kNone) return address;
+  // A page of the same name in another manual is another page.
+  const Text named = ManualNamedIn(reference);
+  if (!named.empty() && !EqualNoCase(named, name_)) return address;
+  const ManualPlace place = manual_->Resolve(page, reference);
+  return place.page.empty() ? address : PageAddress{PageRefusal::kNone, place.page, place.anchor};
+}
+
 PageBytes ManualPages::Load(TextView page) {
   if (!manual_->Find(page)) return {PageRefusal::kNotFound, {}};
   if (IsPageName(page)) {
@@ -27,9 +37,10 @@ bool ManualShelf::Open(TextView manual, std::function<void(const OpenedBook&)> d
     Drop();
     return false;
   }
-  return opener_.Open(*path, [this, done = std::move(done)](const OpenedManual& opened) {
+  Text name(FileNameOf(manual));
+  return opener_.Open(*path, [this, name = std::move(name), done = std::move(done)](const OpenedManual& opened) {
     OpenedBook book{opened.state, nullptr};
-    if (opened.manual != nullptr) book.book = std::make_shared<ManualBook>(worker_, opened.manual);
+    if (opened.manual != nullptr) book.book = std::make_shared<ManualBook>(worker_, opened.manual, name);
     done(book);
   });
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The real manuals for the viewer's seam: unpacked by the cache, read and searched by help/manual. ManualPages gives
-// their pages to the page view, in UTF-8 whatever their code page.
+// their pages to the page view, in UTF-8 whatever their code page, and knows how links are written in manuals.
 #pragma once
 
 #include <memory>
@@ -13,19 +13,24 @@ namespace pnl {
 
 class ManualPages final : public PageSource {
  public:
-  explicit ManualPages(std::shared_ptr<const Manual> manual) : manual_(std::move(manual)) {}
+  /// name is the manual's file name.
+  ManualPages(std::shared_ptr<const Manual> manual, Text name) : manual_(std::move(manual)), name_(std::move(name)) {}
 
  protected:
+  /// A reference with a slash or a backslash, or with "its:", "ms-its:" or the like and the name of this manual, leads
+  /// to a page if the manual has it. All else is refused as in any document.
+  [[nodiscard]] PageAddress AddressOf(TextView page, TextView reference) const override;
   PageBytes Load(TextView page) override;
 
  private:
   const std::shared_ptr<const Manual> manual_;
+  const Text name_;
 };
 
 class ManualBook final : public HelpBook {
  public:
-  ManualBook(Worker& worker, std::shared_ptr<const Manual> manual)
-      : manual_(std::move(manual)), pages_(std::make_shared<ManualPages>(manual_)), search_(worker) {}
+  ManualBook(Worker& worker, std::shared_ptr<const Manual> manual, Text name)
+      : manual_(std::move(manual)), pages_(std::make_shared<ManualPages>(manual_, std::move(name))), search_(worker) {}
 
   [[nodiscard]] const Text& Title() const override { return manual_->Title(); }
   [[nodiscard]] const Text& Home() const override { return manual_->Home(); }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pages of a document that is a folder of files: a PLC document, or a manual that was unpacked. Names compare as
-// Files compares them.
+// The pages of a document that is a folder of files, such as a PLC document. Names compare as Files compares them.
 #pragma once
 
 #include "base/files.h"

@@ -127,7 +127,7 @@ Text PageReference(TextView name) {
 }
 
 PageAddress PageSource::Resolve(TextView page, TextView reference) {
-  PageAddress address = ResolvePageAddress(page, reference);
+  PageAddress address = AddressOf(page, reference);
   ++refused_[static_cast<std::size_t>(address.refusal)];
   return address;
 }

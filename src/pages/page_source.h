@@ -51,7 +51,7 @@ class PageSource {
   static constexpr std::uint64_t kMostBytes = 50'000'000;
 
   virtual ~PageSource() = default;
-  /// Calls ResolvePageAddress and counts a refusal.
+  /// Resolves a reference of a page by the document's rules and counts a refusal.
   [[nodiscard]] PageAddress Resolve(TextView page, TextView reference);
   /// The bytes of a page or picture. page must be a resolved page; another text is refused as in a reference.
   [[nodiscard]] PageBytes Read(TextView page);
@@ -59,6 +59,10 @@ class PageSource {
   [[nodiscard]] std::size_t Refused(PageRefusal reason) const { return refused_[static_cast<std::size_t>(reason)]; }
 
  protected:
+  /// The place that a reference means: ResolvePageAddress, where a document has no rules of its own.
+  [[nodiscard]] virtual PageAddress AddressOf(TextView page, TextView reference) const {
+    return ResolvePageAddress(page, reference);
+  }
   /// Reads a page. page is resolved: it has no "..", no drive letter and no percent signs.
   virtual PageBytes Load(TextView page) = 0;
 

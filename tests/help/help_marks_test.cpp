@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Marks, the helps file and the marks files, on a disc in memory: where they are looked for, which page a mark leads
-// to, what the operator is told on the way, and what odd files give.
+// to, which message boxes come up on the way, and what odd files lead to.
 #include "help/help_marks.h"
 
 #include <gmock/gmock.h>
@@ -24,9 +24,9 @@ class FamilyUtilities final : public FakeUtilities {
 class HelpMarks : public testing::Test {
  protected:
   ResolvedPage Resolve(TextView mark) {
-    told.clear();
+    boxes.clear();
     return ResolveManualPage(
-        disc(), mark, [this](TextView title, TextView text) { told.push_back(ToUtf8(title) + ": " + ToUtf8(text)); });
+        disc(), mark, [this](TextView title, TextView text) { boxes.push_back(ToUtf8(title) + ": " + ToUtf8(text)); });
   }
   HelpDisc disc() { return {files, utilities}; }
   void Helps(const std::string& rows) { files.disc["C:\\P113\\Cnc7340.helps"] = "[MANUALS]\r\n" + rows; }
@@ -35,7 +35,7 @@ class HelpMarks : public testing::Test {
 
   MemoryFiles files;
   FamilyUtilities utilities;
-  std::vector<std::string> told;
+  std::vector<std::string> boxes;
 };
 
 std::string NoManual(const std::string& file) {
@@ -115,33 +115,33 @@ TEST_F(HelpMarks, AMarkLeadsToItsPageWithItselfAsTheAnchor) {
   EXPECT_EQ(resolved.page.mark, u"OPT0130");
   EXPECT_FALSE(resolved.page.fallback);
   EXPECT_EQ(resolved.page.Topic(), u"mdi.htm#OPT0130");
-  EXPECT_THAT(told, IsEmpty());
+  EXPECT_THAT(boxes, IsEmpty());
 }
 
 TEST_F(HelpMarks, AnEmptyMarkFailsWithoutAMessage) {
   Helps("OPT=oper.chm\r\n=x.chm\r\n");
   EXPECT_EQ(Resolve(u"").result, HelpResolution::kEmptyMark);
-  EXPECT_THAT(told, IsEmpty());
+  EXPECT_THAT(boxes, IsEmpty());
 }
 
-TEST_F(HelpMarks, AMarkOfNoManualIsToldAndFails) {
+TEST_F(HelpMarks, AMarkOfNoManualFailsWithAMessage) {
   Helps("OPT=oper.chm\r\n");
   EXPECT_EQ(Resolve(u"XYZ1").result, HelpResolution::kNoManual);
-  EXPECT_THAT(told, ElementsAre(NoManual("Cnc7340.helps")));
+  EXPECT_THAT(boxes, ElementsAre(NoManual("Cnc7340.helps")));
 }
 
 TEST_F(HelpMarks, WithoutAHelpsFileEveryMarkIsOfNoManual) {
   EXPECT_EQ(Resolve(u"OPT0130").result, HelpResolution::kNoManual);
-  EXPECT_THAT(told, ElementsAre(NoManual("Cnc7340.helps")));
+  EXPECT_THAT(boxes, ElementsAre(NoManual("Cnc7340.helps")));
 }
 
 TEST_F(HelpMarks, TheMessageNamesTheHelpsFileOfTheFamily) {
   utilities.is7335 = true;
   EXPECT_EQ(Resolve(u"OPT0130").result, HelpResolution::kNoManual);
-  EXPECT_THAT(told, ElementsAre(NoManual("CNC.helps")));
+  EXPECT_THAT(boxes, ElementsAre(NoManual("CNC.helps")));
 }
 
-// Deliberately told although help opens.
+// The box is deliberate, although help opens after it.
 TEST_F(HelpMarks, AMarkWithoutAPageCostsOneMessageAndLeadsToTheFallbackPage) {
   Helps("OPT=oper.chm\r\n");
   Marks("OPT0000=home.htm\r\n");
@@ -151,20 +151,20 @@ TEST_F(HelpMarks, AMarkWithoutAPageCostsOneMessageAndLeadsToTheFallbackPage) {
   EXPECT_EQ(resolved.page.mark, u"OPT0000");
   EXPECT_TRUE(resolved.page.fallback);
   EXPECT_EQ(resolved.page.Topic(), u"home.htm#OPT0000");
-  EXPECT_THAT(told, ElementsAre(NoMark("OPT0130")));
+  EXPECT_THAT(boxes, ElementsAre(NoMark("OPT0130")));
 }
 
 TEST_F(HelpMarks, WithoutAFallbackPageTwoMessagesAreShownAndItFails) {
   Helps("OPT=oper.chm\r\n");
   Marks("OPT0001=home.htm\r\n");
   EXPECT_EQ(Resolve(u"OPT0130").result, HelpResolution::kNoPage);
-  EXPECT_THAT(told, ElementsAre(NoMark("OPT0130"), NoMark("OPT0000")));
+  EXPECT_THAT(boxes, ElementsAre(NoMark("OPT0130"), NoMark("OPT0000")));
 }
 
-TEST_F(HelpMarks, AFallbackMarkWithoutAPageIsToldTwice) {
+TEST_F(HelpMarks, AFallbackMarkWithoutAPageCostsTwoMessages) {
   Helps("OPT=oper.chm\r\n");
   EXPECT_EQ(Resolve(u"OPT0000").result, HelpResolution::kNoPage);
-  EXPECT_THAT(told, ElementsAre(NoMark("OPT0000"), NoMark("OPT0000")));
+  EXPECT_THAT(boxes, ElementsAre(NoMark("OPT0000"), NoMark("OPT0000")));
 }
 
 TEST_F(HelpMarks, AShortMarkIsItsOwnKey) {
@@ -172,7 +172,7 @@ TEST_F(HelpMarks, AShortMarkIsItsOwnKey) {
   Marks("OP=short.htm\r\nO0000=shorter.htm\r\nOPT=three.htm\r\n");
   EXPECT_EQ(Resolve(u"OP").page.Topic(), u"short.htm#OP");
   EXPECT_EQ(Resolve(u"O").page.Topic(), u"shorter.htm#O0000");
-  EXPECT_THAT(told, ElementsAre(NoMark("O")));
+  EXPECT_THAT(boxes, ElementsAre(NoMark("O")));
   EXPECT_EQ(Resolve(u"OPT").page.Topic(), u"three.htm#OPT");
 }
 
@@ -247,7 +247,7 @@ TEST_F(HelpMarks, WithoutItsSectionAFileHasNoKeys) {
   EXPECT_EQ(Resolve(u"OPT0130").result, HelpResolution::kNoPage);
 }
 
-// The word stands for an absent key, so a value that reads so can't be told from one.
+// An absent key reads as this word, so a key with this value looks absent.
 TEST_F(HelpMarks, AValueThatReadsFailedCountsAsAbsent) {
   Helps("OPT=FAILED\r\nPRG=failed\r\n");
   files.disc["C:\\P113\\fa.mrk"] = "[MARKS]\r\nPRG1=FAILED\r\nPRG0000=Failed\r\n";

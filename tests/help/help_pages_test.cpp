@@ -270,22 +270,52 @@ TEST_F(HelpPages, AChosenPageOfAManualThatIsGoneIsNotFound) {
 }
 
 TEST_F(HelpPages, WhileThePickerIsOpenASecondOneDoesntOpen) {
-  int depth = 0;
-  view->onPick = [&] {
-    if (++depth < 3) Menu(2004);
-  };
+  std::function<void()> answer;
+  view->onPick = [&](const std::function<void()>& later) { answer = later; };
   Forget();
   Menu(2004);
-  EXPECT_THAT(All(), ElementsAre("view pick"));
-  view->onPick = nullptr;
   Menu(2004);
   EXPECT_THAT(All(), ElementsAre("view pick"));
+  answer();
+  Menu(2004);
+  EXPECT_THAT(All(), ElementsAre("view pick"));
+}
+
+TEST_F(HelpPages, AChoiceMeansTheRowThatWasShown) {
+  OpenAt();
+  std::function<void()> answer;
+  view->onPick = [&](const std::function<void()>& later) { answer = later; };
+  view->choice = ManualChoice{ManualChoice::List::kRecent, 0};
+  Menu(2004);
+  // Another page is read and the list of manuals changes while the picker is open.
+  GoTo(u"prog.chm");
+  Disc("C:\\P113\\Cnc7340.helps") = "[MANUALS]\r\n";
+  Forget();
+  answer();
+  EXPECT_EQ(world.asked, "C:\\P113\\oper.chm");
+  EXPECT_EQ(view->shownPage, "mdi.htm#OPT0130");
+}
+
+TEST_F(HelpPages, ClosingTheViewerTakesThePickerAwayAndItsChoiceToo) {
+  OpenAt();
+  std::function<void()> answer;
+  view->onPick = [&](const std::function<void()>& later) { answer = later; };
+  view->choice = ManualChoice{ManualChoice::List::kManuals, 1};
+  Menu(2004);
+  ASSERT_TRUE(view->pickerOpen);
+  Command(PNL_COMMAND_HIDE);
+  EXPECT_FALSE(view->pickerOpen);
+  answer();
+  EXPECT_THAT(windows.sent, IsEmpty());
+  OpenAt();
+  Menu(2004);
+  EXPECT_TRUE(view->pickerOpen) << "it can be opened again";
 }
 
 TEST_F(HelpPages, TheWindowMayGoWhileThePickerIsOpen) {
   OpenAt();
   view->choice = ManualChoice{ManualChoice::List::kManuals, 0};
-  view->onPick = [this] { DestroyTool(); };
+  view->onPick = [this](const std::function<void()>&) { DestroyTool(); };
   Menu(2004);
   EXPECT_EQ(tool, nullptr);
   EXPECT_THAT(windows.sent, IsEmpty());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Thousands of seeded steps of host, operator and slow manuals against a plain model: which manual is open, which pane
-// is shown, where the focus is, and what the host was told.
+// is shown, where the focus is, and what the host was asked to do.
 #include <random>
 
 #include "help/help_rig.h"
@@ -63,11 +63,11 @@ class HelpRandom : public HelpToolTest {
     world.slow = false;
     MakeTool();
     onHostCall = [this](const std::string& call) {
-      told_.opened += call == "HostToolOpening(2)" ? 1 : 0;
-      told_.closed += call == "HostToolClosed(2,2)" ? 1 : 0;
-      told_.wished += call == "HostToolWantsClose(2)" ? 1 : 0;
+      asked_.opened += call == "HostToolOpening(2)" ? 1 : 0;
+      asked_.closed += call == "HostToolClosed(2,2)" ? 1 : 0;
+      asked_.wished += call == "HostToolWantsClose(2)" ? 1 : 0;
     };
-    told_ = {};
+    asked_ = {};
     for (int step = 0; step < steps && !HasFailure(); ++step) {
       Step();
       Check();
@@ -109,8 +109,8 @@ class HelpRandom : public HelpToolTest {
     const Row& row = kRows[static_cast<std::size_t>(Below(static_cast<int>(std::size(kRows))))];
     SetMark(row.mark);
     ++model_.openings;
-    const bool told = row.mark == u"OPT0777" || row.mark == u"XYZ1" || row.mark == u"PRG0001";
-    if (told) model_.part = HelpPart::kNone;  // the box gave the focus to the parent
+    const bool boxed = row.mark == u"OPT0777" || row.mark == u"XYZ1" || row.mark == u"PRG0001";
+    if (boxed) model_.part = HelpPart::kNone;  // the box gave the focus to the parent
     const bool opens = row.manual != nullptr || row.mark == u"PRG0001";
     if (!opens) {
       ++model_.closings;
@@ -237,21 +237,21 @@ class HelpRandom : public HelpToolTest {
     EXPECT_EQ(tool->ArePanesShown(), model_.panes);
     EXPECT_EQ(view->part, model_.part);
     EXPECT_EQ(view->findOpen, model_.find);
-    EXPECT_EQ(told_.opened, model_.openings);
-    EXPECT_EQ(told_.closed, model_.closings);
-    EXPECT_EQ(told_.wished, model_.wishes);
+    EXPECT_EQ(asked_.opened, model_.openings);
+    EXPECT_EQ(asked_.closed, model_.closings);
+    EXPECT_EQ(asked_.wished, model_.wishes);
     EXPECT_LE(tool->Recent().All().size(), RecentPages::kMost);
     EXPECT_EQ(static_cast<bool>(world.done), !model_.manual.empty() && !model_.loaded);
   }
 
-  struct Told {
+  struct Requests {
     int opened = 0;
     int closed = 0;
     int wished = 0;
   };
   std::mt19937 random_;
   Model model_;
-  Told told_;
+  Requests asked_;
 };
 
 TEST_F(HelpRandom, TheViewerAgreesWithTheModelWhateverComes) {

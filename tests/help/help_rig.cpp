@@ -59,6 +59,9 @@ void HelpToolTest::MakeTool(const ToolContext& around) {
   view->onPageShown = [this](TextView page, TextView anchor) {
     Tell([&](HelpSession& session) { session.OnPageShown(page, anchor); });
   };
+  view->onPicked = [this](const std::optional<ManualChoice>& choice) {
+    Tell([&](HelpSession& session) { session.OnPicked(choice); });
+  };
   tool = std::make_shared<HelpSession>(around, *view, std::make_unique<FakeShelf>(world, log));
 }
 

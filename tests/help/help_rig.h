@@ -6,7 +6,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "help/help_fake_books.h"
@@ -78,12 +77,20 @@ class FakeHelpView final : public FakeView<HelpView> {
     Order("key ", static_cast<int>(key));
     if (onKey) onKey(key, part);
   }
-  void ShowPicker(const ManualPicker& picker) override {
+  void OpenPicker(const ManualPicker& picker) override {
     Order("pick");
     picked = picker;
-    if (onPick) onPick();
-    picking = true;
+    pickerOpen = true;
+    // The window may go in onPick, and this object with it.
+    const auto pick = onPick;
+    const auto answer = [onPicked = onPicked, chosen = choice] {
+      if (onPicked) onPicked(chosen);
+    };
+    if (pick) return pick(answer);
+    pickerOpen = false;
+    answer();
   }
+  void ClosePicker() override { Asked(), pickerOpen = false; }
   void Hide() override { FakeView::Hide(), part = HelpPart::kNone; }
 
   HelpPart part = HelpPart::kNone;
@@ -104,11 +111,13 @@ class FakeHelpView final : public FakeView<HelpView> {
   Text pageHas;
   bool findOpen = false;
   ManualPicker picked;
-  bool picking = false;                // the picker is open
-  std::optional<ManualChoice> choice;  // with which a test leaves it
+  std::optional<ManualChoice> choice;
   std::function<void(TextView, TextView)> onPageShown;
   std::function<void(HelpKey, HelpPart)> onKey;
-  std::function<void()> onPick;
+  std::function<void(const std::optional<ManualChoice>&)> onPicked;  // what the operator chooses
+  /// Instead of an answer at once: the test calls the answer when it likes.
+  std::function<void(const std::function<void()>& answer)> onPick;
+  bool pickerOpen = false;
 
  private:
   static std::size_t ListIndex(HelpPart list) {
@@ -128,11 +137,7 @@ class HelpToolTest : public testing::Test, public ToolStage<SimGround, FakeHelpV
   void MakeTool(const ToolContext& around);
   void SetMark(TextView mark) { cnc.Set(u"E.HELPDATA", Text(mark)); }
   std::intptr_t Command(std::intptr_t command) { return Call(&HelpSession::OnToolCommand, command); }
-  /// Presses a soft key. A picker that opens is left with the view's choice.
-  void Menu(int id) {
-    Call(&HelpSession::OnMenuCommand, id);
-    if (std::exchange(view->picking, false)) Call(&HelpSession::OnManualPicked, view->choice);
-  }
+  void Menu(int id) { Call(&HelpSession::OnMenuCommand, id); }
   bool Key(HelpKey key) { return Call(&HelpSession::OnKey, key); }
   void GoTo(TextView name) {
     Tell([&](HelpSession& session) { session.OnGoToManual(name); });

@@ -96,7 +96,7 @@ TEST_F(HelpSessionTest, WithoutTheVariableTheViewerDoesntOpenAndSaysNothing) {
   EXPECT_THAT(Boxes(), IsEmpty());
 }
 
-TEST_F(HelpSessionTest, AMarkOfNoManualIsToldGivesTheFocusToTheParentAndDoesntOpen) {
+TEST_F(HelpSessionTest, AMarkOfNoManualCostsABoxGivesTheFocusToTheParentAndDoesntOpen) {
   Forget();
   SetMark(u"XYZ0001");
   EXPECT_EQ(Command(2), -200);

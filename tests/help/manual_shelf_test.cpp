@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The real manuals behind the viewer's seam: what the page view gets of a manual, what the viewer reads and searches,
-// and what comes of files that aren't manuals.
+// The real manuals: what the page view gets of them, what the viewer reads and searches, and the answers for files that
+// aren't manuals.
 #include "help/manual_shelf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
+#include "help/manual/unpacked_manual.h"
 #include "support/stepped_worker.h"
 #include "support/temp_folder.h"
 
@@ -30,18 +28,13 @@ class SmallManual final : public ManualExtractor {
          "<ul><li><object type=\"text/sitemap\"><param name=\"Name\" value=\"Inicio\"><param name=\"Local\" "
          "value=\"Start.htm\"></object></ul>"},
     };
-    ManualListing listing;
-    listing.title = u"Operating";
-    listing.page = u"Start.htm";
-    listing.contents = u"toc.hhc";
-    listing.unreadable = damage;
-    for (const auto& [name, bytes] : objects) {
-      const std::filesystem::path place = std::filesystem::path(folder) / ManualListing::kObjectFolder / name;
-      std::filesystem::create_directories(place.parent_path());
-      std::ofstream(place, std::ios::binary) << bytes;
-      listing.objects.push_back({FromUtf8(name), std::string(bytes).size()});
-    }
-    std::ofstream(folder + "/" + ManualListing::kFile) << WriteManualListing(listing);
+    UnpackedObjects unpacked;
+    unpacked.listing.title = u"Operating";
+    unpacked.listing.page = u"Start.htm";
+    unpacked.listing.contents = u"toc.hhc";
+    unpacked.listing.unreadable = damage;
+    for (const auto& [name, bytes] : objects) unpacked.Add(name, bytes);
+    unpacked.WriteTo(folder);
     return Extraction::kDone;
   }
   Extraction answer = Extraction::kDone;
@@ -106,6 +99,70 @@ TEST_F(ManualShelfTest, ThePageViewGetsPagesInUtf8AndEverythingElseAsItIs) {
   EXPECT_EQ(pages->Read(u"pic.png").bytes, "\x89PNG\xE1");
   EXPECT_EQ(pages->Read(u"none.htm").refusal, PageRefusal::kNotFound);
   EXPECT_EQ(pages->Resolve(u"Start.htm", u"http://example.org/").refusal, PageRefusal::kForeign);
+}
+
+TEST_F(ManualShelfTest, LinksAsManualsHaveThemLeadToPagesOfTheManual) {
+  const OpenedBook opened = Open();
+  ASSERT_NE(opened.book, nullptr);
+  const auto pages = opened.book->Pages();
+  struct Row {
+    TextView from;
+    TextView reference;
+    TextView page;
+    TextView anchor;
+  };
+  for (const Row& row : {
+           Row{u"sub/b.htm", u"/Start.htm#OPT0001", u"Start.htm", u"OPT0001"},
+           Row{u"Start.htm", u"/SUB/b.htm", u"sub/b.htm", u""},
+           Row{u"Start.htm", u"sub\\b.htm#x", u"sub/b.htm", u"x"},
+           Row{u"sub/b.htm", u"..\\pic.png", u"pic.png", u""},
+           Row{u"Start.htm", u"its:oper.chm::/sub/b.htm#x", u"sub/b.htm", u"x"},
+           Row{u"sub/b.htm", u"its:oper.chm::b.htm", u"sub/b.htm", u""},
+           Row{u"Start.htm", u"ms-its:OPER.CHM::/sub/b.htm", u"sub/b.htm", u""},
+           Row{u"Start.htm", u"MS-ITS:C:%5Cold%5Coper.chm::/pic.png", u"pic.png", u""},
+           Row{u"Start.htm", u"mk:@MSITStore:oper.chm::/sub/b.htm", u"sub/b.htm", u""},
+           // As in any document.
+           Row{u"sub/b.htm", u"../Start.htm", u"Start.htm", u""},
+           Row{u"sub/b.htm", u"#x", u"sub/b.htm", u"x"},
+           Row{u"sub/b.htm", u"none.htm", u"sub/none.htm", u""},
+       }) {
+    const PageAddress address = pages->Resolve(row.from, row.reference);
+    EXPECT_EQ(address.refusal, PageRefusal::kNone) << ToUtf8(row.reference);
+    EXPECT_EQ(ToUtf8(address.page), ToUtf8(row.page)) << ToUtf8(row.reference);
+    EXPECT_EQ(ToUtf8(address.anchor), ToUtf8(row.anchor)) << ToUtf8(row.reference);
+  }
+}
+
+TEST_F(ManualShelfTest, LinksThatLeaveTheManualAreRefused) {
+  const OpenedBook opened = Open();
+  ASSERT_NE(opened.book, nullptr);
+  const auto pages = opened.book->Pages();
+  struct Row {
+    TextView reference;
+    PageRefusal refusal;
+  };
+  for (const Row& row : {
+           Row{u"/none.htm", PageRefusal::kOutside},
+           Row{u"/../Start.htm", PageRefusal::kOutside},
+           Row{u"../Start.htm", PageRefusal::kOutside},
+           Row{u"//Start.htm", PageRefusal::kForeign},
+           Row{u"\\\\server\\Start.htm", PageRefusal::kBadAddress},
+           Row{u"its:oper.chm::/none.htm", PageRefusal::kForeign},
+           // Another manual's page of the same name.
+           Row{u"its:prog.chm::/Start.htm", PageRefusal::kForeign},
+           Row{u"ms-its:C:%5Coper.chm%5Cprog.chm::/Start.htm", PageRefusal::kForeign},
+           Row{u"its:oper.chm::/../Start.htm", PageRefusal::kForeign},
+           Row{u"its:oper.chm::http://example.org/Start.htm", PageRefusal::kForeign},
+           Row{u"its:Start.htm", PageRefusal::kForeign},
+           Row{u"http://example.org/Start.htm", PageRefusal::kForeign},
+           Row{u"file:///Start.htm", PageRefusal::kForeign},
+           Row{u"C:/Start.htm", PageRefusal::kOutside},
+       }) {
+    const PageAddress address = pages->Resolve(u"Start.htm", row.reference);
+    EXPECT_EQ(address.refusal, row.refusal) << ToUtf8(row.reference);
+    EXPECT_EQ(address.page, u"") << ToUtf8(row.reference);
+  }
+  EXPECT_EQ(pages->Refused(PageRefusal::kForeign), 9u);
 }
 
 TEST_F(ManualShelfTest, ABookIsSearchedBesideTheWindow) {

@@ -12,7 +12,7 @@ namespace pnl::test {
 
 /// An object of the manual.
 struct ChmObject {
-  std::string name;  // with its slash, or whatever stands there
+  std::string name;  // as the manual has it; usually with a slash at its start
   std::uint64_t start = 0;
   std::uint64_t length = 0;
 };

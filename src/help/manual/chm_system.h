@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The table of a compiled manual in which it says what it is: object "#SYSTEM". Takes any bytes. The texts are bytes of
-// the manual's code page, which follows from the language id.
+// The table of a compiled manual in which it says what it is: object "#SYSTEM". No content of it is an error. The texts
+// are bytes of the manual's code page, which follows from the language id.
 #pragma once
 
 #include <cstdint>

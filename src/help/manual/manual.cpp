@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "help/manual/manual.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <limits>
 #include <unordered_set>
 #include <utility>
 
@@ -15,9 +21,23 @@ namespace {
 
 constexpr std::uint64_t kMostSitemapBytes = 20'000'000;
 
+/// The bytes of the object; nothing when the file doesn't have them all.
+std::optional<std::string> ReadObject(const Descriptor& file, const ListedObject& object) {
+  if (object.start > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()) - object.size) return std::nullopt;
+  std::string bytes(object.size, '\0');
+  for (std::size_t done = 0; done < bytes.size();) {
+    const auto at = static_cast<off_t>(object.start + done);
+    const ssize_t got = pread(file.Get(), bytes.data() + done, bytes.size() - done, at);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return std::nullopt;
+    done += static_cast<std::size_t>(got);
+  }
+  return bytes;
+}
+
 }  // namespace
 
-Manual::Manual(std::string folder, ManualListing listing) : folder_(std::move(folder)), listing_(std::move(listing)) {
+Manual::Manual(Descriptor objects, ManualListing listing) : objects_(std::move(objects)), listing_(std::move(listing)) {
   for (std::size_t i = 0; i < listing_.objects.size(); ++i) byName_.try_emplace(ToUpper(listing_.objects[i].name), i);
 }
 
@@ -26,7 +46,8 @@ std::shared_ptr<const Manual> Manual::Load(const std::string& folder) {
   auto listing = bytes ? ReadManualListing(*bytes) : std::nullopt;
   if (!listing) return nullptr;
   // The constructor is private, so make_shared can't be used.
-  const std::shared_ptr<Manual> manual(new Manual(folder, std::move(*listing)));
+  Descriptor objects(open((folder + "/" + ManualListing::kObjectFile).c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+  const std::shared_ptr<Manual> manual(new Manual(std::move(objects), std::move(*listing)));
   manual->ReadContents();
   manual->ReadIndex();
   manual->OrderPages();
@@ -110,16 +131,20 @@ Text Manual::ContentsTitleOf(TextView page) const {
   return line != contentsLine_.end() ? contents_[line->second].title : Text();
 }
 
-std::optional<Text> Manual::Find(TextView name) const {
+const ListedObject* Manual::ObjectOf(TextView name) const {
   // A name as the manual has it needs no resolving, and may contain what would mean something in a reference.
   auto found = byName_.find(ToUpper(name));
   if (found == byName_.end()) {
     const auto reference = ResolveManualReference({}, name);
-    if (!reference) return std::nullopt;
+    if (!reference) return nullptr;
     found = byName_.find(ToUpper(reference->name));
   }
-  if (found == byName_.end()) return std::nullopt;
-  return listing_.objects[found->second].name;
+  return found == byName_.end() ? nullptr : &listing_.objects[found->second];
+}
+
+std::optional<Text> Manual::Find(TextView name) const {
+  const ListedObject* object = ObjectOf(name);
+  return object == nullptr ? std::nullopt : std::optional(object->name);
 }
 
 ManualPlace Manual::Resolve(TextView from, TextView reference) const {
@@ -130,14 +155,23 @@ ManualPlace Manual::Resolve(TextView from, TextView reference) const {
 }
 
 std::optional<std::string> Manual::Read(TextView name, std::uint64_t most) const {
-  const auto found = Find(name);
-  if (!found) return std::nullopt;
-  return ReadHostFile(folder_ + "/" + ManualListing::kObjectFolder + "/" + ToUtf8(*found), most);
+  const ListedObject* object = ObjectOf(name);
+  if (object == nullptr || object->size > most) return std::nullopt;
+  return ReadObject(objects_, *object);
 }
 
 std::optional<Text> Manual::ReadText(TextView name, std::uint64_t most) const {
   const auto bytes = Read(name, most);
   return bytes ? std::optional(DecodePage(*bytes, listing_.codePage)) : std::nullopt;
+}
+
+bool Manual::IsComplete() const {
+  struct stat info {};
+  if (fstat(objects_.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+  const auto size = static_cast<std::uint64_t>(info.st_size);
+  return std::all_of(listing_.objects.begin(), listing_.objects.end(), [size](const ListedObject& object) {
+    return object.start <= size && object.size <= size - object.start;
+  });
 }
 
 }  // namespace pnl

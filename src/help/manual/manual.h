@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A manual that has been unpacked into a folder: its title, contents, index and pages. Reads the files that pnl-chm
-// wrote and nothing else. What a manual says of itself is not trusted: every count, depth and size has a limit. Never
-// changes after Load, so any thread may read it. Unpacking is in help/manual/manual_cache.h.
+// wrote and nothing else, and keeps their file open: a manual that is thrown away meanwhile can be read to its end.
+// What a manual says of itself is not trusted: every count, depth and size has a limit. Never changes after Load, so
+// any thread may read it. Unpacking is in help/manual/manual_cache.h.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/descriptor.h"
 #include "base/text.h"
 #include "help/manual/manual_listing.h"
 
@@ -76,16 +78,20 @@ class Manual {
   /// True when something of the manual couldn't be unpacked. The listing contains the counts.
   [[nodiscard]] bool IsDamaged() const { return listing_.IsDamaged(); }
   [[nodiscard]] const ManualListing& Listing() const { return listing_; }
+  /// True when the file of the objects is as long as the listing says. A power cut may have lost what was written last.
+  [[nodiscard]] bool IsComplete() const;
 
  private:
-  Manual(std::string folder, ManualListing listing);
+  Manual(Descriptor objects, ManualListing listing);
   void ReadContents();
   void ReadIndex();
   void OrderPages();
   void ChooseHome();
   [[nodiscard]] std::optional<Text> SitemapFile(TextView named, TextView ending) const;
+  /// The object that a name means, by Find's rule; null when there is none.
+  [[nodiscard]] const ListedObject* ObjectOf(TextView name) const;
 
-  std::string folder_;
+  Descriptor objects_;
   ManualListing listing_;
   Text title_;
   Text home_;

@@ -36,16 +36,6 @@ std::optional<std::string> KeyOf(const std::string& manual) {
   return key;
 }
 
-/// True when everything that the listing names is there in its size. A power cut may have lost what was written last.
-bool IsComplete(const std::string& folder, const ManualListing& listing) {
-  const std::string objects = folder + "/" + ManualListing::kObjectFolder + "/";
-  return std::all_of(listing.objects.begin(), listing.objects.end(), [&objects](const ListedObject& object) {
-    struct stat info {};
-    return stat((objects + ToUtf8(object.name)).c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
-           static_cast<std::uint64_t>(info.st_size) == object.size;
-  });
-}
-
 /// Notes that the manual was opened now. Without the note only the order in which manuals are thrown away suffers.
 void NoteUse(const std::string& folder) {
   static_cast<void>(utimensat(AT_FDCWD, folder.c_str(), nullptr, AT_SYMLINK_NOFOLLOW));
@@ -109,7 +99,7 @@ OpenedManual ManualCache::Open(const std::string& manual, const std::function<bo
   const std::string folder = FolderOf(manual);
   if (folder.empty()) return {ManualState::kNoRoom, nullptr};
   auto kept = Manual::Load(folder);
-  if (!kept || !IsComplete(folder, kept->Listing())) return Unpack(manual, folder, isCancelled);
+  if (!kept || !kept->IsComplete()) return Unpack(manual, folder, isCancelled);
   NoteUse(folder);
   return Opened(std::move(kept));
 }

@@ -9,7 +9,7 @@
 namespace pnl {
 namespace {
 
-constexpr std::string_view kHeading = "pnl-chm 1";
+constexpr std::string_view kHeading = "pnl-chm 2";
 constexpr std::string_view kEnd = "end";
 constexpr std::size_t kLongestText = 1'000;
 
@@ -32,10 +32,13 @@ std::uint64_t NumberOf(std::string_view text) {
 }
 
 void TakeObject(ManualListing& listing, std::string_view value) {
-  const std::size_t blank = value.find(' ');
-  if (blank == std::string_view::npos || listing.objects.size() >= ManualListing::kMostObjects) return;
-  Text name = FromUtf8(value.substr(blank + 1));
-  if (IsManualName(name)) listing.objects.push_back({std::move(name), NumberOf(value.substr(0, blank))});
+  const std::size_t first = value.find(' ');
+  const std::size_t second = first == std::string_view::npos ? first : value.find(' ', first + 1);
+  if (second == std::string_view::npos || listing.objects.size() >= ManualListing::kMostObjects) return;
+  Text name = FromUtf8(value.substr(second + 1));
+  if (!IsManualName(name)) return;
+  const std::uint64_t start = NumberOf(value.substr(first + 1, second - first - 1));
+  listing.objects.push_back({std::move(name), NumberOf(value.substr(0, first)), start});
 }
 
 void TakeLine(ManualListing& listing, std::string_view key, std::string_view value) {
@@ -71,7 +74,8 @@ std::string WriteManualListing(const ManualListing& listing) {
   AddNumber(out, "crashes", listing.crashes);
   AddNumber(out, "overrun", listing.overrun ? 1 : 0);
   for (const ListedObject& object : listing.objects) {
-    out.append("object ").append(std::to_string(object.size)).append(" ").append(ToUtf8(object.name)).append("\n");
+    out.append("object ").append(std::to_string(object.size)).append(" ").append(std::to_string(object.start));
+    out.append(" ").append(ToUtf8(object.name)).append("\n");
   }
   return out.append(kEnd).append("\n");
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The listing of an unpacked manual: what pnl-chm found in it, what it wrote, and what it had to leave out. Written by
-// that program and read by Manual; docs/formats/manual-listing.md has the format. The pages themselves are beside it.
+// that program and read by Manual; docs/formats/manual-listing.md has the format. The pages themselves are in one file
+// beside it.
 #pragma once
 
 #include <cstdint>
@@ -16,12 +17,13 @@ namespace pnl {
 struct ListedObject {
   Text name;  // with slashes
   std::uint64_t size = 0;
+  std::uint64_t start = 0;  // in the file of all objects
   friend bool operator==(const ListedObject&, const ListedObject&) = default;
 };
 
 struct ManualListing {
   static constexpr const char* kFile = "listing.txt";
-  static constexpr const char* kObjectFolder = "objects";
+  static constexpr const char* kObjectFile = "objects.bin";
   /// A longer listing, and more objects, aren't read.
   static constexpr std::uint64_t kMostBytes = 20'000'000;
   static constexpr std::size_t kMostObjects = 20'000;
@@ -33,7 +35,7 @@ struct ManualListing {
   std::uint32_t language = 0;         // the language id; 0: the manual doesn't say
   int codePage = 1252;                // by the language id
   std::uint64_t bytes = 0;            // of all objects
-  std::size_t refused = 0;            // objects with names that can't be files here
+  std::size_t refused = 0;            // objects with names that no page may have here
   std::size_t unreadable = 0;         // objects that the manual lists and that couldn't be read
   std::size_t crashes = 0;            // how often reading the manual ended its process
   bool overrun = false;               // a limit of size, number or time was reached

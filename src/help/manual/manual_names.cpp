@@ -68,10 +68,17 @@ bool HasScheme(TextView text) {
   return before.find_first_of(u"/\\?#") == TextView::npos;
 }
 
-/// Drops "ms-its:manual.chm::" and its like. Returns false when what is left names something outside the manual.
-bool DropManual(TextView& reference) {
+/// "ms-its:manual.chm" of "ms-its:manual.chm::/page.htm", and its like; empty without such a beginning.
+TextView ManualPart(TextView reference) {
   const std::size_t mark = reference.substr(0, reference.find(u'#')).find(u"::");
-  if (mark != TextView::npos && EndsWith(reference.substr(0, mark), u".chm")) reference.remove_prefix(mark + 2);
+  const TextView part = mark == TextView::npos ? TextView() : reference.substr(0, mark);
+  return EndsWith(part, u".chm") ? part : TextView();
+}
+
+/// Drops the manual's name. Returns false when what is left names something outside the manual.
+bool DropManual(TextView& reference) {
+  const TextView part = ManualPart(reference);
+  if (!part.empty()) reference.remove_prefix(part.size() + 2);
   return !HasScheme(reference);
 }
 
@@ -106,7 +113,7 @@ std::optional<Text> Join(TextView from, TextView name) {
 
 }  // namespace
 
-std::optional<Text> FileNameOfObject(std::string_view object) {
+std::optional<Text> NameOfObject(std::string_view object) {
   if (!object.starts_with('/')) return std::nullopt;
   object.remove_prefix(1);
   Text name;
@@ -151,6 +158,11 @@ std::optional<ManualReference> ResolveManualReference(TextView from, TextView re
   if (!joined || !IsManualName(*joined)) return std::nullopt;
   result.name = std::move(*joined);
   return result;
+}
+
+Text ManualNamedIn(TextView reference) {
+  const Text part = DecodePercent(ManualPart(Trim(reference)));
+  return part.substr(part.find_last_of(u":/\\") + 1);
 }
 
 bool IsPageName(TextView name) {

@@ -17,6 +17,24 @@ namespace {
 constexpr int kRowRole = Qt::UserRole;
 constexpr int kLongestLine = 200;
 constexpr double kRounding = 4;
+constexpr double kMostSign = 12;
+/// Of a row's height: the room for the triangle before it, and half of the triangle itself.
+constexpr double kBranchRoom = 0.7;
+constexpr double kBranchSign = 0.22;
+
+/// A triangle that points to the right, turned by an angle. half is half of its longer side.
+void DrawTriangle(QPainter& painter, QPointF center, double half, double angle, const QColor& color) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(center);
+  painter.rotate(angle);
+  painter.setPen(color);
+  painter.setBrush(color);
+  const std::array<QPointF, 3> corners = {QPointF(-half * 0.6, -half), QPointF(half * 0.8, 0),
+                                          QPointF(-half * 0.6, half)};
+  painter.drawPolygon(corners.data(), static_cast<int>(corners.size()));
+  painter.restore();
+}
 
 QPalette ListColors() {
   QPalette colors(ToQColor(help_look::kListBack).lighter(110));
@@ -78,22 +96,18 @@ void HelpKeyButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QPen(ToQColor(help_look::kEdge), 1));
   painter.setBrush(back);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
-  painter.setPen(ToQColor(help_look::kKeyText));
   if (sign_ != Sign::kNone) return DrawSign(painter);
+  painter.setPen(ToQColor(help_look::kKeyText));
   const QRect room = rect().adjusted(3, 0, -3, 0);
   painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }
 
 void HelpKeyButton::DrawSign(QPainter& painter) const {
-  const double half = std::min({width() * 0.3, height() * 0.3, 12.0});
+  const double half = std::min({width() * 0.3, height() * 0.3, kMostSign});
   constexpr std::array<double, 5> kAngles = {0, 180, 0, 270, 90};
-  painter.translate(QRectF(rect()).center());
-  painter.rotate(kAngles[static_cast<std::size_t>(sign_)]);
-  painter.setBrush(ToQColor(help_look::kKeyText));
-  const std::array<QPointF, 3> corners = {QPointF(-half * 0.6, -half), QPointF(half * 0.8, 0),
-                                          QPointF(-half * 0.6, half)};
-  painter.drawPolygon(corners.data(), static_cast<int>(corners.size()));
+  DrawTriangle(painter, QRectF(rect()).center(), half, kAngles[static_cast<std::size_t>(sign_)],
+               ToQColor(help_look::kKeyText));
 }
 
 QLineEdit* MakeHelpLine(int id, const HelpScale& scale, QWidget* parent) {
@@ -115,6 +129,7 @@ ListBox* MakeHelpList(int id, const HelpScale& scale, QWidget* parent) {
   list->SetColors(help_look::kListBack, help_look::kListText);
   list->SetSelectedColors(help_look::kSelectedBack, help_look::kSelectedText);
   list->SetFont(QStringLiteral("Arial"), scale.Font(), help_look::kFontWeight);
+  list->SetLeastRowHeight(scale.RowHeight());
   return list;
 }
 
@@ -123,12 +138,21 @@ HelpTree::HelpTree(int id, const HelpScale& scale, QWidget* parent) : ZWCTreeCtr
   setPalette(ListColors());
   setFrameShape(QFrame::NoFrame);
   setItemDelegate(new TallRows(scale.RowHeight(), this));
-  setIndentation(scale(20));
+  setIndentation(static_cast<int>(scale.RowHeight() * kBranchRoom));
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setExpandsOnDoubleClick(false);
   connect(this, &QTreeWidget::itemClicked, this,
           [this](QTreeWidgetItem* item) { emit RowTouched(item->data(0, kRowRole).toInt()); });
+}
+
+void HelpTree::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+  if (!model()->hasChildren(index)) return;
+  // The room of the row's own depth, in which a press opens the rows inside.
+  const QRectF room(rect.right() + 1 - indentation(), rect.top(), indentation(), rect.height());
+  const bool selected = selectionModel()->isSelected(index);
+  DrawTriangle(*painter, room.center(), room.height() * kBranchSign, isExpanded(index) ? 90 : 0,
+               ToQColor(selected ? help_look::kSelectedText : help_look::kListText));
 }
 
 void HelpTree::SetRows(const std::vector<HelpRow>& rows) {

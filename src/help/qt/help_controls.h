@@ -43,7 +43,8 @@ class HelpKeyButton : public QAbstractButton {
 [[nodiscard]] QLineEdit* MakeHelpLine(int id, const HelpScale& scale, QWidget* parent);
 [[nodiscard]] ListBox* MakeHelpList(int id, const HelpScale& scale, QWidget* parent);
 
-/// The tree of the contents. A row is known by its number in the contents.
+/// The tree of the contents. A row is known by its number in the contents. The triangle before a row that has rows
+/// inside grows with the row.
 class HelpTree : public ZWCTreeCtrl {
   Q_OBJECT
 
@@ -57,8 +58,11 @@ class HelpTree : public ZWCTreeCtrl {
   [[nodiscard]] int SelectedRow() const;
 
  signals:
-  /// A row was pressed and released. The sign before it that opens the rows inside is no part of it.
+  /// A row was pressed and released. The triangle before it, which opens the rows inside, is no part of it.
   void RowTouched(int row);
+
+ protected:
+  void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
  private:
   std::vector<QTreeWidgetItem*> items_;

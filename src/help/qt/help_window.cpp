@@ -21,7 +21,7 @@ namespace {
 constexpr int kPanesPercent = 33;
 constexpr int kPageWeight = 400;
 
-void Color2(QWidget* widget, Color back, Color text) {
+void SetBackAndText(QWidget* widget, Color back, Color text) {
   QPalette colors = widget->palette();
   colors.setColor(QPalette::Window, ToQColor(back));
   colors.setColor(QPalette::WindowText, ToQColor(text));
@@ -63,7 +63,7 @@ ZCHelpHTML::ZCHelpHTML(const ToolContext& context, std::unique_ptr<HelpShelf> sh
   setFocusPolicy(Qt::StrongFocus);
   SetTitleProperty(context.language.LoadToolText(help_text::kTitle));
   SetBackProperty(help_look::kBack);
-  Color2(this, help_look::kBack, help_look::kMissingText);
+  SetBackAndText(this, help_look::kBack, help_look::kMissingText);
   MakeControls();
   HelpView& view = *this;
   session_.Make(context_, view, std::move(shelf));
@@ -101,7 +101,7 @@ void ZCHelpHTML::MakeControls() {
   auto* column = Tight(new QVBoxLayout);
   note_ = MakeLabel(help_id::kNotice, scale_, book_);
   note_->setMargin(help_look::kGap);
-  Color2(note_, help_look::kNoteBack, help_look::kNoteText);
+  SetBackAndText(note_, help_look::kNoteBack, help_look::kNoteText);
   page_ = new PageBrowser(help_id::kPage, book_);
   page_->setFont(scale_.MakeText(kPageWeight));
   findBar_ = MakeFindBar();
@@ -219,16 +219,8 @@ void ZCHelpHTML::ShowPane(HelpPane pane, bool shown) {
 }
 
 bool ZCHelpHTML::ShowPage(const std::shared_ptr<PageSource>& source, TextView page, TextView anchor) {
-  // The page view takes a reference, in which these two have a meaning.
-  Text reference;
-  for (const char16_t character : page) {
-    if (character == u'%' || character == u'#') {
-      reference += character == u'%' ? u"%25" : u"%23";
-    } else {
-      reference += character;
-    }
-  }
-  return page_->ShowPage(source, reference, anchor);
+  // The page view takes a reference, in which some characters of a name have a meaning.
+  return page_->ShowPage(source, PageReference(page), anchor);
 }
 
 void ZCHelpHTML::OpenFindLine(bool open) {

@@ -10,13 +10,14 @@
 #include "controls/page_view.h"
 #include "help/help_session.h"
 #include "help/qt/help_panes.h"
-#include "help/qt/manual_list_dialog.h"
 #include "host/tool_session.h"
 #include "window/qt/tool_window.h"
 
 class QLabel;
 
 namespace pnl {
+
+class ZCListManuals;
 
 class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   Q_OBJECT
@@ -32,7 +33,6 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void resizeEvent(QResizeEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
 
  private:
   // HelpView.
@@ -61,7 +61,8 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   [[nodiscard]] HelpPart FocusedPart() const override;
   void FocusPart(HelpPart part) override;
   void SendKey(HelpKey key) override;
-  void ShowPicker(const ManualPicker& picker) override;
+  void OpenPicker(const ManualPicker& picker) override;
+  void ClosePicker() override;
 
   void MakeControls();
   QWidget* MakeFindBar();
@@ -71,7 +72,6 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   [[nodiscard]] ListBox* ListOf(HelpPart part) const;
   /// Returns true when no control must get the key.
   [[nodiscard]] bool OnKeyDown(const QKeyEvent& event);
-  void OnPickerLeft(int result);
   void PressEnter(HelpPart part);
   void SendTo(QWidget* control, int key);
   void TouchRow(HelpPart list, int row);
@@ -89,7 +89,7 @@ class ZCHelpHTML final : public ToolWindowWith<HelpView> {
   QLabel* missing_ = nullptr;
   QWidget* findBar_ = nullptr;
   QLineEdit* findLine_ = nullptr;
-  QPointer<ZCListManuals> picker_;
+  ZCListManuals* picker_ = nullptr;  // while it is open
   ToolLink<HelpSession> session_;
 };
 

@@ -3,7 +3,6 @@
 // a key reaches a control all the same. And the picker, which takes the keyboard for a while.
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
-#include <utility>
 
 #include "help/qt/help_window.h"
 #include "help/qt/manual_list_dialog.h"
@@ -185,24 +184,27 @@ void ZCHelpHTML::SendTo(QWidget* control, int key) {
   if (alive) sending_ = before;
 }
 
-void ZCHelpHTML::ShowPicker(const ManualPicker& picker) {
-  // No event loop of its own: whoever sent the command, a script for one, goes on.
+void ZCHelpHTML::OpenPicker(const ManualPicker& picker) {
+  ClosePicker();
   picker_ = new ZCListManuals(context_.language, scale_, picker, this);
-  connect(picker_, &QDialog::finished, this, &ZCHelpHTML::OnPickerLeft);
+  connect(picker_, &ZCListManuals::Finished, this, [this](bool accepted) {
+    const std::optional<ManualChoice> choice = accepted ? picker_->Choice() : std::nullopt;
+    ClosePicker();
+    session_.Tell([&](HelpSession& session) { session.OnPicked(choice); });
+  });
   picker_->show();
+  picker_->activateWindow();
 }
 
-void ZCHelpHTML::OnPickerLeft(int result) {
-  const std::optional<ManualChoice> choice = result == QDialog::Accepted ? picker_->Choice() : std::nullopt;
-  std::exchange(picker_, nullptr)->deleteLater();
+void ZCHelpHTML::ClosePicker() {
+  if (picker_ == nullptr) return;
+  ZCListManuals* const picker = std::exchange(picker_, nullptr);
+  picker->disconnect(this);
+  picker->hide();
+  // It may be in the middle of the event that ends it.
+  picker->deleteLater();
   // Without a window manager nobody else gives the keys back to the panel.
   if (QApplication::activeWindow() == nullptr) window()->activateWindow();
-  session_.Tell([&choice](HelpSession& session) { session.OnManualPicked(choice); });
-}
-
-void ZCHelpHTML::hideEvent(QHideEvent* event) {
-  ToolWindow::hideEvent(event);
-  if (picker_ && !event->spontaneous()) picker_->reject();
 }
 
 }  // namespace pnl

@@ -7,13 +7,13 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "help/help_ids.h"
 #include "help/qt/help_controls.h"
 #include "window/dialog_units.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
-#include "window/qt/window_registry.h"
 
 namespace pnl {
 namespace {
@@ -24,6 +24,8 @@ constexpr int kBorder = 2;
 constexpr int kWidthUnits = 320;
 constexpr int kHeightUnits = 260;
 constexpr int kEdgeRoom = 8;
+
+bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
 QLabel* MakeCaption(const QString& text, const HelpScale& scale, QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -41,13 +43,11 @@ QLabel* MakeCaption(const QString& text, const HelpScale& scale, QWidget* parent
 
 ZCListManuals::ZCListManuals(const Language& language, const HelpScale& scale, const ManualPicker& picker,
                              QWidget* parent)
-    : QDialog(parent, Qt::FramelessWindowHint),
-      handle_(WindowRegistry::Instance().Register(this)),
+    : ToolDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
       manuals_(MakeHelpList(help_id::kManuals, scale, this)),
       recent_(MakeHelpList(help_id::kRecent, scale, this)) {
-  setModal(true);
-  setProperty(property::kDialog, true);
-  setProperty(property::kTitle, ToQString(language.LoadToolText(help_text::kManuals)));
+  setWindowModality(Qt::ApplicationModal);
+  SetTitleProperty(language.LoadToolText(help_text::kManuals));
   SetUp(manuals_, recent_, picker.manuals);
   SetUp(recent_, manuals_, picker.recent);
   LayOut(language, scale, picker);
@@ -58,13 +58,11 @@ ZCListManuals::ZCListManuals(const Language& language, const HelpScale& scale, c
   manuals_->setFocus(Qt::OtherFocusReason);
 }
 
-ZCListManuals::~ZCListManuals() { WindowRegistry::Instance().Unregister(handle_); }
-
 void ZCListManuals::SetUp(ListBox* list, ListBox* other, const std::vector<Text>& rows) {
   list->SetItems(TextRows(rows));
   list->setMinimumHeight(list->RowHeight());
   list->installEventFilter(this);
-  connect(list, &QAbstractItemView::doubleClicked, this, &QDialog::accept);
+  connect(list, &QAbstractItemView::doubleClicked, this, [this] { Finish(true); });
   connect(list, &ListBox::Walked, this, [other] { other->Select(-1); });
 }
 
@@ -90,8 +88,8 @@ void ZCListManuals::LayOut(const Language& language, const HelpScale& scale, con
     return key;
   };
   keys->addStretch(1);
-  connect(add(help_id::kPickerOk, help_text::kOk), &QAbstractButton::clicked, this, &QDialog::accept);
-  connect(add(help_id::kPickerCancel, help_text::kCancel), &QAbstractButton::clicked, this, &QDialog::reject);
+  connect(add(help_id::kPickerOk, help_text::kOk), &QAbstractButton::clicked, this, [this] { Finish(true); });
+  connect(add(help_id::kPickerCancel, help_text::kCancel), &QAbstractButton::clicked, this, [this] { Finish(false); });
   column->addLayout(keys);
 }
 
@@ -102,15 +100,29 @@ std::optional<ManualChoice> ZCListManuals::Choice() const {
 }
 
 bool ZCListManuals::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) {
-    return QDialog::eventFilter(watched, event);
-  }
-  const int key = static_cast<QKeyEvent&>(*event).key();
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if (!enter && key != Qt::Key_Escape) return QDialog::eventFilter(watched, event);
+  const bool press = event->type() == QEvent::KeyPress;
+  if (!press && event->type() != QEvent::ShortcutOverride) return ToolDialog::eventFilter(watched, event);
+  const auto& key = static_cast<QKeyEvent&>(*event);
+  const bool leaves = IsEnter(key) || key.key() == Qt::Key_Escape;
+  if (!leaves) return ToolDialog::eventFilter(watched, event);
   event->accept();
-  if (event->type() == QEvent::KeyPress) done(enter ? Accepted : Rejected);
+  if (press) Finish(IsEnter(key));
   return true;
+}
+
+void ZCListManuals::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  if (IsEnter(*event) || event->key() == Qt::Key_Escape) Finish(IsEnter(*event));
+}
+
+void ZCListManuals::closeEvent(QCloseEvent* event) {
+  // Its owner takes it away.
+  event->ignore();
+  Finish(false);
+}
+
+void ZCListManuals::Finish(bool accepted) {
+  if (!std::exchange(finished_, true)) emit Finished(accepted);
 }
 
 void ZCListManuals::Place() {
@@ -122,7 +134,7 @@ void ZCListManuals::Place() {
 
 void ZCListManuals::showEvent(QShowEvent* event) {
   Place();
-  QDialog::showEvent(event);
+  ToolDialog::showEvent(event);
 }
 
 void ZCListManuals::paintEvent(QPaintEvent* /*event*/) {

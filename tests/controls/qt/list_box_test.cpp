@@ -94,6 +94,16 @@ TEST_F(ListBoxTest, RowsAreHighEnoughForAFinger) {
   EXPECT_EQ(box.sizeHintForRow(0), box.RowHeight());
 }
 
+TEST_F(ListBoxTest, RowsAreAsHighAsWishedButNeverTooLowForAFinger) {
+  box.SetItems({u"a", u"b"});
+  const int usual = box.RowHeight();
+  box.SetLeastRowHeight(usual + 25);
+  EXPECT_EQ(box.RowHeight(), usual + 25);
+  EXPECT_EQ(box.visualRect(box.model()->index(1, 0)).top(), usual + 25);
+  box.SetLeastRowHeight(1);
+  EXPECT_EQ(box.RowHeight(), usual);
+}
+
 TEST_F(ListBoxTest, AFullListHasABarForAFinger) {
   box.SetItems(TextRows(std::vector<Text>(10000, u"G0 X1")));
   box.show();

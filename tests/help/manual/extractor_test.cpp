@@ -139,7 +139,7 @@ TEST_F(Endless, AProgramThatNobodyWaitsForIsKilled) {
 
 TEST_F(Extractor, TheProgramIsFoundBesideTheLibraryOrAmongThePrograms) {
   struct Row {
-    const char* library;
+    const char* loadedFrom;
     const char* program;
   };
   const Row rows[] = {
@@ -150,7 +150,7 @@ TEST_F(Extractor, TheProgramIsFoundBesideTheLibraryOrAmongThePrograms) {
   };
   for (const Row& row : rows) {
     temp_.Write(row.program, "");
-    const std::string library = temp_.Folder(std::filesystem::path(row.library).parent_path()) + "/libpnltools.so";
+    const std::string library = temp_.Folder(std::filesystem::path(row.loadedFrom).parent_path()) + "/libpnltools.so";
     const std::string program = temp_.Path() / row.program;
     ASSERT_EQ(chmod(program.c_str(), 0700), 0);
     EXPECT_EQ(std::filesystem::path(ExtractorBeside(library)).lexically_normal(), program);

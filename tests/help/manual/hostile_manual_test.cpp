@@ -50,13 +50,17 @@ TEST_F(HostileManual, LinksThatLeadElsewhereFindNothing) {
   EXPECT_EQ(Names(), "a.htm etc ");
 }
 
-TEST_F(HostileManual, ANameThatIsAFolderOfAnotherIsRefused) {
+// They are no files of this machine, so one may have the name of another as its folder.
+TEST_F(HostileManual, ANameThatIsAFolderOfAnotherIsAnObjectLikeOthers) {
   ChmWriter writer;
   writer.Add("/a", "file").Add("/a/b.htm", "below").Add("/c/d.htm", "first").Add("/c", "folder");
   writer.Add("/c/d.htm/e", "below");
   ASSERT_EQ(Unpack(writer.Bytes()), Extraction::kDone);
-  EXPECT_EQ(Names(), "a c/d.htm ");
-  EXPECT_EQ(manual_->Listing().refused, 3u);
+  EXPECT_EQ(Names(), "a a/b.htm c c/d.htm c/d.htm/e ");
+  EXPECT_EQ(manual_->Listing().refused, 0u);
+  EXPECT_EQ(manual_->Read(u"a"), "file");
+  EXPECT_EQ(manual_->Read(u"c"), "folder");
+  EXPECT_EQ(manual_->Read(u"c/d.htm"), "first");
 }
 
 TEST_F(HostileManual, TheSameNameInOtherCaseIsUnpackedOnce) {
@@ -137,10 +141,13 @@ TEST_F(HostileManual, ACrashCostsOneObjectAndTheNextOnesAreUnpacked) {
   // The length of a compressed block, by which the library divides.
   const std::size_t length = bytes.find(std::string("\0\x80\0\0\0\0\0\0", 8));
   ASSERT_NE(length, std::string::npos);
+  ASSERT_EQ(Unpack(bytes), Extraction::kDone);
+  const auto readme = manual_->Read(u"_#_README_#_");
   bytes.replace(length, 8, 8, '\0');
   ASSERT_EQ(Unpack(bytes), Extraction::kDone);
   // All that is compressed is lost; the one object that isn't comes after some of them.
   EXPECT_EQ(Names(), "_#_README_#_ ");
+  EXPECT_EQ(manual_->Read(u"_#_README_#_"), readme);
   EXPECT_EQ(manual_->Listing().crashes, 7u);
   EXPECT_TRUE(manual_->IsDamaged());
   EXPECT_EQ(manual_->Title(), u"Manual de la máquina");

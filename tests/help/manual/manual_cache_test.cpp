@@ -27,13 +27,10 @@ class FakeExtractor final : public ManualExtractor {
     if (isCancelled()) return Extraction::kCancelled;
     if (answer != Extraction::kDone) return answer;
     const auto content = ReadHostFile(manual, 1'000'000).value_or("");
-    ManualListing listing;
-    listing.bytes = content.size();
-    listing.unreadable = damage;
-    listing.objects.push_back({u"a.htm", content.size()});
-    fs::create_directories(folder + "/objects");
-    std::ofstream(folder + "/objects/a.htm") << content;
-    std::ofstream(folder + "/" + ManualListing::kFile) << WriteManualListing(listing);
+    test::UnpackedObjects unpacked;
+    unpacked.Add("a.htm", content);
+    unpacked.listing.unreadable = damage;
+    unpacked.WriteTo(folder);
     return Extraction::kDone;
   }
 
@@ -143,16 +140,23 @@ TEST_F(ManualCacheTest, WithoutAFolderThereIsNoRoom) {
 
 TEST_F(ManualCacheTest, AFolderThatLostAFileIsMadeAnew) {
   const ManualCache cache = Cache();
-  const std::string page = cache.FolderOf(File("m.chm")) + "/objects/a.htm";
+  const std::string objects = cache.FolderOf(File("m.chm")) + "/" + ManualListing::kObjectFile;
   ASSERT_EQ(cache.Open(File("m.chm"), Never).state, ManualState::kWhole);
-  // A power cut may leave an empty file where a page was, or none.
-  fs::resize_file(page, 0);
+  // A power cut may leave a part of a file, or none.
+  fs::resize_file(objects, 2);
   EXPECT_EQ(cache.Open(File("m.chm"), Never).manual->Read(u"a.htm"), "one");
-  fs::remove(page);
+  fs::remove(objects);
   EXPECT_EQ(cache.Open(File("m.chm"), Never).manual->Read(u"a.htm"), "one");
   fs::remove(cache.FolderOf(File("m.chm")) + "/" + ManualListing::kFile);
   EXPECT_EQ(cache.Open(File("m.chm"), Never).manual->Read(u"a.htm"), "one");
   EXPECT_EQ(extractor_->asked.size(), 4u);
+}
+
+TEST_F(ManualCacheTest, AManualThatIsThrownAwayWhileItIsOpenIsReadToItsEnd) {
+  const ManualCache cache = Cache();
+  const OpenedManual opened = cache.Open(File("m.chm"), Never);
+  RemoveWhole(cache.FolderOf(File("m.chm")));
+  EXPECT_EQ(opened.manual->Read(u"a.htm"), "one");
 }
 
 TEST_F(ManualCacheTest, TheManualsThatWereOpenedLongestAgoAreThrownAway) {
@@ -193,7 +197,7 @@ TEST_F(ManualCacheTest, WhatIsntAManualStays) {
 }
 
 TEST_F(ManualCacheTest, WhatEndedProcessesLeftIsRemovedAndWhatLivingOnesMakeIsnt) {
-  temp_.Write("cache/manuals/dead.part/objects/a.htm", "x");
+  temp_.Write("cache/manuals/dead.part/objects.bin", "x");
   const auto living = MakePart(CacheFolder() + "/living");
   ASSERT_TRUE(living.has_value());
   ASSERT_EQ(Cache().Open(File("m.chm"), Never).state, ManualState::kWhole);

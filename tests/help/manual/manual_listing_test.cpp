@@ -19,13 +19,13 @@ ManualListing Sample() {
   listing.unreadable = 2;
   listing.crashes = 3;
   listing.overrun = true;
-  listing.objects = {{u"start.htm", 5}, {u"sub/una página.htm", 7}};
+  listing.objects = {{u"start.htm", 5, 7}, {u"sub/una página.htm", 7, 0}};
   return listing;
 }
 
 TEST(ManualListing, IsWrittenAsItsPageInDocsSays) {
   EXPECT_EQ(WriteManualListing(Sample()),
-            "pnl-chm 1\n"
+            "pnl-chm 2\n"
             "title Manual de la máquina\n"
             "page start.htm\n"
             "contents toc.hhc\n"
@@ -38,8 +38,8 @@ TEST(ManualListing, IsWrittenAsItsPageInDocsSays) {
             "unreadable 2\n"
             "crashes 3\n"
             "overrun 1\n"
-            "object 5 start.htm\n"
-            "object 7 sub/una página.htm\n"
+            "object 5 7 start.htm\n"
+            "object 7 0 sub/una página.htm\n"
             "end\n");
 }
 
@@ -69,19 +69,21 @@ TEST(ManualListing, OneThatIsCutOffAnywhereIsNone) {
 }
 
 TEST(ManualListing, AnotherVersionIsNone) {
-  EXPECT_FALSE(ReadManualListing("pnl-chm 2\nend\n").has_value());
+  EXPECT_FALSE(ReadManualListing("pnl-chm 1\nend\n").has_value());
+  EXPECT_FALSE(ReadManualListing("pnl-chm 3\nend\n").has_value());
   EXPECT_FALSE(ReadManualListing("title x\nend\n").has_value());
-  EXPECT_TRUE(ReadManualListing("pnl-chm 1\nend\n").has_value());
+  EXPECT_TRUE(ReadManualListing("pnl-chm 2\nend\n").has_value());
 }
 
 TEST(ManualListing, LinesThatMakeNoSenseAreSkipped) {
   const auto read = ReadManualListing(
-      "pnl-chm 1\nunknown x\n\nblank\nlanguage 12x\ncodepage -1\nobject\nobject 5\nobject x a.htm\nobject 5 ../a.htm\n"
-      "object 5 /etc/x\nobject 5 C:/x\nobject 5 a\\b\nobject 5 \nobject 3 b.htm\nend\n");
+      "pnl-chm 2\nunknown x\n\nblank\nlanguage 12x\ncodepage -1\nobject\nobject 5\nobject 5 0\nobject 5 0 \n"
+      "object x y a.htm\nobject 5 0 ../a.htm\nobject 5 0 /etc/x\nobject 5 0 C:/x\nobject 5 0 a\\b\n"
+      "object 3 99999999999999999999 b.htm\nobject 3 4 c d.htm\nend\n");
   ASSERT_TRUE(read.has_value());
   EXPECT_EQ(read->language, 0u);
   EXPECT_EQ(read->codePage, 0);
-  EXPECT_EQ(read->objects, (std::vector<ListedObject>{{u"a.htm", 0}, {u"b.htm", 3}}));
+  EXPECT_EQ(read->objects, (std::vector<ListedObject>{{u"a.htm", 0, 0}, {u"b.htm", 3, 0}, {u"c d.htm", 3, 4}}));
 }
 
 TEST(ManualListing, ATextHasOneLine) {
@@ -94,8 +96,8 @@ TEST(ManualListing, ATextHasOneLine) {
 }
 
 TEST(ManualListing, MoreObjectsThanTheLimitAreCut) {
-  std::string bytes = "pnl-chm 1\n";
-  for (std::size_t i = 0; i < ManualListing::kMostObjects + 5; ++i) bytes += "object 0 a\n";
+  std::string bytes = "pnl-chm 2\n";
+  for (std::size_t i = 0; i < ManualListing::kMostObjects + 5; ++i) bytes += "object 0 0 a\n";
   EXPECT_EQ(ReadManualListing(bytes + "end\n")->objects.size(), ManualListing::kMostObjects);
 }
 

@@ -18,7 +18,7 @@ TEST(ManualNames, AnObjectsNameBecomesAFilesName) {
       {"/\xF1.htm", u"ñ.htm"}, {"/a b%20c.htm", u"a b%20c.htm"},   {"/..a/b..", u"..a/b.."},
       {"/...", u"..."},        {"/_#_README_#_", u"_#_README_#_"},
   };
-  for (const Row& row : rows) EXPECT_EQ(FileNameOfObject(row.object), Text(row.name)) << row.object;
+  for (const Row& row : rows) EXPECT_EQ(NameOfObject(row.object), Text(row.name)) << row.object;
 }
 
 TEST(ManualNames, ANameThatCouldLeadElsewhereIsRefused) {
@@ -49,21 +49,21 @@ TEST(ManualNames, ANameThatCouldLeadElsewhereIsRefused) {
                               "/a\x7F",
                               "/" + std::string(256, 'a'),
                               "/\xC2\x80/../a"};
-  for (const std::string& row : rows) EXPECT_EQ(FileNameOfObject(row), std::nullopt) << row;
+  for (const std::string& row : rows) EXPECT_EQ(NameOfObject(row), std::nullopt) << row;
 }
 
 TEST(ManualNames, NamesHaveALimitOfLengthAndDepth) {
   std::string folders;
   for (std::size_t i = 1; i < kDeepestManualName; ++i) folders += "/a";
-  EXPECT_TRUE(FileNameOfObject(folders + "/b").has_value());
-  EXPECT_FALSE(FileNameOfObject(folders + "/a/b").has_value());
+  EXPECT_TRUE(NameOfObject(folders + "/b").has_value());
+  EXPECT_FALSE(NameOfObject(folders + "/a/b").has_value());
   const std::string part = "/" + std::string(249, 'a');
-  EXPECT_TRUE(FileNameOfObject(part + part).has_value());
-  EXPECT_FALSE(FileNameOfObject(part + part + "/abc").has_value());
+  EXPECT_TRUE(NameOfObject(part + part).has_value());
+  EXPECT_FALSE(NameOfObject(part + part + "/abc").has_value());
   // A letter beyond ASCII takes two bytes of what a file system allows.
   std::string wide = "/";
   for (int i = 0; i < 130; ++i) wide += "\xC3\xB1";
-  EXPECT_FALSE(FileNameOfObject(wide).has_value());
+  EXPECT_FALSE(NameOfObject(wide).has_value());
 }
 
 struct ReferenceRow {
@@ -129,6 +129,21 @@ TEST(ManualNames, AReferenceThatLeavesTheManualMeansNothing) {
                                   u"other::/../a"};
   for (const char16_t* row : rows) EXPECT_EQ(Meant(u"", row), "-") << ToUtf8(row);
   EXPECT_EQ(Meant(u"sub/a.htm", u"../../b"), "-");
+}
+
+TEST(ManualNames, TheManualThatAReferenceNamesIsFound) {
+  struct Row {
+    const char16_t* reference;
+    const char16_t* manual;
+  };
+  for (const Row& row :
+       {Row{u"its:oper.chm::/a.htm", u"oper.chm"}, Row{u" ms-its:Oper.CHM::a.htm#b", u"Oper.CHM"},
+        Row{u"mk:@MSITStore:C:\\help\\oper.chm::/a.htm", u"oper.chm"},
+        Row{u"mk:@MSITStore:C:%5Chelp%5Coper.chm::/a.htm", u"oper.chm"}, Row{u"../sub/oper.chm::/a.htm", u"oper.chm"},
+        Row{u"its:my%20oper.chm::/a.htm", u"my oper.chm"}, Row{u"oper.chm::/a.htm", u"oper.chm"},
+        Row{u"a.htm#its:oper.chm::/b.htm", u""}, Row{u"its:oper::/a.htm", u""}, Row{u"oper.chm", u""}, Row{u"", u""}}) {
+    EXPECT_EQ(ManualNamedIn(row.reference), row.manual) << ToUtf8(row.reference);
+  }
 }
 
 TEST(ManualNames, EndingsHaveNoCase) {

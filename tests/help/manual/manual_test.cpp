@@ -29,7 +29,7 @@ std::string PagesOf(const Manual& manual) {
 TEST(Manual, AFolderWithoutAListingIsNoManual) {
   const test::TempFolder folder;
   EXPECT_EQ(Manual::Load(folder.Path()), nullptr);
-  folder.Write(ManualListing::kFile, "pnl-chm 1\n");
+  folder.Write(ManualListing::kFile, "pnl-chm 2\n");
   EXPECT_EQ(Manual::Load(folder.Path()), nullptr);
   EXPECT_EQ(Manual::Load(folder.Path() / "nothing"), nullptr);
 }
@@ -173,13 +173,37 @@ TEST(Manual, APageIsReadInTheManualsCodePage) {
 
 TEST(Manual, WhatIsTooLargeOrLostIsntRead) {
   UnpackedManual files;
-  files.Add("a.htm", "12345").AddLost("b.htm");
+  files.Add("a.htm", "12345").AddLost("b.htm").AddLost("c.htm", 3, 3).AddLost("d.htm", ~0ull, 5);
   const auto manual = files.Load();
   EXPECT_EQ(manual->Read(u"a.htm", 5), "12345");
   EXPECT_EQ(manual->Read(u"a.htm", 4), std::nullopt);
   EXPECT_EQ(manual->ReadText(u"a.htm", 4), std::nullopt);
-  EXPECT_EQ(manual->Read(u"b.htm"), std::nullopt);
-  EXPECT_EQ(manual->Read(u"gone.htm"), std::nullopt);
+  for (const char16_t* lost : {u"b.htm", u"c.htm", u"d.htm", u"gone.htm"}) {
+    EXPECT_EQ(manual->Read(lost), std::nullopt) << ToUtf8(lost);
+  }
+}
+
+TEST(Manual, ItIsCompleteWhenTheFileHasAllObjects) {
+  UnpackedManual files;
+  files.Add("a.htm", "12345").Add("empty.htm", "");
+  EXPECT_TRUE(files.Load()->IsComplete());
+  struct Row {
+    std::uint64_t start;
+    std::uint64_t size;
+    bool complete;
+  };
+  for (const Row& row : {Row{0, 5, true}, Row{4, 1, true}, Row{5, 0, true}, Row{5, 1, false}, Row{6, 0, false},
+                         Row{1, 5, false}, Row{~0ull, 5, false}, Row{2, ~0ull, false}}) {
+    const ManualListing whole = files.listing;
+    files.AddLost("b.htm", row.start, row.size);
+    EXPECT_EQ(files.Load()->IsComplete(), row.complete) << row.start << " " << row.size;
+    files.listing = whole;
+  }
+  const auto manual = files.Load();
+  std::filesystem::remove(files.Folder().Path() / ManualListing::kObjectFile);
+  EXPECT_FALSE(Manual::Load(files.Folder().Path())->IsComplete());
+  EXPECT_EQ(Manual::Load(files.Folder().Path())->Read(u"a.htm"), std::nullopt);
+  EXPECT_EQ(manual->Read(u"a.htm"), "12345") << "it was open before";
 }
 
 TEST(Manual, OfTwoNamesThatDifferInCaseTheFirstCounts) {

@@ -3,6 +3,7 @@
 #include "help_stage.h"
 
 #include <QScrollBar>
+#include <cstdlib>
 
 namespace pnl::test {
 namespace {
@@ -29,6 +30,7 @@ TEST_F(HelpWindow, OpeningFillsTheAreaAndShowsTheMarksPage) {
   EXPECT_TRUE(tool->isVisible());
   EXPECT_EQ(tool->geometry(), area->rect());
   EXPECT_THAT(PageText(), HasSubstr("Type a block."));
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "mdi.htm#OPT0130");
   EXPECT_TRUE(IsFocused(help_id::kPage));
   EXPECT_FALSE(Shows(help_id::kMissing));
   EXPECT_EQ(Contents()->topLevelItemCount(), 1);
@@ -61,6 +63,7 @@ TEST_F(HelpWindow, ClosingHidesIt) {
   EXPECT_EQ(Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL), 2);
   EXPECT_FALSE(tool->isVisible());
   EXPECT_EQ(PageText(), "");
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "");
   EXPECT_THAT(TakeHostCalls(), ElementsAre("HostToolClosed(2,2)"));
 }
 
@@ -225,6 +228,7 @@ TEST_F(HelpWindow, AltWithTheArrowsGoesBackAndForward) {
   OpenAt();
   Menu(2000);
   ASSERT_THAT(PageText(), HasSubstr("Welcome"));
+  EXPECT_EQ(Control(help_id::kPage)->property("pnlLocation").toString(), "home.htm");
   Key(Qt::Key_Left, Qt::AltModifier);
   EXPECT_THAT(PageText(), HasSubstr("Type a block."));
   Key(Qt::Key_Right, Qt::AltModifier);
@@ -318,9 +322,10 @@ TEST_F(HelpWindow, ALinkOfThePageIsFollowed) {
 }
 
 TEST_F(HelpWindow, APageWithOddCharactersInItsNameIsShown) {
-  book->pages.push_back(u"100% #1.htm");
-  static_cast<MemoryPages&>(*book->Pages()).texts[u"100% #1.htm"] = "<p>odd</p>";
-  book->contents.push_back({u"Odd", {u"100% #1.htm", u""}, 0});
+  const Text name = u"100% #1 why?.htm";
+  book->pages.push_back(name);
+  static_cast<MemoryPages&>(*book->Pages()).texts[name] = "<p>odd</p>";
+  book->contents.push_back({u"Odd", {name, u""}, 0});
   Make();
   OpenAt();
   Contents()->SelectRow(4);
@@ -360,12 +365,54 @@ class SizedStage : public HelpStage {
     }
     Menu(40002);
     CheckPlaces();
-    EXPECT_GE(List(help_id::kIndexList)->RowHeight(), 34);
-    EXPECT_GE(Contents()->visualItemRect(Contents()->topLevelItem(0)).height(), 34);
+    const int row = Contents()->visualItemRect(Contents()->topLevelItem(0)).height();
+    EXPECT_GE(row, 34);
+    for (const int list : {help_id::kIndexList, help_id::kResults}) EXPECT_EQ(List(list)->RowHeight(), row) << list;
     EXPECT_GE(Control(help_id::kPage)->width(), tool->width() / 2);
+    Touch(help_id::kContentsTab);
+    CheckTriangle();
   }
 
  private:
+  /// The triangle before a row that has rows inside grows with the row, and points down when they are shown.
+  void CheckTriangle() {
+    QTreeWidgetItem* top = Contents()->topLevelItem(0);
+    const QRect open = TriangleOf(top);
+    const int height = Contents()->visualItemRect(top).height();
+    EXPECT_GE(open.width(), std::max(12, height / 3));
+    EXPECT_GT(open.width(), open.height());
+    if (height > 50) {
+      EXPECT_GE(std::min(open.width(), open.height()), 12);
+    }
+    // Pressed in its middle the row closes, and no page is shown.
+    const Text page = static_cast<PageView*>(Control(help_id::kPage))->Address();
+    PressMouse(Contents()->viewport(), open.center());
+    PressMouse(Contents()->viewport(), open.center(), QEvent::MouseButtonRelease);
+    Settle();
+    EXPECT_FALSE(top->isExpanded());
+    EXPECT_EQ(static_cast<PageView*>(Control(help_id::kPage))->Address(), page);
+    const QRect closed = TriangleOf(top);
+    EXPECT_GT(closed.height(), closed.width());
+    Contents()->SelectRow(0);
+    const QRect selected = TriangleOf(top);
+    EXPECT_GE(selected.height(), closed.height() - 2) << "it can be seen in the selected row too";
+    EXPECT_GT(selected.height(), selected.width());
+    top->setExpanded(true);
+    EXPECT_TRUE(TriangleOf(top->child(1)).isEmpty()) << "it has no rows inside";
+  }
+  /// What is painted before the row's text.
+  QRect TriangleOf(QTreeWidgetItem* item) {
+    const QRect row = Contents()->visualItemRect(item);
+    const QImage image = Contents()->viewport()->grab().toImage();
+    const QColor back = image.pixelColor(row.left() - 1, row.top() + 1);
+    QRegion dark;
+    for (int y = row.top(); y <= row.bottom(); ++y) {
+      for (int x = row.left() - Contents()->indentation(); x < row.left(); ++x) {
+        if (std::abs(image.pixelColor(x, y).lightness() - back.lightness()) > 100) dark += QRect(x, y, 1, 1);
+      }
+    }
+    return dark.boundingRect();
+  }
   /// Every control that is shown lies in the window, can be touched, and lies over no other.
   void CheckPlaces() {
     std::vector<std::pair<int, QRect>> taken;

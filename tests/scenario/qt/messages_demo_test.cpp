@@ -13,6 +13,10 @@ constexpr int kTitle = 1006;
 constexpr int kText = 1005;
 constexpr int kCount = 1102;
 constexpr int kCommand = 0x802;
+constexpr int kPickerCommand = 2004;
+constexpr int kManuals = 3001;
+constexpr int kOk = 1;
+constexpr int kPageView = 1020;
 constexpr int kErrorType = 1 << 28;
 
 class MessagesDemo : public ::testing::Test {
@@ -72,22 +76,22 @@ TEST_F(MessagesDemo, AManualOpensAtTheMarkThatTheToolInFrontHasWritten) {
   EXPECT_NE(client.TraceText({"box"}).find("EL FORMATO DE LA MARCA"), std::string::npos);
 }
 
-// The command that opens the list was answered only when somebody had closed it.
-TEST_F(MessagesDemo, AScriptChoosesAManual) {
-  constexpr int kPageView = 1020;
-  constexpr int kManuals = 2004;
-  const auto location = [&](int window) { return client.Control(window, kPageView)["location"].toString(); };
-  client.Set("E.HELPDATA", "OPT0330");
+TEST_F(MessagesDemo, AScriptChoosesAManualInThePicker) {
+  // The command was answered only when the picker had closed, so no request could choose anything in it.
   const int help = client.Load(kHelpTool);
+  client.Set("E.HELPDATA", "OPT0130");
   ASSERT_EQ(client.Tell(help, kCommand, 2), 0);
-  EXPECT_EQ(location(help), "machining.html#OPT0330");
-  client.Call("ui.command", {{"window", help}, {"id", kManuals}});
+  client.Call("ui.command", {{"window", help}, {"id", kPickerCommand}});
   const QJsonArray dialogs = client.Call("ui.dialogs").toArray();
   ASSERT_EQ(dialogs.size(), 1);
-  const int list = dialogs.at(0)["window"].toInt();
-  for (const char* key : {"Down", "Down", "Enter"}) client.Call("ui.key", {{"window", list}, {"key", key}});
+  EXPECT_EQ(dialogs[0]["title"].toString(), "Manuals");
+  const int picker = dialogs[0]["window"].toInt();
+  EXPECT_EQ(client.Control(picker, kManuals)["items"].toArray(),
+            (QJsonArray{"operating.chm", "programming.chm", "errors.chm"}));
+  client.Call("ui.pick", {{"window", picker}, {"id", kManuals}, {"index", 1}});
+  client.Call("ui.click", {{"window", picker}, {"id", kOk}});
   EXPECT_TRUE(client.Call("ui.dialogs").toArray().isEmpty());
-  EXPECT_EQ(location(help), "index.html");
+  EXPECT_EQ(client.Control(help, kPageView)["location"].toString(), "index.html");
   EXPECT_TRUE(client.Text(help, kPageView).startsWith("Programming the demo mill"));
 }
 

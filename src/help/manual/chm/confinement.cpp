@@ -71,6 +71,10 @@ constexpr int kRefused[] = {
     __NR_request_key,
     __NR_init_module,
     __NR_finit_module,
+    __NR_openat2,
+    __NR_mkdirat,
+    __NR_unlinkat,
+    __NR_truncate,
     __NR_symlinkat,
     __NR_linkat,
     __NR_renameat2,
@@ -84,6 +88,10 @@ constexpr int kRefused[] = {
 #if defined(__x86_64__)
     __NR_fork,
     __NR_vfork,
+    __NR_creat,
+    __NR_mkdir,
+    __NR_rmdir,
+    __NR_unlink,
     __NR_symlink,
     __NR_link,
     __NR_rename,
@@ -111,6 +119,17 @@ sock_filter Statement(int code, std::uint32_t value) { return {static_cast<std::
 /// Goes on with the next statement if the value loaded last is equal, else with the one after it.
 sock_filter IfEqual(std::uint32_t value) { return {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, value}; }
 
+/// Adds to the filter that a file isn't opened for writing by a call whose argument of that number has the flags.
+void RefuseWriting(std::vector<sock_filter>& program, int call, unsigned argument) {
+  constexpr std::uint32_t kWriting = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
+  const auto flags = static_cast<std::uint32_t>(offsetof(seccomp_data, args) + argument * sizeof(std::uint64_t));
+  program.push_back({BPF_JMP | BPF_JEQ | BPF_K, 0, 4, static_cast<std::uint32_t>(call)});
+  program.push_back(Statement(BPF_LD | BPF_W | BPF_ABS, flags));
+  program.push_back({BPF_JMP | BPF_JSET | BPF_K, 0, 1, kWriting});
+  program.push_back(Statement(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM));
+  program.push_back(Statement(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+}
+
 bool SetFilter() {
   std::vector<sock_filter> program = {
       Statement(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, arch)),
@@ -119,34 +138,40 @@ bool SetFilter() {
       Statement(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
       Statement(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
   };
+#if defined(__x86_64__)
+  // The calls have a second set of numbers, from this one on.
+  program.push_back({BPF_JMP | BPF_JGE | BPF_K, 0, 1, __X32_SYSCALL_BIT});
+  program.push_back(Statement(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS));
+#endif
   for (const int number : kRefused) {
     program.push_back(IfEqual(static_cast<std::uint32_t>(number)));
     program.push_back(Statement(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM));
   }
+  RefuseWriting(program, __NR_openat, 2);
+#if defined(__x86_64__)
+  RefuseWriting(program, __NR_open, 1);
+#endif
   program.push_back(Statement(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
   const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
   return prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
 }
 
-bool AllowBelow(int rules, const std::string& path, std::uint64_t access) {
+bool AllowReading(int rules, const std::string& path) {
   const Descriptor place(open(path.c_str(), O_PATH | O_CLOEXEC));
   landlock_path_beneath_attr rule{};
-  rule.allowed_access = access;
+  rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE;
   rule.parent_fd = place.Get();
   return place && syscall(__NR_landlock_add_rule, rules, LANDLOCK_RULE_PATH_BENEATH, &rule, 0) == 0;
 }
 
-/// Refuses all files but the manual and the folder. Does nothing on a kernel without such rules; names are checked
-/// before a file is made in any case.
+/// Refuses all files but the manual. Does nothing on a kernel without such rules.
 void SetFileRules(const Confinement& confinement) {
   landlock_ruleset_attr handled{};
   // All that the first version of the rules knows, so that every kernel that has rules takes them.
   handled.handled_access_fs = (LANDLOCK_ACCESS_FS_MAKE_SYM << 1) - 1;
   const Descriptor rules(static_cast<int>(syscall(__NR_landlock_create_ruleset, &handled, sizeof handled, 0)));
   if (!rules) return;
-  const std::uint64_t make = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_DIR;
-  if (!AllowBelow(rules.Get(), confinement.manual, LANDLOCK_ACCESS_FS_READ_FILE)) return;
-  if (!AllowBelow(rules.Get(), confinement.folder, make)) return;
+  if (!AllowReading(rules.Get(), confinement.manual)) return;
   static_cast<void>(syscall(__NR_landlock_restrict_self, rules.Get(), 0));
 }
 

@@ -3,7 +3,6 @@
 
 #include <chm_lib.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -29,12 +28,10 @@ constexpr std::size_t kMostSystemBytes = 60'000;
 constexpr std::size_t kMostMarkupBytes = 10'000'000;  // of which references are followed
 constexpr int kCachedBlocks = 64;
 
-enum class Outcome { kWritten, kRefused, kNoRoom };
-
 class Reader {
  public:
-  Reader(ReaderTask task, chmFile* file, Descriptor folder)
-      : task_(std::move(task)), file_(file), folder_(std::move(folder)) {
+  Reader(ReaderTask task, chmFile* file, Descriptor objects)
+      : task_(std::move(task)), file_(file), objects_(std::move(objects)) {
     chm_set_param(file_, CHM_PARAM_MAX_BLOCKS_CACHED, kCachedBlocks);
   }
 
@@ -86,7 +83,7 @@ class Reader {
     });
     for (const Unit& unit : listed) {
       const std::string name = unit.path;
-      if (!FileNameOfObject(name)) {
+      if (!NameOfObject(name)) {
         Send(Report::kRefused);
       } else if (units_.try_emplace(ToUpper(DecodeFile(name)), unit).second) {
         Queue(name);
@@ -155,43 +152,32 @@ class Reader {
   }
 
   bool Store(const std::string& object, const std::string& bytes) {
-    const auto name = FileNameOfObject(object);
-    const Outcome outcome = name ? Write(ToUtf8(*name), bytes) : Outcome::kRefused;
-    if (outcome == Outcome::kNoRoom) {
-      Send(Report::kNoRoom);
-      return false;
-    }
-    if (outcome == Outcome::kRefused) {
+    const auto name = NameOfObject(object);
+    if (!name) {
       Send(Report::kRefused);
       return true;
     }
+    if (!Write(bytes)) {
+      Send(Report::kNoRoom);
+      return false;
+    }
+    Send(Report::kUnpacked, NumberBytes(bytes.size()) + NumberBytes(task_.bytes) + ToUtf8(*name));
     ++task_.objects;
     task_.bytes += bytes.size();
-    Send(Report::kUnpacked, NumberBytes(bytes.size()) + ToUtf8(*name));
     QueueReferences(*name, bytes);
     return true;
   }
 
-  /// Makes the file and the folders on the way to it. A name that is in use for something else is refused.
-  [[nodiscard]] Outcome Write(const std::string& name, const std::string& bytes) const {
-    for (std::size_t slash = name.find('/'); slash != std::string::npos; slash = name.find('/', slash + 1)) {
-      if (mkdirat(folder_.Get(), name.substr(0, slash).c_str(), 0700) != 0 && errno != EEXIST) return FailureOf(errno);
-    }
-    const Descriptor file(
-        openat(folder_.Get(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    if (!file) return FailureOf(errno);
+  /// Writes after what is reported already. What a crashed reader wrote beyond that is overwritten.
+  [[nodiscard]] bool Write(const std::string& bytes) const {
     for (std::size_t done = 0; done < bytes.size();) {
-      const ssize_t written = write(file.Get(), bytes.data() + done, bytes.size() - done);
-      if (written <= 0) return Outcome::kNoRoom;
+      const auto at = static_cast<off_t>(task_.bytes + done);
+      const ssize_t written = pwrite(objects_.Get(), bytes.data() + done, bytes.size() - done, at);
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return false;
       done += static_cast<std::size_t>(written);
     }
-    return Outcome::kWritten;
-  }
-
-  static Outcome FailureOf(int error) {
-    const bool inUse = error == EEXIST || error == ENOTDIR || error == EISDIR || error == ENAMETOOLONG ||
-                       error == EINVAL || error == EILSEQ;
-    return inUse ? Outcome::kRefused : Outcome::kNoRoom;
+    return true;
   }
 
   /// Whatever the listing left out is found by its name.
@@ -208,18 +194,18 @@ class Reader {
 
   ReaderTask task_;
   chmFile* file_;
-  Descriptor folder_;
+  Descriptor objects_;
   std::unordered_map<Text, Unit> units_;  // what was listed, by the capitals of its name
 };
 
 }  // namespace
 
 int RunReader(ReaderTask task) {
-  Descriptor folder(open(task.folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  if (!folder || !Confine({task.manual, task.folder, kMemory, kMostObjectBytes, kProcessorSeconds})) return 1;
+  Descriptor objects(open(task.file.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC));
+  if (!objects || !Confine({task.manual, kMemory, kMostBytes, kProcessorSeconds})) return 1;
   const std::unique_ptr<chmFile, void (*)(chmFile*)> file(chm_open(task.manual.c_str()), chm_close);
   if (!file || !SendReport(task.pipe, Report::kOpened)) return 1;
-  Reader(std::move(task), file.get(), std::move(folder)).Run();
+  Reader(std::move(task), file.get(), std::move(objects)).Run();
   return 0;
 }
 

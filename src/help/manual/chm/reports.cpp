@@ -44,13 +44,13 @@ std::optional<ReportFrame> ReportReader::Next() {
 
 std::string NumberBytes(std::uint64_t number) {
   std::string bytes;
-  for (int i = 0; i < 8; ++i) bytes.push_back(static_cast<char>(number >> (8 * i) & 0xFF));
+  for (std::size_t i = 0; i < kNumberBytes; ++i) bytes.push_back(static_cast<char>(number >> (8 * i) & 0xFF));
   return bytes;
 }
 
 std::uint64_t NumberFrom(std::string_view bytes) {
   std::uint64_t number = 0;
-  for (std::size_t i = std::min<std::size_t>(bytes.size(), 8); i > 0; --i) {
+  for (std::size_t i = std::min(bytes.size(), kNumberBytes); i > 0; --i) {
     number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
   }
   return number;

@@ -16,11 +16,11 @@ enum class Report : char {
   kStage = 'g',       // begins with the next part of the work
   kQueued = 'q',      // an object to unpack: its own name
   kTrying = 't',      // begins with the object at the front of the queue
-  kUnpacked = 'u',    // its file name, after its size in 8 bytes
+  kUnpacked = 'u',    // its name, after 8 bytes each for its size and its start in the file of all objects
   kAbsent = 'a',      // the manual has no such object
   kUnreadable = 'x',  // it can't be read
   kTooLarge = 'b',
-  kRefused = 'r',  // its name can't be a file
+  kRefused = 'r',  // no page may have its name
   kNoRoom = 'n',   // it can't be written; the reader ends
   kDone = 'd',
 };
@@ -51,6 +51,7 @@ class ReportReader {
 };
 
 /// A number in 8 bytes, in little endian.
+inline constexpr std::size_t kNumberBytes = 8;
 [[nodiscard]] std::string NumberBytes(std::uint64_t number);
 [[nodiscard]] std::uint64_t NumberFrom(std::string_view bytes);
 

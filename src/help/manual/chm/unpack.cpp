@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -98,11 +97,12 @@ class Progress {
     listing_.index = DecodeCodePage(system.index, listing_.codePage);
   }
 
-  void TakeObject(const std::string& bytes) {
-    Text name = FromUtf8(std::string_view(bytes).substr(std::min<std::size_t>(bytes.size(), 8)));
+  void TakeObject(std::string_view bytes) {
+    if (bytes.size() < 2 * kNumberBytes) return;
+    Text name = FromUtf8(bytes.substr(2 * kNumberBytes));
     if (!IsManualName(name) || listing_.objects.size() >= kMostObjects) return;
     const std::uint64_t size = NumberFrom(bytes);
-    listing_.objects.push_back({std::move(name), size});
+    listing_.objects.push_back({std::move(name), size, NumberFrom(bytes.substr(kNumberBytes))});
     listing_.bytes += size;
   }
 
@@ -169,12 +169,12 @@ void Follow(int reports, Clock::time_point deadline, Progress& progress) {
 }
 
 /// Runs one reader after the other until the manual is unpacked or there is no use in going on.
-void ReadAll(const std::string& manual, const std::string& folder, Progress& progress) {
+void ReadAll(const std::string& manual, const std::string& file, Progress& progress) {
   const auto deadline = Clock::now() + kWholeTime;
   for (int crashes = 0; crashes <= kMostCrashes; ++crashes) {
     ReaderTask task = progress.Task();
     task.manual = manual;
-    task.folder = folder;
+    task.file = file;
     const auto process = StartReader(std::move(task));
     if (!process) return;
     Follow(process->reports.Get(), deadline, progress);
@@ -190,10 +190,14 @@ void ReadAll(const std::string& manual, const std::string& folder, Progress& pro
   progress.TakeOverrun();
 }
 
-/// Without flushing: whoever reads the folder after a power cut compares the sizes of its files with the listing.
+[[nodiscard]] Descriptor MakeFile(const std::string& path) {
+  return Descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+}
+
+/// Without flushing: whoever reads the folder after a power cut compares the size of the objects with the listing.
 bool WriteListing(const std::string& path, const ManualListing& listing) {
   const std::string bytes = WriteManualListing(listing);
-  const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+  const Descriptor file = MakeFile(path);
   return file && write(file.Get(), bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
 }
 
@@ -212,9 +216,9 @@ Unpacked Unpack(const std::string& manual, const std::string& folder) {
   result.exit = extractor_exit::kNoRoom;
   const auto part = MakePart(folder);
   if (!part) return result;
-  const std::string objects = part->path + "/" + ManualListing::kObjectFolder;
+  const std::string objects = part->path + "/" + ManualListing::kObjectFile;
   Progress progress;
-  if (mkdir(objects.c_str(), 0700) == 0) {
+  if (MakeFile(objects)) {
     ReadAll(manual, objects, progress);
     result.listing = progress.Listing();
     if (result.listing.objects.empty() && !progress.HasNoRoom()) {
