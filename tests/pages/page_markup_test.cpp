@@ -69,8 +69,10 @@ const MarkupRow kMarkup[] = {
     // Attributes.
     {u"<a href='b.htm#c' target=_blank>x</a>", "<a href=\"b.htm#c\">x</a>"},
     {u"<a href = \"b c.htm\" >x</a>", "<a href=\"b c.htm\">x</a>"},
-    {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"a.png\" alt=\"say 'hi'\"></a>"},
-    {u"<img src=a.png width=99999999 height=50%>", "<img src=\"a.png\" width=\"2000\" height=\"50%\">"},
+    {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"picture:a.png\" alt=\"say 'hi'\"></a>"},
+    {u"<img src=a.png width=99999999 height=50%>", "<img src=\"picture:a.png\" width=\"2000\" height=\"50%\">"},
+    {u"<img src='picture:a.png'><img src=' picture: a '>",
+     "<img src=\"picture:a.png\"><img src=\"picture:picture: a\">"},
     {u"<table border=9999 cellpadding=51><tr><td colspan=0 rowspan=1000000>",
      "<table border=\"50\" cellpadding=\"50\"><tr><td colspan=\"1\" rowspan=\"100\"></td></tr></table>"},
     {u"<font size=+9999 color=#808080>a</font>", "<font size=\"+50\" color=\"#808080\">a</font>"},
