@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The time from a PLC message to its painted document, beside a plain Qt window with the same document. With --memory
-// instead: what the process holds in memory and open after many documents of each kind.
+// The time from a PLC message to its painted document, beside a plain Qt window with the same document. With --memory,
+// a number and perhaps a kind instead: what the process holds in memory and open after so many documents of each kind.
 #include <benchmark/benchmark.h>
 
 #include <QElapsedTimer>
@@ -148,11 +148,12 @@ constexpr Kind kKinds[] = {
     {"animated GIF", 0x00000002, 20}, {"BMP", 0x10000003, 0},    {"video", 0x00000003, 100},
 };
 
-void MeasureMemory(int openings) {
+void MeasureMemory(int openings, std::string_view only) {
   std::printf("%-14s %10s %10s %10s   %s\n", "", "after 10", "after 100", ("after " + std::to_string(openings)).c_str(),
               "open files and threads, after 10 and at the end");
   const View view;
   for (const Kind& kind : kKinds) {
+    if (!only.empty() && only != kind.name) continue;
     Held early, middle;
     for (int i = 1; i <= openings; ++i) {
       View::Raise(kind.code);
@@ -185,7 +186,7 @@ int main(int argc, char** argv) {
   PnlSetLanguage("en");
   LetToolsOpen();
   if (memory) {
-    MeasureMemory(openings);
+    MeasureMemory(openings, argc >= 4 ? argv[3] : "");
     return 0;
   }
   benchmark::Initialize(&argc, argv);

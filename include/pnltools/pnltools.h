@@ -309,8 +309,8 @@ enum PnlMachiningCommand {
 };
 
 /*
- * Commands (PNL_MSG_COMMAND) to the PLC message view, for its video. The view has no menu; a host may have keys. They do
- * nothing while no video is shown. The property "pnlVideo" of the view's widget is true while one is.
+ * Commands (PNL_MSG_COMMAND) to the PLC message view, for its video. The view has no menu; a host may have keys. They
+ * do nothing while no video is shown. The property "pnlVideo" of the view's widget is true while one is.
  */
 enum PnlVideoCommand {
   PNL_VIDEO_PLAY = 32771,
