@@ -119,8 +119,8 @@ class PageRequests : public testing::Test {
         "<link rel=stylesheet href=\"@\">",
         "<link rel=stylesheet type=text/css href=own.css>",
         "<link rel=icon href=\"@\"><link rel=prefetch href=\"@\">",
-        "<style>@import url(@); @import '@'; @font-face { font-family: x; src: url(@) }"
-        " p { background-image: url(@); font-family: x } li { list-style-image: url('@') }</style>",
+        "<style>@import url(@); @import '@'; @font-face { font-family: x; src: url(@) }</style>",
+        "<style>p { background-image: url(@); font-family: x } li { list-style-image: url('@') }</style>",
         "<script src=\"@\"></script><script>location = '@'; new Image().src = '@'</script>",
         "<body background=\"@\" onload=\"location='@'\">",
         "<p style=\"background-image: url(@); background: url('@')\">text</p>",
