@@ -44,7 +44,9 @@ void CheckMarkup(TextView markup) {
     FUZZ_CHECK(attributes.has_value());
     for (const PageAttribute& attribute : *attributes) {
       FUZZ_CHECK(FindAttribute(attribute.name) != nullptr);
-      CheckAddress(attribute.value);
+      const bool picture = attribute.value.starts_with(kPictureScheme);
+      FUZZ_CHECK(picture || attribute.name != u"src");
+      CheckAddress(attribute.value.substr(picture ? kPictureScheme.size() : 0));
     }
     at = markup.size() - rest.size() - 1;
     if (closes && tag->kind == TagKind::kVoid) continue;

@@ -308,7 +308,10 @@ enum PnlMachiningCommand {
   PNL_ZMC_CHANGES = 33003 /* shows what the user's data change against the machine maker's */
 };
 
-/* Commands (PNL_MSG_COMMAND) to the PLC message view, for its video. The view has no menu; a host may have keys. */
+/*
+ * Commands (PNL_MSG_COMMAND) to the PLC message view, for its video. The view has no menu; a host may have keys. They
+ * do nothing while no video is shown. The property "pnlVideo" of the view's widget is true while one is.
+ */
 enum PnlVideoCommand {
   PNL_VIDEO_PLAY = 32771,
   PNL_VIDEO_STOP = 32772,

@@ -20,10 +20,11 @@ SoftKeyItem ActionItem(const Operator& op, Action action, bool checked = false) 
   return item;
 }
 
-SoftKeyItem PlainItem(int id, Word word) {
+SoftKeyItem PlainItem(int id, Word word, bool enabled = true) {
   SoftKeyItem item;
   item.id = id;
   item.text = Say(word);
+  item.enabled = enabled;
   return item;
 }
 
@@ -85,7 +86,7 @@ std::vector<SoftKeyItem> PanelPlcItems(const Operator& op) {
   return items;
 }
 
-std::vector<SoftKeyItem> PanelItemsOf(int tool) {
+std::vector<SoftKeyItem> PanelItemsOf(int tool, bool video) {
   switch (tool) {
     case PNL_TOOL_EXPLORER:
       return {PlainItem(kAcceptItem, Word::kOk), PlainItem(kLeaveItem, Word::kClose)};
@@ -93,8 +94,9 @@ std::vector<SoftKeyItem> PanelItemsOf(int tool) {
       return {PlainItem(PNL_ZMC_EXPORT, Word::kExport), PlainItem(PNL_ZMC_IMPORT, Word::kImport),
               PlainItem(PNL_ZMC_CHANGES, Word::kOwnChanges), PlainItem(kCloseItem, Word::kClose)};
     case PNL_TOOL_PLC_MESSAGES:
-      return {PlainItem(PNL_VIDEO_PLAY, Word::kPlayVideo), PlainItem(PNL_VIDEO_STOP, Word::kStopVideo),
-              PlainItem(PNL_VIDEO_REWIND, Word::kRewindVideo), PlainItem(kLeaveItem, Word::kClose)};
+      // Dim and not away, so that Close has one place for every message.
+      return {PlainItem(PNL_VIDEO_PLAY, Word::kPlayVideo, video), PlainItem(PNL_VIDEO_STOP, Word::kStopVideo, video),
+              PlainItem(PNL_VIDEO_REWIND, Word::kRewindVideo, video), PlainItem(kLeaveItem, Word::kClose)};
     case PNL_TOOL_HELP:
       return {PlainItem(kCloseItem, Word::kClose)};
     default:

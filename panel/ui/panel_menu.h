@@ -22,7 +22,8 @@ namespace panel {
 
 /// The panel's keys after those of a tool's menu in the main bar: what the keyboard's Enter and Escape do, for a tool
 /// that has no keys of its own for it, and commands of the tool that its menus don't have.
-[[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool);
+/// video says whether the PLC message view shows one; without it the keys for it are dim.
+[[nodiscard]] std::vector<SoftKeyItem> PanelItemsOf(int tool, bool video);
 /// Whether the main bar has only these for that tool, because the tool has no menu.
 [[nodiscard]] bool HasPanelItemsAlone(int tool);
 /// Returns the key of the keyboard that does the same as an item; 0 for any other item.
@@ -40,6 +41,9 @@ namespace panel {
 [[nodiscard]] const DemoFault* FaultOfItem(int id);
 /// Returns the code of the PLC message of an item; nothing for any other item.
 [[nodiscard]] std::optional<std::uint32_t> PlcMessageOfItem(const Operator& op, int id);
+/// The property of the PLC message view's widget that is true while a video is shown.
+inline constexpr const char* kVideoProperty = "pnlVideo";
+
 /// The items that show the faults and the PLC messages.
 inline constexpr int kFaultsItem = 3000;
 inline constexpr int kPlcItem = 3004;

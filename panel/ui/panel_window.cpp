@@ -141,6 +141,9 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceErrors();
     PlaceEditor();
   }
+  if (event->type() == QEvent::DynamicPropertyChange) {
+    if (static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == kVideoProperty) ShowBars();
+  }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_;
   if (shownOrHidden && cover) EnableBars();

@@ -101,6 +101,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void ShowMachine();
   void ShowBars();
   [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
+  [[nodiscard]] bool ShowsVideo() const;
   void ShowMessages();
   void ConnectErrors();
   void ShowErrors();

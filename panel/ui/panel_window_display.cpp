@@ -64,10 +64,10 @@ void PanelWindow::ShowBars() {
   // The menu of a closed tool still exists. A bar shows it only while the tool is open.
   const auto [mainTool, mainMenu] = session_.MainBar();
   if (HasPanelItemsAlone(session_.FrontTool())) {
-    mainBar_->ShowItems(PanelItemsOf(session_.FrontTool()));
+    mainBar_->ShowItems(PanelItemsOf(session_.FrontTool(), ShowsVideo()));
     mainBar_->SetInner(false);
   } else if (mainMenu != 0) {
-    mainBar_->ShowMenu(mainMenu, PanelItemsOf(mainTool));
+    mainBar_->ShowMenu(mainMenu, PanelItemsOf(mainTool, false));
   } else {
     mainBar_->ShowItems(PanelKeys());
     mainBar_->SetInner(innerKeys_ != InnerKeys::kNone);
@@ -77,6 +77,11 @@ void PanelWindow::ShowBars() {
   } else {
     sideBar_->ShowItems(PanelSideItems(session_, op_));
   }
+}
+
+bool PanelWindow::ShowsVideo() const {
+  const auto* view = static_cast<const QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
+  return view != nullptr && view->property(kVideoProperty).toBool();
 }
 
 std::vector<SoftKeyItem> PanelWindow::PanelKeys() const {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// CAviCtrl: an area that plays a video as often as it is told. It paints the frames itself, so that a capture of the
-// window has them, and repeats by hand. Without a player, or with a file that can't be decoded, it shows the file's
-// name.
+// CAviCtrl: an area that plays a video a given number of times. It paints the frames itself, so that a capture of the
+// window has them, and at the end of the file it starts the player again. Without a player, or with a file that can't
+// be decoded, it shows the file's name.
 #pragma once
 
 #include <QtGui/QImage>

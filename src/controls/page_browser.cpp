@@ -10,6 +10,7 @@
 #include "pages/page_decoding.h"
 #include "pages/page_limits.h"
 #include "pages/page_markup.h"
+#include "pages/page_words.h"
 #include "pages/picture_header.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"

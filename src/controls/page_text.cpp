@@ -4,6 +4,7 @@
 #include <QtGui/QImageReader>
 #include <utility>
 
+#include "controls/wide_scroll_bar.h"
 #include "pages/page_attributes.h"
 #include "pages/page_decoding.h"
 #include "pages/picture_header.h"
@@ -44,6 +45,8 @@ PageText::PageText(QWidget* parent) : QTextBrowser(parent) {
   setAcceptDrops(false);
   setContextMenuPolicy(Qt::NoContextMenu);
   setFrameShape(QFrame::NoFrame);
+  setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
+  setHorizontalScrollBar(new WideScrollBar(Qt::Horizontal, this));
 }
 
 PageText::~PageText() { DropMovies(); }
@@ -71,7 +74,9 @@ void PageText::Empty() {
 
 PageBytes PageText::Load(const QUrl& name) {
   if (!source_) return {PageRefusal::kNotFound, {}};
-  const PageAddress address = source_->Resolve(address_, FromQString(name.toString(QUrl::FullyEncoded)));
+  const Text whole = FromQString(name.toString(QUrl::FullyEncoded));
+  const bool picture = whole.starts_with(kPictureScheme);
+  const PageAddress address = source_->Resolve(address_, TextView(whole).substr(picture ? kPictureScheme.size() : 0));
   if (address.refusal != PageRefusal::kNone) return {address.refusal, {}};
   return source_->Read(address.page);
 }

@@ -95,6 +95,8 @@ std::optional<std::vector<PageAttribute>> TakePageAttributes(TextView& text) {
 int SpanOf(TextView value) { return std::max(LimitedNumber(Trim(value), page_limit::kColumns), 1); }
 
 Text CleanValue(ValueKind kind, TextView value) {
+  // Clean markup stays as it is.
+  if (kind == ValueKind::kPicture && value.starts_with(kPictureScheme)) value.remove_prefix(kPictureScheme.size());
   const TextView trimmed = Trim(value.substr(0, page_limit::kValue));
   Text clean(trimmed);
   switch (kind) {
@@ -109,6 +111,9 @@ Text CleanValue(ValueKind kind, TextView value) {
       break;
     case ValueKind::kCss:
       clean = LimitNumbers(trimmed);
+      break;
+    case ValueKind::kPicture:
+      clean.insert(0, kPictureScheme);
       break;
     case ValueKind::kText:
     case ValueKind::kAddress:

@@ -11,6 +11,10 @@
 
 namespace pnl {
 
+/// Comes before the address of every picture in clean markup. The browser opens a picture by itself when its
+/// address names a file of this machine and something else was loaded under that address; under these it finds none.
+inline constexpr TextView kPictureScheme = u"picture:";
+
 struct PageAttribute {
   Text name;  // in small letters
   TextView value;

@@ -7,6 +7,7 @@
 #include "pages/page_attributes.h"
 #include "pages/page_limits.h"
 #include "pages/page_tags.h"
+#include "pages/page_words.h"
 
 namespace pnl {
 namespace {
@@ -44,6 +45,11 @@ class TableColumns {
   std::vector<int> used_ = std::vector<int>(page_limit::kColumns, 0);
 };
 
+/// Whether a word goes on after the tag.
+bool IsInsideWords(const TagRow& tag) {
+  return tag.kind == TagKind::kInline || tag.kind == TagKind::kStyle || tag.name == u"link";
+}
+
 /// Cleans one page. It keeps the tags that are open, so that it can close them.
 class Cleaner {
  public:
@@ -52,7 +58,7 @@ class Cleaner {
   CleanPage Run() {
     while (!rest_.empty() && !page_.cut) {
       const std::size_t tag = std::min(rest_.find(u'<'), rest_.size());
-      page_.markup += BreakLongWords(rest_.substr(0, tag));
+      words_.Write(rest_.substr(0, tag), page_.markup);
       rest_.remove_prefix(tag);
       if (!rest_.empty()) TakeTag();
     }
@@ -77,6 +83,7 @@ class Cleaner {
 
   TextView rest_;
   CleanPage page_;
+  WordBreaker words_;
   std::vector<const TagRow*> open_;
   std::vector<TableColumns> tables_;  // of each open table
   std::size_t tags_ = 0;
@@ -95,7 +102,7 @@ void Cleaner::TakeTag() {
   TextView rest = second.substr(closes ? 1 : 0);
   if (rest.empty() || !IsLetter(rest[0])) {
     if (second.starts_with(u'!') || second.starts_with(u'?') || closes) return SkipPast(u">");
-    page_.markup += u"&lt;";
+    words_.WriteWhole(u"&lt;", page_.markup);
     return rest_.remove_prefix(1);
   }
   const std::size_t end = std::min(rest.find_first_of(u" \t\r\n\f/>"), rest.size());
@@ -160,6 +167,7 @@ void Cleaner::Open(const TagRow& tag, const std::vector<PageAttribute>& attribut
 }
 
 void Cleaner::Write(const TagRow& tag, const std::vector<PageAttribute>& attributes) {
+  if (!IsInsideWords(tag)) words_.EndWord();
   page_.markup += u'<';
   page_.markup += tag.name;
   bool typed = false;
@@ -222,6 +230,7 @@ void Cleaner::CloseDownTo(std::size_t count) {
     const TagRow& tag = *open_.back();
     open_.pop_back();
     if (tag.kind == TagKind::kTable) tables_.pop_back();
+    if (!IsInsideWords(tag)) words_.EndWord();
     page_.markup += u"</";
     page_.markup += tag.name;
     page_.markup += u'>';
@@ -229,24 +238,6 @@ void Cleaner::CloseDownTo(std::size_t count) {
 }
 
 }  // namespace
-
-Text BreakLongWords(TextView text) {
-  Text broken;
-  broken.reserve(text.size());
-  std::size_t length = 0;
-  for (const char16_t c : text) {
-    const bool white = c == u' ' || (c >= u'\t' && c <= u'\r');
-    // Not between the halves of one character.
-    const bool half = c >= 0xDC00 && c <= 0xDFFF;
-    if (!white && !half && length >= page_limit::kWord) {
-      broken += u' ';
-      length = 0;
-    }
-    length = white ? 0 : length + 1;
-    broken += c;
-  }
-  return broken;
-}
 
 CleanPage CleanMarkup(TextView markup) { return Cleaner(markup).Run(); }
 

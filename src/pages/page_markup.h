@@ -16,8 +16,4 @@ struct CleanPage {
 /// that are too long.
 [[nodiscard]] CleanPage CleanMarkup(TextView markup);
 
-/// The text with a blank in every word that is longer than page_limit::kWord: the browser takes minutes for a very long
-/// one.
-[[nodiscard]] Text BreakLongWords(TextView text);
-
 }  // namespace pnl

@@ -112,8 +112,13 @@ PageAddress ResolvePageAddress(TextView page, TextView reference) {
 
 Text PageReference(TextView name) {
   Text reference;
-  for (const char16_t c : name) {
-    if (c == u'%') {
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char16_t c = name[i];
+    const bool end = i == 0 || i + 1 == name.size();
+    // A blank at an end would be taken for no part of the reference.
+    if (c == u' ' && end) {
+      reference += u"%20";
+    } else if (c == u'%') {
       reference += u"%25";
     } else if (c == u'#') {
       reference += u"%23";

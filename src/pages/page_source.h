@@ -42,7 +42,8 @@ struct PageBytes {
 /// ("#c") names the page itself. page must be a resolved page, or empty for a reference to the document's folder.
 [[nodiscard]] PageAddress ResolvePageAddress(TextView page, TextView reference);
 
-/// A reference to a page or file by its name as it is: '%', '#' and '?' become percent signs with digits.
+/// A reference to a page or file by its name as it is: '%', '#', '?' and a blank at an end become percent signs
+/// with digits.
 [[nodiscard]] Text PageReference(TextView name);
 
 class PageSource {

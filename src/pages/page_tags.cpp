@@ -44,7 +44,7 @@ constexpr AttributeRow kAttributes[] = {
     {u"dir", ValueKind::kText},     {u"face", ValueKind::kText},         {u"height", ValueKind::kLength},
     {u"href", ValueKind::kAddress}, {u"id", ValueKind::kText},           {u"media", ValueKind::kText},
     {u"name", ValueKind::kText},    {u"rel", ValueKind::kText},          {u"rowspan", ValueKind::kSpan},
-    {u"size", ValueKind::kSmall},   {u"src", ValueKind::kAddress},       {u"start", ValueKind::kLength},
+    {u"size", ValueKind::kSmall},   {u"src", ValueKind::kPicture},       {u"start", ValueKind::kLength},
     {u"style", ValueKind::kCss},    {u"title", ValueKind::kText},        {u"type", ValueKind::kText},
     {u"valign", ValueKind::kText},  {u"width", ValueKind::kLength},
 };

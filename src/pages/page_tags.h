@@ -33,6 +33,7 @@ struct TagRow {
 enum class ValueKind {
   kText,     // passes as it is
   kAddress,  // an address; the source of the page decides
+  kPicture,  // the same of a picture: it gets kPictureScheme in front
   kLength,   // a number of pixels or a percentage: it is limited
   kSmall,    // a number up to 50
   kSpan,     // a number of columns or rows

@@ -36,12 +36,19 @@ bool IsFrameMarker(std::int64_t marker) {
   return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
+/// True for the markers that have no length: the start and the restarts.
+bool IsBareMarker(std::int64_t marker) { return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8); }
+
 PictureHeader JpegHeader(const ByteReader& read) {
   size_t place = 2;
   while (place + 9 <= read.bytes.size() && read.At(place) == 0xFF) {
     const std::int64_t marker = read.At(place + 1);
     if (marker == 0xFF) {  // a fill byte
       ++place;
+      continue;
+    }
+    if (IsBareMarker(marker)) {
+      place += 2;
       continue;
     }
     if (IsFrameMarker(marker)) return {PictureKind::kJpeg, read.Big16(place + 7), read.Big16(place + 5)};

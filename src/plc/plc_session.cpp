@@ -164,14 +164,16 @@ void PlcSession::ShowRecord(PlcMode mode, const PlcFile& file) {
   FindDocument(file.file);
   View().SetControlText(plc_id::kTitle, file.title);
   ShowCount();
-  // If the host refuses, the mode stays: the document is on the screen when the host shows the window.
-  if (!Open()) return;
+  // If the host refuses, the mode stays, so that a file which comes now only waits. The area still shows the document
+  // before this one, whose place isn't this item's.
+  if (!Open()) return item_.reset();
   ShowDocument();
 }
 
 void PlcSession::Close() {
   const bool help = queue_.Mode() == PlcMode::kHelp;
-  if (item_) places_.erase(*item_);
+  if (queue_.Mode() == PlcMode::kMessage) places_.erase(queue_.CurrentCode());
+  if (queue_.Mode() == PlcMode::kFile) places_.erase(kFileItem);
   item_.reset();
   queue_.RemoveShown();
   Advance();

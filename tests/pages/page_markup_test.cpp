@@ -8,6 +8,7 @@
 #include "pages/page_attributes.h"
 #include "pages/page_decoding.h"
 #include "pages/page_limits.h"
+#include "pages/page_words.h"
 
 namespace pnl::test {
 namespace {
@@ -69,8 +70,10 @@ const MarkupRow kMarkup[] = {
     // Attributes.
     {u"<a href='b.htm#c' target=_blank>x</a>", "<a href=\"b.htm#c\">x</a>"},
     {u"<a href = \"b c.htm\" >x</a>", "<a href=\"b c.htm\">x</a>"},
-    {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"a.png\" alt=\"say 'hi'\"></a>"},
-    {u"<img src=a.png width=99999999 height=50%>", "<img src=\"a.png\" width=\"2000\" height=\"50%\">"},
+    {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"picture:a.png\" alt=\"say 'hi'\"></a>"},
+    {u"<img src=a.png width=99999999 height=50%>", "<img src=\"picture:a.png\" width=\"2000\" height=\"50%\">"},
+    {u"<img src='picture:a.png'><img src=' picture: a '>",
+     "<img src=\"picture:a.png\"><img src=\"picture:picture: a\">"},
     {u"<table border=9999 cellpadding=51><tr><td colspan=0 rowspan=1000000>",
      "<table border=\"50\" cellpadding=\"50\"><tr><td colspan=\"1\" rowspan=\"100\"></td></tr></table>"},
     {u"<font size=+9999 color=#808080>a</font>", "<font size=\"+50\" color=\"#808080\">a</font>"},
@@ -136,6 +139,22 @@ TEST(PageMarkup, AWordThatIsTooLongIsBrokenBetweenCharacters) {
   const Text before(page_limit::kWord - 1, u'x');
   EXPECT_EQ(BreakLongWords(before + u"\U0001F527y"), before + u"\U0001F527 y");
   EXPECT_EQ(CleanMarkup(u"<p>" + word + u"y").markup, u"<p>" + word + u" y</p>");
+}
+
+// Each piece between two tags was counted alone, and a '<' that is no tag's not at all.
+TEST(PageMarkup, AWordThatGoesOnAfterATagIsBrokenToo) {
+  const Text half(page_limit::kWord * 6 / 10, u'x');
+  for (const TextView between : {u"<b>", u"</i>", u"<!-- -->", u"<unknown>", u"<script></script>", u"<a href=x></a>",
+                                 u"<link>", u"<style>p{}</style>", u"<title>y</title>"}) {
+    const Text clean = CleanMarkup(half + Text(between) + half).markup;
+    EXPECT_NE(clean.find(u"x x"), Text::npos) << ToUtf8(between);
+  }
+  for (const TextView between : {u"<p>", u"<br>", u"<hr>", u"<ul><li>", u"</div>"}) {
+    EXPECT_EQ(CleanMarkup(u"<div>" + half + Text(between) + half).markup.find(u"x x"), Text::npos) << ToUtf8(between);
+  }
+  const Text signs = CleanMarkup(Text(3 * page_limit::kWord, u'<')).markup;
+  EXPECT_EQ(CountOf(ToUtf8(signs), "&lt;"), 3 * page_limit::kWord);
+  EXPECT_EQ(CountOf(ToUtf8(signs), " "), 3 * 4 - 1);
 }
 
 TEST(PageMarkup, AStyleSheetHasALimitedLengthAndNumberOfRules) {

@@ -103,7 +103,8 @@ TEST(PageSource, AVeryLongReferenceIsRefusedButALongDataAddressStaysForeign) {
 }
 
 TEST(PageSource, ANameIsMadeAReferenceThatResolvesToItself) {
-  for (const TextView name : {u"a.htm", u"50% off.htm", u"a#b.htm", u"what?.htm", u"\u00E1 b.htm"}) {
+  for (const TextView name :
+       {u"a.htm", u"50% off.htm", u"a#b.htm", u"what?.htm", u"\u00E1 b.htm", u" a.htm", u"a ", u" "}) {
     EXPECT_EQ(ToUtf8(ResolvePageAddress(u"", PageReference(name)).page), ToUtf8(name));
   }
 }

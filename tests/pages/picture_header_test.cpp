@@ -60,6 +60,11 @@ TEST(PictureHeader, KindAndSizeAreRead) {
        false},
       {"empty png", Png(0, 5), PictureKind::kPng, 0, 5, false},
       {"cut png", Png(9, 9).substr(0, 12), PictureKind::kPng, 0, 0, false},
+      {"jpeg with markers that have no length", "\xFF\xD8\xFF\x01\xFF\xD0" + Jpeg(800, 600), PictureKind::kJpeg, 800,
+       600, true},
+      // The decoder takes the first frame. A reader that took the first marker for one with a length would skip it.
+      {"jpeg with a small frame after the large one", "\xFF\xD8\xFF\x01" + Jpeg(30000, 30000).substr(2) + Jpeg(8, 8),
+       PictureKind::kJpeg, 30000, 30000, false},
       {"cut jpeg", Jpeg(9, 9).substr(0, 20), PictureKind::kJpeg, 0, 0, false},
       {"jpeg of a marker without length", "\xFF\xD8\xFF\xE0" + Big16(1) + std::string(20, 'x'), PictureKind::kJpeg, 0,
        0, false},

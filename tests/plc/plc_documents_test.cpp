@@ -67,6 +67,25 @@ TEST_F(PlcDocuments, ABitmapTakesThePlaceOfTheText) {
   EXPECT_EQ(view->picture, "") << "a text removes the picture";
 }
 
+TEST_F(PlcDocuments, EveryKindComesToTheFrontAndHidesTheOtherViews) {
+  static constexpr std::pair<TextView, const char*> kRows[] = {{u"text.txt#4", "text"},
+                                                               {u"page.htm", "page"},
+                                                               {u"photo.jpg", "page"},
+                                                               {u"plan.bmp", "text"},
+                                                               {u"film.avi", "video"}};
+  for (const auto& [before, area] : kRows) {
+    for (const auto& [document, shown] : kRows) {
+      SCOPED_TRACE(ToUtf8(before) + ", then " + ToUtf8(document));
+      Help(before);
+      All();
+      Help(document);
+      const Log asked = All();
+      EXPECT_EQ(std::count(asked.begin(), asked.end(), "view top"), 2) << "by the opening and by the document";
+      EXPECT_EQ(view->Area(), shown);
+    }
+  }
+}
+
 TEST_F(PlcDocuments, AVideoPlaysOnce) {
   EXPECT_THAT(Show(u"film.avi"), ElementsAre("view load video C:\\P61\\film.avi", "view play 1"));
   EXPECT_EQ(view->Area(), "video");

@@ -177,9 +177,11 @@ TEST_F(PlcTest, HidingTheOnlyHelpClosesTheWindow) {
 
 TEST_F(PlcTest, AMessageNeverDisplacesHelp) {
   Help(u"text.txt#1", u"Help of 12");
+  All();
   Report(3);
   EXPECT_EQ(Title(), "Help of 12");
   EXPECT_EQ(Mode(), PlcMode::kHelp);
+  EXPECT_THAT(HostCalls(), ElementsAre("HostMayOpenTool(1)", "HostToolOpening(1)")) << "it is asked all the same";
   Escape();
   EXPECT_EQ(Title(), " Message (3): oil is low");
 }
@@ -243,6 +245,22 @@ TEST_F(PlcTest, ARecordThatTheHostRefusesKeepsItsMode) {
   EXPECT_EQ(Title(), "Maintenance");
 }
 
+TEST_F(PlcTest, HelpThatTheHostRefusesKeepsItsModeToo) {
+  mayOpen = false;
+  Help(u"text.txt#1", u"Help of 12");
+  EXPECT_EQ(Mode(), PlcMode::kHelp);
+  EXPECT_FALSE(view->visible);
+  EXPECT_EQ(view->Area(), "nothing");
+  mayOpen = true;
+  Report(3);
+  EXPECT_TRUE(view->visible);
+  EXPECT_EQ(Title(), "Help of 12") << "the message waits for the end of the help";
+  All();
+  Escape();
+  EXPECT_EQ(Title(), " Message (3): oil is low");
+  EXPECT_THAT(HostCalls(), ElementsAre("HostForwardKey(27)"));
+}
+
 TEST_F(PlcTest, ANullRecordDoesNothing) {
   Call(&PlcSession::ShowErrorHelp, nullptr);
   Call(&PlcSession::ShowFile, 1, nullptr);
@@ -295,6 +313,14 @@ TEST_F(PlcTest, AMessageThatIsNotInTheTableHasNeitherTextNorDocument) {
   Report(4);
   EXPECT_EQ(Title(), " Message (4): ");
   EXPECT_EQ(view->Area(), "nothing");
+}
+
+TEST_F(PlcTest, AMessageThatIsNotFoundIsStillDeletedAndTheTableLeft) {
+  Report(4);
+  Log calls = All();
+  std::erase_if(calls, [](const std::string& line) { return line.starts_with("Host") || line.starts_with("view"); });
+  EXPECT_THAT(calls, ElementsAre("Connect()=1", "CreateMsg()=1", "ReadMsg(0,4)=0",
+                                 testing::StartsWith("DeleteMsg(0,4)"), testing::StartsWith("Disconnect(")));
 }
 
 TEST_F(PlcTest, ATableThatCannotConnectGivesTheSameResult) {
@@ -403,6 +429,36 @@ TEST_F(PlcTest, ADisplacedDocumentKeepsItsPlace) {
   Report(5);
   EXPECT_EQ(view->page, u"page.htm") << "a message that was left begins anew";
   EXPECT_EQ(view->scroll[plc_id::kPage], 0);
+}
+
+// The area shows the message's text on; its place was kept as the file's.
+TEST_F(PlcTest, AFileThatTheHostRefusesBeginsAtItsTop) {
+  Report(3);
+  File(u"text.txt#2");
+  view->scroll[plc_id::kText] = 40;
+  mayOpen = false;
+  Escape();
+  EXPECT_EQ(view->content, "Text 3");
+  mayOpen = true;
+  Report(5);
+  Escape();
+  EXPECT_EQ(view->content, "Text 2");
+  EXPECT_EQ(view->scroll[plc_id::kText], 0);
+}
+
+TEST_F(PlcTest, ADisplacedFileThatIsRefusedAndLeftGivesItsPlaceToNobody) {
+  File(u"text.txt#1");
+  File(u"text.txt#2");
+  view->scroll[plc_id::kText] = 55;
+  Report(5);
+  mayOpen = false;
+  Escape();
+  Escape();
+  mayOpen = true;
+  Report(3);
+  Escape();
+  EXPECT_EQ(view->content, "Text 2");
+  EXPECT_EQ(view->scroll[plc_id::kText], 0);
 }
 
 TEST_F(PlcTest, ADisplacedFileKeepsItsPlaceAndTheNextOneBeginsAtItsTop) {

@@ -9,6 +9,7 @@
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
 #include "controls/system_colors.h"
+#include "controls/wide_scroll_bar.h"
 #include "plc/plc_ids.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
@@ -104,6 +105,7 @@ PlcTextWidget::PlcTextWidget(QWidget* parent)
   edit_->setUndoRedoEnabled(false);
   edit_->setFrameShape(QFrame::NoFrame);
   edit_->setContextMenuPolicy(Qt::NoContextMenu);
+  edit_->setVerticalScrollBar(new WideScrollBar(Qt::Vertical, edit_));
   layout_->addWidget(edit_);
   layout_->addWidget(picture_);
   setFocusPolicy(Qt::StrongFocus);

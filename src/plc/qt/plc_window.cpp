@@ -189,6 +189,8 @@ void ZCPLCMsgView::ShowControl(int id, bool shown) {
   // A control that goes must not hand its focus to another control of the panel.
   if (!shown && control->isAncestorOf(QApplication::focusWidget())) setFocus(Qt::OtherFocusReason);
   control->setVisible(shown);
+  // A text takes the keys over from the window, so that it scrolls with them. A page gets them by FocusPage.
+  if (shown && id == plc_id::kText && window()->focusWidget() == this) control->setFocus(Qt::OtherFocusReason);
 }
 
 void ZCPLCMsgView::SetControlText(int id, TextView text) {
@@ -229,8 +231,14 @@ void ZCPLCMsgView::OnPageRefused(const QString& reference, PageRefusal reason) {
 }
 
 void ZCPLCMsgView::LoadVideo(TextView path) {
+  setProperty(property::kVideo, true);
   const auto place = context_.files.HostPath(path);
   video_->Load(place.value_or(std::string()), ToQString(FileNameOf(path)));
+}
+
+void ZCPLCMsgView::ClearVideo() {
+  video_->Clear();
+  setProperty(property::kVideo, false);
 }
 
 PlcPlace ZCPLCMsgView::PlaceIn(int id) const {
@@ -240,8 +248,11 @@ PlcPlace ZCPLCMsgView::PlaceIn(int id) const {
 
 void ZCPLCMsgView::SetPlace(int id, const PlcPlace& place) {
   if (id != plc_id::kPage) return text_->SetScrollPosition(place.scroll);
-  if (place.page != page_->Address()) page_->ShowPage(pages_, PageReference(place.page), {});
-  page_->SetScrollPosition(place.scroll);
+  navigating_ = true;
+  const bool there = place.page == page_->Address() || page_->ShowPage(pages_, PageReference(place.page), {});
+  navigating_ = false;
+  // When that page is gone, the document begins anew.
+  if (there) page_->SetScrollPosition(place.scroll);
 }
 
 }  // namespace pnl

@@ -53,7 +53,7 @@ class ZCPLCMsgView final : public ToolWindowWith<PlcView> {
   void PlayVideo(int times) override { video_->Play(times); }
   void StopVideo() override { video_->Stop(); }
   void RewindVideo() override { video_->Rewind(); }
-  void ClearVideo() override { video_->Clear(); }
+  void ClearVideo() override;
   [[nodiscard]] PlcPlace PlaceIn(int id) const override;
   void SetPlace(int id, const PlcPlace& place) override;
 

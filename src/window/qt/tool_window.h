@@ -11,7 +11,8 @@
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters),
 //                      pnlChecked (bool) of a check box, pnlEditing (bool) of a grid
 //   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
-//                      and pnlMenuAttached (bool) if it can have a menu bar
+//                      and pnlMenuAttached (bool) if it can have a menu bar, or pnlVideo (bool: a video is shown) if it
+//                      can show videos
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
 #pragma once
 

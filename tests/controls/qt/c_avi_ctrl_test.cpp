@@ -4,8 +4,11 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "support/avi_file.h"
 #include "support/event_wait.h"
+#include "support/request_traps.h"
 #include "support/temp_folder.h"
 #include "support/widget_probe.h"
 
@@ -213,11 +216,71 @@ TEST_F(RealVideo, AVideoIsRepeatedByHand) {
   EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
 }
 
+// Enter plays it once more, and nobody rewinds it.
+TEST_F(RealVideo, AVideoThatHasEndedPlaysFromItsBeginning) {
+  std::vector<QColor> colors(5, Qt::red);
+  colors.resize(10, Qt::blue);
+  Load(AviFile(colors, 10));
+  for (int time = 0; time < 2; ++time) {
+    area_.Play(1);
+    EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); })) << time;
+    EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); })) << time;
+    EXPECT_TRUE(Shows(0, 255)) << "the last frame stays";
+  }
+}
+
+TEST_F(RealVideo, AVideoThatIsStoppedAndRewoundShowsItsFirstFrame) {
+  std::vector<QColor> colors(5, Qt::red);
+  colors.resize(100, Qt::blue);
+  Load(AviFile(colors, 10));
+  area_.Play(1);
+  EXPECT_TRUE(RunUntil([this] { return Shows(0, 255); }));
+  area_.Stop();
+  area_.Rewind();
+  EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
+  Settle();
+  EXPECT_TRUE(Shows(255, 0)) << "and goes no further";
+}
+
 TEST_F(RealVideo, AFileThatIsNoVideoShowsItsName) {
   Load("no video at all");
   area_.Play(1);
   EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
   EXPECT_TRUE(area_.Frame().isNull());
+}
+
+// A list of addresses is no video, whatever its name.
+TEST_F(RealVideo, AListOfAddressesConnectsToNobody) {
+  const ConnectionTrap network;
+  const std::string address = "http://" + network.Host() + "/a.ts";
+  for (const std::string& list :
+       {"#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + address + "\n#EXT-X-ENDLIST\n",
+        "[Reference]\nRef1=" + address, "<ASX version=\"3\"><Entry><Ref href=\"" + address + "\"/></Entry></ASX>",
+        "<?xml version=\"1.0\"?><smil><body><video src=\"" + address + "\"/></body></smil>", address + "\n",
+        "RTSPtext" + address + "\n"}) {
+    SCOPED_TRACE(list);
+    Load(list);
+    area_.Play(1);
+    EXPECT_TRUE(RunUntil([this] { return !area_.IsPlaying(); }));
+    EXPECT_EQ(network.Connections(), 0);
+  }
+}
+
+TEST_F(RealVideo, VideosLeaveNoOpenFilesBehind) {
+  const auto play = [this] {
+    Load(AviFile(std::vector<QColor>(5, Qt::red), 10));
+    area_.Play(1);
+    EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
+    area_.Clear();
+    Settle();
+  };
+  const auto entries = [](const char* folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+  };
+  for (int i = 0; i < 3; ++i) play();
+  const auto files = entries("/proc/self/fd");
+  for (int i = 0; i < 20; ++i) play();
+  EXPECT_LE(entries("/proc/self/fd"), files);
 }
 
 TEST_F(RealVideo, AVideoMayBeClearedWhileItPlays) {

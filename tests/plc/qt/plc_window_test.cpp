@@ -2,9 +2,12 @@
 // The PLC message view in a panel's window, off screen, with real keys, documents on a disc and a fake player.
 #include "plc/qt/plc_window.h"
 
+#include <QtGui/QFontMetrics>
 #include <QtWidgets/QScrollBar>
+#include <filesystem>
 
 #include "controls/fonts.h"
+#include "controls/system_colors.h"
 #include "plc/plc_ids.h"
 #include "support/deleting_host.h"
 #include "support/event_wait.h"
@@ -207,6 +210,72 @@ TEST_F(PlcWindow, APageHasTheFocusAndKeepsItsKeys) {
   EXPECT_EQ(Title(), " PLC message (7): message 7");
 }
 
+// The window had the focus and kept it, so a long text couldn't be scrolled.
+TEST_F(PlcWindow, ATextScrollsWithTheKeysFromTheFirstReportOn) {
+  cnc.PlcMessage(0, 9, u"message 9", u"text.txt#3");
+  Report(3);
+  auto* const edit = Control(plc_id::kText)->findChild<QPlainTextEdit*>();
+  EXPECT_EQ(Focus(), edit);
+  PressKey(Focus(), Qt::Key_PageDown);
+  EXPECT_GT(edit->verticalScrollBar()->value(), 0);
+  Escape();
+  Report(5);
+  Report(9);
+  Escape();
+  EXPECT_EQ(Title(), " PLC message (9): message 9");
+  EXPECT_EQ(Focus(), edit) << "after a page, too";
+}
+
+TEST_F(PlcWindow, ALongDocumentHasAScrollBarForAFinger) {
+  Report(3);
+  EXPECT_EQ(Control(plc_id::kText)->findChild<QPlainTextEdit*>()->verticalScrollBar()->width(), 30);
+  Help(u"page.htm");
+  EXPECT_EQ(Page().TextArea().verticalScrollBar()->width(), 30);
+}
+
+TEST_F(PlcWindow, ATextTakesTheKeysFromNobodyElse) {
+  Report(3);
+  Help(u"page.htm");
+  other->setFocus();
+  Send(RegisterMessage(PNL_NAME_HIDE_ERROR_HELP), 0, 0);
+  EXPECT_TRUE(Shows(plc_id::kText));
+  EXPECT_EQ(Focus(), other);
+}
+
+TEST_F(PlcWindow, TheFontsAreThoseOfTheDialog) {
+  Report(3);
+  Report(5);
+  const QFont title = Control(plc_id::kCount)->font();
+  EXPECT_EQ(title.weight(), QFont::Normal);
+  EXPECT_EQ(title.pixelSize(), MakeFont(QStringLiteral("Arial"), 25, 400)->pixelSize());
+  EXPECT_NEAR(QFontMetrics(title).averageCharWidth(), 10, 1);
+  const QFont text = Control(plc_id::kText)->findChild<QPlainTextEdit*>()->font();
+  EXPECT_EQ(text.families().value(0), "Times New Roman");
+  EXPECT_EQ(text.weight(), QFont::Normal);
+  EXPECT_EQ(text.pixelSize(), MakeFont(QStringLiteral("Times New Roman"), 21, 400)->pixelSize());
+}
+
+TEST_F(PlcWindow, TheWindowsColourFillsAnEmptyArea) {
+  Report(0);
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_EQ(Count(Paint(*tool), SystemColor(kColorWindow), QRect(0, 30, 800, 570)), 800 * 570);
+}
+
+// A host dims its keys for the video by this property.
+TEST_F(PlcWindow, ThePropertySaysWhetherAVideoIsShown) {
+  const auto says = [this] { return tool->property(property::kVideo).toBool(); };
+  EXPECT_FALSE(says());
+  for (const TextView document : {u"text.txt#3", u"page.htm", u"plan.bmp", u"photo.jpg", u"none.htm", u""}) {
+    Help(u"film.avi");
+    EXPECT_TRUE(says());
+    Help(document);
+    EXPECT_FALSE(says()) << ToUtf8(document);
+  }
+  Help(u"film.avi");
+  Escape();
+  EXPECT_FALSE(says());
+}
+
 // The focus of a picture went to the text that it hides, which is nowhere.
 TEST_F(PlcWindow, APictureTakesTheKeysBackWithEachReport) {
   for (const TextView file : {u"photo.jpg", u"plan.bmp"}) {
@@ -286,6 +355,20 @@ TEST_F(PlcWindow, DisplacedDocumentsKeepTheirPlaces) {
   EXPECT_EQ(Page().ScrollPosition(), 77);
 }
 
+// The place of the page that is gone was used for the document's first page.
+TEST_F(PlcWindow, ADisplacedDocumentWhosePageIsGoneBeginsAnew) {
+  Report(5);
+  Page().Follow(u"next.htm");
+  Page().SetScrollPosition(77);
+  Report(3);
+  std::filesystem::remove(*files.HostPath(u"C:\\P61\\next.htm"));
+  TakeHostCalls();
+  Escape();
+  EXPECT_EQ(Page().Address(), u"page.htm");
+  EXPECT_EQ(Page().ScrollPosition(), 0);
+  EXPECT_THAT(TakeHostCalls(), testing::IsEmpty()) << "no link was followed";
+}
+
 TEST_F(PlcWindow, ALinkOutOfTheDocumentIsRefusedWithAMessage) {
   Report(5);
   TakeHostCalls();
@@ -308,13 +391,18 @@ TEST_F(PlcWindow, AThousandDocumentsOfEveryKindLeaveNothingBehind) {
                                             u"moving.gif", u"film.avi", u"none.htm"};
   Help(u"page.htm");
   const auto objects = [this] { return tool->findChildren<QObject*>().size(); };
+  const auto openFiles = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
+  };
   Help(u"page.htm");
   const auto before = objects();
+  const auto openBefore = openFiles();
   for (int i = 0; i < 1000; ++i) {
     Help(kDocuments[static_cast<std::size_t>(i) % std::size(kDocuments)]);
   }
   Help(u"page.htm");
   EXPECT_LE(objects(), before + 2);
+  EXPECT_EQ(openFiles(), openBefore);
   EXPECT_FALSE(Page().CanGoBack());
 }
 

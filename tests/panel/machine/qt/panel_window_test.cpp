@@ -411,6 +411,39 @@ TEST_F(PanelWindowTest, AManualIsLeftByTouchEvenWhileAWordOfItsPageIsLookedFor) 
   EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_HELP));
 }
 
+// They could be pressed for every document, and did nothing.
+TEST_F(PanelWindowTest, TheKeysOfTheVideoAreDimForEveryOtherDocument) {
+  op_->Desk().StartTools();
+  const auto enabled = [this] {
+    std::vector<bool> all;
+    for (const SoftKeyItem& item : window_->MainBar().Items()) all.push_back(item.enabled);
+    return all;
+  };
+  const auto leave = [this] {
+    session_.TypeInto(PNL_TOOL_PLC_MESSAGES, Qt::Key_Escape);
+    Settle();
+  };
+  const std::vector<bool> dim{false, false, false, true};
+  const std::vector<bool> lit{true, true, true, true};
+  for (const auto& message : op_->PlcMessages()) {
+    SCOPED_TRACE(message.code);
+    op_->RaisePlcMessage(message.code);
+    Settle();
+    ASSERT_EQ(session_.FrontTool(), PNL_TOOL_PLC_MESSAGES);
+    EXPECT_EQ(enabled(), message.code == 3 ? lit : dim);
+    leave();
+  }
+  for (const std::uint32_t code : {3u, 1u}) {
+    op_->RaisePlcMessage(code);
+    Settle();
+  }
+  EXPECT_EQ(enabled(), dim) << "another message lies over the video";
+  leave();
+  EXPECT_EQ(enabled(), lit) << "the video is back, without a call of the tool";
+  leave();
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES));
+}
+
 TEST_F(PanelWindowTest, AMessageOfAToolShowsInItsColours) {
   rig_.Cnc().Set(u"[1].E.INSPECSTATUS", std::int64_t{0});
   Do(Action::kOpenMdi);
