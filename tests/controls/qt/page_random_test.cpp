@@ -35,9 +35,8 @@ class PageRandom : public testing::TestWithParam<unsigned> {
         "p",    "b",    "i",    "a",   "table", "tr",    "td", "th",      "ul",   "ol",  "li",         "dl",
         "dt",   "dd",   "pre",  "div", "span",  "h1",    "br", "hr",      "img",  "tt",  "blockquote", "tbody",
         "nobr", "body", "html", "x",   "font",  "thead", "u",  "caption", "head", "sub", "code",       "center"};
-    static constexpr const char* kNames[] = {"width",   "height",  "colspan", "rowspan",    "align",
-                                             "style",   "border",  "href",    "name",       "size",
-                                             "onclick", "class",   "cellpadding"};
+    static constexpr const char* kNames[] = {"width", "height", "colspan", "rowspan", "align", "style",      "border",
+                                             "href",  "name",   "size",    "onclick", "class", "cellpadding"};
     static constexpr const char* kValues[] = {"1",
                                               "0",
                                               "-1",
