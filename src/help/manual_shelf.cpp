@@ -10,7 +10,7 @@
 namespace pnl {
 
 PageAddress ManualPages::AddressOf(TextView page, TextView reference) const {
-  const PageAddress address = ResolvePageAddress(page, reference);
+  PageAddress address = ResolvePageAddress(page, reference);
   if (address.refusal == PageRefusal::kNone) return address;
   // A page of the same name in another manual is another page.
   const Text named = ManualNamedIn(reference);

@@ -27,6 +27,8 @@ inline constexpr Color kNoteText = 0;
 inline constexpr Color kMissingText = 0xFFFFFF;
 
 inline constexpr int kFont = 17;
+inline constexpr int kLeastFont = 8;
+inline constexpr int kMostFont = 96;
 inline constexpr int kFontWeight = 500;
 inline constexpr int kLeastRow = 36;  // for a finger, on any panel
 inline constexpr int kKeyHeight = 44;
@@ -39,7 +41,7 @@ inline constexpr int kMostPanes = 520;
 /// Fits sizes to the panel: its fonts grow with it.
 class HelpScale {
  public:
-  explicit HelpScale(Utilities& utilities) : font_(std::max(1, utilities.UTIL7340_FitFontSize(help_look::kFont))) {}
+  explicit HelpScale(Utilities& utilities) : font_(FontOf(utilities.UTIL7340_FitFontSize(help_look::kFont))) {}
   [[nodiscard]] int Font() const { return font_; }
   [[nodiscard]] int operator()(int pixels) const { return std::max(pixels, pixels * font_ / help_look::kFont); }
   [[nodiscard]] int RowHeight() const { return std::max(help_look::kLeastRow, font_ * 2); }
@@ -48,6 +50,11 @@ class HelpScale {
   }
 
  private:
+  /// The panel may answer no size, or an absurd one.
+  static int FontOf(int fitted) {
+    return fitted > 0 ? std::clamp(fitted, help_look::kLeastFont, help_look::kMostFont) : help_look::kFont;
+  }
+
   int font_;
 };
 

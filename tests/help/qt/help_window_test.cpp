@@ -3,6 +3,7 @@
 #include "help_stage.h"
 
 #include <QScrollBar>
+#include <climits>
 #include <cstdlib>
 
 namespace pnl::test {
@@ -434,6 +435,20 @@ class SizedStage : public HelpStage {
 TEST_P(HelpSizes, EveryControlHasItsPlace) { SizedStage(GetParam()).Look(); }
 
 INSTANTIATE_TEST_SUITE_P(Panels, HelpSizes, testing::Values(QSize(800, 600), QSize(800, 460), QSize(1920, 1080)));
+
+// Without a size the font was one pixel high.
+TEST_F(HelpWindow, APanelThatAnswersNoFontOrAnAbsurdOneGetsAFontThatCanBeRead) {
+  struct Row {
+    int answer;
+    int font;
+  };
+  for (const Row& row : {Row{0, 17}, Row{-5, 17}, Row{1, 8}, Row{30, 30}, Row{96, 96}, Row{97, 96}, Row{INT_MAX, 96}}) {
+    ASSERT_TRUE(cnc.Returns("UTIL7340_FitFontSize", {row.answer}));
+    const HelpScale scale(context.cnc.Util());
+    EXPECT_EQ(scale.Font(), row.font) << row.answer;
+    EXPECT_GE(scale(help_look::kKeyHeight), help_look::kKeyHeight) << row.answer;
+  }
+}
 
 }  // namespace
 }  // namespace pnl::test
