@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "controls/video/media_player.h"
 
-#include <QUrl>
 #include <QVideoFrame>
 #include <utility>
 
@@ -14,7 +13,6 @@ constexpr qint64 kMostPixels = 16'000'000;
 }  // namespace
 
 MediaPlayer::MediaPlayer(Listener listener) : listener_(std::move(listener)) {
-  player_.setVideoSink(&sink_);
   // Queued, so that nothing comes inside a call of ours.
   QObject::connect(
       &sink_, &QVideoSink::videoFrameChanged, &sink_,
@@ -25,27 +23,48 @@ MediaPlayer::MediaPlayer(Listener listener) : listener_(std::move(listener)) {
         if (!image.isNull()) listener_.frame(image);
       },
       Qt::QueuedConnection);
+}
+
+void MediaPlayer::Open() {
+  player_ = std::make_unique<QMediaPlayer>();
+  player_->setVideoSink(&sink_);
   QObject::connect(
-      &player_, &QMediaPlayer::mediaStatusChanged, &sink_,
-      [this](QMediaPlayer::MediaStatus status) {
+      player_.get(), &QMediaPlayer::mediaStatusChanged, &sink_,
+      [this, opening = ++opened_](QMediaPlayer::MediaStatus status) {
+        if (opening != opened_) return;
         if (status == QMediaPlayer::EndOfMedia) listener_.ended();
         if (status == QMediaPlayer::InvalidMedia) listener_.failed();
       },
       Qt::QueuedConnection);
+  player_->setSource(file_);
 }
-
-MediaPlayer::~MediaPlayer() { player_.stop(); }
 
 void MediaPlayer::Load(const std::string& hostPath) {
   // Always a file of this machine, however its name looks.
-  player_.setSource(QUrl::fromLocalFile(QString::fromStdString(hostPath)));
+  file_ = QUrl::fromLocalFile(QString::fromStdString(hostPath));
+  Open();
 }
 
-void MediaPlayer::Play() { player_.play(); }
+void MediaPlayer::Play() {
+  if (!player_) return;
+  if (player_->mediaStatus() == QMediaPlayer::EndOfMedia) Open();
+  player_->play();
+}
 
-void MediaPlayer::Stop() { player_.pause(); }
+void MediaPlayer::Stop() {
+  if (player_) player_->pause();
+}
 
-void MediaPlayer::Rewind() { player_.setPosition(0); }
+void MediaPlayer::Rewind() {
+  if (!player_) return;
+  const bool playing = player_->playbackState() == QMediaPlayer::PlayingState;
+  Open();
+  if (playing) {
+    player_->play();
+  } else {
+    player_->pause();
+  }
+}
 
 }  // namespace pnl
 
