@@ -228,9 +228,9 @@ TEST_F(LibraryTest, WithAllSlotsNullTheCommandLineOpensAndClosesAllTheSame) {
 TEST_F(LibraryTest, TheLanguageChangesOnlyToAPackThatIsThere) {
   EXPECT_EQ(library_.Texts().LoadToolText(7), u"End edit") << "the start value";
   EXPECT_TRUE(library_.SetLanguage("es"));
-  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin de edición");
   for (const char* none : {"xx", "", "../en", "EN"}) EXPECT_FALSE(library_.SetLanguage(none)) << none;
-  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin de edición");
   EXPECT_TRUE(library_.SetLanguage("none"));
   EXPECT_EQ(library_.Texts().LoadToolText(38), u"T38");
   EXPECT_NE(library_.Texts().LoadToolMenu(u"3015"), 0u);
@@ -315,7 +315,7 @@ TEST_F(LibraryTest, ABackendLibraryTakesTheSimulationsPlace) {
   ASSERT_TRUE(library_.SetLanguage("es"));
   EXPECT_TRUE(library_.SetBackend(folder + "/tiny_works.so"));
   EXPECT_EQ(library_.Simulation(), nullptr);
-  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición") << "the language stays";
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin de edición") << "the language stays";
   const WindowHandle tool = library_.LoadTool(6, parent_);
   ASSERT_NE(tool, 0);
   EXPECT_EQ(library_.Windows().Send(tool, {PNL_MSG_TOOL_COMMAND, 2, 1}), PNL_REFUSED) << "that control has no kernel";

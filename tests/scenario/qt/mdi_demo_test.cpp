@@ -149,7 +149,7 @@ TEST_F(DemoMdi, TheListIsSavedAsAProgramThroughTheExplorer) {
   }
   client.Tell(mdi, kCommand, kSwitchRole);
   client.Call("ui.command", {{"window", mdi}, {"id", 32775}});
-  EXPECT_EQ(client.Call("xplr.record").toObject()["Title"], "Save program");
+  EXPECT_EQ(client.Call("xplr.record").toObject()["Title"], "Save as program");
   AcceptName("PART7.nc");
   EXPECT_EQ(temp.Read("root/CNC/PROGRAMS/PART7.nc"),
             "(------------- CREATED BY MDI -------------)\n% PART7\nG0 X1\nM5\nM30");
