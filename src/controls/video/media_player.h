@@ -3,35 +3,36 @@
 // module's own source: nothing else includes it.
 #pragma once
 
-#include <QMediaPlayer>
-#include <QUrl>
-#include <QVideoSink>
 #include <memory>
 
 #include "controls/video_player.h"
 
 namespace pnl {
 
+class Reel;
+struct ReelDesk;
+
+/// Plays on a thread of its own, because the multimedia library can wait for ever for its own threads when a video is
+/// opened, rewound or left. The window's thread never waits for that thread.
 class MediaPlayer final : public VideoPlayer {
  public:
   explicit MediaPlayer(Listener listener);
+  ~MediaPlayer() override;
+  MediaPlayer(const MediaPlayer&) = delete;
+  MediaPlayer& operator=(const MediaPlayer&) = delete;
 
   void Load(const std::string& hostPath) override;
   void Play() override;
   void Stop() override;
   void Rewind() override;
-  [[nodiscard]] std::int64_t Position() const override { return player_ ? player_->position() : 0; }
+  [[nodiscard]] std::int64_t Position() const override;
 
  private:
-  /// Opens the file anew, with a player of its own. A player never seeks: that can wait for ever for the player's
-  /// threads, and the panel with it. Nor does it stop, because it seeks then.
-  void Open();
+  template <typename Operation>
+  void Tell(Operation operation);
 
-  Listener listener_;
-  QUrl file_;
-  int opened_ = 0;  // how often the file was opened; reports of an earlier player don't count
-  QVideoSink sink_;
-  std::unique_ptr<QMediaPlayer> player_;
+  std::shared_ptr<ReelDesk> desk_;
+  Reel* reel_;  // lives on its own thread, which ends after it
 };
 
 }  // namespace pnl
