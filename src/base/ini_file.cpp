@@ -244,7 +244,7 @@ void CIniFile::BlankLineAtEnd() {
   std::vector<Line>& lines = stretches_.back().lines;
   const auto last = std::find_if(lines.rbegin(), lines.rend(), [](const Line& each) { return !each.deleted; });
   const bool nothing = last == lines.rend() && stretches_.back().header.empty();
-  const bool blank = last != lines.rend() && (last->raw.empty() || (!last->isKey && last->raw.ends_with(u'\n')));
+  const bool blank = last != lines.rend() && (last->raw.empty() || last->raw.ends_with(u'\n'));
   if (!nothing && !blank) lines.push_back({});
 }
 

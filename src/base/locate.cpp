@@ -89,7 +89,7 @@ Located Locate(const std::string& driveFolder, const std::vector<Text>& names) {
 std::string ThroughLinks(const std::string& hostPath) {
   constexpr int kMostLinks = 40;
   std::string path = hostPath;
-  for (int step = 0; step < kMostLinks; ++step) {
+  for (int step = 0; step <= kMostLinks; ++step) {
     std::array<char, PATH_MAX> target{};
     const ssize_t length = readlink(path.c_str(), target.data(), target.size());
     if (length <= 0) return path;

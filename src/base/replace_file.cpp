@@ -201,7 +201,6 @@ FileStatus CheckReplace(const std::string& hostPath) {
   }
   const std::string folder = FolderOf(target);
   if (stat(folder.c_str(), &info) != 0) return errno == ENOENT ? FileStatus::kOutOfReach : StatusOfError(errno);
-  if (!S_ISDIR(info.st_mode)) return FileStatus::kOutOfReach;
   return IsWritable(folder, info.st_mode) ? FileStatus::kOk : FileStatus::kDenied;
 }
 
@@ -236,7 +235,7 @@ FileStatus MakeFolders(const std::string& root, const std::string& hostPath) {
   if (stat(root.c_str(), &info) != 0) return FileStatus::kOutOfReach;
   if (!S_ISDIR(info.st_mode)) return FileStatus::kFailed;
   for (std::size_t end = root.size(); end < hostPath.size();) {
-    const std::string parent = hostPath.substr(0, std::max<std::size_t>(end, 1));
+    const std::string parent = hostPath.substr(0, end);
     end = std::min(hostPath.find('/', end + 1), hostPath.size());
     const std::string folder = hostPath.substr(0, end);
     if (stat(folder.c_str(), &info) == 0) {

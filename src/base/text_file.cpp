@@ -111,7 +111,6 @@ bool CStdioFileEx::SeekByte(std::int64_t byte) {
 bool CStdioFileEx::Close() {
   const Mode mode = std::exchange(mode_, Mode::kClosed);
   reader_.reset();
-  denyWrites_ = false;
   const Text written = std::exchange(written_, {});
   if (mode != Mode::kWriting) return true;
   return files_.Replace(path_, ToUtf8(written)) == FileStatus::kOk;

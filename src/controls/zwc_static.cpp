@@ -41,7 +41,7 @@ void ZWCStatic::SetFont(const QString& face, int height, int weight) {
 void ZWCStatic::SetTextW(const QString& text, bool redraw) {
   if (m_bLocked) return;
   text_ = text;
-  if (m_FitMode != kFitNone) ChooseFormat();
+  ChooseFormat();
   if (redraw) update();
 }
 

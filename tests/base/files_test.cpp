@@ -183,5 +183,47 @@ TEST_F(FilesTest, MakeFolderTellsWhyItFailed) {
   EXPECT_FALSE(temp.Has("unplugged"));
 }
 
+TEST_F(FilesTest, AFolderOnADriveThatIsAFileIsNotMade) {
+  temp.Write("file", "x");
+  drives.Set('D', Host("file"));
+  EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kFailed);
+  EXPECT_EQ(files.MakeFolder(u"D:\\"), FileStatus::kFailed);
+  EXPECT_TRUE(files.Query(u"D:\\a").outOfReach);
+}
+
+TEST_F(FilesTest, WhatReadWholeGivesOfAGrowingFileIsItsContent) {
+  drives.Set('P', "/proc/self");
+  for (const std::uint64_t limit : {std::uint64_t{1} << 20, std::uint64_t{UINT64_MAX}}) {
+    const auto status = ReadWhole(files, u"P:\\status", limit);
+    ASSERT_TRUE(status);
+    EXPECT_EQ(status->substr(0, 5), "Name:");
+    EXPECT_EQ(status->find('\0'), std::string::npos);
+    EXPECT_EQ(status->back(), '\n');
+  }
+}
+
+TEST_F(FilesTest, AFileBeyondAGigabyteIsReadOnlyWhereThatIsAsked) {
+  temp.Write("huge", "");
+  fs::resize_file(Host("huge"), (std::uint64_t{1} << 30) + 1);
+  EXPECT_FALSE(ReadWhole(files, u"C:\\huge"));
+}
+
+TEST_F(FilesTest, AFileOfTheMachineIsReadByItsOwnPathUpToALimit) {
+  temp.Write("sub/a.txt", "12345");
+  EXPECT_EQ(ReadHostFile(Host("sub/a.txt"), 5), "12345");
+  EXPECT_FALSE(ReadHostFile(Host("sub/a.txt"), 4));
+  EXPECT_FALSE(ReadHostFile(Host("sub/none"), 5));
+  EXPECT_FALSE(ReadHostFile(Host("sub"), 5));
+  EXPECT_FALSE(ReadHostFile("", 5));
+}
+
+TEST_F(FilesTest, AnotherThreadsFilesHaveTheDrivesOfTheirMaking) {
+  temp.Write("a.txt", "x");
+  const auto other = files.ForAnotherThread();
+  drives.Set('C', "");
+  EXPECT_FALSE(files.HostPath(u"C:\\a.txt"));
+  EXPECT_EQ(ReadWhole(*other, u"C:\\a.txt"), "x");
+}
+
 }  // namespace
 }  // namespace pnl

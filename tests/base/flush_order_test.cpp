@@ -8,6 +8,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <filesystem>
@@ -27,6 +28,10 @@ struct SystemCalls {
   std::vector<std::string> made;
   std::string failing;  // the call that fails
   int error = 0;
+  int failures = -1;  // how often it fails; -1 for ever
+  bool shortWrites = false;
+  bool strangeOwner = false;  // this process seems to be somebody else's than its files
+  int createFlags = 0;
   std::function<void(const std::string& path)> beforeLock;  // once, with the new file's path
   std::function<void()> beforeOpen;                         // once, before a file is opened for reading
   std::string created;
@@ -39,7 +44,8 @@ bool Note(const std::string& call) {
   if (pnl::test::beforeChange) pnl::test::beforeChange();
   if (!calls.recording) return false;
   calls.made.push_back(call);
-  if (call != calls.failing) return false;
+  if (call != calls.failing || calls.failures == 0) return false;
+  if (calls.failures > 0) --calls.failures;
   errno = calls.error;
   return true;
 }
@@ -73,8 +79,20 @@ extern "C" int unlink(const char* path) noexcept {
 }
 
 extern "C" ssize_t write(int file, const void* bytes, size_t size) {
-  if (Note("write")) return -1;
-  return syscall(SYS_write, file, bytes, size);
+  if (Note("write")) return calls.error == 0 ? 0 : -1;
+  return syscall(SYS_write, file, bytes, calls.shortWrites && size > 1 ? 1 : size);
+}
+
+extern "C" uid_t geteuid() noexcept { return static_cast<uid_t>(syscall(SYS_geteuid)) + (calls.strangeOwner ? 1 : 0); }
+
+extern "C" int fchown(int file, uid_t user, gid_t group) noexcept {
+  if (Note("owner")) return -1;
+  return static_cast<int>(syscall(SYS_fchown, file, user, group));
+}
+
+extern "C" int mkdir(const char* path, mode_t mode) noexcept {
+  if (Note("folder " + Octal(mode))) return -1;
+  return static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
 }
 
 extern "C" int fchmod(int file, mode_t mode) noexcept {
@@ -90,6 +108,7 @@ extern "C" int open(const char* path, int flags, ...) {
   if ((flags & O_CREAT) != 0) {
     if (Note("create " + Octal(mode))) return -1;
     calls.created = path;
+    calls.createFlags = flags;
   } else if (calls.recording && (flags & O_DIRECTORY) == 0) {
     calls.readFlags = flags;
     if (const auto hook = std::exchange(calls.beforeOpen, nullptr)) hook();
@@ -187,9 +206,9 @@ TEST_F(FlushOrderTest, ATemporaryFileThatACleanerHasLockedIsMadeAnew) {
 TEST_F(FlushOrderTest, NewFoldersAreFlushedLikeFiles) {
   // A power cut could take a new folder back with every file that had been flushed into it.
   EXPECT_EQ(files.MakeFolder(u"C:\\one\\two"), FileStatus::kOk);
-  EXPECT_EQ(calls.made, (Calls{"flush folder", "flush folder"}));
+  EXPECT_EQ(calls.made, (Calls{"folder 777", "flush folder", "folder 777", "flush folder"}));
   EXPECT_EQ(files.MakeFolder(u"C:\\one\\two"), FileStatus::kOk);
-  EXPECT_EQ(calls.made.size(), 2u) << "what was there needs no flush";
+  EXPECT_EQ(calls.made.size(), 4u) << "what was there needs no flush";
 }
 
 TEST_F(FlushOrderTest, APipePutInAFilesPlaceAfterTheCheckIsNotWaitedFor) {
@@ -204,6 +223,70 @@ TEST_F(FlushOrderTest, APipePutInAFilesPlaceAfterTheCheckIsNotWaitedFor) {
   EXPECT_EQ(files.OpenRead(u"C:\\a.txt", &status), nullptr);
   EXPECT_EQ(status, FileStatus::kDenied);
   EXPECT_NE(calls.readFlags & O_CLOEXEC, 0) << "a program that the panel starts must not inherit it";
+}
+
+TEST_F(FlushOrderTest, AFolderThatSomebodyElseMakesMeanwhileIsThereAllTheSame) {
+  calls.failing = "folder 777";
+  calls.error = EEXIST;
+  EXPECT_EQ(files.MakeFolder(u"C:\\one"), FileStatus::kOk);
+  EXPECT_EQ(calls.made, (Calls{"folder 777", "flush folder"}));
+  calls.error = ENOSPC;
+  EXPECT_EQ(files.MakeFolder(u"C:\\one"), FileStatus::kDiscFull);
+}
+
+TEST_F(FlushOrderTest, AnInterruptedCallIsMadeAgain) {
+  for (const char* const call : {"create 600", "write", "flush file"}) {
+    calls.made.clear();
+    calls.failures = 2;
+    EXPECT_EQ(ReplaceFailing(call, EINTR), FileStatus::kOk) << call;
+    EXPECT_EQ(std::count(calls.made.begin(), calls.made.end(), call), 3) << call;
+    EXPECT_EQ(temp.Read("a.txt"), "new");
+    temp.Write("a.txt", "old");
+    std::filesystem::permissions(temp.Path() / "a.txt", std::filesystem::perms(0644));
+  }
+}
+
+TEST_F(FlushOrderTest, ANameThatIsTakenIsTriedAnewButNotForEver) {
+  calls.failures = 5;
+  EXPECT_EQ(ReplaceFailing("create 600", EEXIST), FileStatus::kOk);
+  EXPECT_EQ(calls.made[5], "create 600");
+  EXPECT_EQ(calls.made[6], "mode 644");
+  calls.failures = -1;
+  calls.made.clear();
+  EXPECT_EQ(ReplaceFailing("create 600", EEXIST), FileStatus::kFailed);
+  EXPECT_EQ(calls.made.size(), 100u);
+  EXPECT_EQ(temp.Read("a.txt"), "new");
+  EXPECT_EQ(CountFiles(), 1);
+}
+
+TEST_F(FlushOrderTest, AWriteInPartsGoesOnAndOneOfNothingIsAFullDisc) {
+  calls.shortWrites = true;
+  EXPECT_EQ(files.Replace(u"C:\\a.txt", "longer"), FileStatus::kOk);
+  EXPECT_EQ(temp.Read("a.txt"), "longer");
+  EXPECT_EQ(std::count(calls.made.begin(), calls.made.end(), "write"), 6);
+  calls.shortWrites = false;
+  EXPECT_EQ(ReplaceFailing("write", 0), FileStatus::kDiscFull);
+  EXPECT_EQ(temp.Read("a.txt"), "longer");
+}
+
+TEST_F(FlushOrderTest, ADiscThatKnowsNoFlushOrNoLocksIsGoodEnough) {
+  EXPECT_EQ(ReplaceFailing("flush file", ENOTSUP), FileStatus::kOk);
+  EXPECT_EQ(ReplaceFailing("lock", ENOLCK), FileStatus::kOk);
+  EXPECT_EQ(std::count(calls.made.begin(), calls.made.end(), "create 600"), 2) << "once each";
+  EXPECT_EQ(temp.Read("a.txt"), "new");
+}
+
+TEST_F(FlushOrderTest, ATemporaryFileIsNewAndNoOtherProgramsBusiness) {
+  EXPECT_EQ(files.Replace(u"C:\\a.txt", "new"), FileStatus::kOk);
+  for (const int flag : {O_EXCL, O_NOFOLLOW, O_CLOEXEC}) EXPECT_NE(calls.createFlags & flag, 0) << flag;
+  EXPECT_EQ(calls.createFlags & O_ACCMODE, O_WRONLY);
+}
+
+TEST_F(FlushOrderTest, AFileOfAnotherOwnerIsGivenToItBeforeItsMode) {
+  calls.strangeOwner = true;
+  EXPECT_EQ(files.Replace(u"C:\\a.txt", "new"), FileStatus::kOk);
+  EXPECT_EQ(calls.made, (Calls{"create 600", "owner", "mode 644", "write", "flush file", "rename", "flush folder"}));
+  EXPECT_EQ(ReplaceFailing("owner", EPERM), FileStatus::kOk) << "as far as this process may";
 }
 
 }  // namespace

@@ -180,6 +180,21 @@ TEST_F(IniFileTest, AValueIsKeptAsAReaderOfTheFileFindsIt) {
   ini.WriteString(u" S ", u" k ", u"  a\r\nb\t");
   EXPECT_EQ(ini.ReadString(u"S", u"k", u""), u"a  b");
   EXPECT_EQ(ini.Serialize(), "[S]\r\nk=a  b\r\n");
+  EXPECT_EQ(ini.ReadString(u" s\t", u" K ", u""), u"a  b") << "whoever asks may write the names so, too";
+  EXPECT_EQ(ini.GetKeyNames(u" S "), std::vector<Text>{u"k"});
+  ini.DeleteKey(u" S ", u" k ");
+  EXPECT_EQ(ini.Serialize(), "[S]\r\n");
+}
+
+TEST_F(IniFileTest, BlankLinesAtTheEndNeedNoFurtherOne) {
+  for (const char* end : {"\r\n", "\r\n\r\n", "; note\r\n\r\n"}) {
+    ini.Parse(std::string("[One]\r\na=1\r\n") + end);
+    ini.WriteString(u"Two", u"b", u"2");
+    EXPECT_EQ(ini.Serialize(), std::string("[One]\r\na=1\r\n") + end + "[Two]\r\nb=2\r\n") << end;
+  }
+  ini.Parse("[One]\r\na=1\r\n\r\n; note\r\n");
+  ini.WriteString(u"Two", u"b", u"2");
+  EXPECT_EQ(ini.Serialize(), "[One]\r\na=1\r\n\r\n; note\r\n\r\n[Two]\r\nb=2\r\n");
 }
 
 TEST_F(IniFileTest, ANameThatNoLineCanHoldIsLeftOut) {

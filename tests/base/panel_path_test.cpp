@@ -106,5 +106,29 @@ TEST(DriveMap, KeepsAFolderALetterWithoutRegardToCase) {
   EXPECT_EQ(drives.Letters(), (std::vector<char>{'D'}));
 }
 
+TEST(PanelPath, EveryLetterIsADriveAndNoNeighbourOfOne) {
+  for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
+    for (const char16_t written : {letter, static_cast<char16_t>(letter + 0x20)}) {
+      const auto path = ParsePanelPath(Text(1, written) + u":\\a");
+      ASSERT_TRUE(path);
+      EXPECT_EQ(path->drive, static_cast<char>(letter));
+    }
+  }
+  for (const char16_t other : {u'@', u'[', u'`', u'{'}) EXPECT_FALSE(ParsePanelPath(Text(1, other) + u":\\a"));
+}
+
+TEST(DriveMap, HasADriveForEveryLetterAndNoNeighbourOfOne) {
+  DriveMap drives;
+  for (const char letter : {'A', 'b', 'y', 'Z', '@', '[', '`', '{'}) drives.Set(letter, "/srv");
+  drives.Set('A', "/");
+  EXPECT_EQ(drives.Letters(), (std::vector<char>{'A', 'B', 'Y', 'Z'}));
+  drives.Set('a', "/one");
+  drives.Set('z', "/two//");
+  EXPECT_EQ(drives.Folder('A'), "/one");
+  EXPECT_EQ(drives.Folder('Z'), "/two");
+  drives.Set('A', "///");
+  EXPECT_EQ(drives.Folder('A'), "/");
+}
+
 }  // namespace
 }  // namespace pnl

@@ -222,6 +222,40 @@ TEST_F(ReplaceFileTest, ALivingWritersTemporaryFileIsLeftAlone) {
   EXPECT_TRUE(temp.Has(name));
 }
 
+TEST_F(ReplaceFileTest, AFileOfALeftoversNameThatIsNoneDelaysNobody) {
+  // Opening a pipe that nobody writes to would wait for ever.
+  const std::string name = LeaveTemporary("a.txt");
+  ASSERT_EQ(unlink(Host(name).c_str()), 0);
+  ASSERT_EQ(mkfifo(Host(name).c_str(), 0600), 0);
+  temp.Write("b.txt", "somebody's");
+  fs::create_symlink("b.txt", Host(name + "2"));
+  EXPECT_EQ(files.Replace(u"C:\\a.txt", "new"), FileStatus::kOk);
+  EXPECT_EQ(temp.Read("a.txt"), "new");
+  EXPECT_EQ(temp.Read("b.txt"), "somebody's");
+  EXPECT_TRUE(fs::is_symlink(Host(name + "2"))) << "a link is no leftover";
+}
+
+TEST_F(ReplaceFileTest, AChainOfAsManyLinksAsTheSystemFollowsKeepsItsLinks) {
+  temp.Write("end", "old");
+  const auto link = [this](int number) { return Host("link" + std::to_string(number)); };
+  constexpr int kFollowed = 40;
+  for (int i = 1; i <= kFollowed + 1; ++i) {
+    fs::create_symlink(i == 1 ? Host("end") : link(i - 1), link(i));
+  }
+  EXPECT_EQ(ReplaceFile(link(kFollowed), "new"), FileStatus::kOk);
+  EXPECT_TRUE(fs::is_symlink(link(kFollowed)));
+  EXPECT_EQ(temp.Read("end"), "new");
+  EXPECT_EQ(ReplaceFile(link(kFollowed + 1), "newer"), FileStatus::kOutOfReach);
+  EXPECT_EQ(temp.Read("end"), "new");
+}
+
+TEST_F(ReplaceFileTest, BelowAFileThereIsNothingToReplace) {
+  temp.Write("file", "x");
+  EXPECT_EQ(ReplaceFile(Host("file/below"), "new"), FileStatus::kOutOfReach);
+  EXPECT_EQ(ReplaceFile(Host("none/below"), "new"), FileStatus::kOutOfReach);
+  EXPECT_EQ(ReplaceFile(Host(std::string(256, 'x')), "new"), FileStatus::kFailed);
+}
+
 TEST(StatusOfError, TellsTheKindsApart) {
   const struct {
     int error;
@@ -232,6 +266,11 @@ TEST(StatusOfError, TellsTheKindsApart) {
               {ELOOP, FileStatus::kOutOfReach},
               {ESTALE, FileStatus::kOutOfReach},
               {ENODEV, FileStatus::kOutOfReach},
+              {ENXIO, FileStatus::kOutOfReach},
+              {ETIMEDOUT, FileStatus::kOutOfReach},
+              {ENOTCONN, FileStatus::kOutOfReach},
+              {EHOSTDOWN, FileStatus::kOutOfReach},
+              {EHOSTUNREACH, FileStatus::kOutOfReach},
               {EACCES, FileStatus::kDenied},
               {EPERM, FileStatus::kDenied},
               {EROFS, FileStatus::kDenied},

@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "base/format.h"
 #include "support/failing_files.h"
 #include "support/memory_files.h"
 
@@ -98,6 +101,42 @@ TEST_F(RowFileTest, AFileThatStillCanNotBeReadStaysAndTheFailureIsTold) {
 TEST_F(RowFileTest, OfAllRowsThoseThatWereAddedAreFoundInTheirOrder) {
   EXPECT_THAT(RowsOf({u"c", u"x", u"a", u"a", u"a"}, {u"a", u"gone", u"a", u"c"}), ElementsAre(u"c", u"a", u"a"));
   EXPECT_THAT(RowsOf({u"c"}, {}), IsEmpty());
+}
+
+TEST_F(RowFileTest, ARowIsWrittenAsOneLineWhateverIsInIt) {
+  EXPECT_EQ(WriteRows(files, kPath, {u"one\r\ntwo", u"\nthree", u"ñ"}), FileStatus::kOk);
+  EXPECT_EQ(files.disc[kKey], "one  two\r\n three\r\n\xC3\xB1\r\n");
+}
+
+TEST_F(RowFileTest, AFirstRowThatBeginsWithAMarkComesBackAsItWas) {
+  const TextRows rows = {u"\uFEFFa", u"\uFEFFb"};
+  EXPECT_EQ(WriteRows(files, kPath, rows), FileStatus::kOk);
+  EXPECT_EQ(files.disc[kKey],
+            "\xEF\xBB\xBF\xEF\xBB\xBF"
+            "a\r\n\xEF\xBB\xBF"
+            "b\r\n");
+  EXPECT_TRUE(ReadRows(files, kPath).rows == rows);
+  EXPECT_EQ(WriteRows(files, kPath, rows, 0), FileStatus::kOk);
+  EXPECT_EQ(files.disc[kKey], "") << "no row, no mark";
+  EXPECT_EQ(WriteRows(files, kPath, {}), FileStatus::kOk);
+  EXPECT_EQ(files.disc[kKey], "");
+}
+
+TEST_F(RowFileTest, ManyRowsAreWrittenInTheirOrderUpToTheLimit) {
+  TextRows rows;
+  std::string expected;
+  for (int i = 0; i < 30'000; ++i) {
+    rows.push_back(Format(u"G1 X%d", i));
+    if (i < 29'999) expected += "G1 X" + std::to_string(i) + "\r\n";
+  }
+  EXPECT_EQ(WriteRows(files, kPath, rows, 29'999), FileStatus::kOk);
+  EXPECT_TRUE(files.disc[kKey] == expected);
+}
+
+TEST_F(RowFileTest, TellsHowMuchWasRead) {
+  files.disc[kKey] = "ab\r\n\r\n\xC3\xB1\r\n";
+  EXPECT_EQ(ReadRows(files, kPath).bytes, 2u + 0 + 2 + 3);
+  EXPECT_EQ(ReadRows(files, kPath, 1).bytes, 2u + 1);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <random>
 
 #include "base/encoding.h"
@@ -173,6 +174,44 @@ TEST(Text, ARecordsFieldIsReadToItsTerminatorOrItsEnd) {
   EXPECT_EQ(TextView(field, 4), TextView(u"wxy\0", 4));
   SetField(field, u"q");
   EXPECT_EQ(TextView(field, 4), TextView(u"q\0\0\0", 4));
+}
+
+TEST(Text, EachBlockOfLettersHasTheCapitalsOfUnicode) {
+  // How many letters have a capital, and the sum of the products of letter and capital: computed from Unicode 14, and
+  // another one for any letter that is left out or gets another capital.
+  const struct {
+    const char* what;
+    unsigned first;
+    unsigned last;
+    unsigned letters;
+    std::uint64_t sum;
+  } rows[] = {
+      {"Latin-1 and Extended-A", 0x0080, 0x017F, 95, 8081152},
+      {"Latin Extended-B", 0x0180, 0x024F, 86, 33706311},
+      {"phonetic letters", 0x0250, 0x036F, 37, 317914911},
+      {"Greek", 0x0370, 0x03FF, 57, 51348924},
+      {"Cyrillic", 0x0400, 0x052F, 148, 205777236},
+      {"none", 0x0530, 0x1C7F, 0, 0},
+      {"more Cyrillic and phonetic", 0x1C80, 0x1DFF, 12, 1107230623},
+      {"Latin Additional", 0x1E00, 0x1EFF, 124, 7557230146},
+      {"Greek with accents", 0x1F00, 0x1FFF, 97, 6224499706},
+      {"Latin Extended-C and signs", 0x2000, 0x2FFF, 26, 2107170224},
+      {"none", 0x3000, 0xA63F, 0, 0},
+      {"Cyrillic-B, Latin-D and E", 0xA640, 0xABFF, 111, 203205751419},
+      {"wide Latin", 0xAC00, 0xFFFF, 26, 111007296985},
+  };
+  for (const auto& row : rows) {
+    unsigned letters = 0;
+    std::uint64_t sum = 0;
+    for (unsigned c = row.first; c <= row.last; ++c) {
+      const char16_t capital = ToUpper(static_cast<char16_t>(c));
+      if (capital == c) continue;
+      ++letters;
+      sum += std::uint64_t{capital} * c;
+    }
+    EXPECT_EQ(letters, row.letters) << row.what;
+    EXPECT_EQ(sum, row.sum) << row.what;
+  }
 }
 
 }  // namespace

@@ -60,7 +60,13 @@ TEST(LanguagePack, WhatWasWrittenReadsBackWhole) {
   EXPECT_FALSE(item.enabled);
   EXPECT_TRUE(item.checked);
   EXPECT_TRUE(item.hidden);
-  EXPECT_EQ(nodes->at(0).children.at(0).item.id, -5);
+  const MenuItem& inner = nodes->at(0).children.at(0).item;
+  EXPECT_EQ(inner.id, -5);
+  EXPECT_EQ(inner.text, u"Inner");
+  EXPECT_TRUE(inner.enabled);
+  EXPECT_FALSE(inner.checked);
+  EXPECT_FALSE(inner.hidden);
+  EXPECT_TRUE(nodes->at(1).children.empty());
   EXPECT_EQ(pack.FindMenuNodes(u"3015"), nullptr);
   EXPECT_EQ(*pack.FindBitmap(3019), std::string("\0\xff", 2));
   EXPECT_EQ(pack.FindBitmap(1), nullptr);
@@ -200,6 +206,44 @@ TEST(LanguagePack, PayloadsThatLieAboutTheirCountsAreLeftOut) {
 }
 
 TEST(LanguagePack, TheChecksumIsTheOneOfZipFiles) { EXPECT_EQ(pack_format::Checksum("123456789"), 0xCBF43926u); }
+
+std::string Header(std::uint32_t version) {
+  std::string header(pack_format::kMagic);
+  for (const std::uint32_t value : {version, 24u, 0u}) pack_format::PutNumber(header, value);
+  pack_format::PutNumber(header, pack_format::Checksum(header));
+  return header;
+}
+
+TEST(LanguagePack, AWholeHeaderOfAnotherVersionIsRefused) {
+  LanguagePack pack;
+  EXPECT_TRUE(pack.Parse(Header(1)));
+  for (const std::uint32_t version : {0u, 2u, 0x01000000u}) EXPECT_FALSE(pack.Parse(Header(version))) << version;
+}
+
+TEST(LanguagePack, TheHeaderTellsVersionSizeAndCount) {
+  const std::string bytes = BuildPack(Sample());
+  std::string expected("PNLLANG\x1a");
+  for (const std::size_t value : {std::size_t{1}, bytes.size(), kSampleEntries}) {
+    pack_format::PutNumber(expected, static_cast<std::uint32_t>(value));
+  }
+  EXPECT_EQ(bytes.substr(0, 20), expected);
+  EXPECT_EQ(pack_format::File("", 0), Header(1));
+}
+
+TEST(LanguagePack, AnEntryIsItsHeadAndItsPayload) {
+  // A text with the number 0x01020304 and the payload "ab"; the checksum is that of what comes before it and of "ab".
+  std::string head("\x01\0\0\0\x04\x03\x02\x01\x02\0\0\0", 12);
+  std::string expected = head;
+  pack_format::PutNumber(expected, pack_format::Checksum(head + "ab"));
+  EXPECT_EQ(pack_format::Entry(pack_format::kText, 0x01020304, "ab"), expected + "ab");
+}
+
+TEST(LanguagePack, TheKindsHaveTheirNumbers) {
+  EXPECT_EQ(pack_format::kText, 1u);
+  EXPECT_EQ(pack_format::kMenu, 2u);
+  EXPECT_EQ(pack_format::kDialog, 3u);
+  EXPECT_EQ(pack_format::kBitmap, 4u);
+}
 
 }  // namespace
 }  // namespace pnl

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <set>
 
 #include "host/language_pack.h"
@@ -102,6 +104,8 @@ TEST_F(LanguageTest, EachLoadMakesANewMenuWithItsSubMenus) {
   const MenuHandle first = language_.LoadToolMenu(u"IDR_CALCMENU");
   const MenuHandle second = language_.LoadToolMenu(u"IDR_CALCMENU");
   EXPECT_NE(first, second);
+  EXPECT_EQ(menus_.Count(), 4u) << "an item without items below it has no sub-menu";
+  EXPECT_EQ(menus_.FindItem(first, 2)->subMenu, 0u);
   menus_.FindItem(first, 2)->checked = true;
   EXPECT_FALSE(menus_.FindItem(second, 2)->checked);
   menus_.Destroy(first);
@@ -188,6 +192,8 @@ TEST_F(LanguageTest, WithoutTheModuleTheBoxShowsAndTheTextsAreThoseOfThePackInUs
   const auto& texts = language_.SharedToolTexts();
   ASSERT_EQ(windows_.boxes.size(), 1u);
   EXPECT_EQ(windows_.boxes[0].text, u"ERROR AL CARGAR DLL DE IDIOMAS");
+  EXPECT_EQ(windows_.boxes[0].style, BoxStyle::kError);
+  EXPECT_EQ(windows_.boxes[0].title, u"");
   EXPECT_EQ(texts.size(), 70u);
   EXPECT_EQ(texts.at(203), u"Error");
   EXPECT_EQ(texts.at(1), u"");
@@ -200,6 +206,39 @@ TEST_F(LanguageTest, AskedAgainWhileTheBoxIsOpenTheSharedTextsDontAskASecondTime
   static_cast<void>(language_.SharedToolTexts());
   EXPECT_EQ(windows_.boxes.size(), 1u);
   EXPECT_EQ(language_.SharedToolTexts().size(), 70u);
+}
+
+TEST_F(LanguageTest, SharedTextsFollowTheSameRulesAsOthers) {
+  PackContents module;
+  module.texts[203] = u"module";
+  module.texts[1] = u"one";
+  PutLibrary(BuildPack(module));
+  language_.SetText(203, u"Done");
+  EXPECT_EQ(language_.SharedToolTexts().at(203), u"Done");
+  EXPECT_EQ(language_.SharedToolTexts().at(1), u"one");
+  language_.UseNumbersForTexts(true);
+  language_.Use({});
+  EXPECT_EQ(language_.SharedToolTexts().at(203), u"Done");
+  EXPECT_EQ(language_.SharedToolTexts().at(1), u"T1");
+}
+
+TEST_F(LanguageTest, ALibraryOfMoreThan64MegabytesIsNotRead) {
+  PutLibrary(BuildPack({{{1, u"x"}}, {}, {}, {}}));
+  std::filesystem::resize_file(folder_.Path() / "P15/LPNLTOOLS.DLL", (std::uint64_t{64} << 20) + 1);
+  EXPECT_EQ(language_.LoadLanguageLibrary(), 0u);
+}
+
+TEST_F(LanguageTest, ModulesAreLoadedApart) {
+  PutLibrary(BuildPack({{{1, u"x"}}, {}, {}, {}}));
+  const ModuleHandle first = language_.LoadLanguageLibrary();
+  const ModuleHandle second = language_.LoadLanguageLibrary();
+  EXPECT_NE(first, second);
+  EXPECT_EQ(language_.CountModules(), 2u);
+  language_.FreeLanguageLibrary(first);
+  EXPECT_EQ(language_.CountModules(), 1u);
+  language_.FreeLanguageLibrary(second);
+  language_.FreeLanguageLibrary(0);
+  EXPECT_EQ(language_.CountModules(), 0u);
 }
 
 }  // namespace

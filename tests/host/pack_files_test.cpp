@@ -25,8 +25,9 @@ TEST(PackFiles, LieBesideTheLibraryUnlessTheEnvironmentNamesAFolder) {
 }
 
 TEST(PackFiles, ACodeNeverLeadsElsewhere) {
-  for (const char* good : {"en", "es", "pt-br", "zh_cn", "x1"}) EXPECT_TRUE(IsLanguageCode(good)) << good;
-  for (const char* bad : {"", ".", "..", "../en", "en/..", "EN", "e n", "aaaaaaaaaaaaaaaaa"}) {
+  for (const char* good : {"en", "es", "pt-br", "zh_cn", "x1", "az09", "aaaaaaaaaaaaaaaa"})
+    EXPECT_TRUE(IsLanguageCode(good)) << good;
+  for (const char* bad : {"", ".", "..", "../en", "en/..", "EN", "e n", "aaaaaaaaaaaaaaaaa", "a`", "a{", "a/", "a:"}) {
     EXPECT_FALSE(IsLanguageCode(bad)) << bad;
   }
 }
@@ -74,6 +75,13 @@ TEST(DriveSettings, FillTheMapAndFallBackToTheUsersDataFolder) {
       {nullptr, nullptr, "/home/op", "/home/op/.local/share/pnltools", nullptr},
       {nullptr, "not/absolute", "/home/op", "/home/op/.local/share/pnltools", nullptr},
       {";;C=relative;D;=/x;D=", nullptr, nullptr, nullptr, nullptr},
+      {"C=/;D=/", "/data", nullptr, "/", "/"},
+      {"C=/a;D=/b;", nullptr, nullptr, "/a", "/b"},
+      {"C=;C:/a;D-/b;C =/c", nullptr, nullptr, nullptr, nullptr},
+      {"", "", "/home/op", "/home/op/.local/share/pnltools", nullptr},
+      {"", "/data", nullptr, "/data/pnltools", nullptr},
+      {"", nullptr, "home", nullptr, nullptr},
+      {"C=/a;C=/b", "/data", nullptr, "/b", nullptr},
   };
   for (const DriveCase& row : cases) {
     DriveMap drives;
@@ -81,6 +89,30 @@ TEST(DriveSettings, FillTheMapAndFallBackToTheUsersDataFolder) {
     EXPECT_EQ(drives.Folder('C').value_or(""), row.c != nullptr ? row.c : "");
     EXPECT_EQ(drives.Folder('D').value_or(""), row.d != nullptr ? row.d : "");
   }
+}
+
+TEST(DriveSettings, ADriveThatIsThereAlreadyNeedsNoFallback) {
+  DriveMap drives;
+  drives.Set('C', "/described");
+  SetStartDrives(drives, nullptr, "/data", "/home/op");
+  EXPECT_EQ(drives.Folder('C'), "/described");
+  SetStartDrives(drives, "C=/set", "/data", "/home/op");
+  EXPECT_EQ(drives.Folder('C'), "/set");
+}
+
+TEST(SharedFiles, TheFirstPlaceThatHasAFileOrAFolderCounts) {
+  const test::TempFolder folder;
+  folder.Write("one/errors/a.txt", "first");
+  folder.Write("two/errors/a.txt", "second");
+  folder.Write("two/errors/b.txt", "b");
+  static_cast<void>(folder.Folder("one/empty"));
+  folder.Write("two/empty/c.txt", "c");
+  const std::string root = folder.Path().string();
+  const std::vector<std::string> packs = {root + "/one/lang", root + "/two/lang"};
+  EXPECT_EQ(ReadSharedFile(packs, "errors/a.txt"), "first");
+  EXPECT_EQ(ReadSharedFile(packs, "errors/b.txt"), "b");
+  EXPECT_THAT(SharedFileNames(packs, "errors"), ElementsAre("a.txt"));
+  EXPECT_THAT(SharedFileNames(packs, "empty"), ElementsAre());
 }
 
 TEST(SharedFiles, LieBesideThePacks) {

@@ -62,5 +62,48 @@ TEST(MenuTable, AMenuThatContainsItselfIsSearchedAndDestroyedAllTheSame) {
   EXPECT_EQ(table.Count(), 0u);
 }
 
+TEST(MenuTable, ANewItemIsEnabledSeenAndNothingElse) {
+  const MenuItem item;
+  EXPECT_TRUE(item.enabled);
+  EXPECT_FALSE(item.checked);
+  EXPECT_FALSE(item.hidden);
+  EXPECT_EQ(item.id, 0);
+  EXPECT_EQ(item.bitmap, 0);
+  EXPECT_EQ(item.subMenu, 0u);
+}
+
+TEST(MenuTable, PositionsGoFromTheFirstItemToTheLast) {
+  MenuTable table;
+  const MenuHandle menu = table.Create({{Item(10), Item(11)}});
+  EXPECT_EQ(table.FindItem(menu, 0, true)->id, 10);
+  EXPECT_EQ(table.FindItem(menu, 1, true)->id, 11);
+  EXPECT_EQ(table.FindItem(menu, 2, true), nullptr);
+  EXPECT_EQ(table.FindItem(menu + 1, 0, true), nullptr);
+  const MenuTable& same = table;
+  EXPECT_EQ(same.Find(menu)->items.size(), 2u);
+  EXPECT_EQ(same.Find(menu + 1), nullptr);
+}
+
+TEST(MenuTable, OfSeveralItemsWithAnIdTheFirstInReadingOrderIsFound) {
+  MenuTable table;
+  MenuItem inner = Item(5);
+  inner.bitmap = 1;
+  MenuItem later = Item(5);
+  later.bitmap = 2;
+  const MenuHandle sub = table.Create({{inner}});
+  EXPECT_EQ(table.FindItem(table.Create({{Item(0, sub), later}}), 5)->bitmap, 1);
+}
+
+TEST(MenuTable, AnItemIsFoundDownToTheSixteenthSubMenu) {
+  for (const int depth : {16, 17}) {
+    MenuTable table;
+    MenuHandle menu = table.Create({{Item(5)}});
+    for (int i = 0; i < depth; ++i) menu = table.Create({{Item(0, menu)}});
+    EXPECT_EQ(table.FindItem(menu, 5) != nullptr, depth == 16) << depth;
+    table.Destroy(menu);
+    EXPECT_EQ(table.Count(), 0u) << "however deep";
+  }
+}
+
 }  // namespace
 }  // namespace pnl

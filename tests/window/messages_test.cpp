@@ -76,6 +76,19 @@ TEST(Messages, NoNameAndUnknownNumbersAreAnsweredWithNothing) {
   EXPECT_EQ(RegisteredMessageName(0xFFFFFFFF), "");
 }
 
+TEST(Messages, ANumberThatIsStillFreeHasNoName) {
+  const std::uint32_t newest = RegisterMessage("TEST_NEWEST_NAME");
+  EXPECT_EQ(RegisteredMessageName(newest), "TEST_NEWEST_NAME");
+  EXPECT_EQ(RegisteredMessageName(newest + 1), "");
+  EXPECT_EQ(RegisteredMessageName(kFirstRegistered - 1), "");
+}
+
+TEST(Messages, ATextComesByItsAddress) {
+  const char16_t text[] = u"G0 X1";
+  EXPECT_EQ(TextAt(reinterpret_cast<std::intptr_t>(text)), u"G0 X1");
+  EXPECT_EQ(TextAt(0), u"");
+}
+
 TEST(Messages, TheFixedNumbersAreTheHostsOwn) {
   EXPECT_EQ(PNL_MSG_VARIABLE_REPORT, 0x700u);
   EXPECT_EQ(PNL_MSG_CYCLE_START, 0x800u);
@@ -95,6 +108,7 @@ TEST(MessagesZ, ARangeThatIsUsedUpGivesNoMoreNumbersAndKeepsTheOldOnes) {
   EXPECT_EQ(number, 0u);
   EXPECT_EQ(RegisterMessage("MDI_ENDLIST"), known);
   EXPECT_NE(RegisteredMessageName(kLastRegistered), "");
+  EXPECT_EQ(RegisteredMessageName(kLastRegistered + 1), "");
 }
 
 }  // namespace

@@ -125,5 +125,62 @@ TEST(ScopedTimer, StartedOnceItIsNoLongerRunningInItsTick) {
   EXPECT_EQ(timers.Running(), 0u);
 }
 
+TEST(ManualTimers, TheFirstNumberIsNotThatOfNoTimer) {
+  ManualTimers timers;
+  EXPECT_EQ(timers.Now(), 0);
+  EXPECT_NE(timers.Start(10, true, [] {}), 0u);
+}
+
+TEST(ManualTimers, ATimerWithoutATickRunsAllTheSame) {
+  ManualTimers timers;
+  int settled = 0;
+  timers.SetAfterTick([&] { ++settled; });
+  timers.Start(10, true, nullptr);
+  timers.Advance(10);
+  EXPECT_EQ(settled, 1);
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+TEST(ScopedTimer, RepeatsUntilItIsStopped) {
+  ManualTimers timers;
+  ScopedTimer timer(timers);
+  EXPECT_FALSE(timer.IsRunning());
+  int ticks = 0;
+  timer.Start(10, [&] { ++ticks; });
+  timers.Advance(30);
+  EXPECT_EQ(ticks, 3);
+  timer.Stop();
+  EXPECT_FALSE(timer.IsRunning());
+  EXPECT_EQ(timers.Running(), 0u);
+  timer.Stop();
+  timers.Advance(30);
+  EXPECT_EQ(ticks, 3);
+}
+
+TEST(ScopedTimer, AStartForOnceTakesThePlaceOfWhatRan) {
+  ManualTimers timers;
+  ScopedTimer timer(timers);
+  std::vector<std::string> ticks;
+  timer.Start(10, [&] { ticks.emplace_back("repeated"); });
+  timer.StartOnce(20, [&] { ticks.emplace_back("first"); });
+  timer.StartOnce(30, [&] { ticks.emplace_back("second"); });
+  EXPECT_TRUE(timer.IsRunning());
+  EXPECT_EQ(timers.Running(), 1u);
+  timers.Advance(100);
+  EXPECT_THAT(ticks, ElementsAre("second"));
+}
+
+TEST(ScopedTimer, ATickForOnceMayStartItAgain) {
+  ManualTimers timers;
+  ScopedTimer timer(timers);
+  int ticks = 0;
+  timer.StartOnce(10, [&] { timer.StartOnce(10, [&] { ++ticks; }); });
+  timers.Advance(10);
+  EXPECT_TRUE(timer.IsRunning());
+  timers.Advance(10);
+  EXPECT_EQ(ticks, 1);
+  EXPECT_FALSE(timer.IsRunning());
+}
+
 }  // namespace
 }  // namespace pnl

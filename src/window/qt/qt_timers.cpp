@@ -34,8 +34,7 @@ void QtTimers::Arm() {
   source_.start(static_cast<int>(wait), Qt::PreciseTimer, this);
 }
 
-void QtTimers::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != source_.timerId()) return;
+void QtTimers::timerEvent(QTimerEvent* /*event*/) {
   const std::int64_t now = Now();
   for (auto next = Next(); next != timers_.end() && next->second.due <= now; next = Next()) {
     // A tick may stop its own timer, start others or run an event loop, so everything is settled before it runs.

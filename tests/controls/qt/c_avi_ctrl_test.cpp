@@ -2,10 +2,12 @@
 // The video area with a fake player, and with the real one where its module is built.
 #include "controls/c_avi_ctrl.h"
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 
 #include <filesystem>
 
+#include "paint_counter.h"
 #include "support/avi_file.h"
 #include "support/event_wait.h"
 #include "support/request_traps.h"
@@ -174,6 +176,57 @@ TEST_F(AviCtrlTest, ClearForgetsPlayerNameAndFrame) {
   EXPECT_EQ(area_.Name(), "");
 }
 
+TEST_F(AviCtrlTest, ANewVideoTakesThePlaceOfTheOldOne) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(3);
+  Frame(Qt::red);
+  Take();
+  area_.Load("/w.avi", "w.avi");
+  EXPECT_THAT(Take(), ElementsAre("gone", "load /w.avi"));
+  EXPECT_FALSE(area_.IsPlaying());
+  EXPECT_TRUE(area_.Frame().isNull());
+  EXPECT_EQ(area_.Name(), "w.avi");
+  area_.Play(-1);
+  EXPECT_FALSE(area_.IsPlaying());
+  EXPECT_THAT(Take(), IsEmpty());
+}
+
+TEST_F(AviCtrlTest, EveryChangeIsPainted) {
+  area_.Load("/v.avi", "v.avi");
+  Settle();
+  PaintCounter paints(area_);
+  const std::function<void()> changes[] = {[this] { Frame(Qt::red); }, [this] { video_.listener.failed(); },
+                                           [this] { area_.Clear(); }, [this] { area_.Load("/w.avi", "w.avi"); }};
+  int expected = 0;
+  for (const auto& change : changes) {
+    change();
+    Settle();
+    EXPECT_EQ(paints.Count(), ++expected);
+  }
+}
+
+TEST_F(AviCtrlTest, AnEndThatIsReportedTwiceCountsOnce) {
+  area_.Load("/v.avi", "v.avi");
+  area_.Play(1);
+  video_.listener.ended();
+  video_.listener.ended();
+  area_.Play(2);
+  video_.listener.ended();
+  EXPECT_TRUE(area_.IsPlaying());
+  EXPECT_THAT(Take(), ElementsAre("load /v.avi", "play", "play", "rewind", "play"));
+}
+
+TEST_F(AviCtrlTest, AFrameIsInTheMiddleAndTheNameToo) {
+  area_.Load("/v.avi", "v.avi");
+  const QRect name = Ink(Paint(area_), 0);
+  EXPECT_NEAR(name.center().x(), 60, 2);
+  EXPECT_NEAR(name.center().y(), 40, 4);
+  Frame(Qt::red);
+  EXPECT_EQ(Ink(Paint(area_), 0), QRect(20, 0, 80, 80));
+  EXPECT_EQ(area_.focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(area_.property("pnlId").toInt(), 3002);
+}
+
 // The real player.
 
 class RealVideo : public testing::Test {
@@ -240,6 +293,42 @@ TEST_F(RealVideo, AVideoThatIsStoppedAndRewoundShowsItsFirstFrame) {
   EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
   Settle();
   EXPECT_TRUE(Shows(255, 0)) << "and goes no further";
+}
+
+TEST_F(RealVideo, AVideoThatIsRewoundWhilePlayingGoesOnFromItsBeginning) {
+  std::vector<QColor> colors(5, Qt::red);
+  colors.resize(10, Qt::blue);
+  colors.resize(100, Qt::red);
+  Load(AviFile(colors, 10));
+  area_.Play(1);
+  EXPECT_TRUE(RunUntil([this] { return Shows(0, 255); }));
+  area_.Rewind();
+  EXPECT_TRUE(RunUntil([this] { return Shows(255, 0); }));
+  EXPECT_TRUE(RunUntil([this] { return Shows(0, 255); })) << "without another Play";
+  EXPECT_GT(area_.Position(), 0);
+}
+
+TEST(VideoModule, MakesPlayersOfItsOwnVersionOnly) {
+  void* const module = dlopen(PNL_VIDEO_MODULE, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(module, nullptr) << dlerror();
+  const auto make = reinterpret_cast<MakeVideoPlayerFn>(dlsym(module, kVideoPlayerMaker));
+  ASSERT_NE(make, nullptr);
+  const VideoPlayer::Listener listener;
+  for (const int version : {kVideoPlayerVersion - 1, kVideoPlayerVersion + 1, 0}) {
+    EXPECT_EQ(make(version, &listener), nullptr) << version;
+  }
+  const std::unique_ptr<VideoPlayer> player(make(kVideoPlayerVersion, &listener));
+  ASSERT_NE(player, nullptr);
+  EXPECT_EQ(player->Position(), 0) << "no file yet";
+  player->Play();
+  player->Stop();
+  player->Rewind();
+}
+
+TEST(VideoModule, ThatIsMissingIsAWordOnStandardError) {
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(VideoPlayerFrom("/no/such/module.so")({}), nullptr);
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("pnltools: no videos: /no/such/module.so"));
 }
 
 TEST_F(RealVideo, AFileThatIsNoVideoShowsItsName) {
@@ -309,6 +398,12 @@ TEST_F(RealVideo, AVideoMayBeClearedWhileItPlays) {
   area_.Clear();
   Settle();
   EXPECT_TRUE(area_.Frame().isNull());
+}
+
+TEST(VideoModule, IsBesideTheLibrary) {
+  const std::filesystem::path module = VideoModuleBesideLibrary();
+  EXPECT_EQ(module.filename(), "pnl-video.so");
+  EXPECT_TRUE(module.has_parent_path());
 }
 
 }  // namespace

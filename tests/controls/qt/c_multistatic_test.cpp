@@ -3,6 +3,8 @@
 
 #include <map>
 
+#include "controls/grid_look.h"
+#include "paint_counter.h"
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"
 
@@ -133,6 +135,69 @@ TEST_F(CMultistaticTest, MayBeDestroyedByWhoListens) {
     }
     EXPECT_TRUE(alive.isNull()) << byKey;
   }
+}
+
+TEST_F(CMultistaticTest, ABoxFillsTheAreaAndMakesRoomForTheFrameOfTheFocus) {
+  const auto expected = [this](int side, const QColor& ink, const QColor& ground) {
+    QImage image(box->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    DrawCheckMark(painter, box->rect(), side, box->IsOn(), ink, ground);
+    return image;
+  };
+  const QColor ink(0x14, 0x1A, 0x21);
+  const QColor ground(0xF4, 0xF7, 0xFA);
+  box->SetBackColor(0xFFFFFF);
+  box->resize(40, 24);
+  box->clearFocus();
+  EXPECT_EQ(Paint(*box), expected(24, ink, ground));
+  box->SetState(1);
+  EXPECT_EQ(Paint(*box), expected(24, ink, ground));
+  box->setFocus();
+  const QImage focused = Paint(*box);
+  const QColor frame(0x4D, 0xB2, 0xFF);
+  for (const int x : {8, 9, 30, 31}) EXPECT_EQ(focused.pixelColor(x, 12), frame) << x;
+  for (const int y : {0, 1, 22, 23}) EXPECT_EQ(focused.pixelColor(20, y), frame) << y;
+  for (const int x : {7, 32}) EXPECT_EQ(focused.pixelColor(x, 12), QColor(Qt::white)) << x;
+  const QRect inside(10, 2, 20, 20);
+  EXPECT_EQ(focused.copy(inside), expected(20, ink, ground).copy(inside));
+  box->setEnabled(false);
+  EXPECT_EQ(Paint(*box), expected(24, QColor(0x5A, 0x62, 0x6B), QColor(0xA8, 0xAE, 0xB5)));
+}
+
+TEST_F(CMultistaticTest, AKeyThatIsHeldTurnsABoxOnce) {
+  box->setFocus();
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
+  QApplication::sendEvent(box, &held);
+  EXPECT_EQ(box->State(), 0);
+  EXPECT_FALSE(held.isAccepted());
+  EXPECT_EQ(box->focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(CMultistaticTest, EveryChangeIsPainted) {
+  PaintCounter paints(*box);
+  box->SetState(1);
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
+  box->SetBackColor(0x00FF00);
+  Settle();
+  EXPECT_EQ(paints.Count(), 2);
+  EXPECT_EQ(ColorAt(Paint(*box), 0, 0), 0x00FF00u);
+}
+
+TEST_F(CMultistaticTest, ADisabledPictureIsPale) {
+  const std::string svg =
+      R"(<svg xmlns="http://www.w3.org/2000/svg" width="20" height="10"><rect width="20" height="10" fill="#000"/></svg>)";
+  CMultistatic picture(501, Face::kPicture, nullptr);
+  picture.resize(40, 40);
+  picture.SetBackColor(0xFFFFFF);
+  picture.SetPictures([&svg](int) { return &svg; });
+  const QImage usual = Paint(picture);
+  EXPECT_EQ(Ink(usual, 0xFFFFFF), QRect(0, 10, 40, 20));
+  EXPECT_EQ(ColorAt(usual, 20, 20), 0u);
+  picture.setEnabled(false);
+  const QColor pale = Paint(picture).pixelColor(20, 20);
+  EXPECT_NEAR(pale.red(), 255 * 0.55, 2);
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <utility>
+
 #include "window/qt/control_properties.h"
 
 namespace pnl::test {
@@ -197,6 +200,73 @@ TEST_F(GridModelTest, EachChangeIsToldForTheCellsThatItConcerns) {
   EXPECT_EQ(headers, std::vector<int>{2});
   grid.SetRowState(3, GridRowState::kFailed);
   EXPECT_EQ(cells, (std::vector<std::pair<QModelIndex, QModelIndex>>{{At(3, 0), At(3, 3)}}));
+}
+
+TEST_F(GridModelTest, ATintIsOfOneCellAndToldWhenItChanges) {
+  int changes = 0;
+  QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid, [&changes] { ++changes; });
+  EXPECT_FALSE(grid.HasTint(1, 1));
+  grid.SetTint(1, 1, true);
+  grid.SetTint(1, 1, true);
+  EXPECT_TRUE(grid.HasTint(1, 1));
+  EXPECT_FALSE(grid.HasTint(1, 2));
+  EXPECT_EQ(changes, 1);
+  grid.SetTint(1, 1, false);
+  EXPECT_FALSE(grid.HasTint(1, 1));
+  EXPECT_EQ(changes, 2);
+  for (const auto& [row, column] : {std::pair{4, 1}, {1, 4}, {-1, 1}}) grid.SetTint(row, column, true);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(GridModelTest, EveryKindOfChangeIsTold) {
+  std::vector<std::array<int, 4>> changed;  // first row and column, last row and column
+  std::vector<std::string> headers;
+  QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid, [&](const QModelIndex& a, const QModelIndex& b) {
+    changed.push_back({a.row() + 1, a.column(), b.row() + 1, b.column()});
+  });
+  QObject::connect(&grid, &QAbstractItemModel::headerDataChanged, &grid, [&](Qt::Orientation way, int a, int b) {
+    headers.push_back((way == Qt::Vertical ? "row " : "column ") + std::to_string(a) + "-" + std::to_string(b));
+  });
+  using Areas = std::vector<std::array<int, 4>>;
+  grid.SetKind(1, 2, GridCellKind::kCheck);
+  EXPECT_EQ(std::exchange(changed, {}), (Areas{{1, 2, 1, 2}}));
+  grid.SetChecked(1, 2, true);
+  EXPECT_EQ(std::exchange(changed, {}), (Areas{{1, 2, 1, 2}}));
+  grid.SetReadOnly(3, 1, true);
+  EXPECT_EQ(std::exchange(changed, {}), (Areas{{3, 1, 3, 1}}));
+  grid.SetCellFormat(2, 3, {});
+  EXPECT_EQ(std::exchange(changed, {}), (Areas{{2, 3, 2, 3}}));
+  EXPECT_EQ(headers, std::vector<std::string>{});
+  grid.SetRowFormat(2, {});
+  EXPECT_EQ(std::exchange(changed, {}), (Areas{{2, 0, 2, 3}}));
+  EXPECT_EQ(std::exchange(headers, {}), std::vector<std::string>{"row 1-1"});
+  grid.SetRowState(3, GridRowState::kFailed);
+  EXPECT_EQ(headers.front(), "row 2-2") << "its head shows the state";
+}
+
+TEST_F(GridModelTest, RowsThatComeAndGoAreTold) {
+  std::vector<std::string> told;
+  const auto note = [&](const char* what) {
+    return [&told, what](const QModelIndex&, int first, int last) {
+      told.push_back(std::string(what) + std::to_string(first) + "-" + std::to_string(last));
+    };
+  };
+  QObject::connect(&grid, &QAbstractItemModel::rowsInserted, &grid, note("in "));
+  QObject::connect(&grid, &QAbstractItemModel::rowsRemoved, &grid, note("out "));
+  grid.SetRows(6);
+  grid.SetRows(6);
+  grid.SetRows(2);
+  grid.AddRow();
+  grid.DeleteRow(1);
+  EXPECT_EQ(told, (std::vector<std::string>{"in 3-4", "out 1-4", "in 1-1", "out 0-0"}));
+}
+
+TEST_F(GridModelTest, AnUnknownRoleOfACellIsNothing) {
+  grid.SetCellText(1, 1, "a");
+  EXPECT_EQ(At(1, 1).data(Qt::EditRole).toString(), "a");
+  EXPECT_FALSE(At(1, 1).data(Qt::ToolTipRole).isValid());
+  EXPECT_FALSE(grid.headerData(-1, Qt::Horizontal, Qt::DisplayRole).isValid());
+  EXPECT_FALSE(grid.headerData(1, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
 }  // namespace

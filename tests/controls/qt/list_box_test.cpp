@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "controls/list_box.h"
 
+#include <functional>
+
+#include "controls/draw_text.h"
+#include "controls/fonts.h"
 #include "support/widget_probe.h"
 
 namespace pnl::test {
@@ -170,6 +174,107 @@ TEST_F(ListBoxTest, TheFirstDownGoesToTheFirstItem) {
   EXPECT_EQ(inside->Current(), -1);
   PressKey(inside, Qt::Key_Down);
   EXPECT_EQ(inside->Selection(), 0);
+}
+
+TEST_F(ListBoxTest, StartsWithTheSystemsColours) {
+  const ListBox fresh(1, nullptr);
+  EXPECT_EQ(fresh.BackColor(), 0xFFFFFFu);
+  EXPECT_EQ(fresh.TextColor(), 0u);
+  EXPECT_EQ(fresh.SelectedBackColor(), 0xD77800u);
+  EXPECT_EQ(fresh.SelectedTextColor(), 0xFFFFFFu);
+  EXPECT_EQ(fresh.palette().color(QPalette::Base), QColor(Qt::white));
+  EXPECT_EQ(fresh.frameWidth(), 0);
+  EXPECT_EQ(fresh.Current(), -1);
+  EXPECT_EQ(fresh.selectionMode(), QAbstractItemView::SingleSelection);
+}
+
+TEST_F(ListBoxTest, AnItemLiesInTheMiddleOfItsRowBetweenTheMargins) {
+  for (const char16_t* const text : {u"G0 &X1\tY2", u"a block that is much too long for the width of this list"}) {
+    box.SetItems({text});
+    box.show();
+    Settle();
+    QImage expected(200, box.RowHeight(), QImage::Format_RGB32);
+    expected.fill(QColor(0x3C, 0x64, 0x78));
+    QPainter painter(&expected);
+    painter.setFont(box.font());
+    painter.setPen(Qt::white);
+    DrawText(painter, expected.rect().adjusted(6, 0, -6, 0), QString::fromUtf16(text),
+             0x20 | 0x4 | 0x800 | 0x40 | 0x8000);
+    painter.end();
+    EXPECT_EQ(Paint(*box.viewport()).copy(expected.rect()), expected);
+  }
+}
+
+TEST_F(ListBoxTest, ARowHasRoomForItsFont) {
+  box.SetFont("Arial", 32, 400);
+  EXPECT_EQ(box.RowHeight(), std::max(34, CellHeight(QFontMetrics(box.font())) + 2));
+  box.SetFont("Arial", 60, 400);
+  EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2);
+  box.SetFont("", 18, 400);
+  EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2) << "a font that can't be had";
+  box.SetFont("Arial", 12, 400);
+  EXPECT_EQ(box.RowHeight(), 34);
+}
+
+TEST_F(ListBoxTest, ItemsComeInAtTheirPlaceAndChangeInIt) {
+  box.SetItems({u"a", u"b"});
+  box.Insert(2, u"end");
+  box.Insert(1, u"middle");
+  box.Insert(-1, u"last");
+  EXPECT_EQ(Items(), (std::vector<Text>{u"a", u"middle", u"b", u"end", u"last"}));
+  std::vector<int> changed;
+  QObject::connect(box.model(), &QAbstractItemModel::dataChanged, &box,
+                   [&](const QModelIndex& first) { changed.push_back(first.row()); });
+  box.Replace(1, u"other");
+  box.Replace(5, u"none");
+  EXPECT_EQ(changed, std::vector<int>{1});
+  EXPECT_EQ(box.Item(1), u"other");
+  EXPECT_EQ(box.Item(5), u"");
+  EXPECT_EQ(box.Item(-1), u"");
+}
+
+TEST_F(ListBoxTest, DownIsToldLikeUp) {
+  box.SetItems({u"a", u"b"});
+  box.show();
+  int walked = 0;
+  QObject::connect(&box, &ListBox::Walked, &box, [&walked] { ++walked; });
+  PressKey(&box, Qt::Key_Down);
+  EXPECT_EQ(walked, 1);
+  EXPECT_EQ(box.Selection(), 0);
+}
+
+TEST_F(ListBoxTest, TheFocusIsToldWhenTheListHasHandledIt) {
+  QWidget window;
+  auto* inside = new ListBox(1, &window);
+  inside->SetItems({u"a"});
+  Activate(window);
+  inside->clearFocus();
+  std::vector<int> current;
+  QObject::connect(inside, &ListBox::Focused, &window, [&] { current.push_back(inside->Current()); });
+  inside->setFocus(Qt::OtherFocusReason);
+  EXPECT_EQ(current, std::vector<int>{-1});
+  inside->Select(0);
+  inside->clearFocus();
+  inside->setFocus(Qt::OtherFocusReason);
+  EXPECT_EQ(current, (std::vector<int>{-1, 0})) << "the selected item stays the present one";
+}
+
+TEST_F(ListBoxTest, MayBeDestroyedByWhoListens) {
+  QWidget window;
+  Activate(window);
+  const std::function<void(ListBox&)> ways[] = {[](ListBox& list) { PressKey(&list, Qt::Key_Down); },
+                                                [](ListBox& list) { PressMouse(list.viewport(), QPoint(5, 5)); }};
+  for (const auto& way : ways) {
+    const QPointer<ListBox> own = new ListBox(1, &window);
+    own->SetItems({u"a"});
+    own->resize(100, 50);
+    own->show();
+    Settle();
+    QObject::connect(own, &ListBox::Walked, &window, [own] { delete own; });
+    way(*own);
+    EXPECT_TRUE(own.isNull());
+    delete own;
+  }
 }
 
 }  // namespace

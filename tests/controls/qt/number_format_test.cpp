@@ -126,5 +126,22 @@ TEST(EntryValidatorTest, TheOwnersCheckDecidesBesideTheFormat) {
   EXPECT_FALSE(validator.Accepts("a"));
 }
 
+TEST(NumberFormatTest, ARangeThatBeginsBelowZeroTakesAMinus) {
+  EXPECT_TRUE(MayBeTyped("-", {3, 2, -0.5, 1}));
+  EXPECT_FALSE(MayBeTyped("-", {3, 2, 0, 1}));
+  EXPECT_TRUE(MayBeTyped("-", {}));
+}
+
+TEST(NumberFormatTest, FewDigitsAreAllowedUpToTheirCount) {
+  EXPECT_TRUE(MayBeTyped("1", {1, 1, 0, 9}));
+  EXPECT_FALSE(MayBeTyped("12", {1, 1, 0, 9}));
+  EXPECT_TRUE(MayBeTyped("1.2", {1, 1, 0, 9}));
+  EXPECT_FALSE(MayBeTyped("1.23", {1, 1, 0, 9}));
+  EXPECT_EQ(PaintedNumber("999999999999999", {0, 0}), "999999999999999") << "one below the largest that is painted";
+  EXPECT_EQ(PaintedNumber("-1000000000000000", {0, 2}), "-1000000000000000");
+  EXPECT_EQ(PaintedNumber("1", {0, 12}), "1.000000000000");
+  EXPECT_EQ(PaintedNumber("1", {0, 13}), "1.000000000000");
+}
+
 }  // namespace
 }  // namespace pnl::test

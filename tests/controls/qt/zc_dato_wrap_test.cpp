@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "controls/zc_dato_wrap.h"
 
+#include "controls/draw_text.h"
+#include "controls/fonts.h"
+#include "paint_counter.h"
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"
 
@@ -202,6 +205,114 @@ TEST_F(ZCDatoWrapTest, MayBeDestroyedByWhoListens) {
     }
     EXPECT_TRUE(alive.isNull()) << byFocus;
   }
+}
+
+/// The colours of the field's edge: outside and one pixel in.
+std::pair<QColor, QColor> EdgeOf(ZCDatoWrap& field) {
+  const QImage image = Paint(field);
+  return {image.pixelColor(60, 0), image.pixelColor(60, 1)};
+}
+
+TEST_F(ZCDatoWrapTest, ItsEdgeIsWideWithTheFocusAndRedWhenANumberWasRefused) {
+  const QColor focused(0x0A, 0x6E, 0xC8);
+  const QColor red(0xB0, 0x10, 0x1C);
+  const QColor plain(0x46, 0x56, 0x6A);
+  field->SetText("5");
+  EXPECT_EQ(EdgeOf(*field), std::pair(focused, focused));
+  EXPECT_NE(Paint(*field).pixelColor(60, 2), focused);
+  other->setFocus();
+  EXPECT_EQ(EdgeOf(*field), std::pair(plain, QColor(Qt::white)));
+  field->setFocus(Qt::TabFocusReason);
+  Type(field, "1001");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(EdgeOf(*field), std::pair(red, red));
+  EXPECT_EQ(field->palette().color(QPalette::Text), red);
+  EXPECT_EQ(field->palette().color(QPalette::Highlight), red);
+  Type(field, "7");
+  EXPECT_EQ(EdgeOf(*field), std::pair(focused, focused)) << "until it is typed on";
+  EXPECT_EQ(field->palette().color(QPalette::Text), QColor(Qt::black));
+  EXPECT_EQ(field->palette().color(QPalette::Highlight), QColor(0x00, 0x78, 0xD7));
+  EXPECT_EQ(field->palette().color(QPalette::HighlightedText), QColor(Qt::white));
+}
+
+TEST_F(ZCDatoWrapTest, ItsNumberLiesAtTheRightMarkedWithTheFocus) {
+  const auto expected = [this](bool marked, const QString& text, const QColor& back, const QColor& ink) {
+    QImage image(field->size(), QImage::Format_RGB32);
+    image.fill(back);
+    QPainter painter(&image);
+    painter.setFont(field->font());
+    const QRect area = field->rect().adjusted(6, 0, -6, 0);
+    const int width = QFontMetrics(field->font()).horizontalAdvance(text);
+    const int height = CellHeight(QFontMetrics(field->font()));
+    if (marked) painter.fillRect(QRect(113 - width, (30 - height) / 2, width + 1, height), QColor(0x00, 0x78, 0xD7));
+    painter.setPen(ink);
+    DrawText(painter, area, text, 0x20 | 0x4 | 0x800 | 0x8000 | 0x2);
+    return image.copy(field->rect().adjusted(2, 2, -2, -2));
+  };
+  const auto painted = [this] { return Paint(*field).copy(field->rect().adjusted(2, 2, -2, -2)); };
+  field->SetFont("Arial", 16, 400);
+  field->SetText("763.8");
+  EXPECT_EQ(painted(), expected(true, "763.8000", Qt::white, Qt::white));
+  other->setFocus();
+  EXPECT_EQ(painted(), expected(false, "763.8000", Qt::white, Qt::black));
+  field->SetColors(0x00FFFF, 0x0000FF);
+  EXPECT_EQ(painted(), expected(false, "763.8000", Qt::yellow, Qt::red));
+  field->setEnabled(false);
+  QColor pale(Qt::red);
+  pale.setAlpha(120);
+  EXPECT_EQ(painted(), expected(false, "763.8000", QColor(Qt::yellow).darker(125), pale));
+  field->SetFont("", 40, 400);
+  EXPECT_EQ(field->font().pixelSize(), 14) << "a font that can't be had";
+}
+
+TEST_F(ZCDatoWrapTest, AKeyBetweenTwoTouchesCountsAsUse) {
+  field->SetText("5");
+  other->setFocus();
+  field->setFocus(Qt::MouseFocusReason);
+  Key(Qt::Key_Up);
+  QMouseEvent press(QEvent::MouseButtonPress, QPoint(60, 15), field->mapToGlobal(QPoint(60, 15)), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(field, &press);
+  EXPECT_TRUE(field->IsEditing()) << "the focus didn't come with this touch";
+}
+
+TEST_F(ZCDatoWrapTest, KeysThatChangeNoTextOpenNothing) {
+  field->SetText("5");
+  EXPECT_FALSE(PressKey(field, Qt::Key_C, "c", Qt::ControlModifier));
+  for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+    EXPECT_FALSE(PressKey(field, Qt::Key_1, "1", modifier));
+    EXPECT_FALSE(field->IsEditing());
+  }
+  EXPECT_FALSE(PressKey(field, Qt::Key_F5, {}));
+  EXPECT_FALSE(PressKey(field, Qt::Key_Cancel, QString(QChar(3))));
+  EXPECT_FALSE(field->IsEditing());
+  EXPECT_TRUE(PressKey(field, Qt::Key_Backspace)) << "it clears the number";
+  EXPECT_TRUE(field->IsEditing());
+  EXPECT_EQ(field->text(), "");
+}
+
+TEST_F(ZCDatoWrapTest, ATextThatIsPutBackByHandIsNoChange) {
+  field->SetText("763.800000");
+  Type(field, "763.8000");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(changes, 0) << "what was seen";
+  EXPECT_EQ(field->Written(), "763.800000");
+  Type(field, "763.80");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(field->Written(), "763.80");
+}
+
+TEST_F(ZCDatoWrapTest, ADigitsChangeIsPainted) {
+  field->SetText("5");
+  Settle();
+  PaintCounter paints(*field);
+  field->SetDigits({5, 1, 0, 1000});
+  Settle();
+  EXPECT_GE(paints.Count(), 1);
+  EXPECT_EQ(field->Digits().decimals, 1);
+  EXPECT_EQ(field->contextMenuPolicy(), Qt::NoContextMenu);
+  EXPECT_FALSE(field->hasFrame());
 }
 
 }  // namespace

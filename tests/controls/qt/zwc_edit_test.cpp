@@ -154,5 +154,40 @@ TEST_F(ZWCEditTest, AParentMayDestroyItOnTheMessage) {
   EXPECT_TRUE(edit.isNull());
 }
 
+TEST_F(ZWCEditTest, ANewTextColourAloneIsShownToo) {
+  const auto text = [this] {
+    Paint(*edit);
+    return edit->palette().color(QPalette::Text);
+  };
+  edit->SetNormalColors(0x804020, 0xFFFFFF, false);
+  EXPECT_EQ(text(), QColor(Qt::white));
+  edit->SetNormalColors(0x804020, 0x0000FF, false);
+  EXPECT_EQ(text(), QColor(Qt::red));
+  edit->setFocus();
+  edit->SetFocusColors(0x20FF20, 0x000000, false);
+  EXPECT_EQ(text(), QColor(Qt::black));
+  edit->SetFocusColors(0x20FF20, 0xFF0000, false);
+  EXPECT_EQ(text(), QColor(Qt::blue));
+  edit->SetFocusColors(0x0000FF, 0xFF0000, false);
+  EXPECT_EQ(ColorAt(Paint(*edit), 75, 15), 0x0000FFu) << "the ground alone too";
+}
+
+TEST_F(ZWCEditTest, WhatAnInputMethodReplacesIsReplacedWithoutForbiddenCharacters) {
+  edit->SetForbidden("/");
+  edit->setText("abc");
+  QInputMethodEvent composed("pre", {});
+  composed.setCommitString("n/o", -1, 1);
+  QApplication::sendEvent(edit, &composed);
+  EXPECT_EQ(edit->text(), "abno");
+  EXPECT_TRUE(composed.isAccepted());
+}
+
+TEST_F(ZWCEditTest, AFontIsTheEditsOwnAndSoIsItsMark) {
+  edit->SetFont("Arial", 20, 700);
+  EXPECT_EQ(edit->font().weight(), 700);
+  EXPECT_EQ(edit->property("pnlId").toInt(), 225);
+  EXPECT_EQ(edit->property("pnlKind").toString(), "edit");
+}
+
 }  // namespace
 }  // namespace pnl::test

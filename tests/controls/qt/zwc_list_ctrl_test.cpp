@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/zwc_list_ctrl.h"
 
+#include "controls/draw_text.h"
 #include "controls/fonts.h"
 #include "paint_counter.h"
 #include "support/widget_probe.h"
@@ -255,6 +256,66 @@ TEST_F(ZWCListCtrlTest, TheExtentHoldsAllRowsAndTheWidestText) {
   EXPECT_EQ(size.width(), text + 16);
 }
 
+TEST_F(ZWCListCtrlTest, EachCellsTextAndImageLieWhereTheColumnSaysToThePixel) {
+  list.SetStateImages({QSize(8, 8), {Square(8, Qt::yellow)}});
+  GiveIcons();
+  list.SetSubItemImages(true);
+  list.setColumnWidth(2, 90);
+  list.Rows().SetRows({ReportRow{{{"first", 0}, {"second", 1}, {"third", -1}}, 2, 0, 0}});
+  const int height = list.RowHeight();
+  QImage expected(400, height, QImage::Format_RGB32);
+  expected.fill(QColor(0x10, 0x20, 0x40));
+  QPainter painter(&expected);
+  painter.setFont(list.RowFont());
+  painter.setPen(Qt::white);
+  const int offset = 2 * painter.fontMetrics().horizontalAdvance(u' ');
+  painter.fillRect(0, (height - 8) / 2, 8, 8, Qt::yellow);
+  painter.fillRect(8, (height - 16) / 2, 16, 16, Qt::red);
+  DrawText(painter, QRect(24, 0, 76, height).adjusted(offset / 2 - 1, 0, -offset, 0), QString("first"), 0x8824);
+  painter.fillRect(100, (height - 16) / 2, 16, 16, Qt::green);
+  DrawText(painter, QRect(118, 0, 82, height).adjusted(offset, 0, -offset, 0), QString("second"), 0x8826);
+  DrawText(painter, QRect(200, 0, 90, height).adjusted(offset, 0, -offset, 0), QString("third"), 0x8825);
+  painter.end();
+  EXPECT_EQ(Draw().copy(expected.rect()), expected);
+}
+
+TEST_F(ZWCListCtrlTest, AColumnWithoutWidthShowsNothing) {
+  Fill(1);
+  list.setColumnHidden(0, true);
+  const QImage image = Draw();
+  const int offset = 2 * QFontMetrics(list.font()).horizontalAdvance(' ');
+  EXPECT_NEAR(Ink(image, kBack, QRect(0, 0, 100, list.RowHeight())).right(), 100 - offset, 2);
+}
+
+TEST_F(ZWCListCtrlTest, TheGivenColoursAndFontAreTheLists) {
+  EXPECT_EQ(list.BackColor(), kBack);
+  EXPECT_EQ(list.TextColor(), kText);
+  EXPECT_EQ(list.palette().color(QPalette::Base), QColor(0x10, 0x20, 0x40));
+  EXPECT_EQ(list.palette().color(QPalette::Text), QColor(Qt::white));
+  EXPECT_EQ(list.font().pixelSize(), 12);
+  EXPECT_EQ(list.indentation(), 0);
+  EXPECT_FALSE(list.itemsExpandable());
+  EXPECT_EQ(list.selectionMode(), QAbstractItemView::ExtendedSelection);
+  EXPECT_EQ(list.selectionBehavior(), QAbstractItemView::SelectRows);
+  EXPECT_EQ(list.editTriggers(), QAbstractItemView::NoEditTriggers);
+}
+
+TEST_F(ZWCListCtrlTest, NewStateImagesArePainted) {
+  ReportRow row;
+  row.cells = {{"", -1}};
+  row.stateImage = 1;
+  list.Rows().SetRows({row});
+  Settle();
+  PaintCounter paints(*list.viewport());
+  list.SetStateImages({QSize(8, 8), {Square(8, Qt::yellow)}});
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
+  EXPECT_EQ(Count(Draw(), 0x00FFFF), 0) << "there is no second one";
+  row.stateImage = -1;
+  list.Rows().SetRows({row});
+  EXPECT_EQ(Count(Draw(), 0x00FFFF), 0);
+}
+
 TEST(LongReport, OnlyTheRowsThatShowAreDrawn) {
   class Counting : public ZWCListCtrl {
    public:
@@ -276,28 +337,6 @@ TEST(LongReport, OnlyTheRowsThatShowAreDrawn) {
   EXPECT_GT(list.drawn, 3);
   EXPECT_LE(list.drawn, 200 / list.RowHeight() + 2);
   EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.Rows().index(9999, 0)).center()));
-}
-
-TEST(ReportModel, StaysConsistentUnderEveryChange) {
-  ReportModel model;
-  EXPECT_TRUE(model.IsConsistent());
-  model.SetColumns({{"Name"}, {"Size"}});
-  EXPECT_EQ(model.InsertRow(5, {{{"a"}}, -1, -1, 1}), 0);
-  EXPECT_EQ(model.InsertRow(0, {{{"b"}}, -1, -1, 2}), 0);
-  EXPECT_TRUE(model.IsConsistent());
-  EXPECT_TRUE(model.SetCell(1, 1, {"12", 3}));
-  EXPECT_EQ(model.Cell(1, 1).text, "12");
-  EXPECT_FALSE(model.SetCell(1, 2, {"x"}));
-  EXPECT_FALSE(model.SetCell(9, 0, {"x"}));
-  EXPECT_FALSE(model.ReplaceRow(-1, {}));
-  EXPECT_FALSE(model.DeleteRow(2));
-  EXPECT_TRUE(model.DeleteRow(0));
-  EXPECT_EQ(model.Row(0)->data, 1);
-  EXPECT_EQ(model.Row(1), nullptr);
-  EXPECT_EQ(model.Cell(7, 7).text, "");
-  model.Clear();
-  EXPECT_EQ(model.rowCount(), 0);
-  EXPECT_TRUE(model.IsConsistent());
 }
 
 }  // namespace

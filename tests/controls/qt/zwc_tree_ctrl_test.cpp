@@ -91,5 +91,17 @@ TEST_F(ZWCTreeCtrlTest, KeepsItsFontWhenAnotherCannotBeMade) {
   EXPECT_EQ(tree.font().pixelSize(), 12);
 }
 
+TEST_F(ZWCTreeCtrlTest, IsATreeOfOneColumnWithoutAHead) {
+  EXPECT_EQ(tree.property("pnlKind").toString(), "tree");
+  EXPECT_EQ(tree.property("pnlId").toInt(), 10);
+  EXPECT_EQ(tree.columnCount(), 1);
+  EXPECT_TRUE(tree.header()->isHidden());
+  EXPECT_TRUE(tree.uniformRowHeights());
+  EXPECT_EQ(tree.editTriggers(), QAbstractItemView::NoEditTriggers);
+  EXPECT_EQ(tree.SelectedNode(), nullptr);
+  Select();
+  EXPECT_EQ(tree.SelectedNode(), root);
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -69,6 +69,12 @@ TEST_F(LibraryTest, AFrameToolWithoutAParentReportsThatItOpensAndIsClosed) {
   EXPECT_TRUE(calls.empty());
   EXPECT_EQ(library_.LoadTool(PNL_TOOL_EXPLORER, 0), 0);
   EXPECT_THAT(calls, ElementsAre("opening 5", "closed 5 2"));
+  calls.clear();
+  EXPECT_EQ(library_.LoadTool(PNL_TOOL_MACHINING_CALCULATOR, 0), 0);
+  EXPECT_THAT(calls, ElementsAre("opening 4", "closed 4 2"));
+  calls.clear();
+  for (const int tool : {1, 2, 7, -1}) EXPECT_EQ(library_.LoadTool(tool, 0), 0) << tool;
+  EXPECT_TRUE(calls.empty());
 }
 
 TEST_F(LibraryTest, AnUnknownNumberMakesNothing) {

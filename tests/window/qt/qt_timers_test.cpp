@@ -149,5 +149,88 @@ TEST(SwitchableTimers, ATickMayStopItsOwnTimer) {
   EXPECT_EQ(timers.Running(), 0u);
 }
 
+TEST(QtTimers, OfTimersThatAreDueTogetherTheFirstStartedTicksFirst) {
+  QtTimers timers;
+  std::vector<int> order;
+  std::vector<int> expected;
+  for (int i = 0; i < 50; ++i) {
+    expected.push_back(i);
+    timers.Start(5, true, [&order, i] { order.push_back(i); });
+  }
+  ASSERT_TRUE(RunUntil([&] { return order.size() == 50; }));
+  EXPECT_EQ(order, expected);
+}
+
+TEST(QtTimers, APeriodBelowOneLeavesOtherTimersTheirTurn) {
+  QtTimers timers;
+  int ticks = 0;
+  bool other = false;
+  TimerId id = 0;
+  id = timers.Start(0, false, [&] {
+    if (++ticks == 100'000 || other) timers.Stop(id);
+  });
+  EXPECT_NE(id, 0u);
+  timers.Start(3, true, [&] { other = true; });
+  ASSERT_TRUE(RunUntil([&] { return other; }));
+  EXPECT_LT(ticks, 100'000);
+}
+
+TEST(QtTimers, ATimerWithoutATickEndsAsAnyOther) {
+  QtTimers timers;
+  timers.Start(1, true, nullptr);
+  EXPECT_TRUE(RunUntil([&] { return timers.Running() == 0; }));
+  timers.Stop(4711);
+  EXPECT_FALSE(timers.IsArmed());
+}
+
+TEST(SwitchableTimers, BeforeTheFirstUseItIsMidnight) {
+  const SwitchableTimers timers;
+  EXPECT_EQ(timers.Now(), 0);
+  EXPECT_FALSE(timers.IsManual());
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
+TEST(SwitchableTimers, ASecondSwitchChangesNothing) {
+  SwitchableTimers timers;
+  timers.UseManual();
+  int ticks = 0;
+  EXPECT_NE(timers.Start(20, false, [&] { ++ticks; }), 0u);
+  timers.Advance(10);
+  timers.UseManual();
+  EXPECT_EQ(timers.Now(), 10);
+  timers.Advance(10);
+  EXPECT_EQ(ticks, 1);
+}
+
+TEST(SwitchableTimers, AfterTheSwitchRealTimeMovesNothing) {
+  SwitchableTimers timers;
+  int ticks = 0;
+  timers.Start(1, false, [&] { ++ticks; });
+  timers.UseManual();
+  // Another timer in real time, due later than the old one was.
+  QtTimers real;
+  bool later = false;
+  real.Start(20, true, [&] { later = true; });
+  ASSERT_TRUE(RunUntil([&] { return later; }));
+  EXPECT_EQ(ticks, 0);
+  timers.Advance(1);
+  EXPECT_EQ(ticks, 1);
+}
+
+TEST(SwitchableTimers, ATimerThatIsStoppedOrHasNoTickDoesNothing) {
+  SwitchableTimers timers;
+  timers.UseManual();
+  int settled = 0;
+  timers.SetAfterTick([&] { ++settled; });
+  timers.Start(10, true, nullptr);
+  const TimerId stopped = timers.Start(10, true, [] { ADD_FAILURE(); });
+  timers.Stop(stopped);
+  timers.Stop(stopped);
+  EXPECT_EQ(timers.Running(), 1u);
+  timers.Advance(10);
+  EXPECT_EQ(settled, 1);
+  EXPECT_EQ(timers.Running(), 0u);
+}
+
 }  // namespace
 }  // namespace pnl

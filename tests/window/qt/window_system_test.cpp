@@ -363,6 +363,8 @@ TEST_F(WindowSystemTest, ABoxShowsPlainTextWithTheIconAndTheButtonsOfItsStyle) {
       EXPECT_EQ(box->textFormat(), Qt::PlainText);
       EXPECT_EQ(box->windowTitle(), "Save program");
       EXPECT_EQ(box->icon(), row.icon);
+      const bool question = row.style == BoxStyle::kQuestion;
+      EXPECT_EQ(box->standardButtons(), question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
       EXPECT_TRUE(windows_.InCallOut());
       ASSERT_NE(box->button(row.press), nullptr);
       box->button(row.press)->click();
