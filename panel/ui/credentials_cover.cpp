@@ -105,10 +105,12 @@ void CredentialsCover::Finish(bool accepted) {
   const std::u16string user = fields_[kUser]->text().toStdU16String();
   const std::u16string domain = fields_[kDomain]->text().toStdU16String();
   std::u16string password = TakeText(*fields_[kPassword]);
-  if (questions_.empty()) hide();
+  const bool more = IsOpen();
+  if (!more) hide();
   answer_(request, accepted ? user.c_str() : nullptr, domain.c_str(), password.c_str());
   std::fill(password.begin(), password.end(), u'\0');
-  if (IsOpen() && !isVisible()) Show();
+  // A question that came with the answer shows itself, one that waited doesn't.
+  if (more) Show();
 }
 
 QString CredentialsCover::Title() const {

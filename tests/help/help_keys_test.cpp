@@ -344,6 +344,19 @@ TEST_F(HelpKeys, AnEmptyTextIsNotSought) {
   EXPECT_EQ(view->note, "");
 }
 
+TEST_F(HelpKeys, EnterTidiesNothingWhenThePageThatItOpenedHasTheFocus) {
+  book->found[u"x"] = {{u"b", u"mdi.htm"}, {u"a", u"home.htm"}};
+  OpenAt();
+  Menu(2006);
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  view->stubborn = true;
+  view->onKey = [this](HelpKey, HelpPart) { view->part = HelpPart::kPage; };
+  view->part = HelpPart::kSearchLine;
+  Key(HelpKey::kEnter);
+  EXPECT_THAT(view->results, ElementsAre("b", "a"));
+}
+
 TEST_F(HelpKeys, TheLineForFindingClosesWithItsManual) {
   OpenAt();
   Menu(40002);

@@ -40,7 +40,17 @@ TEST_F(HelpPages, ARowThatIsntThereOrLeadsNowhereChangesNothing) {
     for (const int row : {-1, -100, 5, 100}) Choose(list, row);
   }
   Choose(HelpPart::kIndexList, 4);
+  Choose(HelpPart::kContents, 4);
+  Choose(HelpPart::kResults, 0);
   EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(HelpPages, OnlyTheLineOfTheIndexSelectsWhileItIsTypedIn) {
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = view->lines[HelpPart::kFindLine] = u"b";
+  view->SelectRow(HelpPart::kIndexList, 3);
+  for (const HelpPart line : {HelpPart::kSearchLine, HelpPart::kFindLine}) Call(&HelpSession::OnLineChanged, line);
+  EXPECT_EQ(view->SelectedRow(HelpPart::kIndexList), 3);
 }
 
 TEST_F(HelpPages, ThePageThatIsShownIsSelectedInTheContents) {
@@ -137,6 +147,30 @@ TEST_F(HelpPages, AManualThatCantBeSearchedSaysSo) {
   book->searchRefuses = true;
   OpenAt();
   EXPECT_EQ(view->status, "T341");
+}
+
+TEST_F(HelpPages, ARowOfTheResultsThatIsSelectedStaysSelected) {
+  book->found[u"x"] = {{u"a", u"mdi.htm"}, {u"b", u"home.htm"}};
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  view->SelectRow(HelpPart::kResults, 1);
+  view->part = HelpPart::kSearchLine;
+  Key(HelpKey::kEnter);
+  EXPECT_EQ(view->SelectedRow(HelpPart::kResults), 1) << "they are in order already";
+}
+
+TEST_F(HelpPages, AnIndexIsAskedOnceForAQueryThatWaited) {
+  book->slowSearch = true;
+  book->found[u"x"] = {{u"a", u"mdi.htm"}};
+  OpenAt();
+  Search(u"x");
+  book->searchable = true;
+  book->ready();
+  ASSERT_THAT(view->results, ElementsAre("a"));
+  view->lines[HelpPart::kSearchLine] = u"y";
+  book->ready();
+  EXPECT_THAT(view->results, ElementsAre("a")) << "nobody asked for the other word";
 }
 
 TEST_F(HelpPages, ANewManualBeginsWithEmptyLinesAndLists) {
@@ -240,6 +274,7 @@ TEST_F(HelpPages, WithoutAChoiceNothingIsSent) {
        {std::optional<ManualChoice>(), std::optional(ManualChoice{ManualChoice::List::kManuals, -1}),
         std::optional(ManualChoice{ManualChoice::List::kManuals, 3}),
         std::optional(ManualChoice{ManualChoice::List::kRecent, -1}),
+        std::optional(ManualChoice{ManualChoice::List::kRecent, 1}),
         std::optional(ManualChoice{ManualChoice::List::kRecent, 9})}) {
     view->choice = choice;
     Forget();

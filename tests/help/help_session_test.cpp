@@ -248,6 +248,32 @@ TEST_F(HelpSessionTest, WhileAManualIsBeingOpenedTheWindowSaysSo) {
   EXPECT_EQ(view->note, "");
 }
 
+TEST_F(HelpSessionTest, WhatIsStillBeingOpenedIsDroppedByEveryEnd) {
+  world.slow = true;
+  for (const std::intptr_t close : {PNL_COMMAND_HIDE, PNL_COMMAND_LEAVE, PNL_COMMAND_CLOSE_TOOL}) {
+    SetMark(u"OPT0130");
+    Command(2);
+    world.drops = 0;
+    Command(close);
+    EXPECT_EQ(world.drops, 1) << close;
+  }
+  SetMark(u"OPT0130");
+  Command(2);
+  world.drops = 0;
+  DestroyTool();
+  EXPECT_GE(world.drops, 1);
+}
+
+TEST_F(HelpSessionTest, AManualThatCannotBeStartedLeavesTheViewerReadyForTheNext) {
+  world.refuses = true;
+  OpenAt();
+  EXPECT_FALSE(tool->HasHelpWindow());
+  world.refuses = false;
+  OpenAt();
+  EXPECT_EQ(view->missing, "");
+  EXPECT_EQ(view->shownPage, "mdi.htm#OPT0130");
+}
+
 TEST_F(HelpSessionTest, AnAnswerForAClosedViewerIsDropped) {
   world.slow = true;
   SetMark(u"OPT0130");

@@ -43,6 +43,8 @@ const MarkupRow kMarkup[] = {
     {u"<!DOCTYPE html><!-- <p> --><?xml?>a", "a"},
     {u"a<!-- open <p>", "a"},
     {u"<unknown><b>a</b></unknown>", "<b>a</b>"},
+    {u"<zzz><b>a</b></ZZZ><A HREF=z>b</A>", "<b>a</b><a href=\"z\">b</a>"},
+    {u"a<!>b<?>c</ b>d<p/>e", "abcd<p>e</p>"},
     // What is open is closed, and nothing else.
     {u"<b><i>a", "<b><i>a</i></b>"},
     {u"<b><i>a</b>c</i>", "<b><i>a</i></b>c"},
@@ -52,12 +54,21 @@ const MarkupRow kMarkup[] = {
     {u"<p>a<h1>b</h1>", "<p>a</p><h1>b</h1>"},
     {u"<p>a<b>b</b><br>c</p>", "<p>a<b>b</b><br>c</p>"},
     {u"<ul><li>a<li>b<ul><li>c</ul><li>d</ul>", "<ul><li>a</li><li>b<ul><li>c</li></ul></li><li>d</li></ul>"},
+    {u"<ul><li>a</ul>b<li>c", "<ul><li>a</li></ul>b<li>c</li>"},
+    {u"<ul><li><p>a<p>b<li>c</ul>", "<ul><li><p>a</p><p>b</p></li><li>c</li></ul>"},
+    {u"<p>a<ul><li>b</ul><p>c<table></table>", "<p>a</p><ul><li>b</li></ul><p>c</p><table></table>"},
+    {u"<ul><li><table><tr><td>a<li>b</table>", "<ul><li><table><tr><td>a<li>b</li></td></tr></table></li></ul>"},
+    {u"<p><table><tr><td>a<p>b</table>", "<p></p><table><tr><td>a<p>b</p></td></tr></table>"},
     {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
     {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
     {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
      "<table><thead><tr><td>a</td></tr></thead><tbody><tr><td>b</td></tr></tbody></table>"},
     {u"<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>",
      "<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>"},
+    {u"<table><tr><td>a<tfoot><tr><td>b</table>",
+     "<table><tr><td>a</td></tr><tfoot><tr><td>b</td></tr></tfoot></table>"},
+    {u"<table><tr><td>a<table><tr><td>b</table><td>c</table>",
+     "<table><tr><td>a<table><tr><td>b</td></tr></table></td><td>c</td></tr></table>"},
     {u"<table><tr><td></b></p>a</td></tr></table>", "<table><tr><td>a</td></tr></table>"},
     {u"<td>a</td><tr>b", "ab"},
     // Nothing runs, and nothing is embedded.
@@ -69,6 +80,14 @@ const MarkupRow kMarkup[] = {
     {u"<title>Name</title>a", "a"},
     // Attributes.
     {u"<a href='b.htm#c' target=_blank>x</a>", "<a href=\"b.htm#c\">x</a>"},
+    {u"<a\thref=b.htm\rname=n\fid=i\ntitle=t>x</a>", "<a href=\"b.htm\" name=\"n\" id=\"i\" title=\"t\">x</a>"},
+    {u"<a href=b.htm/title=t =id=i / >x</a>", "<a href=\"b.htm/title=t\" id=\"i\">x</a>"},
+    {u"<a title>x</a><a title=>y</a>", "<a title=\"\">x</a><a title=\"\">y</a>"},
+    {u"<font size=-99>a</font><font size=+>b</font><font size=7>c</font>",
+     "<font size=\"-50\">a</font><font size=\"+0\">b</font><font size=\"7\">c</font>"},
+    {u"<td><table border=50 cellspacing=1><tr><td colspan=-1 rowspan=x><td colspan=2>",
+     "<table border=\"50\" cellspacing=\"1\"><tr><td colspan=\"1\" rowspan=\"1\"></td><td "
+     "colspan=\"2\"></td></tr></table>"},
     {u"<a href = \"b c.htm\" >x</a>", "<a href=\"b c.htm\">x</a>"},
     {u"<a name=n><img src=a.png alt='say \"hi\"'>", "<a name=\"n\"><img src=\"picture:a.png\" alt=\"say 'hi'\"></a>"},
     {u"<img src=a.png width=99999999 height=50%>", "<img src=\"picture:a.png\" width=\"2000\" height=\"50%\">"},
@@ -92,6 +111,43 @@ TEST(PageMarkup, OnlyKnownTagsAndAttributesPass) {
   for (const MarkupRow& row : kMarkup) EXPECT_EQ(Clean(row.markup), row.clean) << ToUtf8(row.markup);
 }
 
+// Beyond these the browser takes minutes or gigabytes; below them an honest page must lose nothing.
+TEST(PageMarkup, TheLimitsAreThese) {
+  EXPECT_EQ(page_limit::kBytes, 1'000'000u);
+  EXPECT_EQ(page_limit::kWord, 1'000u);
+  EXPECT_EQ(page_limit::kTags, 10'000u);
+  EXPECT_EQ(page_limit::kDepth, 100u);
+  EXPECT_EQ(page_limit::kTables, 3u);
+  EXPECT_EQ(page_limit::kLists, 12u);
+  EXPECT_EQ(page_limit::kPictures, 1'000u);
+  EXPECT_EQ(page_limit::kStyle, 16'000u);
+  EXPECT_EQ(page_limit::kRules, 500u);
+}
+
+TEST(PageMarkup, AValueHasFourThousandCharactersAtMostWhateverItsKind) {
+  const Text most(4'096, u'x');
+  for (const ValueKind kind : {ValueKind::kText, ValueKind::kAddress, ValueKind::kCss}) {
+    EXPECT_EQ(CleanValue(kind, most), most);
+    EXPECT_EQ(CleanValue(kind, most + u"y"), most);
+  }
+  EXPECT_EQ(CleanValue(ValueKind::kPicture, most + u"y"), u"picture:" + most);
+  EXPECT_EQ(CleanValue(ValueKind::kPicture, u"picture:" + most), u"picture:" + most) << "what is clean stays whole";
+}
+
+struct NumberRow {
+  TextView css;
+  const char* limited;
+};
+
+TEST(PageMarkup, OnlyTheNumbersOfAStyleAreLimited) {
+  for (const NumberRow& row : {NumberRow{u"1999px 2000px 2001px 09999", "1999px 2000px 2000px 2000"},
+                               NumberRow{u"z9000 Z9000 a9000 A9000 _9000", "z9000 Z9000 a9000 A9000 _9000"},
+                               NumberRow{u"#999999 #abc9000def-9000", "#999999 #abc9000def-2000"},
+                               NumberRow{u"9000a9000 3.99999", "2000a9000 3.2000"}}) {
+    EXPECT_EQ(ToUtf8(CleanValue(ValueKind::kCss, row.css)), row.limited);
+  }
+}
+
 TEST(PageMarkup, CleanMarkupStaysAsItIs) {
   for (const MarkupRow& row : kMarkup) {
     const Text once = CleanMarkup(row.markup).markup;
@@ -110,6 +166,9 @@ TEST(PageMarkup, NestingEndsAtTheLimit) {
   EXPECT_EQ(CountOf(Clean(Repeat(u"<b>", 100'000)), "<b>"), page_limit::kDepth);
   EXPECT_EQ(CountOf(Clean(Repeat(u"<ul><li>", 1000)), "<ul>"), page_limit::kLists);
   EXPECT_EQ(CountOf(Clean(Repeat(u"<b>", 100) + u"</b><i>x"), "<i>"), 1u) << "a place that is free again";
+  EXPECT_EQ(CountOf(Clean(Repeat(u"<b>", 100) + u"<i>x"), "<i>"), 0u);
+  EXPECT_EQ(CountOf(Clean(u"<ul><li>" + Repeat(u"<table></table>", 9)), "<table>"), 9u) << "not in each other";
+  EXPECT_EQ(CountOf(Clean(Repeat(u"<ul></ul>", 99)), "<ul>"), 99u);
 }
 
 TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
@@ -129,6 +188,7 @@ TEST(PageMarkup, APageWithTooManyTagsOrPicturesIsCut) {
   EXPECT_EQ(cut.markup.find(u"rest"), Text::npos);
   EXPECT_FALSE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures)).cut);
   EXPECT_TRUE(CleanMarkup(Repeat(u"<img src=a>", page_limit::kPictures + 1)).cut);
+  EXPECT_FALSE(CleanMarkup(Repeat(u"<table><tr><td>", 10)).cut) << "what is nested too deep alone goes";
 }
 
 TEST(PageMarkup, AWordThatIsTooLongIsBrokenBetweenCharacters) {
@@ -136,6 +196,11 @@ TEST(PageMarkup, AWordThatIsTooLongIsBrokenBetweenCharacters) {
   EXPECT_EQ(BreakLongWords(word + u" " + word), word + u" " + word);
   EXPECT_EQ(BreakLongWords(word + u"yz"), word + u" yz");
   EXPECT_EQ(BreakLongWords(word + word + word), word + u" " + word + u" " + word);
+  for (const char16_t white : {u' ', u'\t', u'\n', u'\v', u'\f', u'\r'}) {
+    EXPECT_EQ(BreakLongWords(word + white + word), word + white + word) << static_cast<int>(white);
+  }
+  EXPECT_EQ(BreakLongWords(word + u'\x08'), word + u' ' + u'\x08');
+  EXPECT_EQ(BreakLongWords(word + u'\x0E'), word + u' ' + u'\x0E');
   const Text before(page_limit::kWord - 1, u'x');
   EXPECT_EQ(BreakLongWords(before + u"\U0001F527y"), before + u"\U0001F527 y");
   EXPECT_EQ(CleanMarkup(u"<p>" + word + u"y").markup, u"<p>" + word + u" y</p>");
@@ -188,6 +253,28 @@ TEST(PageDecoding, APageIsReadUpToTheLimitAndNoCharacterIsCutInHalf) {
   const Text text = DecodePage(bytes);
   EXPECT_EQ(text.size(), page_limit::kBytes - 1);
   EXPECT_EQ(text.back(), u'x');
+  const std::string face = "\xF0\x9F\x94\xA7";
+  for (std::size_t there = 1; there < face.size(); ++there) {
+    const std::string start(1'000'000 - there, 'x');
+    EXPECT_EQ(DecodePage(start + face + "tail"), Text(start.size(), u'x')) << there;
+  }
+  EXPECT_EQ(DecodePage(std::string(1'000'000, 'x')).size(), 1'000'000u);
+  EXPECT_EQ(DecodePage(std::string(1'000'001, 'x')).size(), 1'000'000u);
+  EXPECT_EQ(DecodePage(std::string(1'000'001, '\xE1')).size(), 1'000'000u) << "no character of it has two bytes";
+}
+
+TEST(PageDecoding, TheThirtyTwoCharactersOfWindowsHaveTheirOwnCodes) {
+  constexpr char16_t kCharacters[] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6,
+                                      0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018,
+                                      0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161,
+                                      0x203A, 0x0153, 0x9D,   0x017E, 0x0178, 0xA0,   0xA1};
+  std::string bytes = "\x7F";
+  Text expected = u"\x7F";
+  for (std::size_t i = 0; i < std::size(kCharacters); ++i) {
+    bytes.push_back(static_cast<char>(0x80 + i));
+    expected.push_back(kCharacters[i]);
+  }
+  EXPECT_EQ(DecodePage(bytes), expected);
 }
 
 }  // namespace

@@ -121,6 +121,9 @@ TEST_F(ResolveFileTest, OnlyTheTextBeforeTheHashNamesAFile) {
 TEST_F(ResolveFileTest, TheFoldersOfASearchAreKnown) {
   EXPECT_THAT(PlacesOfFile(utilities_, u"a.txt"), ElementsAre(u"C:\\P61", u"C:\\P15"));
   EXPECT_THAT(PlacesOfFile(utilities_, u"C:\\X\\a.txt#1"), ElementsAre(u"C:\\X"));
+  EXPECT_THAT(PlacesOfFile(utilities_, u"a.txt#x/y"), ElementsAre(u"C:\\P61", u"C:\\P15"));
+  EXPECT_THAT(PlacesOfFile(utilities_, u"C:a.txt#1"), ElementsAre(u"C:a.txt"))
+      << "no folder can be told from the drive";
 }
 
 }  // namespace

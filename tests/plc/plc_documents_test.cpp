@@ -179,6 +179,19 @@ TEST_F(PlcDocuments, ABitmapThatCannotBeDecodedOrIsTooLargeIsNamed) {
   bmp.replace(22, 4, std::string("\x30\x75\0\0", 4));
   EXPECT_THAT(Show(u"plan.bmp"), IsEmpty()) << "nobody decodes 30,000 by 30,000";
   EXPECT_EQ(Note(), "plan.bmp too large");
+  bmp.replace(18, 4, std::string("\x80\x3E\0\0", 4));
+  bmp.replace(22, 4, std::string("\xD0\x07\0\0", 4));
+  EXPECT_THAT(Show(u"plan.bmp"), ElementsAre("view picture")) << "16,000 by 2,000 are just enough";
+  bmp.replace(22, 4, std::string("\xD1\x07\0\0", 4));
+  EXPECT_THAT(Show(u"plan.bmp"), IsEmpty());
+  EXPECT_EQ(Note(), "plan.bmp too large");
+  for (const std::size_t side : {18u, 22u}) {
+    std::string flat = bmp;
+    flat.replace(side, 4, 4, '\0');
+    files.disc["C:\\P61\\flat.bmp"] = flat;
+    Show(u"flat.bmp");
+    EXPECT_EQ(Note(), "flat.bmp damaged") << "without a pixel it isn't large";
+  }
   bmp = "no bitmap";
   Show(u"plan.bmp");
   EXPECT_EQ(Note(), "plan.bmp damaged");
@@ -191,6 +204,50 @@ TEST_F(PlcDocuments, ARefusedLinkIsNamedOnTheMessageLineUntilTheNextDocument) {
   EXPECT_EQ(view->Area(), "page");
   Escape();
   EXPECT_THAT(All(), ElementsAre("clear message", "HostToolClosed(1,2)", "view hide", "HostForwardKey(27)"));
+}
+
+TEST_F(PlcDocuments, AMessageAboutALinkIsClearedOnce) {
+  Show(u"page.htm");
+  Call(&PlcSession::OnLinkRefused, TextView(u"x:y"));
+  All();
+  Help(u"other.htm");
+  EXPECT_THAT(All(), testing::Contains("clear message"));
+  Help(u"page.htm");
+  EXPECT_THAT(All(), testing::Not(testing::Contains("clear message")));
+}
+
+TEST_F(PlcDocuments, APictureThatIsGoneIsNamedAsOneThatCannotBeRead) {
+  Show(u"plan.bmp");
+  files.disc.erase("C:\\P61\\plan.bmp");
+  Show(u"plan.bmp");
+  EXPECT_EQ(Note(), "plan.bmp unreadable\nLooked in:\nC:\\P61\nC:\\P15");
+  EXPECT_EQ(view->Area(), "note");
+}
+
+TEST_F(PlcDocuments, NothingOfADocumentIsLeftAfterItsWindow) {
+  Show(u"page.htm");
+  view->content = "text";
+  Escape();
+  EXPECT_EQ(tool->DocumentFile(), u"");
+  EXPECT_EQ(tool->DocumentExt(), u"");
+  EXPECT_EQ(view->page, u"") << "the page would stay in memory";
+  EXPECT_EQ(view->content, "");
+  EXPECT_EQ(Title(), "");
+  EXPECT_EQ(Count(), "");
+  EXPECT_EQ(view->Area(), "nothing");
+  for (const PlcKey key : {PlcKey::kEnter, PlcKey::kSpace, PlcKey::kHome}) EXPECT_FALSE(Key(key));
+}
+
+TEST_F(PlcDocuments, ANoteGoesWithTheNextDocumentOfEveryKind) {
+  for (const TextView file : {u"text.txt#1", u"page.htm", u"plan.bmp", u"film.avi"}) {
+    Show(u"none.htm");
+    ASSERT_EQ(view->Area(), "note");
+    Show(file);
+    EXPECT_EQ(view->Area().find("note"), std::string::npos) << ToUtf8(file);
+  }
+  Show(u"none.htm");
+  Show(u"");
+  EXPECT_EQ(view->Area(), "nothing");
 }
 
 // Places.

@@ -33,6 +33,32 @@ TEST_F(PlcTest, TheToolWaitsHiddenWithItsDialogsSizeAtTheCorner) {
   EXPECT_EQ(tool->Queue().CurrentCode(), 2'000'000'000u);
 }
 
+TEST_F(PlcTest, BeforeTheFirstMessageTheTitleIsGreyAndBlack) {
+  EXPECT_EQ(view->titleBack, 0xC0C0C0u);
+  EXPECT_EQ(view->titleText, 0u);
+  EXPECT_EQ(view->rects[plc_id::kTitle], (Rect{0, 0, 354, 30}));
+}
+
+struct SizeRow {
+  int width;
+  int height;
+  Rect window;
+};
+
+TEST_F(PlcTest, ADialogWithoutASizeHasTheUsualOne) {
+  for (const SizeRow& row : {SizeRow{100, 80, {0, 0, 150, 130}}, SizeRow{1, 1, {0, 0, 2, 2}},
+                             SizeRow{0, 80, {0, 0, 354, 130}}, SizeRow{100, 0, {0, 0, 150, 367}}}) {
+    PackContents contents;
+    contents.dialogs[plc_id::kDialog].width = row.width;
+    contents.dialogs[plc_id::kDialog].height = row.height;
+    LanguagePack pack;
+    ASSERT_TRUE(pack.Parse(BuildPack(contents)));
+    language.Use(std::move(pack));
+    MakeTool();
+    EXPECT_EQ(view->window, row.window);
+  }
+}
+
 TEST_F(PlcTest, AReportIsReadInOrder) {
   Report(3);
   EXPECT_THAT(All(), ElementsAre("HostMayOpenTool(1)", "HostToolOpening(1)", "view show", "view top", "view focus",
@@ -444,6 +470,50 @@ TEST_F(PlcTest, AFileThatTheHostRefusesBeginsAtItsTop) {
   Escape();
   EXPECT_EQ(view->content, "Text 2");
   EXPECT_EQ(view->scroll[plc_id::kText], 0);
+}
+
+TEST_F(PlcTest, APlaceIsKeptOnceAndNotForAHelp) {
+  Report(5);
+  view->scroll[plc_id::kPage] = 120;
+  Report(3);
+  Escape();
+  ASSERT_EQ(view->scroll[plc_id::kPage], 120);
+  view->scroll[plc_id::kPage] = 7;
+  Help(u"page.htm");
+  EXPECT_EQ(view->scroll[plc_id::kPage], 0);
+  view->scroll[plc_id::kPage] = 99;
+  Help(u"page.htm");
+  EXPECT_EQ(view->scroll[plc_id::kPage], 0) << "a help begins at its top";
+  Escape();
+  EXPECT_EQ(view->scroll[plc_id::kPage], 7) << "where it was last";
+}
+
+TEST_F(PlcTest, AMessageThatIsLeftTakesItsPlaceAlong) {
+  Report(5);
+  view->scroll[plc_id::kPage] = 120;
+  Report(3);
+  Escape();
+  Escape();
+  ASSERT_EQ(Mode(), PlcMode::kClosed);
+  Report(5);
+  EXPECT_EQ(view->scroll[plc_id::kPage], 0);
+}
+
+// Its document wasn't there when it came back, so its place had not been used.
+TEST_F(PlcTest, AMessageThatIsLeftWithoutItsDocumentLeavesNoPlaceBehind) {
+  File(u"text.txt#2");
+  Report(5);
+  view->scroll[plc_id::kPage] = 120;
+  Report(3);
+  const std::string page = files.disc["C:\\P61\\page.htm"];
+  files.disc.erase("C:\\P61\\page.htm");
+  Escape();
+  ASSERT_EQ(view->Area(), "note");
+  Escape();
+  ASSERT_EQ(Mode(), PlcMode::kFile);
+  files.disc["C:\\P61\\page.htm"] = page;
+  Report(5);
+  EXPECT_EQ(view->scroll[plc_id::kPage], 0);
 }
 
 TEST_F(PlcTest, ADisplacedFileThatIsRefusedAndLeftGivesItsPlaceToNobody) {

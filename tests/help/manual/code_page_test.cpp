@@ -51,6 +51,17 @@ TEST(CodePage, ALanguageIdDecidesIt) {
       {0x0C04, 950},   // Chinese, Hong Kong
       {0x1404, 950},   // Chinese, Macau
       {0x0412, 949},   // Korean
+      {0x0420, 1256},  // Urdu
+      {0x043F, 1251},  // Kazakh
+      {0x0440, 1251},  // Kirghiz
+      {0x0443, 1254},  // Uzbek in Latin letters
+      {0x0843, 1251},  // Uzbek in Cyrillic letters
+      {0x0444, 1251},  // Tatar
+      {0x0450, 1251},  // Mongolian
+      {0x1C1A, 1251},  // Serbian of Bosnia in Cyrillic letters
+      {0x201A, 1251},  // Bosnian in Cyrillic letters
+      {0x281A, 1251},  // Serbian of Serbia in Cyrillic letters
+      {0x301A, 1251},  // Serbian of Montenegro in Cyrillic letters
       {0, 1252},      {0xFFFFFFFF, 1252},
   };
   for (const Row& row : rows) EXPECT_EQ(CodePageOfLanguage(row.language), row.codePage) << std::hex << row.language;
@@ -104,6 +115,14 @@ TEST(CodePage, WhatAPageDeclaresIsFound) {
   };
   for (const Row& row : rows) EXPECT_EQ(DeclaredCharset(row.page).value_or(""), row.charset) << row.page;
   EXPECT_FALSE(DeclaredCharset(std::string(4096, ' ') + "<meta charset=utf-8>").has_value());
+  EXPECT_TRUE(DeclaredCharset(std::string(2048 - 20, ' ') + "<meta charset=utf-8>").has_value());
+  EXPECT_FALSE(DeclaredCharset(std::string(2048 - 19, ' ') + "<meta charset=utf-8>").has_value());
+  for (const std::string name : {"azAZ09-_", "12345678901234567890123456789012"}) {
+    EXPECT_EQ(DeclaredCharset("<meta charset=" + name + ">").value_or(""), name);
+  }
+  for (const std::string name : {"a`", "a{", "a@", "a[", "a:", "a.", "123456789012345678901234567890123"}) {
+    EXPECT_FALSE(DeclaredCharset("<meta charset=" + name + ">").has_value()) << name;
+  }
 }
 
 TEST(CodePage, MarkThenDeclarationThenCodePageDecideAPage) {
@@ -121,6 +140,8 @@ TEST(CodePage, MarkThenDeclarationThenCodePageDecideAPage) {
       {"<meta charset=windows-1251>\xF1", u"<meta charset=windows-1251>с"},
       {"<meta charset=nothing>\xF1", u"<meta charset=nothing>ñ"},
       {"<meta charset=utf-16>\xF1", u"<meta charset=utf-16>ñ"},
+      {"<meta charset=utf-32>\xF1", u"<meta charset=utf-32>ñ"},
+      {"<meta charset=ucs-2>\xF1", u"<meta charset=ucs-2>ñ"},
       {"\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xB1", u"<meta charset=windows-1251>ñ"},
   };
   for (const Row& row : rows) EXPECT_EQ(DecodePage(row.page, 1252), row.text) << row.page;

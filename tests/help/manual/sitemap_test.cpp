@@ -80,7 +80,7 @@ TEST(Sitemap, EndlessNestingIsCut) {
   const auto items = ReadSitemap(FromUtf8(markup));
   ASSERT_EQ(items.size(), 10'000u);
   for (std::size_t i = 0; i < items.size(); ++i) {
-    ASSERT_EQ(items[i].depth, std::min(static_cast<int>(i), kDeepestSitemap)) << i;
+    ASSERT_EQ(items[i].depth, std::min(static_cast<int>(i), 32)) << i;
   }
 }
 
@@ -88,7 +88,7 @@ TEST(Sitemap, AHundredThousandObjectsAreCut) {
   std::string markup = "<UL>";
   for (int i = 0; i < 100'000; ++i) markup += "<OBJECT><param name=Name value=" + std::to_string(i) + "></OBJECT>";
   const auto items = ReadSitemap(FromUtf8(markup));
-  ASSERT_EQ(items.size(), kMostSitemapItems);
+  ASSERT_EQ(items.size(), 50'000u);
   EXPECT_EQ(items.back().name, FromUtf8(std::to_string(kMostSitemapItems - 1)));
 }
 
@@ -98,8 +98,8 @@ TEST(Sitemap, TheTopicsOfAWordAndLongTextsAreCut) {
   markup += "</OBJECT><OBJECT><param name=Name value=" + std::string(5'000, 'a') + ">";
   const auto items = ReadSitemap(FromUtf8(markup));
   ASSERT_EQ(items.size(), 2u);
-  EXPECT_EQ(items[0].topics.size(), kMostSitemapTopics);
-  EXPECT_EQ(items[1].name.size(), kLongestSitemapText);
+  EXPECT_EQ(items[0].topics.size(), 200u);
+  EXPECT_EQ(items[1].name.size(), 1'000u);
 }
 
 }  // namespace

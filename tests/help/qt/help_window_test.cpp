@@ -310,6 +310,68 @@ TEST_F(HelpWindow, CtrlFInThePageOpensTheLineAndItsKeyClosesIt) {
   EXPECT_FALSE(Shows(help_id::kFindLine));
 }
 
+TEST_F(HelpWindow, ShiftWithEnterFindsThePlaceBefore) {
+  Make();
+  OpenAt();
+  Menu(40002);
+  Type(Line(help_id::kFindLine), "a");
+  const auto* page = Control(help_id::kPage)->findChild<QTextBrowser*>();
+  Key(Qt::Key_Return);
+  const int first = page->textCursor().position();
+  Key(Qt::Key_Return);
+  const int second = page->textCursor().position();
+  ASSERT_GT(second, first);
+  Key(Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(page->textCursor().position(), first);
+  Touch(help_id::kFindNext);
+  EXPECT_EQ(page->textCursor().position(), second);
+  Touch(help_id::kFindPrevious);
+  EXPECT_EQ(page->textCursor().position(), first);
+  EXPECT_TRUE(IsFocused(help_id::kFindLine)) << "its keys leave it the focus";
+}
+
+TEST_F(HelpWindow, TheLineForFindingComesWithItsTextSelected) {
+  Make();
+  OpenAt();
+  Menu(40002);
+  Type(Line(help_id::kFindLine), "axis");
+  Key(Qt::Key_Escape);
+  Menu(40002);
+  EXPECT_EQ(Line(help_id::kFindLine)->selectedText(), "axis");
+  Key(Qt::Key_Escape);
+  Touch(help_id::kIndexTab);
+  Type(Line(help_id::kIndexLine), "st");
+  Touch(help_id::kContentsTab);
+  Touch(help_id::kIndexTab);
+  EXPECT_EQ(Line(help_id::kIndexLine)->selectedText(), "st");
+  Line(help_id::kIndexLine)->setCursorPosition(1);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Line(help_id::kIndexLine)->selectedText(), "") << "who has it already goes on where he was";
+}
+
+TEST_F(HelpWindow, ShiftWithTabIsTabAndOnlyCtrlAloneFinds) {
+  Make();
+  OpenAt();
+  Menu(2003);
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(IsFocused(help_id::kIndexList));
+  for (const auto modifiers : {Qt::KeyboardModifiers(), Qt::ShiftModifier | Qt::ControlModifier}) {
+    Key(Qt::Key_F, modifiers);
+    EXPECT_FALSE(Shows(help_id::kFindLine)) << modifiers;
+  }
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  Key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_THAT(PageText(), HasSubstr("Type a block.")) << "Alt is for left and right, and they are for Alt";
+}
+
+TEST_F(HelpWindow, AManualThatGoesLeavesItsFocusInTheViewer) {
+  Make();
+  OpenAt();
+  Touch(help_id::kSearchTab);
+  EXPECT_EQ(OpenAt(u"NIX0000"), 0);
+  EXPECT_EQ(Focus(), tool) << "and no other control of the panel gets it";
+}
+
 TEST_F(HelpWindow, ALinkOfThePageIsFollowed) {
   Make();
   OpenAt();

@@ -192,6 +192,73 @@ TEST_F(CoverTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
   }
 }
 
+TEST_F(CoverTest, ThePasswordBoxFitsTheRoomThatItHas) {
+  struct Row {
+    QSize size;
+    int pixels;
+    QRect line;
+    QRect four;
+    QRect zero;
+  };
+  const int touch = theme::TouchPixels(window_);
+  for (const Row& row : {Row{{801, 1000}, 16, {224, 80, 264, 80}, {224, 256, 112, 80}, {344, 432, 112, 80}},
+                         Row{{300, 400}, 16, {8, 80, 224, 52}, {8, 200, 89, 52}, {105, 320, 89, 52}},
+                         Row{{800, 200},
+                             16,
+                             {224, 80, 352 - touch - 8, touch},
+                             {224, 80 + 2 * (touch + 8), 112, touch},
+                             {344, 80 + 4 * (touch + 8), 112, touch}}}) {
+    PasswordBox box(&window_);
+    box.resize(row.size);
+    box.SetFontPixels(row.pixels);
+    EXPECT_EQ(box.Edit().geometry(), row.line) << row.size.width();
+    EXPECT_EQ(box.Keys()[4]->geometry(), row.four) << row.size.width();
+    EXPECT_EQ(box.Keys()[0]->geometry(), row.zero) << row.size.width();
+  }
+}
+
+TEST_F(CoverTest, ThePasswordBoxHasItsHeadAboveTheLine) {
+  PasswordBox box(&window_);
+  box.resize(800, 400);
+  box.SetFontPixels(16);
+  const auto expected = [](Word word, QRgb color) {
+    return Pictured([&](Picture& picture) {
+      picture.Fill({0, 0, 800, 400}, theme::kBackground)
+          .Field({0, 0, 800, 400}, theme::kBackground, theme::kAccent, 8)
+          .Text({16, 8, 768, 32}, Qt::AlignHCenter | Qt::AlignBottom, Say(word), Font(20, true), QColor(color))
+          .Text({16, 40, 768, 32}, Qt::AlignHCenter | Qt::AlignVCenter, Say(Word::kDemoPasswordIs, kDemoPassword),
+                Font(16), QColor(theme::kMuted));
+    });
+  };
+  EXPECT_EQ(StrokesOf(box), expected(Word::kPassword, theme::kText));
+  box.Enter();
+  EXPECT_EQ(StrokesOf(box), expected(Word::kWrongPassword, theme::kAmber));
+  EXPECT_EQ(box.Edit().maxLength(), 20);
+  EXPECT_EQ(box.Edit().contextMenuPolicy(), Qt::NoContextMenu);
+  EXPECT_EQ(box.Edit().accessibleName(), Say(Word::kPassword));
+  EXPECT_EQ(box.Keys()[10]->text(), "");
+  EXPECT_EQ(box.Keys()[10]->Arrow(), Qt::LeftArrow);
+  EXPECT_EQ(box.Keys()[11]->Tint(), QColor(theme::kGreen));
+  EXPECT_EQ(box.Keys()[11]->Ink(), theme::InkOn(QColor(theme::kGreen)));
+  for (PanelKey* key : box.Keys()) {
+    EXPECT_FALSE(key->text().isEmpty() && key->Arrow() == Qt::NoArrow);
+  }
+  EXPECT_THAT(StrokesOf(*box.Keys()[5]), ::testing::Contains(::testing::HasSubstr(" 20 px")));
+}
+
+TEST_F(CoverTest, TabGoesThroughThePasswordBoxAndNoFurther) {
+  PasswordBox box(&window_);
+  Show(box);
+  box.show();
+  box.Edit().setFocus();
+  std::vector<QWidget*> order{&box.Edit(), box.Keys()[10]};
+  for (const std::size_t key : {7u, 8u, 9u, 4u, 5u, 6u, 1u, 2u, 3u, 12u, 0u, 11u}) order.push_back(box.Keys()[key]);
+  for (std::size_t i = 1; i <= order.size(); ++i) {
+    Press(*QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), order[i % order.size()]) << i;
+  }
+}
+
 TEST_F(CoverTest, ThePasswordBoxSaysThatAPasswordWasWrongUntilAnotherIsTyped) {
   PasswordBox box(&window_);
   Show(box);

@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 
 #include "common/words.h"
+#include "panel/qt/picture.h"
+#include "panel/qt/repaint.h"
 #include "ui/panel_key.h"
 #include "ui/theme.h"
 
@@ -203,6 +205,135 @@ TEST_F(CredentialsCoverTest, ItsPartsAreMadeForAFingerAndLieInside) {
       }
     }
   }
+}
+
+struct CoverRow {
+  const char* what;
+  QSize size;
+  int pixels;
+  QRect user;
+  QRect password;
+  QRect cancel;
+  QRect ok;
+};
+
+TEST_F(CredentialsCoverTest, TheKeysStandBelowTheFieldsAndThoseBesideTheirNames) {
+  ASSERT_LE(theme::TouchPixels(cover_), 40);
+  for (const CoverRow& row :
+       {CoverRow{
+            "usual", {800, 600}, 16, {256, 96, 432, 40}, {256, 196, 432, 40}, {112, 286, 283, 40}, {405, 286, 283, 40}},
+        CoverRow{"big letters",
+                 {801, 600},
+                 20,
+                 {220, 120, 540, 50},
+                 {220, 240, 540, 50},
+                 {40, 350, 355, 50},
+                 {405, 350, 355, 50}},
+        CoverRow{"narrow and flat",
+                 {401, 300},
+                 16,
+                 {154, 96, 237, 40},
+                 {154, 196, 237, 40},
+                 {10, 250, 185, 40},
+                 {205, 250, 186, 40}},
+        CoverRow{"too flat",
+                 {801, 200},
+                 16,
+                 {256, 96, 432, 40},
+                 {256, 196, 432, 40},
+                 {112, 246, 283, 40},
+                 {405, 246, 283, 40}}}) {
+    CredentialsCover cover(&window_);
+    cover.resize(row.size);
+    cover.SetFontPixels(row.pixels);
+    cover.Ask(7, "OFFICE", true);
+    EXPECT_EQ(cover.Edit(CredentialsCover::kUser).geometry(), row.user) << row.what;
+    EXPECT_EQ(cover.Edit(CredentialsCover::kPassword).geometry(), row.password) << row.what;
+    EXPECT_EQ(cover.Keys()[1]->geometry(), row.cancel) << row.what;
+    EXPECT_EQ(cover.Keys()[0]->geometry(), row.ok) << row.what;
+    EXPECT_EQ(cover.Edit(CredentialsCover::kUser).font().pixelSize(), row.pixels * 9 / 8);
+    for (PanelKey* key : {cover.Keys()[0], cover.Keys()[1]}) {
+      EXPECT_THAT(pnl::test::StrokesOf(*key),
+                  testing::Contains(testing::HasSubstr(" " + std::to_string(row.pixels) + " px")));
+    }
+  }
+}
+
+TEST_F(CredentialsCoverTest, TheServerStandsAboveTheProblemAndEachNameBesideItsField) {
+  cover_.SetFontPixels(16);
+  cover_.Ask(7, "OFFICE", true);
+  const auto expected = [this](const QString& problem) {
+    return Pictured([&](Picture& picture) {
+      picture.Fill({0, 0, 800, 600}, theme::kBackground)
+          .Field({0, 0, 800, 600}, theme::kBackground, theme::kAccent, 8)
+          .Paragraph({112, 10, 576, 40}, Qt::AlignLeft | Qt::AlignVCenter, cover_.Title(), theme::Font(18, true),
+                     QColor(theme::kText))
+          .Paragraph({112, 50, 576, 36}, Qt::AlignLeft | Qt::AlignVCenter, problem, theme::Font(16),
+                     QColor(theme::kAmber));
+      int top = 96;
+      for (const Word word : {Word::kUserName, Word::kUserDomain, Word::kPassword}) {
+        picture.Left({112, top, 134, 40}, Say(word), theme::Font(16), theme::kMuted);
+        top += 50;
+      }
+    });
+  };
+  EXPECT_EQ(pnl::test::StrokesOf(cover_), expected(Say(Word::kCredentialsWrong)));
+  cover_.Leave();
+  cover_.Ask(8, "OFFICE", false);
+  EXPECT_EQ(pnl::test::StrokesOf(cover_), expected(""));
+}
+
+TEST_F(CredentialsCoverTest, ItLiesOverEverythingAndHearsEveryKey) {
+  QWidget other(&window_);
+  cover_.Ask(7, "OFFICE", false);
+  EXPECT_EQ(window_.children().last(), &cover_);
+  QKeyEvent letter(QEvent::KeyPress, Qt::Key_F9, Qt::NoModifier);
+  letter.ignore();
+  QCoreApplication::sendEvent(&cover_, &letter);
+  EXPECT_TRUE(letter.isAccepted());
+  EXPECT_TRUE(cover_.IsOpen());
+  EXPECT_EQ(cover_.focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(cover_.Keys()[0]->text(), Say(Word::kConnect));
+  EXPECT_EQ(cover_.Keys()[0]->Tint(), QColor(theme::kGreen));
+  EXPECT_EQ(cover_.Keys()[1]->text(), Say(Word::kCancel));
+  EXPECT_EQ(cover_.Keys()[1]->KeyName(), "Esc");
+  EXPECT_FALSE(cover_.Keys()[1]->Tint().isValid());
+  for (const Field field : {CredentialsCover::kUser, CredentialsCover::kDomain, CredentialsCover::kPassword}) {
+    EXPECT_EQ(cover_.Edit(field).maxLength(), 127);
+    EXPECT_FALSE(cover_.Edit(field).accessibleName().isEmpty());
+  }
+  EXPECT_EQ(cover_.Edit(CredentialsCover::kDomain).echoMode(), QLineEdit::Normal);
+}
+
+TEST_F(CredentialsCoverTest, TheSecondQuestionOfAServerShowsItsProblemAtOnce) {
+  cover_.Ask(7, "OFFICE", false);
+  cover_.Ask(8, "OFFICE", true);
+  cover_.Edit(CredentialsCover::kUser).setText("ana");
+  RepaintCount count(cover_);
+  EXPECT_TRUE(count.After([this] { cover_.Accept(); }));
+  EXPECT_EQ(cover_.accessibleDescription(), Say(Word::kCredentialsWrong));
+  EXPECT_EQ(TextOf(CredentialsCover::kUser), "ana");
+}
+
+// The second question came up with the first one's name in its field.
+TEST_F(CredentialsCoverTest, AQuestionThatWaitedForAnotherServerGetsNoNameOfBefore) {
+  cover_.Ask(7, "OFFICE", false);
+  cover_.Ask(8, "CAM", false);
+  cover_.Edit(CredentialsCover::kUser).setText("ana");
+  cover_.Edit(CredentialsCover::kPassword).setText("secret");
+  cover_.Accept();
+  EXPECT_EQ(TextOf(CredentialsCover::kUser), "");
+  EXPECT_TRUE(cover_.Edit(CredentialsCover::kUser).hasFocus());
+  EXPECT_EQ(cover_.accessibleName(), cover_.Title());
+  EXPECT_THAT(answers_, ElementsAre("7 ana  secret"));
+}
+
+TEST_F(CredentialsCoverTest, WithoutAQuestionThereIsNoAnswer) {
+  cover_.Leave();
+  cover_.Accept();
+  EXPECT_THAT(answers_, IsEmpty()) << "nothing was asked";
+  EXPECT_TRUE(cover_.Title().isEmpty());
+  EXPECT_TRUE(cover_.Problem().isEmpty());
 }
 
 TEST_F(CredentialsCoverTest, ItSpeaksTheOperatorsLanguage) {

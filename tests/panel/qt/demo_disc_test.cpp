@@ -50,6 +50,19 @@ TEST_F(DemoDiscTest, IsCompletedAfterAKillAndKeepsWhatTheOperatorChanged) {
   EXPECT_EQ(SeriesCount(), 10'000);
 }
 
+TEST_F(DemoDiscTest, AFileThatFindsNoPlaceIsAnsweredAndTheOthersAreThere) {
+  folder_.Write("disc/A", "a file in the place of its folder");
+  EXPECT_FALSE(Make());
+  EXPECT_EQ(folder_.Read("disc/READ ME.TXT"), "hello");
+  EXPECT_EQ(SeriesCount(), 10'000);
+}
+
+TEST_F(DemoDiscTest, ASeriesThatFindsNoPlaceIsAnswered) {
+  folder_.Write("disc/SERIES", "a file in its place");
+  EXPECT_FALSE(Make());
+  EXPECT_EQ(folder_.Read("disc/A/B/c.nc"), "G0");
+}
+
 TEST_F(DemoDiscTest, ThatItCannotBeMadeIsAnswered) {
   folder_.Write("disc", "a file in its place");
   EXPECT_FALSE(Make());

@@ -3,6 +3,7 @@
 #include "plc/qt/plc_window.h"
 
 #include <QtGui/QFontMetrics>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <filesystem>
 
@@ -13,6 +14,7 @@
 #include "support/event_wait.h"
 #include "support/picture_bytes.h"
 #include "support/window_stage.h"
+#include "window/qt/qt_text.h"
 
 namespace pnl::test {
 namespace {
@@ -384,6 +386,81 @@ TEST_F(PlcWindow, TheTextsAreShownAsTheyAre) {
   Report(3);
   EXPECT_EQ(Control(plc_id::kNote)->property("textFormat").toInt(), static_cast<int>(Qt::PlainText));
   EXPECT_EQ(Title(), " PLC message (3): <b>bold</b>");
+}
+
+TEST_F(PlcWindow, TheTitleLineHasItsTextInItsColoursBesideTheCount) {
+  const auto title = [this] { return Paint(*Control(plc_id::kTitle)); };
+  File(u"text.txt#3", u"Maintenance");
+  EXPECT_EQ(Fore(Control(plc_id::kTitle)), 0u);
+  EXPECT_EQ(Control(plc_id::kTitle)->accessibleName(), "Maintenance");
+  const QRect alone = Ink(title(), 0x00FF00, QRect(0, 0, 800, 30));
+  EXPECT_GE(alone.left(), 6);
+  EXPECT_LT(alone.left(), 12);
+  EXPECT_NEAR(alone.center().y(), 15, 4);
+  EXPECT_EQ(Control(plc_id::kCount)->width(), 0) << "one alone isn't counted";
+  File(u"page.htm", u"Second");
+  const QRect count = Control(plc_id::kCount)->geometry();
+  EXPECT_EQ(count.right(), 800 - 1 - 6);
+  EXPECT_EQ(count.height(), 30);
+  Escape();
+  const QString wide = QString("wide ").repeated(100);
+  Escape();
+  File(u"text.txt#3", FromQString(wide));
+  File(u"page.htm", u"Second");
+  const int end = Control(plc_id::kCount)->x();
+  ASSERT_LT(end, 790);
+  EXPECT_TRUE(Ink(title(), 0x00FF00, QRect(end - 4, 0, 4, 30)).isEmpty()) << "the text ends before the count";
+  area->resize(100, 600);
+  EXPECT_LE(Control(plc_id::kCount)->width(), 33) << "a third, and no more";
+}
+
+TEST_F(PlcWindow, OnlyPlainKeysAreTheWindows) {
+  Report(3);
+  for (const Qt::KeyboardModifier held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier, Qt::ShiftModifier}) {
+    Key(Qt::Key_Escape, held);
+    EXPECT_TRUE(tool->isVisible()) << held;
+    QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Escape, held);
+    asked.ignore();
+    QApplication::sendEvent(tool, &asked);
+    EXPECT_FALSE(asked.isAccepted()) << held;
+  }
+  QKeyEvent home(QEvent::ShortcutOverride, Qt::Key_Home, Qt::NoModifier);
+  home.ignore();
+  QApplication::sendEvent(tool, &home);
+  EXPECT_FALSE(home.isAccepted()) << "only Escape comes before the panel's shortcuts";
+  EXPECT_TRUE(Key(Qt::Key_Escape, Qt::KeypadModifier));
+  EXPECT_FALSE(tool->isVisible());
+}
+
+TEST_F(PlcWindow, ANoteIsInTheMiddleWithRoomAround) {
+  Help(u"none.htm");
+  const auto* note = static_cast<const QLabel*>(Control(plc_id::kNote));
+  EXPECT_EQ(note->margin(), 12);
+  EXPECT_EQ(note->alignment(), Qt::AlignCenter);
+  EXPECT_TRUE(note->wordWrap());
+  EXPECT_EQ(note->font().weight(), QFont::Normal);
+  EXPECT_EQ(note->geometry(), QRect(0, 30, 800, 570));
+}
+
+TEST_F(PlcWindow, ATextCanBeReadAndNotChanged) {
+  Report(3);
+  const auto* edit = Control(plc_id::kText)->findChild<QPlainTextEdit*>();
+  EXPECT_TRUE(edit->isReadOnly());
+  EXPECT_EQ(edit->document()->documentMargin(), 12);
+  EXPECT_EQ(edit->frameShape(), QFrame::NoFrame);
+  EXPECT_EQ(edit->contextMenuPolicy(), Qt::NoContextMenu);
+  EXPECT_EQ(Control(plc_id::kTitle)->focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(Back(tool), SystemColor(kColorWindow));
+  EXPECT_EQ(tool->property(property::kTitle).toString(), QString::fromStdString(Title()));
+}
+
+TEST_F(PlcWindow, APictureLeavesNothingOfTheTextAndATextNothingOfThePicture) {
+  Report(3);
+  Help(u"plan.bmp");
+  EXPECT_EQ(TextOf(plc_id::kText), "");
+  Help(u"text.txt#3");
+  EXPECT_EQ(Count(Paint(*Control(plc_id::kText)), kRed), 0);
+  EXPECT_EQ(TextOf(plc_id::kText).substr(0, 6), "line 0");
 }
 
 TEST_F(PlcWindow, AThousandDocumentsOfEveryKindLeaveNothingBehind) {

@@ -90,6 +90,7 @@ TEST_F(RequestTest, WhatWasSavedIsSaidAndWhatWasNotIsNot) {
     if (locked) QFile::setPermissions(Host("LIST.NC"), QFileDevice::ReadOwner);
     AcceptName("LIST.NC");
     EXPECT_EQ(ZoneText(), locked ? QString() : Say(Word::kSaved, path));
+    EXPECT_FALSE(op_->CurrentHint().warning);
     QFile::setPermissions(Host("LIST.NC"), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     op_->SetHint({});
     op_->SendCommand(PNL_TOOL_MDI, kSaveAsProgram);
@@ -213,6 +214,7 @@ TEST_F(RequestTest, AnAskerThatHasGoneGetsNothingAndTheOperatorKnows) {
   EXPECT_FALSE(op_->Files().IsWaiting());
   EXPECT_FALSE(QFile::exists(Host("LIST.NC")));
   EXPECT_EQ(ZoneText(), Say(Word::kNoRequest));
+  EXPECT_TRUE(op_->CurrentHint().warning);
 }
 
 TEST_F(RequestTest, ThePanelsOwnRequestIsAnsweredOnceAndLeavesNoRecordBehind) {
@@ -265,10 +267,11 @@ TEST_F(RequestTest, ThePanelsOwnRequestWorksWhileAScriptDecidesAboutTheRest) {
 TEST_F(RequestTest, WithoutARigThePanelAsksForNothing) {
   FileDesk lone(session_, nullptr);
   QStringList said;
-  QObject::connect(&lone, &FileDesk::Said, [&said](const QString& text, bool) { said << text; });
+  QObject::connect(&lone, &FileDesk::Said,
+                   [&said](const QString& text, bool warning) { said << (warning ? "! " : "") + text; });
   lone.Ask({}, {}, [this] { got_ << "left"; });
   EXPECT_EQ(got_, QStringList{"left"});
-  EXPECT_EQ(said, QStringList{Say(Word::kToolMissing)});
+  EXPECT_EQ(said, QStringList{"! " + Say(Word::kToolMissing)});
   EXPECT_EQ(lone.Record(), nullptr);
 }
 
