@@ -42,10 +42,10 @@ class GridHeaderTest : public testing::Test {
 TEST_F(GridHeaderTest, ACellHasItsGroundAndDarkLinesAtItsEnds) {
   const QImage image = Paint(*Across().viewport());
   const int bottom = Across().height() - 1;
-  const QColor line = kLine.darker(115);
+  const QRgb line = kLine.darker(115).rgb();
   EXPECT_EQ(ColorAt(image, 2, 2), kFixed);
-  EXPECT_EQ(image.pixelColor(40, bottom), line);
-  EXPECT_EQ(image.pixelColor(79, 2), line);
+  EXPECT_EQ(image.pixel(40, bottom), line);
+  EXPECT_EQ(image.pixel(79, 2), line);
   EXPECT_EQ(ColorAt(image, 40, bottom - 1), kFixed);
   EXPECT_EQ(ColorAt(image, 78, 2), kFixed);
   EXPECT_EQ(ColorAt(image, 80, 2), kFixed);
@@ -141,7 +141,7 @@ TEST_F(GridHeaderTest, TheCornerShowsItsOwnText) {
   ASSERT_NE(corner, nullptr);
   const QImage image = Paint(*corner);
   EXPECT_EQ(ColorAt(image, 2, 2), kFixed);
-  EXPECT_EQ(image.pixelColor(image.width() - 1, 5), kLine.darker(115));
+  EXPECT_EQ(image.pixel(image.width() - 1, 5), kLine.darker(115).rgb());
   EXPECT_FALSE(Ink(image, kFixed, image.rect().adjusted(6, 2, -6, -2)).isEmpty());
   grid.Cells().SetCellText(0, 0, {});
   EXPECT_TRUE(Ink(Paint(*corner), kFixed, image.rect().adjusted(6, 2, -6, -2)).isEmpty());

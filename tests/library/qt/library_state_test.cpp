@@ -51,9 +51,9 @@ TEST_F(LibraryState, NumbersForTextsOutliveAChangeOfTheBackendAndEndWithALanguag
   EXPECT_EQ(library_.Texts().LoadToolText(7), u"T7");
   ASSERT_TRUE(library_.SetLanguage("es"));
   ASSERT_TRUE(library_.SetBackend("sim"));
-  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin de edición");
   EXPECT_FALSE(library_.SetLanguage("xx"));
-  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin edición");
+  EXPECT_EQ(library_.Texts().LoadToolText(7), u"Fin de edición");
 }
 
 TEST_F(LibraryState, AMachinesFoldersFollowTheLanguage) {
@@ -163,21 +163,6 @@ TEST_F(LibraryState, AToolDestroyedWhileABoxIsOpenIsHiddenAtOnceAndGoesLater) {
   EXPECT_FALSE(library_.SetBackend("sim")) << "it still waits for its deletion";
   Library::Drain();
   EXPECT_TRUE(widget.isNull());
-}
-
-TEST_F(LibraryState, DrainDeliversWhatIsPostedMeanwhileAndDeletesWhatWaits) {
-  auto* const doomed = new QObject;
-  const QPointer<QObject> alive = doomed;
-  QObject posting;
-  QMetaObject::invokeMethod(
-      &posting,
-      [&] {
-        QMetaObject::invokeMethod(
-            &posting, [doomed] { doomed->deleteLater(); }, Qt::QueuedConnection);
-      },
-      Qt::QueuedConnection);
-  Library::Drain();
-  EXPECT_TRUE(alive.isNull());
 }
 
 // The C functions that only pass something on.

@@ -122,20 +122,6 @@ TEST_F(ToolWindowTest, HidingGivesTheFocusToNobody) {
   EXPECT_TRUE(other.hasFocus());
 }
 
-TEST_F(ToolWindowTest, WhoeverHearsOfTheFocusMayDeleteTheToolThatHides) {
-  const QPointer<PlainTool> tool = new PlainTool(&host_);
-  auto* edit = new QLineEdit(tool);
-  Activate(host_);
-  tool->show();
-  edit->setFocus();
-  const auto listening = QObject::connect(qApp, &QApplication::focusChanged, [tool](QWidget*, QWidget* now) {
-    if (now == nullptr) delete tool;
-  });
-  tool->HideWithFocus();
-  QObject::disconnect(listening);
-  EXPECT_TRUE(tool.isNull());
-}
-
 TEST_F(ToolWindowTest, AToolMayEndAfterAMessageWithinItsMessage) {
   auto* tool = new PlainTool(&host_);
   const WindowHandle window = tool->Handle();
