@@ -91,7 +91,7 @@ class Reel final : public QObject {
     if (player_) player_->pause();
   }
   void Rewind() {
-    if (!player_) return;
+    if (!player_ || IsOpening()) return;
     const bool playing = player_->playbackState() == QMediaPlayer::PlayingState;
     Open();
     if (playing) {
@@ -100,8 +100,18 @@ class Reel final : public QObject {
       player_->pause();
     }
   }
+  /// Ends the reel as soon as its file is open. While the library's threads open a file, an end can wait for them for
+  /// ever.
+  void Leave() {
+    if (!IsOpening()) return deleteLater();
+    connect(player_.get(), &QMediaPlayer::mediaStatusChanged, this, [this] {
+      if (!IsOpening()) deleteLater();
+    });
+  }
 
  private:
+  [[nodiscard]] bool IsOpening() const { return player_ && player_->mediaStatus() == QMediaPlayer::LoadingMedia; }
+
   /// Opens the file anew, with a player of its own: a seek isn't exact in every file.
   void Open() {
     const int opening = ++desk_->opened;
@@ -143,7 +153,7 @@ MediaPlayer::MediaPlayer(Listener listener)
 
 MediaPlayer::~MediaPlayer() {
   desk_->closed = true;
-  reel_->deleteLater();
+  Tell([](Reel& reel) { reel.Leave(); });
 }
 
 std::int64_t MediaPlayer::Position() const { return desk_->position; }
