@@ -81,7 +81,6 @@ std::int32_t RightMargin(int width, bool standardMetrics) {
 
 int SoftKeysIn(int configured, int width, bool standardMetrics) {
   if (configured < 1) return kDefaultSoftKeys;
-  if (configured == kDefaultSoftKeys) return configured;
   const int cap = std::max(width / (standardMetrics ? kStandardKeyWidth : kWideKeyWidth), kDefaultSoftKeys);
   return std::min(configured, cap);
 }

@@ -30,8 +30,8 @@ inline constexpr int kDefaultSoftKeys = 7;
 [[nodiscard]] std::int32_t RightMargin(int width, bool standardMetrics);
 /// The area of a panel that its margins leave free, as a rectangle from 0,0.
 [[nodiscard]] Rect AvailableArea(const Rect& panel, const PanelFrame& frame);
-/// The number of soft keys in a row. A configured number below 1 means 7. A number other than 7 is limited to the keys
-/// that fit into the width, and this limit is at least 7.
+/// The number of soft keys in a row. A configured number below 1 means 7. Any number is limited to the keys that fit
+/// into the width, and this limit is at least 7.
 [[nodiscard]] int SoftKeysIn(int configured, int width, bool standardMetrics);
 /// Scales the window from one area to another. Returns the default window if the result is too small or the old area
 /// has no size.

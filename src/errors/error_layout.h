@@ -11,7 +11,6 @@ namespace pnl {
 struct ErrorBaseGeometry {
   Rect titleRect;
   int titleToTextGap = 0;
-  int textToBottomGap = 0;
 };
 
 /// The controls of the top row.

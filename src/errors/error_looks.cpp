@@ -24,7 +24,6 @@ void ErrorSession::MeasureBase() {
   base_.titleRect = View().ControlRect(error_id::kTitleLine);
   const Rect text = View().ControlRect(error_id::kDescription);
   base_.titleToTextGap = text.top - base_.titleRect.bottom;
-  base_.textToBottomGap = baseClient_.bottom - text.bottom;
   topRow_ = {View().ControlRect(error_id::kTitleBox), View().ControlRect(error_id::kChannelBox),
              View().ControlRect(error_id::kHelp), View().ControlRect(error_id::kAcknowledge)};
   previousArrow_ = {View().ControlRect(error_id::kPrevious), View().ControlRect(error_id::kBefore)};

@@ -40,7 +40,6 @@ ErrorSession::~ErrorSession() { reader_->Drop(); }
 void ErrorSession::Start() {
   // Not in the constructor: if the language library is missing, a box opens, and the window may be gone after it.
   words_ = ErrorWords(Context().language.SharedToolTexts());
-  titleWord_ = words_(error_text::kError);
   View().Hide();
   const Text ini = ErrorIniPath(Context().cnc.Util());
   settings_ = ReadErrorSettings(Context().files, ini);
@@ -109,7 +108,6 @@ void ErrorSession::ShowComposed(const ErrorRecord& record) {
   widths_.available = View().ControlRect(error_id::kDescription).Width();
   const ErrorSurroundings around{Kapi(), Context().cnc.Util(), Context().files, words_, widths_};
   composed_ = ComposeError(record, around);
-  titleWord_ = composed_.titleWord;
   if (composed_.inProgram) ReadProgramLinesLater();
   View().SetControlText(error_id::kTitleLine, composed_.titleLine);
   ShowDescription();
@@ -326,7 +324,7 @@ bool ErrorSession::ShowHelp() {
   PostCount(Count());
   const Text helpRef = FieldText(composed_.info.helpRef);
   const Text infoText = FieldText(composed_.info.text);
-  const Text header = Format(u"%s %d : %s", titleWord_, shownNumber_, WithoutLeadingLineFeed(infoText));
+  const Text header = Format(u"%s %d : %s", composed_.titleWord, shownNumber_, WithoutLeadingLineFeed(infoText));
   (void)Host().HostShowError({ErrorColorOf(currentClass_), kErrorWhite, helpRef.c_str(), header.c_str()});
   return true;
 }

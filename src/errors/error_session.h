@@ -106,7 +106,6 @@ class ErrorSession final : public ToolSession<ErrorView> {
   ErrorRecord shownRecord_{};
   std::int32_t shownIndex_ = -1;
   std::int32_t shownNumber_ = 0;
-  Text titleWord_;
   std::int32_t requestedIndex_ = -1;
   bool flashPhase_ = false;
   bool closePending_ = false;

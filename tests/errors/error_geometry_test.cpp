@@ -98,6 +98,15 @@ TEST_F(PlacedErrorWindow, AWindowThatIsTooSmallTakesBothDefaults) {
   EXPECT_EQ(Place(), kDefaultErrorWindow);
 }
 
+TEST_F(PlacedErrorWindow, AHundredPixelsAreEnough) {
+  Ini() = "[COMMON]\r\nWindow=5,6,105,106\r\n";
+  EXPECT_EQ(Place(), (Rect{5, 6, 105, 106}));
+  Ini() = "[COMMON]\r\nWindow=5,6,305,105\r\n";
+  EXPECT_EQ(Place(), kDefaultErrorWindow) << "a pixel less than that high";
+  EXPECT_EQ(ScaleErrorWindow({0, 0, 200, 200}, {0, 0, 700, 400}, {0, 0, 350, 200}), (Rect{0, 0, 100, 100}));
+  EXPECT_EQ(ScaleErrorWindow({0, 0, 200, 200}, {0, 0, 700, 400}, {0, 0, 349, 200}), kDefaultErrorWindow);
+}
+
 TEST_F(PlacedErrorWindow, AbsurdNumbersTakeTheDefaults) {
   Ini() =
       "[COMMON]\r\nWindow=-2147483648,0,2147483647,2147483647\r\nParentWindow=0,0,2147483647,-5\r\n"

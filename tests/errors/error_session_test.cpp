@@ -920,6 +920,9 @@ TEST_F(ErrorToolTest, AWiderWindowMovesTheArrowOnTheRightAlone) {
   view->SetWindowRect({0, 0, 810, 298});
   EXPECT_EQ(view->rects[error_id::kPrevious], previous);
   EXPECT_EQ(view->rects[error_id::kNext].left, next.left + 100);
+  EXPECT_EQ(view->rects[error_id::kBefore], (Rect{19, previous.bottom, 49, previous.bottom + 16}));
+  EXPECT_EQ(view->rects[error_id::kAfter], (Rect{763, next.bottom, 793, next.bottom + 16}));
+  EXPECT_EQ(view->rects[error_id::kTitleLine], (Rect{10, 63, 800, 97}));
 }
 
 }  // namespace

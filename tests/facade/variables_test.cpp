@@ -251,6 +251,16 @@ TEST_F(Variable, TheInlineAccessorsTellTheDisplayFormat) {
   EXPECT_EQ(variable.GetHexView(), 1);
 }
 
+TEST_F(Variable, OnlyARealNumberHasDecimalsAndATextHasNoDigits) {
+  cnc.Define(u"E.HELPDATA", rig::VariableType::kText, Text(u"A"), true, true);
+  const ZCVariable number(vars, u"[1].E.PNLMODE");
+  EXPECT_EQ(number.GetNEnteros(), 8);
+  EXPECT_EQ(number.GetNDecimales(), 0);
+  const ZCVariable text(vars, u"E.HELPDATA");
+  EXPECT_EQ(text.GetNEnteros(), 0);
+  EXPECT_EQ(text.GetNDecimales(), 0);
+}
+
 TEST_F(Variable, WhatTheServerSaysOfAPlcVariableIsKept) {
   PlcVariable server;
   ZCVariable variable(server, u"PLC.R100");

@@ -220,6 +220,41 @@ INSTANTIATE_TEST_SUITE_P(AllBits, MdiWaiting,
                                          WaitingRow{0x40000, false}, WaitingRow{0x800, false},
                                          WaitingRow{~0x3F000, false}));
 
+TEST_F(MdiClosing, ABlockThatEndsOutOfSightTakesNoFocus) {
+  Open();
+  for (const int end : {1, 8}) {
+    Type("G1 X9");
+    Start();
+    Status(2);
+    Status(4);
+    Command(3);
+    Forget();
+    Status(end);
+    const Log all = All();
+    EXPECT_THAT(all, testing::Not(testing::Contains("view focus edit"))) << end;
+    EXPECT_THAT(all, testing::Contains("view writable")) << end;
+    Status(1);
+    Command(4);
+  }
+}
+
+// The host closes the channel when it hears that it is taken.
+TEST_F(MdiClosing, AChannelThatTheHostClosesAtTheNewsIsGivenBackOnce) {
+  cnc.vars.At("[1].E.MANUALMODE").writable = false;
+  Open();
+  cnc.vars.At("[1].G.FULLSTATUS").value = 0x200;
+  ASSERT_EQ(Command(5), 1);
+  bool closed = false;
+  onHostCall = [this, &closed](const std::string& called) {
+    if (called == "ToolNotify 41 channel 1" && !std::exchange(closed, true)) Command(5);
+  };
+  Forget();
+  Status(1);
+  onHostCall = nullptr;
+  const Log asked = Asked();
+  EXPECT_EQ(std::count(asked.begin(), asked.end(), "CogerPlcFree(0,1)=1"), 1);
+}
+
 TEST_F(MdiClosing, AReportThatCannotBeClosedDoesNotKeepTheChannel) {
   Open();
   cnc.vars.At("[1].G.FULLSTATUS").closable = false;

@@ -128,7 +128,10 @@ TEST_F(MdiDropping, DownOpensTheHistoryUnderItsPlace) {
   EXPECT_EQ(view->dropSpec.screenRect, (Rect{165, 420, 864, 570}));
   EXPECT_EQ(view->dropSpec.back, 0x78643Cu);
   EXPECT_EQ(view->dropSpec.text, 0xFFFFFFu);
+  EXPECT_EQ(view->signFore, 0x05B9D2u);
   EXPECT_EQ(view->signBack, 0x23D7F0u);
+  view->CancelInDropList();
+  EXPECT_EQ(view->signFore, 0x05B9D2u);
 }
 
 TEST_F(MdiDropping, AboveTheListHangsUnderTheEdit) {

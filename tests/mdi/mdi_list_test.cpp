@@ -261,6 +261,40 @@ TEST_F(MdiList, ShowingAgainKeepsTheSelectedItem) {
   EXPECT_EQ(view->selected, 2);
 }
 
+TEST_F(MdiList, ShowingAgainKeepsTheFirstItemSelected) {
+  OpenAbc();
+  ASSERT_EQ(view->selected, 0);
+  Command(3);
+  Command(4);
+  EXPECT_EQ(view->selected, 0);
+}
+
+// What the session itself has taken back is not put into a list that has come into being meanwhile.
+TEST_F(MdiList, OnlyWhatTheSessionStillHasGoesIntoAListThatCameIntoBeing) {
+  const auto store = [this](const char* text) {
+    Menu(32773);
+    Type(text);
+    EXPECT_TRUE(Key(MdiKey::kEnter));
+  };
+  OpenMda();
+  store("OLD");
+  view->selected = 0;
+  Menu(32772);
+  Type("NEW");
+  EXPECT_TRUE(Key(MdiKey::kEnter));
+  files.disc["C:\\P108\\MDAC1.DAT"] = "THEIRS\r\n";
+  DestroyTool();
+  EXPECT_EQ(Disc("MDAC1.DAT"), "NEW\r\nTHEIRS\r\n");
+  files.disc.erase("C:\\P108\\MDAC1.DAT");
+  MakeTool();
+  OpenMda();
+  store("GONE");
+  Menu(32776);
+  files.disc["C:\\P108\\MDAC1.DAT"] = "THEIRS\r\n";
+  DestroyTool();
+  EXPECT_EQ(Disc("MDAC1.DAT"), "THEIRS\r\n");
+}
+
 TEST_F(MdiList, AStoredChangeHasNoItemInHandAnyMore) {
   OpenAbc();
   view->selected = 1;

@@ -186,11 +186,22 @@ TEST_F(MdiHelp, TheSelectedTextGoesBeforeTheWhole) {
   EXPECT_EQ(Mark(), u"ORIGIN");
   view->selection = {3, 600};
   EXPECT_EQ(Mark(), u"OPT0130");
+  cnc.utilities.marks[u"G"] = u"LETTER";
+  view->selection = {3, 4};
+  EXPECT_EQ(Mark(), u"LETTER") << "one character is a selection";
+  cnc.utilities.marks[u"G0 G54 X1"] = u"WHOLE";
+  view->selection = {4, 4};
+  EXPECT_EQ(Mark(), u"WHOLE") << "a caret is none";
+  view->selection = {-7, 900};
+  EXPECT_EQ(Mark(), u"WHOLE");
 }
 
 TEST_F(MdiHelp, InTheListTheSelectedItemIsAsked) {
   cnc.utilities.marks[u"M6"] = u"TOOLCHANGE";
   OpenMda("M3\r\nM6\r\n");
+  cnc.utilities.marks[u"M3"] = u"SPINDLE";
+  view->selected = 0;
+  EXPECT_EQ(Mark(), u"SPINDLE");
   view->selected = 1;
   EXPECT_EQ(Mark(), u"TOOLCHANGE");
   view->selected = -1;

@@ -232,8 +232,19 @@ TEST_F(MdiProgramFile, AnAnswerWithoutTerminatorsIsReadToTheEndOfItsFields) {
   EXPECT_EQ(files.disc.count("C:\\" + std::string(257, 'p') + "\\" + std::string(256, 'f')), 1u);
 }
 
+TEST_F(MdiProgramFile, EveryOtherCharacterMayBeInAName) {
+  for (const TextView name : {u"a b", u"~", u"\u00A0", u"\u00F1"}) {
+    Ask("A\r\n");
+    Accept(u"C:\\PRG", name);
+    EXPECT_TRUE(windows.boxes.empty()) << ToUtf8(name);
+    EXPECT_EQ(files.disc.count("C:\\PRG\\" + ToUtf8(name)), 1u) << ToUtf8(name);
+    DestroyTool();
+    MakeTool();
+  }
+}
+
 TEST_F(MdiProgramFile, ANameWithControlCharactersIsRefused) {
-  for (const TextView name : {u"a\nb", u"a\x7F", u"\x1F", u"a\x85"}) {
+  for (const TextView name : {u"a\nb", u"a\x7F", u"\x1F", u"a\x85", u"\x9F"}) {
     Ask("A\r\n");
     windows.boxes.clear();
     SetField(Request()->Path, u"C:\\PRG");

@@ -327,6 +327,41 @@ TEST(CompositeReader, APathThatBeginsWithTwoBackslashesIsTheNetworks) {
   }
 }
 
+TEST_F(DiscPlacesTest, WithoutANetworkItsPathsAreNotFound) {
+  const auto drivesOnly = MakeCompositeReader(std::make_shared<NumberReader>(1001), nullptr);
+  int error = 0;
+  EXPECT_TRUE(NamesIn(*drivesOnly, u"\\\\s\\x", &error).empty());
+  EXPECT_EQ(error, place_error::kPathNotFound);
+  EXPECT_EQ(drivesOnly->Probe(u"\\\\s\\x"), place_error::kPathNotFound);
+  EXPECT_FALSE(drivesOnly->Exists(u"\\\\s\\x"));
+  EXPECT_FALSE(drivesOnly->IsReadOnly(u"\\\\s\\x"));
+  EXPECT_EQ(drivesOnly->MakeFolder(u"\\\\s\\x"), place_error::kPathNotFound);
+  EXPECT_EQ(drivesOnly->ReadStart(u"\\\\s\\x", 1), std::nullopt);
+  EXPECT_EQ(drivesOnly->Probe(u"C:"), 1001);
+}
+
+TEST_F(DiscPlacesTest, TheWholeMachinesFolderIsMountedUnderItsOwnName) {
+  drives.Set('R', "/");
+  DriveSetup setup;
+  setup.drives['R'].type = drive_type::kRemovable;
+  DiscPlaces places(drives, setup);
+  places.SetMounted({"/"});
+  EXPECT_NE(places.LogicalDrives() & DriveBit(u'R'), 0U);
+  places.SetMounted({"/other"});
+  EXPECT_EQ(places.LogicalDrives() & DriveBit(u'R'), 0U);
+}
+
+TEST_F(DiscPlacesTest, AFirstAndALastDriveAreFoundInBothCases) {
+  drives.Set('A', temp.Folder("a"));
+  drives.Set('Z', temp.Folder("z"));
+  DriveSetup setup;
+  setup.drives['A'].type = drive_type::kRemovable;
+  setup.drives['Z'].type = drive_type::kCd;
+  const DiscPlaces places(drives, setup);
+  for (const char letter : {'A', 'a'}) EXPECT_EQ(places.DriveType(letter), drive_type::kRemovable) << letter;
+  for (const char letter : {'Z', 'z'}) EXPECT_EQ(places.DriveType(letter), drive_type::kCd) << letter;
+}
+
 TEST_F(DiscPlacesTest, NetworkPathsGoToTheReaderOfShares) {
   DiscPlaces discs(drives);
   EXPECT_EQ(discs.Reader()->Probe(u"\\\\server\\share"), place_error::kPathNotFound);

@@ -69,6 +69,12 @@ TEST(DriveFile, OnlySectionsOfOneLetterAreDrives) {
   EXPECT_EQ(setup.drives.count('Z'), 1U);
 }
 
+TEST(DriveFile, EveryLetterFromAToZCanBeADrive) {
+  std::string bytes;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) bytes += std::string("[") + letter + "]\nType=cd\n";
+  EXPECT_EQ(ParseDriveFile(bytes).drives.size(), 26U);
+}
+
 TEST(DriveFile, InAListOfLettersEverythingElseIsLeftOut) {
   const std::pair<const char*, DriveMask> rows[] = {{"AB", 3}, {"A,B", 3}, {"a b", 3},      {"A;B;1;ñ;", 3},
                                                     {"", 0},   {"123", 0}, {"Z", 1U << 25}, {"AAA", 1}};

@@ -27,6 +27,9 @@ TEST(MountTable, TheFolderIsTheFifthWordOfEachLine) {
       {"36 22 8:17 / none rw - tmpfs none rw\n", {}},
       {"36 22 8:17 / /media/MY\\040STICK rw\n", {"/media/MY STICK"}},
       {"36 22 8:17 / /a\\011b\\012c\\134d rw\n", {"/a\tb\nc\\d"}},
+      {"36 22 8:17 / /end\\040 rw\n", {"/end "}},
+      {"36 22 8:17 / /q\\077 rw\n", {"/q?"}},
+      {"36 22 8:17 / /q\\800 rw\n37 22 8:17 / /r\\080 rw\n", {"/q\\800", "/r\\080"}},
       {"36 22 8:17 / /a\\04 rw\n37 22 8:17 / /b\\08 rw\n38 22 8:17 / /c\\ rw\n", {"/a\\04", "/b\\08", "/c\\"}},
       {"36 22 8:17 / /twice rw\n37 36 8:18 / /twice rw\n", {"/twice"}},
   };

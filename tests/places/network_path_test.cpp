@@ -74,6 +74,13 @@ TEST(NetworkBatches, TakeAsManyEntriesAsFit) {
   EXPECT_THAT(BatchesOf({half, more}), ElementsAre(1, 1, 259));
 }
 
+TEST(NetworkBatches, AreOfSixteenKilobytes) {
+  EXPECT_EQ(kBatchBytes, 16384U);
+  EXPECT_EQ(kEntryBytes, 32U);
+  // An entry without texts takes its bytes alone.
+  EXPECT_THAT(BatchesOf(std::vector<NetworkResource>(513)), ElementsAre(512, 1, 259));
+}
+
 TEST(NetworkBatches, AnEntryLargerThanABatchEndsThem) {
   NetworkResource small;
   NetworkResource large;

@@ -170,6 +170,21 @@ TEST_F(ShareNetworkTest, AListingEndsWhenItsTakerHasEnough) {
   EXPECT_THAT(sizes, ElementsAre(2, 1024, 1024));
 }
 
+TEST_F(ShareNetworkTest, AListingThatFillsItsBatchHasNoEmptyOneAfterIt) {
+  for (int i = 0; i < 2048; ++i) servers->folders["smb://CAM/x"].push_back(File(u"f"));
+  std::vector<std::size_t> sizes;
+  const auto take = [&](std::vector<PlaceEntry>&& entries) {
+    sizes.push_back(entries.size());
+    return true;
+  };
+  EXPECT_EQ(Folders().List(u"\\\\CAM\\x", take), place_error::kNone);
+  EXPECT_THAT(sizes, ElementsAre(2, 1024, 1024));
+  sizes.clear();
+  servers->folders["smb://CAM/x"].push_back(File(u"f"));
+  EXPECT_EQ(Folders().List(u"\\\\CAM\\x", take), place_error::kNone);
+  EXPECT_THAT(sizes, ElementsAre(2, 1024, 1024, 1));
+}
+
 TEST_F(ShareNetworkTest, AListingThatFailsSaysWhy) {
   servers->files.insert("smb://CAM/x/f");
   servers->errors["smb://CAM/down"] = place_error::kRemoteNotListening;

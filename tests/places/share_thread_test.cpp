@@ -53,6 +53,7 @@ TEST(ShareUrl, NamesCantMeanAnythingElse) {
       {{"srv", 0, u"My Files", {u"ñ", u"a&b;c"}, {}}, "smb://srv/My%20Files/%C3%B1/a%26b%3Bc"},
       {{"srv", 0, u"x", {u"100%", u"a?b#c", u"a:b@c", u"a/b"}, {}}, "smb://srv/x/100%25/a%3Fb%23c/a%3Ab%40c/a%2Fb"},
       {{"srv", 0, u"C$", {u"A-Z_0.9"}, {}}, "smb://srv/C%24/A-Z_0.9"},
+      {{"srv", 0, u"az", {u"@[`{", u"/:"}, {}}, "smb://srv/az/%40%5B%60%7B/%2F%3A"},
   };
   for (const Row& row : rows) EXPECT_EQ(ShareUrl(row.place), row.url);
 }

@@ -81,7 +81,6 @@ constexpr std::array kFacts{
     FactRow{Kind::kFeed,         parameter_meaning::kFeed,    value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
     FactRow{Kind::kFeedPerRevolution, parameter_meaning::kFeed, value_type::kDouble, parameter_unit::kPerRevolution,      parameter_unit::kPerRevolution,   kTenThousandths},
     FactRow{Kind::kFeedLimit,  parameter_meaning::kHighest, value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
-    FactRow{Kind::kFeedLeast,   parameter_meaning::kLowest,  value_type::kDouble, parameter_unit::kMillimetresPerMinute, parameter_unit::kInchesPerMinute, 1},
     FactRow{Kind::kSpeed,        parameter_meaning::kSpeed,   value_type::kDouble, parameter_unit::kRevolutions,          parameter_unit::kRevolutions,     1},
     FactRow{Kind::kSpeedLimit, parameter_meaning::kHighest, value_type::kDouble, parameter_unit::kRevolutions,          parameter_unit::kRevolutions,     1},
     FactRow{Kind::kTool,         parameter_meaning::kTool,    value_type::kInt32,  parameter_unit::kNone,                 parameter_unit::kNone,            1},

@@ -52,7 +52,6 @@ struct FaultFact {
     kFeed,
     kFeedPerRevolution,
     kFeedLimit,
-    kFeedLeast,
     kSpeed,
     kSpeedLimit,
     kTool,

@@ -74,7 +74,6 @@ Path MakeArc(const Point& from, const Point& to, PlaneAxes axes, double centreFi
   double turn = full ? 0 : std::atan2(endSecond, endFirst) - arc.startAngle;
   if (clockwise) turn = -turn;
   while (turn <= 0) turn += kTurn;
-  while (turn > kTurn) turn -= kTurn;
   arc.sweep = clockwise ? -turn : turn;
   return {from, to, arc};
 }

@@ -166,7 +166,7 @@ class Planner {
     if (const Word* word = request_.Find(u'S'); word != nullptr && code != FaultCode::kSpeedMissing) {
       return FaultOf(code, *word);
     }
-    for (const Group group : {Group::kSpindle, Group::kSpeedMode, Group::kToolChange}) {
+    for (const Group group : {Group::kSpindle, Group::kSpeedMode}) {
       if (const Choice* choice = request_.Chosen(group)) return FaultOf(code, choice->word);
     }
     return {code, {}, 0, 0};

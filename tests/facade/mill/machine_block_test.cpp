@@ -19,6 +19,8 @@ const GoodRow kGoodRows[] = {
     {u"G0X1\r\n", u"G0 X1"},
     {u"N10 G1", u"N10 G1"},
     {u"n0012", u"N12"},
+    {u"N0 G1", u"N0 G1"},
+    {u"N99999999", u"N99999999"},
     {u"/G1", u"/ G1"},
     {u"G1 X10/4 Y-9/3/2", u"G1 X2.5 Y-1.5"},
     {u" / N5 G1", u"/ N5 G1"},

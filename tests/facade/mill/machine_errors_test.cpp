@@ -4,6 +4,7 @@
 #include <set>
 
 #include "facade/mill/machine_fakes.h"
+#include "facade/mill/machine_record.h"
 #include "facade/sim/sim_error_summary.h"
 
 namespace pnl::sim {
@@ -69,6 +70,11 @@ const RefusalRow kRefusals[] = {
     {{}, u"G0.5", 1006, "1 0 0", "2:0:G0.5"},
     {{}, u"G99999 X1", 1006, "1 0 0", "2:0:G99999"},
     {{}, u"M77", 1007, "19 77 0", "2:0:M77"},
+    {{}, u"M65535", 1007, "19 65535 0", "2:0:M65535"},
+    {{}, u"M65536", 1007, "", "2:0:M65536, 0:0:Block: M65536"},
+    {{}, u"M-1", 1007, "", "2:0:M-1, 0:0:Block: M-1"},
+    {{}, u"Y1 Y1", 1009, "2 2 0", "2:0:Y1"},
+    {{}, u"S20000.6", 1021, "16 20001 0", "2:0:S20000.6, 12:13:20000.6, 4:13:12000"},
     {{}, u"M1.5", 1007, "", "2:0:M1.5, 0:0:Block: M1.5"},
     {{}, u"G17 G18", 1008, "6 18 0", "2:0:G18"},
     {{}, u"G1 G0 X1", 1008, "6 0 0", "2:0:G0"},
@@ -169,6 +175,15 @@ TEST(MachineErrors, AWordThatIsTooLongIsCutToItsParameter) {
   EXPECT_EQ(PlainValue(value_type::kText, ParameterAt(record, 0).value, 520).size(), 259U);
   EXPECT_EQ(PlainValue(value_type::kText, ParameterAt(record, 1).value, 520).substr(0, 8), u"Block: Y");
   EXPECT_EQ(ParameterAt(record, 2).valueType, 0);
+}
+
+TEST(MachineErrors, ARecordHasFiveParametersAndASixthIsLeftOut) {
+  RecordMaker maker(0, 1, severity::kError, u"NC");
+  for (std::int32_t i = 1; i <= 6; ++i) maker.Parameter(i, value_type::kInt32, i);
+  EXPECT_EQ(Parameters(maker.Record()), "1:0:1, 2:0:2, 3:0:3, 4:0:4, 5:0:5");
+  for (std::size_t at = error_field::kExtraValuesOffset; at < sizeof(ErrorRecord); ++at) {
+    ASSERT_EQ(maker.Record().bytes[at], 0) << at;
+  }
 }
 
 TEST(MachineErrors, TheTextsAreThereBeforeAnyError) {

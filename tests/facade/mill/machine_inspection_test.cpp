@@ -252,6 +252,21 @@ TEST_F(MachineInspection, ALeftOverRequestStartsNothingTheNextTime) {
   EXPECT_EQ(bench.environment.GetInt(kStart), 0);
 }
 
+TEST_F(MachineInspection, ABlockWithoutARequestLeavesTheRequestAlone) {
+  bench.environment.reports.clear();
+  bench.Do(u"G0 Z10");
+  for (const auto& report : bench.environment.reports) EXPECT_NE(report.name, kStart);
+}
+
+TEST_F(MachineInspection, OnlyARequestIsAnsweredAndOnlyANoughtEndsIt) {
+  bench.environment.reports.clear();
+  Write(kStart, 2);
+  Write(kStart, 0);
+  Write(kInspection, 1);
+  EXPECT_TRUE(bench.environment.reports.empty());
+  EXPECT_TRUE(bench.machine->State().inspecting);
+}
+
 TEST(MachineWithoutInspection, NeedsAnInterruptedBlock) {
   MachineBench bench;
   bench.machine->Inspection(true);

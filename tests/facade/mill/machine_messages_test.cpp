@@ -17,7 +17,9 @@ TEST(MachineMessages, ThereAreEightOfBothTypes) {
     EXPECT_FALSE(message.document.empty());
   }
   EXPECT_EQ(keys.size(), 8u);
-  EXPECT_EQ(keys.count({0, 1}) + keys.count({1, 1}), 2u);
+  for (const std::int32_t type : {0, 1}) {
+    for (std::int32_t id = 1; id <= 4; ++id) EXPECT_EQ(keys.count({type, id}), 1u) << type << " " << id;
+  }
 }
 
 TEST(MachineMessages, ACodeIsTheTypeInItsTopFourBitsAndTheIdentifierBelow) {

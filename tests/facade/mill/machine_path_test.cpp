@@ -58,6 +58,27 @@ TEST(MachinePath, AnEndAtTheStartIsAFullCircle) {
   }
 }
 
+TEST(MachinePath, OnlyAnEndThatIsNearlyTheStartIsAFullCircle) {
+  const auto length = [](double off) {
+    return MakeArc({10, 0, 0}, {10 * std::cos(off), 10 * std::sin(off), 0}, AxesOf(17), 0, 0, false).Length();
+  };
+  EXPECT_NEAR(length(1e-8), 20 * kPi, 1e-5);
+  EXPECT_NEAR(length(1e-6), 1e-5, 1e-7);
+}
+
+TEST(MachinePath, AnArcAcrossTheStartOfTheAnglesGoesTheShortWay) {
+  const double half = std::sqrt(50);
+  for (const bool clockwise : {false, true}) {
+    const Point from{-half, clockwise ? -half : half, 0};
+    const Point to{-half, clockwise ? half : -half, 0};
+    const Path arc = MakeArc(from, to, AxesOf(17), 0, 0, clockwise);
+    EXPECT_NEAR(arc.Length(), 5 * kPi, kNear);
+    ExpectPoint(arc.At(0.5), {-10, 0, 0});
+    EXPECT_NEAR(arc.Reach(0).low, -10, kNear);
+    EXPECT_NEAR(arc.Reach(0).high, -half, kNear);
+  }
+}
+
 TEST(MachinePath, AHelixClimbsEvenly) {
   const Path helix = MakeArc({10, 0, 0}, {10, 0, 30}, AxesOf(17), 0, 0, false);
   EXPECT_NEAR(helix.Length(), std::hypot(20 * kPi, 30), kNear);

@@ -46,6 +46,7 @@ void ExpectPlans(const std::vector<GoodRow>& rows) {
 
 TEST(MachinePlan, MovesEndWhereTheirWordsSay) {
   ExpectPlans({
+      {{}, u"Y100", u"rapid 100 mm 600 ms to X0 Y100 Z0\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G0 X100", u"rapid 100 mm 600 ms to X100 Y0 Z0\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"X100 Z-60", u"rapid 116.619 mm 600 ms to X100 Y0 Z-60\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"Z-120 X100", u"rapid 156.205 mm 1200 ms to X100 Y0 Z-120\nG00 G17 G21 G40 G54 G90 G94 G97"},
@@ -119,6 +120,8 @@ TEST(MachinePlan, FunctionsStandBeforeAndBehindTheMove) {
       {{}, u"F100 S1000 D3", u"G00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"M3 S1000", u"functions spindle 1 at 1000\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{u"S500 M3"}, u"M4", u"functions spindle -1 at 500\nG00 G17 G21 G40 G54 G90 G94 G97"},
+      {{u"S500 M3"}, u"M3", u"functions spindle 1 at 500\nG00 G17 G21 G40 G54 G90 G94 G97"},
+      {{u"S500 M3"}, u"X10", u"rapid 10 mm 60 ms to X10 Y0 Z0\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{u"S500 M3"}, u"S0", u"functions spindle 1 at 0\nG00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"S500", u"G00 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"T2 M6", u"functions tool 2 coolant off\nG00 G17 G21 G40 G54 G90 G94 G97"},
@@ -192,6 +195,10 @@ const BadRow kBadRows[] = {
     {{}, u"G2 Y0.5 X10 I5 F100", FaultCode::kArcEnd, u"Y0.5"},
     {{}, u"G18 G2 X11 I5 F100", FaultCode::kArcEnd, u"X11"},
     {{}, u"G2 X10 R4 F100", FaultCode::kArcRadius, u"R4"},
+    {{}, u"G2 X10 R4.98 F100", FaultCode::kArcRadius, u"R4.98"},
+    {{u"G2 F100"}, u"J400", FaultCode::kTravelLimit, u"J400"},
+    {{u"G18 G2 F100"}, u"K400", FaultCode::kTravelLimit, u"K400"},
+    {{u"F100"}, u"G19 G2 Y1 Z1 J1 K1.1", FaultCode::kArcEnd, u"Y1"},
     {{}, u"G2 X10 R0 F100", FaultCode::kArcRadius, u"R0"},
     {{}, u"G2 X10 I0 J0 F100", FaultCode::kArcRadius, u"I0"},
     {{}, u"G2 X1 I1000000000 F1", FaultCode::kArcEnd, u"X1"},
@@ -227,6 +234,15 @@ const BadRow kBadRows[] = {
     {{}, u"G4 K1 P1", FaultCode::kUnusedWord, u"P1"},
     {{}, u"G4 X1 K1", FaultCode::kUnusedWord, u"K1"},
     {{}, u"G4 K1 Y5", FaultCode::kUnusedWord, u"Y5"},
+    {{}, u"G4 K1 Z5", FaultCode::kUnusedWord, u"Z5"},
+    {{}, u"G4 K1 I5", FaultCode::kUnusedWord, u"I5"},
+    {{}, u"G4 K1 J5", FaultCode::kUnusedWord, u"J5"},
+    {{}, u"G4 P1 X1", FaultCode::kUnusedWord, u"X1"},
+    {{}, u"G0 J5", FaultCode::kUnusedWord, u"J5"},
+    {{}, u"G0 K5", FaultCode::kUnusedWord, u"K5"},
+    {{}, u"G2 X10 I5 P1 F100", FaultCode::kUnusedWord, u"P1"},
+    {{}, u"G18 G2 X10 I5 P1 F100", FaultCode::kUnusedWord, u"P1"},
+    {{}, u"G19 G2 Y10 J5 P1 F100", FaultCode::kUnusedWord, u"P1"},
     {{}, u"G4 K1 R5", FaultCode::kUnusedWord, u"R5"},
     {{}, u"G0 X1 I5", FaultCode::kUnusedWord, u"I5"},
     {{}, u"G1 X1 F5 R5", FaultCode::kUnusedWord, u"R5"},
@@ -250,8 +266,37 @@ TEST(MachinePlan, WhatTheMachineCannotDoIsRefusedByTheWordAtFault) {
   }
 }
 
+TEST(MachinePlan, AFeedPerRevolutionMayReachTheLimitsOfTheFeedItself) {
+  const Condition fast = After({}, u"S4000 M3");
+  EXPECT_TRUE(std::holds_alternative<Plan>(PlanText(u"G95 G1 X1 F5", fast)));
+  EXPECT_FALSE(std::holds_alternative<Plan>(PlanText(u"G95 G1 X1 F5.001", fast)));
+  const Condition slow = After({}, u"S1 M3");
+  EXPECT_TRUE(std::holds_alternative<Plan>(PlanText(u"G95 G1 X1 F0.0001", slow)));
+  EXPECT_FALSE(std::holds_alternative<Plan>(PlanText(u"G95 G1 X1 F0.0001", After({}, u"S0.5 M3"))));
+}
+
+TEST(MachinePlan, ASpeedThatIsTooHighNamesTheCodeThatAsksForIt) {
+  Condition turning;
+  for (const TextView text : {u"T6 M6", u"G96 S500", u"G97 S100 M3"}) turning = After(turning, text);
+  const auto plan = PlanText(u"X1 G96", turning);
+  ASSERT_TRUE(std::holds_alternative<Fault>(plan));
+  EXPECT_EQ(std::get<Fault>(plan).code, FaultCode::kSpeedTooHigh);
+  EXPECT_EQ(std::get<Fault>(plan).word, u"G96");
+}
+
+TEST(MachinePlan, TheWorkpieceZerosAreWhereTheyAre) {
+  const std::pair<int, Point> zeros[] = {{54, {0, 0, 0}},     {55, {100, 50, 0}},   {56, {-100, -50, 0}},
+                                         {57, {200, 0, -50}}, {58, {-200, 0, -50}}, {59, {0, 100, -100}},
+                                         {53, {0, 0, 0}},     {60, {0, 0, 0}}};
+  for (const auto& [code, zero] : zeros) EXPECT_EQ(OffsetOf(code), zero) << code;
+}
+
 TEST(MachinePlan, TheLimitsThemselvesAreLegal) {
-  for (const TextView block : {u"G0 X500 Y300 Z200", u"G0 X-500 Y-300 Z-400", u"G20 X-19.685", u"F20000", u"S12000"}) {
+  for (const TextView block :
+       {u"G0 X500 Y300 Z200", u"G0 X-500 Y-300 Z-400", u"G20 X-19.685", u"F20000", u"S12000", u"S0",
+        // Rounding may lead past a limit by less than anybody can measure.
+        u"G20 X19.6850393701 Y-11.8110236221", u"F0.0001", u"G95 F0.0001", u"T99", u"T0", u"D99", u"D0", u"G4 K86400",
+        u"G4 K0"}) {
     EXPECT_TRUE(std::holds_alternative<Plan>(PlanText(block, {}))) << ToUtf8(block);
   }
 }

@@ -14,24 +14,26 @@ struct RaisedRow {
   std::int32_t source;
   std::int32_t number;
   int severity;
+  TextView module;
   const char* function;  // where its text is found, by textNumber
   std::int32_t textNumber;
   TextView english;
   TextView spanish;
 };
 const RaisedRow kRows[] = {
-    {Raised::kDoorOpen, 10, 5012, 1, "ReadPLCError", 5012, u" Safety door open", u" Puerta de seguridad abierta"},
-    {Raised::kDriveWarning, 13, 6101, 0, "warning_drive_to_txt", 6101, u"\nMotor of the axis too warm",
+    {Raised::kDoorOpen, 10, 5012, 1, u"PLC", "ReadPLCError", 5012, u" Safety door open",
+     u" Puerta de seguridad abierta"},
+    {Raised::kDriveWarning, 13, 6101, 0, u"DRV", "warning_drive_to_txt", 6101, u"\nMotor of the axis too warm",
      u"\nMotor del eje demasiado caliente"},
-    {Raised::kDriveFault, 13, 6201, 1, "error_drive_to_txt", 6201, u"\nDrive of the axis switched off",
+    {Raised::kDriveFault, 13, 6201, 1, u"DRV", "error_drive_to_txt", 6201, u"\nDrive of the axis switched off",
      u"\nRegulador del eje desconectado"},
-    {Raised::kBusFault, 19, 6301, 1, "emcy_Copen_to_txt", 0x8130, u"\nBus node does not answer",
+    {Raised::kBusFault, 19, 6301, 1, u"BUS", "emcy_Copen_to_txt", 0x8130, u"\nBus node does not answer",
      u"\nEl nodo del bus no contesta"},
-    {Raised::kProgramLine, 1, 1101, 1, "error_to_txt", 1101, u"\nThe program block cannot be run",
+    {Raised::kProgramLine, 1, 1101, 1, u"NC", "error_to_txt", 1101, u"\nThe program block cannot be run",
      u"\nEl bloque del programa no se puede ejecutar"},
-    {Raised::kConfirm, 0, 3753, 1, "error_to_txt", 3753, u"\nConfirm that the workpiece is clamped",
+    {Raised::kConfirm, 0, 3753, 1, u"NC", "error_to_txt", 3753, u"\nConfirm that the workpiece is clamped",
      u"\nConfirme que la pieza está amarrada"},
-    {Raised::kFatal, 0, 2001, 7, "error_to_txt", 2001,
+    {Raised::kFatal, 0, 2001, 7, u"KRN", "error_to_txt", 2001,
      u"\nInternal fault of the kernel: the control must be switched off",
      u"\nFallo interno del núcleo: hay que apagar el control"},
 };
@@ -50,6 +52,8 @@ TEST(MachineRaised, EachFaultIsARecordOfItsSourceWithTextsInBothLanguages) {
     EXPECT_EQ(Int(record, error_field::kNumber), row.number);
     EXPECT_EQ(record.Get<std::uint16_t>(error_field::kSeverity.offset), row.severity);
     EXPECT_EQ(record.Get<std::int8_t>(error_field::kChannel.offset), 1);
+    EXPECT_EQ(record.GetText(error_field::kModule.offset, error_field::kModule.size), row.module);
+    EXPECT_EQ(Int(record, error_field::kIdentifier), row.number);
     EXPECT_EQ(texts.at({row.function, row.textNumber}).first, row.english);
     EXPECT_EQ(texts.at({row.function, row.textNumber}).second, HelpRefOf(row.number, MachineLanguage::kEnglish));
     bench.machine->SetLanguage("es");
@@ -70,8 +74,11 @@ TEST(MachineRaised, ADriveNamesItsAxisAndItsCode) {
     EXPECT_EQ(PlainValue(7, ParameterAt(record, 0).value, 520), u"1");
     EXPECT_EQ(ParameterAt(record, 1).meaning, 17);
     EXPECT_EQ(PlainValue(4, ParameterAt(record, 1).value, 520), Format(u"%d", code));
+    EXPECT_EQ(ParameterAt(record, 2).valueType, 0);
     test::MachineBench bench;
-    EXPECT_NE(bench.environment.tableTexts.at({"GetTextoSercosError", code}).first.find(u"%d"), Text::npos);
+    const auto& text = bench.environment.tableTexts.at({"GetTextoSercosError", code});
+    EXPECT_NE(text.first.find(u"%d"), Text::npos);
+    EXPECT_EQ(text.second, u"") << "a drive's code has no description of its own";
   }
 }
 
@@ -80,6 +87,8 @@ TEST(MachineRaised, TheBusFaultCarriesItsCodeInAParameterThatIsNotShown) {
   EXPECT_EQ(record.Get<std::uint32_t>(3384), 0x8130U);
   EXPECT_EQ(ParameterAt(record, 4).valueType, 0);
   EXPECT_EQ(ParameterAt(record, 0).meaning, 15);
+  EXPECT_EQ(PlainValue(ParameterAt(record, 0).valueType, ParameterAt(record, 0).value, 520), u"5");
+  EXPECT_EQ(ParameterAt(record, 1).valueType, 0);
 }
 
 TEST(MachineRaised, AProgramLineHasItsPlaceAndItsSpanInBytes) {
@@ -88,6 +97,9 @@ TEST(MachineRaised, AProgramLineHasItsPlaceAndItsSpanInBytes) {
   EXPECT_EQ(record.GetText(168, 128), u"PART.NC");
   EXPECT_EQ(Int(record, error_field::kFilePosition), 120);
   EXPECT_EQ(record.Get<std::uint16_t>(error_field::kFileSpan.offset), 14);
+  for (const auto& [span, bytes] : {std::pair(32767, 65534), {32768, 65534}, {32766, 65532}, {1, 2}, {0, 0}}) {
+    EXPECT_EQ(MakeRaisedRecord(Raised::kProgramLine, {{}, {}, 0, span}).Get<std::uint16_t>(306), bytes) << span;
+  }
 }
 
 TEST(MachineRaised, AnAbsurdSpotStaysInsideItsFields) {

@@ -62,6 +62,20 @@ TEST(MachineRun, ARapidMoveIsNeverFasterThanItsOwnSpeedAndADwellTakesItsTime) {
   EXPECT_FALSE(BlockRun(u"", {dwell}, 0, 100).Moves());
 }
 
+TEST(MachineRun, AMoveThatTakesNoTimeIsAtItsEndAndHasNoFeed) {
+  const BlockRun run(u"", {FeedMove(3, 0)}, 10, 100);
+  EXPECT_EQ(run.StepEnd(), 10);
+  EXPECT_EQ(AtX(run, 10), 3);
+  EXPECT_EQ(run.Feed(), 0);
+}
+
+TEST(MachineRun, ATimeBeforeTheStepTakesNothingBack) {
+  BlockRun run(u"", {FeedMove(100, 1000)}, 500, 100);
+  EXPECT_EQ(AtX(run, 400), 0);
+  run.SetOverride(400, 50);
+  EXPECT_EQ(run.StepEnd(), 2500) << "the step still begins when it does";
+}
+
 TEST(MachineRun, AHoldKeepsWhatIsLeft) {
   BlockRun run(u"", {FeedMove(100, 1000)}, 0, 100);
   run.Hold(250);

@@ -169,6 +169,38 @@ TEST_F(ErrorQueueTest, EnterPrefersTheSameBytesToTheSameNumber) {
   EXPECT_THAT(cnc.ErrorQueue(), IsEmpty());
 }
 
+TEST_F(ErrorQueueTest, AStrangerTakesTheFirstOfItsNumberAndSource) {
+  rig::ErrorSpec spec;
+  std::string problem;
+  const std::pair<std::int64_t, std::int64_t> kinds[] = {{6, 0}, {5, 1}, {5, 0}, {5, 0}};
+  std::int64_t channel = 0;
+  for (const auto& [number, source] : kinds) {
+    spec.fields = {{"number", number}, {"source", source}, {"channel", ++channel}};
+    ASSERT_TRUE(cnc.PushError(spec, problem)) << problem;
+  }
+  ErrorRecord stranger{};
+  stranger.Set<std::int32_t>(error_field::kNumber.offset, 5);
+  EXPECT_EQ(kernel.ResetErrorWithEnter(0, stranger), 0);
+  ASSERT_EQ(cnc.Errors().size(), 3U);
+  EXPECT_EQ(cnc.Errors()[0].channel, 1);
+  EXPECT_EQ(cnc.Errors()[1].channel, 2);
+  EXPECT_EQ(cnc.Errors()[2].channel, 4);
+}
+
+TEST_F(ErrorQueueTest, ACallIsRecordedBeforeTheReportsThatItCauses) {
+  Push(5);
+  Push(6);
+  std::vector<std::string> recorded;
+  cnc.Watch(u"E.NERRORS", [&] { recorded = sink.Take(); });
+  kernel.ResetError(0, 1);
+  EXPECT_THAT(recorded, ElementsAre("ResetError(0,1)=0"));
+  ErrorRecord record{};
+  kernel.ReadError(0, record);
+  sink.Take();
+  kernel.ResetErrorWithEnter(0, record);
+  EXPECT_THAT(recorded, ElementsAre("ResetErrorWithEnter(0,{number:6,source:0})=0"));
+}
+
 TEST_F(ErrorQueueTest, ASetAnswerChangesTheAnswerNotTheDeed) {
   Push(5);
   cnc.Returns("ResetError", {1});

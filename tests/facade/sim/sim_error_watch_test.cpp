@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Who keeps a list of errors hears of each one that comes and goes, before the variables report it.
+#include <array>
+#include <vector>
+
+#include "facade/sim/sim_error_summary.h"
 #include "support/sim_fixture.h"
 
 namespace pnl::sim {
@@ -94,6 +98,42 @@ TEST_F(ErrorWatchTest, TheSummaryTellsSourceIdentifierModuleAndPlainParameters) 
   EXPECT_EQ(error.module, u"DRV");
   EXPECT_EQ(error.text, u"");
   EXPECT_THAT(error.parameters, testing::ElementsAre(u"12345", u"1.5", u"X5"));
+}
+
+TEST_F(ErrorWatchTest, EachTypeOfParameterHasItsPlainText) {
+  struct Row {
+    std::int32_t type;
+    std::vector<unsigned char> bytes;
+    TextView text;
+  };
+  const Row rows[] = {
+      {1, {1}, u"TRUE"},
+      {1, {0, 1}, u"FALSE"},
+      {1, {200}, u"TRUE"},
+      {2, {200, 1}, u"200"},
+      {3, {200, 1}, u"-56"},
+      {4, {0xFF, 0xFF, 1}, u"65535"},
+      {5, {0xFE, 0xFF, 1}, u"-2"},
+      {6, {0xFF, 0xFF, 0xFF, 0xFF}, u"4294967295"},
+      {7, {0xFE, 0xFF, 0xFF, 0xFF}, u"-2"},
+      {8, {0, 0, 0, 0, 0, 0, 0xF8, 0x3F}, u"1.5"},
+      {10, {0xAB, 1, 0, 0}, u"0x1AB"},
+      {18, {0xEF, 0xBE, 0xAD, 0xDE}, u"0xDEADBEEF"},
+      {16, {'X', 0}, u"X"},
+      {16, {0, 0, 'X', 0}, u""},
+      {17, {'\n', 0, 'A', 0, 'B', 0, 0, 0, 'C', 0}, u"AB"},
+      {17, {'A', 0, '\n', 0}, u"A\n"},
+      {9, {5}, u""},
+      {19, {5}, u""},
+  };
+  for (const Row& row : rows) {
+    std::array<unsigned char, 16> value{};
+    std::copy(row.bytes.begin(), row.bytes.end(), value.begin());
+    EXPECT_EQ(PlainValue(row.type, value.data(), value.size()), row.text) << row.type;
+  }
+  const unsigned char full[] = {'A', 0, 'B', 0, 'C'};
+  EXPECT_EQ(PlainValue(17, full, 4), u"AB") << "a text may fill its field";
+  EXPECT_EQ(PlainValue(17, full, 5), u"AB") << "half a unit is none";
 }
 
 TEST_F(ErrorWatchTest, TheTextIsThatOfTheSourcesTable) {

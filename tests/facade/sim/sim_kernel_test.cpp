@@ -134,6 +134,25 @@ TEST_F(SimKernelTest, FieldBusTextsAreMinusOneForUnknownCodes) {
                           "GetTextoSercosError(5,\"Sercos %d\")=0", "GetTextoMlinkError(5,\"Mlink %d\")=0"));
 }
 
+TEST_F(SimKernelTest, AnAnswerThatWasSetDecidesWhetherAFieldBusTextIsGiven) {
+  cnc.ErrorText("GetTextoSercosError", 5, u"Sercos", u"", false);
+  Text text = u"preset";
+  cnc.Returns("GetTextoSercosError", {-1, 3});
+  EXPECT_EQ(kernel.GetTextoSercosError(5, text), -1);
+  EXPECT_EQ(text, u"preset");
+  EXPECT_EQ(kernel.GetTextoSercosError(5, text), 3);
+  EXPECT_EQ(text, u"Sercos");
+  EXPECT_EQ(kernel.GetTextoSercosError(6, text = u"preset"), 3);
+  EXPECT_EQ(text, u"preset") << "there is no text for that code";
+}
+
+TEST_F(SimKernelTest, AnAnswerOfZeroNamesNoAxisThatIsNotThere) {
+  cnc.Returns("ConvertLogToName", {0});
+  Text name = u"preset";
+  EXPECT_EQ(kernel.ConvertLogToName(3, name), 0);
+  EXPECT_EQ(name, u"preset");
+}
+
 /// Answers every call with a number of its own.
 class NumberedMachine final : public KernelMachine {
  public:

@@ -264,6 +264,16 @@ TEST_F(SimPlacesTest, EveryQuestionToAHeldDriveHangs) {
   for (std::thread& each : threads) each.join();
 }
 
+TEST(SimHold, AThreadThatWasReleasedWaitsNoMore) {
+  const auto hold = std::make_shared<SimHold>();
+  hold->Hold('D');
+  std::thread other([hold] { hold->WaitWhileHeld('D'); });
+  ASSERT_TRUE(hold->AwaitWaiting(1));
+  hold->Release('D');
+  other.join();
+  EXPECT_FALSE(hold->AwaitWaiting(1, std::chrono::seconds(0)));
+}
+
 TEST(SimHold, NothingIsHeldAfterTheStorageIsGone) {
   const auto hold = std::make_shared<SimHold>();
   hold->Hold('D');

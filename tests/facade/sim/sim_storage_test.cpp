@@ -68,6 +68,17 @@ TEST_F(StorageTest, ADriveReachesTheDriveMap) {
   EXPECT_EQ(storage.Drives().count('D'), 0U);
 }
 
+TEST_F(StorageTest, EveryLetterOfBothCasesIsADrive) {
+  rig::Drive drive;
+  drive.dir = "/media/data";
+  for (const char letter : {'a', 'A', 'm', 'z', 'Z'}) {
+    drive.letter = letter;
+    storage.SetDrive(drive);
+  }
+  EXPECT_EQ(storage.Drives().size(), 3U);
+  for (const char letter : {'A', 'M', 'Z'}) EXPECT_EQ(storage.Drives().count(letter), 1U) << letter;
+}
+
 TEST_F(StorageTest, OnlyLettersAreDrives) {
   rig::Drive drive;
   drive.dir = "/media/data";
