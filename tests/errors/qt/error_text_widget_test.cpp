@@ -2,7 +2,10 @@
 #include "errors/qt/error_text_widget.h"
 
 #include <QFontMetrics>
+#include <QPainter>
 
+#include "controls/draw_text.h"
+#include "errors/qt/error_counter_widget.h"
 #include "support/widget_probe.h"
 
 namespace pnl::test {
@@ -67,6 +70,85 @@ TEST_F(ErrorTextWidgetTest, ATextOfSeveralLinesIsHigherInANarrowWindow) {
   const QString text = QString("HHHH ").repeated(20);
   EXPECT_GT(widget.HeightOf(text, 100), widget.HeightOf(text, 300));
   EXPECT_GT(widget.HeightOf(text, 0), 0) << "no width at all is survived";
+}
+
+TEST_F(ErrorTextWidgetTest, TheTextKeepsSixPixelsFromBothSidesAndIsDrawnAsItIs) {
+  constexpr std::uint32_t kFlags = draw::kWordBreak | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
+  for (const bool centred : {false, true}) {
+    for (const char* text : {"HHHH", "A&B\tC && D", "HHHHHHHHHHHHHH HHHHHHHHHHHHHH\nHH"}) {
+      widget.SetCentred(centred);
+      widget.SetText(text);
+      QImage expected(widget.size(), QImage::Format_RGB32);
+      expected.fill(QColor(0xD3, 0xC9, 0xBF));
+      QPainter painter(&expected);
+      painter.setFont(font);
+      painter.setPen(Qt::black);
+      QRect area(6, 0, 300 - 12, 120);
+      if (centred) area.setTop((120 - MeasureText(QFontMetrics(font), area.width(), text, kFlags).height()) / 2);
+      DrawText(painter, area, QString(text), centred ? kFlags | draw::kCenter : kFlags);
+      painter.end();
+      EXPECT_EQ(Paint(widget), expected) << text;
+    }
+  }
+  EXPECT_EQ(widget.WidthOf("HHHH"), QFontMetrics(font).horizontalAdvance("HHHH") + 12);
+}
+
+TEST(ErrorPictureWidgetTest, ThePictureFillsTheWidgetInItsShapeOnTheClasssColour) {
+  const std::string svg =
+      "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 10 10'><rect width='10' height='10' fill='#00ff00'/></svg>";
+  ErrorPictureWidget picture(1043, &svg, "Esc", nullptr);
+  EXPECT_EQ(picture.property("pnlId").toInt(), 1043);
+  EXPECT_EQ(picture.Back(), 0u);
+  picture.resize(30, 20);
+  picture.SetBack(0x648064);
+  const QImage image = Paint(picture);
+  EXPECT_EQ(ColorAt(image, 15, 10), 0x00FF00u);
+  EXPECT_EQ(ColorAt(image, 6, 10), 0x00FF00u);
+  EXPECT_EQ(ColorAt(image, 2, 10), 0x648064u) << "a square in the middle";
+  EXPECT_EQ(ColorAt(image, 27, 10), 0x648064u);
+}
+
+TEST(ErrorPictureWidgetTest, WithoutThePictureItsWordIsThereInWhite) {
+  const std::string broken = "no picture";
+  for (const std::string* svg : {static_cast<const std::string*>(nullptr), &broken}) {
+    ErrorPictureWidget picture(1043, svg, "HHH", nullptr);
+    picture.resize(60, 30);
+    picture.SetBack(0x648064);
+    const QRect written = Ink(Paint(picture), 0x648064);
+    EXPECT_GT(Count(Paint(picture), 0xFFFFFF), 5);
+    EXPECT_NEAR(written.center().x(), 30, 3);
+    EXPECT_NEAR(written.center().y(), 15, 4);
+  }
+}
+
+/// Digits are as high as the field and get smaller only where there are too many, but never smaller than eight pixels.
+TEST(ErrorCounterWidgetTest, TheDigitsAreAsLargeAsFitsIntoTheField) {
+  const struct {
+    QSize field;
+    const char* digits;
+  } rows[] = {{{30, 16}, "7"}, {{30, 16}, "9999"}, {{30, 16}, "2147483647"}, {{60, 30}, "123"}, {{30, 4}, "5"}};
+  for (const auto& row : rows) {
+    ErrorCounterWidget counter(1006, nullptr);
+    counter.resize(row.field);
+    counter.SetText(row.digits);
+    EXPECT_EQ(counter.accessibleName(), row.digits);
+    EXPECT_EQ(counter.property("pnlText").toString(), row.digits);
+    QFont font = counter.font();
+    int size = 8;
+    for (int larger = 9; larger <= row.field.height(); ++larger) {
+      font.setPixelSize(larger);
+      if (QFontMetrics(font).horizontalAdvance(row.digits) <= row.field.width()) size = larger;
+    }
+    font.setPixelSize(size);
+    QImage expected(row.field, QImage::Format_RGB32);
+    expected.fill(Qt::magenta);
+    QPainter painter(&expected);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(QRect(QPoint(0, 0), row.field), Qt::AlignCenter, row.digits);
+    painter.end();
+    EXPECT_EQ(Paint(counter), expected) << row.digits;
+  }
 }
 
 TEST_F(ErrorTextWidgetTest, IsReadAloudAndTold) {

@@ -115,10 +115,17 @@ TEST_F(ErrorStage, AFingerMayMissAPictureByALittle) {
   Push(RecordBuilder().Number(1000));
   Push(RecordBuilder().Number(1001));
   const QRect next = Control(error_id::kNext)->geometry();
-  PressMouse(tool, QPoint(next.left() - 6, next.center().y()));
-  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
-  PressMouse(tool, QPoint(next.left() - 4, next.center().y()));
-  EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+  for (const QPoint& beside : {QPoint(next.left() - 5, next.center().y()), QPoint(next.right() + 5, next.center().y()),
+                               QPoint(next.center().x(), next.top() - 5)}) {
+    PressMouse(tool, beside);
+    EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1000");
+  }
+  for (const QPoint& near : {QPoint(next.left() - 4, next.center().y()), QPoint(next.right() + 4, next.center().y()),
+                             QPoint(next.center().x(), next.top() - 4), QPoint(next.center().x(), next.bottom() + 4)}) {
+    PressMouse(tool, near);
+    EXPECT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+    Key(Qt::Key_Left);
+  }
 }
 
 TEST_F(ErrorStage, AHiddenPictureDoesNothing) {

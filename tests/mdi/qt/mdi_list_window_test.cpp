@@ -119,6 +119,33 @@ TEST_F(ZCMDIListTest, EscapeCancelsAndForgetsTheText) {
   EXPECT_EQ(Picked(), u"");
 }
 
+TEST_F(ZCMDIListTest, TabStaysInTheListAndIsNoVerdict) {
+  Open({u"a", u"b"});
+  for (const int key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+    EXPECT_TRUE(PressKey(Items(), key)) << key;
+    EXPECT_TRUE(Items()->hasFocus()) << key;
+  }
+  EXPECT_EQ(Items()->Selection(), 0);
+  EXPECT_TRUE(owner->verdicts.empty());
+}
+
+TEST_F(ZCMDIListTest, ItsVerdictKeysComeBeforeThePanelsShortcuts) {
+  Open({u"a"});
+  const auto claims = [this](int key) {
+    QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
+    event.ignore();
+    QCoreApplication::sendEvent(Items(), &event);
+    return event.isAccepted();
+  };
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) EXPECT_TRUE(claims(key)) << key;
+  for (const int key : {Qt::Key_F1, Qt::Key_Tab}) EXPECT_FALSE(claims(key)) << key;
+}
+
+TEST_F(ZCMDIListTest, HasAFrameOfOneLine) {
+  EXPECT_EQ(Items()->frameStyle(), static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+  EXPECT_EQ(list->property("pnlTitle").toString(), "MDI");
+}
+
 TEST_F(ZCMDIListTest, ASecondVerdictIsNotSent) {
   Open({u"a"});
   list->OnOK();
@@ -192,6 +219,8 @@ TEST_F(MdiDropFlow, LiesOverTheEditWhenTheLineIsBelow) {
   EXPECT_EQ(Drop()->parentWidget(), &panel);
   EXPECT_EQ(DropItems()->Count(), 3);
   EXPECT_EQ(Focus(), DropItems());
+  EXPECT_EQ(DropItems()->SelectedBackColor(), List()->SelectedBackColor());
+  EXPECT_EQ(DropItems()->SelectedTextColor(), List()->SelectedTextColor());
 }
 
 TEST_F(MdiDropFlow, LiesUnderTheEditWhenTheLineIsAbove) {

@@ -461,6 +461,64 @@ TEST_F(MdiWindowTest, ItsKeysWithCtrlStayTheHosts) {
   start.ignore();
   QCoreApplication::sendEvent(Edit(), &start);
   EXPECT_FALSE(start.isAccepted());
+  const auto claims = [this](QWidget* control, int key, Qt::KeyboardModifiers modifiers) {
+    QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
+    event.ignore();
+    QCoreApplication::sendEvent(control, &event);
+    return event.isAccepted();
+  };
+  for (QWidget* control : {static_cast<QWidget*>(Edit()), static_cast<QWidget*>(List())}) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Down}) {
+      EXPECT_TRUE(claims(control, key, Qt::ShiftModifier)) << key;
+      EXPECT_FALSE(claims(control, key, Qt::AltModifier)) << key;
+      EXPECT_FALSE(claims(control, key, Qt::MetaModifier)) << key;
+    }
+    EXPECT_FALSE(claims(control, Qt::Key_F1, Qt::NoModifier)) << "a key that isn't the tool's";
+  }
+}
+
+TEST_F(MdiWindowTest, TheEditHasNoFrameAndKeepsFourPixelsBesideItsText) {
+  Make();
+  EXPECT_FALSE(Edit()->hasFrame());
+  EXPECT_EQ(Edit()->textMargins(), QMargins(4, 0, 4, 0));
+}
+
+TEST_F(MdiWindowTest, ASelectionIsCutToTheTextAndAnEndBelowZeroMeansAll) {
+  Open();
+  struct Row {
+    TextSelection asked;
+    TextSelection selected;
+  };
+  const Row rows[] = {{{0, -1}, {0, 6}}, {{2, -1}, {2, 6}}, {{1, 3}, {1, 3}},   {{2, 100}, {2, 6}},
+                      {{6, 6}, {6, 6}},  {{9, 12}, {6, 6}}, {{-1, -1}, {6, 6}}, {{0, 0}, {0, 0}}};
+  Edit()->SetText("G0 X10");
+  for (const Row& row : rows) {
+    Edit()->Select({0, 6});
+    Edit()->Select(row.asked);
+    EXPECT_EQ(Edit()->Selection(), row.selected) << row.asked.start << "," << row.asked.end;
+  }
+}
+
+TEST_F(MdiWindowTest, AMenuOverTheEditIsNoChangeOfItsFocus) {
+  Open();
+  int changes = 0;
+  QObject::connect(Edit(), &MdiEdit::FocusChanged, Edit(), [&changes] { ++changes; });
+  for (const auto type : {QEvent::FocusOut, QEvent::FocusIn}) {
+    QFocusEvent popup(type, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(Edit(), &popup);
+  }
+  EXPECT_EQ(changes, 0);
+  other->setFocus();
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(MdiWindowTest, ThePressOfAnotherButtonOpensNoDropList) {
+  History(3);
+  Open();
+  PressMouse(tool, QPoint(590, 10), QEvent::MouseButtonPress, Qt::RightButton);
+  EXPECT_EQ(Drop(), nullptr);
+  PressMouse(tool, QPoint(590, 10));
+  EXPECT_NE(Drop(), nullptr);
 }
 
 }  // namespace

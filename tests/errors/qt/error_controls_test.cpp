@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+// The controls of the error window: which are shown, where they lie, in which fonts they write; and its keys beside the
+// panel's.
+#include <QtGui/QShortcut>
+#include <QtWidgets/QApplication>
+
+#include "controls/fonts.h"
+#include "error_stage.h"
+#include "errors/qt/error_counter_widget.h"
+#include "errors/qt/error_text_widget.h"
+
+namespace pnl::test {
+namespace {
+
+class ErrorControlsTest : public ErrorStage {
+ protected:
+  [[nodiscard]] QRect PlaceOf(int id) const { return Control(id)->geometry(); }
+  /// Whether the window claims the key before the panel's shortcuts.
+  [[nodiscard]] bool Claims(int key, Qt::KeyboardModifiers modifiers = {}) const {
+    QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
+    event.ignore();
+    QCoreApplication::sendEvent(tool, &event);
+    return event.isAccepted();
+  }
+};
+
+TEST_F(ErrorControlsTest, OnlyTheTextsAndTheTitleBoxAreShownBeforeTheFirstError) {
+  Open();
+  for (const int id : {error_id::kTitleLine, error_id::kDescription, error_id::kTitleBox}) {
+    EXPECT_FALSE(Control(id)->isHidden()) << id;
+  }
+  for (const int id : {error_id::kChannelBox, error_id::kBefore, error_id::kAfter, error_id::kPrevious, error_id::kNext,
+                       error_id::kHelp, error_id::kAcknowledge, error_id::kConfirmSign, error_id::kMarkedSign}) {
+    EXPECT_TRUE(Control(id)->isHidden()) << id;
+  }
+}
+
+TEST_F(ErrorControlsTest, LieAsTheDialogSaysInTheWindowsSize) {
+  Open();
+  Push(RecordBuilder());
+  ASSERT_EQ(tool->size(), QSize(710, 298));
+  EXPECT_EQ(PlaceOf(error_id::kPrevious), QRect(11, 10, 30, 33));
+  EXPECT_EQ(PlaceOf(error_id::kBefore), QRect(20, 43, 30, 16));
+  EXPECT_EQ(PlaceOf(error_id::kNext), QRect(657, 10, 30, 33));
+  EXPECT_EQ(PlaceOf(error_id::kAfter), QRect(663, 43, 30, 16));
+  EXPECT_EQ(PlaceOf(error_id::kTitleBox), QRect(195, 10, 320, 42));
+  EXPECT_EQ(PlaceOf(error_id::kHelp), QRect(525, 10, 30, 33));
+  EXPECT_EQ(PlaceOf(error_id::kAcknowledge), QRect(565, 10, 30, 33));
+  EXPECT_EQ(PlaceOf(error_id::kTitleLine), QRect(11, 63, 688, 34));
+  EXPECT_EQ(PlaceOf(error_id::kDescription), QRect(11, 109, 688, 174));
+}
+
+TEST_F(ErrorControlsTest, TheTitleIsCentredAndTheDescriptionBeginsAtItsCorner) {
+  Open();
+  Push(RecordBuilder().Number(1000));
+  const auto written = [this](int id) { return Ink(Paint(*Control(id)), 0xBFC9D3); };
+  const QRect title = written(error_id::kTitleLine);
+  EXPECT_NEAR(title.center().x(), PlaceOf(error_id::kTitleLine).width() / 2, 3);
+  EXPECT_LT(written(error_id::kDescription).left(), 12);
+}
+
+TEST_F(ErrorControlsTest, WriteInTheFontsOfTheIniFile) {
+  WindowStage::Disc("C:\\P52\\errman.ini", "[PRIVATE]\r\nFontTitle=x,30,400,1,1,1\r\nFontText=x,26,500,1,1,1\r\n");
+  Open();
+  const QFont text = MakeFont("Arial", 26, 500).value();
+  const auto texts = tool->findChildren<ErrorTextWidget*>();
+  EXPECT_EQ(texts.size(), 2);
+  for (const ErrorTextWidget* each : texts) {
+    EXPECT_EQ(each->TextFont().pixelSize(), text.pixelSize());
+    EXPECT_EQ(each->TextFont().weight(), 500);
+    EXPECT_TRUE(each->TextFont().italic() && each->TextFont().underline() && each->TextFont().strikeOut());
+  }
+  const auto counters = tool->findChildren<ErrorCounterWidget*>();
+  EXPECT_EQ(counters.size(), 2);
+  for (const ErrorCounterWidget* each : counters) {
+    EXPECT_EQ(each->font().families(), MakeFont("Arial", 30, 700)->families());
+    EXPECT_EQ(each->font().weight(), 700) << "the counters are bold whatever the title is";
+    EXPECT_TRUE(each->font().italic());
+  }
+}
+
+TEST_F(ErrorControlsTest, TheBoxesWriteInTheTitlesFont) {
+  const auto box = [this](const char* font) {
+    WindowStage::Disc("C:\\P52\\errman.ini", std::string("[PRIVATE]\r\nFontTitle=") + font + "\r\n");
+    if (tool != nullptr) delete tool;
+    Open();
+    cnc.ClearErrors();
+    Push(RecordBuilder());
+    return Paint(*Control(error_id::kTitleBox));
+  };
+  const QImage plain = box("x,21,400");
+  EXPECT_EQ(box("x,21,400"), plain);
+  for (const char* differs : {"x,28,400", "x,21,800", "x,21,400,1", "x,21,400,0,1", "x,21,400,0,0,1"}) {
+    EXPECT_NE(box(differs), plain) << differs;
+  }
+}
+
+TEST_F(ErrorControlsTest, ItsKeysComeBeforeThePanelsAndNoOthers) {
+  Open();
+  Push(RecordBuilder());
+  for (const int key :
+       {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+    EXPECT_TRUE(Claims(key)) << key;
+    EXPECT_FALSE(Claims(key, Qt::ControlModifier)) << key;
+  }
+  for (const int key : {Qt::Key_F1, Qt::Key_A, Qt::Key_Delete}) EXPECT_FALSE(Claims(key)) << key;
+}
+
+TEST_F(ErrorControlsTest, TabStaysInTheWindowWhileItIsShown) {
+  Open();
+  Push(RecordBuilder());
+  ASSERT_TRUE(tool->hasFocus());
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(tool->hasFocus());
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(tool->hasFocus());
+}
+
+TEST_F(ErrorControlsTest, TheHotKeyIsOneForTheWholePanelHoweverOftenItIsAskedFor) {
+  Open();
+  Send(PNL_MSG_TOOL_NOTIFY, 2, 1);
+  const auto hotKeys = panel.findChildren<QShortcut*>();
+  ASSERT_EQ(hotKeys.size(), 1);
+  EXPECT_EQ(hotKeys[0]->context(), Qt::ApplicationShortcut);
+  EXPECT_EQ(hotKeys[0]->property(property::kOwner).toUInt(), handle);
+}
+
+TEST_F(ErrorControlsTest, ThePointerWaitsWhileAnErrorIsAcknowledged) {
+  Open();
+  Push(RecordBuilder().Severity(7));
+  bool waited = false;
+  onHostCall = [&](const std::string& call) {
+    if (!call.starts_with("HostToolClosed")) return;
+    const QCursor* pointer = QApplication::overrideCursor();
+    waited = pointer != nullptr && pointer->shape() == Qt::WaitCursor;
+  };
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(waited);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace pnl::test
