@@ -133,15 +133,14 @@ TEST_P(DialogScaleTest, KeepsKeysAsLargeAsAFingerWhereThereIsRoom) {
   EXPECT_DOUBLE_EQ(DialogScale(row.density, {0, 0, row.width, row.height}), row.scale);
 }
 
-INSTANTIATE_TEST_SUITE_P(Densities, DialogScaleTest,
-                         testing::Values(ScaleRow{96, 800, 600, 1}, ScaleRow{100, 800, 600, 1},
-                                         ScaleRow{119, 1920, 1080, 1}, ScaleRow{120, 1920, 1080, 1.25},
-                                         ScaleRow{141, 1920, 1080, 1.25}, ScaleRow{144, 1920, 1080, 1.5},
-                                         ScaleRow{192, 1920, 1080, 2}, ScaleRow{192, 800, 600, 1.25},
-                                         ScaleRow{192, 1920, 300, 1.25}, ScaleRow{192, 200, 100, 1},
-                                         ScaleRow{72, 800, 600, 1}, ScaleRow{0, 800, 600, 1}, ScaleRow{-5, 800, 600, 1},
-                                         ScaleRow{1e9, 1920, 1080, 1}, ScaleRow{NAN, 800, 600, 1},
-                                         ScaleRow{INFINITY, 800, 600, 1}));
+INSTANTIATE_TEST_SUITE_P(
+    Densities, DialogScaleTest,
+    testing::Values(ScaleRow{96, 800, 600, 1}, ScaleRow{100, 800, 600, 1}, ScaleRow{119, 1920, 1080, 1},
+                    ScaleRow{120, 1920, 1080, 1.25}, ScaleRow{141, 1920, 1080, 1.25}, ScaleRow{144, 1920, 1080, 1.5},
+                    ScaleRow{192, 1920, 1080, 2}, ScaleRow{192, 800, 600, 1.25}, ScaleRow{192, 1920, 300, 1.25},
+                    ScaleRow{192, 200, 100, 1}, ScaleRow{72, 800, 600, 1}, ScaleRow{0, 800, 600, 1},
+                    ScaleRow{-5, 800, 600, 1}, ScaleRow{1e9, 1920, 1080, 1}, ScaleRow{NAN, 800, 600, 1},
+                    ScaleRow{800, 1920, 1080, 3.25}, ScaleRow{800.5, 1920, 1080, 1}, ScaleRow{INFINITY, 800, 600, 1}));
 
 struct NoteRow {
   const char* what;

@@ -66,6 +66,31 @@ TEST(XplrPreviewLines, ALineWithoutEndIsCut) {
   EXPECT_EQ(lines[0].size(), 200u);
 }
 
+TEST(XplrPreviewLines, OnlyACharacterThatIsReallyCutIsLeftOut) {
+  const struct {
+    const char* bytes;
+    TextView line;
+  } rows[] = {
+      {"\xC3\xA9 a", u"\u00E9 a"}, {"\xE2\x82\xAC", u"\u20AC"},     {"\xF0\x9F\x98\x80", u"\U0001F600"},
+      {"a\xC2\x80", u"a\u0080"},   {"\xE2\x82\xAC\xE2", u"\u20AC"}, {"\xE2\x82\xAC\xF0\x9F", u"\u20AC"},
+      {"\xC3\xA9\x7F", u"\u00E9"},
+  };
+  for (const auto& row : rows) {
+    const Lines lines = FirstLines(row.bytes, false);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(ToUtf8(lines[0]), ToUtf8(row.line));
+  }
+}
+
+TEST(XplrPreviewLines, ALineOfTheGreatestLengthIsWhole) {
+  for (const std::size_t length : {199u, 200u, 201u}) {
+    const Lines lines = FirstLines(std::string(length, 'x') + "\nG1", true);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].size(), std::min<std::size_t>(length, 200));
+    EXPECT_TRUE(lines[1] == u"G1");
+  }
+}
+
 class XplrPreviewTest : public testing::Test {
  protected:
   XplrPreviewTest() {

@@ -173,6 +173,128 @@ TEST_F(ZmcExchangeTest, ShowsWhatTheUsersDataChange) {
             "T7130\nmaterial Steel: T73 2000 now 2100, hidden\nBrass at Milling: T65 120");
 }
 
+TEST_F(ZmcExchangeTest, TheRequestsHaveTheirTitlesAndTheExportItsName) {
+  Open();
+  Menu(PNL_ZMC_EXPORT);
+  EXPECT_EQ(FieldText(Request()->Title), u"T7101");
+  EXPECT_EQ(FieldText(Request()->File), u"materials.csv");
+  EXPECT_EQ(FieldText(Request()->Extension), u"csv");
+  Menu(PNL_ZMC_IMPORT);
+  EXPECT_EQ(FieldText(Request()->Title), u"T7102");
+  EXPECT_EQ(FieldText(Request()->File), u"") << "nothing of the request before";
+  EXPECT_EQ(FieldText(Request()->Extension), u"csv");
+}
+
+TEST_F(ZmcExchangeTest, EachFaultHasItsText) {
+  for (int fault = 7110; fault <= 7117; ++fault) language.SetText(fault, Format(u"%d at %%d: %%s", fault));
+  const std::pair<const char*, const char*> rows[] = {
+      {"kc\n", "7110 at 1: kc"},
+      {"kind;description\nmaterial;A;7\n", "7111 at 2: 7"},
+      {"kind;description\ntool;A\n", "7112 at 2: tool"},
+      {"kind;description\nmaterial;\n", "7113 at 2: "},
+      {"kind;description\nmaterial;A\nmaterial;A\n", "7114 at 3: A"},
+      {"kind;description;kc\nmaterial;A;x\n", "7115 at 2: x"},
+      {"kind;description\nmaterial;A\x01\n", "7116 at 2: A\x01"},
+      {"kind;description\nmaterial;A\n\n\"", "7117 at 4: "},
+  };
+  Open();
+  for (const auto& [lines, text] : rows) {
+    Import(lines);
+    EXPECT_EQ(ToUtf8(windows.boxes.back().text), std::string("faults in materials.csv\n") + text);
+  }
+}
+
+TEST_F(ZmcExchangeTest, ATableThatIsGoneOrTooLargeCannotBeRead) {
+  Open();
+  Menu(PNL_ZMC_IMPORT);
+  Accept(u"C:\\P118", u"gone.csv");
+  ASSERT_EQ(windows.boxes.size(), 1u);
+  EXPECT_EQ(ToUtf8(windows.boxes[0].text), "no gone.csv");
+  EXPECT_EQ(windows.boxes[0].style, BoxStyle::kInfo);
+  std::string large = "kind;description\nmaterial;Bronze\n";
+  large.resize(16u << 20, ' ');
+  Import(large + " ");
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text), "no materials.csv");
+  Import(large);
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text), "T7107\nnew Bronze") << "sixteen megabytes and no more";
+}
+
+TEST_F(ZmcExchangeTest, OfVeryManyChangesTheFirstTwoHundredAreShownAndTheirNumber) {
+  Open();
+  windows.boxAnswer = BoxAnswer::kNo;
+  const auto import = [this](int materials) {
+    std::string lines = "kind;description\n";
+    for (int i = 0; i < materials; ++i) lines += "material;M" + std::to_string(i) + "\n";
+    Import(lines);
+    return ToUtf8(windows.boxes.back().text);
+  };
+  std::string shown = "T7107";
+  for (int i = 0; i < 200; ++i) shown += "\nnew M" + std::to_string(i);
+  EXPECT_EQ(import(200), shown);
+  EXPECT_EQ(import(201), shown + "\n... (201)");
+}
+
+TEST_F(ZmcExchangeTest, EveryFieldOfAChangeHasItsName) {
+  language.SetText(7121, u"new operation %s");
+  language.SetText(7123, u"operation %s:");
+  language.SetText(7127, u"shown");
+  language.SetText(7128, u"none");
+  Open();
+  Import(
+      "kind;description;alemaniaw;une;aisi;kc;tooltype;hidden\n"
+      "material;Bronze;1.1;F-1;11;900;;1\noperation;Boring;;;;;Drill;\n");
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text),
+            "T7107\nnew Bronze, T70 1.1, T71 F-1, T72 11, T73 900, hidden\nnew operation Boring, T88 Drill");
+  Import("kind;description;alemaniaw;une;aisi;kc\nmaterial;Bronze;2.2;F-1;;\noperation;Boring;;;;\n");
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text),
+            "T7107\nmaterial Bronze: T70 1.1 now 2.2, T72 11 now none, T73 900 now none, shown\n"
+            "operation Boring: T88 Drill now none");
+  Import("kind;description;alemaniaw;une;aisi;kc\nmaterial;Bronze;2.2;F-1;12;\n");
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text), "T7107\nmaterial Bronze: T72 none now 12");
+}
+
+TEST_F(ZmcExchangeTest, ADateOfTheTableIsKeptAndAMissingOneIsToday) {
+  Open();
+  Import(
+      "kind;description;date\nmaterial;Bronze;2001/02/03 04:05:06\noperation;Boring;2002/02/03 04:05:06\n"
+      "material;Gold;\noperation;Reaming;\n");
+  const std::string all = UserFile();
+  EXPECT_THAT(all, HasSubstr("2001/02/03 04:05:06"));
+  EXPECT_THAT(all, HasSubstr("2002/02/03 04:05:06"));
+  std::size_t dates = 0;
+  for (std::size_t at = all.find("<Date>2"); at != std::string::npos; at = all.find("<Date>2", at + 1)) ++dates;
+  EXPECT_EQ(dates, 4u);
+}
+
+TEST_F(ZmcExchangeTest, APairIsShownWithAllItsValuesAndItsRemark) {
+  const std::string block =
+      "<Operacion><id>1</id><descripcion>Milling</descripcion><Materiales><Parametros><Material>Steel</Material>"
+      "<VelocidadCorte><Selected>1200000000</Selected></VelocidadCorte>"
+      "<AvancePorDiente><Selected>500</Selected></AvancePorDiente>"
+      "<Profundidad><Selected>15000</Selected></Profundidad><PasadaRadial><Selected>50</Selected></PasadaRadial>"
+      "<Observaciones><Descripcion>with oil</Descripcion></Observaciones></Parametros></Materiales>"
+      "<Materiales><Parametros><Material>Brass</Material>"
+      "<Observaciones><Descripcion>dry</Descripcion></Observaciones></Parametros></Materiales></Operacion>";
+  SetUserFile("", block);
+  Open();
+  Menu(PNL_ZMC_CHANGES);
+  const std::string shown = ToUtf8(windows.boxes.back().text);
+  EXPECT_THAT(shown, HasSubstr("Steel at Milling: T65 120, T66 0.05, T67 1.5, T68 50, with oil\n"));
+  EXPECT_THAT(shown, HasSubstr("Brass at Milling: dry"));
+  EXPECT_EQ(windows.boxes.back().style, BoxStyle::kInfo);
+}
+
+TEST_F(ZmcExchangeTest, APairOfAnInchMachineIsShownInInches) {
+  Define(u"MPG.INCHES", 1);
+  SetUserFile(
+      "",
+      "<Operacion><id>1</id><descripcion>Milling</descripcion><Materiales><Parametros><Material>Steel</Material>"
+      "<Profundidad><Selected>254000</Selected></Profundidad></Parametros></Materiales></Operacion>");
+  Open();
+  Menu(PNL_ZMC_CHANGES);
+  EXPECT_THAT(ToUtf8(windows.boxes.back().text), HasSubstr("Steel at Milling: T67 0.999998"));
+}
+
 TEST_F(ZmcExchangeTest, AWindowThatGoesInABoxEndsTheImport) {
   Open();
   windows.onBox = [this] { DestroyTool(); };

@@ -218,5 +218,70 @@ TEST_F(MsgDisplayTest, HasThePanelsDarkLook) {
   EXPECT_TRUE(box->windowFlags().testFlag(Qt::FramelessWindowHint));
 }
 
+TEST_F(MsgDisplayTest, LaysOutItsPartsByTheScaleOfThePanel) {
+  Show("text");
+  EXPECT_EQ(Part(3070)->geometry(), QRect(16, 46, 40, 40));
+  EXPECT_EQ(Part(kFirst)->geometry(), QRect(134, 136, 130, 46));
+  EXPECT_EQ(box->findChild<QScrollArea*>()->geometry(), QRect(72, 46, 310, 74));
+  EXPECT_EQ(Part(kText)->width(), 310 - Bar()->sizeHint().width());
+  Show("text", BoxStyle::kQuestion);
+  EXPECT_EQ(Part(kFirst)->geometry(), QRect(61, 136, 130, 46));
+  EXPECT_EQ(Part(kSecond)->geometry(), QRect(207, 136, 130, 46));
+  for (const auto& [height, side] : {std::pair(300, 24), {360, 24}, {450, 30}, {900, 60}, {1500, 100}, {2000, 100}}) {
+    area->resize(800, height);
+    Show("text");
+    EXPECT_EQ(Part(3070)->size(), QSize(side, side)) << height;
+  }
+}
+
+TEST_F(MsgDisplayTest, AButtonGrowsWithItsCaptionWhileThereIsRoom) {
+  language.SetText(266, u"A caption of some length");
+  Show("text");
+  const int needed = Part(kFirst)->fontMetrics().horizontalAdvance("A caption of some length");
+  ASSERT_GT(needed, 130 - 32);
+  EXPECT_EQ(Part(kFirst)->width(), needed + 32);
+  EXPECT_NEAR(Part(kFirst)->geometry().center().x(), box->rect().center().x(), 1);
+  language.SetText(266, Text(200, u'H'));
+  Show("text");
+  EXPECT_EQ(Part(kFirst)->width(), 398 - 2 * 16) << "a margin at both sides";
+}
+
+TEST_F(MsgDisplayTest, AnArrowScrollsByALine) {
+  Show(Lines(200));
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing());
+  Key(Qt::Key_PageDown);
+  EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing() + Bar()->pageStep());
+  EXPECT_EQ(box->findChild<QScrollArea*>()->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+  EXPECT_EQ(box->findChild<QScrollArea*>()->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(MsgDisplayTest, HasATitleBarAndAnEdge) {
+  Show("text");
+  const QImage image = Paint(*box);
+  for (const int in : {0, 1}) {
+    EXPECT_EQ(ColorAt(image, in, 100), zmc_look::kBoxEdge);
+    EXPECT_EQ(ColorAt(image, 200, in), zmc_look::kBoxEdge);
+  }
+  EXPECT_EQ(ColorAt(image, image.width() - 1, 100), zmc_look::kBoxEdge);
+  EXPECT_EQ(ColorAt(image, 200, image.height() - 1), zmc_look::kBoxEdge);
+  EXPECT_EQ(ColorAt(image, 3, 29), zmc_look::kBoxRaised);
+  EXPECT_EQ(ColorAt(image, 3, 30), zmc_look::kBoxBack);
+  const QRect title = Ink(image, zmc_look::kBoxRaised, QRect(3, 3, 300, 26));
+  EXPECT_NEAR(title.left(), 17, 2);
+  EXPECT_NEAR(title.center().y(), 15, 3);
+  EXPECT_GT(Count(image, zmc_look::kBoxText, title), 10);
+}
+
+TEST_F(MsgDisplayTest, APressedButtonIsSeen) {
+  Show("text");
+  auto* button = qobject_cast<QPushButton*>(Part(kFirst));
+  button->setDown(true);
+  EXPECT_EQ(ColorAt(Paint(*button), 8, 23), zmc_look::kBoxPressed);
+  button->setDown(false);
+  EXPECT_EQ(ColorAt(Paint(*button), 8, 23), zmc_look::kBoxRaised);
+  EXPECT_TRUE(button->isDefault());
+}
+
 }  // namespace
 }  // namespace pnl::test

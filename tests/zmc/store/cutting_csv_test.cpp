@@ -108,6 +108,88 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultRow{u"kind;description\nmaterial;A\x1\n", {2, CsvFault::kBadText, u"A\x1"}},
                     FaultRow{u"kind;description\nmaterial;\"A\nB\"\nmaterial;\n", {4, CsvFault::kNoDescription, u""}}));
 
+TEST(CuttingCsv, AForceMayHaveItsWholeRangeAndOperationsNone) {
+  for (const TextView force : {TextView(u"0"), TextView(u"99999.9999"), TextView(u"0.5"), TextView(u"")}) {
+    const CsvReading reading = ReadCuttingCsv(Text(u"kind;description;kc\nmaterial;A;").append(force));
+    EXPECT_THAT(reading.faults, IsEmpty()) << ToUtf8(force);
+    ASSERT_EQ(reading.records.materials.size(), 1u);
+    EXPECT_EQ(TextOf(reading.records.materials[0].KC), force);
+  }
+  EXPECT_THAT(ReadCuttingCsv(u"kind;description;kc\nmaterial;A;99999.99991\n").faults,
+              ElementsAre(CsvFaultAt{2, CsvFault::kBadNumber, u"99999.99991"}));
+  EXPECT_THAT(ReadCuttingCsv(u"kind;description;kc\noperation;A;much\n").faults, IsEmpty());
+}
+
+TEST(CuttingCsv, HiddenIsWhateverIsNotEmptyZeroOrFalse) {
+  for (const auto& [cell, hidden] : {std::pair(u"", false),
+                                     {u"0", false},
+                                     {u"false", false},
+                                     {u"FALSE", false},
+                                     {u"1", true},
+                                     {u"x", true},
+                                     {u"00", true}}) {
+    for (const TextView kind : {TextView(u"material"), TextView(u"operation")}) {
+      const CsvReading reading =
+          ReadCuttingCsv(Text(u"kind;description;hidden\n").append(kind).append(u";A;").append(cell));
+      ASSERT_THAT(reading.faults, IsEmpty());
+      const bool read =
+          kind == u"material" ? reading.records.materials.at(0).Oculto : reading.records.operations.at(0).Oculto;
+      EXPECT_EQ(read, hidden) << ToUtf8(cell) << " " << ToUtf8(kind);
+    }
+  }
+}
+
+TEST(CuttingCsv, ATextAfterAQuoteBelongsToItsCellAndBlankLinesAreCounted) {
+  const CsvReading reading = ReadCuttingCsv(u"kind;description\n\n ; \nmaterial;\"A;\"\"B\" tail\n\nmaterial;\n");
+  EXPECT_THAT(reading.faults, ElementsAre(CsvFaultAt{6, CsvFault::kNoDescription, u""}));
+  const CsvReading good = ReadCuttingCsv(u"kind;description\n\n ; \nmaterial;\"A;\"\"B\" tail\n");
+  ASSERT_EQ(good.records.materials.size(), 1u);
+  EXPECT_EQ(TextOf(good.records.materials[0].descripcion), u"A;\"B tail");
+}
+
+TEST(CuttingCsv, TheSeparatorIsTheFirstLinesAndASemicolonComesFirst) {
+  const CsvReading semicolons = ReadCuttingCsv(u"kind;description;a,b;c\td\nmaterial;A,B\n");
+  ASSERT_EQ(semicolons.records.materials.size(), 1u);
+  EXPECT_EQ(TextOf(semicolons.records.materials[0].descripcion), u"A,B");
+  const CsvReading tabs = ReadCuttingCsv(u"kind\tdescription\ta,b\nmaterial\tA;B\n");
+  ASSERT_EQ(tabs.records.materials.size(), 1u) << "a semicolon of a later line is text";
+  EXPECT_EQ(TextOf(tabs.records.materials[0].descripcion), u"A;B");
+}
+
+TEST(CuttingCsv, AnOperationHasItsToolTypeAndDateAndNoId) {
+  const CsvReading reading = ReadCuttingCsv(u"kind;description;tooltype;date;kc\noperation;A;Drill;2026/01/01;7\n");
+  ASSERT_EQ(reading.records.operations.size(), 1u);
+  const CT_Operacion& record = reading.records.operations[0];
+  EXPECT_EQ(TextOf(record.ToolType), u"Drill");
+  EXPECT_EQ(TextOf(record.Date), u"2026/01/01");
+  EXPECT_EQ(TextOf(record.id), u"");
+}
+
+TEST(CuttingChanges, NameEachFieldThatDiffers) {
+  CT_MaterialDefinition before = Material(u"Steel", u"1");
+  before.Norma = {u"a", u"b", u"c"};
+  before.Oculto = true;
+  CT_MaterialDefinition after = Material(u"Steel", u"1");
+  after.Norma = {u"a", u"B", u"C"};
+  CT_Operacion milling = Operation(u"Milling", u"Drill");
+  milling.Oculto = true;
+  EXPECT_THAT(CompareCutting({{before}, {Operation(u"Milling", u"Drill")}}, {{after}, {milling}}),
+              ElementsAre(CuttingChange{true,
+                                        false,
+                                        u"Steel",
+                                        {{CuttingField::kNormUne, u"b", u"B"},
+                                         {CuttingField::kNormAisi, u"c", u"C"},
+                                         {CuttingField::kHidden, u"1", u""}}},
+                          CuttingChange{false, false, u"Milling", {{CuttingField::kHidden, u"", u"1"}}}));
+  after.Norma = {u"A", u"b", u"c"};
+  after.Oculto = true;
+  EXPECT_THAT(CompareCutting({{before}, {}}, {{after}, {}}),
+              ElementsAre(CuttingChange{true, false, u"Steel", {{CuttingField::kNormGermany, u"a", u"A"}}}));
+  EXPECT_THAT(CompareCutting({{}, {}}, {{}, {Operation(u"New", u"")}}),
+              ElementsAre(CuttingChange{false, true, u"New", {}}))
+      << "also one that is empty";
+}
+
 TEST(CuttingCsv, AQuoteThatIsNotClosedIsAFault) {
   const CsvReading reading = ReadCuttingCsv(u"kind;description\nmaterial;\"A\n");
   ASSERT_FALSE(reading.faults.empty());

@@ -141,6 +141,29 @@ TEST(CuttingText, AReferenceToWhatIsNoCharacterIsRefused) {
   }
 }
 
+TEST(CuttingText, AByteThatMattersIsSeenWhereverItIs) {
+  for (std::size_t at = 0; at < 200; ++at) {
+    std::string text(200, 'a');
+    text[at] = '\x02';
+    EXPECT_FALSE(DecodeCuttingData(text)) << at;
+    text[at] = '\xFF';
+    EXPECT_FALSE(DecodeCuttingData(text)) << at;
+    text[at] = '\r';
+    std::string ends = text;
+    ends[at] = '\n';
+    EXPECT_EQ(DecodeCuttingData(text), ends) << at;
+  }
+  for (std::size_t at = 0; at + 4 <= 200; ++at) {
+    EXPECT_FALSE(DecodeCuttingData(std::string(200, 'a').replace(at, 4, "&#0;"))) << at;
+  }
+}
+
+TEST(CuttingText, TheFirstAndTheLastCharacterOfEachLengthAreRead) {
+  const Text text = u"<a>\u007f\u0080\u07ff\u0800\ud7ff\ue000\ufffd\U00010000\U0010FFFF</a>";
+  EXPECT_EQ(DecodeCuttingData(Wide(text)), ToUtf8(text));
+  EXPECT_TRUE(CanHoldCuttingText(text));
+}
+
 TEST(CuttingText, EveryLineEndBecomesOneLineFeed) {
   EXPECT_EQ(DecodeCuttingData("a\r\nb\rc\nd\r"), "a\nb\nc\nd\n");
   EXPECT_EQ(DecodeCuttingData("\r\r\n\r"), "\n\n\n");
