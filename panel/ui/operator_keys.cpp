@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operator_keys.h"
 
+#include <QMouseEvent>
 #include <array>
 
 #include "ui/panel_key.h"
@@ -62,6 +63,21 @@ void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::funct
     key->setEnabled(can(action));
     // The lamp shows the state of the machine, not of the key.
     if (key->isCheckable()) key->setChecked(latched(action));
+  }
+}
+
+void OperatorKeys::ShowStartReason(const QString& note, const QString& reason) {
+  PanelKey* key = Key(Action::kCycleStart);
+  key->SetNote(note);
+  const QString tip = TooltipOf(Action::kCycleStart);
+  key->SetTip(reason.isEmpty() ? tip : tip + QLatin1Char('\n') + reason);
+  key->setAccessibleDescription(reason);
+}
+
+void OperatorKeys::mousePressEvent(QMouseEvent* event) {
+  // A disabled key leaves a touch to this widget.
+  for (const auto& [action, key] : keys_) {
+    if (!key->isEnabled() && key->geometry().contains(event->position().toPoint())) return emit Pressed(action);
   }
 }
 

@@ -58,6 +58,13 @@ void PanelWindow::ShowMachine() {
                 return (action == Action::kSingleBlock && state.singleBlock) ||
                        (action == Action::kInspect && state.inspecting);
               });
+  ShowStartReason();
+}
+
+void PanelWindow::ShowStartReason() {
+  const auto note = op_.StartNote();
+  const auto reason = op_.WhyNot(Action::kCycleStart);
+  keys_->ShowStartReason(note ? Say(*note) : QString(), reason ? Say(*reason) : QString());
 }
 
 void PanelWindow::ShowBars() {

@@ -53,7 +53,8 @@ TEST(ContrastTest, EveryTextOfThePanelIsReadOnEveryFieldThatItStandsOn) {
         Pair{"accent on background", theme::kAccent, theme::kBackground},
         Pair{"accent on surface", theme::kAccent, theme::kSurface},
         Pair{"accent in the caret's line", theme::kAccent, theme::kRaised},
-        Pair{"amber on surface", theme::kAmber, theme::kSurface}, Pair{"warning", theme::kDark, theme::kAmber}}) {
+        Pair{"amber on surface", theme::kAmber, theme::kSurface},
+        Pair{"orchid on surface", theme::kOrchid, theme::kSurface}, Pair{"warning", theme::kDark, theme::kAmber}}) {
     EXPECT_GE(Contrast(QColor(pair.ink), QColor(pair.fill)), kLeastContrast) << pair.name;
   }
 }
@@ -77,16 +78,9 @@ TEST(ContrastTest, AKeyIsReadInEveryStateAndColour) {
 }
 
 TEST(ContrastTest, TheStateOfTheChannelIsReadInEveryColour) {
-  for (const int status : {1, 2, 4, 8}) {
-    for (int flags = 0; flags < 8; ++flags) {
-      pnl::rig::MachineState state;
-      state.channelStatus = status;
-      state.feedHold = (flags & 1) != 0;
-      state.inspecting = (flags & 2) != 0;
-      state.emergencyStop = (flags & 4) != 0;
-      const QColor fill(LookOf(state).color);
-      EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << status << " with " << flags;
-    }
+  for (const LookRow& row : LookTable()) {
+    const QColor fill(row.look.color);
+    EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << TextOf(row.look).toStdString();
   }
 }
 
