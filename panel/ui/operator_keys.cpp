@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operator_keys.h"
 
-#include <QMouseEvent>
 #include <array>
 
 #include "ui/panel_key.h"
@@ -48,6 +47,8 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
     key->setAutoRepeatDelay(kRepeatAfter);
     key->setAutoRepeatInterval(kRepeatEvery);
     const auto press = [this, action = look.action] { emit Pressed(action); };
+    // Whoever carries the action out says why it is impossible.
+    connect(key, &PanelKey::DimPressed, this, press);
     // A key that repeats acts when it goes down. If it acted when it comes up too, it would make one step too many.
     if (key->autoRepeat()) {
       connect(key, &PanelKey::pressed, this, press);
@@ -68,17 +69,11 @@ void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::funct
 
 void OperatorKeys::ShowStartReason(const QString& note, const QString& reason) {
   PanelKey* key = Key(Action::kCycleStart);
+  if (key->Note() == note && key->accessibleDescription() == reason) return;
   key->SetNote(note);
   const QString tip = TooltipOf(Action::kCycleStart);
   key->SetTip(reason.isEmpty() ? tip : tip + QLatin1Char('\n') + reason);
   key->setAccessibleDescription(reason);
-}
-
-void OperatorKeys::mousePressEvent(QMouseEvent* event) {
-  // A disabled key leaves a touch to this widget.
-  for (const auto& [action, key] : keys_) {
-    if (!key->isEnabled() && key->geometry().contains(event->position().toPoint())) return emit Pressed(action);
-  }
 }
 
 void OperatorKeys::SetFontPixels(int pixels) {

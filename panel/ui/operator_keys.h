@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The row of the machine's keys: start, hold, single block, inspection, override, cancel, reset, clear error. It shows
-// which keys are possible and which are latched, and emits Pressed, also for a touch on a dim key; its owner carries the
-// action out, or says why it is impossible.
+// which keys are possible and which are latched, and emits Pressed, also for a touch on a dim key; its owner carries
+// the action out, or says why it is impossible.
 #pragma once
 
 #include <QWidget>
@@ -32,7 +32,6 @@ class OperatorKeys : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   std::vector<std::pair<Action, PanelKey*>> keys_;

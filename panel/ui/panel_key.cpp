@@ -102,6 +102,12 @@ void PanelKey::leaveEvent(QEvent* event) {
   update();
 }
 
+bool PanelKey::event(QEvent* event) {
+  // A disabled button takes touches and does nothing with them.
+  if (event->type() == QEvent::MouseButtonPress && !isEnabled()) emit DimPressed();
+  return QAbstractButton::event(event);
+}
+
 void PanelKey::keyPressEvent(QKeyEvent* event) {
   // Many panel keyboards have no space bar, so Enter presses the key too.
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();

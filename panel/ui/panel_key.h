@@ -48,7 +48,12 @@ class PanelKey : public QAbstractButton {
 
   [[nodiscard]] QSize sizeHint() const override;
 
+ signals:
+  /// The key was touched while it was dim.
+  void DimPressed();
+
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;

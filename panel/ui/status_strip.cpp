@@ -10,7 +10,8 @@ namespace panel {
 
 namespace {
 
-constexpr int kLeast = 11;  // pixels; a smaller word can't be read from some distance
+constexpr int kLeast = 11;    // pixels; a smaller word can't be read from some distance
+constexpr int kLeastRow = 8;  // but a state is never cut
 
 /// A text in two rows: parted after its comma, else at the blank nearest to its middle. Without either the second row
 /// is empty.
@@ -63,9 +64,9 @@ void StatusStrip::PaintState(QPainter& painter, const QRect& field) const {
   const auto [upper, lower] = InTwoRows(text);
   const int half = field.height() / 2;
   int pixels = most;
-  while (pixels > kLeast && QFontMetrics(theme::Font(pixels, true)).height() > half) --pixels;
+  while (pixels > kLeastRow && QFontMetrics(theme::Font(pixels, true)).height() > half) --pixels;
   for (const QString& row : {upper, lower}) {
-    pixels = theme::FittingFont(row, field.width(), pixels, kLeast, true).pixelSize();
+    pixels = theme::FittingFont(row, field.width(), pixels, kLeastRow, true).pixelSize();
   }
   // Two rows when their letters are bigger, or when one row would be cut.
   const bool cut = QFontMetrics(inOne).horizontalAdvance(text) > field.width();

@@ -143,7 +143,8 @@ TEST_P(StripAt, EveryStateIsShownWhole) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, StripAt,
-                         ::testing::Values(QSize(800, 600), QSize(1024, 768), QSize(1600, 860), QSize(1920, 1080)));
+                         ::testing::Values(QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1600, 860),
+                                           QSize(1920, 1080)));
 
 }  // namespace
 }  // namespace panel

