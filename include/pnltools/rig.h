@@ -124,6 +124,9 @@ class CncControl {
   virtual void BlockMark(std::u16string_view block, std::u16string_view mark) = 0;
 };
 
+/// The faults of the PLC, a drive, a bus and the kernel that the machine can show.
+enum class MachineFault { kDoorOpen, kDriveWarning, kDriveFault, kBusFault, kProgramLine, kConfirm, kFatal };
+
 /// The state of the machine's axes, spindle and channel at one moment.
 struct MachineState {
   struct Axis {
@@ -137,6 +140,7 @@ struct MachineState {
   bool feedPerRevolution = false;  // G95
   bool cuttingSpeed = false;       // G96: S is a cutting speed
   double feed = 0;                 // of the present move, mm/min
+  bool rapid = false;              // the present move is a rapid: no F is in force for it
   double programmedFeed = 0;       // the value of F, in the unit that its G codes give
   int feedOverride = 100;          // percent
   double spindleSpeed = 0;         // the actual speed, rpm
@@ -149,9 +153,11 @@ struct MachineState {
   bool singleBlock = false;
   bool inspecting = false;
   bool coolant = false;
-  bool emergencyStop = false;  // the button is pressed; its error may be cleared already
-  std::u16string block;        // the block in hand
-  std::u16string gCodes;       // modal, "G01 G17 G90 …"
+  bool emergencyStop = false;        // the button is pressed; its error may be cleared already
+  std::vector<MachineFault> causes;  // the faults whose cause stands, in the order of the enumeration; see SetCause
+  std::u16string block;              // the block in hand
+  std::u16string gCodes;             // modal, "G01 G17 G90 …"
+  std::u16string frame;              // the workpiece offset to which the positions refer, "G54"
 };
 
 /// The place of a fault in a program.
@@ -176,15 +182,18 @@ class MachineControl {
   /// Presses the cancel key, which cancels an interrupted block.
   virtual void Cancel() = 0;
   /// Presses the reset key: aborts the running block and restores the modal start values. An emergency stop that is
-  /// still pressed raises its error again.
+  /// still pressed, and every cause that still stands, raises its error again.
   virtual void Reset() = 0;
   /// Begins or ends the inspection of an interrupted block.
   virtual void Inspection(bool on) = 0;
   virtual void EmergencyStop(bool on) = 0;
-  /// Faults of the PLC, a drive, a bus and the kernel that the machine raises on request.
-  enum class Fault { kDoorOpen, kDriveWarning, kDriveFault, kBusFault, kProgramLine, kConfirm, kFatal };
+  using Fault = MachineFault;
   using ProgramSpot = rig::ProgramSpot;
-  /// Raises a fault. Only kProgramLine uses the spot.
+  /// Makes the cause of a fault stand, which raises its error, or ends the cause. kDoorOpen, kDriveFault, kBusFault and
+  /// kFatal have a cause; any other fault is ignored. While a cause stands, no block begins or goes on. An open door
+  /// holds the block in hand and stops the spindle; the other causes abort the block.
+  virtual void SetCause(Fault fault, bool stands) = 0;
+  /// Raises a fault as an event without a cause: only its error enters the queue. Only kProgramLine uses the spot.
   virtual void Raise(Fault fault, const ProgramSpot& spot = {}) = 0;
   /// A message of the machine's PLC.
   struct PlcMessage {

@@ -86,7 +86,9 @@ std::vector<Step> ErrorSteps() {
        [](Hands& h) {
          h.Press(Action::kErrorList);
          for (int i = 0; i < 4 && h.op_.Desk().Standing() > 0; ++i) h.Press(Action::kClearError);
-         return h.op_.Desk().Standing() == 0;
+         // The drive and the bus are mended, too.
+         for (const Fault fault : {Fault::kDriveFault, Fault::kBusFault}) Raise(h, fault);
+         return h.op_.Desk().Standing() == 0 && h.op_.Can(Action::kCycleStart);
        }},
   };
 }

@@ -9,14 +9,10 @@ namespace {
 using Fault = pnl::rig::MachineControl::Fault;
 
 constexpr std::array kFaults = {
-    DemoFault{Word::kFaultEmergencyStop, std::nullopt},
-    DemoFault{Word::kFaultDoor, Fault::kDoorOpen},
-    DemoFault{Word::kFaultDriveWarning, Fault::kDriveWarning},
-    DemoFault{Word::kFaultDrive, Fault::kDriveFault},
-    DemoFault{Word::kFaultBus, Fault::kBusFault},
-    DemoFault{Word::kFaultProgramLine, Fault::kProgramLine},
-    DemoFault{Word::kFaultConfirm, Fault::kConfirm},
-    DemoFault{Word::kFaultFatal, Fault::kFatal},
+    DemoFault{Word::kFaultEmergencyStop, std::nullopt},        DemoFault{Word::kFaultDoor, Fault::kDoorOpen, true},
+    DemoFault{Word::kFaultDriveWarning, Fault::kDriveWarning}, DemoFault{Word::kFaultDrive, Fault::kDriveFault, true},
+    DemoFault{Word::kFaultBus, Fault::kBusFault, true},        DemoFault{Word::kFaultProgramLine, Fault::kProgramLine},
+    DemoFault{Word::kFaultConfirm, Fault::kConfirm},           DemoFault{Word::kFaultFatal, Fault::kFatal, true},
 };
 
 }  // namespace

@@ -15,7 +15,8 @@ namespace panel {
 struct DemoFault {
   Word word;
   std::optional<pnl::rig::MachineControl::Fault>
-      fault;  // nothing: the emergency stop, which stays until it is released
+      fault;            // nothing: the emergency stop, which stays until it is released
+  bool stands = false;  // its cause stands until it is ended
 };
 
 /// In the order of their soft keys.

@@ -10,9 +10,6 @@ namespace panel {
 namespace {
 
 constexpr int kChannel = 1;
-constexpr int kOverrideStep = 10;
-constexpr int kOverrideMost = 200;
-constexpr int kInterrupted = 4;
 
 /// A number as a program takes it: with a point, without an exponent or trailing zeros.
 QString PlainNumber(double value) {
@@ -104,39 +101,12 @@ std::vector<pnl::rig::CncControl::ErrorSummary> Operator::Errors() const {
   return rig_->Cnc().Errors();
 }
 
-bool Operator::Can(Action action) const {
-  switch (action) {
-    case Action::kCycleStart:
-      return !EmergencyStop();
-    case Action::kFeedHold:
-    case Action::kSingleBlock:
-    case Action::kReset:
-      return machine_ != nullptr;
-    case Action::kCancel:
-      return machine_ != nullptr && machine_->State().channelStatus == kInterrupted;
-    case Action::kInspect:
-      return machine_ != nullptr && (machine_->State().channelStatus == kInterrupted || machine_->State().inspecting);
-    case Action::kOverrideDown:
-      return machine_ != nullptr && machine_->State().feedOverride > 0;
-    case Action::kOverrideUp:
-      return machine_ != nullptr && machine_->State().feedOverride < kOverrideMost;
-    case Action::kOverrideFull:
-      return machine_ != nullptr && machine_->State().feedOverride != 100;
-    case Action::kClearError:
-      return errors_.Standing() != 0 || errors_.ShowsHelp();
-    case Action::kFocusTool:
-      return session_.FrontTool() >= 0;
-    default:
-      return true;
-  }
-}
-
 void Operator::Do(Action action) {
   hint_ = {};
   Touch();
   if (!Can(action)) {
-    if (machine_ == nullptr) SetHint(Say(Word::kNoMachineHere), true);
-    if (action == Action::kCycleStart) SetHint(Say(Word::kReleaseEmergencyStop), true);
+    if (const auto why = WhyNot(action))
+      SetHint(Say(*why), true, [this, action, why] { return WhyNot(action) == why; });
     return;
   }
   switch (action) {
@@ -159,52 +129,6 @@ void Operator::Do(Action action) {
     default:
       return DoMachine(action);
   }
-}
-
-void Operator::DoMachine(Action action) {
-  if (machine_ == nullptr) return;
-  const auto state = machine_->State();
-  switch (action) {
-    case Action::kFeedHold:
-      // Not a toggle: a second press on the hold key must not set the axes moving. Only cycle start does that.
-      return machine_->FeedHold(true);
-    case Action::kSingleBlock:
-      return machine_->SingleBlock(!state.singleBlock);
-    case Action::kCancel:
-      return machine_->Cancel();
-    case Action::kReset:
-      // The queue is emptied first, because the reset raises again every error whose cause is still there.
-      errors_.ClearAll();
-      return machine_->Reset();
-    case Action::kInspect:
-      return machine_->Inspection(!state.inspecting);
-    case Action::kOverrideDown:
-      return machine_->FeedOverride(std::max(0, state.feedOverride - kOverrideStep));
-    case Action::kOverrideUp:
-      return machine_->FeedOverride(std::min(kOverrideMost, state.feedOverride + kOverrideStep));
-    case Action::kOverrideFull:
-      return machine_->FeedOverride(100);
-    default:
-      return;
-  }
-}
-
-void Operator::CycleStart() {
-  const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
-  const auto state = Machine();
-  const bool atRest = state.channelStatus != 2 && state.channelStatus != kInterrupted;
-  // A hidden command line still owns the block that it sent, so the start key must reach it.
-  if (mdi == 0 || (atRest && !session_.IsToolOpen(PNL_TOOL_MDI))) {
-    if (machine_ != nullptr && state.feedHold) return machine_->FeedHold(false);
-    return SetHint(Say(Word::kNothingToStart), true, [this] { return !session_.IsToolOpen(PNL_TOOL_MDI); });
-  }
-  PnlCycleStart record{};
-  record.channel = kChannel;
-  const auto address = reinterpret_cast<intptr_t>(&record);
-  if (PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_QUERY, address) == PNL_START_DURING_INSPECTION) {
-    SetHint(Say(Word::kStartInInspection), false, [this] { return Machine().inspecting; });
-  }
-  PnlSendMessage(mdi, PNL_MSG_CYCLE_START, PNL_START_KEY, address);
 }
 
 bool Operator::OpenTool(int tool) {
@@ -319,18 +243,6 @@ void Operator::ClearError() {
   errors_.Acknowledge();
   const auto stays = [this, before] { return errors_.WindowShown() && errors_.Standing() == before; };
   if (seen && stays()) SetHint(Say(Word::kErrorStays), true, stays);
-}
-
-void Operator::RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot) {
-  hint_ = {};
-  Touch();
-  if (machine_ == nullptr) return SetHint(Say(Word::kNoMachineHere), true);
-  if (!fault.fault) {
-    return machine_->EmergencyStop(!EmergencyStop());
-  }
-  const bool ofProgram = *fault.fault == pnl::rig::MachineControl::Fault::kProgramLine;
-  if (ofProgram && !spot) return SetHint(Say(Word::kFaultNeedsProgram), true);
-  machine_->Raise(*fault.fault, spot.value_or(pnl::rig::ProgramSpot{}));
 }
 
 std::vector<pnl::rig::MachineControl::PlcMessage> Operator::PlcMessages() const {

@@ -38,6 +38,10 @@ class Operator : public QObject {
   ~Operator() override;
 
   [[nodiscard]] bool Can(Action action) const;
+  /// Why the action is impossible now. Nothing when it is possible, or when there is nothing to say about it.
+  [[nodiscard]] std::optional<Word> WhyNot(Action action) const;
+  /// The reason why start is dim, short enough for its key; nothing when it isn't dim.
+  [[nodiscard]] std::optional<Word> StartNote() const;
   /// Carries the action out, or says in the hint why that isn't possible. Actions of the editor and of the bars belong
   /// to the window; here they do nothing.
   void Do(Action action);
@@ -59,13 +63,15 @@ class Operator : public QObject {
   [[nodiscard]] ErrorDesk& Desk() { return errors_; }
   [[nodiscard]] const ErrorDesk& Desk() const { return errors_; }
   [[nodiscard]] FileDesk& Files() { return files_; }
-  /// Raises a fault of the demo machine, or presses and releases the emergency stop. spot: the place of a fault in a
-  /// program; without it that fault can't be raised and a hint says so.
+  /// Raises a fault of the demo machine. A fault whose cause stands is ended again by the next call, and so is the
+  /// emergency stop. spot: the place of a fault in a program; without it that fault can't be raised and a hint says so.
   void RaiseFault(const DemoFault& fault, const std::optional<pnl::rig::ProgramSpot>& spot);
   /// The messages that the demo machine's PLC can raise.
   [[nodiscard]] std::vector<pnl::rig::MachineControl::PlcMessage> PlcMessages() const;
   void RaisePlcMessage(std::uint32_t code);
   [[nodiscard]] bool EmergencyStop() const { return Machine().emergencyStop; }
+  /// Whether the cause of that fault stands.
+  [[nodiscard]] bool Stands(pnl::rig::MachineFault fault) const;
   [[nodiscard]] const Hint& CurrentHint() const { return hint_; }
   void SetHint(const QString& text, bool warning = false, std::function<bool()> holds = {});
   /// The operator pressed a key or touched the screen, so he has seen the information: it disappears.
@@ -87,6 +93,10 @@ class Operator : public QObject {
   void OnMessage(std::uint32_t message, qint64 first, qint64 second);
   void DoMachine(Action action);
   void CycleStart();
+  /// Says why nothing moves after a press on start. errors: how many there were before it.
+  void TellStart(const pnl::rig::MachineState& before, int errors);
+  void FeedHold(const pnl::rig::MachineState& before);
+  void Inspect(bool on);
   void OpenMdi();
   void OpenCalculator();
   /// Opens the machining calculator, or brings an open one to the front.

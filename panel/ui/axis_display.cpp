@@ -13,7 +13,8 @@ namespace panel {
 
 namespace {
 constexpr int kSmallest = 6;  // a number shrinks to this before it loses a digit
-}
+constexpr int kLegible = 11;
+}  // namespace
 
 QString FormatPosition(double millimetres, bool inches) {
   constexpr double kMost = 999999.999;
@@ -47,6 +48,18 @@ void AxisDisplay::ShowMachinePositions(bool on) {
   update();
 }
 
+void AxisDisplay::SetFrame(const QString& frame) {
+  if (frame == frame_) return;
+  frame_ = frame;
+  update();
+}
+
+QString AxisDisplay::FrameText() const {
+  const QString work = frame_.isEmpty() ? Say(Word::kWorkFrame) : frame_;
+  return Say(inches_ ? Word::kInches : Word::kMillimetres) + QStringLiteral(", ") +
+         (machine_ ? Say(Word::kMachineFrame) : work);
+}
+
 QString AxisDisplay::OtherText(const AxisReading& axis) const {
   const Word other = machine_ ? Word::kWorkPosition : Word::kMachinePosition;
   return Say(other) + QLatin1Char(' ') + FormatPosition(machine_ ? axis.work : axis.machine, inches_);
@@ -57,7 +70,6 @@ QString AxisDisplay::ToGoText(const AxisReading& axis) const {
 }
 
 AxisDisplay::Foot AxisDisplay::FitFoot(const QString& left, const QString& right, int width, int pixels) {
-  constexpr int kLegible = 11;
   const QString both = left + QStringLiteral("   ") + right;
   const int beside = theme::FittingFont(both, width, pixels, kLegible).pixelSize();
   if (QFontMetrics(theme::Font(beside)).horizontalAdvance(both) < width) return {beside, false};
@@ -83,7 +95,14 @@ void AxisDisplay::PaintAxis(QPainter& painter, const QRect& rect, const AxisRead
   const Foot fit = FitFoot(OtherText(axis), ToGoText(axis), body.width(), fontPixels_);
   const int line = fit.pixels * 5 / 4;
   const int below = std::min(fit.twoRows ? 2 * line : line, body.height() / 2);
-  const QRect digits(body.left(), body.top(), body.width(), body.height() - below);
+  // Unit and frame have a row of their own above the number, in letters that take little of its height.
+  const int small = std::max(kLegible, fit.pixels * 3 / 4);
+  const int above = std::min(small * 5 / 4, (body.height() - below) / 2);
+  const QRect head(body.left(), body.top(), body.width(), above);
+  theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, FrameText(),
+                  theme::FittingFont(FrameText(), head.width(), small, kSmallest),
+                  QColor(machine_ ? theme::kOrchid : theme::kMuted));
+  const QRect digits(body.left(), body.top() + above, body.width(), body.height() - below - above);
   const int most = std::min(digits.height() * 9 / 10, 110);
   const QString value = FormatPosition(machine_ ? axis.machine : axis.work, inches_);
   const int nameWidth = std::min(digits.width() / 6, most);
@@ -94,7 +113,8 @@ void AxisDisplay::PaintAxis(QPainter& painter, const QRect& rect, const AxisRead
   theme::DrawText(painter, digits, Qt::AlignLeft | Qt::AlignVCenter, axis.name,
                   theme::FittingFont(axis.name, nameWidth, usual, kSmallest, true), QColor(theme::kAccent));
   theme::DrawText(painter, valueRect, Qt::AlignRight | Qt::AlignVCenter, value,
-                  theme::FittingFont(value, valueRect.width(), usual, kSmallest, true), QColor(theme::kText));
+                  theme::FittingFont(value, valueRect.width(), usual, kSmallest, true),
+                  QColor(machine_ ? theme::kOrchid : theme::kText));
   PaintFoot(painter, QRect(body.left(), body.bottom() + 1 - below, body.width(), below), axis, fit);
 }
 

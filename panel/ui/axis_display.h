@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The positions of the axes in big digits, each with its distance to go and its other coordinate. The axes are columns
-// in a wide field and rows in a tall one. It shows only what it is given.
+// The positions of the axes in big digits, each with its unit and frame, its distance to go and its other coordinate.
+// The axes are columns in a wide field and rows in a tall one. It shows only what it is given.
 #pragma once
 
 #include <QString>
@@ -27,9 +27,13 @@ class AxisDisplay : public QWidget {
   /// Shows these axes. Without axes the field says that there is no machine. inches: the unit shown; readings are
   /// always in mm.
   void Show(std::vector<AxisReading> axes, bool moving, bool inches);
+  /// Sets the name of the workpiece offset in force, "G54"; empty when it isn't known.
+  void SetFrame(const QString& frame);
   /// Sets which coordinate is the big one: machine (true) or work (false).
   void ShowMachinePositions(bool on);
   [[nodiscard]] bool MachinePositions() const { return machine_; }
+  /// The unit and the frame of the big numbers: "mm, G54", "inch, MACHINE".
+  [[nodiscard]] QString FrameText() const;
   /// The height of the small texts, in pixels, where there is room. They shrink before a digit is lost.
   void SetFontPixels(int pixels);
 
@@ -49,6 +53,7 @@ class AxisDisplay : public QWidget {
   [[nodiscard]] QString OtherText(const AxisReading& axis) const;
   [[nodiscard]] QString ToGoText(const AxisReading& axis) const;
   std::vector<AxisReading> axes_;
+  QString frame_;
   bool moving_ = false;
   bool machine_ = false;
   bool inches_ = false;

@@ -3,25 +3,15 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QScopedValueRollback>
 #include <algorithm>
-#include <chrono>
-#include <limits>
 
 #include "host/error_desk.h"
 #include "ui/program_editor.h"
 
 namespace panel {
 namespace {
-
-/// Nobody can read an error window and act on it in less time than this.
-constexpr qint64 kReadingMilliseconds = 500;
-constexpr qint64 kLongAgo = std::numeric_limits<qint64>::min() / 2;
-
-qint64 SteadyMilliseconds() {
-  using std::chrono::steady_clock;
-  return std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
 
 /// The tool whose window a widget belongs to; -1 for a widget of the panel itself.
 int ToolOf(const QWidget& widget) {
@@ -36,29 +26,21 @@ bool IsIn(const QWidget* place, const QWidget& widget) {
   return place != nullptr && (place == &widget || place->isAncestorOf(&widget));
 }
 
-bool ActsOnErrors(const QKeyEvent& key) {
-  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
-  return key.key() == Qt::Key_Escape || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
 }  // namespace
 
 Keyboard::Keyboard(QWidget& panel, QWidget& toolArea, ProgramEditor& editor, HostSession& session, ErrorDesk& errors)
-    : panel_(panel),
-      toolArea_(toolArea),
-      editor_(editor),
-      session_(session),
-      clock_(&SteadyMilliseconds),
-      errorsCameAt_(kLongAgo) {
+    : panel_(panel), toolArea_(toolArea), editor_(editor), session_(session) {
   connect(&session_, &HostSession::ToolsChanged, this, &Keyboard::OnToolsChanged);
-  connect(&errors, &ErrorDesk::WindowCame, this, &Keyboard::OnErrorsCame);
+  connect(&errors, &ErrorDesk::WindowCame, this, [this] { guard_.Begin(); });
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
   qApp->installEventFilter(this);
 }
 
 Keyboard::~Keyboard() = default;
 
-void Keyboard::AddCover(QWidget* cover, std::function<void()> focus) { covers_.push_back({cover, std::move(focus)}); }
+void Keyboard::AddCover(QWidget* cover, std::function<void()> focus, CoverKind kind) {
+  covers_.push_back({cover, std::move(focus), kind});
+}
 
 const Keyboard::Cover* Keyboard::SeenCover() const {
   const Cover* seen = nullptr;
@@ -170,41 +152,42 @@ void Keyboard::OnTouched(QWidget& widget) {
   if (!worked || tool != session_.FrontTool()) session_.BringToFront(tool);
 }
 
-void Keyboard::OnErrorsCame() {
-  errorsCameAt_ = clock_();
-  const QWidget* focus = QApplication::focusWidget();
-  typedInProgram_ = focus != nullptr && IsIn(&editor_, *focus);
+QWidget* Keyboard::Guarded() const {
+  if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) return box;
+  if (const Cover* cover = SeenCover()) return cover->kind == CoverKind::kQuestion ? cover->widget : nullptr;
+  return ErrorWindowInFront();
 }
 
-bool Keyboard::ErrorsJustCame() const { return clock_() - errorsCameAt_ < kReadingMilliseconds; }
+bool Keyboard::IsQuestion(const QWidget& widget) const {
+  return qobject_cast<const QMessageBox*>(&widget) != nullptr ||
+         std::any_of(covers_.begin(), covers_.end(), [&widget](const Cover& cover) {
+           return cover.widget == &widget && cover.kind == CoverKind::kQuestion;
+         });
+}
 
-bool Keyboard::KeyWasOnItsWay(const QKeyEvent& key, bool atErrors) {
-  if (!ActsOnErrors(key)) return false;
-  const bool heldBefore = key.isAutoRepeat() && key.key() == heldKey_;
-  const bool early = heldBefore || ErrorsJustCame();
-  heldKey_ = atErrors && !early ? 0 : key.key();
-  return atErrors && early;
+bool Keyboard::MayAct(int key) {
+  return !guard_.HoldsBack(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier), Guarded() != nullptr);
 }
 
 bool Keyboard::WasOnItsWay(const QWidget& watched, const QEvent& event) {
   // Only an event from the window system can have been on its way. Events that the panel or a script sends are meant
   // for this widget.
   if (!event.spontaneous()) return false;
-  const bool atErrors = &watched == ErrorWindowInFront();
-  if (event.type() != QEvent::KeyPress) return atErrors && ErrorsJustCame();
-  const auto& key = static_cast<const QKeyEvent&>(event);
-  if (!KeyWasOnItsWay(key, atErrors)) return false;
-  // An Enter that was typed into the program belongs there: without it two blocks would become one.
-  if (typedInProgram_ && key.key() != Qt::Key_Escape) editor_.Insert(QStringLiteral("\n"));
-  return true;
+  const bool atGuarded = IsIn(Guarded(), watched);
+  if (event.type() != QEvent::KeyPress) return atGuarded && guard_.IsOn();
+  // A key that is held back goes nowhere: the operator sees what he has typed, and that the rest is missing.
+  return guard_.HoldsBack(static_cast<const QKeyEvent&>(event), atGuarded);
 }
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-  if (!press && type != QEvent::KeyPress && type != QEvent::FocusIn) return false;
+  const bool shown = type == QEvent::Show;
+  if (!press && !shown && type != QEvent::KeyPress && type != QEvent::FocusIn) return false;
   if (!watched->isWidgetType()) return false;
   QWidget& widget = *static_cast<QWidget*>(watched);
+  if (shown && IsQuestion(widget)) guard_.Begin();
+  if (shown) return false;
   if (type != QEvent::FocusIn && WasOnItsWay(widget, *event)) return true;
   const bool touched =
       press || (type == QEvent::FocusIn && static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason);

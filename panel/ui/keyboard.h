@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "host/host_session.h"
+#include "ui/key_guard.h"
 
-class QKeyEvent;
 class QWidget;
 
 namespace panel {
@@ -28,15 +28,20 @@ class Keyboard : public QObject {
   Keyboard(QWidget& panel, QWidget& toolArea, ProgramEditor& editor, HostSession& session, ErrorDesk& errors);
   ~Keyboard() override;
 
-  /// Adds a cover over the panel. focus gives the keyboard to it.
-  void AddCover(QWidget* cover, std::function<void()> focus);
+  /// What a cover is: it is typed into, or it is a question that a key answers.
+  enum class CoverKind { kTypedInto, kQuestion };
+  /// Adds a cover over the panel. focus gives the keyboard to it. A question that has just come takes no answer yet.
+  void AddCover(QWidget* cover, std::function<void()> focus, CoverKind kind = CoverKind::kTypedInto);
   /// Gives the keyboard to its owner, unless the owner has it already.
   void Restore();
   /// Moves the focus to the next or previous control with move. When the focus was lost because its widget went away,
   /// gives the keyboard to its owner instead.
   bool MoveFocus(bool next, const std::function<bool(bool)>& move);
+  /// Whether a key that is touched on the screen now may act; asked once for each. One that would reach an error or a
+  /// question that nobody can have read yet may not.
+  [[nodiscard]] bool MayAct(int key);
   /// Sets the clock, in ms, which must never go back. For tests.
-  void SetClock(std::function<qint64()> clock) { clock_ = std::move(clock); }
+  void SetClock(std::function<qint64()> clock) { guard_.SetClock(std::move(clock)); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,6 +50,7 @@ class Keyboard : public QObject {
   struct Cover {
     QWidget* widget;
     std::function<void()> focus;
+    CoverKind kind;
   };
   [[nodiscard]] const Cover* SeenCover() const;
   [[nodiscard]] QWidget* ToolWidget(int tool) const;
@@ -57,23 +63,19 @@ class Keyboard : public QObject {
   [[nodiscard]] bool MayHave(const QWidget& widget) const;
   void OnFocusChanged(QWidget* now);
   void OnToolsChanged();
-  void OnErrorsCame();
   void OnTouched(QWidget& widget);
-  /// Whether the error window has been there for less time than reading it takes.
-  [[nodiscard]] bool ErrorsJustCame() const;
-  /// Whether a key or a touch that reaches the error window was meant for what had the keyboard before.
+  /// What must not be answered unread: a message box, a question, or the error window; null when none is in front.
+  [[nodiscard]] QWidget* Guarded() const;
+  [[nodiscard]] bool IsQuestion(const QWidget& widget) const;
+  /// Whether a key or a touch that reaches what is guarded was meant for what had the keyboard before.
   [[nodiscard]] bool WasOnItsWay(const QWidget& watched, const QEvent& event);
-  [[nodiscard]] bool KeyWasOnItsWay(const QKeyEvent& key, bool atErrors);
 
   QWidget& panel_;
   QWidget& toolArea_;
   ProgramEditor& editor_;
   HostSession& session_;
   std::vector<Cover> covers_;
-  std::function<qint64()> clock_;
-  qint64 errorsCameAt_;
-  bool typedInProgram_ = false;  // whether the program had the focus when the error window came
-  int heldKey_ = 0;              // the last key pressed where it doesn't act on errors, else 0
+  KeyGuard guard_;
   int frontTool_ = -1;
   bool giving_ = false;
   bool moving_ = false;

@@ -47,6 +47,8 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
     key->setAutoRepeatDelay(kRepeatAfter);
     key->setAutoRepeatInterval(kRepeatEvery);
     const auto press = [this, action = look.action] { emit Pressed(action); };
+    // Whoever carries the action out says why it is impossible.
+    connect(key, &PanelKey::DimPressed, this, press);
     // A key that repeats acts when it goes down. If it acted when it comes up too, it would make one step too many.
     if (key->autoRepeat()) {
       connect(key, &PanelKey::pressed, this, press);
@@ -63,6 +65,15 @@ void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::funct
     // The lamp shows the state of the machine, not of the key.
     if (key->isCheckable()) key->setChecked(latched(action));
   }
+}
+
+void OperatorKeys::ShowStartReason(const QString& note, const QString& reason) {
+  PanelKey* key = Key(Action::kCycleStart);
+  if (key->Note() == note && key->accessibleDescription() == reason) return;
+  key->SetNote(note);
+  const QString tip = TooltipOf(Action::kCycleStart);
+  key->SetTip(reason.isEmpty() ? tip : tip + QLatin1Char('\n') + reason);
+  key->setAccessibleDescription(reason);
 }
 
 void OperatorKeys::SetFontPixels(int pixels) {

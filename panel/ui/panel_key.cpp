@@ -65,6 +65,12 @@ void PanelKey::SetTint(const QColor& tint) {
   update();
 }
 
+void PanelKey::SetNote(const QString& note) {
+  if (note == note_) return;
+  note_ = note;
+  update();
+}
+
 void PanelKey::SetFilled(bool filled) {
   filled_ = filled;
   update();
@@ -94,6 +100,12 @@ void PanelKey::enterEvent(QEnterEvent* event) {
 void PanelKey::leaveEvent(QEvent* event) {
   QAbstractButton::leaveEvent(event);
   update();
+}
+
+bool PanelKey::event(QEvent* event) {
+  // A disabled button takes touches and does nothing with them.
+  if (event->type() == QEvent::MouseButtonPress && !isEnabled()) emit DimPressed();
+  return QAbstractButton::event(event);
 }
 
 void PanelKey::keyPressEvent(QKeyEvent* event) {
@@ -149,9 +161,19 @@ QRect PanelKey::PaintArrow(QPainter& painter, const QRect& body) const {
   return text().isEmpty() ? body : QRect(QPoint(left + side + 8, body.top()), body.bottomRight());
 }
 
+int PanelKey::PaintNote(QPainter& painter) const {
+  if (note_.isEmpty()) return 0;
+  constexpr int kLeast = 8;
+  const QFont font = theme::FittingFont(note_, width() - 6, KeyNamePixels(), kLeast);
+  const int high = std::min(QFontMetrics(font).height(), height() / 3);
+  theme::DrawText(painter, QRect(3, height() - 3 - high, width() - 6, high), Qt::AlignCenter, note_, font,
+                  QColor(theme::kAmber));
+  return high;
+}
+
 void PanelKey::PaintFace(QPainter& painter) const {
   const int top = keyName_.isEmpty() ? 4 : KeyNamePixels() + 4;
-  QRect body = rect().adjusted(kPad, top, -kPad, -4);
+  QRect body = rect().adjusted(kPad, top, -kPad, -4 - PaintNote(painter));
   // A long caption takes two lines, in slightly smaller letters below a picture.
   const bool wraps = text().contains(QLatin1Char(' ')) &&
                      QFontMetrics(theme::Font(fontPixels_, filled_)).horizontalAdvance(text()) > body.width() - 4;

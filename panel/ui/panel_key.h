@@ -35,6 +35,9 @@ class PanelKey : public QAbstractButton {
   [[nodiscard]] const QColor& Tint() const { return tint_; }
   /// Whether the key is filled with its tint, for the keys that must be found at once.
   void SetFilled(bool filled);
+  /// Sets a word or two at the lower edge that say why the key is dim; empty for none. They are never dim themselves.
+  void SetNote(const QString& note);
+  [[nodiscard]] const QString& Note() const { return note_; }
   void SetFontPixels(int pixels);
   /// Whether the key is marked as leading to a sub-menu.
   void SetLeadsOn(bool leadsOn);
@@ -45,7 +48,12 @@ class PanelKey : public QAbstractButton {
 
   [[nodiscard]] QSize sizeHint() const override;
 
+ signals:
+  /// The key was touched while it was dim.
+  void DimPressed();
+
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -57,9 +65,12 @@ class PanelKey : public QAbstractButton {
   void PaintMarks(QPainter& painter) const;
   void PaintFace(QPainter& painter) const;
   [[nodiscard]] int KeyNamePixels() const;
+  /// Draws the note. Returns its height.
+  int PaintNote(QPainter& painter) const;
   /// Draws the caption's arrow. Returns the part of body that is left for the caption.
   [[nodiscard]] QRect PaintArrow(QPainter& painter, const QRect& body) const;
   QString keyName_;
+  QString note_;
   QByteArray svg_;
   QImage picture_;
   QColor tint_;

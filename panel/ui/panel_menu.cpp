@@ -69,7 +69,7 @@ std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
     SoftKeyItem item;
     item.id = kFaultBase + static_cast<int>(items.size());
     item.text = Say(fault.word);
-    item.checked = !fault.fault && op.EmergencyStop();
+    item.checked = fault.fault ? fault.stands && op.Stands(*fault.fault) : op.EmergencyStop();
     items.push_back(item);
   }
   return items;

@@ -154,7 +154,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void PanelWindow::MakeKeyboard() {
   keyboard_ = std::make_unique<Keyboard>(*this, *toolArea_, *editor_, session_, op_.Desk());
-  keyboard_->AddCover(question_, [this] { question_->FocusCareful(); });
+  keyboard_->AddCover(
+      question_, [this] { question_->FocusCareful(); }, Keyboard::CoverKind::kQuestion);
   keyboard_->AddCover(password_, [this] { password_->Edit().setFocus(); });
   keyboard_->AddCover(credentials_, [this] { credentials_->FocusFirst(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });

@@ -99,6 +99,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void PlacePlcView();
   void ShowSideBar();
   void ShowMachine();
+  void ShowStartReason();
   void ShowBars();
   [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
   [[nodiscard]] bool ShowsVideo() const;

@@ -50,6 +50,7 @@ void PanelWindow::ShowMachine() {
     readings_->Show(NoReadings());
   }
   status_->Indicator().Show(op_.Desk().Sign(), op_.Desk().Standing());
+  axes_->SetFrame(QString::fromStdU16String(state.frame));
   axes_->Show(AxesOf(state), state.channelStatus == kRunning, state.inches);
   modal_->Show(QString::fromStdU16String(state.gCodes), QString::fromStdU16String(state.block));
   keys_->Show([this](Action action) { return op_.Can(action); },
@@ -57,6 +58,13 @@ void PanelWindow::ShowMachine() {
                 return (action == Action::kSingleBlock && state.singleBlock) ||
                        (action == Action::kInspect && state.inspecting);
               });
+  ShowStartReason();
+}
+
+void PanelWindow::ShowStartReason() {
+  const auto note = op_.StartNote();
+  const auto reason = op_.WhyNot(Action::kCycleStart);
+  keys_->ShowStartReason(note ? Say(*note) : QString(), reason ? Say(*reason) : QString());
 }
 
 void PanelWindow::ShowBars() {

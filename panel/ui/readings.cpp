@@ -16,24 +16,42 @@ constexpr int kGap = 4;
 
 constexpr int kSmallest = 6;  // a number shrinks to this before it loses a digit
 
+/// Whether caption and detail have room beside each other in that font.
+bool FitBeside(const Reading& reading, int width, const QFont& font) {
+  constexpr int kBetween = 6;
+  const QFontMetrics metrics(font);
+  return metrics.horizontalAdvance(reading.caption) + metrics.horizontalAdvance(reading.detail) + kBetween < width;
+}
+
+/// The font of a flat tile's upper row. It shrinks until the detail has room beside the caption: without the detail the
+/// operator wouldn't know what is programmed. When not even the smallest font has room, the caption goes first.
+QFont HeadFont(const Reading& reading, int width, int pixels) {
+  const QFont alone = theme::FittingFont(reading.caption, width, pixels, kSmallest);
+  if (reading.detail.isEmpty()) return alone;
+  for (int size = alone.pixelSize(); size >= kSmallest; --size) {
+    if (FitBeside(reading, width, theme::Font(size))) return theme::Font(size);
+  }
+  return alone;
+}
+
 void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int fontPixels) {
   theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   const QRect body = rect.adjusted(8, 2, -8, -2);
   const int caption = std::clamp(body.height() / 3, fontPixels, 2 * fontPixels);
-  const int smallPixels = std::max(fontPixels, caption * 5 / 6);
-  const QFont small = theme::FittingFont(reading.caption, body.width(), smallPixels, kSmallest);
-  const QRect head(body.left(), body.top(), body.width(), caption);
-  theme::DrawText(painter, head, Qt::AlignLeft | Qt::AlignVCenter, reading.caption, small, QColor(theme::kMuted));
   QRect value = body.adjusted(0, caption, 0, 0);
   const bool tall = value.height() >= 3 * caption;
+  const int smallPixels = std::max(fontPixels, caption * 5 / 6);
+  const QFont small = tall ? theme::FittingFont(reading.caption, body.width(), smallPixels, kSmallest)
+                           : HeadFont(reading, body.width(), smallPixels);
+  const QRect head(body.left(), body.top(), body.width(), caption);
+  theme::DrawText(painter, head, Qt::AlignLeft | Qt::AlignVCenter, reading.caption, small, QColor(theme::kMuted));
   if (!reading.detail.isEmpty()) {
-    const int width = QFontMetrics(small).horizontalAdvance(reading.detail);
     if (tall) {
       const QRect foot(value.left(), value.bottom() + 1 - caption, value.width(), caption);
       theme::DrawText(painter, foot, Qt::AlignRight | Qt::AlignVCenter, reading.detail,
                       theme::FittingFont(reading.detail, foot.width(), smallPixels, kSmallest), QColor(theme::kMuted));
       value.setBottom(foot.top() - 1);
-    } else if (width + QFontMetrics(small).horizontalAdvance(reading.caption) + 6 < head.width()) {
+    } else if (FitBeside(reading, head.width(), small)) {
       theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, reading.detail, small, QColor(theme::kMuted));
     }
   }
@@ -45,8 +63,11 @@ void PaintTile(QPainter& painter, const QRect& rect, const Reading& reading, int
                   QColor(reading.unusual ? theme::kAmber : theme::kText));
 }
 
+/// Whether the feed that is shown is one per revolution. A rapid has its speed whatever F means.
+bool IsPerRevolution(const pnl::rig::MachineState& state) { return state.feedPerRevolution && !state.rapid; }
+
 Word FeedCaption(const pnl::rig::MachineState& state) {
-  if (state.feedPerRevolution) return state.inches ? Word::kFeedInchPerRevolution : Word::kFeedPerRevolution;
+  if (IsPerRevolution(state)) return state.inches ? Word::kFeedInchPerRevolution : Word::kFeedPerRevolution;
   return state.inches ? Word::kFeedInch : Word::kFeed;
 }
 
@@ -54,8 +75,16 @@ Word FeedCaption(const pnl::rig::MachineState& state) {
 QString FeedText(const pnl::rig::MachineState& state) {
   constexpr int kFineDecimals = 4;  // a feed per revolution is a few thousandths
   const double lengths = state.inches ? state.feed / kMillimetresPerInch : state.feed;
-  if (!state.feedPerRevolution) return FormatNumber(lengths);
+  if (!IsPerRevolution(state)) return FormatNumber(lengths);
   return FormatNumber(state.spindleSpeed > 0 ? lengths / state.spindleSpeed : 0, kFineDecimals);
+}
+
+QString FeedDetail(const pnl::rig::MachineState& state) {
+  constexpr int kFineDecimals = 4;
+  const QString programmed =
+      QLatin1Char('F') + FormatNumber(state.programmedFeed, state.feedPerRevolution ? kFineDecimals : 3);
+  // The caption names another unit while a rapid runs.
+  return state.feedPerRevolution && state.rapid ? QStringLiteral("G95 ") + programmed : programmed;
 }
 
 QString SpeedDetail(const pnl::rig::MachineState& state) {
@@ -77,9 +106,7 @@ QString FormatNumber(double value, int decimals) {
 }
 
 std::vector<Reading> ReadingsOf(const pnl::rig::MachineState& state) {
-  constexpr int kFineDecimals = 4;
-  return {{Say(FeedCaption(state)), FeedText(state),
-           QLatin1Char('F') + FormatNumber(state.programmedFeed, state.feedPerRevolution ? kFineDecimals : 3), false},
+  return {{Say(FeedCaption(state)), FeedText(state), FeedDetail(state), false},
           {Say(Word::kOverride), QStringLiteral("%1 %").arg(state.feedOverride), {}, state.feedOverride != 100},
           {Say(Word::kSpindle), FormatNumber(state.spindleSpeed), SpeedDetail(state), false},
           {Say(Word::kTool), QStringLiteral("T%1").arg(state.tool), state.coolant ? Say(Word::kCoolant) : QString(),

@@ -10,32 +10,23 @@ namespace panel {
 
 namespace {
 
-ChannelLook MotionOf(const pnl::rig::MachineState& state) {
-  constexpr int kRunning = 2;
-  constexpr int kInterrupted = 4;
-  constexpr int kAborted = 8;
-  // Feed hold is one kind of interruption; the more exact word wins.
-  if (state.channelStatus == kAborted) return {Word::kAborted, theme::kRed};
-  if (state.feedHold) return {Word::kFeedHold, theme::kAmber};
-  if (state.channelStatus == kInterrupted) return {Word::kInterrupted, theme::kAmber};
-  if (state.channelStatus == kRunning) return {Word::kRunning, theme::kGreen};
-  return {Word::kReady, theme::kSteel};
+constexpr int kLeast = 11;    // pixels; a smaller word can't be read from some distance
+constexpr int kLeastRow = 8;  // but a state is never cut
+
+/// A text in two rows: parted after its comma, else at the blank nearest to its middle. Without either the second row
+/// is empty.
+std::pair<QString, QString> InTwoRows(const QString& text) {
+  const auto comma = text.indexOf(QStringLiteral(", "));
+  if (comma >= 0) return {text.left(comma), text.mid(comma + 2)};
+  const auto middle = text.size() / 2;
+  const auto before = text.lastIndexOf(QLatin1Char(' '), middle);
+  const auto after = text.indexOf(QLatin1Char(' '), middle);
+  const bool first = after < 0 || (before >= 0 && middle - before <= after - middle);
+  const auto blank = first ? before : after;
+  return blank < 0 ? std::pair(text, QString()) : std::pair(text.left(blank), text.mid(blank + 1));
 }
 
 }  // namespace
-
-ChannelLook LookOf(const pnl::rig::MachineState& state) {
-  // Nothing runs while the emergency stop is pressed, whatever else the channel reports.
-  if (state.emergencyStop) return {Word::kEmergencyStop, theme::kRed};
-  ChannelLook look = MotionOf(state);
-  if (!state.inspecting) return look;
-  // Moving axes must show as moving during an inspection too.
-  if (look.word == Word::kReady) return {Word::kInspection, theme::kViolet};
-  look.inspecting = true;
-  return look;
-}
-
-ChannelLook LookWithoutMachine() { return {Word::kNoMachine, theme::kSurface}; }
 
 StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent), indicator_(new ErrorIndicator(this)) {}
 
@@ -44,10 +35,6 @@ void StatusStrip::Show(const ChannelLook& channel, const QString& mode) {
   mode_ = mode;
   setAccessibleName(StateText() + QLatin1Char(' ') + mode);
   update();
-}
-
-QString StatusStrip::StateText() const {
-  return (channel_.inspecting ? Say(Word::kInspection) + QStringLiteral(", ") : QString()) + Say(channel_.word);
 }
 
 void StatusStrip::SetFontPixels(int pixels) {
@@ -69,17 +56,38 @@ StatusStrip::Fields StatusStrip::Place() const {
 
 void StatusStrip::resizeEvent(QResizeEvent*) { indicator_->setGeometry(Place().errors); }
 
+void StatusStrip::PaintState(QPainter& painter, const QRect& field) const {
+  const QColor ink = theme::InkOn(QColor(channel_.color));
+  const QString text = StateText();
+  const int most = fontPixels_ * 5 / 4;
+  const QFont inOne = theme::FittingFont(text, field.width(), most, kLeast, true);
+  const auto [upper, lower] = InTwoRows(text);
+  const int half = field.height() / 2;
+  int pixels = most;
+  while (pixels > kLeastRow && QFontMetrics(theme::Font(pixels, true)).height() > half) --pixels;
+  for (const QString& row : {upper, lower}) {
+    pixels = theme::FittingFont(row, field.width(), pixels, kLeastRow, true).pixelSize();
+  }
+  // Two rows when their letters are bigger, or when one row would be cut.
+  const bool cut = QFontMetrics(inOne).horizontalAdvance(text) > field.width();
+  if (lower.isEmpty() || (pixels <= inOne.pixelSize() && !cut)) {
+    return theme::DrawText(painter, field, Qt::AlignCenter, text, inOne, ink);
+  }
+  const QFont font = theme::Font(pixels, true);
+  theme::DrawText(painter, QRect(field.left(), field.top(), field.width(), half), Qt::AlignCenter, upper, font, ink);
+  theme::DrawText(painter, QRect(field.left(), field.bottom() + 1 - half, field.width(), half), Qt::AlignCenter, lower,
+                  font, ink);
+}
+
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const Fields fields = Place();
   const QColor fill(channel_.color);
   theme::DrawField(painter, fields.state, fill, fill.lighter(130), 6);
-  const QColor ink = theme::InkOn(fill);
-  theme::DrawText(painter, fields.state.adjusted(8, 0, -8, 0), Qt::AlignCenter, StateText(),
-                  theme::FittingFont(StateText(), fields.state.width() - 16, fontPixels_ * 5 / 4, 11, true), ink);
+  PaintState(painter, fields.state.adjusted(8, 0, -8, 0));
   theme::DrawField(painter, fields.mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   theme::DrawText(painter, fields.mode.adjusted(6, 0, -6, 0), Qt::AlignCenter, mode_,
-                  theme::FittingFont(mode_, fields.mode.width() - 12, fontPixels_ * 5 / 4, 11, true),
+                  theme::FittingFont(mode_, fields.mode.width() - 12, fontPixels_ * 5 / 4, kLeast, true),
                   QColor(theme::kText));
 }
 

@@ -28,6 +28,7 @@ inline constexpr QRgb kGreen = 0xff1b7a40;
 inline constexpr QRgb kAmber = 0xffe8961e;
 inline constexpr QRgb kRed = 0xffc62f37;
 inline constexpr QRgb kViolet = 0xff7650c8;
+inline constexpr QRgb kOrchid = 0xffcfa8ff;  // for positions of the machine in place of the workpiece
 inline constexpr QRgb kSteel = 0xff3b5670;
 inline constexpr QRgb kDark = 0xff06080b;  // text on bright fields
 

@@ -101,6 +101,9 @@ void DemoMachine::Apply(const Functions& functions) {
   if (functions.tool) condition_.tool = *functions.tool;
   if (functions.spindle) condition_.spindle = *functions.spindle;
   if (functions.coolant) condition_.coolant = *functions.coolant;
+  // What a block asks of them now is newer than what the door has stopped.
+  if (stopped_ && functions.spindle) stopped_->spindle = *functions.spindle;
+  if (stopped_ && functions.coolant) stopped_->coolant = *functions.coolant;
   if (!functions.programEnd) return;
   StopSpindleAndCoolant();
   ResetModal();
@@ -130,6 +133,11 @@ void DemoMachine::Release() {
     if (here != *task_->comeBack) task_->run.Insert(RapidMove(here, *task_->comeBack));
     task_->comeBack.reset();
   }
+  if (stopped_) {
+    condition_.spindle = stopped_->spindle;
+    condition_.coolant = stopped_->coolant;
+    stopped_.reset();
+  }
   task_->halt = Halt::kNone;
   task_->run.Release(Now());
   Publish();
@@ -143,6 +151,7 @@ void DemoMachine::Abort(bool parked) {
     parked_.reset();
     if (std::exchange(inspecting_, false)) SetInt(machine_variable::kInspection, 0);
   }
+  if (!parked_) stopped_.reset();
   if (any) aborting_ = true;
   Publish();
 }

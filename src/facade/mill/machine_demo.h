@@ -17,6 +17,11 @@
 // grant after it has left a channel and must not lock itself out. An accepted MDILine takes over one grant and gives it
 // back when its block has ended.
 //
+// Causes. An emergency stop and the faults of SetCause stand until they end: a reset raises their errors again, and no
+// block begins or goes on meanwhile. The emergency stop, a drive, the bus and the kernel abort what is in hand. An open
+// door holds it instead, because inspection needs the door open; the spindle and the coolant that the door has stopped
+// come back when the block goes on.
+//
 // Inspection. It parks the interrupted block, and the channel is ready for other blocks. A start request of the tool is
 // answered at once in any state: the tool then sends its block, or releases the one that it has sent. When the
 // inspection ends, the parked block is interrupted as before. When it is released, the axes first go back to where it
@@ -26,6 +31,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "facade/mill/machine.h"
@@ -77,6 +83,7 @@ class DemoMachine final : public Machine {
   void Inspection(bool on) override;
   /// While the stop is pressed no block is accepted.
   void EmergencyStop(bool on) override;
+  void SetCause(MachineControl::Fault fault, bool stands) override;
   /// Does nothing while the channel is in MDI: the tool sets the mode with SetMode when it leaves.
   void ManualMode(bool on) override;
   void Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) override;
@@ -90,6 +97,12 @@ class DemoMachine final : public Machine {
     Halt halt = Halt::kNone;
     bool interlock = false;         // the block has a grant, which ends with it
     std::optional<Point> comeBack;  // where the block was interrupted, once inspection has parked it
+  };
+
+  /// The spindle and the coolant that an open door has stopped while a block was in hand.
+  struct Stopped {
+    Spindle spindle;
+    bool coolant = false;
   };
 
   [[nodiscard]] double Now() const;
@@ -117,11 +130,17 @@ class DemoMachine final : public Machine {
 
   // Calls (machine_demo_kernel.cpp).
   [[nodiscard]] std::optional<sim::Fault> CheckState() const;
+  /// Whether a start must not set anything moving now.
+  [[nodiscard]] bool MayNotGoOn() const { return emergency_ || !causes_.empty(); }
   int Refuse(const sim::Fault& fault, TextView block);
   void PushFault(const sim::Fault& fault, TextView block);
   void Accept(TextView block, Plan plan);
   void SetInt(TextView name, int value);
   void TakeStartRequest();
+
+  // Causes (machine_demo_causes.cpp).
+  void RaiseCauses();
+  void StopForDoor();
 
   MachineEnvironment& environment_;
   MachineLanguage language_ = MachineLanguage::kEnglish;
@@ -135,6 +154,8 @@ class DemoMachine final : public Machine {
   bool aborting_ = false;
   bool inspecting_ = false;
   bool emergency_ = false;
+  std::set<MachineControl::Fault> causes_;  // that stand
+  std::optional<Stopped> stopped_;          // by the door; nothing while they turn or nobody would start them again
   bool singleBlock_ = false;
   Point shown_{};  // the values of the position variables
   std::function<void()> changed_;

@@ -85,6 +85,11 @@ std::optional<sim::Fault> DemoMachine::CheckState() const {
 int DemoMachine::MDILine(TextView block) {
   TakeStartRequest();
   if (const std::optional<sim::Fault> fault = CheckState()) return Refuse(*fault, block);
+  if (!causes_.empty()) {
+    const std::int32_t number = RaisedNumber(*causes_.begin());
+    RaiseCauses();
+    return number;
+  }
   const std::variant<Block, sim::Fault> parsed = ParseBlock(block);
   if (const sim::Fault* fault = std::get_if<sim::Fault>(&parsed)) return Refuse(*fault, block);
   const std::variant<Request, sim::Fault> request = ReadRequest(std::get<Block>(parsed));
@@ -120,14 +125,14 @@ void DemoMachine::TakeStartRequest() {
 
 int DemoMachine::NextSingleStep() {
   TakeStartRequest();
-  if (!task_ || task_->halt == Halt::kNone || task_->halt == Halt::kFeedHold) return 1;
+  if (MayNotGoOn() || !task_ || task_->halt == Halt::kNone || task_->halt == Halt::kFeedHold) return 1;
   Release();
   return 0;
 }
 
 int DemoMachine::ClearFeedhold() {
   TakeStartRequest();
-  if (!task_ || task_->halt != Halt::kFeedHold) return 1;
+  if (MayNotGoOn() || !task_ || task_->halt != Halt::kFeedHold) return 1;
   Release();
   return 0;
 }

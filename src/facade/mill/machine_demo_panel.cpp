@@ -4,7 +4,6 @@
 
 #include "facade/mill/machine_demo.h"
 #include "facade/mill/machine_messages.h"
-#include "facade/mill/machine_raised.h"
 #include "facade/mill/machine_variables.h"
 
 namespace pnl::sim {
@@ -28,6 +27,7 @@ rig::MachineState DemoMachine::State() const {
   state.feedPerRevolution = modal.feedMode == 95;
   state.cuttingSpeed = modal.speedMode == 96;
   state.feed = task_ ? task_->run.Feed() : 0;
+  state.rapid = move && task_->run.Current().pace == Step::Pace::kRapid;
   state.programmedFeed = (modal.feedMode == 95 ? modal.feedPerRevolution : modal.feedPerMinute) / unit;
   state.feedOverride = percent_;
   state.spindleSpeed = condition_.spindle.speed;
@@ -41,8 +41,10 @@ rig::MachineState DemoMachine::State() const {
   state.inspecting = inspecting_;
   state.coolant = condition_.coolant;
   state.emergencyStop = emergency_;
+  state.causes.assign(causes_.begin(), causes_.end());
   if (task_) state.block = task_->run.Block();
   state.gCodes = GCodes(modal);
+  state.frame = FrameOf(modal);
   return state;
 }
 
@@ -50,7 +52,7 @@ void DemoMachine::OnChanged(std::function<void()> changed) { changed_ = std::mov
 
 void DemoMachine::FeedHold(bool on) {
   if (!on) {
-    if (task_ && task_->halt == Halt::kFeedHold) Release();
+    if (!MayNotGoOn() && task_ && task_->halt == Halt::kFeedHold) Release();
   } else if (task_ && task_->halt == Halt::kNone) {
     HaltAt(Halt::kFeedHold, Now());
     Publish();
@@ -74,8 +76,8 @@ void DemoMachine::Cancel() { MDICancel(1); }
 void DemoMachine::Reset() {
   StopSpindleAndCoolant();
   ResetModal();
-  // A reset doesn't end the cause.
-  if (emergency_) PushFault({FaultCode::kEmergencyStop, {}, 0, 0}, {});
+  // A reset doesn't end a cause.
+  RaiseCauses();
   Abort(true);
 }
 
@@ -96,22 +98,6 @@ void DemoMachine::Inspection(bool on) {
       EndInspection();
     }
   }
-}
-
-void DemoMachine::EmergencyStop(bool on) {
-  if (on == emergency_) return;
-  emergency_ = on;
-  if (on) {
-    PushFault({FaultCode::kEmergencyStop, {}, 0, 0}, {});
-    StopSpindleAndCoolant();
-    Abort(true);
-  } else {
-    Changed();
-  }
-}
-
-void DemoMachine::Raise(MachineControl::Fault fault, const rig::ProgramSpot& spot) {
-  environment_.PushError(MakeRaisedRecord(fault, spot));
 }
 
 std::vector<rig::MachineControl::PlcMessage> DemoMachine::PlcMessages() const {

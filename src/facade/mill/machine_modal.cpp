@@ -30,4 +30,6 @@ Text GCodes(const Modal& modal) {
   return codes + Format(u" G%02d G%02d G%02d G%02d", modal.offset, modal.distance, modal.feedMode, modal.speedMode);
 }
 
+Text FrameOf(const Modal& modal) { return Format(u"G%02d", modal.offset); }
+
 }  // namespace pnl::sim

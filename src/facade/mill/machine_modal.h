@@ -50,5 +50,7 @@ struct Condition {
 /// The modal codes in a fixed order with two digits: "G00 G17 G21 G40 G54 G90 G94 G97". While G43 is active, it follows
 /// the code of the radius compensation.
 [[nodiscard]] Text GCodes(const Modal& modal);
+/// The code of the workpiece offset that is in force: "G54".
+[[nodiscard]] Text FrameOf(const Modal& modal);
 
 }  // namespace pnl::sim

@@ -23,16 +23,17 @@ struct RaisedFault {
   std::int32_t number;
   std::uint16_t severity;
   TextView module;
+  bool hasCause;
 };
 // clang-format off
 constexpr std::array kFaults{
-    RaisedFault{Raised::kDoorOpen,     error_source::kPlc,     5012, severity::kError,   u"PLC"},
-    RaisedFault{Raised::kDriveWarning, error_source::kDrive,   6101, severity::kWarning, u"DRV"},
-    RaisedFault{Raised::kDriveFault,   error_source::kDrive,   6201, severity::kError,   u"DRV"},
-    RaisedFault{Raised::kBusFault,     error_source::kCanOpen, 6301, severity::kError,   u"BUS"},
-    RaisedFault{Raised::kProgramLine,  error_source::kProgram, 1101, severity::kError,   u"NC"},
-    RaisedFault{Raised::kConfirm,      error_source::kKernel,  3753, severity::kError,   u"NC"},
-    RaisedFault{Raised::kFatal,        error_source::kKernel,  2001, severity::kFatal,   u"KRN"},
+    RaisedFault{Raised::kDoorOpen,     error_source::kPlc,     5012, severity::kError,   u"PLC", true},
+    RaisedFault{Raised::kDriveWarning, error_source::kDrive,   6101, severity::kWarning, u"DRV", false},
+    RaisedFault{Raised::kDriveFault,   error_source::kDrive,   6201, severity::kError,   u"DRV", true},
+    RaisedFault{Raised::kBusFault,     error_source::kCanOpen, 6301, severity::kError,   u"BUS", true},
+    RaisedFault{Raised::kProgramLine,  error_source::kProgram, 1101, severity::kError,   u"NC",  false},
+    RaisedFault{Raised::kConfirm,      error_source::kKernel,  3753, severity::kError,   u"NC",  false},
+    RaisedFault{Raised::kFatal,        error_source::kKernel,  2001, severity::kFatal,   u"KRN", true},
 };
 
 // The PLC's texts are shown with their separator, so it is a blank.
@@ -58,6 +59,13 @@ constexpr std::array kTexts{
 
 constexpr std::int32_t kFirstAxis = 1;
 
+/// Null for a value that is no fault.
+const RaisedFault* RowOf(Raised fault) {
+  const auto* row = std::find_if(kFaults.begin(), kFaults.end(),
+                                 [fault](const RaisedFault& candidate) { return candidate.fault == fault; });
+  return row == kFaults.end() ? nullptr : row;
+}
+
 void PutDriveCode(RecordMaker& maker, std::uint16_t code) {
   maker.Parameter(parameter_meaning::kAxis, value_type::kInt32, kFirstAxis);
   maker.Parameter(parameter_meaning::kDriveCode, value_type::kUint16, code);
@@ -78,9 +86,8 @@ void PutSpot(RecordMaker& maker, const rig::ProgramSpot& spot) {
 std::span<const TableText> RaisedTexts() { return kTexts; }
 
 ErrorRecord MakeRaisedRecord(Raised fault, const rig::ProgramSpot& spot) {
-  const auto* row = std::find_if(kFaults.begin(), kFaults.end(),
-                                 [fault](const RaisedFault& candidate) { return candidate.fault == fault; });
-  if (row == kFaults.end()) return {};
+  const RaisedFault* row = RowOf(fault);
+  if (row == nullptr) return {};
   RecordMaker maker(row->source, row->number, row->severity, row->module);
   if (fault == Raised::kDriveWarning) PutDriveCode(maker, kWarningCode);
   if (fault == Raised::kDriveFault) PutDriveCode(maker, kFaultCode);
@@ -90,6 +97,16 @@ ErrorRecord MakeRaisedRecord(Raised fault, const rig::ProgramSpot& spot) {
     maker.EmergencyCode(kHeartbeatLost);
   }
   return maker.Record();
+}
+
+std::int32_t RaisedNumber(Raised fault) {
+  const RaisedFault* row = RowOf(fault);
+  return row == nullptr ? 0 : row->number;
+}
+
+bool HasCause(Raised fault) {
+  const RaisedFault* row = RowOf(fault);
+  return row != nullptr && row->hasCause;
 }
 
 }  // namespace pnl::sim

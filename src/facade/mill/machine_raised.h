@@ -27,5 +27,9 @@ struct TableText {
 [[nodiscard]] std::span<const TableText> RaisedTexts();
 /// Makes the record of a fault. Only kProgramLine uses the spot. A folder or a name that doesn't fit the record is cut.
 [[nodiscard]] ErrorRecord MakeRaisedRecord(rig::MachineControl::Fault fault, const rig::ProgramSpot& spot);
+/// The number of the error that the fault raises.
+[[nodiscard]] std::int32_t RaisedNumber(rig::MachineControl::Fault fault);
+/// Whether the fault has a cause that can stand, as SetCause says.
+[[nodiscard]] bool HasCause(rig::MachineControl::Fault fault);
 
 }  // namespace pnl::sim

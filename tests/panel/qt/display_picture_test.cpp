@@ -28,6 +28,7 @@ class PictureTest : public ::testing::Test {
 struct AxisRow {
   const char* name;
   QRect field;
+  QRect head;
   QRect digits;
   QRect value;
   QRect foot;
@@ -35,12 +36,15 @@ struct AxisRow {
 };
 
 Strokes AxisPicture(const std::vector<AxisRow>& rows, const QString& number, const QString& left, const QString& right,
-                    QRgb going) {
+                    QRgb going, bool machine = false) {
+  const QRgb quiet = machine ? theme::kOrchid : theme::kMuted;
+  const QRgb loud = machine ? theme::kOrchid : theme::kText;
   return Pictured([&](Picture& picture) {
     for (const AxisRow& row : rows) {
       picture.Field(row.field, theme::kSurface, theme::kBorder)
+          .Right(row.head, machine ? "mm, MACHINE" : "mm, G54", Font(11), quiet)
           .Left(row.digits, row.name, Font(row.pixels, true), theme::kAccent)
-          .Right(row.value, number, Font(row.pixels, true), theme::kText)
+          .Right(row.value, number, Font(row.pixels, true), loud)
           .Left(row.foot, left, Font(14), theme::kMuted)
           .Right(row.foot, right, Font(14), going);
     }
@@ -49,14 +53,15 @@ Strokes AxisPicture(const std::vector<AxisRow>& rows, const QString& number, con
 
 TEST_F(PictureTest, AxesStandInColumnsWhenTheFieldIsABand) {
   AxisDisplay axes(nullptr);
+  axes.SetFrame("G54");
   axes.resize(1196, 100);
   axes.Show({{"X", 1.5, 2.5, 3.5}, {"Y", 1.5, 2.5, 3.5}}, true, false);
   const std::vector<AxisRow> rows = {
-      {"X", {0, 0, 596, 100}, {10, 4, 576, 75}, {77, 4, 509, 75}, {10, 79, 576, 17}, 67},
-      {"Y", {600, 0, 596, 100}, {610, 4, 576, 75}, {677, 4, 509, 75}, {610, 79, 576, 17}, 67}};
+      {"X", {0, 0, 596, 100}, {10, 4, 576, 13}, {10, 17, 576, 62}, {65, 17, 521, 62}, {10, 79, 576, 17}, 55},
+      {"Y", {600, 0, 596, 100}, {610, 4, 576, 13}, {610, 17, 576, 62}, {665, 17, 521, 62}, {610, 79, 576, 17}, 55}};
   EXPECT_EQ(StrokesOf(axes), AxisPicture(rows, "1.500", "machine 2.500", "to go 3.500", theme::kAmber));
   axes.ShowMachinePositions(true);
-  EXPECT_EQ(StrokesOf(axes), AxisPicture(rows, "2.500", "work 1.500", "to go 3.500", theme::kAmber));
+  EXPECT_EQ(StrokesOf(axes), AxisPicture(rows, "2.500", "work 1.500", "to go 3.500", theme::kAmber, true));
   axes.ShowMachinePositions(false);
   axes.Show({{"X", 1.5, 2.5, 3.5}, {"Y", 1.5, 2.5, 3.5}}, false, false);
   EXPECT_EQ(StrokesOf(axes), AxisPicture(rows, "1.500", "machine 2.500", "to go 3.500", theme::kMuted)) << "at rest";
@@ -64,22 +69,43 @@ TEST_F(PictureTest, AxesStandInColumnsWhenTheFieldIsABand) {
 
 TEST_F(PictureTest, AxesStandInRowsWhenTheFieldIsTall) {
   AxisDisplay axes(nullptr);
+  axes.SetFrame("G54");
   axes.resize(900, 400);
   axes.Show({{"X", 1, 2, 3}, {"Y", 1, 2, 3}, {"Z", 1, 2, 3}}, true, false);
-  EXPECT_EQ(StrokesOf(axes),
-            AxisPicture({{"X", {0, 0, 900, 130}, {10, 4, 880, 105}, {104, 4, 786, 105}, {10, 109, 880, 17}, 94},
-                         {"Y", {0, 134, 900, 131}, {10, 138, 880, 106}, {105, 138, 785, 106}, {10, 244, 880, 17}, 95},
-                         {"Z", {0, 269, 900, 131}, {10, 273, 880, 106}, {105, 273, 785, 106}, {10, 379, 880, 17}, 95}},
-                        "1.000", "machine 2.000", "to go 3.000", theme::kAmber));
+  EXPECT_EQ(
+      StrokesOf(axes),
+      AxisPicture(
+          {{"X", {0, 0, 900, 130}, {10, 4, 880, 13}, {10, 17, 880, 92}, {92, 17, 798, 92}, {10, 109, 880, 17}, 82},
+           {"Y",
+            {0, 134, 900, 131},
+            {10, 138, 880, 13},
+            {10, 151, 880, 93},
+            {93, 151, 797, 93},
+            {10, 244, 880, 17},
+            83},
+           {"Z",
+            {0, 269, 900, 131},
+            {10, 273, 880, 13},
+            {10, 286, 880, 93},
+            {93, 286, 797, 93},
+            {10, 379, 880, 17},
+            83}},
+          "1.000", "machine 2.000", "to go 3.000", theme::kAmber));
 }
 
 TEST_F(PictureTest, ANumberOfAnAxisIsNeverHigherThanAHundredAndTenPixels) {
   AxisDisplay axes(nullptr);
+  axes.SetFrame("G54");
   axes.resize(2000, 400);
   axes.Show({{"X", 1, 2, 3}}, true, false);
-  EXPECT_EQ(StrokesOf(axes),
-            AxisPicture({{"X", {0, 0, 2000, 400}, {10, 4, 1980, 375}, {120, 4, 1870, 375}, {10, 379, 1980, 17}, 110}},
-                        "1.000", "machine 2.000", "to go 3.000", theme::kAmber));
+  EXPECT_EQ(StrokesOf(axes), AxisPicture({{"X",
+                                           {0, 0, 2000, 400},
+                                           {10, 4, 1980, 13},
+                                           {10, 17, 1980, 362},
+                                           {120, 17, 1870, 362},
+                                           {10, 379, 1980, 17},
+                                           110}},
+                                         "1.000", "machine 2.000", "to go 3.000", theme::kAmber));
 }
 
 TEST_F(PictureTest, AxesTurnIntoColumnsAboveThreeTimesTheHeight) {
@@ -292,15 +318,22 @@ TEST_F(PictureTest, ReadingsTakeTwoColumnsFromAHundredPixelsOn) {
   EXPECT_TRUE(StrokesOf(readings).empty());
 }
 
-TEST_F(PictureTest, ADetailStandsBesideItsCaptionOnlyWithRoomBetween) {
+TEST_F(PictureTest, ADetailStandsBesideItsCaptionInLettersThatLeaveRoomBetween) {
   const QFont small = Font(12);
   const int both = WidthOf("feed", small) + WidthOf("F5", small) + 6;
   for (const int room : {both, both + 1}) {
     Readings readings(nullptr);
     readings.Show({kTiles[0]});
     readings.resize(room + 16, 44);
-    EXPECT_EQ(TextsOf(readings).contains("F5"), room > both) << room;
+    EXPECT_TRUE(TextsOf(readings).contains("F5")) << room;
+    const bool smaller = std::ranges::none_of(
+        StrokesOf(readings), [](const std::string& stroke) { return stroke.find(" 12 px weight 400") != stroke.npos; });
+    EXPECT_EQ(smaller, room <= both) << room;
   }
+  Readings readings(nullptr);
+  readings.Show({kTiles[0]});
+  readings.resize(26, 44);
+  EXPECT_FALSE(TextsOf(readings).contains("F5")) << "not even in the smallest letters";
 }
 
 TEST_F(PictureTest, ADetailStandsBelowFromThreeCaptionsHighOn) {
@@ -474,8 +507,8 @@ TEST_F(PictureTest, AWordOfTheStripGetsSmallerDownToElevenPixels) {
   EXPECT_TRUE(pixelsOf(words, theme::FittingFont(words, 174, 18, 11, true)));
   StatusStrip strip(nullptr);
   strip.resize(120, 40);
-  strip.Show({Word::kEmergencyStop, theme::kRed, true}, "");
-  EXPECT_THAT(StrokesOf(strip), ::testing::Contains(::testing::HasSubstr(" 11 px weight 600")));
+  strip.Show({Word::kInspection, theme::kRed, Word::kEmergencyStop}, "");
+  EXPECT_THAT(StrokesOf(strip), ::testing::Contains(::testing::HasSubstr(" 8 px weight 600"))) << "a state in two rows";
   EXPECT_EQ(strip.accessibleName(), "INSPECTION, EMERGENCY STOP ");
 }
 

@@ -5,7 +5,6 @@
 #include "ui/axis_display.h"
 #include "ui/message_zone.h"
 #include "ui/readings.h"
-#include "ui/status_strip.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -25,48 +24,6 @@ TEST(ReadingsTest, NumbersHaveTheDecimalsTheyNeed) {
   EXPECT_EQ(FormatNumber(1234.56), "1234.6");
   EXPECT_EQ(FormatNumber(-0.0), "0");
   EXPECT_EQ(FormatNumber(std::numeric_limits<double>::infinity()), "-----");
-}
-
-struct LookRow {
-  int status;
-  bool feedHold;
-  bool inspecting;
-  bool emergencyStop;
-  const char* english;
-  const char* spanish;
-  QRgb color;
-};
-
-TEST(StatusStripTest, TheStateSaysTheMoreExactWordAndInspectionHidesNoMotion) {
-  const LookRow rows[] = {
-      {1, false, false, false, "READY", "LISTO", theme::kSteel},
-      {2, false, false, false, "RUNNING", "EN MARCHA", theme::kGreen},
-      {4, false, false, false, "INTERRUPTED", "INTERRUMPIDO", theme::kAmber},
-      {4, true, false, false, "FEED HOLD", "RETENCIÓN", theme::kAmber},
-      {8, true, false, false, "ABORTED", "ABORTADO", theme::kRed},
-      {99, false, false, false, "READY", "LISTO", theme::kSteel},
-      {1, false, true, false, "INSPECTION", "INSPECCIÓN", theme::kViolet},
-      {2, false, true, false, "INSPECTION, RUNNING", "INSPECCIÓN, EN MARCHA", theme::kGreen},
-      {4, false, true, false, "INSPECTION, INTERRUPTED", "INSPECCIÓN, INTERRUMPIDO", theme::kAmber},
-      {4, true, true, false, "INSPECTION, FEED HOLD", "INSPECCIÓN, RETENCIÓN", theme::kAmber},
-      {8, false, true, false, "INSPECTION, ABORTED", "INSPECCIÓN, ABORTADO", theme::kRed},
-      {1, false, false, true, "EMERGENCY STOP", "PARADA DE EMERGENCIA", theme::kRed},
-      {2, true, true, true, "EMERGENCY STOP", "PARADA DE EMERGENCIA", theme::kRed},
-  };
-  StatusStrip strip(nullptr);
-  for (const LookRow& row : rows) {
-    pnl::rig::MachineState state;
-    state.channelStatus = row.status;
-    state.feedHold = row.feedHold;
-    state.inspecting = row.inspecting;
-    state.emergencyStop = row.emergencyStop;
-    strip.Show(LookOf(state), {});
-    UseWords("es");
-    EXPECT_EQ(strip.StateText(), row.spanish);
-    UseWords("en");
-    EXPECT_EQ(strip.StateText(), row.english);
-    EXPECT_EQ(LookOf(state).color, row.color) << row.english;
-  }
 }
 
 QColor PixelOf(QWidget& widget, int x, int y) { return widget.grab().toImage().pixelColor(x, y); }

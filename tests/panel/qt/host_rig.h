@@ -27,6 +27,7 @@ class WrittenMachine : public pnl::rig::MachineControl {
   void Reset() override { rig_.Write("Reset"); }
   void Inspection(bool on) override { rig_.Write("Inspection", on); }
   void EmergencyStop(bool on) override { rig_.Write("EmergencyStop", on); }
+  void SetCause(Fault fault, bool stands) override { rig_.Write("SetCause", static_cast<int>(fault), stands); }
   void Raise(Fault fault, const ProgramSpot& spot) override {
     rig_.Write("Raise", static_cast<int>(fault), WrittenRig::Text(spot.file), spot.position);
   }

@@ -53,7 +53,8 @@ TEST(ContrastTest, EveryTextOfThePanelIsReadOnEveryFieldThatItStandsOn) {
         Pair{"accent on background", theme::kAccent, theme::kBackground},
         Pair{"accent on surface", theme::kAccent, theme::kSurface},
         Pair{"accent in the caret's line", theme::kAccent, theme::kRaised},
-        Pair{"amber on surface", theme::kAmber, theme::kSurface}, Pair{"warning", theme::kDark, theme::kAmber}}) {
+        Pair{"amber on surface", theme::kAmber, theme::kSurface},
+        Pair{"orchid on surface", theme::kOrchid, theme::kSurface}, Pair{"warning", theme::kDark, theme::kAmber}}) {
     EXPECT_GE(Contrast(QColor(pair.ink), QColor(pair.fill)), kLeastContrast) << pair.name;
   }
 }
@@ -77,16 +78,9 @@ TEST(ContrastTest, AKeyIsReadInEveryStateAndColour) {
 }
 
 TEST(ContrastTest, TheStateOfTheChannelIsReadInEveryColour) {
-  for (const int status : {1, 2, 4, 8}) {
-    for (int flags = 0; flags < 8; ++flags) {
-      pnl::rig::MachineState state;
-      state.channelStatus = status;
-      state.feedHold = (flags & 1) != 0;
-      state.inspecting = (flags & 2) != 0;
-      state.emergencyStop = (flags & 4) != 0;
-      const QColor fill(LookOf(state).color);
-      EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << status << " with " << flags;
-    }
+  for (const LookRow& row : LookTable()) {
+    const QColor fill(row.look.color);
+    EXPECT_GE(Contrast(theme::InkOn(fill), fill), kLeastContrast) << TextOf(row.look).toStdString();
   }
 }
 
@@ -304,6 +298,53 @@ TEST(OperatorKeysTest, TheOverrideStepsWhenItsKeyGoesDownAndGoesOnWhileItIsHeld)
     send(key, QEvent::MouseButtonRelease);
     EXPECT_EQ(pressed, std::vector<Action>{action}) << "one press is one step";
   }
+}
+
+TEST(OperatorKeysTest, ADimKeyTellsOfATouchOnceAndAnAbleOneAsBefore) {
+  OperatorKeys keys(nullptr);
+  keys.resize(900, 60);
+  keys.Show([](Action action) { return action != Action::kCancel; }, [](Action) { return false; });
+  std::vector<Action> pressed;
+  QObject::connect(&keys, &OperatorKeys::Pressed, [&](Action action) { pressed.push_back(action); });
+  for (const Action action : {Action::kCancel, Action::kReset}) {
+    PanelKey* key = keys.Key(action);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QMouseEvent event(type, QPointF(5, 5), key->mapToGlobal(QPointF(5, 5)), Qt::LeftButton,
+                        type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(key, &event);
+    }
+  }
+  EXPECT_EQ(pressed, (std::vector{Action::kCancel, Action::kReset}));
+}
+
+TEST(OperatorKeysTest, StartHasItsReasonOnTheKeyAndInItsTip) {
+  UseWords("en");
+  OperatorKeys keys(nullptr);
+  keys.resize(792, 54);
+  keys.ShowStartReason("door open", "The <b>door</b> is open");
+  const PanelKey* start = keys.Key(Action::kCycleStart);
+  EXPECT_TRUE(TextsOf(*keys.Key(Action::kCycleStart)).contains("door open"));
+  ExpectPlainTip(*start, TooltipOf(Action::kCycleStart));
+  ExpectPlainTip(*start, "The <b>door</b> is open");
+  keys.ShowStartReason({}, {});
+  EXPECT_FALSE(TextsOf(*keys.Key(Action::kCycleStart)).contains("door open"));
+  EXPECT_EQ(start->toolTip(), TooltipOf(Action::kCycleStart));
+}
+
+TEST(OperatorKeysTest, EveryReasonOnTheStartKeyIsShownWholeBesideItsCaption) {
+  for (const char* language : {"en", "es"}) {
+    UseWords(language);
+    for (const Word note : {Word::kStoppedNote, Word::kDoorNote, Word::kFaultNote}) {
+      OperatorKeys keys(nullptr);
+      keys.resize(792, 54);
+      keys.SetFontPixels(14);
+      keys.ShowStartReason(Say(note), "reason");
+      const QStringList shown = TextsOf(*keys.Key(Action::kCycleStart));
+      EXPECT_TRUE(shown.contains(Say(note))) << shown.join('|').toStdString();
+      EXPECT_TRUE(shown.contains(Say(Word::kCycleStart))) << shown.join('|').toStdString();
+    }
+  }
+  UseWords("en");
 }
 
 }  // namespace

@@ -49,6 +49,7 @@ TEST_P(NumbersAt, EveryDigitOfEveryAxisShows) {
       const QString number = FormatPosition(position, GetParam().inches);
       EXPECT_FALSE(shown.join(' ').contains(QChar(0x2026))) << shown.join('|').toStdString();
       EXPECT_GE(shown.count(number), 2) << shown.join('|').toStdString();
+      EXPECT_EQ(shown.count(axes.FrameText()), 3) << shown.join('|').toStdString();
       EXPECT_TRUE(shown.contains(Say(Word::kToGo) + ' ' + number)) << shown.join('|').toStdString();
       EXPECT_TRUE(shown.contains(Say(machine ? Word::kWorkPosition : Word::kMachinePosition) + ' ' + number));
     }
@@ -72,6 +73,7 @@ TEST_P(NumbersAt, EveryDigitOfEveryReadingShows) {
     for (const Reading& reading : readings.Shown()) {
       EXPECT_TRUE(shown.contains(reading.value)) << reading.value.toStdString();
       EXPECT_TRUE(shown.contains(reading.caption)) << reading.caption.toStdString();
+      EXPECT_TRUE(reading.detail.isEmpty() || shown.contains(reading.detail)) << reading.detail.toStdString();
     }
   }
 }
@@ -83,6 +85,33 @@ INSTANTIATE_TEST_SUITE_P(Sizes, NumbersAt,
                                            NumbersRow{{1024, 768}, true, "es"}, NumbersRow{{1600, 860}, false, "es"},
                                            NumbersRow{{1920, 1080}, false, "en"},
                                            NumbersRow{{1920, 1080}, true, "es"}));
+
+TEST_P(NumbersAt, WhatIsProgrammedShowsBesideEveryUnitOfTheFeed) {
+  const PanelLayout layout = LayOutWithin(GetParam().window, theme::TouchPixels(96));
+  Readings readings(nullptr);
+  readings.resize(layout.readings.size());
+  readings.SetFontPixels(Scaled(layout, 12));
+  pnl::rig::MachineState state;
+  state.inches = GetParam().inches;
+  state.spindleDirection = 1;
+  state.programmedSpeed = 12000;
+  // The smallest window has no room for the longest details.
+  const bool small = GetParam().window.width() < 800;
+  state.cuttingSpeed = !small;
+  state.coolant = true;
+  for (const bool perRevolution : {false, true}) {
+    for (const bool rapid : {false, true}) {
+      state.feedPerRevolution = perRevolution;
+      state.rapid = rapid && !small;
+      state.programmedFeed = perRevolution ? 0.1234 : 12345.6;
+      readings.Show(ReadingsOf(state));
+      const QStringList shown = TextsOf(readings);
+      for (const Reading& reading : readings.Shown()) {
+        EXPECT_TRUE(reading.detail.isEmpty() || shown.contains(reading.detail)) << shown.join('|').toStdString();
+      }
+    }
+  }
+}
 
 TEST(PositionTest, InchesHaveFourDecimalsAndNoNegativeZero) {
   EXPECT_EQ(FormatPosition(25.4, true), "1.0000");
@@ -109,6 +138,29 @@ TEST(AxisDisplayTest, AChangeOfUnitAloneShows) {
   EXPECT_EQ(axes.accessibleName(), "X 25.400");
   axes.Show({{"X", 25.4, 0, 0}}, false, true);
   EXPECT_EQ(axes.accessibleName(), "X 1.0000");
+}
+
+TEST(AxisDisplayTest, EachNumberNamesItsUnitAndItsFrame) {
+  AxisDisplay axes(nullptr);
+  axes.Show({{"X", 25.4, 0, 0}}, false, false);
+  const struct {
+    const char* language;
+    const char* frame;
+    bool inches;
+    bool machine;
+    const char* text;
+  } rows[] = {{"en", "G54", false, false, "mm, G54"},     {"en", "G59", true, false, "inch, G59"},
+              {"en", "G54", true, true, "inch, MACHINE"}, {"en", "", false, false, "mm, WORK"},
+              {"es", "G54", true, false, "pulg., G54"},   {"es", "G54", false, true, "mm, MÁQUINA"},
+              {"es", "", false, false, "mm, PIEZA"}};
+  for (const auto& row : rows) {
+    UseWords(row.language);
+    axes.SetFrame(row.frame);
+    axes.ShowMachinePositions(row.machine);
+    axes.Show({{"X", 25.4, 0, 0}}, false, row.inches);
+    EXPECT_EQ(axes.FrameText(), row.text);
+  }
+  UseWords("en");
 }
 
 struct UnitRow {
@@ -156,6 +208,22 @@ TEST(ReadingsTest, AFeedPerRevolutionOfASpindleAtRestIsNothing) {
   state.feedPerRevolution = true;
   state.feed = 100;
   EXPECT_EQ(ReadingsOf(state)[0].value, "0");
+}
+
+TEST(ReadingsTest, ARapidIsPerMinuteWhateverTheFeedIsProgrammedIn) {
+  UseWords("en");
+  pnl::rig::MachineState state;
+  state.feedPerRevolution = true;
+  state.programmedFeed = 0.2;
+  state.spindleSpeed = 1000;
+  state.feed = 10000;
+  state.rapid = true;
+  EXPECT_EQ(ReadingsOf(state)[0].caption, "F  mm/min");
+  EXPECT_EQ(ReadingsOf(state)[0].value, "10000");
+  EXPECT_EQ(ReadingsOf(state)[0].detail, "G95 F0.2");
+  state.rapid = false;
+  EXPECT_EQ(ReadingsOf(state)[0].caption, "F  mm/rev");
+  EXPECT_EQ(ReadingsOf(state)[0].detail, "F0.2");
 }
 
 TEST(ReadingsTest, AnOverrideOtherThanAHundredStandsOut) {

@@ -13,6 +13,7 @@ namespace panel {
 namespace {
 
 using State = pnl::rig::MachineState;
+using pnl::rig::MachineFault;
 
 struct ActionRow {
   Action action;
@@ -187,11 +188,11 @@ TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
   std::string calls;
   for (const DemoFault& fault : DemoFaults()) op.RaiseFault(fault, spot);
   EXPECT_EQ(Calls(),
-            "EmergencyStop 1\nRaise 0 'A.NC' 7\nRaise 1 'A.NC' 7\nRaise 2 'A.NC' 7\nRaise 3 'A.NC' 7\n"
-            "Raise 4 'A.NC' 7\nRaise 5 'A.NC' 7\nRaise 6 'A.NC' 7");
+            "EmergencyStop 1\nSetCause 0 1\nRaise 1 'A.NC' 7\nSetCause 2 1\nSetCause 3 1\n"
+            "Raise 4 'A.NC' 7\nRaise 5 'A.NC' 7\nSetCause 6 1");
   op.SetHint("other");
   for (const DemoFault& fault : DemoFaults().subspan(1, 3)) op.RaiseFault(fault, std::nullopt);
-  EXPECT_EQ(Calls(), "Raise 0 '' 0\nRaise 1 '' 0\nRaise 2 '' 0");
+  EXPECT_EQ(Calls(), "SetCause 0 1\nRaise 1 '' 0\nSetCause 2 1");
   EXPECT_EQ(Hint(), "");
   op.RaiseFault({Word::kFaultProgramLine, pnl::rig::MachineControl::Fault::kProgramLine}, std::nullopt);
   EXPECT_EQ(Hint(), Warning(Word::kFaultNeedsProgram));
@@ -199,6 +200,9 @@ TEST_F(HostFixture, FaultsAreRaisedAsTheirTableSays) {
   op.RaiseFault(DemoFaults()[0], std::nullopt);
   EXPECT_EQ(Calls(), "EmergencyStop 0");
   EXPECT_EQ(Hint(), "");
+  rig.machine.state.causes = {MachineFault::kDriveFault};
+  for (const DemoFault& fault : DemoFaults().subspan(1, 3)) op.RaiseFault(fault, std::nullopt);
+  EXPECT_EQ(Calls(), "SetCause 0 1\nRaise 1 '' 0\nSetCause 2 0") << "what stands is ended";
 }
 
 TEST_F(HostFixture, TheModeIsThatOfTheChannelOrOfTheMachine) {

@@ -443,8 +443,14 @@ TEST_F(ErrorsTest, TheFaultKeysStandBehindOneKeyAndLeadBack) {
     if (DemoFaults()[i].fault == Fault::kProgramLine) continue;
     press(bar.Items()[i].id);
     EXPECT_EQ(Queue(), 1u) << i;
+    EXPECT_EQ(bar.Items()[i].checked, DemoFaults()[i].stands) << i;
     rig_.Cnc().ClearErrors();
     Settle();
+    if (!DemoFaults()[i].stands) continue;
+    EXPECT_TRUE(bar.Items()[i].checked) << "its error has gone, its cause has not";
+    press(bar.Items()[i].id);
+    EXPECT_FALSE(bar.Items()[i].checked) << i;
+    EXPECT_EQ(Queue(), 0u) << i;
   }
   bar.Back();
   bar.Back();

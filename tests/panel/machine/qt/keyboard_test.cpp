@@ -3,6 +3,7 @@
 // was on its way elsewhere acts on an error that has just come.
 #include <gtest/gtest.h>
 
+#include <QMessageBox>
 #include <QPlainTextEdit>
 
 #include "panel/machine/qt/panel_fixture.h"
@@ -331,15 +332,15 @@ TEST_F(KeyboardTest, TheCaretKeysPutTheCaretOfTheCommandLineBehindItsText) {
   EXPECT_EQ(Line(PNL_TOOL_MDI)->cursorPosition(), 5);
 }
 
-TEST_F(KeyboardTest, AnEnterTypedIntoTheProgramConfirmsNoErrorThatHasJustCome) {
-  // It confirmed the error and was lost for the program, where two blocks became one line.
+TEST_F(KeyboardTest, AnEnterTypedIntoTheProgramConfirmsNoErrorThatHasJustComeAndEditsNothing) {
+  // It confirmed the error; later it broke the program's line at a caret that nobody was looking at.
   Type("G0 X1");
   Raise(Fault::kConfirm);
   ASSERT_TRUE(Has(Errors()));
   RealKey(Qt::Key_Return);
   EXPECT_EQ(Queue(), 1u);
   EXPECT_TRUE(ErrorsShown());
-  EXPECT_EQ(window_->ProgramText(), "G0 X1\n") << "the line ended all the same";
+  EXPECT_EQ(window_->ProgramText(), "G0 X1");
 }
 
 TEST_F(KeyboardTest, AnEscapeOnItsWayAcknowledgesNoErrorThatHasJustCome) {
@@ -356,7 +357,10 @@ TEST_F(KeyboardTest, ATouchOnItsWayDoesNothingToAnErrorThatHasJustCome) {
   Touch(Errors(), Errors()->rect().center());
   Touch(Errors(), PictureOf(kAcknowledge)->geometry().center());
   EXPECT_EQ(Queue(), 1u);
-  clock_ += 1000;
+  clock_ += 699;
+  Touch(Errors(), PictureOf(kAcknowledge)->geometry().center());
+  EXPECT_EQ(Queue(), 1u);
+  clock_ += 1;
   Touch(Errors(), PictureOf(kAcknowledge)->geometry().center());
   EXPECT_EQ(Queue(), 0u);
 }
@@ -364,15 +368,20 @@ TEST_F(KeyboardTest, ATouchOnItsWayDoesNothingToAnErrorThatHasJustCome) {
 TEST_F(KeyboardTest, AnErrorThatWasReadIsAnsweredByTheKeyboard) {
   Type("G0 X1");
   Raise(Fault::kConfirm);
-  clock_ += 499;
+  clock_ += 699;
   RealKey(Qt::Key_Return);
   EXPECT_EQ(Queue(), 1u);
-  clock_ += 1;
+  clock_ += 699;
+  RealKey(Qt::Key_G);
+  clock_ += 699;
+  RealKey(Qt::Key_Return);
+  EXPECT_EQ(Queue(), 1u) << "the typing hasn't paused";
+  clock_ += 700;
   RealKey(Qt::Key_Return);
   EXPECT_EQ(Queue(), 0u);
-  EXPECT_EQ(window_->ProgramText(), "G0 X1\n");
+  EXPECT_EQ(window_->ProgramText(), "G0 X1");
   Raise(Fault::kDriveFault);
-  clock_ += 500;
+  clock_ += 700;
   RealKey(Qt::Key_Escape);
   EXPECT_EQ(Queue(), 0u);
 }
@@ -454,15 +463,88 @@ TEST_F(KeyboardTest, AKeyOfThePanelKeepsTheKeyboardThatTabGaveIt) {
   EXPECT_EQ(session_.WorkingTool(), PNL_TOOL_CALCULATOR);
 }
 
-TEST_F(KeyboardTest, AnotherKeyThanEscapeAndEnterIsNeverHeldBack) {
+TEST_F(KeyboardTest, TheMachinesKeysActAtOnceUnderAnErrorThatHasJustCome) {
   Raise(Fault::kConfirm);
-  RealKey(Qt::Key_Down);
-  EXPECT_EQ(Queue(), 1u);
   RealKey(Qt::Key_Enter);
   EXPECT_EQ(Queue(), 1u) << "just come";
-  clock_ += 500;
-  RealKey(Qt::Key_Enter);
-  EXPECT_EQ(Queue(), 0u);
+  RealKey(Qt::Key_F11);
+  EXPECT_TRUE(op_->Machine().singleBlock);
+  RealKey(Qt::Key_F12);
+  EXPECT_EQ(Queue(), 0u) << "a reset";
+}
+
+TEST_F(KeyboardTest, AQuestionThatHasJustComeIsAnsweredOnlyOnceItCouldBeRead) {
+  for (const int key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space}) {
+    std::optional<int> answered;
+    window_->Asking().Ask("Really?", {"Yes", "No"}, [&answered](int index) { answered = index; });
+    Settle();
+    RealKey(key);
+    clock_ += 699;
+    RealKey(key);
+    Touch(&window_->Asking(), window_->Asking().Key(0)->geometry().center());
+    EXPECT_FALSE(answered) << key;
+    EXPECT_TRUE(window_->Asking().IsOpen());
+    clock_ += 700;
+    RealKey(Qt::Key_Escape);
+    EXPECT_EQ(answered, 1) << key;
+  }
+  EXPECT_EQ(window_->ProgramText(), "");
+}
+
+TEST_F(KeyboardTest, AQuestionThatComesBackAfterAnErrorIsNotAnsweredByTheKeyThatClosedTheError) {
+  std::optional<int> answered;
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [&answered](int index) { answered = index; });
+  clock_ += 1000;
+  Raise(Fault::kDriveFault);
+  clock_ += 700;
+  RealKey(Qt::Key_Escape);
+  ASSERT_EQ(Queue(), 0u);
+  ASSERT_TRUE(window_->Asking().isVisible());
+  RealKey(Qt::Key_Escape);
+  EXPECT_FALSE(answered);
+  clock_ += 700;
+  RealKey(Qt::Key_Escape);
+  EXPECT_EQ(answered, 1);
+}
+
+TEST_F(KeyboardTest, AKeyTouchedOnTheScreenIsHeldBackLikeOneOfTheKeyboard) {
+  EXPECT_TRUE(window_->KeyboardOwner().MayAct(Qt::Key_Return));
+  Raise(Fault::kConfirm);
+  EXPECT_FALSE(window_->KeyboardOwner().MayAct(Qt::Key_Return));
+  clock_ += 699;
+  EXPECT_FALSE(window_->KeyboardOwner().MayAct(Qt::Key_Escape));
+  clock_ += 699;
+  EXPECT_FALSE(window_->KeyboardOwner().MayAct(Qt::Key_Return)) << "the typing goes on";
+  clock_ += 700;
+  EXPECT_TRUE(window_->KeyboardOwner().MayAct(Qt::Key_Return));
+}
+
+TEST_F(KeyboardTest, AMessageBoxThatHasJustComeTakesNoKeyYet) {
+  QMessageBox box(QMessageBox::Question, "Title", "Really?", QMessageBox::Yes | QMessageBox::No, window_.get());
+  box.open();
+  Settle();
+  const auto press = [&box] {
+    qt_handleKeyEvent(box.windowHandle(), QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), false, 1);
+    Settle();
+  };
+  press();
+  EXPECT_TRUE(box.isVisible());
+  clock_ += 700;
+  press();
+  EXPECT_FALSE(box.isVisible());
+}
+
+TEST_F(KeyboardTest, AScriptAnswersAQuestionAtOnce) {
+  std::optional<int> answered;
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [&answered](int index) { answered = index; });
+  Key(Qt::Key_Return);
+  EXPECT_EQ(answered, 1);
+}
+
+TEST_F(KeyboardTest, ALineThatIsTypedTakesEveryKeyAtOnce) {
+  Do(Action::kOpenMdi);
+  RealKey(Qt::Key_Escape);
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
 }
 
 }  // namespace

@@ -88,6 +88,125 @@ TEST_F(OperatorTest, AnEmergencyStopInTheMiddleOfABlockShowsTooAndTheFaultKeyRel
   EXPECT_FALSE(op_->Machine().emergencyStop);
 }
 
+TEST_F(OperatorTest, ACauseThatStandsOutlivesAResetAndStartSaysWhyItIsDim) {
+  struct Row {
+    Fault fault;
+    const char* state;
+    Word note;
+    Word reason;
+  };
+  for (const Row& row : {Row{Fault::kDoorOpen, "DOOR OPEN", Word::kDoorNote, Word::kCloseDoor},
+                         Row{Fault::kDriveFault, "FAULT", Word::kFaultNote, Word::kDriveIsOff},
+                         Row{Fault::kBusFault, "FAULT", Word::kFaultNote, Word::kBusIsDown},
+                         Row{Fault::kFatal, "FAULT", Word::kFaultNote, Word::kControlIsDown}}) {
+    SetCause(row.fault);
+    EXPECT_EQ(State(), row.state);
+    EXPECT_EQ(Queue(), 1u);
+    Do(Action::kReset);
+    Advance(100);
+    EXPECT_EQ(State(), row.state) << "no reset ends a cause";
+    EXPECT_EQ(Queue(), 1u) << "so its error comes back";
+    EXPECT_TRUE(ErrorsShown());
+    EXPECT_FALSE(StartKey()->isEnabled());
+    EXPECT_EQ(StartKey()->Note(), Say(row.note));
+    EXPECT_TRUE(StartKey()->toolTip().contains(Say(row.reason)));
+    Do(Action::kCycleStart);
+    EXPECT_EQ(ZoneText(), Say(row.reason));
+    SetCause(row.fault, false);
+    EXPECT_EQ(ZoneText(), "") << "it is no longer true";
+    EXPECT_EQ(State(), "READY");
+    EXPECT_TRUE(StartKey()->isEnabled());
+    EXPECT_EQ(StartKey()->Note(), "");
+    EXPECT_FALSE(StartKey()->toolTip().contains(Say(row.reason)));
+    Do(Action::kReset);
+    EXPECT_EQ(Queue(), 0u);
+  }
+}
+
+TEST_F(OperatorTest, ATouchOnADimKeySaysWhy) {
+  SetCause(Fault::kDoorOpen);
+  Touch(StartKey(), StartKey()->rect().center());
+  EXPECT_EQ(ZoneText(), Say(Word::kCloseDoor));
+  Touch(window_->Keys().Key(Action::kCancel), QPoint(10, 10));
+  EXPECT_EQ(ZoneText(), Say(Word::kNothingInterrupted));
+}
+
+TEST_F(OperatorTest, HoldAtRestAndStartOnAnEmptyLineSayWhyNothingHappens) {
+  Do(Action::kOpenMdi);
+  Do(Action::kFeedHold);
+  EXPECT_EQ(ZoneText(), Say(Word::kNothingToHold));
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), Say(Word::kLineIsEmpty));
+  Type("G");
+  EXPECT_EQ(ZoneText(), "") << "the line isn't empty any more";
+  Type("1 X50 F100");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), "");
+  Advance(50);
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), Say(Word::kRunsAlready));
+  Do(Action::kFeedHold);
+  EXPECT_EQ(ZoneText(), "");
+  Do(Action::kFeedHold);
+  EXPECT_EQ(ZoneText(), Say(Word::kHeldAlready));
+  Do(Action::kReset);
+  Advance(100);
+  Line(PNL_TOOL_MDI)->setText("G999");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(ZoneText(), "") << "the error window says why";
+  EXPECT_TRUE(ErrorsShown());
+}
+
+TEST_F(OperatorTest, StartOnAnEmptyLineSaysSoDuringAnInspectionToo) {
+  Do(Action::kOpenMdi);
+  Type("G91 G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  Do(Action::kFeedHold);
+  Do(Action::kInspect);
+  Line(PNL_TOOL_MDI)->setText("");
+  Do(Action::kCycleStart);
+  EXPECT_TRUE(ZoneText().contains(Say(Word::kLineIsEmpty))) << ZoneText().toStdString();
+  Line(PNL_TOOL_MDI)->setText("G91 G1 X5 F100");
+  Do(Action::kCycleStart);
+  Advance(50);
+  EXPECT_EQ(State(), "INSPECTION, RUNNING");
+  EXPECT_FALSE(ZoneText().contains(Say(Word::kLineIsEmpty)));
+  Do(Action::kInspect);
+  EXPECT_TRUE(ZoneText().contains(Say(Word::kInspectionHasBlock)));
+}
+
+TEST_F(OperatorTest, AFeedOfNothingIsNotReady) {
+  rig_.Machine()->FeedOverride(0);
+  Settle();
+  EXPECT_EQ(State(), "FEED 0 %");
+  Do(Action::kOpenMdi);
+  Type("G1 X50 F100");
+  Do(Action::kCycleStart);
+  Advance(1000);
+  EXPECT_EQ(State(), "RUNNING, FEED 0 %");
+  EXPECT_EQ(ZoneText(), Say(Word::kFeedIsZero));
+  Do(Action::kOverrideUp);
+  EXPECT_EQ(State(), "RUNNING");
+  EXPECT_EQ(ZoneText(), "");
+}
+
+TEST_F(OperatorTest, ADoorThatOpensHoldsTheBlockAndShowsIt) {
+  Do(Action::kOpenMdi);
+  Type("G1 X50 F1000");
+  Do(Action::kCycleStart);
+  Advance(100);
+  SetCause(Fault::kDoorOpen);
+  EXPECT_EQ(State(), "DOOR OPEN, FEED HOLD");
+  Do(Action::kCycleStart);
+  Advance(100);
+  EXPECT_EQ(State(), "DOOR OPEN, FEED HOLD");
+  SetCause(Fault::kDoorOpen, false);
+  EXPECT_EQ(State(), "FEED HOLD");
+  Do(Action::kCycleStart);
+  EXPECT_EQ(State(), "RUNNING");
+}
+
 TEST_F(OperatorTest, InspectionSaysWhetherAxesMove) {
   // It said INSPECTION while they ran and while they were held.
   Do(Action::kOpenMdi);

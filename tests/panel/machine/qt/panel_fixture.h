@@ -35,7 +35,7 @@ class PanelFixture : public ::testing::Test {
  protected:
   PanelFixture() : rig_(DemoMachine()) {
     UseWords("en");
-    rig_.Machine()->EmergencyStop(false);
+    Mend();
     rig_.Machine()->Reset();
     rig_.Advance(1000);
     rig_.Cnc().ClearErrors();
@@ -60,7 +60,7 @@ class PanelFixture : public ::testing::Test {
   ~PanelFixture() override {
     window_.reset();
     op_.reset();
-    rig_.Machine()->EmergencyStop(false);
+    Mend();
     rig_.Machine()->FeedOverride(100);
     rig_.Machine()->SingleBlock(false);
     rig_.Machine()->Reset();
@@ -68,6 +68,14 @@ class PanelFixture : public ::testing::Test {
     rig_.Advance(1000);
   }
 
+  /// Ends everything that stands in the machine's way.
+  void Mend() {
+    using Fault = pnl::rig::MachineFault;
+    rig_.Machine()->EmergencyStop(false);
+    for (const Fault fault : {Fault::kDoorOpen, Fault::kDriveFault, Fault::kBusFault, Fault::kFatal}) {
+      rig_.Machine()->SetCause(fault, false);
+    }
+  }
   static void Settle() {
     // A listing comes from a thread.
     ASSERT_TRUE(WaitWhile([] { return PnlRig()->IsWorking(); }, 60'000));
@@ -82,6 +90,10 @@ class PanelFixture : public ::testing::Test {
   }
   void Advance(int milliseconds) {
     rig_.Advance(milliseconds);
+    Settle();
+  }
+  void SetCause(pnl::rig::MachineFault fault, bool stands = true) {
+    rig_.Machine()->SetCause(fault, stands);
     Settle();
   }
   void Raise(pnl::rig::MachineControl::Fault fault) {
