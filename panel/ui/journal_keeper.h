@@ -56,8 +56,8 @@ class JournalKeeper : public QObject {
   void Advance(qint64 milliseconds);
   /// Writes the journal now and leaves it for the next start, because the system ends the panel.
   void LeaveForNextStart();
-  /// Whether the disc is at work.
-  [[nodiscard]] bool Working() const { return writer_.Working() || finder_.Working(); }
+  /// Whether a thread is at work for the journal.
+  [[nodiscard]] bool Working() const { return writer_.Working() || finder_.Working() || track_.Working(); }
 
   /// In milliseconds: between two journals, and from the first change to its journal.
   static constexpr qint64 kInterval = 1000;

@@ -33,6 +33,8 @@ class ProgramTrack : public QObject {
   [[nodiscard]] std::optional<Taken> Take();
   /// The copy is on the disc, or couldn't be written: then hash is nothing, and the next Take makes another one.
   void OnCopyWritten(std::optional<quint64> hash);
+  /// Whether a long program that was opened or saved is still being made known.
+  [[nodiscard]] bool Working() const { return hasher_.Working(); }
   /// The text isn't that of its file with edits, but one of unknown origin.
   void TreatAsNew();
 

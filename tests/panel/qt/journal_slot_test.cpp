@@ -6,6 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
+
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 

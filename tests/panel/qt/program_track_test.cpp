@@ -39,23 +39,23 @@ class Track : public FilesTest {
   void Rest() {
     ASSERT_TRUE(WaitWhile([this] { return desk_.Working(); }, kPatience));
   }
-  /// Makes and opens a program with so many lines. Waits until its hash is known, which a Take without edits shows.
+  /// Makes and opens a program with so many lines, and waits until it is known.
   void OpenLong(int lines) {
     std::string text;
     for (int i = 0; i < lines; ++i) text += "N" + std::to_string(i) + " G1 X" + std::to_string(i % 977) + "\r\n";
     folder_.Write("long.nc", text);
     desk_.Load("C:\\long.nc");
     Rest();
-    ASSERT_TRUE(WaitWhile([this] { return !HashIsKnown(); }, kPatience));
+    BecomeKnown();
   }
-  bool HashIsKnown() {
-    editor_.Edit().document()->setModified(true);
-    const auto taken = track_.Take();
-    const bool known = taken && !taken->copy;
-    if (!known) track_.OnCopyWritten(std::nullopt);
-    // The text is that of the file again.
-    if (!known) editor_.Edit().document()->setModified(false);
-    return known;
+  void BecomeKnown() {
+    ASSERT_TRUE(WaitWhile([this] { return track_.Working(); }, kPatience));
+  }
+  /// A text of that size, in lines of an ordinary length.
+  static QString Much(qsizetype size, QChar what = u'A') {
+    QString text(size, what);
+    for (qsizetype i = 40; i < size; i += 41) text[i] = u'\n';
+    return text;
   }
   void Edit(int at, int removed, const QString& added) {
     QTextCursor cursor(editor_.Edit().document());
@@ -185,7 +185,7 @@ TEST_F(Track, AProgramWhoseFileHasItsTextAlreadyCountsAsSaved) {
 
 TEST_F(Track, ManyTypedCharactersMakeOneCopyAndAfterwardsOnlyEdits) {
   OpenLong(20'000);
-  Edit(0, 0, QString(ProgramTrack::kMostTyped, u'A'));
+  Edit(0, 0, Much(ProgramTrack::kMostTyped));
   Edit(0, 0, "BB");
   EXPECT_TRUE(Keep().copy);
   EXPECT_EQ(Left().text, editor_.Text());
@@ -196,7 +196,7 @@ TEST_F(Track, ManyTypedCharactersMakeOneCopyAndAfterwardsOnlyEdits) {
   EXPECT_LT(QFile(Host("user/PNLPANEL1.JNL")).size(), 1000);
   EXPECT_EQ(Left().text, editor_.Text());
   // The next copy takes the other name, and the old one goes once the journal refers to the new one.
-  Edit(0, 0, QString(ProgramTrack::kMostTyped, u'D'));
+  Edit(0, 0, Much(ProgramTrack::kMostTyped, u'D'));
   Edit(0, 0, "E");
   EXPECT_NE(Keep().program.copy, next.program.copy);
   EXPECT_NE(Has("PNLPANEL1A.TXT"), Has("PNLPANEL1B.TXT"));
@@ -205,26 +205,26 @@ TEST_F(Track, ManyTypedCharactersMakeOneCopyAndAfterwardsOnlyEdits) {
 
 TEST_F(Track, OneBigChangeMakesACopy) {
   OpenLong(20'000);
-  Edit(0, 100'000, QString(300'000, u'A'));
+  Edit(0, 100'000, Much(300'000));
   EXPECT_TRUE(Keep().copy);
   EXPECT_EQ(Left().text, editor_.Text());
 }
 
 TEST_F(Track, ALongProgramWithoutAFileIsCopied) {
-  Edit(0, 0, QString(100'000, u'A'));
+  Edit(0, 0, Much(100'000));
   EXPECT_TRUE(Keep().copy);
   EXPECT_EQ(Left().text, editor_.Text());
 }
 
 TEST_F(Track, ACopyThatCouldNotBeWrittenIsMadeAgain) {
-  Edit(0, 0, QString(100'000, u'A'));
+  Edit(0, 0, Much(100'000));
   ASSERT_TRUE(track_.Take()->copy);
   track_.OnCopyWritten(std::nullopt);
   EXPECT_TRUE(track_.Take()->copy);
 }
 
 TEST_F(Track, TextWithHalfASurrogatePairIsKeptAsItIsReadAgain) {
-  Edit(0, 0, QString(100'000, u'A') + QChar(0xD800));
+  Edit(0, 0, Much(100'000) + QChar(0xD800));
   Keep();
   const LeftProgram left = Left();
   EXPECT_TRUE(left.whole);
@@ -237,7 +237,7 @@ TEST_F(Track, AfterASaveTheEditsAreThoseOfTheNewFile) {
   desk_.Store("C:\\long.nc");
   Rest();
   EXPECT_FALSE(track_.Take());
-  ASSERT_TRUE(WaitWhile([this] { return !HashIsKnown(); }, kPatience));
+  BecomeKnown();
   Edit(3, 0, "(not)");
   EXPECT_EQ(Keep().program.base, Base::kFile);
   EXPECT_EQ(Left().text, editor_.Text());
@@ -257,7 +257,7 @@ TEST_F(Track, WhatIsTypedWhileAProgramIsSavedIsKept) {
 TEST_F(Track, AProgramThatWasTakenBackIsUnsavedAndKept) {
   folder_.Write("long.nc", "old\n");
   bool shown = false;
-  desk_.TakeBack("C:\\long.nc", QString(200'000, u'A') + "\nB", [this, &shown] {
+  desk_.TakeBack("C:\\long.nc", Much(200'000) + "\nB", [this, &shown] {
     shown = true;
     track_.TreatAsNew();
   });
