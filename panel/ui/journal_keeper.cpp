@@ -34,7 +34,13 @@ JournalKeeper::JournalKeeper(const JournalParts& parts, JournalSetup setup, QObj
 
 JournalKeeper::~JournalKeeper() {
   writer_.Finish();
-  if (!ended_) disc_->Clear();
+  if (ended_) return;
+  // Only what was taken back and never reached its tool stays for the next start; without it the journal is removed.
+  JournalContents waiting;
+  waiting.written = QDateTime::currentMSecsSinceEpoch();
+  waiting.block = pendingBlock_;
+  waiting.expression = pendingExpression_;
+  (void)disc_->Write(waiting, std::nullopt);
 }
 
 void JournalKeeper::OnTools() {

@@ -45,7 +45,8 @@ class JournalKeeper : public QObject {
 
  public:
   JournalKeeper(const JournalParts& parts, JournalSetup setup, QObject* parent = nullptr);
-  /// Removes the journal, because the panel was closed properly. A journal that is still offered stays.
+  /// Removes the journal, because the panel was closed properly. A journal that is still offered stays, and so does a
+  /// text that waits for its tool.
   ~JournalKeeper() override;
 
   /// Looks for the journal of a killed panel and asks whether to take it back.

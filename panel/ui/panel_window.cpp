@@ -283,6 +283,7 @@ bool PanelWindow::Covered() const {
 void PanelWindow::EnableBars() {
   mainBar_->setEnabled(!Covered());
   sideBar_->setEnabled(!Covered());
+  undo_->setEnabled(!Covered());
   ShowSideBar();
 }
 

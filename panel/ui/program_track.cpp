@@ -114,7 +114,10 @@ void ProgramTrack::OnCopyWritten(std::optional<quint64> hash) {
   // The program may have been saved meanwhile.
   if (base_ != JournalProgram::Base::kCopy) return;
   hash_ = hash;
-  if (!hash) base_ = JournalProgram::Base::kNone;
+  if (hash) return;
+  base_ = JournalProgram::Base::kNone;
+  // The journal may refer to the other copy, so the next one must not take its place.
+  copy_ = 1 - copy_;
 }
 
 }  // namespace panel

@@ -73,7 +73,6 @@ void UndoOffer::Offer(int tool, int number) {
     timer_.start(kMilliseconds);
   }
   show();
-  raise();
   emit Changed();
 }
 
