@@ -23,6 +23,7 @@
 #include "remote/remote_control.h"
 #include "remote/standard_streams.h"
 #include "ui/background.h"
+#include "ui/journal_keeper.h"
 #include "ui/panel_window.h"
 #include "ui/password_box.h"
 #include "ui/program_desk.h"
@@ -118,6 +119,16 @@ void SetUpPrograms(pnl::rig::Rig& rig, panel::PanelWindow& window) {
   if (host) QDir().mkpath(QFile::decodeName(QByteArray::fromStdString(*host)));
 }
 
+/// Keeps what isn't saved in a journal among the user's settings. A script decides itself whether it wants that.
+void SetUpJournal(pnl::rig::Rig& rig, const panel::Options& options, panel::PanelWindow& window) {
+  constexpr std::int32_t kUserSettings = 108;
+  if (options.bare || (options.rpc && !options.journal)) return;
+  const auto folder = rig.Files().HostPath(rig.Files().Path(kUserSettings));
+  if (!folder) return;
+  window.KeepJournal(
+      {QFile::decodeName(QByteArray::fromStdString(*folder)), ResolverOf(rig), options.manualTime && options.rpc});
+}
+
 /// Shows the panel. The tool area gets the size that the options ask for; without one it is 800x600 head-less, and on a
 /// display the panel fills the screen.
 void ShowPanel(panel::PanelWindow& window, const panel::Options& options) {
@@ -189,6 +200,7 @@ int Run(QApplication& application, const panel::Options& given) {
   panel::Operator op(session, rig);
   panel::PanelWindow window(session, op, ResolverOf(*rig));
   SetUpPrograms(*rig, window);
+  SetUpJournal(*rig, options, window);
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
   // A script begins with drive C: alone, and sets the answers to passwords itself.
   panel::Background maker;
@@ -200,7 +212,8 @@ int Run(QApplication& application, const panel::Options& given) {
         std::make_unique<panel::RemoteControl>(session, window, panel::RemoteOptions{options.bare, options.manualTime});
   }
   // A signal closes the panel without a question: nobody may be there to answer it.
-  const panel::EndSignals endSignals([&session] {
+  const panel::EndSignals endSignals([&session, &window] {
+    window.LeaveForNextStart();
     session.CloseAll();
     QCoreApplication::exit(0);
   });

@@ -70,6 +70,7 @@ const std::vector<OptionRow>& Rows() {
       {"--machine", "NAME", "demo (default), demo-dual (turns too) or demo-inch", &TakeText<&Options::machine>},
       {"--lang", "CODE", "en, es, or none for text numbers (default en)", &TakeLanguage},
       {"--time", "real|manual", "manual: timers and machine move only when told", &TakeTime},
+      {"--journal", "", "keep unsaved work for the next start, for a script too", &TakeFlag<&Options::journal>},
       {"--size", "WIDTHxHEIGHT", "the tool area (default 800x600 head-less)", &TakeSize},
       {"--guided", "DIR", "run a guided session, leave its captures in DIR", &TakeText<&Options::guidedInto>},
       {"--until-painted", "", "leave once the window is painted", &TakeFlag<&Options::untilPainted>},

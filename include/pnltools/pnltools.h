@@ -135,6 +135,32 @@ PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Filter) == 1236, "XPLRDATA_ST.Filter");
 PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Extension) == 1748, "XPLRDATA_ST.Extension");
 PNL_STATIC_ASSERT(offsetof(XPLRDATA_ST, Flags) == 1768, "XPLRDATA_ST.Flags");
 
+/* What an operator has typed in a tool and not finished; see PNL_NAME_READ_UNFINISHED. */
+enum PnlUnfinishedKind {
+  PNL_UNFINISHED_NOTHING = 0,
+  PNL_UNFINISHED_LINE = 1,        /* the line of the command line in MDI role, or of the calculator */
+  PNL_UNFINISHED_NEW_ITEM = 2,    /* a new item of the MDA list */
+  PNL_UNFINISHED_CHANGED_ITEM = 3 /* another text for an item of the MDA list */
+};
+typedef struct PnlUnfinished {
+  int32_t kind;           /* a PnlUnfinishedKind */
+  int32_t item;           /* the place of a changed item in the list; else -1 */
+  char16_t text[512];     /* terminated */
+  char16_t original[512]; /* terminated; the changed item as the list has it */
+} PnlUnfinished;
+PNL_STATIC_ASSERT(sizeof(PnlUnfinished) == 2056, "PnlUnfinished is 2056 bytes");
+PNL_STATIC_ASSERT(offsetof(PnlUnfinished, text) == 8, "PnlUnfinished.text");
+PNL_STATIC_ASSERT(offsetof(PnlUnfinished, original) == 1032, "PnlUnfinished.original");
+
+/* What an operator has removed last in a tool; see PNL_NAME_REMOVED. */
+typedef struct PnlRemoved {
+  int32_t rows;       /* how many rows */
+  int32_t whole;      /* 1 when a whole list was cleared */
+  char16_t text[256]; /* terminated; the beginning of the first row */
+} PnlRemoved;
+PNL_STATIC_ASSERT(sizeof(PnlRemoved) == 520, "PnlRemoved is 520 bytes");
+PNL_STATIC_ASSERT(offsetof(PnlRemoved, text) == 8, "PnlRemoved.text");
+
 enum PnlExplorerFlags {
   XPLR_FOLDERMODE = 0x1,
   XPLR_CONFIRMOVERWRITE = 0x2,
@@ -336,6 +362,26 @@ enum PnlVideoCommand {
 #define PNL_NAME_SHOW_FILE "ZM_SHOW_FILE"
 /* To the calculator: E.CALCRESUL has a value for its line. */
 #define PNL_NAME_HANDLE_VALUE "TM_HANDLEVALUE"
+/*
+ * Two messages to the command line and to the calculator, for a host that keeps what isn't finished when the power
+ * fails. second: address of a PnlUnfinished. The first one fills it and returns 1; it changes nothing, and a text that
+ * is too long for the record isn't offered. The second one puts the text back as if the operator had typed it, and
+ * returns 1; it returns 0 and changes nothing when something else is typed there, when a block or a computation is
+ * under way, or while the command line isn't open.
+ */
+#define PNL_NAME_READ_UNFINISHED "PNL_READ_UNFINISHED"
+#define PNL_NAME_RESTORE_UNFINISHED "PNL_RESTORE_UNFINISHED"
+/*
+ * To the command line, for items of the MDA list, and to the calculator, for rows of its history. first: a
+ * PnlRemovedOrder. The property "pnlRemoved" of the tool's widget is the number of the last removal that can be put
+ * back, 0 for none. Each removal has a number of its own.
+ */
+#define PNL_NAME_REMOVED "PNL_REMOVED"
+enum PnlRemovedOrder {
+  PNL_REMOVED_READ = 0,     /* second: address of a PnlRemoved. Fills it for that removal; returns its rows, or 0 */
+  PNL_REMOVED_PUT_BACK = 1, /* puts it back; returns its rows, or 0 when that isn't possible now */
+  PNL_REMOVED_FORGET = 2    /* forgets all removals, because nobody wants them back any more */
+};
 
 enum PnlErrorClass {
   PNL_ERROR = 0,
@@ -468,7 +514,7 @@ enum PnlFileResult {
  * Replaces a file of this machine whole, as the tools do with theirs: writes a temporary file beside it, flushes it to
  * the disc, and renames it over the old one, whose mode, owner and symbolic link stay. After a failure the old file is
  * still there; a process killed at any instant leaves the old content or the new one. path is UTF-8. bytes may be null
- * when size is 0. Returns a PnlFileResult.
+ * when size is 0. Any thread may call it. Returns a PnlFileResult.
  */
 PNL_API int PnlReplaceFile(const char* path, const void* bytes, size_t size);
 

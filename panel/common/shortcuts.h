@@ -34,6 +34,7 @@ enum class Action {
   kNewProgram,
   kCoordinates,
   kOverrideFull,
+  kUndoRemoval,
   kMainMore,
   kMainBack,
   kSideMore,

@@ -174,6 +174,22 @@ enum class Word {
   kUserName,
   kUserDomain,
   kConnect,
+  // What was not saved, and what was removed
+  kTakeBackAsked,
+  kTakeBack,
+  kLeftProgram,
+  kLeftNewProgram,
+  kLeftBlock,
+  kLeftItem,
+  kLeftExpression,
+  kLeftSince,
+  kLeftBaseGone,
+  kJournalNotKept,
+  kUndoRemoval,
+  kUndoClear,
+  kUndoRow,
+  kUndoRows,
+  kUndoNotNow,
   kCount
 };
 

@@ -133,6 +133,7 @@ RpcResult TimeAdvance(RemoteWorld& world, Params& params) {
   if (params.Problem()) return *params.Problem();
   if (!world.options.manualTime) return BadParameter("ms", "time goes by itself; start the panel with --time manual");
   world.rig.Advance(milliseconds);
+  world.face.TimeAdvanced(milliseconds);
   return Done();
 }
 

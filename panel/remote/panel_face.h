@@ -22,6 +22,8 @@ class PanelFace {
   [[nodiscard]] virtual QString ProgramText() const = 0;
   /// Whether a program is being read from a file or written to one.
   [[nodiscard]] virtual bool Working() const { return false; }
+  /// The manual time has gone on.
+  virtual void TimeAdvanced(qint64 milliseconds) { (void)milliseconds; }
   /// Gives the tool area exactly that size and fits the rest of the panel around it.
   virtual void ResizeToolArea(const QSize& size) = 0;
   /// Sets the function that answers the panel's questions instead of the operator. With an empty function he answers

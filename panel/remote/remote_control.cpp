@@ -26,6 +26,7 @@ class RemoteControl::Impl {
     rig_.SetSink(&trace_);
     rig_.AnswerBoxes([this](std::string_view style) { return boxes_.Take(style); });
     world_.face.AnswerQuestions([this](const QString& text) { return AnswerQuestion(text); });
+    if (options.manualTime) world_.face.TimeAdvanced(0);
   }
 
   ~Impl() {

@@ -12,6 +12,7 @@
 #include "ui/axis_display.h"
 #include "ui/credentials_cover.h"
 #include "ui/error_list.h"
+#include "ui/journal_keeper.h"
 #include "ui/keyboard.h"
 #include "ui/message_zone.h"
 #include "ui/operator_keys.h"
@@ -25,6 +26,7 @@
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"
+#include "ui/undo_offer.h"
 
 namespace panel {
 
@@ -60,7 +62,8 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       password_(new PasswordBox(this)),
       desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
       errorList_(new ErrorListCover(op.Desk(), this)),
-      credentials_(new CredentialsCover(this)) {
+      credentials_(new CredentialsCover(this)),
+      undo_(new UndoOffer(session, this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -97,6 +100,8 @@ void PanelWindow::Connect() {
   // Queued, because the caller is still at work.
   connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
+  connect(undo_, &UndoOffer::Changed, this, &PanelWindow::PlaceMessages);
+  connect(undo_, &UndoOffer::Refused, this, [this] { op_.SetHint(Say(Word::kUndoNotNow), true); });
   connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
   connect(mainBar_, &SoftKeyBar::Pressed, this, [this](int id, std::uint32_t menu) {
     const int front = session_.FrontTool();
@@ -173,12 +178,11 @@ void PanelWindow::SetTabOrder() {
   for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(mainBar_->Key(slot));
   order.push_back(mainBar_->MoreKey());
   for (const auto& [action, key] : keys_->Keys()) order.push_back(key);
+  order.push_back(undo_);
   for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 QString PanelWindow::ProgramText() const { return editor_->Text(); }
-
-bool PanelWindow::Working() const { return desk_->Working(); }
 
 void PanelWindow::ResizeToolArea(const QSize& size) {
   fixedToolArea_ = size.expandedTo(QSize(1, 1));
@@ -204,7 +208,7 @@ void PanelWindow::LayOut() {
   modal_->setGeometry(layout_.modal);
   toolArea_->setGeometry(layout_.toolArea);
   sideBar_->setGeometry(layout_.sideBar);
-  zone_->setGeometry(layout_.messages);
+  PlaceMessages();
   mainBar_->setGeometry(layout_.mainBar);
   keys_->setGeometry(layout_.operatorKeys);
   // The covers leave status, axes and the machine's keys free, because the operator must be able to stop the axes any
@@ -227,6 +231,7 @@ void PanelWindow::LayOut() {
   mainBar_->SetFontPixels(pixels(14));
   keys_->SetFontPixels(pixels(14));
   zone_->SetFontPixels(pixels(17));
+  undo_->SetFontPixels(pixels(14));
   editor_->SetFontPixels(pixels(16));
   question_->SetFontPixels(pixels(16));
   password_->SetFontPixels(pixels(16));
@@ -279,6 +284,7 @@ bool PanelWindow::Covered() const {
 void PanelWindow::EnableBars() {
   mainBar_->setEnabled(!Covered());
   sideBar_->setEnabled(!Covered());
+  undo_->setEnabled(!Covered());
   ShowSideBar();
 }
 
@@ -299,6 +305,8 @@ void PanelWindow::Trigger(Action action) {
       return desk_->New();
     case Action::kErrorList:
       return errorList_->Open();
+    case Action::kUndoRemoval:
+      return undo_->Undo();
     case Action::kCoordinates:
       return axes_->ShowMachinePositions(!axes_->MachinePositions());
     case Action::kMainMore:

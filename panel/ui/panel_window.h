@@ -21,6 +21,8 @@ namespace panel {
 class AxisDisplay;
 class CredentialsCover;
 class ErrorListCover;
+class JournalKeeper;
+struct JournalSetup;
 class Keyboard;
 class MessageZone;
 class ModalLine;
@@ -33,6 +35,7 @@ class Readings;
 class SoftKeyBar;
 struct SoftKeyItem;
 class StatusStrip;
+class UndoOffer;
 
 class PanelWindow : public QWidget, public PanelFace {
   Q_OBJECT
@@ -47,7 +50,13 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] QWidget* ToolAreaWidget() override { return toolArea_; }
   [[nodiscard]] QString ProgramText() const override;
   [[nodiscard]] bool Working() const override;
+  void TimeAdvanced(qint64 milliseconds) override;
   void ResizeToolArea(const QSize& size) override;
+
+  /// Keeps what isn't saved for the next start, and offers what a killed panel has left.
+  void KeepJournal(JournalSetup setup);
+  /// The system ends the panel: what isn't saved stays for the next start.
+  void LeaveForNextStart();
 
   /// Whether closing asks first when the program has unsaved changes. Off when nobody is there to answer.
   void SetAsksBeforeClosing(bool on) { asks_ = on; }
@@ -73,6 +82,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] PasswordBox& Password() const { return *password_; }
   [[nodiscard]] CredentialsCover& CredentialsAsked() const { return *credentials_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
+  [[nodiscard]] UndoOffer& Undo() const { return *undo_; }
   [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
   /// Draws the current state. It is called automatically after every change.
@@ -93,6 +103,8 @@ class PanelWindow : public QWidget, public PanelFace {
   void SetTabOrder();
   void LayOut();
   void PlaceEditor();
+  /// Places the messages, and beside them the key that puts back what was removed.
+  void PlaceMessages();
   /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
   /// The PLC message view fills the tool area.
@@ -141,7 +153,9 @@ class PanelWindow : public QWidget, public PanelFace {
   ProgramDesk* desk_;
   ErrorListCover* errorList_;
   CredentialsCover* credentials_;
+  UndoOffer* undo_;
   std::unique_ptr<Keyboard> keyboard_;
+  std::unique_ptr<JournalKeeper> journal_;
 };
 
 }  // namespace panel

@@ -78,6 +78,18 @@ void ProgramDesk::StartNew(const QString& panelPath) {
   editor_.setFocus();
 }
 
+void ProgramDesk::TakeBack(const QString& panelPath, const QString& text, std::function<void()> shown) {
+  DropReading();
+  path_ = panelPath;
+  stored_ = false;
+  layout_ = {};
+  editor_.Fill(text, panelPath, [this, shown = std::move(shown)] {
+    editor_.Edit().document()->setModified(true);
+    shown();
+    Rest();
+  });
+}
+
 void ProgramDesk::Open() {
   AskToDiscard([this] {
     asker_.Ask(
@@ -169,6 +181,7 @@ void ProgramDesk::OnWritten(const QString& panelPath, int revision, FileOutcome 
     editor_.SetName(panelPath);
     // Text that was typed while the file was written isn't saved yet.
     if (editor_.Revision() == revision) editor_.SetSaved();
+    emit Stored();
     emit Said(Say(Word::kSaved, panelPath), false);
   } else {
     emit Said(Say(WordFor(outcome), panelPath), true);

@@ -47,6 +47,9 @@ class ProgramDesk : public QObject {
   /// the new file after it.
   void Load(const QString& panelPath);
   void Store(const QString& panelPath);
+  /// Shows a text that wasn't saved, under the name that it had, as one with unsaved changes. shown is called when all
+  /// of it is there.
+  void TakeBack(const QString& panelPath, const QString& text, std::function<void()> shown);
   /// Whether a program is being read, shown or written.
   [[nodiscard]] bool Working() const;
   [[nodiscard]] const QString& Path() const { return path_; }
@@ -57,6 +60,8 @@ class ProgramDesk : public QObject {
  signals:
   /// A text for the message zone.
   void Said(const QString& text, bool warning);
+  /// A program was saved. What was typed meanwhile may still be unsaved.
+  void Stored();
 
  private:
   void OnRead(const QString& panelPath, ProgramText program);

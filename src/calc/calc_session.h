@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "calc/calc_format.h"
@@ -17,6 +18,7 @@
 #include "calc/calc_view.h"
 #include "calc/calc_words.h"
 #include "calc/calc_work.h"
+#include "host/kept_work.h"
 #include "host/tool_session.h"
 #include "window/timers.h"
 
@@ -70,6 +72,10 @@ class CalcSession final : public ToolSession<CalcView> {
   std::intptr_t OnToolCommand(std::intptr_t request);
   /// Handles "TM_HANDLEVALUE": replaces the line with a value from outside.
   void OnHandleValue();
+  /// Handles the messages of host/kept_work.h and returns the answer; nothing for any other message.
+  std::optional<std::intptr_t> OnKeptWork(const Message& message);
+  /// The number of the last removal from the history that can be put back, or 0.
+  [[nodiscard]] int RemovalNumber() const { return removals_.empty() ? 0 : removals_.back().number; }
   /// Computes one piece of a long evaluation. It takes a few milliseconds at most.
   void Work();
 
@@ -88,6 +94,12 @@ class CalcSession final : public ToolSession<CalcView> {
   enum class OpenList { kNone, kHistory, kVariables };
   /// What the line has after the history closes: the selected row, or its text from before the history opened.
   enum class Keep { kSelectedRow, kSavedLine };
+  /// Rows that were deleted together, the first one first.
+  struct Removal {
+    int number = 0;  // each removal has its own
+    std::vector<std::pair<int, Text>> rows;
+    int left = 0;  // how many rows stayed
+  };
 
   // Opening and closing.
   void MakeControls();
@@ -147,6 +159,10 @@ class CalcSession final : public ToolSession<CalcView> {
   void ShowSelectedRow();
   [[nodiscard]] bool TakeCurrentRow();
   void DeleteSelectedRows();
+  // What a host keeps for the operator: what he has typed and not finished, and what he has removed.
+  void ReadUnfinished(PnlUnfinished& into) const;
+  bool RestoreUnfinished(const PnlUnfinished& from);
+  std::size_t PutBackRows();
   void ToggleVariables();
   void CloseVariables();
   void FillVariables();
@@ -173,6 +189,8 @@ class CalcSession final : public ToolSession<CalcView> {
   OpenList openList_ = OpenList::kNone;
   Text savedLine_;                      // the line from before the history opened
   std::vector<VariableRow> variables_;  // the rows of the open list
+  std::vector<Removal> removals_;       // from the history, the last one last
+  int lastRemoval_ = 0;
 };
 
 }  // namespace pnl

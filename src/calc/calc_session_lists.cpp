@@ -187,7 +187,14 @@ bool CalcSession::TakeCurrentRow() {
 
 void CalcSession::DeleteSelectedRows() {
   const std::vector<int> selected = View().ListSelection();
+  if (selected.empty()) return;
+  Removal removal;
+  for (const int row : selected) removal.rows.emplace_back(row, View().ListItem(row));
   for (auto row = selected.rbegin(); row != selected.rend(); ++row) View().DeleteListItem(*row);
+  removal.left = View().ListCount();
+  removal.number = ++lastRemoval_;
+  if (removals_.size() >= kMostRemovals) removals_.erase(removals_.begin());
+  removals_.push_back(std::move(removal));
 }
 
 // The variables.

@@ -87,6 +87,12 @@ void MdiList::Show(MDIDATA_ST& record, const MdiListChange& change, bool already
 void MdiList::Delete(const MDIDATA_ST& record) {
   const int index = View().ListSelection();
   if (index < 0) return;
+  MdiRemoval removal;
+  removal.channel = record.Channel;
+  removal.index = index;
+  removal.item = View().ListItem(index);
+  removal.fills = screen_.ListFills();
+  removed_.Note(std::move(removal));
   View().DeleteListItem(index);
   // Not a mistake: the store keeps the item and isn't marked as changed. The item is back when the list is filled
   // again.
@@ -124,12 +130,59 @@ void MdiList::EndEdit(MDIDATA_ST& record) {
 }
 
 void MdiList::Clear(MDIDATA_ST& record) {
+  MdiRemoval removal;
+  removal.channel = record.Channel;
+  removal.whole = true;
+  removal.box = BoxRows(record);
+  removal.store = record.MDAList;
+  removal.added = record.ListAdded;
+  removal.selection = View().ListSelection();
+  if (!removal.box.empty() || !removal.store.empty()) removed_.Note(std::move(removal));
   record.MDAList.clear();
   record.ListAdded.clear();
   View().FillList(record.MDAList);
   record.MDASelection = -1;
   record.LoadState = mdi_load::kChanged;
   UpdateMenus(record);
+}
+
+/// The rows of the list box. They are shared with the store if it has the same ones.
+TextRows MdiList::BoxRows(const MDIDATA_ST& record) const {
+  const int count = View().ListCount();
+  if (static_cast<std::size_t>(std::max(0, count)) == record.MDAList.size()) return record.MDAList;
+  TextRows rows;
+  for (int i = 0; i < count; ++i) rows.push_back(View().ListItem(i));
+  return rows;
+}
+
+std::size_t MdiList::PutBack(MDIDATA_ST& record) {
+  const MdiRemoval* last = removed_.Last();
+  if (last == nullptr || last->channel != record.Channel) return 0;
+  if (!record.IsReady() || record.Edit() != mdi_edit::kNone) return 0;
+  const MdiRemoval removal = *last;
+  removed_.DropLast();
+  if (removal.whole) {
+    PutBackList(record, removal);
+  } else if (removal.fills == screen_.ListFills()) {
+    const int index = std::min(removal.index, View().ListCount());
+    View().InsertListItem(index, removal.item);
+    View().SetListSelection(index);
+  }
+  UpdateMenus(record);
+  return removal.Rows();
+}
+
+void MdiList::PutBackList(MDIDATA_ST& record, const MdiRemoval& removal) {
+  const auto join = [](TextRows first, const TextRows& then) {
+    for (const Text& row : then) first.push_back(row);
+    return first;
+  };
+  const TextRows box = join(removal.box, BoxRows(record));
+  record.MDAList = join(removal.store, record.MDAList);
+  record.ListAdded = join(removal.added, record.ListAdded);
+  record.LoadState = mdi_load::kChanged;
+  View().FillList(box);
+  View().SetListSelection(removal.selection);
 }
 
 void MdiList::Move(MDIDATA_ST& record, bool up) {

@@ -4,12 +4,14 @@
 // at Delete. The class knows only the record that it is given.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "mdi/mdi_data.h"
 #include "mdi/mdi_menus.h"
+#include "mdi/mdi_removed.h"
 #include "mdi/mdi_screen.h"
 #include "mdi/mdi_view.h"
 
@@ -55,13 +57,25 @@ class MdiList {
   /// menus.
   void OnFocus(MDIDATA_ST& record);
 
+  /// What Delete and Clear have removed.
+  [[nodiscard]] MdiRemoved& Removed() { return removed_; }
+  [[nodiscard]] const MdiRemoved& Removed() const { return removed_; }
+  /// Puts the last removal back: an item where it was in the list box, or a list before what came into it since.
+  /// Returns the number of rows. Returns 0 and changes nothing when there is none for this record, a block is under
+  /// way, or an item is being edited.
+  std::size_t PutBack(MDIDATA_ST& record);
+
  private:
   [[nodiscard]] MdiView& View() const { return view_(); }
   void UpdateMenus(const MDIDATA_ST& record) { menus_.Update(&record, View().ListCount()); }
 
   const MdiViewAccess view_;
+  [[nodiscard]] TextRows BoxRows(const MDIDATA_ST& record) const;
+  void PutBackList(MDIDATA_ST& record, const MdiRemoval& removal);
+
   MdiScreen& screen_;
   MdiMenus& menus_;
+  MdiRemoved removed_;
 };
 
 }  // namespace pnl

@@ -82,7 +82,7 @@ std::optional<std::intptr_t> MdiSession::OnMessage(const Message& message) {
     default:
       break;
   }
-  if (message.number != endList_) return std::nullopt;
+  if (message.number != endList_) return OnKeptWork(message);
   screen_.EndDropList(message.first);
   return PNL_DONE;
 }

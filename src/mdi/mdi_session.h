@@ -64,6 +64,9 @@ class MdiSession final : public ToolSession<MdiView> {
   /// The parent's client area has another size. Lays the window out again.
   void OnParentResized();
 
+  /// The number of the last removal from the list that can be put back, or 0.
+  [[nodiscard]] int RemovalNumber() const { return list_.Removed().Number(); }
+
   /// The colours of text and background of a control, or nothing if it keeps its own.
   [[nodiscard]] std::optional<MdiColorPair> ControlColors(MdiControl control, bool focused) const;
 
@@ -97,6 +100,11 @@ class MdiSession final : public ToolSession<MdiView> {
   void UpdateMenus() { menus_.Update(channels_.Current(), View().ListCount()); }
   void ShowInspectHint();
   void ShowMessage(TextView text) { Host().HostShowMessage(PNL_TOOL_MDI, text); }
+  // What a host keeps for the operator: what he has typed and not finished, and what he has removed.
+  std::optional<std::intptr_t> OnKeptWork(const Message& message);
+  void ReadUnfinished(PnlUnfinished& into) const;
+  bool RestoreUnfinished(const PnlUnfinished& from);
+  void RestoreItem(MDIDATA_ST& record, const PnlUnfinished& from);
   // Services at the edit and the list.
   void PasteCalcResult();
   std::intptr_t AskHelp();

@@ -151,7 +151,15 @@ bool ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
   ++depth_;
   if (!session_.Tell(intention)) return false;
   --depth_;
-  return depth_ != 0 || Compute(kMomentMilliseconds);
+  return depth_ != 0 || (Compute(kMomentMilliseconds) && ShowRemoval());
+}
+
+bool ZCCalc7340::ShowRemoval() {
+  int number = 0;
+  if (!session_.Tell([&number](const CalcSession& session) { number = session.RemovalNumber(); })) return false;
+  const QPointer<ZCCalc7340> alive(this);
+  SetRemovedProperty(number);
+  return !alive.isNull();
 }
 
 bool ZCCalc7340::Compute(int milliseconds) {
@@ -175,6 +183,8 @@ std::intptr_t ZCCalc7340::OnMessage(const Message& message) {
     Tell([&](CalcSession& session) { answer = session.OnToolCommand(message.first); });
   } else if (message.number == handleValue) {
     Tell([](CalcSession& session) { session.OnHandleValue(); });
+  } else {
+    Tell([&](CalcSession& session) { answer = session.OnKeptWork(message).value_or(0); });
   }
   return answer;
 }

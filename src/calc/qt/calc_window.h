@@ -90,6 +90,8 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   /// Calls an intention. After the outermost one the session computes for a moment what it has started. Returns false
   /// if the session has ended; then nothing of this object may be touched.
   bool Tell(const std::function<void(CalcSession&)>& intention);
+  /// Tells a host through a property what was removed. Returns false as Tell does.
+  bool ShowRemoval();
   /// Lets the session compute for that long. Returns false as Tell does.
   bool Compute(int milliseconds);
   void Connect();

@@ -89,7 +89,16 @@ template <typename Intention>
 bool ZCMDIWindow::Tell(Intention intention) {
   if (!session_.Tell(intention)) return false;
   UseColors();
-  return true;
+  return ShowRemoval();
+}
+
+/// Tells a host through a property what was removed. A listener may destroy the window; then it returns false.
+bool ZCMDIWindow::ShowRemoval() {
+  int number = 0;
+  if (!session_.Tell([&number](const MdiSession& session) { number = session.RemovalNumber(); })) return false;
+  const QPointer<ZCMDIWindow> alive(this);
+  SetRemovedProperty(number);
+  return !alive.isNull();
 }
 
 std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {

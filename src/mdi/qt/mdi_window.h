@@ -78,6 +78,7 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   /// destroyed; then nothing of this object may be touched.
   template <typename Intention>
   bool Tell(Intention intention);
+  bool ShowRemoval();
   [[nodiscard]] bool OnKeyDown(QKeyEvent& event);
   void MoveFocus(QWidget* taker);
   void OnListFocus();

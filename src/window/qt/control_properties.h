@@ -38,6 +38,8 @@ inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 // The PLC message view: whether a video is shown.
 inline constexpr const char* kVideo = "pnlVideo";
+// The command line and the calculator: the number of the last removal of rows that can be put back.
+inline constexpr const char* kRemoved = "pnlRemoved";
 }  // namespace property
 
 /// The role in a grid's vertical header for a row's state: 0 factory row, 1 normal row, 2 row that failed its check.

@@ -56,6 +56,10 @@ void ToolWindow::SetTitleProperty(TextView title) { setProperty(property::kTitle
 
 void ToolWindow::SetBackProperty(std::uint32_t color) { SetColorProperty(this, property::kBack, color); }
 
+void ToolWindow::SetRemovedProperty(int number) {
+  if (property(property::kRemoved).toInt() != number) setProperty(property::kRemoved, number);
+}
+
 Rect ToolWindow::ParentArea() const {
   const QWidget* parent = parentWidget();
   return parent == nullptr ? Rect{} : Rect{0, 0, parent->width(), parent->height()};

@@ -11,8 +11,9 @@
 //                      present half), pnlPeriod (int, ms), pnlState (int), pnlLimit (int, most characters),
 //                      pnlChecked (bool) of a check box, pnlEditing (bool) of a grid
 //   a tool's window    pnlTool (int, the tool's number), pnlBack, pnlTitle (string), pnlWindow (int, its handle),
-//                      and pnlMenuAttached (bool) if it can have a menu bar, or pnlVideo (bool: a video is shown) if it
-//                      can show videos
+//                      and pnlMenuAttached (bool) if it can have a menu bar, pnlVideo (bool: a video is shown) if it
+//                      can show videos, or pnlRemoved (int: the number of the last removal, 0 for none) once rows were
+//                      removed in it
 //   a tool's dialog    pnlDialog = true, pnlWindow, pnlTitle
 #pragma once
 
@@ -66,6 +67,8 @@ class ToolWindow : public MessageWindow {
   /// Set the properties of the window. Setting the colour paints nothing.
   void SetTitleProperty(TextView title);
   void SetBackProperty(std::uint32_t color);
+  /// Sets the number of the removal that a host can put back; 0 for none. Does nothing while it stays the same.
+  void SetRemovedProperty(int number);
 
   // The steps of ToolView, with the same contracts.
   [[nodiscard]] Rect ParentArea() const;
