@@ -53,12 +53,11 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   return items;
 }
 
-std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op) {
-  (void)session;
+std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can) {
   std::vector<SoftKeyItem> items;
-  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kNewProgram, Action::kSwitchRole,
-                              Action::kCoordinates, Action::kOverrideFull}) {
-    items.push_back(ActionItem(op, action));
+  for (const Action action :
+       {Action::kUndo, Action::kRedo, Action::kFind, Action::kReplace, Action::kGoToLine, Action::kSaveProgram}) {
+    items.push_back(PlainItem(static_cast<int>(action), WordOf(action), can(action)));
   }
   return items;
 }

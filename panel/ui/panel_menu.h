@@ -3,6 +3,7 @@
 // view. This file only makes the items and knows what an item means.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -12,7 +13,8 @@
 namespace panel {
 
 [[nodiscard]] std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operator& op);
-[[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op);
+/// The side bar belongs to the program editor. can says what the editor would do now.
+[[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can);
 
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);

@@ -98,6 +98,9 @@ void PanelWindow::Connect() {
   connect(&op_, &Operator::CloseWanted, this, &QWidget::close, Qt::QueuedConnection);
   connect(keys_, &OperatorKeys::Pressed, this, &PanelWindow::Trigger);
   connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
+  connect(editor_, &ProgramEditor::Said, &op_,
+          [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
+  connect(editor_, &ProgramEditor::StateChanged, this, &PanelWindow::ShowBars);
   connect(mainBar_, &SoftKeyBar::Pressed, this, [this](int id, std::uint32_t menu) {
     const int front = session_.FrontTool();
     OnItem(HasPanelItemsAlone(front) ? front : session_.MainBar().first, id, menu);
@@ -108,6 +111,8 @@ void PanelWindow::Connect() {
 
 void PanelWindow::MakeShortcuts() {
   for (const ShortcutRow& row : ShortcutTable()) {
+    // The editor takes its own keys. In a tool they mean something else.
+    if (IsOfEditor(row.action)) continue;
     for (const QKeySequence& keys : KeysOf(row.action)) {
       panelKeys_ << keys;
       auto* shortcut = new QShortcut(keys, this);
@@ -287,6 +292,7 @@ void PanelWindow::Trigger(Action action) {
   // The key that opens the list closes it too.
   if (action == Action::kErrorList && errorList_->IsOpen()) return errorList_->Leave();
   if (Covered() && !machineKey) return;
+  if (IsOfEditor(action)) return editor_->Do(action);
   switch (action) {
     case Action::kOpenProgram:
       return desk_->Open();

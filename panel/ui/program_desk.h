@@ -47,7 +47,9 @@ class ProgramDesk : public QObject {
   /// the new file after it.
   void Load(const QString& panelPath);
   void Store(const QString& panelPath);
-  /// Whether a program is being read, shown or written.
+  /// Cancels the opening of a program. The old one stays as it was.
+  void CancelOpening();
+  /// Whether a program is being read, shown, searched, changed in many places or written.
   [[nodiscard]] bool Working() const;
   [[nodiscard]] const QString& Path() const { return path_; }
   /// The place of the caret in the program's file: the block in bytes of the file, and the word in UTF-16 units from
@@ -59,7 +61,9 @@ class ProgramDesk : public QObject {
   void Said(const QString& text, bool warning);
 
  private:
+  void OnNews(const ReadNews& news);
   void OnRead(const QString& panelPath, ProgramText program);
+  void Refuse(const QString& panelPath, const ProgramText& program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
   void StartNew(const QString& panelPath);
@@ -72,6 +76,7 @@ class ProgramDesk : public QObject {
   PathResolver resolve_;
   QString programsFolder_ = QStringLiteral("C:\\PROGRAMS");
   QString path_;
+  QString opening_;      // the path of the program that is being opened, or was last
   bool stored_ = false;  // the program's file is there
   ProgramLayout layout_;
   Background reader_;

@@ -399,9 +399,9 @@ TEST_F(EditorPictureTest, TheHeadNamesTheProgramAndTheCaretsLine) {
   editor_.Edit().moveCursor(QTextCursor::End);
   editor_.Insert("X");
   ExpectHead("C:\\A.NC", Say(Word::kLine, "3"), true);
-  editor_.SetBusy("Opening: B.NC");
-  ExpectHead("Opening: B.NC", Say(Word::kLine, "3"), true);
-  editor_.SetBusy("");
+  editor_.BeginOpening("B.NC");
+  ExpectHead("Opening: B.NC", "0 %", false);
+  editor_.CancelOpening();
   editor_.SetSaved();
   ExpectHead("C:\\A.NC", Say(Word::kLine, "3"), false);
   editor_.Insert("X");
@@ -423,9 +423,9 @@ TEST_F(EditorPictureTest, TheHeadTellsHowMuchOfABigProgramIsThere) {
   const int percent = right.chopped(2).toInt();
   EXPECT_GE(percent, 0);
   EXPECT_LT(percent, 100);
-  const qsizetype there = editor_.RawText().size();
+  const qsizetype there = editor_.Edit().document()->characterCount();
   EXPECT_NEAR(static_cast<double>(there) * 100 / static_cast<double>(text.size()), percent, 1);
-  ExpectHead("BIG", right, false);
+  ExpectHead(Say(Word::kOpening, "BIG"), right, false);
   editor_.SetProgram("", "");
 }
 
@@ -446,25 +446,23 @@ TEST_F(EditorPictureTest, EveryChangeOfTheHeadShowsAtOnce) {
   editor_.SetProgram("G0\nG1\n", "P");
   RepaintCount count(editor_);
   EXPECT_TRUE(count.After([this] { editor_.SetName("Q"); }));
-  EXPECT_TRUE(count.After([this] { editor_.SetBusy("busy"); }));
+  EXPECT_TRUE(count.After([this] { editor_.BeginOpening("busy"); }));
   EXPECT_TRUE(editor_.Edit().isReadOnly());
-  editor_.SetBusy("");
+  EXPECT_TRUE(count.After([this] { editor_.ShowReading(50, false); }));
+  editor_.CancelOpening();
   EXPECT_FALSE(editor_.Edit().isReadOnly());
   EXPECT_TRUE(count.After([this] { editor_.Edit().moveCursor(QTextCursor::End); }));
   EXPECT_TRUE(count.After([this] { editor_.Edit().document()->setModified(true); }));
 }
 
-TEST_F(EditorPictureTest, AProgramOnItsWayMayNotBeTypedIntoWhenBusyEnds) {
+TEST_F(EditorPictureTest, AProgramOnItsWayMayNotBeTypedInto) {
   editor_.Fill(QString("G1 X1\n").repeated(150'000), "BIG");
   ASSERT_TRUE(editor_.Filling());
-  editor_.SetBusy("");
   EXPECT_TRUE(editor_.Edit().isReadOnly());
-  editor_.SetBusy("x");
   editor_.SetProgram("G0", "P");
-  EXPECT_TRUE(editor_.Edit().isReadOnly()) << "still busy";
   EXPECT_FALSE(editor_.Filling());
-  editor_.SetBusy("");
   EXPECT_FALSE(editor_.Edit().isReadOnly());
+  EXPECT_EQ(editor_.Text(), "G0");
 }
 
 TEST_F(EditorPictureTest, TheStripOfNumbersLightsTheCaretsLine) {
