@@ -53,11 +53,13 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   return items;
 }
 
-std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can) {
+std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError) {
   std::vector<SoftKeyItem> items;
   for (const Action action :
        {Action::kUndo, Action::kRedo, Action::kFind, Action::kReplace, Action::kGoToLine, Action::kSaveProgram}) {
-    items.push_back(PlainItem(static_cast<int>(action), WordOf(action), can(action)));
+    const bool toError = atError && action == Action::kGoToLine;
+    items.push_back(toError ? PlainItem(kErrorPlaceItem, Word::kGoToError)
+                            : PlainItem(static_cast<int>(action), WordOf(action), can(action)));
   }
   return items;
 }

@@ -147,7 +147,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   if (event->type() == QEvent::DynamicPropertyChange) {
-    if (static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == kVideoProperty) ShowBars();
+    const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
+    if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_;
@@ -333,6 +334,7 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (IsCloseItem(id)) return op_.CloseTool(tool);
   if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
+  if (id == kErrorPlaceItem) return ShowErrorPlace(op_.Desk().ShownSpot());
   if (id == kFaultsItem || id == kPlcItem) {
     innerKeys_ = id == kPlcItem ? InnerKeys::kPlcMessages : InnerKeys::kFaults;
     return ShowBars();

@@ -42,7 +42,9 @@ ProgramDesk::ProgramDesk(ProgramEditor& editor, FileAsker& asker, Question& ques
 
 ProgramDesk::~ProgramDesk() { writer_.Finish(); }
 
-bool ProgramDesk::Working() const { return reader_.Working() || writer_.Working() || editor_.Working(); }
+bool ProgramDesk::Working() const {
+  return reader_.Working() || locator_.Working() || writer_.Working() || editor_.Working();
+}
 
 void ProgramDesk::AskToDiscard(std::function<void()> go) {
   if (writer_.Working()) {
@@ -139,12 +141,37 @@ void ProgramDesk::SaveAs() {
 
 void ProgramDesk::Load(const QString& panelPath) {
   DropReading();
+  spot_.reset();
   opening_ = panelPath;
   editor_.BeginOpening(panelPath);
   reader_.Run<ProgramText, ReadNews>(
       [host = resolve_(panelPath)](const ReadTell& tell) { return ReadProgram(host, tell); },
       [this](const ReadNews& news) { OnNews(news); },
       [this, panelPath](ProgramText program) { OnRead(panelPath, std::move(program)); });
+}
+
+void ProgramDesk::ShowSpot(const pnl::rig::ProgramSpot& spot) {
+  const QString path = JoinPath(QString::fromStdU16String(spot.folder), QString::fromStdU16String(spot.file));
+  // Names of files are compared as the control compares them.
+  if (stored_ && !editor_.Opening() && path.compare(path_, Qt::CaseInsensitive) == 0) return Locate(spot);
+  AskToDiscard([this, path, spot] {
+    Load(path);
+    spot_ = spot;
+  });
+}
+
+void ProgramDesk::Locate(const pnl::rig::ProgramSpot& spot) {
+  // The file is what the control has read, and counting the bytes of a big one takes its time.
+  locator_.Run<int>(
+      [host = resolve_(path_), position = spot.position] {
+        const ProgramText program = ReadProgram(host);
+        return program.outcome == FileOutcome::kDone ? LineAt(program, position) : -1;
+      },
+      [this, path = path_, column = spot.span](int line) {
+        if (path != path_ || editor_.Opening()) return;
+        if (line < 0) return emit Said(Say(Word::kCannotOpen, path), true);
+        editor_.MarkWord(line, column);
+      });
 }
 
 void ProgramDesk::OnNews(const ReadNews& news) {
@@ -170,6 +197,7 @@ void ProgramDesk::OnRead(const QString& panelPath, ProgramText program) {
     stored_ = true;
     layout_ = layout;
     emit Said(Say(Word::kOpened, panelPath), false);
+    if (const auto spot = std::exchange(spot_, std::nullopt)) Locate(*spot);
     Rest();
   });
 }

@@ -47,6 +47,9 @@ class ProgramDesk : public QObject {
   /// the new file after it.
   void Load(const QString& panelPath);
   void Store(const QString& panelPath);
+  /// Shows a place in a program with its word marked. Another program than the present one is opened first; when that
+  /// has changes, the operator is asked.
+  void ShowSpot(const pnl::rig::ProgramSpot& spot);
   /// Cancels the opening of a program. The old one stays as it was.
   void CancelOpening();
   /// Whether a program is being read, shown, searched, changed in many places or written.
@@ -66,6 +69,7 @@ class ProgramDesk : public QObject {
   void Refuse(const QString& panelPath, const ProgramText& program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
+  void Locate(const pnl::rig::ProgramSpot& spot);
   void StartNew(const QString& panelPath);
   [[nodiscard]] FileRequest RequestFor(const QString& title, quint32 flags) const;
   /// Calls what waited for the program that was being written.
@@ -81,6 +85,8 @@ class ProgramDesk : public QObject {
   ProgramLayout layout_;
   Background reader_;
   Background writer_;
+  Background locator_;
+  std::optional<pnl::rig::ProgramSpot> spot_;  // the place to show when the program is open
   QString storeNext_;                          // the file to write after the current one
   std::vector<std::function<void()>> atRest_;  // calls that wait for the program that is being written
 };

@@ -66,6 +66,9 @@ class ProgramEditor : public QWidget {
   [[nodiscard]] bool Can(Action action) const;
   /// Puts the caret at the beginning of a line, counted from 1. Past the end, the last line.
   void GoToLine(int line);
+  /// Marks the word that begins there, as a control reads words: a letter and its number, or a comment. Line and
+  /// column are counted from 0.
+  void MarkWord(int line, int column);
   /// Marks a piece of a line, both counted from 0, and gives the text the keyboard.
   void MarkInLine(int line, int column, int length);
   /// Whether places are being replaced, or such a step is undone. Nothing else may change the text then.

@@ -95,6 +95,24 @@ void ProgramEditor::MarkInLine(int line, int column, int length) {
   edit_->setFocus();
 }
 
+void ProgramEditor::MarkWord(int line, int column) {
+  const QString text = edit_->document()->findBlockByNumber(line).text();
+  const qsizetype begin = std::clamp<qsizetype>(column, 0, text.size());
+  qsizetype end = std::min(begin + 1, text.size());
+  if (begin < text.size() && text.at(begin) == u'(') {
+    const qsizetype close = text.indexOf(u')', begin);
+    end = close < 0 ? text.size() : close + 1;
+  }
+  // Letters belong together only when they begin the word, as in a name.
+  bool name = begin < text.size() && text.at(begin).isLetter();
+  while (end < text.size() && text.at(begin) != u'(' && !text.at(end).isSpace()) {
+    if (text.at(end).isLetter() && !name) break;
+    name = name && text.at(end).isLetter();
+    ++end;
+  }
+  MarkInLine(line, static_cast<int>(begin), static_cast<int>(end - begin));
+}
+
 void ProgramEditor::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && Opening()) return emit CancelWanted();
   if (event->key() == Qt::Key_Escape && bar_ != Bar::kNone) return CloseBar();

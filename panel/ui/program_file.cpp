@@ -126,6 +126,18 @@ ProgramText ReadProgram(const QString& path, const ReadTell& tell) {
   return program;
 }
 
+int LineAt(const ProgramText& program, qint64 position) {
+  qint64 end = program.layout.markBytes;
+  int line = 0;
+  for (qsizetype begin = 0;; ++line) {
+    const qsizetype stop = program.text.indexOf(QLatin1Char('\n'), begin);
+    if (stop < 0) return line;
+    end += program.layout.BytesOf(QStringView(program.text).mid(begin, stop - begin)) + program.layout.EndBytes(line);
+    if (position < end) return line;
+    begin = stop + 1;
+  }
+}
+
 FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text) {
   const QFileInfo old(path);
   // Renaming over a read-only file would succeed, but the operator who protected it wants it kept.

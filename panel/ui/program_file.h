@@ -55,6 +55,9 @@ inline constexpr qsizetype kLongestProgramLine = 100'000;
 /// A file with a NUL or with a line that is too long is not a text. The news of a big file tell its first page before
 /// the rest is read. Once tell returns false, reading ends and the result means nothing.
 [[nodiscard]] ProgramText ReadProgram(const QString& path, const ReadTell& tell = {});
+/// The line, counted from 0, in which a byte of the program's file lies. The first line for a negative position, the
+/// last one for a position past the end.
+[[nodiscard]] int LineAt(const ProgramText& program, qint64 position);
 /// Replaces the whole file, in the default ProgramLayout. The lines of text end with \n or a paragraph separator. On
 /// failure the old file stays.
 [[nodiscard]] FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text);

@@ -38,6 +38,8 @@ inline constexpr const char* kDialog = "pnlDialog";
 inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 // The PLC message view: whether a video is shown.
 inline constexpr const char* kVideo = "pnlVideo";
+// The error window: the place of the shown error in the queue, from 0.
+inline constexpr const char* kErrorPlace = "pnlErrorPlace";
 }  // namespace property
 
 /// The role in a grid's vertical header for a row's state: 0 factory row, 1 normal row, 2 row that failed its check.
