@@ -300,14 +300,16 @@ TEST_F(ErrorListTest, TheListStandsAboveTheDetailsAndTheKey) {
                   .Field({0, 0, 800, 400}, theme::kBackground, theme::kAccent, 8)
                   .Left({12, 0, 776, 32}, Say(Word::kErrorListTitle), Font(18, true), theme::kText);
             }));
-  EXPECT_EQ(cover_.List().geometry(), QRect(10, 37, 780, 268));
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(662, 342, 128, 48));
+  EXPECT_EQ(cover_.List().geometry(), QRect(10, 37, 780, 247));
+  EXPECT_EQ(cover_.LineKey()->geometry(), QRect(529, 289, 128, 48));
+  EXPECT_EQ(cover_.HelpKey()->geometry(), QRect(662, 289, 128, 48));
+  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(529, 342, 261, 48));
   auto* details = cover_.findChild<QPlainTextEdit*>();
-  EXPECT_EQ(details->geometry(), QRect(10, 310, 642, 80));
+  EXPECT_EQ(details->geometry(), QRect(10, 289, 509, 101));
   cover_.SetFontPixels(20);
-  EXPECT_EQ(cover_.List().geometry(), QRect(10, 45, 780, 240));
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(630, 330, 160, 60));
-  EXPECT_EQ(details->geometry(), QRect(10, 290, 610, 100));
+  EXPECT_EQ(cover_.List().geometry(), QRect(10, 45, 780, 215));
+  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(465, 330, 325, 60));
+  EXPECT_EQ(details->geometry(), QRect(10, 265, 445, 125));
   EXPECT_EQ(details->font(), Font(20));
   EXPECT_EQ(cover_.List().itemDelegate()->sizeHint({}, {}), QSize(100, 70));
   EXPECT_THAT(StrokesOf(*cover_.BackKey()), ::testing::Contains(::testing::HasSubstr(" 20 px")));
@@ -347,7 +349,7 @@ TEST_F(ErrorListTest, ItIsMadeForAFingerAndForTab) {
   cover_.Open();
   QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t");
   QCoreApplication::sendEvent(&cover_.List(), &tab);
-  EXPECT_TRUE(cover_.BackKey()->hasFocus());
+  EXPECT_TRUE(cover_.BackKey()->hasFocus()) << "the other keys are dim without an error";
   EXPECT_EQ(cover_.BackKey()->text(), "Back");
   EXPECT_EQ(cover_.BackKey()->accessibleName(), "Back");
   EXPECT_EQ(cover_.BackKey()->KeyName(), "Esc");
