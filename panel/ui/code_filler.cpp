@@ -83,7 +83,11 @@ bool CodeFiller::Work(QDeadlineTimer end) {
 }
 
 void CodeFiller::Slice() {
-  if (!Work(QDeadlineTimer(kSliceMilliseconds))) End();
+  if (Work(QDeadlineTimer(kSliceMilliseconds))) {
+    emit Progressed();
+  } else {
+    End();
+  }
 }
 
 void CodeFiller::End() {

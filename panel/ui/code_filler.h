@@ -31,6 +31,10 @@ class CodeFiller : public QObject {
   /// How much of the text is shown.
   [[nodiscard]] int Percent() const;
 
+ signals:
+  /// A slice is done, and there is more to do.
+  void Progressed();
+
  protected:
   void timerEvent(QTimerEvent* event) override;
 

@@ -90,6 +90,7 @@ void ProgramEditor::MakeComing() {
   coming_ = MakeEdit();
   coming_->setReadOnly(true);
   comingFiller_ = new CodeFiller(coming_);
+  connect(comingFiller_, &CodeFiller::Progressed, this, &ProgramEditor::UpdateProgress);
   QWidget::setTabOrder(edit_, coming_);
 }
 
@@ -100,8 +101,10 @@ void ProgramEditor::RevealComing() {
 void ProgramEditor::DropComing() {
   CodeEdit* edit = std::exchange(coming_, nullptr);
   if (edit == nullptr) return;
+  CodeFiller* filler = std::exchange(comingFiller_, nullptr);
+  disconnect(filler, nullptr, this, nullptr);
   if (!edit->isHidden()) Swap(edit, edit_);
-  Retire(edit, std::exchange(comingFiller_, nullptr));
+  Retire(edit, filler);
 }
 
 void ProgramEditor::Fill(const QString& text, const QString& name, std::function<void()> shown) {
@@ -138,6 +141,7 @@ void ProgramEditor::Arrive() {
   disconnect(old->document(), nullptr, this, nullptr);
   disconnect(history_, nullptr, this, nullptr);
   RevealComing();
+  disconnect(comingFiller_, nullptr, this, nullptr);
   comingFiller_ = nullptr;
   Adopt(std::exchange(coming_, nullptr));
   name_ = comingName_;
@@ -166,6 +170,10 @@ void ProgramEditor::ShowReading(int percent, bool big) {
     patience_.stop();
     ShowOpeningBar();
   }
+  UpdateProgress();
+}
+
+void ProgramEditor::UpdateProgress() {
   openingBar_->Show(PercentOpened());
   update();
 }

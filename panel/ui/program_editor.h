@@ -128,6 +128,7 @@ class ProgramEditor : public QWidget {
   void Place();
   [[nodiscard]] int PercentOpened() const;
   void ShowOpeningBar();
+  void UpdateProgress();
 
   CodeEdit* edit_ = nullptr;  // the program
   CodeFiller* filler_ = nullptr;

