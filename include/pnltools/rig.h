@@ -59,6 +59,14 @@ struct ErrorSpec {
   std::vector<ErrorParameterSpec> extraValues;  // at most 4; only valueType and value are used
 };
 
+/// The place of a fault in a program.
+struct ProgramSpot {
+  std::u16string folder;  // panel path
+  std::u16string file;
+  std::int32_t position = 0;  // start of the block, in bytes from the start of the file
+  std::int32_t span = 0;      // from the block's start to the word at fault, in UTF-16 units
+};
+
 /// The controls of the simulated CNC. An operation with a name that doesn't exist returns false.
 class CncControl {
  public:
@@ -106,6 +114,8 @@ class CncControl {
     std::u16string module;
     std::vector<std::u16string> parameters;  // the plain values of the typed parameters that aren't absent
     std::int64_t serial = 0;                 // never used twice
+    std::u16string helpRef;                  // for DescriptionBehind; empty when the error has no description
+    std::optional<ProgramSpot> program;      // where the error lies; nothing when it lies in no program
   };
   [[nodiscard]] virtual std::vector<ErrorSummary> Errors() const = 0;
   /// What has happened to an error: it has entered the queue, or left it by ResetError, by ResetErrorWithEnter, or with
@@ -158,14 +168,6 @@ struct MachineState {
   std::u16string block;              // the block in hand
   std::u16string gCodes;             // modal, "G01 G17 G90 …"
   std::u16string frame;              // the workpiece offset to which the positions refer, "G54"
-};
-
-/// The place of a fault in a program.
-struct ProgramSpot {
-  std::u16string folder;  // panel path
-  std::u16string file;
-  std::int32_t position = 0;  // start of the block, in bytes from the start of the file
-  std::int32_t span = 0;      // from the block's start to the word at fault, in UTF-16 units
 };
 
 /// The operator's panel of the simulated machine. Without a machine (StartBare) Machine() is null.

@@ -28,6 +28,11 @@ const QList<ShortcutRow>& ShortcutTable() {
       {Action::kCoordinates, Word::kCoordinates, "Ctrl+W"},
       {Action::kOverrideFull, Word::kOverrideFull, "Ctrl+0"},
       {Action::kUndoRemoval, Word::kUndoRemoval, "Ctrl+U"},
+      {Action::kUndo, Word::kUndo, "Ctrl+Z"},
+      {Action::kRedo, Word::kRedo, "Ctrl+Y; Ctrl+Shift+Z"},
+      {Action::kFind, Word::kFind, "Ctrl+F"},
+      {Action::kReplace, Word::kReplace, "Ctrl+H"},
+      {Action::kGoToLine, Word::kGoToLine, "Ctrl+G"},
       {Action::kMainMore, Word::kMore, "F8"},
       {Action::kMainBack, Word::kBack, "Alt+Left"},
       {Action::kSideMore, Word::kMore, "Shift+F8"},
@@ -47,6 +52,8 @@ QList<QKeySequence> KeysOf(Action action) {
 }
 
 Word WordOf(Action action) { return ShortcutTable().at(static_cast<int>(action)).what; }
+
+bool IsOfEditor(Action action) { return action >= Action::kUndo && action <= Action::kGoToLine; }
 
 bool Repeats(Action action) { return action == Action::kOverrideDown || action == Action::kOverrideUp; }
 

@@ -35,6 +35,11 @@ enum class Action {
   kCoordinates,
   kOverrideFull,
   kUndoRemoval,
+  kUndo,
+  kRedo,
+  kFind,
+  kReplace,
+  kGoToLine,
   kMainMore,
   kMainBack,
   kSideMore,
@@ -52,6 +57,8 @@ struct ShortcutRow {
 [[nodiscard]] const QList<ShortcutRow>& ShortcutTable();
 [[nodiscard]] QList<QKeySequence> KeysOf(Action action);
 [[nodiscard]] Word WordOf(Action action);
+/// Whether the action's keys belong to the program editor: they act only while the editor has the keyboard.
+[[nodiscard]] bool IsOfEditor(Action action);
 /// Whether the action repeats while its key is held down. A held start key starts only once.
 [[nodiscard]] bool Repeats(Action action);
 /// What the action does and its first key, as in "Start (F9)".

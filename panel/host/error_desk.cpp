@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 
 #include "common/words.h"
@@ -91,6 +92,43 @@ void ErrorDesk::OnHelpLeft() {
   if (!std::exchange(showsHelp_, false)) return;
   CallWindow();
   emit Changed();
+}
+
+void ErrorDesk::PutAway() {
+  if (!WindowShown()) return;
+  const PnlWindow window = session_.ToolWindow(PNL_TOOL_ERRORS);
+  // Blocking its errors hides the window, and they are let through again at once.
+  for (const intptr_t blocked : {1, 0}) PnlSendMessage(window, PNL_MSG_TOOL_NOTIFY, PNL_NOTIFY_BLOCK_ERRORS, blocked);
+  emit Changed();
+}
+
+std::optional<pnl::rig::ProgramSpot> ErrorDesk::ShownSpot() const {
+  if (!watching_ || !WindowShown()) return std::nullopt;
+  const auto* window = static_cast<const QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  if (window == nullptr) return std::nullopt;
+  // Summaries of a long queue cost time, and this is asked at every change of the machine.
+  const std::pair at{history_.Revision(), window->property(kErrorPlaceProperty).toInt()};
+  if (at == shownAt_) return shownSpot_;
+  shownAt_ = at;
+  const auto errors = rig_->Cnc().Errors();
+  const auto place = static_cast<std::size_t>(std::max(0, at.second));
+  shownSpot_ = place < errors.size() ? errors[place].program : std::nullopt;
+  return shownSpot_;
+}
+
+QString ErrorDesk::DescriptionOf(const ErrorHistory::Summary& error) const {
+  if (rig_ == nullptr || error.helpRef.empty()) return {};
+  return QString::fromStdU16String(rig_->Cnc().DescriptionBehind(error.helpRef).value_or(std::u16string()));
+}
+
+void ErrorDesk::ShowHelpOf(const ErrorHistory::Summary& error) {
+  PutAway();
+  const QString title =
+      QStringLiteral("%1 : %2").arg(error.number).arg(QString::fromStdU16String(error.text).trimmed());
+  OnShowError({{QStringLiteral("helpRef"), QString::fromStdU16String(error.helpRef)},
+               {QStringLiteral("header"), title},
+               {QStringLiteral("back"), ColorOfKind(error.errorClass)},
+               {QStringLiteral("fore"), 0xFFFFFFu}});
 }
 
 void ErrorDesk::HideHelp() {

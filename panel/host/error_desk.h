@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QString>
 #include <optional>
+#include <utility>
 
 #include "host/error_history.h"
 #include "host/host_session.h"
@@ -31,6 +32,9 @@ struct ErrorSign {
   int count = 0;
   bool operator==(const ErrorSign&) const = default;
 };
+
+/// The property of the error window with the place of the shown error in the queue.
+inline constexpr const char* kErrorPlaceProperty = "pnlErrorPlace";
 
 /// Reads the two arguments of "ZM_UPDATE_NERRORS". A number that is no class becomes kError.
 [[nodiscard]] ErrorSign ErrorSignOf(qint64 first, qint64 second);
@@ -67,6 +71,16 @@ class ErrorDesk : public QObject {
   /// The PLC message view has closed the help: the tool shows its window again.
   void OnHelpLeft();
 
+  /// Puts the tool's window away, as the operator does. Its errors stay.
+  void PutAway();
+  /// Where the error that the tool's window shows lies in a program; nothing when it lies in none or the window is
+  /// away.
+  [[nodiscard]] std::optional<pnl::rig::ProgramSpot> ShownSpot() const;
+  /// The long description of an error: cause, effect and remedy. Empty when it has none.
+  [[nodiscard]] QString DescriptionOf(const ErrorHistory::Summary& error) const;
+  /// Has the PLC message view show the description.
+  void ShowHelpOf(const ErrorHistory::Summary& error);
+
   /// Whether the question to close the panel is waiting for its answer.
   [[nodiscard]] bool AsksToClose() const { return asksToClose_; }
   void AnswerClose(bool yes);
@@ -101,6 +115,9 @@ class ErrorDesk : public QObject {
   bool called_ = false;  // CallWindow is making the window open
   bool asksToClose_ = false;
   bool closeRefused_ = false;
+  // ShownSpot as it was for that revision of the history and that place in the queue.
+  mutable std::pair<std::int64_t, int> shownAt_{-1, -1};
+  mutable std::optional<pnl::rig::ProgramSpot> shownSpot_;
 };
 
 }  // namespace panel

@@ -25,6 +25,13 @@ std::u16string ErrorHistory::KeyOf(const Summary& error) {
     key += u'\0';
     key += parameter;
   }
+  // The same error in two lines of a program is two errors.
+  if (error.program) {
+    key += u'\0';
+    key += error.program->folder + u'\\' + error.program->file + u'\0';
+    number(error.program->position);
+    number(error.program->span);
+  }
   return key;
 }
 

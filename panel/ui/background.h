@@ -23,6 +23,12 @@ class Background : public QObject {
   /// that is still running is dropped.
   template <typename Result>
   void Run(std::function<Result()> work, std::function<void(Result)> done);
+  /// The same for work that has something to say on its way. It gets a function that brings news to heard on the
+  /// window's thread, in order and before done. The function returns false once the work was dropped, and the work
+  /// may then end at once.
+  template <typename Result, typename News>
+  void Run(std::function<Result(const std::function<bool(News)>&)> work, std::function<void(News)> heard,
+           std::function<void(Result)> done);
   /// Forgets the result of the running work. The work itself runs to its end.
   void Drop();
   /// Waits until the work has ended. Its result still comes through the event loop.
@@ -38,15 +44,48 @@ class Background : public QObject {
     Background* owner = nullptr;  // null once the result isn't wanted
   };
 
+  std::shared_ptr<Job> Begin();
+  template <typename Result>
+  static void Start(const std::shared_ptr<Job>& job, std::function<Result()> work, std::function<void(Result)> done);
+
   std::shared_ptr<Job> job_;
 };
 
+inline std::shared_ptr<Background::Job> Background::Begin() {
+  Drop();
+  job_ = std::make_shared<Job>();
+  job_->owner = this;
+  return job_;
+}
+
 template <typename Result>
 void Background::Run(std::function<Result()> work, std::function<void(Result)> done) {
-  Drop();
-  const auto job = std::make_shared<Job>();
-  job->owner = this;
-  job_ = job;
+  Start<Result>(Begin(), std::move(work), std::move(done));
+}
+
+template <typename Result, typename News>
+void Background::Run(std::function<Result(const std::function<bool(News)>&)> work, std::function<void(News)> heard,
+                     std::function<void(Result)> done) {
+  const auto job = Begin();
+  const std::function<bool(News)> tell = [job, heard = std::move(heard)](News news) {
+    const std::lock_guard lock(job->mutex);
+    if (job->owner == nullptr) return false;
+    QMetaObject::invokeMethod(
+        job->owner,
+        [job, heard, news = std::move(news)] {
+          // As with the result, no lock is needed.
+          if (job->owner != nullptr) heard(news);
+        },
+        Qt::QueuedConnection);
+    return true;
+  };
+  Start<Result>(
+      job, [work = std::move(work), tell] { return work(tell); }, std::move(done));
+}
+
+template <typename Result>
+void Background::Start(const std::shared_ptr<Job>& job, std::function<Result()> work,
+                       std::function<void(Result)> done) {
   const auto run = [job, work = std::move(work), done = std::move(done)]() mutable {
     Result result = work();
     const std::lock_guard lock(job->mutex);

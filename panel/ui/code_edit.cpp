@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/code_edit.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -79,6 +80,33 @@ CodeEdit::~CodeEdit() { QScroller::ungrabGesture(viewport()); }
 void CodeEdit::SetFontPixels(int pixels) {
   setFont(theme::MonoFont(pixels));
   PlaceNumbers();
+}
+
+void CodeEdit::keyPressEvent(QKeyEvent* event) {
+  // A key of two meanings on different systems: both keys for Redo count everywhere.
+  const bool redo = event->matches(QKeySequence::Redo) ||
+                    (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_Y) ||
+                    (event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) && event->key() == Qt::Key_Z);
+  if (redo) {
+    emit RedoWanted();
+  } else if (event->matches(QKeySequence::Undo)) {
+    emit UndoWanted();
+  } else {
+    return QPlainTextEdit::keyPressEvent(event);
+  }
+  event->accept();
+}
+
+void CodeEdit::Mark(int position, int length) {
+  QTextCursor mark(document());
+  mark.setPosition(position);
+  const QTextBlock block = mark.block();
+  const int seen = viewport()->height() / std::max(1, fontMetrics().height()) - 1;
+  const int first = firstVisibleBlock().blockNumber();
+  const bool inSight = block.blockNumber() >= first && block.blockNumber() < first + seen;
+  mark.setPosition(position + length, QTextCursor::KeepAnchor);
+  setTextCursor(mark);
+  if (!inSight) centerCursor();
 }
 
 int CodeEdit::NumbersWidth() const {

@@ -18,8 +18,16 @@ class CodeEdit : public QPlainTextEdit {
   void SetFontPixels(int pixels);
   /// Updates line numbers and colours. Call it after a change that sent no signal.
   void Refresh();
+  /// Marks a piece of the text and shows it, in the middle when it was out of sight.
+  void Mark(int position, int length);
+
+ signals:
+  /// The keys for it were pressed. The owner carries them out.
+  void UndoWanted();
+  void RedoWanted();
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -75,6 +75,8 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
       delegate_(new ErrorRowDelegate(this)),
       list_(MakeList(model_, delegate_, this)),
       details_(new QPlainTextEdit(this)),
+      line_(new PanelKey(this)),
+      help_(new PanelKey(this)),
       back_(new PanelKey(this)) {
   setAccessibleName(Say(Word::kErrorListTitle));
   list_->setAccessibleName(Say(Word::kErrorListTitle));
@@ -82,6 +84,13 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
   details_->setReadOnly(true);
   details_->setFrameShape(QFrame::NoFrame);
   details_->setFocusPolicy(Qt::NoFocus);
+  QScroller::grabGesture(details_->viewport(), QScroller::TouchGesture);
+  line_->setText(Say(Word::kGoToLine));
+  line_->setAccessibleName(line_->text());
+  help_->setText(Say(Word::kHelp));
+  help_->setAccessibleName(help_->text());
+  connect(line_, &PanelKey::clicked, this, &ErrorListCover::OnLine);
+  connect(help_, &PanelKey::clicked, this, &ErrorListCover::OnHelp);
   back_->setText(Say(Word::kBack));
   back_->setAccessibleName(back_->text());
   back_->SetKeyName(QStringLiteral("Esc"));
@@ -91,7 +100,10 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
 }
 
 // A gesture that isn't released stays until the program ends.
-ErrorListCover::~ErrorListCover() { QScroller::ungrabGesture(list_->viewport()); }
+ErrorListCover::~ErrorListCover() {
+  QScroller::ungrabGesture(list_->viewport());
+  QScroller::ungrabGesture(details_->viewport());
+}
 
 void ErrorListCover::Open() {
   open_ = true;
@@ -150,14 +162,40 @@ void ErrorListCover::ShowDetails() {
     lines << index.data(ErrorListModel::kNameRole).toString() + QStringLiteral(": ") + index.data().toString()
           << index.data(ErrorListModel::kDetailsRole).toString();
   }
-  details_->setPlainText(lines.join(QLatin1Char('\n')));
+  const ErrorHistory::Summary* error = Chosen();
+  const QString description = error == nullptr ? QString() : desk_.DescriptionOf(*error).trimmed();
+  if (!description.isEmpty()) lines << description;
+  line_->setEnabled(error != nullptr && error->program.has_value());
+  help_->setEnabled(!description.isEmpty());
+  const QString text = lines.join(QLatin1Char('\n'));
+  // The same text again would lose the place to which the operator has scrolled.
+  if (text != details_->toPlainText()) details_->setPlainText(text);
+}
+
+const ErrorHistory::Summary* ErrorListCover::Chosen() const { return model_->ErrorAt(list_->currentIndex().row()); }
+
+// A copy each, because whoever hears it may close the list and read the history anew.
+void ErrorListCover::OnLine() {
+  const ErrorHistory::Summary* error = Chosen();
+  if (error == nullptr || !error->program) return;
+  const pnl::rig::ProgramSpot spot = *error->program;
+  Leave();
+  emit LineWanted(spot);
+}
+
+void ErrorListCover::OnHelp() {
+  const ErrorHistory::Summary* chosen = Chosen();
+  if (chosen == nullptr) return;
+  const ErrorHistory::Summary error = *chosen;
+  Leave();
+  emit HelpWanted(error);
 }
 
 void ErrorListCover::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
   delegate_->SetSizes(pixels, std::max(theme::TouchPixels(*this), pixels * 7 / 2));
   details_->setFont(theme::Font(pixels));
-  back_->SetFontPixels(pixels);
+  for (PanelKey* panelKey : {line_, help_, back_}) panelKey->SetFontPixels(pixels);
   list_->doItemsLayout();
   Place();
 }
@@ -166,12 +204,16 @@ void ErrorListCover::Place() {
   const int row = std::max(theme::TouchPixels(*this), fontPixels_ * 3);
   const int line = fontPixels_ * 2;
   const int top = line + line * static_cast<int>(notes_.size()) + kPad / 2;
-  const int bottom = std::max(row, fontPixels_ * 5);
+  const int gap = kPad / 2;
+  const int bottom = 2 * row + gap;
   const int key = std::max(fontPixels_ * 8, 2 * row);
   const int low = height() - kPad - bottom;
-  list_->setGeometry(kPad, top, width() - 2 * kPad, std::max(0, low - kPad / 2 - top));
-  back_->setGeometry(width() - kPad - key, height() - kPad - row, key, row);
-  details_->setGeometry(kPad, low, back_->x() - 2 * kPad, bottom);
+  const int keysLeft = width() - kPad - 2 * key - gap;
+  list_->setGeometry(kPad, top, width() - 2 * kPad, std::max(0, low - gap - top));
+  line_->setGeometry(keysLeft, low, key, row);
+  help_->setGeometry(keysLeft + key + gap, low, key, row);
+  back_->setGeometry(keysLeft, low + row + gap, 2 * key + gap, row);
+  details_->setGeometry(kPad, low, std::max(0, keysLeft - 2 * kPad), bottom);
 }
 
 void ErrorListCover::resizeEvent(QResizeEvent*) { Place(); }
@@ -211,6 +253,6 @@ void ErrorListCover::keyPressEvent(QKeyEvent* event) {
   event->accept();
 }
 
-bool ErrorListCover::focusNextPrevChild(bool next) { return FocusAmong({list_, back_}, next); }
+bool ErrorListCover::focusNextPrevChild(bool next) { return FocusAmong({list_, line_, help_, back_}, next); }
 
 }  // namespace panel

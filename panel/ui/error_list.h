@@ -48,7 +48,14 @@ class ErrorListCover : public QWidget {
   [[nodiscard]] const QStringList& Notes() const { return notes_; }
   [[nodiscard]] QString Details() const { return details_->toPlainText(); }
   [[nodiscard]] PanelKey* BackKey() const { return back_; }
+  [[nodiscard]] PanelKey* LineKey() const { return line_; }
+  [[nodiscard]] PanelKey* HelpKey() const { return help_; }
   void SetFontPixels(int pixels);
+
+ signals:
+  /// The operator wants to see the place of the chosen error, or its help.
+  void LineWanted(const pnl::rig::ProgramSpot& spot);
+  void HelpWanted(const ErrorHistory::Summary& error);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -63,11 +70,16 @@ class ErrorListCover : public QWidget {
   void ReadNotes();
   void ShowDetails();
   void Place();
+  [[nodiscard]] const ErrorHistory::Summary* Chosen() const;
+  void OnLine();
+  void OnHelp();
   const ErrorDesk& desk_;
   ErrorListModel* model_;
   ErrorRowDelegate* delegate_;
   QListView* list_;
   QPlainTextEdit* details_;
+  PanelKey* line_;
+  PanelKey* help_;
   PanelKey* back_;
   QStringList notes_;
   QBasicTimer floodEnd_;  // removes the note of the flood when it is over

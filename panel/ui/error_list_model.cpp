@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <utility>
 
 #include "common/words.h"
 #include "ui/error_indicator.h"
@@ -42,7 +43,22 @@ QString FatesOf(const ErrorRow& row) {
   return fates.join(QStringLiteral(", "));
 }
 
+constexpr std::pair<std::int32_t, Word> kSources[] = {
+    {0, Word::kSourceControl},       {1, Word::kSourceProgram},  {2, Word::kSourcePreparation},
+    {3, Word::kSourcePartner},       {9, Word::kSourceScript},   {10, Word::kSourcePlc},
+    {11, Word::kSourceControl},      {12, Word::kSourceControl}, {13, Word::kSourceDrive},
+    {14, Word::kSourceUnknownDrive}, {15, Word::kSourceControl}, {16, Word::kSourceDriveBus},
+    {17, Word::kSourceFieldBus},     {19, Word::kSourceCanOpen},
+};
+
 }  // namespace
+
+QString NameOfSource(std::int32_t source) {
+  for (const auto& [number, word] : kSources) {
+    if (number == source) return Say(word);
+  }
+  return QString::number(source);
+}
 
 QString TextOfTime(ErrorTime time, ErrorTime now) {
   const QDateTime local = LocalTime(time);
@@ -54,7 +70,7 @@ ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now) {
   const ErrorHistory::Summary& error = row.error;
   const ErrorKind kind = error.errorClass;
   QString text = QString::fromStdU16String(error.text).simplified();
-  const QString source = Say(Word::kErrorSource, QString::number(error.source));
+  const QString source = Say(Word::kErrorSource, NameOfSource(error.source));
   const QString id = Say(Word::kErrorId, IdOf(error));
   QStringList parameters;
   if (!error.parameters.empty()) parameters << Say(Word::kErrorParameters, ParametersOf(error));
@@ -65,6 +81,7 @@ ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now) {
   } else {
     details << source;
   }
+  if (error.program) details << Say(Word::kErrorProgram, QString::fromStdU16String(error.program->file));
   if (row.times > 1) {
     details << Say(Word::kErrorTimes).arg(QString::number(row.times), TextOfTime(row.first, now));
   }
@@ -89,9 +106,11 @@ void ErrorListModel::Take(const ErrorHistory& history, ErrorTime now) {
   beginResetModel();
   rows_.clear();
   ids_.clear();
+  errors_.clear();
   for (const ErrorRow& row : history.Rows()) {
     rows_.push_back(TextOfRow(row, now));
     ids_.push_back(row.id);
+    errors_.push_back(row.error);
   }
   endResetModel();
 }
@@ -128,6 +147,10 @@ int ErrorListModel::RowOf(std::int64_t id) const {
 
 std::int64_t ErrorListModel::IdAt(int row) const {
   return row >= 0 && row < rowCount() ? ids_[static_cast<std::size_t>(row)] : 0;
+}
+
+const ErrorHistory::Summary* ErrorListModel::ErrorAt(int row) const {
+  return row >= 0 && row < rowCount() ? &errors_[static_cast<std::size_t>(row)] : nullptr;
 }
 
 }  // namespace panel

@@ -22,6 +22,8 @@ struct ErrorRowText {
 
 /// Returns the words of a row. now decides whether a time needs its date.
 [[nodiscard]] ErrorRowText TextOfRow(const ErrorRow& row, ErrorTime now);
+/// The name of the part of the control from which an error comes; its number when it has no name.
+[[nodiscard]] QString NameOfSource(std::int32_t source);
 /// Returns "12:34:56", with the date before it when that isn't today.
 [[nodiscard]] QString TextOfTime(ErrorTime time, ErrorTime now);
 /// Returns the notes above the rows: a flood, and errors that have no row any more. Empty when there are none.
@@ -40,10 +42,13 @@ class ErrorListModel : public QAbstractListModel {
   /// The row of the history's row with that id, or -1. For a selection that stays with its error.
   [[nodiscard]] int RowOf(std::int64_t id) const;
   [[nodiscard]] std::int64_t IdAt(int row) const;
+  /// The last error of that row; null when there is no such row.
+  [[nodiscard]] const ErrorHistory::Summary* ErrorAt(int row) const;
 
  private:
   std::vector<ErrorRowText> rows_;
   std::vector<std::int64_t> ids_;
+  std::vector<ErrorHistory::Summary> errors_;
 };
 
 }  // namespace panel

@@ -53,12 +53,13 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   return items;
 }
 
-std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op) {
-  (void)session;
+std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError) {
   std::vector<SoftKeyItem> items;
-  for (const Action action : {Action::kOpenProgram, Action::kSaveProgram, Action::kNewProgram, Action::kSwitchRole,
-                              Action::kCoordinates, Action::kOverrideFull}) {
-    items.push_back(ActionItem(op, action));
+  for (const Action action :
+       {Action::kUndo, Action::kRedo, Action::kFind, Action::kReplace, Action::kGoToLine, Action::kSaveProgram}) {
+    const bool toError = atError && action == Action::kGoToLine;
+    items.push_back(toError ? PlainItem(kErrorPlaceItem, Word::kGoToError)
+                            : PlainItem(static_cast<int>(action), WordOf(action), can(action)));
   }
   return items;
 }

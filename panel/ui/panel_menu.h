@@ -3,6 +3,7 @@
 // view. This file only makes the items and knows what an item means.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -12,7 +13,9 @@
 namespace panel {
 
 [[nodiscard]] std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operator& op);
-[[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const HostSession& session, const Operator& op);
+/// The side bar belongs to the program editor. can says what the editor would do now. While the error window shows an
+/// error of a program, its key leads to the place of the error.
+[[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError = false);
 
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
@@ -47,5 +50,7 @@ inline constexpr const char* kVideoProperty = "pnlVideo";
 /// The items that show the faults and the PLC messages.
 inline constexpr int kFaultsItem = 3000;
 inline constexpr int kPlcItem = 3004;
+/// The item that shows the place of the error.
+inline constexpr int kErrorPlaceItem = 3005;
 
 }  // namespace panel

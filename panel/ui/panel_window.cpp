@@ -103,6 +103,9 @@ void PanelWindow::Connect() {
   connect(undo_, &UndoOffer::Changed, this, &PanelWindow::PlaceMessages);
   connect(undo_, &UndoOffer::Refused, this, [this] { op_.SetHint(Say(Word::kUndoNotNow), true); });
   connect(desk_, &ProgramDesk::Said, &op_, [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
+  connect(editor_, &ProgramEditor::Said, &op_,
+          [this](const QString& text, bool warning) { op_.SetHint(text, warning); });
+  connect(editor_, &ProgramEditor::StateChanged, this, &PanelWindow::ShowBars);
   connect(mainBar_, &SoftKeyBar::Pressed, this, [this](int id, std::uint32_t menu) {
     const int front = session_.FrontTool();
     OnItem(HasPanelItemsAlone(front) ? front : session_.MainBar().first, id, menu);
@@ -113,6 +116,8 @@ void PanelWindow::Connect() {
 
 void PanelWindow::MakeShortcuts() {
   for (const ShortcutRow& row : ShortcutTable()) {
+    // The editor takes its own keys. In a tool they mean something else.
+    if (IsOfEditor(row.action)) continue;
     for (const QKeySequence& keys : KeysOf(row.action)) {
       panelKeys_ << keys;
       auto* shortcut = new QShortcut(keys, this);
@@ -147,7 +152,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceEditor();
   }
   if (event->type() == QEvent::DynamicPropertyChange) {
-    if (static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == kVideoProperty) ShowBars();
+    const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
+    if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
   const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_;
@@ -294,6 +300,7 @@ void PanelWindow::Trigger(Action action) {
   // The key that opens the list closes it too.
   if (action == Action::kErrorList && errorList_->IsOpen()) return errorList_->Leave();
   if (Covered() && !machineKey) return;
+  if (IsOfEditor(action)) return editor_->Do(action);
   switch (action) {
     case Action::kOpenProgram:
       return desk_->Open();
@@ -336,6 +343,7 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (IsCloseItem(id)) return op_.CloseTool(tool);
   if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
+  if (id == kErrorPlaceItem) return ShowErrorPlace(op_.Desk().ShownSpot());
   if (id == kFaultsItem || id == kPlcItem) {
     innerKeys_ = id == kPlcItem ? InnerKeys::kPlcMessages : InnerKeys::kFaults;
     return ShowBars();

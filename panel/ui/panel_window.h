@@ -122,6 +122,8 @@ class PanelWindow : public QWidget, public PanelFace {
   void LetErrorsPass();
   void AskToClose();
   void OnErrorSign();
+  /// Puts the error window away and shows a place in a program.
+  void ShowErrorPlace(const std::optional<pnl::rig::ProgramSpot>& spot);
   void OnItem(int tool, int id, std::uint32_t menu);
   /// Disables the soft keys while a cover is shown.
   void EnableBars();

@@ -83,7 +83,8 @@ void PanelWindow::ShowBars() {
   if (const auto [tool, menu] = session_.SideBar(); menu != 0) {
     sideBar_->ShowMenu(menu);
   } else {
-    sideBar_->ShowItems(PanelSideItems(session_, op_));
+    const auto can = [this](Action action) { return IsOfEditor(action) ? editor_->Can(action) : !editor_->Opening(); };
+    sideBar_->ShowItems(PanelSideItems(can, op_.Desk().ShownSpot().has_value()));
   }
 }
 

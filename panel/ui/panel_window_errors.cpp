@@ -6,6 +6,7 @@
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
 #include "ui/password_box.h"
+#include "ui/program_desk.h"
 #include "ui/question.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
@@ -17,6 +18,8 @@ void PanelWindow::ConnectErrors() {
   // Connected before the keyboard, so that a cover that gives way loses the focus first.
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::LetErrorsPass);
   connect(&op_.Desk(), &ErrorDesk::CloseAsked, this, &PanelWindow::AskToClose);
+  connect(errorList_, &ErrorListCover::LineWanted, this, &PanelWindow::ShowErrorPlace);
+  connect(errorList_, &ErrorListCover::HelpWanted, &op_.Desk(), &ErrorDesk::ShowHelpOf);
   connect(mainBar_, &SoftKeyBar::Left, this, [this] {
     innerKeys_ = InnerKeys::kNone;
     ShowBars();
@@ -25,6 +28,12 @@ void PanelWindow::ConnectErrors() {
 
 void PanelWindow::OnErrorSign() {
   if (op_.Desk().WindowShown() || !op_.Desk().BringBack()) Trigger(Action::kErrorList);
+}
+
+void PanelWindow::ShowErrorPlace(const std::optional<pnl::rig::ProgramSpot>& spot) {
+  if (!spot) return;
+  op_.Desk().PutAway();
+  desk_->ShowSpot(*spot);
 }
 
 void PanelWindow::ShowErrors() {

@@ -24,15 +24,27 @@ Word WordFor(FileOutcome outcome) {
   }
 }
 
+/// A size in units of 1024 * 1024 bytes, rounded up to a tenth, so that a size above the limit reads as more.
+QString Megabytes(qint64 bytes) {
+  constexpr qint64 kUnit = 1024 * 1024;
+  const qint64 tenths = (bytes * 10 + kUnit - 1) / kUnit;
+  const QString whole = QString::number(tenths / 10);
+  return tenths % 10 == 0 ? whole : whole + QLatin1Char('.') + QString::number(tenths % 10);
+}
+
 }  // namespace
 
 ProgramDesk::ProgramDesk(ProgramEditor& editor, FileAsker& asker, Question& question, PathResolver resolve,
                          QObject* parent)
-    : QObject(parent), editor_(editor), asker_(asker), question_(question), resolve_(std::move(resolve)) {}
+    : QObject(parent), editor_(editor), asker_(asker), question_(question), resolve_(std::move(resolve)) {
+  connect(&editor_, &ProgramEditor::CancelWanted, this, &ProgramDesk::CancelOpening);
+}
 
 ProgramDesk::~ProgramDesk() { writer_.Finish(); }
 
-bool ProgramDesk::Working() const { return reader_.Working() || writer_.Working() || editor_.Filling(); }
+bool ProgramDesk::Working() const {
+  return reader_.Working() || locator_.Working() || writer_.Working() || editor_.Working();
+}
 
 void ProgramDesk::AskToDiscard(std::function<void()> go) {
   if (writer_.Working()) {
@@ -49,7 +61,14 @@ void ProgramDesk::AskToDiscard(std::function<void()> go) {
 
 void ProgramDesk::DropReading() {
   reader_.Drop();
-  editor_.SetBusy({});
+  editor_.CancelOpening();
+}
+
+void ProgramDesk::CancelOpening() {
+  if (!editor_.Opening()) return;
+  DropReading();
+  emit Said(Say(Word::kOpeningCancelled, opening_), false);
+  Rest();
 }
 
 FileRequest ProgramDesk::RequestFor(const QString& title, quint32 flags) const {
@@ -71,10 +90,12 @@ void ProgramDesk::New() {
 
 void ProgramDesk::StartNew(const QString& panelPath) {
   DropReading();
-  path_ = panelPath;
-  stored_ = false;
-  layout_ = {};
-  editor_.Fill({}, panelPath, [this] { Rest(); });
+  editor_.Fill({}, panelPath, [this, panelPath] {
+    path_ = panelPath;
+    stored_ = false;
+    layout_ = {};
+    Rest();
+  });
   editor_.setFocus();
 }
 
@@ -132,29 +153,74 @@ void ProgramDesk::SaveAs() {
 
 void ProgramDesk::Load(const QString& panelPath) {
   DropReading();
-  editor_.SetBusy(Say(Word::kOpening, panelPath));
-  reader_.Run<ProgramText>([host = resolve_(panelPath)] { return ReadProgram(host); },
-                           [this, panelPath](ProgramText program) { OnRead(panelPath, std::move(program)); });
+  spot_.reset();
+  opening_ = panelPath;
+  editor_.BeginOpening(panelPath);
+  reader_.Run<ProgramText, ReadNews>(
+      [host = resolve_(panelPath)](const ReadTell& tell) { return ReadProgram(host, tell); },
+      [this](const ReadNews& news) { OnNews(news); },
+      [this, panelPath](ProgramText program) { OnRead(panelPath, std::move(program)); });
+}
+
+void ProgramDesk::ShowSpot(const pnl::rig::ProgramSpot& spot) {
+  const QString path = JoinPath(QString::fromStdU16String(spot.folder), QString::fromStdU16String(spot.file));
+  // Names of files are compared as the control compares them.
+  if (stored_ && !editor_.Opening() && path.compare(path_, Qt::CaseInsensitive) == 0) return Locate(spot);
+  AskToDiscard([this, path, spot] {
+    Load(path);
+    spot_ = spot;
+  });
+}
+
+void ProgramDesk::Locate(const pnl::rig::ProgramSpot& spot) {
+  // The file is what the control has read, and counting the bytes of a big one takes its time.
+  locator_.Run<int>(
+      [host = resolve_(path_), position = spot.position] {
+        const ProgramText program = ReadProgram(host);
+        return program.outcome == FileOutcome::kDone ? LineAt(program, position) : -1;
+      },
+      [this, path = path_, column = spot.span](int line) {
+        if (path != path_ || editor_.Opening()) return;
+        if (line < 0) return emit Said(Say(Word::kCannotOpen, path), true);
+        editor_.MarkWord(line, column);
+      });
+}
+
+void ProgramDesk::OnNews(const ReadNews& news) {
+  constexpr qint64 kBig = 1024 * 1024;
+  editor_.ShowFirst(news.first);
+  editor_.ShowReading(news.percent, news.bytes >= kBig);
+}
+
+void ProgramDesk::Refuse(const QString& panelPath, const ProgramText& program) {
+  editor_.CancelOpening();
+  QString why = Say(WordFor(program.outcome));
+  why = program.outcome == FileOutcome::kTooBig
+            ? why.arg(panelPath, Megabytes(program.bytes), Megabytes(kMostProgramBytes))
+            : why.arg(panelPath);
+  emit Said(why, true);
+  Rest();
 }
 
 void ProgramDesk::OnRead(const QString& panelPath, ProgramText program) {
-  editor_.SetBusy({});
-  if (program.outcome != FileOutcome::kDone) {
-    emit Said(Say(WordFor(program.outcome), panelPath), true);
-    return Rest();
-  }
-  path_ = panelPath;
-  stored_ = true;
-  layout_ = std::move(program.layout);
-  editor_.Fill(program.text, panelPath, [this, panelPath] {
+  if (program.outcome != FileOutcome::kDone) return Refuse(panelPath, program);
+  editor_.Fill(program.text, panelPath, [this, panelPath, layout = std::move(program.layout)] {
+    path_ = panelPath;
+    stored_ = true;
+    layout_ = layout;
     emit Said(Say(Word::kOpened, panelPath), false);
+    if (const auto spot = std::exchange(spot_, std::nullopt)) Locate(*spot);
     Rest();
   });
 }
 
 void ProgramDesk::Store(const QString& panelPath) {
-  if (reader_.Working() || editor_.Filling()) {
+  if (reader_.Working() || editor_.Opening()) {
     emit Said(Say(Word::kStillOpening), true);
+    return;
+  }
+  if (editor_.Changing()) {
+    emit Said(Say(Word::kStillChanging), true);
     return;
   }
   if (writer_.Working()) {

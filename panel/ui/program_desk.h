@@ -50,7 +50,12 @@ class ProgramDesk : public QObject {
   /// Shows a text that wasn't saved, under the name that it had, as one with unsaved changes. shown is called when all
   /// of it is there.
   void TakeBack(const QString& panelPath, const QString& text, std::function<void()> shown);
-  /// Whether a program is being read, shown or written.
+  /// Shows a place in a program with its word marked. Another program than the present one is opened first; when that
+  /// has changes, the operator is asked.
+  void ShowSpot(const pnl::rig::ProgramSpot& spot);
+  /// Cancels the opening of a program. The old one stays as it was.
+  void CancelOpening();
+  /// Whether a program is being read, shown, searched, changed in many places or written.
   [[nodiscard]] bool Working() const;
   [[nodiscard]] const QString& Path() const { return path_; }
   /// The place of the caret in the program's file: the block in bytes of the file, and the word in UTF-16 units from
@@ -64,9 +69,12 @@ class ProgramDesk : public QObject {
   void Stored();
 
  private:
+  void OnNews(const ReadNews& news);
   void OnRead(const QString& panelPath, ProgramText program);
+  void Refuse(const QString& panelPath, const ProgramText& program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
+  void Locate(const pnl::rig::ProgramSpot& spot);
   void StartNew(const QString& panelPath);
   [[nodiscard]] FileRequest RequestFor(const QString& title, quint32 flags) const;
   /// Calls what waited for the program that was being written.
@@ -77,10 +85,13 @@ class ProgramDesk : public QObject {
   PathResolver resolve_;
   QString programsFolder_ = QStringLiteral("C:\\PROGRAMS");
   QString path_;
+  QString opening_;      // the path of the program that is being opened, or was last
   bool stored_ = false;  // the program's file is there
   ProgramLayout layout_;
   Background reader_;
   Background writer_;
+  Background locator_;
+  std::optional<pnl::rig::ProgramSpot> spot_;  // the place to show when the program is open
   QString storeNext_;                          // the file to write after the current one
   std::vector<std::function<void()>> atRest_;  // calls that wait for the program that is being written
 };

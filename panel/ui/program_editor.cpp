@@ -2,7 +2,6 @@
 #include "ui/program_editor.h"
 
 #include <QPainter>
-#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTimerEvent>
@@ -10,100 +9,227 @@
 #include <utility>
 
 #include "common/words.h"
+#include "ui/code_filler.h"
+#include "ui/edit_history.h"
+#include "ui/find_bar.h"
+#include "ui/program_search.h"
 #include "ui/theme.h"
 
 namespace panel {
 namespace {
 
-/// How long the panel works on a program before it looks at its events again.
-constexpr int kSliceMilliseconds = 10;
-/// The size of one step, in characters. A step takes far less time than a slice. Removing text is quicker than laying
-/// it out, so its step is bigger.
-constexpr qsizetype kStep = qsizetype{16} * 1024;
-constexpr int kStepAway = 128 * 1024;
+/// An opening that takes longer gets its bar with the key to cancel it.
+constexpr int kPatienceMilliseconds = 300;
 
 }  // namespace
 
-ProgramEditor::ProgramEditor(QWidget* parent) : QWidget(parent), edit_(new CodeEdit(this)) {
+ProgramEditor::ProgramEditor(QWidget* parent)
+    : QWidget(parent),
+      search_(new ProgramSearch(this)),
+      findBar_(new FindBar(*search_, this)),
+      lineBar_(new LineBar(this)),
+      openingBar_(new OpeningBar(this)) {
+  findBar_->hide();
+  lineBar_->hide();
+  openingBar_->hide();
+  ConnectBars();
+  CodeEdit* edit = MakeEdit();
+  edit->show();
+  Adopt(edit);
   setFocusProxy(edit_);
-  edit_->setAccessibleName(Say(Word::kProgram));
-  connect(edit_, &QPlainTextEdit::cursorPositionChanged, this, qOverload<>(&QWidget::update));
-  connect(edit_->document(), &QTextDocument::modificationChanged, this, qOverload<>(&QWidget::update));
 }
 
-void ProgramEditor::Begin(const QString& text, const QString& name, std::function<void()> shown) {
-  coming_ = text;
-  taken_ = 0;
-  inserted_.clear();
-  shown_ = std::move(shown);
-  SetName(name);
-  edit_->setReadOnly(true);
-  // With the caret at the end the view would follow the text as it shrinks.
-  edit_->moveCursor(QTextCursor::Start);
-  // The old program can't come back, so neither its removal nor the new text can be undone.
-  edit_->document()->setUndoRedoEnabled(false);
-  slice_.start(0, this);
+CodeEdit* ProgramEditor::Seen() const { return coming_ != nullptr && !coming_->isHidden() ? coming_ : edit_; }
+
+CodeEdit* ProgramEditor::MakeEdit() {
+  auto* edit = new CodeEdit(this);
+  edit->hide();
+  edit->setAccessibleName(Say(Word::kProgram));
+  edit->SetFontPixels(fontPixels_);
+  connect(edit, &QPlainTextEdit::cursorPositionChanged, this, qOverload<>(&QWidget::update));
+  return edit;
+}
+
+void ProgramEditor::Adopt(CodeEdit* edit) {
+  edit_ = edit;
+  filler_ = edit->findChild<CodeFiller*>();
+  if (filler_ == nullptr) filler_ = new CodeFiller(edit);
+  history_ = new EditHistory(edit);
+  QTextDocument* document = edit->document();
+  connect(document, &QTextDocument::modificationChanged, this, qOverload<>(&QWidget::update));
+  connect(document, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+    ++revision_;
+    emit Edited(position, removed, added);
+  });
+  for (const auto available : {&QTextDocument::undoAvailable, &QTextDocument::redoAvailable}) {
+    connect(document, available, this, &ProgramEditor::StateChanged);
+  }
+  connect(edit, &CodeEdit::UndoWanted, this, [this] { Do(Action::kUndo); });
+  connect(edit, &CodeEdit::RedoWanted, this, [this] { Do(Action::kRedo); });
+  connect(history_, &EditHistory::Changed, this, &ProgramEditor::OnChangingChanged);
+  search_->SetProgram(edit_, history_);
+}
+
+void ProgramEditor::Retire(CodeEdit* edit, CodeFiller* filler) {
+  edit->hide();
+  // Its undo steps go at once, and the rest in slices.
+  filler->Empty([edit] { edit->deleteLater(); });
+}
+
+void ProgramEditor::Swap(CodeEdit* from, CodeEdit* to) {
+  const bool had = from->hasFocus();
+  Place();
+  to->show();
+  to->raise();
+  setFocusProxy(to);
+  if (had) to->setFocus();
+  from->hide();
+}
+
+void ProgramEditor::MakeComing() {
+  coming_ = MakeEdit();
+  coming_->setReadOnly(true);
+  comingFiller_ = new CodeFiller(coming_);
+  connect(comingFiller_, &CodeFiller::Progressed, this, &ProgramEditor::UpdateProgress);
+  QWidget::setTabOrder(edit_, coming_);
+}
+
+void ProgramEditor::RevealComing() {
+  if (coming_->isHidden()) Swap(edit_, coming_);
+}
+
+void ProgramEditor::DropComing() {
+  CodeEdit* edit = std::exchange(coming_, nullptr);
+  if (edit == nullptr) return;
+  CodeFiller* filler = std::exchange(comingFiller_, nullptr);
+  disconnect(filler, nullptr, this, nullptr);
+  if (!edit->isHidden()) Swap(edit, edit_);
+  Retire(edit, filler);
 }
 
 void ProgramEditor::Fill(const QString& text, const QString& name, std::function<void()> shown) {
-  Begin(text, name, std::move(shown));
-  QTimerEvent first(slice_.timerId());
-  timerEvent(&first);
+  if (Filling()) {
+    DropComing();
+    inserted_.clear();
+  }
+  if (coming_ == nullptr) MakeComing();
+  comingName_ = name;
+  shown_ = std::move(shown);
+  comingFiller_->Fill(text, [this] { Arrive(); });
+  if (!Filling()) return;
+  RevealComing();
+  if (openingBar_->isHidden()) patience_.start(kPatienceMilliseconds, this);
+  UpdateLock();
 }
 
 void ProgramEditor::SetProgram(const QString& text, const QString& name) {
-  Begin(text, name, {});
-  Work(QDeadlineTimer(QDeadlineTimer::Forever));
-  End();
+  DropComing();
+  inserted_.clear();
+  MakeComing();
+  comingName_ = name;
+  shown_ = nullptr;
+  comingFiller_->FillNow(text);
+  Arrive();
 }
 
-bool ProgramEditor::Work(QDeadlineTimer end) {
-  // Line numbers and colours are updated once a slice, not at every step.
-  const QSignalBlocker quiet(edit_);
-  bool more = true;
-  while (more && !end.hasExpired()) more = Step();
-  edit_->Refresh();
-  return more;
-}
+bool ProgramEditor::Filling() const { return comingFiller_ != nullptr && comingFiller_->Working(); }
 
-bool ProgramEditor::Step() {
-  QTextDocument* document = edit_->document();
-  QTextCursor end(document);
-  end.movePosition(QTextCursor::End);
-  if (taken_ == 0 && !document->isEmpty()) {
-    end.setPosition(std::max(0, end.position() - kStepAway), QTextCursor::KeepAnchor);
-    end.removeSelectedText();
-    return true;
-  }
-  if (taken_ >= coming_.size()) return false;
-  end.insertText(coming_.mid(taken_, kStep));
-  // The first step would push the caret away from the beginning.
-  if (taken_ == 0) edit_->moveCursor(QTextCursor::Start);
-  taken_ += kStep;
-  return taken_ < coming_.size();
-}
-
-void ProgramEditor::End() {
-  slice_.stop();
-  coming_.clear();
-  edit_->document()->setUndoRedoEnabled(true);
-  edit_->document()->setModified(false);
-  edit_->setReadOnly(!busy_.isEmpty());
-  update();
+void ProgramEditor::Arrive() {
+  CodeEdit* old = edit_;
+  CodeFiller* oldFiller = filler_;
+  disconnect(old, nullptr, this, nullptr);
+  disconnect(old->document(), nullptr, this, nullptr);
+  disconnect(history_, nullptr, this, nullptr);
+  RevealComing();
+  disconnect(comingFiller_, nullptr, this, nullptr);
+  comingFiller_ = nullptr;
+  Adopt(std::exchange(coming_, nullptr));
+  name_ = comingName_;
+  ++revision_;
+  Retire(old, oldFiller);
+  EndOpening();
+  emit Replaced();
   if (const auto shown = std::exchange(shown_, nullptr)) shown();
-  if (const QString inserted = std::exchange(inserted_, QString()); !inserted.isEmpty()) Insert(inserted);
+  InsertWaiting();
+}
+
+void ProgramEditor::BeginOpening(const QString& name) {
+  DropComing();
+  shown_ = nullptr;
+  inserted_.clear();
+  opening_ = name.isNull() ? QStringLiteral("") : name;
+  read_ = 0;
+  patience_.start(kPatienceMilliseconds, this);
+  UpdateLock();
+}
+
+void ProgramEditor::ShowReading(int percent, bool big) {
+  if (opening_.isNull()) return;
+  read_ = percent;
+  if (big) {
+    patience_.stop();
+    ShowOpeningBar();
+  }
+  UpdateProgress();
+}
+
+void ProgramEditor::UpdateProgress() {
+  openingBar_->Show(PercentOpened());
+  update();
+}
+
+void ProgramEditor::ShowFirst(const QString& lines) {
+  if (opening_.isNull() || lines.isEmpty()) return;
+  if (coming_ == nullptr) MakeComing();
+  comingFiller_->FillNow(lines);
+  RevealComing();
+  update();
+}
+
+void ProgramEditor::CancelOpening() {
+  if (!Opening()) return;
+  shown_ = nullptr;
+  DropComing();
+  EndOpening();
+  InsertWaiting();
+}
+
+void ProgramEditor::EndOpening() {
+  opening_ = QString();
+  patience_.stop();
+  openingBar_->hide();
+  UpdateLock();
+  Place();
+}
+
+void ProgramEditor::UpdateLock() {
+  edit_->setReadOnly(Opening() || Changing());
+  update();
+  emit StateChanged();
+}
+
+void ProgramEditor::OnChangingChanged() {
+  UpdateLock();
+  InsertWaiting();
+}
+
+void ProgramEditor::ShowOpeningBar() {
+  if (!openingBar_->isHidden()) return;
+  openingBar_->Show(PercentOpened());
+  openingBar_->show();
+  Place();
+}
+
+int ProgramEditor::PercentOpened() const {
+  // A program that is read from a file has two halves: reading it and filling it in.
+  if (opening_.isNull()) return Filling() ? comingFiller_->Percent() : 0;
+  return read_ / 2 + (Filling() ? comingFiller_->Percent() / 2 : 0);
 }
 
 void ProgramEditor::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != slice_.timerId()) return QWidget::timerEvent(event);
-  if (Work(QDeadlineTimer(kSliceMilliseconds))) return update();
-  End();
-}
-
-void ProgramEditor::SetBusy(const QString& busy) {
-  busy_ = busy;
-  edit_->setReadOnly(!busy_.isEmpty() || Filling());
-  update();
+  if (event->timerId() != patience_.timerId()) return QWidget::timerEvent(event);
+  patience_.stop();
+  if (Opening()) ShowOpeningBar();
 }
 
 void ProgramEditor::SetName(const QString& name) {
@@ -116,46 +242,64 @@ QString ProgramEditor::Text() const { return RawText().replace(QChar(QChar::Para
 // Qt's plain text would turn every no-break space into an ordinary one.
 QString ProgramEditor::RawText() const { return edit_->document()->toRawText(); }
 
-int ProgramEditor::Revision() const { return edit_->document()->revision(); }
-
 bool ProgramEditor::IsModified() const { return edit_->document()->isModified(); }
 
 void ProgramEditor::SetSaved() { edit_->document()->setModified(false); }
 
 void ProgramEditor::Insert(const QString& text) {
-  if (Filling()) {
-    inserted_ += text;
-  } else {
-    edit_->insertPlainText(text);
-  }
+  inserted_ += text;
+  InsertWaiting();
 }
+
+void ProgramEditor::InsertWaiting() {
+  if (Opening() || Changing()) return;
+  if (const QString text = std::exchange(inserted_, QString()); !text.isEmpty()) edit_->insertPlainText(text);
+}
+
+bool ProgramEditor::Changing() const { return search_->Replacing() || history_->Working(); }
+
+bool ProgramEditor::Working() const { return Opening() || Changing() || search_->Searching(); }
 
 void ProgramEditor::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
   edit_->SetFontPixels(pixels);
-  resizeEvent(nullptr);
+  if (coming_ != nullptr) coming_->SetFontPixels(pixels);
+  for (EditorBar* bar : std::initializer_list<EditorBar*>{findBar_, lineBar_, openingBar_}) bar->SetFontPixels(pixels);
+  Place();
 }
 
-void ProgramEditor::resizeEvent(QResizeEvent*) {
-  edit_->setGeometry(1, HeadHeight(), std::max(0, width() - 2), std::max(0, height() - HeadHeight() - 1));
+void ProgramEditor::resizeEvent(QResizeEvent*) { Place(); }
+
+void ProgramEditor::Place() {
+  int top = HeadHeight();
+  const int inner = std::max(0, width() - 2);
+  for (EditorBar* bar : std::initializer_list<EditorBar*>{openingBar_, findBar_, lineBar_}) {
+    if (bar->isHidden()) continue;
+    bar->setGeometry(1, top, inner, bar->Height());
+    top += bar->Height();
+  }
+  const QRect text(1, top, inner, std::max(0, height() - top - 1));
+  edit_->setGeometry(text);
+  if (coming_ != nullptr) coming_->setGeometry(text);
 }
 
 void ProgramEditor::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   theme::DrawField(painter, rect(), QColor(theme::kSurface), QColor(theme::kBorder), 4);
   const QRect head(10, 0, width() - 20, HeadHeight());
-  QString right = Say(Word::kLine, QString::number(edit_->textCursor().blockNumber() + 1));
-  if (Filling()) right = QStringLiteral("%1 %").arg(coming_.isEmpty() ? 0 : taken_ * 100 / coming_.size());
+  QString right = Say(Word::kLine, QString::number(Seen()->textCursor().blockNumber() + 1));
+  if (Opening()) right = QStringLiteral("%1 %").arg(PercentOpened());
   const QFont small = theme::Font(fontPixels_ * 7 / 8);
   const int rightWidth = QFontMetrics(small).horizontalAdvance(right) + 8;
-  const QString name = !busy_.isEmpty() ? busy_ : name_.isEmpty() ? Say(Word::kNewProgram) : name_;
+  const QString coming = Filling() ? comingName_ : opening_;
+  const QString name = Opening() ? Say(Word::kOpening, coming) : name_.isEmpty() ? Say(Word::kNewProgram) : name_;
   const QFont strong = theme::Font(fontPixels_, true);
   const int dot = fontPixels_ / 2;
   const QRect place = head.adjusted(0, 0, -rightWidth - dot - 8, 0);
   theme::DrawText(painter, place, Qt::AlignLeft | Qt::AlignVCenter, name, strong, QColor(theme::kText),
                   Qt::ElideMiddle);
   theme::DrawText(painter, head, Qt::AlignRight | Qt::AlignVCenter, right, small, QColor(theme::kMuted));
-  if (!IsModified() || Filling()) return;
+  if (!IsModified() || Opening()) return;
   // A dot marks unsaved changes.
   const int nameWidth = std::min(QFontMetrics(strong).horizontalAdvance(name), place.width());
   const QRect sign(place.left() + nameWidth + 8, (HeadHeight() - dot) / 2, dot, dot);

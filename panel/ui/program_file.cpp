@@ -61,7 +61,35 @@ bool TakeLines(QString& text, ProgramLayout& layout) {
   return true;
 }
 
-ProgramText Refused(FileOutcome outcome) { return {outcome, {}, {}}; }
+ProgramText Refused(FileOutcome outcome, qint64 bytes = 0) { return {outcome, {}, {}, bytes}; }
+
+/// The whole lines at the beginning of a file; empty when there are none or the bytes are no text.
+QString FirstLines(const QByteArray& bytes) {
+  ProgramLayout layout;
+  QString text = Decode(bytes, layout);
+  // A character or a line end may be cut in two at the end.
+  text.truncate(text.lastIndexOf(QLatin1Char('\n')) + 1);
+  if (text.contains(QChar(u'\0')) || !TakeLines(text, layout)) return {};
+  return text;
+}
+
+/// Reads at most a program's size, even if the file grows meanwhile, and tells how far it is.
+QByteArray ReadBytes(QFile& file, qint64 size, const ReadTell& tell) {
+  constexpr qint64 kPiece = 1024 * 1024;
+  QByteArray bytes;
+  bytes.reserve(size);
+  while (bytes.size() < kMostProgramBytes) {
+    const qint64 most = bytes.isEmpty() ? kFirstBytes : kPiece;
+    const QByteArray piece = file.read(std::min(most, kMostProgramBytes - bytes.size()));
+    if (piece.isEmpty()) break;
+    const bool first = bytes.isEmpty();
+    bytes += piece;
+    if (!tell || size <= kFirstBytes) continue;
+    const int percent = static_cast<int>(std::min(bytes.size(), size) * 100 / size);
+    if (!tell({first ? FirstLines(bytes) : QString(), size, percent})) break;
+  }
+  return bytes;
+}
 
 }  // namespace
 
@@ -81,18 +109,33 @@ qint64 ProgramLayout::EndBytes(int line) const {
   return characters * BytesOf(QStringView(u"\n"));
 }
 
-ProgramText ReadProgram(const QString& path) {
+ProgramText ReadProgram(const QString& path, const ReadTell& tell) {
   QFile file(path);
   // Reading a pipe or a device would wait for its writer.
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return Refused(FileOutcome::kCannotOpen);
-  if (file.size() > kMostProgramBytes) return Refused(FileOutcome::kTooBig);
-  ProgramText program;
-  program.text = Decode(file.read(kMostProgramBytes), program.layout);
+  const qint64 size = file.size();
+  if (size > kMostProgramBytes) return Refused(FileOutcome::kTooBig, size);
+  const QByteArray bytes = ReadBytes(file, size, tell);
   if (file.error() != QFileDevice::NoError) return Refused(FileOutcome::kCannotOpen);
+  ProgramText program;
+  program.bytes = bytes.size();
+  program.text = Decode(bytes, program.layout);
   if (program.text.contains(QChar(u'\0')) || !TakeLines(program.text, program.layout)) {
     return Refused(FileOutcome::kNotAText);
   }
   return program;
+}
+
+int LineAt(const ProgramText& program, qint64 position) {
+  qint64 end = program.layout.markBytes;
+  int line = 0;
+  for (qsizetype begin = 0;; ++line) {
+    const qsizetype stop = program.text.indexOf(QLatin1Char('\n'), begin);
+    if (stop < 0) return line;
+    end += program.layout.BytesOf(QStringView(program.text).mid(begin, stop - begin)) + program.layout.EndBytes(line);
+    if (position < end) return line;
+    begin = stop + 1;
+  }
 }
 
 FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text) {

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringConverter>
+#include <functional>
 
 namespace panel {
 
@@ -31,15 +32,32 @@ struct ProgramText {
   FileOutcome outcome = FileOutcome::kDone;
   QString text;  // lines end with \n, whether the file has \r\n, \n or \r
   ProgramLayout layout;
+  qint64 bytes = 0;  // the size of the file; 0 when it couldn't be opened
 };
 
+/// What is known of a file that is still being read.
+struct ReadNews {
+  QString first;     // whole lines from its beginning; only in the first news
+  qint64 bytes = 0;  // the size of the file
+  int percent = 0;   // how much has been read
+};
+/// Takes the news. Returns false when the file isn't wanted any more.
+using ReadTell = std::function<bool(ReadNews)>;
+
+/// The editor needs some twenty times a program's size while it is open.
 inline constexpr qint64 kMostProgramBytes = 32LL * 1024 * 1024;
+/// A file that is no bigger is read without news.
+inline constexpr qint64 kFirstBytes = 64LL * 1024;
 /// In characters. A longer line belongs to no program, and the editor would take minutes to draw it.
 inline constexpr qsizetype kLongestProgramLine = 100'000;
 
 /// Reads a file. A byte order mark decides the encoding; without one it is UTF-8 if the bytes are valid, else Latin-1.
-/// A file with a NUL or with a line that is too long is not a text.
-[[nodiscard]] ProgramText ReadProgram(const QString& path);
+/// A file with a NUL or with a line that is too long is not a text. The news of a big file tell its first page before
+/// the rest is read. Once tell returns false, reading ends and the result means nothing.
+[[nodiscard]] ProgramText ReadProgram(const QString& path, const ReadTell& tell = {});
+/// The line, counted from 0, in which a byte of the program's file lies. The first line for a negative position, the
+/// last one for a position past the end.
+[[nodiscard]] int LineAt(const ProgramText& program, qint64 position);
 /// Replaces the whole file, in the default ProgramLayout. The lines of text end with \n or a paragraph separator. On
 /// failure the old file stays.
 [[nodiscard]] FileOutcome WriteProgram(const pnl::rig::Storage& storage, const QString& path, const QString& text);

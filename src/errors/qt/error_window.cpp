@@ -227,6 +227,8 @@ void ZCErrorManager::SetControlText(int id, TextView text) {
     static_cast<ErrorTextWidget*>(controls_.at(id))->SetText(shown);
   } else {
     static_cast<ErrorCounterWidget*>(controls_.at(id))->SetText(shown);
+    // The number of errors before it is the place of the shown error in the queue. A host may offer more about it.
+    if (id == error_id::kBefore) setProperty(property::kErrorPlace, shown.toInt());
   }
 }
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "base/format.h"
@@ -48,8 +50,13 @@ Text OwnText(const ErrorRecord& record, std::int32_t source) {
   return WithoutLeadingLineFeed(FieldOf(record, field));
 }
 
-/// The text for the record's number in the table of its source; null when there is none.
-const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
+/// The row of the tables of texts that belongs to a record.
+struct TableRow {
+  std::string_view function;
+  std::int32_t number;
+};
+
+TableRow RowOf(const ErrorRecord& record, std::int32_t source) {
   const bool warning = record.Get<std::uint16_t>(error_field::kSeverity.offset) == 0;
   const auto* row = std::find_if(kTables.begin(), kTables.end(),
                                  [source](const TableOfSource& candidate) { return candidate.source == source; });
@@ -57,7 +64,26 @@ const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimE
   if (row != kTables.end()) function = warning ? row->warning : row->error;
   const std::size_t number =
       source == error_source::kCanOpen ? error_field::kEmergencyCodeOffset : error_field::kNumber.offset;
-  return texts.Find(ErrorTextFunctionName(function), record.Get<std::int32_t>(number));
+  return {ErrorTextFunctionName(function), record.Get<std::int32_t>(number)};
+}
+
+/// The text for the record's number in the table of its source; null when there is none.
+const Text* TableText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
+  const TableRow row = RowOf(record, source);
+  return texts.Find(row.function, row.number);
+}
+
+std::optional<rig::ProgramSpot> SpotOf(const ErrorRecord& record, std::int32_t source) {
+  const bool script = source == error_source::kScript;
+  if (!script && source != error_source::kProgram) return std::nullopt;
+  rig::ProgramSpot spot;
+  spot.file = FieldOf(record, error_field::kProgramName);
+  if (spot.file.empty()) return std::nullopt;
+  spot.folder = FieldOf(record, script ? error_field::kScriptPath : error_field::kProgramPath);
+  spot.position = record.Get<std::int32_t>((script ? error_field::kScriptPosition : error_field::kFilePosition).offset);
+  // The record counts in bytes of the text in memory, two for each unit.
+  spot.span = record.Get<std::uint16_t>((script ? error_field::kScriptSpan : error_field::kFileSpan).offset) / 2;
+  return spot;
 }
 
 Text OperatorText(const ErrorRecord& record, std::int32_t source, const SimErrorTexts& texts) {
@@ -122,6 +148,9 @@ rig::CncControl::ErrorSummary Summarize(const ErrorRecord& record, std::int64_t 
   summary.module = FieldOf(record, error_field::kModule);
   summary.text = OperatorText(record, summary.source, texts);
   summary.serial = serial;
+  summary.program = SpotOf(record, summary.source);
+  const TableRow row = RowOf(record, summary.source);
+  if (const Text* helpRef = texts.FindHelpRef(row.function, row.number)) summary.helpRef = *helpRef;
   for (std::size_t i = 0; i < error_field::kParameterCount; ++i) {
     const std::size_t at = error_field::kParametersOffset + i * sizeof(ErrorParameter);
     const auto type = record.Get<std::int32_t>(at + offsetof(ErrorParameter, valueType));

@@ -42,6 +42,11 @@ const Text* SimErrorTexts::Find(std::string_view function, std::int32_t number) 
   return entry == nullptr ? nullptr : &entry->text;
 }
 
+const Text* SimErrorTexts::FindHelpRef(std::string_view function, std::int32_t number) const {
+  const Entry* entry = FindEntry(function, number);
+  return entry == nullptr ? nullptr : &entry->helpRef;
+}
+
 const Text* SimErrorTexts::FindDescription(TextView file, std::int32_t number) const {
   const auto found = descriptions_.find({Text(file), number});
   return found == descriptions_.end() ? nullptr : &found->second;

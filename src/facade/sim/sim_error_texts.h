@@ -24,8 +24,9 @@ class SimErrorTexts {
   /// Fills info with the text of a number, cut to its fields. Returns false, and fills info with zeros, when the number
   /// has no text.
   bool Fill(std::string_view function, std::int32_t number, Z7340ERRORINFO_ST& info) const;
-  /// The text of a number; null when it has none. FindDescription likewise.
+  /// The text of a number; null when it has none. The other two likewise.
   [[nodiscard]] const Text* Find(std::string_view function, std::int32_t number) const;
+  [[nodiscard]] const Text* FindHelpRef(std::string_view function, std::int32_t number) const;
   [[nodiscard]] const Text* FindDescription(TextView file, std::int32_t number) const;
 
  private:

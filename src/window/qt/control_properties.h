@@ -40,6 +40,8 @@ inline constexpr const char* kMenuAttached = "pnlMenuAttached";
 inline constexpr const char* kVideo = "pnlVideo";
 // The command line and the calculator: the number of the last removal of rows that can be put back.
 inline constexpr const char* kRemoved = "pnlRemoved";
+// The error window: the place of the shown error in the queue, from 0.
+inline constexpr const char* kErrorPlace = "pnlErrorPlace";
 }  // namespace property
 
 /// The role in a grid's vertical header for a row's state: 0 factory row, 1 normal row, 2 row that failed its check.

@@ -56,6 +56,47 @@ TEST_F(ErrorWatchTest, EveryWayInAndOutIsTold) {
   EXPECT_EQ(cnc.Errors().at(0).serial, 5) << "a serial is never used twice";
 }
 
+TEST_F(ErrorWatchTest, AnErrorOfAProgramTellsItsPlace) {
+  struct Row {
+    std::int64_t source;
+    bool placed;
+  };
+  for (const Row& row : {Row{1, true}, Row{9, true}, Row{0, false}, Row{10, false}}) {
+    cnc.ClearErrors();
+    rig::ErrorSpec spec;
+    spec.fields = {{"number", std::int64_t{1}},
+                   {"source", row.source},
+                   {"programName", std::u16string(u"A.NC")},
+                   {row.source == 9 ? "scriptPath" : "programPath", std::u16string(u"C:\\P")},
+                   {row.source == 9 ? "scriptPosition" : "filePosition", std::int64_t{70}},
+                   {row.source == 9 ? "scriptSpan" : "fileSpan", std::int64_t{6}}};
+    std::string problem;
+    ASSERT_TRUE(cnc.PushError(spec, problem)) << problem;
+    const auto spot = cnc.Errors().at(0).program;
+    ASSERT_EQ(spot.has_value(), row.placed) << row.source;
+    if (!spot) continue;
+    EXPECT_EQ(spot->folder, u"C:\\P");
+    EXPECT_EQ(spot->file, u"A.NC");
+    EXPECT_EQ(spot->position, 70);
+    EXPECT_EQ(spot->span, 3) << "the record counts two bytes for each unit";
+  }
+  cnc.ClearErrors();
+  rig::ErrorSpec nameless;
+  nameless.fields = {{"number", std::int64_t{1}}, {"source", std::int64_t{1}}};
+  std::string problem;
+  ASSERT_TRUE(cnc.PushError(nameless, problem));
+  EXPECT_FALSE(cnc.Errors().at(0).program);
+}
+
+TEST_F(ErrorWatchTest, AnErrorTellsItsDescription) {
+  cnc.ClearErrors();
+  cnc.ErrorText("error_to_txt", 5, u" five", u"D.TXT#5", true);
+  Push(5);
+  Push(6);
+  EXPECT_EQ(cnc.Errors().at(0).helpRef, u"D.TXT#5");
+  EXPECT_EQ(cnc.Errors().at(1).helpRef, u"");
+}
+
 TEST_F(ErrorWatchTest, AWatcherMayEndItselfAndTheNext) {
   cnc.ClearErrors();
   int first = 0;

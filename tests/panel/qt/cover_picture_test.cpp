@@ -367,14 +367,16 @@ TEST_F(ErrorListTest, TheListStandsAboveTheDetailsAndTheKey) {
                   .Field({0, 0, 800, 400}, theme::kBackground, theme::kAccent, 8)
                   .Left({12, 0, 776, 32}, Say(Word::kErrorListTitle), Font(18, true), theme::kText);
             }));
-  EXPECT_EQ(cover_.List().geometry(), QRect(10, 37, 780, 268));
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(662, 342, 128, 48));
+  EXPECT_EQ(cover_.List().geometry(), QRect(10, 37, 780, 247));
+  EXPECT_EQ(cover_.LineKey()->geometry(), QRect(529, 289, 128, 48));
+  EXPECT_EQ(cover_.HelpKey()->geometry(), QRect(662, 289, 128, 48));
+  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(529, 342, 261, 48));
   auto* details = cover_.findChild<QPlainTextEdit*>();
-  EXPECT_EQ(details->geometry(), QRect(10, 310, 642, 80));
+  EXPECT_EQ(details->geometry(), QRect(10, 289, 509, 101));
   cover_.SetFontPixels(20);
-  EXPECT_EQ(cover_.List().geometry(), QRect(10, 45, 780, 240));
-  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(630, 330, 160, 60));
-  EXPECT_EQ(details->geometry(), QRect(10, 290, 610, 100));
+  EXPECT_EQ(cover_.List().geometry(), QRect(10, 45, 780, 215));
+  EXPECT_EQ(cover_.BackKey()->geometry(), QRect(465, 330, 325, 60));
+  EXPECT_EQ(details->geometry(), QRect(10, 265, 445, 125));
   EXPECT_EQ(details->font(), Font(20));
   EXPECT_EQ(cover_.List().itemDelegate()->sizeHint({}, {}), QSize(100, 70));
   EXPECT_THAT(StrokesOf(*cover_.BackKey()), ::testing::Contains(::testing::HasSubstr(" 20 px")));
@@ -414,7 +416,7 @@ TEST_F(ErrorListTest, ItIsMadeForAFingerAndForTab) {
   cover_.Open();
   QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t");
   QCoreApplication::sendEvent(&cover_.List(), &tab);
-  EXPECT_TRUE(cover_.BackKey()->hasFocus());
+  EXPECT_TRUE(cover_.BackKey()->hasFocus()) << "the other keys are dim without an error";
   EXPECT_EQ(cover_.BackKey()->text(), "Back");
   EXPECT_EQ(cover_.BackKey()->accessibleName(), "Back");
   EXPECT_EQ(cover_.BackKey()->KeyName(), "Esc");
@@ -466,9 +468,9 @@ TEST_F(EditorPictureTest, TheHeadNamesTheProgramAndTheCaretsLine) {
   editor_.Edit().moveCursor(QTextCursor::End);
   editor_.Insert("X");
   ExpectHead("C:\\A.NC", Say(Word::kLine, "3"), true);
-  editor_.SetBusy("Opening: B.NC");
-  ExpectHead("Opening: B.NC", Say(Word::kLine, "3"), true);
-  editor_.SetBusy("");
+  editor_.BeginOpening("B.NC");
+  ExpectHead("Opening: B.NC", "0 %", false);
+  editor_.CancelOpening();
   editor_.SetSaved();
   ExpectHead("C:\\A.NC", Say(Word::kLine, "3"), false);
   editor_.Insert("X");
@@ -490,9 +492,9 @@ TEST_F(EditorPictureTest, TheHeadTellsHowMuchOfABigProgramIsThere) {
   const int percent = right.chopped(2).toInt();
   EXPECT_GE(percent, 0);
   EXPECT_LT(percent, 100);
-  const qsizetype there = editor_.RawText().size();
+  const qsizetype there = editor_.Edit().document()->characterCount();
   EXPECT_NEAR(static_cast<double>(there) * 100 / static_cast<double>(text.size()), percent, 1);
-  ExpectHead("BIG", right, false);
+  ExpectHead(Say(Word::kOpening, "BIG"), right, false);
   editor_.SetProgram("", "");
 }
 
@@ -513,25 +515,23 @@ TEST_F(EditorPictureTest, EveryChangeOfTheHeadShowsAtOnce) {
   editor_.SetProgram("G0\nG1\n", "P");
   RepaintCount count(editor_);
   EXPECT_TRUE(count.After([this] { editor_.SetName("Q"); }));
-  EXPECT_TRUE(count.After([this] { editor_.SetBusy("busy"); }));
+  EXPECT_TRUE(count.After([this] { editor_.BeginOpening("busy"); }));
   EXPECT_TRUE(editor_.Edit().isReadOnly());
-  editor_.SetBusy("");
+  EXPECT_TRUE(count.After([this] { editor_.ShowReading(50, false); }));
+  editor_.CancelOpening();
   EXPECT_FALSE(editor_.Edit().isReadOnly());
   EXPECT_TRUE(count.After([this] { editor_.Edit().moveCursor(QTextCursor::End); }));
   EXPECT_TRUE(count.After([this] { editor_.Edit().document()->setModified(true); }));
 }
 
-TEST_F(EditorPictureTest, AProgramOnItsWayMayNotBeTypedIntoWhenBusyEnds) {
+TEST_F(EditorPictureTest, AProgramOnItsWayMayNotBeTypedInto) {
   editor_.Fill(QString("G1 X1\n").repeated(150'000), "BIG");
   ASSERT_TRUE(editor_.Filling());
-  editor_.SetBusy("");
   EXPECT_TRUE(editor_.Edit().isReadOnly());
-  editor_.SetBusy("x");
   editor_.SetProgram("G0", "P");
-  EXPECT_TRUE(editor_.Edit().isReadOnly()) << "still busy";
   EXPECT_FALSE(editor_.Filling());
-  editor_.SetBusy("");
   EXPECT_FALSE(editor_.Edit().isReadOnly());
+  EXPECT_EQ(editor_.Text(), "G0");
 }
 
 TEST_F(EditorPictureTest, TheStripOfNumbersLightsTheCaretsLine) {

@@ -206,18 +206,19 @@ INSTANTIATE_TEST_SUITE_P(
     All, ErrorTextTest,
     ::testing::Values(
         TextRow{"error", Told(12, Class::kError, u"\nToo fast", 2, {u"7"}), "error 12", "Too fast",
-                "channel 2  ·  source 13  ·  standing"},
-        TextRow{"warning", Told(13, Class::kWarning, u"Hot", 0, {}), "warning 13", "Hot", "source 13  ·  standing"},
-        TextRow{"fatal", Told(14, Class::kFatal, u"Over", 0, {}), "fatal error 14", "Over", "source 13  ·  standing"},
-        TextRow{"marked", Told(14, Class::kMarked, u"Over", 0, {}), "error 14", "Over", "source 13  ·  standing"},
+                "channel 2  ·  source: drive  ·  standing"},
+        TextRow{"warning", Told(13, Class::kWarning, u"Hot", 0, {}), "warning 13", "Hot", "source: drive  ·  standing"},
+        TextRow{"fatal", Told(14, Class::kFatal, u"Over", 0, {}), "fatal error 14", "Over",
+                "source: drive  ·  standing"},
+        TextRow{"marked", Told(14, Class::kMarked, u"Over", 0, {}), "error 14", "Over", "source: drive  ·  standing"},
         TextRow{"confirm", Told(3753, Class::kConfirm, u"Look", 0, {}), "to be confirmed 3753", "Look",
-                "source 13  ·  standing"},
+                "source: drive  ·  standing"},
         TextRow{"lines", Told(15, Class::kError, u"two\r\nlines", 0, {}), "error 15", "two lines",
-                "source 13  ·  standing"},
+                "source: drive  ·  standing"},
         TextRow{"unknown", Told(16, Class::kError, u"", 1, {u" 1", u" 2.5"}), "error 16",
-                "no text  ·  source 13  ·  ID DRV-77  ·  parameters 1, 2.5", "channel 1  ·  standing"},
+                "no text  ·  source: drive  ·  ID DRV-77  ·  parameters 1, 2.5", "channel 1  ·  standing"},
         TextRow{"markup", Told(17, Class::kError, u"<b>bold</b>", 0, {}), "error 17", "<b>bold</b>",
-                "source 13  ·  standing"}),
+                "source: drive  ·  standing"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ErrorTimeTest, ATimeOfAnotherDayHasItsDate) {
@@ -233,7 +234,7 @@ TEST_F(ErrorHistoryTest, ARowTellsHowOftenAndWhatBecameOfEach) {
   UseWords("en");
   const auto details = [this] { return TextOfRow(Front(), now_).details.toStdString(); };
   const auto first = Raise(Error(1));
-  const std::string source = Say(Word::kErrorSource, "0").toStdString() + "  ·  ";
+  const std::string source = Say(Word::kErrorSource, Say(Word::kSourceControl)).toStdString() + "  ·  ";
   EXPECT_EQ(details(), source + "standing") << "of one no number";
   const QString began = TextOfTime(now_, now_);
   now_ += seconds(5);
@@ -245,6 +246,36 @@ TEST_F(ErrorHistoryTest, ARowTellsHowOftenAndWhatBecameOfEach) {
   Leave(Error(1), second, Fate::kCleared);
   EXPECT_EQ(details(), twice + "1 acknowledged, 1 cleared");
   EXPECT_EQ(TextOfRow(Front(), now_).time, TextOfTime(now_, now_));
+}
+
+TEST_F(ErrorHistoryTest, TheSameErrorInTwoLinesIsTwoRowsThatNameTheProgram) {
+  UseWords("en");
+  auto error = Error(1);
+  error.program = {u"C:\\", u"A.NC", 10, 3};
+  Raise(error);
+  Raise(error);
+  EXPECT_EQ(history_.Rows().size(), 1u);
+  EXPECT_TRUE(TextOfRow(Front(), now_).details.contains("program: A.NC"));
+  error.program->position = 20;
+  Raise(error);
+  EXPECT_EQ(history_.Rows().size(), 2u);
+  error.program->span = 5;
+  Raise(error);
+  error.program->file = u"B.NC";
+  Raise(error);
+  EXPECT_EQ(history_.Rows().size(), 4u);
+}
+
+TEST(ErrorSources, ASourceHasItsNameAndAnUnknownOneItsNumber) {
+  UseWords("en");
+  EXPECT_EQ(NameOfSource(0), "control");
+  EXPECT_EQ(NameOfSource(1), "program");
+  EXPECT_EQ(NameOfSource(10), "PLC");
+  EXPECT_EQ(NameOfSource(14), "unknown drive");
+  EXPECT_EQ(NameOfSource(18), "18");
+  UseWords("es");
+  EXPECT_EQ(NameOfSource(13), "regulador");
+  UseWords("en");
 }
 
 TEST_F(ErrorHistoryTest, TheListHasARowForEachWithItsParts) {

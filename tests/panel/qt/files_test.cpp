@@ -216,5 +216,22 @@ TEST(QuestionTest, EscapeAndASecondQuestionGiveTheCarefulAnswer) {
   EXPECT_EQ(answers.size(), 2u) << "nothing is open any more";
 }
 
+TEST_F(FilesTest, AByteOfAFileLiesInItsLine) {
+  struct Row {
+    const char* bytes;
+    std::vector<int> lines;  // of each byte, and of the one past the end
+  };
+  for (const Row& row : {Row{"a\r\nb\r\n", {0, 0, 0, 1, 1, 1, 2}}, Row{"a\nb", {0, 0, 1, 1}},
+                         Row{"\xEF\xBB\xBF\xC3\x98\nb", {0, 0, 0, 0, 0, 0, 1, 1}}, Row{"", {0}}}) {
+    folder_.Write("p.nc", row.bytes);
+    const ProgramText program = ReadProgram(Host("p.nc"));
+    for (std::size_t i = 0; i < row.lines.size(); ++i) {
+      EXPECT_EQ(LineAt(program, static_cast<qint64>(i)), row.lines[i]) << row.bytes << " at " << i;
+    }
+    EXPECT_EQ(LineAt(program, -5), 0);
+    EXPECT_EQ(LineAt(program, 999), row.lines.back());
+  }
+}
+
 }  // namespace
 }  // namespace panel

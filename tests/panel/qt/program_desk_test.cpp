@@ -4,6 +4,7 @@
 #include "ui/program_desk.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTextBlock>
 
 #include "common/words.h"
@@ -177,12 +178,18 @@ TEST_F(DeskTest, AFileThatIsAcceptedAmongTheFilesIsOpened) {
 TEST_F(DeskTest, WhyAProgramCannotBeReadIsSaid) {
   folder_.Write("binary.nc", std::string("G0\0M30", 6));
   QFile huge(Host("huge.nc"));
-  ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(kMostProgramBytes + 1));
+  // A file of a gigabyte that takes no room on the disc.
+  ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 30));
   Load("binary.nc");
   Load("huge.nc");
   Load("none.nc");
-  EXPECT_EQ(said_, (QStringList{"!" + Say(Word::kNotAText, "C:\\binary.nc"), "!" + Say(Word::kTooBig, "C:\\huge.nc"),
-                                "!" + Say(Word::kCannotOpen, "C:\\none.nc")}));
+  EXPECT_EQ(said_, (QStringList{"!Not a program text: C:\\binary.nc",
+                                "!Too big for the editor, 1024 MB of at most 32 MB: C:\\huge.nc",
+                                "!Can't be read: C:\\none.nc"}));
+  ASSERT_TRUE(huge.resize(kMostProgramBytes + 1));
+  Load("huge.nc");
+  EXPECT_EQ(said_.last(), "!Too big for the editor, 32.1 MB of at most 32 MB: C:\\huge.nc")
+      << "a size above the limit reads as more";
 }
 
 TEST_F(DeskTest, AProgramThatCannotBeReadLeavesTheOldOneItsFile) {
@@ -468,11 +475,20 @@ TEST_F(FillTest, ThePanelHearsItsKeysWhileABigProgramComes) {
   EXPECT_FALSE(editor_.Edit().document()->isUndoAvailable());
   EXPECT_FALSE(editor_.Edit().isReadOnly());
   // And away again, as gently.
+  const QPointer<CodeEdit> old = &editor_.Edit();
   editor_.Fill("G0\n", "SMALL", [&] { shown = false; });
-  EXPECT_TRUE(editor_.Filling());
-  ASSERT_TRUE(Filled());
+  EXPECT_FALSE(editor_.Filling()) << "the new one needs not wait until the old one is away";
   EXPECT_EQ(editor_.Text(), "G0\n");
   EXPECT_FALSE(shown);
+  EXPECT_NE(old, nullptr) << "it goes in slices";
+  heard = 0;
+  next = [&] {
+    ++heard;
+    if (old != nullptr) QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+  };
+  QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+  ASSERT_TRUE(WaitWhile([&] { return old != nullptr; }, kPatience));
+  EXPECT_GT(heard, 0);
 }
 
 TEST_F(FillTest, ASmallProgramIsThereAtOnce) {

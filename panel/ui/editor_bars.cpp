@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editor_bars.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+#include <algorithm>
+
+#include "common/words.h"
+#include "ui/panel_key.h"
+#include "ui/theme.h"
+
+namespace panel {
+
+BarField::BarField(const QString& name, QWidget* parent) : QLineEdit(parent) {
+  // More than a line of a program has.
+  constexpr int kMostCharacters = 1000;
+  setMaxLength(kMostCharacters);
+  setAccessibleName(name);
+  setPlaceholderText(name);
+}
+
+void BarField::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    event->accept();
+    emit Entered(event->modifiers().testFlag(Qt::ShiftModifier));
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+int EditorBar::RowHeight() const { return std::max(theme::TouchPixels(*this), fontPixels_ * 2); }
+
+QRect EditorBar::Row(int row) const {
+  return {kGap, kGap + row * (RowHeight() + kGap), std::max(0, width() - 2 * kGap), RowHeight()};
+}
+
+PanelKey* EditorBar::AddKey(const QString& caption) {
+  auto* key = new PanelKey(this);
+  key->setText(caption);
+  key->setAccessibleName(caption);
+  keys_.push_back(key);
+  return key;
+}
+
+BarField* EditorBar::AddField(const QString& name) {
+  fields_.push_back(new BarField(name, this));
+  return fields_.back();
+}
+
+void EditorBar::SetFontPixels(int pixels) {
+  fontPixels_ = pixels;
+  for (PanelKey* key : keys_) key->SetFontPixels(pixels * 7 / 8);
+  for (BarField* field : fields_) field->setFont(theme::MonoFont(pixels));
+  Place();
+}
+
+int EditorBar::PlaceAtRight(int row, const std::vector<PanelKey*>& keys) const {
+  const QRect at = Row(row);
+  const QFontMetrics metrics(theme::Font(fontPixels_ * 7 / 8, true));
+  int right = at.right() + 1;
+  for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+    const int least = std::max(theme::TouchPixels(*this), at.height());
+    const int width = std::max(least, metrics.horizontalAdvance((*key)->text()) + 2 * fontPixels_);
+    (*key)->setGeometry(right - width, at.top(), width, at.height());
+    right -= width + kGap;
+  }
+  return right + kGap;
+}
+
+void EditorBar::resizeEvent(QResizeEvent*) { Place(); }
+
+void EditorBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor(theme::kBackground));
+}
+
+LineBar::LineBar(QWidget* parent)
+    : EditorBar(parent),
+      field_(AddField(Say(Word::kLineNumber))),
+      go_(AddKey(Say(Word::kGo))),
+      close_(AddKey(Say(Word::kClose))) {
+  field_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,9}")), field_));
+  connect(field_, &BarField::Entered, this, &LineBar::Enter);
+  connect(go_, &PanelKey::clicked, this, &LineBar::Enter);
+  connect(close_, &PanelKey::clicked, this, &LineBar::LeaveWanted);
+}
+
+void LineBar::Begin() {
+  field_->clear();
+  field_->setFocus();
+}
+
+void LineBar::Enter() {
+  if (field_->text().isEmpty()) return field_->setFocus();
+  emit LineWanted(field_->text().toInt());
+}
+
+void LineBar::Place() {
+  const int right = PlaceAtRight(0, {go_, close_});
+  const QRect row = Row(0);
+  field_->setGeometry(row.left(), row.top(), std::max(0, right - kGap - row.left()), row.height());
+}
+
+OpeningBar::OpeningBar(QWidget* parent) : EditorBar(parent), cancel_(AddKey(Say(Word::kCancel))) {
+  cancel_->SetKeyName(QStringLiteral("Esc"));
+  connect(cancel_, &PanelKey::clicked, this, &OpeningBar::CancelWanted);
+}
+
+void OpeningBar::Show(int percent) {
+  if (percent == percent_) return;
+  percent_ = percent;
+  update();
+}
+
+void OpeningBar::Place() { PlaceAtRight(0, {cancel_}); }
+
+void OpeningBar::paintEvent(QPaintEvent* event) {
+  EditorBar::paintEvent(event);
+  QPainter painter(this);
+  const QRect row = Row(0);
+  const QRect field(row.left(), row.top(), std::max(0, cancel_->x() - kGap - row.left()), row.height());
+  theme::DrawField(painter, field, QColor(theme::kRaised), QColor(theme::kBorder), 4);
+  QRect done = field.adjusted(1, 1, -1, -1);
+  done.setWidth(done.width() * percent_ / 100);
+  if (done.width() > 0) theme::DrawField(painter, done, QColor(theme::kSteel), QColor(theme::kSteel), 3);
+  theme::DrawText(painter, field.adjusted(2 * kGap, 0, -2 * kGap, 0), Qt::AlignCenter,
+                  QStringLiteral("%1 %").arg(percent_), theme::Font(FontPixels(), true), QColor(theme::kText));
+}
+
+}  // namespace panel
