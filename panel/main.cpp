@@ -28,6 +28,7 @@
 #include "ui/program_desk.h"
 #include "ui/quiet_caches.h"
 #include "ui/theme.h"
+#include "ui/touch_desk.h"
 
 namespace {
 
@@ -189,6 +190,7 @@ int Run(QApplication& application, const panel::Options& given) {
   panel::Operator op(session, rig);
   panel::PanelWindow window(session, op, ResolverOf(*rig));
   SetUpPrograms(*rig, window);
+  window.Touch().SetTouched(options.touch);
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
   // A script begins with drive C: alone, and sets the answers to passwords itself.
   panel::Background maker;

@@ -17,6 +17,7 @@ struct Options {
   bool rpc = false;
   bool bare = false;
   bool manualTime = false;
+  bool touch = false;         // the screen is touched: the touch keyboard rises for every text field
   bool untilPainted = false;  // exit once the window is painted; for measuring the start
   QString root;               // empty: the user's data folder
   QString machine = QStringLiteral("demo");

@@ -76,18 +76,28 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
       list_(MakeList(model_, delegate_, this)),
       details_(new QPlainTextEdit(this)),
       back_(new PanelKey(this)) {
-  setAccessibleName(Say(Word::kErrorListTitle));
-  list_->setAccessibleName(Say(Word::kErrorListTitle));
   list_->installEventFilter(this);
   details_->setReadOnly(true);
   details_->setFrameShape(QFrame::NoFrame);
   details_->setFocusPolicy(Qt::NoFocus);
-  back_->setText(Say(Word::kBack));
-  back_->setAccessibleName(back_->text());
   back_->SetKeyName(QStringLiteral("Esc"));
   connect(back_, &PanelKey::clicked, this, &ErrorListCover::Leave);
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ErrorListCover::ShowDetails);
+  ShowWords();
   hide();
+}
+
+void ErrorListCover::ShowWords() {
+  setAccessibleName(Say(Word::kErrorListTitle));
+  list_->setAccessibleName(Say(Word::kErrorListTitle));
+  back_->setText(Say(Word::kBack));
+  back_->setAccessibleName(back_->text());
+  if (open_) Read();
+}
+
+void ErrorListCover::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 // A gesture that isn't released stays until the program ends.

@@ -36,9 +36,11 @@ bool IsIn(const QWidget* place, const QWidget& widget) {
   return place != nullptr && (place == &widget || place->isAncestorOf(&widget));
 }
 
+bool ActsOnErrors(int key) { return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter; }
+
 bool ActsOnErrors(const QKeyEvent& key) {
   if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
-  return key.key() == Qt::Key_Escape || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  return ActsOnErrors(key.key());
 }
 
 }  // namespace
@@ -177,6 +179,10 @@ void Keyboard::OnErrorsCame() {
 }
 
 bool Keyboard::ErrorsJustCame() const { return clock_() - errorsCameAt_ < kReadingMilliseconds; }
+
+bool Keyboard::MayAct(int key) const {
+  return !ActsOnErrors(key) || ErrorWindowInFront() == nullptr || !ErrorsJustCame();
+}
 
 bool Keyboard::KeyWasOnItsWay(const QKeyEvent& key, bool atErrors) {
   if (!ActsOnErrors(key)) return false;

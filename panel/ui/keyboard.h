@@ -35,6 +35,9 @@ class Keyboard : public QObject {
   /// Moves the focus to the next or previous control with move. When the focus was lost because its widget went away,
   /// gives the keyboard to its owner instead.
   bool MoveFocus(bool next, const std::function<bool(bool)>& move);
+  /// Whether a key that is touched on the screen now may act. One that acts on errors may not while nobody can have
+  /// read the error window yet.
+  [[nodiscard]] bool MayAct(int key) const;
   /// Sets the clock, in ms, which must never go back. For tests.
   void SetClock(std::function<qint64()> clock) { clock_ = std::move(clock); }
 

@@ -31,6 +31,11 @@ ProgramEditor::ProgramEditor(QWidget* parent) : QWidget(parent), edit_(new CodeE
   connect(edit_->document(), &QTextDocument::modificationChanged, this, qOverload<>(&QWidget::update));
 }
 
+void ProgramEditor::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) edit_->setAccessibleName(Say(Word::kProgram));
+  QWidget::changeEvent(event);
+}
+
 void ProgramEditor::Begin(const QString& text, const QString& name, std::function<void()> shown) {
   coming_ = text;
   taken_ = 0;

@@ -50,6 +50,7 @@ class ProgramEditor : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   [[nodiscard]] int HeadHeight() const { return fontPixels_ * 2; }
