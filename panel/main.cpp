@@ -30,6 +30,7 @@
 #include "ui/program_desk.h"
 #include "ui/quiet_caches.h"
 #include "ui/theme.h"
+#include "ui/touch_desk.h"
 
 namespace {
 
@@ -202,6 +203,7 @@ int Run(QApplication& application, const panel::Options& given) {
   panel::PanelWindow window(session, op, ResolverOf(*rig));
   SetUpPrograms(*rig, window);
   SetUpJournal(*rig, options, window);
+  window.Touch().SetTouched(options.touch);
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
   // A script begins with drive C: alone, and sets the answers to passwords itself.
   panel::Background maker;

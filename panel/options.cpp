@@ -72,6 +72,7 @@ const std::vector<OptionRow>& Rows() {
       {"--time", "real|manual", "manual: timers and machine move only when told", &TakeTime},
       {"--journal", "", "keep unsaved work for the next start, for a script too", &TakeFlag<&Options::journal>},
       {"--size", "WIDTHxHEIGHT", "the tool area (default 800x600 head-less)", &TakeSize},
+      {"--touch", "", "the screen is touched: a keyboard rises for text fields", &TakeFlag<&Options::touch>},
       {"--guided", "DIR", "run a guided session, leave its captures in DIR", &TakeText<&Options::guidedInto>},
       {"--until-painted", "", "leave once the window is painted", &TakeFlag<&Options::untilPainted>},
       {"--keys", "", "print the table of keys and leave", &TakeFlag<&Options::keys>},

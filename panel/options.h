@@ -18,6 +18,7 @@ struct Options {
   bool bare = false;
   bool manualTime = false;
   bool journal = false;       // keep the journal for a script too
+  bool touch = false;         // the screen is touched: the touch keyboard rises for every text field
   bool untilPainted = false;  // exit once the window is painted; for measuring the start
   QString root;               // empty: the user's data folder
   QString machine = QStringLiteral("demo");

@@ -458,6 +458,8 @@ PNL_API int PnlMenuItemAt(uint32_t menu, int index, PnlMenuItem* item);
  * library in <prefix>/lib; the environment variable PNLTOOLS_LANG_DIR sets another folder.
  */
 PNL_API int PnlSetLanguage(const char* code);
+/* Returns non-zero when the library has a tool with that number, so that LoadPNLTool can make it. */
+PNL_API int PnlHasTool(int32_t tool);
 /* Finds the SVG of a bitmap by number. It is valid until the language or the backend changes. Returns non-zero when
    there is one; otherwise *data and *size stay as they were. */
 PNL_API int PnlBitmap(int32_t number, const unsigned char** data, size_t* size);

@@ -253,6 +253,11 @@ constexpr std::array kWords = {
     Row{Word::kUndoRows, "%1 rows deleted: undo", "%1 filas borradas: deshacer"},
     Row{Word::kUndoNotNow, "Not now: end the edit or the block first",
         "Ahora no: termine antes la edición o el bloque"},
+    Row{Word::kEnterKey, "Enter", "Intro"},
+    Row{Word::kInsertKey, "Insert", "Insertar"},
+    Row{Word::kTouchKeyboard, "Keyboard", "Teclado"},
+    Row{Word::kOtherLanguage, "Español", "English"},
+    Row{Word::kNoLanguage, "This language is not installed", "Este idioma no está instalado"},
 };
 static_assert(kWords.size() == static_cast<std::size_t>(Word::kCount), "every word has its row");
 
@@ -270,6 +275,8 @@ int inUse = 0;
 }  // namespace
 
 void UseWords(const QString& language) { inUse = language == QLatin1String("es") ? 1 : 0; }
+
+QString WordsInUse() { return inUse == 1 ? QStringLiteral("es") : QStringLiteral("en"); }
 
 QString WordIn(Word word, int language) {
   const Row& row = kWords[static_cast<std::size_t>(word)];

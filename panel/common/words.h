@@ -227,11 +227,19 @@ enum class Word {
   kUndoRow,
   kUndoRows,
   kUndoNotNow,
+  // The reserved row
+  kEnterKey,
+  kInsertKey,
+  kTouchKeyboard,
+  kOtherLanguage,
+  kNoLanguage,
   kCount
 };
 
 /// Sets the current language: "es" is Spanish, every other code (also "none") is English.
 void UseWords(const QString& language);
+/// "es" or "en", whichever is current.
+[[nodiscard]] QString WordsInUse();
 [[nodiscard]] QString Say(Word word);
 /// For a word with the place holder "%1".
 [[nodiscard]] QString Say(Word word, const QString& argument);

@@ -56,6 +56,7 @@ class Operator : public QObject {
   /// stays open, for instance because a row can't be saved.
   [[nodiscard]] bool CloseUnsaved();
 
+  [[nodiscard]] pnl::rig::Rig* Rig() const { return rig_; }
   [[nodiscard]] bool HasMachine() const { return machine_ != nullptr; }
   [[nodiscard]] pnl::rig::MachineState Machine() const;
   [[nodiscard]] Word Mode() const;

@@ -39,7 +39,6 @@ CredentialsCover::CredentialsCover(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   for (int i = 0; i < kFieldCount; ++i) {
     auto* field = new QLineEdit(this);
-    field->setAccessibleName(Say(kLabels[i]));
     field->setMaxLength(kMostCharacters);
     connect(field, &QLineEdit::returnPressed, this, [this, i] {
       if (i == kPassword) return Accept();
@@ -48,14 +47,26 @@ CredentialsCover::CredentialsCover(QWidget* parent)
     fields_[static_cast<std::size_t>(i)] = field;
   }
   fields_[kPassword]->setEchoMode(QLineEdit::Password);
-  ok_->setText(Say(Word::kConnect));
   ok_->SetTint(QColor(theme::kGreen));
   ok_->SetFilled(true);
-  cancel_->setText(Say(Word::kCancel));
   cancel_->SetKeyName(QStringLiteral("Esc"));
   connect(ok_, &PanelKey::clicked, this, &CredentialsCover::Accept);
   connect(cancel_, &PanelKey::clicked, this, &CredentialsCover::Leave);
+  ShowWords();
   hide();
+}
+
+void CredentialsCover::ShowWords() {
+  for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i]->setAccessibleName(Say(kLabels[i]));
+  ok_->setText(Say(Word::kConnect));
+  cancel_->setText(Say(Word::kCancel));
+  setAccessibleName(Title());
+  setAccessibleDescription(Problem());
+}
+
+void CredentialsCover::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 CredentialsCover::~CredentialsCover() {

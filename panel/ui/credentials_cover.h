@@ -53,6 +53,7 @@ class CredentialsCover : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -62,6 +63,7 @@ class CredentialsCover : public QWidget {
     bool again;
   };
   void Show();
+  void ShowWords();
   void Finish(bool accepted);
   void Place();
 

@@ -16,7 +16,6 @@ QString NameOfKind(ErrorKind kind) {
 
 ErrorIndicator::ErrorIndicator(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::TabFocus);
-  setToolTip(theme::PlainTip(TooltipOf(Action::kErrorList)));
   Show({}, 0);
 }
 
@@ -26,10 +25,20 @@ void ErrorIndicator::Show(const ErrorSign& sign, int standing) {
   sign_ = sign;
   standing_ = standing;
   if (otherFlash) StartFlash();
+  ShowWords();
+}
+
+void ErrorIndicator::ShowWords() {
+  setToolTip(theme::PlainTip(TooltipOf(Action::kErrorList)));
   const QString count = QString::number(ErrorCount());
   setText(ErrorCount() == 0 ? Say(Word::kNoErrors) : Say(Word::kErrors, count));
   setAccessibleName(sign_.count > 0 ? Say(Word::kErrorSign).arg(count, NameOfKind(sign_.kind)) : text());
   update();
+}
+
+void ErrorIndicator::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QAbstractButton::changeEvent(event);
 }
 
 void ErrorIndicator::StartFlash() {

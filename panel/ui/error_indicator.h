@@ -29,9 +29,11 @@ class ErrorIndicator : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void StartFlash();
+  void ShowWords();
   ErrorSign sign_;
   int standing_ = -1;
   bool inverted_ = false;

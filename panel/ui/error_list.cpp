@@ -78,25 +78,34 @@ ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
       line_(new PanelKey(this)),
       help_(new PanelKey(this)),
       back_(new PanelKey(this)) {
-  setAccessibleName(Say(Word::kErrorListTitle));
-  list_->setAccessibleName(Say(Word::kErrorListTitle));
   list_->installEventFilter(this);
   details_->setReadOnly(true);
   details_->setFrameShape(QFrame::NoFrame);
   details_->setFocusPolicy(Qt::NoFocus);
   QScroller::grabGesture(details_->viewport(), QScroller::TouchGesture);
-  line_->setText(Say(Word::kGoToLine));
-  line_->setAccessibleName(line_->text());
-  help_->setText(Say(Word::kHelp));
-  help_->setAccessibleName(help_->text());
   connect(line_, &PanelKey::clicked, this, &ErrorListCover::OnLine);
   connect(help_, &PanelKey::clicked, this, &ErrorListCover::OnHelp);
-  back_->setText(Say(Word::kBack));
-  back_->setAccessibleName(back_->text());
   back_->SetKeyName(QStringLiteral("Esc"));
   connect(back_, &PanelKey::clicked, this, &ErrorListCover::Leave);
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ErrorListCover::ShowDetails);
+  ShowWords();
   hide();
+}
+
+void ErrorListCover::ShowWords() {
+  setAccessibleName(Say(Word::kErrorListTitle));
+  list_->setAccessibleName(Say(Word::kErrorListTitle));
+  for (const auto& [key, word] :
+       {std::pair(line_, Word::kGoToLine), std::pair(help_, Word::kHelp), std::pair(back_, Word::kBack)}) {
+    key->setText(Say(word));
+    key->setAccessibleName(key->text());
+  }
+  if (open_) Read();
+}
+
+void ErrorListCover::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 // A gesture that isn't released stays until the program ends.

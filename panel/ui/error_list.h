@@ -61,12 +61,14 @@ class ErrorListCover : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
   void Read();
+  void ShowWords();
   void ReadNotes();
   void ShowDetails();
   void Place();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operator_keys.h"
 
+#include <QEvent>
 #include <array>
 
 #include "ui/panel_key.h"
@@ -36,10 +37,7 @@ constexpr int kRepeatEvery = 120;  // ms
 OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
   for (const Look& look : kLooks) {
     auto* key = new PanelKey(this);
-    key->setText(Say(WordOf(look.action)));
-    key->setAccessibleName(key->text());
     key->SetKeyName(KeysOf(look.action).first().toString());
-    key->SetTip(TooltipOf(look.action));
     if (look.tint != 0) key->SetTint(QColor(look.tint));
     key->SetFilled(look.filled);
     key->setCheckable(look.latches);
@@ -57,6 +55,20 @@ OperatorKeys::OperatorKeys(QWidget* parent) : QWidget(parent) {
     }
     keys_.emplace_back(look.action, key);
   }
+  ShowWords();
+}
+
+void OperatorKeys::ShowWords() {
+  for (const auto& [action, key] : keys_) {
+    key->setText(Say(WordOf(action)));
+    key->setAccessibleName(key->text());
+    key->SetTip(TooltipOf(action));
+  }
+}
+
+void OperatorKeys::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched) {

@@ -32,8 +32,10 @@ class OperatorKeys : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void ShowWords();
   std::vector<std::pair<Action, PanelKey*>> keys_;
 };
 

@@ -19,6 +19,7 @@ struct Sizes {
   int modal;
   int messages;
   int keys;
+  int reserved;
   int operatorKeys;
   int side;
   int column;  // 0 unless wide
@@ -39,6 +40,8 @@ Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
   sizes.modal = scaled(22);
   sizes.messages = std::max(scaled(44), touch);
   sizes.keys = std::max(scaled(56), touch);
+  // The keys of the row are pressed while the machine moves: 12 mm, where an ordinary key has 9.
+  sizes.reserved = std::max(scaled(44), (touch * 4 + 2) / 3);
   sizes.operatorKeys = std::max(scaled(54), touch);
   // The side bar has two paging keys side by side.
   sizes.side = std::max(scaled(100), 2 * touch + kGap);
@@ -50,7 +53,7 @@ int Above(const Sizes& sizes, bool wide) {
   return sizes.status + kGap + (wide ? 0 : sizes.axes + sizes.modal + 2 * kGap);
 }
 
-int Below(const Sizes& sizes) { return sizes.messages + sizes.keys + sizes.operatorKeys + 4 * kGap; }
+int Below(const Sizes& sizes) { return sizes.messages + sizes.keys + sizes.reserved + sizes.operatorKeys + 5 * kGap; }
 
 /// Places the parts around the tool area. The layout must have its window and tool area already.
 void Surround(PanelLayout& layout, const Sizes& sizes) {
@@ -59,7 +62,8 @@ void Surround(PanelLayout& layout, const Sizes& sizes) {
   const int inner = width - 2 * kGap;
   layout.status = QRect(kGap, kGap, layout.wide ? inner : inner * 5 / 12, sizes.status - kGap);
   layout.operatorKeys = QRect(kGap, height - kGap - sizes.operatorKeys, inner, sizes.operatorKeys);
-  layout.mainBar = QRect(kGap, layout.operatorKeys.top() - kGap - sizes.keys, inner, sizes.keys);
+  layout.reservedRow = QRect(kGap, layout.operatorKeys.top() - kGap - sizes.reserved, inner, sizes.reserved);
+  layout.mainBar = QRect(kGap, layout.reservedRow.top() - kGap - sizes.keys, inner, sizes.keys);
   layout.messages = QRect(kGap, layout.mainBar.top() - kGap - sizes.messages, inner, sizes.messages);
   const int sideLeft = width - kGap - sizes.side;
   const int bodyTop = layout.status.bottom() + 1 + kGap;
@@ -109,6 +113,30 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
   layout.toolArea = QRect(QPoint(left, top), area);
   Surround(layout, sizes);
   return layout;
+}
+
+PanelLayout WithKeyboard(const PanelLayout& rest, int height, int touch) {
+  // The side bar has a row for each key and one for its paging.
+  constexpr int kSideRows = kSideKeys + 1;
+  PanelLayout raised = rest;
+  raised.keyboard = QRect(rest.mainBar.left(), rest.reservedRow.top() - kGap - height, rest.mainBar.width(), height);
+  const int up = rest.mainBar.top() - raised.keyboard.top();
+  raised.messages.translate(0, -up);
+  raised.toolArea.setHeight(std::max(1, rest.toolArea.height() - up));
+  raised.sideBar.setHeight(std::max(0, rest.sideBar.height() - up));
+  if (raised.sideBar.height() < kSideRows * (touch + kGap)) raised.sideBar = {};
+  if (!rest.wide) return raised;
+  // The column becomes lower by as much; the axes, which are the bigger part, give more.
+  const int ofAxes = up * 3 / 5;
+  raised.axes.setHeight(rest.axes.height() - ofAxes);
+  raised.readings.translate(0, -ofAxes);
+  raised.readings.setHeight(rest.readings.height() - (up - ofAxes));
+  raised.modal.translate(0, -up);
+  return raised;
+}
+
+int MostForKeyboard(const PanelLayout& rest, int touch) {
+  return rest.toolArea.height() + rest.mainBar.height() - 2 * touch;
 }
 
 QRect RoomBeside(const QRect& area, const QRect& tool) {

@@ -20,7 +20,9 @@ struct PanelLayout {
   QRect sideBar;
   QRect messages;
   QRect mainBar;
+  QRect reservedRow;
   QRect operatorKeys;
+  QRect keyboard;  // the touch keyboard, while it is up
 };
 
 /// The smallest window.
@@ -30,6 +32,12 @@ inline constexpr QSize kLeastWindow{640, 480};
 [[nodiscard]] PanelLayout LayOutWithin(QSize window, int touch);
 /// Lays out a window around a tool area of exactly that size.
 [[nodiscard]] PanelLayout LayOutAround(QSize toolArea, int touch);
+
+/// Makes room for a touch keyboard of that height in place of the main bar: the messages move up, and what is left of
+/// the tool area is the part of it that can be seen. A side bar whose keys would be too small is empty.
+[[nodiscard]] PanelLayout WithKeyboard(const PanelLayout& rest, int height, int touch);
+/// The greatest height of a keyboard that leaves enough of the tool area to see what is typed.
+[[nodiscard]] int MostForKeyboard(const PanelLayout& rest, int touch);
 
 /// Returns the largest part of area that the tool leaves free above, below or at a side. Returns all of area when that
 /// part is smaller than a third of it.

@@ -23,10 +23,13 @@
 #include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/readings.h"
+#include "ui/reserved_row.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"
 #include "ui/undo_offer.h"
+#include "ui/touch_desk.h"
+#include "ui/touch_keyboard.h"
 
 namespace panel {
 
@@ -57,13 +60,17 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       sideBar_(new SoftKeyBar(Qt::Vertical, kSideKeys, &SideKey, this)),
       zone_(new MessageZone(this)),
       mainBar_(new SoftKeyBar(Qt::Horizontal, kMainKeys, &MainKey, this)),
+      row_(new ReservedRow(this)),
       keys_(new OperatorKeys(this)),
       question_(new Question(this)),
       password_(new PasswordBox(this)),
       desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
       errorList_(new ErrorListCover(op.Desk(), this)),
       credentials_(new CredentialsCover(this)),
-      undo_(new UndoOffer(session, this)) {
+      undo_(new UndoOffer(session, this)),
+      language_(session, op.Desk(), op.Rig()),
+      touchKeys_(new TouchKeyboard(this)),
+      touch_(std::make_unique<TouchDesk>(*this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -75,6 +82,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
   ConnectErrors();
   if (session_.Reacting()) credentials_->Offer();
   MakeKeyboard();
+  MakeTouch();
   MakeShortcuts();
   SetTabOrder();
   resize(LayOutAround(QSize(800, 600), theme::TouchPixels(*this)).window);
@@ -183,6 +191,9 @@ void PanelWindow::SetTabOrder() {
   order.insert(order.end(), {sideBar_->BackKey(), sideBar_->MoreKey(), mainBar_->BackKey()});
   for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(mainBar_->Key(slot));
   order.push_back(mainBar_->MoreKey());
+  for (const RowKey key : {RowKey::kErrors, RowKey::kCalculator, RowKey::kHelp, RowKey::kLanguage}) {
+    order.push_back(row_->Key(key));
+  }
   for (const auto& [action, key] : keys_->Keys()) order.push_back(key);
   order.push_back(undo_);
   for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
@@ -208,25 +219,24 @@ void PanelWindow::LayOut() {
       fixedToolArea_.reset();
     }
   }
+  MakeRoomForTouch();
   status_->setGeometry(layout_.status);
   readings_->setGeometry(layout_.readings);
   axes_->setGeometry(layout_.axes);
   modal_->setGeometry(layout_.modal);
-  toolArea_->setGeometry(layout_.toolArea);
   sideBar_->setGeometry(layout_.sideBar);
   PlaceMessages();
   mainBar_->setGeometry(layout_.mainBar);
+  row_->setGeometry(layout_.reservedRow);
   keys_->setGeometry(layout_.operatorKeys);
   // The covers leave status, axes and the machine's keys free, because the operator must be able to stop the axes any
   // time.
-  const int left = layout_.toolArea.left();
+  const int left = rest_.toolArea.left();
   // On a small panel they also cover the soft keys, which are disabled meanwhile.
-  const int bottom = layout_.wide ? layout_.sideBar.bottom() : layout_.mainBar.bottom();
-  const int top = layout_.wide ? layout_.sideBar.top() : layout_.toolArea.top();
-  const QRect cover(left, top, layout_.sideBar.right() + 1 - left, bottom + 1 - top);
-  for (QWidget* widget : std::initializer_list<QWidget*>{question_, password_, credentials_, errorList_}) {
-    widget->setGeometry(cover);
-  }
+  const int bottom = rest_.wide ? rest_.sideBar.bottom() : rest_.mainBar.bottom();
+  const int top = rest_.wide ? rest_.sideBar.top() : rest_.toolArea.top();
+  cover_ = QRect(left, top, rest_.sideBar.right() + 1 - left, bottom + 1 - top);
+  FollowFocus();
   const auto pixels = [this](int size) { return static_cast<int>(std::lround(size * layout_.scale)); };
   status_->SetFontPixels(pixels(14));
   ShowSideBar();
@@ -235,6 +245,7 @@ void PanelWindow::LayOut() {
   modal_->SetFontPixels(pixels(13));
   sideBar_->SetFontPixels(pixels(14));
   mainBar_->SetFontPixels(pixels(14));
+  row_->SetFontPixels(pixels(14));
   keys_->SetFontPixels(pixels(14));
   zone_->SetFontPixels(pixels(17));
   undo_->SetFontPixels(pixels(14));
@@ -266,11 +277,11 @@ void PanelWindow::PlacePlcView() {
 
 void PanelWindow::ShowSideBar() {
   // On a small panel a cover begins below the top of the side bar and would leave a slice of it visible.
-  sideBar_->setVisible(layout_.wide || !Covered());
+  sideBar_->setVisible(!layout_.sideBar.isEmpty() && (layout_.wide || !Covered()));
 }
 
 void PanelWindow::PlaceEditor() {
-  QRect place = toolArea_->rect();
+  QRect place = SeenToolArea();
   // The program stays readable beside a tool, wherever the tool is.
   for (const PnlWindow window : session_.ToolWindows()) {
     const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
@@ -291,6 +302,7 @@ void PanelWindow::EnableBars() {
   mainBar_->setEnabled(!Covered());
   sideBar_->setEnabled(!Covered());
   undo_->setEnabled(!Covered());
+  row_->Show([this](RowKey key) { return LookOfRowKey(key); });
   ShowSideBar();
 }
 

@@ -12,6 +12,7 @@
 
 #include "host/file_request.h"
 #include "host/host_session.h"
+#include "host/language_desk.h"
 #include "host/operator.h"
 #include "remote/panel_face.h"
 #include "ui/panel_layout.h"
@@ -32,10 +33,16 @@ class ProgramDesk;
 class ProgramEditor;
 class Question;
 class Readings;
+class ReservedRow;
 class SoftKeyBar;
+enum class RowKey;
+struct RowKeyLook;
 struct SoftKeyItem;
+struct TouchStroke;
 class StatusStrip;
 class UndoOffer;
+class TouchDesk;
+class TouchKeyboard;
 
 class PanelWindow : public QWidget, public PanelFace {
   Q_OBJECT
@@ -72,6 +79,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] SoftKeyBar& MainBar() const { return *mainBar_; }
   [[nodiscard]] SoftKeyBar& SideBar() const { return *sideBar_; }
   [[nodiscard]] OperatorKeys& Keys() const { return *keys_; }
+  [[nodiscard]] ReservedRow& Row() const { return *row_; }
   [[nodiscard]] MessageZone& Zone() const { return *zone_; }
   [[nodiscard]] StatusStrip& Status() const { return *status_; }
   [[nodiscard]] Readings& ReadingsShown() const { return *readings_; }
@@ -83,6 +91,8 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] CredentialsCover& CredentialsAsked() const { return *credentials_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
   [[nodiscard]] UndoOffer& Undo() const { return *undo_; }
+  [[nodiscard]] TouchDesk& Touch() const { return *touch_; }
+  [[nodiscard]] TouchKeyboard& TouchKeys() const { return *touchKeys_; }
   [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
   /// Draws the current state. It is called automatically after every change.
@@ -128,10 +138,28 @@ class PanelWindow : public QWidget, public PanelFace {
   /// Disables the soft keys while a cover is shown.
   void EnableBars();
   [[nodiscard]] bool Covered() const;
+  void MakeTouch();
+  /// Changes the layout to that with the touch keyboard, while it is up.
+  void MakeRoomForTouch();
+  void OnTouchChanged();
+  /// Moves the tool area and the covers so that what has the keyboard is seen above the touch keyboard.
+  void FollowFocus();
+  /// The part of the tool area that is seen.
+  [[nodiscard]] QRect SeenToolArea() const;
+  /// Sends a key that was touched to what has the keyboard.
+  void SendTouched(const TouchStroke& stroke, bool repeated);
+  void OnRowKey(RowKey key);
+  [[nodiscard]] RowKeyLook LookOfRowKey(RowKey key) const;
+  /// Closes the tool when it is in front, else does what opens it or brings it there.
+  void ToggleTool(int tool, Action opens);
+  void ToggleErrors();
+  void SwitchLanguage();
 
   HostSession& session_;
   Operator& op_;
   PanelLayout layout_;
+  PanelLayout rest_;  // the layout without the touch keyboard
+  QRect cover_;       // where the covers are then
   QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
@@ -149,6 +177,7 @@ class PanelWindow : public QWidget, public PanelFace {
   SoftKeyBar* sideBar_;
   MessageZone* zone_;
   SoftKeyBar* mainBar_;
+  ReservedRow* row_;
   OperatorKeys* keys_;
   Question* question_;
   PasswordBox* password_;
@@ -158,6 +187,9 @@ class PanelWindow : public QWidget, public PanelFace {
   UndoOffer* undo_;
   std::unique_ptr<Keyboard> keyboard_;
   std::unique_ptr<JournalKeeper> journal_;
+  LanguageDesk language_;
+  TouchKeyboard* touchKeys_;
+  std::unique_ptr<TouchDesk> touch_;
 };
 
 }  // namespace panel

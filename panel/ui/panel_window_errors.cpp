@@ -10,6 +10,7 @@
 #include "ui/question.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
+#include "ui/touch_desk.h"
 
 namespace panel {
 
@@ -45,6 +46,7 @@ void PanelWindow::LetErrorsPass() {
   const bool shown = op_.Desk().WindowShown();
   if (shown == errorWindow_) return;
   errorWindow_ = shown;
+  touch_->SetInterrupted(shown);
   if (shown) errorList_->Leave();
   if (shown) password_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.

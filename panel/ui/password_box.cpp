@@ -31,7 +31,6 @@ PasswordBox::PasswordBox(QWidget* parent) : QWidget(parent), edit_(new QLineEdit
   constexpr int kLongest = 20;
   edit_->setEchoMode(QLineEdit::Password);
   edit_->setMaxLength(kLongest);
-  edit_->setAccessibleName(Say(Word::kPassword));
   edit_->setContextMenuPolicy(Qt::NoContextMenu);
   connect(edit_, &QLineEdit::returnPressed, this, &PasswordBox::Enter);
   connect(edit_, &QLineEdit::textEdited, this, [this] {
@@ -39,6 +38,7 @@ PasswordBox::PasswordBox(QWidget* parent) : QWidget(parent), edit_(new QLineEdit
     update();
   });
   MakeKeys();
+  ShowWords();
   hide();
 }
 
@@ -58,16 +58,29 @@ void PasswordBox::MakeKeys() {
       edit_->setFocus();
     });
   }
-  PanelKey* back = add(Say(Word::kBack), [this] {
+  PanelKey* back = add({}, [this] {
     edit_->backspace();
     edit_->setFocus();
   });
-  back->setText({});
   back->SetArrow(Qt::LeftArrow);
-  PanelKey* ok = add(Say(Word::kOk), [this] { Enter(); });
+  PanelKey* ok = add({}, [this] { Enter(); });
   ok->SetTint(QColor(theme::kGreen));
   ok->SetFilled(true);
-  add(Say(Word::kClose), [this] { Leave(); });
+  add({}, [this] { Leave(); });
+}
+
+void PasswordBox::ShowWords() {
+  edit_->setAccessibleName(Say(Word::kPassword));
+  keys_[kBackKey]->setAccessibleName(Say(Word::kBack));
+  for (const auto& [key, word] : {std::pair(kOkKey, Word::kOk), std::pair(kCloseKey, Word::kClose)}) {
+    keys_[key]->setText(Say(word));
+    keys_[key]->setAccessibleName(Say(word));
+  }
+}
+
+void PasswordBox::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 bool PasswordBox::Ask() {

@@ -37,10 +37,12 @@ class PasswordBox : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
   void MakeKeys();
+  void ShowWords();
   void Place();
   void End(bool given);
 

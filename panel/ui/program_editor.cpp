@@ -39,6 +39,13 @@ ProgramEditor::ProgramEditor(QWidget* parent)
   setFocusProxy(edit_);
 }
 
+void ProgramEditor::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) {
+    for (CodeEdit* edit : findChildren<CodeEdit*>()) edit->setAccessibleName(Say(Word::kProgram));
+  }
+  QWidget::changeEvent(event);
+}
+
 CodeEdit* ProgramEditor::Seen() const { return coming_ != nullptr && !coming_->isHidden() ? coming_ : edit_; }
 
 CodeEdit* ProgramEditor::MakeEdit() {

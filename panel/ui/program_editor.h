@@ -100,6 +100,7 @@ class ProgramEditor : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   enum class Bar { kNone, kFind, kLine };

@@ -43,8 +43,6 @@ SoftKeyBar::SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence 
   const bool main = orientation == Qt::Horizontal;
   back_ = new PanelKey(this);
   back_->SetArrow(main ? Qt::LeftArrow : Qt::UpArrow);
-  back_->setAccessibleName(Say(Word::kBack));
-  back_->SetTip(TooltipOf(main ? Action::kMainBack : Action::kSideBack));
   connect(back_, &PanelKey::clicked, this, &SoftKeyBar::Back);
   for (int slot = 0; slot < slotCount; ++slot) {
     auto* key = new PanelKey(this);
@@ -54,11 +52,23 @@ SoftKeyBar::SoftKeyBar(Qt::Orientation orientation, int slotCount, QKeySequence 
   }
   more_ = new PanelKey(this);
   more_->SetArrow(main ? Qt::RightArrow : Qt::DownArrow);
-  more_->setAccessibleName(Say(Word::kMore));
   more_->SetKeyName(KeysOf(main ? Action::kMainMore : Action::kSideMore).first().toString());
-  more_->SetTip(TooltipOf(main ? Action::kMainMore : Action::kSideMore));
   connect(more_, &PanelKey::clicked, this, &SoftKeyBar::NextPage);
+  ShowWords();
   UpdateDisplay();
+}
+
+void SoftKeyBar::ShowWords() {
+  const bool main = orientation_ == Qt::Horizontal;
+  back_->setAccessibleName(Say(Word::kBack));
+  back_->SetTip(TooltipOf(main ? Action::kMainBack : Action::kSideBack));
+  more_->setAccessibleName(Say(Word::kMore));
+  more_->SetTip(TooltipOf(main ? Action::kMainMore : Action::kSideMore));
+}
+
+void SoftKeyBar::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 void SoftKeyBar::ShowMenu(std::uint32_t menu, std::vector<SoftKeyItem> ofPanel) {

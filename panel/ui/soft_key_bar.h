@@ -79,8 +79,10 @@ class SoftKeyBar : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void ShowWords();
   void Read();
   void Take(std::vector<SoftKeyItem> items);
   void UpdateDisplay();

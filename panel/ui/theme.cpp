@@ -149,18 +149,24 @@ QFont FittingFont(const QString& text, int width, int pixels, int least, bool bo
   return Font(std::max(size, least), bold);
 }
 
-int TouchPixels(qreal dotsPerInch) {
-  constexpr qreal kTouchMillimetres = 9;
+int PixelsOf(qreal millimetres, qreal dotsPerInch) {
   constexpr qreal kMillimetresPerInch = 25.4;
-  constexpr int kLeast = 34;
   // A screen that doesn't know its size reports 0, infinity or nonsense.
   if (!(dotsPerInch >= 40 && dotsPerInch <= 800)) dotsPerInch = 96;
-  return std::max(kLeast, static_cast<int>(std::ceil(kTouchMillimetres * dotsPerInch / kMillimetresPerInch - 1e-6)));
+  return static_cast<int>(std::ceil(millimetres * dotsPerInch / kMillimetresPerInch - 1e-6));
 }
 
-int TouchPixels(const QWidget& widget) {
+int TouchPixels(qreal dotsPerInch) {
+  constexpr qreal kTouchMillimetres = 9;
+  constexpr int kLeast = 34;
+  return std::max(kLeast, PixelsOf(kTouchMillimetres, dotsPerInch));
+}
+
+int TouchPixels(const QWidget& widget) { return TouchPixels(DensityOf(widget)); }
+
+qreal DensityOf(const QWidget& widget) {
   const QScreen* screen = widget.screen();
-  return TouchPixels(screen == nullptr ? 96 : screen->physicalDotsPerInch());
+  return screen == nullptr ? 96 : screen->physicalDotsPerInch();
 }
 
 void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,

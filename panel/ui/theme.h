@@ -51,10 +51,14 @@ void Apply(QApplication& application);
 /// The biggest font, up to pixels high, in which text fits into width. Never smaller than least.
 [[nodiscard]] QFont FittingFont(const QString& text, int width, int pixels, int least, bool bold = false);
 
-/// The least side of a key: 9 mm on a screen of that density (dots per inch), at least 34 pixels. An impossible density
-/// counts as 96.
+/// How many pixels that many millimetres take at least on a screen of that density (dots per inch). An impossible
+/// density counts as 96.
+[[nodiscard]] int PixelsOf(qreal millimetres, qreal dotsPerInch);
+/// The least side of a key: 9 mm, at least 34 pixels.
 [[nodiscard]] int TouchPixels(qreal dotsPerInch);
 [[nodiscard]] int TouchPixels(const QWidget& widget);
+/// The density of the screen that shows the widget, in dots per inch.
+[[nodiscard]] qreal DensityOf(const QWidget& widget);
 
 /// Draws text on one line within rect. A text that is too long is cut at cut, with an ellipsis.
 void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,

@@ -7,6 +7,7 @@
 #include "base/replace_file.h"
 #include "host/records.h"
 #include "library/library.h"
+#include "library/tool_factory.h"
 
 namespace {
 
@@ -154,6 +155,8 @@ int PnlMenuItemAt(uint32_t menu, int index, PnlMenuItem* item) {
 int PnlSetLanguage(const char* code) {
   return Guarded<int>(0, [&] { return code != nullptr && Library::Instance().SetLanguage(code) ? 1 : 0; });
 }
+
+int PnlHasTool(int32_t tool) { return pnl::HasTool(tool) ? 1 : 0; }
 
 int PnlBitmap(int32_t number, const unsigned char** data, size_t* size) {
   return Guarded<int>(0, [&] {

@@ -50,12 +50,20 @@ constexpr ToolRow kTools[] = {
     {PNL_TOOL_PLC_MESSAGES, false, &Make<ZCPLCMsgView>},
 };
 
-}  // namespace
-
-ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
+/// Null for a number without a tool.
+const ToolRow* RowOf(int toolId) {
   const auto* const row =
       std::find_if(std::begin(kTools), std::end(kTools), [toolId](const ToolRow& tool) { return tool.id == toolId; });
-  if (row == std::end(kTools)) return nullptr;
+  return row == std::end(kTools) ? nullptr : row;
+}
+
+}  // namespace
+
+bool HasTool(int toolId) { return RowOf(toolId) != nullptr; }
+
+ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent) {
+  const ToolRow* row = RowOf(toolId);
+  if (row == nullptr) return nullptr;
   if (parent == nullptr) {
     // A frame tool calls the host before it looks for its parent.
     if (row->isFrame) {

@@ -14,4 +14,7 @@ namespace pnl {
 /// tool whose parent was destroyed in a callback meanwhile.
 [[nodiscard]] ToolWindow* MakeTool(int toolId, ToolContext& context, QWidget* parent);
 
+/// Whether there is a tool with that number.
+[[nodiscard]] bool HasTool(int toolId);
+
 }  // namespace pnl

@@ -168,6 +168,15 @@ TEST(CFunctions, ABitmapComesAsSvg) {
   EXPECT_EQ(PnlSetLanguage(nullptr), 0);
 }
 
+TEST(CFunctions, TellWhichToolsThereAre) {
+  for (const int tool : {PNL_TOOL_CALCULATOR, PNL_TOOL_ERRORS, PNL_TOOL_EXPLORER, PNL_TOOL_HELP,
+                         PNL_TOOL_MACHINING_CALCULATOR, PNL_TOOL_MDI, PNL_TOOL_PLC_MESSAGES}) {
+    EXPECT_NE(PnlHasTool(tool), 0) << tool;
+  }
+  EXPECT_EQ(PnlHasTool(-1), 0);
+  EXPECT_EQ(PnlHasTool(9999), 0);
+}
+
 TEST(CFunctions, TheRigIsThereWithTheSimulationAndGoneWithABackend) {
   ASSERT_NE(PnlRig(), nullptr);
   const std::string backend = std::string(PNL_TEST_BACKENDS) + "/tiny_works.so";

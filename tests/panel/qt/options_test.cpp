@@ -16,6 +16,7 @@ Options Good(const QStringList& arguments) {
 
 TEST(OptionsTest, NothingGivenMeansADemoMachineInEnglishByRealTime) {
   const Options options = Good({});
+  EXPECT_FALSE(options.touch);
   EXPECT_FALSE(options.headless || options.rpc || options.bare || options.manualTime || options.help || options.keys);
   EXPECT_TRUE(options.root.isEmpty());
   EXPECT_EQ(options.machine, "demo");
@@ -26,7 +27,8 @@ TEST(OptionsTest, NothingGivenMeansADemoMachineInEnglishByRealTime) {
 
 TEST(OptionsTest, EveryOptionSetsItsOwnField) {
   const Options options = Good({"--headless", "--rpc", "--root", "/tmp/a b", "--bare", "--machine", "mill", "--lang",
-                                "none", "--time", "manual", "--size", "1024x768"});
+                                "none", "--time", "manual", "--size", "1024x768", "--touch"});
+  EXPECT_TRUE(options.touch);
   EXPECT_TRUE(options.headless);
   EXPECT_TRUE(options.rpc);
   EXPECT_TRUE(options.bare);

@@ -12,7 +12,7 @@ namespace {
 
 std::vector<QRect> Parts(const PanelLayout& layout) {
   return {layout.status,  layout.readings, layout.axes,    layout.modal,       layout.toolArea,
-          layout.sideBar, layout.messages, layout.mainBar, layout.operatorKeys};
+          layout.sideBar, layout.messages, layout.mainBar, layout.reservedRow, layout.operatorKeys};
 }
 
 void ExpectSound(const PanelLayout& layout, int touch) {
@@ -27,6 +27,7 @@ void ExpectSound(const PanelLayout& layout, int touch) {
   }
   EXPECT_GE(layout.mainBar.height(), touch);
   EXPECT_GE(layout.operatorKeys.height(), touch);
+  EXPECT_GE(layout.reservedRow.height() * 3, touch * 4) << "12 mm where an ordinary key has 9";
   EXPECT_GE(layout.sideBar.width(), touch);
 }
 
@@ -69,7 +70,7 @@ struct LayoutRow {
   QSize window;
   double scale;
   bool wide;
-  QRect status, axes, readings, modal, toolArea, sideBar, messages, mainBar, operatorKeys;
+  QRect status, axes, readings, modal, toolArea, sideBar, messages, mainBar, reservedRow, operatorKeys;
 };
 
 TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
@@ -83,10 +84,11 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {4, 48, 688, 80},
                                          {338, 4, 458, 40},
                                          {4, 132, 688, 22},
-                                         {4, 162, 688, 264},
-                                         {696, 48, 100, 382},
-                                         {4, 434, 792, 44},
-                                         {4, 482, 792, 56},
+                                         {4, 162, 688, 212},
+                                         {696, 48, 100, 330},
+                                         {4, 382, 792, 44},
+                                         {4, 430, 792, 56},
+                                         {4, 490, 792, 48},
                                          {4, 542, 792, 54}},
                                LayoutRow{false,
                                          {1024, 768},
@@ -98,10 +100,11 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {4, 60, 884, 102},
                                          {431, 4, 589, 52},
                                          {4, 166, 884, 28},
-                                         {4, 202, 884, 349},
-                                         {892, 60, 128, 495},
-                                         {4, 559, 1016, 56},
-                                         {4, 619, 1016, 72},
+                                         {4, 202, 884, 289},
+                                         {892, 60, 128, 435},
+                                         {4, 499, 1016, 56},
+                                         {4, 559, 1016, 72},
+                                         {4, 635, 1016, 56},
                                          {4, 695, 1016, 69}},
                                LayoutRow{false,
                                          {1199, 700},
@@ -113,10 +116,11 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {4, 55, 1070, 93},
                                          {504, 4, 691, 47},
                                          {4, 152, 1070, 26},
-                                         {4, 186, 1070, 315},
-                                         {1078, 55, 117, 450},
-                                         {4, 509, 1191, 51},
-                                         {4, 564, 1191, 65},
+                                         {4, 186, 1070, 260},
+                                         {1078, 55, 117, 395},
+                                         {4, 454, 1191, 51},
+                                         {4, 509, 1191, 65},
+                                         {4, 578, 1191, 51},
                                          {4, 633, 1191, 63}},
                                LayoutRow{false,
                                          {1200, 699},
@@ -128,10 +132,11 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {4, 55, 1071, 93},
                                          {504, 4, 692, 47},
                                          {4, 152, 1071, 26},
-                                         {4, 186, 1071, 314},
-                                         {1079, 55, 117, 449},
-                                         {4, 508, 1192, 51},
-                                         {4, 563, 1192, 65},
+                                         {4, 186, 1071, 259},
+                                         {1079, 55, 117, 394},
+                                         {4, 453, 1192, 51},
+                                         {4, 508, 1192, 65},
+                                         {4, 577, 1192, 51},
                                          {4, 632, 1192, 63}},
                                LayoutRow{false,
                                          {1200, 700},
@@ -140,13 +145,14 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          1.16667,
                                          true,
                                          {4, 4, 1192, 47},
-                                         {4, 55, 360, 217},
-                                         {4, 276, 360, 150},
-                                         {4, 430, 360, 75},
-                                         {368, 59, 707, 442},
-                                         {1079, 55, 117, 450},
-                                         {4, 509, 1192, 51},
-                                         {4, 564, 1192, 65},
+                                         {4, 55, 360, 190},
+                                         {4, 249, 360, 132},
+                                         {4, 385, 360, 65},
+                                         {368, 59, 707, 387},
+                                         {1079, 55, 117, 395},
+                                         {4, 454, 1192, 51},
+                                         {4, 509, 1192, 65},
+                                         {4, 578, 1192, 51},
                                          {4, 633, 1192, 63}},
                                LayoutRow{false,
                                          {1920, 1080},
@@ -155,13 +161,14 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          1.6,
                                          true,
                                          {4, 4, 1912, 66},
-                                         {4, 74, 528, 376},
-                                         {4, 454, 528, 255},
-                                         {4, 713, 528, 105},
-                                         {536, 78, 1216, 736},
-                                         {1756, 74, 160, 744},
-                                         {4, 822, 1912, 70},
-                                         {4, 896, 1912, 90},
+                                         {4, 74, 528, 331},
+                                         {4, 409, 528, 226},
+                                         {4, 639, 528, 105},
+                                         {536, 78, 1216, 662},
+                                         {1756, 74, 160, 670},
+                                         {4, 748, 1912, 70},
+                                         {4, 822, 1912, 90},
+                                         {4, 916, 1912, 70},
                                          {4, 990, 1912, 86}},
                                LayoutRow{false,
                                          {2560, 1440},
@@ -170,13 +177,14 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          1.6,
                                          true,
                                          {4, 4, 2552, 66},
-                                         {4, 74, 528, 592},
-                                         {4, 670, 528, 399},
-                                         {4, 1073, 528, 105},
-                                         {536, 78, 1856, 1096},
-                                         {2396, 74, 160, 1104},
-                                         {4, 1182, 2552, 70},
-                                         {4, 1256, 2552, 90},
+                                         {4, 74, 528, 547},
+                                         {4, 625, 528, 370},
+                                         {4, 999, 528, 105},
+                                         {536, 78, 1856, 1022},
+                                         {2396, 74, 160, 1030},
+                                         {4, 1108, 2552, 70},
+                                         {4, 1182, 2552, 90},
+                                         {4, 1276, 2552, 70},
                                          {4, 1350, 2552, 86}},
                                LayoutRow{false,
                                          {800, 600},
@@ -188,15 +196,16 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {4, 64, 664, 80},
                                          {338, 4, 458, 56},
                                          {4, 148, 664, 22},
-                                         {4, 178, 664, 222},
-                                         {672, 64, 124, 340},
-                                         {4, 408, 792, 60},
-                                         {4, 472, 792, 60},
+                                         {4, 178, 664, 138},
+                                         {672, 64, 124, 256},
+                                         {4, 324, 792, 60},
+                                         {4, 388, 792, 60},
+                                         {4, 452, 792, 80},
                                          {4, 536, 792, 60}},
                                LayoutRow{true,
                                          {800, 600},
                                          36,
-                                         {912, 936},
+                                         {912, 988},
                                          1,
                                          false,
                                          {4, 4, 376, 40},
@@ -207,11 +216,12 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {808, 48, 100, 718},
                                          {4, 770, 904, 44},
                                          {4, 818, 904, 56},
-                                         {4, 878, 904, 54}},
+                                         {4, 878, 904, 48},
+                                         {4, 930, 904, 54}},
                                LayoutRow{true,
                                          {1099, 560},
                                          36,
-                                         {1211, 896},
+                                         {1211, 948},
                                          1,
                                          false,
                                          {4, 4, 501, 40},
@@ -222,11 +232,12 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {1107, 48, 100, 678},
                                          {4, 730, 1203, 44},
                                          {4, 778, 1203, 56},
-                                         {4, 838, 1203, 54}},
+                                         {4, 838, 1203, 48},
+                                         {4, 890, 1203, 54}},
                                LayoutRow{true,
                                          {1100, 559},
                                          36,
-                                         {1212, 895},
+                                         {1212, 947},
                                          1,
                                          false,
                                          {4, 4, 501, 40},
@@ -237,11 +248,12 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {1108, 48, 100, 677},
                                          {4, 729, 1204, 44},
                                          {4, 777, 1204, 56},
-                                         {4, 837, 1204, 54}},
+                                         {4, 837, 1204, 48},
+                                         {4, 889, 1204, 54}},
                                LayoutRow{true,
                                          {1100, 560},
                                          36,
-                                         {1546, 786},
+                                         {1546, 838},
                                          1,
                                          true,
                                          {4, 4, 1538, 40},
@@ -252,11 +264,12 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {1442, 48, 100, 568},
                                          {4, 620, 1538, 44},
                                          {4, 668, 1538, 56},
-                                         {4, 728, 1538, 54}},
+                                         {4, 728, 1538, 48},
+                                         {4, 780, 1538, 54}},
                                LayoutRow{true,
                                          {300, 200},
                                          36,
-                                         {640, 536},
+                                         {640, 588},
                                          1,
                                          false,
                                          {4, 4, 263, 40},
@@ -267,14 +280,16 @@ TEST(LayoutTest, EveryPartStandsFourPixelsBesideTheNext) {
                                          {536, 48, 100, 318},
                                          {4, 370, 632, 44},
                                          {4, 418, 632, 56},
-                                         {4, 478, 632, 54}}}) {
+                                         {4, 478, 632, 48},
+                                         {4, 530, 632, 54}}}) {
     const PanelLayout layout = row.around ? LayOutAround(row.size, row.touch) : LayOutWithin(row.size, row.touch);
     const std::string what = std::to_string(row.size.width()) + "x" + std::to_string(row.size.height());
     EXPECT_EQ(layout.window, row.window) << what;
     EXPECT_NEAR(layout.scale, row.scale, 0.0001) << what;
     EXPECT_EQ(layout.wide, row.wide) << what;
-    EXPECT_EQ(Parts(layout), (std::vector<QRect>{row.status, row.readings, row.axes, row.modal, row.toolArea,
-                                                 row.sideBar, row.messages, row.mainBar, row.operatorKeys}))
+    EXPECT_EQ(Parts(layout),
+              (std::vector<QRect>{row.status, row.readings, row.axes, row.modal, row.toolArea, row.sideBar,
+                                  row.messages, row.mainBar, row.reservedRow, row.operatorKeys}))
         << what;
   }
 }
@@ -284,6 +299,49 @@ TEST(LayoutTest, WhereThereIsNoRoomAPartIsEmptyAndTheToolAreaAPixel) {
   EXPECT_EQ(layout.toolArea.size(), QSize(1, 1));
   EXPECT_EQ(layout.sideBar.height(), 0);
   EXPECT_EQ(LayOutAround(QSize(0, 0), 36).toolArea.size(), QSize(1, 1));
+}
+
+TEST_P(LayoutAt, WithAKeyboardNothingOverlapsAndTheMachinesKeysStay) {
+  const int touch = theme::TouchPixels(GetParam().dotsPerInch);
+  for (const bool around : {false, true}) {
+    const PanelLayout rest = around ? LayOutAround(GetParam().size, touch) : LayOutWithin(GetParam().size, touch);
+    const int height = std::min(MostForKeyboard(rest, touch), 6 * touch);
+    const PanelLayout raised = WithKeyboard(rest, height, touch);
+    EXPECT_EQ(raised.keyboard.height(), height);
+    EXPECT_EQ(raised.keyboard.bottom(), rest.mainBar.bottom());
+    EXPECT_EQ(raised.keyboard.width(), rest.mainBar.width());
+    EXPECT_EQ(raised.reservedRow, rest.reservedRow);
+    EXPECT_EQ(raised.operatorKeys, rest.operatorKeys);
+    EXPECT_EQ(raised.status, rest.status);
+    EXPECT_EQ(raised.toolArea.topLeft(), rest.toolArea.topLeft());
+    EXPECT_EQ(raised.toolArea.width(), rest.toolArea.width());
+    EXPECT_GE(raised.toolArea.height(), 2 * touch) << "what is typed is seen";
+    const std::vector<QRect> parts = {raised.status,      raised.readings,     raised.axes,
+                                      raised.modal,       raised.toolArea,     raised.messages,
+                                      raised.reservedRow, raised.operatorKeys, raised.keyboard};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+      EXPECT_TRUE(QRect(QPoint(0, 0), raised.window).contains(parts[i])) << i;
+      for (std::size_t j = i + 1; j < parts.size(); ++j) EXPECT_FALSE(parts[i].intersects(parts[j])) << i << " " << j;
+    }
+  }
+}
+
+TEST(LayoutTest, ASideBarWhoseKeysWouldBeTooSmallGoesWhileTheKeyboardIsUp) {
+  const PanelLayout rest = LayOutWithin(QSize(1024, 768), 35);
+  constexpr int kRows = kSideKeys + 1;
+  const int fits = rest.mainBar.height() + rest.sideBar.height() - kRows * (35 + 4);
+  EXPECT_EQ(WithKeyboard(rest, fits, 35).sideBar.height(), kRows * 39);
+  EXPECT_TRUE(WithKeyboard(rest, fits + 1, 35).sideBar.isEmpty());
+}
+
+TEST(LayoutTest, AWideColumnGivesItsAxesAndReadingsUpInProportion) {
+  const PanelLayout rest = LayOutWithin(QSize(1920, 1080), 35);
+  const PanelLayout raised = WithKeyboard(rest, rest.mainBar.height() + 100, 35);
+  EXPECT_EQ(raised.axes.height(), rest.axes.height() - 60);
+  EXPECT_EQ(raised.readings,
+            QRect(rest.readings.left(), rest.readings.top() - 60, rest.readings.width(), rest.readings.height() - 40));
+  EXPECT_EQ(raised.modal, rest.modal.translated(0, -100));
+  EXPECT_EQ(raised.messages, rest.messages.translated(0, -100));
 }
 
 struct RoomRow {

@@ -25,6 +25,7 @@
 #include "ui/program_editor.h"
 #include "ui/question.h"
 #include "ui/readings.h"
+#include "ui/reserved_row.h"
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"
@@ -346,7 +347,10 @@ TEST_F(PanelWindowTest, EveryKeyIsBigEnoughForAFingerAndReachableByTab) {
     for (const PanelKey* key : window_->findChildren<PanelKey*>()) {
       if (!key->isVisible()) continue;
       EXPECT_GE(std::min(key->width(), key->height()), touch) << key->text().toStdString() << " at " << size.width();
-      EXPECT_NE(key->focusPolicy() & Qt::TabFocus, 0);
+      // The keys of the row that act on what has the focus can't have it themselves: the keyboard has them all.
+      const auto act = {RowKey::kEnter, RowKey::kInsert, RowKey::kClose, RowKey::kKeyboard};
+      const bool acts = std::any_of(act.begin(), act.end(), [&](RowKey row) { return window_->Row().Key(row) == key; });
+      EXPECT_EQ((key->focusPolicy() & Qt::TabFocus) != 0, !acts) << key->text().toStdString();
       EXPECT_EQ(key->focusPolicy() & Qt::ClickFocus, 0) << "a press must leave the focus in the tool";
     }
   }
@@ -468,6 +472,7 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     EXPECT_EQ(window_->SideBar().geometry(), layout.sideBar);
     EXPECT_EQ(window_->Zone().geometry(), layout.messages);
     EXPECT_EQ(window_->MainBar().geometry(), layout.mainBar);
+    EXPECT_EQ(window_->Row().geometry(), layout.reservedRow);
     EXPECT_EQ(window_->Keys().geometry(), layout.operatorKeys);
     EXPECT_EQ(window_->Layout().scale, layout.scale);
     const auto pixels = [&layout](int at800) { return static_cast<int>(std::lround(at800 * layout.scale)); };
@@ -480,6 +485,7 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     };
     letters(window_->Axes(), pixels(14));
     letters(*window_->MainBar().Key(0), pixels(14));
+    letters(*window_->Row().Key(RowKey::kHelp), pixels(14));
     letters(*window_->Keys().Key(Action::kReset), pixels(14));
     letters(window_->Status(), pixels(14) * 5 / 4);
     window_->Zone().Show({{"text", Qt::blue, Qt::white}});
@@ -766,6 +772,9 @@ TEST_F(PanelWindowTest, TabLeadsThroughThePanelInOneOrder) {
   order.insert(order.end(), {window_->SideBar().BackKey(), window_->SideBar().MoreKey(), window_->MainBar().BackKey()});
   for (int slot = 0; slot < kMainKeys; ++slot) order.push_back(window_->MainBar().Key(slot));
   order.push_back(window_->MainBar().MoreKey());
+  for (const RowKey key : {RowKey::kErrors, RowKey::kCalculator, RowKey::kHelp, RowKey::kLanguage}) {
+    order.push_back(window_->Row().Key(key));
+  }
   for (const auto& [action, key] : window_->Keys().Keys()) order.push_back(key);
   std::vector<QWidget*> met{order[0]};
   for (QWidget* at = order[0]->nextInFocusChain(); at != order[0]; at = at->nextInFocusChain()) {
