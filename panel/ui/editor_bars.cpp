@@ -13,10 +13,13 @@
 
 namespace panel {
 
-BarField::BarField(const QString& name, QWidget* parent) : QLineEdit(parent) {
+BarField::BarField(QWidget* parent) : QLineEdit(parent) {
   // More than a line of a program has.
   constexpr int kMostCharacters = 1000;
   setMaxLength(kMostCharacters);
+}
+
+void BarField::SetName(const QString& name) {
   setAccessibleName(name);
   setPlaceholderText(name);
 }
@@ -36,23 +39,53 @@ QRect EditorBar::Row(int row) const {
   return {kGap, kGap + row * (RowHeight() + kGap), std::max(0, width() - 2 * kGap), RowHeight()};
 }
 
-PanelKey* EditorBar::AddKey(const QString& caption) {
+PanelKey* EditorBar::AddKey(Word caption) {
   auto* key = new PanelKey(this);
-  key->setText(caption);
-  key->setAccessibleName(caption);
-  keys_.push_back(key);
+  keys_.emplace_back(key, caption);
+  key->setText(Say(caption));
+  key->setAccessibleName(key->text());
   return key;
 }
 
-BarField* EditorBar::AddField(const QString& name) {
-  fields_.push_back(new BarField(name, this));
-  return fields_.back();
+PanelKey* EditorBar::AddArrowKey(Qt::ArrowType arrow, Word name) {
+  auto* key = new PanelKey(this);
+  keys_.emplace_back(key, name);
+  key->SetArrow(arrow);
+  key->setAccessibleName(Say(name));
+  key->SetTip(Say(name));
+  return key;
+}
+
+BarField* EditorBar::AddField(Word name) {
+  auto* field = new BarField(this);
+  field->SetName(Say(name));
+  fields_.emplace_back(field, name);
+  return field;
+}
+
+void EditorBar::ShowWords() {
+  for (const auto& [key, word] : keys_) {
+    key->setAccessibleName(Say(word));
+    if (key->Arrow() == Qt::NoArrow) {
+      key->setText(Say(word));
+    } else {
+      key->SetTip(Say(word));
+    }
+  }
+  for (const auto& [field, word] : fields_) field->SetName(Say(word));
+  Place();
+  update();
+}
+
+void EditorBar::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LanguageChange) ShowWords();
+  QWidget::changeEvent(event);
 }
 
 void EditorBar::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
-  for (PanelKey* key : keys_) key->SetFontPixels(pixels * 7 / 8);
-  for (BarField* field : fields_) field->setFont(theme::MonoFont(pixels));
+  for (const auto& [key, word] : keys_) key->SetFontPixels(pixels * 7 / 8);
+  for (const auto& [field, word] : fields_) field->setFont(theme::MonoFont(pixels));
   Place();
 }
 
@@ -77,10 +110,7 @@ void EditorBar::paintEvent(QPaintEvent*) {
 }
 
 LineBar::LineBar(QWidget* parent)
-    : EditorBar(parent),
-      field_(AddField(Say(Word::kLineNumber))),
-      go_(AddKey(Say(Word::kGo))),
-      close_(AddKey(Say(Word::kClose))) {
+    : EditorBar(parent), field_(AddField(Word::kLineNumber)), go_(AddKey(Word::kGo)), close_(AddKey(Word::kClose)) {
   field_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,9}")), field_));
   connect(field_, &BarField::Entered, this, &LineBar::Enter);
   connect(go_, &PanelKey::clicked, this, &LineBar::Enter);
@@ -103,7 +133,7 @@ void LineBar::Place() {
   field_->setGeometry(row.left(), row.top(), std::max(0, right - kGap - row.left()), row.height());
 }
 
-OpeningBar::OpeningBar(QWidget* parent) : EditorBar(parent), cancel_(AddKey(Say(Word::kCancel))) {
+OpeningBar::OpeningBar(QWidget* parent) : EditorBar(parent), cancel_(AddKey(Word::kCancel)) {
   cancel_->SetKeyName(QStringLiteral("Esc"));
   connect(cancel_, &PanelKey::clicked, this, &OpeningBar::CancelWanted);
 }

@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <vector>
 
+#include "common/words.h"
+
 namespace panel {
 
 class PanelKey;
@@ -16,7 +18,8 @@ class BarField : public QLineEdit {
   Q_OBJECT
 
  public:
-  BarField(const QString& name, QWidget* parent);
+  explicit BarField(QWidget* parent);
+  void SetName(const QString& name);
 
  signals:
   /// Enter was pressed, with Shift when back is true.
@@ -44,16 +47,21 @@ class EditorBar : public QWidget {
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int FontPixels() const { return fontPixels_; }
   /// Adds a key with a caption; the caption is also its name for scripts.
-  PanelKey* AddKey(const QString& caption);
+  PanelKey* AddKey(Word caption);
+  /// Adds a key with an arrow; the word is its name and its tooltip.
+  PanelKey* AddArrowKey(Qt::ArrowType arrow, Word name);
   /// Adds a field that takes the bar's font.
-  BarField* AddField(const QString& name);
+  BarField* AddField(Word name);
+  /// Says all words again in the language that is in use now.
+  virtual void ShowWords();
+  void changeEvent(QEvent* event) override;
   /// Places keys from the right to the left in a row, the last one outermost. Returns where the first one begins.
   int PlaceAtRight(int row, const std::vector<PanelKey*>& keys) const;
   [[nodiscard]] QRect Row(int row) const;
 
  private:
-  std::vector<PanelKey*> keys_;
-  std::vector<BarField*> fields_;
+  std::vector<std::pair<PanelKey*, Word>> keys_;
+  std::vector<std::pair<BarField*, Word>> fields_;
   int fontPixels_ = 16;
 };
 

@@ -14,23 +14,16 @@ namespace panel {
 FindBar::FindBar(ProgramSearch& search, QWidget* parent)
     : EditorBar(parent),
       search_(search),
-      what_(AddField(Say(Word::kFind))),
-      with_(AddField(Say(Word::kReplaceWith))),
-      previous_(AddKey({})),
-      next_(AddKey({})),
-      case_(AddKey(Say(Word::kCase))),
-      close_(AddKey(Say(Word::kClose))),
-      replace_(AddKey(Say(Word::kReplace))),
-      all_(AddKey(Say(Word::kReplaceAll))) {
-  previous_->SetArrow(Qt::UpArrow);
-  previous_->setAccessibleName(Say(Word::kFindPrevious));
-  previous_->SetTip(Say(Word::kFindPrevious));
-  next_->SetArrow(Qt::DownArrow);
-  next_->setAccessibleName(Say(Word::kFindNext));
-  next_->SetTip(Say(Word::kFindNext));
+      what_(AddField(Word::kFind)),
+      with_(AddField(Word::kReplaceWith)),
+      previous_(AddArrowKey(Qt::UpArrow, Word::kFindPrevious)),
+      next_(AddArrowKey(Qt::DownArrow, Word::kFindNext)),
+      case_(AddKey(Word::kCase)),
+      close_(AddKey(Word::kClose)),
+      replace_(AddKey(Word::kReplace)),
+      all_(AddKey(Word::kReplaceAll)) {
   case_->setCheckable(true);
-  case_->setAccessibleName(Say(Word::kMatchCase));
-  case_->SetTip(Say(Word::kMatchCase));
+  ShowWords();
   connect(what_, &QLineEdit::textChanged, this, &FindBar::Look);
   connect(what_, &BarField::Entered, this, [this](bool back) { back ? search_.Previous() : search_.Next(); });
   connect(with_, &BarField::Entered, this, [this] { search_.Replace(with_->text()); });
@@ -45,6 +38,12 @@ FindBar::FindBar(ProgramSearch& search, QWidget* parent)
   connect(all_, &PanelKey::clicked, this, [this] { search_.ReplaceAll(with_->text()); });
   connect(&search_, &ProgramSearch::Changed, this, &FindBar::UpdateKeys);
   UpdateKeys();
+}
+
+void FindBar::ShowWords() {
+  EditorBar::ShowWords();
+  case_->setAccessibleName(Say(Word::kMatchCase));
+  case_->SetTip(Say(Word::kMatchCase));
 }
 
 void FindBar::Begin(bool replace, const QString& what) {

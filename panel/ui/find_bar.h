@@ -38,6 +38,7 @@ class FindBar : public EditorBar {
   void LeaveWanted();
 
  protected:
+  void ShowWords() override;
   void Place() override;
   void paintEvent(QPaintEvent* event) override;
 
