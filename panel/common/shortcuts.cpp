@@ -27,7 +27,7 @@ const QList<ShortcutRow>& ShortcutTable() {
       {Action::kNewProgram, Word::kNew, "Ctrl+N"},
       {Action::kCoordinates, Word::kCoordinates, "Ctrl+W"},
       {Action::kOverrideFull, Word::kOverrideFull, "Ctrl+0"},
-      {Action::kUndoRemoval, Word::kUndoRemoval, "Ctrl+U"},
+      {Action::kUndoRemoval, Word::kUndoRemoval, "Alt+Z"},
       {Action::kUndo, Word::kUndo, "Ctrl+Z"},
       {Action::kRedo, Word::kRedo, "Ctrl+Y; Ctrl+Shift+Z"},
       {Action::kFind, Word::kFind, "Ctrl+F"},

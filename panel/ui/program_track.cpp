@@ -17,14 +17,20 @@ QString WithLineFeeds(QString text) { return text.replace(QChar(QChar::Paragraph
 
 ProgramTrack::ProgramTrack(ProgramEditor& editor, ProgramDesk& desk, QObject* parent)
     : QObject(parent), editor_(editor), desk_(desk) {
-  const QTextDocument* document = editor_.Edit().document();
-  connect(document, &QTextDocument::contentsChange, this, &ProgramTrack::OnContents);
-  connect(document, &QTextDocument::modificationChanged, this, &ProgramTrack::OnModified);
   // Saved, but typed in meanwhile: the file is no longer the base.
   connect(&desk_, &ProgramDesk::Stored, this, [this] {
     if (editor_.IsModified()) TreatAsNew();
   });
+  Follow();
+}
+
+void ProgramTrack::Follow() {
+  if (document_) document_->disconnect(this);
+  document_ = editor_.Edit().document();
+  connect(document_, &QTextDocument::contentsChange, this, &ProgramTrack::OnContents);
+  connect(document_, &QTextDocument::modificationChanged, this, &ProgramTrack::OnModified);
   edits_.Reset(Length());
+  OnModified(document_->isModified());
 }
 
 // A document ends with a separator that isn't part of the text.
@@ -53,7 +59,7 @@ void ProgramTrack::OnModified(bool modified) {
     hash_.reset();
     baseLength_ = Length();
     edits_.Reset(baseLength_);
-    base_ = desk_.Path().isEmpty() ? JournalProgram::Base::kNone : JournalProgram::Base::kFile;
+    base_ = JournalProgram::Base::kFile;
     if (baseLength_ > kWhole) {
       hasher_.Run<quint64>([text = editor_.RawText()] { return HashOf(text); }, [this](quint64 hash) { hash_ = hash; });
     }
@@ -85,7 +91,9 @@ std::optional<ProgramTrack::Taken> ProgramTrack::Take() {
     return taken;
   }
   const bool small = edits_.Typed() <= kMostTyped && edits_.Pieces().size() <= kMostPieces;
-  if (base_ == JournalProgram::Base::kNone || !hash_ || !small) return Copied();
+  // The path is asked for only here: it may be set after the program has arrived.
+  const bool hasFile = base_ != JournalProgram::Base::kFile || !desk_.Path().isEmpty();
+  if (base_ == JournalProgram::Base::kNone || !hasFile || !hash_ || !small) return Copied();
   taken.program.base = base_;
   taken.program.copy = copy_;
   taken.program.baseLength = baseLength_;

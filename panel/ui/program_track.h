@@ -5,6 +5,8 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QTextDocument>
 #include <optional>
 
 #include "host/edit_pieces.h"
@@ -35,6 +37,8 @@ class ProgramTrack : public QObject {
   void OnCopyWritten(std::optional<quint64> hash);
   /// Whether a long program that was opened or saved is still being made known.
   [[nodiscard]] bool Working() const { return hasher_.Working(); }
+  /// Follows the document that the editor has now. To be called when it has got another one.
+  void Follow();
   /// The text isn't that of its file with edits, but one of unknown origin.
   void TreatAsNew();
 
@@ -56,6 +60,7 @@ class ProgramTrack : public QObject {
 
   ProgramEditor& editor_;
   ProgramDesk& desk_;
+  QPointer<QTextDocument> document_;
   EditPieces edits_;
   JournalProgram::Base base_ = JournalProgram::Base::kNone;
   std::optional<quint64> hash_;  // of the base; nothing while it isn't known yet

@@ -309,7 +309,7 @@ class Undo : public Journal {
   }
   QJsonArray Items() { return client->Control(mdi, kMdiList)["items"].toArray(); }
   void Command(int id) { client->Call("ui.command", {{"window", mdi}, {"id", id}}); }
-  void PressUndo() { Key(*client, "u", kPanel, {"Ctrl"}); }
+  void PressUndo() { Key(*client, "z", kPanel, {"Alt"}); }
 
   static constexpr int kDelete = 32771;
   static constexpr int kClear = 32776;
