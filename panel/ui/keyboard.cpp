@@ -173,7 +173,8 @@ void Keyboard::OnTouched(QWidget& widget) {
 void Keyboard::OnErrorsCame() {
   errorsCameAt_ = clock_();
   const QWidget* focus = QApplication::focusWidget();
-  typedInProgram_ = focus != nullptr && IsIn(&editor_, *focus);
+  // Enter in a field of its bars means something else.
+  typedInProgram_ = focus != nullptr && IsIn(&editor_.Edit(), *focus);
 }
 
 bool Keyboard::ErrorsJustCame() const { return clock_() - errorsCameAt_ < kReadingMilliseconds; }
