@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program of 24 MB in the panel: opening, saving and leaving it for a new one. The figure is the longest time for
+// A program of 24 MB in the panel: opening, saving, leaving it for a new one, searching it and
+// replacing in it. The figure is the longest time for
 // which the event loop was away, because every key of the operator waits that long. Beside a plain text edit that takes
 // the same text in one go, in the same run.
 #include <benchmark/benchmark.h>
@@ -8,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <functional>
@@ -15,6 +17,8 @@
 
 #include "bench_host.h"
 #include "common/words.h"
+#include "ui/find_bar.h"
+#include "ui/panel_key.h"
 #include "ui/program_desk.h"
 #include "ui/program_editor.h"
 #include "ui/question.h"
@@ -71,11 +75,25 @@ class Panel {
     return LongestTurn([this] { desk_.Store(QStringLiteral("C:\\copy.nc")); }, [this] { return desk_.Working(); });
   }
   double Clear() {
-    return LongestTurn([this] { editor_.Fill({}, {}); }, [this] { return editor_.Filling(); });
+    const QPointer<panel::CodeEdit> old = &editor_.Edit();
+    return LongestTurn([this] { editor_.Fill({}, {}); }, [&old] { return old != nullptr; });
+  }
+  double Search() {
+    return LongestTurn([this] { Find("X499"); }, [this] { return editor_.Working(); });
+  }
+  double ReplaceAll() {
+    Find("X499");
+    (void)LongestTurn([] {}, [this] { return editor_.Working(); });
+    return LongestTurn([this] { editor_.Finding().AllKey()->click(); }, [this] { return editor_.Working(); });
   }
   [[nodiscard]] bool IsShown() const { return editor_.RawText().size() > programBytes / 2; }
 
  private:
+  void Find(const char* what) {
+    editor_.Do(panel::Action::kReplace);
+    editor_.Finding().What().setText(QString::fromLatin1(what));
+    editor_.Finding().With().setText(QStringLiteral("Z1"));
+  }
   QTemporaryDir folder_;
   QWidget window_;
   panel::ProgramEditor editor_;
@@ -85,14 +103,18 @@ class Panel {
                            [this](const QString& path) { return folder_.filePath(path.mid(3)); }, nullptr};
 };
 
-enum class Work { kOpen, kSave, kClear };
+enum class Work { kOpen, kSave, kClear, kSearch, kReplace };
 
 void InPanel(benchmark::State& state, Work work) {
   Panel panel;
   for ([[maybe_unused]] auto step : state) {
     const double open = panel.Open();
     if (!panel.IsShown()) return state.SkipWithError("the program isn't shown");
-    state.SetIterationTime(work == Work::kOpen ? open : work == Work::kSave ? panel.Save() : panel.Clear());
+    state.SetIterationTime(work == Work::kOpen     ? open
+                           : work == Work::kSave   ? panel.Save()
+                           : work == Work::kSearch ? panel.Search()
+                           : work == Work::kClear  ? panel.Clear()
+                                                   : panel.ReplaceAll());
   }
 }
 
@@ -120,6 +142,8 @@ int main(int argc, char** argv) {
   add("longest turn/open", InPanel, Work::kOpen);
   add("longest turn/save", InPanel, Work::kSave);
   add("longest turn/clear", InPanel, Work::kClear);
+  add("longest turn/search", InPanel, Work::kSearch);
+  add("longest turn/replace all", InPanel, Work::kReplace);
   add("longest turn/plain edit", InPlainEdit);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -44,7 +44,7 @@ struct ReadNews {
 /// Takes the news. Returns false when the file isn't wanted any more.
 using ReadTell = std::function<bool(ReadNews)>;
 
-/// The editor needs some twenty times a program's size while it is open.
+/// The editor keeps each line apart, which takes many times the size of the file.
 inline constexpr qint64 kMostProgramBytes = 32LL * 1024 * 1024;
 /// A file that is no bigger is read without news.
 inline constexpr qint64 kFirstBytes = 64LL * 1024;
