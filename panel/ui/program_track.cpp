@@ -21,6 +21,8 @@ ProgramTrack::ProgramTrack(ProgramEditor& editor, ProgramDesk& desk, QObject* pa
   connect(&desk_, &ProgramDesk::Stored, this, [this] {
     if (editor_.IsModified()) TreatAsNew();
   });
+  // Each program that is opened has a document of its own.
+  connect(&editor_, &ProgramEditor::Replaced, this, &ProgramTrack::Follow);
   Follow();
 }
 
