@@ -221,6 +221,12 @@ void ProgramSearch::ReplaceSome(QDeadlineTimer end) {
     cursor.insertText(with_);
     if (count % kBetweenLooks == 0 && end.hasExpired()) break;
   }
+  if (left_ == 0) {
+    // Text that is inserted right behind the last place would become a part of this step if the step ended with an
+    // insertion.
+    cursor.insertText(QStringLiteral(" "));
+    cursor.deletePreviousChar();
+  }
   cursor.endEditBlock();
   emit Changed();
   if (left_ == 0) EndReplacing();

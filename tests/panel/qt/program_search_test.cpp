@@ -56,11 +56,14 @@ class SearchTest : public ::testing::Test {
   /// How often something that is posted again and again is heard while the editor works.
   int HeardWhileWorking() {
     int heard = 0;
-    std::function<void()> next = [&] {
+    std::function<void()> next;
+    // What is still posted at the end goes with it.
+    QObject here;
+    next = [&] {
       ++heard;
-      if (editor_.Working()) QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+      if (editor_.Working()) QMetaObject::invokeMethod(&here, next, Qt::QueuedConnection);
     };
-    QMetaObject::invokeMethod(&editor_, next, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&here, next, Qt::QueuedConnection);
     EXPECT_TRUE(WaitWhile([this] { return editor_.Working(); }, kPatience));
     return heard;
   }
@@ -348,23 +351,23 @@ TEST_F(BigSearchTest, ManyPlacesAreReplacedWhileThePanelHearsItsKeysAndAreOneSte
   EXPECT_FALSE(editor_.Edit().isReadOnly());
   QString replaced = "(mine)" + text_;
   replaced.replace("X1", "Y22");
-  EXPECT_EQ(editor_.Text().remove("(later)"), replaced);
+  EXPECT_TRUE(editor_.Text().remove("(later)") == replaced);
   EXPECT_EQ(said_, QStringList{Say(Word::kReplaced, "150000")});
   editor_.Do(Action::kUndo);
-  EXPECT_EQ(editor_.Text(), replaced) << "what was inserted afterwards is a step of its own";
+  EXPECT_TRUE(editor_.Text() == replaced) << "what was inserted afterwards is a step of its own";
   editor_.Do(Action::kUndo);
   EXPECT_TRUE(editor_.Changing()) << "the step is too big for one go";
   EXPECT_GT(HeardWhileWorking(), 1);
-  EXPECT_EQ(editor_.Text(), "(mine)" + text_);
+  EXPECT_TRUE(editor_.Text() == "(mine)" + text_);
   editor_.Do(Action::kRedo);
   Rest();
-  EXPECT_EQ(editor_.Text(), replaced);
+  EXPECT_TRUE(editor_.Text() == replaced);
   editor_.Do(Action::kUndo);
   Rest();
   editor_.Insert("(other)");
   editor_.Do(Action::kUndo);
   editor_.Do(Action::kUndo);
-  EXPECT_EQ(editor_.Text(), text_) << "the steps after a new change are single ones again";
+  EXPECT_TRUE(editor_.Text() == text_) << "the steps after a new change are single ones again";
 }
 
 }  // namespace
