@@ -101,6 +101,7 @@ TEST_F(HostFixture, AHoldThatStopsNothingSaysWhyAndReachesTheMachineAllTheSame) 
   }
   Settle();
   rig.machine.state.channelStatus = 2;
+  rig.machine.state.feedHold = false;
   rig.machine.changed();
   Settle();
   EXPECT_EQ(Hint(), "") << "it is no longer true";
