@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kRadius = 6;
 constexpr int kPad = 5;
+constexpr int kLeastLetters = 11;  // pixels
 constexpr int kPictureSide = 64;  // rendered once at this size, then scaled
 
 QImage Render(const QByteArray& svg) {
@@ -198,12 +199,15 @@ void PanelKey::PaintFace(QPainter& painter) const {
   }
   body = PaintArrow(painter, body);
   const bool twoLines = wraps && body.height() >= both;
-  // The font is chosen so that the longest word fits. The rest wraps or is cut.
+  // The font is chosen so that the longest word fits, and two lines hold all words. Otherwise the caption is cut.
   QString longest;
   for (const QString& word : twoLines ? text().split(QLatin1Char(' ')) : QStringList{text()}) {
     if (word.size() > longest.size()) longest = word;
   }
-  const QFont font = theme::FittingFont(longest, body.width() - 4, pixels, 11, filled_);
+  QFont font = theme::FittingFont(longest, body.width() - 4, pixels, kLeastLetters, filled_);
+  while (twoLines && font.pixelSize() > kLeastLetters && theme::ParagraphIn(text(), font, body.size()) != text()) {
+    font = theme::Font(font.pixelSize() - 1, filled_);
+  }
   if (twoLines) return theme::DrawParagraph(painter, body, Qt::AlignCenter, text(), font, Ink());
   theme::DrawText(painter, body, arrow_ == Qt::NoArrow ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter, text(),
                   font, Ink());

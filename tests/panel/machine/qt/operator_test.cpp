@@ -347,7 +347,7 @@ TEST_F(OperatorTest, StartReachesAHiddenCommandLineWhoseBlockRuns) {
   ASSERT_EQ(Command(kHide), 0);
   ASSERT_EQ(op_->Machine().channelStatus, 2);
   Do(Action::kCycleStart);
-  EXPECT_EQ(ZoneText(), Say(Word::kRunsAlready)) << "there is a block, and it runs";
+  EXPECT_EQ(ZoneText(), Say(Word::kRunsAlready)) << "and not that there is nothing to start";
 }
 
 TEST_F(OperatorTest, StartWithAHiddenCommandLineAtRestSaysThatThereIsNothing) {
