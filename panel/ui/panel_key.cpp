@@ -16,7 +16,7 @@ namespace {
 constexpr int kRadius = 6;
 constexpr int kPad = 5;
 constexpr int kLeastLetters = 11;  // pixels
-constexpr int kPictureSide = 64;  // rendered once at this size, then scaled
+constexpr int kPictureSide = 64;   // rendered once at this size, then scaled
 
 QImage Render(const QByteArray& svg) {
   QSvgRenderer renderer(svg);
@@ -130,11 +130,20 @@ QColor PanelKey::Ink() const {
 
 int PanelKey::KeyNamePixels() const { return std::max(12, fontPixels_ * 6 / 7); }
 
+bool PanelKey::ShowsKeyName() const {
+  if (keyName_.isEmpty()) return false;
+  const QFontMetricsF metrics(theme::Font(fontPixels_, filled_));
+  const bool wraps = text().contains(QLatin1Char(' ')) && metrics.horizontalAdvance(text()) > width() - 2 * kPad - 4;
+  const int both = 2 * static_cast<int>(std::ceil(metrics.height()));
+  return !wraps || height() - KeyNamePixels() - 8 >= both || height() - 8 < both;
+}
+
 void PanelKey::PaintMarks(QPainter& painter) const {
   const QColor soft = filled_ ? Ink() : QColor(isEnabled() ? theme::kMuted : theme::kFaint);
-  const int small = KeyNamePixels();
-  theme::DrawText(painter, rect().adjusted(kPad + 1, 3, -kPad, 0), Qt::AlignLeft | Qt::AlignTop, keyName_,
-                  theme::Font(small), soft);
+  if (ShowsKeyName()) {
+    theme::DrawText(painter, rect().adjusted(kPad + 1, 3, -kPad, 0), Qt::AlignLeft | Qt::AlignTop, keyName_,
+                    theme::Font(KeyNamePixels()), soft);
+  }
   painter.setRenderHint(QPainter::Antialiasing);
   if (isChecked() && isCheckable()) {
     // A tick in the corner, so that the state isn't shown by colour alone.
@@ -173,7 +182,7 @@ int PanelKey::PaintNote(QPainter& painter) const {
 }
 
 void PanelKey::PaintFace(QPainter& painter) const {
-  const int top = keyName_.isEmpty() ? 4 : KeyNamePixels() + 4;
+  const int top = ShowsKeyName() ? KeyNamePixels() + 4 : 4;
   QRect body = rect().adjusted(kPad, top, -kPad, -4 - PaintNote(painter));
   // A long caption takes two lines, in slightly smaller letters below a picture.
   const bool wraps = text().contains(QLatin1Char(' ')) &&

@@ -65,6 +65,8 @@ class PanelKey : public QAbstractButton {
   void PaintMarks(QPainter& painter) const;
   void PaintFace(QPainter& painter) const;
   [[nodiscard]] int KeyNamePixels() const;
+  /// Whether there is room for the keyboard's name. In a low key a caption of two lines takes its place.
+  [[nodiscard]] bool ShowsKeyName() const;
   /// Draws the note. Returns its height.
   int PaintNote(QPainter& painter) const;
   /// Draws the caption's arrow. Returns the part of body that is left for the caption.

@@ -27,9 +27,9 @@
 #include "ui/soft_key_bar.h"
 #include "ui/status_strip.h"
 #include "ui/theme.h"
-#include "ui/undo_offer.h"
 #include "ui/touch_desk.h"
 #include "ui/touch_keyboard.h"
+#include "ui/undo_offer.h"
 
 namespace panel {
 

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "errors/error_rig.h"
 #include "errors/error_ids.h"
+#include "errors/error_rig.h"
 #include "support/error_records.h"
 
 namespace pnl::test {

@@ -119,9 +119,7 @@ TEST(SearchWords, OnlyAMarkThatCombinesFoldsToNothing) {
   for (const char16_t c : {u'`', u'{', u'_', u'9'}) EXPECT_EQ(FoldForSearch(c), c);
 }
 
-TEST(SearchWords, ALongWordIsCut) {
-  EXPECT_EQ(SearchWordsOf(Text(1'000, u'a')), std::vector<Text>{Text(64, u'A')});
-}
+TEST(SearchWords, ALongWordIsCut) { EXPECT_EQ(SearchWordsOf(Text(1'000, u'a')), std::vector<Text>{Text(64, u'A')}); }
 
 }  // namespace
 }  // namespace pnl

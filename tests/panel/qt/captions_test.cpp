@@ -132,13 +132,14 @@ TEST(CaptionsTest, WhatIsEqualInBothLanguagesIsSoOnPurpose) {
   const std::set<QString> equal = {
       // Names and units that every control uses.
       "AUTO", "MANUAL", "MDI", "MDI / MDA", "F  mm/min", "F  mm/rev", "F  in/min", "F  in/rev", "S  rpm", "rev/min",
-      "OVERRIDE", "Reset", "ID %1", "PLC", "F", "DMC", "W.-Nr.", "UNE", "AISI", "KC",
+      "OVERRIDE", "Reset", "ID %1", "mm", "Aa", "PLC", "F", "DMC", "W.-Nr.", "UNE", "AISI", "KC",
       // Functions and signs as they are typed in an expression.
       "+", "-", "*", "/", "%", "^", "!", "Sin", "Cos", "Tan", "InvSin", "InvCos", "InvTan", "Ln", "Log", "InvLn",
       "InvLog", "Sqrt", "Int", "Abs", "And", "Or", "Xor", "Not", "Integral", "Zero", "MMToI", "IToMM", "PI", "MMPERI",
       "IPERMM",
       // The same word in both.
-      "Error", "error", "Error %1", "No", "Fatal", "Base", "Material", "Material %s:", "%s %s", "%s, %s:"};
+      "Error", "error", "Error %1", "No", "Fatal", "control", "script", "Base", "Material", "Material %s:", "%s %s",
+      "%s, %s:"};
   std::set<QString> found;
   for (const auto& [text, meanings] : Dictionary(0, 1)) {
     if (meanings.count(text) != 0) found.insert(text);

@@ -200,9 +200,15 @@ TEST_F(KeyPictureTest, ACaptionOfWordsTakesTwoLines) {
   key_.resize(120, 20 + both);
   EXPECT_GT(TextsOf(key_).size(), 2) << "just enough for two";
   key_.resize(120, 19 + both);
+  EXPECT_EQ(StrokesOf(key_), Pictured([&](Picture& picture) {
+              picture.Field({0, 0, 120, 19 + both}, theme::kRaised, theme::kBorder)
+                  .Paragraph({5, 4, 110, both + 11}, Qt::AlignCenter, words, Font(15), theme::kText);
+            }))
+      << "the caption takes the place of the key's name";
+  key_.resize(120, 7 + both);
   EXPECT_EQ(StrokesOf(key_).back(),
             Pictured([&](Picture& picture) {
-              picture.Middle({5, 16, 110, both - 1}, words, theme::FittingFont(words, 106, 15, 11), theme::kText);
+              picture.Middle({5, 16, 110, both - 13}, words, theme::FittingFont(words, 106, 15, 11), theme::kText);
             }).back())
       << "too flat: one line in smaller letters";
   const int fits = QFontMetrics(Font(15)).horizontalAdvance(words) + 4 + 10;

@@ -101,9 +101,9 @@ TEST_P(OperatingManual, HasTheMessagesThatThePanelShows) {
 }
 
 TEST_P(OperatingManual, HasTheStatesThatThePanelShows) {
-  for (const Word word : {Word::kReady, Word::kRunning, Word::kInterrupted, Word::kFeedHold, Word::kAborted,
-                          Word::kInspection, Word::kNoMachine, Word::kEmergencyStop, Word::kDoorOpen,
-                          Word::kFault, Word::kFeedZero}) {
+  for (const Word word :
+       {Word::kReady, Word::kRunning, Word::kInterrupted, Word::kFeedHold, Word::kAborted, Word::kInspection,
+        Word::kNoMachine, Word::kEmergencyStop, Word::kDoorOpen, Word::kFault, Word::kFeedZero}) {
     const QString cell = QStringLiteral("<tr><td>%1</td>").arg(WordIn(word, language_));
     EXPECT_TRUE(Page(QStringLiteral("states")).contains(cell)) << qPrintable(cell);
   }
