@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window's part in what is touched: the reserved row, and room for the touch keyboard.
 #include <QApplication>
+#include <QEvent>
 #include <QPointer>
 #include <QShortcut>
 #include <algorithm>

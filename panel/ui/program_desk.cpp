@@ -26,7 +26,7 @@ Word WordFor(FileOutcome outcome) {
 
 /// A size in units of 1024 * 1024 bytes, rounded up to a tenth, so that a size above the limit reads as more.
 QString Megabytes(qint64 bytes) {
-  constexpr qint64 kUnit = 1024 * 1024;
+  constexpr qint64 kUnit = qint64{1024} * 1024;
   const qint64 tenths = (bytes * 10 + kUnit - 1) / kUnit;
   const QString whole = QString::number(tenths / 10);
   return tenths % 10 == 0 ? whole : whole + QLatin1Char('.') + QString::number(tenths % 10);
@@ -187,7 +187,7 @@ void ProgramDesk::Locate(const pnl::rig::ProgramSpot& spot) {
 }
 
 void ProgramDesk::OnNews(const ReadNews& news) {
-  constexpr qint64 kBig = 1024 * 1024;
+  constexpr qint64 kBig = qint64{1024} * 1024;
   editor_.ShowFirst(news.first);
   editor_.ShowReading(news.percent, news.bytes >= kBig);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/program_editor.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>

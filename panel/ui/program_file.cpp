@@ -75,7 +75,7 @@ QString FirstLines(const QByteArray& bytes) {
 
 /// Reads at most a program's size, even if the file grows meanwhile, and tells how far it is.
 QByteArray ReadBytes(QFile& file, qint64 size, const ReadTell& tell) {
-  constexpr qint64 kPiece = 1024 * 1024;
+  constexpr qint64 kPiece = qint64{1024} * 1024;
   QByteArray bytes;
   bytes.reserve(size);
   while (bytes.size() < kMostProgramBytes) {

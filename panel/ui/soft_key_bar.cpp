@@ -3,6 +3,7 @@
 
 #include <pnltools/pnltools.h>
 
+#include <QEvent>
 #include <algorithm>
 
 #include "common/record_fields.h"

@@ -38,7 +38,7 @@ QList<QPolygonF> LinesOf(TouchAct act, bool locked) {
     case TouchAct::kShift: {
       QList<QPolygonF> lines = {
           {{0, -0.9}, {0.9, 0}, {0.4, 0}, {0.4, 0.5}, {-0.4, 0.5}, {-0.4, 0}, {-0.9, 0}, {0, -0.9}}};
-      if (locked) lines << QPolygonF({{-0.4, 0.9}, {0.4, 0.9}});
+      if (locked) lines << QPolygonF(QList<QPointF>{{-0.4, 0.9}, {0.4, 0.9}});
       return lines;
     }
     case TouchAct::kHide:

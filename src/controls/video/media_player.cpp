@@ -48,14 +48,14 @@ void AwaitThreads() {
   }
 }
 
-QThread* StartThread(std::shared_ptr<ReelDesk> desk) {
+QThread* StartThread(const std::shared_ptr<ReelDesk>& desk) {
   static const bool awaited = [] {
     qAddPostRoutine(&AwaitThreads);
     return true;
   }();
   (void)awaited;
   auto* thread = new QThread;
-  Running().insert(thread, std::move(desk));
+  Running().insert(thread, desk);
   QObject::connect(thread, &QThread::finished, QCoreApplication::instance(), [thread] {
     thread->wait();  // it has nothing left to do
     Running().remove(thread);
