@@ -180,5 +180,12 @@ TEST(OutOfReachTest, ALinkToAMissingFileInAFolderThatIsThereIsAbsent) {
   EXPECT_EQ(place.temp.Read("drive/share/made-later.ini"), "new");
 }
 
+// Such a name can't be on the disc, so nothing can be made there.
+TEST(OutOfReachTest, ALinkToANameThatIsTooLongIsOutOfReach) {
+  Place place;
+  fs::create_symlink(std::string(300, 'a'), place.Host("share/user/link.ini"));
+  EXPECT_TRUE(place.files.Query(u"D:\\share\\user\\link.ini").outOfReach);
+}
+
 }  // namespace
 }  // namespace pnl

@@ -200,5 +200,20 @@ TEST_F(CMultistaticTest, ADisabledPictureIsPale) {
   EXPECT_NEAR(pale.red(), 255 * 0.55, 2);
 }
 
+TEST_F(CMultistaticTest, APressThatTurnsNothingIsLeftToTheWindow) {
+  const auto taken = [](CMultistatic& pressed, Qt::MouseButton button) {
+    QMouseEvent event(QEvent::MouseButtonPress, QPointF(2, 2), pressed.mapToGlobal(QPointF(2, 2)), button, button,
+                      Qt::NoModifier);
+    event.accept();
+    // Sent to the control alone, because its window would accept it.
+    static_cast<QObject&>(pressed).event(&event);
+    return event.isAccepted();
+  };
+  EXPECT_TRUE(taken(*box, Qt::LeftButton));
+  EXPECT_FALSE(taken(*box, Qt::RightButton));
+  CMultistatic picture(229, Face::kPicture, &window);
+  EXPECT_FALSE(taken(picture, Qt::LeftButton));
+}
+
 }  // namespace
 }  // namespace pnl::test

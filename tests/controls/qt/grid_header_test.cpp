@@ -147,6 +147,11 @@ TEST_F(GridHeaderTest, TheCornerShowsItsOwnText) {
   EXPECT_TRUE(Ink(Paint(*corner), kFixed, image.rect().adjusted(6, 2, -6, -2)).isEmpty());
 }
 
+TEST_F(GridHeaderTest, NobodyDragsTheEdgeOfAColumnOrARow) {
+  EXPECT_EQ(Across().sectionResizeMode(1), QHeaderView::Fixed);
+  EXPECT_EQ(Side().sectionResizeMode(1), QHeaderView::Fixed);
+}
+
 TEST_F(GridHeaderTest, OnlyAPressOfTheLeftButtonThatEndsInItsCellIsAClick) {
   std::vector<int> clicked;
   QObject::connect(&grid, &ZCGridXWrap::HeaderClicked, &grid, [&](int column) { clicked.push_back(column); });

@@ -139,5 +139,21 @@ TEST_F(ErrorControlsTest, ThePointerWaitsWhileAnErrorIsAcknowledged) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+// The panel's own text is bright, the error window's is black on its own field.
+TEST_F(ErrorControlsTest, TheTextIsBlackWhateverThePanelsColoursAre) {
+  ErrorTextWidget text(1000, false, nullptr);
+  QPalette bright;
+  bright.setColor(QPalette::WindowText, Qt::green);
+  text.setPalette(bright);
+  text.resize(200, 60);
+  text.SetText("HHHHHH");
+  const QImage image = Paint(text);
+  int darkest = 255;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) darkest = std::min(darkest, image.pixelColor(x, y).green());
+  }
+  EXPECT_LT(darkest, 100);
+}
+
 }  // namespace
 }  // namespace pnl::test

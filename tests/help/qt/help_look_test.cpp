@@ -233,6 +233,18 @@ TEST_F(HelpLook, OnlyOneChapterAloneShowsWhatIsInside) {
 
 // The picker.
 
+TEST_F(HelpLook, ALineIsReadInAPanelOfOtherColours) {
+  Make();
+  QWidget around;
+  QPalette bright;
+  bright.setColor(QPalette::Base, Qt::blue);
+  bright.setColor(QPalette::Text, Qt::blue);
+  around.setPalette(bright);
+  const QLineEdit* line = MakeHelpLine(1011, HelpScale(cnc.Util()), &around);
+  EXPECT_EQ(line->palette().color(QPalette::Base), ToQColor(help_look::kLineBack));
+  EXPECT_EQ(line->palette().color(QPalette::Text), ToQColor(help_look::kListText));
+}
+
 class PickerLook : public HelpLook {
  protected:
   ZCListManuals* Open() {

@@ -3,6 +3,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QShortcut>
 
+#include "zmc/qt/zmc_look.h"
 #include "zmc_window_stage.h"
 
 namespace pnl::test {
@@ -518,6 +519,15 @@ TEST_F(ZmcKeysWindowTest, ALineThatGetsTheFocusEndsTheGridsEdit) {
   EXPECT_FALSE(Grid()->IsEditing());
   EXPECT_EQ(CellText(1, 3), "120");
   EXPECT_EQ(FocusedId(), id::kRemark);
+}
+
+TEST_F(ZmcKeysWindowTest, TheLineWithTheFocusHasItsOwnColour) {
+  Open();
+  Focus(id::kRemark);
+  EXPECT_EQ(ColorAt(Paint(*Line(id::kRemark)), 40, 4), zmc_look::kFocusBack);
+  Focus(id::kFCheck);
+  EXPECT_EQ(ColorAt(Paint(*Line(id::kRemark)), 40, 4), zmc_look::kFieldBack);
+  EXPECT_NE(zmc_look::kFocusBack, zmc_look::kFieldBack);
 }
 
 // Check boxes, and keys everywhere.
