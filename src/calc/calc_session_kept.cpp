@@ -17,6 +17,9 @@ std::optional<std::intptr_t> CalcSession::OnKeptWork(const Message& message) {
     if (message.first == PNL_REMOVED_READ) return FillRemoved(message.second, rows.size(), false, rows.front().second);
     return message.first == PNL_REMOVED_PUT_BACK ? static_cast<std::intptr_t>(PutBackRows()) : 0;
   }
+  if (*kept == KeptWorkMessage::kStoreRows) {
+    return window_ == nullptr || !opened_ || history_.StoreEarly(View().ListRows()) ? 1 : 0;
+  }
   PnlUnfinished* unfinished = UnfinishedAt(message.second);
   if (unfinished == nullptr) return 0;
   if (*kept == KeptWorkMessage::kRestoreUnfinished) return RestoreUnfinished(*unfinished) ? 1 : 0;
@@ -44,6 +47,7 @@ std::size_t CalcSession::PutBackRows() {
   removals_.pop_back();
   const int above = std::max(0, View().ListCount() - removal.left);
   for (const auto& [row, text] : removal.rows) View().InsertListItem(std::min(row + above, View().ListCount()), text);
+  history_.NoteChanged();
   return removal.rows.size();
 }
 

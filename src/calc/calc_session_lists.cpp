@@ -191,6 +191,7 @@ void CalcSession::DeleteSelectedRows() {
   Removal removal;
   for (const int row : selected) removal.rows.emplace_back(row, View().ListItem(row));
   for (auto row = selected.rbegin(); row != selected.rend(); ++row) View().DeleteListItem(*row);
+  history_.NoteChanged();
   removal.left = View().ListCount();
   removal.number = ++lastRemoval_;
   if (removals_.size() >= kMostRemovals) removals_.erase(removals_.begin());

@@ -102,6 +102,7 @@ class MdiSession final : public ToolSession<MdiView> {
   void ShowMessage(TextView text) { Host().HostShowMessage(PNL_TOOL_MDI, text); }
   // What a host keeps for the operator: what he has typed and not finished, and what he has removed.
   std::optional<std::intptr_t> OnKeptWork(const Message& message);
+  bool StoreRowsNow();
   void ReadUnfinished(PnlUnfinished& into) const;
   bool RestoreUnfinished(const PnlUnfinished& from);
   void RestoreItem(MDIDATA_ST& record, const PnlUnfinished& from);
