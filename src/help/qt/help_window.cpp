@@ -13,6 +13,7 @@
 #include "help/help_ids.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_rect.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -94,7 +95,7 @@ void ZCHelpHTML::MakeControls() {
   panes_ = new HelpPanes(context_.language, scale_, book_);
   panesKey_ = new HelpKeyButton(help_id::kPanesKey, {}, scale_, book_);
   panesKey_->SetSign(HelpKeyButton::Sign::kLeft);
-  panesKey_->setFixedWidth(scale_(help_look::kPanesKeyWidth));
+  panesKey_->setFixedWidth(std::max(scale_(help_look::kPanesKeyWidth), FingerPixels(*this)));
   panesKey_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   row->addWidget(panes_);
   row->addWidget(panesKey_);

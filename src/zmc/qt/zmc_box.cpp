@@ -12,13 +12,13 @@
 
 #include "controls/grid_look.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
 constexpr int kTextMargin = 4;
@@ -28,12 +28,15 @@ constexpr int kLeastFont = 9;  // pixels
 /// Rows that a glove can touch.
 class TallRows : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  explicit TallRows(QAbstractItemView* view) : QStyledItemDelegate(view), view_(*view) {}
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(std::max(size.height() + 8, kLeastRowHeight));
+    size.setHeight(std::max(size.height() + 8, FingerPixels(view_)));
     return size;
   }
+
+ private:
+  const QAbstractItemView& view_;
 };
 
 }  // namespace
