@@ -19,7 +19,7 @@ constexpr int kLineMargin = 12;
 constexpr QColor kEditBack(0xFF, 0xFF, 0xFF);
 constexpr QColor kEditText(0x14, 0x1A, 0x21);
 constexpr QColor kRefusedText(0xB0, 0x10, 0x1C);
-constexpr QColor kMarked(0x00, 0x78, 0xD7);
+constexpr QColor kMarked(0x00, 0x74, 0xD0);
 constexpr Color kListBack = 0x342A20;      // 32, 42, 52
 constexpr Color kListText = 0xF7F3EE;      // 238, 243, 247
 constexpr Color kListSelected = 0xB26F1F;  // 31, 111, 178

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QTableView>
 #include <QTreeView>
 #include <QWidget>
@@ -58,6 +60,10 @@ class TouchTargets {
     return seen;
   }
   void Add(const QWidget& widget) {
+    // The corner of a table whose owner has made it do nothing.
+    if (widget.inherits("QTableCornerButton") && !widget.isEnabled()) return;
+    // The path of a folder leads to the folders around it.
+    if (widget.inherits("pnl::XplrPathHeading")) return AddPart(widget, "path", widget.rect());
     if (qobject_cast<const QAbstractButton*>(&widget) != nullptr) return AddPart(widget, "button", widget.rect());
     if (qobject_cast<const QComboBox*>(&widget) != nullptr) return AddPart(widget, "box", widget.rect());
     if (qobject_cast<const QLineEdit*>(&widget) != nullptr) {
@@ -75,7 +81,19 @@ class TouchTargets {
     if (widget.property("pnlKind").toString() == QLatin1String("check")) AddPart(widget, "check", widget.rect());
   }
   void AddBar(const QScrollBar& bar) {
-    if (bar.maximum() > bar.minimum()) AddPart(bar, "scroll bar", bar.rect());
+    if (bar.maximum() <= bar.minimum()) return;
+    AddPart(bar, "scroll bar", bar.rect());
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.orientation = bar.orientation();
+    option.minimum = bar.minimum();
+    option.maximum = bar.maximum();
+    option.sliderPosition = bar.sliderPosition();
+    option.sliderValue = bar.value();
+    option.singleStep = bar.singleStep();
+    option.pageStep = bar.pageStep();
+    AddPart(bar, "handle",
+            bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar));
   }
   void AddHeader(const QHeaderView& header) {
     const bool across = header.orientation() == Qt::Horizontal;

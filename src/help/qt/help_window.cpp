@@ -12,8 +12,8 @@
 #include "controls/page_browser.h"
 #include "help/help_ids.h"
 #include "window/qt/control_properties.h"
-#include "window/qt/qt_rect.h"
 #include "window/qt/finger.h"
+#include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
+constexpr int kLowBox = 16;
 constexpr int kTextMargin = 4;
 constexpr int kRounding = 2;   // a text is a fraction wider when it is measured for its ellipsis
 constexpr int kLeastFont = 9;  // pixels
@@ -145,7 +146,8 @@ void ZmcBox::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool focused = hasFocus();
   painter.fillRect(rect(), palette().color(QPalette::Base));
-  const int frame = focused ? kBorder : 1;
+  // In a low box a thick frame would run through the text.
+  const int frame = focused && height() >= kLowBox ? kBorder : 1;
   painter.setPen(QPen(focused ? palette().color(QPalette::Highlight) : ToQColor(zmc_look::kFrame), frame));
   painter.drawRect(QRectF(rect()).adjusted(frame / 2.0, frame / 2.0, -frame / 2.0, -frame / 2.0));
   const QRect arrow(width() - ArrowWidth(), 0, ArrowWidth(), height());

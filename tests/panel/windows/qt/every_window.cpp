@@ -144,6 +144,11 @@ void EveryWindow::Home() {
   rig_.Machine()->SingleBlock(false);
   rig_.Advance(1000);
   rig_.Cnc().ClearErrors();
+  // What the tools remember would be on the screen the next time.
+  for (const char16_t* file : {u"Calc7340.ini", u"MDAC1.DAT", u"MDIC1.DAT", u"XPLR7340.ini"}) {
+    const auto path = rig_.Files().HostPath(std::u16string(u"C:\\CNC\\USER\\") + file);
+    if (path) std::remove(path->c_str());
+  }
   op_->SetHint({});
   window_->Editor().SetProgram({}, {});
   Settle();
@@ -175,8 +180,8 @@ void EveryWindow::LastKeys(const Look& look) {
 void EveryWindow::Faults(const Look& look) {
   for (int page = 0; page < 2; ++page) window_->MainBar().NextPage();
   const auto& items = window_->MainBar().Items();
-  const auto faults =
-      std::find_if(items.begin(), items.end(), [](const SoftKeyItem& item) { return item.text == Say(Word::kDemoFaults); });
+  const auto faults = std::find_if(items.begin(), items.end(),
+                                   [](const SoftKeyItem& item) { return item.text == Say(Word::kDemoFaults); });
   ASSERT_NE(faults, items.end());
   const int slot = static_cast<int>(faults - items.begin()) % kMainKeys;
   ASSERT_EQ(window_->MainBar().Key(slot)->text(), Say(Word::kDemoFaults));

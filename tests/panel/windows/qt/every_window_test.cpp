@@ -118,18 +118,42 @@ const Walk& Walked() {
 
 /// Texts that may be paler, each with the reason.
 constexpr Exception kPale[] = {
-    {"none", 0, "none"},
+    {"ZCXPLRList 1107: #c0c0c0 on #808080", 2.17,
+     "The colours of the selected row without the focus belong to the list's fixed look. The row's name is in the name "
+     "field too, black on grey"},
+    {"ZWCStatic 1101: #ffffff on #978d83", 3.2,
+     "The colours of the caption belong to the explorer's fixed look. Its letters are big"},
 };
 
 /// Targets that may be smaller, each with the reason. The least side is in millimetres.
 constexpr Exception kSmall[] = {
-    {"none", 0, "none"},
+    {"field of MdiEdit *", 7.5, "The command line has a fixed height of 30 pixels"},
+    {"field of ZCEdit 1105", 6.5, "The explorer's form has fixed places; the name field is 26 pixels high"},
+    {"path of XplrPathHeading 1103", 7.5, "The explorer's form has fixed places; the tree leads to the same folders"},
+    {"row of ZCXPLRList 1107", 4.5, "The list's row is as high as its font and 5 pixels, which is fixed"},
+    {"heading of ZCXPLRList 1107", 2, "The columns take what their texts need. The soft keys sort too"},
+    {"button of CalcKeyWidget *", 6.5, "The calculator is a dialog with fixed places in dialog units"},
+    {"field of CalcLine 1008", 6.5, "The calculator is a dialog with fixed places in dialog units"},
+    {"box of ZmcBox *", 2, "The machining calculator's page has fixed places, which follow the panel's size"},
+    {"field of ZCDatoWrap *", 2, "The machining calculator's page has fixed places, which follow the panel's size"},
+    {"field of ZWCEdit *", 2, "The machining calculator's page has fixed places, which follow the panel's size"},
+    {"check of CMultistatic *", 1.7, "The machining calculator's page has fixed places, which follow the panel's size"},
+    {"cell of ZCGridXWrap 3028", 2, "The machining calculator's page has fixed places, which follow the panel's size"},
+    {"heading of GridHeader", 2, "A heading of the page with fixed places; those of the tables are for a finger"},
+    {"field of ZCGridXWrap 3055", 7,
+     "The line in a cell, which has been touched to open it; the frame around is its own"},
 };
+
+/// An asterisk at the end of an exception's name stands for any control of that class.
+bool IsOf(const std::string& name, const Exception& exception) {
+  const std::string_view known = exception.name;
+  return known.ends_with('*') ? name.starts_with(known.substr(0, known.size() - 1)) : name == known;
+}
 
 void ExpectOnly(const Findings& found, std::span<const Exception> exceptions) {
   for (const auto& [name, worst] : found) {
     const auto known = std::find_if(exceptions.begin(), exceptions.end(),
-                                    [&name = name](const Exception& each) { return name == each.name; });
+                                    [&name = name](const Exception& each) { return IsOf(name, each); });
     EXPECT_NE(known, exceptions.end()) << name << ": " << worst.value << " in " << worst.where;
     if (known == exceptions.end()) continue;
     EXPECT_GE(worst.value, known->least) << name << " in " << worst.where;
@@ -138,7 +162,8 @@ void ExpectOnly(const Findings& found, std::span<const Exception> exceptions) {
 
 void ExpectAllNeeded(const Findings& found, std::span<const Exception> exceptions) {
   for (const Exception& each : exceptions) {
-    EXPECT_TRUE(found.contains(each.name)) << each.name << " isn't needed any more";
+    EXPECT_TRUE(std::any_of(found.begin(), found.end(), [&](const auto& one) { return IsOf(one.first, each); }))
+        << each.name << " isn't needed any more";
     EXPECT_GT(std::string(each.reason).size(), 10u) << each.name;
   }
 }
@@ -150,6 +175,28 @@ TEST(EveryWindowTest, NoExceptionForATextIsLeftOver) { ExpectAllNeeded(Walked().
 TEST(EveryWindowTest, EverythingThatIsPressedIsBigEnough) { ExpectOnly(Walked().small, kSmall); }
 
 TEST(EveryWindowTest, NoExceptionForASizeIsLeftOver) { ExpectAllNeeded(Walked().small, kSmall); }
+
+TEST(EveryWindowTest, NoFieldOpensAMenuOfTheKit) {
+  class : public EveryWindow {
+   public:
+    using EveryWindow::EveryWindow;
+    void ExpectNone(QWidget& field) {
+      QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), field.mapToGlobal(QPoint(5, 5)));
+      QCoreApplication::sendEvent(&field, &event);
+      for (QWidget* each : QApplication::topLevelWidgets()) {
+        EXPECT_FALSE(each->isVisible() && qobject_cast<QMenu*>(each) != nullptr);
+      }
+    }
+    void Try() {
+      Do(Action::kOpenMdi);
+      ExpectNone(*Line(PNL_TOOL_MDI));
+      ExpectNone(*window_->Editor().Edit().viewport());
+      Do(Action::kFind);
+      for (QLineEdit* field : window_->Editor().findChildren<QLineEdit*>()) ExpectNone(*field);
+    }
+  } panel(QSize(800, 600), "en");
+  panel.Try();
+}
 
 TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   const Walk& walk = Walked();
