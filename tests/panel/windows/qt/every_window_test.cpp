@@ -176,28 +176,6 @@ TEST(EveryWindowTest, EverythingThatIsPressedIsBigEnough) { ExpectOnly(Walked().
 
 TEST(EveryWindowTest, NoExceptionForASizeIsLeftOver) { ExpectAllNeeded(Walked().small, kSmall); }
 
-TEST(EveryWindowTest, NoFieldOpensAMenuOfTheKit) {
-  class : public EveryWindow {
-   public:
-    using EveryWindow::EveryWindow;
-    void ExpectNone(QWidget& field) {
-      QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), field.mapToGlobal(QPoint(5, 5)));
-      QCoreApplication::sendEvent(&field, &event);
-      for (QWidget* each : QApplication::topLevelWidgets()) {
-        EXPECT_FALSE(each->isVisible() && qobject_cast<QMenu*>(each) != nullptr);
-      }
-    }
-    void Try() {
-      Do(Action::kOpenMdi);
-      ExpectNone(*Line(PNL_TOOL_MDI));
-      ExpectNone(*window_->Editor().Edit().viewport());
-      Do(Action::kFind);
-      for (QLineEdit* field : window_->Editor().findChildren<QLineEdit*>()) ExpectNone(*field);
-    }
-  } panel(QSize(800, 600), "en");
-  panel.Try();
-}
-
 TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   const Walk& walk = Walked();
   const auto rows = static_cast<int>(EveryWindowRows().size());

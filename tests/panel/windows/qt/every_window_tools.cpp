@@ -270,7 +270,7 @@ void EveryWindow::ExplorerList(const Look& look) {
   Do(Action::kOpenProgram);
   Command(PNL_TOOL_EXPLORER, kMoveToList);
   look();
-  Key(Qt::Key_Down);
+  Type("T");
   look();
   Key(Qt::Key_Space);
   look();
