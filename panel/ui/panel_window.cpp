@@ -211,8 +211,6 @@ void PanelWindow::ResizeToolArea(const QSize& size) {
 
 void PanelWindow::LayOut() {
   const int touch = theme::TouchPixels(*this);
-  // The tools' own lists and keys are for the same finger.
-  toolArea_->setProperty("pnlFinger", touch);
   layout_ = LayOutWithin(size(), touch);
   if (fixedToolArea_) {
     const PanelLayout around = LayOutAround(*fixedToolArea_, touch);
