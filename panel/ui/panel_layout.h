@@ -28,6 +28,10 @@ struct PanelLayout {
 /// The smallest window.
 inline constexpr QSize kLeastWindow{640, 480};
 
+/// The least side of a key that is pressed while the machine moves: 12 mm, where an ordinary key has 9. touch: the
+/// least side of an ordinary key, in pixels.
+[[nodiscard]] constexpr int MovingTouch(int touch) { return (touch * 4 + 2) / 3; }
+
 /// Lays out a window of that size; the tool area takes what is left. touch: the least side of a key, in pixels.
 [[nodiscard]] PanelLayout LayOutWithin(QSize window, int touch);
 /// Lays out a window around a tool area of exactly that size.

@@ -145,6 +145,8 @@ void PanelWindow::MakeShortcuts() {
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  // The kit's own menus of text fields speak another language than the panel and have rows for a mouse.
+  if (event->type() == QEvent::ContextMenu) return true;
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) op_.OnPress();
   if (event->type() == QEvent::ShortcutOverride && !KeepsItsKeys(watched)) {
     const auto* key = static_cast<QKeyEvent*>(event);

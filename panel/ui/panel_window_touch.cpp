@@ -54,6 +54,8 @@ void PanelWindow::MakeTouch() {
 }
 
 void PanelWindow::MakeRoomForTouch() {
+  // The tools' own lists and keys are for the same finger.
+  toolArea_->setProperty("pnlFinger", theme::TouchPixels(*this));
   rest_ = layout_;
   const bool up = touch_->IsUp();
   if (up) {

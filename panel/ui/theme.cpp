@@ -5,8 +5,8 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QWidget>
@@ -57,6 +57,18 @@ QPalette DarkPalette() {
   }
   return palette;
 }
+
+/// The kit's style with scroll bars and handles for a finger. They aren't an indicator alone: not every touch screen
+/// tells touches from a mouse, and only with touches a list is pulled by its rows.
+class FingerStyle : public QProxyStyle {
+ public:
+  FingerStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+  [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const bool finger = metric == PM_ScrollBarExtent || metric == PM_ScrollBarSliderMin;
+    if (finger && widget != nullptr) return TouchPixels(*widget);
+    return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
 
 /// The linear light of a colour channel, both from 0 to 1.
 double Linear(double channel) {
@@ -120,7 +132,7 @@ QColor HoverOf(const QColor& fill) {
 QColor LatchedOf(const QColor& tint) { return tint.darker(170); }
 
 void Apply(QApplication& application) {
-  if (QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"))) QApplication::setStyle(fusion);
+  QApplication::setStyle(new FingerStyle);
   QApplication::setPalette(DarkPalette());
   application.setFont(Font(15));
   QApplication::setCursorFlashTime(0);

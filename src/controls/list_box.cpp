@@ -14,12 +14,12 @@
 #include "controls/fonts.h"
 #include "controls/wide_scroll_bar.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kFingerHeight = 34;
 constexpr int kSideMargin = 6;
 constexpr std::uint32_t kItemFormat =
     draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kExpandTabs | draw::kEndEllipsis;
@@ -151,7 +151,7 @@ std::vector<int> ListBox::Selected() const {
 }
 
 int ListBox::RowHeight() const {
-  return std::max({kFingerHeight, leastRowHeight_, CellHeight(QFontMetrics(font())) + 2});
+  return std::max({FingerPixels(*this), leastRowHeight_, CellHeight(QFontMetrics(font())) + 2});
 }
 
 void ListBox::SetLeastRowHeight(int pixels) {

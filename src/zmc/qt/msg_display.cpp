@@ -14,6 +14,7 @@
 #include "controls/wide_scroll_bar.h"
 #include "window/dialog_units.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 #include "zmc/zmc_ids.h"
@@ -37,7 +38,6 @@ constexpr int kButtonHeight = 46;
 constexpr int kFontHeight = 20;
 constexpr int kWideBox = 620;  // for a list of lines
 constexpr int kEdgeRoom = 4;
-constexpr int kLeastButton = 34;  // for a finger, on any panel
 constexpr std::uint32_t kTextFlags =
     draw::kWordBreak | draw::kEditControl | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 
@@ -181,7 +181,7 @@ void CDlgMsgDisplay::LayOut() {
   const int left = 2 * margin + side;
   const int textWidth = width - left - margin - area_->verticalScrollBar()->sizeHint().width();
   const int needed = static_cast<MessageText*>(text_)->HeightFor(textWidth);
-  const int button = std::max(Scaled(kButtonHeight), kLeastButton);
+  const int button = std::max(Scaled(kButtonHeight), FingerPixels(*this));
   const int around = Scaled(kTitle) + 3 * margin + button;
   const int least = DialogPixelsY(kHeightUnits, scale_);
   const int height = std::min(std::max(std::max(needed, side) + around, least), room.height());
@@ -196,7 +196,7 @@ void CDlgMsgDisplay::LayOut() {
 void CDlgMsgDisplay::PlaceButtons() {
   const int margin = Scaled(kMargin);
   const auto count = static_cast<int>(buttons_.size());
-  const int high = std::max(Scaled(kButtonHeight), kLeastButton);
+  const int high = std::max(Scaled(kButtonHeight), FingerPixels(*this));
   int wide = Scaled(kButtonWidth);
   for (const QPushButton* button : buttons_) {
     const QString caption = button->property("pnlText").toString();

@@ -6,6 +6,7 @@
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 
 namespace pnl::test {
 namespace {
@@ -93,7 +94,7 @@ TEST_F(ListBoxTest, PaintsItsColoursAlsoWhenDisabled) {
 }
 
 TEST_F(ListBoxTest, RowsAreHighEnoughForAFinger) {
-  EXPECT_GE(box.RowHeight(), 34);
+  EXPECT_GE(box.RowHeight(), FingerPixels(box));
   box.SetItems({u"a"});
   EXPECT_EQ(box.sizeHintForRow(0), box.RowHeight());
 }
@@ -113,7 +114,7 @@ TEST_F(ListBoxTest, AFullListHasABarForAFinger) {
   box.show();
   Settle();
   EXPECT_TRUE(box.verticalScrollBar()->isVisible());
-  EXPECT_GE(box.verticalScrollBar()->width(), 30);
+  EXPECT_GE(box.verticalScrollBar()->width(), FingerPixels(box));
 }
 
 TEST_F(ListBoxTest, HandsItsTextsToWhoeverReadsTheModel) {
@@ -180,7 +181,7 @@ TEST_F(ListBoxTest, StartsWithTheSystemsColours) {
   const ListBox fresh(1, nullptr);
   EXPECT_EQ(fresh.BackColor(), 0xFFFFFFu);
   EXPECT_EQ(fresh.TextColor(), 0u);
-  EXPECT_EQ(fresh.SelectedBackColor(), 0xD77800u);
+  EXPECT_EQ(fresh.SelectedBackColor(), 0xD07400u);
   EXPECT_EQ(fresh.SelectedTextColor(), 0xFFFFFFu);
   EXPECT_EQ(fresh.palette().color(QPalette::Base), QColor(Qt::white));
   EXPECT_EQ(fresh.frameWidth(), 0);
@@ -207,13 +208,13 @@ TEST_F(ListBoxTest, AnItemLiesInTheMiddleOfItsRowBetweenTheMargins) {
 
 TEST_F(ListBoxTest, ARowHasRoomForItsFont) {
   box.SetFont("Arial", 32, 400);
-  EXPECT_EQ(box.RowHeight(), std::max(34, CellHeight(QFontMetrics(box.font())) + 2));
+  EXPECT_EQ(box.RowHeight(), std::max(FingerPixels(box), CellHeight(QFontMetrics(box.font())) + 2));
   box.SetFont("Arial", 60, 400);
   EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2);
   box.SetFont("", 18, 400);
   EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2) << "a font that can't be had";
   box.SetFont("Arial", 12, 400);
-  EXPECT_EQ(box.RowHeight(), 34);
+  EXPECT_EQ(box.RowHeight(), FingerPixels(box));
 }
 
 TEST_F(ListBoxTest, ItemsComeInAtTheirPlaceAndChangeInIt) {

@@ -8,6 +8,7 @@
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/text_catcher.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl::test {
@@ -79,7 +80,7 @@ TEST_F(HelpLook, TheTrianglesPointWhereTheirKeysLead) {
   Menu(40002);
   HelpKeyButton* const panes = KeyOf(help_id::kPanesKey);
   EXPECT_EQ(panes->ShownSign(), HelpKeyButton::Sign::kLeft);
-  EXPECT_EQ(panes->width(), 30);
+  EXPECT_EQ(panes->width(), FingerPixels(*panes));
   EXPECT_EQ(KeyOf(help_id::kFindPrevious)->ShownSign(), HelpKeyButton::Sign::kUp);
   EXPECT_EQ(KeyOf(help_id::kFindNext)->ShownSign(), HelpKeyButton::Sign::kDown);
   EXPECT_EQ(KeyOf(help_id::kFindClose)->ShownSign(), HelpKeyButton::Sign::kNone);
@@ -141,7 +142,7 @@ TEST_F(HelpLook, LinesListsAndNotesHaveTheirColours) {
   EXPECT_EQ(tree.color(QPalette::HighlightedText), ToQColor(help_look::kSelectedText));
   EXPECT_EQ(Contents()->frameShape(), QFrame::NoFrame);
   EXPECT_EQ(Contents()->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
-  EXPECT_EQ(Contents()->verticalScrollBar()->sizeHint().width(), 30);
+  EXPECT_EQ(Contents()->verticalScrollBar()->sizeHint().width(), FingerPixels(*Contents()));
   EXPECT_FALSE(Contents()->expandsOnDoubleClick());
   EXPECT_EQ(Contents()->indentation(), 25) << "room for a triangle of the row's height";
   QWidget* const note = Control(help_id::kNotice);

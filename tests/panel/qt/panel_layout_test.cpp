@@ -26,8 +26,8 @@ void ExpectSound(const PanelLayout& layout, int touch) {
     }
   }
   EXPECT_GE(layout.mainBar.height(), touch);
-  EXPECT_GE(layout.operatorKeys.height(), touch);
-  EXPECT_GE(layout.reservedRow.height() * 3, touch * 4) << "12 mm where an ordinary key has 9";
+  EXPECT_GE(layout.operatorKeys.height() * 3, touch * 4) << "12 mm where an ordinary key has 9";
+  EXPECT_GE(layout.reservedRow.height() * 3, touch * 4);
   EXPECT_GE(layout.sideBar.width(), touch);
 }
 

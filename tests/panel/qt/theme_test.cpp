@@ -6,7 +6,10 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QScrollBar>
 #include <QStyle>
+#include <QStyleOptionSlider>
 
 #include "panel/qt/picture.h"
 
@@ -45,9 +48,25 @@ TEST(ThemeTest, TheWholeProgramIsDark) {
   }
   EXPECT_EQ(QApplication::font(), Font(15));
   EXPECT_EQ(QApplication::cursorFlashTime(), 0);
-  EXPECT_EQ(QApplication::style()->name().toLower(), "fusion");
+  const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
+  ASSERT_NE(style, nullptr);
+  EXPECT_EQ(style->baseStyle()->name().toLower(), "fusion");
   QApplication::setPalette(before);
   QApplication::setFont(font);
+}
+
+TEST(ThemeTest, AScrollBarAndItsHandleAreForAFinger) {
+  theme::Apply(*qApp);
+  QScrollBar bar(Qt::Vertical);
+  bar.setRange(0, 1'000'000);
+  bar.resize(bar.sizeHint().width(), 500);
+  QStyleOptionSlider option;
+  option.initFrom(&bar);
+  option.orientation = Qt::Vertical;
+  option.maximum = bar.maximum();
+  option.pageStep = 10;
+  const QRect handle = bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+  EXPECT_EQ(handle.size(), QSize(theme::TouchPixels(bar), theme::TouchPixels(bar)));
 }
 
 TEST(ThemeTest, AFontHasTheHeightAskedForAndNoLessThanSix) {

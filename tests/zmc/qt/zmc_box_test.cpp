@@ -9,6 +9,7 @@
 
 #include "controls/fonts.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_box.h"
 #include "zmc/qt/zmc_look.h"
@@ -43,8 +44,8 @@ TEST_F(ZmcBoxTest, RowsAreHighEnoughForAGlove) {
     box->setFont(*MakeFont("Arial", font, 500));
     box->view()->setFont(box->font());
     const int height = box->view()->sizeHintForRow(0);
-    EXPECT_GE(height, 34) << font;
-    EXPECT_TRUE(font != 10 || height == 34) << "and no higher than needed: " << height;
+    EXPECT_GE(height, FingerPixels(*box)) << font;
+    EXPECT_TRUE(font != 10 || height == FingerPixels(*box)) << "and no higher than needed: " << height;
     EXPECT_GE(height, QFontMetrics(box->font()).height() + 8) << font;
   }
 }
