@@ -81,6 +81,18 @@ TEST_F(HelpPages, EnterInTheIndexsLineOpensTheSelectedWord) {
   EXPECT_EQ(view->shownPage, "start.htm#");
 }
 
+TEST_F(HelpPages, EnterInWhatIsNoLineSearchesNothing) {
+  book->found[u"x"] = {{u"Home", u"home.htm"}};
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Forget();
+  for (const HelpPart part : {HelpPart::kPage, HelpPart::kContents, HelpPart::kResults}) {
+    Call(&HelpSession::OnLineEntered, part);
+  }
+  EXPECT_THAT(All(), IsEmpty());
+  EXPECT_THAT(view->results, IsEmpty());
+}
+
 // The search.
 
 TEST_F(HelpPages, TheSearchsKeyShowsTheResultsTidied) {
