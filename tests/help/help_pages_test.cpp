@@ -108,6 +108,17 @@ TEST_F(HelpPages, TheSearchsKeyShowsTheResultsTidied) {
   EXPECT_EQ(view->SelectedRow(HelpPart::kResults), -1);
 }
 
+// Enter opens a result; without one it searches anew.
+TEST_F(HelpPages, EnterSearchesAgainWhileNothingIsFound) {
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  ASSERT_EQ(view->status, "nothing x");
+  book->found[u"x"] = {{u"Home", u"home.htm"}};
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  EXPECT_EQ(view->status, "found 1");
+}
+
 TEST_F(HelpPages, AQueryWaitsForTheIndexAndIsAnsweredThen) {
   book->slowSearch = true;
   book->found[u"x"] = {{u"b", u"mdi.htm"}, {u"a", u"home.htm"}};

@@ -59,6 +59,7 @@ const MarkupRow kMarkup[] = {
     {u"<p>a<ul><li>b</ul><p>c<table></table>", "<p>a</p><ul><li>b</li></ul><p>c</p><table></table>"},
     {u"<ul><li><table><tr><td>a<li>b</table>", "<ul><li><table><tr><td>a<li>b</li></td></tr></table></li></ul>"},
     {u"<p><table><tr><td>a<p>b</table>", "<p></p><table><tr><td>a<p>b</p></td></tr></table>"},
+    {u"<p><li>a<p>b", "<p><li>a<p>b</p></li></p>"},
     {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
     {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
     {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
@@ -261,6 +262,7 @@ TEST(PageDecoding, APageIsReadUpToTheLimitAndNoCharacterIsCutInHalf) {
   EXPECT_EQ(DecodePage(std::string(1'000'000, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, '\xE1')).size(), 1'000'000u) << "no character of it has two bytes";
+  EXPECT_EQ(DecodePage(std::string(1'000'001, '\x80')).size(), 1'000'000u) << "the end of a character without one";
 }
 
 TEST(PageDecoding, TheThirtyTwoCharactersOfWindowsHaveTheirOwnCodes) {
