@@ -155,6 +155,18 @@ TEST_F(HelpPages, TheIndexOfAManualThatIsGoneIsDropped) {
   book->ready();
 }
 
+TEST_F(HelpPages, AnIndexThatIsReadyWhenNoManualIsOpenAnyMoreIsDropped) {
+  book->slowSearch = true;
+  OpenAt();
+  Search(u"x");
+  const auto ready = book->ready;
+  Command(PNL_COMMAND_CLOSE_TOOL);
+  view->lines[HelpPart::kSearchLine] = u"x";
+  book->searchable = true;
+  ready();
+  EXPECT_EQ(view->status, "");
+}
+
 TEST_F(HelpPages, ASearchWhileTheManualIsBeingOpenedWaits) {
   world.slow = true;
   SetMark(u"OPT0130");

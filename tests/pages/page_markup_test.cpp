@@ -133,6 +133,7 @@ TEST(PageMarkup, AValueHasFourThousandCharactersAtMostWhateverItsKind) {
   }
   EXPECT_EQ(CleanValue(ValueKind::kPicture, most + u"y"), u"picture:" + most);
   EXPECT_EQ(CleanValue(ValueKind::kPicture, u"picture:" + most), u"picture:" + most) << "what is clean stays whole";
+  EXPECT_EQ(CleanValue(ValueKind::kText, u"picture:a"), u"picture:a") << "only a picture's address has that beginning";
 }
 
 struct NumberRow {
@@ -175,6 +176,9 @@ TEST(PageMarkup, NestingEndsAtTheLimit) {
 TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td>", 1000)), "<td>"), 100u);
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30 width=50 height=90>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr>" + Repeat(u"<td width=50>", 30), 9)), "<td "), 270u)
+      << "a width spans nothing";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td rowspan=3 colspan=40>", 9)), "<td "), 6u)
       << "a cell from above pushes those beside it aside";
