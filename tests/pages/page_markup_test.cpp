@@ -59,6 +59,7 @@ const MarkupRow kMarkup[] = {
     {u"<p>a<ul><li>b</ul><p>c<table></table>", "<p>a</p><ul><li>b</li></ul><p>c</p><table></table>"},
     {u"<ul><li><table><tr><td>a<li>b</table>", "<ul><li><table><tr><td>a<li>b</li></td></tr></table></li></ul>"},
     {u"<p><table><tr><td>a<p>b</table>", "<p></p><table><tr><td>a<p>b</p></td></tr></table>"},
+    {u"<p><li>a<p>b", "<p><li>a<p>b</p></li></p>"},
     {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
     {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
     {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
@@ -132,6 +133,7 @@ TEST(PageMarkup, AValueHasFourThousandCharactersAtMostWhateverItsKind) {
   }
   EXPECT_EQ(CleanValue(ValueKind::kPicture, most + u"y"), u"picture:" + most);
   EXPECT_EQ(CleanValue(ValueKind::kPicture, u"picture:" + most), u"picture:" + most) << "what is clean stays whole";
+  EXPECT_EQ(CleanValue(ValueKind::kText, u"picture:a"), u"picture:a") << "only a picture's address has that beginning";
 }
 
 struct NumberRow {
@@ -174,6 +176,9 @@ TEST(PageMarkup, NestingEndsAtTheLimit) {
 TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td>", 1000)), "<td>"), 100u);
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30 width=50 height=90>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr>" + Repeat(u"<td width=50>", 30), 9)), "<td "), 270u)
+      << "a width spans nothing";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td rowspan=3 colspan=40>", 9)), "<td "), 6u)
       << "a cell from above pushes those beside it aside";
@@ -261,6 +266,7 @@ TEST(PageDecoding, APageIsReadUpToTheLimitAndNoCharacterIsCutInHalf) {
   EXPECT_EQ(DecodePage(std::string(1'000'000, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, '\xE1')).size(), 1'000'000u) << "no character of it has two bytes";
+  EXPECT_EQ(DecodePage(std::string(1'000'001, '\x80')).size(), 1'000'000u) << "the end of a character without one";
 }
 
 TEST(PageDecoding, TheThirtyTwoCharactersOfWindowsHaveTheirOwnCodes) {

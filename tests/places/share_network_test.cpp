@@ -123,6 +123,7 @@ TEST_F(ShareNetworkTest, WhatCantBeOpenedIsNull) {
   EXPECT_THAT(Shares(u"\\\\CAM"), ElementsAre(u"none"));
   EXPECT_THAT(Shares(u"CAM"), ElementsAre(u"none"));
   EXPECT_THAT(Shares(u"\\\\CAM\\x"), ElementsAre(u"none"));
+  EXPECT_THAT(Shares(u"\\\\SILENT\\a"), ElementsAre(u"none")) << "a share has none, though its server has some";
 }
 
 TEST_F(ShareNetworkTest, NobodyIsAskedBeforeAServerIs) {

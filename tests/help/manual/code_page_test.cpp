@@ -95,6 +95,11 @@ TEST(CodePage, LongTextsAreConvertedWhole) {
   EXPECT_EQ(DecodeCodePage(bytes, 932), text);
 }
 
+TEST(CodePage, OneByteBeyondAsciiIsEnoughForTheCodePage) {
+  EXPECT_EQ(DecodeCodePage("\x7F", 1252), u"\x7F");
+  EXPECT_EQ(DecodeCodePage("\x80", 1252), u"\u20AC");
+}
+
 TEST(CodePage, ACutOffCharacterBecomesAMark) { EXPECT_EQ(DecodeCodePage("\x93\xFA\x96", 932), u"日\uFFFD"); }
 
 TEST(CodePage, WhatAPageDeclaresIsFound) {

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include "controls/page_browser.h"
+#include "controls/qt/paint_counter.h"
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/text_catcher.h"
@@ -58,6 +59,50 @@ TEST_F(HelpLook, AKeyIsFlatAndTheChosenTabLooksPressedIn) {
   EXPECT_EQ(At(plain, plain->width() / 2, 4), help_look::kChosenBack);
   EXPECT_FALSE(chosen->property("pnlChecked").toBool());
   EXPECT_THAT(StrokesOf(*plain), Contains(HasSubstr("'Index'")));
+}
+
+TEST_F(HelpLook, AKeyThatChangesIsPaintedAnew) {
+  Make();
+  OpenAt();
+  HelpKeyButton* const key = KeyOf(help_id::kPanesKey);
+  const PaintCounter paints(*key);
+  const auto after = [&paints](const std::function<void()>& change) {
+    Settle();
+    const int before = paints.Count();
+    change();
+    Settle();
+    return paints.Count() - before;
+  };
+  EXPECT_GT(after([key] { key->SetSign(HelpKeyButton::Sign::kRight); }), 0);
+  EXPECT_GT(after([key] { key->SetChosen(true); }), 0);
+  EXPECT_EQ(after([] {}), 0);
+}
+
+TEST_F(HelpLook, LinesAndTheFieldForFindingHaveTheViewersFont) {
+  Make();
+  OpenAt(u"OPT0777");
+  const QFont font = HelpScale(context.cnc.Util()).MakeText();
+  for (const int id : {help_id::kIndexLine, help_id::kSearchLine, help_id::kFindLine, help_id::kNotice,
+                       help_id::kSearchStatus, help_id::kMissing, help_id::kSearchKey, help_id::kIndexTab}) {
+    EXPECT_EQ(Control(id)->font().families(), font.families()) << id;
+    EXPECT_EQ(Control(id)->font().pixelSize(), font.pixelSize()) << id;
+    EXPECT_EQ(Control(id)->font().weight(), 500) << id;
+  }
+}
+
+// A press on a key must not take the keyboard from the line that it works for, nor from the page.
+TEST_F(HelpLook, KeysTakeNoFocusOfTheirOwn) {
+  Make();
+  OpenAt();
+  Menu(40002);
+  for (const int id : {help_id::kContentsTab, help_id::kIndexTab, help_id::kSearchTab, help_id::kPanesKey}) {
+    EXPECT_EQ(Control(id)->focusPolicy(), Qt::NoFocus) << id;
+  }
+  for (const int id : {help_id::kFindPrevious, help_id::kFindNext, help_id::kFindClose}) {
+    EXPECT_EQ(Control(id)->focusProxy(), Control(help_id::kFindLine)) << id;
+    EXPECT_EQ(Control(id)->focusPolicy(), Qt::ClickFocus) << id;
+  }
+  EXPECT_EQ(Control(help_id::kSearchKey)->focusProxy(), Control(help_id::kSearchLine));
 }
 
 TEST_F(HelpLook, AKeyIsAsWideAsItsWordAndAWordThatIsTooLongIsCut) {
