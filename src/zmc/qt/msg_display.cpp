@@ -133,6 +133,7 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
       text_(new MessageText(ToQString(box.text), nullptr)),
       icon_(new SignIcon(question_, this)) {
   setWindowTitle(ToQString(box.title));
+  // Also the text's and the buttons'.
   setFont(FontOf(Scaled(kFontHeight), 500));
   // The palette of the scroll bar; all else is drawn.
   setPalette(QPalette(ToQColor(zmc_look::kBoxRaised), ToQColor(zmc_look::kBoxBack)));
@@ -141,7 +142,6 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area_->setVerticalScrollBar(new WideScrollBar(Qt::Vertical, area_));
   area_->setWidget(text_);
-  text_->setFont(font());
   if (question_) {
     AddButton(kFirst, Caption(language, zmc_text::kYes, "OK"));
     AddButton(kSecond, Caption(language, zmc_text::kNo, "CANCEL"));
@@ -150,14 +150,12 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
     AddButton(kFirst, Caption(language, zmc_text::kOk, "OK"));
   }
   connect(buttons_[0], &QPushButton::clicked, this, &QDialog::accept);
-  buttons_[0]->setDefault(true);
   LayOut();
 }
 
 QPushButton* CDlgMsgDisplay::AddButton(int id, const QString& caption) {
   buttons_.push_back(new BoxButton(caption, this));
   MarkControl(buttons_.back(), id, control_kind::kButton);
-  buttons_.back()->setFont(font());
   buttons_.back()->installEventFilter(this);
   return buttons_.back();
 }

@@ -21,6 +21,11 @@ class ZmcBoxTest : public testing::Test {
  protected:
   ZmcBoxTest() {
     window.resize(400, 300);
+    // Whatever the panel's colours are.
+    QPalette garish(Qt::red, Qt::green);
+    for (const auto role : {QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+      garish.setColor(role, Qt::cyan);
+    window.setPalette(garish);
     for (ZmcBox* each : {box, typed}) {
       each->setFont(*MakeFont("Arial", 20, 500));
       StyleBox(*each);
