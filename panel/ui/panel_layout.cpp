@@ -114,6 +114,18 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
   return layout;
 }
 
+int MostTouch(QSize window) {
+  constexpr int kLeast = 34;
+  constexpr int kLeastPart = 8;
+  const auto fits = [window](int touch) {
+    const PanelLayout layout = LayOutWithin(window, touch);
+    return layout.toolArea.height() * kLeastPart >= layout.window.height();
+  };
+  int touch = kLeast;
+  while (fits(touch + 1)) ++touch;
+  return touch;
+}
+
 PanelLayout WithKeyboard(const PanelLayout& rest, int height, int touch) {
   // The side bar has a row for each key and one for its paging.
   constexpr int kSideRows = kSideKeys + 1;

@@ -37,6 +37,9 @@ inline constexpr QSize kLeastWindow{640, 480};
 /// Lays out a window around a tool area of exactly that size.
 [[nodiscard]] PanelLayout LayOutAround(QSize toolArea, int touch);
 
+/// The greatest side of a key with which a window of that size keeps an eighth of its height for the tool area.
+[[nodiscard]] int MostTouch(QSize window);
+
 /// Makes room for a touch keyboard of that height in place of the main bar: the messages move up, and what is left of
 /// the tool area is the part of it that can be seen. A side bar whose keys would be too small is empty.
 [[nodiscard]] PanelLayout WithKeyboard(const PanelLayout& rest, int height, int touch);

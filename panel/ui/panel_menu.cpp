@@ -53,6 +53,8 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   return items;
 }
 
+SoftKeyItem ScreenItem() { return PlainItem(kScreenItem, Word::kScreenSize); }
+
 std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError) {
   std::vector<SoftKeyItem> items;
   for (const Action action :

@@ -102,7 +102,9 @@ std::vector<SoftKeyItem> PanelWindow::PanelKeys() const {
     case InnerKeys::kNone:
       break;
   }
-  return PanelMainItems(session_, op_);
+  std::vector<SoftKeyItem> items = PanelMainItems(session_, op_);
+  if (offersScreen_) items.push_back(ScreenItem());
+  return items;
 }
 
 void PanelWindow::ShowMessages() {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The window's part in the errors: presses on the indicator, the list over the panel, the question whether
-// to close, and covers that give way to the error window.
+// The window's part in the errors: where their window is, presses on the indicator, the list over the panel, the
+// question whether to close, and covers that give way to the error window.
+#include <algorithm>
+
 #include "ui/credentials_cover.h"
 #include "ui/error_list.h"
+#include "ui/first_start.h"
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
 #include "ui/password_box.h"
@@ -50,13 +53,30 @@ void PanelWindow::LetErrorsPass() {
   if (shown) errorList_->Leave();
   if (shown) password_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
-  const std::pair<QWidget*, bool> covers[] = {{credentials_, credentials_->IsOpen()}, {question_, question_->IsOpen()}};
+  const std::pair<QWidget*, bool> covers[] = {
+      {first_, first_->IsOpen()}, {credentials_, credentials_->IsOpen()}, {question_, question_->IsOpen()}};
   for (const auto& [cover, open] : covers) {
     if (!open || cover->isVisible() != shown) continue;
     cover->setVisible(!shown);
     if (!shown) cover->raise();
   }
   keyboard_->Restore();
+}
+
+void PanelWindow::PlaceErrors() {
+  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
+  // the window stays as the tool makes it.
+  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
+  const QSize size = errors->size().boundedTo(toolArea_->size());
+  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
+  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
+  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
+}
+
+void PanelWindow::PlacePlcView() {
+  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
+  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
 }
 
 void PanelWindow::AskToClose() {

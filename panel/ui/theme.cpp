@@ -109,6 +109,8 @@ QString WithoutMiddle(const QString& text, qsizetype kept) {
   return text.left(first) + QChar(0x2026) + text.mid(last);
 }
 
+qreal screenWidth = 0;
+
 }  // namespace
 
 double Contrast(const QColor& one, const QColor& other) {
@@ -161,15 +163,14 @@ QFont FittingFont(const QString& text, int width, int pixels, int least, bool bo
   return Font(std::max(size, least), bold);
 }
 
+bool IsDensity(qreal dotsPerInch) { return dotsPerInch >= 40 && dotsPerInch <= 800; }
+
 int PixelsOf(qreal millimetres, qreal dotsPerInch) {
-  constexpr qreal kMillimetresPerInch = 25.4;
-  // A screen that doesn't know its size reports 0, infinity or nonsense.
-  if (!(dotsPerInch >= 40 && dotsPerInch <= 800)) dotsPerInch = 96;
+  if (!IsDensity(dotsPerInch)) dotsPerInch = kUsualDensity;
   return static_cast<int>(std::ceil(millimetres * dotsPerInch / kMillimetresPerInch - 1e-6));
 }
 
 int TouchPixels(qreal dotsPerInch) {
-  constexpr qreal kTouchMillimetres = 9;
   constexpr int kLeast = 34;
   return std::max(kLeast, PixelsOf(kTouchMillimetres, dotsPerInch));
 }
@@ -178,8 +179,14 @@ int TouchPixels(const QWidget& widget) { return TouchPixels(DensityOf(widget)); 
 
 qreal DensityOf(const QWidget& widget) {
   const QScreen* screen = widget.screen();
-  return screen == nullptr ? 96 : screen->physicalDotsPerInch();
+  if (screen == nullptr) return kUsualDensity;
+  const qreal set = screenWidth > 0 ? screen->size().width() * kMillimetresPerInch / screenWidth : 0;
+  return IsDensity(set) ? set : screen->physicalDotsPerInch();
 }
+
+void SetScreenWidth(qreal millimetres) { screenWidth = millimetres; }
+
+qreal ScreenWidth() { return screenWidth; }
 
 void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,
               Qt::TextElideMode cut) {

@@ -64,10 +64,16 @@ void TouchDesk::SetTouched(bool on) {
   ReviewSoon();
 }
 
+void TouchDesk::SwitchOn() {
+  switchedOn_ = true;
+  ReviewSoon();
+}
+
 void TouchDesk::Toggle() {
   if (up_) {
     PutAway();
     switchedOn_ = touchScreen_;
+    emit Switched(switchedOn_);
     return;
   }
   forced_ = true;
@@ -76,6 +82,7 @@ void TouchDesk::Toggle() {
   away_ = false;
   typed_ = false;
   Review();
+  emit Switched(switchedOn_);
 }
 
 void TouchDesk::SetInterrupted(bool on) {

@@ -14,20 +14,22 @@ Options Good(const QStringList& arguments) {
   return error == nullptr ? std::get<Options>(parsed) : Options{};
 }
 
-TEST(OptionsTest, NothingGivenMeansADemoMachineInEnglishByRealTime) {
+TEST(OptionsTest, NothingGivenMeansADemoMachineByRealTime) {
   const Options options = Good({});
   EXPECT_FALSE(options.touch);
   EXPECT_FALSE(options.headless || options.rpc || options.bare || options.manualTime || options.help || options.keys);
   EXPECT_TRUE(options.root.isEmpty());
   EXPECT_EQ(options.machine, "demo");
-  EXPECT_EQ(options.language, "en");
+  EXPECT_TRUE(options.language.isEmpty()) << "that of the settings, else English";
+  EXPECT_FALSE(options.settings);
   EXPECT_TRUE(options.toolArea.isEmpty());
   EXPECT_TRUE(options.guidedInto.isEmpty());
 }
 
 TEST(OptionsTest, EveryOptionSetsItsOwnField) {
   const Options options = Good({"--headless", "--rpc", "--root", "/tmp/a b", "--bare", "--machine", "mill", "--lang",
-                                "none", "--time", "manual", "--size", "1024x768", "--touch"});
+                                "none", "--time", "manual", "--size", "1024x768", "--touch", "--settings"});
+  EXPECT_TRUE(options.settings);
   EXPECT_TRUE(options.touch);
   EXPECT_TRUE(options.headless);
   EXPECT_TRUE(options.rpc);
