@@ -102,6 +102,7 @@ class CalcSession final : public ToolSession<CalcView> {
   };
 
   // Opening and closing.
+  void ComeIntoSight();
   void MakeControls();
   void InstallMenus();
   void UpdateMenuState();

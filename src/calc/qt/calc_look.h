@@ -32,6 +32,8 @@ inline constexpr Color kListSelected = 0xB26F1F;  // 31, 111, 178
 inline constexpr int kDialogHeight = 11;
 inline constexpr int kStatusHeight = 13;
 inline constexpr int kListHeight = 16;
+inline constexpr int kNoteHeight = 14;
+inline constexpr int kItemHeight = 15;
 inline constexpr int kNormalWeight = 400;
 inline constexpr int kBoldWeight = 600;
 

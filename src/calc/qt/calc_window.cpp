@@ -104,7 +104,8 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
   setAutoFillBackground(true);
   client_ = new CalcClientWidget(context_.language, scale, this);
   setFocusProxy(&client_->Line());
-  if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), parent);
+  const int letters = client_->Scaled(calc_look::kNoteHeight);
+  if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), letters, parent);
   const CalcExtent extent = CalcDialogUnits();
   resize(DialogPixelsX(extent.width, scale), DialogPixelsY(extent.height, scale));
   CalcView& view = *this;
