@@ -187,6 +187,7 @@ void CalcSession::ChangeBase() {
   numberBase_ = (numberBase_ + 1) % kBases;
   RefreshPreview();
   View().SetResultText(FormatResult(value_, numberBase_));
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 
@@ -194,6 +195,7 @@ void CalcSession::ChangeBase() {
 void CalcSession::ChangeAngle() {
   radians_ = !radians_;
   RefreshPreview();
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 
