@@ -195,6 +195,7 @@ void CalcSession::ChangeBase() {
   numberBase_ = (numberBase_ + 1) % kBases;
   RefreshPreview();
   View().SetResultText(FormatResult(value_, numberBase_));
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 
@@ -202,6 +203,7 @@ void CalcSession::ChangeBase() {
 void CalcSession::ChangeAngle() {
   radians_ = !radians_;
   RefreshPreview();
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 

@@ -46,7 +46,12 @@ std::size_t CalcSession::PutBackRows() {
   const Removal removal = std::move(removals_.back());
   removals_.pop_back();
   const int above = std::max(0, View().ListCount() - removal.left);
-  for (const auto& [row, text] : removal.rows) View().InsertListItem(std::min(row + above, View().ListCount()), text);
+  for (std::size_t i = 0; i < removal.rows.size(); ++i) {
+    const auto& [row, text] = removal.rows[i];
+    const int place = std::min(row + above, View().ListCount());
+    values_.Rows().Insert(place, removal.values[i]);
+    View().InsertListItem(place, text);
+  }
   history_.NoteChanged();
   return removal.rows.size();
 }

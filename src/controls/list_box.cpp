@@ -33,8 +33,10 @@ class ItemDelegate : public QStyledItemDelegate {
     painter->fillRect(option.rect, ToQColor(selected ? list_.SelectedBackColor() : list_.BackColor()));
     painter->setFont(list_.font());
     painter->setPen(ToQColor(selected ? list_.SelectedTextColor() : list_.TextColor()));
-    DrawText(*painter, option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0), ToQString(list_.Item(index.row())),
-             kItemFormat);
+    QRect room = option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0);
+    const ListNote note = list_.Note(index.row());
+    if (note != ListNote()) room = DrawNote(*painter, room, note);
+    DrawText(*painter, room, ToQString(list_.Item(index.row())), kItemFormat);
   }
 
  private:
@@ -112,6 +114,13 @@ void ListBox::SetSelectedColors(Color back, Color text) {
 void ListBox::SetFont(const QString& face, int height, int weight) {
   if (const auto made = MakeFont(face, height, weight)) setFont(*made);
 }
+
+void ListBox::SetNotes(std::function<ListNote(int)> notes) {
+  notes_ = std::move(notes);
+  viewport()->update();
+}
+
+ListNote ListBox::Note(int index) const { return notes_ && items_.Has(index) ? notes_(index) : ListNote(); }
 
 void ListBox::SetItems(TextRows items) { items_.SetItems(std::move(items)); }
 

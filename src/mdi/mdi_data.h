@@ -4,12 +4,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "base/row_file.h"
 #include "base/text.h"
 #include "base/text_rows.h"
 #include "facade/variables.h"
 #include "mdi/mdi_layout.h"
+#include "mdi/mdi_refusal.h"
 
 namespace pnl {
 
@@ -63,6 +65,11 @@ struct MDIDATA_ST {
   TextRows ListAdded;             // the items that this session put into MDAList, in any order
   std::uint64_t HistorySize = 0;  // how many bytes were read
   std::uint64_t ListSize = 0;
+  TextRows Pins;  // the pinned blocks, newest first
+  bool PinsLoaded = false;
+  FileKnown PinsKnown = FileKnown::kUnknown;
+  TextRows PinsAdded;                 // those that this session pinned
+  std::optional<MdiRefusal> Refused;  // the last block that was refused, until one is accepted
 
   void MarkListsChanged() {
     LoadState = mdi_load::kChanged;

@@ -36,6 +36,33 @@ TEST_F(ListBoxTest, NothingIsSelectedAfterFilling) {
   EXPECT_EQ(box.Selection(), -1);
 }
 
+TEST_F(ListBoxTest, ANoteIsDrawnAtTheRightAndIsNoPartOfTheItem) {
+  box.SetItems({u"a", u"b"});
+  const auto right = [this](int row) {
+    const QRect place = box.visualRect(box.model()->index(row, 0));
+    return Count(Paint(*box.viewport()).copy(place.adjusted(place.width() / 2, 0, 0, 0)), 0xFFFFFF);
+  };
+  EXPECT_EQ(right(1), 0);
+  box.SetNotes([](int row) { return row == 1 ? ListNote{u"8888", ListSign::kNone} : ListNote(); });
+  EXPECT_EQ(right(0), 0);
+  EXPECT_GT(right(1), 20);
+  EXPECT_EQ(box.Item(1), u"b");
+  EXPECT_EQ(box.model()->index(1, 0).data().toString(), "b");
+  EXPECT_EQ(box.Note(7), ListNote()) << "no such row, so nobody is asked";
+  box.SetNotes({});
+  EXPECT_EQ(right(1), 0);
+}
+
+TEST_F(ListBoxTest, ALongItemLeavesTheNoteItsRoom) {
+  box.SetItems({Text(200, u'8')});
+  box.SetNotes([](int) { return ListNote{u"", ListSign::kCross}; });
+  const QRect row = box.visualRect(box.model()->index(0, 0));
+  const QImage painted = Paint(*box.viewport());
+  EXPECT_EQ(Count(painted.copy(QRect(row.right() - 30, row.top(), 6, row.height())), 0xFFFFFF), 0)
+      << "nothing is drawn between item and sign";
+  EXPECT_GT(Count(painted.copy(QRect(row.right() - 22, row.top(), 16, row.height())), 0xFFFFFF), 10);
+}
+
 TEST_F(ListBoxTest, ItemsHaveNoItemsBelowThem) {
   ListBoxModel items;
   items.SetItems({u"a", u"b"});

@@ -202,6 +202,37 @@ TEST_F(ZCMDIListTest, DiesWithItsPanelWhileItHasTheFocus) {
   EXPECT_TRUE(owner->verdicts.empty());
 }
 
+TEST_F(ZCMDIListTest, ShowsMarksAtTheEndsOfItsRows) {
+  Open({u"a", u"b", u"c"});
+  const QRect row = Items()->visualRect(Items()->model()->index(1, 0));
+  const QRect end(row.right() - 24, row.top(), 20, row.height());
+  EXPECT_EQ(Count(Paint(*Items()->viewport()).copy(end), 0xFFFFFF), 0);
+  list->ShowKeys({u"Arrange", u"Pin", true, u"Refused"});
+  list->ShowRows({{u"a", u"b", u"c"}, {MdiRowMark::kNone, MdiRowMark::kPinned, MdiRowMark::kRefused}, 0});
+  EXPECT_GT(Count(Paint(*Items()->viewport()).copy(end), 0xFFFFFF), 10);
+  EXPECT_EQ(Items()->Note(1), (ListNote{u"", ListSign::kPin}));
+  EXPECT_EQ(Items()->Note(2), (ListNote{u"Refused", ListSign::kCross}));
+  EXPECT_EQ(Items()->Note(0), ListNote());
+  EXPECT_EQ(Items()->Item(2), u"c") << "a mark is no part of the block";
+}
+
+TEST_F(ZCMDIListTest, TypingAndItsKeysAreReported) {
+  Open({u"a", u"b"});
+  std::vector<std::string> heard;
+  QObject::connect(list, &ZCMDIList::Typed, list, [&](const QString& text) { heard.push_back(text.toStdString()); });
+  QObject::connect(list, &ZCMDIList::Erased, list, [&] { heard.push_back("erased"); });
+  QObject::connect(list, &ZCMDIList::SwitchWanted, list, [&] { heard.push_back("switch"); });
+  QObject::connect(list, &ZCMDIList::PinWanted, list, [&] { heard.push_back("pin"); });
+  PressKey(Items(), Qt::Key_G, "G");
+  PressKey(Items(), Qt::Key_Space, " ");
+  PressKey(Items(), Qt::Key_Backspace, "\b");
+  PressKey(Items(), Qt::Key_Tab, "\t");
+  PressKey(Items(), Qt::Key_Insert);
+  PressKey(Items(), Qt::Key_Down);
+  EXPECT_EQ(heard, (std::vector<std::string>{"G", " ", "erased", "switch", "pin"}));
+  EXPECT_EQ(Items()->Selection(), 1) << "only the arrow has moved";
+}
+
 class MdiDropFlow : public MdiStage {
  protected:
   void OpenWithHistory(int blocks = 3) {
@@ -274,6 +305,81 @@ TEST_F(MdiDropFlow, TheStartKeyTakesTheSelectedBlock) {
   EXPECT_EQ(Edit()->text(), "G1 X1");
   EXPECT_TRUE(Edit()->isReadOnly());
   EXPECT_EQ(Focus(), Edit());
+}
+
+TEST_F(MdiDropFlow, ItsKeysLieBesideItWithoutTakingItsFocus) {
+  OpenWithHistory();
+  Key(Qt::Key_Down);
+  ASSERT_NE(Drop(), nullptr);
+  QWidget* arrange = FindControl(&panel, ZCMDIList::kArrangeId);
+  QWidget* pin = FindControl(&panel, ZCMDIList::kPinId);
+  ASSERT_NE(arrange, nullptr);
+  ASSERT_NE(pin, nullptr);
+  EXPECT_EQ(arrange->geometry().bottom() + 1, Drop()->y()) << "above a list that is above the edit";
+  EXPECT_EQ(arrange->geometry().united(pin->geometry()).width(), Drop()->width());
+  EXPECT_GE(arrange->height(), 34);
+  EXPECT_EQ(arrange->property("pnlOwner").toInt(), Drop()->property("pnlWindow").toInt());
+  Touch(arrange);
+  ASSERT_NE(Drop(), nullptr) << "a press on a key doesn't close the list";
+  EXPECT_EQ(Focus(), DropItems());
+  EXPECT_EQ(DropItems()->Selection(), -1);
+  EXPECT_FALSE(pin->isEnabled());
+}
+
+TEST_F(MdiDropFlow, ItsKeysAreBelowAListThatIsBelowTheEdit) {
+  OpenWithHistory();
+  Send(PNL_MSG_COMMAND, 40005);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(FindControl(&panel, ZCMDIList::kPinId)->y(), Drop()->geometry().bottom() + 1);
+}
+
+TEST_F(MdiDropFlow, ItsKeysGoWithIt) {
+  OpenWithHistory();
+  Key(Qt::Key_Down);
+  const QPointer<QWidget> arrange = FindControl(&panel, ZCMDIList::kArrangeId);
+  ASSERT_TRUE(arrange->isVisible());
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(arrange && arrange->isVisible());
+  Settle();
+  EXPECT_TRUE(arrange.isNull());
+}
+
+TEST_F(MdiDropFlow, TypingInTheListGoesIntoTheEditAndNarrowsIt) {
+  OpenWithHistory(12);
+  Key(Qt::Key_Down);
+  for (const char* key : {"g", "1", "x", "1"}) Key(Qt::Key_A, key);
+  EXPECT_EQ(Edit()->text(), "g1x1");
+  EXPECT_EQ(DropItems()->Count(), 3) << "X1, X10 and X11";
+  EXPECT_EQ(DropItems()->Selection(), -1);
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(DropItems()->Count(), 12);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Return, "\r");
+  EXPECT_EQ(Edit()->text(), "G1 X0");
+  EXPECT_EQ(Focus(), Edit());
+}
+
+TEST_F(MdiDropFlow, EscapeAfterTypingKeepsTheTypedTextWithTheCaretAtItsEnd) {
+  OpenWithHistory();
+  Type(Edit(), "G0");
+  Key(Qt::Key_Down);
+  Key(Qt::Key_A, "Y");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Edit()->text(), "G0Y");
+  EXPECT_EQ(Edit()->cursorPosition(), 3);
+  EXPECT_EQ(Focus(), Edit());
+}
+
+TEST_F(MdiDropFlow, AFingerPinsTheSelectedBlock) {
+  OpenWithHistory();
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down);
+  Touch(FindControl(&panel, ZCMDIList::kPinId));
+  EXPECT_EQ(OnDisc("C:\\P108\\MDIP1.DAT"), "G1 X1\r\n");
+  EXPECT_EQ(DropItems()->Note(1).sign, ListSign::kPin);
+  EXPECT_EQ(DropItems()->Selection(), 1);
+  Touch(FindControl(&panel, ZCMDIList::kArrangeId));
+  EXPECT_EQ(DropItems()->Item(0), u"G1 X1") << "pinned blocks come first";
 }
 
 TEST_F(MdiDropFlow, DoesNotOpenWhileABlockRuns) {
