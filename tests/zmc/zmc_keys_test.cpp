@@ -462,5 +462,81 @@ TEST_F(ZmcKeysTest, WithoutAFocusTheFirstStopIsTheMaterial) {
   }
 }
 
+// What is left after a key.
+
+TEST_F(ZmcKeysTest, EnterLeavesTheTextOfTheLineAndAfterEachEditInsertInserts) {
+  OpenPair();
+  Focus(id::kRemark);
+  view->controls.at(id::kRemark).text = u"old";
+  Key(ZmcKey::kEnter);
+  EXPECT_EQ(TextOf(id::kRemark), "old") << "only the blank key blanks it";
+  Key(ZmcKey::kEnter);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kInsert));
+  EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+  Open();
+  Focus(id::kRemark);
+  Key(ZmcKey::kEnter);
+  Key(ZmcKey::kEscape);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kInsert));
+  EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+}
+
+TEST_F(ZmcKeysTest, TheListOfToolsIsClosedWhenATypedToolIsTakenOrDropped) {
+  OpenPair();
+  TypeTool(u"4");
+  Key(ZmcKey::kEnter);
+  EXPECT_FALSE(Control(id::kTool).open);
+  Key(ZmcKey::kSpace);
+  ASSERT_TRUE(Control(id::kTool).open);
+  Key(ZmcKey::kEscape);
+  EXPECT_FALSE(Control(id::kTool).open);
+}
+
+TEST_F(ZmcKeysTest, AToolThatIsDroppedOrTakenLeavesNoLineInEditMode) {
+  OpenPair();
+  for (const ZmcKey key : {ZmcKey::kEscape, ZmcKey::kEnter}) {
+    Open();
+    TypeTool(u"3");
+    Key(key);
+    Forget();
+    EXPECT_TRUE(Key(ZmcKey::kInsert));
+    EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+  }
+}
+
+TEST_F(ZmcKeysTest, WhichStopsThereAreIsDecidedByTheToolThatCountsNotByTheTypedOne) {
+  OpenPair();
+  Pick(id::kTool, u"T3");
+  TypeTool(u"T7");
+  Key(ZmcKey::kDown);
+  EXPECT_EQ(view->focused, id::kFCheck) << "the diameter of a cutter is the table's";
+  EXPECT_EQ(TextOf(id::kTool), "T3");
+}
+
+TEST_F(ZmcKeysTest, SidewaysTheCaretMovesInATypedToolAlone) {
+  OpenPair();
+  TypeTool(u"T");
+  EXPECT_FALSE(Key(ZmcKey::kLeft));
+  EXPECT_FALSE(Key(ZmcKey::kRight));
+  EXPECT_EQ(view->focused, id::kTool);
+  Key(ZmcKey::kEscape);
+  EXPECT_TRUE(Key(ZmcKey::kLeft));
+  EXPECT_NE(view->focused, id::kTool);
+}
+
+TEST_F(ZmcKeysTest, BackTabLeavesTheGridOfTheFactoryAtItsFirstCellThatCanBeEdited) {
+  OpenPair();
+  Focus(id::kGrid);
+  view->main.Select({1, 3});
+  EXPECT_TRUE(Key(ZmcKey::kBackTab));
+  EXPECT_EQ(view->focused, id::kOperation);
+  Focus(id::kGrid);
+  view->main.Select({2, 3});
+  EXPECT_FALSE(Key(ZmcKey::kBackTab));
+  EXPECT_EQ(view->focused, id::kGrid);
+}
+
 }  // namespace
 }  // namespace pnl::test
