@@ -538,5 +538,43 @@ TEST_F(ZmcKeysTest, BackTabLeavesTheGridOfTheFactoryAtItsFirstCellThatCanBeEdite
   EXPECT_EQ(view->focused, id::kGrid);
 }
 
+// What a key asks of the window: its own step and no other.
+
+TEST_F(ZmcKeysTest, AKeyOfTheGridOrOfALineTouchesNoList) {
+  OpenPair();
+  Focus(id::kGrid);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kHome));
+  EXPECT_THAT(All(), testing::IsEmpty());
+  Focus(id::kRemark);
+  Key(ZmcKey::kEnter);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kEscape));
+  EXPECT_THAT(All(), testing::IsEmpty());
+}
+
+TEST_F(ZmcKeysTest, AKeyOfAListDoesOneThingWithIt) {
+  OpenPair();
+  Focus(id::kFUnit);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kSpace));
+  EXPECT_EQ(All(), (Log{"view open list " + std::to_string(id::kFUnit)}));
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kDown));
+  EXPECT_EQ(All(), (Log{"view move in list " + std::to_string(id::kFUnit) + " 1"}));
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kEnter));
+  EXPECT_EQ(All().front(), "view accept " + std::to_string(id::kFUnit));
+  EXPECT_THAT(All(), testing::Not(testing::Contains(testing::HasSubstr("move in list"))));
+}
+
+TEST_F(ZmcKeysTest, ALineThatLosesTheFocusIsNotSelected) {
+  OpenPair();
+  Focus(id::kRemark);
+  Forget();
+  Focus(id::kFCheck);
+  EXPECT_THAT(All(), testing::Not(testing::Contains(testing::HasSubstr("select all"))));
+}
+
 }  // namespace
 }  // namespace pnl::test
