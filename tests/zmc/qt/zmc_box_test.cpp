@@ -291,6 +291,20 @@ TEST_F(ZmcBoxTest, OpeningAnOpenListLeavesItsMark) {
   box->Open(false);
 }
 
+TEST_F(ZmcBoxTest, TheFrameFollowsTheFocusAtOnce) {
+  for (ZmcBox* each : {box, typed}) {
+    (each == box ? typed : box)->setFocus();
+    Settle();
+    const PaintCounter paints(*each);
+    each->setFocus();
+    Settle();
+    EXPECT_EQ(paints.Count(), 1);
+    (each == box ? typed : box)->setFocus();
+    Settle();
+    EXPECT_EQ(paints.Count(), 2);
+  }
+}
+
 TEST_F(ZmcBoxTest, AnotherIndentIsPaintedAtOnce) {
   Settle();
   const PaintCounter paints(*box);
