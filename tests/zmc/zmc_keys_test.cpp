@@ -524,6 +524,10 @@ TEST_F(ZmcKeysTest, SidewaysTheCaretMovesInATypedToolAlone) {
   Key(ZmcKey::kEscape);
   EXPECT_TRUE(Key(ZmcKey::kLeft));
   EXPECT_NE(view->focused, id::kTool);
+  TypeTool(u"4");
+  Key(ZmcKey::kEnter);
+  EXPECT_TRUE(Key(ZmcKey::kLeft)) << "a tool that was taken isn't being typed any more";
+  EXPECT_NE(view->focused, id::kTool);
 }
 
 TEST_F(ZmcKeysTest, BackTabLeavesTheGridOfTheFactoryAtItsFirstCellThatCanBeEdited) {

@@ -632,6 +632,9 @@ TEST_P(ZmcTableTest, TheEndsOfTheTableAreEnds) {
   Grid().Select({1, 1});
   Key(ZmcKey::kBackTab);
   EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
+  Grid().Select({1, 2});
+  Key(ZmcKey::kBackTab);
+  EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
   Grid().Select({4, Table().columns - 1});
   Key(ZmcKey::kTab);
   EXPECT_EQ(Grid().current, (ZmcCell{4, Table().columns - 1}));
