@@ -192,6 +192,17 @@ TEST_F(ZmcExchangeTest, OfAFileThatIsDamagedNoChangesAreShown) {
   EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
 
+TEST_F(ZmcExchangeTest, ATableThatWasShownHasWhatIsImportedAndOneThatWasNotIsNotMade) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kMainTab);
+  Import("kind;description\nmaterial;Bronze\noperation;Boring\n");
+  EXPECT_THAT(view->materials.Column(1), ElementsAre("Bronze", "Steel", "Brass"));
+  EXPECT_EQ(view->made.count(ZmcTab::kOperations), 0u);
+  Menu(zmc_command::kOperationsTab);
+  EXPECT_THAT(view->operations.Column(1), ElementsAre("Boring", "Milling", "Turning"));
+}
+
 TEST_F(ZmcExchangeTest, TheRequestIsNobodysWhenTheToolIsGone) {
   Open();
   Menu(PNL_ZMC_EXPORT);

@@ -49,10 +49,7 @@ ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(kMostRows);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   view()->setItemDelegate(new TallRows(view()));
-  if (typed) {
-    setCompleter(nullptr);
-    lineEdit()->setFrame(false);
-  }
+  if (typed) setCompleter(nullptr);
 }
 
 void ZmcBox::SetTextIndent(int pixels) {
@@ -117,16 +114,10 @@ void ZmcBox::resizeEvent(QResizeEvent* event) {
   PlaceLine();
 }
 
-void ZmcBox::focusInEvent(QFocusEvent* event) {
-  QComboBox::focusInEvent(event);
-  update();
-}
-
 void ZmcBox::focusOutEvent(QFocusEvent* event) {
   // The line has no focus of its own; its box has it.
   const Qt::FocusReason reason = event->reason();
   QComboBox::focusOutEvent(event);
-  update();
   const bool comesBack = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
   if (lineEdit() != nullptr && !comesBack) emit LineLeft();
 }
