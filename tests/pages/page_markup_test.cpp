@@ -62,6 +62,7 @@ const MarkupRow kMarkup[] = {
     {u"<p><li>a<p>b", "<p><li>a<p>b</p></li></p>"},
     {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
     {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
+    {u"<table><tr><td><b>a<td>b</table>", "<table><tr><td><b>a</b></td><td>b</td></tr></table>"},
     {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
      "<table><thead><tr><td>a</td></tr></thead><tbody><tr><td>b</td></tr></tbody></table>"},
     {u"<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>",
@@ -145,7 +146,9 @@ TEST(PageMarkup, OnlyTheNumbersOfAStyleAreLimited) {
   for (const NumberRow& row : {NumberRow{u"1999px 2000px 2001px 09999", "1999px 2000px 2000px 2000"},
                                NumberRow{u"z9000 Z9000 a9000 A9000 _9000", "z9000 Z9000 a9000 A9000 _9000"},
                                NumberRow{u"#999999 #abc9000def-9000", "#999999 #abc9000def-2000"},
-                               NumberRow{u"9000a9000 3.99999", "2000a9000 3.2000"}}) {
+                               NumberRow{u"9000a9000 3.99999", "2000a9000 3.2000"},
+                               NumberRow{u"{9000 [9000 `9000 @9000 /9000 :9000", "{2000 [2000 `2000 @2000 /2000 :2000"},
+                               NumberRow{u"\u00E19000 a\u00E19000", "\u00E12000 a\u00E12000"}}) {
     EXPECT_EQ(ToUtf8(CleanValue(ValueKind::kCss, row.css)), row.limited);
   }
 }
@@ -247,7 +250,7 @@ TEST(PageDecoding, TheEncodingIsFoundWithoutTheMarkupsWord) {
       {"\xE1\x80\x93quoted\x94 \x97 \xF1", "\u00E1\u20AC\u201Cquoted\u201D \u2014 \u00F1"},
       {"\xEF\xBB\xBF\xC3\xA1", "\u00E1"},
       {std::string("\xFF\xFE\xE1\x00\x93\x00", 6), "\u00E1\u0093"},
-      {std::string("\xFE\xFF\x00\xE1", 4), "\u00E1"},
+      {std::string("\xFE\xFF\x00\xE1\x00\x93", 6), "\u00E1\u0093"},
   };
   for (const BytesRow& row : rows) EXPECT_EQ(ToUtf8(DecodePage(row.bytes)), row.text);
 }
