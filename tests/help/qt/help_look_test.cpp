@@ -232,6 +232,35 @@ TEST_F(HelpLook, ThePanesTakeAThirdOfTheWindowWithinLimits) {
   EXPECT_EQ(place(help_id::kPage), QRect(306, 4, 800 - 4 - 306, 592));
 }
 
+TEST_F(HelpLook, InEachPaneTheListTakesTheRoomThatIsLeft) {
+  Make();
+  OpenAt();
+  const auto place = [this](int id) { return QRect(Control(id)->mapTo(tool, QPoint(0, 0)), Control(id)->size()); };
+  Touch(help_id::kIndexTab);
+  EXPECT_EQ(place(help_id::kIndexLine).topLeft(), QPoint(4, 4 + 44 + 4));
+  EXPECT_EQ(place(help_id::kIndexList), QRect(4, 52 + 38 + 4, 264, 596 - 94));
+  Touch(help_id::kSearchTab);
+  EXPECT_EQ(Control(help_id::kSearchKey)->width(), Control(help_id::kSearchKey)->sizeHint().width());
+  EXPECT_EQ(place(help_id::kSearchLine).left(), 4);
+  EXPECT_EQ(place(help_id::kSearchLine).right() + 1 + 4, place(help_id::kSearchKey).left());
+  EXPECT_EQ(place(help_id::kSearchKey).right(), 4 + 264 - 1);
+  Touch(help_id::kSearchKey);
+  EXPECT_EQ(place(help_id::kResults).bottom(), 595);
+  EXPECT_EQ(place(help_id::kResults).top(), place(help_id::kSearchStatus).bottom() + 1 + 4);
+  const auto* status = static_cast<QLabel*>(Control(help_id::kSearchStatus));
+  EXPECT_LT(status->height(), 200) << "no higher than its words";
+  EXPECT_EQ(status->textFormat(), Qt::PlainText);
+  EXPECT_TRUE(status->wordWrap());
+}
+
+TEST_F(HelpLook, TheViewerTakesTheFocusOfAPressBesideItsControls) {
+  Make();
+  OpenAt();
+  EXPECT_EQ(tool->focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(tool->property(property::kTitle).toString(), ToQString(language.LoadToolText(help_text::kTitle)));
+  EXPECT_FALSE(tool->property(property::kTitle).toString().isEmpty());
+}
+
 TEST_F(HelpLook, ARowOfTheIndexIsIndentedSixTimesAtMost) {
   Make();
   OpenAt();
@@ -317,6 +346,10 @@ TEST_F(PickerLook, ItHasItsDialogsSizeInTheMiddleOfTheViewer) {
   EXPECT_EQ(At(dialog, dialog->width() - 2, 30), help_look::kEdge);
   EXPECT_EQ(At(dialog, 30, dialog->height() - 2), help_look::kEdge);
   EXPECT_EQ(FindControl(dialog, help_id::kManuals)->x(), 12);
+  EXPECT_NEAR(FindControl(dialog, help_id::kManuals)->height(), FindControl(dialog, help_id::kRecent)->height(), 1);
+  for (const int id : {help_id::kManuals, help_id::kRecent}) {
+    EXPECT_EQ(FindControl(dialog, id)->minimumHeight(), 36) << "a row at least can be seen";
+  }
   for (const int id : {help_id::kPickerOk, help_id::kPickerCancel}) {
     EXPECT_GE(FindControl(dialog, id)->width(), 120) << id;
   }

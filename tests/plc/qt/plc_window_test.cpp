@@ -438,6 +438,26 @@ TEST_F(PlcWindow, ATitleLineThatChangesIsPaintedAnew) {
   EXPECT_EQ(after([] {}), 0);
 }
 
+// The room that a count gives back has a part of the title that was cut.
+TEST_F(PlcWindow, WithoutItsCountTheWholeTitleLineIsPaintedAnew) {
+  class PaintedArea final : public QObject {
+   public:
+    QRegion area;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) area += static_cast<QPaintEvent*>(event)->region();
+      return false;
+    }
+  } painted;
+  Report(3);
+  Report(5);
+  auto* const title = static_cast<PlcTitleWidget*>(Control(plc_id::kTitle));
+  Settle();
+  title->installEventFilter(&painted);
+  title->SetCount({});
+  Settle();
+  EXPECT_EQ(painted.area.boundingRect(), title->rect());
+}
+
 TEST_F(PlcWindow, TheCountHasTheTitlesColour) {
   Report(3);
   File(u"text.txt#3");
@@ -484,6 +504,18 @@ TEST_F(PlcWindow, ANoteIsInTheMiddleWithRoomAround) {
   EXPECT_TRUE(note->wordWrap());
   EXPECT_EQ(note->font().weight(), QFont::Normal);
   EXPECT_EQ(note->geometry(), QRect(0, 30, 800, 570));
+}
+
+TEST_F(PlcWindow, TheWindowAndItsTextTakeTheFocusOfAPress) {
+  EXPECT_EQ(tool->focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(Control(plc_id::kText)->focusPolicy(), Qt::StrongFocus);
+  Report(3);
+  auto* const edit = Control(plc_id::kText)->findChild<QPlainTextEdit*>();
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), edit);
+  Help(u"plan.bmp");
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), nullptr) << "the text is hidden behind its picture";
+  Help(u"text.txt#3");
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), edit);
 }
 
 TEST_F(PlcWindow, ATextCanBeReadAndNotChanged) {
