@@ -63,6 +63,31 @@ TEST_F(LanguageDeskTest, WhatIsOpenWaitsUntilItCloses) {
   EXPECT_EQ(WindowOf(PNL_TOOL_ERRORS), errors) << "what speaks the language is left alone";
 }
 
+TEST_F(LanguageDeskTest, AChangeOfToolsOrOfErrorsIsReasonEnoughToLookAgain) {
+  for (const bool ofErrors : {false, true}) {
+    Do(Action::kOpenMdi);
+    const PnlWindow mdi = WindowOf(PNL_TOOL_MDI);
+    ASSERT_TRUE(desk_.Switch());
+    Settle();
+    {
+      const QSignalBlocker noTools(session_);
+      const QSignalBlocker noErrors(op_->Desk());
+      ASSERT_EQ(TellMdi(kHide), 0);
+      Settle();
+    }
+    ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+    ASSERT_EQ(PnlIsAlive(mdi), 1);
+    if (ofErrors) {
+      emit op_->Desk().Changed();
+    } else {
+      emit session_.ToolsChanged();
+    }
+    EXPECT_EQ(PnlIsAlive(mdi), 1) << "not while somebody is at work";
+    Settle();
+    EXPECT_EQ(PnlIsAlive(mdi), 0) << ofErrors;
+  }
+}
+
 TEST_F(LanguageDeskTest, AHiddenCommandLineKeepsItsBlockUntilItIsDone) {
   struct Row {
     const char* block;
