@@ -34,19 +34,6 @@ TEST_F(MdiWindowTest, IsMadeHiddenWithItsFourControls) {
   EXPECT_EQ(Edit()->property("pnlLimit").toInt(), 255);
 }
 
-TEST_F(MdiWindowTest, TheWordAtFaultStaysSelectedWithoutTheFocus) {
-  Open();
-  Type(Edit(), "G1 X5 Q7");
-  Edit()->Select({6, 8});
-  other->setFocus(Qt::MouseFocusReason);
-  EXPECT_EQ(Edit()->selectedText(), "Q7");
-  Edit()->setCursorPosition(0);
-  Edit()->setFocus();
-  Edit()->setSelection(0, 2);
-  other->setFocus(Qt::MouseFocusReason);
-  EXPECT_FALSE(Edit()->hasSelectedText()) << "what the operator marks goes with the focus";
-}
-
 TEST_F(MdiWindowTest, LiesAsALineAtTheParentsBottom) {
   Open();
   EXPECT_EQ(tool->geometry(), QRect(0, 400 - 29, 600, 29));
