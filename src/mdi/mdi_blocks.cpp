@@ -52,7 +52,7 @@ void MdiBlocks::Send(MDIDATA_ST& record) {
 /// Keeps the refused block and selects the word at fault in the edit, so that the operator can type over it.
 void MdiBlocks::ShowRefusal(MDIDATA_ST& record, const Text& block, std::int32_t errorsBefore) {
   record.Refused = refusals_.Read(record.Channel, block, errorsBefore);
-  if (record.Refused->word && record.TypesInEdit()) screen_.SetSelection(*record.Refused->word);
+  if (record.TypesInEdit()) screen_.SelectRefusedWord(*record.Refused);
 }
 
 void MdiBlocks::Start(MDIDATA_ST& record, bool fromKey) {

@@ -103,7 +103,14 @@ void MdiScreen::ShowAborted(const MDIDATA_ST& record) {
 
 void MdiScreen::SetSelection(TextSelection selection) {
   selection_ = selection;
+  selectedIn_.clear();
   View().SetEditSelection(selection);
+}
+
+void MdiScreen::SelectRefusedWord(const MdiRefusal& refusal) {
+  if (!refusal.word) return;
+  SetSelection(*refusal.word);
+  selectedIn_ = refusal.block;
 }
 
 void MdiScreen::SetCaretToEnd() {
@@ -113,6 +120,8 @@ void MdiScreen::SetCaretToEnd() {
 
 void MdiScreen::OnEditFocus(bool focused) {
   if (focused) {
+    // A word at fault stays selected only until the block is corrected: the correction must not be typed over.
+    if (!selectedIn_.empty() && View().EditText() != selectedIn_) SetCaretToEnd();
     View().SetEditSelection(selection_);
     View().ScrollEditCaret();
   }

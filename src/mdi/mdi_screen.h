@@ -46,6 +46,9 @@ class MdiScreen {
 
   /// Sets the selection of the edit, now and each time when it gets the focus back.
   void SetSelection(TextSelection selection);
+  /// Selects the word at fault of a refused block, which the edit has, if the error named one. It gets the selection
+  /// back with the focus only while the edit still has that block.
+  void SelectRefusedWord(const MdiRefusal& refusal);
   /// Sets the caret after the last character.
   void SetCaretToEnd();
   /// The edit got or lost the focus.
@@ -79,7 +82,6 @@ class MdiScreen {
   [[nodiscard]] MdiView& View() const { return view_(); }
   [[nodiscard]] MdiLayout LayoutFor(MdiRole role) const;
   void ShowAccess(MdiRole role, const MDIDATA_ST* record);
-  void SelectRefusedWord(const MDIDATA_ST* record, TextView block);
 
   const MdiViewAccess view_;
   const MdiSettings& settings_;
@@ -87,6 +89,7 @@ class MdiScreen {
   int listFills_ = 0;
   bool arranged_ = false;  // what the drop list shows
   MdiRole displayedRole_ = MdiRole::kMdi;
+  Text selectedIn_;  // the refused block in which selection_ is the word at fault; empty for any other selection
   TextSelection selection_;  // the edit gets this selection back with the focus
 };
 

@@ -35,18 +35,12 @@ void MdiScreen::EndDropList(std::intptr_t verdict, const MDIDATA_ST* record) {
   if (verdict == MdiDropList::kPicked && !kept) {
     View().SetEditText(picked);
     View().FocusEdit();
-    SelectRefusedWord(record, picked);
+    if (record != nullptr && record->Refused && record->Refused->block == picked) SelectRefusedWord(*record->Refused);
   } else {
     View().FocusEdit();
     SetSelection(selection_);
   }
   CloseDropList();
-}
-
-/// If the block was refused and the error named a word of it, selects the word, so that it can be typed over.
-void MdiScreen::SelectRefusedWord(const MDIDATA_ST* record, TextView block) {
-  if (record == nullptr || !record->Refused || record->Refused->block != block) return;
-  if (record->Refused->word) SetSelection(*record->Refused->word);
 }
 
 void MdiScreen::TypeIntoEdit(TextView text) {

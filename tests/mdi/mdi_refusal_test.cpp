@@ -109,6 +109,15 @@ TEST_F(MdiRefused, TheSelectionComesBackWithTheFocus) {
   EXPECT_EQ(view->selection, (TextSelection{3, 5}));
 }
 
+TEST_F(MdiRefused, ACorrectedBlockIsNotTypedOver) {
+  Raise(Naming(u"Q7", 3));
+  Refuse("G1 Q7 X5");
+  Type("G1 Y7 X5 F100");
+  view->Move(FakeMdiView::Focus::kElsewhere);
+  view->Move(FakeMdiView::Focus::kEdit);
+  EXPECT_EQ(view->selection, (TextSelection{13, 13}));
+}
+
 TEST_F(MdiRefused, WithoutANewErrorNothingIsSelectedAndTheKernelIsNotAsked) {
   cnc.kernel.errors = {Naming(u"Q7", 3)};
   cnc.vars.Set("E.NERRORS", 1);
