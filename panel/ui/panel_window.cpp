@@ -96,6 +96,7 @@ PanelWindow::~PanelWindow() { session_.CloseAll(); }
 void PanelWindow::Connect() {
   connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::PlacePlcView);
+  connect(&session_, &HostSession::WorkChanged, this, &PanelWindow::ShowBars);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
   connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
     editor_->Insert(text);
@@ -159,6 +160,9 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceErrors();
     PlaceEditor();
   }
+  // The operator may move it partly out of sight later, and where that was may be out of sight on this screen.
+  const bool shows = event->type() == QEvent::Show && watched->isWidgetType();
+  if (shows && watched->property("pnlTool") == PNL_TOOL_CALCULATOR) PlaceCalculator(static_cast<QWidget*>(watched));
   if (event->type() == QEvent::DynamicPropertyChange) {
     const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
     if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
@@ -255,39 +259,14 @@ void PanelWindow::LayOut() {
   errorList_->SetFontPixels(pixels(16));
   credentials_->SetFontPixels(pixels(16));
   PlaceErrors();
+  PlaceCalculator(static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_CALCULATOR))));
   PlacePlcView();
   PlaceEditor();
-}
-
-void PanelWindow::PlaceErrors() {
-  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
-  // the window stays as the tool makes it.
-  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
-  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
-  const QSize size = errors->size().boundedTo(toolArea_->size());
-  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
-  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
-  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
-}
-
-void PanelWindow::PlacePlcView() {
-  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
-  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
 }
 
 void PanelWindow::ShowSideBar() {
   // On a small panel a cover begins below the top of the side bar and would leave a slice of it visible.
   sideBar_->setVisible(!layout_.sideBar.isEmpty() && (layout_.wide || !Covered()));
-}
-
-void PanelWindow::PlaceEditor() {
-  QRect place = SeenToolArea();
-  // The program stays readable beside a tool, wherever the tool is.
-  for (const PnlWindow window : session_.ToolWindows()) {
-    const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
-    if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
-  }
-  editor_->setGeometry(place);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }

@@ -117,12 +117,15 @@ class PanelWindow : public QWidget, public PanelFace {
   void PlaceMessages();
   /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
+  /// Moves the calculator, if there is one, so that all of it can be seen.
+  void PlaceCalculator(QWidget* tool);
   /// The PLC message view fills the tool area.
   void PlacePlcView();
   void ShowSideBar();
   void ShowMachine();
   void ShowStartReason();
   void ShowBars();
+  void ShowSideKeys();
   [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
   [[nodiscard]] bool ShowsVideo() const;
   void ShowMessages();
