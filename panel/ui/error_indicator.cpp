@@ -86,8 +86,13 @@ void ErrorIndicator::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QColor edge = hasFocus() ? QColor(theme::kAccent) : QColor(theme::kBorder);
   theme::DrawField(painter, rect(), Fill(), edge, 6);
-  theme::DrawText(painter, rect().adjusted(6, 0, -6, 0), Qt::AlignCenter, text(),
-                  theme::FittingFont(text(), width() - 12, fontPixels_, 11, ErrorCount() != 0), Ink());
+  const QRect field = rect().adjusted(6, 0, -6, 0);
+  const QFont font = theme::FittingFont(text(), field.width(), fontPixels_, 11, ErrorCount() != 0);
+  // On the smallest panel the count goes below its word; it must not be cut.
+  if (QFontMetrics(font).horizontalAdvance(text()) > field.width()) {
+    return theme::DrawParagraph(painter, field, Qt::AlignCenter, text(), font, Ink());
+  }
+  theme::DrawText(painter, field, Qt::AlignCenter, text(), font, Ink());
 }
 
 }  // namespace panel

@@ -66,6 +66,11 @@ std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, 
   return items;
 }
 
+std::vector<SoftKeyItem> PanelSideItemsOverTool(bool atError) {
+  if (!atError) return {};
+  return {PlainItem(kErrorPlaceItem, Word::kGoToError)};
+}
+
 std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {
   std::vector<SoftKeyItem> items;
   for (const DemoFault& fault : DemoFaults()) {

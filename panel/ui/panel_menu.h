@@ -17,6 +17,9 @@ namespace panel {
 /// error of a program, its key leads to the place of the error.
 [[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError = false);
 
+/// The panel's side keys while a tool without side keys is worked in: at most the one that leads to an error.
+[[nodiscard]] std::vector<SoftKeyItem> PanelSideItemsOverTool(bool atError);
+
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 

@@ -98,6 +98,7 @@ PanelWindow::~PanelWindow() { session_.CloseAll(); }
 void PanelWindow::Connect() {
   connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::PlacePlcView);
+  connect(&session_, &HostSession::WorkChanged, this, &PanelWindow::ShowBars);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
   connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
     editor_->Insert(text);
@@ -163,6 +164,9 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceErrors();
     PlaceEditor();
   }
+  // The operator may move it partly out of sight later, and where that was may be out of sight on this screen.
+  const bool shows = event->type() == QEvent::Show && watched->isWidgetType();
+  if (shows && watched->property("pnlTool") == PNL_TOOL_CALCULATOR) PlaceCalculator(static_cast<QWidget*>(watched));
   if (event->type() == QEvent::DynamicPropertyChange) {
     const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
     if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
@@ -265,6 +269,7 @@ void PanelWindow::LayOut() {
   credentials_->SetFontPixels(pixels(16));
   first_->SetFontPixels(pixels(16));
   PlaceErrors();
+  PlaceCalculator(static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_CALCULATOR))));
   PlacePlcView();
   PlaceEditor();
 }
@@ -272,16 +277,6 @@ void PanelWindow::LayOut() {
 void PanelWindow::ShowSideBar() {
   // On a small panel a cover begins below the top of the side bar and would leave a slice of it visible.
   sideBar_->setVisible(!layout_.sideBar.isEmpty() && (layout_.wide || !Covered()));
-}
-
-void PanelWindow::PlaceEditor() {
-  QRect place = SeenToolArea();
-  // The program stays readable beside a tool, wherever the tool is.
-  for (const PnlWindow window : session_.ToolWindows()) {
-    const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
-    if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
-  }
-  editor_->setGeometry(place);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }

@@ -124,12 +124,17 @@ class PanelWindow : public QWidget, public PanelFace {
   void PlaceEditor();
   /// Places the messages, and beside them the key that puts back what was removed.
   void PlaceMessages();
+  /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
+  /// Moves the calculator, if there is one, so that all of it can be seen.
+  void PlaceCalculator(QWidget* tool);
+  /// The PLC message view fills the tool area.
   void PlacePlcView();
   void ShowSideBar();
   void ShowMachine();
   void ShowStartReason();
   void ShowBars();
+  void ShowSideKeys();
   [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
   [[nodiscard]] bool ShowsVideo() const;
   void ShowMessages();
