@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(OptionsTest, TheHelpNamesEveryOptionOfTheProtocol) {
   for (const char* name : {"--headless", "--rpc", "--root", "--bare", "--machine", "--lang", "--time", "--size",
-                           "--guided", "--until-painted", "--keys"}) {
+                           "--guided", "--until-painted", "--keys", "--touch", "--journal", "--settings"}) {
     EXPECT_TRUE(OptionsHelp().contains(name)) << name;
   }
 }
