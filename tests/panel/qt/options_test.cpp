@@ -123,10 +123,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(OptionsTest, TheHelpNamesEveryOptionOfTheProtocol) {
   for (const char* name : {"--headless", "--rpc", "--root", "--bare", "--machine", "--lang", "--time", "--size",
-                           "--journal", "--touch", "--guided", "--until-painted", "--keys", "--help"}) {
+                           "--journal", "--touch", "--guided", "--until-painted", "--keys", "--settings", "--help"}) {
     EXPECT_EQ(OptionsHelp().count(QStringLiteral("\n  %1 ").arg(name)), 1) << name;
   }
-  EXPECT_EQ(OptionsHelp().count('\n'), 2 + 14) << "the heading, a blank line and a line for each option";
+  EXPECT_EQ(OptionsHelp().count('\n'), 2 + 15) << "the heading, a blank line and a line for each option";
   EXPECT_TRUE(OptionsHelp().startsWith("pnlpanel: the panel program of the tool library\n\n  --headless "));
   EXPECT_TRUE(OptionsHelp().contains("\n  --root DIR               the folder behind drive C:\n"));
   EXPECT_TRUE(OptionsHelp().contains("\n  --keys                   print the table of keys and leave\n"));

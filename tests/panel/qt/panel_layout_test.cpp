@@ -63,6 +63,16 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutAt,
                                            SizeRow{{1199, 701}, 96}, SizeRow{{1366, 768}, 120},
                                            SizeRow{{1920, 1080}, 96}, SizeRow{{1920, 1080}, 160}));
 
+TEST(LayoutTest, TheBiggestKeysLeaveAnEighthForTheToolArea) {
+  for (const QSize& size : {QSize(800, 480), QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+    const int most = MostTouch(size);
+    EXPECT_GE(LayOutWithin(size, most).toolArea.height() * 8, size.height()) << size.width();
+    EXPECT_LT(LayOutWithin(size, most + 1).toolArea.height() * 8, size.height()) << size.width();
+    EXPECT_GE(most, theme::TouchPixels(130)) << size.width();
+  }
+  EXPECT_GE(MostTouch(QSize(1, 1)), 34) << "a key is never smaller";
+}
+
 struct LayoutRow {
   bool around;  // the size is that of the tool area, else of the window
   QSize size;

@@ -7,9 +7,11 @@
 #include <QApplication>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
+#include <QWidget>
 
 #include "panel/qt/picture.h"
 
@@ -117,6 +119,20 @@ TEST(ThemeTest, AKeyIsNineMillimetresAndNeverLessThanThirtyFourPixels) {
               {-96, 35},
               {std::numeric_limits<double>::infinity(), 35}};
   for (const auto& row : rows) EXPECT_EQ(theme::TouchPixels(row.dotsPerInch), row.pixels) << row.dotsPerInch;
+}
+
+TEST(ThemeTest, AWidthThatIsSetGoesBeforeWhatTheScreenReports) {
+  const QWidget widget;
+  const double pixels = widget.screen()->size().width();
+  const double reported = widget.screen()->physicalDotsPerInch();
+  theme::SetScreenWidth(pixels * theme::kMillimetresPerInch / 150);
+  EXPECT_NEAR(theme::DensityOf(widget), 150, 1e-9);
+  EXPECT_EQ(theme::TouchPixels(widget), theme::TouchPixels(150.0));
+  for (const double impossible : {0.0, -300.0, pixels * theme::kMillimetresPerInch / 39, pixels / 50, 1e300}) {
+    theme::SetScreenWidth(impossible);
+    EXPECT_EQ(theme::DensityOf(widget), reported) << impossible;
+  }
+  theme::SetScreenWidth(0);
 }
 
 TEST(ThemeTest, ColoursOfThePanelAndOfTheTools) {
