@@ -3,6 +3,7 @@
 // languages. The panel is walked through once; each test looks at what was found.
 #include "panel/windows/qt/every_window.h"
 
+#include <QPushButton>
 #include <map>
 
 #include "support/painted_texts.h"
@@ -175,6 +176,27 @@ TEST(EveryWindowTest, NoExceptionForATextIsLeftOver) { ExpectAllNeeded(Walked().
 TEST(EveryWindowTest, EverythingThatIsPressedIsBigEnough) { ExpectOnly(Walked().small, kSmall); }
 
 TEST(EveryWindowTest, NoExceptionForASizeIsLeftOver) { ExpectAllNeeded(Walked().small, kSmall); }
+
+// What would otherwise only be seen on the day when somebody breaks a colour or a size.
+TEST(EveryWindowTest, ABrokenColourAndABrokenSizeAreSeen) {
+  EveryWindow all(QSize(800, 600), "en");
+  PanelKey& start = *all.Panel().Keys().Key(Action::kCycleStart);
+  start.resize(start.width(), MovingPixels(theme::TouchPixels(start)) - 1);
+  QPalette pale;
+  pale.setColor(QPalette::ButtonText, QColor(theme::kFaint).darker(120));
+  QPushButton button("pale", &all.Panel());
+  button.setPalette(pale);
+  button.resize(theme::TouchPixels(button) - 1, 100);
+  button.show();
+  Walk walk;
+  LookAtTexts(walk, all.Panel(), "here");
+  LookAtTargets(walk, all.Panel(), "here");
+  ASSERT_EQ(walk.pale.size(), 1u);
+  EXPECT_NE(walk.pale.begin()->second.where.find("'pale'"), std::string::npos) << walk.pale.begin()->first;
+  EXPECT_EQ(walk.small.size(), 2u);
+  EXPECT_TRUE(walk.small.contains("button of PanelKey"));
+  EXPECT_TRUE(walk.small.contains("button of PanelWindow"));
+}
 
 TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   const Walk& walk = Walked();
