@@ -83,6 +83,9 @@ class TouchTargets {
   void AddBar(const QScrollBar& bar) {
     if (bar.maximum() <= bar.minimum()) return;
     AddPart(bar, "scroll bar", bar.rect());
+    // A short bar has room for its arrows alone, which are as big.
+    const int thickness = std::min(bar.width(), bar.height());
+    if (std::max(bar.width(), bar.height()) < 3 * thickness) return;
     QStyleOptionSlider option;
     option.initFrom(&bar);
     option.orientation = bar.orientation();

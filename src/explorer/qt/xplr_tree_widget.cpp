@@ -62,7 +62,6 @@ ZCFolderTree::ZCFolderTree(int id, QWidget* parent) : MessageControl(id, parent)
   setSelectionMode(QAbstractItemView::SingleSelection);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
-  setHorizontalScrollBar(new WideScrollBar(Qt::Horizontal, this));
   setItemDelegate(new FingerRows(this));
   connect(this, &QTreeWidget::itemExpanded, this, &ZCFolderTree::OnExpanded);
   connect(this, &QTreeWidget::itemSelectionChanged, this, &ZCFolderTree::OnSelectionChanged);

@@ -3,6 +3,7 @@
 // languages. The panel is walked through once; each test looks at what was found.
 #include "panel/windows/qt/every_window.h"
 
+#include <QPushButton>
 #include <map>
 
 #include "support/painted_texts.h"
@@ -105,7 +106,8 @@ const Walk& Walked() {
           const std::string where = name + " at " + std::to_string(size.width()) + ' ' + language;
           ++made.looks;
           for (QWidget* window : all.Windows()) {
-            LookAtTexts(made, *window, where);
+            // No colour depends on the language.
+            if (language == std::string_view("en")) LookAtTexts(made, *window, where);
             LookAtTargets(made, *window, where);
           }
         });
@@ -123,6 +125,18 @@ constexpr Exception kPale[] = {
      "field too, black on grey"},
     {"ZWCStatic 1101: #ffffff on #978d83", 3.2,
      "The colours of the caption belong to the explorer's fixed look. Its letters are big"},
+    {"ZWCStatic 3013: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3015: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3026: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3036: #786e64 on #3a342d", 2.4, "The tool names this colour for labels of what its tool hasn't got"},
+    {"ZWCStatic 3019: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3022: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3025: #978d83 on #786e64", 1.5, "The tool names the colours of the label without DMC and of the band"},
+    {"ZWCStatic 3019: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZWCStatic 3022: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZWCStatic 3025: #d3c9bf on #786e64", 3, "The tool names the colours of the label with DMC and of the band"},
+    {"ZmcBox 3008: #000000 on #1e140a", 1.1, "At 800x600 the page is so low that letters touch the frame of the focus"},
+    {"ZCGridXWrap 3028: #141a21 on #0a6ec8", 3.3, "At 800x600 a cell is so low that letters touch its frame"},
 };
 
 /// Targets that may be smaller, each with the reason. The least side is in millimetres.
@@ -176,6 +190,27 @@ TEST(EveryWindowTest, EverythingThatIsPressedIsBigEnough) { ExpectOnly(Walked().
 
 TEST(EveryWindowTest, NoExceptionForASizeIsLeftOver) { ExpectAllNeeded(Walked().small, kSmall); }
 
+// What would otherwise only be seen on the day when somebody breaks a colour or a size.
+TEST(EveryWindowTest, ABrokenColourAndABrokenSizeAreSeen) {
+  EveryWindow all(QSize(800, 600), "en");
+  PanelKey& start = *all.Panel().Keys().Key(Action::kCycleStart);
+  start.resize(start.width(), MovingPixels(theme::TouchPixels(start)) - 1);
+  QPalette pale;
+  pale.setColor(QPalette::ButtonText, QColor(theme::kFaint).darker(120));
+  QPushButton button("pale", &all.Panel());
+  button.setPalette(pale);
+  button.resize(theme::TouchPixels(button) - 1, 100);
+  button.show();
+  Walk walk;
+  LookAtTexts(walk, all.Panel(), "here");
+  LookAtTargets(walk, all.Panel(), "here");
+  ASSERT_EQ(walk.pale.size(), 1u);
+  EXPECT_NE(walk.pale.begin()->second.where.find("'pale'"), std::string::npos) << walk.pale.begin()->first;
+  EXPECT_EQ(walk.small.size(), 2u);
+  EXPECT_TRUE(walk.small.contains("button of PanelKey"));
+  EXPECT_TRUE(walk.small.contains("button of PanelWindow"));
+}
+
 TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   const Walk& walk = Walked();
   const auto rows = static_cast<int>(EveryWindowRows().size());
@@ -183,7 +218,7 @@ TEST(EveryWindowTest, EachLookSawTheMachinesKeysAndMuchMore) {
   // The nine keys of the machine are always there, and the eight of the reserved row.
   EXPECT_GE(walk.machineKeys, walk.looks * 17);
   EXPECT_GT(walk.targets, walk.looks * 5);
-  EXPECT_GT(walk.texts, walk.looks * 20);
+  EXPECT_GT(walk.texts, walk.looks / 2 * 20);
 }
 
 }  // namespace

@@ -22,7 +22,8 @@ class TouchTargetsTest : public ::testing::Test {
   [[nodiscard]] std::vector<TouchTarget> Found(const std::string& part) {
     pnl::test::Activate(window_);
     std::vector<TouchTarget> found;
-    for (const TouchTarget& target : TouchTargets(window_).All()) {
+    const TouchTargets targets(window_);
+    for (const TouchTarget& target : targets.All()) {
       if (target.part == part) found.push_back(target);
     }
     return found;
@@ -58,7 +59,7 @@ TEST_F(TouchTargetsTest, WhatIsHiddenCoveredOrOutsideIsntThere) {
 
 TEST_F(TouchTargetsTest, EachRowOfAListIsOneAndItsScrollBarHasAHandle) {
   QListWidget list(&window_);
-  list.setGeometry(0, 0, 200, 100);
+  list.setGeometry(0, 0, 200, 190);
   for (int i = 0; i < 50; ++i) list.addItem(new QListWidgetItem(QString::number(i)));
   for (int i = 0; i < 50; ++i) list.item(i)->setSizeHint(QSize(50, 20));
   const auto rows = Found("row");
