@@ -228,8 +228,9 @@ TEST_F(HelpLook, ThePanesTakeAThirdOfTheWindowWithinLimits) {
   EXPECT_EQ(place(help_id::kContents).top(), 4 + 44 + 4);
   EXPECT_EQ(place(help_id::kContents).bottom(), 600 - 1 - 4);
   EXPECT_EQ(place(help_id::kIndexTab).left(), place(help_id::kContentsTab).right() + 1 + 4);
-  EXPECT_EQ(place(help_id::kPanesKey), QRect(4 + 264 + 4, 4, 30, 592));
-  EXPECT_EQ(place(help_id::kPage), QRect(306, 4, 800 - 4 - 306, 592));
+  const int finger = FingerPixels(*tool);
+  EXPECT_EQ(place(help_id::kPanesKey), QRect(4 + 264 + 4, 4, finger, 592));
+  EXPECT_EQ(place(help_id::kPage), QRect(276 + finger, 4, 800 - 4 - 276 - finger, 592));
 }
 
 TEST_F(HelpLook, InEachPaneTheListTakesTheRoomThatIsLeft) {
