@@ -63,22 +63,6 @@ void PanelWindow::LetErrorsPass() {
   keyboard_->Restore();
 }
 
-void PanelWindow::PlaceErrors() {
-  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
-  // the window stays as the tool makes it.
-  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
-  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
-  const QSize size = errors->size().boundedTo(toolArea_->size());
-  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
-  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
-  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
-}
-
-void PanelWindow::PlacePlcView() {
-  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
-  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
-}
-
 void PanelWindow::AskToClose() {
   const QString text = Say(Word::kCloseAsked);
   if (answer_) return op_.Desk().AnswerClose(answer_(text));
