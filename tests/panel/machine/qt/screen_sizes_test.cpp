@@ -220,7 +220,7 @@ TEST_F(ScreenSizesTest, OverAMessageTheSideBarIsEmptyAndTheProgramGetsItsKeysBac
   Settle();
   ASSERT_TRUE(session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES));
   EXPECT_EQ(SideTexts(), QStringList());
-  Key(Qt::Key_Escape);
+  session_.TypeInto(PNL_TOOL_PLC_MESSAGES, Qt::Key_Escape);
   Settle();
   ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_PLC_MESSAGES));
   EXPECT_EQ(SideTexts(), ofProgram);
