@@ -678,7 +678,8 @@ TEST(IndicatorPictureTest, TheIndicatorShowsItsCountInItsColours) {
     indicator.SetFontPixels(18);
     EXPECT_EQ(StrokesOf(indicator), expected(row.fill, 18)) << row.what;
     indicator.setDown(true);
-    EXPECT_EQ(StrokesOf(indicator), expected(theme::kPressed, 18)) << row.what;
+    EXPECT_EQ(indicator.Fill(), QColor(theme::kPressed)) << row.what;
+    EXPECT_EQ(indicator.Ink(), theme::InkOn(QColor(theme::kPressed))) << row.what;
     indicator.resize(30, 40);
     EXPECT_THAT(StrokesOf(indicator).back(), ::testing::HasSubstr(" 11 px"));
   }
