@@ -79,7 +79,6 @@ void TouchDesk::Toggle() {
   forced_ = true;
   switchedOn_ = true;
   interrupted_ = false;
-  away_ = false;
   typed_ = false;
   Review();
   emit Switched(switchedOn_);
@@ -131,7 +130,6 @@ void TouchDesk::OnFinger(const QPointer<QWidget>& touched) {
   if (!touched || focus == nullptr || !TakesText(*focus)) return;
   if (focus != touched && !focus->isAncestorOf(touched)) return;
   interrupted_ = false;
-  Review();
   wanted_ = true;
   away_ = false;
   typed_ = false;
