@@ -54,6 +54,36 @@ TEST_F(UndoOfferTest, SaysWhatItPutsBack) {
   EXPECT_EQ(Offered().text(), "Undo: G0 X2") << "the one before is offered next";
 }
 
+TEST_F(UndoOfferTest, IsAKeyInTheColourOfWhatCanBeDone) {
+  EXPECT_EQ(Offered().Tint(), QColor(theme::kAccent));
+  EXPECT_EQ(Offered().KeyName(), KeysOf(Action::kUndoRemoval).first().toString());
+  const QString tip = Offered().toolTip();
+  EXPECT_FALSE(tip.isEmpty());
+  window_->SwitchLanguage();
+  EXPECT_NE(Offered().toolTip(), tip) << "also while nothing is offered";
+  EXPECT_FALSE(Offered().IsOpen());
+}
+
+TEST_F(UndoOfferTest, EachRemovalIsOfferedForTenSecondsOfItsOwn) {
+  int changes = 0;
+  QObject::connect(&Offered(), &UndoOffer::Changed, [&changes] { ++changes; });
+  Command(kDelete);
+  EXPECT_EQ(changes, 1);
+  window_->TimeAdvanced(6000);
+  Command(kDelete);
+  ASSERT_EQ(Rows(), 1);
+  EXPECT_EQ(changes, 2);
+  window_->TimeAdvanced(9999);
+  EXPECT_TRUE(Offered().IsOpen());
+  window_->TimeAdvanced(1);
+  EXPECT_FALSE(Offered().IsOpen());
+  EXPECT_EQ(changes, 3);
+  window_->TimeAdvanced(20'000);
+  EXPECT_EQ(changes, 3) << "it goes once";
+  Do(Action::kUndoRemoval);
+  EXPECT_EQ(Rows(), 1) << "the tool has forgotten both";
+}
+
 TEST_F(UndoOfferTest, SaysItInTheOtherLanguageWhenThatIsChanged) {
   Command(kClear);
   window_->SwitchLanguage();
