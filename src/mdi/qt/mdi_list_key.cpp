@@ -2,19 +2,13 @@
 #include "mdi/qt/mdi_list_key.h"
 
 #include <QtGui/QPainter>
-#include <algorithm>
-#include <cmath>
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
-#include "window/qt/control_properties.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kFingerHeight = 34;
-constexpr double kFingerMillimetres = 9;
-constexpr double kMillimetresPerInch = 25.4;
 constexpr int kMargin = 6;
 constexpr int kSmallestText = 10;
 constexpr QRgb kGround = 0xff24303b;
@@ -25,18 +19,12 @@ constexpr QRgb kDisabledText = 0xff9fb0c0;
 
 }  // namespace
 
-MdiListKey::MdiListKey(int id, WindowHandle owner, QWidget* panel) : QAbstractButton(panel) {
-  MarkControl(this, id, control_kind::kButton);
-  setProperty(property::kOwner, owner);
+MdiListKey::MdiListKey(const QString& name, QWidget* panel) : QAbstractButton(panel) {
+  setObjectName(name);
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   if (const auto made = MakeFont(QStringLiteral("Arial"), -15, 600)) setFont(*made);
   hide();
-}
-
-int MdiListKey::LeastHeight() const {
-  const double pixels = kFingerMillimetres * std::max(physicalDpiY(), 1) / kMillimetresPerInch;
-  return std::max(kFingerHeight, static_cast<int>(std::ceil(std::min(pixels, 4.0 * kFingerHeight))));
 }
 
 void MdiListKey::paintEvent(QPaintEvent* /*event*/) {

@@ -5,8 +5,6 @@
 
 #include <QtWidgets/QAbstractButton>
 
-#include "window/window.h"
-
 namespace pnl {
 
 class MdiListKey final : public QAbstractButton {
@@ -14,11 +12,8 @@ class MdiListKey final : public QAbstractButton {
   Q_PROPERTY(QString pnlText READ text)
 
  public:
-  /// Makes a hidden key. owner is the handle of the list, for those who look for controls by handle and id.
-  MdiListKey(int id, WindowHandle owner, QWidget* panel);
-
-  /// The height that a finger needs on the key's screen.
-  [[nodiscard]] int LeastHeight() const;
+  /// Makes a hidden key. It is no control of the list: who looks for these finds the list box alone.
+  MdiListKey(const QString& name, QWidget* panel);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QtWidgets/QApplication>
 #include <algorithm>
 
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -28,8 +29,8 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
       owner_(&owner),
       verdict_(windows, owner.Handle()),
       list_(new ListBox(kListId, this)),
-      arrangeKey_(new MdiListKey(kArrangeId, Handle(), panel)),
-      pinKey_(new MdiListKey(kPinId, Handle(), panel)) {
+      arrangeKey_(new MdiListKey(QLatin1String(kArrangeKey), panel)),
+      pinKey_(new MdiListKey(QLatin1String(kPinKey), panel)) {
   hide();
   SetTitleProperty(u"MDI");
   setFocusProxy(list_);
@@ -89,7 +90,7 @@ void ZCMDIList::ShowKeys(const MdiDropKeys& keys) {
 void ZCMDIList::PlaceKeys() {
   const QWidget* panel = parentWidget();
   if (panel == nullptr) return;
-  const int height = arrangeKey_->LeastHeight();
+  const int height = FingerPixels(*arrangeKey_);
   const int wanted = keysAbove_ ? y() - height : y() + this->height();
   const int top = std::clamp(wanted, 0, std::max(0, panel->height() - height));
   const int arrangeWidth = width() * 3 / 5;

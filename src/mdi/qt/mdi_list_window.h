@@ -23,8 +23,8 @@ class ZCMDIList : public ToolDialog {
   /// The id of the list box.
   static constexpr int kListId = 5002;
   /// The ids of the keys: the one that arranges the list, and the one that pins the selected row.
-  static constexpr int kArrangeId = 5010;
-  static constexpr int kPinId = 5011;
+  static constexpr const char* kArrangeKey = "mdiArrangeKey";
+  static constexpr const char* kPinKey = "mdiPinKey";
 
   /// Makes a hidden child of panel, over which the list will lie. owner gets the verdict and may be destroyed before
   /// the list. windows must outlive the list.

@@ -233,6 +233,7 @@ TEST_F(XplrFailingTest, OnlyATouchOnTheSelectedNodeIsOneAgain) {
   EXPECT_TRUE(touched.empty());
   PressServer();
   EXPECT_EQ(touched.size(), 1u);
+  Tree()->resize(Tree()->width(), 2000);
   PressMouse(Tree()->viewport(), QPoint(5, Tree()->viewport()->height() - 5), QEvent::MouseButtonPress);
   EXPECT_EQ(touched.size(), 1u) << "below the nodes";
 }

@@ -18,8 +18,8 @@ TEST_F(MdiRecallFlow, ItsKeysLieBesideItWithoutTakingItsFocus) {
   OpenWithHistory();
   Key(Qt::Key_Down);
   ASSERT_NE(Drop(), nullptr);
-  QWidget* arrange = FindControl(&panel, ZCMDIList::kArrangeId);
-  QWidget* pin = FindControl(&panel, ZCMDIList::kPinId);
+  QWidget* arrange = panel.findChild<QWidget*>(ZCMDIList::kArrangeKey);
+  QWidget* pin = panel.findChild<QWidget*>(ZCMDIList::kPinKey);
   ASSERT_NE(arrange, nullptr);
   ASSERT_NE(pin, nullptr);
   EXPECT_EQ(arrange->geometry().bottom() + 1, Drop()->y()) << "above a list that is above the edit";
@@ -37,13 +37,13 @@ TEST_F(MdiRecallFlow, ItsKeysAreBelowAListThatIsBelowTheEdit) {
   OpenWithHistory();
   Send(PNL_MSG_COMMAND, 40005);
   Key(Qt::Key_Down);
-  EXPECT_EQ(FindControl(&panel, ZCMDIList::kPinId)->y(), Drop()->geometry().bottom() + 1);
+  EXPECT_EQ(panel.findChild<QWidget*>(ZCMDIList::kPinKey)->y(), Drop()->geometry().bottom() + 1);
 }
 
 TEST_F(MdiRecallFlow, ItsKeysGoWithIt) {
   OpenWithHistory();
   Key(Qt::Key_Down);
-  const QPointer<QWidget> arrange = FindControl(&panel, ZCMDIList::kArrangeId);
+  const QPointer<QWidget> arrange = panel.findChild<QWidget*>(ZCMDIList::kArrangeKey);
   ASSERT_TRUE(arrange->isVisible());
   Key(Qt::Key_Escape);
   EXPECT_FALSE(arrange && arrange->isVisible());
@@ -81,11 +81,11 @@ TEST_F(MdiRecallFlow, AFingerPinsTheSelectedBlock) {
   OpenWithHistory();
   Key(Qt::Key_Down);
   Key(Qt::Key_Down);
-  Touch(FindControl(&panel, ZCMDIList::kPinId));
+  Touch(panel.findChild<QWidget*>(ZCMDIList::kPinKey));
   EXPECT_EQ(OnDisc("C:\\P108\\MDIP1.DAT"), "G1 X1\r\n");
   EXPECT_EQ(DropItems()->Note(1).sign, ListSign::kPin);
   EXPECT_EQ(DropItems()->Selection(), 1);
-  Touch(FindControl(&panel, ZCMDIList::kArrangeId));
+  Touch(panel.findChild<QWidget*>(ZCMDIList::kArrangeKey));
   EXPECT_EQ(DropItems()->Item(0), u"G1 X1") << "pinned blocks come first";
 }
 

@@ -16,6 +16,7 @@
 #include "support/picture_bytes.h"
 #include "support/text_catcher.h"
 #include "support/window_stage.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl::test {
@@ -232,9 +233,10 @@ TEST_F(PlcWindow, ATextScrollsWithTheKeysFromTheFirstReportOn) {
 
 TEST_F(PlcWindow, ALongDocumentHasAScrollBarForAFinger) {
   Report(3);
-  EXPECT_EQ(Control(plc_id::kText)->findChild<QPlainTextEdit*>()->verticalScrollBar()->width(), 30);
+  EXPECT_EQ(Control(plc_id::kText)->findChild<QPlainTextEdit*>()->verticalScrollBar()->width(),
+            FingerPixels(*Control(plc_id::kText)));
   Help(u"page.htm");
-  EXPECT_EQ(Page().TextArea().verticalScrollBar()->width(), 30);
+  EXPECT_EQ(Page().TextArea().verticalScrollBar()->width(), FingerPixels(*Control(plc_id::kText)));
 }
 
 TEST_F(PlcWindow, ATextTakesTheKeysFromNobodyElse) {

@@ -186,13 +186,14 @@ TEST_F(Journal, BlocksThatRanAndRowsOfTheCalculatorAreOnTheDiscASecondLater) {
   Key(*client, "Enter", calculator);
   const int mdi = client->Load(kMdi);
   client->Tell(mdi, kCommand, kOpen, 1);
-  Type(*client, "G4 F0.1", mdi);
+  Type(*client, "G1 X10 F600", mdi);
   client->Start(mdi);
   client->Advance(5000);
   ASSERT_EQ(client->Text(mdi, kMdiEdit), "");
+  client->Advance(kMostLost);
   client->Kill();
-  EXPECT_EQ(temp_.Read("root/CNC/USER/MDIC1.DAT"), "G4 F0.1\r\n");
-  EXPECT_EQ(temp_.Read("root/CNC/USER/MDAC1.DAT"), "G4 F0.1\r\n");
+  EXPECT_EQ(temp_.Read("root/CNC/USER/MDIC1.DAT"), "G1 X10 F600\r\n");
+  EXPECT_EQ(temp_.Read("root/CNC/USER/MDAC1.DAT"), "G1 X10 F600\r\n");
   client = Start();
   const int again = client->Load(kCalculator);
   Key(*client, "Up", again);

@@ -10,6 +10,7 @@
 #include "controls/fonts.h"
 #include "controls/wide_scroll_bar.h"
 #include "support/window_stage.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 
@@ -405,7 +406,7 @@ TEST_F(MsgDisplayTest, LiesInTheMiddleOfTheAreaWithRoomAtTheEdges) {
   area->setGeometry(0, 0, 300, 300);
   Show("a list\nof lines");
   EXPECT_EQ(box->width(), 300 - 8);
-  EXPECT_EQ(Part(kFirst)->height(), kFinger);
+  EXPECT_EQ(Part(kFirst)->height(), FingerPixels(*Part(kFirst)));
 }
 
 TEST_F(MsgDisplayTest, OverAPanelThatIsHalfOffTheScreenItIsOnTheScreenAll) {

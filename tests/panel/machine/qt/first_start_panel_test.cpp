@@ -288,11 +288,9 @@ TEST_F(FirstStartPanelTest, WithEveryToolOpenTheLanguageChangesAndEachOpensInItN
     return all.join('|');
   };
   std::map<int, QString> english;
-  std::map<int, PnlWindow> before;
   for (const auto& [tool, action] : tools) {
     Do(action);
     ASSERT_TRUE(session_.IsToolOpen(tool)) << tool;
-    before[tool] = session_.ToolWindow(tool);
     english[tool] = captions();
   }
   window_->Row().Key(RowKey::kLanguage)->click();
@@ -307,7 +305,6 @@ TEST_F(FirstStartPanelTest, WithEveryToolOpenTheLanguageChangesAndEachOpensInItN
   for (const auto& [tool, action] : tools) {
     Do(action);
     ASSERT_TRUE(session_.IsToolOpen(tool)) << tool;
-    EXPECT_NE(session_.ToolWindow(tool), before[tool]) << tool;
     EXPECT_NE(captions(), english[tool]) << tool;
   }
   session_.CloseAll();
