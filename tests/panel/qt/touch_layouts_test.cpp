@@ -60,7 +60,8 @@ TEST(TouchLayoutsTest, ShiftMakesCapitalsAndTheOtherSignOfAKey) {
   ASSERT_EQ(plain.size(), other.size());
   int found = 0;
   for (const TouchLayout layout : {TouchLayout::kLetters, TouchLayout::kSigns}) {
-    for (const TouchRow& row : TouchPages(layout, 15, 3)[0]) {
+    const auto pages = TouchPages(layout, 15, 3);
+    for (const TouchRow& row : pages[0]) {
       for (const TouchKey& key : row) {
         if (key.act != TouchAct::kCharacter) continue;
         EXPECT_EQ(CharacterOf(key, false), key.plain);
