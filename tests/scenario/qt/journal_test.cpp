@@ -196,6 +196,7 @@ TEST_F(Journal, BlocksThatRanAndRowsOfTheCalculatorAreOnTheDiscASecondLater) {
   EXPECT_EQ(temp_.Read("root/CNC/USER/MDAC1.DAT"), "G1 X10 F600\r\n");
   client = Start();
   const int again = client->Load(kCalculator);
+  Key(*client, "Down", again);
   Key(*client, "Up", again);
   EXPECT_EQ(client->Text(again, kCalcLine), "1+2");
 }
