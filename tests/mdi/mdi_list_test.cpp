@@ -85,6 +85,22 @@ TEST_F(MdiList, ChangeBringsTheItemIntoTheEdit) {
                                  "view select 1,1", "view scroll caret", "view redraw edit", "HostUpdateMainMenu(6)"));
 }
 
+TEST_F(MdiList, AChangedItemThatIsNotSelectedAnyMoreIsAppendedSoThatNoBlockIsLost) {
+  OpenMda("A\r\nB\r\n");
+  view->selected = 1;
+  Menu(32772);
+  Type("B2");
+  cnc.kernel.returns["MDILine"] = 5;
+  Start();
+  view->selected = -1;
+  cnc.kernel.returns["MDILine"] = 0;
+  Start();
+  Status(2);
+  Status(1);
+  DestroyTool();
+  EXPECT_EQ(Disc("MDAC1.DAT"), "A\r\nB\r\nB2\r\n");
+}
+
 TEST_F(MdiList, NewClearsTheSelectionOfTheEdit) {
   OpenAbc();
   Menu(32773);

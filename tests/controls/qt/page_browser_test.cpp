@@ -340,6 +340,17 @@ TEST_F(PageBrowserTest, AnAnimatedPictureMovesInAPage) {
   EXPECT_EQ(view_.TextArea().CountMovies(), 0u);
 }
 
+TEST_F(PageBrowserTest, AMovingPictureGoesOnWhenItsPageIsSeenAgain) {
+  Page("m.gif", GifBytes());
+  Page("m.htm", "<img src=m.gif width=40 height=40>");
+  Show(u"m.htm");
+  ASSERT_TRUE(RunUntil([this] { return Count(Paint(view_), kBlue) > 0; }));
+  view_.hide();
+  view_.show();
+  EXPECT_TRUE(RunUntil([this] { return Count(Paint(view_), kRed) > 0; }));
+  EXPECT_TRUE(RunUntil([this] { return Count(Paint(view_), kBlue) > 0; }));
+}
+
 TEST_F(PageBrowserTest, APageHasALimitedNumberOfMovingPictures) {
   std::string page;
   for (int i = 0; i < 40; ++i) {

@@ -35,6 +35,7 @@ TEST_F(Extractor, ACompiledManualHasItsTitleContentsAndIndex) {
   ASSERT_EQ(Unpack(DataFile("small.chm")), Extraction::kDone);
   EXPECT_EQ(manual_->Title(), u"Manual de la máquina");
   EXPECT_EQ(manual_->Home(), u"inicio.htm");
+  EXPECT_EQ(manual_->Listing().page, u"inicio.htm");
   EXPECT_EQ(manual_->Listing().language, 0x0C0Au);
   EXPECT_EQ(manual_->Listing().codePage, 1252);
   ASSERT_EQ(manual_->Contents().size(), 4u);

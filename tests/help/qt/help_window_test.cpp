@@ -2,6 +2,7 @@
 // The help viewer's window: real keys and presses, three panes and a page, at two sizes.
 #include "help_stage.h"
 
+#include <QLabel>
 #include <QScrollBar>
 #include <climits>
 #include <cstdlib>
@@ -44,6 +45,7 @@ TEST_F(HelpWindow, AMissingManualShowsTheStaticAlone) {
   EXPECT_EQ(OpenAt(u"NIX0000"), 0);
   EXPECT_TRUE(Shows(help_id::kMissing));
   EXPECT_EQ(TextOf(help_id::kMissing), "File not found.");
+  EXPECT_EQ(qobject_cast<QLabel*>(Control(help_id::kMissing))->text(), "File not found.");
   EXPECT_FALSE(Shows(help_id::kPage));
   EXPECT_FALSE(Shows(help_id::kContents));
   EXPECT_TRUE(tool->isVisible());
