@@ -20,6 +20,7 @@
 #include "host/demo_disc.h"
 #include "host/host_session.h"
 #include "host/operator.h"
+#include "host/panel_settings.h"
 #include "options.h"
 #include "remote/remote_control.h"
 #include "remote/standard_streams.h"
@@ -29,6 +30,7 @@
 #include "ui/password_box.h"
 #include "ui/program_desk.h"
 #include "ui/quiet_caches.h"
+#include "ui/settings_desk.h"
 #include "ui/theme.h"
 #include "ui/touch_desk.h"
 
@@ -72,21 +74,53 @@ QString PrepareDrive(pnl::rig::Rig& rig, const panel::Options& options) {
   return {};
 }
 
-/// Sets up drive C:, the machine, the clock and the language. Returns what is wrong, or an empty text.
+/// The file on this machine with the panel's settings; empty when this panel has none. A script decides itself whether
+/// it wants them, and nobody is there to be asked head-less.
+QString SettingsFile(pnl::rig::Rig& rig, const panel::Options& options) {
+  constexpr std::int32_t kUserSettings = 108;
+  const bool unattended = options.rpc || options.headless || options.bare || !options.guidedInto.isEmpty();
+  if (unattended && !options.settings) return {};
+  const auto file = rig.Files().HostPath(rig.Files().Path(kUserSettings) + u"\\PNLPANEL.INI");
+  return file ? QFile::decodeName(QByteArray::fromStdString(*file)) : QString();
+}
+
+/// The cutting data of a new drive are in the operator's language.
+void PlaceCuttingData(pnl::rig::Rig& rig, const panel::Options& options) {
+  if (!options.bare && !panel::PlaceCuttingData(rig.Files(), QStringLiteral(":/cutting"), panel::WordsInUse())) {
+    std::fprintf(stderr, "pnlpanel: no cutting data\n");
+  }
+}
+
+/// Sets up drive C:, the machine and the clock. Returns what is wrong, or an empty text.
 QString PrepareRig(pnl::rig::Rig& rig, const panel::Options& options) {
   if (QString problem = PrepareDrive(rig, options); !problem.isEmpty()) return problem;
   const bool started = options.bare ? rig.StartBare() : rig.StartMachine(options.machine.toStdString());
   if (!started) return QStringLiteral("--machine: there is no machine named %1").arg(options.machine);
   if (options.manualTime || !options.guidedInto.isEmpty()) rig.UseManualTime();
-  if (PnlSetLanguage(qPrintable(options.language)) == 0) {
-    // A missing pack is no reason to stop: the panel works without one.
-    std::fprintf(stderr, "pnlpanel: no language pack for %s\n", qPrintable(options.language));
-  }
-  panel::UseWords(options.language);
-  if (!options.bare && !panel::PlaceCuttingData(rig.Files(), QStringLiteral(":/cutting"), options.language)) {
-    std::fprintf(stderr, "pnlpanel: no cutting data\n");
-  }
   return {};
+}
+
+void Speak(const QString& language) {
+  if (PnlSetLanguage(qPrintable(language)) == 0) {
+    // A missing pack is no reason to stop: the panel works without one.
+    std::fprintf(stderr, "pnlpanel: no language pack for %s\n", qPrintable(language));
+  }
+  panel::UseWords(language);
+}
+
+struct KeptSettings {
+  QString file;  // empty when this panel keeps none
+  panel::PanelSettings known;
+};
+
+/// Reads the settings, and sets the language and how wide the screen is. The options go before the settings.
+KeptSettings TakeSettings(pnl::rig::Rig& rig, const panel::Options& options) {
+  KeptSettings kept{SettingsFile(rig, options), {}};
+  if (!kept.file.isEmpty()) kept.known = panel::LoadSettings(kept.file);
+  const QString& known = kept.known.language;
+  Speak(!options.language.isEmpty() ? options.language : known.isEmpty() ? QStringLiteral("en") : known);
+  panel::theme::SetScreenWidth(kept.known.screenMillimetres.value_or(0));
+  return kept;
 }
 
 /// Gives the demo machine its disc, as drive D: with its files in a hidden folder of drive C:. They are made in the
@@ -195,14 +229,17 @@ int Run(QApplication& application, const panel::Options& given) {
   if (rig == nullptr) return Refuse(QStringLiteral("the library has no simulated CNC"));
   const QString problem = PrepareRig(*rig, options);
   if (!problem.isEmpty()) return Refuse(problem);
-  if (!options.guidedInto.isEmpty()) return RunGuided(*rig, options);
+  const KeptSettings kept = TakeSettings(*rig, options);
+  if (!options.guidedInto.isEmpty()) {
+    PlaceCuttingData(*rig, options);
+    return RunGuided(*rig, options);
+  }
   panel::HostSession session;
   session.SetReacting(!options.bare);
   session.OfferAll();
   panel::Operator op(session, rig);
   panel::PanelWindow window(session, op, ResolverOf(*rig));
   SetUpPrograms(*rig, window);
-  SetUpJournal(*rig, options, window);
   window.Touch().SetTouched(options.touch);
   window.SetAsksBeforeClosing(!options.headless && !options.rpc);
   // A script begins with drive C: alone, and sets the answers to passwords itself.
@@ -220,6 +257,17 @@ int Run(QApplication& application, const panel::Options& given) {
     session.CloseAll();
     QCoreApplication::exit(0);
   });
+  // What was left is offered once the first start's questions are answered.
+  const auto begin = [rig, &options, &window] {
+    PlaceCuttingData(*rig, options);
+    SetUpJournal(*rig, options, window);
+  };
+  std::optional<panel::SettingsDesk> settings;
+  if (kept.file.isEmpty()) {
+    begin();
+  } else {
+    settings.emplace(window, op, kept.file).Begin(kept.known, begin);
+  }
   std::optional<WhenPainted> end;
   if (options.untilPainted) end.emplace(window, [] { QCoreApplication::quit(); });
   // The error tool measures the panel when it is made. On a display the panel has its final size only once it is

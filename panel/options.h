@@ -18,11 +18,12 @@ struct Options {
   bool bare = false;
   bool manualTime = false;
   bool journal = false;       // keep the journal for a script too
+  bool settings = false;      // use and keep the panel's settings for a script too
   bool touch = false;         // the screen is touched: the touch keyboard rises for every text field
   bool untilPainted = false;  // exit once the window is painted; for measuring the start
   QString root;               // empty: the user's data folder
   QString machine = QStringLiteral("demo");
-  QString language = QStringLiteral("en");
+  QString language;    // empty: that of the panel's settings, else English
   QSize toolArea;      // empty: 800x600 head-less, else what the screen leaves
   QString guidedInto;  // folder for the captures of the guided session; empty: no guided session
 };

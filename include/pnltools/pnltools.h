@@ -372,6 +372,14 @@ enum PnlVideoCommand {
 #define PNL_NAME_READ_UNFINISHED "PNL_READ_UNFINISHED"
 #define PNL_NAME_RESTORE_UNFINISHED "PNL_RESTORE_UNFINISHED"
 /*
+ * To the command line and to the calculator, for such a host: stores the history and the MDA list now, as the tool does
+ * when it ends. Nothing is written when nothing has changed since they were stored, when a file was out of reach when it
+ * was read, or when it would be longer than PNL_MOST_STORED_NOW bytes: these wait for the tool's end. Returns 0 when a
+ * file couldn't be written, which is tried again with the next message, otherwise 1.
+ */
+#define PNL_NAME_STORE_ROWS "PNL_STORE_ROWS"
+#define PNL_MOST_STORED_NOW 1048576
+/*
  * To the command line, for items of the MDA list, and to the calculator, for rows of its history. first: a
  * PnlRemovedOrder. The property "pnlRemoved" of the tool's widget is the number of the last removal that can be put
  * back, 0 for none. Each removal has a number of its own.

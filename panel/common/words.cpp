@@ -258,6 +258,15 @@ constexpr std::array kWords = {
     Row{Word::kTouchKeyboard, "Keyboard", "Teclado"},
     Row{Word::kOtherLanguage, "Español", "English"},
     Row{Word::kNoLanguage, "This language is not installed", "Este idioma no está instalado"},
+    Row{Word::kLanguageAsked, "Choose your language", "Elija su idioma"},
+    Row{Word::kScreenAsked, "Hold a bank card against the screen and make the bar as long as the card: %1 mm",
+        "Apoye una tarjeta bancaria en la pantalla y haga la barra tan larga como la tarjeta: %1 mm"},
+    Row{Word::kScreenIsWide, "The screen is %1 mm wide", "La pantalla mide %1 mm de ancho"},
+    Row{Word::kBarShorter, "Make the bar shorter", "Acortar la barra"},
+    Row{Word::kBarLonger, "Make the bar longer", "Alargar la barra"},
+    Row{Word::kScreenSize, "Screen size", "Tamaño de pantalla"},
+    Row{Word::kSettingsNotKept, "The settings cannot be stored: they last until the panel is closed",
+        "No se pueden guardar los ajustes: solo valen hasta cerrar el panel"},
 };
 static_assert(kWords.size() == static_cast<std::size_t>(Word::kCount), "every word has its row");
 

@@ -233,6 +233,14 @@ enum class Word {
   kTouchKeyboard,
   kOtherLanguage,
   kNoLanguage,
+  // The first start and the panel's settings
+  kLanguageAsked,
+  kScreenAsked,
+  kScreenIsWide,
+  kBarShorter,
+  kBarLonger,
+  kScreenSize,
+  kSettingsNotKept,
   kCount
 };
 

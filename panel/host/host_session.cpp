@@ -227,6 +227,10 @@ void HostSession::FocusWithin(PnlWindow window) {
   if (start >= 0) line->setSelection(caret == start ? start + length : start, caret == start ? -length : length);
 }
 
+void HostSession::WorkInProgram() {
+  if (std::exchange(workingTool_, -1) >= 0) emit WorkChanged();
+}
+
 void HostSession::TurnToProgram() {
   WorkInProgram();
   emit ToolsChanged();
@@ -258,12 +262,14 @@ HostSession::ToolMenu HostSession::BarOf(const std::map<int, std::uint32_t>& men
 
 void HostSession::KeepToolState(int tool, bool open) {
   const auto before = openFrontLast_;
+  const int worked = workingTool_;
   openFrontLast_.erase(std::remove(openFrontLast_.begin(), openFrontLast_.end(), tool), openFrontLast_.end());
   if (open) openFrontLast_.push_back(tool);
   KeepWorkingTool(tool, open);
   const QPointer<HostSession> alive(this);
   if (!open) DropMessagesOf(tool);
   if (alive && openFrontLast_ != before) emit ToolsChanged();
+  if (alive && workingTool_ != worked) emit WorkChanged();
 }
 
 void HostSession::KeepWorkingTool(int tool, bool open) {

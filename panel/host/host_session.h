@@ -71,7 +71,7 @@ class HostSession : public QObject {
   /// Makes an open tool the front one, above the others, and gives it the keyboard. Does nothing when it isn't open.
   void BringToFront(int toolId);
   /// The operator has turned to the program.
-  void WorkInProgram() { workingTool_ = -1; }
+  void WorkInProgram();
   /// Turns to the program, as if the operator had.
   void TurnToProgram();
   /// The tool in which the operator works, or -1 for the program: the tool that he opened or turned to last. When that
@@ -111,6 +111,8 @@ class HostSession : public QObject {
   void SideMenuChanged();
   void MessagesChanged();
   void ToolsChanged();
+  /// WorkingTool has changed.
+  void WorkChanged();
   /// Emitted when a message that a tool sent or posted to the tool area or the main window arrives.
   void MessageArrived(std::uint32_t message, qint64 first, qint64 second);
 

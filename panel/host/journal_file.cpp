@@ -111,7 +111,7 @@ bool TakePiece(QByteArrayView value, JournalProgram& program, bool kept) {
     const qsizetype blank = value.indexOf(' ');
     if (blank < 0 || !TakeNumber(value.first(blank), piece.from)) return false;
     if (!TakeNumber(value.sliced(blank + 1), piece.length) || piece.length == 0) return false;
-    if (piece.from > program.baseLength || piece.length > program.baseLength - piece.from) return false;
+    if (piece.length > program.baseLength - piece.from) return false;
   } else if (!TakeText(value, piece.text) || piece.text.isEmpty()) {
     return false;
   }

@@ -69,6 +69,16 @@ bool PutBackExpression(const HostSession& session, const QString& expression) {
   return PutBackInto(session.ToolWindow(PNL_TOOL_CALCULATOR), record);
 }
 
+bool StoreToolRows(const HostSession& session) {
+  bool stored = true;
+  for (const int tool : {PNL_TOOL_MDI, PNL_TOOL_CALCULATOR}) {
+    const PnlWindow window = session.ToolWindow(tool);
+    if (window == 0) continue;
+    stored = PnlSendMessage(window, PnlRegisterMessage(PNL_NAME_STORE_ROWS), 0, 0) != 0 && stored;
+  }
+  return stored;
+}
+
 RemovedRows LastRemoval(PnlWindow tool) {
   PnlRemoved record{};
   if (tool == 0 || SendRecord(tool, PNL_NAME_REMOVED, PNL_REMOVED_READ, record) == 0) return {};

@@ -18,6 +18,10 @@ namespace panel {
 [[nodiscard]] bool PutBack(const HostSession& session, const JournalBlock& block);
 [[nodiscard]] bool PutBackExpression(const HostSession& session, const QString& expression);
 
+/// Stores what the two tools otherwise store when they end: the histories and the MDA list. Returns false when a file
+/// can't be written.
+[[nodiscard]] bool StoreToolRows(const HostSession& session);
+
 /// The property of a tool's widget that is the number of the last removal in it, 0 for none.
 inline constexpr const char* kRemovedProperty = "pnlRemoved";
 struct RemovedRows {

@@ -131,8 +131,17 @@ void CodeEdit::resizeEvent(QResizeEvent* event) {
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   QAbstractScrollArea::resizeEvent(event);
   emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
+  ChooseBars();
   PlaceNumbers();
   ColourVisibleLines();
+}
+
+void CodeEdit::ChooseBars() {
+  // A bar for a finger below the text would leave no line of a low program. The caret and a pull lead along it.
+  constexpr int kLeastRows = 5;
+  const bool low = height() < kLeastRows * theme::TouchPixels(*this);
+  const Qt::ScrollBarPolicy wanted = low ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+  if (horizontalScrollBarPolicy() != wanted) setHorizontalScrollBarPolicy(wanted);
 }
 
 void CodeEdit::ColourVisibleLines() {

@@ -31,6 +31,8 @@ class CodeEdit : public QPlainTextEdit {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// Leaves out the bar below the text where there is little room.
+  void ChooseBars();
   void PlaceNumbers();
   /// Colours the visible lines and lights the caret's line.
   void ColourVisibleLines();

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
 #include <algorithm>
+#include <utility>
 
 #include "common/words.h"
 #include "ui/panel_key.h"
@@ -36,7 +37,13 @@ void BarField::keyPressEvent(QKeyEvent* event) {
 int EditorBar::RowHeight() const { return std::max(theme::TouchPixels(*this), fontPixels_ * 2); }
 
 QRect EditorBar::Row(int row) const {
-  return {kGap, kGap + row * (RowHeight() + kGap), std::max(0, width() - 2 * kGap), RowHeight()};
+  return {kGap, gap_ + row * (RowHeight() + gap_), std::max(0, width() - 2 * kGap), RowHeight()};
+}
+
+void EditorBar::FitInto(int room) {
+  const int gap = std::clamp((room - Rows() * RowHeight()) / (Rows() + 1), 0, kGap);
+  if (gap == std::exchange(gap_, gap)) return;
+  Place();
 }
 
 PanelKey* EditorBar::AddKey(Word caption) {

@@ -36,7 +36,9 @@ class EditorBar : public QWidget {
  public:
   using QWidget::QWidget;
   /// The height that the bar needs.
-  [[nodiscard]] virtual int Height() const { return RowHeight() + 2 * kGap; }
+  [[nodiscard]] int Height() const { return Rows() * (RowHeight() + gap_) + gap_; }
+  /// Makes the gaps around the rows smaller, if that is needed for the bar to be no higher than room.
+  void FitInto(int room);
   virtual void SetFontPixels(int pixels);
 
  protected:
@@ -44,6 +46,7 @@ class EditorBar : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   virtual void Place() = 0;
+  [[nodiscard]] virtual int Rows() const { return 1; }
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int FontPixels() const { return fontPixels_; }
   /// Adds a key with a caption; the caption is also its name for scripts.
@@ -63,6 +66,7 @@ class EditorBar : public QWidget {
   std::vector<std::pair<PanelKey*, Word>> keys_;
   std::vector<std::pair<BarField*, Word>> fields_;
   int fontPixels_ = 16;
+  int gap_ = kGap;  // above, between and below the rows
 };
 
 /// Asks for a line number.

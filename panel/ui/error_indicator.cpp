@@ -67,6 +67,7 @@ void ErrorIndicator::keyPressEvent(QKeyEvent* event) {
 }
 
 QColor ErrorIndicator::Fill() const {
+  if (isDown()) return QColor(theme::kPressed);
   if (ErrorCount() == 0) return QColor(theme::kSurface);
   if (sign_.count == 0) return QColor(theme::kRed);
   const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
@@ -74,6 +75,7 @@ QColor ErrorIndicator::Fill() const {
 }
 
 QColor ErrorIndicator::Ink() const {
+  if (isDown()) return theme::InkOn(Fill());
   if (ErrorCount() == 0) return QColor(theme::kMuted);
   if (sign_.count == 0) return QColor(theme::kText);
   const QColor color = theme::FromColorRef(ColorOfKind(sign_.kind));
@@ -83,9 +85,14 @@ QColor ErrorIndicator::Ink() const {
 void ErrorIndicator::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QColor edge = hasFocus() ? QColor(theme::kAccent) : QColor(theme::kBorder);
-  theme::DrawField(painter, rect(), isDown() ? QColor(theme::kPressed) : Fill(), edge, 6);
-  theme::DrawText(painter, rect().adjusted(6, 0, -6, 0), Qt::AlignCenter, text(),
-                  theme::FittingFont(text(), width() - 12, fontPixels_, 11, ErrorCount() != 0), Ink());
+  theme::DrawField(painter, rect(), Fill(), edge, 6);
+  const QRect field = rect().adjusted(6, 0, -6, 0);
+  const QFont font = theme::FittingFont(text(), field.width(), fontPixels_, 11, ErrorCount() != 0);
+  // On the smallest panel the count goes below its word; it must not be cut.
+  if (QFontMetrics(font).horizontalAdvance(text()) > field.width()) {
+    return theme::DrawParagraph(painter, field, Qt::AlignCenter, text(), font, Ink());
+  }
+  theme::DrawText(painter, field, Qt::AlignCenter, text(), font, Ink());
 }
 
 }  // namespace panel

@@ -15,6 +15,7 @@ namespace panel {
 namespace {
 
 constexpr int kPad = 10;
+constexpr int kLeast = 12;  // pixels; smaller letters can't be read from some distance
 
 QListView* MakeList(ErrorListModel* model, ErrorRowDelegate* delegate, QWidget* parent) {
   auto* list = new QListView(parent);
@@ -60,11 +61,17 @@ void ErrorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const QRect field(upper.left() + timeWidth, upper.top() + 1, nameWidth, upper.height() - 2);
   theme::DrawField(*painter, field, color, color, 4);
   theme::DrawText(*painter, field, Qt::AlignCenter, name, strong, theme::InkOn(color));
-  theme::DrawText(*painter, upper.adjusted(timeWidth + nameWidth + kPad, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                  index.data().toString(), strong, QColor(theme::kText));
+  // On a small panel a long text gets smaller letters before it is cut.
+  const int least = std::min(kLeast, fontPixels_ * 9 / 10);
+  const QRect right = upper.adjusted(timeWidth + nameWidth + kPad, 0, 0, 0);
+  const QString text = index.data().toString();
+  theme::DrawText(*painter, right, Qt::AlignLeft | Qt::AlignVCenter, text,
+                  theme::FittingFont(text, right.width(), fontPixels_, least, true), QColor(theme::kText));
+  const QString details = index.data(ErrorListModel::kDetailsRole).toString();
   theme::DrawText(*painter, QRect(body.left(), middle, body.width(), body.bottom() + 1 - middle),
-                  Qt::AlignLeft | Qt::AlignVCenter, index.data(ErrorListModel::kDetailsRole).toString(),
-                  theme::Font(fontPixels_ * 9 / 10), QColor(chosen ? theme::kText : theme::kMuted));
+                  Qt::AlignLeft | Qt::AlignVCenter, details,
+                  theme::FittingFont(details, body.width(), fontPixels_ * 9 / 10, least),
+                  QColor(chosen ? theme::kText : theme::kMuted));
   painter->restore();
 }
 
@@ -214,14 +221,17 @@ void ErrorListCover::Place() {
   const int line = fontPixels_ * 2;
   const int top = line + line * static_cast<int>(notes_.size()) + kPad / 2;
   const int gap = kPad / 2;
-  const int bottom = 2 * row + gap;
+  const int keys = 2 * row + gap;
+  // A high panel has room for more lines of the description.
+  const int bottom = std::max(keys, height() / 4);
   const int key = std::max(fontPixels_ * 8, 2 * row);
   const int low = height() - kPad - bottom;
   const int keysLeft = width() - kPad - 2 * key - gap;
   list_->setGeometry(kPad, top, width() - 2 * kPad, std::max(0, low - gap - top));
-  line_->setGeometry(keysLeft, low, key, row);
-  help_->setGeometry(keysLeft + key + gap, low, key, row);
-  back_->setGeometry(keysLeft, low + row + gap, 2 * key + gap, row);
+  const int keysTop = height() - kPad - keys;
+  line_->setGeometry(keysLeft, keysTop, key, row);
+  help_->setGeometry(keysLeft + key + gap, keysTop, key, row);
+  back_->setGeometry(keysLeft, keysTop + row + gap, 2 * key + gap, row);
   details_->setGeometry(kPad, low, std::max(0, keysLeft - 2 * kPad), bottom);
 }
 

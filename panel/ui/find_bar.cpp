@@ -84,8 +84,6 @@ QString FindBar::CountText() const {
   return Say(Word::kFoundAt).arg(QString::number(search_.Current()), count);
 }
 
-int FindBar::Height() const { return (RowHeight() + kGap) * (replaces_ ? 2 : 1) + kGap; }
-
 QRect FindBar::CountPlace() const {
   const QRect row = Row(0);
   const int width = std::min(row.width() / 4, FontPixels() * 9);

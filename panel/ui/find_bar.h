@@ -20,7 +20,6 @@ class FindBar : public EditorBar {
   void Begin(bool replace, const QString& what);
   /// Ends the search; the fields keep their texts.
   void Leave();
-  [[nodiscard]] int Height() const override;
   /// What the bar says about the places found.
   [[nodiscard]] QString CountText() const;
 
@@ -40,6 +39,7 @@ class FindBar : public EditorBar {
  protected:
   void ShowWords() override;
   void Place() override;
+  [[nodiscard]] int Rows() const override { return replaces_ ? 2 : 1; }
   void paintEvent(QPaintEvent* event) override;
 
  private:

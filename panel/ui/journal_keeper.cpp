@@ -78,10 +78,11 @@ void JournalKeeper::Touch() {
   Wait();
 }
 
-void JournalKeeper::Wait() {
-  if (due_ || writer_.Working()) return;
-  due_ = Now() + kSoon;
-  if (last_) due_ = std::max(*due_, *last_ + kInterval);
+void JournalKeeper::Wait() { WaitUntil(std::max(Now() + kSoon, last_.value_or(-kInterval) + kInterval)); }
+
+void JournalKeeper::WaitUntil(qint64 due) {
+  if (writer_.Working() || (due_ && *due_ <= due)) return;
+  due_ = due;
   if (!setup_.manualTime) timer_.start(static_cast<int>(std::max<qint64>(0, *due_ - Now())));
 }
 
@@ -115,10 +116,11 @@ void JournalKeeper::Write() {
   timer_.stop();
   due_.reset();
   if (ended_ || !std::exchange(again_, false)) return;
+  rowsFailed_ = !StoreToolRows(parts_.session);
   std::optional<QString> copy;
   writing_ = Collect(copy);
   const bool copied = copy.has_value();
-  if (writing_.SaysTheSameAs(kept_) && !tookBack_) return;
+  if (writing_.SaysTheSameAs(kept_) && !tookBack_) return LookAtFailures();
   last_ = Now();
   // What this panel has taken back is in its own journal now, so the old one can go with it.
   const auto left = std::exchange(tookBack_, false) ? std::exchange(left_, nullptr) : nullptr;
@@ -136,12 +138,20 @@ void JournalKeeper::OnWritten(const JournalDisc::Written& written, bool copied) 
   if (written.done) {
     kept_ = writing_;
     if (kept_.program && written.copyHash) kept_.program->baseHash = *written.copyHash;
-    warned_ = false;
-  } else if (!std::exchange(warned_, true)) {
-    parts_.op.SetHint(Say(Word::kJournalNotKept), true);
   }
+  fileFailed_ = !written.done;
   if (std::exchange(atOnce_, false)) return Write();
   if (again_) Wait();
+  LookAtFailures();
+}
+
+void JournalKeeper::LookAtFailures() {
+  const bool failed = fileFailed_ || rowsFailed_;
+  if (failed && !warned_) parts_.op.SetHint(Say(Word::kJournalNotKept), true);
+  warned_ = failed;
+  if (!failed || again_) return;
+  again_ = true;
+  WaitUntil(Now() + kRetry);
 }
 
 void JournalKeeper::LeaveForNextStart() {

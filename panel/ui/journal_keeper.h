@@ -63,11 +63,16 @@ class JournalKeeper : public QObject {
   /// In milliseconds: between two journals, and from the first change to its journal.
   static constexpr qint64 kInterval = 1000;
   static constexpr qint64 kSoon = 200;
+  /// After a failure, until it is tried again.
+  static constexpr qint64 kRetry = 10'000;
 
  private:
   [[nodiscard]] qint64 Now() const { return setup_.manualTime ? manualNow_ : clock_.elapsed(); }
   void Wait();
-  /// Writes the journal when it says something else than the last one.
+  void WaitUntil(qint64 due);
+  /// After a failure: says once that nothing can be kept, and tries it again later.
+  void LookAtFailures();
+  /// Writes the journal when it says something else than the last one, and the rows of the tools.
   void Write();
   void WriteAtOnce();
   [[nodiscard]] JournalContents Collect(std::optional<QString>& copy);
@@ -103,6 +108,8 @@ class JournalKeeper : public QObject {
   JournalContents writing_;     // what is being written
   bool again_ = false;          // something has changed since
   bool atOnce_ = false;         // and is to be written without a pause
+  bool fileFailed_ = false;     // the journal couldn't be written
+  bool rowsFailed_ = false;     // the rows of a tool couldn't be
   bool warned_ = false;
   bool ended_ = false;
   int channelStatus_ = 0;

@@ -128,6 +128,12 @@ QColor PanelKey::Ink() const {
   return theme::InkOn(Fill());
 }
 
+QColor PanelKey::SoftInk() const {
+  const QColor muted(theme::kMuted);
+  const bool readable = theme::Contrast(muted, Fill()) >= theme::kLeastContrast;
+  return isEnabled() && !filled_ && readable ? muted : Ink();
+}
+
 int PanelKey::KeyNamePixels() const { return std::max(12, fontPixels_ * 6 / 7); }
 
 bool PanelKey::ShowsKeyName() const {
@@ -139,7 +145,7 @@ bool PanelKey::ShowsKeyName() const {
 }
 
 void PanelKey::PaintMarks(QPainter& painter) const {
-  const QColor soft = filled_ ? Ink() : QColor(isEnabled() ? theme::kMuted : theme::kFaint);
+  const QColor soft = SoftInk();
   if (ShowsKeyName()) {
     theme::DrawText(painter, rect().adjusted(kPad + 1, 3, -kPad, 0), Qt::AlignLeft | Qt::AlignTop, keyName_,
                     theme::Font(KeyNamePixels()), soft);

@@ -64,6 +64,8 @@ class PanelKey : public QAbstractButton {
  private:
   void PaintMarks(QPainter& painter) const;
   void PaintFace(QPainter& painter) const;
+  /// The colour of the key's name and marks: quieter than the caption where that can be read.
+  [[nodiscard]] QColor SoftInk() const;
   [[nodiscard]] int KeyNamePixels() const;
   /// Whether there is room for the keyboard's name. In a low key a caption of two lines takes its place.
   [[nodiscard]] bool ShowsKeyName() const;

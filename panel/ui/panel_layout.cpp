@@ -40,9 +40,8 @@ Sizes SizesOf(double scale, bool wide, int touch, int columnMost) {
   sizes.modal = scaled(22);
   sizes.messages = std::max(scaled(44), touch);
   sizes.keys = std::max(scaled(56), touch);
-  // The keys of the row are pressed while the machine moves: 12 mm, where an ordinary key has 9.
-  sizes.reserved = std::max(scaled(44), (touch * 4 + 2) / 3);
-  sizes.operatorKeys = std::max(scaled(54), touch);
+  sizes.reserved = std::max(scaled(44), MovingTouch(touch));
+  sizes.operatorKeys = std::max(scaled(54), MovingTouch(touch));
   // The side bar has two paging keys side by side.
   sizes.side = std::max(scaled(100), 2 * touch + kGap);
   sizes.column = wide ? std::min(scaled(330), columnMost) : 0;
@@ -113,6 +112,18 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
   layout.toolArea = QRect(QPoint(left, top), area);
   Surround(layout, sizes);
   return layout;
+}
+
+int MostTouch(QSize window) {
+  constexpr int kLeast = 34;
+  constexpr int kLeastPart = 8;
+  const auto fits = [window](int touch) {
+    const PanelLayout layout = LayOutWithin(window, touch);
+    return layout.toolArea.height() * kLeastPart >= layout.window.height();
+  };
+  int touch = kLeast;
+  while (fits(touch + 1)) ++touch;
+  return touch;
 }
 
 PanelLayout WithKeyboard(const PanelLayout& rest, int height, int touch) {

@@ -28,10 +28,17 @@ struct PanelLayout {
 /// The smallest window.
 inline constexpr QSize kLeastWindow{640, 480};
 
+/// The least side of a key that is pressed while the machine moves: 12 mm, where an ordinary key has 9. touch: the
+/// least side of an ordinary key, in pixels.
+[[nodiscard]] constexpr int MovingTouch(int touch) { return (touch * 4 + 2) / 3; }
+
 /// Lays out a window of that size; the tool area takes what is left. touch: the least side of a key, in pixels.
 [[nodiscard]] PanelLayout LayOutWithin(QSize window, int touch);
 /// Lays out a window around a tool area of exactly that size.
 [[nodiscard]] PanelLayout LayOutAround(QSize toolArea, int touch);
+
+/// The greatest side of a key with which a window of that size keeps an eighth of its height for the tool area.
+[[nodiscard]] int MostTouch(QSize window);
 
 /// Makes room for a touch keyboard of that height in place of the main bar: the messages move up, and what is left of
 /// the tool area is the part of it that can be seen. A side bar whose keys would be too small is empty.

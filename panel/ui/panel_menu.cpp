@@ -53,6 +53,8 @@ std::vector<SoftKeyItem> PanelMainItems(const HostSession& session, const Operat
   return items;
 }
 
+SoftKeyItem ScreenItem() { return PlainItem(kScreenItem, Word::kScreenSize); }
+
 std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError) {
   std::vector<SoftKeyItem> items;
   for (const Action action :
@@ -62,6 +64,11 @@ std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, 
                             : PlainItem(static_cast<int>(action), WordOf(action), can(action)));
   }
   return items;
+}
+
+std::vector<SoftKeyItem> PanelSideItemsOverTool(bool atError) {
+  if (!atError) return {};
+  return {PlainItem(kErrorPlaceItem, Word::kGoToError)};
 }
 
 std::vector<SoftKeyItem> PanelFaultItems(const Operator& op) {

@@ -17,6 +17,9 @@ namespace panel {
 /// error of a program, its key leads to the place of the error.
 [[nodiscard]] std::vector<SoftKeyItem> PanelSideItems(const std::function<bool(Action)>& can, bool atError = false);
 
+/// The panel's side keys while a tool without side keys is worked in: at most the one that leads to an error.
+[[nodiscard]] std::vector<SoftKeyItem> PanelSideItemsOverTool(bool atError);
+
 /// The faults of the demo machine, shown in the main bar after their key was pressed.
 [[nodiscard]] std::vector<SoftKeyItem> PanelFaultItems(const Operator& op);
 
@@ -50,6 +53,9 @@ inline constexpr const char* kVideoProperty = "pnlVideo";
 /// The items that show the faults and the PLC messages.
 inline constexpr int kFaultsItem = 3000;
 inline constexpr int kPlcItem = 3004;
+/// Leads to the question how big the screen is.
+inline constexpr int kScreenItem = 3006;
+[[nodiscard]] SoftKeyItem ScreenItem();
 /// The item that shows the place of the error.
 inline constexpr int kErrorPlaceItem = 3005;
 

@@ -12,6 +12,7 @@
 #include "ui/axis_display.h"
 #include "ui/credentials_cover.h"
 #include "ui/error_list.h"
+#include "ui/first_start.h"
 #include "ui/journal_keeper.h"
 #include "ui/keyboard.h"
 #include "ui/message_zone.h"
@@ -67,6 +68,7 @@ PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolv
       desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
       errorList_(new ErrorListCover(op.Desk(), this)),
       credentials_(new CredentialsCover(this)),
+      first_(new FirstStart(this)),
       undo_(new UndoOffer(session, this)),
       language_(session, op.Desk(), op.Rig()),
       touchKeys_(new TouchKeyboard(this)),
@@ -96,6 +98,7 @@ PanelWindow::~PanelWindow() { session_.CloseAll(); }
 void PanelWindow::Connect() {
   connect(&op_, &Operator::Changed, this, &PanelWindow::UpdateDisplay);
   connect(&session_, &HostSession::ToolsChanged, this, &PanelWindow::PlacePlcView);
+  connect(&session_, &HostSession::WorkChanged, this, &PanelWindow::ShowBars);
   connect(&op_, &Operator::InsertBlockWanted, editor_, &ProgramEditor::Insert);
   connect(&op_, &Operator::InsertValueWanted, this, [this](const QString& text) {
     editor_->Insert(text);
@@ -145,6 +148,8 @@ void PanelWindow::MakeShortcuts() {
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  // The kit's own menus of text fields speak another language than the panel and have rows for a mouse.
+  if (event->type() == QEvent::ContextMenu) return true;
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) op_.OnPress();
   if (event->type() == QEvent::ShortcutOverride && !KeepsItsKeys(watched)) {
     const auto* key = static_cast<QKeyEvent*>(event);
@@ -159,12 +164,16 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     PlaceErrors();
     PlaceEditor();
   }
+  // The operator may move it partly out of sight later, and where that was may be out of sight on this screen.
+  const bool shows = event->type() == QEvent::Show && watched->isWidgetType();
+  if (shows && watched->property("pnlTool") == PNL_TOOL_CALCULATOR) PlaceCalculator(static_cast<QWidget*>(watched));
   if (event->type() == QEvent::DynamicPropertyChange) {
     const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
     if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_;
+  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_ ||
+                     watched == first_;
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -178,6 +187,8 @@ void PanelWindow::MakeKeyboard() {
   keyboard_->AddCover(password_, [this] { password_->Edit().setFocus(); });
   keyboard_->AddCover(credentials_, [this] { credentials_->FocusFirst(); });
   keyboard_->AddCover(errorList_, [this] { errorList_->List().setFocus(); });
+  keyboard_->AddCover(
+      first_, [this] { first_->FocusFirst(); }, Keyboard::CoverKind::kQuestion);
 }
 
 bool PanelWindow::focusNextPrevChild(bool next) {
@@ -208,7 +219,9 @@ void PanelWindow::ResizeToolArea(const QSize& size) {
 }
 
 void PanelWindow::LayOut() {
-  const int touch = theme::TouchPixels(*this);
+  const int most = MostTouch(size());
+  const int touch = std::min(theme::TouchPixels(*this), most);
+  first_->SetMostDensity(most * theme::kMillimetresPerInch / theme::kTouchMillimetres);
   layout_ = LayOutWithin(size(), touch);
   if (fixedToolArea_) {
     const PanelLayout around = LayOutAround(*fixedToolArea_, touch);
@@ -254,25 +267,11 @@ void PanelWindow::LayOut() {
   password_->SetFontPixels(pixels(16));
   errorList_->SetFontPixels(pixels(16));
   credentials_->SetFontPixels(pixels(16));
+  first_->SetFontPixels(pixels(16));
   PlaceErrors();
+  PlaceCalculator(static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_CALCULATOR))));
   PlacePlcView();
   PlaceEditor();
-}
-
-void PanelWindow::PlaceErrors() {
-  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
-  // the window stays as the tool makes it.
-  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
-  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
-  const QSize size = errors->size().boundedTo(toolArea_->size());
-  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
-  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
-  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
-}
-
-void PanelWindow::PlacePlcView() {
-  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
-  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
 }
 
 void PanelWindow::ShowSideBar() {
@@ -280,22 +279,13 @@ void PanelWindow::ShowSideBar() {
   sideBar_->setVisible(!layout_.sideBar.isEmpty() && (layout_.wide || !Covered()));
 }
 
-void PanelWindow::PlaceEditor() {
-  QRect place = SeenToolArea();
-  // The program stays readable beside a tool, wherever the tool is.
-  for (const PnlWindow window : session_.ToolWindows()) {
-    const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
-    if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
-  }
-  editor_->setGeometry(place);
-}
-
 void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorList_->IsOpen();
+  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorList_->IsOpen() ||
+         first_->IsOpen();
 }
 
 void PanelWindow::EnableBars() {
@@ -355,6 +345,7 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   if (IsCloseItem(id)) return op_.CloseTool(tool);
   if (IsToolItem(id)) return op_.SendCommand(tool, id);
   if (const auto action = ActionOfItem(id)) return Trigger(*action);
+  if (id == kScreenItem) return first_->Ask(FirstStart::Page::kScreen, true);
   if (id == kErrorPlaceItem) return ShowErrorPlace(op_.Desk().ShownSpot());
   if (id == kFaultsItem || id == kPlcItem) {
     innerKeys_ = id == kPlcItem ? InnerKeys::kPlcMessages : InnerKeys::kFaults;

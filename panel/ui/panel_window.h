@@ -22,6 +22,7 @@ namespace panel {
 class AxisDisplay;
 class CredentialsCover;
 class ErrorListCover;
+class FirstStart;
 class JournalKeeper;
 struct JournalSetup;
 class Keyboard;
@@ -89,6 +90,7 @@ class PanelWindow : public QWidget, public PanelFace {
   [[nodiscard]] Question& Asking() const { return *question_; }
   [[nodiscard]] PasswordBox& Password() const { return *password_; }
   [[nodiscard]] CredentialsCover& CredentialsAsked() const { return *credentials_; }
+  [[nodiscard]] FirstStart& First() const { return *first_; }
   [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
   [[nodiscard]] UndoOffer& Undo() const { return *undo_; }
   [[nodiscard]] TouchDesk& Touch() const { return *touch_; }
@@ -97,6 +99,14 @@ class PanelWindow : public QWidget, public PanelFace {
 
   /// Draws the current state. It is called automatically after every change.
   void UpdateDisplay();
+  /// Places the parts anew.
+  void LayOut();
+  void SwitchLanguage();
+  /// Shows the key with which the operator says again how big the screen is.
+  void OfferScreenSize();
+
+ signals:
+  void LanguageSwitched();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -111,18 +121,20 @@ class PanelWindow : public QWidget, public PanelFace {
   void MakeKeyboard();
   void MakeShortcuts();
   void SetTabOrder();
-  void LayOut();
   void PlaceEditor();
   /// Places the messages, and beside them the key that puts back what was removed.
   void PlaceMessages();
   /// Moves and shrinks the error window so that it is all inside the tool area.
   void PlaceErrors();
+  /// Moves the calculator, if there is one, so that all of it can be seen.
+  void PlaceCalculator(QWidget* tool);
   /// The PLC message view fills the tool area.
   void PlacePlcView();
   void ShowSideBar();
   void ShowMachine();
   void ShowStartReason();
   void ShowBars();
+  void ShowSideKeys();
   [[nodiscard]] std::vector<SoftKeyItem> PanelKeys() const;
   [[nodiscard]] bool ShowsVideo() const;
   void ShowMessages();
@@ -135,7 +147,6 @@ class PanelWindow : public QWidget, public PanelFace {
   /// Puts the error window away and shows a place in a program.
   void ShowErrorPlace(const std::optional<pnl::rig::ProgramSpot>& spot);
   void OnItem(int tool, int id, std::uint32_t menu);
-  /// Disables the soft keys while a cover is shown.
   void EnableBars();
   [[nodiscard]] bool Covered() const;
   void MakeTouch();
@@ -144,16 +155,13 @@ class PanelWindow : public QWidget, public PanelFace {
   void OnTouchChanged();
   /// Moves the tool area and the covers so that what has the keyboard is seen above the touch keyboard.
   void FollowFocus();
-  /// The part of the tool area that is seen.
   [[nodiscard]] QRect SeenToolArea() const;
-  /// Sends a key that was touched to what has the keyboard.
   void SendTouched(const TouchStroke& stroke, bool repeated);
   void OnRowKey(RowKey key);
   [[nodiscard]] RowKeyLook LookOfRowKey(RowKey key) const;
   /// Closes the tool when it is in front, else does what opens it or brings it there.
   void ToggleTool(int tool, Action opens);
   void ToggleErrors();
-  void SwitchLanguage();
 
   HostSession& session_;
   Operator& op_;
@@ -163,7 +171,8 @@ class PanelWindow : public QWidget, public PanelFace {
   QList<QKeySequence> panelKeys_;
   std::optional<QSize> fixedToolArea_;
   bool asks_ = false;
-  bool discards_ = false;     // the operator has agreed that the program's changes go
+  bool discards_ = false;  // the operator has agreed that the program's changes go
+  bool offersScreen_ = false;
   bool errorWindow_ = false;  // the error window was shown at the last look
   enum class InnerKeys { kNone, kFaults, kPlcMessages };
   InnerKeys innerKeys_ = InnerKeys::kNone;  // what the main bar shows in place of the panel's own keys
@@ -184,6 +193,7 @@ class PanelWindow : public QWidget, public PanelFace {
   ProgramDesk* desk_;
   ErrorListCover* errorList_;
   CredentialsCover* credentials_;
+  FirstStart* first_;
   UndoOffer* undo_;
   std::unique_ptr<Keyboard> keyboard_;
   std::unique_ptr<JournalKeeper> journal_;

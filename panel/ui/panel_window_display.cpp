@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+// The window's part in what is shown: the state of the machine, bars and messages, and where the tools and the program
+// are in the tool area.
+#include <algorithm>
 #include <array>
 
 #include "ui/axis_display.h"
@@ -80,12 +83,19 @@ void PanelWindow::ShowBars() {
     mainBar_->ShowItems(PanelKeys());
     mainBar_->SetInner(innerKeys_ != InnerKeys::kNone);
   }
-  if (const auto [tool, menu] = session_.SideBar(); menu != 0) {
-    sideBar_->ShowMenu(menu);
-  } else {
-    const auto can = [this](Action action) { return IsOfEditor(action) ? editor_->Can(action) : !editor_->Opening(); };
-    sideBar_->ShowItems(PanelSideItems(can, op_.Desk().ShownSpot().has_value()));
-  }
+  ShowSideKeys();
+}
+
+void PanelWindow::ShowSideKeys() {
+  const auto [tool, menu] = session_.SideBar();
+  const int working = session_.WorkingTool();
+  const bool spot = op_.Desk().ShownSpot().has_value();
+  // A tool without keys of its own leaves the bar empty: those of the program, or of a tool behind it, would act on
+  // what is not in front.
+  if (menu != 0 && (working < 0 || working == tool)) return sideBar_->ShowMenu(menu);
+  if (working >= 0) return sideBar_->ShowItems(PanelSideItemsOverTool(spot));
+  const auto can = [this](Action action) { return IsOfEditor(action) ? editor_->Can(action) : !editor_->Opening(); };
+  sideBar_->ShowItems(PanelSideItems(can, spot));
 }
 
 bool PanelWindow::ShowsVideo() const {
@@ -102,7 +112,9 @@ std::vector<SoftKeyItem> PanelWindow::PanelKeys() const {
     case InnerKeys::kNone:
       break;
   }
-  return PanelMainItems(session_, op_);
+  std::vector<SoftKeyItem> items = PanelMainItems(session_, op_);
+  if (offersScreen_) items.push_back(ScreenItem());
+  return items;
 }
 
 void PanelWindow::ShowMessages() {
@@ -132,6 +144,43 @@ void PanelWindow::ShowMessages() {
                      QColor(hint.warning ? theme::kDark : theme::kText)});
   }
   zone_->Show(std::move(lines));
+}
+
+void PanelWindow::PlaceErrors() {
+  // On a small screen the error window is bigger than the tool area. When a script has set the size of the tool area,
+  // the window stays as the tool makes it.
+  auto* errors = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_ERRORS)));
+  if (errors == nullptr || errors->parentWidget() != toolArea_ || fixedToolArea_) return;
+  QSize size = errors->size().boundedTo(toolArea_->size());
+  // At the right the tool leaves room for soft keys: 90 of 800 pixels. Here they are beside the tool area.
+  constexpr int kSoftKeys = 90;
+  const int room = std::max(kSoftKeys, toolArea_->width() * kSoftKeys / 800 + 1);
+  if (errors->x() <= 0 && size.width() + room >= toolArea_->width()) size.setWidth(toolArea_->width());
+  const int left = std::clamp(errors->x(), 0, toolArea_->width() - size.width());
+  const int top = std::clamp(errors->y(), 0, toolArea_->height() - size.height());
+  if (const QRect place(QPoint(left, top), size); place != errors->geometry()) errors->setGeometry(place);
+}
+
+void PanelWindow::PlaceCalculator(QWidget* tool) {
+  if (tool == nullptr || tool->parentWidget() != toolArea_ || fixedToolArea_) return;
+  const int left = std::max(0, std::min(tool->x(), toolArea_->width() - tool->width()));
+  const int top = std::max(0, std::min(tool->y(), toolArea_->height() - tool->height()));
+  if (tool->pos() != QPoint(left, top)) tool->move(left, top);
+}
+
+void PanelWindow::PlacePlcView() {
+  auto* view = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(PNL_TOOL_PLC_MESSAGES)));
+  if (view != nullptr && view->parentWidget() == toolArea_ && session_.Reacting()) view->setGeometry(toolArea_->rect());
+}
+
+void PanelWindow::PlaceEditor() {
+  QRect place = SeenToolArea();
+  // The program stays readable beside a tool, wherever the tool is.
+  for (const PnlWindow window : session_.ToolWindows()) {
+    const auto* tool = static_cast<const QWidget*>(PnlWidgetOf(window));
+    if (tool != nullptr && tool->isVisible()) place = RoomBeside(place, tool->geometry());
+  }
+  editor_->setGeometry(place);
 }
 
 }  // namespace panel

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The window's part in the errors: presses on the indicator, the list over the panel, the question whether
-// to close, and covers that give way to the error window.
+// The window's part in the errors: where their window is, presses on the indicator, the list over the panel, the
+// question whether to close, and covers that give way to the error window.
+#include <algorithm>
+
 #include "ui/credentials_cover.h"
 #include "ui/error_list.h"
+#include "ui/first_start.h"
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
 #include "ui/password_box.h"
@@ -50,7 +53,8 @@ void PanelWindow::LetErrorsPass() {
   if (shown) errorList_->Leave();
   if (shown) password_->Leave();
   // A hidden cover must not have the keyboard: an earlier question waits until the errors have been seen.
-  const std::pair<QWidget*, bool> covers[] = {{credentials_, credentials_->IsOpen()}, {question_, question_->IsOpen()}};
+  const std::pair<QWidget*, bool> covers[] = {
+      {first_, first_->IsOpen()}, {credentials_, credentials_->IsOpen()}, {question_, question_->IsOpen()}};
   for (const auto& [cover, open] : covers) {
     if (!open || cover->isVisible() != shown) continue;
     cover->setVisible(!shown);

@@ -9,6 +9,7 @@
 
 #include "ui/credentials_cover.h"
 #include "ui/error_list.h"
+#include "ui/first_start.h"
 #include "ui/keyboard.h"
 #include "ui/panel_window.h"
 #include "ui/password_box.h"
@@ -54,6 +55,8 @@ void PanelWindow::MakeTouch() {
 }
 
 void PanelWindow::MakeRoomForTouch() {
+  // The tools' own lists and keys are for the same finger.
+  toolArea_->setProperty("pnlFinger", theme::TouchPixels(*this));
   rest_ = layout_;
   const bool up = touch_->IsUp();
   if (up) {
@@ -95,7 +98,7 @@ void PanelWindow::FollowFocus() {
     const int below = rest_.wide ? layout_.messages.top() : layout_.keyboard.top();
     coverRoom.setBottom(std::min(cover_.bottom(), below - 1 - kMargin));
   }
-  for (QWidget* cover : std::initializer_list<QWidget*>{question_, password_, credentials_, errorList_}) {
+  for (QWidget* cover : std::initializer_list<QWidget*>{question_, password_, credentials_, errorList_, first_}) {
     PutInto(*cover, cover_, coverRoom, TouchDesk::Seen(*cover, coverRoom.height() - 2 * kMargin));
   }
 }
@@ -122,7 +125,8 @@ RowKeyLook PanelWindow::LookOfRowKey(RowKey key) const {
     case RowKey::kInsert:
       return {true, !Covered(), false};
     case RowKey::kKeyboard:
-      return {true, true, touch_->IsUp()};
+      // The questions of the first start need all the room, and no text is typed there.
+      return {true, !first_->IsOpen(), touch_->IsUp()};
     default:
       return {};
   }
@@ -148,6 +152,12 @@ void PanelWindow::SwitchLanguage() {
   if (!language_.Switch()) return op_.SetHint(Say(Word::kNoLanguage), true);
   QEvent changed(QEvent::LanguageChange);
   QApplication::sendEvent(this, &changed);
+  UpdateDisplay();
+  emit LanguageSwitched();
+}
+
+void PanelWindow::OfferScreenSize() {
+  offersScreen_ = true;
   UpdateDisplay();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/program_editor.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -34,6 +35,9 @@ ProgramEditor::ProgramEditor(QWidget* parent)
   lineBar_->hide();
   openingBar_->hide();
   ConnectBars();
+  connect(qApp, &QApplication::focusChanged, this, [this] {
+    if (low_) Place();
+  });
   CodeEdit* edit = MakeEdit();
   edit->show();
   Adopt(edit);
@@ -278,9 +282,25 @@ void ProgramEditor::SetFontPixels(int pixels) {
 
 void ProgramEditor::resizeEvent(QResizeEvent*) { Place(); }
 
+int ProgramEditor::Hidden(int bars) const {
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr || bars <= height() || !isAncestorOf(focus)) return 0;
+  const auto* bar = qobject_cast<const EditorBar*>(focus->parentWidget());
+  return bar == nullptr ? 0 : std::clamp(focus->geometry().bottom() + 1 - height(), 0, focus->y());
+}
+
 void ProgramEditor::Place() {
-  int top = HeadHeight();
   const int inner = std::max(0, width() - 2);
+  const EditorBar* const shown = bar_ == Bar::kFind ? static_cast<EditorBar*>(findBar_) : lineBar_;
+  int bars = 0;
+  for (EditorBar* bar : std::initializer_list<EditorBar*>{openingBar_, findBar_, lineBar_}) {
+    if (bar->isHidden()) continue;
+    // Above a touch keyboard there may be little room. What is typed there is needed more than the head line.
+    bar->FitInto(bar == shown ? height() : QWIDGETSIZE_MAX);
+    bars += bar->Height();
+  }
+  low_ = bars > 0 && fontPixels_ * 2 + bars > height();
+  int top = HeadHeight() - (low_ ? Hidden(bars) : 0);
   for (EditorBar* bar : std::initializer_list<EditorBar*>{openingBar_, findBar_, lineBar_}) {
     if (bar->isHidden()) continue;
     bar->setGeometry(1, top, inner, bar->Height());
@@ -294,6 +314,7 @@ void ProgramEditor::Place() {
 void ProgramEditor::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   theme::DrawField(painter, rect(), QColor(theme::kSurface), QColor(theme::kBorder), 4);
+  if (low_) return;
   const QRect head(10, 0, width() - 20, HeadHeight());
   QString right = Say(Word::kLine, QString::number(Seen()->textCursor().blockNumber() + 1));
   if (Opening()) right = QStringLiteral("%1 %").arg(PercentOpened());

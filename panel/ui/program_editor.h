@@ -104,7 +104,8 @@ class ProgramEditor : public QWidget {
 
  private:
   enum class Bar { kNone, kFind, kLine };
-  [[nodiscard]] int HeadHeight() const { return fontPixels_ * 2; }
+  /// The height of the head line, or 0 while a bar needs its room.
+  [[nodiscard]] int HeadHeight() const { return low_ ? 0 : fontPixels_ * 2; }
   [[nodiscard]] CodeEdit* Seen() const;
   [[nodiscard]] CodeEdit* MakeEdit();
   void ConnectBars();
@@ -127,6 +128,8 @@ class ProgramEditor : public QWidget {
   void CloseBar();
   void Find(bool replace);
   void Place();
+  /// How far the bars have to go up so that the field that is typed in can be seen.
+  [[nodiscard]] int Hidden(int bars) const;
   [[nodiscard]] int PercentOpened() const;
   void ShowOpeningBar();
   void UpdateProgress();
@@ -150,6 +153,7 @@ class ProgramEditor : public QWidget {
   OpeningBar* openingBar_;
   QBasicTimer patience_;  // until the opening gets its bar
   int fontPixels_ = 16;
+  bool low_ = false;  // the editor is too low for the head line and the bars
 };
 
 }  // namespace panel

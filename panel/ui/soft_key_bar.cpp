@@ -157,6 +157,8 @@ void SoftKeyBar::SetFontPixels(int pixels) {
   for (PanelKey* key : keys_) key->SetFontPixels(pixels);
   back_->SetFontPixels(pixels);
   more_->SetFontPixels(pixels);
+  // The screen's density may have changed, too.
+  Place();
 }
 
 void SoftKeyBar::ShowItem(PanelKey& key, const SoftKeyItem* item) {

@@ -10,6 +10,7 @@ namespace panel {
 
 namespace {
 
+constexpr int kGap = 4;
 constexpr int kLeast = 11;    // pixels; a smaller word can't be read from some distance
 constexpr int kLeastRow = 8;  // but a state is never cut
 
@@ -39,27 +40,38 @@ void StatusStrip::Show(const ChannelLook& channel, const QString& mode) {
 
 void StatusStrip::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
-  indicator_->SetFontPixels(pixels);
-  indicator_->setGeometry(Place().errors);
+  PlaceIndicator();
   update();
 }
 
+int StatusStrip::Spare() const { return std::max(0, width() - 3 * Usual() - 2 * kGap); }
+
 StatusStrip::Fields StatusStrip::Place() const {
-  constexpr int kGap = 4;
-  const int most = std::min(220 * fontPixels_ / 15, width() * 9 / 20);
-  const QRect state(0, 0, most, height());
+  const int most = std::min(Usual(), width() * 9 / 20);
+  const QRect state(0, 0, most + Spare() / 2, height());
   const int rest = width() - state.width() - 2 * kGap;
-  const QRect mode(state.right() + 1 + kGap, 0, std::min(rest / 2, most), height());
-  const int errors = std::min(rest - mode.width(), most);
+  const QRect mode(state.right() + 1 + kGap, 0, rest / 2, height());
+  const int errors = rest - mode.width();
   return {state, mode, QRect(width() - errors, 0, errors, height())};
 }
 
-void StatusStrip::resizeEvent(QResizeEvent*) { indicator_->setGeometry(Place().errors); }
+int StatusStrip::Letters() const {
+  const int usual = fontPixels_ * 5 / 4;
+  return Spare() < 2 * Usual() ? usual : std::max(usual, std::min(fontPixels_ * 7 / 4, height() * 3 / 5));
+}
+
+void StatusStrip::PlaceIndicator() {
+  indicator_->setGeometry(Place().errors);
+  // It says less than the state, so its letters are smaller.
+  indicator_->SetFontPixels(std::max(fontPixels_, Letters() * 4 / 5));
+}
+
+void StatusStrip::resizeEvent(QResizeEvent*) { PlaceIndicator(); }
 
 void StatusStrip::PaintState(QPainter& painter, const QRect& field) const {
   const QColor ink = theme::InkOn(QColor(channel_.color));
   const QString text = StateText();
-  const int most = fontPixels_ * 5 / 4;
+  const int most = Letters();
   const QFont inOne = theme::FittingFont(text, field.width(), most, kLeast, true);
   const auto [upper, lower] = InTwoRows(text);
   const int half = field.height() / 2;
@@ -87,8 +99,7 @@ void StatusStrip::paintEvent(QPaintEvent*) {
   PaintState(painter, fields.state.adjusted(8, 0, -8, 0));
   theme::DrawField(painter, fields.mode, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   theme::DrawText(painter, fields.mode.adjusted(6, 0, -6, 0), Qt::AlignCenter, mode_,
-                  theme::FittingFont(mode_, fields.mode.width() - 12, fontPixels_ * 5 / 4, kLeast, true),
-                  QColor(theme::kText));
+                  theme::FittingFont(mode_, fields.mode.width() - 12, Letters(), kLeast, true), QColor(theme::kText));
 }
 
 }  // namespace panel

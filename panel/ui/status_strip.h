@@ -31,7 +31,14 @@ class StatusStrip : public QWidget {
     QRect mode;
     QRect errors;
   };
+  /// They share the strip. Each has its usual width if there is room; of what is left then the state gets half.
   [[nodiscard]] Fields Place() const;
+  [[nodiscard]] int Usual() const { return 220 * fontPixels_ / 15; }
+  /// The width that the strip has beyond the usual width of all fields.
+  [[nodiscard]] int Spare() const;
+  /// The greatest height of the letters, in pixels. It is greater in a strip with much width to spare.
+  [[nodiscard]] int Letters() const;
+  void PlaceIndicator();
   void PaintState(QPainter& painter, const QRect& field) const;
   ChannelLook channel_ = LookWithoutMachine();
   QString mode_;

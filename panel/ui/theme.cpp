@@ -5,8 +5,8 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QWidget>
@@ -58,6 +58,18 @@ QPalette DarkPalette() {
   return palette;
 }
 
+/// The kit's style with scroll bars and handles for a finger. They aren't an indicator alone: not every touch screen
+/// tells touches from a mouse, and only with touches a list is pulled by its rows.
+class FingerStyle : public QProxyStyle {
+ public:
+  FingerStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+  [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const bool finger = metric == PM_ScrollBarExtent || metric == PM_ScrollBarSliderMin;
+    if (finger && widget != nullptr) return TouchPixels(*widget);
+    return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
+
 /// The linear light of a colour channel, both from 0 to 1.
 double Linear(double channel) {
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -97,6 +109,8 @@ QString WithoutMiddle(const QString& text, qsizetype kept) {
   return text.left(first) + QChar(0x2026) + text.mid(last);
 }
 
+qreal screenWidth = 0;
+
 }  // namespace
 
 double Contrast(const QColor& one, const QColor& other) {
@@ -120,7 +134,7 @@ QColor HoverOf(const QColor& fill) {
 QColor LatchedOf(const QColor& tint) { return tint.darker(170); }
 
 void Apply(QApplication& application) {
-  if (QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"))) QApplication::setStyle(fusion);
+  QApplication::setStyle(new FingerStyle);
   QApplication::setPalette(DarkPalette());
   application.setFont(Font(15));
   QApplication::setCursorFlashTime(0);
@@ -149,15 +163,14 @@ QFont FittingFont(const QString& text, int width, int pixels, int least, bool bo
   return Font(std::max(size, least), bold);
 }
 
+bool IsDensity(qreal dotsPerInch) { return dotsPerInch >= 40 && dotsPerInch <= 800; }
+
 int PixelsOf(qreal millimetres, qreal dotsPerInch) {
-  constexpr qreal kMillimetresPerInch = 25.4;
-  // A screen that doesn't know its size reports 0, infinity or nonsense.
-  if (!(dotsPerInch >= 40 && dotsPerInch <= 800)) dotsPerInch = 96;
+  if (!IsDensity(dotsPerInch)) dotsPerInch = kUsualDensity;
   return static_cast<int>(std::ceil(millimetres * dotsPerInch / kMillimetresPerInch - 1e-6));
 }
 
 int TouchPixels(qreal dotsPerInch) {
-  constexpr qreal kTouchMillimetres = 9;
   constexpr int kLeast = 34;
   return std::max(kLeast, PixelsOf(kTouchMillimetres, dotsPerInch));
 }
@@ -166,8 +179,14 @@ int TouchPixels(const QWidget& widget) { return TouchPixels(DensityOf(widget)); 
 
 qreal DensityOf(const QWidget& widget) {
   const QScreen* screen = widget.screen();
-  return screen == nullptr ? 96 : screen->physicalDotsPerInch();
+  if (screen == nullptr) return kUsualDensity;
+  const qreal set = screenWidth > 0 ? screen->size().width() * kMillimetresPerInch / screenWidth : 0;
+  return IsDensity(set) ? set : screen->physicalDotsPerInch();
 }
+
+void SetScreenWidth(qreal millimetres) { screenWidth = millimetres; }
+
+qreal ScreenWidth() { return screenWidth; }
 
 void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,
               Qt::TextElideMode cut) {

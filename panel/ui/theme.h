@@ -22,7 +22,7 @@ inline constexpr QRgb kPressed = 0xff1f6fb2;
 inline constexpr QRgb kBorder = 0xff3d4a58;
 inline constexpr QRgb kText = 0xffeef3f7;
 inline constexpr QRgb kMuted = 0xff9fb0c0;
-inline constexpr QRgb kFaint = 0xff5f6f7f;  // for what can't be used now; never for text that must be read
+inline constexpr QRgb kFaint = 0xff8192a3;  // for what can't be used now: dim, but read on kSurface
 inline constexpr QRgb kAccent = 0xff4db2ff;
 inline constexpr QRgb kGreen = 0xff1b7a40;
 inline constexpr QRgb kAmber = 0xffe8961e;
@@ -55,10 +55,20 @@ void Apply(QApplication& application);
 /// density counts as 96.
 [[nodiscard]] int PixelsOf(qreal millimetres, qreal dotsPerInch);
 /// The least side of a key: 9 mm, at least 34 pixels.
+inline constexpr qreal kTouchMillimetres = 9;
 [[nodiscard]] int TouchPixels(qreal dotsPerInch);
 [[nodiscard]] int TouchPixels(const QWidget& widget);
-/// The density of the screen that shows the widget, in dots per inch.
+/// The density of the screen that shows the widget, in dots per inch: by the width that was set, else as the screen
+/// reports it.
 [[nodiscard]] qreal DensityOf(const QWidget& widget);
+/// Sets how wide the screen is, in millimetres; 0 when nobody knows. A width with which the density would be impossible
+/// counts as unknown.
+void SetScreenWidth(qreal millimetres);
+[[nodiscard]] qreal ScreenWidth();
+/// Whether a screen can have that density. One that doesn't know its size reports 0, infinity or nonsense.
+[[nodiscard]] bool IsDensity(qreal dotsPerInch);
+inline constexpr qreal kMillimetresPerInch = 25.4;
+inline constexpr qreal kUsualDensity = 96;
 
 /// Draws text on one line within rect. A text that is too long is cut at cut, with an ellipsis.
 void DrawText(QPainter& painter, const QRect& rect, int flags, const QString& text, const QFont& font, QColor color,

@@ -64,18 +64,24 @@ void TouchDesk::SetTouched(bool on) {
   ReviewSoon();
 }
 
+void TouchDesk::SwitchOn() {
+  switchedOn_ = true;
+  ReviewSoon();
+}
+
 void TouchDesk::Toggle() {
   if (up_) {
     PutAway();
     switchedOn_ = touchScreen_;
+    emit Switched(switchedOn_);
     return;
   }
   forced_ = true;
   switchedOn_ = true;
   interrupted_ = false;
-  away_ = false;
   typed_ = false;
   Review();
+  emit Switched(switchedOn_);
 }
 
 void TouchDesk::SetInterrupted(bool on) {
@@ -124,7 +130,6 @@ void TouchDesk::OnFinger(const QPointer<QWidget>& touched) {
   if (!touched || focus == nullptr || !TakesText(*focus)) return;
   if (focus != touched && !focus->isAncestorOf(touched)) return;
   interrupted_ = false;
-  Review();
   wanted_ = true;
   away_ = false;
   typed_ = false;

@@ -24,6 +24,8 @@ class TouchDesk : public QObject {
   /// Says that the screen is touched: every press then counts as a finger's, and every text field that gets the
   /// keyboard raises this one. Without it only a touch screen's own touches do.
   void SetTouched(bool on);
+  /// Lets every text field raise the keyboard, until it is put away by its key.
+  void SwitchOn();
   /// What the key for it does: puts the keyboard away when it is up. Otherwise raises it, whatever has the focus, and
   /// switches it on until it is put away by this key.
   void Toggle();
@@ -45,6 +47,8 @@ class TouchDesk : public QObject {
  signals:
   /// The keyboard has come or gone, or, while it is up, what has to be seen may be elsewhere.
   void Changed();
+  /// Its key was pressed; on: whether every text field raises the keyboard now.
+  void Switched(bool on);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

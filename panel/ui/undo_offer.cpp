@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "common/shortcuts.h"
-#include "host/tool_texts.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -61,18 +60,31 @@ void UndoOffer::Offer(int tool, int number) {
   if (tool == tool_ && number == number_) return;
   // The other tool's removals can't be offered any more.
   if (tool_ >= 0 && tool_ != tool) ForgetRemovals(session_.ToolWindow(tool_));
-  const RemovedRows removed = LastRemoval(session_.ToolWindow(tool));
-  if (removed.rows == 0) return Close();
+  removed_ = LastRemoval(session_.ToolWindow(tool));
+  if (removed_.rows == 0) return Close();
   tool_ = tool;
   number_ = number;
-  setText(CaptionOf(removed));
-  setAccessibleName(CaptionOf(removed));
+  ShowCaption();
   if (manual_) {
     left_ = kMilliseconds;
   } else {
     timer_.start(kMilliseconds);
   }
   show();
+  emit Changed();
+}
+
+void UndoOffer::ShowCaption() {
+  setText(CaptionOf(removed_));
+  setAccessibleName(CaptionOf(removed_));
+}
+
+void UndoOffer::changeEvent(QEvent* event) {
+  PanelKey::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange) return;
+  SetTip(TooltipOf(Action::kUndoRemoval));
+  if (!IsOpen()) return;
+  ShowCaption();
   emit Changed();
 }
 

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "host/host_session.h"
+#include "host/tool_texts.h"
 #include "ui/panel_key.h"
 
 namespace panel {
@@ -35,12 +36,14 @@ class UndoOffer : public PanelKey {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void WatchTools();
   /// Looks at the tool's removals and offers the last one, or ends the offer.
   void Look(int tool);
   void Offer(int tool, int number);
+  void ShowCaption();
   /// Ends the offer. The tool forgets what was removed.
   void Expire();
   void Close();
@@ -48,7 +51,8 @@ class UndoOffer : public PanelKey {
   HostSession& session_;
   QTimer timer_;
   int tool_ = -1;
-  int number_ = 0;              // of the removal that is offered
+  int number_ = 0;  // of the removal that is offered
+  RemovedRows removed_;
   std::optional<qint64> left_;  // of the manual time
   bool manual_ = false;
 };

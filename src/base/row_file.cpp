@@ -91,4 +91,15 @@ FileStatus StoreRows(Files& files, TextView path, FileKnown known, const RowsToS
   return status == FileStatus::kOk ? FileStatus::kDenied : status;
 }
 
+bool StoreRowsEarly(Files& files, TextView path, FileKnown& known, const RowsToStore& rows, std::uint64_t mostBytes) {
+  if (known == FileKnown::kUnknown || rows.all.TextBytes() + rows.all.size() > mostBytes) return true;
+  if (known == FileKnown::kAbsent) {
+    const FileInfo info = files.Query(path);
+    if (info.exists || info.outOfReach) return true;
+  }
+  if (WriteRows(files, path, rows.all, rows.most) != FileStatus::kOk) return false;
+  known = FileKnown::kWhole;
+  return true;
+}
+
 }  // namespace pnl

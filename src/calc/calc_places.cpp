@@ -12,6 +12,7 @@ namespace {
 constexpr CalcExtent kDialogExtent{188, 135};
 constexpr double kNormalDensity = 96;
 constexpr double kLargestDensity = 800;
+constexpr double kNormalWidth = 800;
 constexpr double kScaleSteps = 4;
 constexpr int kNoteGap = 2;
 constexpr int kStep = 8;
@@ -80,11 +81,21 @@ Rect DialogPixels(const CalcControl& control, double scale) {
 }
 
 double DialogScale(double dotsPerInch, const Rect& parent) {
-  if (!(dotsPerInch > kNormalDensity && dotsPerInch <= kLargestDensity)) return 1;
+  const bool dense = dotsPerInch > kNormalDensity && dotsPerInch <= kLargestDensity;
   const double widest = parent.Width() / 2.0 / DialogPixelsX(kDialogExtent.width, 1);
   const double highest = static_cast<double>(parent.Height()) / DialogPixelsY(kDialogExtent.height + 1, 1);
-  const double scale = std::min({dotsPerInch / kNormalDensity, widest, highest});
-  return std::max(1.0, std::floor(scale * kScaleSteps) / kScaleSteps);
+  // For a finger it may take the whole height; only to be read from farther away, half of it.
+  const double forFinger = dense ? std::min({dotsPerInch / kNormalDensity, widest, highest}) : 1;
+  const double forArea = std::min({parent.Width() / kNormalWidth, widest, highest / 2});
+  return std::max(1.0, std::floor(std::max(forFinger, forArea) * kScaleSteps) / kScaleSteps);
+}
+
+CalcPlace CalcInSight(const Rect& window, const Rect& parent) {
+  const bool seen = window.right >= parent.left + kLeastVisible && window.left <= parent.right - kLeastVisible &&
+                    window.bottom >= parent.top + kLeastVisible && window.top <= parent.bottom - kLeastVisible;
+  if (seen || parent.Width() <= 0 || parent.Height() <= 0) return {window.left, window.top};
+  return {std::max(parent.left, std::min(window.left, parent.right - window.Width())),
+          std::max(parent.top, std::min(window.top, parent.bottom - window.Height()))};
 }
 
 CalcMeasures MeasureCalc(const CalcView& view) {

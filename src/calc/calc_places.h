@@ -42,9 +42,10 @@ struct CalcExtent {
 
 /// The place of the control in pixels.
 [[nodiscard]] Rect DialogPixels(const CalcControl& control, double scale);
-/// The scale at which keys are as large as a finger on a screen of that density. It is a multiple of a quarter. It is 1
-/// for about 96 dots per inch or less, and for a density that can't be true. The dialog never takes more than half the
-/// width of the parent or more than its height, unless it does so at scale 1.
+/// The scale of the dialog in a parent of that size: 1 in one 800 pixels wide, and more in a wider one, where it takes
+/// at most half of the height for that. On a dense screen it is at least so large that a key is as large as a finger; a
+/// density that can't be true doesn't count. It is a multiple of a quarter and never below 1. The dialog never takes
+/// more than half the width of the parent or more than its height, unless it does so at scale 1.
 [[nodiscard]] double DialogScale(double dotsPerInch, const Rect& parent);
 
 /// The rectangles on which sizes and places depend. Those of the controls are in the client area.
@@ -73,6 +74,11 @@ struct CalcPlace {
 };
 /// The place of the window after one step in its parent. Returns nothing if too little of it would then be visible.
 [[nodiscard]] std::optional<CalcPlace> MoveCalc(const Rect& window, const Rect& parent, CalcDirection direction);
+
+/// The place of a window that opens where it was left. If the parent is smaller than it was then, so that less of the
+/// window would be visible than a step leaves, it is moved until all of it is in the parent, or its top left corner if
+/// it is larger than the parent.
+[[nodiscard]] CalcPlace CalcInSight(const Rect& window, const Rect& parent);
 
 /// The place of a note of that size: below the window, above it if there is no room below, else over the window at the
 /// bottom of the parent. It is inside the parent if the parent is large enough.

@@ -38,6 +38,7 @@ void CalcSession::Open() {
   minimized_ = loaded_.settings.minimized;
   View().MoveWindow(loaded_.settings.left, loaded_.settings.top);
   ResizeWindow();
+  ComeIntoSight();
   const TextRows rows = history_.Load();
   View().FillList(rows);
   // The rows and the place are in the window now, so they can be saved.
@@ -56,6 +57,13 @@ void CalcSession::Open() {
   View().BringToTop();
   View().FocusLine();
   ShowLargeFile(Context(), kTool, CalcHistory::kName, rows.TextBytes() + rows.size());
+}
+
+/// Moves the window if the panel has become so much smaller that it would open out of sight.
+void CalcSession::ComeIntoSight() {
+  const Rect window = View().WindowRect();
+  const CalcPlace place = CalcInSight(window, View().ParentClientRect());
+  if (place != CalcPlace{window.left, window.top}) View().MoveWindow(place.left, place.top);
 }
 
 void CalcSession::MakeControls() {
@@ -187,6 +195,7 @@ void CalcSession::ChangeBase() {
   numberBase_ = (numberBase_ + 1) % kBases;
   RefreshPreview();
   View().SetResultText(FormatResult(value_, numberBase_));
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 
@@ -194,6 +203,7 @@ void CalcSession::ChangeBase() {
 void CalcSession::ChangeAngle() {
   radians_ = !radians_;
   RefreshPreview();
+  View().RepaintRowValues();
   UpdateMenuState();
 }
 

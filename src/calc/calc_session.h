@@ -15,6 +15,7 @@
 #include "calc/calc_menus.h"
 #include "calc/calc_places.h"
 #include "calc/calc_storage.h"
+#include "calc/calc_values.h"
 #include "calc/calc_view.h"
 #include "calc/calc_words.h"
 #include "calc/calc_work.h"
@@ -54,8 +55,7 @@ class CalcSession final : public ToolSession<CalcView> {
   /// Handles a key before the controls get it. Returns true if they must not get it. With the history open it usually
   /// returns false for Up and Down: the list handles them and then OnListSelection is called.
   bool OnKey(CalcKey key, bool ctrl);
-  /// Handles a typed character. Returns true if the line must not get it. Characters like "+" and "=" are such ones
-  /// while no list is open.
+  /// Handles a typed character. Returns true if the line must not get it, as "+" and "=" while no list is open.
   bool OnCharacter(char16_t character);
   void OnLineChanged();
   /// Handles a press on the line: closes an open list.
@@ -74,8 +74,10 @@ class CalcSession final : public ToolSession<CalcView> {
   void OnHandleValue();
   /// Handles the messages of host/kept_work.h and returns the answer; nothing for any other message.
   std::optional<std::intptr_t> OnKeptWork(const Message& message);
-  /// The number of the last removal from the history that can be put back, or 0.
+  /// The number of the last removal that can be put back, or 0.
   [[nodiscard]] int RemovalNumber() const { return removals_.empty() ? 0 : removals_.back().number; }
+  /// The value beside a row of the history in the base in use, empty if it isn't known. Quick enough for painting.
+  [[nodiscard]] Text RowValue(int row, const Text& expression);
   /// Computes one piece of a long evaluation. It takes a few milliseconds at most.
   void Work();
 
@@ -98,10 +100,12 @@ class CalcSession final : public ToolSession<CalcView> {
   struct Removal {
     int number = 0;  // each removal has its own
     std::vector<std::pair<int, Text>> rows;
-    int left = 0;  // how many rows stayed
+    std::vector<std::optional<double>> values;  // of the rows
+    int left = 0;                               // how many rows stayed
   };
 
   // Opening and closing.
+  void ComeIntoSight();
   void MakeControls();
   void InstallMenus();
   void UpdateMenuState();
@@ -179,7 +183,8 @@ class CalcSession final : public ToolSession<CalcView> {
   bool minimized_ = false;
   int numberBase_ = number_base::kDecimal;
   bool radians_ = false;
-  double value_ = 0;  // of the last confirmed expression
+  double value_ = 0;   // of the last confirmed expression
+  CalcValues values_;  // beside the rows of the history
   CalcRun run_;
   std::optional<double> previewValue_;  // of the last preview that had a value
   Text lastSelectedText_;               // at the last tick of the timer

@@ -17,6 +17,9 @@ std::optional<std::intptr_t> CalcSession::OnKeptWork(const Message& message) {
     if (message.first == PNL_REMOVED_READ) return FillRemoved(message.second, rows.size(), false, rows.front().second);
     return message.first == PNL_REMOVED_PUT_BACK ? static_cast<std::intptr_t>(PutBackRows()) : 0;
   }
+  if (*kept == KeptWorkMessage::kStoreRows) {
+    return window_ == nullptr || !opened_ || history_.StoreEarly(View().ListRows()) ? 1 : 0;
+  }
   PnlUnfinished* unfinished = UnfinishedAt(message.second);
   if (unfinished == nullptr) return 0;
   if (*kept == KeptWorkMessage::kRestoreUnfinished) return RestoreUnfinished(*unfinished) ? 1 : 0;
@@ -43,7 +46,13 @@ std::size_t CalcSession::PutBackRows() {
   const Removal removal = std::move(removals_.back());
   removals_.pop_back();
   const int above = std::max(0, View().ListCount() - removal.left);
-  for (const auto& [row, text] : removal.rows) View().InsertListItem(std::min(row + above, View().ListCount()), text);
+  for (std::size_t i = 0; i < removal.rows.size(); ++i) {
+    const auto& [row, text] = removal.rows[i];
+    const int place = std::min(row + above, View().ListCount());
+    values_.Rows().Insert(place, removal.values[i]);
+    View().InsertListItem(place, text);
+  }
+  history_.NoteChanged();
   return removal.rows.size();
 }
 

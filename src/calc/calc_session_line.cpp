@@ -187,6 +187,7 @@ void CalcSession::EndConfirm() {
   value_ = *value;
   history_.NoteAdded(ended.line);
   View().SetResultText(FormatResult(value_, numberBase_));
+  values_.Rows().Insert(0, value_);
   View().InsertListItem(0, ended.line);
   View().SetLineText({});
   // This comes after the change of the line, because that change drops the hint.

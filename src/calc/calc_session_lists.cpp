@@ -190,11 +190,21 @@ void CalcSession::DeleteSelectedRows() {
   if (selected.empty()) return;
   Removal removal;
   for (const int row : selected) removal.rows.emplace_back(row, View().ListItem(row));
-  for (auto row = selected.rbegin(); row != selected.rend(); ++row) View().DeleteListItem(*row);
+  removal.values.resize(selected.size());
+  for (std::size_t i = selected.size(); i-- > 0;) {
+    removal.values[i] = values_.Rows().Erase(selected[i]);
+    View().DeleteListItem(selected[i]);
+  }
+  history_.NoteChanged();
   removal.left = View().ListCount();
   removal.number = ++lastRemoval_;
   if (removals_.size() >= kMostRemovals) removals_.erase(removals_.begin());
   removals_.push_back(std::move(removal));
+}
+
+Text CalcSession::RowValue(int row, const Text& expression) {
+  const std::optional<double> value = values_.ValueOf(row, expression, radians_);
+  return value ? FormatResult(*value, numberBase_) : Text();
 }
 
 // The variables.

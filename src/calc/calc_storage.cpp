@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calc/calc_storage.h"
 
+#include <pnltools/pnltools.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -67,6 +69,12 @@ bool CalcHistory::Save(const TextRows& rows) {
   if (rows.empty()) return true;
   const TextRows added = RowsOf(rows, added_);
   return StoreRows(files_, Path(), known_, {rows, added}) == FileStatus::kOk;
+}
+
+bool CalcHistory::StoreEarly(const TextRows& rows) {
+  if (!changed_ || rows.empty()) return true;
+  changed_ = !StoreRowsEarly(files_, Path(), known_, {rows, added_}, PNL_MOST_STORED_NOW);
+  return !changed_;
 }
 
 // The settings.

@@ -24,10 +24,18 @@ class CalcHistory {
   /// Returns the rows of the file in order, as far as they can be read.
   [[nodiscard]] TextRows Load();
   /// Notes an expression that was confirmed after Load. The caller puts it at the front of the list.
-  void NoteAdded(TextView expression) { added_.push_front(expression); }
+  void NoteAdded(TextView expression) {
+    added_.push_front(expression);
+    changed_ = true;
+  }
   /// Stores the rows of the list. Without rows the file stays as it is. Returns false and leaves the file as it was if
   /// they can't be stored.
   [[nodiscard]] bool Save(const TextRows& rows);
+  /// Notes that the list isn't what was stored last.
+  void NoteChanged() { changed_ = true; }
+  /// Stores the rows before the end if they have changed since they were stored. Without rows the file stays as it is.
+  /// Returns false if they can't be stored.
+  [[nodiscard]] bool StoreEarly(const TextRows& rows);
 
  private:
   [[nodiscard]] Text Path() const;
@@ -36,6 +44,7 @@ class CalcHistory {
   Utilities& utilities_;
   FileKnown known_ = FileKnown::kUnknown;
   TextRows added_;
+  bool changed_ = false;
 };
 
 struct CalcSettings {

@@ -72,6 +72,8 @@ class CalcView : public ToolView {
   /// Selects only that row.
   virtual void SelectListItem(int index) = 0;
   virtual void FocusList() = 0;
+  /// Paints the values beside the rows again, which CalcSession::RowValue returns.
+  virtual void RepaintRowValues() = 0;
 
   // The list of variables 1104, in which one row can be selected, and the note 1105, a text in a frame beside the
   // window. An empty text hides the note.

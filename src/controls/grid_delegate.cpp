@@ -9,17 +9,17 @@
 #include <algorithm>
 
 #include "controls/fonts.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kFingerHeight = 34;
 constexpr int kLineMargin = 12;
 constexpr QColor kEditBack(0xFF, 0xFF, 0xFF);
 constexpr QColor kEditText(0x14, 0x1A, 0x21);
 constexpr QColor kRefusedText(0xB0, 0x10, 0x1C);
-constexpr QColor kMarked(0x00, 0x78, 0xD7);
+constexpr QColor kMarked(0x00, 0x74, 0xD0);
 constexpr Color kListBack = 0x342A20;      // 32, 42, 52
 constexpr Color kListText = 0xF7F3EE;      // 238, 243, 247
 constexpr Color kListSelected = 0xB26F1F;  // 31, 111, 178
@@ -43,7 +43,7 @@ GridDelegate::GridDelegate(QAbstractItemView* view, GridEditing& grid, const Gri
     : QAbstractItemDelegate(view), view_(*view), grid_(grid), cells_(cells), colors_(colors) {}
 
 int GridDelegate::LineHeight() const {
-  return std::max(kFingerHeight, CellHeight(QFontMetrics(view_.font())) + kLineMargin);
+  return std::max(FingerPixels(view_), CellHeight(QFontMetrics(view_.font())) + kLineMargin);
 }
 
 QString GridDelegate::PaintedText(const QModelIndex& index) const {

@@ -23,6 +23,7 @@ constexpr int kSideMargin = 8;
 constexpr int kSmallestBox = 16;
 constexpr int kLargestBox = 30;
 constexpr int kBoxMargin = 4;
+constexpr int kLowCell = 16;
 constexpr std::uint32_t kCellText =
     draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kExpandTabs | draw::kEndEllipsis;
 
@@ -41,7 +42,8 @@ QRect DrawFrame(QPainter& painter, const QRect& cell, const GridColors& colors, 
   painter.fillRect(QRect(cell.left(), cell.bottom(), cell.width(), 1), line);
   painter.fillRect(QRect(cell.right(), cell.top(), 1, cell.height()), line);
   if (face.current) {
-    const int width = face.focused ? kCellFrame : 1;
+    // In a low cell a thick frame would run through the text.
+    const int width = face.focused && cell.height() >= kLowCell ? kCellFrame : 1;
     painter.setPen(QPen(face.focused ? kFrame : Between(kFrame, ToQColor(colors.fixed), 0.5), width));
     painter.setBrush(Qt::NoBrush);
     const double half = width / 2.0;

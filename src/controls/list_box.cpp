@@ -14,12 +14,12 @@
 #include "controls/fonts.h"
 #include "controls/wide_scroll_bar.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kFingerHeight = 34;
 constexpr int kSideMargin = 6;
 constexpr std::uint32_t kItemFormat =
     draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kExpandTabs | draw::kEndEllipsis;
@@ -33,8 +33,10 @@ class ItemDelegate : public QStyledItemDelegate {
     painter->fillRect(option.rect, ToQColor(selected ? list_.SelectedBackColor() : list_.BackColor()));
     painter->setFont(list_.font());
     painter->setPen(ToQColor(selected ? list_.SelectedTextColor() : list_.TextColor()));
-    DrawText(*painter, option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0), ToQString(list_.Item(index.row())),
-             kItemFormat);
+    QRect room = option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0);
+    const ListNote note = list_.Note(index.row());
+    if (note != ListNote()) room = DrawNote(*painter, room, note);
+    DrawText(*painter, room, ToQString(list_.Item(index.row())), kItemFormat);
   }
 
  private:
@@ -113,6 +115,13 @@ void ListBox::SetFont(const QString& face, int height, int weight) {
   if (const auto made = MakeFont(face, height, weight)) setFont(*made);
 }
 
+void ListBox::SetNotes(std::function<ListNote(int)> notes) {
+  notes_ = std::move(notes);
+  viewport()->update();
+}
+
+ListNote ListBox::Note(int index) const { return notes_ && items_.Has(index) ? notes_(index) : ListNote(); }
+
 void ListBox::SetItems(TextRows items) { items_.SetItems(std::move(items)); }
 
 void ListBox::Insert(int index, TextView text) { items_.Insert(index, text); }
@@ -151,7 +160,7 @@ std::vector<int> ListBox::Selected() const {
 }
 
 int ListBox::RowHeight() const {
-  return std::max({kFingerHeight, leastRowHeight_, CellHeight(QFontMetrics(font())) + 2});
+  return std::max({FingerPixels(*this), leastRowHeight_, CellHeight(QFontMetrics(font())) + 2});
 }
 
 void ListBox::SetLeastRowHeight(int pixels) {

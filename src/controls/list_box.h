@@ -4,10 +4,12 @@
 #pragma once
 
 #include <QtCore/QAbstractListModel>
+#include <functional>
 #include <vector>
 
 #include "base/text.h"
 #include "base/text_rows.h"
+#include "controls/list_note.h"
 #include "controls/row_view.h"
 #include "controls/system_colors.h"
 
@@ -51,6 +53,11 @@ class ListBox : public RowView {
   /// Does nothing when the font can't be made.
   void SetFont(const QString& face, int height, int weight);
 
+  /// Sets who says what is drawn beside an item. It is asked when a row is painted, so it must be quick. An empty
+  /// function means no notes.
+  void SetNotes(std::function<ListNote(int index)> notes);
+  [[nodiscard]] ListNote Note(int index) const;
+
   /// Replaces all items. Nothing is selected afterwards.
   void SetItems(TextRows items);
   [[nodiscard]] const TextRows& Items() const { return items_.Items(); }
@@ -93,6 +100,7 @@ class ListBox : public RowView {
 
  private:
   ListBoxModel items_;
+  std::function<ListNote(int)> notes_;
   int leastRowHeight_ = 0;
   Color back_ = SystemColor(kColorWindow);
   Color text_ = SystemColor(kColorWindowText);

@@ -30,7 +30,7 @@ inline constexpr int kColorLight = 22;
     case kColorHighlight3D:
       return 0xFFFFFF;
     case kColorHighlight:
-      return 0xD77800;
+      return 0xD07400;
     case kColorButtonFace:
       return 0xF0F0F0;
     case kColorShadow:

@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QScrollBar>
 
+#include "window/qt/finger.h"
+
 namespace pnl {
 
 class WideScrollBar : public QScrollBar {
@@ -11,11 +13,9 @@ class WideScrollBar : public QScrollBar {
   using QScrollBar::QScrollBar;
   [[nodiscard]] QSize sizeHint() const override {
     const QSize size = QScrollBar::sizeHint();
-    return orientation() == Qt::Vertical ? QSize(kWidth, size.height()) : QSize(size.width(), kWidth);
+    const int width = FingerPixels(*this);
+    return orientation() == Qt::Vertical ? QSize(width, size.height()) : QSize(size.width(), width);
   }
-
- private:
-  static constexpr int kWidth = 30;
 };
 
 }  // namespace pnl

@@ -20,7 +20,7 @@ namespace {
 constexpr QColor kEdge(0x46, 0x56, 0x6A);
 constexpr QColor kFocusEdge(0x0A, 0x6E, 0xC8);
 constexpr QColor kRefused(0xB0, 0x10, 0x1C);
-constexpr QColor kMarked(0x00, 0x78, 0xD7);
+constexpr QColor kMarked(0x00, 0x74, 0xD0);
 constexpr int kFocusWidth = 2;
 constexpr int kSideMargin = 4;
 constexpr std::uint32_t kPainted =
@@ -196,7 +196,7 @@ void ZCDatoWrap::paintEvent(QPaintEvent* event) {
       painter.fillRect(QRect(area.right() - width, (rect().height() - height) / 2, width + 1, height), kMarked);
     }
     QColor ink = marked && !painted.isEmpty() ? QColor(Qt::white) : ToQColor(text_);
-    if (!isEnabled()) ink.setAlpha(120);
+    if (!isEnabled()) ink.setAlpha(165);
     painter.setPen(ink);
     DrawText(painter, area, painted, kPainted);
   }

@@ -109,18 +109,13 @@ void ZWCStatic::ChooseFormat() {
 
 void ZWCStatic::paintEvent(QPaintEvent* /*event*/) {
   if (rect().isEmpty()) return;
-  if (memory_.size() != size() * devicePixelRatio()) {
-    memory_ = QPixmap(size() * devicePixelRatio());
-    memory_.setDevicePixelRatio(devicePixelRatio());
-  }
-  QPainter painter(&memory_);
+  // The window system has a buffer already, so this paints at once.
+  QPainter painter(this);
   if (m_FitMode == kPlusSign) {
     PaintPlusSign(painter);
   } else {
     PaintText(painter);
   }
-  painter.end();
-  QPainter(this).drawPixmap(0, 0, memory_);
 }
 
 void ZWCStatic::resizeEvent(QResizeEvent* event) {

@@ -78,7 +78,6 @@ class ZWCStatic : public QWidget {
   Color m_Frame = SystemColor(kColorWindow);
   Color m_Back = SystemColor(kColorWindow);
   Color m_Text = SystemColor(kColorWindowText);
-  QPixmap memory_;
   bool m_bLocked = false;
   std::uint32_t m_Format = 0x8b65;
   FitMode m_FitMode = kFitNone;

@@ -12,9 +12,28 @@ constexpr int kBetween = 10;
 constexpr int kBelowText = 15;
 constexpr int kArrowLift = 5;
 
+/// The panel for which the dialog is made, in pixels.
+constexpr double kNormalWidth = 800;
+constexpr double kNormalHeight = 600;
+/// The width that the top row takes between the arrows: what keeps its size, and what grows, at scale 1. The row is
+/// centred, so the arrows count twice.
+constexpr double kRowFixed = kTitleBoxWidth + 4 * kBetween;
+constexpr double kRowGrowing = 284;
+/// The same for the height: the description has three lines at least.
+constexpr double kHeightFixed = 90;
+constexpr double kHeightGrowing = 109;
+constexpr double kMostScale = 3;
+
 Rect Place(const Rect& size, int left, int top) { return {left, top, left + size.Width(), top + size.Height()}; }
 
 }  // namespace
+
+double ErrorScale(const Rect& area, const Rect& window) {
+  const double scale =
+      std::min({area.Width() / kNormalWidth, area.Height() / kNormalHeight, (window.Width() - kRowFixed) / kRowGrowing,
+                (window.Height() - kHeightFixed) / kHeightGrowing});
+  return std::clamp(scale, 1.0, kMostScale);
+}
 
 ErrorTopRow LayoutTop(int windowWidth, const ErrorTopRow& before, bool withChannel) {
   ErrorTopRow row = before;

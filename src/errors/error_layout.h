@@ -7,6 +7,10 @@
 
 namespace pnl {
 
+/// The scale of the controls in a window of that size, in a panel of that area: 1 in one of 800 by 600, and more in a
+/// larger one, as long as the top row keeps its room beside the arrows and the description below it. Never below 1.
+[[nodiscard]] double ErrorScale(const Rect& area, const Rect& window);
+
 /// The geometry of the dialog, measured at the start, in pixels.
 struct ErrorBaseGeometry {
   Rect titleRect;

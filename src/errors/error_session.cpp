@@ -43,6 +43,8 @@ void ErrorSession::Start() {
   View().Hide();
   const Text ini = ErrorIniPath(Context().cnc.Util());
   settings_ = ReadErrorSettings(Context().files, ini);
+  const Rect place = PlaceErrorWindow(Context().files, Context().cnc.Util());
+  View().ScaleDialog(ErrorScale(View().ParentClientRect(), place));
   MeasureBase();
   priorityVariable_.SetNombre(u"E.ERRORPRI");
   countVariable_.SetNombre(u"E.NERRORS");
@@ -51,7 +53,7 @@ void ErrorSession::Start() {
   View().SetFonts(settings_.titleFont, settings_.textFont);
   View().UseRaisedLook(error_id::kTitleBox, false);
   View().UseRaisedLook(error_id::kChannelBox, false);
-  View().SetWindowRect(PlaceErrorWindow(Context().files, Context().cnc.Util()));
+  View().SetWindowRect(place);
   OnResized();
   priorityVariable_.GeneraReport();
   countVariable_.GeneraReport();

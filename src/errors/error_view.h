@@ -25,6 +25,8 @@ class ErrorView : public ToolView {
   virtual void RegisterHotKey(bool registered) = 0;
 
   virtual void SetFonts(const ErrorFont& title, const ErrorFont& text) = 0;
+  /// Gives the window the size of its dialog and the controls their places in it, all at that scale.
+  virtual void ScaleDialog(double scale) = 0;
   [[nodiscard]] virtual Rect ControlRect(int id) const = 0;
   virtual void MoveControl(int id, const Rect& rect) = 0;
   virtual void ShowControl(int id, bool shown) = 0;

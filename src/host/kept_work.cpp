@@ -13,9 +13,11 @@ std::optional<KeptWorkMessage> KeptWorkMessageOf(std::uint32_t number) {
   static const std::uint32_t read = RegisterMessage(PNL_NAME_READ_UNFINISHED);
   static const std::uint32_t restore = RegisterMessage(PNL_NAME_RESTORE_UNFINISHED);
   static const std::uint32_t removed = RegisterMessage(PNL_NAME_REMOVED);
+  static const std::uint32_t store = RegisterMessage(PNL_NAME_STORE_ROWS);
   if (number == read) return KeptWorkMessage::kReadUnfinished;
   if (number == restore) return KeptWorkMessage::kRestoreUnfinished;
   if (number == removed) return KeptWorkMessage::kRemoved;
+  if (number == store) return KeptWorkMessage::kStoreRows;
   return std::nullopt;
 }
 

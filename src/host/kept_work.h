@@ -12,7 +12,7 @@
 
 namespace pnl {
 
-enum class KeptWorkMessage { kReadUnfinished, kRestoreUnfinished, kRemoved };
+enum class KeptWorkMessage { kReadUnfinished, kRestoreUnfinished, kRemoved, kStoreRows };
 
 /// The message with that number; nothing for any other message.
 [[nodiscard]] std::optional<KeptWorkMessage> KeptWorkMessageOf(std::uint32_t number);

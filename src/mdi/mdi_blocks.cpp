@@ -16,8 +16,11 @@ bool MdiBlocks::PickBlock(MDIDATA_ST& record) {
       return !record.Text.empty();
     }
     const std::optional<Text> selected = View().DropListSelection();
+    // In the arranged list nothing is selected unless the operator has chosen a row. Without a choice the block that he
+    // has typed runs, as if the list weren't open.
+    const bool typed = !selected && screen_.IsDropListArranged();
     screen_.CloseDropList();
-    record.Text = selected.value_or(Text());
+    record.Text = typed ? View().EditText() : selected.value_or(Text());
     if (selected) View().SetEditText(*selected);
     return !record.Text.empty();
   }
@@ -31,16 +34,25 @@ bool MdiBlocks::PickBlock(MDIDATA_ST& record) {
 void MdiBlocks::Send(MDIDATA_ST& record) {
   if (!PickBlock(record)) return UpdateMenus(record);
   if (kernel_.CogerPlcFree(0, record.Channel) == 0) return;
+  const std::int32_t errorsBefore = refusals_.ErrorCount();
   if (kernel_.MDILine(0, record.Text, 0, 4, 0) == 0) {
+    record.Refused.reset();
     record.State = mdi_state::kRunning;
     screen_.ShowRunning(record);
     return UpdateMenus(record);
   }
   // The error tool shows the operator why the block was refused. The edit keeps the text, so that he can correct it.
   kernel_.LiberarPlcFree(0, record.Channel, 1);
-  record.Text.clear();
+  const Text block = std::exchange(record.Text, {});
   record.MDASelection = -1;
   UpdateMenus(record);
+  ShowRefusal(record, block, errorsBefore);
+}
+
+/// Keeps the refused block and selects the word at fault in the edit, so that the operator can type over it.
+void MdiBlocks::ShowRefusal(MDIDATA_ST& record, const Text& block, std::int32_t errorsBefore) {
+  record.Refused = refusals_.Read(record.Channel, block, errorsBefore);
+  if (record.TypesInEdit()) screen_.SelectRefusedWord(*record.Refused);
 }
 
 void MdiBlocks::Start(MDIDATA_ST& record, bool fromKey) {

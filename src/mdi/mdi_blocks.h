@@ -7,11 +7,12 @@
 #include <cstdint>
 #include <utility>
 
-#include "facade/kernel.h"
+#include "facade/cnc_facade.h"
 #include "mdi/mdi_channels.h"
 #include "mdi/mdi_holding.h"
 #include "mdi/mdi_list.h"
 #include "mdi/mdi_menus.h"
+#include "mdi/mdi_refusal.h"
 #include "mdi/mdi_screen.h"
 #include "mdi/mdi_view.h"
 
@@ -20,9 +21,10 @@ namespace pnl {
 class MdiBlocks {
  public:
   /// Everything that is passed must outlive the object.
-  MdiBlocks(Kernel& kernel, MdiViewAccess view, MdiChannels& channels, MdiHolding& holding, MdiList& list,
+  MdiBlocks(CncFacade& cnc, MdiViewAccess view, MdiChannels& channels, MdiHolding& holding, MdiList& list,
             MdiMenus& menus, MdiScreen& screen)
-      : kernel_(kernel),
+      : kernel_(cnc.Kapi()),
+        refusals_(cnc.Kapi(), cnc.Vars()),
         view_(std::move(view)),
         channels_(channels),
         holding_(holding),
@@ -40,6 +42,7 @@ class MdiBlocks {
   [[nodiscard]] MdiView& View() const { return view_(); }
   [[nodiscard]] bool PickBlock(MDIDATA_ST& record);
   void Send(MDIDATA_ST& record);
+  void ShowRefusal(MDIDATA_ST& record, const Text& block, std::int32_t errorsBefore);
   void OnReady(MDIDATA_ST& record);
   void OnBlockDone(MDIDATA_ST& record);
   void OnAborted(MDIDATA_ST& record);
@@ -48,6 +51,7 @@ class MdiBlocks {
   void UpdateMenus(const MDIDATA_ST& record) { menus_.Update(&record, View().ListCount()); }
 
   Kernel& kernel_;
+  const MdiRefusals refusals_;
   const MdiViewAccess view_;
   MdiChannels& channels_;
   MdiHolding& holding_;

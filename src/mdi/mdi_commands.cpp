@@ -113,6 +113,7 @@ std::intptr_t MdiSession::OpenInChannel(std::intptr_t channel) {
     if (!channels_.IsCurrent(*record)) {
       screen_.SetSelection({0, 0});
       history_.LoadLists(*record);
+      pins_.Load(*record);
       if (record->LowRole() != screen_.DisplayedRole()) screen_.LayOut(record->LowRole(), record);
       screen_.FillList(*record);
     }
@@ -152,6 +153,7 @@ std::intptr_t MdiSession::ReshowChannel(std::intptr_t channel) {
   if (!Outlives([&] { AnnounceOpening(); })) return PNL_REFUSED;
   screen_.SetSelection({0, 0});
   history_.LoadLists(*record);
+  pins_.Load(*record);
   screen_.LayOut(record->LowRole(), record);
   screen_.FillList(*record);
   TakeAndShow(*record);

@@ -4,12 +4,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "base/row_file.h"
 #include "base/text.h"
 #include "base/text_rows.h"
 #include "facade/variables.h"
 #include "mdi/mdi_layout.h"
+#include "mdi/mdi_refusal.h"
 
 namespace pnl {
 
@@ -51,9 +53,10 @@ struct MDIDATA_ST {
   std::int32_t State = mdi_state::kReady;
   pnl::Text Text;  // the block in hand
   std::int32_t LoadState = mdi_load::kNotRead;
-  TextRows History;                // newest first
-  TextRows MDAList;                // in the operator's order
-  std::int32_t MDASelection = -1;  // index in MDAList, or -1
+  bool ChangedSinceStored = false;  // the lists, since they were read or stored
+  TextRows History;                 // newest first
+  TextRows MDAList;                 // in the operator's order
+  std::int32_t MDASelection = -1;   // index in MDAList, or -1
   std::int32_t SavedManualMode = 0;
   // What is known of the two files. It decides whether they may be written over, so that nothing on the disc is lost.
   FileKnown HistoryKnown = FileKnown::kUnknown;
@@ -62,7 +65,16 @@ struct MDIDATA_ST {
   TextRows ListAdded;             // the items that this session put into MDAList, in any order
   std::uint64_t HistorySize = 0;  // how many bytes were read
   std::uint64_t ListSize = 0;
+  TextRows Pins;  // the pinned blocks, newest first
+  bool PinsLoaded = false;
+  FileKnown PinsKnown = FileKnown::kUnknown;
+  TextRows PinsAdded;                 // those that this session pinned
+  std::optional<MdiRefusal> Refused;  // the last block that was refused, until one is accepted
 
+  void MarkListsChanged() {
+    LoadState = mdi_load::kChanged;
+    ChangedSinceStored = true;
+  }
   [[nodiscard]] MdiRole LowRole() const { return (Role & 0x0F) == 2 ? MdiRole::kMda : MdiRole::kMdi; }
   [[nodiscard]] std::int32_t Edit() const { return Role & 0xF0; }
   [[nodiscard]] bool IsReady() const { return State == mdi_state::kReady; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mdi/mdi_history.h"
 
+#include <pnltools/pnltools.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -61,7 +63,11 @@ void MdiHistory::AddToHistory(MDIDATA_ST& record, const Text& text) {
   if (equal) record.History.Erase(*equal);
   if (!equal || *equal >= record.HistoryAdded) ++record.HistoryAdded;
   record.History.push_front(text);
-  record.LoadState = mdi_load::kChanged;
+  record.MarkListsChanged();
+}
+
+std::size_t MdiHistory::StoredBlocks() const {
+  return settings_.LimitUnknown() ? kAllRows : static_cast<std::size_t>(settings_.HistoryLimit());
 }
 
 std::vector<Text> MdiHistory::SaveLists(MDIDATA_ST& record) {
@@ -71,14 +77,27 @@ std::vector<Text> MdiHistory::SaveLists(MDIDATA_ST& record) {
     const Text path = MdiFileIn(utilities_, path_id::kUserSettings, name);
     if (StoreRows(files_, path, known, rows) != FileStatus::kOk) failed.push_back(name);
   };
-  const std::size_t limit = settings_.LimitUnknown() ? kAllRows : static_cast<std::size_t>(settings_.HistoryLimit());
   const TextRows newBlocks = FirstRows(record.History, record.HistoryAdded);
-  store(MdiHistoryName(record.Channel), record.HistoryKnown, {record.History, newBlocks, limit, true});
+  store(MdiHistoryName(record.Channel), record.HistoryKnown, {record.History, newBlocks, StoredBlocks(), true});
   const TextRows newItems = RowsOf(record.MDAList, record.ListAdded);
   store(MdiListName(record.Channel), record.ListKnown, {record.MDAList, newItems});
   record.LoadState = mdi_load::kMatchesFiles;
   record.MDASelection = -1;
   return failed;
+}
+
+bool MdiHistory::StoreEarly(MDIDATA_ST& record) {
+  if (!record.ChangedSinceStored) return true;
+  const auto store = [&](const Text& name, FileKnown& known, const RowsToStore& rows) {
+    const Text path = MdiFileIn(utilities_, path_id::kUserSettings, name);
+    return StoreRowsEarly(files_, path, known, rows, PNL_MOST_STORED_NOW);
+  };
+  const TextRows none;
+  const bool history =
+      store(MdiHistoryName(record.Channel), record.HistoryKnown, {record.History, none, StoredBlocks(), true});
+  const bool list = store(MdiListName(record.Channel), record.ListKnown, {record.MDAList, none});
+  record.ChangedSinceStored = !history || !list;
+  return history && list;
 }
 
 }  // namespace pnl

@@ -31,9 +31,14 @@ class MdiHistory {
   static void AddToHistory(MDIDATA_ST& record, const Text& text);
   /// Writes both lists if one has changed. Returns the names of the files that couldn't be written.
   std::vector<Text> SaveLists(MDIDATA_ST& record);
+  /// Writes both lists before the end if one has changed since they were written. Changes nothing else: SaveLists still
+  /// writes them at the end. Returns false if a file couldn't be written.
+  bool StoreEarly(MDIDATA_ST& record);
 
  private:
   [[nodiscard]] RowsRead Load(TextView name, std::size_t most);
+  /// How many blocks of the history are stored.
+  [[nodiscard]] std::size_t StoredBlocks() const;
   Files& files_;
   Utilities& utilities_;
   MdiSettings& settings_;

@@ -20,11 +20,18 @@ std::optional<std::intptr_t> MdiSession::OnKeptWork(const Message& message) {
     if (message.first != PNL_REMOVED_PUT_BACK) return 0;
     return static_cast<std::intptr_t>(list_.PutBack(*record));
   }
+  if (*kept == KeptWorkMessage::kStoreRows) return StoreRowsNow() ? 1 : 0;
   PnlUnfinished* unfinished = UnfinishedAt(message.second);
   if (unfinished == nullptr) return 0;
   if (*kept == KeptWorkMessage::kRestoreUnfinished) return RestoreUnfinished(*unfinished) ? 1 : 0;
   ReadUnfinished(*unfinished);
   return 1;
+}
+
+bool MdiSession::StoreRowsNow() {
+  bool stored = true;
+  for (MDIDATA_ST& record : channels_.Records()) stored = history_.StoreEarly(record) && stored;
+  return stored;
 }
 
 void MdiSession::ReadUnfinished(PnlUnfinished& into) const {

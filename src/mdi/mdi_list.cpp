@@ -68,7 +68,7 @@ std::optional<MdiListChange> MdiList::Store(MDIDATA_ST& record, bool shown) {
     return std::nullopt;
   }
   record.Text.clear();
-  record.LoadState = mdi_load::kChanged;
+  record.MarkListsChanged();
   return change;
 }
 
@@ -142,7 +142,7 @@ void MdiList::Clear(MDIDATA_ST& record) {
   record.ListAdded.clear();
   View().FillList(record.MDAList);
   record.MDASelection = -1;
-  record.LoadState = mdi_load::kChanged;
+  record.MarkListsChanged();
   UpdateMenus(record);
 }
 
@@ -180,7 +180,7 @@ void MdiList::PutBackList(MDIDATA_ST& record, const MdiRemoval& removal) {
   const TextRows box = join(removal.box, BoxRows(record));
   record.MDAList = join(removal.store, record.MDAList);
   record.ListAdded = join(removal.added, record.ListAdded);
-  record.LoadState = mdi_load::kChanged;
+  record.MarkListsChanged();
   View().FillList(box);
   View().SetListSelection(removal.selection);
 }
@@ -202,7 +202,7 @@ void MdiList::Move(MDIDATA_ST& record, bool up) {
     const std::size_t end = record.MDAList.size();
     record.MDAList.Insert(toEnd ? end : std::min(static_cast<std::size_t>(target), end), item);
   }
-  record.LoadState = mdi_load::kChanged;
+  record.MarkListsChanged();
   View().SetListSelection(target);
 }
 

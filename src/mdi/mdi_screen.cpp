@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "mdi/mdi_colors.h"
-#include "mdi/mdi_drop_list.h"
 
 namespace pnl {
 
@@ -104,7 +103,14 @@ void MdiScreen::ShowAborted(const MDIDATA_ST& record) {
 
 void MdiScreen::SetSelection(TextSelection selection) {
   selection_ = selection;
+  selectedIn_.clear();
   View().SetEditSelection(selection);
+}
+
+void MdiScreen::SelectRefusedWord(const MdiRefusal& refusal) {
+  if (!refusal.word) return;
+  SetSelection(*refusal.word);
+  selectedIn_ = refusal.block;
 }
 
 void MdiScreen::SetCaretToEnd() {
@@ -114,6 +120,8 @@ void MdiScreen::SetCaretToEnd() {
 
 void MdiScreen::OnEditFocus(bool focused) {
   if (focused) {
+    // A word at fault stays selected only until the block is corrected: the correction must not be typed over.
+    if (!selectedIn_.empty() && View().EditText() != selectedIn_) SetCaretToEnd();
     View().SetEditSelection(selection_);
     View().ScrollEditCaret();
   }
@@ -137,36 +145,6 @@ Text MdiScreen::BlockInHand(const MDIDATA_ST& record) const {
   if (record.TypesInEdit()) return SelectedInEdit(View());
   const int selected = View().ListSelection();
   return selected >= 0 ? View().ListItem(selected) : Text();
-}
-
-void MdiScreen::OpenDropList(const MDIDATA_ST* record) {
-  if (record == nullptr || record->LowRole() != MdiRole::kMdi || !record->IsReady() || View().IsDropListOpen()) return;
-  selection_ = View().EditSelection();
-  View().SetSignColors(kMdiSignFocus, kMdiSignOpen);
-  const MdiColors& colors = settings_.colors;
-  const Rect place = MdiDropListRect(View().EditScreenRect(), settings_.Below);
-  View().OpenDropList({place, colors.backList, colors.textList, &record->History});
-}
-
-void MdiScreen::CloseDropList() {
-  if (!View().IsDropListOpen()) return;
-  View().CloseDropList();
-  View().SetSignColors(kMdiSignFocus, kMdiSignBack);
-}
-
-void MdiScreen::CancelDropList() { EndDropList(MdiDropList::kCancelled); }
-
-void MdiScreen::EndDropList(std::intptr_t verdict) {
-  // Anybody can send the message. Without an open list it means nothing.
-  if (!View().IsDropListOpen()) return;
-  if (verdict == MdiDropList::kPicked) {
-    View().SetEditText(View().DropListPicked());
-    View().FocusEdit();
-  } else {
-    View().FocusEdit();
-    SetSelection(selection_);
-  }
-  CloseDropList();
 }
 
 }  // namespace pnl

@@ -46,6 +46,9 @@ class MdiScreen {
 
   /// Sets the selection of the edit, now and each time when it gets the focus back.
   void SetSelection(TextSelection selection);
+  /// Selects the word at fault of a refused block, which the edit has, if the error named one. It gets the selection
+  /// back with the focus only while the edit still has that block.
+  void SelectRefusedWord(const MdiRefusal& refusal);
   /// Sets the caret after the last character.
   void SetCaretToEnd();
   /// The edit got or lost the focus.
@@ -63,10 +66,17 @@ class MdiScreen {
   void OpenDropList(const MDIDATA_ST* record);
   /// Closes the drop list if it is open. Does not move the focus.
   void CloseDropList();
-  /// Closes the drop list as Cancel does: the edit gets back the focus and the saved selection.
-  void CancelDropList();
-  /// Handles "MDI_ENDLIST": takes the picked text if the verdict is 1, and closes the drop list.
-  void EndDropList(std::intptr_t verdict);
+  /// Closes the drop list as Cancel does: the edit gets back the focus and the saved selection. record may be null.
+  void CancelDropList(const MDIDATA_ST* record);
+  /// Handles "MDI_ENDLIST": takes the picked text if the verdict is 1, and closes the drop list. If the picked block
+  /// was refused, the word at fault is selected. record may be null.
+  void EndDropList(std::intptr_t verdict, const MDIDATA_ST* record);
+  /// Whether the open drop list shows the arranged rows (mdi_drop_rows) instead of the history.
+  [[nodiscard]] bool IsDropListArranged() const { return arranged_; }
+  void NoteArranged(bool arranged) { arranged_ = arranged; }
+  /// Types into the edit, at the caret that it has without the focus. EraseInEdit does what the Backspace key does.
+  void TypeIntoEdit(TextView text);
+  void EraseInEdit();
 
  private:
   [[nodiscard]] MdiView& View() const { return view_(); }
@@ -77,7 +87,9 @@ class MdiScreen {
   const MdiSettings& settings_;
   int channelCount_ = 0;
   int listFills_ = 0;
+  bool arranged_ = false;  // what the drop list shows
   MdiRole displayedRole_ = MdiRole::kMdi;
+  Text selectedIn_;  // the refused block in which selection_ is the word at fault; empty for any other selection
   TextSelection selection_;  // the edit gets this selection back with the focus
 };
 

@@ -29,9 +29,11 @@ MdiSession::MdiSession(const ToolContext& context, MdiView& view, WindowHandle h
       channels_(context.cnc),
       menus_(context.language, context.cnc.Kapi(), HostAccess()),
       screen_(ViewAccess(), settings_),
+      pins_(context.files, context.cnc.Util()),
+      recall_(ViewAccess(), screen_, pins_, context.language),
       list_(ViewAccess(), screen_, menus_),
       holding_(context, hostWindow, ViewAccess(), HostAccess(), channels_, screen_),
-      blocks_(context.cnc.Kapi(), ViewAccess(), channels_, holding_, list_, menus_, screen_) {
+      blocks_(context.cnc, ViewAccess(), channels_, holding_, list_, menus_, screen_) {
   explorerRequest_.Owner = kOwnerBase + PNL_TOOL_MDI;
 }
 
@@ -83,7 +85,7 @@ std::optional<std::intptr_t> MdiSession::OnMessage(const Message& message) {
       break;
   }
   if (message.number != endList_) return OnKeptWork(message);
-  screen_.EndDropList(message.first);
+  screen_.EndDropList(message.first, channels_.Current());
   return PNL_DONE;
 }
 
@@ -157,7 +159,7 @@ bool MdiSession::OnKey(MdiKey key) {
       return true;
     case MdiKey::kEscape:
       if (View().IsDropListOpen()) {
-        screen_.CancelDropList();
+        screen_.CancelDropList(record);
       } else {
         Escape();
       }
@@ -165,7 +167,7 @@ bool MdiSession::OnKey(MdiKey key) {
     case MdiKey::kUp:
     case MdiKey::kDown:
       if (record == nullptr || mda || !record->IsReady()) return false;
-      screen_.OpenDropList(record);
+      OpenDropList();
       return true;
     case MdiKey::kDelete:
       if (!mda || record->Edit() != mdi_edit::kNone) return false;
@@ -177,10 +179,38 @@ bool MdiSession::OnKey(MdiKey key) {
 
 void MdiSession::OnLeftPress(bool endedDropList) {
   if (View().IsDropListOpen()) {
-    screen_.CancelDropList();
+    screen_.CancelDropList(channels_.Current());
   } else if (!endedDropList) {
-    screen_.OpenDropList(channels_.Current());
+    OpenDropList();
   }
+}
+
+void MdiSession::OpenDropList() {
+  const MDIDATA_ST* record = channels_.Current();
+  screen_.OpenDropList(record);
+  if (record != nullptr) recall_.Begin(*record);
+}
+
+void MdiSession::OnDropListTyped(TextView text) {
+  if (const MDIDATA_ST* record = channels_.Current()) recall_.Type(*record, text);
+}
+
+void MdiSession::OnDropListErased() {
+  if (const MDIDATA_ST* record = channels_.Current()) recall_.Erase(*record);
+}
+
+void MdiSession::OnDropListSwitched() {
+  if (const MDIDATA_ST* record = channels_.Current()) recall_.Switch(*record);
+}
+
+void MdiSession::OnDropListPin() {
+  MDIDATA_ST* record = channels_.Current();
+  if (record == nullptr || recall_.Pin(*record)) return;
+  ShowNotSaved(Context(), PNL_TOOL_MDI, {MdiPinsName(record->Channel)});
+}
+
+void MdiSession::OnDropListSelection() {
+  if (const MDIDATA_ST* record = channels_.Current()) recall_.OnSelection(*record);
 }
 
 void MdiSession::OnWindowFocus() {

@@ -19,6 +19,8 @@
 #include "mdi/mdi_holding.h"
 #include "mdi/mdi_list.h"
 #include "mdi/mdi_menus.h"
+#include "mdi/mdi_pins.h"
+#include "mdi/mdi_recall.h"
 #include "mdi/mdi_screen.h"
 #include "mdi/mdi_settings.h"
 #include "mdi/mdi_view.h"
@@ -50,6 +52,14 @@ class MdiSession final : public ToolSession<MdiView> {
   /// says that this same press has just ended the drop list by taking the activation from it. Then it isn't opened
   /// again.
   void OnLeftPress(bool endedDropList);
+  // The open drop list. Its verdict comes as "MDI_ENDLIST".
+  /// The operator types while the list has the focus. The text goes into the edit, and the list shows what begins so.
+  void OnDropListTyped(TextView text);
+  void OnDropListErased();
+  /// Handles the key that changes between the history and the arranged rows, and the one that pins.
+  void OnDropListSwitched();
+  void OnDropListPin();
+  void OnDropListSelection();
   /// The window itself got the focus. Hands it on to the edit or the list. Calls nobody outside.
   void OnWindowFocus();
   /// The edit got or lost the focus.
@@ -75,6 +85,7 @@ class MdiSession final : public ToolSession<MdiView> {
   std::intptr_t OnVariableReport(const Message& message);
   std::intptr_t OnCycleStart(const Message& message);
   void StartBlock(MDIDATA_ST* record, bool fromKey);
+  void OpenDropList();
   std::intptr_t OnToolNotify(const Message& message);
   std::intptr_t OnToolCommand(std::intptr_t code, std::intptr_t argument);
   std::intptr_t OnResultReady(const Message& message);
@@ -102,6 +113,7 @@ class MdiSession final : public ToolSession<MdiView> {
   void ShowMessage(TextView text) { Host().HostShowMessage(PNL_TOOL_MDI, text); }
   // What a host keeps for the operator: what he has typed and not finished, and what he has removed.
   std::optional<std::intptr_t> OnKeptWork(const Message& message);
+  bool StoreRowsNow();
   void ReadUnfinished(PnlUnfinished& into) const;
   bool RestoreUnfinished(const PnlUnfinished& from);
   void RestoreItem(MDIDATA_ST& record, const PnlUnfinished& from);
@@ -133,6 +145,8 @@ class MdiSession final : public ToolSession<MdiView> {
   MdiChannels channels_;
   MdiMenus menus_;
   MdiScreen screen_;
+  MdiPins pins_;
+  MdiRecall recall_;
   MdiList list_;
   MdiHolding holding_;
   MdiBlocks blocks_;

@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "base/text_rows.h"
+#include "mdi/mdi_drop_rows.h"
 #include "mdi/mdi_layout.h"
 #include "window/tool_view.h"
 
@@ -21,6 +22,15 @@ struct MdiDropListSpec {
   std::uint32_t back = 0;
   std::uint32_t text = 0;
   const TextRows* items = nullptr;  // shown in order, the first one selected; null for an empty list
+  bool above = false;               // the list is above the edit, and its keys are above the list
+};
+
+/// The two keys beside the drop list, and the word on the row of a refused block.
+struct MdiDropKeys {
+  Text arrange;             // the key that changes between the history and the arranged rows
+  Text pin;                 // the key that pins the selected row, or unpins it
+  bool pinEnabled = false;  // a row is selected
+  Text refused;
 };
 
 class MdiView : public ToolView {
@@ -75,6 +85,10 @@ class MdiView : public ToolView {
   [[nodiscard]] virtual bool IsDropListOpen() const = 0;
   /// Makes, fills and shows the drop list and gives it the focus.
   virtual void OpenDropList(const MdiDropListSpec& spec) = 0;
+  /// Replaces the rows of the open drop list and their marks, and selects the row that rows names. If the rows are the
+  /// same as before, only marks and selection change. Calls nobody outside.
+  virtual void ShowDropRows(const MdiDropRows& rows) = 0;
+  virtual void ShowDropKeys(const MdiDropKeys& keys) = 0;
   /// Destroys the drop list without a verdict: "MDI_ENDLIST" isn't sent any more. It may be called while that message
   /// is handled, so the widget must live until the call stack is left.
   virtual void CloseDropList() = 0;

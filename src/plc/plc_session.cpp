@@ -15,6 +15,8 @@ constexpr std::uint32_t kIdMask = 0x0FFFFFFF;
 /// The size of the window in a language pack that doesn't have the dialog.
 constexpr int kDialogWidth = 236;
 constexpr int kDialogHeight = 226;
+/// The title's colour before the first message.
+constexpr std::uint32_t kTitleText = 0;
 /// The key of the first file among the items. Codes are lower.
 constexpr std::int64_t kFileItem = std::int64_t{1} << 32;
 
@@ -32,7 +34,7 @@ void PlcSession::Start() {
   const DialogTemplate* dialog = Context().language.Dialog(plc_id::kDialog);
   const int width = dialog != nullptr && dialog->width > 0 ? dialog->width : kDialogWidth;
   const int height = dialog != nullptr && dialog->height > 0 ? dialog->height : kDialogHeight;
-  View().SetTitleColors(titleBack_, titleText_);
+  View().SetTitleColors(titleBack_, kTitleText);
   View().SetWindowRect(DialogPixels({0, 0, width, height}, 1));
   OnResized();
   messageVariable_.SetNombre(u"E.PLCMSGDATA");
@@ -196,7 +198,6 @@ void PlcSession::Advance() {
 
 void PlcSession::CloseWindow() {
   BeginItem(std::nullopt);
-  places_.clear();
   documentFile_.clear();
   HideDocument();
   View().ClearPage();
@@ -209,7 +210,6 @@ void PlcSession::CloseWindow() {
 
 void PlcSession::SetColors(std::uint32_t back, std::uint32_t text) {
   titleBack_ = back;
-  titleText_ = text;
   View().SetTitleColors(back, text);
 }
 

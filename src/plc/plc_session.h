@@ -84,7 +84,6 @@ class PlcSession final : public ToolSession<PlcView> {
   Text documentExt_;
   Text messageText_;
   std::uint32_t titleBack_ = 0xC0C0C0;
-  std::uint32_t titleText_ = 0;
   std::optional<DocumentKind> shownKind_;
   std::optional<ItemKey> item_;  // the message or file on the screen; nothing for help
   std::map<ItemKey, PlcPlace> places_;

@@ -82,11 +82,7 @@ void PlcSession::ShowOnly(int id) {
 
 void PlcSession::ShowText(const DocumentReference& parts) {
   Text text;
-  const auto help = ParseHelpReference(documentFile_);
-  if (help && Context().files.Query(parts.path).exists) {
-    Text found;
-    if (Context().cnc.Util().desc_to_txt(help->number, found, help->file)) text = std::move(found);
-  }
+  if (!Context().cnc.Util().desc_to_txt(parts.number, text, parts.path)) text.clear();
   View().SetText(text);
   ShowOnly(plc_id::kText);
 }

@@ -30,17 +30,14 @@ bool ZmcDesk::AskYesNoWith(int text, TextView inserted) const {
   return Ask(Format(LoadText(text), inserted), BoxStyle::kQuestion) == BoxAnswer::kYes;
 }
 
-void ZmcDesk::ShowMessage(int color, int line, TextView text) const {
+void ZmcDesk::ShowMessage(int color, TextView text) const {
   // The text is read before the call returns.
   const Text kept(text);
-  const std::intptr_t selector = color | (static_cast<std::intptr_t>(line) << 16);
   context_.windows.Send(View().Handle(),
-                        {RegisterMessage(zmc_message::kShow), selector, reinterpret_cast<std::intptr_t>(kept.c_str())});
+                        {RegisterMessage(zmc_message::kShow), color, reinterpret_cast<std::intptr_t>(kept.c_str())});
 }
 
-void ZmcDesk::ResetMessage() const {
-  context_.windows.Send(View().Handle(), {RegisterMessage(zmc_message::kReset), 0, 0});
-}
+void ZmcDesk::ResetMessage() const { context_.windows.Send(View().Handle(), {RegisterMessage(zmc_message::kReset)}); }
 
 bool ZmcDesk::CheckRead(CuttingError error) const {
   if (error == CuttingError::kXmlEngine) ShowInfo(zmc_text::kDamaged);

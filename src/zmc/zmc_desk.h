@@ -35,8 +35,9 @@ class ZmcDesk {
   void ShowText(Text text) const { (void)Ask(std::move(text), BoxStyle::kInfo); }
   [[nodiscard]] bool AskText(Text text) const { return Ask(std::move(text), BoxStyle::kQuestion) == BoxAnswer::kYes; }
 
-  /// Sends the frame its own message: a text for a line of the message zone (0 counts as 1), in one of three colours.
-  void ShowMessage(int color, int line, TextView text) const;
+  /// Sends the frame its own message: a text for the first line of the message zone, in one of three
+  /// colours.
+  void ShowMessage(int color, TextView text) const;
   void ResetMessage() const;
   /// Shows box 278 for a damaged file. Returns true when there was no failure.
   bool CheckRead(CuttingError error) const;

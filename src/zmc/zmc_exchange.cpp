@@ -119,9 +119,8 @@ void ZmcExchange::ExportTo(const Text& path) {
   if (desk_.Context().files.Replace(path, bytes) != FileStatus::kOk) {
     return ShowNotSaved(desk_.Context(), kTool, {Text(FileNameOf(path))});
   }
-  desk_.ShowMessage(0, 0,
-                    Format(desk_.LoadText(exchange_text::kExported), path, static_cast<int>(records.materials.size()),
-                           static_cast<int>(records.operations.size())));
+  desk_.ShowMessage(0, Format(desk_.LoadText(exchange_text::kExported), path,
+                              static_cast<int>(records.materials.size()), static_cast<int>(records.operations.size())));
 }
 
 void ZmcExchange::ImportFrom(const Text& path, const Text& name) {
@@ -153,9 +152,8 @@ void ZmcExchange::Store(CuttingRecords records) {
   }
   if (!desk_.CheckStored(desk_.data.Store().UpdateRecords(desk_.data.UserPath(), records))) return;
   reload_();
-  desk_.ShowMessage(0, 0,
-                    Format(desk_.LoadText(exchange_text::kImported),
-                           static_cast<int>(records.materials.size() + records.operations.size())));
+  desk_.ShowMessage(0, Format(desk_.LoadText(exchange_text::kImported),
+                              static_cast<int>(records.materials.size() + records.operations.size())));
 }
 
 void ZmcExchange::ShowText(Text text) const { desk_.ShowText(std::move(text)); }

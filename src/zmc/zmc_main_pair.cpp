@@ -73,7 +73,7 @@ void ZmcMain::ShowPair(const CT_Parametros& block) {
   if (quality.empty()) {
     desk_.ResetMessage();
   } else {
-    desk_.ShowMessage(0, 0, quality);
+    desk_.ShowMessage(0, quality);
   }
 }
 

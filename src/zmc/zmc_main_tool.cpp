@@ -93,7 +93,7 @@ void ZmcMain::TakeTypedTool() {
   const std::optional<Text> name = TypedTool(typed, View().ListItems(id::kTool));
   if (!name) {
     SelectTool(desk_.settings.kept.LastTool);
-    desk_.ShowMessage(1, 0, Format(desk_.LoadText(zmc_text::kNoSuchTool), typed));
+    desk_.ShowMessage(1, Format(desk_.LoadText(zmc_text::kNoSuchTool), typed));
     return;
   }
   SelectTool(*name);

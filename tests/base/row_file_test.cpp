@@ -139,5 +139,37 @@ TEST_F(RowFileTest, TellsHowMuchWasRead) {
   EXPECT_EQ(ReadRows(files, kPath, 1).bytes, 2u + 1);
 }
 
+TEST_F(RowFileTest, EarlyStoringWritesOnlyWhereTheEndWouldReplaceTheFile) {
+  const TextRows rows{u"a", u"b", u"c"};
+  const TextRows none;
+  const auto store = [&](FileKnown known, std::uint64_t mostBytes = 6) {
+    const bool stored = StoreRowsEarly(files, kPath, known, {rows, none, 2}, mostBytes);
+    return std::make_pair(stored, known);
+  };
+  EXPECT_EQ(store(FileKnown::kAbsent), std::make_pair(true, FileKnown::kWhole));
+  EXPECT_EQ(files.disc[kKey], "a\r\nb\r\n") << "up to the limit";
+  files.disc[kKey] = "old\r\n";
+  EXPECT_EQ(store(FileKnown::kAbsent), std::make_pair(true, FileKnown::kAbsent)) << "it has come since";
+  EXPECT_EQ(store(FileKnown::kUnknown), std::make_pair(true, FileKnown::kUnknown));
+  EXPECT_EQ(store(FileKnown::kWhole, 5), std::make_pair(true, FileKnown::kWhole)) << "too long";
+  EXPECT_EQ(files.disc[kKey], "old\r\n");
+  EXPECT_EQ(store(FileKnown::kWhole), std::make_pair(true, FileKnown::kWhole));
+  EXPECT_EQ(files.disc[kKey], "a\r\nb\r\n");
+  files.disc.erase(kKey);
+  files.away = {"C:\\P1"};
+  EXPECT_EQ(store(FileKnown::kAbsent), std::make_pair(true, FileKnown::kAbsent)) << "out of reach by now";
+  files.away.clear();
+  EXPECT_EQ(files.disc.count(kKey), 0U);
+}
+
+TEST_F(RowFileTest, EarlyStoringTellsThatTheFileCanNotBeWritten) {
+  const TextRows rows{u"a"};
+  const TextRows none;
+  files.readOnly = {kKey};
+  FileKnown known = FileKnown::kAbsent;
+  EXPECT_FALSE(StoreRowsEarly(files, kPath, known, {rows, none}, 100));
+  EXPECT_EQ(known, FileKnown::kAbsent);
+}
+
 }  // namespace
 }  // namespace pnl::test

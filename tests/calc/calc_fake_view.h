@@ -39,6 +39,7 @@ class FakeCalcView final : public FakeControls<CalcView> {
   std::vector<Text> rows;
   std::vector<int> selectedRows;
   int currentRow = -1;
+  int valuePaints = 0;
   std::vector<Text> variables;
   int variable = -1;
   bool working = false;
@@ -131,6 +132,7 @@ class FakeCalcView final : public FakeControls<CalcView> {
     currentRow = next;
   }
   void FocusList() override { Order("focus list"), focus = Focus::kList; }
+  void RepaintRowValues() override { Asked(), ++valuePaints; }
 
   void FillVariables(const std::vector<Text>& all) override {
     Order("variables ", all.size());

@@ -120,5 +120,34 @@ TEST_F(CalcKeptWork, AForgottenRemovalDoesNotComeBack) {
   EXPECT_THAT(Rows(), ElementsAre("2+2", "3+3", "4+4"));
 }
 
+TEST_F(CalcKeptWork, TheRowsAreStoredWhenTheHostAsksOnceForEachChange) {
+  const auto store = [this] { return Tell(PNL_NAME_STORE_ROWS, 0, nullptr); };
+  std::string& file = files.disc["C:\\P1\\calc.htr"];
+  file = "by another\r\n";
+  EXPECT_EQ(store(), 1);
+  EXPECT_EQ(file, "by another\r\n") << "nothing has changed";
+  Confirm("5+5");
+  EXPECT_EQ(store(), 1);
+  EXPECT_EQ(file, "5+5\r\n1+1\r\n2+2\r\n3+3\r\n4+4\r\n");
+  Delete({1, 2});
+  EXPECT_EQ(store(), 1);
+  EXPECT_EQ(file, "5+5\r\n3+3\r\n4+4\r\n");
+  file = "by another\r\n";
+  EXPECT_EQ(store(), 1);
+  EXPECT_EQ(file, "by another\r\n");
+  EXPECT_EQ(PutBack(), 2);
+  files.readOnly = {"C:\\P1\\calc.htr"};
+  EXPECT_EQ(store(), 0);
+  files.readOnly.clear();
+  EXPECT_EQ(store(), 1) << "tried again";
+  EXPECT_EQ(file, "5+5\r\n1+1\r\n2+2\r\n3+3\r\n4+4\r\n");
+}
+
+TEST_F(CalcKeptWork, WithoutRowsTheFileStays) {
+  Delete({0, 1, 2, 3});
+  EXPECT_EQ(Tell(PNL_NAME_STORE_ROWS, 0, nullptr), 1);
+  EXPECT_EQ(files.disc["C:\\P1\\calc.htr"], "1+1\r\n2+2\r\n3+3\r\n4+4\r\n");
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -57,6 +57,14 @@ TEST_F(CalcTest, OpensWhereAndAsItWasClosed) {
   EXPECT_TRUE(Item(calc_id::kMenuCompact)->checked);
 }
 
+// It was left at the right edge of a larger panel, and nobody could find it again.
+TEST_F(CalcTest, LeftAtTheEdgeOfALargerPanelItOpensInsideThisOne) {
+  files.disc["C:\\P52\\Calc7340.ini"] = "[COMMON]\r\nWindow=1500,800\r\nMinimized=YES\r\n";
+  Open();
+  EXPECT_EQ(view->left, view->parent.right - view->width);
+  EXPECT_EQ(view->top, view->parent.bottom - 87) << "by its compact height";
+}
+
 TEST_F(CalcTest, OpensWithTheHistoryOfTheFile) {
   files.disc["C:\\P1\\calc.htr"] = "2*3\r\n1+1\r\n";
   Open();

@@ -128,19 +128,51 @@ struct ScaleRow {
 
 class DialogScaleTest : public testing::TestWithParam<ScaleRow> {};
 
-TEST_P(DialogScaleTest, KeepsKeysAsLargeAsAFingerWhereThereIsRoom) {
+TEST_P(DialogScaleTest, GrowsWithThePanelAndKeepsKeysAsLargeAsAFingerWhereThereIsRoom) {
   const ScaleRow& row = GetParam();
   EXPECT_DOUBLE_EQ(DialogScale(row.density, {0, 0, row.width, row.height}), row.scale);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Densities, DialogScaleTest,
-    testing::Values(ScaleRow{96, 800, 600, 1}, ScaleRow{100, 800, 600, 1}, ScaleRow{119, 1920, 1080, 1},
-                    ScaleRow{120, 1920, 1080, 1.25}, ScaleRow{141, 1920, 1080, 1.25}, ScaleRow{144, 1920, 1080, 1.5},
-                    ScaleRow{192, 1920, 1080, 2}, ScaleRow{192, 800, 600, 1.25}, ScaleRow{192, 1920, 300, 1.25},
-                    ScaleRow{192, 200, 100, 1}, ScaleRow{72, 800, 600, 1}, ScaleRow{0, 800, 600, 1},
-                    ScaleRow{-5, 800, 600, 1}, ScaleRow{1e9, 1920, 1080, 1}, ScaleRow{NAN, 800, 600, 1},
-                    ScaleRow{800, 1920, 1080, 3.25}, ScaleRow{800.5, 1920, 1080, 1}, ScaleRow{INFINITY, 800, 600, 1}));
+    testing::Values(ScaleRow{96, 800, 600, 1}, ScaleRow{100, 800, 600, 1}, ScaleRow{96, 999, 768, 1},
+                    ScaleRow{96, 1024, 768, 1.25}, ScaleRow{96, 1220, 668, 1.5}, ScaleRow{96, 1600, 860, 1.75},
+                    ScaleRow{96, 1920, 1080, 2.25}, ScaleRow{96, 1920, 300, 1}, ScaleRow{96, 200, 1080, 1},
+                    ScaleRow{119, 1000, 600, 1.25}, ScaleRow{120, 800, 600, 1.25}, ScaleRow{141, 850, 600, 1.25},
+                    ScaleRow{144, 850, 600, 1.5}, ScaleRow{192, 1200, 600, 2}, ScaleRow{192, 800, 600, 1.25},
+                    ScaleRow{192, 1920, 300, 1.25}, ScaleRow{192, 200, 100, 1}, ScaleRow{72, 800, 600, 1},
+                    ScaleRow{0, 800, 600, 1}, ScaleRow{-5, 800, 600, 1}, ScaleRow{1e9, 850, 600, 1},
+                    ScaleRow{NAN, 850, 600, 1}, ScaleRow{800, 1920, 1080, 3.25}, ScaleRow{800.5, 850, 600, 1},
+                    ScaleRow{INFINITY, 850, 600, 1}));
+
+struct SightRow {
+  const char* what;
+  Rect window;
+  CalcPlace place;
+};
+
+class CalcSight : public testing::TestWithParam<SightRow> {};
+
+TEST_P(CalcSight, MovesAWindowOnlyWhenItWouldOpenOutOfSight) {
+  const SightRow& row = GetParam();
+  EXPECT_EQ(CalcInSight(row.window, {0, 0, 800, 600}), row.place) << row.what;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, CalcSight,
+    testing::Values(SightRow{"inside", {100, 50, 382, 271}, {100, 50}},
+                    SightRow{"partly outside, as a step may leave it", {776, 576, 1058, 797}, {776, 576}},
+                    SightRow{"the same at the other side", {-258, -197, 24, 24}, {-258, -197}},
+                    SightRow{"beyond the right edge", {777, 50, 1059, 271}, {518, 50}},
+                    SightRow{"beyond the bottom", {100, 577, 382, 798}, {100, 379}},
+                    SightRow{"beyond both", {1600, 900, 1882, 1121}, {518, 379}},
+                    SightRow{"beyond the left edge", {-259, 50, 23, 271}, {0, 50}},
+                    SightRow{"beyond the top", {100, -198, 382, 23}, {100, 0}},
+                    SightRow{"larger than the parent", {900, 700, 1900, 1400}, {0, 0}}));
+
+TEST(CalcSightAlone, WithoutAParentItStays) {
+  EXPECT_EQ(CalcInSight({900, 700, 1182, 921}, {}), (CalcPlace{900, 700}));
+}
 
 struct NoteRow {
   const char* what;

@@ -8,6 +8,29 @@ namespace {
 
 const ErrorTopRow kRow{{112, 10, 430, 52}, {61, 10, 106, 52}, {436, 10, 466, 42}, {471, 10, 501, 42}};
 
+struct ErrorScaleRow {
+  const char* what;
+  int areaWidth, areaHeight, width, height;
+  double scale;
+};
+
+TEST(ErrorScale, GrowsWithThePanelAsLongAsTheWindowHasRoom) {
+  for (const ErrorScaleRow& row : {ErrorScaleRow{"as made", 800, 600, 710, 298, 1},
+                                   {"a small panel", 640, 480, 550, 178, 1},
+                                   {"twice as large", 1600, 1200, 1500, 700, 2},
+                                   {"by the height, when that is less", 1600, 900, 1420, 500, 1.5},
+                                   {"by the width, when that is less", 1200, 1200, 1100, 700, 1.5},
+                                   {"a narrow window", 1600, 1200, 786, 700, 1.5},
+                                   {"a low window", 1600, 1200, 1420, 199, 1},
+                                   {"no window", 1600, 1200, 0, 0, 1},
+                                   {"no panel", 0, 0, 710, 298, 1},
+                                   {"a huge panel", 8000, 6000, 7100, 4000, 3}}) {
+    EXPECT_DOUBLE_EQ(ErrorScale({0, 0, row.areaWidth, row.areaHeight}, {5, 5, 5 + row.width, 5 + row.height}),
+                     row.scale)
+        << row.what;
+  }
+}
+
 TEST(ErrorLayout, TheTitleBoxStandsInTheMiddleWithoutAChannel) {
   const ErrorTopRow row = LayoutTop(710, kRow, false);
   EXPECT_EQ(row.titleBox, (Rect{195, 10, 515, 52}));

@@ -40,6 +40,7 @@ class FakeErrorView final : public FakeControls<ErrorView> {
   void SetWaitCursor(bool waiting) override { Order(waiting ? "wait" : "ready"), waits = waiting; }
   void RegisterHotKey(bool registered) override { Asked(), hotKey = registered; }
   void SetFonts(const ErrorFont& title, const ErrorFont&) override { Asked(), titleFont = title; }
+  void ScaleDialog(double wanted) override { Asked(), scale = wanted; }
   [[nodiscard]] Rect ControlRect(int id) const override { return Asked(), rects.at(id); }
   void MoveControl(int id, const Rect& rect) override { Asked(), rects.at(id) = rect; }
   void ShowControl(int id, bool on) override { Asked(), shown[id] = on; }
@@ -64,6 +65,7 @@ class FakeErrorView final : public FakeControls<ErrorView> {
   Rect client{0, 0, 590, 255};
   ErrorFont titleFont;
   std::uint32_t classColor = 0;
+  double scale = 0;
   bool hotKey = false;
   bool titleCentred = true;
   bool waits = false;

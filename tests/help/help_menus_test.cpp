@@ -37,6 +37,7 @@ TEST_F(HelpMenuTest, EachOfTheNineItemsHasItsBitmapItsHelperAndItsCommand) {
     const ManualEntry& entry = HelpMenus::m_Entries[i];
     EXPECT_EQ(entry.Id, row.id);
     EXPECT_EQ(entry.Flags, row.flags);
+    EXPECT_EQ(entry.Command, row.command);
     const MenuItem* item = Item(help.Main(), row);
     ASSERT_NE(item, nullptr) << row.helper;
     EXPECT_EQ(item->bitmap, row.bitmap);

@@ -81,6 +81,18 @@ TEST_F(HelpPages, EnterInTheIndexsLineOpensTheSelectedWord) {
   EXPECT_EQ(view->shownPage, "start.htm#");
 }
 
+TEST_F(HelpPages, EnterInWhatIsNoLineSearchesNothing) {
+  book->found[u"x"] = {{u"Home", u"home.htm"}};
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Forget();
+  for (const HelpPart part : {HelpPart::kPage, HelpPart::kContents, HelpPart::kResults}) {
+    Call(&HelpSession::OnLineEntered, part);
+  }
+  EXPECT_THAT(All(), IsEmpty());
+  EXPECT_THAT(view->results, IsEmpty());
+}
+
 // The search.
 
 TEST_F(HelpPages, TheSearchsKeyShowsTheResultsTidied) {
@@ -94,6 +106,17 @@ TEST_F(HelpPages, TheSearchsKeyShowsTheResultsTidied) {
   EXPECT_THAT(view->results, IsEmpty());
   EXPECT_EQ(view->status, "nothing none");
   EXPECT_EQ(view->SelectedRow(HelpPart::kResults), -1);
+}
+
+// Enter opens a result; without one it searches anew.
+TEST_F(HelpPages, EnterSearchesAgainWhileNothingIsFound) {
+  OpenAt();
+  view->lines[HelpPart::kSearchLine] = u"x";
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  ASSERT_EQ(view->status, "nothing x");
+  book->found[u"x"] = {{u"Home", u"home.htm"}};
+  Call(&HelpSession::OnLineEntered, HelpPart::kSearchLine);
+  EXPECT_EQ(view->status, "found 1");
 }
 
 TEST_F(HelpPages, AQueryWaitsForTheIndexAndIsAnsweredThen) {
@@ -130,6 +153,18 @@ TEST_F(HelpPages, TheIndexOfAManualThatIsGoneIsDropped) {
   EXPECT_EQ(view->status, "");
   DestroyTool();
   book->ready();
+}
+
+TEST_F(HelpPages, AnIndexThatIsReadyWhenNoManualIsOpenAnyMoreIsDropped) {
+  book->slowSearch = true;
+  OpenAt();
+  Search(u"x");
+  const auto ready = book->ready;
+  Command(PNL_COMMAND_CLOSE_TOOL);
+  view->lines[HelpPart::kSearchLine] = u"x";
+  book->searchable = true;
+  ready();
+  EXPECT_EQ(view->status, "");
 }
 
 TEST_F(HelpPages, ASearchWhileTheManualIsBeingOpenedWaits) {

@@ -336,6 +336,14 @@ TEST_F(HelpSessionTest, ADamagedManualAndAFallbackAreBothSaid) {
   EXPECT_EQ(view->note, "damaged oper.chm\nfallback home.htm oper.chm");
 }
 
+TEST_F(HelpSessionTest, AFallbackWhosePageIsGoneIsNamedAsThatPage) {
+  book->pages = {u"mdi.htm", u"start.htm"};
+  book->home = u"start.htm";
+  OpenAt(u"OPT0777");
+  EXPECT_EQ(view->note, "no page home.htm");
+  EXPECT_EQ(view->shownPage, "start.htm#");
+}
+
 TEST_F(HelpSessionTest, APageThatTheManualDoesntHaveIsSaidAndTheHomePageShown) {
   OpenAt(u"OPT0500");
   EXPECT_EQ(view->shownPage, "home.htm#");

@@ -32,6 +32,8 @@ class FakeMdiView final : public FakeView<MdiView> {
   MdiDropListSpec dropSpec;
   std::vector<Text> dropItems;
   int dropSelected = -1;
+  std::vector<MdiRowMark> dropMarks;
+  MdiDropKeys dropKeys;
   std::unique_ptr<MdiDropList> dropList;
 
   [[nodiscard]] std::vector<std::string> Items() const { return Utf8Rows(items); }
@@ -125,6 +127,14 @@ class FakeMdiView final : public FakeView<MdiView> {
     dropList = std::make_unique<MdiDropList>(windows_, handle);
     Move(Focus::kElsewhere);
   }
+  void ShowDropRows(const MdiDropRows& rows) override {
+    Asked();
+    EXPECT_NE(dropList, nullptr) << "rows without a list";
+    dropItems.assign(rows.items.begin(), rows.items.end());
+    dropMarks = rows.marks;
+    dropSelected = rows.selected;
+  }
+  void ShowDropKeys(const MdiDropKeys& keys) override { Asked(), dropKeys = keys; }
   void CloseDropList() override {
     Order("close drop list");
     // As a widget does: it goes when the event that is being handled has ended.

@@ -6,8 +6,10 @@ namespace {
 
 PackContents Contents() {
   PackContents contents;
-  contents.texts = {{7, u"End edit"},  {8, u"Save program"}, {9, u"%s can't be written"}, {10, u"%s not created"},
-                    {38, u"Hint MDI"}, {39, u"Hint MDA"},    {60001, u"not saved: %s"},   {60002, u"%s is slow"}};
+  contents.texts = {
+      {7, u"End edit"},  {8, u"Save program"}, {9, u"%s can't be written"}, {10, u"%s not created"}, {38, u"Hint MDI"},
+      {39, u"Hint MDA"}, {7201, u"Pinned"},    {7202, u"As typed"},         {7203, u"History"},      {7204, u"Pin"},
+      {7205, u"Unpin"},  {7206, u"Refused"},   {60001, u"not saved: %s"},   {60002, u"%s is slow"}};
   contents.menus[u"3015"] = {PackItem(40000, u"Cancel")};
   contents.menus[u"IDR_MDAMENU"] = {PackItem(32771, u"Delete"), PackItem(32772, u"Change"), PackItem(32773, u"New"),
                                     PackItem(32775, u"Save"),   PackItem(32776, u"Clear"),  PackItem(40003, u"Up"),

@@ -246,5 +246,70 @@ TEST_F(MdiKeptWork, NoMoreRemovalsAreKeptThanAnybodyWantsBack) {
   EXPECT_EQ(back, kMostRemovals);
 }
 
+// The rows of the two lists.
+
+class MdiRows : public MdiKeptWork {
+ protected:
+  std::intptr_t StoreNow() { return Tell(PNL_NAME_STORE_ROWS, 0, nullptr); }
+};
+
+TEST_F(MdiRows, BothListsAreStoredWhenTheHostAsksAndAgainAtTheEnd) {
+  Open();
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(files.disc.count("C:\\P108\\MDIC1.DAT"), 0U) << "nothing has changed";
+  RunBlock("G1 X10");
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDIC1.DAT"), "G1 X10\r\n");
+  EXPECT_EQ(Disc("MDAC1.DAT"), "G1 X10\r\n");
+  RunBlock("G1 X20");
+  EXPECT_EQ(Stored(), "G1 X10\r\nG1 X20\r\n");
+  EXPECT_EQ(Disc("MDIC1.DAT"), "G1 X20\r\nG1 X10\r\n");
+}
+
+TEST_F(MdiRows, AListIsWrittenOnceForEachChange) {
+  OpenAbc();
+  view->selected = 1;
+  Menu(kClear);
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDAC1.DAT"), "");
+  files.disc["C:\\P108\\MDAC1.DAT"] = "by another\r\n";
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDAC1.DAT"), "by another\r\n");
+  EXPECT_GT(PutBack(), 0);
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDAC1.DAT"), "A\r\nB\r\nC\r\n");
+}
+
+TEST_F(MdiRows, TheHistoryIsStoredUpToItsLimit) {
+  Open();
+  for (int i = 1; i <= 12; ++i) RunBlock("G1 X" + std::to_string(i));
+  EXPECT_EQ(StoreNow(), 1);
+  const std::string stored = Disc("MDIC1.DAT");
+  EXPECT_EQ(std::count(stored.begin(), stored.end(), '\n'), 10);
+  EXPECT_EQ(stored.substr(0, 8), "G1 X12\r\n");
+}
+
+TEST_F(MdiRows, AFileThatCanNotBeWrittenIsToldAndTriedAgain) {
+  Open();
+  RunBlock("G1 X10");
+  files.readOnly = {"C:\\P108\\MDAC1.DAT"};
+  EXPECT_EQ(StoreNow(), 0);
+  EXPECT_EQ(Disc("MDIC1.DAT"), "G1 X10\r\n");
+  files.readOnly.clear();
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDAC1.DAT"), "G1 X10\r\n");
+}
+
+TEST_F(MdiRows, AFileOutOfReachWaitsForTheEnd) {
+  files.disc["C:\\P108\\MDAC1.DAT"] = "Z\r\n";
+  files.away = {"C:\\P108"};
+  Open();
+  RunBlock("G1 X10");
+  files.away.clear();
+  EXPECT_EQ(StoreNow(), 1);
+  EXPECT_EQ(Disc("MDAC1.DAT"), "Z\r\n");
+  EXPECT_EQ(Stored(), "G1 X10\r\nZ\r\n");
+}
+
 }  // namespace
 }  // namespace pnl::test

@@ -59,8 +59,10 @@ const MarkupRow kMarkup[] = {
     {u"<p>a<ul><li>b</ul><p>c<table></table>", "<p>a</p><ul><li>b</li></ul><p>c</p><table></table>"},
     {u"<ul><li><table><tr><td>a<li>b</table>", "<ul><li><table><tr><td>a<li>b</li></td></tr></table></li></ul>"},
     {u"<p><table><tr><td>a<p>b</table>", "<p></p><table><tr><td>a<p>b</p></td></tr></table>"},
+    {u"<p><li>a<p>b", "<p><li>a<p>b</p></li></p>"},
     {u"<dl><dt>a<dd>b<dt>c</dl>", "<dl><dt>a</dt><dd>b</dd><dt>c</dt></dl>"},
     {u"<table><tr><td>a<td>b<tr><th>c</table>", "<table><tr><td>a</td><td>b</td></tr><tr><th>c</th></tr></table>"},
+    {u"<table><tr><td><b>a<td>b</table>", "<table><tr><td><b>a</b></td><td>b</td></tr></table>"},
     {u"<table><thead><tr><td>a<tbody><tr><td>b</table>",
      "<table><thead><tr><td>a</td></tr></thead><tbody><tr><td>b</td></tr></tbody></table>"},
     {u"<table><tr><td><table><tr><td>a</td></tr></table></td><td>b</td></tr></table>",
@@ -132,6 +134,7 @@ TEST(PageMarkup, AValueHasFourThousandCharactersAtMostWhateverItsKind) {
   }
   EXPECT_EQ(CleanValue(ValueKind::kPicture, most + u"y"), u"picture:" + most);
   EXPECT_EQ(CleanValue(ValueKind::kPicture, u"picture:" + most), u"picture:" + most) << "what is clean stays whole";
+  EXPECT_EQ(CleanValue(ValueKind::kText, u"picture:a"), u"picture:a") << "only a picture's address has that beginning";
 }
 
 struct NumberRow {
@@ -143,7 +146,9 @@ TEST(PageMarkup, OnlyTheNumbersOfAStyleAreLimited) {
   for (const NumberRow& row : {NumberRow{u"1999px 2000px 2001px 09999", "1999px 2000px 2000px 2000"},
                                NumberRow{u"z9000 Z9000 a9000 A9000 _9000", "z9000 Z9000 a9000 A9000 _9000"},
                                NumberRow{u"#999999 #abc9000def-9000", "#999999 #abc9000def-2000"},
-                               NumberRow{u"9000a9000 3.99999", "2000a9000 3.2000"}}) {
+                               NumberRow{u"9000a9000 3.99999", "2000a9000 3.2000"},
+                               NumberRow{u"{9000 [9000 `9000 @9000 /9000 :9000", "{2000 [2000 `2000 @2000 /2000 :2000"},
+                               NumberRow{u"\u00E19000 a\u00E19000", "\u00E12000 a\u00E12000"}}) {
     EXPECT_EQ(ToUtf8(CleanValue(ValueKind::kCss, row.css)), row.limited);
   }
 }
@@ -174,6 +179,9 @@ TEST(PageMarkup, NestingEndsAtTheLimit) {
 TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td>", 1000)), "<td>"), 100u);
   EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table><tr>" + Repeat(u"<td colspan=30 width=50 height=90>", 10)), "<td "), 3u);
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr>" + Repeat(u"<td width=50>", 30), 9)), "<td "), 270u)
+      << "a width spans nothing";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td rowspan=3 colspan=40>", 9)), "<td "), 6u)
       << "a cell from above pushes those beside it aside";
@@ -242,7 +250,7 @@ TEST(PageDecoding, TheEncodingIsFoundWithoutTheMarkupsWord) {
       {"\xE1\x80\x93quoted\x94 \x97 \xF1", "\u00E1\u20AC\u201Cquoted\u201D \u2014 \u00F1"},
       {"\xEF\xBB\xBF\xC3\xA1", "\u00E1"},
       {std::string("\xFF\xFE\xE1\x00\x93\x00", 6), "\u00E1\u0093"},
-      {std::string("\xFE\xFF\x00\xE1", 4), "\u00E1"},
+      {std::string("\xFE\xFF\x00\xE1\x00\x93", 6), "\u00E1\u0093"},
   };
   for (const BytesRow& row : rows) EXPECT_EQ(ToUtf8(DecodePage(row.bytes)), row.text);
 }
@@ -261,6 +269,7 @@ TEST(PageDecoding, APageIsReadUpToTheLimitAndNoCharacterIsCutInHalf) {
   EXPECT_EQ(DecodePage(std::string(1'000'000, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, 'x')).size(), 1'000'000u);
   EXPECT_EQ(DecodePage(std::string(1'000'001, '\xE1')).size(), 1'000'000u) << "no character of it has two bytes";
+  EXPECT_EQ(DecodePage(std::string(1'000'001, '\x80')).size(), 1'000'000u) << "the end of a character without one";
 }
 
 TEST(PageDecoding, TheThirtyTwoCharactersOfWindowsHaveTheirOwnCodes) {

@@ -48,6 +48,7 @@ const AddressRow kAddresses[] = {
     {u"", u"../a.htm", kOutside, u"", u""},
     {u"sub/b.htm", u"../../a.htm", kOutside, u"", u""},
     {u"", u"x/../../a.htm", kOutside, u"", u""},
+    {u"../b.htm", u"a.htm", kOutside, u"", u""},  // a page that nobody could have shown
     {u"", u"%2e%2e/a.htm", kOutside, u"", u""},
     {u"", u"%2E./a.htm", kOutside, u"", u""},
     {u"", u"..%2fa.htm", kOutside, u"", u""},

@@ -175,6 +175,8 @@ TEST_F(DiscPlacesTest, OnlyARemovableDriveComesAndGoesWithItsDisc) {
 
 TEST_F(DiscPlacesTest, NothingIsListedOrMadeInTheFolderOfADiscThatIsOut) {
   temp.Write("stick/a", "1");
+  temp.Write("stick/locked", "1");
+  std::filesystem::permissions(temp.Path() / "stick/locked", std::filesystem::perms::owner_read);
   drives.Set('E', Host("stick"));
   DriveSetup setup;
   setup.drives['E'].type = drive_type::kRemovable;
@@ -189,6 +191,8 @@ TEST_F(DiscPlacesTest, NothingIsListedOrMadeInTheFolderOfADiscThatIsOut) {
   EXPECT_THAT(NamesIn(*out, u"E:", nullptr), testing::IsEmpty());
   EXPECT_FALSE(out->Exists(u"E:\\a"));
   EXPECT_FALSE(out->IsReadOnly(u"E:\\a"));
+  EXPECT_TRUE(in->IsReadOnly(u"E:\\locked"));
+  EXPECT_FALSE(out->IsReadOnly(u"E:\\locked"));
   EXPECT_EQ(in->ReadStart(u"E:\\a", 10), "1");
   EXPECT_EQ(out->ReadStart(u"E:\\a", 10), std::nullopt);
   EXPECT_EQ(out->ReadStart(u"\\\\S\\A\\f", 10), std::nullopt) << "without a network";

@@ -24,6 +24,8 @@ TEST(MountTable, TheFolderIsTheFifthWordOfEachLine) {
       {"36 22 8:17 / /media/usb rw - vfat /dev/sdb1 rw", {"/media/usb"}},
       {"36 22 8:17 / /media/usb", {"/media/usb"}},
       {"36 22 8:17 /", {}},
+      // A word that is missing keeps its blank.
+      {"36 22 8:17 / /a rw\n 22 8:18 / /b rw\n", {"/a", "/b"}},
       {"36 22 8:17 / none rw - tmpfs none rw\n", {}},
       {"36 22 8:17 / /media/MY\\040STICK rw\n", {"/media/MY STICK"}},
       {"36 22 8:17 / /a\\011b\\012c\\134d rw\n", {"/a\tb\nc\\d"}},

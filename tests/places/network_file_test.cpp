@@ -90,6 +90,8 @@ TEST(NetworkFile, AServerWithoutAWayToItIsLeftOut) {
   EXPECT_THAT(ParseNetworkFile("[SERVER a b]\n").servers, IsEmpty());
   EXPECT_EQ(ParseNetworkFile("[SERVER a b]\nAddress=h\n").servers.size(), 1U);
   EXPECT_FALSE(IsHostName(""));
+  EXPECT_TRUE(IsHostName("azAZ09.-_"));
+  for (const char* beside : {"@", "[", "`", "{", "/", ":"}) EXPECT_FALSE(IsHostName(beside)) << beside;
   EXPECT_TRUE(IsHostName(std::string(253, 'a')));
   EXPECT_FALSE(IsHostName(std::string(254, 'a')));
 }

@@ -123,6 +123,7 @@ TEST_F(ShareNetworkTest, WhatCantBeOpenedIsNull) {
   EXPECT_THAT(Shares(u"\\\\CAM"), ElementsAre(u"none"));
   EXPECT_THAT(Shares(u"CAM"), ElementsAre(u"none"));
   EXPECT_THAT(Shares(u"\\\\CAM\\x"), ElementsAre(u"none"));
+  EXPECT_THAT(Shares(u"\\\\SILENT\\a"), ElementsAre(u"none")) << "a share has none, though its server has some";
 }
 
 TEST_F(ShareNetworkTest, NobodyIsAskedBeforeAServerIs) {
@@ -330,6 +331,7 @@ TEST_F(ConnectTest, AfterThreeWrongPasswordsItIsRefused) {
   asker->answers = {{u"ana", u"1"}, {u"ana", u"2"}, {u"ana", u"3"}, {u"ana", u"secret"}};
   EXPECT_EQ(Reader().Connect(u"\\\\CAM\\x", 0), place_error::kLogonFailed);
   EXPECT_THAT(asker->asked, ElementsAre(u"CAM", u"CAM again", u"CAM again"));
+  EXPECT_THAT(Names(std::nullopt, NetworkScope::kConnected), IsEmpty()) << "what failed is no connection";
   // Nothing of them is kept.
   EXPECT_EQ(Folders().Probe(u"\\\\CAM\\x"), place_error::kLogonFailed);
 }

@@ -83,15 +83,26 @@ TEST(PlcDocument, TheFolderIsThePartBeforeTheFileName) {
 class ResolveFileTest : public testing::Test {
  protected:
   std::string Resolve(TextView reference) { return ToUtf8(ResolveFile(files_, utilities_, reference)); }
+  /// Counts the folders that it is asked for.
+  class CountingUtilities final : public FakeUtilities {
+   public:
+    int folders = 0;
+    Text Get7340Path(int id) override { return ++folders, FakeUtilities::Get7340Path(id); }
+  };
   MemoryFiles files_;
-  FakeUtilities utilities_;
+  CountingUtilities utilities_;
 };
 
-TEST_F(ResolveFileTest, AnEmptyReferenceStaysEmpty) { EXPECT_EQ(Resolve(u""), ""); }
+TEST_F(ResolveFileTest, AnEmptyReferenceStaysEmptyAndIsLookedForNowhere) {
+  EXPECT_EQ(Resolve(u""), "");
+  EXPECT_EQ(utilities_.folders, 0);
+  EXPECT_EQ(Resolve(u"a.txt"), "a.txt");
+  EXPECT_EQ(utilities_.folders, 2);
+}
 
 TEST_F(ResolveFileTest, AReferenceWithAFolderStaysAsItIs) {
   // Below the first folder there would be one.
-  files_.disc["C:\\P61\\a.txt"] = files_.disc["C:\\P61\\X\\a.txt"] = "";
+  files_.disc["C:\\P61\\a.txt"] = files_.disc["C:\\P61\\X\\a.txt"] = files_.disc["X\\X\\a.txt"] = "";
   for (const char* reference : {"C:\\X\\a.txt#1", "X\\a.txt", "X/a.txt", "C:a.txt"}) {
     EXPECT_EQ(Resolve(FromUtf8(reference)), reference);
   }

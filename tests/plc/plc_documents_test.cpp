@@ -119,6 +119,22 @@ TEST_F(PlcDocuments, WithoutAVideoTheKeysAreTheControls) {
   }
 }
 
+TEST_F(PlcDocuments, OnlyItsOwnCommandsReachTheVideo) {
+  Show(u"film.avi");
+  for (const int command : {0, 32770, 32774, -1}) Command(command);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+// Hidden for an instant, a view would lose the focus and flicker.
+TEST_F(PlcDocuments, AViewThatGoesOnIsNotHiddenMeanwhile) {
+  for (const TextView file : {u"text.txt#1", u"page.htm", u"film.avi"}) {
+    Show(file);
+    view->wentAway.clear();
+    Show(file);
+    EXPECT_THAT(view->wentAway, IsEmpty()) << ToUtf8(file);
+  }
+}
+
 // "A" is the beginning of "AVI", which makes it a video; Enter asks for the whole word.
 TEST_F(PlcDocuments, EnterPlaysOnlyAFileWhoseExtensionIsAvi) {
   files.disc["C:\\P61\\film.a"] = files.disc["C:\\P61\\FILM2.AVI"] = "avi";
@@ -185,6 +201,14 @@ TEST_F(PlcDocuments, ABitmapThatCannotBeDecodedOrIsTooLargeIsNamed) {
   bmp.replace(22, 4, std::string("\xD1\x07\0\0", 4));
   EXPECT_THAT(Show(u"plan.bmp"), IsEmpty());
   EXPECT_EQ(Note(), "plan.bmp too large");
+  for (const std::size_t side : {18u, 22u}) {
+    std::string line = bmp;
+    line.replace(18, 8, std::string("\0\xB4\xC4\x04\0\xB4\xC4\x04", 8));
+    line.replace(side, 4, std::string("\x01\0\0\0", 4));
+    files.disc["C:\\P61\\line.bmp"] = line;
+    Show(u"line.bmp");
+    EXPECT_EQ(Note(), "line.bmp too large") << "one pixel by 80 millions";
+  }
   for (const std::size_t side : {18u, 22u}) {
     std::string flat = bmp;
     flat.replace(side, 4, 4, '\0');

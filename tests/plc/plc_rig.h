@@ -26,7 +26,11 @@ class FakePlcView final : public FakeView<PlcView> {
   }
   [[nodiscard]] Rect ClientRect() const override { return Asked(), Rect{0, 0, window.Width(), window.Height()}; }
   void MoveControl(int id, const Rect& rect) override { Asked(), rects[id] = rect; }
-  void ShowControl(int id, bool on) override { Asked(), shown[id] = on; }
+  void ShowControl(int id, bool on) override {
+    Asked();
+    if (shown[id] && !on) wentAway.push_back(id);
+    shown[id] = on;
+  }
   void SetControlText(int id, TextView text) override { Asked(), texts[id] = ToUtf8(text); }
   void SetTitleColors(std::uint32_t back, std::uint32_t text) override { Asked(), titleBack = back, titleText = text; }
   void SetText(TextView text) override {
@@ -80,6 +84,7 @@ class FakePlcView final : public FakeView<PlcView> {
 
   std::map<int, Rect> rects;
   std::map<int, bool> shown;
+  std::vector<int> wentAway;  // the controls that were shown and are hidden, in their order
   std::map<int, std::string> texts;
   std::map<int, int> scroll{{plc_id::kText, 0}, {plc_id::kPage, 0}};
   Rect window;

@@ -59,6 +59,17 @@ TEST_F(PlcTest, ADialogWithoutASizeHasTheUsualOne) {
   }
 }
 
+// A window that has that size already isn't resized, and its controls would have no place.
+TEST_F(PlcTest, AWindowThatHasItsDialogsSizeAlreadyGetsItsControlsPlacedAllTheSame) {
+  DestroyTool();
+  view = std::make_unique<FakePlcView>(log, windows);
+  view->window = {0, 0, 354, 367};
+  tool = std::make_shared<PlcSession>(context, *view);
+  Call(&PlcSession::Start);
+  EXPECT_EQ(view->rects[plc_id::kTitle], (Rect{0, 0, 354, 30}));
+  EXPECT_EQ(view->rects[plc_id::kText], (Rect{0, 30, 354, 367}));
+}
+
 TEST_F(PlcTest, AReportIsReadInOrder) {
   Report(3);
   EXPECT_THAT(All(), ElementsAre("HostMayOpenTool(1)", "HostToolOpening(1)", "view show", "view top", "view focus",
@@ -486,6 +497,22 @@ TEST_F(PlcTest, APlaceIsKeptOnceAndNotForAHelp) {
   EXPECT_EQ(view->scroll[plc_id::kPage], 0) << "a help begins at its top";
   Escape();
   EXPECT_EQ(view->scroll[plc_id::kPage], 7) << "where it was last";
+}
+
+// The page comes back with the message, but can't be shown; its place is for the next time.
+TEST_F(PlcTest, APageThatIsRefusedForAWhileKeepsItsPlace) {
+  Report(5);
+  view->scroll[plc_id::kPage] = 120;
+  Report(3);
+  view->refusal = PageRefusal::kUnreadable;
+  Escape();
+  ASSERT_EQ(view->Area(), "note");
+  EXPECT_EQ(view->scroll[plc_id::kPage], 0) << "nothing is shown that could be scrolled";
+  Report(3);
+  view->refusal = PageRefusal::kNone;
+  Escape();
+  EXPECT_EQ(view->Area(), "page");
+  EXPECT_EQ(view->scroll[plc_id::kPage], 120);
 }
 
 TEST_F(PlcTest, AMessageThatIsLeftTakesItsPlaceAlong) {

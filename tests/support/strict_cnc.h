@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "facade/cnc_facade.h"
 #include "support/fake_utilities.h"
@@ -23,6 +25,8 @@ class StrictKernel final : public Kernel {
   std::map<std::string, int> returns;
   int grants = 0;
   bool blockInHand = false;
+  std::function<void()> onRefused;  // a refused block was sent, and the error that says why has to come
+  std::vector<ErrorRecord> errors;  // the queue, which no report announces
 
   int ExisteKernel() override { return Answer("ExisteKernel", 0); }
   int IsNewInspecAllowed(int) override { return Answer("IsNewInspecAllowed", 0); }
@@ -49,6 +53,8 @@ class StrictKernel final : public Kernel {
       EXPECT_FALSE(blockInHand) << "a block was sent while another one is in hand";
       --grants;
       blockInHand = true;
+    } else if (onRefused) {
+      onRefused();
     }
     return result;
   }
@@ -58,7 +64,11 @@ class StrictKernel final : public Kernel {
   int PosibleMDICancel(int channel) override { return Call("PosibleMDICancel", 0, channel); }
   int WriteTxtInBlackBox(TextView text, int zero) override { return Call("WriteTxtInBlackBox", 0, text, zero); }
   int SWOption_IsZMCON() override { return 0; }
-  int ReadError(int, ErrorRecord&) override { return -1; }
+  int ReadError(int index, ErrorRecord& record) override {
+    if (index < 0 || index >= static_cast<int>(errors.size())) return -1;
+    record = errors[static_cast<std::size_t>(index)];
+    return index;
+  }
   int ResetError(int, int) override { return 0; }
   int ResetErrorWithEnter(int, const ErrorRecord&) override { return 0; }
   int AddLogOnInfo(TextView) override { return 0; }

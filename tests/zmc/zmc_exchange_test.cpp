@@ -173,6 +173,44 @@ TEST_F(ZmcExchangeTest, ShowsWhatTheUsersDataChange) {
             "T7130\nmaterial Steel: T73 2000 now 2100, hidden\nBrass at Milling: T65 120");
 }
 
+TEST_F(ZmcExchangeTest, ChangedRecordsAreShownAlsoWithoutAnyPair) {
+  Open();
+  Import("kind;description;kc\nmaterial;Bronze;900\n");
+  Menu(PNL_ZMC_CHANGES);
+  EXPECT_EQ(ToUtf8(windows.boxes.back().text), "T7130\nnew Bronze, T73 900");
+}
+
+TEST_F(ZmcExchangeTest, OfAFileThatIsDamagedNoChangesAreShown) {
+  Open();
+  Import("kind;description;kc\nmaterial;Bronze;900\n");
+  TakeBoxes();
+  files.disc[kUserPath] = "damaged";
+  Menu(PNL_ZMC_CHANGES);
+  EXPECT_THAT(TakeBoxes(), ElementsAre(ToUtf8(Format(u"T%d", zmc_text::kDamaged))));
+  files.unreadable.insert(kUserPath);
+  Menu(PNL_ZMC_CHANGES);
+  EXPECT_THAT(TakeBoxes(), IsEmpty());
+}
+
+TEST_F(ZmcExchangeTest, ATableThatWasShownHasWhatIsImportedAndOneThatWasNotIsNotMade) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kMainTab);
+  Import("kind;description\nmaterial;Bronze\noperation;Boring\n");
+  EXPECT_THAT(view->materials.Column(1), ElementsAre("Bronze", "Steel", "Brass"));
+  EXPECT_EQ(view->made.count(ZmcTab::kOperations), 0u);
+  Menu(zmc_command::kOperationsTab);
+  EXPECT_THAT(view->operations.Column(1), ElementsAre("Boring", "Milling", "Turning"));
+}
+
+TEST_F(ZmcExchangeTest, TheRequestIsNobodysWhenTheToolIsGone) {
+  Open();
+  Menu(PNL_ZMC_EXPORT);
+  ASSERT_NE(Request(), nullptr);
+  DestroyTool();
+  EXPECT_EQ(Request(), nullptr);
+}
+
 TEST_F(ZmcExchangeTest, TheRequestsHaveTheirTitlesAndTheExportItsName) {
   Open();
   Menu(PNL_ZMC_EXPORT);

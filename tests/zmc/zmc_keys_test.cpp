@@ -462,5 +462,123 @@ TEST_F(ZmcKeysTest, WithoutAFocusTheFirstStopIsTheMaterial) {
   }
 }
 
+// What is left after a key.
+
+TEST_F(ZmcKeysTest, EnterLeavesTheTextOfTheLineAndAfterEachEditInsertInserts) {
+  OpenPair();
+  Focus(id::kRemark);
+  view->controls.at(id::kRemark).text = u"old";
+  Key(ZmcKey::kEnter);
+  EXPECT_EQ(TextOf(id::kRemark), "old") << "only the blank key blanks it";
+  Key(ZmcKey::kEnter);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kInsert));
+  EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+  Open();
+  Focus(id::kRemark);
+  Key(ZmcKey::kEnter);
+  Key(ZmcKey::kEscape);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kInsert));
+  EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+}
+
+TEST_F(ZmcKeysTest, TheListOfToolsIsClosedWhenATypedToolIsTakenOrDropped) {
+  OpenPair();
+  TypeTool(u"4");
+  Key(ZmcKey::kEnter);
+  EXPECT_FALSE(Control(id::kTool).open);
+  Key(ZmcKey::kSpace);
+  ASSERT_TRUE(Control(id::kTool).open);
+  Key(ZmcKey::kEscape);
+  EXPECT_FALSE(Control(id::kTool).open);
+}
+
+TEST_F(ZmcKeysTest, AToolThatIsDroppedOrTakenLeavesNoLineInEditMode) {
+  OpenPair();
+  for (const ZmcKey key : {ZmcKey::kEscape, ZmcKey::kEnter}) {
+    Open();
+    TypeTool(u"3");
+    Key(key);
+    Forget();
+    EXPECT_TRUE(Key(ZmcKey::kInsert));
+    EXPECT_THAT(Asked(), testing::Contains("HostInsertBlock"));
+  }
+}
+
+TEST_F(ZmcKeysTest, WhichStopsThereAreIsDecidedByTheToolThatCountsNotByTheTypedOne) {
+  OpenPair();
+  Pick(id::kTool, u"T3");
+  TypeTool(u"T7");
+  Key(ZmcKey::kDown);
+  EXPECT_EQ(view->focused, id::kFCheck) << "the diameter of a cutter is the table's";
+  EXPECT_EQ(TextOf(id::kTool), "T3");
+}
+
+TEST_F(ZmcKeysTest, SidewaysTheCaretMovesInATypedToolAlone) {
+  OpenPair();
+  TypeTool(u"T");
+  EXPECT_FALSE(Key(ZmcKey::kLeft));
+  EXPECT_FALSE(Key(ZmcKey::kRight));
+  EXPECT_EQ(view->focused, id::kTool);
+  Key(ZmcKey::kEscape);
+  EXPECT_TRUE(Key(ZmcKey::kLeft));
+  EXPECT_NE(view->focused, id::kTool);
+  TypeTool(u"4");
+  Key(ZmcKey::kEnter);
+  EXPECT_TRUE(Key(ZmcKey::kLeft)) << "a tool that was taken isn't being typed any more";
+  EXPECT_NE(view->focused, id::kTool);
+}
+
+TEST_F(ZmcKeysTest, BackTabLeavesTheGridOfTheFactoryAtItsFirstCellThatCanBeEdited) {
+  OpenPair();
+  Focus(id::kGrid);
+  view->main.Select({1, 3});
+  EXPECT_TRUE(Key(ZmcKey::kBackTab));
+  EXPECT_EQ(view->focused, id::kOperation);
+  Focus(id::kGrid);
+  view->main.Select({2, 3});
+  EXPECT_FALSE(Key(ZmcKey::kBackTab));
+  EXPECT_EQ(view->focused, id::kGrid);
+}
+
+// What a key asks of the window: its own step and no other.
+
+TEST_F(ZmcKeysTest, AKeyOfTheGridOrOfALineTouchesNoList) {
+  OpenPair();
+  Focus(id::kGrid);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kHome));
+  EXPECT_THAT(All(), testing::IsEmpty());
+  Focus(id::kRemark);
+  Key(ZmcKey::kEnter);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kEscape));
+  EXPECT_THAT(All(), testing::IsEmpty());
+}
+
+TEST_F(ZmcKeysTest, AKeyOfAListDoesOneThingWithIt) {
+  OpenPair();
+  Focus(id::kFUnit);
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kSpace));
+  EXPECT_EQ(All(), (Log{"view open list " + std::to_string(id::kFUnit)}));
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kDown));
+  EXPECT_EQ(All(), (Log{"view move in list " + std::to_string(id::kFUnit) + " 1"}));
+  Forget();
+  EXPECT_TRUE(Key(ZmcKey::kEnter));
+  EXPECT_EQ(All().front(), "view accept " + std::to_string(id::kFUnit));
+  EXPECT_THAT(All(), testing::Not(testing::Contains(testing::HasSubstr("move in list"))));
+}
+
+TEST_F(ZmcKeysTest, ALineThatLosesTheFocusIsNotSelected) {
+  OpenPair();
+  Focus(id::kRemark);
+  Forget();
+  Focus(id::kFCheck);
+  EXPECT_THAT(All(), testing::Not(testing::Contains(testing::HasSubstr("select all"))));
+}
+
 }  // namespace
 }  // namespace pnl::test

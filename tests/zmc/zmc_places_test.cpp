@@ -209,6 +209,14 @@ TEST(ZmcPlaces, ADialogWithoutASizeIsTakenForThePagesOwn) {
   dialog.height = 400;
   EXPECT_EQ(PageOf(ZmcTab::kMain, &dialog, 100, 100).widthUnits, 500);
   EXPECT_EQ(PageOf(ZmcTab::kMain, &dialog, 100, 100).heightUnits, 400);
+  dialog.width = dialog.height = 1;
+  EXPECT_EQ(PageOf(ZmcTab::kMain, &dialog, 100, 100).widthUnits, 1) << "any size but none";
+  const Rect whole = PageOf(ZmcTab::kMain, &dialog, 100, 50).Pixels({0, 0, 1, 1});
+  EXPECT_EQ(whole.right, 100);
+  EXPECT_EQ(whole.bottom, 50);
+  const Rect nothing = ZmcPage{0, 0, 100, 50}.Pixels({1, 1, 2, 2});
+  EXPECT_EQ(nothing.right, 0);
+  EXPECT_EQ(nothing.bottom, 0);
 }
 
 TEST(ZmcPlaces, AControlOfTheDialogGoesBeforeTheTable) {

@@ -592,9 +592,47 @@ TEST_P(ZmcTableTest, TabAndEnterEndTheEditAndMoveOn) {
   EXPECT_EQ(Grid().current, (ZmcCell{2, 1}));
 }
 
+TEST_P(ZmcTableTest, AnEditAtTheBeginningIsStoredByBackTabToo) {
+  OpenTable();
+  Grid().BeginEdit({1, 1});
+  Grid().TypeHere(u"Newer");
+  EXPECT_TRUE(Key(ZmcKey::kBackTab));
+  EXPECT_FALSE(Grid().editing);
+  EXPECT_EQ(Names().front(), "Newer");
+  EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
+  EXPECT_TRUE(CanSave());
+}
+
+TEST_P(ZmcTableTest, ACommitOutsideTheTableOrWithoutAChangeChangesNothing) {
+  OpenTable();
+  const int columns = Table().columns;
+  const std::pair<int, int> cells[] = {
+      {0, 1}, {-1, 1}, {5, 1}, {99, 1}, {1, 0}, {1, -1}, {1, columns + 1}, {1, 1}, {4, 1}, {1, 2}, {1, Table().hidden}};
+  for (const auto& [row, col] : cells) {
+    Call(&ZmcSession::OnCellCommitted, Table().tab, row, col);
+    EXPECT_FALSE(CanSave()) << row << "," << col;
+  }
+  EXPECT_THAT(Asked(), IsEmpty());
+}
+
+TEST_P(ZmcTableTest, FilledAnewItBeginsAtItsFirstRow) {
+  OpenTable();
+  EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
+  MoveTo(Table().tab, 3, 1);
+  ClickHeader(Table().tab, 1);
+  EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
+  MoveTo(Table().tab, 3, 1);
+  Menu(zmc_command::kMainTab);
+  Menu(Table().show);
+  EXPECT_EQ(Grid().current, (ZmcCell{3, 1})) << "and is left where it is when it is only shown";
+}
+
 TEST_P(ZmcTableTest, TheEndsOfTheTableAreEnds) {
   OpenTable();
   Grid().Select({1, 1});
+  Key(ZmcKey::kBackTab);
+  EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
+  Grid().Select({1, 2});
   Key(ZmcKey::kBackTab);
   EXPECT_EQ(Grid().current, (ZmcCell{1, 1}));
   Grid().Select({4, Table().columns - 1});

@@ -37,8 +37,6 @@ QRgb GroundOf(int id) {
   return digit ? calc_look::kKey : calc_look::kOperatorKey;
 }
 
-int Scaled(int pixels, double scale) { return static_cast<int>(std::lround(pixels * scale)); }
-
 }  // namespace
 
 CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidget* parent)
@@ -63,6 +61,8 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
   Connect();
 }
 
+int CalcClientWidget::Scaled(int pixels) const { return static_cast<int>(std::lround(pixels * scale_)); }
+
 QWidget* CalcClientWidget::Make(const CalcControl& control) {
   switch (control.kind) {
     case CalcKind::kResult:
@@ -70,7 +70,7 @@ QWidget* CalcClientWidget::Make(const CalcControl& control) {
     case CalcKind::kEdit:
       return line_ = new CalcLine(control.id, this);
     case CalcKind::kStatic:
-      return status_ = new CalcLabelWidget(control.id, Scaled(calc_look::kStatusHeight, scale_), this);
+      return status_ = new CalcLabelWidget(control.id, Scaled(calc_look::kStatusHeight), this);
     case CalcKind::kList:
       return (control.id == calc_id::kHistory ? history_ : variables_) = MakeList(control.id);
     default:
@@ -89,7 +89,7 @@ ListBox* CalcClientWidget::MakeList(int id) {
   auto* list = new ListBox(id, this);
   list->SetColors(calc_look::kListBack, calc_look::kListText);
   list->SetSelectedColors(calc_look::kListSelected, calc_look::kListText);
-  list->SetFont(QStringLiteral("Arial"), -Scaled(calc_look::kListHeight, scale_), calc_look::kBoldWeight);
+  list->SetFont(QStringLiteral("Arial"), -Scaled(calc_look::kListHeight), calc_look::kBoldWeight);
   list->SetExtended(id == calc_id::kHistory);
   list->hide();
   return list;
@@ -122,9 +122,7 @@ void CalcClientWidget::SetKeyIcon(int id, const std::string* svg) {
 }
 
 void CalcClientWidget::MakeFonts(int lineHeight, int lineWeight, int resultHeight, int resultWeight) {
-  const auto height = [this](int relative) {
-    return std::max(1, Scaled(calc_look::kDialogHeight, scale_) - Scaled(relative, scale_));
-  };
+  const auto height = [this](int relative) { return std::max(1, Scaled(calc_look::kDialogHeight) - Scaled(relative)); };
   line_->setFont(calc_look::Font(height(lineHeight), lineWeight));
   result_->SetFont(calc_look::Font(height(resultHeight), resultWeight));
 }

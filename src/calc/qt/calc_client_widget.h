@@ -35,6 +35,9 @@ class CalcClientWidget final : public QWidget {
   void SelectRow(int index);
   void FillHistory(const TextRows& rows);
 
+  /// That many pixels of the dialog at its present scale.
+  [[nodiscard]] int Scaled(int pixels) const;
+
   [[nodiscard]] CalcLine& Line() const { return *line_; }
   [[nodiscard]] ZCResultWnd& Result() const { return *result_; }
   [[nodiscard]] CalcLabelWidget& Status() const { return *status_; }

@@ -19,9 +19,8 @@ constexpr int kLineMargin = 4;
 constexpr qreal kKeyRadius = 3;
 constexpr int kKeyMargin = 2;
 constexpr int kSmallestText = 8;
-constexpr int kTextHeight = 12;
-
-constexpr int kItemHeight = 15;
+/// The height of a key's text, 12 pixels at scale 1. It is a part of the key's height, so that it grows with the key.
+int TextHeight(int key) { return (key * 3 + 6) / 7; }
 
 /// The text for Qt. "&" is an ordinary character in our menus, and Qt would take it as the mark of a shortcut.
 QString Plain(const Text& text) { return ToQString(text).replace(QLatin1Char('&'), QStringLiteral("&&")); }
@@ -108,16 +107,17 @@ void CalcKeyWidget::paintEvent(QPaintEvent* /*event*/) {
   if (face.isEmpty()) return;
   if (picture_) return painter.drawPixmap(face.topLeft(), Drawn(face.size()));
   painter.setPen(QColor(calc_look::kText));
-  painter.setFont(calc_look::FittingFont(calc_look::Font(kTextHeight, calc_look::kBoldWeight), text(), face.width(),
-                                         kSmallestText));
+  painter.setFont(calc_look::FittingFont(calc_look::Font(TextHeight(height()), calc_look::kBoldWeight), text(),
+                                         face.width(), kSmallestText));
   painter.drawText(face, Qt::AlignCenter | Qt::TextSingleLine, text());
 }
 
 // The menu bar.
 
-CalcMenuWidget::CalcMenuWidget(MenuTable& menus, MenuHandle menu, QWidget* parent) : QMenuBar(parent), menus_(menus) {
+CalcMenuWidget::CalcMenuWidget(MenuTable& menus, MenuHandle menu, int height, QWidget* parent)
+    : QMenuBar(parent), menus_(menus) {
   setNativeMenuBar(false);
-  setFont(calc_look::Font(kItemHeight, calc_look::kNormalWeight));
+  setFont(calc_look::Font(height, calc_look::kNormalWeight));
   for (const MenuItem& item : ItemsOf(menus_, menu)) {
     if (item.hidden) continue;
     if (item.subMenu == 0) {

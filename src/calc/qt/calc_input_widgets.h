@@ -64,7 +64,8 @@ class CalcMenuWidget final : public QMenuBar {
   Q_OBJECT
 
  public:
-  CalcMenuWidget(MenuTable& menus, MenuHandle menu, QWidget* parent);
+  /// height is the height of the characters in pixels.
+  CalcMenuWidget(MenuTable& menus, MenuHandle menu, int height, QWidget* parent);
 
  signals:
   void Chosen(int id);

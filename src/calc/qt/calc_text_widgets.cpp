@@ -26,7 +26,6 @@ constexpr int kSmallestLabel = 11;
 const QString kMark = QStringLiteral("< >");
 
 constexpr int kNoteMargin = 6;
-constexpr int kNoteHeight = 14;
 
 /// The format for painting the text. Lines break between words, and within words only if one is wider than the note.
 int FormatFor(const QFontMetrics& metrics, const QString& text, int width) {
@@ -135,13 +134,13 @@ QString ShortenAroundMark(const QFontMetrics& metrics, const QString& text, int 
 
 // The note.
 
-CalcNoteWidget::CalcNoteWidget(int id, WindowHandle owner, QWidget* parent) : QWidget(parent) {
+CalcNoteWidget::CalcNoteWidget(int id, WindowHandle owner, int height, QWidget* parent) : QWidget(parent) {
   MarkControl(this, id, control_kind::kStatic);
   setProperty(property::kOwner, owner);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
-  setFont(calc_look::Font(kNoteHeight, calc_look::kNormalWeight));
+  setFont(calc_look::Font(height, calc_look::kNormalWeight));
   hide();
 }
 

@@ -83,7 +83,8 @@ class CalcNoteWidget final : public QWidget {
 
  public:
   /// owner is the handle of the window to which the note belongs for those who look for controls by handle and id.
-  CalcNoteWidget(int id, WindowHandle owner, QWidget* parent);
+  /// height is the height of the characters in pixels.
+  CalcNoteWidget(int id, WindowHandle owner, int height, QWidget* parent);
 
   void SetText(const QString& text);
   [[nodiscard]] QString Shown() const { return text_; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The part of the calculator's window that implements CalcView.
 #include "calc/calc_ids.h"
+#include "calc/qt/calc_look.h"
 #include "calc/qt/calc_window.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_rect.h"
@@ -55,7 +56,7 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
   }
   const int client = client_->height();
   if (menu != 0) {
-    bar_ = new CalcMenuWidget(context_.language.Menus(), menu, this);
+    bar_ = new CalcMenuWidget(context_.language.Menus(), menu, client_->Scaled(calc_look::kItemHeight), this);
     // Queued, because the command may destroy the window. The menu is closed by then.
     connect(
         bar_, &CalcMenuWidget::Chosen, this,

@@ -104,7 +104,8 @@ ZCCalc7340::ZCCalc7340(const ToolContext& context, QWidget* parent, std::int32_t
   setAutoFillBackground(true);
   client_ = new CalcClientWidget(context_.language, scale, this);
   setFocusProxy(&client_->Line());
-  if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), parent);
+  const int letters = client_->Scaled(calc_look::kNoteHeight);
+  if (parent != nullptr) note_ = new CalcNoteWidget(calc_id::kNote, Handle(), letters, parent);
   const CalcExtent extent = CalcDialogUnits();
   resize(DialogPixelsX(extent.width, scale), DialogPixelsY(extent.height, scale));
   CalcView& view = *this;
@@ -116,6 +117,7 @@ ZCCalc7340::~ZCCalc7340() {
   EndMessages();
   // The controls are destroyed after this object and may lose the focus then.
   client_->disconnect(this);
+  client_->History().SetNotes({});
   for (QWidget* control : {static_cast<QWidget*>(&client_->Line()), static_cast<QWidget*>(&client_->History()),
                            static_cast<QWidget*>(&client_->Variables())}) {
     control->disconnect(this);
@@ -132,6 +134,12 @@ void ZCCalc7340::Connect() {
           [this] { Tell([](CalcSession& session) { session.OnListSelection(); }); });
   connect(client_, &CalcClientWidget::HistoryDoubleClicked, this,
           [this] { Tell([](CalcSession& session) { session.OnListDoubleClick(); }); });
+  client_->History().SetNotes([this](int row) {
+    ListNote note;
+    // Painting isn't an event of the operator: only the session is asked, and nothing follows from it.
+    session_.Tell([&](CalcSession& session) { note.words = session.RowValue(row, client_->History().Item(row)); });
+    return note;
+  });
   connect(client_, &CalcClientWidget::VariablesPicked, this,
           [this] { Tell([](CalcSession& session) { session.OnVariablesPicked(); }); });
   connect(&client_->Line(), &QLineEdit::textChanged, this,

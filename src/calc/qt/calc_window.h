@@ -81,6 +81,7 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   void DeleteListItem(int index) override { client_->DeleteRow(index); }
   void SelectListItem(int index) override { client_->SelectRow(index); }
   void FocusList() override { client_->History().setFocus(Qt::OtherFocusReason); }
+  void RepaintRowValues() override { client_->History().viewport()->update(); }
   void FillVariables(const std::vector<Text>& rows) override;
   [[nodiscard]] int VariablesSelection() const override { return client_->Variables().Selection(); }
   void FocusVariables() override { client_->Variables().setFocus(Qt::OtherFocusReason); }

@@ -75,8 +75,6 @@ void ZCErrorManager::Start() {
 }
 
 void ZCErrorManager::MakeControls() {
-  // The window's size is in pixels of the panel, so its controls are not scaled.
-  constexpr double scale = 1;
   for (const ErrorControl& control : ErrorControls()) {
     QWidget* widget = nullptr;
     switch (control.kind) {
@@ -95,8 +93,6 @@ void ZCErrorManager::MakeControls() {
         break;
     }
     controls_[control.id] = widget;
-    const Rect rect = PixelsOf(control, context_.language.Dialog(error_id::kDialog), scale);
-    widget->setGeometry(ToQRect(rect));
     // The window gets all presses and looks which picture is there, so that it sees a double click beside them too.
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     const bool always = control.kind == ErrorControlKind::kText || control.id == error_id::kTitleBox;
@@ -106,6 +102,14 @@ void ZCErrorManager::MakeControls() {
   description_ = static_cast<ErrorTextWidget*>(controls_[error_id::kDescription]);
   titleBox_ = static_cast<ZC3DText*>(controls_[error_id::kTitleBox]);
   channelBox_ = static_cast<ZC3DText*>(controls_[error_id::kChannelBox]);
+  ScaleDialog(1);
+}
+
+void ZCErrorManager::ScaleDialog(double scale) {
+  const DialogTemplate* dialog = context_.language.Dialog(error_id::kDialog);
+  for (const ErrorControl& control : ErrorControls()) {
+    controls_.at(control.id)->setGeometry(ToQRect(PixelsOf(control, dialog, scale)));
+  }
   resize(DialogPixelsX(kErrorDialogWidth, scale), DialogPixelsY(kErrorDialogHeight, scale));
 }
 

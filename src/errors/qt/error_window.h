@@ -42,6 +42,7 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   void SetWaitCursor(bool waiting) override;
   void RegisterHotKey(bool registered) override;
   void SetFonts(const ErrorFont& title, const ErrorFont& text) override;
+  void ScaleDialog(double scale) override;
   [[nodiscard]] Rect ControlRect(int id) const override;
   void MoveControl(int id, const Rect& rect) override;
   void ShowControl(int id, bool shown) override;

@@ -70,15 +70,10 @@ void ZC3DText::SetFont(const QString& face, int height, const QFont& style) {
 
 void ZC3DText::paintEvent(QPaintEvent* /*event*/) {
   if (rect().isEmpty()) return;
-  if (memory_.size() != size() * devicePixelRatio()) {
-    memory_ = QPixmap(size() * devicePixelRatio());
-    memory_.setDevicePixelRatio(devicePixelRatio());
-  }
-  memory_.fill(palette().color(backgroundRole()));
-  QPainter painter(&memory_);
+  // The window system has a buffer already, so this paints at once.
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().color(backgroundRole()));
   Draw(painter);
-  painter.end();
-  QPainter(this).drawPixmap(0, 0, memory_);
 }
 
 void ZC3DText::Draw(QPainter& painter) const {

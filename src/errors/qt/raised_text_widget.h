@@ -41,7 +41,6 @@ class ZC3DText : public QWidget {
   bool use3D = true;
   Color textColor = SystemColor(kColorWindowText);
   Color bkgndColor = SystemColor(kColorWindow);
-  QPixmap memory_;
   QString text;
   QFont font_;
 };

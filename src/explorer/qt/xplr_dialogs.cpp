@@ -7,11 +7,13 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <algorithm>
 
 #include "controls/fonts.h"
 #include "controls/system_colors.h"
 #include "explorer/xplr_ids.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -53,7 +55,7 @@ XplrDialog::XplrDialog(int mostCharacters, const QString& title, int fontHeight,
   const auto font = MakeFont(QStringLiteral("Arial"), fontHeight, kWeight);
   Dress(*caption, font, kBack, kText);
   Dress(*edit_, font, kEditBack, kEditText);
-  edit_->setFixedHeight(std::max(kEditHeight, 2 * fontHeight));
+  edit_->setFixedHeight(std::max({kEditHeight, 2 * fontHeight, FingerPixels(*this)}));
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   row->addWidget(caption);

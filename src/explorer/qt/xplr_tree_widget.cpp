@@ -4,9 +4,13 @@
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QStyledItemDelegate>
+#include <algorithm>
 #include <utility>
 
+#include "controls/wide_scroll_bar.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl {
@@ -23,6 +27,19 @@ constexpr Color kCross = 0x0000D0;
 
 /// Keys that open a node. All others lead from node to node.
 bool IsDeliberate(int key) { return key == Qt::Key_Space || key == Qt::Key_Plus; }
+
+/// Rows that a finger can press.
+class FingerRows final : public QStyledItemDelegate {
+ public:
+  explicit FingerRows(QTreeWidget* tree) : QStyledItemDelegate(tree), tree_(*tree) {}
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return {size.width(), std::max(size.height(), FingerPixels(tree_))};
+  }
+
+ private:
+  const QTreeWidget& tree_;
+};
 
 /// The icon of a place that has failed: a cross in its corner.
 QPixmap Crossed(const QPixmap& icon) {
@@ -44,6 +61,8 @@ QPixmap Crossed(const QPixmap& icon) {
 ZCFolderTree::ZCFolderTree(int id, QWidget* parent) : MessageControl(id, parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
+  setItemDelegate(new FingerRows(this));
   connect(this, &QTreeWidget::itemExpanded, this, &ZCFolderTree::OnExpanded);
   connect(this, &QTreeWidget::itemSelectionChanged, this, &ZCFolderTree::OnSelectionChanged);
 }

@@ -59,6 +59,9 @@ static_assert(InOrder());
 constexpr std::size_t kRoomBeforeDiagnosis = error_field::kDiagnosisKind.offset - error_field::kMessageText.offset;
 static_assert(kRoomBeforeDiagnosis / sizeof(char16_t) == 51);
 
+/// The greatest place of a word that a record can have, in UTF-16 units.
+constexpr std::size_t kLongestSpan = 0xFFFF / sizeof(char16_t);
+
 const FaultText& Entry(FaultCode code) { return kFaultTexts[static_cast<std::size_t>(code)]; }
 
 /// How a fact is stored in a record.
@@ -144,6 +147,8 @@ ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage 
   const std::int32_t number = FaultNumber(fault.code);
   const std::optional<Diagnosis> diagnosis = DiagnosisOf(fault);
   RecordMaker maker(diagnosis ? error_source::kPreparation : error_source::kKernel, number, severity::kError, u"NC");
+  // As in an error of a program: where the word begins, in bytes from the start of the block.
+  maker.Put(error_field::kFileSpan, static_cast<std::uint16_t>(sizeof(char16_t) * std::min(fault.begin, kLongestSpan)));
   if (diagnosis) PutDiagnosis(maker, *diagnosis, block);
   if (!fault.word.empty()) maker.Parameter(parameter_meaning::kValue, fault.word);
   for (const FaultFact& fact : fault.facts) PutFact(maker, fact, fault.inches);

@@ -32,7 +32,7 @@ enum class MachineLanguage : std::uint8_t { kEnglish, kSpanish };
 /// The wording of a code.
 [[nodiscard]] TextView Wording(FaultCode code, MachineLanguage language);
 /// Makes the record of a fault for the kernel's queue. It contains the kernel's diagnosis, if there is one, and always
-/// the word at fault, the facts and the block. So two errors with one number in the queue can be told apart.
+/// the word at fault, its place, the facts and the block. So two errors with one number in the queue can be told apart.
 [[nodiscard]] ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language);
 
 }  // namespace pnl::sim

@@ -60,7 +60,7 @@ class TallRows final : public QStyledItemDelegate {
 }  // namespace
 
 HelpKeyButton::HelpKeyButton(int id, const QString& word, const HelpScale& scale, QWidget* parent)
-    : QAbstractButton(parent), height_(scale(help_look::kKeyHeight)) {
+    : QAbstractButton(parent), height_(scale.KeyHeight()) {
   MarkControl(this, id, control_kind::kButton);
   setFocusPolicy(Qt::NoFocus);
   setText(word);

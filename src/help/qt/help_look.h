@@ -41,10 +41,14 @@ inline constexpr int kMostPanes = 520;
 /// Fits sizes to the panel: its fonts grow with it.
 class HelpScale {
  public:
-  explicit HelpScale(Utilities& utilities) : font_(FontOf(utilities.UTIL7340_FitFontSize(help_look::kFont))) {}
+  /// finger: the least side of what is pressed, in pixels.
+  explicit HelpScale(Utilities& utilities, int finger = 0)
+      : font_(FontOf(utilities.UTIL7340_FitFontSize(help_look::kFont))), finger_(finger) {}
   [[nodiscard]] int Font() const { return font_; }
   [[nodiscard]] int operator()(int pixels) const { return std::max(pixels, pixels * font_ / help_look::kFont); }
-  [[nodiscard]] int RowHeight() const { return std::max(help_look::kLeastRow, font_ * 2); }
+  [[nodiscard]] int RowHeight() const { return std::max({help_look::kLeastRow, finger_, font_ * 2}); }
+  [[nodiscard]] int KeyHeight() const { return std::max((*this)(help_look::kKeyHeight), finger_); }
+  [[nodiscard]] int PanesKeyWidth() const { return std::max((*this)(help_look::kPanesKeyWidth), finger_); }
   [[nodiscard]] QFont MakeText(int weight = help_look::kFontWeight) const {
     return MakeFont(QStringLiteral("Arial"), font_, weight).value_or(QFont());
   }
@@ -56,6 +60,7 @@ class HelpScale {
   }
 
   int font_;
+  int finger_;
 };
 
 }  // namespace pnl

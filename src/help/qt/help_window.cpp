@@ -12,6 +12,7 @@
 #include "controls/page_browser.h"
 #include "help/help_ids.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_rect.h"
 #include "window/qt/qt_text.h"
 
@@ -58,7 +59,7 @@ Layout* Tight(Layout* layout) {
 ZCHelpHTML::ZCHelpHTML(const ToolContext& context, std::unique_ptr<HelpShelf> shelf, QWidget* parent)
     : ToolWindowWith(PNL_TOOL_HELP, parent),
       context_(context),
-      scale_(context.cnc.Util()),
+      scale_(context.cnc.Util(), FingerPixels(*this)),
       focusBefore_(QApplication::focusWidget()) {
   setFocusPolicy(Qt::StrongFocus);
   SetTitleProperty(context.language.LoadToolText(help_text::kTitle));
@@ -94,7 +95,7 @@ void ZCHelpHTML::MakeControls() {
   panes_ = new HelpPanes(context_.language, scale_, book_);
   panesKey_ = new HelpKeyButton(help_id::kPanesKey, {}, scale_, book_);
   panesKey_->SetSign(HelpKeyButton::Sign::kLeft);
-  panesKey_->setFixedWidth(scale_(help_look::kPanesKeyWidth));
+  panesKey_->setFixedWidth(scale_.PanesKeyWidth());
   panesKey_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   row->addWidget(panes_);
   row->addWidget(panesKey_);

@@ -32,6 +32,7 @@ void MdiEdit::Select(TextSelection selection) {
   deselect();
   setCursorPosition(start);
   if (start != end) setSelection(start, end - start);
+  chosen_ = Selection();
 }
 
 void MdiEdit::ReplaceSelection(const QString& text) { insert(text); }
@@ -52,7 +53,11 @@ bool MdiEdit::event(QEvent* event) {
   const QEvent::Type type = event->type();
   const bool focus = (type == QEvent::FocusIn || type == QEvent::FocusOut) &&
                      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+  // The base drops the selection with the focus. One that the window has set is a word at fault or the operator's own
+  // from before, and he must still see it while the error window has the focus.
+  const bool keeps = focus && type == QEvent::FocusOut && hasSelectedText() && Selection() == chosen_;
   const bool handled = LimitedEdit::event(event);
+  if (keeps) setSelection(chosen_.start, chosen_.end - chosen_.start);
   // This comes last, because a listener may destroy the edit.
   if (focus) emit FocusChanged(type == QEvent::FocusIn);
   return handled;

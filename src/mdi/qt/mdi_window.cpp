@@ -257,12 +257,35 @@ void ZCMDIWindow::OpenDropList(const MdiDropListSpec& spec) {
   CloseDropList();
   QWidget* panel = window();
   dropList_ = new ZCMDIList(context_.windows, *this, panel);
-  connect(dropList_, &ZCMDIList::LostActivation, this, &ZCMDIWindow::NoteEndedDropList);
+  ConnectDropList();
   dropList_->SetColors(spec.back, spec.text);
   dropList_->SetSelectedColors(list_->SelectedBackColor(), list_->SelectedTextColor());
   dropList_->Fill(spec.items);
   const QPoint corner = panel->mapFromGlobal(QPoint(spec.screenRect.left, spec.screenRect.top));
-  dropList_->Open({corner, QSize(spec.screenRect.Width(), spec.screenRect.Height())});
+  dropList_->Open({corner, QSize(spec.screenRect.Width(), spec.screenRect.Height())}, spec.above);
+}
+
+void ZCMDIWindow::ConnectDropList() {
+  connect(dropList_, &ZCMDIList::LostActivation, this, &ZCMDIWindow::NoteEndedDropList);
+  connect(dropList_, &ZCMDIList::Typed, this, [this](const QString& text) {
+    Tell([typed = FromQString(text)](MdiSession& session) { session.OnDropListTyped(typed); });
+  });
+  connect(dropList_, &ZCMDIList::Erased, this,
+          [this] { Tell([](MdiSession& session) { session.OnDropListErased(); }); });
+  connect(dropList_, &ZCMDIList::SwitchWanted, this,
+          [this] { Tell([](MdiSession& session) { session.OnDropListSwitched(); }); });
+  connect(dropList_, &ZCMDIList::PinWanted, this,
+          [this] { Tell([](MdiSession& session) { session.OnDropListPin(); }); });
+  connect(dropList_, &ZCMDIList::SelectionMoved, this,
+          [this] { Tell([](MdiSession& session) { session.OnDropListSelection(); }); });
+}
+
+void ZCMDIWindow::ShowDropRows(const MdiDropRows& rows) {
+  if (dropList_) dropList_->ShowRows(rows);
+}
+
+void ZCMDIWindow::ShowDropKeys(const MdiDropKeys& keys) {
+  if (dropList_) dropList_->ShowKeys(keys);
 }
 
 void ZCMDIWindow::CloseDropList() {

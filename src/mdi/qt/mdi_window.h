@@ -70,6 +70,8 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   [[nodiscard]] Rect EditScreenRect() const override;
   [[nodiscard]] bool IsDropListOpen() const override { return !dropList_.isNull(); }
   void OpenDropList(const MdiDropListSpec& spec) override;
+  void ShowDropRows(const MdiDropRows& rows) override;
+  void ShowDropKeys(const MdiDropKeys& keys) override;
   void CloseDropList() override;
   [[nodiscard]] std::optional<Text> DropListSelection() const override;
   [[nodiscard]] Text DropListPicked() const override;
@@ -86,6 +88,7 @@ class ZCMDIWindow final : public ToolWindowWith<MdiView> {
   void SettleFocus();
   void SettleFocusLater();
   void NoteEndedDropList();
+  void ConnectDropList();
   void UseColors();
 
   const ToolContext context_;

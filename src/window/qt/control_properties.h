@@ -18,6 +18,8 @@ inline constexpr const char* kOwner = "pnlOwner";
 // A host's main window: the widget that contains its tools, as a QWidget*. That widget must live as long as the main
 // window.
 inline constexpr const char* kPanelArea = "pnlPanelArea";
+// A host's widget around its tools: the least side of what a finger presses, in pixels.
+inline constexpr const char* kFinger = "pnlFinger";
 // Themed controls.
 inline constexpr const char* kBack = "pnlBack";
 inline constexpr const char* kFore = "pnlFore";

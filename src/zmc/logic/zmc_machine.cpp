@@ -44,9 +44,9 @@ std::int32_t NumberOf(Variables& variables, TextView name) {
 
 void ReadSpindle(Variables& variables, ZmcMachine& machine) {
   machine.FocusChannel = NumberOf(variables, u"G.FOCUSCHANNEL");
-  if (machine.FocusChannel <= 0) return;
+  if (machine.FocusChannel == kUnknown) return;
   machine.MasterSpindle = NumberOf(variables, Format(u"[%d].G.MASTERSP", machine.FocusChannel));
-  if (machine.MasterSpindle <= 0) return;
+  if (machine.MasterSpindle == kUnknown) return;
   machine.MasterSpindleName = TextOf(variables, Format(u"G.GSPDLNAME%d", machine.MasterSpindle));
   machine.DriveType = IntOf(variables, Format(u"MPA.DRIVETYPE.%s", machine.MasterSpindleName), 0);
 }

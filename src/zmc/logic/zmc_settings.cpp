@@ -66,8 +66,9 @@ struct KeptWriter {
   void operator()(double ZmcKept::*member) const { ini.WriteDouble(kSection, key, kept.*member); }
 };
 
-/// Copies the settings that differ from those before.
-void CopyChanges(const ZmcKept& before, const ZmcKept& now, ZmcKept& to) {
+/// Copies the settings that aren't the defaults, which is what they are when the file can't be read.
+void CopyChanges(const ZmcKept& now, ZmcKept& to) {
+  const ZmcKept before;
   for (const KeptKey& row : kKeptKeys) {
     std::visit(
         [&](auto member) {
@@ -96,7 +97,6 @@ ZmcKept ZmcSettings::Stored() {
 void ZmcSettings::Open() {
   unread_ = !Read();
   kept = Stored();
-  read_ = kept;
 }
 
 bool ZmcSettings::Save() {
@@ -104,7 +104,7 @@ bool ZmcSettings::Save() {
     if (!Read()) return false;
     unread_ = false;
     ZmcKept there = Stored();
-    CopyChanges(read_, kept, there);
+    CopyChanges(kept, there);
     kept = there;
   }
   for (const KeptKey& row : kKeptKeys) std::visit(KeptWriter{ini_, row.key, kept}, row.member);

@@ -59,7 +59,6 @@ class ZmcSettings {
   Files& files_;
   Utilities& utilities_;
   CIniFile ini_;
-  ZmcKept read_;         // as Open read them
   bool unread_ = false;  // the file may exist, but couldn't be read
 };
 

@@ -14,6 +14,7 @@
 #include "controls/wide_scroll_bar.h"
 #include "window/dialog_units.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 #include "zmc/zmc_ids.h"
@@ -37,7 +38,6 @@ constexpr int kButtonHeight = 46;
 constexpr int kFontHeight = 20;
 constexpr int kWideBox = 620;  // for a list of lines
 constexpr int kEdgeRoom = 4;
-constexpr int kLeastButton = 34;  // for a finger, on any panel
 constexpr std::uint32_t kTextFlags =
     draw::kWordBreak | draw::kEditControl | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 
@@ -133,6 +133,7 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
       text_(new MessageText(ToQString(box.text), nullptr)),
       icon_(new SignIcon(question_, this)) {
   setWindowTitle(ToQString(box.title));
+  // Also the text's and the buttons'.
   setFont(FontOf(Scaled(kFontHeight), 500));
   // The palette of the scroll bar; all else is drawn.
   setPalette(QPalette(ToQColor(zmc_look::kBoxRaised), ToQColor(zmc_look::kBoxBack)));
@@ -141,7 +142,6 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area_->setVerticalScrollBar(new WideScrollBar(Qt::Vertical, area_));
   area_->setWidget(text_);
-  text_->setFont(font());
   if (question_) {
     AddButton(kFirst, Caption(language, zmc_text::kYes, "OK"));
     AddButton(kSecond, Caption(language, zmc_text::kNo, "CANCEL"));
@@ -150,14 +150,12 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
     AddButton(kFirst, Caption(language, zmc_text::kOk, "OK"));
   }
   connect(buttons_[0], &QPushButton::clicked, this, &QDialog::accept);
-  buttons_[0]->setDefault(true);
   LayOut();
 }
 
 QPushButton* CDlgMsgDisplay::AddButton(int id, const QString& caption) {
   buttons_.push_back(new BoxButton(caption, this));
   MarkControl(buttons_.back(), id, control_kind::kButton);
-  buttons_.back()->setFont(font());
   buttons_.back()->installEventFilter(this);
   return buttons_.back();
 }
@@ -181,7 +179,7 @@ void CDlgMsgDisplay::LayOut() {
   const int left = 2 * margin + side;
   const int textWidth = width - left - margin - area_->verticalScrollBar()->sizeHint().width();
   const int needed = static_cast<MessageText*>(text_)->HeightFor(textWidth);
-  const int button = std::max(Scaled(kButtonHeight), kLeastButton);
+  const int button = std::max(Scaled(kButtonHeight), FingerPixels(*this));
   const int around = Scaled(kTitle) + 3 * margin + button;
   const int least = DialogPixelsY(kHeightUnits, scale_);
   const int height = std::min(std::max(std::max(needed, side) + around, least), room.height());
@@ -196,7 +194,7 @@ void CDlgMsgDisplay::LayOut() {
 void CDlgMsgDisplay::PlaceButtons() {
   const int margin = Scaled(kMargin);
   const auto count = static_cast<int>(buttons_.size());
-  const int high = std::max(Scaled(kButtonHeight), kLeastButton);
+  const int high = std::max(Scaled(kButtonHeight), FingerPixels(*this));
   int wide = Scaled(kButtonWidth);
   for (const QPushButton* button : buttons_) {
     const QString caption = button->property("pnlText").toString();

@@ -12,15 +12,16 @@
 
 #include "controls/grid_look.h"
 #include "window/qt/control_properties.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 
 namespace pnl {
 namespace {
 
-constexpr int kLeastRowHeight = 34;
 constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
+constexpr int kLowBox = 16;
 constexpr int kTextMargin = 4;
 constexpr int kRounding = 2;   // a text is a fraction wider when it is measured for its ellipsis
 constexpr int kLeastFont = 9;  // pixels
@@ -28,12 +29,15 @@ constexpr int kLeastFont = 9;  // pixels
 /// Rows that a glove can touch.
 class TallRows : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  explicit TallRows(QAbstractItemView* view) : QStyledItemDelegate(view), view_(*view) {}
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(std::max(size.height() + 8, kLeastRowHeight));
+    size.setHeight(std::max(size.height() + 8, FingerPixels(view_)));
     return size;
   }
+
+ private:
+  const QAbstractItemView& view_;
 };
 
 }  // namespace
@@ -45,10 +49,7 @@ ZmcBox::ZmcBox(int id, bool typed, QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(kMostRows);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   view()->setItemDelegate(new TallRows(view()));
-  if (typed) {
-    setCompleter(nullptr);
-    lineEdit()->setFrame(false);
-  }
+  if (typed) setCompleter(nullptr);
 }
 
 void ZmcBox::SetTextIndent(int pixels) {
@@ -113,16 +114,10 @@ void ZmcBox::resizeEvent(QResizeEvent* event) {
   PlaceLine();
 }
 
-void ZmcBox::focusInEvent(QFocusEvent* event) {
-  QComboBox::focusInEvent(event);
-  update();
-}
-
 void ZmcBox::focusOutEvent(QFocusEvent* event) {
   // The line has no focus of its own; its box has it.
   const Qt::FocusReason reason = event->reason();
   QComboBox::focusOutEvent(event);
-  update();
   const bool comesBack = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
   if (lineEdit() != nullptr && !comesBack) emit LineLeft();
 }
@@ -142,7 +137,8 @@ void ZmcBox::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool focused = hasFocus();
   painter.fillRect(rect(), palette().color(QPalette::Base));
-  const int frame = focused ? kBorder : 1;
+  // In a low box a thick frame would run through the text.
+  const int frame = focused && height() >= kLowBox ? kBorder : 1;
   painter.setPen(QPen(focused ? palette().color(QPalette::Highlight) : ToQColor(zmc_look::kFrame), frame));
   painter.drawRect(QRectF(rect()).adjusted(frame / 2.0, frame / 2.0, -frame / 2.0, -frame / 2.0));
   const QRect arrow(width() - ArrowWidth(), 0, ArrowWidth(), height());

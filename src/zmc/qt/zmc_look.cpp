@@ -2,7 +2,6 @@
 #include "zmc/qt/zmc_look.h"
 
 #include <QtGui/QPalette>
-#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QComboBox>
 
 #include "window/qt/qt_text.h"
@@ -19,8 +18,8 @@ void StyleBox(QComboBox& box) {
     palette.setColor(group, QPalette::Highlight, ToQColor(zmc_look::kMark));
     palette.setColor(group, QPalette::HighlightedText, ToQColor(0xFFFFFF));
   }
+  // Its list follows it.
   box.setPalette(palette);
-  box.view()->setPalette(palette);
 }
 
 }  // namespace pnl

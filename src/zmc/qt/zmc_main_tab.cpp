@@ -94,7 +94,9 @@ void ZCTabZMCMain::Make(const ZmcControlPlace& place) {
 QWidget* ZCTabZMCMain::MakeLabel(int control) {
   auto* label = new ZWCStatic(control, context_.timers, context_.files, this);
   const Color back = control == id::kLine ? zmc_color::kLine : IsOnBand(control) ? zmc_color::kBand : zmc_look::kPage;
-  label->SetColors(back, control == id::kTitle ? zmc_look::kTitleText : zmc_look::kLabelText, false);
+  // The dimmer colour of the labels can't be read on the band.
+  const bool bright = control == id::kTitle || IsOnBand(control);
+  label->SetColors(back, bright ? zmc_look::kTitleText : zmc_look::kLabelText, false);
   label->SetFormat(control == id::kTitle ? kCentre : kLeft);
   const DialogTemplate* dialog = context_.language.Dialog(DialogOf(ZmcTab::kMain));
   const DialogControl* own = dialog != nullptr ? dialog->Find(control) : nullptr;

@@ -134,18 +134,15 @@ class RecordReader {
  public:
   explicit RecordReader(CsvReading& reading) : reading_(reading) {}
 
-  void Read(int line, const Cells& cells) {
-    line_ = line;
-    const std::size_t faults = reading_.faults.size();
+  void Read(const Cells& cells) {
     for (const Text& cell : cells) {
       if (!CanHoldCuttingText(cell)) Fault(CsvFault::kBadText, cell);
     }
     const bool material = EqualNoCase(cells[kKind], kMaterial);
     if (!material && !EqualNoCase(cells[kKind], kOperation)) return Fault(CsvFault::kUnknownKind, cells[kKind]);
     CheckDescription(material, cells[kDescription]);
-    if (material) CheckForce(cells[kForce]);
-    if (reading_.faults.size() != faults) return;
     if (material) {
+      CheckForce(cells[kForce]);
       reading_.records.materials.push_back(MaterialOf(cells));
     } else {
       reading_.records.operations.push_back(OperationOf(cells));
@@ -237,7 +234,7 @@ CsvReading ReadCuttingCsv(TextView text) {
       if (columns[column] != kColumns)
         cells[static_cast<std::size_t>(columns[column])] = Text(Trim(line->cells[column]));
     }
-    records.Read(line->number, cells);
+    records.Read(cells);
   }
   if (lines.IsQuoteOpen()) records.Fault(CsvFault::kOpenQuote, {});
   if (!reading.faults.empty()) reading.records = {};

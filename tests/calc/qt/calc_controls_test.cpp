@@ -171,7 +171,7 @@ TEST_F(CalcNoteTest, GoesWithTheWindow) {
 }
 
 TEST_F(CalcNoteTest, GrowsWithItsText) {
-  CalcNoteWidget note(1105, 7, area);
+  CalcNoteWidget note(1105, 7, calc_look::kNoteHeight, area);
   note.SetText("one");
   note.PlaceBeside(QRect(0, 0, 282, 221));
   const int one = note.height();

@@ -54,6 +54,25 @@ TEST_F(CalcListWindowTest, WalksByKeysAndShowsTheRowInTheLine) {
   EXPECT_EQ(Focus(), Line());
 }
 
+TEST_F(CalcListWindowTest, ShowsTheValueBesideEachExpression) {
+  OpenWith(5);
+  EXPECT_EQ(List()->Note(0), (ListNote{u"1", ListSign::kNone}));
+  EXPECT_EQ(List()->Note(4), (ListNote{u"5", ListSign::kNone}));
+  EXPECT_EQ(List()->Item(4), u"4+1");
+  const QRect row = List()->visualRect(List()->model()->index(0, 0));
+  const QImage painted = Paint(*List()->viewport());
+  const QRect middle(row.center().x(), row.top(), row.width() / 4, row.height());
+  const QRect end(row.right() - 20, row.top(), 20, row.height());
+  EXPECT_EQ(Count(painted.copy(middle), 0xF7F3EE), 0);
+  EXPECT_GT(Count(painted.copy(end), 0xF7F3EE), 3) << "at the right end";
+}
+
+TEST_F(CalcListWindowTest, TheValuesFollowTheBase) {
+  OpenWith(3);
+  Menu(calc_id::kMenuBase);
+  EXPECT_EQ(List()->Note(2).words, u"B11");
+}
+
 TEST_F(CalcListWindowTest, EscapeGivesTheLineBack) {
   History(3);
   Open();

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "calc/calc_ids.h"
 #include "calc/qt/calc_client_widget.h"
 #include "calc/qt/calc_input_widgets.h"
@@ -99,7 +101,7 @@ TEST_F(CalcLookTest, ATextThatDoesntFitIsDrawnSmallerDownToALimit) {
 }
 
 TEST_F(CalcLookTest, TheNoteHasAnEdgeAndItsTextAMargin) {
-  CalcNoteWidget note(1105, 7, area);
+  CalcNoteWidget note(1105, 7, calc_look::kNoteHeight, area);
   note.SetText("HHHH");
   note.PlaceBeside(QRect(0, 0, 282, 221));
   const QImage image = Paint(note);
@@ -219,6 +221,38 @@ TEST_F(CalcLookTest, APressOnTheWindowItselfStaysThere) {
   QApplication::sendEvent(tool, &press);
   EXPECT_TRUE(press.isAccepted()) << "the host's widget below doesn't get it";
 }
+
+struct SizeRow {
+  QSize area;
+  double scale;
+};
+
+class CalcSizes : public CalcStage, public testing::WithParamInterface<SizeRow> {};
+
+TEST_P(CalcSizes, KeysAndLettersGrowWithTheToolArea) {
+  area->resize(GetParam().area);
+  Open();
+  const double scale = GetParam().scale;
+  const auto scaled = [scale](int pixels) { return static_cast<int>(std::lround(pixels * scale)); };
+  EXPECT_EQ(tool->width(), DialogPixelsX(188, scale));
+  EXPECT_EQ(Control(1017)->size(), QSize(DialogPixelsX(22, scale), DialogPixelsY(17, scale)));
+  EXPECT_EQ(Line()->font().pixelSize(), scaled(11) + scaled(6));
+  EXPECT_EQ(Note()->font().pixelSize(), scaled(14));
+  EXPECT_EQ(List()->font().pixelSize(), scaled(16));
+  Write("SETMENU(TRUE)");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(tool->findChild<CalcMenuWidget*>()->font().pixelSize(), scaled(15));
+  // A key without a picture.
+  const QImage key = Paint(*Control(calc_id::kShowVariables));
+  const QFont letters =
+      calc_look::FittingFont(calc_look::Font(scaled(12), calc_look::kBoldWeight), "Vars", key.width() - 4, 8);
+  const QRect ink = Ink(key.copy(4, 4, key.width() - 8, key.height() - 8), Bgr(calc_look::kExtraKey));
+  EXPECT_NEAR(ink.width(), QFontMetrics(letters).horizontalAdvance("Vars"), 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Areas, CalcSizes,
+                         testing::Values(SizeRow{{528, 300}, 1}, SizeRow{{800, 600}, 1}, SizeRow{{1024, 768}, 1.25},
+                                         SizeRow{{1600, 860}, 1.75}, SizeRow{{1920, 1080}, 2.25}));
 
 }  // namespace
 }  // namespace pnl::test

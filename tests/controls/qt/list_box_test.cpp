@@ -6,6 +6,7 @@
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 
 namespace pnl::test {
 namespace {
@@ -33,6 +34,33 @@ TEST_F(ListBoxTest, NothingIsSelectedAfterFilling) {
   EXPECT_EQ(box.Selection(), 1);
   box.SetItems({u"a", u"b"});
   EXPECT_EQ(box.Selection(), -1);
+}
+
+TEST_F(ListBoxTest, ANoteIsDrawnAtTheRightAndIsNoPartOfTheItem) {
+  box.SetItems({u"a", u"b"});
+  const auto right = [this](int row) {
+    const QRect place = box.visualRect(box.model()->index(row, 0));
+    return Count(Paint(*box.viewport()).copy(place.adjusted(place.width() / 2, 0, 0, 0)), 0xFFFFFF);
+  };
+  EXPECT_EQ(right(1), 0);
+  box.SetNotes([](int row) { return row == 1 ? ListNote{u"8888", ListSign::kNone} : ListNote(); });
+  EXPECT_EQ(right(0), 0);
+  EXPECT_GT(right(1), 20);
+  EXPECT_EQ(box.Item(1), u"b");
+  EXPECT_EQ(box.model()->index(1, 0).data().toString(), "b");
+  EXPECT_EQ(box.Note(7), ListNote()) << "no such row, so nobody is asked";
+  box.SetNotes({});
+  EXPECT_EQ(right(1), 0);
+}
+
+TEST_F(ListBoxTest, ALongItemLeavesTheNoteItsRoom) {
+  box.SetItems({Text(200, u'8')});
+  box.SetNotes([](int) { return ListNote{u"", ListSign::kCross}; });
+  const QRect row = box.visualRect(box.model()->index(0, 0));
+  const QImage painted = Paint(*box.viewport());
+  EXPECT_EQ(Count(painted.copy(QRect(row.right() - 30, row.top(), 6, row.height())), 0xFFFFFF), 0)
+      << "nothing is drawn between item and sign";
+  EXPECT_GT(Count(painted.copy(QRect(row.right() - 22, row.top(), 16, row.height())), 0xFFFFFF), 10);
 }
 
 TEST_F(ListBoxTest, ItemsHaveNoItemsBelowThem) {
@@ -93,7 +121,7 @@ TEST_F(ListBoxTest, PaintsItsColoursAlsoWhenDisabled) {
 }
 
 TEST_F(ListBoxTest, RowsAreHighEnoughForAFinger) {
-  EXPECT_GE(box.RowHeight(), 34);
+  EXPECT_GE(box.RowHeight(), FingerPixels(box));
   box.SetItems({u"a"});
   EXPECT_EQ(box.sizeHintForRow(0), box.RowHeight());
 }
@@ -113,7 +141,7 @@ TEST_F(ListBoxTest, AFullListHasABarForAFinger) {
   box.show();
   Settle();
   EXPECT_TRUE(box.verticalScrollBar()->isVisible());
-  EXPECT_GE(box.verticalScrollBar()->width(), 30);
+  EXPECT_GE(box.verticalScrollBar()->width(), FingerPixels(box));
 }
 
 TEST_F(ListBoxTest, HandsItsTextsToWhoeverReadsTheModel) {
@@ -180,7 +208,7 @@ TEST_F(ListBoxTest, StartsWithTheSystemsColours) {
   const ListBox fresh(1, nullptr);
   EXPECT_EQ(fresh.BackColor(), 0xFFFFFFu);
   EXPECT_EQ(fresh.TextColor(), 0u);
-  EXPECT_EQ(fresh.SelectedBackColor(), 0xD77800u);
+  EXPECT_EQ(fresh.SelectedBackColor(), 0xD07400u);
   EXPECT_EQ(fresh.SelectedTextColor(), 0xFFFFFFu);
   EXPECT_EQ(fresh.palette().color(QPalette::Base), QColor(Qt::white));
   EXPECT_EQ(fresh.frameWidth(), 0);
@@ -207,13 +235,13 @@ TEST_F(ListBoxTest, AnItemLiesInTheMiddleOfItsRowBetweenTheMargins) {
 
 TEST_F(ListBoxTest, ARowHasRoomForItsFont) {
   box.SetFont("Arial", 32, 400);
-  EXPECT_EQ(box.RowHeight(), std::max(34, CellHeight(QFontMetrics(box.font())) + 2));
+  EXPECT_EQ(box.RowHeight(), std::max(FingerPixels(box), CellHeight(QFontMetrics(box.font())) + 2));
   box.SetFont("Arial", 60, 400);
   EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2);
   box.SetFont("", 18, 400);
   EXPECT_EQ(box.RowHeight(), CellHeight(QFontMetrics(box.font())) + 2) << "a font that can't be had";
   box.SetFont("Arial", 12, 400);
-  EXPECT_EQ(box.RowHeight(), 34);
+  EXPECT_EQ(box.RowHeight(), FingerPixels(box));
 }
 
 TEST_F(ListBoxTest, ItemsComeInAtTheirPlaceAndChangeInIt) {

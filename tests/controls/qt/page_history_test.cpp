@@ -11,6 +11,7 @@
 #include "support/memory_files.h"
 #include "support/picture_bytes.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 
 namespace pnl::test {
 namespace {
@@ -183,8 +184,8 @@ TEST_F(PageHistory, TheTextAreaOpensAndTakesNothingByItself) {
   EXPECT_FALSE(text.acceptDrops());
   EXPECT_EQ(text.contextMenuPolicy(), Qt::NoContextMenu);
   EXPECT_EQ(text.frameWidth(), 0);
-  EXPECT_EQ(text.verticalScrollBar()->sizeHint().width(), 30);
-  EXPECT_EQ(text.horizontalScrollBar()->sizeHint().height(), 30);
+  EXPECT_EQ(text.verticalScrollBar()->sizeHint().width(), FingerPixels(text));
+  EXPECT_EQ(text.horizontalScrollBar()->sizeHint().height(), FingerPixels(text));
   EXPECT_TRUE(text.isReadOnly());
 }
 

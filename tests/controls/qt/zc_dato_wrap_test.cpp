@@ -231,7 +231,7 @@ TEST_F(ZCDatoWrapTest, ItsEdgeIsWideWithTheFocusAndRedWhenANumberWasRefused) {
   Type(field, "7");
   EXPECT_EQ(EdgeOf(*field), std::pair(focused, focused)) << "until it is typed on";
   EXPECT_EQ(field->palette().color(QPalette::Text), QColor(Qt::black));
-  EXPECT_EQ(field->palette().color(QPalette::Highlight), QColor(0x00, 0x78, 0xD7));
+  EXPECT_EQ(field->palette().color(QPalette::Highlight), QColor(0x00, 0x74, 0xD0));
   EXPECT_EQ(field->palette().color(QPalette::HighlightedText), QColor(Qt::white));
 }
 
@@ -244,7 +244,7 @@ TEST_F(ZCDatoWrapTest, ItsNumberLiesAtTheRightMarkedWithTheFocus) {
     const QRect area = field->rect().adjusted(6, 0, -6, 0);
     const int width = QFontMetrics(field->font()).horizontalAdvance(text);
     const int height = CellHeight(QFontMetrics(field->font()));
-    if (marked) painter.fillRect(QRect(113 - width, (30 - height) / 2, width + 1, height), QColor(0x00, 0x78, 0xD7));
+    if (marked) painter.fillRect(QRect(113 - width, (30 - height) / 2, width + 1, height), QColor(0x00, 0x74, 0xD0));
     painter.setPen(ink);
     DrawText(painter, area, text, 0x20 | 0x4 | 0x800 | 0x8000 | 0x2);
     return image.copy(field->rect().adjusted(2, 2, -2, -2));
@@ -259,7 +259,7 @@ TEST_F(ZCDatoWrapTest, ItsNumberLiesAtTheRightMarkedWithTheFocus) {
   EXPECT_EQ(painted(), expected(false, "763.8000", Qt::yellow, Qt::red));
   field->setEnabled(false);
   QColor pale(Qt::red);
-  pale.setAlpha(120);
+  pale.setAlpha(165);
   EXPECT_EQ(painted(), expected(false, "763.8000", QColor(Qt::yellow).darker(125), pale));
   field->SetFont("", 40, 400);
   EXPECT_EQ(field->font().pixelSize(), 14) << "a font that can't be had";

@@ -6,13 +6,14 @@
 #include "controls/list_box.h"
 #include "controls/zc_grid_xwrap.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 
 namespace pnl::test {
 namespace {
 
 const QColor kRefused(0xB0, 0x10, 0x1C);
 const QColor kInk(0x14, 0x1A, 0x21);
-const QColor kMarked(0x00, 0x78, 0xD7);
+const QColor kMarked(0x00, 0x74, 0xD0);
 
 class GridEditLookTest : public testing::Test {
  protected:
@@ -139,10 +140,10 @@ TEST_F(GridEditLookTest, AnOpenEditKeepsEscapeFromShortcuts) {
 
 TEST_F(GridEditLookTest, RowsAndHeadersAreAsHighAsAFingerOrAsTheFontWithItsMargin) {
   const auto heights = [this] { return std::pair(grid->rowHeight(3), grid->horizontalHeader()->height()); };
-  EXPECT_EQ(heights(), std::pair(34, 34));
+  EXPECT_EQ(heights(), std::pair(FingerPixels(*grid), FingerPixels(*grid)));
   for (const int cell : {22, 24, 40}) {
     grid->SetFont("Arial", cell, 400);
-    const int wanted = std::max(34, CellHeight(QFontMetrics(grid->font())) + 12);
+    const int wanted = std::max(FingerPixels(*grid), CellHeight(QFontMetrics(grid->font())) + 12);
     EXPECT_EQ(heights(), std::pair(wanted, wanted)) << cell;
     EXPECT_EQ(grid->itemDelegate()->sizeHint({}, {}).height(), wanted);
   }
@@ -150,8 +151,8 @@ TEST_F(GridEditLookTest, RowsAndHeadersAreAsHighAsAFingerOrAsTheFontWithItsMargi
 
 TEST_F(GridEditLookTest, TheGridsMeasuresAreThoseOfATouchPanel) {
   EXPECT_EQ(grid->verticalHeader()->width(), 24);
-  EXPECT_EQ(grid->verticalScrollBar()->sizeHint().width(), 30);
-  EXPECT_EQ(grid->horizontalScrollBar()->sizeHint().height(), 30);
+  EXPECT_EQ(grid->verticalScrollBar()->sizeHint().width(), FingerPixels(*grid));
+  EXPECT_EQ(grid->horizontalScrollBar()->sizeHint().height(), FingerPixels(*grid));
   EXPECT_EQ(grid->frameWidth(), 0);
   EXPECT_FALSE(grid->showGrid());
   EXPECT_EQ(grid->contextMenuPolicy(), Qt::NoContextMenu);
@@ -175,7 +176,7 @@ TEST_F(GridEditLookTest, SizesOfRowsAndColumnsThatAreNotThereAreIgnored) {
   grid->SetRowHeight(30, 60);
   grid->SetRowHeight(2, 0);
   grid->SetRowHeight(2, -1);
-  EXPECT_EQ(grid->rowHeight(1), 34);
+  EXPECT_EQ(grid->rowHeight(1), FingerPixels(*grid));
   grid->SetRowHeight(2, 1);
   EXPECT_EQ(grid->rowHeight(1), 1);
   grid->SetFixed(1, 0);

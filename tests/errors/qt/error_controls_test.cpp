@@ -50,6 +50,41 @@ TEST_F(ErrorControlsTest, LieAsTheDialogSaysInTheWindowsSize) {
   EXPECT_EQ(PlaceOf(error_id::kDescription), QRect(11, 109, 688, 174));
 }
 
+// On a large screen the pictures were as small as on a small one.
+TEST_F(ErrorControlsTest, InALargerPanelTheDialogsControlsAreLargerAndStillBesideEachOther) {
+  struct Row {
+    QSize area;
+    QSize picture;
+    int titleHeight;
+  };
+  for (const Row& row : {Row{{800, 600}, {30, 33}, 34}, Row{{1000, 750}, {38, 41}, 43}, Row{{1600, 900}, {45, 49}, 51},
+                         Row{{1920, 1200}, {60, 65}, 68}}) {
+    delete tool;
+    area->resize(row.area);
+    cnc.ClearErrors();
+    const std::string corner = std::to_string(row.area.width() * 71 / 80) + "," + std::to_string(row.area.height() / 2);
+    WindowStage::Disc("C:\\P52\\errman.ini", "[COMMON]\r\nWindow=0,0," + corner + "\r\n");
+    Open();
+    for (int i = 0; i < 3; ++i) Push(RecordBuilder().Number(1000 + i));
+    Key(Qt::Key_Right);
+    EXPECT_EQ(PlaceOf(error_id::kHelp).size(), row.picture) << row.area.width();
+    EXPECT_EQ(PlaceOf(error_id::kTitleLine).height(), row.titleHeight) << row.area.width();
+    EXPECT_EQ(PlaceOf(error_id::kTitleBox).width(), 320);
+    EXPECT_EQ(PlaceOf(error_id::kHelp).left(), PlaceOf(error_id::kTitleBox).right() + 1 + 10);
+    EXPECT_EQ(PlaceOf(error_id::kDescription).bottom() + 1, tool->height() - 15);
+    std::vector<QRect> shown;
+    for (QWidget* each : tool->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      if (each->isVisible()) shown.push_back(each->geometry());
+    }
+    ASSERT_GE(shown.size(), 8u);
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+      EXPECT_TRUE(tool->rect().contains(shown[i])) << row.area.width();
+      for (std::size_t j = i + 1; j < shown.size(); ++j)
+        EXPECT_FALSE(shown[i].intersects(shown[j])) << row.area.width();
+    }
+  }
+}
+
 TEST_F(ErrorControlsTest, TheTitleIsCentredAndTheDescriptionBeginsAtItsCorner) {
   Open();
   Push(RecordBuilder().Number(1000));

@@ -170,6 +170,8 @@ class XplrFailingTest : public XplrWindowTest {
   }
   void OpenServer() {
     Open();
+    // High enough for all its rows.
+    Tree()->resize(Tree()->width(), 600);
     Tree()->setFocus();
     for (QTreeWidgetItem* item = Tree()->topLevelItem(Tree()->topLevelItemCount() - 1); item != nullptr;
          item = item->child(0)) {

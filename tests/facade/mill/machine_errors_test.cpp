@@ -130,6 +130,22 @@ TEST(MachineErrors, ARefusalSaysWhatHappenedByItsFields) {
   }
 }
 
+TEST(MachineErrors, ARefusalMarksTheWordAtFault) {
+  struct Row {
+    TextView block;
+    int begin;
+  };
+  for (const Row& row :
+       {Row{u"G1 G999 X5", 3}, Row{u"X1 ?", 3}, Row{u"? X1 ?", 0}, Row{u"X1 Y2 X1", 6}, Row{u"M77", 0}}) {
+    SCOPED_TRACE(ToUtf8(row.block));
+    test::MachineBench bench;
+    EXPECT_NE(bench.Send(row.block), 0);
+    ASSERT_EQ(bench.environment.errors.size(), 1U);
+    // As in an error of a program, the mark counts bytes.
+    EXPECT_EQ(Word16(bench.environment.errors[0], error_field::kFileSpan), 2 * row.begin);
+  }
+}
+
 TEST(MachineErrors, EveryFaultOfABlockIsRefusedSomewhereAbove) {
   std::set<std::int32_t> shown;
   for (const RefusalRow& row : kRefusals) shown.insert(row.number);

@@ -95,6 +95,16 @@ TEST(CodePage, LongTextsAreConvertedWhole) {
   EXPECT_EQ(DecodeCodePage(bytes, 932), text);
 }
 
+TEST(CodePage, OneByteBeyondAsciiIsEnoughForTheCodePage) {
+  EXPECT_EQ(DecodeCodePage("\x7F", 1252), u"\x7F");
+  EXPECT_EQ(DecodeCodePage("\x80", 1252), u"\u20AC");
+}
+
+TEST(CodePage, OnlyAMetaElementDeclaresThePagesCharacters) {
+  EXPECT_EQ(DeclaredCharset("<link charset=utf-8><script charset=utf-8></script><meta charset=koi8-r>"), "koi8-r");
+  EXPECT_EQ(DeclaredCharset("<link charset=utf-8>"), std::nullopt);
+}
+
 TEST(CodePage, ACutOffCharacterBecomesAMark) { EXPECT_EQ(DecodeCodePage("\x93\xFA\x96", 932), u"日\uFFFD"); }
 
 TEST(CodePage, WhatAPageDeclaresIsFound) {

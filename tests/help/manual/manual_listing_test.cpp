@@ -77,13 +77,17 @@ TEST(ManualListing, AnotherVersionIsNone) {
 
 TEST(ManualListing, LinesThatMakeNoSenseAreSkipped) {
   const auto read = ReadManualListing(
-      "pnl-chm 2\nunknown x\n\nblank\nlanguage 12x\ncodepage -1\nobject\nobject 5\nobject 5 0\nobject 5 0 \n"
+      "pnl-chm 2\nunknown x\n\nblank\ntitle\npage\nlanguage 12x\ncodepage -1\nobject\nobject 5\nobject 5 0\nobject 5 0 "
+      "\n"
       "object x y a.htm\nobject 5 0 ../a.htm\nobject 5 0 /etc/x\nobject 5 0 C:/x\nobject 5 0 a\\b\n"
-      "object 3 99999999999999999999 b.htm\nobject 3 4 c d.htm\nend\n");
+      "object 3 99999999999999999999 b.htm\nobject 3 4 c d.htm\nobject 6  e.htm\nend\n");
   ASSERT_TRUE(read.has_value());
+  EXPECT_EQ(read->title, u"");
+  EXPECT_EQ(read->page, u"");
   EXPECT_EQ(read->language, 0u);
   EXPECT_EQ(read->codePage, 0);
-  EXPECT_EQ(read->objects, (std::vector<ListedObject>{{u"a.htm", 0, 0}, {u"b.htm", 3, 0}, {u"c d.htm", 3, 4}}));
+  EXPECT_EQ(read->objects,
+            (std::vector<ListedObject>{{u"a.htm", 0, 0}, {u"b.htm", 3, 0}, {u"c d.htm", 3, 4}, {u"e.htm", 6, 0}}));
 }
 
 TEST(ManualListing, ATextHasOneLine) {

@@ -182,6 +182,16 @@ TEST(ManualNames, TheReferencesOfAPageAreFound) {
       "a.css c.png b.css d.gif e.htm#x f.png g.png h.png i.htm j.htm ");
 }
 
+TEST(ManualNames, OnlyStylesHaveReferencesInTheirText) {
+  EXPECT_EQ(ReferencesIn(u"a.htm",
+                         u"url(no.png)<style>p { background: url(a.png) }</style>url(no.png) @import 'no.css';"
+                         u"<p title='url(no.png)'>url(no.png)</p><img longdesc=l.htm>"),
+            "a.png l.htm ");
+  EXPECT_EQ(ReferencesIn(u"a.htm", u"<param name=Name value=no.htm><param name=local value=a.htm><param name=Local>"),
+            "a.htm ");
+  EXPECT_EQ(ReferencesIn(u"a.css", u"p { background: url(\"'a.png'\") } @import ''; @import"), "a.png ");
+}
+
 TEST(ManualNames, TheReferencesOfAStyleSheetAndOfContentsAreFound) {
   EXPECT_EQ(ReferencesIn(u"a.css", u"@import url(a.css); @import \"b.css\";\np { background: url('c.png') }"),
             "a.css c.png b.css ");
@@ -198,6 +208,12 @@ TEST(ManualNames, MoreReferencesThanTheLimitAreCut) {
   }
   EXPECT_EQ(ReferencesOf(u"a.htm", page).size(), 20'000u);
   EXPECT_EQ(ReferencesOf(u"a.css", style).size(), 20'000u);
+  // The last element may have more references than are left.
+  EXPECT_EQ(ReferencesOf(u"a.htm", page.substr(0, (kMostReferences - 1) * 10) + u"<img src=a lowsrc=b>").size(),
+            20'000u);
+  Text imports;
+  for (std::size_t i = 0; i < kMostReferences + 10; ++i) imports += u"@import 'x';";
+  EXPECT_EQ(ReferencesOf(u"a.css", imports).size(), 20'000u);
 }
 
 }  // namespace

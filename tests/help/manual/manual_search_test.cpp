@@ -178,6 +178,21 @@ TEST_F(ManualSearchTest, AnotherManualTakesThePlaceOfTheOneBefore) {
   EXPECT_EQ(search.Find(u"husillo").size(), 1u);
 }
 
+TEST_F(ManualSearchTest, WhatWasReadyIsGoneWithItsManual) {
+  test::SteppedWorker worker;
+  ManualSearch search(worker);
+  EXPECT_TRUE(search.Begin(files_.Load(), nullptr)) << "nobody has to wait for it";
+  worker.RunAll();
+  ASSERT_TRUE(search.IsReady());
+  EXPECT_TRUE(search.Begin(files_.Load(), nullptr));
+  EXPECT_FALSE(search.IsReady()) << "pages of the manual before would be found";
+  worker.RunAll();
+  ASSERT_TRUE(search.IsReady());
+  search.Drop();
+  EXPECT_FALSE(search.IsReady());
+  EXPECT_TRUE(search.Find(u"husillo").empty());
+}
+
 TEST_F(ManualSearchTest, ADroppedOrDestroyedSearchIsntCalled) {
   test::SteppedWorker worker;
   int ready = 0;

@@ -206,6 +206,17 @@ TEST(Manual, ItIsCompleteWhenTheFileHasAllObjects) {
   EXPECT_EQ(manual->Read(u"a.htm"), "12345") << "it was open before";
 }
 
+TEST(Manual, WithoutItsFileNoManualIsCompleteHoweverSmall) {
+  UnpackedManual files;
+  files.Add("a.htm", "").Add("b.htm", "");
+  ASSERT_TRUE(files.Load()->IsComplete());
+  const auto objects = files.Folder().Path() / ManualListing::kObjectFile;
+  std::filesystem::remove(objects);
+  EXPECT_FALSE(Manual::Load(files.Folder().Path())->IsComplete());
+  std::filesystem::create_directory(objects);
+  EXPECT_FALSE(Manual::Load(files.Folder().Path())->IsComplete()) << "a folder is no file of objects";
+}
+
 TEST(Manual, OfTwoNamesThatDifferInCaseTheFirstCounts) {
   UnpackedManual files;
   files.Add("a.htm", "first").Add("A.HTM", "second");

@@ -19,6 +19,7 @@ std::string PiecesOf(TextView markup) {
         break;
       case MarkupPiece::Kind::kEnd:
         result += "</" + ToUtf8(piece->text) + ">";
+        EXPECT_TRUE(piece->attributes.empty()) << "an end has none";
         break;
       case MarkupPiece::Kind::kStart:
         result += "<" + ToUtf8(piece->text);
@@ -38,6 +39,7 @@ struct Row {
 TEST(Markup, PiecesComeAsTheyAreWritten) {
   const Row rows[] = {
       {u"", ""},
+      {u"</a href=x>", "</A>"},
       {u"plain", "'plain'"},
       {u"<p>a</P>", "<P>'a'</P>"},
       {u"<a href=\"x.htm#y\" title='Z'>t</a>", "<A HREF=x.htm#y TITLE=Z>'t'</A>"},

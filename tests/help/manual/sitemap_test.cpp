@@ -65,6 +65,10 @@ TEST(Sitemap, WhatIsntClosedCounts) {
        "0 A\n0 B\n"},
       {"<OBJECT></OBJECT><OBJECT><param name=Merge value=small.hhc></OBJECT>", ""},
       {"<param name=Name value=A>", ""},
+      {"<OBJECT><param name=Name value=A><param name=Local value=''><param name=Local value=' '></OBJECT>", "0 A\n"},
+      {"<param name=Name value=A><param name=Local value=a><OBJECT><param name=Name value=B></OBJECT>"
+       "<param name=Name value=C><param name=Local value=c><OBJECT><param name=Name value=D></OBJECT>",
+       "0 B\n0 D\n"},
       {"", ""},
   };
   for (const Row& row : rows) EXPECT_EQ(ItemsOf(row.markup), row.items) << row.markup;

@@ -5,9 +5,11 @@
 #include <QScrollBar>
 
 #include "controls/page_browser.h"
+#include "controls/qt/paint_counter.h"
 #include "help/qt/manual_list_dialog.h"
 #include "help_stage.h"
 #include "support/text_catcher.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 
 namespace pnl::test {
@@ -59,6 +61,50 @@ TEST_F(HelpLook, AKeyIsFlatAndTheChosenTabLooksPressedIn) {
   EXPECT_THAT(StrokesOf(*plain), Contains(HasSubstr("'Index'")));
 }
 
+TEST_F(HelpLook, AKeyThatChangesIsPaintedAnew) {
+  Make();
+  OpenAt();
+  HelpKeyButton* const key = KeyOf(help_id::kPanesKey);
+  const PaintCounter paints(*key);
+  const auto after = [&paints](const std::function<void()>& change) {
+    Settle();
+    const int before = paints.Count();
+    change();
+    Settle();
+    return paints.Count() - before;
+  };
+  EXPECT_GT(after([key] { key->SetSign(HelpKeyButton::Sign::kRight); }), 0);
+  EXPECT_GT(after([key] { key->SetChosen(true); }), 0);
+  EXPECT_EQ(after([] {}), 0);
+}
+
+TEST_F(HelpLook, LinesAndTheFieldForFindingHaveTheViewersFont) {
+  Make();
+  OpenAt(u"OPT0777");
+  const QFont font = HelpScale(context.cnc.Util()).MakeText();
+  for (const int id : {help_id::kIndexLine, help_id::kSearchLine, help_id::kFindLine, help_id::kNotice,
+                       help_id::kSearchStatus, help_id::kMissing, help_id::kSearchKey, help_id::kIndexTab}) {
+    EXPECT_EQ(Control(id)->font().families(), font.families()) << id;
+    EXPECT_EQ(Control(id)->font().pixelSize(), font.pixelSize()) << id;
+    EXPECT_EQ(Control(id)->font().weight(), 500) << id;
+  }
+}
+
+// A press on a key must not take the keyboard from the line that it works for, nor from the page.
+TEST_F(HelpLook, KeysTakeNoFocusOfTheirOwn) {
+  Make();
+  OpenAt();
+  Menu(40002);
+  for (const int id : {help_id::kContentsTab, help_id::kIndexTab, help_id::kSearchTab, help_id::kPanesKey}) {
+    EXPECT_EQ(Control(id)->focusPolicy(), Qt::NoFocus) << id;
+  }
+  for (const int id : {help_id::kFindPrevious, help_id::kFindNext, help_id::kFindClose}) {
+    EXPECT_EQ(Control(id)->focusProxy(), Control(help_id::kFindLine)) << id;
+    EXPECT_EQ(Control(id)->focusPolicy(), Qt::ClickFocus) << id;
+  }
+  EXPECT_EQ(Control(help_id::kSearchKey)->focusProxy(), Control(help_id::kSearchLine));
+}
+
 TEST_F(HelpLook, AKeyIsAsWideAsItsWordAndAWordThatIsTooLongIsCut) {
   ASSERT_TRUE(cnc.Returns("UTIL7340_FitFontSize", {17}));
   const HelpScale scale(context.cnc.Util());
@@ -79,7 +125,7 @@ TEST_F(HelpLook, TheTrianglesPointWhereTheirKeysLead) {
   Menu(40002);
   HelpKeyButton* const panes = KeyOf(help_id::kPanesKey);
   EXPECT_EQ(panes->ShownSign(), HelpKeyButton::Sign::kLeft);
-  EXPECT_EQ(panes->width(), 30);
+  EXPECT_EQ(panes->width(), FingerPixels(*panes));
   EXPECT_EQ(KeyOf(help_id::kFindPrevious)->ShownSign(), HelpKeyButton::Sign::kUp);
   EXPECT_EQ(KeyOf(help_id::kFindNext)->ShownSign(), HelpKeyButton::Sign::kDown);
   EXPECT_EQ(KeyOf(help_id::kFindClose)->ShownSign(), HelpKeyButton::Sign::kNone);
@@ -141,7 +187,7 @@ TEST_F(HelpLook, LinesListsAndNotesHaveTheirColours) {
   EXPECT_EQ(tree.color(QPalette::HighlightedText), ToQColor(help_look::kSelectedText));
   EXPECT_EQ(Contents()->frameShape(), QFrame::NoFrame);
   EXPECT_EQ(Contents()->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
-  EXPECT_EQ(Contents()->verticalScrollBar()->sizeHint().width(), 30);
+  EXPECT_EQ(Contents()->verticalScrollBar()->sizeHint().width(), FingerPixels(*Contents()));
   EXPECT_FALSE(Contents()->expandsOnDoubleClick());
   EXPECT_EQ(Contents()->indentation(), 25) << "room for a triangle of the row's height";
   QWidget* const note = Control(help_id::kNotice);
@@ -182,8 +228,38 @@ TEST_F(HelpLook, ThePanesTakeAThirdOfTheWindowWithinLimits) {
   EXPECT_EQ(place(help_id::kContents).top(), 4 + 44 + 4);
   EXPECT_EQ(place(help_id::kContents).bottom(), 600 - 1 - 4);
   EXPECT_EQ(place(help_id::kIndexTab).left(), place(help_id::kContentsTab).right() + 1 + 4);
-  EXPECT_EQ(place(help_id::kPanesKey), QRect(4 + 264 + 4, 4, 30, 592));
-  EXPECT_EQ(place(help_id::kPage), QRect(306, 4, 800 - 4 - 306, 592));
+  const int finger = FingerPixels(*tool);
+  EXPECT_EQ(place(help_id::kPanesKey), QRect(4 + 264 + 4, 4, finger, 592));
+  EXPECT_EQ(place(help_id::kPage), QRect(276 + finger, 4, 800 - 4 - 276 - finger, 592));
+}
+
+TEST_F(HelpLook, InEachPaneTheListTakesTheRoomThatIsLeft) {
+  Make();
+  OpenAt();
+  const auto place = [this](int id) { return QRect(Control(id)->mapTo(tool, QPoint(0, 0)), Control(id)->size()); };
+  Touch(help_id::kIndexTab);
+  EXPECT_EQ(place(help_id::kIndexLine).topLeft(), QPoint(4, 4 + 44 + 4));
+  EXPECT_EQ(place(help_id::kIndexList), QRect(4, 52 + 38 + 4, 264, 596 - 94));
+  Touch(help_id::kSearchTab);
+  EXPECT_EQ(Control(help_id::kSearchKey)->width(), Control(help_id::kSearchKey)->sizeHint().width());
+  EXPECT_EQ(place(help_id::kSearchLine).left(), 4);
+  EXPECT_EQ(place(help_id::kSearchLine).right() + 1 + 4, place(help_id::kSearchKey).left());
+  EXPECT_EQ(place(help_id::kSearchKey).right(), 4 + 264 - 1);
+  Touch(help_id::kSearchKey);
+  EXPECT_EQ(place(help_id::kResults).bottom(), 595);
+  EXPECT_EQ(place(help_id::kResults).top(), place(help_id::kSearchStatus).bottom() + 1 + 4);
+  const auto* status = static_cast<QLabel*>(Control(help_id::kSearchStatus));
+  EXPECT_LT(status->height(), 200) << "no higher than its words";
+  EXPECT_EQ(status->textFormat(), Qt::PlainText);
+  EXPECT_TRUE(status->wordWrap());
+}
+
+TEST_F(HelpLook, TheViewerTakesTheFocusOfAPressBesideItsControls) {
+  Make();
+  OpenAt();
+  EXPECT_EQ(tool->focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(tool->property(property::kTitle).toString(), ToQString(language.LoadToolText(help_text::kTitle)));
+  EXPECT_FALSE(tool->property(property::kTitle).toString().isEmpty());
 }
 
 TEST_F(HelpLook, ARowOfTheIndexIsIndentedSixTimesAtMost) {
@@ -271,6 +347,10 @@ TEST_F(PickerLook, ItHasItsDialogsSizeInTheMiddleOfTheViewer) {
   EXPECT_EQ(At(dialog, dialog->width() - 2, 30), help_look::kEdge);
   EXPECT_EQ(At(dialog, 30, dialog->height() - 2), help_look::kEdge);
   EXPECT_EQ(FindControl(dialog, help_id::kManuals)->x(), 12);
+  EXPECT_NEAR(FindControl(dialog, help_id::kManuals)->height(), FindControl(dialog, help_id::kRecent)->height(), 1);
+  for (const int id : {help_id::kManuals, help_id::kRecent}) {
+    EXPECT_EQ(FindControl(dialog, id)->minimumHeight(), 36) << "a row at least can be seen";
+  }
   for (const int id : {help_id::kPickerOk, help_id::kPickerCancel}) {
     EXPECT_GE(FindControl(dialog, id)->width(), 120) << id;
   }

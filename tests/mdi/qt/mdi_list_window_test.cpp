@@ -202,6 +202,37 @@ TEST_F(ZCMDIListTest, DiesWithItsPanelWhileItHasTheFocus) {
   EXPECT_TRUE(owner->verdicts.empty());
 }
 
+TEST_F(ZCMDIListTest, ShowsMarksAtTheEndsOfItsRows) {
+  Open({u"a", u"b", u"c"});
+  const QRect row = Items()->visualRect(Items()->model()->index(1, 0));
+  const QRect end(row.right() - 24, row.top(), 20, row.height());
+  EXPECT_EQ(Count(Paint(*Items()->viewport()).copy(end), 0xFFFFFF), 0);
+  list->ShowKeys({u"Arrange", u"Pin", true, u"Refused"});
+  list->ShowRows({{u"a", u"b", u"c"}, {MdiRowMark::kNone, MdiRowMark::kPinned, MdiRowMark::kRefused}, 0});
+  EXPECT_GT(Count(Paint(*Items()->viewport()).copy(end), 0xFFFFFF), 10);
+  EXPECT_EQ(Items()->Note(1), (ListNote{u"", ListSign::kPin}));
+  EXPECT_EQ(Items()->Note(2), (ListNote{u"Refused", ListSign::kCross}));
+  EXPECT_EQ(Items()->Note(0), ListNote());
+  EXPECT_EQ(Items()->Item(2), u"c") << "a mark is no part of the block";
+}
+
+TEST_F(ZCMDIListTest, TypingAndItsKeysAreReported) {
+  Open({u"a", u"b"});
+  std::vector<std::string> heard;
+  QObject::connect(list, &ZCMDIList::Typed, list, [&](const QString& text) { heard.push_back(text.toStdString()); });
+  QObject::connect(list, &ZCMDIList::Erased, list, [&] { heard.push_back("erased"); });
+  QObject::connect(list, &ZCMDIList::SwitchWanted, list, [&] { heard.push_back("switch"); });
+  QObject::connect(list, &ZCMDIList::PinWanted, list, [&] { heard.push_back("pin"); });
+  PressKey(Items(), Qt::Key_G, "G");
+  PressKey(Items(), Qt::Key_Space, " ");
+  PressKey(Items(), Qt::Key_Backspace, "\b");
+  PressKey(Items(), Qt::Key_Tab, "\t");
+  PressKey(Items(), Qt::Key_Insert);
+  PressKey(Items(), Qt::Key_Down);
+  EXPECT_EQ(heard, (std::vector<std::string>{"G", " ", "erased", "switch", "pin"}));
+  EXPECT_EQ(Items()->Selection(), 1) << "only the arrow has moved";
+}
+
 class MdiDropFlow : public MdiStage {
  protected:
   void OpenWithHistory(int blocks = 3) {

@@ -222,11 +222,26 @@ TEST_P(CaptionsAtTest, EveryKeyOfThePanelIsReadWhole) {
       if (WordOf(static_cast<Action>(action)) == Word::kToggleErrors) continue;  // has a key on the keyboard only
       items.push_back({action, Say(WordOf(static_cast<Action>(action))), {}});
     }
-    for (const Word word :
-         {Word::kFiles, Word::kPlcMessages, Word::kDemoFaults, Word::kOk, Word::kClose, Word::kExport, Word::kImport,
-          Word::kOwnChanges, Word::kPlayVideo, Word::kStopVideo, Word::kRewindVideo, Word::kFaultDoor,
-          Word::kFaultDriveWarning, Word::kFaultDrive, Word::kFaultBus, Word::kFaultProgramLine, Word::kFaultConfirm,
-          Word::kFaultFatal, Word::kFaultEmergencyStop}) {
+    for (const Word word : {Word::kFiles,
+                            Word::kPlcMessages,
+                            Word::kDemoFaults,
+                            Word::kOk,
+                            Word::kClose,
+                            Word::kExport,
+                            Word::kImport,
+                            Word::kOwnChanges,
+                            Word::kPlayVideo,
+                            Word::kStopVideo,
+                            Word::kRewindVideo,
+                            Word::kFaultDoor,
+                            Word::kFaultDriveWarning,
+                            Word::kFaultDrive,
+                            Word::kFaultBus,
+                            Word::kFaultProgramLine,
+                            Word::kFaultConfirm,
+                            Word::kFaultFatal,
+                            Word::kFaultEmergencyStop,
+                            Word::kScreenSize}) {
       items.push_back({1, Say(word), {}});
     }
     bar.ShowItems(items);

@@ -142,6 +142,25 @@ TEST_P(StripAt, EveryStateIsShownWhole) {
   }
 }
 
+// "Errores: 12" was cut on the smallest panel.
+TEST_P(StripAt, TheCountOfErrorsIsShownWholeInLettersOfAnySize) {
+  const PanelLayout layout = LayOutWithin(GetParam(), theme::TouchPixels(96));
+  for (const char* language : {"en", "es"}) {
+    UseWords(language);
+    for (const int pixels : {14, 18, 22, 30}) {
+      StatusStrip strip(nullptr);
+      strip.resize(layout.status.size());
+      strip.SetFontPixels(pixels);
+      for (const int count : {0, 7, 12, 250}) {
+        strip.Indicator().Show({1101, ErrorKind::kError, 0, count}, count);
+        const QString shown = TextsOf(strip.Indicator()).join(QLatin1Char(' '));
+        EXPECT_FALSE(shown.contains(QChar(0x2026))) << shown.toStdString();
+        EXPECT_TRUE(count == 0 || shown.contains(QString::number(count))) << shown.toStdString();
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Sizes, StripAt,
                          ::testing::Values(QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1600, 860),
                                            QSize(1920, 1080)));

@@ -465,7 +465,7 @@ struct StripRow {
 TEST_F(PictureTest, TheStripSharesItsWidthAmongStateModeAndErrors) {
   for (const StripRow& row : {StripRow{600, 15, {0, 0, 220, 40}, {224, 0, 186, 40}, {414, 0, 186, 40}},
                               StripRow{400, 15, {0, 0, 180, 40}, {184, 0, 106, 40}, {294, 0, 106, 40}},
-                              StripRow{1000, 15, {0, 0, 220, 40}, {224, 0, 220, 40}, {780, 0, 220, 40}},
+                              StripRow{1000, 15, {0, 0, 386, 40}, {390, 0, 303, 40}, {697, 0, 303, 40}},
                               StripRow{700, 16, {0, 0, 234, 40}, {238, 0, 229, 40}, {471, 0, 229, 40}}}) {
     StatusStrip strip(nullptr);
     strip.resize(row.width, 40);
@@ -483,13 +483,25 @@ TEST_F(PictureTest, TheStripSharesItsWidthAmongStateModeAndErrors) {
   }
 }
 
+TEST_F(PictureTest, InAStripWithMuchRoomTheLettersAreBiggerAsFarAsItsHeightAllows) {
+  for (const auto& [width, height, pixels] :
+       {std::tuple(1107, 40, 18), std::tuple(1108, 40, 24), std::tuple(1108, 60, 26), std::tuple(1108, 20, 18)}) {
+    StatusStrip strip(nullptr);
+    strip.resize(width, height);
+    strip.SetFontPixels(15);
+    strip.Show({Word::kRunning, theme::kGreen}, "MDI");
+    const QString letters = QStringLiteral(" %1 px weight 600").arg(pixels);
+    EXPECT_THAT(StrokesOf(strip), ::testing::Contains(::testing::HasSubstr(letters.toStdString()))) << width;
+  }
+}
+
 TEST_F(PictureTest, TheStripPlacesItsIndicatorWhenItIsResized) {
   StatusStrip strip(nullptr);
   strip.resize(600, 40);
   strip.show();
   strip.resize(1000, 40);
   QCoreApplication::processEvents();
-  EXPECT_EQ(strip.Indicator().geometry(), QRect(780, 0, 220, 40));
+  EXPECT_EQ(strip.Indicator().geometry(), QRect(697, 0, 303, 40));
 }
 
 TEST_F(PictureTest, AWordOfTheStripGetsSmallerDownToElevenPixels) {

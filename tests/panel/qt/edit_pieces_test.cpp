@@ -32,6 +32,20 @@ TEST(EditPieces, AnUntouchedTextIsOnePiece) {
   EXPECT_EQ(InWords(edits), "");
 }
 
+TEST(EditPieces, ATextThatIsReadAnewBeginsAnew) {
+  EditPieces edits;
+  edits.Reset(1);
+  EXPECT_EQ(InWords(edits), "0+1");
+  edits.Replace(0, 1, "abc");
+  edits.Reset(2);
+  EXPECT_EQ(InWords(edits), "0+2");
+  EXPECT_EQ(edits.Length(), 2);
+  EXPECT_EQ(edits.Typed(), 0);
+  edits.Reset(-1);
+  EXPECT_EQ(InWords(edits), "");
+  EXPECT_EQ(edits.Length(), 0);
+}
+
 TEST(EditPieces, WhatIsTypedCharacterByCharacterIsOnePiece) {
   EditPieces edits;
   edits.Reset(10);
@@ -60,6 +74,10 @@ TEST(EditPieces, PlacesBeyondTheTextMeanItsEnd) {
   edits.Replace(2, 100, "y");
   EXPECT_EQ(InWords(edits), "0+2 'y'");
   EXPECT_EQ(edits.Length(), 3);
+  edits.Replace(-7, 1, "z");
+  EXPECT_EQ(InWords(edits), "'z' 1+1 'y'") << "a place before the text means its beginning";
+  edits.Replace(1, -7, "");
+  EXPECT_EQ(InWords(edits), "'z' 1+1 'y'");
 }
 
 TEST(EditPieces, RandomEditsGiveTheSameTextAsOnTheTextItself) {
@@ -99,6 +117,7 @@ TEST(EditPieces, APieceThatIsNotInTheBaseComposesNothing) {
   for (const EditPiece& piece : bad) {
     EXPECT_FALSE(Compose(u"0123456789", {piece})) << piece.from << " " << piece.length;
   }
+  EXPECT_EQ(Compose(u"0123456789", {{10, 0, {}}, {3, 0, {}}}), QString()) << "nothing is kept there";
   EXPECT_EQ(Compose(u"0123456789", {{0, 10, {}}, {5, 5, {}}}), QStringLiteral("012345678956789"));
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "end_signals.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <cerrno>
@@ -46,6 +49,8 @@ TEST_F(EndSignalsTest, ASignalLeavesTheErrorNumberOfTheInterruptedCallAsItIs) {
   EXPECT_EQ(errno, 0);
   HandlePending();
   EXPECT_EQ(asked_, 1);
+  HandlePending();
+  EXPECT_EQ(asked_, 1) << "all of them were taken";
 }
 
 TEST(EndSignals, AfterItsEndTheSignalsHaveTheirDefaultEffect) {
@@ -57,6 +62,45 @@ TEST(EndSignals, AfterItsEndTheSignalsHaveTheirDefaultEffect) {
     sigaction(number, nullptr, &action);
     EXPECT_EQ(action.sa_handler, SIG_DFL) << number;
   }
+}
+
+TEST(EndSignals, ItsPipeIsItsOwnAndGoesWithIt) {
+  const SignalsWithTheirDefaultEffect before;
+  const int next = dup(STDIN_FILENO);
+  close(next);
+  {
+    const EndSignals taken([] {});
+    for (const int end : {next, next + 1}) {
+      EXPECT_EQ(fcntl(end, F_GETFD), FD_CLOEXEC) << "no child process has it";
+      EXPECT_EQ(fcntl(end, F_GETFL) & O_NONBLOCK, O_NONBLOCK);
+    }
+    struct sigaction action {};
+    sigaction(SIGTERM, nullptr, &action);
+    EXPECT_EQ(action.sa_flags & SA_RESTART, SA_RESTART) << "a call that waits goes on";
+  }
+  EXPECT_EQ(fcntl(next, F_GETFD), -1);
+  EXPECT_EQ(fcntl(next + 1, F_GETFD), -1);
+}
+
+TEST(EndSignals, WithoutAPipeTheSignalsAreLeftAlone) {
+  const SignalsWithTheirDefaultEffect before;
+  rlimit limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+  const rlimit none{0, limit.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  {
+    const EndSignals taken([] {});
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+    struct sigaction action {};
+    sigaction(SIGTERM, nullptr, &action);
+    EXPECT_EQ(action.sa_handler, SIG_DFL);
+    action.sa_handler = [](int) {};
+    sigaction(SIGINT, &action, nullptr);
+  }
+  struct sigaction after {};
+  sigaction(SIGINT, nullptr, &after);
+  EXPECT_NE(after.sa_handler, SIG_DFL) << "what was not taken is not given back";
+  for (const int number : {SIGTERM, SIGINT}) signal(number, SIG_DFL);
 }
 
 TEST(EndSignals, AnIgnoredSignalStaysIgnored) {

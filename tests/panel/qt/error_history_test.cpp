@@ -397,6 +397,13 @@ TEST_F(ErrorHistoryTest, ErrorsWhoseFieldsRunIntoOneAnotherAreNotEqual) {
   Raise(one);
   Raise(other);
   EXPECT_EQ(history_.Rows().size(), 6u);
+  one = Error(1, u"at");
+  one.program = {u"C:\\", u"A.NC", 10, 3};
+  other = Error(1, u"atC:");
+  other.program = {u"\\", u"A.NC", 10, 3};
+  Raise(one);
+  Raise(other);
+  EXPECT_EQ(history_.Rows().size(), 8u) << "the text and the program's folder";
 }
 
 }  // namespace

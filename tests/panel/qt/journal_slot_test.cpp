@@ -2,6 +2,7 @@
 // Journals of several panels in one folder: nobody takes another one's, and what a killed panel has left is found.
 #include "host/journal_slot.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -61,6 +62,58 @@ TEST_F(Slots, TwoPanelsInOneFolderHaveASlotEach) {
   EXPECT_NE(one->Journal(), two->Journal());
   EXPECT_NE(one->Copy(0), one->Copy(1));
   EXPECT_NE(one->Copy(0), two->Copy(0));
+}
+
+TEST_F(Slots, SixteenPanelsShareAFolderAndTheNextHasNoSlot) {
+  std::vector<std::unique_ptr<JournalSlot>> taken;
+  for (int number = 1; number <= 16; ++number) {
+    taken.push_back(JournalSlot::TakeFree(Folder()));
+    ASSERT_TRUE(taken.back()) << number;
+    const QString base = Folder() + QStringLiteral("/PNLPANEL%1").arg(number);
+    EXPECT_EQ(taken.back()->Journal(), base + ".JNL");
+    EXPECT_EQ(taken.back()->Copy(0), base + "A.TXT");
+    EXPECT_EQ(taken.back()->Copy(1), base + "B.TXT");
+  }
+  EXPECT_EQ(JournalSlot::TakeFree(Folder()), nullptr);
+  taken.back().reset();
+  Write(Folder() + "/PNLPANEL16.JNL");
+  Write(Folder() + "/PNLPANEL17.JNL");
+  const auto left = Left();
+  ASSERT_TRUE(left) << "the last one is looked at too";
+  EXPECT_EQ(left->Journal(), Folder() + "/PNLPANEL16.JNL");
+}
+
+TEST_F(Slots, AFolderOfAJournalsNameIsNoJournal) {
+  ASSERT_TRUE(QDir().mkpath(Folder() + "/PNLPANEL1.JNL"));
+  EXPECT_EQ(Left(), nullptr);
+}
+
+TEST_F(Slots, ALockIsItsOwnersAloneAndNoChildHasIt) {
+  const int next = dup(STDIN_FILENO);
+  close(next);
+  {
+    const auto slot = JournalSlot::TakeFree(Folder());
+    ASSERT_TRUE(slot);
+    EXPECT_EQ(fcntl(next, F_GETFD), FD_CLOEXEC);
+    EXPECT_EQ(QFile::permissions(Folder() + "/PNLPANEL1.LCK"),
+              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser);
+    // A second look at the taken slot leaves no file open.
+    const auto other = JournalSlot::TakeFree(Folder());
+    EXPECT_EQ(fcntl(next + 1, F_GETFD), FD_CLOEXEC);
+    EXPECT_EQ(fcntl(next + 2, F_GETFD), -1);
+    EXPECT_EQ(Names(), QStringList({"PNLPANEL1.LCK", "PNLPANEL2.LCK"}));
+  }
+  EXPECT_EQ(fcntl(next, F_GETFD), -1) << "it is closed";
+  EXPECT_EQ(Names(), QStringList());
+}
+
+TEST_F(Slots, ALockThatLeadsElsewhereIsNotTaken) {
+  const std::string folder = temp_.Folder("user");
+  ASSERT_EQ(symlink((temp_.Path() / "elsewhere").c_str(), (folder + "/PNLPANEL1.LCK").c_str()), 0);
+  const auto slot = JournalSlot::TakeFree(Folder());
+  ASSERT_TRUE(slot);
+  EXPECT_EQ(slot->Journal(), Folder() + "/PNLPANEL2.JNL");
+  EXPECT_FALSE(temp_.Has("elsewhere"));
 }
 
 TEST_F(Slots, TheJournalOfALivingPanelIsNotLeft) {

@@ -85,7 +85,7 @@ TEST_F(KeyPictureTest, ALatchedKeyHasATick) {
       picture.Middle({5, 16, 110, 40}, "Save", Font(15), QColor(ink));
     });
   };
-  EXPECT_EQ(StrokesOf(key_), ticked(QColor(theme::kSteel), QColor(theme::kBorder), theme::kText, theme::kMuted));
+  EXPECT_EQ(StrokesOf(key_), ticked(QColor(theme::kSteel), QColor(theme::kBorder), theme::kText, theme::kText));
   key_.setEnabled(false);
   EXPECT_EQ(StrokesOf(key_), ticked(QColor(theme::kSurface), QColor(theme::kRaised), theme::kFaint, theme::kFaint));
   key_.setEnabled(true);
@@ -129,9 +129,9 @@ TEST_F(KeyPictureTest, EveryStateHasItsColours) {
   for (const ColorRow& row :
        {ColorRow{"ordinary", true, false, false, false, false, {}, raised, border, muted},
         ColorRow{"under a mouse", true, false, false, true, false, {}, theme::kRaisedHover, border, muted},
-        ColorRow{"pressed", true, true, false, false, false, {}, theme::kPressed, border, muted},
+        ColorRow{"pressed", true, true, false, false, false, {}, theme::kPressed, border, theme::kText},
         ColorRow{"pressed in colour", true, true, false, true, true, green, theme::kPressed, green, theme::kText},
-        ColorRow{"latched", true, false, true, true, false, {}, theme::kSteel, border, muted},
+        ColorRow{"latched", true, false, true, true, false, {}, theme::kSteel, border, theme::kText},
         ColorRow{"latched in colour", true, false, true, false, false, green, theme::LatchedOf(green), green, muted},
         ColorRow{"tinted", true, false, false, false, false, green, raised, green, muted},
         ColorRow{"filled", true, false, false, false, true, green, green, green, theme::InkOn(green)},
@@ -678,7 +678,8 @@ TEST(IndicatorPictureTest, TheIndicatorShowsItsCountInItsColours) {
     indicator.SetFontPixels(18);
     EXPECT_EQ(StrokesOf(indicator), expected(row.fill, 18)) << row.what;
     indicator.setDown(true);
-    EXPECT_EQ(StrokesOf(indicator), expected(theme::kPressed, 18)) << row.what;
+    EXPECT_EQ(indicator.Fill(), QColor(theme::kPressed)) << row.what;
+    EXPECT_EQ(indicator.Ink(), theme::InkOn(QColor(theme::kPressed))) << row.what;
     indicator.resize(30, 40);
     EXPECT_THAT(StrokesOf(indicator).back(), ::testing::HasSubstr(" 11 px"));
   }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <limits>
 #include <set>
+#include <typeinfo>
 
 #include "panel/qt/host_rig.h"
 #include "support/temp_folder.h"
@@ -156,6 +157,11 @@ TEST_F(HostFixture, AFaultKeyOrAToolsKeyTakesTheHintAwayAtOnce) {
   op.SendCommand(PNL_TOOL_MDI, 1);
   EXPECT_EQ(Hint(), "");
   EXPECT_EQ(Settle(), 1);
+  op.SetHint("other");
+  Settle();
+  op.RaisePlcMessage(1);
+  EXPECT_EQ(Hint(), "");
+  EXPECT_EQ(Settle(), 1);
 }
 
 TEST_F(HostFixture, TheHelpKeyLeavesNoWatchBehind) {
@@ -241,6 +247,8 @@ TEST_F(HostFixture, EverySourceOfAChangeIsToldAndManyAreOne) {
   EXPECT_EQ(Settle(), 1);
   emit op.Desk().Changed();
   EXPECT_EQ(Settle(), 1);
+  emit op.Files().Changed();
+  EXPECT_EQ(Settle(), 1);
   rig.machine.changed();
   EXPECT_EQ(Settle(), 1);
   ASSERT_EQ(rig.watches.size(), 3u);
@@ -264,13 +272,16 @@ TEST(OperatorEnd, TheRigHearsNothingMoreOfAnOperatorThatHasGone) {
   ASSERT_TRUE(PnlRig()->StartBare());
   HostRig rig;
   HostSession session;
+  const std::type_info* listener = nullptr;
   {
     const Operator op(session, &rig);
+    listener = &rig.machine.changed.target_type();
     EXPECT_EQ(rig.watches.size(), 3u);
     EXPECT_TRUE(rig.error);
   }
   EXPECT_TRUE(rig.watches.empty());
   EXPECT_FALSE(rig.error);
+  EXPECT_NE(rig.machine.changed.target_type(), *listener) << "it would tell an operator that has gone";
   rig.machine.changed();
 }
 
@@ -381,6 +392,9 @@ TEST_F(HostFixture, AForwardedKeyIsPassedOnWhenNoHelpOfAnErrorIsShown) {
   QObject::connect(&op, &Operator::KeyForwarded, [&forwarded](int key) { forwarded << key; });
   Call(13, {QVariantMap{{"header", "h"}, {"helpRef", "a#7"}}});
   EXPECT_FALSE(op.Desk().ShowsHelp()) << "there is no view";
+  EXPECT_EQ(Settle(), 1);
+  Call(14);
+  EXPECT_EQ(Settle(), 1) << "that the errors are gone is drawn too";
   Call(15, {27});
   EXPECT_EQ(forwarded, QList<int>{27});
   op.Desk().OnHelpLeft();
@@ -457,6 +471,15 @@ TEST_F(HostFixture, TheSignIsWhatTheToolAskedForLast) {
   session.SetReacting(false);
   emit session.MessageArrived(PnlRegisterMessage("ZM_UPDATE_NERRORS"), 0, 0);
   EXPECT_EQ(op.Desk().Sign().count, 3) << "a script's session keeps nothing";
+}
+
+TEST(ErrorSigns, ANumberThatIsNoClassIsAnError) {
+  const auto kindOf = [](qint64 number) { return ErrorSignOf((number << 16) | 7, (2 << 16) | 500).kind; };
+  for (int number = 0; number < kErrorClasses; ++number) EXPECT_EQ(kindOf(number), static_cast<ErrorKind>(number));
+  EXPECT_EQ(kErrorClasses, 5);
+  EXPECT_EQ(kindOf(5), ErrorKind::kError);
+  EXPECT_EQ(kindOf(0xFFFF), ErrorKind::kError);
+  EXPECT_EQ(ErrorSignOf(7, (2 << 16) | 500), (ErrorSign{7, ErrorKind::kError, 500, 2}));
 }
 
 TEST_F(HostFixture, WithoutAKernelTheSignSaysHowManyStand) {

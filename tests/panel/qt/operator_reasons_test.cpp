@@ -98,6 +98,8 @@ TEST_F(HostFixture, AHoldThatStopsNothingSaysWhyAndReachesTheMachineAllTheSame) 
     op.Do(Action::kFeedHold);
     EXPECT_EQ(Calls(), "FeedHold 1");
     EXPECT_EQ(Hint(), row.said ? Say(*row.said) : QString()) << row.status << ", " << row.detail;
+    Settle();
+    EXPECT_EQ(Hint(), row.said ? Say(*row.said) : QString()) << "said as long as it is true";
   }
   Settle();
   rig.machine.state.channelStatus = 2;
@@ -112,6 +114,12 @@ TEST_F(HostFixture, AnInspectionThatDoesNotEndSaysWhy) {
   op.Do(Action::kInspect);
   EXPECT_EQ(Calls(), "Inspection 0");
   EXPECT_EQ(Hint(), Say(Word::kInspectionHasBlock));
+  Settle();
+  EXPECT_EQ(Hint(), Say(Word::kInspectionHasBlock));
+  rig.machine.state.inspecting = false;
+  rig.machine.changed();
+  Settle();
+  EXPECT_EQ(Hint(), "") << "it has ended";
 }
 
 struct StartRow {

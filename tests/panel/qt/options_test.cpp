@@ -14,20 +14,22 @@ Options Good(const QStringList& arguments) {
   return error == nullptr ? std::get<Options>(parsed) : Options{};
 }
 
-TEST(OptionsTest, NothingGivenMeansADemoMachineInEnglishByRealTime) {
+TEST(OptionsTest, NothingGivenMeansADemoMachineByRealTime) {
   const Options options = Good({});
-  EXPECT_FALSE(options.touch);
+  EXPECT_FALSE(options.touch || options.journal || options.untilPainted);
   EXPECT_FALSE(options.headless || options.rpc || options.bare || options.manualTime || options.help || options.keys);
   EXPECT_TRUE(options.root.isEmpty());
   EXPECT_EQ(options.machine, "demo");
-  EXPECT_EQ(options.language, "en");
+  EXPECT_TRUE(options.language.isEmpty()) << "that of the settings, else English";
+  EXPECT_FALSE(options.settings);
   EXPECT_TRUE(options.toolArea.isEmpty());
   EXPECT_TRUE(options.guidedInto.isEmpty());
 }
 
 TEST(OptionsTest, EveryOptionSetsItsOwnField) {
   const Options options = Good({"--headless", "--rpc", "--root", "/tmp/a b", "--bare", "--machine", "mill", "--lang",
-                                "none", "--time", "manual", "--size", "1024x768", "--touch"});
+                                "none", "--time", "manual", "--size", "1024x768", "--touch", "--settings"});
+  EXPECT_TRUE(options.settings);
   EXPECT_TRUE(options.touch);
   EXPECT_TRUE(options.headless);
   EXPECT_TRUE(options.rpc);
@@ -37,6 +39,32 @@ TEST(OptionsTest, EveryOptionSetsItsOwnField) {
   EXPECT_EQ(options.machine, "mill");
   EXPECT_EQ(options.language, "none");
   EXPECT_EQ(options.toolArea, QSize(1024, 768));
+}
+
+TEST(OptionsTest, AFlagSetsItsOwnFieldAndNoOther) {
+  struct Row {
+    const char* name;
+    bool Options::*field;
+  };
+  const Row rows[] = {{"--headless", &Options::headless}, {"--rpc", &Options::rpc},
+                      {"--bare", &Options::bare},         {"--journal", &Options::journal},
+                      {"--touch", &Options::touch},       {"--until-painted", &Options::untilPainted},
+                      {"--keys", &Options::keys},         {"--help", &Options::help}};
+  for (const Row& row : rows) {
+    const Options options = Good({row.name});
+    for (const Row& other : rows) EXPECT_EQ(options.*other.field, &other == &row) << row.name << ", " << other.name;
+    EXPECT_FALSE(options.manualTime) << row.name;
+  }
+}
+
+TEST(OptionsTest, TheEndsOfARangeAreInIt) {
+  EXPECT_EQ(Good({"--size", "100x8000"}).toolArea, QSize(100, 8000));
+  EXPECT_EQ(Good({"--size", "8000x100"}).toolArea, QSize(8000, 100));
+  EXPECT_EQ(Good({"--lang", "ab"}).language, "ab");
+  EXPECT_EQ(Good({"--lang", "abcdefgh"}).language, "abcdefgh");
+  EXPECT_FALSE(Good({"--time", "manual", "--time", "real"}).manualTime);
+  EXPECT_TRUE(Good({"--rpc", "--bare"}).bare) << "only a guided session excludes them";
+  EXPECT_EQ(Good({"--root", "-"}).root, "-") << "one dash begins no option";
 }
 
 TEST(OptionsTest, AValueMayStandBehindAnEqualsSign) {
@@ -77,6 +105,15 @@ INSTANTIATE_TEST_SUITE_P(
         BadRow{"SizeTail", {"--size", "800x600x2"}, "--size 800x600x2: must be WIDTHxHEIGHT, as in 800x600"},
         BadRow{"SizeZero", {"--size", "0x600"}, "--size 0x600: each side must be from 100 to 8000"},
         BadRow{"SizeHuge", {"--size", "800x9000"}, "--size 800x9000: each side must be from 100 to 8000"},
+        BadRow{"SizeNarrow", {"--size", "99x600"}, "--size 99x600: each side must be from 100 to 8000"},
+        BadRow{"SizeLow", {"--size", "800x99"}, "--size 800x99: each side must be from 100 to 8000"},
+        BadRow{"SizeWide", {"--size", "8001x600"}, "--size 8001x600: each side must be from 100 to 8000"},
+        BadRow{"SizeHigh", {"--size", "800x8001"}, "--size 800x8001: each side must be from 100 to 8000"},
+        BadRow{"SizeDigits", {"--size", "1234567x600"}, "--size 1234567x600: must be WIDTHxHEIGHT, as in 800x600"},
+        BadRow{"LangShort", {"--lang", "e"}, "--lang e: must be a language code such as en or es, or none"},
+        BadRow{"LangLong", {"--lang=abcdefghi"}, "--lang abcdefghi: must be a language code such as en or es, or none"},
+        BadRow{"MachineEmpty", {"--machine="}, "--machine : must not be empty"},
+        BadRow{"FirstOfTwo", {"--size", "x", "--time", "slow"}, "--size x: must be WIDTHxHEIGHT, as in 800x600"},
         BadRow{"TimeWord", {"--time", "slow"}, "--time slow: must be real or manual"},
         BadRow{"LangNumber", {"--lang", "42"}, "--lang 42: must be a language code such as en or es, or none"},
         BadRow{"LangPath", {"--lang", "../x"}, "--lang ../x: must be a language code such as en or es, or none"},
@@ -86,9 +123,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(OptionsTest, TheHelpNamesEveryOptionOfTheProtocol) {
   for (const char* name : {"--headless", "--rpc", "--root", "--bare", "--machine", "--lang", "--time", "--size",
-                           "--guided", "--until-painted", "--keys"}) {
-    EXPECT_TRUE(OptionsHelp().contains(name)) << name;
+                           "--journal", "--touch", "--guided", "--until-painted", "--keys", "--settings", "--help"}) {
+    EXPECT_EQ(OptionsHelp().count(QStringLiteral("\n  %1 ").arg(name)), 1) << name;
   }
+  EXPECT_EQ(OptionsHelp().count('\n'), 2 + 15) << "the heading, a blank line and a line for each option";
+  EXPECT_TRUE(OptionsHelp().startsWith("pnlpanel: the panel program of the tool library\n\n  --headless "));
+  EXPECT_TRUE(OptionsHelp().contains("\n  --root DIR               the folder behind drive C:\n"));
+  EXPECT_TRUE(OptionsHelp().contains("\n  --keys                   print the table of keys and leave\n"));
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ void ExpectSound(const PanelLayout& layout, int touch) {
     }
   }
   EXPECT_GE(layout.mainBar.height(), touch);
-  EXPECT_GE(layout.operatorKeys.height(), touch);
-  EXPECT_GE(layout.reservedRow.height() * 3, touch * 4) << "12 mm where an ordinary key has 9";
+  EXPECT_GE(layout.operatorKeys.height() * 3, touch * 4) << "12 mm where an ordinary key has 9";
+  EXPECT_GE(layout.reservedRow.height() * 3, touch * 4);
   EXPECT_GE(layout.sideBar.width(), touch);
 }
 
@@ -62,6 +62,16 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutAt,
                                            SizeRow{{1280, 720}, 96}, SizeRow{{1280, 1024}, 96},
                                            SizeRow{{1199, 701}, 96}, SizeRow{{1366, 768}, 120},
                                            SizeRow{{1920, 1080}, 96}, SizeRow{{1920, 1080}, 160}));
+
+TEST(LayoutTest, TheBiggestKeysLeaveAnEighthForTheToolArea) {
+  for (const QSize& size : {QSize(800, 480), QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+    const int most = MostTouch(size);
+    EXPECT_GE(LayOutWithin(size, most).toolArea.height() * 8, size.height()) << size.width();
+    EXPECT_LT(LayOutWithin(size, most + 1).toolArea.height() * 8, size.height()) << size.width();
+    EXPECT_GE(most, theme::TouchPixels(130)) << size.width();
+  }
+  EXPECT_GE(MostTouch(QSize(1, 1)), 34) << "a key is never smaller";
+}
 
 struct LayoutRow {
   bool around;  // the size is that of the tool area, else of the window

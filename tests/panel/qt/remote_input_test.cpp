@@ -588,6 +588,13 @@ TEST_F(RemoteWindow, APressGivesTheFocusToTheInnermostThatTakesIt) {
   EXPECT_TRUE(edit->hasFocus());
 }
 
+TEST(Settling, WaitingEndsWithThePatienceWhenNothingElseHappens) {
+  // Without an event of its own the loop would sleep until something comes.
+  int asked = 0;
+  EXPECT_FALSE(WaitWhile([&asked] { return ++asked > 0; }, 1));
+  EXPECT_LT(asked, 1000) << "it waits for events and doesn't turn";
+}
+
 TEST(Settling, WaitingEndsWithTheWork) {
   int left = 3;
   QTimer work;

@@ -236,6 +236,14 @@ TEST(LineCutter, EmptyLinesInARowAreLines) {
   EXPECT_EQ(Lines(cutter), QStringList({"a", "", "", "b"}));
 }
 
+TEST(LineCutter, AShortLineAfterOneThatCameInPiecesIsFound) {
+  LineCutter cutter;
+  cutter.Feed("a long beginning");
+  EXPECT_TRUE(Lines(cutter).isEmpty());
+  cutter.Feed(" and its end\nb\n");
+  EXPECT_EQ(Lines(cutter), QStringList({"a long beginning and its end", "b"}));
+}
+
 TEST(LineCutter, TheRestAtTheLimitPassesAndALongerOneIsEmpty) {
   LineCutter cutter(4);
   cutter.Feed("1234");

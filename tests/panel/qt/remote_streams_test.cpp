@@ -176,6 +176,21 @@ TEST(StandardStreams, WhileTheOtherSideTakesNothingItsRequestsWaitToo) {
   EXPECT_EQ(drained, 1);
 }
 
+TEST(StandardStreams, AMegabyteThatWaitsIsFull) {
+  Pipe out;
+  // A full pipe takes nothing more, so everything waits.
+  ASSERT_EQ(fcntl(out.ends[1], F_SETFL, O_NONBLOCK), 0);
+  const QByteArray piece(1 << 16, 'x');
+  while (write(out.ends[1], piece.data(), piece.size()) > 0) {
+  }
+  StandardStreams streams(-1, out.ends[1], nullptr);
+  EXPECT_FALSE(streams.Full());
+  streams.Write(QByteArray((1 << 20) - 1, 'y'));
+  EXPECT_FALSE(streams.Full());
+  streams.Write("y");
+  EXPECT_TRUE(streams.Full());
+}
+
 TEST(StandardStreams, AReaderThatGoesAwayIsSurvivedAndNothingIsKeptForIt) {
   Pipe in;
   Pipe out;

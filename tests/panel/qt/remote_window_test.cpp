@@ -77,6 +77,29 @@ TEST_F(RemoteWindow, OfControlsThatShareAnIdTheVisibleOneAnswers) {
   EXPECT_EQ(WindowInspector::Control(tool, 1), nullptr);
 }
 
+TEST_F(RemoteWindow, OfControlsThatAreAllHiddenTheFirstOnAShownPageAnswers) {
+  const auto hiddenOn = [this](QWidget* page) {
+    auto* control = Make<QLabel>(page, 77, {});
+    control->hide();
+    return control;
+  };
+  auto* away = new QWidget(tool);
+  away->hide();
+  auto* onAway = hiddenOn(away);
+  EXPECT_EQ(WindowInspector::Control(tool, 77), onAway);
+  auto* onShown = hiddenOn(new QWidget(tool));
+  hiddenOn(new QWidget(tool));
+  Show();
+  EXPECT_EQ(WindowInspector::Control(tool, 77), onShown);
+}
+
+TEST_F(RemoteWindow, AControlBesideTheWindowMayHaveTheNumberZero) {
+  auto* beside = Make<QLabel>(&panel, 0, {});
+  beside->setProperty("pnlOwner", handle);
+  EXPECT_EQ(WindowInspector::Control(tool, 0), beside);
+  EXPECT_TRUE(Window()["controls"].toArray().contains(0));
+}
+
 TEST_F(RemoteWindow, ControlsOfAWindowInsideAreItsOwn) {
   auto* inner = new QWidget(tool);
   PnlAttachWidget(inner, nullptr, nullptr);

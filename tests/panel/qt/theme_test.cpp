@@ -6,7 +6,12 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
+#include <QStyleOptionSlider>
+#include <QWidget>
 
 #include "panel/qt/picture.h"
 
@@ -45,9 +50,25 @@ TEST(ThemeTest, TheWholeProgramIsDark) {
   }
   EXPECT_EQ(QApplication::font(), Font(15));
   EXPECT_EQ(QApplication::cursorFlashTime(), 0);
-  EXPECT_EQ(QApplication::style()->name().toLower(), "fusion");
+  const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
+  ASSERT_NE(style, nullptr);
+  EXPECT_EQ(style->baseStyle()->name().toLower(), "fusion");
   QApplication::setPalette(before);
   QApplication::setFont(font);
+}
+
+TEST(ThemeTest, AScrollBarAndItsHandleAreForAFinger) {
+  theme::Apply(*qApp);
+  QScrollBar bar(Qt::Vertical);
+  bar.setRange(0, 1'000'000);
+  bar.resize(bar.sizeHint().width(), 500);
+  QStyleOptionSlider option;
+  option.initFrom(&bar);
+  option.orientation = Qt::Vertical;
+  option.maximum = bar.maximum();
+  option.pageStep = 10;
+  const QRect handle = bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+  EXPECT_EQ(handle.size(), QSize(theme::TouchPixels(bar), theme::TouchPixels(bar)));
 }
 
 TEST(ThemeTest, AFontHasTheHeightAskedForAndNoLessThanSix) {
@@ -98,6 +119,20 @@ TEST(ThemeTest, AKeyIsNineMillimetresAndNeverLessThanThirtyFourPixels) {
               {-96, 35},
               {std::numeric_limits<double>::infinity(), 35}};
   for (const auto& row : rows) EXPECT_EQ(theme::TouchPixels(row.dotsPerInch), row.pixels) << row.dotsPerInch;
+}
+
+TEST(ThemeTest, AWidthThatIsSetGoesBeforeWhatTheScreenReports) {
+  const QWidget widget;
+  const double pixels = widget.screen()->size().width();
+  const double reported = widget.screen()->physicalDotsPerInch();
+  theme::SetScreenWidth(pixels * theme::kMillimetresPerInch / 150);
+  EXPECT_NEAR(theme::DensityOf(widget), 150, 1e-9);
+  EXPECT_EQ(theme::TouchPixels(widget), theme::TouchPixels(150.0));
+  for (const double impossible : {0.0, -300.0, pixels * theme::kMillimetresPerInch / 39, pixels / 50, 1e300}) {
+    theme::SetScreenWidth(impossible);
+    EXPECT_EQ(theme::DensityOf(widget), reported) << impossible;
+  }
+  theme::SetScreenWidth(0);
 }
 
 TEST(ThemeTest, ColoursOfThePanelAndOfTheTools) {

@@ -1,78 +1,14 @@
 // SPDX-License-Identifier: MIT
 // When the touch keyboard is up: for which fields, after which touches and keys, and when it goes.
-#include "ui/touch_desk.h"
-
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTableWidget>
-#include <QWindow>
 
-// How a platform tells of its keyboard and its pointer.
-extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
-                                           const QString& text, bool repeated, ushort count);
-extern Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
-                                             Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
-                                             Qt::KeyboardModifiers modifiers, int timestamp);
+#include "panel/qt/touch_desk_fixture.h"
 
 namespace panel {
 namespace {
-
-class TouchDeskTest : public ::testing::Test {
- protected:
-  TouchDeskTest() {
-    panel.resize(400, 300);
-    first = Make<QLineEdit>(0);
-    second = Make<QLineEdit>(30);
-    button = Make<QPushButton>(60);
-    QObject::connect(&desk, &TouchDesk::Changed, [this] { ++changes; });
-    panel.show();
-    panel.activateWindow();
-    button->setFocus();
-    Settle();
-  }
-  template <typename W>
-  W* Make(int top) {
-    auto* widget = new W(&panel);
-    widget->setGeometry(0, top, 200, 28);
-    return widget;
-  }
-  static void Settle() {
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-  }
-  void Finger(QWidget* widget) {
-    const QPoint place = widget->rect().center();
-    const QPointF local = widget->mapTo(&panel, place);
-    const QPointF global = widget->mapToGlobal(place);
-    constexpr int kPause = 10'000;  // so that two touches are never a double one
-    qt_handleMouseEvent(panel.windowHandle(), local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress,
-                        {}, now += kPause);
-    qt_handleMouseEvent(panel.windowHandle(), local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease,
-                        {}, now += 1);
-    Settle();
-  }
-  void RealKey(int key) {
-    qt_handleKeyEvent(panel.windowHandle(), QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("x"), false, 1);
-    Settle();
-  }
-  void Focus(QWidget* widget) {
-    widget->setFocus();
-    Settle();
-  }
-
-  QWidget panel;
-  TouchDesk desk{panel};
-  QLineEdit* first = nullptr;
-  QLineEdit* second = nullptr;
-  QPushButton* button = nullptr;
-  int changes = 0;
-  int now = 0;
-};
 
 TEST_F(TouchDeskTest, WithoutATouchScreenNothingRaisesItButItsKey) {
   Focus(first);

@@ -39,6 +39,15 @@ TEST(ShortcutsTest, EveryActionHasItsRowInOrder) {
   for (int i = 0; i < ShortcutTable().size(); ++i) EXPECT_EQ(static_cast<int>(ShortcutTable()[i].action), i);
 }
 
+TEST(ShortcutsTest, TheKeysOfTheEditorAreThoseForItsText) {
+  QList<Action> ofEditor;
+  for (const ShortcutRow& row : ShortcutTable()) {
+    if (IsOfEditor(row.action)) ofEditor << row.action;
+  }
+  EXPECT_EQ(ofEditor,
+            (QList<Action>{Action::kUndo, Action::kRedo, Action::kFind, Action::kReplace, Action::kGoToLine}));
+}
+
 TEST(ShortcutsTest, OnlyTheOverrideGoesOnWhileItsKeyIsHeld) {
   for (const ShortcutRow& row : ShortcutTable()) {
     EXPECT_EQ(Repeats(row.action), row.action == Action::kOverrideDown || row.action == Action::kOverrideUp)

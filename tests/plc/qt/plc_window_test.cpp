@@ -8,11 +8,13 @@
 #include <filesystem>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "controls/system_colors.h"
 #include "plc/plc_ids.h"
 #include "support/deleting_host.h"
 #include "support/event_wait.h"
 #include "support/picture_bytes.h"
+#include "support/text_catcher.h"
 #include "support/window_stage.h"
 #include "window/qt/qt_text.h"
 
@@ -414,6 +416,68 @@ TEST_F(PlcWindow, TheTitleLineHasItsTextInItsColoursBesideTheCount) {
   EXPECT_LE(Control(plc_id::kCount)->width(), 33) << "a third, and no more";
 }
 
+TEST_F(PlcWindow, TheTitleLineShowsASignForShortcutsAsItIs) {
+  File(u"text.txt#3", u"Oil & water");
+  EXPECT_EQ(TextsOf(*Control(plc_id::kTitle)).join(""), "Oil & water");
+}
+
+TEST_F(PlcWindow, ATitleLineThatChangesIsPaintedAnew) {
+  Report(3);
+  auto* const title = static_cast<PlcTitleWidget*>(Control(plc_id::kTitle));
+  const PaintCounter paints(*title);
+  const auto after = [&paints](const std::function<void()>& change) {
+    Settle();
+    const int before = paints.Count();
+    change();
+    Settle();
+    return paints.Count() - before;
+  };
+  EXPECT_GT(after([title] { title->SetText("another"); }), 0);
+  EXPECT_GT(after([title] { title->SetColors(0x123456, 0xFFFFFF); }), 0);
+  EXPECT_GT(after([title] { title->SetCount("1 of 2"); }), 0);
+  EXPECT_EQ(after([] {}), 0);
+}
+
+// The room that a count gives back has a part of the title that was cut.
+TEST_F(PlcWindow, WithoutItsCountTheWholeTitleLineIsPaintedAnew) {
+  class PaintedArea final : public QObject {
+   public:
+    QRegion area;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) area += static_cast<QPaintEvent*>(event)->region();
+      return false;
+    }
+  } painted;
+  Report(3);
+  Report(5);
+  auto* const title = static_cast<PlcTitleWidget*>(Control(plc_id::kTitle));
+  Settle();
+  title->installEventFilter(&painted);
+  title->SetCount({});
+  Settle();
+  EXPECT_EQ(painted.area.boundingRect(), title->rect());
+}
+
+TEST_F(PlcWindow, TheCountHasTheTitlesColour) {
+  Report(3);
+  File(u"text.txt#3");
+  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE_TOOL);
+  const QColor text = Control(plc_id::kCount)->palette().color(QPalette::WindowText);
+  EXPECT_EQ(text, ToQColor(Fore(Control(plc_id::kTitle))));
+}
+
+// A link is refused silently only while the window itself looks for a page.
+TEST_F(PlcWindow, ALinkIsRefusedAloudAfterAPageThatIsGone) {
+  Report(5);
+  Page().Follow(u"next.htm");
+  Report(3);
+  std::filesystem::remove(*files.HostPath(u"C:\\P61\\next.htm"));
+  Escape();
+  TakeHostCalls();
+  Page().Follow(u"next.htm");
+  EXPECT_THAT(TakeHostCalls(), ElementsAre("message \"This link cannot be followed: next.htm\""));
+}
+
 TEST_F(PlcWindow, OnlyPlainKeysAreTheWindows) {
   Report(3);
   for (const Qt::KeyboardModifier held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier, Qt::ShiftModifier}) {
@@ -442,10 +506,23 @@ TEST_F(PlcWindow, ANoteIsInTheMiddleWithRoomAround) {
   EXPECT_EQ(note->geometry(), QRect(0, 30, 800, 570));
 }
 
+TEST_F(PlcWindow, TheWindowAndItsTextTakeTheFocusOfAPress) {
+  EXPECT_EQ(tool->focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(Control(plc_id::kText)->focusPolicy(), Qt::StrongFocus);
+  Report(3);
+  auto* const edit = Control(plc_id::kText)->findChild<QPlainTextEdit*>();
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), edit);
+  Help(u"plan.bmp");
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), nullptr) << "the text is hidden behind its picture";
+  Help(u"text.txt#3");
+  EXPECT_EQ(Control(plc_id::kText)->focusProxy(), edit);
+}
+
 TEST_F(PlcWindow, ATextCanBeReadAndNotChanged) {
   Report(3);
   const auto* edit = Control(plc_id::kText)->findChild<QPlainTextEdit*>();
   EXPECT_TRUE(edit->isReadOnly());
+  EXPECT_FALSE(edit->isUndoRedoEnabled()) << "each text would stay in memory";
   EXPECT_EQ(edit->document()->documentMargin(), 12);
   EXPECT_EQ(edit->frameShape(), QFrame::NoFrame);
   EXPECT_EQ(edit->contextMenuPolicy(), Qt::NoContextMenu);

@@ -179,6 +179,26 @@ TEST_F(Journal, WhatIsTypedInTheToolsComesBack) {
   EXPECT_EQ(client->Text(WindowWith(*client, kMdiEdit), kMdiEdit), "G1 X10");
 }
 
+TEST_F(Journal, BlocksThatRanAndRowsOfTheCalculatorAreOnTheDiscASecondLater) {
+  auto client = Start();
+  const int calculator = client->Load(kCalculator);
+  Type(*client, "1+2", calculator);
+  Key(*client, "Enter", calculator);
+  const int mdi = client->Load(kMdi);
+  client->Tell(mdi, kCommand, kOpen, 1);
+  Type(*client, "G4 F0.1", mdi);
+  client->Start(mdi);
+  client->Advance(5000);
+  ASSERT_EQ(client->Text(mdi, kMdiEdit), "");
+  client->Kill();
+  EXPECT_EQ(temp_.Read("root/CNC/USER/MDIC1.DAT"), "G4 F0.1\r\n");
+  EXPECT_EQ(temp_.Read("root/CNC/USER/MDAC1.DAT"), "G4 F0.1\r\n");
+  client = Start();
+  const int again = client->Load(kCalculator);
+  Key(*client, "Up", again);
+  EXPECT_EQ(client->Text(again, kCalcLine), "1+2");
+}
+
 TEST_F(Journal, AnItemOfTheListThatIsBeingChangedComesBackIntoItsEdit) {
   temp_.Write("root/CNC/USER/MDAC1.DAT", "G0 X1\r\nG0 X2\r\n");
   auto client = Start();

@@ -80,6 +80,8 @@ TEST_F(DemoMdi, AWrongBlockIsRefusedWithAnErrorThatNamesItsWord) {
   EXPECT_EQ(Errors(), 1);
   EXPECT_EQ(client.Get("E.NERRORS"), 1);
   EXPECT_EQ(client.Text(mdi, kEdit), "G1 X10 Q7");
+  const QJsonObject edit = client.Call("ui.control", {{"window", mdi}, {"id", kEdit}}).toObject();
+  EXPECT_EQ(edit["selection"].toArray(), (QJsonArray{7, 9})) << "the word at fault can be typed over";
   // The correction runs.
   client.Call("ui.text", {{"window", mdi}, {"id", kEdit}, {"text", "G0 X10"}});
   client.Start(mdi);

@@ -395,6 +395,9 @@ TEST_F(ZmcCascadeTest, ADifferenceOfTheToleranceItselfIsADifference) {
   EXPECT_EQ(ToUtf8(cascade_.CuttingSpeedFromS(fields_)), "3.141590");
   SetVc(u"3.0915900001");
   EXPECT_EQ(ToUtf8(cascade_.CuttingSpeedFromS(fields_)), "3.091590");
+  fields_.D = u"0.0";
+  SetVc(u"0.05");
+  EXPECT_EQ(ToUtf8(cascade_.CuttingSpeedFromS(fields_)), "0.000000") << "exactly 0.05 is too much";
 }
 
 TEST_F(ZmcCascadeTest, WithInchesTheRevolutionsAreDividedAsIfTheyWereASpeed) {
@@ -419,6 +422,8 @@ TEST_F(ZmcCascadeTest, TheCuttingSpeedHasTheBlankTestsOfTheRevolutions) {
   fields_.D = u"0.0";
   SetVc(u"120");
   EXPECT_EQ(ToUtf8(cascade_.CuttingSpeedFromS(fields_)), "0") << "a diameter of 0 that isn't blank";
+  fields_.D = u"1";
+  EXPECT_EQ(ToUtf8(cascade_.CuttingSpeedFromS(fields_)), "3");
 }
 
 // A unit of the speed that the machine forces.

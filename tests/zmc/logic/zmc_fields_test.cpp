@@ -111,6 +111,16 @@ TEST(ZmcFields, AnIndexThatABoxDoesNotHaveIsNoSelection) {
   EXPECT_EQ(SelectableIndex(std::numeric_limits<int>::max(), 2), kZmcNoSelection);
 }
 
+TEST(ZmcFields, AnItemIsFoundInAnyCaseAndElseItIsTheLast) {
+  const std::vector<Text> items = {u"", u"Steel", u"Brass", u"STEEL"};
+  EXPECT_EQ(IndexOrLast(items, u"Steel"), 1);
+  EXPECT_EQ(IndexOrLast(items, u"bRASS"), 2);
+  EXPECT_EQ(IndexOrLast(items, u"steel"), 1) << "the first of two";
+  EXPECT_EQ(IndexOrLast(items, u"Tin"), 3);
+  EXPECT_EQ(IndexOrLast(items, u""), 3) << "nothing was selected, not the item without a text";
+  EXPECT_EQ(IndexOrLast({}, u"Steel"), -1);
+}
+
 TEST(ZmcFields, TheCellsOfTheComputationAreThoseOfTheGrid) {
   ZmcFields fields;
   for (int id = 0; id < kZmcCells; ++id)

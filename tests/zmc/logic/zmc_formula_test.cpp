@@ -94,6 +94,10 @@ TEST_F(ZmcFormulaTest, AMissingInputLeavesTheLineEmpty) {
   EXPECT_EQ(Line(ZmcField::kPower), "");
   fields_.D = u"0.0";
   EXPECT_EQ(Line(ZmcField::kS), "") << "the formula has no value";
+  fields_.SUnit = 1;
+  fields_.D = u"";
+  EXPECT_EQ(Line(ZmcField::kS), "") << "nor has a cutting speed without a diameter";
+  fields_.SUnit = 0;
   fields_.D = u"10";
   fields_.Cells[5] = u"";
   EXPECT_EQ(Line(ZmcField::kF), "");

@@ -131,6 +131,18 @@ TEST_F(ZmcMachineTest, WithoutAFocusChannelNeitherSpindleNorDriveIsRead) {
   }
 }
 
+TEST_F(ZmcMachineTest, TheFirstChannelAndTheFirstSpindleAreKnown) {
+  variables_.values["G.FOCUSCHANNEL"] = 1;
+  variables_.values["[1].G.MASTERSP"] = 1;
+  variables_.values["G.GSPDLNAME1"] = Text(u"S");
+  variables_.values["MPA.DRIVETYPE.S"] = 8;
+  const ZmcMachine machine = Read();
+  EXPECT_EQ(machine.FocusChannel, 1);
+  EXPECT_EQ(machine.MasterSpindle, 1);
+  EXPECT_EQ(ToUtf8(machine.MasterSpindleName), "S");
+  EXPECT_EQ(machine.DriveType, 8);
+}
+
 TEST_F(ZmcMachineTest, WithoutAMasterSpindleNeitherNameNorDriveIsRead) {
   for (const std::int32_t spindle : {0, -1}) {
     variables_.log.clear();

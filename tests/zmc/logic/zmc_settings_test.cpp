@@ -163,6 +163,9 @@ TEST_F(ZmcSettingsTest, AFileThatIsBackGetsOnlyWhatHasChanged) {
   expected.FUnit = 1;
   expected.MaterialAToZ = false;
   EXPECT_EQ(Kept(), expected);
+  settings.kept.FUnit = 0;
+  EXPECT_TRUE(settings.Save());
+  EXPECT_EQ(Kept().FUnit, 0) << "from then on everything is written, a default too";
 }
 
 TEST_F(ZmcSettingsTest, AFolderThatIsBackGetsOnlyWhatHasChanged) {

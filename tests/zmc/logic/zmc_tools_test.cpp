@@ -208,6 +208,7 @@ TEST(ZmcTools, ATypedToolIsTakenIfTheTypeOfToolsHasIt) {
     EXPECT_EQ(name.has_value(), row.name != nullptr) << ToUtf8(row.typed);
     EXPECT_EQ(ToUtf8(name.value_or(u"")), ToUtf8(row.name != nullptr ? row.name : u"")) << ToUtf8(row.typed);
   }
+  EXPECT_FALSE(TypedTool(u" ", {u"T"})) << "a blank is no tool, not even one without a number";
 }
 
 }  // namespace

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "zmc/qt/msg_display.h"
 
+#include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
 
+#include "controls/draw_text.h"
+#include "controls/fonts.h"
+#include "controls/wide_scroll_bar.h"
 #include "support/window_stage.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
@@ -69,6 +74,7 @@ TEST_F(MsgDisplayTest, ACaptionIsSetWhenTheBoxOpens) {
   language.SetText(266, u"Fine & good");
   Show("text");
   EXPECT_EQ(Caption(kFirst), "Fine & good");
+  EXPECT_EQ(qobject_cast<QPushButton*>(Part(kFirst))->text(), "Fine && good") << "for those who don't see it";
   EXPECT_EQ(qobject_cast<QPushButton*>(Part(kFirst))->shortcut(), QKeySequence()) << "no key but Enter presses it";
 }
 
@@ -91,6 +97,8 @@ TEST_F(MsgDisplayTest, KeysAnswer) {
       {BoxStyle::kQuestion, {Qt::Key_Tab, Qt::Key_Return}, BoxAnswer::kNo},
       {BoxStyle::kQuestion, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, BoxAnswer::kYes},
       {BoxStyle::kQuestion, {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Return}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Down, Qt::Key_Return}, BoxAnswer::kYes},
+      {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Up, Qt::Key_Return}, BoxAnswer::kNo},
       {BoxStyle::kQuestion, {Qt::Key_Right, Qt::Key_Escape}, BoxAnswer::kNo},
   };
   for (const AnswerRow& row : rows) {
@@ -252,6 +260,12 @@ TEST_F(MsgDisplayTest, AnArrowScrollsByALine) {
   EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing());
   Key(Qt::Key_PageDown);
   EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing() + Bar()->pageStep());
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing() + Bar()->pageStep()) << "as far back";
+  EXPECT_TRUE(Key(Qt::Key_PageDown));
+  EXPECT_TRUE(Key(Qt::Key_PageUp));
+  EXPECT_EQ(Bar()->value(), box->fontMetrics().lineSpacing() + Bar()->pageStep());
   EXPECT_EQ(box->findChild<QScrollArea*>()->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
   EXPECT_EQ(box->findChild<QScrollArea*>()->focusPolicy(), Qt::NoFocus);
 }
@@ -265,6 +279,7 @@ TEST_F(MsgDisplayTest, HasATitleBarAndAnEdge) {
   }
   EXPECT_EQ(ColorAt(image, image.width() - 1, 100), zmc_look::kBoxEdge);
   EXPECT_EQ(ColorAt(image, 200, image.height() - 1), zmc_look::kBoxEdge);
+  EXPECT_EQ(ColorAt(image, 2, 100), zmc_look::kBoxBack) << "and no broader";
   EXPECT_EQ(ColorAt(image, 3, 29), zmc_look::kBoxRaised);
   EXPECT_EQ(ColorAt(image, 3, 30), zmc_look::kBoxBack);
   const QRect title = Ink(image, zmc_look::kBoxRaised, QRect(3, 3, 300, 26));
@@ -281,6 +296,127 @@ TEST_F(MsgDisplayTest, APressedButtonIsSeen) {
   button->setDown(false);
   EXPECT_EQ(ColorAt(Paint(*button), 8, 23), zmc_look::kBoxRaised);
   EXPECT_TRUE(button->isDefault());
+}
+
+// Fonts and drawing.
+
+TEST_F(MsgDisplayTest, ItsTextsHaveOneFontThatGrowsWithThePanel) {
+  for (const auto& [height, font] : {std::pair(600, 20), {900, 30}, {300, 12}}) {
+    area->resize(800, height);
+    Show("text", BoxStyle::kQuestion);
+    const QFont expected = MakeFont("Arial", font, 500).value();
+    for (const QWidget* part :
+         {static_cast<const QWidget*>(box), static_cast<const QWidget*>(Part(kText)),
+          static_cast<const QWidget*>(Part(kFirst)), static_cast<const QWidget*>(Part(kSecond))}) {
+      EXPECT_EQ(part->font().pixelSize(), expected.pixelSize()) << height;
+      EXPECT_EQ(part->font().weight(), 500) << height;
+      EXPECT_EQ(part->font().family(), expected.family()) << height;
+    }
+  }
+}
+
+TEST_F(MsgDisplayTest, ItsTitleIsBoldAndFillsTheBar) {
+  Show("text");
+  QImage expected(Paint(*box));
+  {
+    QPainter painter(&expected);
+    painter.fillRect(2, 2, 300, 28, ToQColor(zmc_look::kBoxRaised));
+    painter.setPen(ToQColor(zmc_look::kBoxText));
+    painter.setFont(MakeFont("Arial", 21, 700).value());
+    painter.drawText(QRect(16, 0, box->width(), 30), Qt::AlignVCenter | Qt::AlignLeft, "CNC");
+  }
+  EXPECT_EQ(expected, Paint(*box));
+}
+
+TEST_F(MsgDisplayTest, TheSignIsLargeAndItsDiscSmoothAndWithoutARim) {
+  const auto near = [](const QImage& image, int x, int y, Color color) {
+    const QColor there = image.pixelColor(x, y);
+    const QColor wanted = ToQColor(color);
+    return std::abs(there.red() - wanted.red()) + std::abs(there.green() - wanted.green()) +
+               std::abs(there.blue() - wanted.blue()) <
+           24;
+  };
+  for (const BoxStyle style : {BoxStyle::kQuestion, BoxStyle::kInfo}) {
+    const bool question = style == BoxStyle::kQuestion;
+    Show("text", style);
+    const QImage icon = Paint(*Part(3070));
+    const Color ground = question ? zmc_look::kBoxEdge : zmc_look::kBoxInfo;
+    for (const QPoint rim : {QPoint(0, 20), QPoint(39, 20), QPoint(20, 0), QPoint(20, 39)}) {
+      EXPECT_TRUE(near(icon, rim.x(), rim.y(), ground)) << rim.x() << "," << rim.y();
+    }
+    const int top = icon.width() * 4;
+    EXPECT_LT(Count(icon, ground, QRect(0, 0, 40, 4)) + Count(icon, 0xFF00FF, QRect(0, 0, 40, 4)), top) << "no steps";
+    const Color ink = question ? zmc_look::kBoxDark : zmc_look::kBoxText;
+    QRect sign;
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 40; ++x) sign |= ColorAt(icon, x, y) == ink ? QRect(x, y, 1, 1) : QRect();
+    }
+    const QFontMetrics metrics(MakeFont("Arial", 32, 700).value());
+    EXPECT_NEAR(sign.height(), metrics.tightBoundingRect(question ? "?" : "i").height(), 2);
+  }
+}
+
+TEST_F(MsgDisplayTest, TheFocusIsABroadFrameAndTheOtherButtonHasAThinOne) {
+  Show("text", BoxStyle::kQuestion);
+  const QImage focused = Paint(*Part(kFirst));
+  const QImage thin = Paint(*Part(kSecond));
+  for (const int in : {0, 1, 2}) {
+    EXPECT_EQ(ColorAt(focused, in, 23), zmc_look::kBoxFocus) << in;
+    EXPECT_EQ(ColorAt(focused, focused.width() - 1 - in, 23), zmc_look::kBoxFocus) << in;
+    EXPECT_EQ(ColorAt(focused, 65, in), zmc_look::kBoxFocus) << in;
+    EXPECT_EQ(ColorAt(thin, in, 23), in == 0 ? zmc_look::kBoxBorder : zmc_look::kBoxRaised) << in;
+  }
+  EXPECT_EQ(ColorAt(focused, 3, 23), zmc_look::kBoxRaised);
+  EXPECT_NE(ColorAt(thin, 0, 0), zmc_look::kBoxBorder) << "the corners are round";
+  EXPECT_LT(Count(thin, zmc_look::kBoxBorder, QRect(0, 0, 7, 7)) +
+                Count(thin, zmc_look::kBoxRaised, QRect(0, 0, 7, 7)) + Count(thin, 0xFF00FF, QRect(0, 0, 7, 7)),
+            49)
+      << "and smooth";
+}
+
+TEST_F(MsgDisplayTest, ACaptionThatIsTooLongIsCutInsideItsButton) {
+  language.SetText(266, Text(200, u'H'));
+  Show("text");
+  const QImage image = Paint(*Part(kFirst));
+  const auto text = [&](const QRect& part) { return Count(image, zmc_look::kBoxText, part); };
+  EXPECT_GT(text(image.rect()), 100);
+  EXPECT_EQ(text(QRect(0, 0, 4, image.height())), 0);
+  EXPECT_EQ(text(QRect(image.width() - 4, 0, 4, image.height())), 0);
+}
+
+TEST_F(MsgDisplayTest, ItsScrollBarIsBroadAndDark) {
+  Show(Lines(200));
+  EXPECT_NE(dynamic_cast<WideScrollBar*>(Bar()), nullptr);
+  EXPECT_EQ(Bar()->width(), Bar()->sizeHint().width());
+  EXPECT_EQ(Bar()->palette().color(QPalette::Button), ToQColor(zmc_look::kBoxRaised));
+  EXPECT_EQ(Bar()->palette().color(QPalette::Window), ToQColor(zmc_look::kBoxBack));
+}
+
+// Places.
+
+TEST_F(MsgDisplayTest, LiesInTheMiddleOfTheAreaWithRoomAtTheEdges) {
+  area->setGeometry(30, 20, 700, 500);
+  Show("text");
+  const QPoint corner = area->mapToGlobal(QPoint(0, 0));
+  EXPECT_EQ(box->pos() - corner, QPoint(4 + (692 - box->width()) / 2, 4 + (492 - box->height()) / 2));
+  Show(Lines(200));
+  EXPECT_EQ(box->y() - corner.y(), 4);
+  EXPECT_EQ(box->height(), 500 - 8);
+  area->setGeometry(0, 0, 300, 300);
+  Show("a list\nof lines");
+  EXPECT_EQ(box->width(), 300 - 8);
+  EXPECT_EQ(Part(kFirst)->height(), kFinger);
+}
+
+TEST_F(MsgDisplayTest, OverAPanelThatIsHalfOffTheScreenItIsOnTheScreenAll) {
+  const QRect screen = panel.screen()->availableGeometry();
+  panel.move(screen.width() - 500, 0);
+  Show("text");
+  EXPECT_TRUE(screen.contains(box->geometry())) << box->x();
+  panel.move(screen.width() + 500, 0);
+  Show("text");
+  EXPECT_TRUE(QRect(area->mapToGlobal(QPoint(0, 0)), area->size()).contains(box->geometry())) << "else over its panel";
+  panel.move(0, 0);
 }
 
 }  // namespace

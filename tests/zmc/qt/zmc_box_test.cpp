@@ -5,10 +5,14 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QPainter>
 #include <vector>
 
 #include "controls/fonts.h"
+#include "controls/grid_look.h"
+#include "controls/qt/paint_counter.h"
 #include "support/widget_probe.h"
+#include "window/qt/finger.h"
 #include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_box.h"
 #include "zmc/qt/zmc_look.h"
@@ -20,6 +24,11 @@ class ZmcBoxTest : public testing::Test {
  protected:
   ZmcBoxTest() {
     window.resize(400, 300);
+    // Whatever the panel's colours are.
+    QPalette garish(Qt::red, Qt::green);
+    for (const auto role : {QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+      garish.setColor(role, Qt::cyan);
+    window.setPalette(garish);
     for (ZmcBox* each : {box, typed}) {
       each->setFont(*MakeFont("Arial", 20, 500));
       StyleBox(*each);
@@ -43,8 +52,8 @@ TEST_F(ZmcBoxTest, RowsAreHighEnoughForAGlove) {
     box->setFont(*MakeFont("Arial", font, 500));
     box->view()->setFont(box->font());
     const int height = box->view()->sizeHintForRow(0);
-    EXPECT_GE(height, 34) << font;
-    EXPECT_TRUE(font != 10 || height == 34) << "and no higher than needed: " << height;
+    EXPECT_GE(height, FingerPixels(*box)) << font;
+    EXPECT_TRUE(font != 10 || height == FingerPixels(*box)) << "and no higher than needed: " << height;
     EXPECT_GE(height, QFontMetrics(box->font()).height() + 8) << font;
   }
 }
@@ -139,12 +148,10 @@ TEST_F(ZmcBoxTest, ATextBeginsAtTheMarginAndIsCutBeforeTheTriangle) {
 }
 
 TEST_F(ZmcBoxTest, TheLineOfATypedToolFillsTheBoxUpToTheTriangle) {
-  EXPECT_EQ(typed->lineEdit()->pos(), QPoint(2, 2));
-  EXPECT_EQ(typed->lineEdit()->height(), 30 - 4);
+  EXPECT_EQ(typed->lineEdit()->geometry(), QRect(2, 2, 160 - 19 - 2, 30 - 4));
   const int free = typed->width() - typed->lineEdit()->width();
   typed->resize(200, 40);
-  EXPECT_EQ(typed->lineEdit()->height(), 40 - 4);
-  EXPECT_EQ(typed->lineEdit()->pos(), QPoint(2, 2));
+  EXPECT_EQ(typed->lineEdit()->geometry(), QRect(2, 2, 200 - 24 - 2, 40 - 4));
   EXPECT_GE(200 - typed->lineEdit()->width(), free);
   EXPECT_FALSE(typed->lineEdit()->hasFrame());
   EXPECT_EQ(typed->completer(), nullptr);
@@ -180,6 +187,131 @@ TEST_F(ZmcBoxTest, HasTheColoursOfThePageWithAndWithoutTheFocus) {
       EXPECT_EQ(palette.color(group, QPalette::HighlightedText), QColor(Qt::white));
     }
   }
+}
+
+/// The box without the focus, as it has to look with that text in that font.
+QImage Expected(const ZmcBox& box, const QString& text, int pixels, int indent = 0) {
+  QImage image(box.size(), QImage::Format_RGB32);
+  const int arrow = box.height() / 2 + 4;
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillRect(image.rect(), ToQColor(zmc_look::kFieldBack));
+  painter.setPen(QPen(ToQColor(zmc_look::kFrame), 1));
+  painter.drawRect(QRectF(0.5, 0.5, box.width() - 1, box.height() - 1));
+  const QColor ink = ToQColor(zmc_look::kFieldText);
+  DrawTriangle(painter, QRect(box.width() - arrow, 0, arrow, box.height()), arrow * 2 / 5, false, ink);
+  QFont font = box.font();
+  font.setPixelSize(pixels);
+  painter.setFont(font);
+  painter.setPen(ink);
+  const QRect room(4 + indent, 0, box.width() - arrow - 4 - indent, box.height());
+  painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+  return image;
+}
+
+TEST_F(ZmcBoxTest, ATextThatIsTooLongIsDrawnInTheLargestFontThatFitsUpToTwoThirds) {
+  typed->setFocus();
+  const QString text = "HHHHHH";
+  const QFont font = box->font();
+  box->Fill({text.toStdU16String(), Text(80, u'H')});
+  box->SelectIndex(0);
+  const int arrow = box->height() / 2 + 4;
+  const int full = QFontMetrics(font).horizontalAdvance(text) + 2 + 4 + arrow;
+  box->resize(full, 30);
+  EXPECT_EQ(Paint(*box), Expected(*box, text, font.pixelSize())) << "it just fits";
+  box->resize(full - 1, 30);
+  EXPECT_EQ(Paint(*box), Expected(*box, text, font.pixelSize() - 1));
+  box->resize(full + 20, 30);
+  box->SetTextIndent(20);
+  EXPECT_EQ(Paint(*box), Expected(*box, text, font.pixelSize(), 20));
+  box->SetTextIndent(0);
+  box->SelectIndex(1);
+  for (const int pixels : {21, 18, 12, 9}) {
+    QFont other = font;
+    other.setPixelSize(pixels);
+    box->setFont(other);
+    EXPECT_EQ(Paint(*box), Expected(*box, QString(80, 'H'), std::max(9, pixels * 2 / 3))) << pixels;
+  }
+}
+
+TEST_F(ZmcBoxTest, ATextIsInTheBoxesColour) {
+  typed->setFocus();
+  QPalette palette = box->palette();
+  palette.setColor(QPalette::Text, Qt::red);
+  box->setPalette(palette);
+  box->Fill({u"HHH"});
+  box->SelectIndex(0);
+  EXPECT_GT(Count(Paint(*box), 0x0000FF, QRect(2, 2, 100, 26)), 20);
+}
+
+TEST_F(ZmcBoxTest, ABoxWithALineDrawsItsTextOnlyThere) {
+  box->setFocus();
+  typed->Fill({u"HHH"});
+  typed->SelectIndex(0);
+  typed->lineEdit()->hide();
+  EXPECT_TRUE(Ink(Paint(*typed), zmc_look::kFieldBack, QRect(2, 2, 100, 26)).isEmpty());
+}
+
+TEST_F(ZmcBoxTest, WhatIsTypedIsNeverAnItemAndALongOneMakesNoWiderBox) {
+  typed->setFocus();
+  typed->Fill({u"T3"});
+  typed->lineEdit()->setText("new");
+  PressKey(typed->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(typed->Items(), std::vector<Text>{u"T3"});
+  ZmcBox other(3, false, nullptr);
+  const int wide = other.sizeHint().width();
+  other.Fill({Text(100, u'H')});
+  EXPECT_EQ(other.sizeHint().width(), wide);
+}
+
+TEST_F(ZmcBoxTest, ALineThatIsLeftShowsNoSelection) {
+  typed->setFocus();
+  typed->lineEdit()->setText("T3");
+  typed->lineEdit()->selectAll();
+  box->setFocus();
+  EXPECT_FALSE(typed->lineEdit()->hasSelectedText());
+}
+
+TEST_F(ZmcBoxTest, AListOfOneOpensAndItsFirstItemIsTaken) {
+  box->Fill({u"one"});
+  box->Open(true);
+  ASSERT_TRUE(box->IsOpen());
+  box->MoveMark(1);
+  EXPECT_EQ(box->view()->currentIndex().row(), 0);
+  EXPECT_TRUE(box->AcceptMark());
+  EXPECT_EQ(box->currentIndex(), 0);
+}
+
+TEST_F(ZmcBoxTest, OpeningAnOpenListLeavesItsMark) {
+  box->SelectIndex(0);
+  box->Open(true);
+  box->MoveMark(2);
+  box->Open(true);
+  EXPECT_EQ(box->view()->currentIndex().row(), 2);
+  box->Open(false);
+}
+
+TEST_F(ZmcBoxTest, TheFrameFollowsTheFocusAtOnce) {
+  for (ZmcBox* each : {box, typed}) {
+    (each == box ? typed : box)->setFocus();
+    Settle();
+    const PaintCounter paints(*each);
+    each->setFocus();
+    Settle();
+    EXPECT_EQ(paints.Count(), 1);
+    (each == box ? typed : box)->setFocus();
+    Settle();
+    EXPECT_EQ(paints.Count(), 2);
+  }
+}
+
+TEST_F(ZmcBoxTest, AnotherIndentIsPaintedAtOnce) {
+  Settle();
+  const PaintCounter paints(*box);
+  box->SetTextIndent(10);
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
 }
 
 }  // namespace

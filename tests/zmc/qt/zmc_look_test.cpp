@@ -168,5 +168,20 @@ TEST_F(ZmcLookTest, TheBarIsPaintedAnewWhenThePowerChanges) {
   EXPECT_EQ(paints.Count(), 1) << "and only then";
 }
 
+TEST_F(ZmcLookTest, TheBarIsEmptyWithoutAPowerAndShowsTheSmallest) {
+  QWidget page;
+  page.resize(300, 50);
+  auto* bar = new ZmcPowerBar(1, &page);
+  bar->setGeometry(10, 10, 200, 10);
+  bar->SetPercent(0.5);
+  EXPECT_EQ(Count(Paint(*bar), zmc_look::kPowerGood), 10) << "a column";
+  EXPECT_EQ(bar->WindowText(), "0.50 %");
+  bar->SetPercent(50);
+  EXPECT_EQ(Count(Paint(*bar), zmc_look::kPowerGood), 100 * 10);
+  bar->SetPercent({});
+  EXPECT_EQ(Count(Paint(*bar), zmc_look::kPage), 200 * 10) << "nothing of the power before";
+  EXPECT_EQ(page.childAt(20, 15), nullptr) << "a touch is the page's";
+}
+
 }  // namespace
 }  // namespace pnl::test

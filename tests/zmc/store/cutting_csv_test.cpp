@@ -106,6 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultRow{u"kind;description;kc\nmaterial;A;1.2.3\n", {2, CsvFault::kBadNumber, u"1.2.3"}},
                     FaultRow{u"kind;description;kc\nmaterial;A;-1\n", {2, CsvFault::kBadNumber, u"-1"}},
                     FaultRow{u"kind;description\nmaterial;A\x1\n", {2, CsvFault::kBadText, u"A\x1"}},
+                    FaultRow{u"kind;description\r\nmaterial;A\r\nmaterial;\r\n", {3, CsvFault::kNoDescription, u""}},
                     FaultRow{u"kind;description\nmaterial;\"A\nB\"\nmaterial;\n", {4, CsvFault::kNoDescription, u""}}));
 
 TEST(CuttingCsv, AForceMayHaveItsWholeRangeAndOperationsNone) {
@@ -195,6 +196,26 @@ TEST(CuttingCsv, AQuoteThatIsNotClosedIsAFault) {
   ASSERT_FALSE(reading.faults.empty());
   EXPECT_EQ(reading.faults.back().fault, CsvFault::kOpenQuote);
   EXPECT_THAT(reading.records.materials, IsEmpty());
+}
+
+// A text is a part of a larger one here: what comes after it is no part of the table.
+TEST(CuttingCsv, ReadsNothingBeyondTheEndOfItsText) {
+  const TextView all = u"kind;description\nmaterial;A;x";
+  const CsvReading reading = ReadCuttingCsv(all.substr(0, all.size() - 2));
+  EXPECT_THAT(reading.faults, IsEmpty());
+  EXPECT_THAT(reading.records.materials, ElementsAre(Material(u"A")));
+  const TextView quoted = u"kind;description\nmaterial;\"A\"";
+  EXPECT_THAT(ReadCuttingCsv(quoted.substr(0, quoted.size() - 1)).faults,
+              ElementsAre(CsvFaultAt{2, CsvFault::kOpenQuote, u""}));
+}
+
+TEST(CuttingCsv, AMaterialHasItsNormsAndItsDate) {
+  const CsvReading reading = ReadCuttingCsv(u"kind;description;alemaniaw;une;aisi;date\nmaterial;A;1;2;3;2026/01/01\n");
+  ASSERT_EQ(reading.records.materials.size(), 1u);
+  const CT_MaterialDefinition& record = reading.records.materials[0];
+  EXPECT_EQ(record.Norma, (CT_Norma{u"1", u"2", u"3"}));
+  EXPECT_EQ(TextOf(record.id), u"1#2#3");
+  EXPECT_EQ(TextOf(record.Date), u"2026/01/01");
 }
 
 TEST(CuttingCsv, AMaterialAndAnOperationMayHaveOneDescription) {

@@ -69,6 +69,12 @@ TEST(CuttingMerge, CustomRecordsComeBeforeTheFactorysOrBehind) {
   EXPECT_EQ(Merged(factory, user, kFactoryFirst), "f2@2:B, f1:F, f3:F, mine@3:U, own@1:U");
 }
 
+TEST(CuttingMerge, AHiddenRecordHidesNoneThatDiffersInItsCase) {
+  const auto factory = Materials({Material(u"Steel"), Material(u"STEEL")});
+  EXPECT_EQ(Merged(factory, Materials({Material(u"Steel", u"1", true)}), kByDate), "STEEL:F");
+  EXPECT_EQ(Merged(factory, Materials({}), kByDate), "Steel:F") << "of two the first is shown";
+}
+
 TEST(CuttingMerge, AUsersRecordReplacesTheFactorysAndHidesItInBothOrderings) {
   const auto factory = Materials({Material(u"Brass"), Material(u"Steel")});
   const auto changed = Materials({Material(u"Steel", u"1")});

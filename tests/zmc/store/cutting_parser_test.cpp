@@ -214,6 +214,19 @@ TEST_F(CuttingParser, AFileThatCannotBeReadIsReportedByReason) {
   EXPECT_TRUE(other.GetListaMateriales(kUserPath).Ok());
 }
 
+TEST_F(CuttingParser, APairWithoutANameIsNoPair) {
+  const std::string block =
+      "<Parametros><Material>Steel</Material><PasadaRadial><Max>1</Max></PasadaRadial></Parametros>";
+  PutUser(CuttingFile("", "<Operacion><Materiales>" + block +
+                              "</Materiales></Operacion><Operacion><descripcion>Milling"
+                              "</descripcion><Materiales><Parametros/></Materiales></Operacion>"));
+  for (const auto& [material, operation] : {std::pair(u"Steel", u""), {u"", u"Milling"}, {u"", u""}}) {
+    const auto found = parser.GetCondicionesCorte(kUserPath, material, operation);
+    EXPECT_TRUE(found.Ok());
+    EXPECT_FALSE(found.Value().has_value()) << ToUtf8(material) << " " << ToUtf8(operation);
+  }
+}
+
 TEST_F(CuttingParser, AFileThatBreaksOffIsNoDocument) {
   PutUser(CuttingFile("<MaterialDefinition><KC>1</KC></MaterialDefinition>"));
   FailingFiles failing(files);

@@ -301,6 +301,12 @@ TEST_F(CuttingUpdate, ListsThatAreMissingAreMade) {
   EXPECT_EQ(User(), Lists(kBrass, "\t\t<Operacion>\n\t\t\t<descripcion>Milling</descripcion>\n\t\t</Operacion>\n"));
 }
 
+TEST_F(CuttingUpdate, ADeclarationThatSaysNothingGetsItsEncoding) {
+  PutUser("<?xml ?><CondicionesCorte/>");
+  EXPECT_EQ(SaveOperation(u"", Operation(u"Milling")), CuttingError::kNone);
+  EXPECT_TRUE(User().starts_with("<?xml encoding=\"UTF-8\"?>\n<CondicionesCorte>\n")) << User();
+}
+
 TEST_F(CuttingUpdate, WhatSomebodyElsePutIntoTheFileSurvives) {
   PutUser(
       "<?xml version=\"1.0\" standalone=\"yes\"?><!-- by hand --><?editor a > b?><!DOCTYPE CondicionesCorte [<!ENTITY "

@@ -487,7 +487,7 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
     letters(*window_->MainBar().Key(0), pixels(14));
     letters(*window_->Row().Key(RowKey::kHelp), pixels(14));
     letters(*window_->Keys().Key(Action::kReset), pixels(14));
-    letters(window_->Status(), pixels(14) * 5 / 4);
+    letters(window_->Status(), layout.wide ? pixels(14) * 7 / 4 : pixels(14) * 5 / 4);
     window_->Zone().Show({{"text", Qt::blue, Qt::white}});
     letters(window_->Zone(), pixels(17));
     window_->Asking().Ask("Really?", {"Yes"}, [](int) {});

@@ -54,6 +54,13 @@ TEST_F(UndoOfferTest, SaysWhatItPutsBack) {
   EXPECT_EQ(Offered().text(), "Undo: G0 X2") << "the one before is offered next";
 }
 
+TEST_F(UndoOfferTest, SaysItInTheOtherLanguageWhenThatIsChanged) {
+  Command(kClear);
+  window_->SwitchLanguage();
+  EXPECT_EQ(Offered().text(), "Lista borrada: deshacer");
+  EXPECT_EQ(Offered().accessibleName(), Offered().text());
+}
+
 TEST_F(UndoOfferTest, ATouchPutsItBackAndLeavesTheKeyboardWhereItWas) {
   Command(kClear);
   ASSERT_EQ(Rows(), 0);

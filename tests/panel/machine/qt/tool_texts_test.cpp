@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// What is typed in the command line and the calculator and what was removed there, as the tools tell it and take it
+// back.
+#include "host/tool_texts.h"
+
+#include "panel/machine/qt/panel_fixture.h"
+
+namespace panel {
+namespace {
+
+constexpr int kDeleteItem = 32771;
+constexpr int kClearList = 32776;
+
+class ToolTexts : public PanelFixture {
+ protected:
+  void Command(int id) {
+    op_->SendCommand(PNL_TOOL_MDI, id);
+    Settle();
+  }
+  [[nodiscard]] PnlWindow Mdi() const { return session_.ToolWindow(PNL_TOOL_MDI); }
+  [[nodiscard]] QStringList Items() const {
+    QStringList items;
+    const QAbstractItemModel* model = MdaList()->model();
+    for (int row = 0; row < model->rowCount(); ++row) items << model->index(row, 0).data().toString();
+    return items;
+  }
+};
+
+TEST_F(ToolTexts, WithoutAToolThereIsNothingAndNothingIsTaken) {
+  EXPECT_EQ(TypedBlock(session_), std::nullopt);
+  EXPECT_EQ(TypedExpression(session_), "");
+  EXPECT_FALSE(PutBack(session_, {JournalBlock::Kind::kLine, -1, {}, "G1"}));
+  EXPECT_FALSE(PutBackExpression(session_, "1+1"));
+  EXPECT_EQ(LastRemoval(0).rows, 0);
+  EXPECT_FALSE(PutBackRemoval(0));
+  ForgetRemovals(0);
+}
+
+TEST_F(ToolTexts, ATypedBlockIsToldAndTakenBack) {
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(TypedBlock(session_), std::nullopt) << "nothing is typed";
+  Type("G1 X5");
+  const JournalBlock typed{JournalBlock::Kind::kLine, -1, {}, "G1 X5"};
+  EXPECT_EQ(TypedBlock(session_), typed);
+  EXPECT_FALSE(PutBack(session_, {JournalBlock::Kind::kLine, -1, {}, "G1 X6"})) << "something else is typed";
+  EXPECT_EQ(Line(PNL_TOOL_MDI)->text(), "G1 X5");
+  Line(PNL_TOOL_MDI)->selectAll();
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(PutBack(session_, {JournalBlock::Kind::kLine, -1, {}, "G1 X6"}));
+  EXPECT_EQ(Line(PNL_TOOL_MDI)->text(), "G1 X6");
+}
+
+TEST_F(ToolTexts, AnItemOfTheListIsToldWithItsPlaceAndItsOldText) {
+  OpenListAtSecond();
+  EXPECT_EQ(TypedBlock(session_), std::nullopt);
+  Key(Qt::Key_Return);
+  Type("5");
+  const auto changed = TypedBlock(session_);
+  ASSERT_TRUE(changed);
+  EXPECT_EQ(changed->kind, JournalBlock::Kind::kChangedItem);
+  EXPECT_EQ(changed->item, 1);
+  EXPECT_EQ(changed->original, Items()[1]);
+  EXPECT_EQ(changed->text, Items()[1] + "5");
+  Key(Qt::Key_Escape);
+  ASSERT_EQ(TypedBlock(session_), std::nullopt);
+  EXPECT_TRUE(PutBack(session_, *changed));
+  EXPECT_EQ(TypedBlock(session_), changed);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Items()[1], changed->text);
+}
+
+TEST_F(ToolTexts, ANewItemOfTheListIsTakenBackAsOne) {
+  OpenListAtSecond();
+  const QStringList before = Items();
+  ASSERT_TRUE(PutBack(session_, {JournalBlock::Kind::kNewItem, -1, {}, "G0 X9"}));
+  const JournalBlock item{JournalBlock::Kind::kNewItem, -1, {}, "G0 X9"};
+  EXPECT_EQ(TypedBlock(session_), item);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Items().size(), before.size() + 1);
+  EXPECT_TRUE(Items().contains("G0 X9"));
+}
+
+TEST_F(ToolTexts, AnExpressionIsToldAndTakenBack) {
+  Do(Action::kOpenCalculator);
+  EXPECT_EQ(TypedExpression(session_), "");
+  Type("12");
+  EXPECT_EQ(TypedExpression(session_), "12");
+  EXPECT_FALSE(PutBackExpression(session_, "7"));
+  Line(PNL_TOOL_CALCULATOR)->selectAll();
+  Key(Qt::Key_Backspace);
+  ASSERT_EQ(TypedExpression(session_), "");
+  EXPECT_TRUE(PutBackExpression(session_, "34+5"));
+  EXPECT_EQ(Line(PNL_TOOL_CALCULATOR)->text(), "34+5");
+}
+
+TEST_F(ToolTexts, ARemovalIsToldPutBackAndForgotten) {
+  OpenListAtSecond();
+  const QStringList all = Items();
+  EXPECT_EQ(LastRemoval(Mdi()).rows, 0);
+  Command(kDeleteItem);
+  RemovedRows removed = LastRemoval(Mdi());
+  EXPECT_EQ(removed.rows, 1);
+  EXPECT_FALSE(removed.whole);
+  EXPECT_EQ(removed.text, all[1]);
+  EXPECT_TRUE(PutBackRemoval(Mdi()));
+  EXPECT_EQ(Items(), all);
+  EXPECT_EQ(LastRemoval(Mdi()).rows, 0);
+  EXPECT_FALSE(PutBackRemoval(Mdi()));
+  Command(kClearList);
+  removed = LastRemoval(Mdi());
+  EXPECT_EQ(removed.rows, 3);
+  EXPECT_TRUE(removed.whole);
+  EXPECT_EQ(removed.text, all[0]);
+  ForgetRemovals(Mdi());
+  EXPECT_EQ(LastRemoval(Mdi()).rows, 0);
+  EXPECT_FALSE(PutBackRemoval(Mdi()));
+  EXPECT_EQ(Items(), QStringList());
+}
+
+}  // namespace
+}  // namespace panel
