@@ -252,8 +252,12 @@ bool Hands::IsSeen(int tool) const { return Tool(tool) != nullptr && Tool(tool)-
 QWidget* Hands::Control(int tool, int id) const {
   Expect(IsSeen(tool), QStringLiteral("tool %1 isn't shown").arg(tool));
   QWidget* control = WindowInspector::Control(Tool(tool), id);
-  Expect(control != nullptr && WindowInspector::IsSeen(control), QStringLiteral("control %1 isn't seen").arg(id));
-  return control;
+  if (control != nullptr && WindowInspector::IsSeen(control)) return control;
+  // Some tools have their controls in a form, which is a window of its own.
+  for (QWidget* within : Tool(tool)->findChildren<QWidget*>()) {
+    if (within->property("pnlId") == QVariant(id) && WindowInspector::IsSeen(within)) return within;
+  }
+  throw Stuck(QStringLiteral("control %1 isn't seen").arg(id));
 }
 
 QString Hands::TextOf(int tool, int id) const {

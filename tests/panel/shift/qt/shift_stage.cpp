@@ -13,6 +13,8 @@
 #include "ui/key_guard.h"
 #include "ui/keyboard.h"
 #include "ui/program_desk.h"
+#include "ui/quiet_caches.h"
+#include "ui/theme.h"
 #include "ui/touch_desk.h"
 
 namespace panel::shift {
@@ -117,6 +119,8 @@ void ShiftStage::SetUpShare() {
 }
 
 void ShiftStage::SetUpPanel() {
+  theme::Apply(*qApp);
+  QuietPixmapCache();
   session_.OfferAll();
   op_ = std::make_unique<Operator>(session_, &rig_);
   window_ = std::make_unique<PanelWindow>(session_, *op_, [this](const QString& path) { return Host(path); });
