@@ -123,6 +123,8 @@ void ClearList(Hands& hands) {
   hands.ExpectText(Items(hands), {}, QStringLiteral("the list that was cleared"));
   hands.Touch(&hands.Window().Undo(), QStringLiteral("the key that puts the list back"));
   hands.ExpectText(Items(hands), items, QStringLiteral("the list that was put back"));
+  // The next block is typed, not chosen.
+  hands.Main(Action::kSwitchRole);
   hands.Row(RowKey::kClose);
   hands.Expect(!hands.IsSeen(PNL_TOOL_MDI), QStringLiteral("the list stays"));
 }
