@@ -39,7 +39,10 @@ bool Finger::IsSeenAt(const QWidget& widget, const QPoint& place) {
   if (!window->rect().contains(local)) return false;
   const QWidget* hit = window->childAt(local);
   if (hit == nullptr) hit = window;
-  return hit == &widget || widget.isAncestorOf(hit);
+  // Some pictures leave their strokes to the window that they are in.
+  const QWidget* taker = &widget;
+  while (taker->testAttribute(Qt::WA_TransparentForMouseEvents)) taker = taker->parentWidget();
+  return hit == taker || widget.isAncestorOf(hit);
 }
 
 bool Finger::Touch(QWidget& widget, const QPoint& place, bool twice) {

@@ -78,7 +78,8 @@ void ErrorHelp(Hands& hands) {
 }
 
 void Correct(Hands& hands) {
-  hands.Raise(hands.Control(PNL_TOOL_MDI, kCommandEdit), QStringLiteral("the command line"));
+  // A refused block is marked whole; a touch after its end leaves the caret there.
+  hands.Touch(hands.Control(PNL_TOOL_MDI, kCommandEdit), QStringLiteral("the command line"));
   hands.Tap(TouchAct::kBack, 3);
   hands.Type(QStringLiteral("0 X5"));
   hands.Machine(Action::kCycleStart);
