@@ -111,10 +111,10 @@ void SaveList(Hands& hands) {
   hands.Tap(TouchAct::kEnter);
   hands.Expect(!hands.IsSeen(PNL_TOOL_EXPLORER), QStringLiteral("the explorer stays"));
   const QString text = QString::fromUtf8(hands.Stage().FileAt(QStringLiteral("C:\\CNC\\PROGRAMS\\SHIFT.NC")));
-  hands.ExpectText(text.split(u'\n', Qt::SkipEmptyParts).join(u'|'),
-                   QStringLiteral("(------------- CREATED BY MDI -------------)|% SHIFT|") + items +
-                       QStringLiteral("|M30"),
-                   QStringLiteral("the program made of the list"));
+  hands.ExpectText(
+      text.split(u'\n', Qt::SkipEmptyParts).join(u'|'),
+      QStringLiteral("(------------- CREATED BY MDI -------------)|% SHIFT|") + items + QStringLiteral("|M30"),
+      QStringLiteral("the program made of the list"));
 }
 
 void ClearList(Hands& hands) {

@@ -22,6 +22,8 @@ namespace {
 
 constexpr std::int32_t kCuttingDataPath = 24;
 constexpr std::int32_t kProgramsPath = 101;
+constexpr char kShare = 'N';
+constexpr int kNetworkDrive = 4;
 
 /// The machine's drive. The machine puts its documents there once, when it starts.
 const QTemporaryDir& MachineDrive() {
@@ -34,13 +36,6 @@ bool HasMachine(pnl::rig::Rig& rig, bool manualTime) {
   if (rig.Machine() == nullptr && !rig.StartMachine("demo")) return false;
   if (manualTime) rig.UseManualTime();
   return true;
-}
-
-pnl::rig::NetworkNode Node(int display, const char16_t* remote) {
-  pnl::rig::NetworkNode node;
-  node.display = display;
-  node.remote = remote;
-  return node;
 }
 
 }  // namespace
@@ -65,7 +60,9 @@ ShiftStage::~ShiftStage() {
   op_.reset();
   Settle();
   rig_.SetSink(nullptr);
-  rig_.Files().SetNetwork({});
+  pnl::rig::Drive gone;
+  gone.letter = kShare;
+  rig_.Files().SetDrive(gone);
   if (rig_.Machine() != nullptr) rig_.Machine()->Reset();
   rig_.Cnc().ClearErrors();
   rig_.Advance(1000);
@@ -105,17 +102,12 @@ void ShiftStage::SetUpShare() {
   if (!file.open(QIODevice::WriteOnly) || file.write("(ORDER 27)\r\nG90 G54\r\nG0 X10 Y10\r\nM30\r\n") < 0) {
     problem_ = QStringLiteral("no share");
   }
-  constexpr int kDomain = 1, kServer = 2, kShare = 3, kNetwork = 6;
-  auto share = Node(kShare, u"\\\\OFFICE\\ORDERS");
-  share.dir = QFile::encodeName(folder).toStdString();
-  auto server = Node(kServer, u"\\\\OFFICE");
-  server.children.push_back(share);
-  auto domain = Node(kDomain, u"WORKSHOP");
-  domain.children.push_back(server);
-  auto network = Node(kNetwork, u"");
-  network.provider = network.comment = u"Network";
-  network.children.push_back(domain);
-  rig_.Files().SetNetwork({network});
+  pnl::rig::Drive drive;
+  drive.letter = kShare;
+  drive.dir = QFile::encodeName(folder).toStdString();
+  drive.type = kNetworkDrive;
+  drive.remote = u"\\\\OFFICE\\ORDERS";
+  rig_.Files().SetDrive(drive);
 }
 
 void ShiftStage::SetUpPanel() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The panel on which a shift is worked: the demo machine with its disc, cutting data and a network with a share, all in
-// folders that go again. A process has one machine, so the stages of a process follow one another. It sees
-// what the CNC gets. It knows no test and no benchmark.
+// The panel on which a shift is worked: the demo machine with its disc, cutting data and a drive that leads to a share,
+// all in folders that go again. A process has one machine, so the stages of a process follow one another. It sees what
+// the CNC gets. It knows no test and no benchmark.
 #pragma once
 
 #include <pnltools/rig.h>

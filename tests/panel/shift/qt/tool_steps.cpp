@@ -93,9 +93,7 @@ void Correct(Hands& hands) {
 void OpenFromShare(Hands& hands) {
   hands.Main(Action::kOpenProgram);
   auto* tree = hands.Control<QAbstractItemView>(PNL_TOOL_EXPLORER, kExplorerTree);
-  const QString network = tree->model()->index(tree->model()->rowCount() - 1, 0).data().toString();
-  hands.TreePath(tree, {network, QStringLiteral("Network"), QStringLiteral("WORKSHOP"), QStringLiteral("\\\\OFFICE"),
-                        QStringLiteral("ORDERS")});
+  hands.TreePath(tree, {QStringLiteral("N:  (\\\\OFFICE\\ORDERS)")});
   hands.Item(hands.Control<QAbstractItemView>(PNL_TOOL_EXPLORER, kExplorerList), QStringLiteral("ORDER 27.NC"));
   hands.Capture(QStringLiteral("share"));
   hands.Main(kExplorerOk);
