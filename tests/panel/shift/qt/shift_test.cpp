@@ -42,7 +42,7 @@ TEST_P(ShiftTest, EachStepShowsTheOperatorWhatItDidAndNeedsNoKeyboard) {
     ASSERT_EQ(problem.toStdString(), "") << hands.Messages().toStdString();
     ASSERT_EQ(watch.Strangers().join(u',').toStdString(), "") << step.name;
   }
-  EXPECT_GT(watch.Typed(), 100);
+  EXPECT_GT(watch.Typed(), 80) << "the keys of the screen did the typing";
 }
 
 INSTANTIATE_TEST_SUITE_P(AllPanels, ShiftTest,
