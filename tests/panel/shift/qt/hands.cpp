@@ -265,6 +265,11 @@ QString Hands::TextOf(int tool, int id) const {
   return inspector.DescribeControl(Tool(tool), Control(tool, id))["text"].toString();
 }
 
+bool Hands::IsChecked(int tool, int id) const {
+  const WindowInspector inspector(stage_.Window().ToolAreaWidget());
+  return inspector.DescribeControl(Tool(tool), Control(tool, id))["checked"].toBool();
+}
+
 QString Hands::Messages() const {
   QStringList lines;
   for (const auto& line : stage_.Window().Zone().Lines()) lines << line.text;

@@ -91,6 +91,8 @@ class Hands {
   }
   /// The text that a control shows.
   [[nodiscard]] QString TextOf(int tool, int id) const;
+  /// Whether a box of a tool is checked.
+  [[nodiscard]] bool IsChecked(int tool, int id) const;
   /// The lines of the message zone.
   [[nodiscard]] QString Messages() const;
   [[nodiscard]] QString Program() const { return stage_.Window().ProgramText(); }

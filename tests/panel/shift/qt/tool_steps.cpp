@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kCalculatorLine = 1008;
 constexpr int kCalculatorResult = 1010;
-constexpr int kErrorTitle = 1000;
 constexpr int kErrorHelp = 1042;
 // Of the machining calculator.
 constexpr int kMaterial = 3008;
@@ -23,7 +22,6 @@ constexpr int kToolBox = 3012;
 constexpr int kGrid = 3028;
 constexpr int kSpeed = 3035;
 constexpr int kWithSpeed = 226;
-constexpr int kWithFeed = 225;
 constexpr int kInsertBlock = 32902;
 constexpr int kMachining = PNL_TOOL_MACHINING_CALCULATOR;
 
@@ -117,7 +115,11 @@ void Choose(Hands& hands) {
   hands.Tap(TouchAct::kEnter);
   hands.ExpectText(grid->model()->index(0, 3).data().toString(), QStringLiteral("180"), QStringLiteral("the cell"));
   hands.PutKeyboardAway();
-  hands.Touch(hands.Control(kMachining, kWithSpeed), QStringLiteral("the box for the speed"));
+  // The box is as it was left by the last block.
+  if (!hands.IsChecked(kMachining, kWithSpeed)) {
+    hands.Touch(hands.Control(kMachining, kWithSpeed), QStringLiteral("the box for the speed"));
+  }
+  hands.Expect(hands.IsChecked(kMachining, kWithSpeed), QStringLiteral("the speed isn't chosen"));
   hands.ExpectText(hands.TextOf(kMachining, kSpeed), QStringLiteral("3580"), QStringLiteral("the speed"));
 }
 
