@@ -15,7 +15,7 @@ KeyWatch::KeyWatch(const Finger& finger) : finger_(finger) { qApp->installEventF
 KeyWatch::~KeyWatch() = default;
 
 bool KeyWatch::eventFilter(QObject* watched, QEvent* event) {
-  // A key that nobody takes goes on to the parents; it is counted where it arrives first.
+  // A key that nobody takes goes on to the parents, and is counted again at each.
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   const auto* key = static_cast<const QKeyEvent*>(event);
   const QWidget* touched = finger_.Touching();
