@@ -92,7 +92,10 @@ void AxisDisplay::PaintFoot(QPainter& painter, const QRect& foot, const AxisRead
 void AxisDisplay::PaintAxis(QPainter& painter, const QRect& rect, const AxisReading& axis) const {
   theme::DrawField(painter, rect, QColor(theme::kSurface), QColor(theme::kBorder), 6);
   const QRect body = rect.adjusted(10, 4, -10, -4);
-  const Foot fit = FitFoot(OtherText(axis), ToGoText(axis), body.width(), fontPixels_);
+  Foot fit = FitFoot(OtherText(axis), ToGoText(axis), body.width(), fontPixels_);
+  // In a low row the number has half of the height, as long as the texts around it can be read: their two lines are
+  // 35/16 of their letters high.
+  if (!fit.twoRows) fit.pixels = std::min(fit.pixels, std::max(kLegible, body.height() * 8 / 35));
   const int line = fit.pixels * 5 / 4;
   const int below = std::min(fit.twoRows ? 2 * line : line, body.height() / 2);
   // Unit and frame have a row of their own above the number, in letters that take little of its height.

@@ -96,6 +96,9 @@ std::vector<SoftKeyItem> PanelPlcItems(const Operator& op) {
 
 std::vector<SoftKeyItem> PanelItemsOf(int tool, bool video) {
   switch (tool) {
+    case PNL_TOOL_MDI:
+      // The panel's own key for it is behind the keys of the list.
+      return {PlainItem(static_cast<int>(Action::kSwitchRole), Word::kMdiMda)};
     case PNL_TOOL_EXPLORER:
       return {PlainItem(kAcceptItem, Word::kOk), PlainItem(kLeaveItem, Word::kClose)};
     case PNL_TOOL_MACHINING_CALCULATOR:

@@ -108,6 +108,23 @@ TEST_F(PictureTest, ANumberOfAnAxisIsNeverHigherThanAHundredAndTenPixels) {
                                          "1.000", "machine 2.000", "to go 3.000", theme::kAmber));
 }
 
+TEST_F(PictureTest, InALowRowTheNumberHasHalfOfTheHeight) {
+  // The texts around the number kept their size, and the number was the smallest of all.
+  AxisDisplay axes(nullptr);
+  axes.SetFrame("G54");
+  axes.SetFontPixels(24);
+  axes.resize(530, 76);
+  axes.Show({{"X", 5, 5, 0}}, false, false);
+  EXPECT_EQ(StrokesOf(axes), Pictured([](Picture& picture) {
+              picture.Field({0, 0, 530, 76}, theme::kSurface, theme::kBorder)
+                  .Right({10, 4, 510, 13}, "mm, G54", Font(11), theme::kMuted)
+                  .Left({10, 17, 510, 37}, "X", Font(33, true), theme::kAccent)
+                  .Right({43, 17, 477, 37}, "5.000", Font(33, true), theme::kText)
+                  .Left({10, 54, 510, 18}, "machine 5.000", Font(15), theme::kMuted)
+                  .Right({10, 54, 510, 18}, "to go 0.000", Font(15), theme::kMuted);
+            }));
+}
+
 TEST_F(PictureTest, AxesTurnIntoColumnsAboveThreeTimesTheHeight) {
   AxisDisplay axes(nullptr);
   axes.Show({{"X", 1, 2, 3}, {"Y", 1, 2, 3}}, true, false);
@@ -571,6 +588,7 @@ TEST_F(PictureTest, EveryChangeShowsAtOnceAndNothingElseIsDrawnAnew) {
   EXPECT_TRUE(ofModal.After([&] { modal.SetFontPixels(18); }));
   EXPECT_TRUE(ofStrip.After([&] { strip.Show({Word::kReady, theme::kSteel}, "MDI"); }));
   EXPECT_TRUE(ofStrip.After([&] { strip.SetFontPixels(20); }));
+  axes.resize(800, 100);
   EXPECT_THAT(StrokesOf(axes), ::testing::Contains(::testing::HasSubstr(" 18 px weight 400")));
   EXPECT_THAT(StrokesOf(zone), ::testing::Contains(::testing::HasSubstr(" 18 px")));
   EXPECT_THAT(StrokesOf(readings), ::testing::Contains(::testing::HasSubstr(" 18 px")));

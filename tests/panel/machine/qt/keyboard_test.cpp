@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <algorithm>
 
 #include "panel/machine/qt/panel_fixture.h"
 #include "ui/error_list.h"
@@ -125,6 +126,24 @@ TEST_F(KeyboardTest, TheMdiKeyLeadsFromTheProgramToTheCommandLine) {
   ASSERT_TRUE(Has(Program()));
   Do(Action::kSwitchRole);
   Do(Action::kSwitchRole);
+  EXPECT_TRUE(Has(Line(PNL_TOOL_MDI)));
+}
+
+TEST_F(KeyboardTest, ASoftKeyLeadsFromTheListBackToTheCommandLine) {
+  // The keys of the list took the place of the panel's MDI/MDA, and a finger had no way back but to close the list.
+  Do(Action::kOpenMdi);
+  Do(Action::kSwitchRole);
+  ASSERT_TRUE(Has(MdaList()));
+  SoftKeyBar& bar = window_->MainBar();
+  const auto& items = bar.Items();
+  const auto back = std::find_if(items.begin(), items.end(), [](const SoftKeyItem& item) {
+    return item.id == static_cast<int>(Action::kSwitchRole);
+  });
+  ASSERT_NE(back, items.end());
+  const int place = static_cast<int>(back - items.begin());
+  while (bar.Page() < place / kMainKeys) bar.NextPage();
+  window_->PressMain(place % kMainKeys);
+  Settle();
   EXPECT_TRUE(Has(Line(PNL_TOOL_MDI)));
 }
 

@@ -483,7 +483,8 @@ TEST_F(PanelWindowTest, EveryPartStandsWhereTheLayoutSaysInLettersOfItsScale) {
       const std::string expected = " " + std::to_string(height) + " px";
       EXPECT_THAT(pnl::test::StrokesOf(widget), ::testing::Contains(::testing::HasSubstr(expected)));
     };
-    letters(window_->Axes(), pixels(14));
+    // In the low rows of a wide panel the numbers go before the texts around them.
+    if (!layout.wide) letters(window_->Axes(), pixels(14));
     letters(*window_->MainBar().Key(0), pixels(14));
     letters(*window_->Row().Key(RowKey::kHelp), pixels(14));
     letters(*window_->Keys().Key(Action::kReset), pixels(14));
