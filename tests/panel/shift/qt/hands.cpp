@@ -226,7 +226,10 @@ void Hands::Rest() {
 
 void Hands::Until(const std::function<bool()>& so, const QString& what) {
   Rest();
-  if (!stage_.Set().manualTime) return Expect(WaitWhile([&so] { return !so(); }, kWorkMilliseconds), what);
+  if (!stage_.Set().manualTime) {
+    Expect(WaitWhile([&so] { return !so(); }, kWorkMilliseconds), what);
+    return Rest();
+  }
   constexpr int kSlice = 50;
   for (int passed = 0; !so() && passed < kWorkMilliseconds; passed += kSlice) {
     stage_.Rig().Advance(kSlice);
