@@ -35,8 +35,10 @@ ProgramEditor::ProgramEditor(QWidget* parent)
   lineBar_->hide();
   openingBar_->hide();
   ConnectBars();
-  connect(qApp, &QApplication::focusChanged, this, [this] {
-    if (low_) Place();
+  // The focus also changes while this is destroyed, when it is a widget alone.
+  connect(qApp, &QApplication::focusChanged, this, [widget = static_cast<QWidget*>(this)] {
+    auto* editor = qobject_cast<ProgramEditor*>(widget);
+    if (editor != nullptr && editor->low_) editor->Place();
   });
   CodeEdit* edit = MakeEdit();
   edit->show();

@@ -185,6 +185,8 @@ TEST(PageMarkup, ATableHasALimitedNumberOfColumns) {
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td><td>", 100)), "<td>"), 200u) << "each row counts alone";
   EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td rowspan=3 colspan=40>", 9)), "<td "), 6u)
       << "a cell from above pushes those beside it aside";
+  EXPECT_EQ(CountOf(Clean(u"<table>" + Repeat(u"<tr><td>", 100) + u"<tr>" + Repeat(u"<td>", 100)), "<td>"), 200u)
+      << "a row far below is empty, too";
 }
 
 TEST(PageMarkup, APageWithTooManyTagsOrPicturesIsCut) {

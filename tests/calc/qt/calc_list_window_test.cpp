@@ -107,6 +107,20 @@ TEST_F(CalcListWindowTest, APressOnTheGroundLeavesTheFocusToTheListThatIsOpen) {
   EXPECT_EQ(Focus(), Line());
 }
 
+TEST_F(CalcListWindowTest, RowsThatTheToolChangesAreNoChoiceOfTheOperator) {
+  OpenWith(3);
+  Key(Qt::Key_Down);
+  TouchRow(List(), 1);
+  auto* client = tool->findChild<CalcClientWidget*>();
+  int told = 0;
+  QObject::connect(client, &CalcClientWidget::HistorySelected, client, [&told] { ++told; });
+  client->DeleteRow(1);
+  client->SelectRow(0);
+  client->InsertRow(0, u"9");
+  client->FillHistory({});
+  EXPECT_EQ(told, 0);
+}
+
 TEST_F(CalcListWindowTest, ADoublePressTakesTheRow) {
   OpenWith(3);
   TouchRow(List(), 1);
