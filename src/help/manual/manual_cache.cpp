@@ -122,7 +122,10 @@ void ManualCache::Trim(const std::string& keep) const {
   RemoveLeftovers(folder_);
   std::uint64_t bytes = 0;
   std::size_t count = 0;
-  for (const Kept& kept : KeptIn(folder_)) {
+  std::vector<Kept> all = KeptIn(folder_);
+  // Times are coarse: the one that was opened just now may seem as old as others.
+  std::stable_partition(all.begin(), all.end(), [&keep](const Kept& kept) { return kept.folder == keep; });
+  for (const Kept& kept : all) {
     bytes += kept.bytes;
     ++count;
     if (kept.folder != keep && (bytes > limits_.bytes || count > limits_.manuals)) RemoveWhole(kept.folder);
