@@ -3,14 +3,12 @@
 
 #include <pnltools/pnltools.h>
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 #include <utility>
 
 #include "common/words.h"
 #include "ui/panel_key.h"
-#include "ui/question.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -35,7 +33,10 @@ std::u16string TakeText(QLineEdit& edit) {
 }  // namespace
 
 CredentialsCover::CredentialsCover(QWidget* parent)
-    : QWidget(parent), answer_(&PnlAnswerCredentials), ok_(new PanelKey(this)), cancel_(new PanelKey(this)) {
+    : Cover(parent, Arrows::kUpDown),
+      answer_(&PnlAnswerCredentials),
+      ok_(new PanelKey(this)),
+      cancel_(new PanelKey(this)) {
   setFocusPolicy(Qt::StrongFocus);
   for (int i = 0; i < kFieldCount; ++i) {
     auto* field = new QLineEdit(this);
@@ -176,22 +177,8 @@ void CredentialsCover::paintEvent(QPaintEvent*) {
   }
 }
 
-void CredentialsCover::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Escape:
-      return Leave();
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      focusNextPrevChild(event->key() == Qt::Key_Down);
-      return;
-    default:
-      // No key reaches what is under the cover.
-      event->accept();
-  }
-}
-
-bool CredentialsCover::focusNextPrevChild(bool next) {
-  return FocusAmong({fields_[kUser], fields_[kDomain], fields_[kPassword], cancel_, ok_}, next);
+std::vector<QWidget*> CredentialsCover::TabOrder() const {
+  return {fields_[kUser], fields_[kDomain], fields_[kPassword], cancel_, ok_};
 }
 
 }  // namespace panel

@@ -5,17 +5,19 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QWidget>
 #include <array>
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <vector>
+
+#include "ui/cover.h"
 
 namespace panel {
 
 class PanelKey;
 
-class CredentialsCover : public QWidget {
+class CredentialsCover : public Cover {
   Q_OBJECT
 
  public:
@@ -35,7 +37,7 @@ class CredentialsCover : public QWidget {
   void Ask(std::uint32_t request, const QString& server, bool again);
   /// What the keys do.
   void Accept();
-  void Leave();
+  void Leave() override;
 
   /// Whether a question waits for its answer. The cover may be hidden meanwhile.
   [[nodiscard]] bool IsOpen() const { return !questions_.empty(); }
@@ -52,9 +54,8 @@ class CredentialsCover : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
+  [[nodiscard]] std::vector<QWidget*> TabOrder() const override;
 
  private:
   struct Question {

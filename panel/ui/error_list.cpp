@@ -8,7 +8,6 @@
 
 #include "common/words.h"
 #include "ui/panel_key.h"
-#include "ui/question.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -76,7 +75,7 @@ void ErrorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 }
 
 ErrorListCover::ErrorListCover(const ErrorDesk& desk, QWidget* parent)
-    : QWidget(parent),
+    : Cover(parent, Arrows::kNone),
       desk_(desk),
       model_(new ErrorListModel(this)),
       delegate_(new ErrorRowDelegate(this)),
@@ -266,12 +265,6 @@ bool ErrorListCover::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-void ErrorListCover::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) return Leave();
-  // No key reaches what is under the cover.
-  event->accept();
-}
-
-bool ErrorListCover::focusNextPrevChild(bool next) { return FocusAmong({list_, line_, help_, back_}, next); }
+std::vector<QWidget*> ErrorListCover::TabOrder() const { return {list_, line_, help_, back_}; }
 
 }  // namespace panel

@@ -7,17 +7,18 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QStyledItemDelegate>
-#include <QWidget>
 #include <optional>
+#include <vector>
 
 #include "host/error_desk.h"
+#include "ui/cover.h"
 #include "ui/error_list_model.h"
 
 namespace panel {
 
 class PanelKey;
 
-/// Draws a row in two lines: time, name and text; then what became of the error.
+/// Draws a row in two lines: time, name and text, then the origin and the state of the error.
 class ErrorRowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -30,7 +31,7 @@ class ErrorRowDelegate : public QStyledItemDelegate {
   int rowHeight_ = 48;
 };
 
-class ErrorListCover : public QWidget {
+class ErrorListCover : public Cover {
   Q_OBJECT
 
  public:
@@ -40,7 +41,7 @@ class ErrorListCover : public QWidget {
   /// Shows the list and takes the keyboard.
   void Open();
   /// Hides the list.
-  void Leave();
+  void Leave() override;
   /// Reads the history again if it has changed and the list is shown.
   void Update();
   [[nodiscard]] bool IsOpen() const { return open_; }
@@ -60,11 +61,10 @@ class ErrorListCover : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
+  [[nodiscard]] std::vector<QWidget*> TabOrder() const override;
 
  private:
   void Read();

@@ -2,7 +2,6 @@
 #include "ui/first_start.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -13,7 +12,6 @@
 #include "common/words.h"
 #include "host/panel_settings.h"
 #include "ui/panel_key.h"
-#include "ui/question.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -41,7 +39,7 @@ bool IsOf(FirstStart::Key key, FirstStart::Page page) {
 
 }  // namespace
 
-FirstStart::FirstStart(QWidget* parent) : QWidget(parent) {
+FirstStart::FirstStart(QWidget* parent) : Cover(parent, Arrows::kLeftRight) {
   setFocusPolicy(Qt::StrongFocus);
   for (PanelKey*& key : keys_) key = new PanelKey(this);
   for (const Key language : {kEnglish, kSpanish}) {
@@ -100,6 +98,11 @@ void FirstStart::GoBack() {
   if (page_ != Page::kScreen) return;
   ShowPage(Page::kLanguage);
   FocusFirst();
+}
+
+void FirstStart::Leave() {
+  if (leave_) return Close();
+  GoBack();
 }
 
 void FirstStart::Close() {
@@ -264,20 +267,6 @@ void FirstStart::mouseReleaseEvent(QMouseEvent* event) {
   drag_.reset();
 }
 
-void FirstStart::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Escape:
-      return leave_ ? Close() : GoBack();
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-      focusNextPrevChild(event->key() == Qt::Key_Right);
-      return;
-    default:
-      // No key reaches what is under the cover.
-      event->accept();
-  }
-}
-
-bool FirstStart::focusNextPrevChild(bool next) { return FocusAmong({keys_.begin(), keys_.end()}, next); }
+std::vector<QWidget*> FirstStart::TabOrder() const { return {keys_.begin(), keys_.end()}; }
 
 }  // namespace panel

@@ -4,15 +4,17 @@
 // about the panel: its owner changes the language, sets the screen's width and stores both.
 #pragma once
 
-#include <QWidget>
 #include <array>
 #include <optional>
+#include <vector>
+
+#include "ui/cover.h"
 
 namespace panel {
 
 class PanelKey;
 
-class FirstStart : public QWidget {
+class FirstStart : public Cover {
   Q_OBJECT
 
  public:
@@ -21,9 +23,10 @@ class FirstStart : public QWidget {
   enum Key { kEnglish, kSpanish, kBack, kShorter, kLonger, kOk, kKeyCount };
 
   explicit FirstStart(QWidget* parent);
-  /// Asks, beginning with that page. Escape goes back to the language or, with leave, ends the question without an
-  /// answer.
+  /// Asks, beginning with that page. leave says what Leave does.
   void Ask(Page page, bool leave);
+  /// Goes back to the language or, if Ask was told so, ends the question without an answer.
+  void Leave() override;
   [[nodiscard]] bool IsOpen() const { return open_; }
   [[nodiscard]] Page Shown() const { return page_; }
   /// Gives the keyboard to the key that goes on.
@@ -56,12 +59,11 @@ class FirstStart : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
+  [[nodiscard]] std::vector<QWidget*> TabOrder() const override;
 
  private:
   struct Drag {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/password_box.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
@@ -9,7 +8,6 @@
 
 #include "common/words.h"
 #include "ui/panel_key.h"
-#include "ui/question.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -27,7 +25,7 @@ constexpr std::array<std::size_t, 12> kPad = {7, 8, 9, 4, 5, 6, 1, 2, 3, kCloseK
 
 }  // namespace
 
-PasswordBox::PasswordBox(QWidget* parent) : QWidget(parent), edit_(new QLineEdit(this)) {
+PasswordBox::PasswordBox(QWidget* parent) : Cover(parent, Arrows::kNone), edit_(new QLineEdit(this)) {
   constexpr int kLongest = 20;
   edit_->setEchoMode(QLineEdit::Password);
   edit_->setMaxLength(kLongest);
@@ -157,16 +155,10 @@ void PasswordBox::paintEvent(QPaintEvent*) {
                   theme::Font(fontPixels_), QColor(theme::kMuted));
 }
 
-void PasswordBox::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) return Leave();
-  // No key reaches what is under the cover.
-  event->accept();
-}
-
-bool PasswordBox::focusNextPrevChild(bool next) {
+std::vector<QWidget*> PasswordBox::TabOrder() const {
   std::vector<QWidget*> order{edit_, keys_[kBackKey]};
   for (const std::size_t place : kPad) order.push_back(keys_[place]);
-  return FocusAmong(order, next);
+  return order;
 }
 
 }  // namespace panel

@@ -6,8 +6,9 @@
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QString>
-#include <QWidget>
 #include <vector>
+
+#include "ui/cover.h"
 
 namespace panel {
 
@@ -16,7 +17,7 @@ class PanelKey;
 /// The password of the demo machine. The box shows it, because it protects nothing.
 inline constexpr const char* kDemoPassword = "1111";
 
-class PasswordBox : public QWidget {
+class PasswordBox : public Cover {
   Q_OBJECT
 
  public:
@@ -25,7 +26,7 @@ class PasswordBox : public QWidget {
   /// is open already.
   bool Ask();
   void Enter();
-  void Leave();
+  void Leave() override;
   [[nodiscard]] bool IsOpen() const { return loop_ != nullptr; }
   [[nodiscard]] QLineEdit& Edit() const { return *edit_; }
   /// The ten digits from 0 on, back, OK and Close.
@@ -36,9 +37,8 @@ class PasswordBox : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
+  [[nodiscard]] std::vector<QWidget*> TabOrder() const override;
 
  private:
   void MakeKeys();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/question.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -10,29 +9,13 @@
 
 namespace panel {
 
-bool FocusAmong(const std::vector<QWidget*>& widgets, bool next) {
-  std::vector<QWidget*> able;
-  for (QWidget* widget : widgets) {
-    if (widget->isVisibleTo(widget->window()) && widget->isEnabled()) able.push_back(widget);
-  }
-  if (able.empty()) return false;
-  const auto count = static_cast<int>(able.size());
-  int at = next ? -1 : count;
-  for (int i = 0; i < count; ++i) {
-    if (able[static_cast<std::size_t>(i)]->hasFocus()) at = i;
-  }
-  able[static_cast<std::size_t>((at + (next ? 1 : count - 1)) % count)]->setFocus(next ? Qt::TabFocusReason
-                                                                                       : Qt::BacktabFocusReason);
-  return true;
-}
-
-Question::Question(QWidget* parent) : QWidget(parent) {
+Question::Question(QWidget* parent) : Cover(parent, Arrows::kLeftRight) {
   setFocusPolicy(Qt::StrongFocus);
   hide();
 }
 
 void Question::Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered) {
-  if (IsOpen()) Answer(static_cast<int>(keys_.size()) - 1);
+  Leave();
   for (PanelKey* key : keys_) key->deleteLater();
   keys_.clear();
   text_ = text;
@@ -65,6 +48,8 @@ void Question::Answer(int index) {
   hide();
   answered(index);
 }
+
+void Question::Leave() { Answer(static_cast<int>(keys_.size()) - 1); }
 
 void Question::SetFontPixels(int pixels) {
   fontPixels_ = pixels;
@@ -100,21 +85,6 @@ void Question::paintEvent(QPaintEvent*) {
                        QColor(theme::kText));
 }
 
-void Question::keyPressEvent(QKeyEvent* event) {
-  const int last = static_cast<int>(keys_.size()) - 1;
-  switch (event->key()) {
-    case Qt::Key_Escape:
-      return Answer(last);
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-      focusNextPrevChild(event->key() == Qt::Key_Right);
-      return;
-    default:
-      // No key reaches what is under the cover.
-      event->accept();
-  }
-}
-
-bool Question::focusNextPrevChild(bool next) { return FocusAmong({keys_.begin(), keys_.end()}, next); }
+std::vector<QWidget*> Question::TabOrder() const { return {keys_.begin(), keys_.end()}; }
 
 }  // namespace panel

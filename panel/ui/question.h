@@ -5,15 +5,16 @@
 
 #include <QString>
 #include <QStringList>
-#include <QWidget>
 #include <functional>
 #include <vector>
+
+#include "ui/cover.h"
 
 namespace panel {
 
 class PanelKey;
 
-class Question : public QWidget {
+class Question : public Cover {
   Q_OBJECT
 
  public:
@@ -22,6 +23,8 @@ class Question : public QWidget {
   /// open is answered with its last key first.
   void Ask(const QString& text, const QStringList& answers, std::function<void(int)> answered);
   void Answer(int index);
+  /// Gives the careful answer.
+  void Leave() override;
   /// Gives the keyboard to the careful answer.
   void FocusCareful();
   /// Whether a question waits for its answer. The cover may be hidden meanwhile.
@@ -33,8 +36,7 @@ class Question : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
+  [[nodiscard]] std::vector<QWidget*> TabOrder() const override;
 
  private:
   void Place();
@@ -43,9 +45,5 @@ class Question : public QWidget {
   std::vector<PanelKey*> keys_;
   int fontPixels_ = 16;
 };
-
-/// Moves the focus to the next or previous of these widgets, so that Tab never leaves a cover. Returns false when none
-/// of them can take it.
-bool FocusAmong(const std::vector<QWidget*>& widgets, bool next);
 
 }  // namespace panel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the covers and the editor look: where their parts stand, what is written where, and which keys they hear.
+// How the covers and the editor look: where their parts are, what is written where, and what their keys do.
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
@@ -35,9 +35,9 @@ bool Press(QWidget& widget, int key) {
   return event.isAccepted();
 }
 
-class CoverTest : public FilesTest {
+class CoverPictureTest : public FilesTest {
  protected:
-  CoverTest() {
+  CoverPictureTest() {
     UseWords("en");
     window_.resize(800, 400);
   }
@@ -59,7 +59,7 @@ struct QuestionRow {
   QRect text;
 };
 
-TEST_F(CoverTest, TheAnswersStandSideBySideBelowTheMiddle) {
+TEST_F(CoverPictureTest, TheAnswersStandSideBySideBelowTheMiddle) {
   for (const QuestionRow& row :
        {QuestionRow{"two", {800, 400}, 16, {{80, 216, 315, 64}, {405, 216, 315, 64}}, {80, 12, 640, 192}},
         QuestionRow{"three",
@@ -90,7 +90,7 @@ TEST_F(CoverTest, TheAnswersStandSideBySideBelowTheMiddle) {
   }
 }
 
-TEST_F(CoverTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
+TEST_F(CoverPictureTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
   QLineEdit behind(&window_);
   Question question(&window_);
   Show(question);
@@ -100,7 +100,7 @@ TEST_F(CoverTest, ATouchOnAQuestionBesideItsKeysGivesItTheKeyboard) {
   EXPECT_TRUE(question.hasFocus());
 }
 
-TEST_F(CoverTest, AnOpenQuestionIsLaidOutAnew) {
+TEST_F(CoverPictureTest, AnOpenQuestionIsLaidOutAnew) {
   Question question(&window_);
   Show(question);
   question.Ask("Really?", {"Yes", "No"}, [](int) {});
@@ -113,7 +113,7 @@ TEST_F(CoverTest, AnOpenQuestionIsLaidOutAnew) {
   EXPECT_THAT(StrokesOf(*question.Key(1)), ::testing::Contains(::testing::HasSubstr(" 20 px")));
 }
 
-TEST_F(CoverTest, TheCarefulAnswerIsInFrontAndTheArrowsMoveOn) {
+TEST_F(CoverPictureTest, TheCarefulAnswerIsInFrontAndTheArrowsMoveOn) {
   Question question(&window_);
   QWidget other(&window_);
   Show(question);
@@ -142,34 +142,7 @@ TEST_F(CoverTest, TheCarefulAnswerIsInFrontAndTheArrowsMoveOn) {
   EXPECT_FALSE(question.IsOpen());
 }
 
-TEST_F(CoverTest, TabMovesAmongWhatIsSeenAndEnabled) {
-  QWidget a(&window_);
-  QWidget b(&window_);
-  QWidget c(&window_);
-  for (QWidget* widget : {&a, &b, &c}) widget->setFocusPolicy(Qt::StrongFocus);
-  Show(a);
-  const auto next = [&](bool forward) { return FocusAmong({&a, &b, &c}, forward); };
-  a.clearFocus();
-  EXPECT_TRUE(next(true));
-  EXPECT_TRUE(a.hasFocus()) << "from nowhere to the first";
-  a.clearFocus();
-  EXPECT_TRUE(next(false));
-  EXPECT_TRUE(c.hasFocus()) << "or the last";
-  EXPECT_TRUE(next(true));
-  EXPECT_TRUE(a.hasFocus());
-  b.setEnabled(false);
-  EXPECT_TRUE(next(true));
-  EXPECT_TRUE(c.hasFocus());
-  EXPECT_TRUE(next(false));
-  EXPECT_TRUE(a.hasFocus());
-  c.hide();
-  EXPECT_TRUE(next(false));
-  EXPECT_TRUE(a.hasFocus());
-  a.setEnabled(false);
-  EXPECT_FALSE(next(true));
-}
-
-TEST_F(CoverTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
+TEST_F(CoverPictureTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
   PasswordBox box(&window_);
   Show(box);
   const auto expectPlaces = [&box](const QRect& line, const QRect& seven, const QRect& nine, const QRect& close,
@@ -192,7 +165,7 @@ TEST_F(CoverTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
   }
 }
 
-TEST_F(CoverTest, ThePasswordBoxFitsTheRoomThatItHas) {
+TEST_F(CoverPictureTest, ThePasswordBoxFitsTheRoomThatItHas) {
   struct Row {
     QSize size;
     int pixels;
@@ -217,7 +190,7 @@ TEST_F(CoverTest, ThePasswordBoxFitsTheRoomThatItHas) {
   }
 }
 
-TEST_F(CoverTest, ThePasswordBoxHasItsHeadAboveTheLine) {
+TEST_F(CoverPictureTest, ThePasswordBoxHasItsHeadAboveTheLine) {
   PasswordBox box(&window_);
   box.resize(800, 400);
   box.SetFontPixels(16);
@@ -246,7 +219,7 @@ TEST_F(CoverTest, ThePasswordBoxHasItsHeadAboveTheLine) {
   EXPECT_THAT(StrokesOf(*box.Keys()[5]), ::testing::Contains(::testing::HasSubstr(" 20 px")));
 }
 
-TEST_F(CoverTest, TabGoesThroughThePasswordBoxAndNoFurther) {
+TEST_F(CoverPictureTest, TabGoesThroughThePasswordBoxAndNoFurther) {
   PasswordBox box(&window_);
   Show(box);
   box.show();
@@ -259,7 +232,7 @@ TEST_F(CoverTest, TabGoesThroughThePasswordBoxAndNoFurther) {
   }
 }
 
-TEST_F(CoverTest, ThePasswordBoxSaysThatAPasswordWasWrongUntilAnotherIsTyped) {
+TEST_F(CoverPictureTest, ThePasswordBoxSaysThatAPasswordWasWrongUntilAnotherIsTyped) {
   PasswordBox box(&window_);
   Show(box);
   box.show();
@@ -281,7 +254,7 @@ bool AnswerTo(PasswordBox& box, const std::function<void()>& act) {
   return box.Ask();
 }
 
-TEST_F(CoverTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) {
+TEST_F(CoverPictureTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) {
   PasswordBox box(&window_);
   Show(box);
   EXPECT_FALSE(box.isVisibleTo(&window_));
@@ -313,13 +286,13 @@ TEST_F(CoverTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) {
   }));
 }
 
-TEST_F(CoverTest, APasswordBoxThatGoesWhileItAsksHasNotGotThePassword) {
+TEST_F(CoverPictureTest, APasswordBoxThatGoesWhileItAsksHasNotGotThePassword) {
   auto* box = new PasswordBox(&window_);
   Show(*box);
   EXPECT_FALSE(AnswerTo(*box, [box] { delete box; }));
 }
 
-TEST_F(CoverTest, ARowOfTheErrorListHasTimeNameTextAndWhatBecameOfIt) {
+TEST_F(CoverPictureTest, ARowOfTheErrorListHasTimeNameTextAndWhatBecameOfIt) {
   QStandardItemModel model(1, 1);
   const QModelIndex index = model.index(0, 0);
   const QColor red(0xA0, 0, 0);
@@ -351,7 +324,7 @@ TEST_F(CoverTest, ARowOfTheErrorListHasTimeNameTextAndWhatBecameOfIt) {
   }
 }
 
-class ErrorListTest : public CoverTest {
+class ErrorListTest : public CoverPictureTest {
  protected:
   ErrorListTest() : desk_(session_, nullptr), cover_(desk_, &window_) { Show(cover_); }
   HostSession session_;
