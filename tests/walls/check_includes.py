@@ -212,7 +212,7 @@ def main(root):
     files = {}
     for folder in ("src", "panel", "include"):
         for file in (pathlib.Path(root) / folder).rglob("*"):
-            if file.suffix in (".h", ".cpp"):
+            if file.suffix in (".h", ".inc", ".cpp"):
                 files[file.relative_to(root).as_posix()] = file.read_text(encoding="utf-8")
     findings = self_test(house) + check(files, house)
     print("\n".join(findings) or f"{len(files)} files, no wall crossed")
