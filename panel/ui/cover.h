@@ -12,6 +12,8 @@ class Cover : public QWidget {
   Q_OBJECT
 
  public:
+  /// Whether the cover waits for the operator. It may be hidden meanwhile.
+  [[nodiscard]] virtual bool IsOpen() const = 0;
   /// Does what Escape does. It may destroy the cover.
   virtual void Leave() = 0;
 

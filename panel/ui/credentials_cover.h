@@ -39,8 +39,7 @@ class CredentialsCover : public Cover {
   void Accept();
   void Leave() override;
 
-  /// Whether a question waits for its answer. The cover may be hidden meanwhile.
-  [[nodiscard]] bool IsOpen() const { return !questions_.empty(); }
+  [[nodiscard]] bool IsOpen() const override { return !questions_.empty(); }
   /// Gives the keyboard to the first field that is empty.
   void FocusFirst();
   /// What is asked, and what was wrong; empty when nothing was.

@@ -44,7 +44,7 @@ class ErrorListCover : public Cover {
   void Leave() override;
   /// Reads the history again if it has changed and the list is shown.
   void Update();
-  [[nodiscard]] bool IsOpen() const { return open_; }
+  [[nodiscard]] bool IsOpen() const override { return open_; }
   [[nodiscard]] QListView& List() const { return *list_; }
   [[nodiscard]] const QStringList& Notes() const { return notes_; }
   [[nodiscard]] QString Details() const { return details_->toPlainText(); }

@@ -27,7 +27,7 @@ class FirstStart : public Cover {
   void Ask(Page page, bool leave);
   /// Goes back to the language or, if Ask was told so, ends the question without an answer.
   void Leave() override;
-  [[nodiscard]] bool IsOpen() const { return open_; }
+  [[nodiscard]] bool IsOpen() const override { return open_; }
   [[nodiscard]] Page Shown() const { return page_; }
   /// Gives the keyboard to the key that goes on.
   void FocusFirst();

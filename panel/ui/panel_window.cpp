@@ -50,28 +50,10 @@ bool KeepsItsKeys(const QObject* watched) {
 
 PanelWindow::PanelWindow(HostSession& session, Operator& op, PathResolver resolve, QWidget* parent)
     : QWidget(parent),
+      PanelParts(*this, session, op, std::move(resolve)),
       session_(session),
       op_(op),
-      status_(new StatusStrip(this)),
-      readings_(new Readings(this)),
-      axes_(new AxisDisplay(this)),
-      modal_(new ModalLine(this)),
-      toolArea_(new QWidget(this)),
-      editor_(new ProgramEditor(toolArea_)),
-      sideBar_(new SoftKeyBar(Qt::Vertical, kSideKeys, &SideKey, this)),
-      zone_(new MessageZone(this)),
-      mainBar_(new SoftKeyBar(Qt::Horizontal, kMainKeys, &MainKey, this)),
-      row_(new ReservedRow(this)),
-      keys_(new OperatorKeys(this)),
-      question_(new Question(this)),
-      password_(new PasswordBox(this)),
-      desk_(new ProgramDesk(*editor_, op.Files(), *question_, std::move(resolve), this)),
-      errorList_(new ErrorListCover(op.Desk(), this)),
-      credentials_(new CredentialsCover(this)),
-      first_(new FirstStart(this)),
-      undo_(new UndoOffer(session, this)),
       language_(session, op.Desk(), op.Rig()),
-      touchKeys_(new TouchKeyboard(this)),
       touch_(std::make_unique<TouchDesk>(*this)) {
   setWindowTitle(QStringLiteral("pnlpanel"));
   setMinimumSize(kLeastWindow);
@@ -172,8 +154,8 @@ bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     if (name == kVideoProperty || name == kErrorPlaceProperty) ShowBars();
   }
   const bool shownOrHidden = event->type() == QEvent::Show || event->type() == QEvent::Hide;
-  const bool cover = watched == question_ || watched == password_ || watched == credentials_ || watched == errorList_ ||
-                     watched == first_;
+  const auto covers = Covers();
+  const bool cover = std::find(covers.begin(), covers.end(), watched) != covers.end();
   if (shownOrHidden && cover) EnableBars();
   // A cover keeps the focus among its own keys even while it hides, so the focus has to be given back here.
   if (cover && event->type() == QEvent::Hide) keyboard_->Restore();
@@ -284,8 +266,8 @@ void PanelWindow::resizeEvent(QResizeEvent*) { LayOut(); }
 void PanelWindow::paintEvent(QPaintEvent* event) { QPainter(this).fillRect(event->rect(), QColor(theme::kBackground)); }
 
 bool PanelWindow::Covered() const {
-  return question_->IsOpen() || password_->IsOpen() || credentials_->IsOpen() || errorList_->IsOpen() ||
-         first_->IsOpen();
+  const auto covers = Covers();
+  return std::any_of(covers.begin(), covers.end(), [](const Cover* cover) { return cover->IsOpen(); });
 }
 
 void PanelWindow::EnableBars() {

@@ -16,36 +16,20 @@
 #include "host/operator.h"
 #include "remote/panel_face.h"
 #include "ui/panel_layout.h"
+#include "ui/panel_parts.h"
 
 namespace panel {
 
-class AxisDisplay;
-class CredentialsCover;
-class ErrorListCover;
-class FirstStart;
 class JournalKeeper;
 struct JournalSetup;
 class Keyboard;
-class MessageZone;
-class ModalLine;
-class OperatorKeys;
-class PasswordBox;
-class ProgramDesk;
-class ProgramEditor;
-class Question;
-class Readings;
-class ReservedRow;
-class SoftKeyBar;
 enum class RowKey;
 struct RowKeyLook;
 struct SoftKeyItem;
 struct TouchStroke;
-class StatusStrip;
-class UndoOffer;
 class TouchDesk;
-class TouchKeyboard;
 
-class PanelWindow : public QWidget, public PanelFace {
+class PanelWindow : public QWidget, public PanelFace, public PanelParts {
   Q_OBJECT
 
  public:
@@ -77,24 +61,7 @@ class PanelWindow : public QWidget, public PanelFace {
   void Escape();
 
   [[nodiscard]] const PanelLayout& Layout() const { return layout_; }
-  [[nodiscard]] SoftKeyBar& MainBar() const { return *mainBar_; }
-  [[nodiscard]] SoftKeyBar& SideBar() const { return *sideBar_; }
-  [[nodiscard]] OperatorKeys& Keys() const { return *keys_; }
-  [[nodiscard]] ReservedRow& Row() const { return *row_; }
-  [[nodiscard]] MessageZone& Zone() const { return *zone_; }
-  [[nodiscard]] StatusStrip& Status() const { return *status_; }
-  [[nodiscard]] Readings& ReadingsShown() const { return *readings_; }
-  [[nodiscard]] AxisDisplay& Axes() const { return *axes_; }
-  [[nodiscard]] ProgramEditor& Editor() const { return *editor_; }
-  [[nodiscard]] ErrorListCover& ErrorsShown() const { return *errorList_; }
-  [[nodiscard]] Question& Asking() const { return *question_; }
-  [[nodiscard]] PasswordBox& Password() const { return *password_; }
-  [[nodiscard]] CredentialsCover& CredentialsAsked() const { return *credentials_; }
-  [[nodiscard]] FirstStart& First() const { return *first_; }
-  [[nodiscard]] ProgramDesk& Desk() const { return *desk_; }
-  [[nodiscard]] UndoOffer& Undo() const { return *undo_; }
   [[nodiscard]] TouchDesk& Touch() const { return *touch_; }
-  [[nodiscard]] TouchKeyboard& TouchKeys() const { return *touchKeys_; }
   [[nodiscard]] Keyboard& KeyboardOwner() const { return *keyboard_; }
 
   /// Draws the current state. It is called automatically after every change.
@@ -177,28 +144,9 @@ class PanelWindow : public QWidget, public PanelFace {
   enum class InnerKeys { kNone, kFaults, kPlcMessages };
   InnerKeys innerKeys_ = InnerKeys::kNone;  // what the main bar shows in place of the panel's own keys
   std::function<bool(const QString& text)> answer_;
-  StatusStrip* status_;
-  Readings* readings_;
-  AxisDisplay* axes_;
-  ModalLine* modal_;
-  QWidget* toolArea_;
-  ProgramEditor* editor_;
-  SoftKeyBar* sideBar_;
-  MessageZone* zone_;
-  SoftKeyBar* mainBar_;
-  ReservedRow* row_;
-  OperatorKeys* keys_;
-  Question* question_;
-  PasswordBox* password_;
-  ProgramDesk* desk_;
-  ErrorListCover* errorList_;
-  CredentialsCover* credentials_;
-  FirstStart* first_;
-  UndoOffer* undo_;
   std::unique_ptr<Keyboard> keyboard_;
   std::unique_ptr<JournalKeeper> journal_;
   LanguageDesk language_;
-  TouchKeyboard* touchKeys_;
   std::unique_ptr<TouchDesk> touch_;
 };
 

@@ -98,7 +98,7 @@ void PanelWindow::FollowFocus() {
     const int below = rest_.wide ? layout_.messages.top() : layout_.keyboard.top();
     coverRoom.setBottom(std::min(cover_.bottom(), below - 1 - kMargin));
   }
-  for (QWidget* cover : std::initializer_list<QWidget*>{question_, password_, credentials_, errorList_, first_}) {
+  for (Cover* cover : Covers()) {
     PutInto(*cover, cover_, coverRoom, TouchDesk::Seen(*cover, coverRoom.height() - 2 * kMargin));
   }
 }

@@ -27,7 +27,7 @@ class PasswordBox : public Cover {
   bool Ask();
   void Enter();
   void Leave() override;
-  [[nodiscard]] bool IsOpen() const { return loop_ != nullptr; }
+  [[nodiscard]] bool IsOpen() const override { return loop_ != nullptr; }
   [[nodiscard]] QLineEdit& Edit() const { return *edit_; }
   /// The ten digits from 0 on, back, OK and Close.
   [[nodiscard]] const std::vector<PanelKey*>& Keys() const { return keys_; }

@@ -27,8 +27,7 @@ class Question : public Cover {
   void Leave() override;
   /// Gives the keyboard to the careful answer.
   void FocusCareful();
-  /// Whether a question waits for its answer. The cover may be hidden meanwhile.
-  [[nodiscard]] bool IsOpen() const { return static_cast<bool>(answered_); }
+  [[nodiscard]] bool IsOpen() const override { return static_cast<bool>(answered_); }
   [[nodiscard]] const QString& Text() const { return text_; }
   [[nodiscard]] PanelKey* Key(int index) const { return keys_.at(static_cast<std::size_t>(index)); }
   void SetFontPixels(int pixels);

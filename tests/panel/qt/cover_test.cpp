@@ -26,6 +26,7 @@ class ThreeFields : public Cover {
     }
     setFocusPolicy(Qt::StrongFocus);
   }
+  [[nodiscard]] bool IsOpen() const override { return isVisible(); }
   void Leave() override { ++left; }
   [[nodiscard]] std::vector<QWidget*> TabOrder() const override { return order; }
 
