@@ -7,13 +7,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "calc/calc_format.h"
 #include "calc/calc_keys.h"
 #include "calc/calc_menus.h"
 #include "calc/calc_places.h"
+#include "calc/calc_removed.h"
 #include "calc/calc_storage.h"
 #include "calc/calc_values.h"
 #include "calc/calc_view.h"
@@ -75,7 +75,7 @@ class CalcSession final : public ToolSession<CalcView> {
   /// Handles the messages of host/kept_work.h and returns the answer; nothing for any other message.
   std::optional<std::intptr_t> OnKeptWork(const Message& message);
   /// The number of the last removal that can be put back, or 0.
-  [[nodiscard]] int RemovalNumber() const { return removals_.empty() ? 0 : removals_.back().number; }
+  [[nodiscard]] int RemovalNumber() const { return removed_.Number(); }
   /// The value beside a row of the history in the base in use, empty if it isn't known. Quick enough for painting.
   [[nodiscard]] Text RowValue(int row, const Text& expression);
   /// Computes one piece of a long evaluation. It takes a few milliseconds at most.
@@ -96,13 +96,6 @@ class CalcSession final : public ToolSession<CalcView> {
   enum class OpenList { kNone, kHistory, kVariables };
   /// What the line has after the history closes: the selected row, or its text from before the history opened.
   enum class Keep { kSelectedRow, kSavedLine };
-  /// Rows that were deleted together, the first one first.
-  struct Removal {
-    int number = 0;  // each removal has its own
-    std::vector<std::pair<int, Text>> rows;
-    std::vector<std::optional<double>> values;  // of the rows
-    int left = 0;                               // how many rows stayed
-  };
 
   // Opening and closing.
   void ComeIntoSight();
@@ -194,8 +187,7 @@ class CalcSession final : public ToolSession<CalcView> {
   OpenList openList_ = OpenList::kNone;
   Text savedLine_;                      // the line from before the history opened
   std::vector<VariableRow> variables_;  // the rows of the open list
-  std::vector<Removal> removals_;       // from the history, the last one last
-  int lastRemoval_ = 0;
+  CalcRemoved removed_;                 // from the history
 };
 
 }  // namespace pnl

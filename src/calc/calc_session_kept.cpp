@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The part of the session that tells a host what the operator has typed and not finished, and puts back what was typed
+// The part of the session that gives a host what the operator has typed and not finished, and puts back what was typed
 // or deleted.
 #include <algorithm>
 
@@ -11,10 +11,12 @@ std::optional<std::intptr_t> CalcSession::OnKeptWork(const Message& message) {
   const auto kept = KeptWorkMessageOf(message.number);
   if (!kept) return std::nullopt;
   if (*kept == KeptWorkMessage::kRemoved) {
-    if (message.first == PNL_REMOVED_FORGET) removals_.clear();
-    if (removals_.empty()) return 0;
-    const auto& rows = removals_.back().rows;
-    if (message.first == PNL_REMOVED_READ) return FillRemoved(message.second, rows.size(), false, rows.front().second);
+    if (message.first == PNL_REMOVED_FORGET) removed_.Forget();
+    const CalcRemoval* last = removed_.Last();
+    if (last == nullptr) return 0;
+    if (message.first == PNL_REMOVED_READ) {
+      return FillRemoved(message.second, last->rows.size(), false, last->rows.front().second);
+    }
     return message.first == PNL_REMOVED_PUT_BACK ? static_cast<std::intptr_t>(PutBackRows()) : 0;
   }
   if (*kept == KeptWorkMessage::kStoreRows) {
@@ -43,8 +45,7 @@ bool CalcSession::RestoreUnfinished(const PnlUnfinished& from) {
 /// Puts the rows that were deleted last back to their places. Rows that were confirmed since are above them.
 std::size_t CalcSession::PutBackRows() {
   if (run_.IsConfirming()) return 0;
-  const Removal removal = std::move(removals_.back());
-  removals_.pop_back();
+  const CalcRemoval removal = removed_.TakeLast();
   const int above = std::max(0, View().ListCount() - removal.left);
   for (std::size_t i = 0; i < removal.rows.size(); ++i) {
     const auto& [row, text] = removal.rows[i];

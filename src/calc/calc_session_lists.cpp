@@ -188,7 +188,7 @@ bool CalcSession::TakeCurrentRow() {
 void CalcSession::DeleteSelectedRows() {
   const std::vector<int> selected = View().ListSelection();
   if (selected.empty()) return;
-  Removal removal;
+  CalcRemoval removal;
   for (const int row : selected) removal.rows.emplace_back(row, View().ListItem(row));
   removal.values.resize(selected.size());
   for (std::size_t i = selected.size(); i-- > 0;) {
@@ -197,9 +197,7 @@ void CalcSession::DeleteSelectedRows() {
   }
   history_.NoteChanged();
   removal.left = View().ListCount();
-  removal.number = ++lastRemoval_;
-  if (removals_.size() >= kMostRemovals) removals_.erase(removals_.begin());
-  removals_.push_back(std::move(removal));
+  removed_.Note(std::move(removal));
 }
 
 Text CalcSession::RowValue(int row, const Text& expression) {
