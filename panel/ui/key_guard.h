@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Decides whether a key or a touch was meant for something that has just come over the operator's work: the error
 // window or a question. Nobody can read it and answer it in the first moments, and whoever types goes on for a while.
-// It knows no widget; the Keyboard tells it what comes, and asks it about each key and touch.
+// It knows no widget. Keyboard reports to it what comes, and asks it about each key and touch.
 #pragma once
 
 #include <QtGlobal>

@@ -90,8 +90,8 @@ void PanelWindow::ShowSideKeys() {
   const auto [tool, menu] = session_.SideBar();
   const int working = session_.WorkingTool();
   const bool spot = op_.Desk().ShownSpot().has_value();
-  // A tool without keys of its own leaves the bar empty: those of the program, or of a tool behind it, would act on
-  // what is not in front.
+  // If the tool in front has no keys, the bar is empty. The keys of the program or of another tool would act on
+  // something that is behind the tool.
   if (menu != 0 && (working < 0 || working == tool)) return sideBar_->ShowMenu(menu);
   if (working >= 0) return sideBar_->ShowItems(PanelSideItemsOverTool(spot));
   const auto can = [this](Action action) { return IsOfEditor(action) ? editor_->Can(action) : !editor_->Opening(); };

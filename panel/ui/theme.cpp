@@ -58,8 +58,9 @@ QPalette DarkPalette() {
   return palette;
 }
 
-/// The kit's style with scroll bars and handles for a finger. They aren't an indicator alone: not every touch screen
-/// tells touches from a mouse, and only with touches a list is pulled by its rows.
+/// The kit's style with scroll bars and handles that are big enough for a finger. Lists can be pulled by their rows
+/// only on a touch screen that reports touches. On a screen that reports a mouse instead, the scroll bars are the only
+/// way to scroll.
 class FingerStyle : public QProxyStyle {
  public:
   FingerStyle() : QProxyStyle(QStringLiteral("Fusion")) {}

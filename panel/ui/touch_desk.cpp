@@ -111,7 +111,7 @@ void TouchDesk::ReviewSoon() {
 void TouchDesk::Review() {
   QWidget* focus = QApplication::focusWidget();
   const bool here = focus != nullptr && focus->window() == &panel_;
-  // A box in a window of its own takes no text from here, and what it was opened over goes on afterwards.
+  // A box with its own window takes no text from this keyboard. The field below the box needs the keyboard again later.
   if (here && focus != focus_ && !interrupted_) {
     away_ = false;
     if (!IsTextField(*focus) && !IsInDialog(*focus)) wanted_ = false;

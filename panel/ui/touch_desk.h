@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Decides when the touch keyboard is up. It rises for a text field that a finger has touched, and, once it is switched
-// on, for every text field that gets the keyboard. It goes when something else gets it, when it is put away, and when
-// somebody types on a real keyboard. It only decides; its owner shows the keyboard and makes room for it.
+// Decides when the touch keyboard is up. It comes up for a text field that a finger has touched, and, once it is
+// switched on, for every text field that gets the focus. It goes away when another widget gets the focus, when it is
+// put away, and when somebody types on a real keyboard. TouchDesk only decides; its owner shows the keyboard and makes
+// room for it.
 #pragma once
 
 #include <QObject>
@@ -21,31 +22,31 @@ class TouchDesk : public QObject {
   explicit TouchDesk(QWidget& panel);
   ~TouchDesk() override;
 
-  /// Says that the screen is touched: every press then counts as a finger's, and every text field that gets the
-  /// keyboard raises this one. Without it only a touch screen's own touches do.
+  /// Says that the operator touches the screen: every press then counts as a finger's, and the touch keyboard comes up
+  /// for every text field that gets the focus. Otherwise only the touches of a touch screen count.
   void SetTouched(bool on);
   /// Lets every text field raise the keyboard, until it is put away by its key.
   void SwitchOn();
-  /// What the key for it does: puts the keyboard away when it is up. Otherwise raises it, whatever has the focus, and
-  /// switches it on until it is put away by this key.
+  /// Does what the key for the keyboard does. If the keyboard is up, puts it away. Otherwise raises it, whichever
+  /// widget has the focus, and switches it on until this key puts it away.
   void Toggle();
   /// Puts the keyboard away until another field gets the focus or one is touched.
   void PutAway();
-  /// While something interrupts that has to be seen whole and takes no text, the keyboard is away. Afterwards it is as
-  /// it was, for whatever was being typed in. A touch on a field or on the key for it ends the interruption.
+  /// Keeps the keyboard away while the operator has to see something whole that takes no text. Afterwards the keyboard
+  /// is as it was before. A touch on a field or on the key for the keyboard ends the interruption.
   void SetInterrupted(bool on);
   [[nodiscard]] bool IsUp() const { return up_; }
 
   /// Whether text can be typed into that widget now.
   [[nodiscard]] static bool TakesText(const QWidget& widget);
-  /// The part of what has the focus that has to be seen, in coordinates of area: the whole of it, or where its caret or
-  /// its current cell is when it is higher than most. Empty when what has the focus isn't in area.
+  /// The part of the focus widget that has to be seen, in coordinates of area. It is the whole widget or, if the widget
+  /// is higher than most, the place of its caret or current cell. Empty if the focus widget isn't in area.
   [[nodiscard]] static QRect Seen(const QWidget& area, int most);
-  /// Decides anew, after all that is going on now. For a change of which no event tells, such as another current cell.
+  /// Decides again after the current events. Call it after a change that sends no event, such as another current cell.
   void ReviewSoon();
 
  signals:
-  /// The keyboard has come or gone, or, while it is up, what has to be seen may be elsewhere.
+  /// The keyboard has come or gone, or, while it is up, another place may have to be seen.
   void Changed();
   /// Its key was pressed; on: whether every text field raises the keyboard now.
   void Switched(bool on);

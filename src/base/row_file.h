@@ -53,9 +53,9 @@ struct RowsToStore {
 /// kDenied or the failure that CanReplace reports.
 [[nodiscard]] FileStatus StoreRows(Files& files, TextView path, FileKnown known, const RowsToStore& rows);
 
-/// Stores the rows before the session ends, and known tells from then on that the file has them. Does nothing when the
-/// file wasn't read whole, when another one is there by now, or when the rows have more than mostBytes: StoreRows has
-/// to deal with these at the end. Returns false when the file couldn't be written; then it stayed as it was.
+/// Stores the rows before the session ends and sets known to kWhole. Does nothing and returns true if the file wasn't
+/// read whole, if another file is there now, or if the rows have more than mostBytes: StoreRows deals with these cases
+/// when the session ends. Returns false if the file couldn't be written. The file is then as it was before.
 [[nodiscard]] bool StoreRowsEarly(Files& files, TextView path, FileKnown& known, const RowsToStore& rows,
                                   std::uint64_t mostBytes);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The word at fault in a refused block: where the error's word is in the block, and what becomes of the block.
+// The word at fault in a refused block: where that word is in the block, and what happens to the block afterwards.
 #include "mdi/mdi_refusal.h"
 
 #include "mdi_fixture.h"

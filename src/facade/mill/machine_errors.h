@@ -31,8 +31,8 @@ enum class MachineLanguage : std::uint8_t { kEnglish, kSpanish };
 [[nodiscard]] Text HelpRefOf(std::int32_t number, MachineLanguage language);
 /// The wording of a code.
 [[nodiscard]] TextView Wording(FaultCode code, MachineLanguage language);
-/// Makes the record of a fault for the kernel's queue. It contains the kernel's diagnosis, if there is one, and always
-/// the word at fault, its place, the facts and the block. So two errors with one number in the queue can be told apart.
+/// Makes the record of a fault for the kernel's queue. The record always has the word at fault, its place, the facts
+/// and the block, so that two errors with the same number differ. If the kernel has a diagnosis, the record has it too.
 [[nodiscard]] ErrorRecord MakeErrorRecord(const Fault& fault, TextView block, MachineLanguage language);
 
 }  // namespace pnl::sim

@@ -248,7 +248,7 @@ TEST_F(CoverPictureTest, ThePasswordBoxSaysThatAPasswordWasWrongUntilAnotherIsTy
   EXPECT_FALSE(texts().contains(Say(Word::kWrongPassword)));
 }
 
-/// What a box answers when act is done while it is open.
+/// Opens the box, does act and returns the answer of the box.
 bool AnswerTo(PasswordBox& box, const std::function<void()>& act) {
   QMetaObject::invokeMethod(&box, act, Qt::QueuedConnection);
   return box.Ask();
@@ -409,7 +409,7 @@ class EditorPictureTest : public ::testing::Test {
     UseWords("en");
     editor_.resize(400, 300);
   }
-  /// What the head shows: the name, what stands at the right, and a dot for changes.
+  /// Expects the head with the name, the text at the right and, with dot, the dot for changes.
   void ExpectHead(const QString& name, const QString& right, bool dot) {
     const int room = QFontMetrics(Font(14)).horizontalAdvance(right) + 8;
     const int place = 380 - room - 16;

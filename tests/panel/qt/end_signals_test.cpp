@@ -13,7 +13,7 @@
 namespace panel {
 namespace {
 
-/// Whoever starts the tests may ignore a signal, and it would stay ignored.
+/// The process that starts the tests may ignore a signal, and it would stay ignored here.
 struct SignalsWithTheirDefaultEffect {
   SignalsWithTheirDefaultEffect() {
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) signal(number, SIG_DFL);

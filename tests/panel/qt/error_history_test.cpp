@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What became of the session's errors, told by a fake clock.
+// The history of the session's errors, by a fake clock.
 #include "host/error_history.h"
 
 #include <gtest/gtest.h>

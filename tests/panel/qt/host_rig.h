@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A rig with a machine whose state a test sets, which tells of errors when the test says so; and an operator and a
-// session on it, without a window.
+// A rig for tests without a window, with an operator and a session on it. A test sets the state of the machine and says
+// when the rig reports errors.
 #pragma once
 
 #include <gtest/gtest.h>

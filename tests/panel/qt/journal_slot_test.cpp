@@ -34,7 +34,7 @@ class Slots : public ::testing::Test {
   [[nodiscard]] std::unique_ptr<JournalSlot> Left() const {
     return JournalSlot::TakeLeft(Folder(), [](const JournalSlot&) { return true; });
   }
-  /// What a panel leaves that is killed with this in its journal.
+  /// Leaves the journal of a killed panel, with these bytes in it.
   void BeKilledWith(const QByteArray& bytes) const {
     const pid_t child = fork();
     if (child == 0) {
@@ -130,7 +130,7 @@ TEST_F(Slots, TheJournalOfAKilledPanelIsLeftAndNotWrittenOver) {
   const auto left = Left();
   ASSERT_TRUE(left);
   EXPECT_EQ(Read(left->Journal()), "G1 X10");
-  // Whoever has taken it, has it alone.
+  // Nobody else can take it now.
   EXPECT_EQ(Left(), nullptr);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a test expects a widget to draw, drawn by the test itself with the theme's own means: fields and texts at places
+// The picture that a test expects of a widget. The test draws it with the theme's functions: fields and texts at places
 // that it names. So a picture depends on no font's metrics.
 #pragma once
 

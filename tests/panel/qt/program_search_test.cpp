@@ -57,7 +57,7 @@ class SearchTest : public ::testing::Test {
   int HeardWhileWorking() {
     int heard = 0;
     std::function<void()> next;
-    // What is still posted at the end goes with it.
+    // The calls that are still posted to it at the end go with it.
     QObject here;
     next = [&] {
       ++heard;

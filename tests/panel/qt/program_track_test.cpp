@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the journal says of the program: a short one whole, a long one as edits of its file or of a copy. What is
-// written is read back and compared with the text in the editor.
+// The program in the journal: a short program is there whole, a long one as edits of its file or of a copy. The tests
+// read the journal back and compare it with the text in the editor.
 #include "ui/program_track.h"
 
 #include <QCoreApplication>
@@ -74,7 +74,7 @@ class Track : public FilesTest {
     if (taken->copy) track_.OnCopyWritten(written.copyHash);
     return *taken;
   }
-  /// What a start after a kill reads from the disc; the slot of this panel counts as left.
+  /// What the panel reads from the disc when it starts after a kill. The slot of this panel counts as left.
   LeftProgram Left() {
     LeftJournal left;
     EXPECT_TRUE(QFile::copy(Host("user/PNLPANEL1.JNL"), Host("user/copy.JNL")));

@@ -295,7 +295,7 @@ TEST_F(RemoteControls, ACaptureOfAWindowIsThatWindowAlone) {
             "-32602 window: there is no such window");
 }
 
-/// What a message's arguments were when it arrived, as a text.
+/// The arguments that a message had when it arrived, as a text.
 class RemoteArguments : public RemoteControls, public ::testing::WithParamInterface<std::array<const char*, 2>> {
  protected:
   RemoteArguments() { PnlAttachWidget(tool, &RemoteArguments::Read, this); }

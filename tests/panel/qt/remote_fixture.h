@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A panel that is a plain widget, and a remote control on it with the bare simulated CNC behind: what tests of methods
-// start from.
+// The fixture for tests of methods: the panel is a plain widget, and its remote control acts on the bare simulated CNC.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,7 +30,7 @@ class PlainPanel : public PanelFace {
   QWidget area{&panel};
 };
 
-/// One process has one rig, so all tests share what stands behind it and begin by emptying the trace.
+/// A process has only one rig, so all tests share the CNC behind it. Each test begins by emptying the trace.
 class RemoteMethods : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { ASSERT_TRUE(PnlRig()->StartBare()); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Grids and trees over Qt's own views: what is told of them, and the hands on cells and nodes.
+// Grids and trees over Qt's own views: what the remote control reports about them, and its presses on cells and nodes.
 #include <gtest/gtest.h>
 
 #include <QDoubleValidator>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the hands of the remote control do to controls, and how the panel comes to rest behind them.
+// The keys and presses of the remote control on controls, and how the panel comes to rest after them.
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>

@@ -42,7 +42,7 @@ struct Pipe {
   std::array<int, 2> ends{-1, -1};
 };
 
-/// Works on events until the condition holds. What a test waits for is there after a few rounds or never.
+/// Handles events until the condition is true. It becomes true within a few rounds or never.
 template <typename Condition>
 bool EventsUntil(Condition condition) {
   constexpr int kRounds = 10000;
@@ -144,7 +144,7 @@ TEST(StandardStreams, WhatIsWaitingIsWrittenByAFlush) {
     }
   });
   streams.Flush();
-  // What the flush left behind the reader would wait for.
+  // The reader would wait for anything that the flush left unsent.
   out.CloseWrite();
   reader.join();
   EXPECT_EQ(taken, much);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the touch keyboard remembers: of fields that were touched, of its key, and of what interrupted it; and of what
-// it tells.
+// What the touch keyboard remembers about touched fields, its own key and interruptions, and which signals it sends.
 #include <QComboBox>
 #include <QListWidget>
 #include <QPlainTextEdit>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the touch keyboard looks, what several fingers do on it, and what becomes of a held key when the keys move.
+// How the touch keyboard looks, what several fingers do on it, and how a held key ends when the keys move.
 #include <QtGui/qtestsupport_gui.h>
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel around the error tool: a fault opens its window, the indicator calls it back, help, list and questions
-// stand where the operator sees them.
+// The panel around the error tool: a fault opens its window, the indicator brings it back, and the operator can see the
+// help, the list and the questions.
 #include <gtest/gtest.h>
 
 #include <QApplication>

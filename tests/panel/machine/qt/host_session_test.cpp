@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host's side of the library: what the callbacks leave behind, and which slots are offered. A tool made by the
-// library makes the calls.
+// The host's side of the library: the state after each callback, and which slots are offered. The calls come from a
+// tool that the library has made.
 #include "host/host_session.h"
 
 #include <gtest/gtest.h>

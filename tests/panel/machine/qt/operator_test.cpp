@@ -441,7 +441,7 @@ TEST_F(OperatorTest, TheClearKeyEndsAHelpThatIsShownAlone) {
 TEST_F(OperatorTest, AChannelThatIsTakenTwiceIsLetGoOnce) {
   Do(Action::kOpenMdi);
   EXPECT_EQ(op_->Mode(), Word::kMdiMode);
-  // The command line tells again that it has the channel.
+  // The command line reports again that it has the channel.
   PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_NOTIFY, 1, 1);
   Command(kClose);
   EXPECT_EQ(op_->Mode(), Word::kAutomatic);

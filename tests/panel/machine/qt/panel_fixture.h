@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The whole panel on the demo machine, as an operator has it: keys through the window's focus or from the window
-// system, touches, and what stands in front.
+// The whole panel on the demo machine, as an operator has it. A test presses keys, by the focus or as the window system
+// does, touches widgets and asks what is in front.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -68,7 +68,7 @@ class PanelFixture : public ::testing::Test {
     rig_.Advance(1000);
   }
 
-  /// Ends everything that stands in the machine's way.
+  /// Ends every fault that stops the machine.
   void Mend() {
     using Fault = pnl::rig::MachineFault;
     rig_.Machine()->EmergencyStop(false);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What is typed in the command line and the calculator and what was removed there, as the tools tell it and take it
-// back.
+// The tools report texts that are typed but not finished, and rows that were removed, and put both back. The command
+// line and the calculator are tested.
 #include "host/tool_texts.h"
 
 #include "panel/machine/qt/panel_fixture.h"

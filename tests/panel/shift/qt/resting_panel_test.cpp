@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// After whatever needed a timer, the panel sleeps without a time-out again: nothing wakes it but an event. The kernel
-// tells in which call the window's thread sleeps, and with what time-out.
+// After a timer has done its work, the panel sleeps without a time-out again, and only an event wakes it. The tests
+// read from the kernel in which call the window's thread sleeps, and with which time-out.
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/syscall.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The panel on which a shift is worked: the demo machine with its disc, cutting data and a drive that leads to a share,
-// all in folders that go again. A process has one machine, so the stages of a process follow one another. It sees what
+// all in temporary folders. A process has one machine, so it can have only one stage at a time. The stage records what
 // the CNC gets. It knows no test and no benchmark.
 #pragma once
 
@@ -35,7 +35,7 @@ class ShiftStage : public pnl::rig::EventSink {
   [[nodiscard]] PanelWindow& Window() const { return *window_; }
   [[nodiscard]] HostSession& Session() { return session_; }
   [[nodiscard]] pnl::rig::Rig& Rig() const { return rig_; }
-  /// What is wrong with the ground that the shift stands on; empty when nothing is.
+  /// The reason why the shift can't be worked here; empty if it can.
   [[nodiscard]] const QString& Problem() const { return problem_; }
   /// The machine as it is now.
   [[nodiscard]] pnl::rig::MachineState Machine() const { return rig_.Machine()->State(); }

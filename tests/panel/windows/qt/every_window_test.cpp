@@ -19,7 +19,7 @@ using pnl::test::PaintedText;
 using pnl::test::TouchTarget;
 using pnl::test::TouchTargets;
 
-/// What is worse than it should be, by name: how bad at worst, and where first.
+/// The findings by name: the worst value, and the first place where it was found.
 struct Worst {
   double value;
   std::string where;

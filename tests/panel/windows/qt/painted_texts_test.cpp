@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The eye with which every window is looked at: it finds a text that is hard to read, and nothing that can't be seen.
+// The check for texts that are hard to read: it finds them in a window and ignores texts that can't be seen.
 #include "support/painted_texts.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The eye with which everything is found that a finger presses.
+// The search for everything that a finger can press.
 #include "support/touch_targets.h"
 
 #include <gtest/gtest.h>
