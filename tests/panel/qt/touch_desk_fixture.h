@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window with two fields and a button under a touch desk, and what a platform tells of keys and fingers.
+// A window with two fields and a button under a touch desk, and the keys and touches that a platform reports.
 #pragma once
 
 #include <QtGui/qtestsupport_gui.h>
@@ -11,14 +11,8 @@
 #include <QPushButton>
 #include <QWindow>
 
+#include "support/platform_events.h"
 #include "ui/touch_desk.h"
-
-// How a platform tells of its keyboard and its pointer.
-extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
-                                           const QString& text, bool repeated, ushort count);
-extern Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
-                                             Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
-                                             Qt::KeyboardModifiers modifiers, int timestamp);
 
 namespace panel {
 
@@ -46,13 +40,7 @@ class TouchDeskTest : public ::testing::Test {
   }
   /// A press of the pointer, so long after the last one that two touches are never a double one.
   void Finger(QWidget* widget, int pause = 10'000) {
-    const QPoint place = widget->rect().center();
-    const QPointF local = widget->mapTo(&panel, place);
-    const QPointF global = widget->mapToGlobal(place);
-    qt_handleMouseEvent(panel.windowHandle(), local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress,
-                        {}, now += pause);
-    qt_handleMouseEvent(panel.windowHandle(), local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease,
-                        {}, now += 1);
+    pnl::test::ClickPlatformButton(pnl::test::PlatformPlaceOf(*widget, widget->rect().center()), now, pause);
     Settle();
   }
   /// A touch of a touch screen, down and up.
@@ -66,7 +54,7 @@ class TouchDeskTest : public ::testing::Test {
     Settle();
   }
   void RealKey(int key) {
-    qt_handleKeyEvent(panel.windowHandle(), QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("x"), false, 1);
+    pnl::test::PressPlatformKey(panel, key, QStringLiteral("x"));
     Settle();
   }
   void Focus(QWidget* widget) {

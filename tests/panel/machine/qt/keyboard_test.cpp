@@ -543,7 +543,7 @@ TEST_F(KeyboardTest, AMessageBoxThatHasJustComeTakesNoKeyYet) {
   box.open();
   Settle();
   const auto press = [&box] {
-    qt_handleKeyEvent(box.windowHandle(), QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), false, 1);
+    pnl::test::PressPlatformKey(box, Qt::Key_Escape);
     Settle();
   };
   press();

@@ -92,17 +92,10 @@ class MachiningFixture : public PanelFixture {
   void TouchMiddle(QWidget* widget) { TouchAt(widget, widget->rect().center()); }
   /// A finger on a widget of any window, also of an open list.
   void TouchAt(QWidget* widget, const QPoint& place, bool twice = false) {
-    QWidget* window = widget->window();
-    ASSERT_NE(window->windowHandle(), nullptr);
-    const QPointF local = widget->mapTo(window, place);
-    const QPointF global = widget->mapToGlobal(place);
+    ASSERT_NE(widget->window()->windowHandle(), nullptr);
+    const pnl::test::PlatformPlace at = pnl::test::PlatformPlaceOf(*widget, place);
     now_ += 10000;
-    for (int press = 0; press < (twice ? 2 : 1); ++press) {
-      qt_handleMouseEvent(window->windowHandle(), local, global, Qt::LeftButton, Qt::LeftButton,
-                          QEvent::MouseButtonPress, {}, now_ += 50);
-      qt_handleMouseEvent(window->windowHandle(), local, global, Qt::NoButton, Qt::LeftButton,
-                          QEvent::MouseButtonRelease, {}, now_ += 1);
-    }
+    for (int press = 0; press < (twice ? 2 : 1); ++press) pnl::test::ClickPlatformButton(at, now_, 50);
     Settle();
   }
   /// Opens the list by touch and touches an item in it.
@@ -123,8 +116,8 @@ class MachiningFixture : public PanelFixture {
   }
   /// A key of the keyboard with its text, as the window system sends it.
   void Press(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
-    qt_handleKeyEvent(window_->windowHandle(), QEvent::KeyPress, key, modifiers, text, false, 1);
-    qt_handleKeyEvent(window_->windowHandle(), QEvent::KeyRelease, key, modifiers, text, false, 1);
+    pnl::test::PressPlatformKey(*window_, key, text, modifiers);
+    pnl::test::ReleasePlatformKey(*window_, key, text, modifiers);
     Settle();
   }
   void TypeOnKeyboard(const QString& text) {

@@ -18,16 +18,10 @@
 #include "host/operator.h"
 #include "panel/machine/qt/demo_machine.h"
 #include "remote/settle.h"
+#include "support/platform_events.h"
 #include "ui/message_zone.h"
 #include "ui/panel_window.h"
 #include "ui/program_editor.h"
-
-// How a platform tells of its keyboard and its touch screen.
-extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
-                                           const QString& text, bool repeated, ushort count);
-extern Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
-                                             Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
-                                             Qt::KeyboardModifiers modifiers, int timestamp);
 
 namespace panel {
 
@@ -110,7 +104,7 @@ class PanelFixture : public ::testing::Test {
   /// A key of the keyboard, pressed and not let go.
   void RealKey(int key, bool repeated = false) {
     const QString text = key == Qt::Key_Return ? QStringLiteral("\r") : QString();
-    qt_handleKeyEvent(window_->windowHandle(), QEvent::KeyPress, key, Qt::NoModifier, text, repeated, 1);
+    pnl::test::PressPlatformKey(*window_, key, text, {}, repeated);
     Settle();
   }
   void Type(const QString& text) {
@@ -120,12 +114,7 @@ class PanelFixture : public ::testing::Test {
   void Touch(QWidget* widget, const QPoint& place) {
     // Each at another time, so that two touches are never a double one.
     constexpr int kPause = 10000;
-    const QPointF local = widget->mapTo(window_.get(), place);
-    const QPointF global = widget->mapToGlobal(place);
-    qt_handleMouseEvent(window_->windowHandle(), local, global, Qt::LeftButton, Qt::LeftButton,
-                        QEvent::MouseButtonPress, {}, now_ += kPause);
-    qt_handleMouseEvent(window_->windowHandle(), local, global, Qt::NoButton, Qt::LeftButton,
-                        QEvent::MouseButtonRelease, {}, now_ += 1);
+    pnl::test::ClickPlatformButton(pnl::test::PlatformPlaceOf(*widget, place), now_, kPause);
     Settle();
   }
   [[nodiscard]] QWidget* Tool(int tool) const { return static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool))); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panel/shift/qt/finger.h"
 
+#include <QtGui/qtestsupport_gui.h>
+
 #include <QApplication>
 #include <QEvent>
 #include <QEventPoint>
@@ -9,12 +11,7 @@
 #include <QWidget>
 #include <QWindow>
 
-// How a platform reports its mouse and its touch screen.
-extern Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
-                                             Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
-                                             Qt::KeyboardModifiers modifiers, int timestamp);
-extern Q_GUI_EXPORT void qt_handleTouchEvent(QWindow* window, const QPointingDevice* device,
-                                             const QList<QEventPoint>& points, Qt::KeyboardModifiers modifiers);
+#include "support/platform_events.h"
 
 namespace panel::shift {
 namespace {
@@ -79,9 +76,7 @@ void Finger::Report(const Spot& spot, bool press) {
   QWindow* window = spot.window->windowHandle();
   if (window == nullptr) return;
   if (pointing_ == Pointing::kMouse) {
-    qt_handleMouseEvent(window, spot.local, spot.global, press ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
-                        press ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, {}, now_ += 1);
-    return;
+    return pnl::test::ReportPlatformButton({spot.window, spot.local, spot.global}, press, now_ += 1);
   }
   const auto state = press ? QEventPoint::State::Pressed : QEventPoint::State::Released;
   qt_handleTouchEvent(window, TouchScreen(), {QEventPoint(1, state, spot.local, spot.global)}, {});

@@ -7,18 +7,14 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QWindow>
 
 #include "panel/shift/qt/hands.h"
+#include "support/platform_events.h"
 #include "ui/code_edit.h"
 #include "ui/error_list.h"
 #include "ui/panel_key.h"
 #include "ui/program_editor.h"
 #include "ui/soft_key_bar.h"
-
-// How a platform reports its keyboard.
-extern Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
-                                           const QString& text, bool repeated, ushort count);
 
 namespace panel::shift {
 namespace {
@@ -32,7 +28,7 @@ class KeyWatchTest : public testing::Test {
 };
 
 TEST_F(KeyWatchTest, AKeyOfTheKeyboardIsAStranger) {
-  qt_handleKeyEvent(stage.Window().windowHandle(), QEvent::KeyPress, Qt::Key_G, {}, QStringLiteral("g"), false, 1);
+  pnl::test::PressPlatformKey(stage.Window(), Qt::Key_G, QStringLiteral("g"));
   hands.Rest();
   EXPECT_EQ(Strangers().substr(0, 5), "G in ");
   EXPECT_EQ(watch.Typed(), 0);
