@@ -266,7 +266,7 @@ TEST_F(HelpMarks, AMarkMayHaveAnyForm) {
 
 TEST_F(HelpMarks, TheListHasTheManualsInTheOrderOfTheFile) {
   Helps(
-      "PRG=prog.chm\r\nOPT=oper.chm\r\nERR=DEFAULT\r\nXXX=default\r\nYYY=\r\nZZZ\r\nPRG=again.chm\r\nAAA=oper.chm\r\n");
+      "PRG=prog.chm\r\nOPT=oper.chm\r\nERR=DEFAULT\r\nPLC=default\r\nCYC=\r\nJOG\r\nPRG=again.chm\r\nTBL=oper.chm\r\n");
   const ManualNames manuals = List();
   EXPECT_EQ(manuals.code, 0);
   EXPECT_THAT(manuals.names, ElementsAre(u"prog.chm", u"oper.chm", u"default", u"oper.chm"));
