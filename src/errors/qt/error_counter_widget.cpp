@@ -13,7 +13,6 @@ constexpr int kSmallest = 8;
 
 ErrorCounterWidget::ErrorCounterWidget(int id, QWidget* parent) : QWidget(parent) {
   MarkControl(this, id, control_kind::kStatic);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 void ErrorCounterWidget::SetText(const QString& text) {

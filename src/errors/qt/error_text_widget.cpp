@@ -22,7 +22,6 @@ constexpr std::uint32_t kLines = draw::kWordBreak | draw::kNoPrefix | draw::kExp
 ErrorTextWidget::ErrorTextWidget(int id, bool centred, QWidget* parent) : QWidget(parent), centred_(centred) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 void ErrorTextWidget::SetText(const QString& text) {
@@ -71,7 +70,6 @@ ErrorPictureWidget::ErrorPictureWidget(int id, const std::string* svg, const QSt
     : QWidget(parent), instead_(instead) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
   if (svg != nullptr) svg_ = QByteArray(svg->data(), static_cast<qsizetype>(svg->size()));
 }
 

@@ -33,7 +33,6 @@ constexpr std::array kShades = {
 ZC3DText::ZC3DText(int id, QWidget* parent) : QWidget(parent) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
   SetFont(QStringLiteral("Arial"), 0, QFont());
 }
 
