@@ -11,7 +11,6 @@ namespace pnl {
 
 namespace {
 
-constexpr std::size_t kPathBuffer = 260;
 constexpr int kLineBuffer = 512;
 /// From this distance on the line is read only from a little before the mark.
 constexpr std::int32_t kFarMark = 510;
@@ -43,7 +42,6 @@ ProgramPlace ProgramPlaceOf(const ErrorRecord& record) {
   place.path = text(script ? error_field::kScriptPath : error_field::kProgramPath);
   if (place.path.empty() || place.path.back() != u'\\') place.path += u'\\';
   place.path += text(error_field::kProgramName);
-  place.path.resize(std::min(place.path.size(), kPathBuffer - 1));
   const ErrorField& position = script ? error_field::kScriptPosition : error_field::kFilePosition;
   const ErrorField& span = script ? error_field::kScriptSpan : error_field::kFileSpan;
   place.position = record.Get<std::int32_t>(position.offset);
