@@ -52,6 +52,25 @@ class KeeperTest : public HostFixture {
     for (const EditPiece& piece : contents->program->pieces) text += piece.text.toStdString();
     return text;
   }
+  /// Types something while a file has the name of the journal's folder, and lets the keeper try to write it.
+  void FailOnce() {
+    temp.Write("user", "a file");
+    Type("A");
+    Advance(200);
+    EXPECT_EQ(Hint(), Warning(Word::kJournalNotKept));
+    op.SetHint("seen", false);
+  }
+  void MendFolder() { std::filesystem::remove(temp.Path() / "user"); }
+  /// Types a program, ends as the system ends a panel, and starts again. Then the program is offered.
+  void StartAfterLosing(const QString& program) {
+    Type(program);
+    keeper->LeaveForNextStart();
+    keeper.reset();
+    editor.SetProgram({}, {});
+    Begin();
+    keeper->Start();
+    Rest();
+  }
   void SetStatus(int status) {
     rig.machine.state.channelStatus = status;
     rig.machine.changed();
@@ -67,27 +86,24 @@ class KeeperTest : public HostFixture {
   std::unique_ptr<JournalKeeper> keeper;
 };
 
+struct Step {
+  const char* typed;
+  int milliseconds;  // that pass after it
+  const char* kept;  // what the journal has then
+  const char* why;
+};
+
 TEST_F(KeeperTest, TheFirstChangeIsKeptSoonAndTheNextASecondAfterIt) {
-  Advance(5000);
-  EXPECT_EQ(Kept(), "-") << "nothing is typed";
-  Type("A");
-  Advance(199);
-  EXPECT_EQ(Kept(), "-");
-  Advance(1);
-  EXPECT_EQ(Kept(), "A");
-  Type("B");
-  Advance(500);
-  Type("C");
-  Advance(499);
-  EXPECT_EQ(Kept(), "A");
-  Advance(1);
-  EXPECT_EQ(Kept(), "ABC") << "a second after the last journal, whatever was typed meanwhile";
-  Advance(5000);
-  Type("D");
-  Advance(199);
-  EXPECT_EQ(Kept(), "ABC");
-  Advance(1);
-  EXPECT_EQ(Kept(), "ABCD") << "after a pause it is soon again";
+  for (const Step& step :
+       {Step{"", 5000, "-", "nothing is typed"}, Step{"A", 199, "-", "not yet"},
+        Step{"", 1, "A", "soon after the first change"}, Step{"B", 500, "A", "not yet"}, Step{"C", 499, "A", "not yet"},
+        Step{"", 1, "ABC", "a second after the last journal, whatever was typed meanwhile"},
+        Step{"", 5000, "ABC", "nothing is typed"}, Step{"D", 199, "ABC", "not yet"},
+        Step{"", 1, "ABCD", "after a pause it is soon again"}}) {
+    if (*step.typed != '\0') Type(step.typed);
+    Advance(step.milliseconds);
+    EXPECT_EQ(Kept(), step.kept) << step.why;
+  }
 }
 
 TEST_F(KeeperTest, ABlockThatBeginsOrEndsIsKeptAtOnceAndNothingElseOfTheMachineIs) {
@@ -104,14 +120,10 @@ TEST_F(KeeperTest, ABlockThatBeginsOrEndsIsKeptAtOnceAndNothingElseOfTheMachineI
 }
 
 TEST_F(KeeperTest, AFailureIsSaidOnceAndTriedAgainAfterTenSeconds) {
-  temp.Write("user", "a file");
-  Type("A");
-  Advance(200);
-  EXPECT_EQ(Hint(), Warning(Word::kJournalNotKept));
-  op.SetHint("seen", false);
+  FailOnce();
   Advance(10'000);
   EXPECT_EQ(Hint(), "seen") << "once is enough";
-  std::filesystem::remove(temp.Path() / "user");
+  MendFolder();
   Advance(9'999);
   EXPECT_EQ(Kept(), "-");
   Advance(1);
@@ -120,13 +132,10 @@ TEST_F(KeeperTest, AFailureIsSaidOnceAndTriedAgainAfterTenSeconds) {
 }
 
 TEST_F(KeeperTest, ASecondFailureAfterASuccessIsSaidAgain) {
-  temp.Write("user", "a file");
-  Type("A");
-  Advance(200);
-  std::filesystem::remove(temp.Path() / "user");
+  FailOnce();
+  MendFolder();
   Advance(10'000);
   ASSERT_EQ(Kept(), "A");
-  op.SetHint("seen", false);
   // A folder takes no new journal while something else has the journal's name.
   std::filesystem::remove(temp.Path() / "user/PNLPANEL1.JNL");
   std::filesystem::create_directories(temp.Path() / "user/PNLPANEL1.JNL/full");
@@ -157,13 +166,7 @@ TEST_F(KeeperTest, AnEndOfTheSystemLeavesTheLastStateAndNothingChangesItAfterwar
 }
 
 TEST_F(KeeperTest, WhatIsLeftIsOfferedAndTakenBackAsAnUnsavedProgram) {
-  Type("G0 X1");
-  keeper->LeaveForNextStart();
-  keeper.reset();
-  editor.SetProgram({}, {});
-  Begin();
-  keeper->Start();
-  Rest();
+  StartAfterLosing("G0 X1");
   ASSERT_TRUE(question.IsOpen());
   EXPECT_TRUE(question.Text().contains(Say(Word::kTakeBackAsked)));
   EXPECT_TRUE(question.Text().contains(Say(Word::kLeftNewProgram)));
@@ -177,13 +180,7 @@ TEST_F(KeeperTest, WhatIsLeftIsOfferedAndTakenBackAsAnUnsavedProgram) {
 }
 
 TEST_F(KeeperTest, WhatIsDiscardedIsGoneAndNothingIsTyped) {
-  Type("G0 X1");
-  keeper->LeaveForNextStart();
-  keeper.reset();
-  editor.SetProgram({}, {});
-  Begin();
-  keeper->Start();
-  Rest();
+  StartAfterLosing("G0 X1");
   ASSERT_TRUE(question.IsOpen());
   question.Answer(0);
   Rest();
