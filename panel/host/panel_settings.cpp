@@ -20,10 +20,10 @@ constexpr QLatin1String kLanguage("Language");
 constexpr QLatin1String kScreenWidth("ScreenWidth");
 constexpr QLatin1String kTouchKeyboard("TouchKeyboard");
 
-/// The lines of a file, without their ends. None for bytes that aren't a text.
+/// The lines of a file, without their ends. Bytes that aren't a text have no lines.
 QStringList LinesOf(const QByteArray& bytes) {
   if (bytes.size() > kMostSettingsBytes) return {};
-  // The decoder takes a byte order mark away.
+  // The decoder removes a byte order mark.
   QStringDecoder decoder(QStringDecoder::Utf8);
   QString text = decoder(bytes);
   if (decoder.hasError() || text.contains(QChar(u'\0'))) return {};
@@ -35,7 +35,7 @@ QStringList LinesOf(const QByteArray& bytes) {
 
 bool Same(QStringView one, QLatin1String other) { return one.trimmed().compare(other, Qt::CaseInsensitive) == 0; }
 
-/// The section that begins with a line; nothing when none does.
+/// The name of the section that begins with this line; nothing for any other line.
 std::optional<QString> SectionIn(const QString& line) {
   const QString trimmed = line.trimmed();
   if (!trimmed.startsWith(QLatin1Char('[')) || !trimmed.endsWith(QLatin1Char(']'))) return std::nullopt;
@@ -54,7 +54,7 @@ std::vector<qsizetype> PanelLines(const QStringList& lines) {
   return places;
 }
 
-/// The place of a key's first line, which counts; -1 when there is none.
+/// The place of the first line with that key, which is the one that counts; -1 without such a line.
 qsizetype PlaceOf(const QStringList& lines, QLatin1String key) {
   for (const qsizetype place : PanelLines(lines)) {
     const QString& line = lines.at(place);
@@ -142,7 +142,7 @@ bool StoreSettings(const QString& file, const PanelSettings& changed) {
   const auto old = BytesOf(file);
   if (!old || !QDir().mkpath(QFileInfo(file).path())) return false;
   const QByteArray bytes = WithSettings(*old, changed);
-  // A file that says so already isn't written again.
+  // A file that already has these settings isn't written again.
   if (bytes == *old) return true;
   return PnlReplaceFile(QFile::encodeName(file).constData(), bytes.constData(),
                         static_cast<std::size_t>(bytes.size())) == PNL_FILE_DONE;

@@ -11,7 +11,7 @@
 
 namespace panel {
 
-/// What is known; an empty language and the empty values are not.
+/// The settings that are known. An empty language or value isn't known.
 struct PanelSettings {
   QString language;                         // "en" or "es"
   std::optional<double> screenMillimetres;  // the width
@@ -19,26 +19,26 @@ struct PanelSettings {
   bool operator==(const PanelSettings&) const = default;
 
   [[nodiscard]] bool IsEmpty() const { return *this == PanelSettings(); }
-  /// Takes over what is known in the other one.
+  /// Takes over the settings that are known in newer.
   void Update(const PanelSettings& newer);
 };
 
-/// A screen is between these wide.
+/// The limits of a screen's width. Any other width counts as unknown.
 inline constexpr double kLeastScreenMillimetres = 50;
 inline constexpr double kMostScreenMillimetres = 3000;
-/// A bigger file isn't one of settings.
+/// A bigger file counts as damaged.
 inline constexpr qint64 kMostSettingsBytes = 64LL * 1024;
 
 /// The settings in the bytes of a file, whatever the bytes are.
 [[nodiscard]] PanelSettings ReadSettings(const QByteArray& bytes);
-/// The bytes of that file with these settings in it. What isn't known in changed stays as it is in the file.
+/// The bytes of that file with these settings in it. A setting that isn't known in changed stays as it is in the file.
 [[nodiscard]] QByteArray WithSettings(const QByteArray& bytes, const PanelSettings& changed);
 
 /// The settings in a file of this machine. Empty when there is no such file or it can't be read.
 [[nodiscard]] PanelSettings LoadSettings(const QString& file);
-/// Changes the file, or makes it and its folder. It is read again first, because another panel may have changed it, and
-/// replaced whole. Returns false when that fails, or when it is there and can't be read; it stays as it was then. Any
-/// thread may call it.
+/// Changes the file, or makes it and its folder. Reads the file again first, because another panel may have changed it,
+/// and replaces it whole. Returns false if that fails, or if the file exists and can't be read. The file is then as it
+/// was before. Any thread may call it.
 [[nodiscard]] bool StoreSettings(const QString& file, const PanelSettings& changed);
 
 }  // namespace panel

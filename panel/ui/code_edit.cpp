@@ -137,7 +137,8 @@ void CodeEdit::resizeEvent(QResizeEvent* event) {
 }
 
 void CodeEdit::ChooseBars() {
-  // A bar for a finger below the text would leave no line of a low program. The caret and a pull lead along it.
+  // Below the text of a low editor, a bar for a finger would leave no room for a line. The operator can still move
+  // along a long line with the caret, or pull it.
   constexpr int kLeastRows = 5;
   const bool low = height() < kLeastRows * theme::TouchPixels(*this);
   const Qt::ScrollBarPolicy wanted = low ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;

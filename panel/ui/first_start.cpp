@@ -19,10 +19,10 @@ namespace {
 
 constexpr int kPad = 12;
 constexpr int kGap = 10;
-/// A key of the cover: nobody knows yet how big a millimetre is on this screen.
+/// The least height of a key on the cover. It is generous, because the density of the screen isn't known yet.
 constexpr qreal kKeyMillimetres = 12;
 constexpr qreal kLeastDensity = 40;
-/// How a held key repeats, in milliseconds, and how many pixels it then adds.
+/// The repeats of a held key, in milliseconds, and the pixels that each of them adds.
 constexpr int kRepeatDelay = 400;
 constexpr int kRepeatInterval = 50;
 constexpr int kRepeatStep = 3;
@@ -113,7 +113,7 @@ void FirstStart::Close() {
 
 void FirstStart::Finish() {
   if (!IsOpen()) return;
-  // Closed first, because the owner may ask the next question.
+  // The cover is closed first, because the owner may ask the next question.
   Close();
   emit Answered(ScreenMillimetres());
 }
@@ -142,7 +142,7 @@ void FirstStart::ShowWords() {
 
 QString FirstStart::Text() const {
   if (page_ == Page::kScreen) return Say(Word::kScreenAsked, QString::number(kCardMillimetres));
-  // Whoever reads one of them only finds it.
+  // Both languages ask, because nobody knows yet which one the operator reads.
   return WordIn(Word::kLanguageAsked, 0) + QLatin1Char('\n') + WordIn(Word::kLanguageAsked, 1);
 }
 
@@ -168,7 +168,7 @@ void FirstStart::SetBarLength(int pixels) {
 void FirstStart::LimitBar() {
   int most = std::max(1, width() - 2 * kPad);
   if (mostDensity_ > 0) most = std::min(most, CardPixels(mostDensity_));
-  // A narrower bar would make the screen wider than any.
+  // With a shorter bar the screen would be wider than any screen is.
   const auto narrowest = static_cast<int>(std::ceil(ScreenPixels() * kCardMillimetres / kMostScreenMillimetres));
   const int least = std::min(most, std::max(CardPixels(kLeastDensity), narrowest));
   length_ = std::clamp(length_, least, most);
@@ -204,7 +204,7 @@ void FirstStart::Place() {
 QRect FirstStart::Bar() const {
   const QRect row = keys_[kOk]->geometry();
   const int line = fontPixels_ * 3 / 2;
-  // As high as a key, because a finger pulls at it.
+  // The bar is as high as a key, because a finger pulls it.
   const int high = std::min(row.height(), std::max(fontPixels_, height() / 5));
   return {kPad, row.top() - kGap - line - high, length_, high};
 }
@@ -227,13 +227,13 @@ void FirstStart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), QColor(theme::kBackground));
   theme::DrawField(painter, rect(), QColor(theme::kBackground), QColor(theme::kAccent), 8);
-  // The text is beside what it speaks of: above the bar.
+  // The text about the bar is close to the bar.
   const Qt::Alignment high = page_ == Page::kScreen ? Qt::AlignBottom : Qt::AlignVCenter;
   theme::DrawParagraph(painter, TextPlace(), Qt::AlignHCenter | high, Text(), TextFont(), QColor(theme::kText));
   if (page_ != Page::kScreen) return;
   const QRect bar = Bar();
   painter.fillRect(bar, QColor(theme::kAccent));
-  // The ends, which are what is compared.
+  // The operator compares the two ends with the card, so they are marked.
   painter.fillRect(QRect(bar.left(), bar.top(), 2, bar.height()), QColor(theme::kText));
   painter.fillRect(QRect(bar.right() - 1, bar.top(), 2, bar.height()), QColor(theme::kText));
   const QRect line(kPad, bar.bottom() + 1, width() - 2 * kPad, keys_[kOk]->y() - bar.bottom() - 1);
@@ -252,7 +252,7 @@ void FirstStart::mousePressEvent(QMouseEvent* event) {
   event->accept();
   drag_.reset();
   if (page_ != Page::kScreen || event->button() != Qt::LeftButton) return;
-  // A finger beside its end takes hold of the bar, too. A tap alone changes nothing.
+  // A finger close to the end of the bar pulls it, too. A tap alone changes nothing.
   const int reach = keys_[kOk]->height();
   if (Bar().adjusted(0, 0, reach, 0).contains(event->pos())) drag_ = Drag{event->pos().x(), length_};
 }

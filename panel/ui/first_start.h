@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The questions of the first start as a cover over the panel: the language, then how wide the screen is. A bar is made
-// as long as a bank card, so nobody has to know a number, and touches alone answer everything. It decides nothing
-// about the panel: its owner changes the language, sets the screen's width and stores both.
+// The questions of the first start as a cover over the panel: the language, then the width of the screen. The operator
+// makes a bar as long as a bank card, so nobody has to know a number, and touches are enough for every answer. The
+// cover decides nothing about the panel: its owner changes the language, sets the screen's width and stores both.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ class FirstStart : public Cover {
 
   /// The bar, in pixels of the screen.
   [[nodiscard]] QRect Bar() const;
-  /// Makes the bar that long, as far as there is room and a screen can be like that.
+  /// Makes the bar that long, within the limits of the room and of the screens that there are.
   void SetBarLength(int pixels);
   /// The greatest density with which the panel still has room for what it shows; 0 for any.
   void SetMostDensity(qreal dotsPerInch);
@@ -42,7 +42,7 @@ class FirstStart : public Cover {
   [[nodiscard]] double ScreenMillimetres() const;
 
   [[nodiscard]] PanelKey* KeyOf(Key key) const { return keys_[key]; }
-  /// What is read above the keys.
+  /// The text above the keys, and the line below the bar.
   [[nodiscard]] QString Text() const;
   [[nodiscard]] QString Reading() const;
   void SetFontPixels(int pixels);
@@ -78,7 +78,7 @@ class FirstStart : public Cover {
   void ShowWords();
   void Place();
   void LimitBar();
-  /// The room of the text, and the font in which all of it fits there.
+  /// The place of the text, and the font in which all of it fits there.
   [[nodiscard]] QRect TextPlace() const;
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] int ScreenPixels() const;

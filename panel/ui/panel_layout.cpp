@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "common/shortcuts.h"
+#include "ui/theme.h"
 
 namespace panel {
 namespace {
@@ -115,13 +116,12 @@ PanelLayout LayOutAround(QSize toolArea, int touch) {
 }
 
 int MostTouch(QSize window) {
-  constexpr int kLeast = 34;
   constexpr int kLeastPart = 8;
   const auto fits = [window](int touch) {
     const PanelLayout layout = LayOutWithin(window, touch);
     return layout.toolArea.height() * kLeastPart >= layout.window.height();
   };
-  int touch = kLeast;
+  int touch = theme::kLeastTouchPixels;
   while (fits(touch + 1)) ++touch;
   return touch;
 }

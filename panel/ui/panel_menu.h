@@ -53,10 +53,10 @@ inline constexpr const char* kVideoProperty = "pnlVideo";
 /// The items that show the faults and the PLC messages.
 inline constexpr int kFaultsItem = 3000;
 inline constexpr int kPlcItem = 3004;
-/// Leads to the question how big the screen is.
-inline constexpr int kScreenItem = 3006;
-[[nodiscard]] SoftKeyItem ScreenItem();
 /// The item that shows the place of the error.
 inline constexpr int kErrorPlaceItem = 3005;
+/// The item that opens the question about the width of the screen.
+inline constexpr int kScreenItem = 3006;
+[[nodiscard]] SoftKeyItem ScreenItem();
 
 }  // namespace panel

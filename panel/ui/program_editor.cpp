@@ -35,7 +35,7 @@ ProgramEditor::ProgramEditor(QWidget* parent)
   lineBar_->hide();
   openingBar_->hide();
   ConnectBars();
-  // The focus also changes while this is destroyed, when it is a widget alone.
+  // The focus also changes while the editor is destroyed. At that time it is a plain widget, so the cast gives null.
   connect(qApp, &QApplication::focusChanged, this, [widget = static_cast<QWidget*>(this)] {
     auto* editor = qobject_cast<ProgramEditor*>(widget);
     if (editor != nullptr && editor->low_) editor->Place();
@@ -297,7 +297,7 @@ void ProgramEditor::Place() {
   int bars = 0;
   for (EditorBar* bar : std::initializer_list<EditorBar*>{openingBar_, findBar_, lineBar_}) {
     if (bar->isHidden()) continue;
-    // Above a touch keyboard there may be little room. What is typed there is needed more than the head line.
+    // Above a touch keyboard there may be little room. The bar that is typed in matters more than the head line.
     bar->FitInto(bar == shown ? height() : QWIDGETSIZE_MAX);
     bars += bar->Height();
   }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Carries out the panel's settings and keeps them. It asks the questions of the first start, sets what they say, and
-// stores each change beside the window's thread: a slow disc never stops the machine's keys. The file is that of
+// Applies the panel's settings and stores them. It asks the questions of the first start, applies the answers, and
+// stores each change on another thread, so that a slow disc never blocks the machine's keys. The file is described in
 // host/panel_settings.h.
 #pragma once
 
@@ -23,8 +23,8 @@ class SettingsDesk : public QObject {
   /// Stores what isn't stored yet.
   ~SettingsDesk() override;
 
-  /// Sets what is known, and calls then. Unless the screen's width is known, asks first; then is called when that is
-  /// answered.
+  /// Applies the settings that are known, and calls then. If the screen's width isn't known, asks the questions first,
+  /// and calls then after the answer.
   void Begin(const PanelSettings& known, std::function<void()> then);
   /// Whether a change is being stored.
   [[nodiscard]] bool Working() const { return writer_.Working(); }

@@ -31,7 +31,8 @@ class StatusStrip : public QWidget {
     QRect mode;
     QRect errors;
   };
-  /// They share the strip. Each has its usual width if there is room; of what is left then the state gets half.
+  /// Each field has its usual width if there is room. The state gets half of the width that is left, the others share
+  /// the other half.
   [[nodiscard]] Fields Place() const;
   [[nodiscard]] int Usual() const { return 220 * fontPixels_ / 15; }
   /// The width that the strip has beyond the usual width of all fields.

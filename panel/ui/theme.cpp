@@ -171,10 +171,7 @@ int PixelsOf(qreal millimetres, qreal dotsPerInch) {
   return static_cast<int>(std::ceil(millimetres * dotsPerInch / kMillimetresPerInch - 1e-6));
 }
 
-int TouchPixels(qreal dotsPerInch) {
-  constexpr int kLeast = 34;
-  return std::max(kLeast, PixelsOf(kTouchMillimetres, dotsPerInch));
-}
+int TouchPixels(qreal dotsPerInch) { return std::max(kLeastTouchPixels, PixelsOf(kTouchMillimetres, dotsPerInch)); }
 
 int TouchPixels(const QWidget& widget) { return TouchPixels(DensityOf(widget)); }
 

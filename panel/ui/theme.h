@@ -54,12 +54,13 @@ void Apply(QApplication& application);
 /// How many pixels that many millimetres take at least on a screen of that density (dots per inch). An impossible
 /// density counts as 96.
 [[nodiscard]] int PixelsOf(qreal millimetres, qreal dotsPerInch);
-/// The least side of a key: 9 mm, at least 34 pixels.
 inline constexpr qreal kTouchMillimetres = 9;
+inline constexpr int kLeastTouchPixels = 34;
+/// The least side of a key in pixels: kTouchMillimetres, but at least kLeastTouchPixels.
 [[nodiscard]] int TouchPixels(qreal dotsPerInch);
 [[nodiscard]] int TouchPixels(const QWidget& widget);
-/// The density of the screen that shows the widget, in dots per inch: by the width that was set, else as the screen
-/// reports it.
+/// The density of the screen that shows the widget, in dots per inch. It follows from the screen's width if that was
+/// set. Otherwise it is what the screen reports.
 [[nodiscard]] qreal DensityOf(const QWidget& widget);
 /// Sets how wide the screen is, in millimetres; 0 when nobody knows. A width with which the density would be impossible
 /// counts as unknown.

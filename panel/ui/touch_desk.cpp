@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPointingDevice>
 #include <QTextEdit>
+#include <utility>
 
 namespace panel {
 namespace {
@@ -118,7 +119,7 @@ void TouchDesk::Review() {
     focus_ = focus;
   }
   const bool takes = here && TakesText(*focus) && !away_ && !typed_ && (wanted_ || switchedOn_);
-  // The list that opens under a field is chosen from with the same keys.
+  // The operator also uses these keys in a list that opens under a field.
   const bool stays = up_ && here && !away_ && IsInDialog(*focus);
   const bool up = !interrupted_ && (forced_ || takes || stays);
   const bool changed = up != std::exchange(up_, up);

@@ -48,7 +48,7 @@ class TouchDesk : public QObject {
  signals:
   /// The keyboard has come or gone, or, while it is up, another place may have to be seen.
   void Changed();
-  /// Its key was pressed; on: whether every text field raises the keyboard now.
+  /// The key for the keyboard was pressed. on says whether every text field raises the keyboard now.
   void Switched(bool on);
 
  protected:

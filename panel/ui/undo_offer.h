@@ -4,9 +4,7 @@
 // back.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QTimer>
-#include <map>
 #include <optional>
 
 #include "host/host_session.h"
@@ -20,7 +18,7 @@ class UndoOffer : public PanelKey {
 
  public:
   UndoOffer(HostSession& session, QWidget* parent);
-  /// Puts back what is offered. Does nothing when nothing is. Emits Refused when that isn't possible now.
+  /// Puts back the rows that are offered. Does nothing without an offer. Emits Refused if it isn't possible now.
   void Undo();
   [[nodiscard]] bool IsOpen() const { return tool_ >= 0; }
   /// From now on time goes by Advance.

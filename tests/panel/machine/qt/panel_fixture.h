@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QWindow>
 #include <cstdio>
 #include <memory>
 
