@@ -78,8 +78,10 @@ class Utilities {
   virtual int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) = 0;
   [[nodiscard]] virtual Rect UTIL7340_GetCNCRect() = 0;
   [[nodiscard]] virtual bool UTIL7340_AreSoftkeyMetricsStandard() = 0;
-  /// Scales a font height that is meant for a panel of 800 by 600 to the panel's present size.
+  /// Scales a font height that is meant for a panel of 800 by 600 to the panel's present size. On a lower panel the
+  /// font stays as big as it is, because smaller letters can't be read.
   [[nodiscard]] virtual int UTIL7340_FitFontSize(int height) = 0;
+  /// Scales the height of anything else.
   [[nodiscard]] virtual int UTIL7340_FitHeight(int height) = 0;
   [[nodiscard]] virtual bool UTIL7340_Is7335() = 0;
 };

@@ -231,8 +231,82 @@ TEST(ZmcPlaces, AControlOfTheDialogGoesBeforeTheTable) {
 
 TEST(ZmcPlaces, AFontFitsItsLineButStaysReadable) {
   EXPECT_EQ(PageOf(ZmcTab::kMain, nullptr, 936, 604).FontHeight(13), 22);  // 26 pixels
-  EXPECT_EQ(PageOf(ZmcTab::kMain, nullptr, 100, 100).FontHeight(13), 11);
-  EXPECT_EQ(PageOf(ZmcTab::kMain, nullptr, 0, 0).FontHeight(13), 11);
+  EXPECT_EQ(PageOf(ZmcTab::kMain, nullptr, 100, 100).FontHeight(13), 15);
+  EXPECT_EQ(PageOf(ZmcTab::kMain, nullptr, 0, 0).FontHeight(13), 15);
+}
+
+// The main tab in an area in which the dialog's lines would be too low.
+
+TEST(ZmcPlaces, AnAreaInWhichTheDialogsLinesAreTooLowHasALowPage) {
+  struct Row {
+    int height;
+    int tallest;
+    bool low;
+    int page;  // its height
+  };
+  for (const Row& row :
+       {Row{600, 600, false, 600}, Row{442, 442, false, 442}, Row{441, 441, true, 441}, Row{213, 213, true, 213},
+        Row{205, 205, true, 205}, Row{204, 204, true, 205}, Row{0, 0, true, 205},
+        // What was arranged as the dialog stays so while a part of it is covered, and scrolls.
+        Row{441, 600, false, 442}, Row{70, 442, false, 442}, Row{70, 213, true, 205}}) {
+    const ZmcPage page = MainPageOf(nullptr, 688, row.height, row.tallest);
+    EXPECT_EQ(page.low, row.low) << row.height;
+    EXPECT_EQ(page.height, row.page) << row.height;
+    EXPECT_EQ(page.width, 688);
+    EXPECT_GE(page.height, page.LeastHeight());
+  }
+}
+
+TEST(ZmcPlaces, ALineOfALowPageHasRoomForLettersOfThirteenPixels) {
+  for (const int height : {205, 213, 289, 441}) {
+    const ZmcPage page = MainPageOf(nullptr, 688, height, height);
+    const Rect line = page.Pixels({0, 0, 1, page.LineUnits()});
+    EXPECT_GE(line.Height(), 18) << height;
+    EXPECT_GE(page.FontHeight(page.LineUnits()), 15) << height;
+    EXPECT_LE(page.FontHeight(page.LineUnits()), line.Height()) << height;
+  }
+}
+
+bool Meet(const Rect& one, const Rect& other) {
+  return one.left < other.right && other.left < one.right && one.top < other.bottom && other.top < one.bottom;
+}
+
+/// Controls of which only one is shown at a time, or that lie on each other on purpose.
+bool MayMeet(const ZmcControlPlace& one, const ZmcControlPlace& other) {
+  const auto group = [](int id) {
+    for (const auto& ids : std::vector<std::vector<int>>{
+             {3013, 3024}, {227, 231}, {3057, 3058, 3059, 3062}, {3034, 3016}, {3035, 3017}}) {
+      if (std::find(ids.begin(), ids.end(), id) != ids.end()) return ids.front();
+    }
+    return id;
+  };
+  return one.kind == Kind::kBand || other.kind == Kind::kBand || group(one.id) == group(other.id);
+}
+
+TEST(ZmcPlaces, NothingOverlapsOnALowPageAndAllOfItIsInside) {
+  const ZmcPage page = MainPageOf(nullptr, 688, 213, 213);
+  const auto controls = ControlsOf(ZmcTab::kMain);
+  for (const ZmcControlPlace& one : controls) {
+    EXPECT_FALSE(one.low.Width() <= 0 || one.low.Height() <= 0) << one.id;
+    EXPECT_TRUE(one.low.left >= 0 && one.low.right <= page.widthUnits) << one.id;
+    EXPECT_TRUE(one.low.top >= 0 && one.low.bottom <= page.heightUnits) << one.id;
+    EXPECT_EQ(UnitsOf(one, page, nullptr), one.low) << one.id;
+    for (const ZmcControlPlace& other : controls) {
+      if (&one == &other || MayMeet(one, other)) continue;
+      EXPECT_FALSE(Meet(one.low, other.low)) << one.id << " and " << other.id;
+    }
+  }
+}
+
+TEST(ZmcPlaces, WhatLiesOnTheBandOfTheDialogLiesOnTheBandOfALowPage) {
+  const Rect band = Find(ZmcTab::kMain, 503)->low;
+  for (const ZmcControlPlace& place : ControlsOf(ZmcTab::kMain)) {
+    // The line between the results parts the two halves of a low page.
+    if (place.kind == Kind::kBand || place.id == 3061) continue;
+    const bool on = place.units.top >= 184 && place.units.top <= 251;
+    EXPECT_EQ(on, Meet(place.low, band)) << place.id;
+    EXPECT_TRUE(!on || (place.low.bottom <= band.bottom && place.low.right <= band.right)) << place.id;
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "facade/sim/sim_utilities.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/numbers.h"
@@ -10,6 +11,9 @@ namespace pnl::sim {
 namespace {
 /// The panel height for which the tools give their sizes.
 constexpr double kBaseHeight = 600;
+/// The least height of a font: a cell of so many pixels, in which letters are 13 pixels high, or such letters.
+constexpr int kLeastCell = 15;
+constexpr int kLeastLetters = 13;
 }  // namespace
 
 int SimUtilities::ErrorText(ErrorTextFunction function, std::int32_t number, Z7340ERRORINFO_ST& info) {
@@ -58,14 +62,21 @@ bool SimUtilities::UTIL7340_AreSoftkeyMetricsStandard() {
   return answers_.Take("UTIL7340_AreSoftkeyMetricsStandard") != 0;
 }
 
-int SimUtilities::UTIL7340_FitFontSize(int height) { return Fit("UTIL7340_FitFontSize", height); }
+int SimUtilities::UTIL7340_FitFontSize(int height) {
+  if (const auto preset = answers_.TakePreset("UTIL7340_FitFontSize")) return *preset;
+  const int fitted = Fit(height);
+  if (height > 0) return std::max({fitted, height, kLeastCell});
+  return height < 0 ? std::min({fitted, height, -kLeastLetters}) : 0;
+}
 
-int SimUtilities::UTIL7340_FitHeight(int height) { return Fit("UTIL7340_FitHeight", height); }
+int SimUtilities::UTIL7340_FitHeight(int height) {
+  const auto preset = answers_.TakePreset("UTIL7340_FitHeight");
+  return preset ? *preset : Fit(height);
+}
 
 bool SimUtilities::UTIL7340_Is7335() { return answers_.Take("UTIL7340_Is7335") != 0; }
 
-int SimUtilities::Fit(std::string_view function, int height) {
-  if (const auto preset = answers_.TakePreset(function)) return *preset;
+int SimUtilities::Fit(int height) const {
   const int panel = windows_.PanelRect().Height();
   if (panel <= 0) return height;
   return TruncateToInt32(std::round(static_cast<double>(height) * panel / kBaseHeight));

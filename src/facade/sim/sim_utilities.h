@@ -35,16 +35,17 @@ class SimUtilities final : public Utilities {
   int Util7340_MarcaHelpAsignadaABloque(TextView block, Text& mark) override;
   [[nodiscard]] Rect UTIL7340_GetCNCRect() override { return windows_.PanelRect(); }
   [[nodiscard]] bool UTIL7340_AreSoftkeyMetricsStandard() override;
-  /// Returns height · panel height / 600, rounded to the nearest whole number, halves away from zero. A panel without a
-  /// height counts as 600 high. The sign stays, because a negative font height has a meaning of its own.
+  /// Returns height · panel height / 600, rounded to the nearest whole number, halves away from zero, but never a font
+  /// smaller than height or than can be read: a cell of 15 pixels, or letters of 13. A panel without a height counts as
+  /// 600 high. The sign stays, because a negative font height has a meaning of its own.
   [[nodiscard]] int UTIL7340_FitFontSize(int height) override;
-  /// Follows the same rule.
+  /// Returns height · panel height / 600, rounded in the same way; nothing limits it.
   [[nodiscard]] int UTIL7340_FitHeight(int height) override;
   [[nodiscard]] bool UTIL7340_Is7335() override;
 
  private:
   [[nodiscard]] Text MarkOf(TextView block) const;
-  [[nodiscard]] int Fit(std::string_view function, int height);
+  [[nodiscard]] int Fit(int height) const;
 
   WindowSystem& windows_;
   const SimRecorder& recorder_;

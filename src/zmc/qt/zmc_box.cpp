@@ -23,8 +23,8 @@ constexpr int kMostRows = 9;
 constexpr int kBorder = 2;
 constexpr int kLowBox = 16;
 constexpr int kTextMargin = 4;
-constexpr int kRounding = 2;   // a text is a fraction wider when it is measured for its ellipsis
-constexpr int kLeastFont = 9;  // pixels
+constexpr int kRounding = 2;    // a text is a fraction wider when it is measured for its ellipsis
+constexpr int kLeastFont = 12;  // pixels
 
 /// Rows that a glove can touch.
 class TallRows : public QStyledItemDelegate {

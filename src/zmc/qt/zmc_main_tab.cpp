@@ -2,6 +2,7 @@
 #include "zmc/qt/zmc_main_tab.h"
 
 #include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 
 #include "window/qt/control_properties.h"
 #include "window/qt/qt_text.h"
@@ -44,12 +45,16 @@ ZCTabZMCMain::ZCTabZMCMain(const ToolContext& context, QWidget* frame)
     : MessageWindow(frame),
       context_(context),
       focusMessage_(RegisterMessage("ZWCEDIT_SETFOCUS")),
-      blurMessage_(RegisterMessage("ZWCEDIT_KILLFOCUS")) {
+      blurMessage_(RegisterMessage("ZWCEDIT_KILLFOCUS")),
+      area_(new ZmcPageArea(this)),
+      sheet_(area_->widget()) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   // The page isn't a window of its own to a script: its controls are found in the frame.
   setProperty(property::kWindow, QVariant());
   for (const ZmcControlPlace& place : ControlsOf(ZmcTab::kMain)) Make(place);
   cells_ = std::make_unique<ZmcGridAdapter>(*grid_);
+  connect(grid_, &ZCGridXWrap::Moved, area_, [this] { ShowFocused(); });
+  connect(qApp, &QApplication::focusChanged, area_, [this] { ShowFocused(); });
 }
 
 ZCTabZMCMain::~ZCTabZMCMain() { EndMessages(); }
@@ -85,14 +90,14 @@ void ZCTabZMCMain::Make(const ZmcControlPlace& place) {
       made = MakeDataField(place.id);
       break;
     case ZmcControlKind::kBar:
-      made = new ZmcPowerBar(place.id, this);
+      made = new ZmcPowerBar(place.id, sheet_);
       break;
   }
   controls_[place.id] = made;
 }
 
 QWidget* ZCTabZMCMain::MakeLabel(int control) {
-  auto* label = new ZWCStatic(control, context_.timers, context_.files, this);
+  auto* label = new ZWCStatic(control, context_.timers, context_.files, sheet_);
   const Color back = control == id::kLine ? zmc_color::kLine : IsOnBand(control) ? zmc_color::kBand : zmc_look::kPage;
   // The dimmer colour of the labels can't be read on the band.
   const bool bright = control == id::kTitle || IsOnBand(control);
@@ -105,7 +110,7 @@ QWidget* ZCTabZMCMain::MakeLabel(int control) {
 }
 
 QWidget* ZCTabZMCMain::MakeBox(int control, bool typed) {
-  auto* box = new ZmcBox(control, typed, this);
+  auto* box = new ZmcBox(control, typed, sheet_);
   StyleBox(*box);
   // The last signal of a selection: a listener may destroy the box.
   connect(box, &QComboBox::textActivated, this, [this, control] { emit ListSelected(control); });
@@ -117,14 +122,14 @@ QWidget* ZCTabZMCMain::MakeBox(int control, bool typed) {
 }
 
 QWidget* ZCTabZMCMain::MakeLine(int control) {
-  auto* line = new ZWCEdit(control, context_.windows, Handle(), this);
+  auto* line = new ZWCEdit(control, context_.windows, Handle(), sheet_);
   line->SetNormalColors(zmc_look::kFieldBack, zmc_look::kFieldText, false);
   line->SetFocusColors(zmc_look::kFocusBack, zmc_look::kFocusText, false);
   return line;
 }
 
 QWidget* ZCTabZMCMain::MakePicture(int control, CMultistatic::Face face) {
-  auto* picture = new CMultistatic(control, face, this);
+  auto* picture = new CMultistatic(control, face, sheet_);
   switch (control) {
     case id::kBand:
       picture->SetBackColor(zmc_color::kBand);
@@ -144,14 +149,14 @@ QWidget* ZCTabZMCMain::MakePicture(int control, CMultistatic::Face face) {
 }
 
 QWidget* ZCTabZMCMain::MakeDataField(int control) {
-  auto* field = new ZCDatoWrap(control, this);
+  auto* field = new ZCDatoWrap(control, sheet_);
   field->SetColors(zmc_look::kFieldBack, zmc_look::kFieldText);
   connect(field, &ZCDatoWrap::Changed, this, [this, control] { emit FieldChanged(control); });
   return field;
 }
 
 QWidget* ZCTabZMCMain::MakeGrid(int control) {
-  grid_ = new ZCGridXWrap(control, this);
+  grid_ = new ZCGridXWrap(control, sheet_);
   grid_->Cells().SetRows(kZmcGridRows + 1);
   grid_->Cells().SetColumns(kZmcGridColumns + 1);
   grid_->SetColors(zmc_color::kGrid[0], zmc_color::kGrid[1], zmc_color::kGrid[2]);

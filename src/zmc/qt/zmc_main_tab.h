@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ZCTabZMCMain: the page of the main tab with its controls, placed by their dialog units over the whole page. It has no
-// rules: the frame listens to its signals and gives it texts, states and colours.
+// ZCTabZMCMain: the page of the main tab with its controls, placed by their units over the whole page, which scrolls in
+// an area that is too low for it. It has no rules: the frame listens to its signals and gives it texts, states and
+// colours.
 #pragma once
 
 #include <functional>
@@ -17,6 +18,7 @@
 #include "window/qt/tool_window.h"
 #include "zmc/qt/zmc_box.h"
 #include "zmc/qt/zmc_grid_adapter.h"
+#include "zmc/qt/zmc_page_area.h"
 #include "zmc/qt/zmc_power_bar.h"
 #include "zmc/zmc_places.h"
 
@@ -62,6 +64,8 @@ class ZCTabZMCMain : public MessageWindow {
   [[nodiscard]] int FocusedControl() const;
   void FocusControl(int id);
 
+  /// Scrolls until the control with the focus, or the present cell of the grid, is in sight.
+  void ShowFocused();
   /// Every widget that may get a key press, for the filter of the frame.
   [[nodiscard]] std::vector<QWidget*> KeyReceivers() const;
   /// Ends the page's messages. Called when the frame ends before its pages.
@@ -89,6 +93,7 @@ class ZCTabZMCMain : public MessageWindow {
   QWidget* MakeDataField(int id);
   QWidget* MakeGrid(int id);
   void Place();
+  void PlaceControl(const ZmcControlPlace& place, const DialogTemplate* dialog);
   void PlaceGrid(const QRect& place);
   void FitLabel(int id, ZWCStatic& label) const;
   static void SetControlFont(QWidget* control, int height);
@@ -96,6 +101,11 @@ class ZCTabZMCMain : public MessageWindow {
   const ToolContext context_;
   const std::uint32_t focusMessage_;
   const std::uint32_t blurMessage_;
+  ZmcPageArea* const area_;
+  QWidget* const sheet_;  // the page itself, on which the controls lie
+  ZmcPage page_;
+  int placedWidth_ = 0;
+  int tallest_ = 0;  // with this width
   std::map<int, QWidget*> controls_;
   ZCGridXWrap* grid_ = nullptr;
   std::unique_ptr<ZmcGridAdapter> cells_;

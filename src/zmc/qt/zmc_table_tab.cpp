@@ -4,6 +4,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QScrollBar>
+#include <algorithm>
 #include <numeric>
 #include <utility>
 
@@ -18,7 +19,8 @@ namespace {
 
 constexpr std::uint32_t kCentre = 0x8865;
 constexpr int kTitleUnits = 13;
-constexpr int kRowUnits = 7;  // of a page of 320 by 200
+constexpr int kTitleMargin = 4;  // what the title leaves around its text
+constexpr int kRowUnits = 7;     // of a page of 320 by 200
 constexpr int kFixedColumn = 14;
 
 }  // namespace
@@ -58,7 +60,16 @@ void ZmcTableTab::resizeEvent(QResizeEvent* event) {
     QWidget* control = place.kind == ZmcControlKind::kGrid ? static_cast<QWidget*>(grid_) : title_;
     control->setGeometry(ToQRect(page.Pixels(UnitsOf(place, dialog))));
   }
-  title_->SetFont(QStringLiteral("Arial"), page.FontHeight(kTitleUnits), 700);
+  const int letters = page.FontHeight(kTitleUnits);
+  title_->SetFont(QStringLiteral("Arial"), letters, 700);
+  // On a low page the title keeps the height of its letters, and the table begins below it.
+  QRect title = title_->geometry();
+  title.setHeight(std::max(title.height(), letters + kTitleMargin));
+  if (title.bottom() >= height()) title.moveBottom(std::max(title.height(), height()) - 1);
+  title_->setGeometry(title);
+  QRect table = grid_->geometry();
+  table.setTop(std::min(std::max(table.top(), title.bottom() + 1), table.bottom()));
+  grid_->setGeometry(table);
   grid_->SetFont(QStringLiteral("Arial"), page.FontHeight(kRowUnits), 500);
   PlaceColumns();
 }

@@ -113,18 +113,37 @@ TEST_F(UtilitiesTest, HeightsFollowThePanelsHeight) {
     int panel;
     int height;
     int fitted;
+    int font;
   };
   const Row rows[] = {
-      {600, 14, 14}, {1200, 14, 28}, {768, 14, 18}, {1080, 18, 32}, {300, 15, 8},     {768, -14, -18},
-      {600, 0, 0},   {0, 14, 14},    {-5, 14, 14},  {1, 14, 0},     {1000, 300, 500},
+      {600, 17, 17, 17},
+      {1200, 14, 28, 28},
+      {768, 14, 18, 18},
+      {1080, 18, 32, 32},
+      {768, -14, -18, -18},
+      {1000, 300, 500, 500},
+      {600, 0, 0, 0},
+      {0, 17, 17, 17},
+      {-5, 17, 17, 17},
+      // A font never becomes smaller than it is meant to be,
+      {300, 16, 8, 16},
+      {300, -20, -10, -20},
+      {1, 30, 0, 30},
+      // or than can be read.
+      {600, 14, 14, 15},
+      {300, 1, 1, 15},
+      {600, -12, -12, -13},
+      {300, -2, -1, -13},
   };
   for (const Row& row : rows) {
     windows.panelRect = {0, 0, 800, row.panel};
-    EXPECT_EQ(util.UTIL7340_FitFontSize(row.height), row.fitted) << row.panel << " " << row.height;
+    EXPECT_EQ(util.UTIL7340_FitFontSize(row.height), row.font) << row.panel << " " << row.height;
     EXPECT_EQ(util.UTIL7340_FitHeight(row.height), row.fitted) << row.panel << " " << row.height;
   }
   cnc.Returns("UTIL7340_FitFontSize", {30});
   EXPECT_EQ(util.UTIL7340_FitFontSize(18), 30);
+  cnc.Returns("UTIL7340_FitFontSize", {3});
+  EXPECT_EQ(util.UTIL7340_FitFontSize(18), 3) << "what a script sets is answered as it is";
 }
 
 TEST_F(UtilitiesTest, PathsComeFromTheStorage) {
