@@ -62,6 +62,7 @@ RpcResult UiFocus(RemoteWorld& /*world*/, Params& params) {
   const FoundControl found = ReadControl(params);
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
+  WindowInspector::BringIntoSight(found.control);
   if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
   // The reason is that of a touch, because the operator turns to the control.
   found.control->setFocus(Qt::MouseFocusReason);
@@ -73,6 +74,7 @@ RpcResult PressControl(Params& params, bool twice) {
   const FoundControl found = ReadControl(params);
   const std::optional<PressPlace> place = ReadPlace(params);
   if (params.Problem()) return *params.Problem();
+  WindowInspector::BringIntoSight(found.control);
   if (!WindowInspector::IsSeen(found.control)) return BadParameter("id", kUnseen);
   if (Press(found.control, place.value_or(PressPlace()), twice)) return Done();
   return BadParameter(place->index == PressPlace::kHeader ? "column" : "index",

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollArea>
 #include <QTableView>
 #include <QTextEdit>
 #include <QTreeView>
@@ -191,6 +192,14 @@ bool WindowInspector::IsSeen(const QWidget* control) {
     seen = seen.translated(at->pos()) & at->parentWidget()->rect();
   }
   return !seen.isEmpty();
+}
+
+void WindowInspector::BringIntoSight(QWidget* control) {
+  for (QWidget* around = control->parentWidget(); around != nullptr; around = around->parentWidget()) {
+    auto* page = qobject_cast<QScrollArea*>(around);
+    if (page != nullptr) page->ensureWidgetVisible(control, 0, 0);
+    if (around->isWindow()) return;
+  }
 }
 
 QWidget* WindowInspector::Focused(QWidget* window) {

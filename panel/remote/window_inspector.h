@@ -25,6 +25,8 @@ class WindowInspector {
   [[nodiscard]] static QWidget* Control(QWidget* window, int id);
   /// Whether an operator sees any part of the control: all its parents are shown too, and they don't clip all of it.
   [[nodiscard]] static bool IsSeen(const QWidget* control);
+  /// Scrolls the pages around the control until it is in sight, as an operator does before a touch.
+  static void BringIntoSight(QWidget* control);
   /// The control that gets a key press in that window: the one with the focus, or the window itself.
   [[nodiscard]] static QWidget* Focused(QWidget* window);
 

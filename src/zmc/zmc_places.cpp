@@ -28,14 +28,14 @@ constexpr ZmcControlPlace kMain[] = {
     {id::kToolCheck, Kind::kCheckBox, {8, 138, 20, 149}, {428, 2, 446, 20}},
     {id::kToolLabel, Kind::kLabel, {23, 138, 93, 151}, {450, 1, 542, 20}},
     {id::kTool, Kind::kToolBox, {93, 138, 236, 234}, {544, 1, 616, 20}},
-    {id::kDiameterLabel, Kind::kLabel, {245, 138, 339, 151}, {428, 21, 554, 40}},
-    {id::kPartLabel, Kind::kLabel, {245, 138, 339, 151}, {428, 21, 554, 40}},
-    {id::kDiameter, Kind::kDataField, {339, 138, 395, 152}, {556, 21, 620, 40}},
-    {id::kDiameterUnit, Kind::kLabel, {397, 138, 422, 151}, {621, 21, 652, 40}},
-    {id::kTeethLabel, Kind::kLabel, {245, 154, 339, 167}, {428, 41, 554, 60}},
-    {id::kTeeth, Kind::kDataField, {339, 154, 395, 168}, {556, 41, 620, 60}},
-    {id::kTeethUnit, Kind::kLabel, {397, 154, 422, 167}, {621, 41, 652, 60}},
-    {id::kPicture, Kind::kPicture, {426, 138, 460, 168}, {653, 22, 683, 60}},
+    {id::kDiameterLabel, Kind::kLabel, {245, 138, 339, 151}, {428, 21, 548, 40}},
+    {id::kPartLabel, Kind::kLabel, {245, 138, 339, 151}, {428, 21, 548, 40}},
+    {id::kDiameter, Kind::kDataField, {339, 138, 395, 152}, {550, 21, 625, 40}},
+    {id::kDiameterUnit, Kind::kLabel, {397, 138, 422, 151}, {626, 21, 654, 40}},
+    {id::kTeethLabel, Kind::kLabel, {245, 154, 339, 167}, {428, 41, 548, 60}},
+    {id::kTeeth, Kind::kDataField, {339, 154, 395, 168}, {550, 41, 625, 60}},
+    {id::kTeethUnit, Kind::kLabel, {397, 154, 422, 167}, {626, 41, 654, 60}},
+    {id::kPicture, Kind::kPicture, {426, 138, 460, 168}, {655, 22, 684, 60}},
     {id::kM6Check, Kind::kCheckBox, {7, 158, 19, 169}, {622, 2, 640, 20}},
     {id::kM6Label, Kind::kLabel, {23, 159, 93, 172}, {644, 1, 682, 20}},
     {id::kBandTitle, Kind::kLabel, {13, 188, 201, 201}, {428, 63, 680, 82}},
@@ -110,7 +110,9 @@ Rect ZmcPage::Pixels(const Rect& units) const {
 }
 
 int ZmcPage::FontHeight(int lineUnits) const {
-  const int line = Scaled(lineUnits, height, heightUnits);
+  int line = Scaled(lineUnits, height, heightUnits);
+  // A low page may be in a narrow area that isn't that low; its fields are as narrow then.
+  if (low) line = std::min(line, Scaled(lineUnits, width, widthUnits));
   return std::max(kSmallestFont, static_cast<int>(line * kFontShare));
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Every text that a window paints, with its colour and the colours of the field on which its letters lie. The window is
-// painted on a picture, and just before a text comes, the picture below its letters is read. So gradients, selections
-// and fields that end in the middle of a text are seen as an operator sees them.
+// Every text that a window paints, with the size of its letters, its colour and the colours of the field on which its
+// letters lie. The window is painted on a picture, and just before a text comes, the picture below its letters is read.
+// So gradients, selections and fields that end in the middle of a text are seen as an operator sees them.
 #pragma once
 
+#include <QFontInfo>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
@@ -33,6 +34,7 @@ struct PaintedText {
   QColor ink;       // of the text
   QColor field;     // below the letters that are hardest to read
   double contrast;  // of these two
+  int letters;      // the pixel size of its font, as it is on the screen
 };
 
 /// The paint device: a picture on which everything is painted, and the texts among it.
@@ -124,7 +126,9 @@ class TextPicture : public QPaintDevice {
       const QRect area =
           painter()->deviceTransform().mapRect(box).toAlignedRect().adjusted(-2, -2, 2, 2) & picture.rect();
       const std::vector<QPoint> letters = LettersOf(at, item, area);
-      Drawn text{{item.text(), {}, painter()->pen().color(), {}, 0}, {}};
+      const double scale = painter()->deviceTransform().mapRect(QRectF(0, 0, 1, 1)).height();
+      const int pixels = qRound(QFontInfo(item.font()).pixelSize() * scale);
+      Drawn text{{item.text(), {}, painter()->pen().color(), {}, 0, pixels}, {}};
       if (!letters.empty()) Measure(letters, text.text);
       {
         QPainter to(&picture);

@@ -267,6 +267,13 @@ TEST(ZmcPlaces, ALineOfALowPageHasRoomForLettersOfThirteenPixels) {
   }
 }
 
+TEST(ZmcPlaces, TheLettersOfALowPageFollowTheShorterOfItsSides) {
+  EXPECT_EQ(MainPageOf(nullptr, 688, 216, 216).FontHeight(19), 16);
+  EXPECT_EQ(MainPageOf(nullptr, 688, 432, 432).FontHeight(19), 16) << "its fields are no wider";
+  EXPECT_EQ(MainPageOf(nullptr, 1376, 216, 216).FontHeight(19), 16) << "its lines are no higher";
+  EXPECT_EQ(MainPageOf(nullptr, 1376, 432, 432).FontHeight(19), 33);
+}
+
 bool Meet(const Rect& one, const Rect& other) {
   return one.left < other.right && other.left < one.right && one.top < other.bottom && other.top < one.bottom;
 }

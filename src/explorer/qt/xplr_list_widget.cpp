@@ -31,6 +31,7 @@ constexpr int kFolderIcon = 2;
 constexpr std::array kTwentieths = {10, 4, 6};
 constexpr std::uint32_t kCellFormat = draw::kSingleLine | draw::kVCenter | draw::kNoPrefix | draw::kEndEllipsis;
 constexpr int kSizeColumn = 1;
+constexpr int kDateColumn = 2;
 
 }  // namespace
 
@@ -255,7 +256,11 @@ void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, cons
       cell.adjust(offset, 0, -offset, 0);
       if (column == kSizeColumn) format |= draw::kRight;
     }
-    const QString cellText = model_.CellText(row, column);
+    QString cellText = model_.CellText(row, column);
+    // In a narrow column the day counts more than the beginning of the time.
+    if (column == kDateColumn && painter.fontMetrics().horizontalAdvance(cellText) > cell.width()) {
+      cellText = cellText.section(u' ', 0, 0);
+    }
     DrawText(painter, cell, cellText, format);
     if (column == 0 && typed_ != 0 && selectionModel()->isSelected(model_.index(row, 0))) {
       DrawMark(painter, cell, cellText);

@@ -36,7 +36,8 @@ constexpr int kIconSide = 40;
 constexpr int kButtonWidth = 130;
 constexpr int kButtonHeight = 46;
 constexpr int kFontHeight = 20;
-constexpr int kWideBox = 620;  // for a list of lines
+constexpr int kLeastFont = 15;  // of smaller letters nobody reads a question
+constexpr int kWideBox = 620;   // for a list of lines
 constexpr int kEdgeRoom = 4;
 constexpr std::uint32_t kTextFlags =
     draw::kWordBreak | draw::kEditControl | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
@@ -134,7 +135,7 @@ CDlgMsgDisplay::CDlgMsgDisplay(const Language& language, const BoxSpec& box, QWi
       icon_(new SignIcon(question_, this)) {
   setWindowTitle(ToQString(box.title));
   // Also the text's and the buttons'.
-  setFont(FontOf(Scaled(kFontHeight), 500));
+  setFont(FontOf(std::max(kLeastFont, Scaled(kFontHeight)), 500));
   // The palette of the scroll bar; all else is drawn.
   setPalette(QPalette(ToQColor(zmc_look::kBoxRaised), ToQColor(zmc_look::kBoxBack)));
   area_->setFrameShape(QFrame::NoFrame);
@@ -247,7 +248,7 @@ void CDlgMsgDisplay::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), ToQColor(zmc_look::kBoxBack));
   painter.fillRect(0, 0, width(), Scaled(kTitle), ToQColor(zmc_look::kBoxRaised));
   painter.setPen(ToQColor(zmc_look::kBoxText));
-  painter.setFont(FontOf(Scaled(kTitle) * 7 / 10, 700));
+  painter.setFont(FontOf(std::max(kLeastFont, Scaled(kTitle) * 7 / 10), 700));
   painter.drawText(QRect(Scaled(kMargin), 0, width(), Scaled(kTitle)), Qt::AlignVCenter | Qt::AlignLeft, windowTitle());
   painter.setPen(QPen(ToQColor(zmc_look::kBoxEdge), 2));
   painter.drawRect(rect().adjusted(1, 1, -1, -1));

@@ -7,6 +7,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>
 #include <algorithm>
 
@@ -20,6 +21,7 @@ namespace pnl {
 namespace {
 
 constexpr int kMostRows = 9;
+constexpr int kFingersOfRow = 2;
 constexpr int kBorder = 2;
 constexpr int kLowBox = 16;
 constexpr int kTextMargin = 4;
@@ -85,6 +87,12 @@ void ZmcBox::Open(bool open) {
   if (open == IsOpen()) return;
   if (!open) return hidePopup();
   if (count() != 0) showPopup();
+}
+
+void ZmcBox::showPopup() {
+  const int bar = view()->verticalScrollBar()->sizeHint().width();
+  view()->setMinimumWidth(kFingersOfRow * FingerPixels(*this) + bar);
+  QComboBox::showPopup();
 }
 
 void ZmcBox::MoveMark(int by) {

@@ -28,6 +28,8 @@ class ZmcBox : public QComboBox {
   void MoveMark(int by);
   /// Selects the marked item of the open list and closes it. False when there is none.
   bool AcceptMark();
+  /// The list is wider than a narrow box, so that a finger can press its rows.
+  void showPopup() override;
 
  signals:
   /// The line has lost the focus to another control.

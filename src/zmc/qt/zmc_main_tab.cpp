@@ -57,7 +57,12 @@ ZCTabZMCMain::ZCTabZMCMain(const ToolContext& context, QWidget* frame)
   connect(qApp, &QApplication::focusChanged, area_, [this] { ShowFocused(); });
 }
 
-ZCTabZMCMain::~ZCTabZMCMain() { EndMessages(); }
+ZCTabZMCMain::~ZCTabZMCMain() {
+  // The controls are destroyed after this object and may lose the focus then.
+  qApp->disconnect(area_);
+  grid_->disconnect(area_);
+  EndMessages();
+}
 
 void ZCTabZMCMain::Make(const ZmcControlPlace& place) {
   QWidget* made = nullptr;

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QTreeWidget>
 #include <algorithm>
 #include <array>
@@ -124,6 +126,35 @@ TEST_F(RemoteControls, AControlThatIsNotThereOrNotSeenIsRefusedByEveryMethod) {
   for (const char* method : {"ui.focus", "ui.click", "ui.doubleClick"}) {
     EXPECT_EQ(OnTool(method, R"("id":1)"), "-32602 id: the control can't be seen") << method;
   }
+}
+
+TEST_F(RemoteControls, AControlOnAPageThatScrollsIsBroughtIntoSightFirst) {
+  auto* page = new QScrollArea(tool);
+  page->setGeometry(0, 120, 250, 60);
+  auto* sheet = new QWidget;
+  sheet->resize(150, 500);
+  page->setWidget(sheet);
+  int presses = 0;
+  std::vector<QPushButton*> keys;
+  for (const int id : {11, 12}) {
+    keys.push_back(new QPushButton(sheet));
+    keys.back()->setProperty("pnlId", id);
+    keys.back()->setGeometry(0, id == 11 ? 0 : 400, 100, 30);
+    QObject::connect(keys.back(), &QPushButton::clicked, tool, [&presses] { ++presses; });
+  }
+  page->show();
+  const auto isSeen = [this](const char* id) {
+    return OnTool("ui.control", QByteArray(R"("id":)") + id).find(R"("visible":true)") != std::string::npos;
+  };
+  EXPECT_TRUE(isSeen("11"));
+  EXPECT_FALSE(isSeen("12")) << "an operator doesn't see it yet";
+  EXPECT_EQ(OnTool("ui.click", R"("id":12)"), "{}");
+  EXPECT_EQ(presses, 1);
+  EXPECT_TRUE(isSeen("12"));
+  EXPECT_FALSE(isSeen("11"));
+  EXPECT_EQ(OnTool("ui.focus", R"("id":11)"), "{}");
+  EXPECT_TRUE(keys[0]->hasFocus());
+  EXPECT_TRUE(isSeen("11"));
 }
 
 TEST_F(RemoteControls, AWindowIsToldByItsNumber) {

@@ -243,6 +243,18 @@ TEST_F(MsgDisplayTest, LaysOutItsPartsByTheScaleOfThePanel) {
   }
 }
 
+TEST_F(MsgDisplayTest, LettersAreNeverSmallerThanCanBeRead) {
+  for (const auto& [height, least] : {std::pair(213, 13), {300, 13}, {600, 17}, {1200, 34}}) {
+    area->resize(800, height);
+    Show("text", BoxStyle::kQuestion);
+    for (const int part : {kText, kFirst, kSecond}) {
+      EXPECT_GE(QFontInfo(Part(part)->font()).pixelSize(), least) << part << " at " << height;
+      EXPECT_GE(Part(part)->height(), CellHeight(Part(part)->fontMetrics())) << part << " at " << height;
+    }
+    EXPECT_GE(Part(kText)->parentWidget()->height(), CellHeight(box->fontMetrics())) << height;
+  }
+}
+
 TEST_F(MsgDisplayTest, AButtonGrowsWithItsCaptionWhileThereIsRoom) {
   language.SetText(266, u"A caption of some length");
   Show("text");
@@ -302,7 +314,7 @@ TEST_F(MsgDisplayTest, APressedButtonIsSeen) {
 // Fonts and drawing.
 
 TEST_F(MsgDisplayTest, ItsTextsHaveOneFontThatGrowsWithThePanel) {
-  for (const auto& [height, font] : {std::pair(600, 20), {900, 30}, {300, 12}}) {
+  for (const auto& [height, font] : {std::pair(600, 20), {900, 30}, {300, 15}}) {
     area->resize(800, height);
     Show("text", BoxStyle::kQuestion);
     const QFont expected = MakeFont("Arial", font, 500).value();

@@ -70,6 +70,17 @@ TEST_F(ZmcBoxTest, WhatTheLogicDoesIsNotReported) {
   EXPECT_EQ(changes, 1) << "the signals are back";
 }
 
+TEST_F(ZmcBoxTest, TheListOfANarrowBoxIsWideEnoughForAGlove) {
+  for (const int width : {60, 300}) {
+    box->resize(width, 20);
+    box->Fill(std::vector<Text>(30, u"T1"));
+    box->Open(true);
+    EXPECT_GE(box->view()->viewport()->width(), 2 * FingerPixels(*box)) << width;
+    EXPECT_GE(box->view()->window()->width(), width);
+    box->Open(false);
+  }
+}
+
 TEST_F(ZmcBoxTest, OpensWithItemsOnlyAndClosesAgain) {
   box->Open(false);
   EXPECT_FALSE(box->IsOpen());

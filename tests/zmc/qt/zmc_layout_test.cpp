@@ -173,8 +173,10 @@ TEST_F(ZmcLayoutTest, TheConditionsAreReadWhole) {
   for (const char* code : {"en", "es"}) {
     Speak(code);
     Open();
-    for (const QSize size : kPanels) {
+    for (const QSize size : {kPanels[0], kPanels[1], kPanels[2], QSize(850, 427)}) {
       Resize(size);
+      const QFontMetrics field(Field(id::kDiameter)->font());
+      EXPECT_LE(field.horizontalAdvance("100.0000") + 12, Main(id::kDiameter)->width()) << size.width();
       const QFontMetrics metrics(Grid()->font());
       QFont bold = Grid()->font();
       bold.setWeight(QFont::DemiBold);

@@ -58,6 +58,33 @@ TEST(PaintedTextsTest, ATextIsSeenOnItsField) {
   EXPECT_TRUE(kPlace.contains(texts[0].place)) << "its letters alone";
 }
 
+TEST(PaintedTextsTest, TheLettersAreAsBigAsTheyAreOnTheScreen) {
+  struct Row {
+    int font;
+    double scale;
+    int letters;
+  };
+  for (const Row& row : {Row{20, 1, 20}, Row{20, 0.5, 10}, Row{9, 1, 9}}) {
+    const auto texts = Seen([&row](QPainter& painter) {
+      QFont font;
+      font.setPixelSize(row.font);
+      painter.setFont(font);
+      painter.scale(row.scale, row.scale);
+      painter.drawText(kPlace, Qt::AlignCenter, "Start");
+    });
+    ASSERT_EQ(texts.size(), 1u);
+    EXPECT_EQ(texts[0].letters, row.letters) << row.font;
+  }
+  QFont points;
+  points.setPointSize(12);
+  const auto texts = Seen([&points](QPainter& painter) {
+    painter.setFont(points);
+    painter.drawText(kPlace, Qt::AlignCenter, "Start");
+  });
+  ASSERT_EQ(texts.size(), 1u);
+  EXPECT_EQ(texts[0].letters, 16) << "a point is an inch in 72";
+}
+
 TEST(PaintedTextsTest, TheFieldThatIsHardestToReadCounts) {
   const auto texts = Seen([](QPainter& painter) {
     painter.fillRect(QRect(160, 0, 240, 100), QColor(60, 60, 60));
