@@ -92,6 +92,17 @@ TEST_F(HelpPicker, CancelAndEscapeOpenNothing) {
   EXPECT_THAT(TakeHostCalls(), testing::Not(testing::Contains("HostToolWantsClose(2)")));
 }
 
+TEST_F(HelpPicker, AfterItThePanelHasTheKeysAgain) {
+  Make();
+  OpenAt();
+  Menu(2000);
+  QWidget* const before = Focus();
+  ASSERT_NE(before, nullptr);
+  Pick([](ZCListManuals& dialog) { EXPECT_EQ(QApplication::activeWindow(), &dialog); });
+  EXPECT_EQ(QApplication::activeWindow(), &panel);
+  EXPECT_EQ(Focus(), before);
+}
+
 TEST_F(HelpPicker, EnterIsOk) {
   Make();
   OpenAt();

@@ -267,6 +267,16 @@ TEST_F(PlcWindow, TheWindowsColourFillsAnEmptyArea) {
   EXPECT_EQ(Count(Paint(*tool), SystemColor(kColorWindow), QRect(0, 30, 800, 570)), 800 * 570);
 }
 
+TEST_F(PlcWindow, WhatLiesBelowItIsNotPaintedWithIt) {
+  Report(0);
+  const PaintCounter below(*area);
+  const PaintCounter own(*tool);
+  tool->update();
+  Settle();
+  EXPECT_EQ(own.Count(), 1);
+  EXPECT_EQ(below.Count(), 0);
+}
+
 // A host dims its keys for the video by this property.
 TEST_F(PlcWindow, ThePropertySaysWhetherAVideoIsShown) {
   const auto says = [this] { return tool->property(property::kVideo).toBool(); };
