@@ -29,6 +29,14 @@ TEST_F(XplrSessionTest, ItOpensInTheFolderOfTheRequestWithTheFirstRowChosen) {
   EXPECT_EQ(view->layout, LayOutXplr(800, 520, LayoutMode::kTreeAndList));
 }
 
+TEST_F(XplrSessionTest, ItComesToTheTopWhenItIsShown) {
+  Open();
+  const Log all = All();
+  const auto shown = std::find(all.begin(), all.end(), "view show");
+  ASSERT_NE(shown, all.end());
+  EXPECT_NE(std::find(shown, all.end(), "view top"), all.end());
+}
+
 TEST_F(XplrSessionTest, TheHostLearnsOfMenusInTheirOrder) {
   Open();
   Log asked = Asked();
@@ -412,6 +420,9 @@ TEST_F(XplrFindTest, ItShowsItsHintAndItsResults) {
   EXPECT_THAT(messages, ElementsAre(" line 3 back 2916452")) << "typing clears the result";
   Key(FindKey::kPageDown);
   EXPECT_EQ(messages.back(), "No zzz line 2 back 6586468");
+  messages.clear();
+  Message(XplrWindow::kFind, XplrMessage::kFindResult, static_cast<std::intptr_t>(FindResult::kFound));
+  EXPECT_THAT(messages, ElementsAre(" line 3 back 2916452")) << "what is found clears the result";
 }
 
 TEST_F(XplrFindTest, EscapeClosesTheDialogFirst) {
