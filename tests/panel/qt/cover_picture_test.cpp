@@ -292,6 +292,12 @@ TEST_F(CoverTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) {
     box.Keys()[2]->click();
     box.Keys()[10]->click();
     EXPECT_EQ(box.Edit().text(), "1111");
+    for (const int key : {1, 10}) {
+      box.Keys()[12]->setFocus();
+      box.Keys()[static_cast<std::size_t>(key)]->click();
+      EXPECT_TRUE(box.Edit().hasFocus()) << "a keyboard goes on where the keypad was pressed";
+    }
+    EXPECT_EQ(box.Edit().text(), "1111");
     box.Keys()[11]->click();
   }));
   EXPECT_FALSE(box.isVisible());
