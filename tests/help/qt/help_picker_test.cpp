@@ -153,8 +153,10 @@ TEST_F(HelpPicker, WithoutAListItSaysWhy) {
   Disc("C:\\P113\\Cnc7340.helps", "[OTHER]\r\n");
   Make();
   Pick([](ZCListManuals& dialog) {
-    EXPECT_EQ(FindControl(&dialog, help_id::kPickerNote)->property("pnlText").toString(),
-              "There is no list of manuals: Cnc7340.helps (1).");
+    const QWidget* note = FindControl(&dialog, help_id::kPickerNote);
+    EXPECT_EQ(note->property("pnlText").toString(), "There is no list of manuals: Cnc7340.helps (1).");
+    EXPECT_GT(note->y(), ListIn(dialog, help_id::kManuals)->geometry().bottom());
+    EXPECT_LT(note->geometry().bottom(), ListIn(dialog, help_id::kRecent)->y());
   });
 }
 
