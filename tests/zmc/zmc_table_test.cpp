@@ -552,7 +552,17 @@ TEST_P(ZmcTableTest, AClickOnTheHeaderOrdersUpThenDownThenByDateAgain) {
   EXPECT_EQ(Grid().sortColumn, 0);
   DestroyTool();
   EXPECT_THAT(Ini(), HasSubstr("AToZ=YES"));
+  EXPECT_THAT(Ini(), Not(HasSubstr("AToZ=NO")));
   EXPECT_THAT(Ini(), HasSubstr("MaterialType=0"));
+}
+
+TEST_P(ZmcTableTest, AfterOrderingTheSoftKeysAreThoseOfTheRowThatCameToTheTop) {
+  OpenTable();
+  EXPECT_TRUE(CanDelete()) << "a row of the user's";
+  ClickHeader(Table().tab, 1);
+  EXPECT_EQ(Origins().front(), "O");
+  EXPECT_FALSE(CanDelete());
+  EXPECT_THAT(Asked(), Contains("HostUpdateSideMenu(4)"));
 }
 
 TEST_P(ZmcTableTest, AColumnThatOrdersNothingAsksNothing) {
