@@ -188,6 +188,15 @@ TEST_F(XplrPreviewTest, AtMost4096BytesAreRead) {
   EXPECT_EQ(ground_.view.preview.lines.size(), 12u);
 }
 
+TEST_F(XplrPreviewTest, WhatIsReadUpToTheLastByteMayGoOn) {
+  preview_.SetThere(true);
+  Disc().bytes[u"C:\\CNC\\LONG.NC"] = "\xC3\xA9\n" + std::string(4092, '\n') + "\xC3\xA9";
+  Select(File(u"LONG.NC"));
+  ground_.worker.RunAll();
+  ASSERT_FALSE(ground_.view.preview.lines.empty());
+  EXPECT_TRUE(ground_.view.preview.lines[0] == u"\u00E9") << "the last character is cut, not wrong";
+}
+
 TEST_F(XplrPreviewTest, WithoutAWorkerItShowsNothing) {
   ground_.worker.refuses = true;
   preview_.SetThere(true);

@@ -273,6 +273,12 @@ TEST_F(XplrTreeTest, OpeningAFolderShowsItsFoldersSorted) {
   EXPECT_THAT(ground_.Take(), ElementsAre("view open " + number)) << "read once";
 }
 
+TEST_F(XplrTreeTest, AFolderThatIsReadInPartsShowsAllItsFolders) {
+  ground_.places.disc->batch = 1;
+  FillAndOpen(u"C:\\CNC");
+  EXPECT_THAT(Texts(Find({u"C:", u"CNC"})), ElementsAre("EMPTY", "PROGRAMS"));
+}
+
 TEST_F(XplrTreeTest, WithTheFocusAFolderThatCannotBeReadStaysClosedAndKeepsItsMark) {
   Fill(u"C:\\CNC");
   tree_.OnNodeOpening(tree_.Selected());
