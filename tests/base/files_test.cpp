@@ -6,6 +6,7 @@
 #include <sys/types.h>
 
 #include <filesystem>
+#include <vector>
 
 #include "support/temp_folder.h"
 
@@ -178,6 +179,8 @@ TEST_F(FilesTest, MakeFolderTellsWhyItFailed) {
   EXPECT_EQ(files.MakeFolder(u"C:\\file\\below"), FileStatus::kFailed);
   EXPECT_EQ(files.MakeFolder(u"C:\\locked\\below"), FileStatus::kDenied);
   EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kOutOfReach);
+  fs::create_symlink("circle", Host("circle"));
+  EXPECT_EQ(files.MakeFolder(u"C:\\circle"), FileStatus::kOutOfReach);
   drives.Set('D', Host("unplugged"));
   EXPECT_EQ(files.MakeFolder(u"D:\\a"), FileStatus::kOutOfReach);
   EXPECT_FALSE(temp.Has("unplugged"));
@@ -200,6 +203,47 @@ TEST_F(FilesTest, WhatReadWholeGivesOfAGrowingFileIsItsContent) {
     EXPECT_EQ(status->find('\0'), std::string::npos);
     EXPECT_EQ(status->back(), '\n');
   }
+}
+
+/// A file that grows while it is read and goes on for ever. It records how much each read asked for.
+class EndlessFiles final : public Files {
+ public:
+  explicit EndlessFiles(Files& inner) : inner_(inner) {}
+  FileInfo Query(TextView path) const override { return inner_.Query(path); }
+  std::unique_ptr<FileReader> OpenRead(TextView, FileStatus*) const override { return std::make_unique<Reader>(asked); }
+  FileStatus CanReplace(TextView path) const override { return inner_.CanReplace(path); }
+  FileStatus Replace(TextView path, std::string_view bytes) override { return inner_.Replace(path, bytes); }
+  FileStatus MakeFolder(TextView path) override { return inner_.MakeFolder(path); }
+  std::optional<std::string> HostPath(TextView path) const override { return inner_.HostPath(path); }
+  std::unique_ptr<Files> ForAnotherThread() const override { return inner_.ForAnotherThread(); }
+
+  mutable std::vector<std::size_t> asked;
+
+ private:
+  class Reader final : public FileReader {
+   public:
+    explicit Reader(std::vector<std::size_t>& asked) : asked_(asked) {}
+    std::int64_t Read(char* buffer, std::size_t size) override {
+      asked_.push_back(size);
+      // A single byte, so that no request can write past its buffer.
+      *buffer = 'x';
+      return 1;
+    }
+    bool Seek(std::uint64_t) override { return false; }
+    std::uint64_t Position() const override { return 0; }
+    std::uint64_t Size() const override { return 4; }
+
+   private:
+    std::vector<std::size_t>& asked_;
+  };
+  Files& inner_;
+};
+
+TEST_F(FilesTest, ReadWholeAsksForWhatHasRoomBehindWhatItHas) {
+  EndlessFiles endless(files);
+  EXPECT_FALSE(ReadWhole(endless, u"C:\\a.txt", 7));
+  // Five bytes of room at first, one more than the file's size; then as many as the limit allows and one.
+  EXPECT_EQ(endless.asked, (std::vector<std::size_t>{5, 4, 3, 2, 1, 3, 2, 1}));
 }
 
 TEST_F(FilesTest, AFileBeyondAGigabyteIsReadOnlyWhereThatIsAsked) {

@@ -186,6 +186,13 @@ TEST_F(IniFileTest, AValueIsKeptAsAReaderOfTheFileFindsIt) {
   EXPECT_EQ(ini.Serialize(), "[S]\r\n");
 }
 
+TEST_F(IniFileTest, AValueTakesThePlaceOfAnEmptyOneRightAfterTheSign) {
+  ini.Parse("[S]\r\na=\r\n b =  \r\n");
+  ini.WriteString(u"S", u"a", u"1");
+  ini.WriteString(u"S", u"b", u"2");
+  EXPECT_EQ(ini.Serialize(), "[S]\r\na=1\r\n b =2\r\n");
+}
+
 TEST_F(IniFileTest, BlankLinesAtTheEndNeedNoFurtherOne) {
   for (const char* end : {"\r\n", "\r\n\r\n", "; note\r\n\r\n"}) {
     ini.Parse(std::string("[One]\r\na=1\r\n") + end);

@@ -95,9 +95,11 @@ TEST(Numbers, IntegersAreReadFromTheStartOfAText) {
       {u"-2147483648", kLowest32, kLowest32},
       {u"-2147483649", kLowest32, {}},
       {u"99999999999999999999999999999", 2147483647, {}},
+      {u"21474836470", 2147483647, {}},
       {u"-99999999999999999999999999999", kLowest32, {}},
       {u"\uFF11", 0, {}},  // a full-width digit is none
       {TextView(u"5\0", 2), 5, {}},
+      {TextView(u"1234", 2), 12, 12},  // the digits behind the text belong to another one
   };
   for (const IntRow& row : rows) {
     EXPECT_EQ(ParseIntPrefix(row.text), row.prefix) << ToUtf8(row.text);
@@ -199,6 +201,26 @@ TEST(Numbers, RandomTextsReadAsTheCLibraryReadsThem) {
       ASSERT_EQ(actual, expected) << text;
     }
   }
+}
+
+TEST(Numbers, ANumberBeyondTheDoublesIsInfiniteOrZeroByItsFirstDigitAndItsExponent) {
+  const Text zeros(500, u'0');
+  const struct {
+    Text text;
+    double value;
+  } rows[] = {
+      {u"1." + zeros + u"e-400", 0.0},  // the digits after the point don't make it larger
+      {zeros + u"1e400", kInfinity},    // nor do the zeros before the first digit make it smaller
+      {u"." + zeros + u"1e100", 0.0},       {u"1" + zeros + u"e-900", 0.0},
+      {u"1" + zeros + u"e-100", kInfinity}, {u"0x1" + zeros + u"p-900", kInfinity},
+  };
+  for (const auto& row : rows) EXPECT_EQ(ParseDoublePrefix(row.text), row.value) << ToUtf8(row.text);
+}
+
+TEST(Numbers, ALetterOfAnotherAlphabetEndsANumberWhateverItsCode) {
+  // The low byte of these letters is that of a digit.
+  EXPECT_EQ(ParseDoublePrefix(u"1\u0135"), 1.0);
+  EXPECT_EQ(ParseDouble(u"1\u0135"), std::nullopt);
 }
 
 TEST(Numbers, AMillionDigitsAreReadAtOnce) {

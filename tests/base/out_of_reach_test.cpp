@@ -180,6 +180,21 @@ TEST(OutOfReachTest, ALinkToAMissingFileInAFolderThatIsThereIsAbsent) {
   EXPECT_EQ(place.temp.Read("drive/share/made-later.ini"), "new");
 }
 
+TEST(OutOfReachTest, ALinkToAMissingFileIsAbsentOnlyWhereTheFolderCanBeLookedThrough) {
+  Place place;
+  fs::create_directory(place.Host("other"));
+  fs::create_symlink("../../other/later.ini", place.Host("share/user/link.ini"));
+  const struct {
+    mode_t mode;
+    bool outOfReach;
+  } rows[] = {{0755, false}, {0311, true}, {0644, true}, {0, true}};
+  for (const auto& row : rows) {
+    place.Mode("other", row.mode);
+    EXPECT_EQ(place.files.Query(u"D:\\share\\user\\link.ini").outOfReach, row.outOfReach) << row.mode;
+  }
+  place.Mode("other", 0755);
+}
+
 // Such a name can't be on the disc, so nothing can be made there.
 TEST(OutOfReachTest, ALinkToANameThatIsTooLongIsOutOfReach) {
   Place place;

@@ -319,6 +319,8 @@ TEST_F(TextFileTest, AFileReadToItsEndHasNotFailed) {
   for (Text line; file.ReadString(line);) {
   }
   EXPECT_TRUE(file.ReadFailed());
+  EXPECT_TRUE(file.Close());
+  EXPECT_FALSE(file.ReadFailed()) << "of a closed file nothing is left";
   broken.Heal();
   ASSERT_TRUE(file.Open(u"C:\\a.dat", CStdioFileEx::kRead));
   for (Text line; file.ReadString(line);) EXPECT_FALSE(file.ReadFailed());

@@ -67,6 +67,7 @@ TEST(Text, ALoneSurrogateIsWrittenAsReplacement) {
   EXPECT_EQ(ToUtf8(high + u"a"),
             "\xEF\xBF\xBD"
             "a");
+  EXPECT_EQ(ToUtf8(u"a" + low), "a\xEF\xBF\xBD");
   EXPECT_EQ(ToUtf8(high + low), "\xF0\x9F\x98\x80");
 }
 
@@ -153,6 +154,7 @@ TEST(Text, ComparesWithoutRegardToCase) {
   EXPECT_LT(CompareNoCase(u"ab", u"ABC"), 0);
   EXPECT_GT(CompareNoCase(u"abc", u"AB"), 0);
   EXPECT_LT(CompareNoCase(u"", u"a"), 0);
+  EXPECT_LT(CompareNoCase(TextView(u"abz", 2), u"aba"), 0) << "what follows a text isn't compared";
   EXPECT_TRUE(EqualNoCase(u"YES", u"yes"));
   EXPECT_FALSE(EqualNoCase(u"YES", u"yes "));
   EXPECT_TRUE(EqualNoCase(u"", u""));

@@ -104,12 +104,23 @@ TEST_F(CalcKeptWork, RemovalsComeBackTheLastOneFirst) {
   Delete({0});
   Delete({1, 2});
   EXPECT_EQ(tool->RemovalNumber(), 2);
+  EXPECT_EQ(Removed(), "2 '3+3'");
   EXPECT_EQ(PutBack(), 2);
   EXPECT_THAT(Rows(), ElementsAre("2+2", "3+3", "4+4"));
   EXPECT_EQ(tool->RemovalNumber(), 1);
   EXPECT_EQ(PutBack(), 1);
   EXPECT_THAT(Rows(), ElementsAre("1+1", "2+2", "3+3", "4+4"));
   EXPECT_EQ(tool->RemovalNumber(), 0);
+}
+
+TEST_F(CalcKeptWork, NoMoreRemovalsAreKeptThanAnybodyWantsBack) {
+  for (std::size_t i = 0; i < kMostRemovals + 5; ++i) {
+    Confirm("7");
+    Delete({0});
+  }
+  std::size_t back = 0;
+  while (PutBack() == 1) ++back;
+  EXPECT_EQ(back, kMostRemovals);
 }
 
 TEST_F(CalcKeptWork, AForgottenRemovalDoesNotComeBack) {

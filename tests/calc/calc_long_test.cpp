@@ -163,6 +163,46 @@ TEST_F(CalcLongTest, WhileItConfirmsNothingElseChangesLineListOrVariables) {
   EXPECT_EQ(LineNow(), kLong);
 }
 
+TEST_F(CalcLongTest, AListThatIsOpenStaysOpenWhileItConfirms) {
+  Line(kLong);
+  Key(CalcKey::kUp);
+  Key(CalcKey::kInsert);
+  ASSERT_TRUE(tool->IsComputing());
+  PressLine();
+  EXPECT_TRUE(tool->IsListOpen());
+  Key(CalcKey::kEscape);
+  Key(CalcKey::kEscape);
+  ASSERT_FALSE(tool->IsListOpen());
+  Button(calc_id::kShowVariables);
+  Key(CalcKey::kInsert);
+  ASSERT_TRUE(tool->IsComputing());
+  view->variable = 0;
+  PickVariable();
+  EXPECT_TRUE(view->Shows(calc_id::kVariables));
+  EXPECT_EQ(LineNow(), kLong);
+}
+
+TEST_F(CalcLongTest, AConfirmationTakesThePlaceOfAPreviewThatStillRuns) {
+  const std::string text = std::string("N=1;") + kLong;
+  Line(text);
+  Mark(4, static_cast<int>(text.size()));
+  Tick();
+  ASSERT_EQ(Status(), "Computing");
+  Key(CalcKey::kEnter);
+  EXPECT_FALSE(tool->IsComputing());
+  EXPECT_FALSE(view->working) << "the window would call for ever";
+  EXPECT_EQ(LineNow(), "");
+}
+
+TEST_F(CalcLongTest, ALineThatIsTheSameStillKeepsItsCaretWhileItConfirms) {
+  Confirm(kLong);
+  Mark(3, 3);
+  log.clear();
+  LineChanged();
+  EXPECT_THAT(All(), IsEmpty());
+  EXPECT_EQ(view->selection, (TextSelection{3, 3}));
+}
+
 TEST_F(CalcLongTest, TheLineIsPutBackWhenSomethingGetsPastTheKeys) {
   Confirm(kLong);
   view->Replace(u"12");

@@ -55,6 +55,14 @@ TEST_F(CalcVariablesTest, EnterWritesTheNameAtTheCaret) {
   EXPECT_EQ(Status(), "Value : 7");
 }
 
+TEST_F(CalcVariablesTest, EnterTakesTheFirstRowToo) {
+  Confirm("A=5;C=2");
+  Button(calc_id::kShowVariables);
+  view->variable = 0;
+  Key(CalcKey::kEnter);
+  EXPECT_EQ(LineNow(), "A");
+}
+
 TEST_F(CalcVariablesTest, ATapWritesTheNameInThePlaceOfTheSelection) {
   Confirm("7");
   Line("1+2");

@@ -19,10 +19,10 @@ TEST(ErrorGeometry, MarginsFollowThePanelsSize) {
   const MarginCase cases[] = {
       {800, 600, 7, true, 65, 90},     {800, 480, 7, true, 65, 90},     {801, 601, 7, true, 65, 90},
       {1024, 768, 7, true, 83, 115},   {1280, 1023, 7, true, 110, 144}, {1280, 1024, 7, true, 139, 144},
-      {400, 1024, 7, true, 65, 90},    {1920, 1080, 7, true, 209, 216}, {1920, 1080, 22, true, 66, 216},
-      {800, 600, 7, false, 65, 90},    {801, 601, 7, false, 75, 90},    {1024, 768, 7, false, 75, 105},
-      {1024, 768, 20, false, 65, 105}, {700, 768, 7, false, 75, 90},    {900, 768, 10, false, 68, 101},
-      {1920, 1080, 7, false, 75, 105},
+      {400, 1024, 7, true, 65, 90},    {400, 1024, 1, true, 305, 90},   {1920, 1080, 7, true, 209, 216},
+      {1920, 1080, 22, true, 66, 216}, {800, 600, 7, false, 65, 90},    {801, 601, 7, false, 75, 90},
+      {1024, 768, 7, false, 75, 105},  {1024, 768, 20, false, 65, 105}, {700, 768, 7, false, 75, 90},
+      {900, 768, 10, false, 68, 101},  {1920, 1080, 7, false, 75, 105},
   };
   for (const MarginCase& row : cases) {
     const std::string where = std::to_string(row.width) + "x" + std::to_string(row.height) +
@@ -96,6 +96,12 @@ TEST_F(PlacedErrorWindow, AStoredFrameIsTheOneThatTheWindowWasWrittenFor) {
 TEST_F(PlacedErrorWindow, AWindowThatIsTooSmallTakesBothDefaults) {
   Ini() = "[COMMON]\r\nWindow=0,0,99,298\r\nParentWindow=0,0,10,10\r\nFrame=73,90,65,25\r\n";
   EXPECT_EQ(Place(), kDefaultErrorWindow);
+}
+
+TEST_F(PlacedErrorWindow, AWindowThatIsTooSmallForgetsThePanelThatItWasWrittenFor) {
+  Ini() = "[COMMON]\r\nWindow=0,0,99,298\r\nParentWindow=0,0,1600,1200\r\nFrame=73,90,65,25\r\n";
+  EXPECT_EQ(Place(), kDefaultErrorWindow) << "it isn't made smaller still";
+  EXPECT_TRUE(disc.replaced.empty());
 }
 
 TEST_F(PlacedErrorWindow, AHundredPixelsAreEnough) {

@@ -28,7 +28,7 @@ class FakeErrorView final : public FakeControls<ErrorView> {
     for (const auto& [id, rect] : rects) shown[id] = false;
   }
   void FocusWindow() override { Order("focus window"), Move(Focus::kWindow); }
-  void Invalidate() override { Asked(); }
+  void Invalidate() override { Asked(), ++invalidations; }
   void SetWindowRect(const Rect& rect) override {
     Asked();
     const bool resized = rect.Width() != client.Width() || rect.Height() != client.Height();
@@ -69,6 +69,7 @@ class FakeErrorView final : public FakeControls<ErrorView> {
   bool hotKey = false;
   bool titleCentred = true;
   bool waits = false;
+  int invalidations = 0;
   std::function<void()> onResized;
 };
 

@@ -35,6 +35,27 @@ TEST_F(ErrorStays, ANewReportOfThePrimaryErrorTakesTheScreenBackToIt) {
   EXPECT_EQ(Counters(), "-/3");
 }
 
+TEST_F(ErrorStays, EachErrorThatIsShownHasTheWindowPaintedAnew) {
+  MakeTool();
+  Push(Kernel(1000));
+  Push(Kernel(1001));
+  for (const ErrorKey key : {ErrorKey::kRight, ErrorKey::kLeft}) {
+    const int before = view->invalidations;
+    Key(key);
+    EXPECT_EQ(view->invalidations, before + 1);
+  }
+}
+
+TEST_F(ErrorStays, WalkingThereAndBackWritesWhichErrorIsShown) {
+  MakeTool();
+  Push(Kernel(1000));
+  Push(Kernel(1001));
+  Key(ErrorKey::kRight);
+  EXPECT_EQ(Current(), "\"ERROR 1001: fault 1001\"");
+  Key(ErrorKey::kLeft);
+  EXPECT_EQ(Current(), "\"ERROR 1000: fault 1000\"");
+}
+
 TEST_F(ErrorStays, ConfirmingTheSecondErrorShowsTheFirst) {
   MakeTool();
   for (const int number : {1000, 3753, 1001}) Push(Kernel(number));

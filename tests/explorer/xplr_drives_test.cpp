@@ -138,6 +138,7 @@ TEST_F(XplrDrives, ADriveThatIsLockedIsAnotherNodeAndOneWithAnotherLabelIsTheSam
   Places().locked = DriveBit(u'E');
   tree_.UpdateDrives();
   EXPECT_NE(Find({u"E:"}), before);
+  EXPECT_THAT(Roots(), ElementsAre("C:", "E:  (unavailable)", "Net"));
   EXPECT_TRUE(ground_.state.Path == u"C:");
 }
 

@@ -737,6 +737,16 @@ TEST_F(XplrListTest, ASearchSelectsScrollsAndTellsTheDialog) {
   EXPECT_EQ(ToUtf8(list_.Search()), ".NC");
 }
 
+TEST_F(XplrListTest, WhatASearchFindsEndsWhatWasTyped) {
+  Fill();
+  list_.OnTyped(u"b");
+  list_.SetSearch(u"c.nc");
+  Take();
+  list_.SearchList(true);
+  EXPECT_EQ(Take(), (Log{"view mark 0", "view row 4", "view scroll 4", "send form XPLR_UPDATE_CAPTION ' Pick = c.nc'",
+                         "send find XPLR_FIND_RESULT 1"}));
+}
+
 TEST_F(XplrListTest, ASearchThatFindsOnlyTheSelectedRowOrNoneChangesNothing) {
   Fill();
   list_.OnRowSelected(RowOf(u"b.txt"));

@@ -343,6 +343,13 @@ TEST_F(XplrShares, AShareIsReadNoFurtherThanItsDotEntry) {
   EXPECT_EQ(batches, 0);
 }
 
+TEST_F(XplrShares, ADotEntryMayComeLate) {
+  disc_->folders[u"X:"] = {File(u"a"), File(u"b"), Dots(u".")};
+  disc_->batch = 1;
+  server_.batches = {{Share(u"X:")}};
+  EXPECT_EQ(NamesOf(LoadAll()), Names{"."});
+}
+
 TEST_F(XplrShares, AReadingThatIsCancelledAsksNoFurtherShare) {
   disc_->folders[u"\\\\SRV\\A"];
   disc_->folders[u"\\\\SRV\\B"];

@@ -239,6 +239,16 @@ TEST_F(XplrFailing, TheOperatorsAskingTriesItAgain) {
   }
 }
 
+TEST_F(XplrFailing, APieceOfThePathAsksForAFailedFolderUnlessItIsTheListedOne) {
+  OpenNetwork();
+  Walk(a);
+  ASSERT_EQ(view->labels[xplr_control::kFolder], u"\\\\S\\A");
+  places.disc->asked.clear();
+  TouchPath(4);
+  EXPECT_TRUE(HasFailed(a));
+  EXPECT_THAT(places.disc->asked, IsEmpty()) << "the folder itself";
+}
+
 TEST_F(XplrFailing, OpeningItWithAnArrowDoesNotAsk) {
   OpenNetwork();
   Walk(a);

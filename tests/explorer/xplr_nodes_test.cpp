@@ -61,6 +61,8 @@ TEST(XplrNodes, ALockedDriveIsUnavailableOnlyIfTheRequestHidesLockedDrives) {
   EXPECT_EQ(hidden->kind, NodeKind::kUnavailable);
   EXPECT_FALSE(hidden->hasChildren);
   EXPECT_FALSE(DriveNode('D', places, false, u"locked")) << "a type without a node";
+  ASSERT_TRUE(DriveNode('D', places, true, u"locked")) << "what is unavailable has a node whatever its type";
+  EXPECT_EQ(DriveNode('D', places, true, u"locked")->kind, NodeKind::kUnavailable);
 }
 
 TEST(XplrNodes, ARememberedDriveThatIsNotConnectedIsANetworkDrive) {

@@ -71,9 +71,15 @@ TEST(XplrPreviewLines, OnlyACharacterThatIsReallyCutIsLeftOut) {
     const char* bytes;
     TextView line;
   } rows[] = {
-      {"\xC3\xA9 a", u"\u00E9 a"}, {"\xE2\x82\xAC", u"\u20AC"},     {"\xF0\x9F\x98\x80", u"\U0001F600"},
-      {"a\xC2\x80", u"a\u0080"},   {"\xE2\x82\xAC\xE2", u"\u20AC"}, {"\xE2\x82\xAC\xF0\x9F", u"\u20AC"},
+      {"\xC3\xA9 a", u"\u00E9 a"},
+      {"\xE2\x82\xAC", u"\u20AC"},
+      {"\xF0\x9F\x98\x80", u"\U0001F600"},
+      {"a\xC2\x80", u"a\u0080"},
+      {"\xE2\x82\xAC\xE2", u"\u20AC"},
+      {"\xE2\x82\xAC\xF0\x9F", u"\u20AC"},
       {"\xC3\xA9\x7F", u"\u00E9"},
+      // No character is so long, so nothing is cut: the text isn't UTF-8.
+      {"\xC3\xA9\xE2\x82\x82\x82\x82", u"\u00C3\u00A9\u00E2\u0082\u0082\u0082\u0082"},
   };
   for (const auto& row : rows) {
     const Lines lines = FirstLines(row.bytes, false);
@@ -180,6 +186,15 @@ TEST_F(XplrPreviewTest, AtMost4096BytesAreRead) {
   Select(File(u"LONG.NC"));
   ground_.worker.RunAll();
   EXPECT_EQ(ground_.view.preview.lines.size(), 12u);
+}
+
+TEST_F(XplrPreviewTest, WhatIsReadUpToTheLastByteMayGoOn) {
+  preview_.SetThere(true);
+  Disc().bytes[u"C:\\CNC\\LONG.NC"] = "\xC3\xA9\n" + std::string(4092, '\n') + "\xC3\xA9";
+  Select(File(u"LONG.NC"));
+  ground_.worker.RunAll();
+  ASSERT_FALSE(ground_.view.preview.lines.empty());
+  EXPECT_TRUE(ground_.view.preview.lines[0] == u"\u00E9") << "the last character is cut, not wrong";
 }
 
 TEST_F(XplrPreviewTest, WithoutAWorkerItShowsNothing) {

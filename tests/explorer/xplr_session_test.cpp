@@ -29,6 +29,14 @@ TEST_F(XplrSessionTest, ItOpensInTheFolderOfTheRequestWithTheFirstRowChosen) {
   EXPECT_EQ(view->layout, LayOutXplr(800, 520, LayoutMode::kTreeAndList));
 }
 
+TEST_F(XplrSessionTest, ItComesToTheTopWhenItIsShown) {
+  Open();
+  const Log all = All();
+  const auto shown = std::find(all.begin(), all.end(), "view show");
+  ASSERT_NE(shown, all.end());
+  EXPECT_NE(std::find(shown, all.end(), "view top"), all.end());
+}
+
 TEST_F(XplrSessionTest, TheHostLearnsOfMenusInTheirOrder) {
   Open();
   Log asked = Asked();
@@ -130,6 +138,44 @@ TEST_F(XplrSessionTest, AMessageThatIsNotKnownIsNotAnswered) {
       EXPECT_EQ(session.OnMessage(static_cast<XplrWindow>(window), {0x999, 1, 2}), std::nullopt) << window;
     });
   }
+}
+
+TEST_F(XplrSessionTest, EveryMessageOfItsOwnIsAnsweredWithZero) {
+  Open();
+  const std::pair<XplrWindow, XplrMessage> rows[] = {
+      {XplrWindow::kFrame, XplrMessage::kUpdate},  {XplrWindow::kForm, XplrMessage::kUpdateMenu},
+      {XplrWindow::kTree, XplrMessage::kEndFind},  {XplrWindow::kList, XplrMessage::kFind},
+      {XplrWindow::kList, XplrMessage::kFindNext}, {XplrWindow::kFind, XplrMessage::kFindResult}};
+  for (const auto& [window, message] : rows) EXPECT_EQ(Message(window, message), 0) << static_cast<int>(message);
+}
+
+TEST_F(XplrSessionTest, NothingIsPlacedBeforeItStarts) {
+  Open();
+  tool = std::make_shared<XplrSession>(context, *view);
+  Forget();
+  Call(&XplrSession::OnResized, 800, 520);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
+TEST_F(XplrSessionTest, TheCaptionIsThereBeforeAnyFolderIsRead) {
+  SetField(request.File, u"A.NC");
+  Open();
+  const Log all = All();
+  const auto caption = std::find(all.begin(), all.end(), "view label 1101  Pick = A.NC");
+  const auto read =
+      std::find_if(all.begin(), all.end(), [](const auto& line) { return line.starts_with("view nodes"); });
+  ASSERT_NE(read, all.end());
+  EXPECT_LT(caption, read);
+  SetField(request.File, u"");
+}
+
+TEST_F(XplrSessionTest, InAListAloneNoKeyLeadsToTheTree) {
+  request.Flags = XPLR_LISTONLY;
+  Open();
+  Focus(xplr_control::kList);
+  Menu(xplr_command::kMoveToTree);
+  EXPECT_EQ(view->focused, xplr_control::kList);
+  request.Flags = 0;
 }
 
 TEST_F(XplrSessionTest, TheFormsMessagesActFromWhoeverTheyCome) {
@@ -336,6 +382,13 @@ TEST_F(XplrPin, APinKeepsTheFolderOfTheAskerAndHidesTheTree) {
   EXPECT_EQ(files.disc[path_].find("PinnedFolder"), std::string::npos);
 }
 
+TEST_F(XplrPin, ThePasswordOfThePinIsAskedForAndTheHostShowsTheNewMenu) {
+  Open();
+  Forget();
+  Menu(32791);
+  EXPECT_THAT(All(), testing::IsSupersetOf({"PSW_ConfirmarAcceso(4,0,0)=1", "HostUpdateSideMenu(5)"}));
+}
+
 TEST_F(XplrPin, APinnedFolderThatIsGoneIsIgnoredAndItsKeyStays) {
   files.disc[path_] = "[USER_1006]\r\nPinnedFolder=C:\\GONE\r\n";
   Open();
@@ -412,6 +465,32 @@ TEST_F(XplrFindTest, ItShowsItsHintAndItsResults) {
   EXPECT_THAT(messages, ElementsAre(" line 3 back 2916452")) << "typing clears the result";
   Key(FindKey::kPageDown);
   EXPECT_EQ(messages.back(), "No zzz line 2 back 6586468");
+  messages.clear();
+  Message(XplrWindow::kFind, XplrMessage::kFindResult, static_cast<std::intptr_t>(FindResult::kFound));
+  EXPECT_THAT(messages, ElementsAre(" line 3 back 2916452")) << "what is found clears the result";
+}
+
+TEST_F(XplrFindTest, WithoutTextOrDialogNothingIsFound) {
+  Open();
+  view->find = u"txt";
+  Forget();
+  Menu(xplr_command::kNext);
+  Menu(xplr_command::kPrevious);
+  EXPECT_THAT(All(), IsEmpty()) << "the dialog isn't open";
+  StartFind();
+  TypeFind(u"b");
+  Key(FindKey::kEnter);
+  EXPECT_EQ(view->labels[xplr_control::kCaption], u" Pick = B.TXT") << "one letter is enough";
+  view->find = u"a";
+  Message(XplrWindow::kList, XplrMessage::kFindNext, 0);
+  EXPECT_EQ(view->labels[xplr_control::kCaption], u" Pick = B.TXT") << "the message says that there is no text";
+}
+
+TEST_F(XplrFindTest, TheEndOfAFolderSearchThatIsNotOpenLeadsNowhere) {
+  Open();
+  view->folder = u"C:\\CNC\\SUB";
+  Message(XplrWindow::kTree, XplrMessage::kEndFind);
+  EXPECT_EQ(view->labels[xplr_control::kFolder], u"C:\\CNC");
 }
 
 TEST_F(XplrFindTest, EscapeClosesTheDialogFirst) {

@@ -273,6 +273,12 @@ TEST_F(XplrTreeTest, OpeningAFolderShowsItsFoldersSorted) {
   EXPECT_THAT(ground_.Take(), ElementsAre("view open " + number)) << "read once";
 }
 
+TEST_F(XplrTreeTest, AFolderThatIsReadInPartsShowsAllItsFolders) {
+  ground_.places.disc->batch = 1;
+  FillAndOpen(u"C:\\CNC");
+  EXPECT_THAT(Texts(Find({u"C:", u"CNC"})), ElementsAre("EMPTY", "PROGRAMS"));
+}
+
 TEST_F(XplrTreeTest, WithTheFocusAFolderThatCannotBeReadStaysClosedAndKeepsItsMark) {
   Fill(u"C:\\CNC");
   tree_.OnNodeOpening(tree_.Selected());
@@ -333,6 +339,12 @@ TEST_F(XplrTreeTest, GoingToAFolderSelectsItAndReloadsTheList) {
   const Log sent = ground_.Take();
   EXPECT_EQ(sent.back(), "view focus 1106");
   EXPECT_THAT(sent, testing::Contains("post form XPLR_UPDATE_LIST"));
+  tree_.GoTo(u"C:\\CNC");
+  EXPECT_THAT(ground_.Take(), testing::Contains("view open " + std::to_string(Find({u"C:"})))) << "though it is read";
+  tree_.GoTo(u"C:");
+  ground_.Take();
+  tree_.GoTo(u"C:");
+  EXPECT_THAT(ground_.Take(), testing::Contains("post form XPLR_UPDATE_LIST")) << "to where it is already";
 }
 
 // ---------------------------------------------------------------- between question and answer

@@ -55,6 +55,15 @@ TEST(XplrTyped, ALetterIsTakenBackWhole) {
   EXPECT_EQ(typed.TakeBack(rows), std::nullopt);
 }
 
+TEST(XplrTyped, HalfACharacterIsTakenBackAsOneLetter) {
+  const Text half(1, char16_t{0xDE00});
+  const auto rows = Rows({half + u"x"});
+  XplrTyped typed;
+  EXPECT_EQ(typed.Add(half, rows), 0u);
+  EXPECT_EQ(typed.TakeBack(rows), std::nullopt);
+  EXPECT_TRUE(typed.Letters().empty());
+}
+
 TEST(XplrTyped, WithoutRowsNothingIsTyped) {
   XplrTyped typed;
   EXPECT_EQ(typed.Add(u"a", {}), std::nullopt);

@@ -205,6 +205,13 @@ TEST_F(ManualShelfTest, AnUnmappedDriveIsntStarted) {
   EXPECT_FALSE(worker.IsBusy());
 }
 
+TEST_F(ManualShelfTest, AManualOnAnUnmappedDriveTakesThePlaceOfTheOneBeforeAllTheSame) {
+  ManualShelf shelf(worker, files, std::make_shared<const ManualCache>(temp.Path() / "cache", extractor));
+  EXPECT_TRUE(shelf.Open(u"C:\\P113\\oper.chm", [](const OpenedBook&) { FAIL() << "nobody asks for it any more"; }));
+  EXPECT_FALSE(shelf.Open(u"Z:\\oper.chm", [](const OpenedBook&) { FAIL(); }));
+  worker.RunAll();
+}
+
 TEST_F(ManualShelfTest, AnAnswerThatNobodyWaitsForDoesntCome) {
   ManualShelf shelf(worker, files, std::make_shared<const ManualCache>(temp.Path() / "cache", extractor));
   EXPECT_TRUE(shelf.Open(u"C:\\P113\\oper.chm", [](const OpenedBook&) { FAIL(); }));

@@ -182,10 +182,22 @@ TEST_F(MdiBlock, AnAbortedBlockIsInTheHistoryOnly) {
 
 TEST_F(MdiBlock, AnAbortInState1LeavesItReady) {
   Type("half typed");
+  Forget();
   Status(8);
+  EXPECT_THAT(All(),
+              ElementsAre("view edit \"\"", "view writable", "view list on", "view focus edit", "view redraw edit"))
+      << "the menus stay as they are";
   EXPECT_FALSE(IsRunning());
   EXPECT_EQ(view->edit, u"");
   EXPECT_THAT(HistoryShown(), IsEmpty());
+}
+
+TEST_F(MdiBlock, WhatWasTypedBeforeTheLineWasShownAgainGoesIntoTheHistoryAtAnAbort) {
+  Type("half typed");
+  EXPECT_EQ(Command(4), 0);
+  Status(8);
+  EXPECT_EQ(view->edit, u"");
+  EXPECT_THAT(HistoryShown(), ElementsAre("half typed"));
 }
 
 TEST_F(MdiBlock, AnInterruptionOffersCancelWhereTheBlockCanBeCancelled) {

@@ -33,6 +33,11 @@ TEST_F(MdiInspection, WithoutTheVariablesTheRecordHasNone) {
   for (const std::string& line : Asked()) EXPECT_NE(line, "open report [1].E.INSPECSTATUS");
 }
 
+TEST_F(MdiInspection, AReportOfAnotherVariableChangesNothing) {
+  EXPECT_EQ(Send(PNL_MSG_VARIABLE_REPORT, 12345), 0);
+  EXPECT_THAT(All(), IsEmpty());
+}
+
 TEST_F(MdiInspection, TheStartKeyAsksTheControlAndSendsNothing) {
   Inspect(2);
   Type("M3");

@@ -85,10 +85,20 @@ TEST_F(MdiKeptWork, ATextThatIsTooLongForTheRecordIsNotOffered) {
 
 TEST_F(MdiKeptWork, ALineComesBackWithTheCaretAtItsEnd) {
   Open();
+  Forget();
   EXPECT_EQ(Restore(PNL_UNFINISHED_LINE, u"G1 X10"), 1);
-  EXPECT_EQ(ToUtf8(view->edit), "G1 X10");
+  EXPECT_THAT(All(), ElementsAre("view edit \"G1 X10\"", "view select 6,6")) << "role and menus stay";
   EXPECT_EQ(view->selection, (TextSelection{6, 6}));
   EXPECT_EQ(Unfinished(), "1 -1 'G1 X10' ''");
+}
+
+TEST_F(MdiKeptWork, ALineThatComesBackClosesTheDropList) {
+  Open();
+  static_cast<void>(Key(MdiKey::kDown));
+  ASSERT_TRUE(view->dropList);
+  EXPECT_EQ(Restore(PNL_UNFINISHED_LINE, u"G1 X10"), 1);
+  EXPECT_FALSE(view->dropList);
+  EXPECT_EQ(ToUtf8(view->edit), "G1 X10");
 }
 
 TEST_F(MdiKeptWork, ALineComesBackInMdiRoleAlsoFromMda) {
@@ -102,9 +112,11 @@ TEST_F(MdiKeptWork, AnItemComesBackIntoItsEdit) {
   Command(PNL_COMMAND_SWITCH_ROLE);
   EXPECT_EQ(Restore(PNL_UNFINISHED_CHANGED_ITEM, u"B2", 1, u"B"), 1);
   EXPECT_EQ(Unfinished(), "3 1 'B2' 'B'");
+  EXPECT_EQ(view->selection, (TextSelection{2, 2}));
   static_cast<void>(Key(MdiKey::kEnter));
   EXPECT_THAT(view->Items(), ElementsAre("A", "B2", "C"));
   EXPECT_EQ(Restore(PNL_UNFINISHED_NEW_ITEM, u"D"), 1);
+  EXPECT_EQ(view->selection, (TextSelection{1, 1}));
   EXPECT_EQ(Unfinished(), "2 -1 'D' ''");
 }
 

@@ -36,6 +36,7 @@ const WordRow kWords[] = {
     {u"G1 X", u"X", 3, "X"},
     {u"X1.2.3", u"X1.2.3", 0, "X1.2.3"},
     {u"G1 X5 ; Q7", u"Q7", 8, "-"},
+    {u"G1 (X) Y5", u"X", 4, "-"},
     {u"G1 X5", u"Q7", 0, "-"},
     {u"G1 X10", u"X1", 3, "-"},
     {u"", u"X1", 0, "-"},
@@ -56,6 +57,7 @@ TEST(MdiRefusedWord, IsFoundByTheErrorsWord) {
 TEST(MdiRefusedWord, TheMarkChoosesAmongEqualWordsAndWithoutOneTheLastCounts) {
   EXPECT_EQ(FindRefusedWord(u"$ X1 $", Naming(u"$", 0)), (TextSelection{0, 1}));
   EXPECT_EQ(FindRefusedWord(u"$ X1 $", Naming(u"$", 5)), (TextSelection{5, 6}));
+  EXPECT_EQ(FindRefusedWord(u"$ X1 $ Y2 $", Naming(u"$", 5)), (TextSelection{5, 6}));
   EXPECT_EQ(FindRefusedWord(u"G0 X1 Y2 X1", Naming(u"X1", 0)), (TextSelection{9, 11}));
 }
 
@@ -158,6 +160,17 @@ TEST_F(MdiRefused, TheRefusedBlockIsTheFirstArrangedRowUntilABlockIsAccepted) {
   Key(MdiKey::kDown);
   Tell([](MdiSession& session) { session.OnDropListSwitched(); });
   EXPECT_EQ(Utf8Rows(view->dropItems), (std::vector<std::string>{"G0 X2", "G0 X1"}));
+}
+
+TEST_F(MdiRefused, ARefusedBlockThatRanBeforeHasItsMarkInTheHistory) {
+  cnc.kernel.returns["MDILine"] = 0;
+  RunBlock("G1 Q7 X5");
+  RunBlock("G0 X1");
+  cnc.kernel.returns["MDILine"] = 5;
+  Refuse("G1 Q7 X5");
+  Key(MdiKey::kDown);
+  ASSERT_EQ(Utf8Rows(view->dropItems), (std::vector<std::string>{"G0 X1", "G1 Q7 X5"}));
+  EXPECT_THAT(view->dropMarks, ElementsAre(MdiRowMark::kNone, MdiRowMark::kRefused));
 }
 
 TEST_F(MdiRefused, ARefusedBlockThatIsCalledBackHasItsWordSelected) {

@@ -41,6 +41,31 @@ TEST_F(MdiRoles, SwitchingToMdaLaysOutAndInstallsTheMenusLast) {
   EXPECT_TRUE(view->layout.listShown);
 }
 
+TEST_F(MdiRoles, TheListStaysThereWhenTheParentGetsAnotherSize) {
+  OpenMda("A\r\n");
+  view->parent = {0, 0, 500, 300};
+  Tell([](MdiSession& session) { session.OnParentResized(); });
+  EXPECT_TRUE(view->layout.listShown);
+  EXPECT_EQ(view->layout.window, (Rect{0, 0, 500, 300}));
+  EXPECT_TRUE(view->readOnly);
+}
+
+TEST_F(MdiRoles, TheLineIsPlacedAnewWhenItIsOpenedAgain) {
+  Open();
+  Command(3);
+  view->parent = {0, 0, 500, 300};
+  Open();
+  EXPECT_EQ(view->layout.window, (Rect{0, 271, 500, 300}));
+}
+
+TEST_F(MdiRoles, ShowingTheLineAgainClosesTheDropList) {
+  Open();
+  Key(MdiKey::kDown);
+  ASSERT_TRUE(view->dropList);
+  EXPECT_EQ(Command(4), 0);
+  EXPECT_FALSE(view->dropList);
+}
+
 TEST_F(MdiRoles, TypedTextBecomesANewItemWhenSwitchingToMda) {
   Open();
   Type("G0 X1");
@@ -188,7 +213,9 @@ TEST_F(MdiRoles, AnAbortedItemOfAnEditStaysInTheEdit) {
   Start();
   Status(2);
   Status(4);
+  Forget();
   Status(8);
+  EXPECT_THAT(Asked(), ElementsAre("main menu mda", "side menu none", "HostUpdateMainMenu(6)"));
   EXPECT_EQ(view->edit, u"M3");
   EXPECT_FALSE(view->readOnly);
   EXPECT_THAT(view->Items(), ElementsAre("A", "B", "C"));

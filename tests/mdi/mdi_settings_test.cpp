@@ -187,6 +187,28 @@ TEST_F(MdiSettingsTest, AUsersCopyThatWasAwayGetsOnlyWhatTheSessionChanged) {
   EXPECT_EQ(settings.HistoryLimit(), 7);
 }
 
+TEST_F(MdiSettingsTest, AFolderChosenWhileTheUsersCopyWasAwayGoesIntoIt) {
+  User("Dir=C:\\MINE\r\nFullLength=NO\r\nBelow=NO\r\n");
+  files.away = {"C:\\P108"};
+  settings.Open();
+  settings.Dir = u"C:\\NEW";
+  files.away.clear();
+  EXPECT_TRUE(settings.SaveSettings());
+  EXPECT_EQ(files.disc[kUser], "[PRIVATE]\r\nDir=C:\\NEW\r\nFullLength=NO\r\nBelow=NO\r\n");
+}
+
+TEST_F(MdiSettingsTest, AUsersCopyThatComesBackUnreadableIsLeftAlone) {
+  User("NItems=7\r\n");
+  const std::string before = files.disc[kUser];
+  files.away = {"C:\\P108"};
+  settings.Open();
+  files.away.clear();
+  files.unreadable = {kUser};
+  EXPECT_FALSE(settings.SaveSettings());
+  EXPECT_EQ(files.disc[kUser], before);
+  EXPECT_TRUE(settings.LimitUnknown()) << "or the history would be cut to a limit that isn't its own";
+}
+
 TEST_F(MdiSettingsTest, AUsersCopyThatStaysAwayIsTold) {
   files.away = {"C:\\P108"};
   settings.Open();

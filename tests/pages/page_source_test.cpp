@@ -30,6 +30,7 @@ const AddressRow kAddresses[] = {
     {u"sub/b.htm", u"../a.htm", kGood, u"a.htm", u""},
     {u"sub/deep/b.htm", u"../x/./a.htm#top", kGood, u"sub/x/a.htm", u"top"},
     {u"sub/b.htm", u"#part", kGood, u"sub/b.htm", u"part"},
+    {u"a.htm", u"#b%09c", kGood, u"a.htm", u"b\tc"},
     {u"sub/b.htm", u"#", kGood, u"sub/b.htm", u""},
     {u"", u" a.htm\n", kGood, u"a.htm", u""},
     {u"", u"a//b.htm", kGood, u"a/b.htm", u""},

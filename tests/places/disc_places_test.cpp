@@ -135,6 +135,11 @@ TEST_F(DiscPlacesTest, ADriveOutOfWhichTheDiscIsTakenIsNotReady) {
   }
 }
 
+TEST_F(DiscPlacesTest, ADriveWithoutASetupIsNoneOutOfWhichADiscIsTaken) {
+  drives.Set('A', Host("gone"));
+  EXPECT_EQ(DiscPlaces(drives).Reader()->Probe(u"A:"), place_error::kPathNotFound);
+}
+
 TEST_F(DiscPlacesTest, AFolderThatIsMissingOnAStickIsNotFound) {
   DriveSetup setup;
   setup.drives['D'].type = drive_type::kRemovable;

@@ -107,7 +107,9 @@ TEST_F(ShareNetworkTest, BelowAServerAreTheSharesThatItLists) {
 TEST_F(ShareNetworkTest, AServerThatTheFileDoesntHaveIsAskedByItsName) {
   servers->shares["smb://other"] = {{u"x", u""}};
   EXPECT_THAT(Shares(u"\\\\other"), ElementsAre(u"\\\\other\\x"));
+  servers->asked.clear();
   EXPECT_THAT(Shares(u"\\\\no host"), ElementsAre(u"none"));
+  EXPECT_THAT(servers->asked, IsEmpty()) << "no host can have such a name";
 }
 
 TEST_F(ShareNetworkTest, SharesInTheFileAreShownWithoutAskingTheServer) {

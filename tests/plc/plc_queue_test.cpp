@@ -105,6 +105,18 @@ TEST(PlcQueue, ADisplacedFileComesBackAfterTheMessage) {
   EXPECT_EQ(queue.Files().size(), 1u);
 }
 
+TEST(PlcQueue, ThePlaceCountsFilesThatWereLeftToo) {
+  PlcQueue queue;
+  queue.AddFile(File(u"a"));
+  queue.AddFile(File(u"b"));
+  queue.Advance();
+  EXPECT_EQ(queue.Place(), 1u);
+  queue.RemoveShown();
+  queue.Advance();
+  EXPECT_EQ(queue.Place(), 2u);
+  EXPECT_EQ(queue.Total(), 2u);
+}
+
 TEST(PlcQueue, ThePlaceCountsWhatWasLeftSinceNothingWasLeft) {
   PlcQueue queue;
   queue.AddCode(3);

@@ -110,6 +110,16 @@ TEST_F(ZmcExchangeTest, AnImportShowsWhatItChangesAndStoresAllOfIt) {
   EXPECT_EQ(messages.back(), "1 [imported 2] back 2C8064");
 }
 
+TEST_F(ZmcExchangeTest, BothTablesListWhatWasImported) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kOperationsTab);
+  Import("kind;description\nmaterial;Bronze\noperation;Reaming\n");
+  EXPECT_THAT(view->operations.Column(1), testing::Contains("Reaming"));
+  Menu(zmc_command::kMaterialsTab);
+  EXPECT_THAT(view->materials.Column(1), testing::Contains("Bronze"));
+}
+
 TEST_F(ZmcExchangeTest, AnImportThatIsRefusedStoresNothing) {
   Open();
   windows.boxAnswer = BoxAnswer::kNo;

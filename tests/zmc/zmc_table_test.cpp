@@ -325,6 +325,21 @@ TEST_P(ZmcTableTest, WhatWasSavedBeforeAFailureIsInTheListsAtOnce) {
   EXPECT_EQ(UserFile().find("<id>7</id>") != std::string::npos, !materials);
 }
 
+TEST_P(ZmcTableTest, AValueThatIsTypedBackAfterASaveThatFailedHalfwayIsStoredAgain) {
+  const int column = Table().tab == ZmcTab::kMaterials ? 5 : 2;
+  OpenTable();
+  const Text before = Grid().CellText(1, column);
+  Grid().Type(1, column, u"77");
+  Grid().Type(2, 1, u"No file has \x01");
+  Save();
+  EXPECT_THAT(UserFile(), HasSubstr(">77<"));
+  Grid().Type(1, column, before);
+  Grid().Type(2, 1, u"Old");
+  Save();
+  EXPECT_FALSE(CanSave());
+  EXPECT_THAT(UserFile(), Not(HasSubstr(">77<")));
+}
+
 // Its columns can be typed in until then; that it is a row of the factory is in its last column.
 TEST_P(ZmcTableTest, ARowOfTheFactoryThatPassedTheCheckIsNormalUntilTheRowsAreFilledAgain) {
   OpenTable();
@@ -537,7 +552,17 @@ TEST_P(ZmcTableTest, AClickOnTheHeaderOrdersUpThenDownThenByDateAgain) {
   EXPECT_EQ(Grid().sortColumn, 0);
   DestroyTool();
   EXPECT_THAT(Ini(), HasSubstr("AToZ=YES"));
+  EXPECT_THAT(Ini(), Not(HasSubstr("AToZ=NO")));
   EXPECT_THAT(Ini(), HasSubstr("MaterialType=0"));
+}
+
+TEST_P(ZmcTableTest, AfterOrderingTheSoftKeysAreThoseOfTheRowThatCameToTheTop) {
+  OpenTable();
+  EXPECT_TRUE(CanDelete()) << "a row of the user's";
+  ClickHeader(Table().tab, 1);
+  EXPECT_EQ(Origins().front(), "O");
+  EXPECT_FALSE(CanDelete());
+  EXPECT_THAT(Asked(), Contains("HostUpdateSideMenu(4)"));
 }
 
 TEST_P(ZmcTableTest, AColumnThatOrdersNothingAsksNothing) {

@@ -64,6 +64,28 @@ TEST(Program, SolversEncloseTheirOperand) {
   EXPECT_EQ("t0 = zero begin\nt1 = sin X\nt0 = zero next t1\nt0 = negate t0\nend\nvalue t0\n", Program(u"-ZERO SIN X"));
 }
 
+TEST(Program, OperandsAreNamedWhereverTheVariablesLie) {
+  for (const bool behind : {false, true}) {
+    struct {
+      CalcStore before;
+      ExprProgram program;
+      CalcStore behind;
+    } memory;
+    CalcStore& store = behind ? memory.behind : memory.before;
+    CScaner scanner;
+    CParser parser;
+    std::unique_ptr<Token> tokens;
+    std::unique_ptr<ExprNode> tree;
+    std::int32_t place = 0;
+    scanner.ScanExpression(u"A*2+Z", tokens);
+    ASSERT_EQ(1, parser.ParseTokens(tokens.get(), place, tree));
+    Flatten(*tree, store, 1.0, memory.program);
+    Text described;
+    DescribeProgram(memory.program, store, described);
+    EXPECT_EQ(ToUtf8(described), "t0 = multiply A 2\nt0 = add t0 Z\nend\nvalue t0\n");
+  }
+}
+
 TEST(Program, EveryTextThatFitsHasRoomForItsValues) {
   const auto repeated = [](const Text& begin, const Text& piece, std::size_t size) {
     Text text = begin;

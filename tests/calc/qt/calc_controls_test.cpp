@@ -202,6 +202,7 @@ TEST_F(CalcBarTest, IsAttachedAndTakenOffByWords) {
   EXPECT_THAT(Status(), ::testing::StartsWith("Syntax error: "));
   Line()->SetText("SETMENU(FALSE)");
   Key(Qt::Key_Return);
+  EXPECT_FALSE(bar->isVisible()) << "at once";
   Settle();
   EXPECT_EQ(tool->findChild<CalcMenuWidget*>(), nullptr);
   EXPECT_FALSE(tool->property(property::kMenuAttached).toBool());
@@ -228,6 +229,41 @@ TEST_F(CalcBarTest, IsCompactedToo) {
   const int bar = tool->findChild<CalcMenuWidget*>()->height();
   Menu(calc_id::kMenuCompact);
   EXPECT_EQ(tool->height(), 87 + bar);
+}
+
+TEST(CalcMenuWidgetTest, ShowsWhatTheMenusContainWhenTheyOpen) {
+  MenuTable table;
+  const auto item = [](int id, const Text& text, MenuHandle sub = 0) {
+    MenuItem made;
+    made.id = id;
+    made.text = text;
+    made.subMenu = sub;
+    return made;
+  };
+  const MenuHandle inner = table.Create({{item(5, u"Inner")}});
+  const MenuHandle outer = table.Create({{item(2, u"Plain"), item(3, u"Gone"), item(0, u"More", inner)}});
+  const MenuHandle top = table.Create({{item(1, u"Direct"), item(0, u"File", outer), item(9, u"Hidden")}});
+  for (const int id : {3, 9}) table.FindItem(top, id)->hidden = true;
+  table.FindItem(top, 2)->enabled = false;
+  CalcMenuWidget bar(table, top, 21, nullptr);
+  std::vector<int> chosen;
+  QObject::connect(&bar, &CalcMenuWidget::Chosen, &bar, [&chosen](int id) { chosen.push_back(id); });
+  ASSERT_EQ(bar.actions().size(), 2);
+  EXPECT_EQ(bar.actions()[0]->menu(), nullptr);
+  bar.actions()[0]->trigger();
+  QMenu* file = bar.actions()[1]->menu();
+  EXPECT_EQ(file->font().pixelSize(), 21);
+  for (int opening = 0; opening < 2; ++opening) {
+    emit file->aboutToShow();
+    ASSERT_EQ(file->actions().size(), 2) << "each time anew, without the hidden one";
+  }
+  EXPECT_FALSE(file->actions()[0]->isEnabled());
+  QMenu* more = file->actions()[1]->menu();
+  ASSERT_NE(more, nullptr);
+  EXPECT_EQ(more->font().pixelSize(), 21);
+  emit more->aboutToShow();
+  more->actions().front()->trigger();
+  EXPECT_THAT(chosen, ::testing::ElementsAre(1, 5));
 }
 
 QAction* Find(QMenu* menu, const QString& text) {

@@ -97,6 +97,12 @@ TEST_F(CalcWindowTest, APressOnTheResultChangesNothing) {
   EXPECT_EQ(Focus(), Line());
 }
 
+TEST_F(CalcWindowTest, APressInTheLinePutsTheCaretThere) {
+  Write("1234567890");
+  PressMouse(Line(), QPoint(1, Line()->height() / 2));
+  EXPECT_EQ(Line()->Selection(), (TextSelection{0, 0}));
+}
+
 TEST_F(CalcWindowTest, AnOperatorWrapsASelectionMarkedByHand) {
   Write("2+3*4");
   Line()->Select({0, 3});
@@ -117,8 +123,10 @@ TEST_F(CalcWindowTest, ACharacterOfADeadKeyIsTypedToo) {
   Line()->Select({0, 1});
   QInputMethodEvent committed;
   committed.setCommitString("^");
+  committed.ignore();
   QApplication::sendEvent(Line(), &committed);
   EXPECT_EQ(LineText(), "(2)^");
+  EXPECT_TRUE(committed.isAccepted());
 }
 
 TEST_F(CalcWindowTest, AWordOfAScreenKeyboardGoesToTheLine) {

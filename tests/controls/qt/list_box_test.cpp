@@ -5,7 +5,10 @@
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
+#include "controls/list_note.h"
+#include "paint_counter.h"
 #include "support/widget_probe.h"
+#include "window/qt/control_properties.h"
 #include "window/qt/finger.h"
 
 namespace pnl::test {
@@ -212,7 +215,9 @@ TEST_F(ListBoxTest, StartsWithTheSystemsColours) {
   EXPECT_EQ(fresh.SelectedBackColor(), 0xD07400u);
   EXPECT_EQ(fresh.SelectedTextColor(), 0xFFFFFFu);
   EXPECT_EQ(fresh.palette().color(QPalette::Base), QColor(Qt::white));
+  EXPECT_EQ(fresh.palette().color(QPalette::Button), QColor(Qt::white)) << "the bar has shades of the ground";
   EXPECT_EQ(fresh.frameWidth(), 0);
+  EXPECT_EQ(ControlKind(&fresh), "list");
   EXPECT_EQ(fresh.Current(), -1);
   EXPECT_EQ(fresh.selectionMode(), QAbstractItemView::SingleSelection);
 }
@@ -286,6 +291,42 @@ TEST_F(ListBoxTest, TheFocusIsToldWhenTheListHasHandledIt) {
   inside->clearFocus();
   inside->setFocus(Qt::OtherFocusReason);
   EXPECT_EQ(current, (std::vector<int>{-1, 0})) << "the selected item stays the present one";
+}
+
+TEST_F(ListBoxTest, WhatChangesItsLookIsPaintedAtOnce) {
+  box.SetItems(TextRows(std::vector<Text>(20, u"a")));
+  box.show();
+  Settle();
+  const std::function<void()> changes[] = {
+      [this] { box.SetSelectedColors(0x112233, 0xFFFFFF); },
+      [this] { box.SetNotes([](int) {
+                 return ListNote{u"1", ListSign::kNone};
+               }); },
+  };
+  for (const auto& change : changes) {
+    PaintCounter paints(*box.viewport());
+    change();
+    Settle();
+    EXPECT_GE(paints.Count(), 1);
+  }
+  const int beyond = box.verticalScrollBar()->maximum();
+  box.SetLeastRowHeight(box.RowHeight() + 10);
+  Settle();
+  EXPECT_EQ(box.verticalScrollBar()->maximum(), beyond + 200) << "higher rows need a longer way";
+}
+
+TEST_F(ListBoxTest, ItsTextsColourIsInItsPalette) {
+  box.SetColors(0x78643C, 0x0000FF);
+  EXPECT_EQ(box.palette().color(QPalette::Text), QColor(Qt::red));
+}
+
+TEST_F(ListBoxTest, FillingIsToldBeforeAndAfterwards) {
+  std::vector<int> counts;
+  const auto note = [&] { counts.push_back(box.Count()); };
+  QObject::connect(box.model(), &QAbstractItemModel::modelAboutToBeReset, &box, note);
+  QObject::connect(box.model(), &QAbstractItemModel::modelReset, &box, note);
+  box.SetItems({u"a", u"b"});
+  EXPECT_EQ(counts, (std::vector<int>{0, 2}));
 }
 
 TEST_F(ListBoxTest, MayBeDestroyedByWhoListens) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "paint_counter.h"
 #include "support/event_wait.h"
 #include "support/picture_bytes.h"
 #include "support/widget_probe.h"
@@ -14,7 +15,7 @@ constexpr std::uint32_t kRed = 0x0000FF;
 constexpr std::uint32_t kBlue = 0xFF0000;
 
 class PictureAreaTest : public testing::Test {
- protected:
+protected:
   PictureAreaTest() {
     area_.resize(200, 100);
     Activate(area_);
@@ -23,7 +24,7 @@ class PictureAreaTest : public testing::Test {
 };
 
 TEST_F(PictureAreaTest, EveryKindIsPaintedOverTheWholeAreaOrInItsShape) {
-  for (const char* format : {"BMP", "PNG", "JPG"}) {
+  for (const char *format : {"BMP", "PNG", "JPG"}) {
     SCOPED_TRACE(format);
     const std::string bytes = PictureBytes({10, 10}, Qt::red, format);
     ASSERT_TRUE(area_.SetPicture(bytes, PictureFit::kStretch));
@@ -37,16 +38,19 @@ TEST_F(PictureAreaTest, EveryKindIsPaintedOverTheWholeAreaOrInItsShape) {
 }
 
 TEST_F(PictureAreaTest, ThePictureFollowsTheSizeOfTheArea) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"), PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
+                               PictureFit::kStretch));
   EXPECT_EQ(Count(Paint(area_), kBlue), 200 * 100);
   area_.resize(60, 40);
   EXPECT_EQ(Count(Paint(area_), kBlue), 60 * 40);
 }
 
 TEST_F(PictureAreaTest, BytesThatAreNoPictureShowNothing) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"), PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
+                               PictureFit::kStretch));
   const std::string whole = PictureBytes({10, 10}, Qt::blue, "PNG");
-  for (const std::string& bytes : {std::string("no picture"), std::string(), whole.substr(0, 30)}) {
+  for (const std::string &bytes :
+       {std::string("no picture"), std::string(), whole.substr(0, 30)}) {
     EXPECT_FALSE(area_.SetPicture(bytes, PictureFit::kStretch));
     EXPECT_TRUE(area_.IsEmpty());
     EXPECT_EQ(Count(Paint(area_), kBlue), 0);
@@ -60,14 +64,43 @@ TEST_F(PictureAreaTest, AnAnimatedPictureMovesWhileItIsSeen) {
   EXPECT_TRUE(RunUntil([this] { return Count(Paint(area_), kRed) > 0; }));
 }
 
-TEST_F(PictureAreaTest, AnAnimatedPictureRestsWhileItIsHiddenAndGoesOnAfterwards) {
+TEST_F(PictureAreaTest,
+       AnAnimatedPictureRestsWhileItIsHiddenAndGoesOnAfterwards) {
   area_.hide();
   ASSERT_TRUE(area_.SetPicture(GifBytes(), PictureFit::kStretch));
-  const QMovie* const movie = area_.findChild<QMovie*>();
+  const QMovie *const movie = area_.findChild<QMovie *>();
   EXPECT_EQ(movie, nullptr) << "the area owns it itself";
   EXPECT_EQ(Count(Paint(area_), kRed), 200 * 100) << "the first frame";
   area_.show();
   EXPECT_TRUE(RunUntil([this] { return Count(Paint(area_), kBlue) > 0; }));
+}
+
+TEST_F(PictureAreaTest, AnAnimatedPictureThatWasHiddenInTheMiddleGoesOn) {
+  ASSERT_TRUE(area_.SetPicture(GifBytes(), PictureFit::kStretch));
+  ASSERT_TRUE(RunUntil([this] { return Count(Paint(area_), kBlue) > 0; }));
+  area_.hide();
+  area_.show();
+  EXPECT_TRUE(RunUntil([this] { return Count(Paint(area_), kRed) > 0; }));
+  EXPECT_TRUE(RunUntil([this] { return Count(Paint(area_), kBlue) > 0; }));
+}
+
+TEST_F(PictureAreaTest, AStillPictureTakesThePlaceOfAnAnimatedOne) {
+  ASSERT_TRUE(area_.SetPicture(GifBytes(), PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::green, "PNG"),
+                               PictureFit::kStretch));
+  EXPECT_FALSE(area_.IsAnimated());
+  EXPECT_EQ(Count(Paint(area_), 0x00FF00), 200 * 100);
+}
+
+TEST_F(PictureAreaTest, AClearedAreaIsPaintedAgain) {
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
+                               PictureFit::kStretch));
+  Settle();
+  PaintCounter paints(area_);
+  area_.Clear();
+  Settle();
+  EXPECT_GE(paints.Count(), 1);
+  EXPECT_TRUE(area_.IsEmpty());
 }
 
 TEST_F(PictureAreaTest, AGifOfOneFrameIsAPictureLikeOthers) {
@@ -77,9 +110,10 @@ TEST_F(PictureAreaTest, AGifOfOneFrameIsAPictureLikeOthers) {
 }
 
 TEST_F(PictureAreaTest, ALargePictureIsDecodedSmaller) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({6000, 4000}, Qt::red, "JPG"), PictureFit::kKeepShape));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({6000, 4000}, Qt::red, "JPG"),
+                               PictureFit::kKeepShape));
   EXPECT_EQ(area_.PictureRect(), QRect(25, 0, 150, 100));
 }
 
-}  // namespace
-}  // namespace pnl::test
+} // namespace
+} // namespace pnl::test

@@ -86,6 +86,7 @@ TEST_F(ZCDatoWrapTest, ArrowsStayOnlyInAnOpenEdit) {
   for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) EXPECT_FALSE(Key(key)) << key;
   Type(field, "12");
   for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) EXPECT_TRUE(Key(key)) << key;
+  EXPECT_FALSE(Key(Qt::Key_F5)) << "other keys reach the window";
   Key(Qt::Key_Left);
   Type(field, "5");
   EXPECT_EQ(field->text(), "152") << "the caret has moved";
@@ -135,7 +136,7 @@ TEST_F(ZCDatoWrapTest, AnUnchangedEditKeepsTheTextAsWritten) {
   PressMouse(field, QPoint(60, 15));
   EXPECT_TRUE(field->IsEditing());
   EXPECT_EQ(field->text(), "763.8000") << "the edit begins with what was seen";
-  Key(Qt::Key_Return);
+  EXPECT_FALSE(Key(Qt::Key_Return)) << "the window may move the focus";
   EXPECT_EQ(field->text(), "763.800000");
   EXPECT_EQ(changes, 0);
 }
@@ -146,8 +147,20 @@ TEST_F(ZCDatoWrapTest, TheFirstTouchSelectsAllTheSecondPlacesTheCaret) {
   PressMouse(field, QPoint(60, 15));
   EXPECT_FALSE(field->IsEditing());
   EXPECT_EQ(field->selectedText(), "5");
-  PressMouse(field, QPoint(60, 15));
+  PressMouse(field, QPoint(119, 15));
   EXPECT_TRUE(field->IsEditing());
+  EXPECT_FALSE(field->hasSelectedText());
+  EXPECT_EQ(field->cursorPosition(), 6) << "at the end of 5.0000";
+  PressMouse(field, QPoint(1, 15));
+  EXPECT_EQ(field->cursorPosition(), 0);
+}
+
+TEST_F(ZCDatoWrapTest, APressThatDoesNotBringTheFocusOpensNothing) {
+  other->setFocus();
+  QMouseEvent press(QEvent::MouseButtonPress, QPoint(60, 15), field->mapToGlobal(QPoint(60, 15)), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(field, &press);
+  EXPECT_FALSE(field->IsEditing());
 }
 
 TEST_F(ZCDatoWrapTest, AFieldThatIsLeftShowsNoSelection) {
@@ -255,6 +268,9 @@ TEST_F(ZCDatoWrapTest, ItsNumberLiesAtTheRightMarkedWithTheFocus) {
   EXPECT_EQ(painted(), expected(true, "763.8000", Qt::white, Qt::white));
   other->setFocus();
   EXPECT_EQ(painted(), expected(false, "763.8000", Qt::white, Qt::black));
+  field->SetText("123456789012345678901234567890");
+  EXPECT_EQ(painted(), expected(false, field->PaintedText(), Qt::white, Qt::black));
+  field->SetText("763.8");
   field->SetColors(0x00FFFF, 0x0000FF);
   EXPECT_EQ(painted(), expected(false, "763.8000", Qt::yellow, Qt::red));
   field->setEnabled(false);

@@ -141,6 +141,17 @@ TEST_F(ErrorControlsTest, ItsKeysComeBeforeThePanelsAndNoOthers) {
   for (const int key : {Qt::Key_F1, Qt::Key_A, Qt::Key_Delete}) EXPECT_FALSE(Claims(key)) << key;
 }
 
+TEST_F(ErrorControlsTest, AKeyOfTheWindowDoesntReachThePanelEvenIfItComesUnaccepted) {
+  Open();
+  Push(RecordBuilder());
+  for (const bool used : {true, false}) {
+    QKeyEvent press(QEvent::KeyPress, used ? Qt::Key_Right : Qt::Key_F1, Qt::NoModifier);
+    press.ignore();
+    QCoreApplication::sendEvent(tool, &press);
+    EXPECT_EQ(press.isAccepted(), used);
+  }
+}
+
 TEST_F(ErrorControlsTest, TabStaysInTheWindowWhileItIsShown) {
   Open();
   Push(RecordBuilder());

@@ -4,7 +4,10 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <functional>
+
 #include "controls/draw_text.h"
+#include "controls/qt/paint_counter.h"
 #include "errors/qt/error_counter_widget.h"
 #include "support/widget_probe.h"
 
@@ -149,6 +152,22 @@ TEST(ErrorCounterWidgetTest, TheDigitsAreAsLargeAsFitsIntoTheField) {
     painter.end();
     EXPECT_EQ(Paint(counter), expected) << row.digits;
   }
+}
+
+TEST_F(ErrorTextWidgetTest, EachChangeOfTextFontOrPlaceIsPainted) {
+  widget.SetText("HHHH");
+  Activate(widget);
+  const auto paintsAfter = [this](const std::function<void()>& change) {
+    PaintCounter paints(widget);
+    change();
+    Settle();
+    return paints.Count();
+  };
+  EXPECT_EQ(paintsAfter([] {}), 0);
+  EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.SetCentred(false); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.SetTextFont(QFont()); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 0) << "the same text again";
 }
 
 TEST_F(ErrorTextWidgetTest, IsReadAloudAndTold) {

@@ -23,6 +23,14 @@ TEST_F(XplrWindowTest, ItShowsTheFolderOfTheRequestOverTheWholeArea) {
   EXPECT_EQ(explorer->property("pnlView").toInt(), Tree()->parentWidget()->property("pnlWindow").toInt());
 }
 
+TEST_F(XplrWindowTest, ScriptsReadItsColoursAndThoseOfTheTree) {
+  Open();
+  EXPECT_EQ(explorer->property("pnlBack").toUInt(), 4608090u);
+  EXPECT_EQ(Tree()->property("pnlBack").toUInt(), 8621463u);
+  ASSERT_TRUE(Tree()->property("pnlFore").isValid());
+  EXPECT_EQ(Tree()->property("pnlFore").toUInt(), 0u);
+}
+
 TEST_F(XplrWindowTest, EnterHandsTheChosenFileBack) {
   Open();
   PressKeyAndIdle(Qt::Key_End);

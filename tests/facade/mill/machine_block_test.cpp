@@ -71,6 +71,7 @@ const BadRow kBadRows[] = {
     {u"X1 5", FaultCode::kUnknownCharacter, u"5", 3, 1},
     {u"G1 )", FaultCode::kUnknownCharacter, u")", 3, 1},
     {u"G1 Ñ5", FaultCode::kUnknownCharacter, u"Ñ", 3, 1},
+    {u"G1 \xE000", FaultCode::kUnknownCharacter, u"\xE000", 3, 1},
     {u"G1 😀", FaultCode::kUnknownCharacter, u"😀", 3, 2},
     {u"G1 \x0007", FaultCode::kUnknownCharacter, u"0x07", 3, 1},
     {TextView(u"G1\0X2", 5), FaultCode::kUnknownCharacter, u"0x00", 2, 1},

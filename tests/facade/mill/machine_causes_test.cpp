@@ -169,6 +169,58 @@ TEST(MachineCauses, AnInspectionOutlivesTheDoorAndItsBlocksDecideAboutTheSpindle
   EXPECT_EQ(bench.At(0), 10);
 }
 
+TEST(MachineCauses, WhatTheBlocksOfAnInspectionDoNotNameComesBackAsTheDoorFoundIt) {
+  const struct {
+    TextView block;
+    int direction;
+    double speed;
+    bool coolant;
+  } rows[] = {{u"G0 X1", 1, 100, true}, {u"M8", 1, 100, true}, {u"M9", 1, 100, false}, {u"S300 M4", -1, 300, true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(ToUtf8(row.block));
+    MachineBench bench;
+    bench.Do(u"S100 M3 M8");
+    bench.Send(u"G1 X10 F1000");
+    bench.Wait(100);
+    bench.machine->FeedHold(true);
+    bench.machine->Inspection(true);
+    bench.machine->SetCause(Fault::kDoorOpen, true);
+    bench.machine->SetCause(Fault::kDoorOpen, false);
+    bench.Do(row.block);
+    bench.machine->Inspection(false);
+    EXPECT_EQ(bench.machine->ClearFeedhold(), 0);
+    EXPECT_EQ(bench.machine->State().spindleDirection, row.direction);
+    EXPECT_EQ(bench.machine->State().spindleSpeed, row.speed);
+    EXPECT_EQ(bench.machine->State().coolant, row.coolant);
+  }
+}
+
+TEST(MachineCauses, ALaterHoldDoesNotBringBackWhatTheDoorStoppedLongAgo) {
+  for (const bool givenUp : {true, false}) {
+    SCOPED_TRACE(givenUp ? "the block was given up" : "the program has ended since");
+    MachineBench bench;
+    bench.Do(u"S100 M3 M8 F100");
+    bench.Send(u"G1 X10");
+    bench.Wait(100);
+    bench.machine->SetCause(Fault::kDoorOpen, true);
+    bench.machine->SetCause(Fault::kDoorOpen, false);
+    if (givenUp) {
+      bench.machine->Cancel();
+      bench.Wait(1);
+    } else {
+      EXPECT_EQ(bench.machine->ClearFeedhold(), 0);
+      bench.Wait(60'000);
+      bench.Do(u"M30");
+    }
+    EXPECT_EQ(bench.Send(u"G1 X20 F100"), 0);
+    bench.machine->FeedHold(true);
+    bench.machine->FeedHold(false);
+    EXPECT_EQ(bench.machine->State().spindleDirection, 0);
+    EXPECT_EQ(bench.machine->State().spindleSpeed, 0);
+    EXPECT_FALSE(bench.machine->State().coolant);
+  }
+}
+
 TEST(MachineCauses, TheStateNamesTheFrameAndARapid) {
   MachineBench bench;
   EXPECT_EQ(bench.machine->State().frame, u"G54");

@@ -287,6 +287,7 @@ TEST(MachineChannel, TheStateShowsSpindleToolAndCoolant) {
   EXPECT_EQ(state.spindleSpeed, 0);
   EXPECT_EQ(state.programmedSpeed, 1500);
   EXPECT_FALSE(state.coolant);
+  EXPECT_EQ(state.tool, 4) << "the block changes no tool";
 }
 
 }  // namespace

@@ -96,6 +96,7 @@ const RefusalRow kRefusals[] = {
     {{u"F100"}, u"G2 X10 R1", 1017, "", "2:0:R1, 0:0:Block: G2 X10 R1"},
     {{}, u"G0 X501", 1018, "7 1 0", "2:0:X501, 6:0:1, 1:11:500, 10:11:501"},
     {{}, u"G0 Z-401", 1018, "7 3 0", "2:0:Z-401, 6:0:3, 1:11:-400, 10:11:-401"},
+    {{u"G0 X-500"}, u"X501", 1018, "7 1 0", "2:0:X501, 6:0:1, 1:11:500, 10:11:501"},  // from the other limit
     {{}, u"G20 G0 Y12", 1018, "7 2 0", "2:0:Y12, 6:0:2, 1:16:11.81102362, 10:16:12"},
     {{}, u"G95 F1 G1 X1", 1019, "", "2:0:F1, 0:0:Block: G95 F1 G1 X1"},
     {{}, u"M3", 1020, "", "2:0:M3, 0:0:Block: M3"},
@@ -171,6 +172,12 @@ TEST(MachineErrors, TheStateOfTheMachineRefusesWithTheBlockAlone) {
     EXPECT_EQ(Int(bench.environment.errors[i], error_field::kSource), 0);
     EXPECT_EQ(Parameters(bench.environment.errors[i]), "0:0:Block: G0 X1");
   }
+}
+
+TEST(MachineErrors, ADiagnosisFindsItsNumberWhereverItIsAmongTheFacts) {
+  const Fault fault =
+      Fault{FaultCode::kTravelLimit, u"Y9", 0, 2}.With(FaultFact::Kind::kLimit, 300).With(FaultFact::Kind::kAxis, 2);
+  EXPECT_EQ(Diagnosis(MakeErrorRecord(fault, u"Y9", MachineLanguage::kEnglish)), "7 2 0");
 }
 
 // The message and the diagnosis share their field: 50 units, the terminator, the three numbers.

@@ -80,6 +80,15 @@ TEST_F(MachineInspection, AHeldBlockOfItsOwnGoesOnByTheSameRequest) {
   EXPECT_EQ(bench.At(2), 60);
 }
 
+TEST_F(MachineInspection, AStoppedBlockOfItsOwnGoesOnByTheSameRequest) {
+  bench.Do(u"G0 Z60 M0");
+  ASSERT_EQ(bench.Status(), 0x404);
+  PressStart();
+  EXPECT_EQ(bench.environment.GetInt(kStart), 2);
+  EXPECT_EQ(bench.machine->NextSingleStep(), 0);
+  EXPECT_EQ(bench.environment.GetInt(kStart), 0);
+}
+
 TEST_F(MachineInspection, EndsInTheInterruptedBlockWhichComesBackAndGoesOn) {
   bench.Do(u"G0 X80 Y100 Z60");
   bench.Statuses();

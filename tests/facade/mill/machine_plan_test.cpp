@@ -85,6 +85,9 @@ TEST(MachinePlan, ArcsFollowTheirCentreOrRadius) {
       {{}, u"G2 X10 Y10 R10 F1000", u"arc 15.708 mm 942.478 ms to X10 Y10 Z0\nG02 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G2 X10 Y10 R-10 F1000", u"arc 47.1239 mm 2827.43 ms to X10 Y10 Z0\nG02 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G3 X20 R9.995 F1000", u"arc 31.4159 mm 1884.96 ms to X20 Y0 Z0\nG03 G17 G21 G40 G54 G90 G94 G97"},
+      {{u"G0 X5 Y7"},
+       u"G3 X15 Y17 R10 F1000",
+       u"arc 15.708 mm 942.478 ms to X15 Y17 Z0\nG03 G17 G21 G40 G54 G90 G94 G97"},
       {{}, u"G20 G3 X2 I1 F10", u"arc 79.7965 mm 18849.6 ms to X50.8 Y0 Z0\nG03 G17 G20 G40 G54 G90 G94 G97"},
       {{}, u"G20 G3 X2 R1 F10", u"arc 79.7965 mm 18849.6 ms to X50.8 Y0 Z0\nG03 G17 G20 G40 G54 G90 G94 G97"},
       {{}, u"G18 G2 X20 I10 F1000", u"arc 31.4159 mm 1884.96 ms to X20 Y0 Z0\nG02 G18 G21 G40 G54 G90 G94 G97"},
@@ -289,6 +292,17 @@ TEST(MachinePlan, TheWorkpieceZerosAreWhereTheyAre) {
                                          {57, {200, 0, -50}}, {58, {-200, 0, -50}}, {59, {0, 100, -100}},
                                          {53, {0, 0, 0}},     {60, {0, 0, 0}}};
   for (const auto& [code, zero] : zeros) EXPECT_EQ(OffsetOf(code), zero) << code;
+}
+
+TEST(MachinePlan, ACuttingSpeedMayReachTheHighestSpeedOfTheSpindle) {
+  const Condition tool = After({}, u"T1 M6");
+  EXPECT_TRUE(std::holds_alternative<Plan>(PlanText(u"G96 S376.9911184307752 M3", tool)));
+  EXPECT_FALSE(std::holds_alternative<Plan>(PlanText(u"G96 S376.9911184307753 M3", tool)));
+}
+
+TEST(MachinePlan, TheSmallestArcHasARadiusOfItsTolerance) {
+  EXPECT_TRUE(std::holds_alternative<Plan>(PlanText(u"G2 I0.01 F100", {})));
+  EXPECT_FALSE(std::holds_alternative<Plan>(PlanText(u"G2 I0.0099 F100", {})));
 }
 
 TEST(MachinePlan, TheLimitsThemselvesAreLegal) {

@@ -112,6 +112,14 @@ TEST(MachineRaised, AnAbsurdSpotStaysInsideItsFields) {
   EXPECT_EQ(Int(record, error_field::kScriptState), 0);
 }
 
+TEST(MachineRaised, AValueThatIsNoFaultIsAnEmptyRecord) {
+  const auto none = static_cast<Raised>(99);
+  const ErrorRecord record = MakeRaisedRecord(none, {u"C:\\CNC", u"PART.NC", 120, 7});
+  for (const unsigned char byte : record.bytes) ASSERT_EQ(byte, 0);
+  EXPECT_EQ(RaisedNumber(none), 0);
+  EXPECT_FALSE(HasCause(none));
+}
+
 TEST(MachineRaised, OtherFaultsDoNotLookAtTheSpot) {
   const ErrorRecord record = MakeRaisedRecord(Raised::kConfirm, {u"C:\\CNC", u"PART.NC", 120, 7});
   EXPECT_EQ(record.GetText(168, 128), u"");

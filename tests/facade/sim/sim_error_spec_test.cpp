@@ -108,6 +108,22 @@ TEST(ErrorSpecTest, FieldsThatShareTheirPlaceCutTheTextBefore) {
   EXPECT_EQ(record.GetText(error_field::kProgramName.offset, error_field::kProgramName.size), u"O1.nc");
 }
 
+TEST(ErrorSpecTest, TheOrderInWhichFieldsAreGivenChangesNothing) {
+  const rig::Field text{"messageText", Text(84, u'm')};
+  const rig::Field kind{"diagnosisKind", Number(5)};
+  const rig::Field module{"module", Text(u"NC")};
+  const ErrorRecord record = Make({{module, text, kind}, {}, {}});
+  for (const auto& fields : {std::vector{text, module, kind}, std::vector{kind, text, module}}) {
+    EXPECT_EQ(std::memcmp(Make({fields, {}, {}}).bytes, record.bytes, sizeof record.bytes), 0);
+  }
+  EXPECT_EQ(record.GetText(error_field::kMessageText.offset, error_field::kMessageText.size), Text(50, u'm'));
+}
+
+TEST(ErrorSpecTest, AWholeRealIsANumber) {
+  EXPECT_EQ(Make({{{"number", -5.0}}, {}, {}}).Get<std::int32_t>(error_field::kNumber.offset), -5);
+  EXPECT_EQ(Make({{{"severity", 7.0}}, {}, {}}).Get<std::uint16_t>(error_field::kSeverity.offset), 7);
+}
+
 TEST(ErrorSpecTest, NumbersInThePlaceOfATextWin) {
   const ErrorRecord record =
       Make({{{"code", Number(7)}, {"partner", Number(8)}, {"messageText", Text(u"lost")}}, {}, {}});

@@ -234,6 +234,30 @@ TEST_F(ErrorWatchTest, ADescriptionIsFoundBehindItsReference) {
   for (const auto& row : rows) EXPECT_EQ(cnc.DescriptionBehind(row.reference), row.text) << ToUtf8(row.reference);
 }
 
+TEST_F(ErrorWatchTest, TheSummaryTellsTheClassOfTheError) {
+  using Class = rig::CncControl::ErrorClass;
+  const std::pair<std::vector<rig::Field>, Class> rows[] = {
+      {{{"severity", std::int64_t{1}}}, Class::kError},
+      {{{"severity", std::int64_t{1}}, {"marked", std::int64_t{1}}}, Class::kMarked},
+      {{{"severity", std::int64_t{0}}}, Class::kWarning},
+      {{{"severity", std::int64_t{7}}}, Class::kFatal},
+      {{{"severity", std::int64_t{1}}, {"number", std::int64_t{3753}}}, Class::kConfirm},
+  };
+  for (const auto& [fields, errorClass] : rows) {
+    cnc.ClearErrors();
+    std::string problem;
+    ASSERT_TRUE(cnc.PushError({fields, {}, {}}, problem)) << problem;
+    EXPECT_EQ(cnc.Errors().at(0).errorClass, errorClass);
+  }
+}
+
+TEST_F(ErrorWatchTest, AWatchWithoutAFunctionKeepsNobodyElseFromHearing) {
+  cnc.WatchErrors({});
+  Watch();
+  Push(5);
+  EXPECT_EQ(Heard(), "raised 5#1 of absent; ");
+}
+
 TEST_F(ErrorWatchTest, TenThousandErrorsAreToldOneByOne) {
   std::int64_t heardOf = 0;
   cnc.WatchErrors([&](const Summary&, Fate) { ++heardOf; });

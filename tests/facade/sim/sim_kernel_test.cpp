@@ -260,6 +260,8 @@ TEST_F(SimKernelTest, TheMachinesSideDefinesSetsAndReads) {
   EXPECT_EQ(side.GetInt(u"A"), 4);
   EXPECT_EQ(side.GetInt(u"T"), 0) << "not an integer";
   EXPECT_EQ(side.GetInt(u"NO"), 0);
+  side.Define(u"L", rig::VariableType::kInt, std::int64_t{1} << 40);
+  EXPECT_EQ(side.GetInt(u"L"), 0) << "too large";
   side.Set(u"A", std::int64_t{4});
   EXPECT_EQ(TakeReports(window).size(), 1U);
   side.Set(u"NO", std::int64_t{4});

@@ -379,6 +379,16 @@ TEST_F(SimSharesTest, NoPathLeavesItsShare) {
   }
 }
 
+TEST_F(SimSharesTest, OfAShareThatOccursTwiceTheOneWithAnErrorSaysIt) {
+  const Node good = Share(u"\\\\Office\\A", "a");
+  const Node bad = Share(u"\\\\OFFICE\\A", "a", 5);
+  const Node worse = Share(u"\\\\OFFICE\\A", "a", 51);
+  const std::pair<std::vector<Node>, int> rows[] = {{{good, bad}, 5}, {{bad, good}, 5}, {{bad, worse}, 5}};
+  for (const auto& [roots, expected] : rows) {
+    EXPECT_EQ(MakeShareReader(roots, hold)->Probe(u"\\\\Office\\A"), expected);
+  }
+}
+
 TEST_F(SimSharesTest, AConnectedResourceMayBackAShareThatHasNoFolder) {
   temp.Write("a/x", "1");
   Node connected = Share(u"\\\\Office\\A", "a");

@@ -311,5 +311,13 @@ TEST_F(SimPlacesTest, AConnectedDriveOfTheNetworkIsReadToo) {
   EXPECT_EQ(places.LogicalDrives(), DriveBit(u'D'));
 }
 
+TEST_F(SimPlacesTest, AConnectedDriveWithoutAFolderIsNotThere) {
+  rig::NetworkNode node;
+  node.local = u"E:";
+  node.error = 51;
+  storage.SetNetwork({node});
+  EXPECT_EQ(places.Reader()->Probe(u"E:"), place_error::kPathNotFound);
+}
+
 }  // namespace
 }  // namespace pnl::sim

@@ -79,6 +79,17 @@ TEST_F(StorageTest, EveryLetterOfBothCasesIsADrive) {
   for (const char letter : {'A', 'M', 'Z'}) EXPECT_EQ(storage.Drives().count(letter), 1U) << letter;
 }
 
+TEST_F(StorageTest, ASmallLetterIsItsDriveToo) {
+  for (const char letter : {'a', 'm', 'z'}) {
+    rig::Drive drive;
+    drive.letter = letter;
+    drive.dir = "/media/data";
+    storage.SetDrive(drive);
+    EXPECT_TRUE(drives.Folder(letter)) << letter;
+  }
+  EXPECT_EQ(storage.Drives().size(), 3U);
+}
+
 TEST_F(StorageTest, OnlyLettersAreDrives) {
   rig::Drive drive;
   drive.dir = "/media/data";

@@ -48,6 +48,7 @@ TEST_F(UtilitiesTest, ATextThatIsTooLongIsCut) {
   util.ErrorText(ErrorTextFunction::kErrorToTxt, 5, info);
   EXPECT_EQ(FieldText(info.text), Text(499, u'x'));
   EXPECT_EQ(FieldText(info.helpRef), Text(259, u'y'));
+  EXPECT_EQ(info.hasHelp, 0) << "a reference alone is no help that opens by itself";
 }
 
 TEST_F(UtilitiesTest, ADescriptionIsFoundByFileAndNumber) {

@@ -75,6 +75,40 @@ TEST_F(SimVariablesTest, AToolsWriteReportsOnlyAChange) {
   EXPECT_THAT(sink.Take(), ElementsAre("write [1].G.FULLSTATUS=1 ok", "write [1].G.FULLSTATUS=2 ok"));
 }
 
+TEST_F(SimVariablesTest, AWindowMayHaveItsOwnReportAlone) {
+  DefineInt(kName, 1);
+  ZCVariable first(vars, kName);
+  ZCVariable second(vars, kName);
+  first.OpenReport(window);
+  second.OpenReport(other);
+  EXPECT_EQ(first.GeneraReport(), 0);
+  EXPECT_EQ(TakeReports(window), std::vector<std::intptr_t>{vars.Bind(kName).identifier});
+  EXPECT_THAT(TakeReports(other), IsEmpty());
+}
+
+TEST_F(SimVariablesTest, AVariableKnowsItsFormat) {
+  const struct {
+    rig::VariableType type;
+    std::int32_t integers;
+    std::int32_t decimals;
+  } rows[] = {{rig::VariableType::kInt, 8, 0}, {rig::VariableType::kDouble, 8, 4}, {rig::VariableType::kText, 0, 0}};
+  for (const auto& row : rows) {
+    cnc.Define(kName, row.type, std::int64_t{0}, true, true);
+    const ZCVariable variable(vars, kName);
+    EXPECT_EQ(variable.GetNEnteros(), row.integers);
+    EXPECT_EQ(variable.GetNDecimales(), row.decimals);
+    EXPECT_EQ(variable.GetIDExterno(), vars.Bind(kName).identifier);
+  }
+}
+
+TEST_F(SimVariablesTest, NobodyNeedHearOfWrites) {
+  const SimRecorder recorder;
+  SimVariables alone(windows, recorder);
+  alone.Define(kName, rig::VariableType::kInt, std::int64_t{1});
+  EXPECT_EQ(ZCVariable(alone, kName).WriteInt(2), 0);
+  EXPECT_EQ(test::Describe(alone.Get(kName).value_or(rig::Value{})), "2");
+}
+
 TEST_F(SimVariablesTest, AWriteThatIsNotAllowedFailsAndIsRecorded) {
   DefineInt(kName, 1, true, false);
   ZCVariable variable(vars, kName);

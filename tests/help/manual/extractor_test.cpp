@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <fstream>
 #include <thread>
 
@@ -109,6 +112,63 @@ TEST_F(Extractor, AFolderThatAnotherProcessMadeMeanwhileIsAsGood) {
   temp_.Write("o/listing.txt", "theirs");
   const ProgramExtractor real(PNL_CHM_PROGRAM);
   EXPECT_EQ(real.Extract(temp_.Path() / "m.chm", temp_.Path() / "o", [] { return false; }), Extraction::kDone);
+  EXPECT_EQ(temp_.Read("o/listing.txt"), "theirs");
+  EXPECT_EQ(test::SnapshotOf(temp_.Path()).size(), 3u);
+}
+
+TEST_F(Extractor, AFileInTheFoldersPlaceStaysAndIsNoManual) {
+  temp_.Write("m.chm", ChmWriter().Add("/a.htm", "a").Bytes());
+  temp_.Write("o", "theirs");
+  const ProgramExtractor real(PNL_CHM_PROGRAM);
+  EXPECT_EQ(real.Extract(temp_.Path() / "m.chm", temp_.Path() / "o", [] { return false; }), Extraction::kNoRoom);
+  EXPECT_EQ(temp_.Read("o"), "theirs");
+}
+
+TEST_F(Extractor, WhatCannotBeReadIsCountedAndTheRestIsUnpacked) {
+  // The home page is asked for first, and the table of the manual before it.
+  ChmWriter page;
+  page.AddSystem("T", "z.htm", "", "", 0x409);
+  page.Add("/a.htm", "first").Add("/z.htm", std::string(10'000, 'x'));
+  std::string whole = page.SortedBytes();
+  ASSERT_EQ(Unpack(whole.substr(0, whole.size() - 100)), Extraction::kDone);
+  EXPECT_EQ(Names(), "a.htm ");
+  EXPECT_EQ(manual_->Listing().unreadable, 1u);
+  ChmWriter system;
+  system.Add("/a.htm", "first").AddSystem(std::string(500, 't'), "a.htm", "", "", 0x409);
+  whole = system.SortedBytes();
+  ASSERT_EQ(Unpack(whole.substr(0, whole.size() - 100)), Extraction::kDone);
+  EXPECT_EQ(Names(), "a.htm ");
+  EXPECT_TRUE(manual_->IsDamaged());
+}
+
+/// What the program prints, its errors too, and below that its answer.
+std::string Printed(const std::string& words) {
+  const std::string command = std::string("'") + PNL_CHM_PROGRAM + "' " + words + " 2>&1";
+  FILE* const output = popen(command.c_str(), "r");
+  std::string text;
+  for (int c = std::fgetc(output); c != EOF; c = std::fgetc(output)) text.push_back(static_cast<char>(c));
+  return text + std::to_string(WEXITSTATUS(pclose(output)));
+}
+
+TEST_F(Extractor, TheProgramSaysInWordsWhyItDidNothing) {
+  temp_.Write("m.chm", ChmWriter().Add("/a.htm", "a").Bytes());
+  temp_.Write("text.chm", "plain text");
+  const std::string folder = temp_.Path().string() + "/";
+  const auto answer = [](int code) { return std::to_string(code); };
+  EXPECT_EQ(Printed(folder + "m.chm"),
+            "pnl-chm MANUAL FOLDER unpacks a compiled manual into a new folder and prints what it found.\n" +
+                answer(extractor_exit::kUsage));
+  EXPECT_EQ(Printed(folder + "text.chm " + folder + "o"),
+            "pnl-chm: nothing could be unpacked\n" + answer(extractor_exit::kNothing));
+  EXPECT_EQ(Printed(folder + "m.chm " + folder + "gone/o"),
+            "pnl-chm: the folder can't be written\n" + answer(extractor_exit::kNoRoom));
+}
+
+TEST_F(Extractor, TheProgramItselfLeavesNothingBesideAFolderThatIsThere) {
+  temp_.Write("m.chm", ChmWriter().Add("/a.htm", "a").Bytes());
+  temp_.Write("o/listing.txt", "theirs");
+  const std::string folder = temp_.Path().string() + "/";
+  EXPECT_THAT(Printed(folder + "m.chm " + folder + "o"), testing::EndsWith(std::to_string(extractor_exit::kDone)));
   EXPECT_EQ(temp_.Read("o/listing.txt"), "theirs");
   EXPECT_EQ(test::SnapshotOf(temp_.Path()).size(), 3u);
 }

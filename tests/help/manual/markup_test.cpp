@@ -85,6 +85,7 @@ TEST(Markup, TheContentOfScriptsAndStyleSheetsIsOneText) {
   EXPECT_EQ(PiecesOf(u"<STYLE>p > b {}</Style >"), "<STYLE>'p > b {}'</STYLE>");
   EXPECT_EQ(PiecesOf(u"<style>a<b{}</style>"), "<STYLE>'a<b{}'</STYLE>");
   EXPECT_EQ(PiecesOf(u"<style></style>x"), "<STYLE></STYLE>'x'");
+  EXPECT_EQ(PiecesOf(u"<script>a</</script>y"), "<SCRIPT>'a</'</SCRIPT>'y'");
   EXPECT_EQ(PiecesOf(u"<script>never closed <p>"), "<SCRIPT>'never closed <p>'");
 }
 
@@ -117,7 +118,7 @@ TEST(Markup, AHundredThousandBrokenPiecesTakeNoLongerThanTheirLength) {
 }
 
 struct Reference {
-  const char16_t* written;
+  TextView written;
   TextView meant;
 };
 
@@ -129,6 +130,9 @@ TEST(Markup, CharacterReferencesAreReplaced) {
       {u"&#241;&#xF1;&#XF1;", u"ñññ"},
       {u"&#8364;&euro;&#128;", u"€€€"},
       {u"&#129;", u"\u0081"},
+      {u"&#127;&#159;&#160;", u"\u007FŸ\u00A0"},
+      {u"&#65535;&#65536;", u"\uFFFF\U00010000"},
+      {TextView(u"&#651").substr(0, 4), u"A"},
       {u"&#x1F600;", u"\U0001F600"},
       {u"&#0;&#xD800;&#1114112;&#99999999999999;", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
       {u"&#65 &#65x", u"A Ax"},

@@ -61,6 +61,7 @@ TEST(Sitemap, WhatIsntClosedCounts) {
       {"<UL><OBJECT><param name=Name value=A>", "0 A\n"},
       {"<UL><OBJECT><param name=Name value=A><OBJECT><param name=Name value=B>", "0 A\n0 B\n"},
       {"<UL><OBJECT><param name=Name value=A><UL><OBJECT><param name=Name value=B>", "0 A\n1 B\n"},
+      {"<UL><OBJECT><param name=Name value=A><UL><OBJECT><param name=Name value=B></UL></UL>", "0 A\n1 B\n"},
       {"</UL></UL><UL><OBJECT><param name=Name value=A></UL></UL></UL><UL><OBJECT><param name=Name value=B>",
        "0 A\n0 B\n"},
       {"<OBJECT></OBJECT><OBJECT><param name=Merge value=small.hhc></OBJECT>", ""},

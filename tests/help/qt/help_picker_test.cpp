@@ -92,6 +92,17 @@ TEST_F(HelpPicker, CancelAndEscapeOpenNothing) {
   EXPECT_THAT(TakeHostCalls(), testing::Not(testing::Contains("HostToolWantsClose(2)")));
 }
 
+TEST_F(HelpPicker, AfterItThePanelHasTheKeysAgain) {
+  Make();
+  OpenAt();
+  Menu(2000);
+  QWidget* const before = Focus();
+  ASSERT_NE(before, nullptr);
+  Pick([](ZCListManuals& dialog) { EXPECT_EQ(QApplication::activeWindow(), &dialog); });
+  EXPECT_EQ(QApplication::activeWindow(), &panel);
+  EXPECT_EQ(Focus(), before);
+}
+
 TEST_F(HelpPicker, EnterIsOk) {
   Make();
   OpenAt();
@@ -142,8 +153,10 @@ TEST_F(HelpPicker, WithoutAListItSaysWhy) {
   Disc("C:\\P113\\Cnc7340.helps", "[OTHER]\r\n");
   Make();
   Pick([](ZCListManuals& dialog) {
-    EXPECT_EQ(FindControl(&dialog, help_id::kPickerNote)->property("pnlText").toString(),
-              "There is no list of manuals: Cnc7340.helps (1).");
+    const QWidget* note = FindControl(&dialog, help_id::kPickerNote);
+    EXPECT_EQ(note->property("pnlText").toString(), "There is no list of manuals: Cnc7340.helps (1).");
+    EXPECT_GT(note->y(), ListIn(dialog, help_id::kManuals)->geometry().bottom());
+    EXPECT_LT(note->geometry().bottom(), ListIn(dialog, help_id::kRecent)->y());
   });
 }
 

@@ -2,6 +2,7 @@
 // The drop list with the history, alone and with the window that opens it.
 #include "mdi/qt/mdi_list_window.h"
 
+#include "mdi/qt/mdi_list_key.h"
 #include "mdi_stage.h"
 
 namespace pnl::test {
@@ -139,6 +140,54 @@ TEST_F(ZCMDIListTest, ItsVerdictKeysComeBeforeThePanelsShortcuts) {
   };
   for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) EXPECT_TRUE(claims(key)) << key;
   for (const int key : {Qt::Key_F1, Qt::Key_Tab}) EXPECT_FALSE(claims(key)) << key;
+}
+
+TEST_F(ZCMDIListTest, ItsKeysReachNeitherItsRowsNorThePanel) {
+  Open({u"a", u"b"});
+  EXPECT_TRUE(PressKey(Items(), Qt::Key_B, "b"));
+  EXPECT_EQ(Items()->Selection(), 0) << "typing searches no row";
+  EXPECT_TRUE(PressKey(Items(), Qt::Key_Insert));
+  EXPECT_TRUE(PressKey(Items(), Qt::Key_Backspace, "\b"));
+  EXPECT_TRUE(PressKey(Items(), Qt::Key_Return, "\r"));
+  list = new ZCMDIList(windows, *owner, &panel);
+  Open({u"a"});
+  EXPECT_TRUE(PressKey(Items(), Qt::Key_Escape));
+}
+
+TEST_F(ZCMDIListTest, OnlyWhatCanBeWrittenIsTyping) {
+  Open({u"a"});
+  std::vector<QString> typed;
+  QObject::connect(list, &ZCMDIList::Typed, list, [&typed](const QString& text) { typed.push_back(text); });
+  const QString face = QString::fromUtf8("\xF0\x9F\x98\x80");
+  for (const QString& text : {QString("x"), QString("\x01"), face, QString("\x7f")}) PressKey(Items(), 0, text);
+  EXPECT_EQ(typed, (std::vector<QString>{"x", face}));
+}
+
+TEST_F(ZCMDIListTest, AfterItWasDismissedItHasNoVerdict) {
+  Open({u"a"});
+  list->Dismiss();
+  list->OnOK();
+  list->OnCancel();
+  EXPECT_TRUE(owner->verdicts.empty());
+}
+
+TEST(MdiListKeyTest, AWordThatDoesntFitIsDrawnSmaller) {
+  QWidget panel;
+  MdiListKey key(QStringLiteral("key"), &panel);
+  key.setText("HHHHHHHHHH");
+  const auto inside = [&key] {
+    const QImage image = Paint(key);
+    const QRect within = image.rect().adjusted(2, 2, -2, -2);
+    return Ink(image, ColorAt(image, 3, 3), within);
+  };
+  key.resize(400, 40);
+  const QRect large = inside();
+  key.resize(large.width() * 4 / 5 + 12, 40);
+  const QRect small = inside();
+  EXPECT_GE(small.left(), 5);
+  EXPECT_LE(small.right(), key.width() - 6);
+  EXPECT_LT(small.height(), large.height());
+  EXPECT_GT(small.width(), key.width() / 2) << "no smaller than needed";
 }
 
 TEST_F(ZCMDIListTest, HasAFrameOfOneLine) {

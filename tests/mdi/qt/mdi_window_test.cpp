@@ -512,6 +512,17 @@ TEST_F(MdiWindowTest, AMenuOverTheEditIsNoChangeOfItsFocus) {
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(MdiWindowTest, APressOnTheLineDoesntReachThePanelBelow) {
+  Open();
+  for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+    QMouseEvent press(QEvent::MouseButtonPress, QPoint(3, 3), tool->mapToGlobal(QPoint(3, 3)), button, button,
+                      Qt::NoModifier);
+    press.ignore();
+    QApplication::sendEvent(tool, &press);
+    EXPECT_TRUE(press.isAccepted());
+  }
+}
+
 TEST_F(MdiWindowTest, ThePressOfAnotherButtonOpensNoDropList) {
   History(3);
   Open();

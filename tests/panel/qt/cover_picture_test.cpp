@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QScroller>
 #include <QStandardItemModel>
 #include <QStyleOptionViewItem>
 #include <QTextBlock>
@@ -264,6 +265,12 @@ TEST_F(CoverPictureTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) 
     for (int i = 0; i < 4; ++i) box.Keys()[1]->click();
     box.Keys()[2]->click();
     box.Keys()[10]->click();
+    EXPECT_EQ(box.Edit().text(), "1111");
+    for (const int key : {1, 10}) {
+      box.Keys()[12]->setFocus();
+      box.Keys()[static_cast<std::size_t>(key)]->click();
+      EXPECT_TRUE(box.Edit().hasFocus()) << "a keyboard goes on where the keypad was pressed";
+    }
     EXPECT_EQ(box.Edit().text(), "1111");
     box.Keys()[11]->click();
   }));
@@ -567,6 +574,69 @@ TEST_F(EditorPictureTest, TheStripFollowsTheText) {
   editor_.resize(400, 200);
   QCoreApplication::processEvents();
   EXPECT_EQ(Numbers()->height(), editor_.Edit().contentsRect().height());
+}
+
+TEST_F(EditorPictureTest, WhatIsTypedWhereverItIsHasItsColourAndItsNumberAtOnce) {
+  editor_.SetProgram("G0\nX1\n", "P");
+  editor_.show();
+  QCoreApplication::processEvents();
+  const auto coloured = [this] {
+    QStringList words;
+    for (const auto& mark : editor_.Edit().extraSelections().mid(1)) words << mark.cursor.selectedText();
+    return words;
+  };
+  ASSERT_EQ(coloured(), QStringList{"G0"});
+  // Below the caret, which stays where it is.
+  QTextCursor below(editor_.Edit().document());
+  below.movePosition(QTextCursor::End);
+  below.insertText("M30");
+  EXPECT_EQ(coloured(), (QStringList{"G0", "M30"}));
+  below.insertText(QString("\n").repeated(1000) + "G7");
+  EXPECT_EQ(editor_.Edit().viewport()->x(), editor_.Edit().NumbersWidth()) << "room for a fourth digit";
+  EXPECT_EQ(coloured(), (QStringList{"G0", "M30"})) << "only what is seen";
+  editor_.Edit().verticalScrollBar()->setValue(editor_.Edit().verticalScrollBar()->maximum());
+  EXPECT_EQ(coloured(), QStringList{"G7"}) << "also when it is scrolled";
+}
+
+TEST_F(EditorPictureTest, AMarkedPlaceOutOfSightComesToTheMiddleAndOneInSightStays) {
+  editor_.SetProgram(QString("G0\n").repeated(500), "P");
+  editor_.show();
+  QCoreApplication::processEvents();
+  CodeEdit& edit = editor_.Edit();
+  const int line = edit.fontMetrics().height();
+  // The last line may be cut off.
+  const int seen = edit.viewport()->height() / line - 1;
+  editor_.MarkInLine(seen - 1, 0, 2);
+  EXPECT_EQ(edit.verticalScrollBar()->value(), 0);
+  const auto expectInTheMiddle = [&] {
+    EXPECT_NEAR(edit.cursorRect().center().y(), edit.viewport()->height() / 2, line);
+    EXPECT_EQ(edit.textCursor().selectedText(), "G0");
+  };
+  editor_.MarkInLine(seen, 0, 2);
+  EXPECT_GT(edit.verticalScrollBar()->value(), 0);
+  expectInTheMiddle();
+  editor_.MarkInLine(400, 0, 2);
+  expectInTheMiddle();
+  editor_.MarkInLine(100, 0, 2);
+  expectInTheMiddle();
+}
+
+TEST_F(EditorPictureTest, ALowProgramHasNoBarBelowItsLines) {
+  editor_.show();
+  const CodeEdit& edit = editor_.Edit();
+  const int around = editor_.height() - edit.height();
+  const int least = 5 * theme::TouchPixels(edit);
+  for (const auto& [height, policy] :
+       {std::pair(least, Qt::ScrollBarAsNeeded), std::pair(least - 1, Qt::ScrollBarAlwaysOff),
+        std::pair(least, Qt::ScrollBarAsNeeded), std::pair(20, Qt::ScrollBarAlwaysOff)}) {
+    editor_.resize(400, height + around);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(edit.horizontalScrollBarPolicy(), policy) << height;
+  }
+}
+
+TEST_F(EditorPictureTest, AFingerPullsTheText) {
+  EXPECT_NE(QScroller::grabbedGesture(editor_.Edit().viewport()), Qt::GestureType());
 }
 
 TEST_F(EditorPictureTest, TheCaretsLineIsLitAndTheWordsHaveTheirColours) {

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QTimerEvent>
 
 #include "common/words.h"
+#include "panel/qt/host_rig.h"
+#include "ui/error_list.h"
 #include "ui/theme.h"
 
 namespace panel {
@@ -73,6 +76,81 @@ TEST(ErrorIndicatorTest, ItsTimerRunsOnlyWhileItFlashes) {
   indicator.Show({}, 0);
   EXPECT_EQ(indicator.Fill(), QColor(theme::kSurface));
   EXPECT_EQ(indicator.text(), Say(Word::kNoErrors));
+}
+
+/// The list of errors with a history and a clock that a test moves.
+class ErrorListRoomTest : public HostFixture {
+ protected:
+  ErrorListRoomTest() {
+    window_.resize(800, 400);
+    cover_.setGeometry(window_.rect());
+    window_.show();
+    Settle();
+  }
+  void Raise(int count) {
+    for (int i = 0; i < count; ++i) {
+      pnl::rig::CncControl::ErrorSummary error;
+      error.number = ++serial_;
+      error.serial = serial_;
+      rig.error(error, pnl::rig::CncControl::ErrorFate::kRaised);
+    }
+  }
+  [[nodiscard]] QList<QAbstractEventDispatcher::TimerInfo> Timers() const {
+    return QAbstractEventDispatcher::instance()->registeredTimers(&cover_);
+  }
+  void Fire(int timer) {
+    QTimerEvent tick(timer);
+    QCoreApplication::sendEvent(&cover_, &tick);
+  }
+
+  ErrorTime now_{std::chrono::hours(1000)};
+  int serial_ = 0;
+  ErrorDesk desk_{session, &rig, [this] { return now_; }};
+  QWidget window_;
+  mutable ErrorListCover cover_{desk_, &window_};
+};
+
+TEST_F(ErrorListRoomTest, TheListGivesANoteItsRoomAndGetsItBackWhenTheFloodIsOver) {
+  cover_.Open();
+  const QRect whole = cover_.List().geometry();
+  EXPECT_TRUE(Timers().isEmpty());
+  Raise(11);
+  cover_.Update();
+  ASSERT_EQ(cover_.Notes(), QStringList{"Flood: 11 errors in the last ten minutes"});
+  EXPECT_EQ(cover_.List().geometry(), whole.adjusted(0, 32, 0, 0)) << "the list ends where it ended";
+  ASSERT_EQ(Timers().size(), 1);
+  EXPECT_NEAR(Timers()[0].interval, 10 * 60'000, 1000) << "when the first of them is ten minutes old";
+  now_ += std::chrono::minutes(10);
+  Fire(Timers()[0].timerId + 1000);
+  EXPECT_EQ(cover_.Notes().size(), 1) << "the timer of somebody else";
+  Fire(Timers()[0].timerId);
+  EXPECT_TRUE(cover_.Notes().isEmpty());
+  EXPECT_EQ(cover_.List().geometry(), whole);
+  EXPECT_TRUE(Timers().isEmpty());
+  EXPECT_EQ(cover_.List().model()->rowCount(), 11) << "the errors stay";
+}
+
+TEST_F(ErrorListRoomTest, EveryNoteHasALineOfItsOwn) {
+  cover_.Open();
+  const QRect whole = cover_.List().geometry();
+  Raise(201);
+  cover_.Update();
+  ASSERT_EQ(cover_.Notes().size(), 2) << "a flood, and an error without a row";
+  EXPECT_EQ(cover_.List().geometry(), whole.adjusted(0, 64, 0, 0));
+  now_ += std::chrono::minutes(10);
+  Fire(Timers()[0].timerId);
+  EXPECT_EQ(cover_.Notes().size(), 1);
+  EXPECT_EQ(cover_.List().geometry(), whole.adjusted(0, 32, 0, 0));
+}
+
+TEST_F(ErrorListRoomTest, AListThatIsClosedDoesNotWatchTheClock) {
+  Raise(11);
+  cover_.Update();
+  EXPECT_TRUE(Timers().isEmpty());
+  cover_.Open();
+  EXPECT_EQ(Timers().size(), 1);
+  cover_.Leave();
+  EXPECT_TRUE(Timers().isEmpty());
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 #include "common/words.h"
 #include "host/panel_settings.h"
+#include "panel/qt/picture.h"
 #include "support/text_catcher.h"
 #include "ui/panel_key.h"
 #include "ui/panel_layout.h"
@@ -206,6 +207,117 @@ TEST_F(FirstStartTest, ALanguageThatChangesMeanwhileChangesItsWords) {
   EXPECT_TRUE(cover_.accessibleName().startsWith("Apoye"));
   EXPECT_TRUE(cover_.accessibleDescription().startsWith("La pantalla mide"));
   EXPECT_TRUE(TextsOf(cover_).join(' ').contains("La pantalla mide"));
+}
+
+TEST_F(FirstStartTest, TheQuestionIsReadInTheMiddleAndThatOfTheScreenJustAboveItsBar) {
+  cover_.Ask(Page::kLanguage, false);
+  EXPECT_EQ(pnl::test::StrokesOf(cover_), Pictured([this](Picture& picture) {
+              picture.Fill({0, 0, 790, 330}, theme::kBackground)
+                  .Field({0, 0, 790, 330}, theme::kBackground, theme::kAccent, 8)
+                  .Paragraph({43, 12, 704, 143}, Qt::AlignHCenter | Qt::AlignVCenter, cover_.Text(),
+                             theme::Font(20, true), theme::kText);
+            }));
+  Touch(FirstStart::kEnglish);
+  cover_.SetBarLength(300);
+  const QRect bar(12, 156, 300, 64);
+  EXPECT_EQ(cover_.Bar(), bar);
+  EXPECT_EQ(pnl::test::StrokesOf(cover_), Pictured([&](Picture& picture) {
+              picture.Fill({0, 0, 790, 330}, theme::kBackground)
+                  .Field({0, 0, 790, 330}, theme::kBackground, theme::kAccent, 8)
+                  .Paragraph({43, 12, 704, 134}, Qt::AlignHCenter | Qt::AlignBottom, cover_.Text(),
+                             theme::Font(20, true), theme::kText)
+                  .Fill(bar, theme::kAccent)
+                  .Fill({12, 156, 2, 64}, theme::kText)
+                  .Fill({310, 156, 2, 64}, theme::kText)
+                  .Middle({12, 220, 766, 34}, cover_.Reading(), theme::Font(16), theme::kMuted);
+            }));
+}
+
+TEST_F(FirstStartTest, InASmallCoverTheQuestionHasSmallerLettersUntilAllOfItIsRead) {
+  cover_.setGeometry(0, 0, 300, 230);
+  cover_.Ask(Page::kScreen, false);
+  const QRect room(12, 12, 276, cover_.Bar().top() - 22);
+  int pixels = 20;
+  while (theme::ParagraphIn(cover_.Text(), theme::Font(pixels, true), room.size()) != cover_.Text()) --pixels;
+  ASSERT_LT(pixels, 20);
+  ASSERT_GT(pixels, 11);
+  const Strokes question = Pictured([&](Picture& picture) {
+    picture.Paragraph(room, Qt::AlignHCenter | Qt::AlignBottom, cover_.Text(), theme::Font(pixels, true), theme::kText);
+  });
+  EXPECT_THAT(pnl::test::StrokesOf(cover_), ::testing::IsSupersetOf(question));
+}
+
+TEST_F(FirstStartTest, AnOpenQuestionIsNotAskedAgain) {
+  cover_.Ask(Page::kLanguage, false);
+  Touch(FirstStart::kEnglish);
+  cover_.SetBarLength(333);
+  cover_.Ask(Page::kLanguage, true);
+  EXPECT_EQ(cover_.Shown(), Page::kScreen);
+  EXPECT_EQ(cover_.Bar().width(), 333);
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(cover_.IsOpen()) << "it still can't be left";
+  EXPECT_EQ(cover_.Shown(), Page::kLanguage);
+}
+
+TEST_F(FirstStartTest, ItComesOverEverything) {
+  QWidget other(&window_);
+  other.show();
+  cover_.Ask(Page::kLanguage, false);
+  EXPECT_EQ(window_.children().last(), &cover_);
+}
+
+TEST_F(FirstStartTest, BackGivesTheKeyboardToTheLanguageInUseAndThereItStays) {
+  Speak("es");
+  cover_.Ask(Page::kScreen, false);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), cover_.KeyOf(FirstStart::kSpanish));
+  Press(Qt::Key_Left);
+  ASSERT_EQ(QApplication::focusWidget(), cover_.KeyOf(FirstStart::kEnglish));
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), cover_.KeyOf(FirstStart::kEnglish)) << "there is nothing further back";
+}
+
+TEST_F(FirstStartTest, ABarThatIsHeldIsLetGoWithItsPage) {
+  cover_.Ask(Page::kScreen, false);
+  const QRect bar = cover_.Bar();
+  Mouse(cover_, QEvent::MouseButtonPress, QPoint(bar.right(), bar.center().y()));
+  Press(Qt::Key_Escape);
+  Mouse(cover_, QEvent::MouseMove, QPoint(bar.right() + 90, bar.center().y()));
+  Touch(FirstStart::kEnglish);
+  EXPECT_EQ(cover_.Bar(), bar);
+}
+
+TEST_F(FirstStartTest, TheOtherButtonsOfAMouseDoNotPullTheBar) {
+  cover_.Ask(Page::kScreen, false);
+  const QRect bar = cover_.Bar();
+  const QPoint end(bar.right(), bar.center().y());
+  Mouse(cover_, QEvent::MouseButtonPress, end);
+  QMouseEvent right(QEvent::MouseButtonPress, end, cover_.mapToGlobal(end), Qt::RightButton,
+                    Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&cover_, &right);
+  Mouse(cover_, QEvent::MouseMove, end + QPoint(50, 0));
+  EXPECT_EQ(cover_.Bar(), bar);
+}
+
+TEST_F(FirstStartTest, AskedAgainOnAnotherScreenItsKeysAreOfThatScreensMillimetres) {
+  cover_.Ask(Page::kScreen, true);
+  Press(Qt::Key_Escape);
+  theme::SetScreenWidth(ScreenPixels() * 25.4 / 160);
+  cover_.Ask(Page::kScreen, true);
+  for (const FirstStart::Key key : {FirstStart::kBack, FirstStart::kShorter, FirstStart::kLonger, FirstStart::kOk}) {
+    EXPECT_GE(cover_.KeyOf(key)->height() * 25.4 / 160, 12);
+    EXPECT_EQ(cover_.KeyOf(key)->geometry().bottom(), cover_.height() - 13);
+  }
+}
+
+TEST_F(FirstStartTest, EachPageIsNamedByItsQuestion) {
+  cover_.Ask(Page::kScreen, false);
+  EXPECT_EQ(cover_.accessibleName(), cover_.Text());
+  EXPECT_EQ(cover_.accessibleDescription(), cover_.Reading());
+  EXPECT_TRUE(cover_.Reading().endsWith("mm wide"));
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(cover_.accessibleName(), "Choose your language\nElija su idioma");
+  EXPECT_EQ(cover_.accessibleDescription(), "");
 }
 
 /// A window's size, a language and the density that is assumed.

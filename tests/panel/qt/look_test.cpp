@@ -240,6 +240,7 @@ TEST(ParagraphTest, OnlyWhatFindsNoRoomIsLeftOut) {
   EXPECT_TRUE(shown.contains(QChar(0x2026)));
   EXPECT_EQ(theme::ParagraphIn(words, font, {4000, 400}), words);
   EXPECT_FALSE(theme::ParagraphIn("one two", font, {400, 2}).isEmpty()) << "one line always shows";
+  EXPECT_EQ(theme::ParagraphIn("one two", font, {1, 2}), QString(QChar(0x2026))) << "not even one letter fits";
 }
 
 TEST(ParagraphTest, IsWrittenInItsColourAndItsPlace) {

@@ -67,6 +67,21 @@ TEST(PanelSettingsTest, AWrongValueCountsAsMissing) {
   EXPECT_EQ(ReadSettings("[Panel]\nScreenWidth=3000\n").screenMillimetres, 3000.0);
 }
 
+TEST(PanelSettingsTest, ALineCountsWithoutItsEndButNotBeforeItsSection) {
+  EXPECT_EQ(ReadSettings("[Panel]\nScreenWidth=300\nLanguage=es"), (PanelSettings{"es", 300.0, {}}));
+  EXPECT_EQ(ReadSettings("Language=es\n[Panel]\nTouchKeyboard=1\n"), (PanelSettings{{}, {}, true}));
+}
+
+TEST(PanelSettingsTest, OnlyWhatIsKnownTakesTheOldSettingsPlace) {
+  PanelSettings settings = kAll;
+  settings.Update({});
+  EXPECT_EQ(settings, kAll);
+  settings.Update({"en", {}, false});
+  EXPECT_EQ(settings, (PanelSettings{"en", 345.6, false}));
+  settings.Update({{}, 300.0, {}});
+  EXPECT_EQ(settings, (PanelSettings{"en", 300.0, false}));
+}
+
 TEST(PanelSettingsTest, ADamagedFileCountsAsAnEmptyOne) {
   const QByteArray good = WithSettings({}, kAll);
   EXPECT_EQ(ReadSettings("\xEF\xBB\xBF" + good), kAll) << "a mark is no damage";
@@ -118,6 +133,16 @@ TEST_F(SettingsFileTest, AnotherPanelsChangeIsKept) {
   folder_.Write("A.INI", "[Panel]\nLanguage=en\nScreenWidth=345.6\nMore=1\n");
   ASSERT_TRUE(StoreSettings(File("A.INI"), {{}, {}, false}));
   EXPECT_EQ(folder_.Read("A.INI"), "[Panel]\r\nLanguage=en\r\nScreenWidth=345.6\r\nMore=1\r\nTouchKeyboard=0\r\n");
+}
+
+TEST_F(SettingsFileTest, AFileThatSaysSoAlreadyIsNotWrittenAgain) {
+  ASSERT_TRUE(StoreSettings(File("A.INI"), kAll));
+  // A file that is written is another one, of which this isn't a name.
+  std::filesystem::create_hard_link(folder_.Path() / "A.INI", folder_.Path() / "B.INI");
+  EXPECT_TRUE(StoreSettings(File("A.INI"), kAll));
+  EXPECT_EQ(std::filesystem::hard_link_count(folder_.Path() / "A.INI"), 2u);
+  EXPECT_TRUE(StoreSettings(File("A.INI"), {"en", {}, {}}));
+  EXPECT_EQ(std::filesystem::hard_link_count(folder_.Path() / "A.INI"), 1u);
 }
 
 TEST_F(SettingsFileTest, AFileThatMayNotBeWrittenStays) {

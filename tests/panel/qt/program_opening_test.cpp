@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A program on its way into the editor: its first page, the progress, and what stays as it was when it is cancelled,
 // refused or left by the end of the panel.
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QTimerEvent>
 #include <memory>
 
 #include "common/words.h"
@@ -197,6 +199,37 @@ TEST_F(OpeningTest, AnOpeningThatTakesItsTimeGetsItsKeyToCancel) {
   EXPECT_EQ(editor_.OpeningShown().CancelKey()->text(), Say(Word::kCancel));
   editor_.CancelOpening();
   ExpectOldAsItWas();
+}
+
+TEST_F(OpeningTest, TheBarComesByATimerOfItsOwnAndOnce) {
+  const auto timers = [this] { return QAbstractEventDispatcher::instance()->registeredTimers(&editor_); };
+  ASSERT_TRUE(timers().isEmpty());
+  editor_.BeginOpening("C:\\SLOW.NC");
+  ASSERT_EQ(timers().size(), 1);
+  EXPECT_EQ(timers()[0].interval, 300);
+  QTimerEvent other(timers()[0].timerId + 1000);
+  QCoreApplication::sendEvent(&editor_, &other);
+  EXPECT_FALSE(editor_.OpeningShown().isVisible());
+  EXPECT_EQ(timers().size(), 1);
+  QTimerEvent tick(timers()[0].timerId);
+  QCoreApplication::sendEvent(&editor_, &tick);
+  EXPECT_TRUE(editor_.OpeningShown().isVisible());
+  EXPECT_TRUE(timers().isEmpty());
+  editor_.CancelOpening();
+  ExpectOldAsItWas();
+}
+
+TEST_F(OpeningTest, WhatWaitsForASaveGoesOnAfterAnOpeningThatWasCancelled) {
+  bool went = false;
+  desk_->Store("C:\\one.nc");
+  desk_->Store("C:\\two.nc");
+  desk_->Load("C:\\big.nc");
+  desk_->AskToDiscard([&went] { went = true; });
+  ASSERT_TRUE(WaitWhile([this] { return said_.size() < 2; }, kPatience));
+  EXPECT_EQ(said_, (QStringList{Say(Word::kSaved, "C:\\one.nc"), "!" + Say(Word::kStillOpening)}));
+  EXPECT_FALSE(went);
+  desk_->CancelOpening();
+  EXPECT_TRUE(went) << "nothing is left to discard";
 }
 
 TEST_F(OpeningTest, ThePanelMayEndOnTheWay) {

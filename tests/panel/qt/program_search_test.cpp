@@ -189,6 +189,7 @@ TEST_F(SearchTest, AllPlacesAreReplacedInOneStep) {
   Bar().AllKey()->click();
   Rest();
   EXPECT_EQ(editor_.Text(), "(mine)\nX22 X22\nX22\nY\n");
+  EXPECT_EQ(Bar().CountText(), "not found") << "none is left";
   EXPECT_EQ(said_, QStringList{Say(Word::kReplaced, "3")});
   editor_.Do(Action::kUndo);
   EXPECT_EQ(editor_.Text(), "(mine)\nX1 X1\nx1\nY\n");
@@ -291,6 +292,59 @@ TEST_F(SearchTest, AnotherProgramIsSearchedForTheSame) {
   editor_.SetProgram("G0 G0\n", "Q");
   Rest();
   EXPECT_EQ(Bar().CountText(), "2 found");
+}
+
+TEST_F(SearchTest, TheNextPlaceIsTheFirstFromTheCaretOn) {
+  editor_.SetProgram("G0 X1 X1\n", "P");
+  Find("X1");
+  editor_.MarkInLine(0, 3, 0);
+  Bar().NextKey()->click();
+  EXPECT_EQ(Marked(), "1:4 X1") << "the caret is right before it";
+  editor_.MarkInLine(0, 0, 4);
+  Bar().NextKey()->click();
+  EXPECT_EQ(Marked(), "1:7 X1") << "the caret is behind the first X";
+}
+
+TEST_F(SearchTest, WithoutANumberTheBarForALineWaitsForOne) {
+  editor_.SetProgram("G0\nG1\nG2", "P");
+  editor_.GoToLine(3);
+  editor_.Do(Action::kGoToLine);
+  LineBar& bar = editor_.LineAsked();
+  bar.GoKey()->setFocus();
+  bar.GoKey()->click();
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_TRUE(bar.Field().hasFocus());
+  EXPECT_EQ(Marked(), "3:1 ");
+  EXPECT_TRUE(said_.isEmpty());
+}
+
+TEST_F(SearchTest, InLittleRoomTheGapsAroundABarGoFirst) {
+  LineBar bar(nullptr);
+  bar.resize(400, bar.Height());
+  bar.SetFontPixels(16);
+  const int row = bar.Field().height();
+  EXPECT_EQ(bar.Field().y(), 4);
+  EXPECT_EQ(bar.Height(), row + 8);
+  for (const auto& [room, gap] : {std::pair(row, 0), std::pair(row + 5, 2), std::pair(1000, 4), std::pair(1, 0)}) {
+    bar.FitInto(room);
+    EXPECT_EQ(bar.Height(), row + 2 * gap) << room;
+    EXPECT_EQ(bar.Field().y(), gap) << room;
+    EXPECT_EQ(bar.GoKey()->y(), gap) << room;
+    EXPECT_EQ(bar.Field().height(), row) << "a key stays big enough for a finger";
+  }
+}
+
+TEST_F(SearchTest, InAVeryLowEditorTheFieldThatIsTypedIntoIsTheOneThatIsSeen) {
+  editor_.Do(Action::kReplace);
+  const int row = Bar().What().height();
+  for (BarField* field : {&Bar().With(), &Bar().What()}) {
+    field->setFocus();
+    editor_.resize(600, row + 10);
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+    const QRect place(field->mapTo(&editor_, QPoint(0, 0)), field->size());
+    EXPECT_TRUE(editor_.rect().contains(place)) << field->accessibleName().toStdString() << " " << place.top();
+    editor_.resize(600, 400);
+  }
 }
 
 class BigSearchTest : public SearchTest {

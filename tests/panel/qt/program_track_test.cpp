@@ -203,6 +203,31 @@ TEST_F(Track, ManyTypedCharactersMakeOneCopyAndAfterwardsOnlyEdits) {
   EXPECT_EQ(Left().text, editor_.Text());
 }
 
+TEST_F(Track, AsManyTypedCharactersAsAJournalTakesNeedNoCopy) {
+  OpenLong(20'000);
+  Edit(0, 0, Much(ProgramTrack::kMostTyped));
+  EXPECT_FALSE(Keep().copy);
+  EXPECT_EQ(Left().text, editor_.Text());
+  Edit(0, 0, "B");
+  EXPECT_TRUE(Keep().copy);
+}
+
+TEST_F(Track, ACopyThatIsWrittenAfterASaveSaysNothingOfTheFile) {
+  OpenLong(20'000);
+  Edit(0, 100'000, Much(300'000));
+  const auto taken = track_.Take();
+  ASSERT_TRUE(taken && taken->copy);
+  desk_.Store("C:\\long.nc");
+  Rest();
+  BecomeKnown();
+  track_.OnCopyWritten(HashOf(*taken->copy) + 1);
+  Edit(3, 0, "(not)");
+  EXPECT_EQ(Keep().program.base, Base::kFile);
+  const LeftProgram left = Left();
+  EXPECT_TRUE(left.whole);
+  EXPECT_EQ(left.text, editor_.Text());
+}
+
 TEST_F(Track, OneBigChangeMakesACopy) {
   OpenLong(20'000);
   Edit(0, 100'000, Much(300'000));

@@ -267,6 +267,33 @@ TEST_F(RemoteGrid, WhatAnEditorDoesNotTakeIsNotTyped) {
   EXPECT_EQ(model.item(0, 0)->text(), "12.34") << "typed sign by sign";
 }
 
+TEST_F(RemoteGrid, ACharacterOfTwoUnitsIsTypedInOnePiece) {
+  class Watching final : public QStyledItemDelegate {
+   public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                          const QModelIndex& /*index*/) const override {
+      auto* line = new QLineEdit(parent);
+      QObject::connect(line, &QLineEdit::textChanged,
+                       [](const QString& text) { EXPECT_TRUE(text.isValidUtf16()) << "half of it"; });
+      return line;
+    }
+  };
+  grid->setItemDelegate(new Watching(grid));
+  EXPECT_EQ(Grid("ui.grid.edit", "\"id\":7,\"row\":1,\"col\":0,\"text\":\"\xF0\x9F\x98\x80 \xF0\x9F\x98\x80\""), "{}");
+  EXPECT_EQ(model.item(0, 0)->text().toStdString(), "\xF0\x9F\x98\x80 \xF0\x9F\x98\x80");
+}
+
+TEST_F(RemoteGrid, WhatIsTypedTakesThePlaceOfATextOfWhichNothingIsMarked) {
+  grid->setCurrentIndex(model.index(0, 0));
+  grid->edit(model.index(0, 0));
+  auto* const line = grid->findChild<QLineEdit*>();
+  ASSERT_NE(line, nullptr);
+  line->deselect();
+  EXPECT_EQ(Grid("ui.grid.edit", R"("id":7,"row":1,"col":0,"text":"inox")"), "{}");
+  EXPECT_EQ(model.item(0, 0)->text(), "inox");
+}
+
 TEST_F(RemoteGrid, AListCellTakesTheTextOfAnItem) {
   grid->setItemDelegate(new GridEditors(grid));
   model.item(0, 1)->setEditable(true);

@@ -269,6 +269,24 @@ TEST_F(RemoteMethods, TheHostTableTakesSlotsByNumberAndName) {
   EXPECT_EQ(Ask("host.returns", R"({"slot":"HostShowError","value":1})"), "{}");
 }
 
+TEST_F(RemoteMethods, OnlyTheSlotsThatAreOfferedAreCalled) {
+  const auto called = [this](const char* offered) {
+    EXPECT_EQ(Ask("host.api", QByteArray(R"({"offered":)") + offered + "}"), "{}");
+    Ask("trace.take", "{}");
+    const PnlWindow tool = session.LoadTool(PNL_TOOL_CALCULATOR, session.ToolArea());
+    EXPECT_NE(tool, 0);
+    const QByteArray trace = QJsonDocument(Reply("trace.take", "{}")).toJson();
+    session.DestroyTool(tool);
+    return QStringList{trace.contains("HostToolOpening") ? "opening" : "",
+                       trace.contains("HostSetMainMenu") ? "menu" : ""};
+  };
+  EXPECT_EQ(called(R"("none")"), (QStringList{"", ""}));
+  EXPECT_EQ(called(R"(["HostSetMainMenu"])"), (QStringList{"", "menu"}));
+  EXPECT_EQ(called(R"([0,"HostToolOpening"])"), (QStringList{"opening", ""}));
+  EXPECT_EQ(called(R"("all")"), (QStringList{"opening", "menu"}));
+  EXPECT_EQ(called(R"("none")"), (QStringList{"", ""}));
+}
+
 TEST_F(RemoteMethods, TheHostAnswersWhatItIsToldTo) {
   HostSession fresh;
   EXPECT_EQ(fresh.ReturnOf(0), 1);

@@ -145,6 +145,19 @@ TEST_F(RemoteSession, QuitIsAnsweredAndNothingAfterIt) {
   EXPECT_TRUE(remote->Answer("{\"id\":4,\"method\":\"ui.dialogs\"}").contains("the panel is ending"));
 }
 
+TEST_F(RemoteSession, WhenQuitIsAnsweredTheToolsHaveGone) {
+  const PnlWindow tool = session.LoadTool(PNL_TOOL_CALCULATOR, session.ToolArea());
+  ASSERT_NE(tool, 0);
+  bool told = false;
+  QObject listener;
+  QObject::connect(
+      static_cast<QWidget*>(PnlWidgetOf(tool)), &QObject::destroyed, &listener, [&told] { told = true; },
+      Qt::QueuedConnection);
+  EXPECT_TRUE(remote->Answer("{\"id\":1,\"method\":\"quit\"}").contains("result"));
+  EXPECT_EQ(PnlIsAlive(tool), 0);
+  EXPECT_TRUE(told) << "and what follows from it is done";
+}
+
 TEST_F(RemoteSession, ThePanelsOwnQuestionsAreBoxes) {
   ASSERT_TRUE(face.ask);
   (void)remote->Answer(R"({"id":1,"method":"trace.take"})");

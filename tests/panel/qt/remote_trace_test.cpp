@@ -114,6 +114,15 @@ TEST_F(Trace, LongEventsAreBoundedByTheirSize) {
   EXPECT_EQ(events.at(0).toObject()["count"].toInt() + events.size() - 1, 100);
 }
 
+TEST_F(Trace, OnlyAsMuchIsLostAsMakesRoom) {
+  constexpr std::size_t kMega = std::size_t{1} << 20;
+  log.Box(u"T", std::u16string(30 * kMega, u'x'), "info", "ok");
+  for (int i = 0; i < 4; ++i) log.Box(u"T", std::u16string(kMega, u'y'), "info", "ok");
+  const QJsonArray events = log.Take({"box"});
+  ASSERT_EQ(events.size(), 1 + 4) << "the long one made room for all others";
+  EXPECT_EQ(events.at(0).toObject()["count"].toInt(), 1);
+}
+
 TEST_F(Trace, LostEventsAreCountedByTheirKind) {
   for (std::size_t i = 0; i < TraceLog::kMostEvents; ++i) log.Write(u"a", Value(), true);
   log.Host({1, {6}});

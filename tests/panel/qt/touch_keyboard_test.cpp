@@ -114,6 +114,14 @@ struct RoomRow {
 
 class TouchKeyboardAt : public TouchKeyboardTest, public ::testing::WithParamInterface<RoomRow> {};
 
+TEST_F(TouchKeyboardTest, AnotherDensityMakesOtherKeysAtOnce) {
+  keyboard->SetDensity(200);
+  for (const auto& cell : keyboard->Cells()) {
+    EXPECT_GE(cell.place.width() * kMillimetresPerInch / 200, 12);
+    EXPECT_GE(cell.place.height() * kMillimetresPerInch / 200, 12);
+  }
+}
+
 TEST_P(TouchKeyboardAt, EveryKeyIsAtLeastTwelveMillimetresHighAndWide) {
   const RoomRow& row = GetParam();
   SetUpAt(row.most, row.dotsPerInch);

@@ -267,6 +267,23 @@ TEST_F(PlcWindow, TheWindowsColourFillsAnEmptyArea) {
   EXPECT_EQ(Count(Paint(*tool), SystemColor(kColorWindow), QRect(0, 30, 800, 570)), 800 * 570);
 }
 
+TEST_F(PlcWindow, WhatLiesBelowItIsNotPaintedWithIt) {
+  Report(0);
+  const PaintCounter below(*area);
+  const PaintCounter own(*tool);
+  tool->update();
+  Settle();
+  EXPECT_EQ(own.Count(), 1);
+  EXPECT_EQ(below.Count(), 0);
+}
+
+TEST_F(PlcWindow, APageThatIsTooLargeSaysSo) {
+  Disc("C:\\P61\\huge.htm", "");
+  std::filesystem::resize_file(*files.HostPath(u"C:\\P61\\huge.htm"), 50'000'001);
+  Help(u"huge.htm");
+  EXPECT_EQ(TextOf(plc_id::kNote), "huge.htm is too large to be shown.");
+}
+
 // A host dims its keys for the video by this property.
 TEST_F(PlcWindow, ThePropertySaysWhetherAVideoIsShown) {
   const auto says = [this] { return tool->property(property::kVideo).toBool(); };

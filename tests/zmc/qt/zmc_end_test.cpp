@@ -322,6 +322,16 @@ TEST_F(ZmcEndTest, CommandSixInACallOfTheHostThatAKeyInTheGridHasCaused) {
   EXPECT_TRUE(tool.isNull());
 }
 
+TEST_F(ZmcEndTest, AWindowThatWasLeftIsOneNoMoreBeforeItIsDeleted) {
+  Open();
+  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_LEAVE);
+  ASSERT_FALSE(tool.isNull());
+  EXPECT_FALSE(windows.IsAlive(handle));
+  EXPECT_EQ(menus.Count(), 0u);
+  Settle();
+  EXPECT_TRUE(tool.isNull());
+}
+
 TEST_F(ZmcEndTest, AWindowThatGoesOnItsOwnLeavesTheParentAsItWas) {
   Open();
   Key(Qt::Key_Space);

@@ -159,9 +159,15 @@ TEST(CuttingText, AByteThatMattersIsSeenWhereverItIs) {
 }
 
 TEST(CuttingText, TheFirstAndTheLastCharacterOfEachLengthAreRead) {
-  const Text text = u"<a>\u007f\u0080\u07ff\u0800\ud7ff\ue000\ufffd\U00010000\U0010FFFF</a>";
+  const Text text = u"<a>\u007f\u0080\u07ff\u0800\ud7ff\ue000\ufffd\U00010000\U00012345\U0010FFFF</a>";
   EXPECT_EQ(DecodeCuttingData(Wide(text)), ToUtf8(text));
   EXPECT_TRUE(CanHoldCuttingText(text));
+}
+
+TEST(CuttingText, WhatLiesBehindTheEndOfTheBytesIsNotRead) {
+  const std::string wide = Wide(u"<a>\U0001F600");
+  EXPECT_TRUE(DecodeCuttingData(wide));
+  EXPECT_FALSE(DecodeCuttingData(std::string_view(wide).substr(0, wide.size() - 2)));
 }
 
 TEST(CuttingText, EveryLineEndBecomesOneLineFeed) {

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <cmath>
 
 #include "panel/machine/qt/demo_machine.h"
@@ -299,6 +300,18 @@ TEST_F(PanelWindowTest, EscapeLeadsToTheToolFirstAndClearsAnErrorWithoutOne) {
   Settle();
   QCoreApplication::sendEvent(window_.get(), &escape);
   EXPECT_TRUE(op_->Errors().empty());
+}
+
+TEST_F(PanelWindowTest, AKeyThatNobodyTakesDoesNothingAndIsLeftForOthers) {
+  rig_.Machine()->Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+  Settle();
+  const auto errors = rig_.Cnc().ErrorQueue();
+  ASSERT_FALSE(errors.empty());
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_F20, Qt::NoModifier);
+  QCoreApplication::sendEvent(window_.get(), &key);
+  Settle();
+  EXPECT_FALSE(key.isAccepted());
+  EXPECT_EQ(rig_.Cnc().ErrorQueue(), errors);
 }
 
 TEST_F(PanelWindowTest, ClosingGivesTheFocusBackToTheProgram) {
@@ -782,6 +795,35 @@ TEST_F(PanelWindowTest, TabLeadsThroughThePanelInOneOrder) {
     if (std::find(order.begin(), order.end(), at) != order.end()) met.push_back(at);
   }
   EXPECT_EQ(met, order);
+}
+
+TEST_F(PanelWindowTest, ClosingAsksNothingWhileAnotherQuestionIsOpen) {
+  window_->SetAsksBeforeClosing(true);
+  window_->Editor().Insert("G0");
+  int answer = -1;
+  window_->Asking().Ask("Really?", {"Yes", "No"}, [&answer](int index) { answer = index; });
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(window_->Asking().Text(), "Really?");
+  EXPECT_EQ(answer, -1) << "it waits for the operator's own answer";
+  window_->Asking().Answer(0);
+  EXPECT_EQ(answer, 0);
+}
+
+TEST_F(PanelWindowTest, ClosingEndsTheQuestionForAPassword) {
+  bool ended = true;
+  QMetaObject::invokeMethod(
+      window_.get(),
+      [&] {
+        EXPECT_TRUE(window_->close());
+        // Only where closing didn't end it.
+        QTimer::singleShot(10'000, &window_->Password(), [&] {
+          ended = false;
+          window_->Password().Leave();
+        });
+      },
+      Qt::QueuedConnection);
+  EXPECT_FALSE(window_->Password().Ask());
+  EXPECT_TRUE(ended);
 }
 
 TEST_F(PanelWindowTest, ClosingLeavesTheExplorerAndAsksOnce) {

@@ -4,6 +4,9 @@
 #include "host/tool_texts.h"
 
 #include "panel/machine/qt/panel_fixture.h"
+#include "support/temp_folder.h"
+#include "ui/journal_keeper.h"
+#include "ui/question.h"
 
 namespace panel {
 namespace {
@@ -115,6 +118,104 @@ TEST_F(ToolTexts, ARemovalIsToldPutBackAndForgotten) {
   EXPECT_EQ(LastRemoval(Mdi()).rows, 0);
   EXPECT_FALSE(PutBackRemoval(Mdi()));
   EXPECT_EQ(Items(), QStringList());
+}
+
+/// The panel with a journal of what is typed.
+class KeptTexts : public PanelFixture {
+ protected:
+  void Keep() {
+    window_->KeepJournal({Folder(), [](const QString&) { return QString(); }, true});
+    Rest();
+  }
+  void Rest() {
+    ASSERT_TRUE(WaitWhile([this] { return window_->Working(); }, 60'000));
+    Settle();
+  }
+  void Wait(int milliseconds) {
+    window_->TimeAdvanced(milliseconds);
+    Rest();
+  }
+  /// What a killed panel has left.
+  void Leave(const QString& block, const QString& expression) {
+    JournalContents left;
+    left.written = 1'795'397'045'000;
+    if (!block.isEmpty()) left.block = JournalBlock{JournalBlock::Kind::kLine, -1, {}, block};
+    left.expression = expression;
+    folder_.Write("USER/PNLPANEL1.JNL", JournalBytes(left).toStdString());
+  }
+  void TakeBack() {
+    Keep();
+    ASSERT_TRUE(window_->Asking().IsOpen());
+    window_->Asking().Answer(1);
+    Rest();
+  }
+  [[nodiscard]] QString Folder() const { return QString::fromStdString(folder_.Folder("USER")); }
+  /// What the journal of that number says: the block and the expression.
+  [[nodiscard]] QString Journal(int number) const {
+    QFile file(Folder() + QString("/PNLPANEL%1.JNL").arg(number));
+    if (!file.open(QIODevice::ReadOnly)) return "no journal";
+    const auto contents = ReadJournal(file.readAll());
+    if (!contents) return "damaged";
+    return (contents->block ? contents->block->text : QString()) + '|' + contents->expression;
+  }
+  [[nodiscard]] QString InLine() const {
+    const auto block = TypedBlock(session_);
+    return block ? block->text : QString();
+  }
+
+  pnl::test::TempFolder folder_;
+};
+
+TEST_F(KeptTexts, WhatIsTypedInAToolIsInTheJournalSoon) {
+  Keep();
+  Do(Action::kOpenMdi);
+  Type("G0 X7");
+  Wait(60'000);
+  EXPECT_EQ(Journal(1), "G0 X7|");
+  // From now on nothing but the line changes.
+  Type("8");
+  Wait(60'000);
+  EXPECT_EQ(Journal(1), "G0 X78|");
+  Do(Action::kOpenCalculator);
+  Type("1+1");
+  Wait(60'000);
+  EXPECT_EQ(Journal(1), "G0 X78|1+1");
+}
+
+TEST_F(KeptTexts, WhatWasLeftIsToldByItsKindAndComesBackIntoItsTools) {
+  Leave("G0 X7", "1+1");
+  Keep();
+  ASSERT_TRUE(window_->Asking().IsOpen());
+  EXPECT_TRUE(window_->Asking().Text().contains(Say(Word::kLeftBlock, "G0 X7")));
+  EXPECT_TRUE(window_->Asking().Text().contains(Say(Word::kLeftExpression, "1+1")));
+  window_->Asking().Answer(1);
+  Rest();
+  EXPECT_EQ(InLine(), "G0 X7");
+  EXPECT_EQ(TypedExpression(session_), "1+1");
+  EXPECT_EQ(Journal(1), "no journal") << "the other panel's goes";
+  EXPECT_EQ(Journal(2), "G0 X7|1+1") << "when this panel's own has it";
+}
+
+TEST_F(KeptTexts, ToolsThatAreOpenTakeItAtOnce) {
+  Do(Action::kOpenCalculator);
+  Do(Action::kOpenMdi);
+  Leave("G0 X7", "");
+  TakeBack();
+  EXPECT_EQ(InLine(), "G0 X7");
+}
+
+TEST_F(KeptTexts, OnlyTheToolOfWhatWasLeftOpensAndItIsPutBackOnce) {
+  Leave("", "1+1");
+  TakeBack();
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  ASSERT_TRUE(session_.IsToolOpen(PNL_TOOL_CALCULATOR));
+  ASSERT_EQ(TypedExpression(session_), "1+1");
+  Line(PNL_TOOL_CALCULATOR)->clear();
+  op_->CloseTool(PNL_TOOL_CALCULATOR);
+  Settle();
+  ASSERT_EQ(Tool(PNL_TOOL_CALCULATOR), nullptr);
+  Do(Action::kOpenCalculator);
+  EXPECT_EQ(TypedExpression(session_), "");
 }
 
 }  // namespace

@@ -408,5 +408,30 @@ TEST_F(TouchPanelTest, ARealKeyPutsItAwayAndTheToolAreaComesBack) {
   EXPECT_TRUE(window_->TouchKeys().isVisible());
 }
 
+/// Notes for each key that is pressed in a widget whether it is one that repeats.
+class RepeatNotes : public QObject {
+ public:
+  using QObject::QObject;
+  QStringList notes;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      notes << QString("%1 %2 '%3'").arg(key->key()).arg(key->isAutoRepeat()).arg(key->text());
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+TEST_F(TouchPanelTest, AKeyOfTheRowIsPressedOnce) {
+  RepeatNotes keys;
+  Program()->setFocus();
+  Program()->installEventFilter(&keys);
+  for (const RowKey key : {RowKey::kInsert, RowKey::kEnter, RowKey::kClose}) Press(key);
+  EXPECT_EQ(keys.notes, (QStringList{QString("%1 0 ''").arg(Qt::Key_Insert), QString("%1 0 '\r'").arg(Qt::Key_Return),
+                                     QString("%1 0 '\x1b'").arg(Qt::Key_Escape)}));
+}
+
 }  // namespace
 }  // namespace panel
