@@ -185,8 +185,8 @@ void CredentialsCover::keyPressEvent(QKeyEvent* event) {
       focusNextPrevChild(event->key() == Qt::Key_Down);
       return;
     default:
-      // No key reaches what is under the cover.
-      event->accept();
+      // It counts as taken, so that no key reaches what is under the cover.
+      return;
   }
 }
 

@@ -267,9 +267,8 @@ bool ErrorListCover::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ErrorListCover::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) return Leave();
-  // No key reaches what is under the cover.
-  event->accept();
+  // Every key counts as taken, so that none reaches what is under the cover.
+  if (event->key() == Qt::Key_Escape) Leave();
 }
 
 bool ErrorListCover::focusNextPrevChild(bool next) { return FocusAmong({list_, line_, help_, back_}, next); }

@@ -104,7 +104,6 @@ void FirstStart::GoBack() {
 
 void FirstStart::Close() {
   open_ = false;
-  drag_.reset();
   hide();
 }
 
@@ -246,7 +245,6 @@ void FirstStart::changeEvent(QEvent* event) {
 }
 
 void FirstStart::mousePressEvent(QMouseEvent* event) {
-  event->accept();
   drag_.reset();
   if (page_ != Page::kScreen || event->button() != Qt::LeftButton) return;
   // A finger beside its end takes hold of the bar, too. A tap alone changes nothing.
@@ -255,14 +253,10 @@ void FirstStart::mousePressEvent(QMouseEvent* event) {
 }
 
 void FirstStart::mouseMoveEvent(QMouseEvent* event) {
-  event->accept();
   if (drag_) SetBarLength(drag_->length + event->pos().x() - drag_->from);
 }
 
-void FirstStart::mouseReleaseEvent(QMouseEvent* event) {
-  event->accept();
-  drag_.reset();
-}
+void FirstStart::mouseReleaseEvent(QMouseEvent* /*event*/) { drag_.reset(); }
 
 void FirstStart::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
@@ -273,8 +267,8 @@ void FirstStart::keyPressEvent(QKeyEvent* event) {
       focusNextPrevChild(event->key() == Qt::Key_Right);
       return;
     default:
-      // No key reaches what is under the cover.
-      event->accept();
+      // It counts as taken, so that no key reaches what is under the cover.
+      return;
   }
 }
 

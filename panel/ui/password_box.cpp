@@ -158,9 +158,8 @@ void PasswordBox::paintEvent(QPaintEvent*) {
 }
 
 void PasswordBox::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) return Leave();
-  // No key reaches what is under the cover.
-  event->accept();
+  // Every key counts as taken, so that none reaches what is under the cover.
+  if (event->key() == Qt::Key_Escape) Leave();
 }
 
 bool PasswordBox::focusNextPrevChild(bool next) {

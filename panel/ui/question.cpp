@@ -110,8 +110,8 @@ void Question::keyPressEvent(QKeyEvent* event) {
       focusNextPrevChild(event->key() == Qt::Key_Right);
       return;
     default:
-      // No key reaches what is under the cover.
-      event->accept();
+      // It counts as taken, so that no key reaches what is under the cover.
+      return;
   }
 }
 
