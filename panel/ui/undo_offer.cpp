@@ -113,7 +113,6 @@ void UndoOffer::Expire() {
 
 void UndoOffer::Close() {
   if (std::exchange(tool_, -1) < 0) return;
-  number_ = 0;
   timer_.stop();
   left_.reset();
   hide();
