@@ -87,14 +87,9 @@ void CodeEdit::keyPressEvent(QKeyEvent* event) {
   const bool redo = event->matches(QKeySequence::Redo) ||
                     (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_Y) ||
                     (event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) && event->key() == Qt::Key_Z);
-  if (redo) {
-    emit RedoWanted();
-  } else if (event->matches(QKeySequence::Undo)) {
-    emit UndoWanted();
-  } else {
-    return QPlainTextEdit::keyPressEvent(event);
-  }
-  event->accept();
+  if (redo) return emit RedoWanted();
+  if (event->matches(QKeySequence::Undo)) return emit UndoWanted();
+  QPlainTextEdit::keyPressEvent(event);
 }
 
 void CodeEdit::Mark(int position, int length) {

@@ -27,7 +27,6 @@ void BarField::SetName(const QString& name) {
 
 void BarField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    event->accept();
     emit Entered(event->modifiers().testFlag(Qt::ShiftModifier));
     return;
   }

@@ -107,7 +107,6 @@ void FirstStart::Leave() {
 
 void FirstStart::Close() {
   open_ = false;
-  drag_.reset();
   hide();
 }
 
@@ -249,7 +248,6 @@ void FirstStart::changeEvent(QEvent* event) {
 }
 
 void FirstStart::mousePressEvent(QMouseEvent* event) {
-  event->accept();
   drag_.reset();
   if (page_ != Page::kScreen || event->button() != Qt::LeftButton) return;
   // A finger close to the end of the bar pulls it, too. A tap alone changes nothing.
@@ -258,14 +256,10 @@ void FirstStart::mousePressEvent(QMouseEvent* event) {
 }
 
 void FirstStart::mouseMoveEvent(QMouseEvent* event) {
-  event->accept();
   if (drag_) SetBarLength(drag_->length + event->pos().x() - drag_->from);
 }
 
-void FirstStart::mouseReleaseEvent(QMouseEvent* event) {
-  event->accept();
-  drag_.reset();
-}
+void FirstStart::mouseReleaseEvent(QMouseEvent* /*event*/) { drag_.reset(); }
 
 std::vector<QWidget*> FirstStart::TabOrder() const { return {keys_.begin(), keys_.end()}; }
 

@@ -335,8 +335,8 @@ void PanelWindow::OnItem(int tool, int id, std::uint32_t menu) {
   }
   if (const auto code = PlcMessageOfItem(op_, id)) return op_.RaisePlcMessage(*code);
   if (const DemoFault* fault = FaultOfItem(id)) return op_.RaiseFault(*fault, desk_->CaretSpot());
-  if (ToolOfItem(id) == PNL_TOOL_EXPLORER) return desk_->Browse();
-  if (ToolOfItem(id) >= 0) op_.OpenTool(ToolOfItem(id));
+  // The other tools are opened by actions.
+  if (ToolOfItem(id) == PNL_TOOL_EXPLORER) desk_->Browse();
 }
 
 void PanelWindow::Escape() {
@@ -365,7 +365,6 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
   password_->Leave();
   op_.Files().Leave();
   session_.CloseAll();
-  event->accept();
 }
 
 }  // namespace panel

@@ -33,9 +33,14 @@ UndoOffer::UndoOffer(HostSession& session, QWidget* parent) : PanelKey(parent), 
 void UndoOffer::WatchTools() {
   for (const int tool : {PNL_TOOL_MDI, PNL_TOOL_CALCULATOR}) {
     auto* widget = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool)));
-    if (widget != nullptr) widget->installEventFilter(this);
-    if (widget == nullptr && tool_ == tool) Close();
+    if (widget == nullptr) continue;
+    widget->installEventFilter(this);
+    connect(widget, &QObject::destroyed, this, &UndoOffer::CloseWithTool, Qt::UniqueConnection);
   }
+}
+
+void UndoOffer::CloseWithTool() {
+  if (IsOpen() && session_.ToolWindow(tool_) == 0) Close();
 }
 
 bool UndoOffer::eventFilter(QObject* watched, QEvent* event) {
@@ -108,7 +113,6 @@ void UndoOffer::Expire() {
 
 void UndoOffer::Close() {
   if (std::exchange(tool_, -1) < 0) return;
-  number_ = 0;
   timer_.stop();
   left_.reset();
   hide();

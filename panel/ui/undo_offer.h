@@ -38,6 +38,9 @@ class UndoOffer : public PanelKey {
 
  private:
   void WatchTools();
+  /// Ends the offer when the window of its tool is gone. A tool reports that it has closed while its window is still
+  /// there, so the end of the window counts.
+  void CloseWithTool();
   /// Looks at the tool's removals and offers the last one, or ends the offer.
   void Look(int tool);
   void Offer(int tool, int number);

@@ -155,6 +155,16 @@ TEST_F(UndoOfferTest, ATouchPutsItBackAndLeavesTheKeyboardWhereItWas) {
   EXPECT_EQ(QApplication::focusWidget(), focus);
 }
 
+// The key stayed after the tool had reported its end, and said that the row can't be put back now.
+TEST_F(UndoOfferTest, ItGoesWithAToolThatCloses) {
+  Command(kClear);
+  op_->CloseTool(PNL_TOOL_MDI);
+  Settle();
+  ASSERT_EQ(Tool(PNL_TOOL_MDI), nullptr);
+  EXPECT_FALSE(Offered().isVisible());
+  EXPECT_FALSE(Offered().IsOpen());
+}
+
 TEST_F(UndoOfferTest, WhileAnItemIsEditedItSaysWhyNotAndStays) {
   Command(kClear);
   Command(kNew);
