@@ -31,7 +31,6 @@ std::optional<std::string> DriveMap::Folder(char letter) const {
 
 std::vector<char> DriveMap::Letters() const {
   std::vector<char> letters;
-  letters.reserve(folders_.size());
   for (const auto& [letter, folder] : folders_) letters.push_back(letter);
   return letters;
 }

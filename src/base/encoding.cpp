@@ -26,10 +26,10 @@ struct Sequence {
   std::size_t length = 0;  // 0: the first byte begins no well-formed sequence
 };
 
+/// The sequence at the start of the bytes, the first of which isn't ASCII.
 Sequence SequenceAt(std::string_view bytes) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned first = byte(0);
-  if (first < 0x80) return {first, 1};
   const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
   if (first < 0xC2 || first > 0xF4 || bytes.size() < length) return {};
   char32_t code = first & (0x7Fu >> length);
@@ -102,7 +102,7 @@ std::optional<EncodingMark> MarkOf(std::string_view bytes) {
 
 std::size_t ValidUtf8Prefix(std::string_view bytes) {
   std::size_t at = 0;
-  while (at < bytes.size()) {
+  for (;;) {
     at += AsciiPrefix(bytes.substr(at));
     if (at == bytes.size()) break;
     const std::size_t length = SequenceAt(bytes.substr(at, kLongestSequence)).length;

@@ -2,6 +2,7 @@
 #include "base/format.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 
 #include "base/format_spec.h"
@@ -30,13 +31,9 @@ Text AsText(const FormatArg& arg) {
   const auto& value = arg.Value();
   if (const auto* text = std::get_if<TextView>(&value)) return Text(*text);
   if (const auto* letter = std::get_if<char16_t>(&value)) return Text(1, *letter);
-  FormatSpec plain;
-  if (const auto* real = std::get_if<double>(&value)) {
-    plain.conversion = u'g';
-    return PrintReal(*real, plain);
-  }
-  plain.conversion = u'd';
-  return PrintSigned(std::get<std::int64_t>(value), plain);
+  // Without a conversion they print as %g and %d.
+  if (const auto* real = std::get_if<double>(&value)) return PrintReal(*real, {});
+  return PrintSigned(std::get<std::int64_t>(value), {});
 }
 
 /// Cuts an integer to the size that the conversion asks for, as printf does with its argument.
@@ -90,7 +87,7 @@ void FillStars(FormatSpec& spec, ArgQueue& args) {
   if (spec.widthFromArgument) {
     const int width = StarValue(args);
     spec.left = spec.left || width < 0;
-    spec.width = width < 0 ? -width : width;
+    spec.width = std::abs(width);
   }
   if (spec.precisionFromArgument) {
     const int precision = StarValue(args);

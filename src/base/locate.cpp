@@ -39,12 +39,13 @@ Entry FindNoCase(const std::string& folder, const Text& name) {
   const std::unique_ptr<DIR, int (*)(DIR*)> names(CanBeListed(folder) ? opendir(folder.c_str()) : nullptr, closedir);
   if (!names) return {};
   std::optional<std::string> best;
-  // At the end of the names readdir returns null with errno 0; a disc that fails sets errno.
-  errno = 0;
-  while (const dirent* entry = readdir(names.get())) {
+  for (;;) {
+    // At the end of the names readdir returns null and leaves errno alone; a disc that fails sets it.
+    errno = 0;
+    const dirent* entry = readdir(names.get());
+    if (entry == nullptr) break;
     const std::string_view found = entry->d_name;
     if (EqualNoCase(FromUtf8(found), name) && (!best || found < *best)) best = found;
-    errno = 0;
   }
   if (errno != 0) return {};
   return best ? Entry{Presence::kThere, *best} : Entry{Presence::kAbsent, {}};

@@ -57,26 +57,25 @@ double OutOfRange(std::string_view number, bool hex) {
                            // fraction before it
   bool point = false;
   bool counts = false;
-  std::size_t at = 0;
-  for (; at < number.size(); ++at) {
-    const char c = number[at];
+  const std::size_t mark = number.find_first_of(hex ? "pP" : "eE");
+  for (const char c : number.substr(0, mark)) {
     if (c == '.') {
       point = true;
       continue;
     }
-    if (hex ? c == 'p' || c == 'P' : c == 'e' || c == 'E') break;
     counts = counts || c != '0';
     if (counts && !point) ++place;
     if (!counts && point) --place;
   }
   std::int64_t exponent = 0;
-  if (at < number.size()) {
-    const bool minus = at + 1 < number.size() && number[at + 1] == '-';
+  if (mark != std::string_view::npos) {
     constexpr std::int64_t kFar = 1'000'000'000'000;
-    for (++at; at < number.size(); ++at) {
-      if (number[at] >= '0' && number[at] <= '9') exponent = std::min(exponent * 10 + (number[at] - '0'), kFar);
+    // After the letter there are only digits, with or without a sign before them. Both signs come before the digits in
+    // ASCII.
+    for (const char c : number.substr(mark + 1)) {
+      if (c >= '0') exponent = std::min(exponent * 10 + (c - '0'), kFar);
     }
-    if (minus) exponent = -exponent;
+    if (number[mark + 1] == '-') exponent = -exponent;
   }
   return place * (hex ? 4 : 1) + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }

@@ -23,7 +23,6 @@ Text Join(const Parts& parts, const FormatSpec& spec) {
   const std::size_t missing = width > length ? width - length : 0;
   const bool zeros = spec.zeros && !spec.left && parts.mayFill;
   Text text;
-  text.reserve(length + missing);
   if (!spec.left && !zeros) text.append(missing, u' ');
   text.append(parts.sign.begin(), parts.sign.end());
   if (zeros) text.append(missing, u'0');
@@ -51,8 +50,9 @@ std::string Digits(std::uint64_t value, int base, int precision) {
 
 bool IsCapital(const FormatSpec& spec) { return spec.conversion >= u'A' && spec.conversion <= u'Z'; }
 
+/// A number has no character after the small letters.
 void MakeCapital(std::string& letters) {
-  for (char& c : letters) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c;
+  for (char& c : letters) c = c >= 'a' ? static_cast<char>(c - 0x20) : c;
 }
 
 std::string ToChars(double value, std::chars_format format, int precision) {

@@ -88,8 +88,7 @@ int CompareNoCase(TextView a, TextView b) {
     const int difference = static_cast<int>(ToUpper(a[i])) - static_cast<int>(ToUpper(b[i]));
     if (difference != 0) return difference;
   }
-  if (a.size() == b.size()) return 0;
-  return a.size() < b.size() ? -1 : 1;
+  return static_cast<int>(a.size() > b.size()) - static_cast<int>(a.size() < b.size());
 }
 
 bool EqualNoCase(TextView a, TextView b) { return a.size() == b.size() && CompareNoCase(a, b) == 0; }

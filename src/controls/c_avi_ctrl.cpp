@@ -69,15 +69,13 @@ void CAviCtrl::OnFailed() {
   update();
 }
 
-void CAviCtrl::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void CAviCtrl::showEvent(QShowEvent* /*event*/) {
   if (IsPlaying()) player_->Play();
 }
 
 /// Nobody sees a hidden area, so it doesn't use the processor.
-void CAviCtrl::hideEvent(QHideEvent* event) {
+void CAviCtrl::hideEvent(QHideEvent* /*event*/) {
   if (IsPlaying()) player_->Stop();
-  QWidget::hideEvent(event);
 }
 
 void CAviCtrl::paintEvent(QPaintEvent* /*event*/) {

@@ -104,7 +104,6 @@ void CMultistatic::DrawCheckBox(QPainter& painter) const {
   if (!hasFocus()) return;
   const QRect around((width() - side) / 2, (height() - side) / 2, side, side);
   painter.setPen(QPen(kFocus, kFocusWidth));
-  painter.setBrush(Qt::NoBrush);
   painter.drawRect(around.adjusted(1, 1, -1, -1));
 }
 

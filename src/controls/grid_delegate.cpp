@@ -66,7 +66,6 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   face.focused = view_.hasFocus() || editor_ != nullptr;
   face.enabled = view_.isEnabled();
   face.tint = cells_.HasTint(row, index.column());
-  painter->setFont(view_.font());
   DrawGridCell(*painter, option.rect, colors_, face);
 }
 
@@ -109,7 +108,6 @@ QWidget* GridDelegate::MakeList(QWidget* parent, const QModelIndex& index) const
   list->SetSelectedColors(kListSelected, kListText);
   list->setFont(view_.font());
   list->setFrameShape(QFrame::Box);
-  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   // A press on an item ends the edit.
   list->viewport()->installEventFilter(const_cast<GridDelegate*>(this));
   return list;
@@ -169,10 +167,10 @@ QRect GridDelegate::ListPlace(const ListBox& list, const QRect& cell) const {
   const QRect view = view_.viewport()->rect();
   const int wanted = list.Count() * list.RowHeight() + 2 * list.frameWidth();
   const int below = view.bottom() - cell.bottom();
-  const int above = cell.top() - view.top();
+  const int above = cell.top();
   const bool down = below >= std::min(wanted, above);
   const int height = std::min(wanted, std::max({below, above, list.RowHeight()}));
-  const int top = std::max(view.top(), down ? cell.bottom() + 1 : cell.top() - height);
+  const int top = std::max(0, down ? cell.bottom() + 1 : cell.top() - height);
   return {cell.left(), top, cell.width(), height};
 }
 

@@ -53,7 +53,7 @@ void GridHeader::DrawSection(QPainter& painter, const QRect& rect, int section) 
   painter.setFont(across ? bold : font());
   painter.setPen(ReadableOn(ground));
   QRect area = rect.adjusted(kSideMargin, 0, -kSideMargin, -1);
-  if (across && section >= 0 && isSortIndicatorShown() && sortIndicatorSection() == section) {
+  if (across && isSortIndicatorShown() && sortIndicatorSection() == section) {
     const int width = CellHeight(painter.fontMetrics()) * 2 / 3;
     const QRect marker(area.right() - width, area.top(), width, area.height());
     DrawTriangle(painter, marker, width, sortIndicatorOrder() == Qt::AscendingOrder, ReadableOn(ground));

@@ -31,11 +31,9 @@ class ItemDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool selected = (option.state & QStyle::State_Selected) != 0;
     painter->fillRect(option.rect, ToQColor(selected ? list_.SelectedBackColor() : list_.BackColor()));
-    painter->setFont(list_.font());
     painter->setPen(ToQColor(selected ? list_.SelectedTextColor() : list_.TextColor()));
-    QRect room = option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0);
-    const ListNote note = list_.Note(index.row());
-    if (note != ListNote()) room = DrawNote(*painter, room, note);
+    const QRect row = option.rect.adjusted(kSideMargin, 0, -kSideMargin, 0);
+    const QRect room = DrawNote(*painter, row, list_.Note(index.row()));
     DrawText(*painter, room, ToQString(list_.Item(index.row())), kItemFormat);
   }
 
@@ -85,7 +83,6 @@ ListBox::ListBox(int id, QWidget* parent) : RowView(parent) {
   setModel(&items_);
   setItemDelegate(new ItemDelegate(this));
   setSelectionMode(QAbstractItemView::SingleSelection);
-  setEditTriggers(QAbstractItemView::NoEditTriggers);
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
   setFrameShape(QFrame::NoFrame);
   SetColors(back_, text_);

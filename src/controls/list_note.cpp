@@ -29,7 +29,6 @@ void DrawPin(QPainter& painter) {
   head.lineTo(5, 7);
   head.lineTo(8, 5);
   head.lineTo(8, 3);
-  head.closeSubpath();
   painter.fillPath(head, painter.pen().color());
   QPen needle(painter.pen().color(), 1.5);
   painter.setPen(needle);

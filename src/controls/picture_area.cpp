@@ -72,7 +72,6 @@ QRect PictureArea::PictureRect() const {
 
 void PictureArea::paintEvent(QPaintEvent* /*event*/) {
   const QRect place = PictureRect();
-  if (place.isEmpty()) return;
   QPainter painter(this);
   if (movie_) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -84,8 +83,7 @@ void PictureArea::paintEvent(QPaintEvent* /*event*/) {
   painter.drawPixmap(place.topLeft(), scaled_);
 }
 
-void PictureArea::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void PictureArea::showEvent(QShowEvent* /*event*/) {
   if (!movie_) return;
   if (movie_->state() == QMovie::Paused) {
     movie_->setPaused(false);
@@ -94,9 +92,8 @@ void PictureArea::showEvent(QShowEvent* event) {
   }
 }
 
-void PictureArea::hideEvent(QHideEvent* event) {
+void PictureArea::hideEvent(QHideEvent* /*event*/) {
   if (movie_) movie_->setPaused(true);
-  QWidget::hideEvent(event);
 }
 
 }  // namespace pnl

@@ -77,8 +77,7 @@ int ReportModel::columnCount(const QModelIndex& parent) const {
 QVariant ReportModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::DisplayRole) return Cell(index.row(), index.column()).text;
-  if (role == Qt::TextAlignmentRole) return headerData(index.column(), Qt::Horizontal, role);
-  return {};
+  return headerData(index.column(), Qt::Horizontal, role);
 }
 
 QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const {

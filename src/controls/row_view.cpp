@@ -83,12 +83,10 @@ void RowView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   QStyleOptionViewItem option;
   initViewItemOption(&option);
-  const QStyle::State state = option.state;
   const Rows rows = RowsBetween(event->rect().top(), event->rect().bottom());
   for (int row = rows.first; row <= rows.last; ++row) {
     const QModelIndex index = model()->index(row, 0, rootIndex());
     option.rect = visualRect(index);
-    option.state = state;
     option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
     itemDelegateForIndex(index)->paint(&painter, option, index);
   }

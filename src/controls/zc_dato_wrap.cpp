@@ -98,10 +98,8 @@ void ZCDatoWrap::EndEdit(const QString& text) {
 
 void ZCDatoWrap::OnEdited() {
   edited_ = true;
-  if (!editing_) {
-    editing_ = true;
-    start_ = PaintedText();
-  }
+  editing_ = true;
+  start_ = PaintedText();
   if (refused_) MarkRefused(false);
 }
 
@@ -174,11 +172,6 @@ void ZCDatoWrap::mousePressEvent(QMouseEvent* event) {
   if (std::exchange(fresh_, false)) return event->accept();
   if (!editing_ && hasFocus()) BeginEdit(PaintedText());
   QLineEdit::mousePressEvent(event);
-}
-
-void ZCDatoWrap::changeEvent(QEvent* event) {
-  QLineEdit::changeEvent(event);
-  if (event->type() == QEvent::EnabledChange) update();
 }
 
 void ZCDatoWrap::paintEvent(QPaintEvent* event) {
