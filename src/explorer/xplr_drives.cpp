@@ -56,7 +56,7 @@ void XplrTree::RemoveDrive(char letter) {
   drives_.erase(letter);
   links_.view().OnNodeRemoving(drive);
   nodes_.Remove(drive);
-  if (selected) Select(next);
+  Select(next);
 }
 
 /// The next drive, else the one before; without another drive the next root. An operator who takes a stick out wants

@@ -76,7 +76,6 @@ class CarefulNetworkReader final : public NetworkReader {
   std::unique_ptr<NetworkEnumeration> Open(NetworkScope scope,
                                            const std::optional<NetworkResource>& below) const override {
     const Text server = below ? below->remote : Text();
-    if (NetworkPlaceOf(server).empty()) return reader_->Open(scope, below);
     if (failures_->ErrorOf(server) != place_error::kNone) return nullptr;
     auto entries = reader_->Open(scope, below);
     if (entries != nullptr) return std::make_unique<CarefulEnumeration>(std::move(entries), server, failures_);

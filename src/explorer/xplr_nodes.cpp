@@ -94,11 +94,6 @@ void XplrNodes::Remove(NodeId node) {
   rows_.erase(found);
 }
 
-void XplrNodes::Clear() {
-  rows_.clear();
-  roots_.clear();
-}
-
 Text XplrNodes::NodeName(NodeId node) const {
   const XplrNode& found = At(node);
   if (found.image != image::kLocked) return found.text;

@@ -37,7 +37,6 @@ class XplrNodes {
   std::size_t AddFolders(NodeId parent, std::vector<Text> names);
   /// Removes a node with everything below it.
   void Remove(NodeId node);
-  void Clear();
   void SetHasChildren(NodeId node, bool has) { rows_.at(node).node.hasChildren = has; }
   void SetFailed(NodeId node, bool failed) { rows_.at(node).node.failed = failed; }
   void SetText(NodeId node, Text text) { rows_.at(node).node.text = std::move(text); }

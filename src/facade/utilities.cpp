@@ -35,7 +35,7 @@ void CleanMenuOnce(MenuTable& menus, MenuHandle handle, std::set<MenuHandle>& cl
   if (menu == nullptr || !cleaned.insert(handle).second) return;
   for (MenuItem& item : menu->items) {
     CleanItem(item);
-    if (item.subMenu != 0) CleanMenuOnce(menus, item.subMenu, cleaned);
+    CleanMenuOnce(menus, item.subMenu, cleaned);
   }
 }
 

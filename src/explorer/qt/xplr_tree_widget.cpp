@@ -59,7 +59,6 @@ QPixmap Crossed(const QPixmap& icon) {
 }  // namespace
 
 ZCFolderTree::ZCFolderTree(int id, QWidget* parent) : MessageControl(id, parent) {
-  setSelectionMode(QAbstractItemView::SingleSelection);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setVerticalScrollBar(new WideScrollBar(Qt::Vertical, this));
   setItemDelegate(new FingerRows(this));

@@ -31,7 +31,6 @@ std::optional<double> ParseNumber(TextView digits) {
   const bool negative = ascii.front() == '-';
   if (negative || ascii.front() == '+') ascii.erase(0, 1);
   if (ascii.find_first_of("+-") != std::string::npos) return std::nullopt;
-  if (ascii.find_first_not_of('.') == std::string::npos) return std::nullopt;
   double value = 0;
   const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value, std::chars_format::fixed);
   if (error == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();

@@ -109,11 +109,10 @@ void DemoMachine::Apply(const Functions& functions) {
   ResetModal();
 }
 
-/// The tool and the edge that T and D have chosen stay.
+/// The tool that T has chosen stays.
 void DemoMachine::ResetModal() {
   Modal start = StartModal(condition_.measure);
   start.nextTool = condition_.modal.nextTool;
-  start.edge = condition_.modal.edge;
   condition_.modal = start;
 }
 

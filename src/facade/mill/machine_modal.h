@@ -24,7 +24,6 @@ struct Modal {
   double speed = 0;              // rpm, for G97
   double cuttingSpeed = 0;       // m/min, for G96
   int nextTool = 0;              // the tool that M6 puts into the spindle
-  int edge = 0;                  // the number that D gave
 };
 
 /// The modal state at the start of a machine. A reset and the end of a program restore it.

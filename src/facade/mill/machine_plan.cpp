@@ -106,13 +106,14 @@ class Planner {
   }
 
   MaybeFault TakeToolWords() {
+    int edge = 0;  // the simulated path doesn't depend on it
     const struct {
       char16_t letter;
       int highest;
       FaultCode code;
       int& place;
     } words[] = {{u'T', kHighestTool, FaultCode::kUnknownTool, modal_.nextTool},
-                 {u'D', kHighestEdge, FaultCode::kBadValue, modal_.edge}};
+                 {u'D', kHighestEdge, FaultCode::kBadValue, edge}};
     for (const auto& entry : words) {
       const Word* word = request_.Find(entry.letter);
       if (word == nullptr) continue;

@@ -57,9 +57,7 @@ ToolFacts ToolOf(int number) {
   for (const ToolFacts& tool : kTools) {
     if (tool.number == number) return tool;
   }
-  ToolFacts none;
-  none.number = number;
-  return none;
+  return {};
 }
 
 double DiameterOf(const ToolFacts& tool, Measure measure) {

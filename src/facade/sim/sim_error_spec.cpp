@@ -55,7 +55,6 @@ bool PutText(unsigned char* to, std::size_t bytes, const rig::Value& value) {
   if (text == nullptr) return false;
   const TextView cut = TextView(*text).substr(0, bytes / sizeof(char16_t) - 1);
   std::memcpy(to, cut.data(), cut.size() * sizeof(char16_t));
-  std::memset(to + cut.size() * sizeof(char16_t), 0, sizeof(char16_t));
   return true;
 }
 

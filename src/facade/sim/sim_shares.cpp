@@ -25,12 +25,11 @@ using PlaceTable = std::map<Text, Place>;
 void AddPlaces(const std::vector<rig::NetworkNode>& nodes, int serverError, PlaceTable& places) {
   for (const rig::NetworkNode& node : nodes) {
     const int error = node.error != 0 ? node.error : serverError;
-    if (node.remote.substr(0, 2) == u"\\\\") {
-      // A share may also occur as a connected resource. The one that has something to say counts.
-      Place& place = places[ToUpper(node.remote)];
-      if (place.folder.empty()) place.folder = node.dir;
-      if (place.error == 0) place.error = error;
-    }
+    // A share may also occur as a connected resource. The one that has something to say counts. Nobody asks for what
+    // has no remote name.
+    Place& place = places[ToUpper(node.remote)];
+    if (place.folder.empty()) place.folder = node.dir;
+    if (place.error == 0) place.error = error;
     AddPlaces(node.children, node.display == network_display::kServer ? error : serverError, places);
   }
 }
