@@ -154,9 +154,8 @@ bool CalcClientWidget::eventFilter(QObject* watched, QEvent* event) {
   return pressed_ != nullptr && !pressed_->isVisible();
 }
 
-void CalcClientWidget::mousePressEvent(QMouseEvent* event) {
+void CalcClientWidget::mousePressEvent(QMouseEvent* /*event*/) {
   // A press between the controls means that the operator wants to type here.
-  event->accept();
   if (!history_->isVisible() && !variables_->isVisible()) line_->setFocus(Qt::MouseFocusReason);
 }
 
