@@ -196,10 +196,8 @@ void CalcSession::EndConfirm() {
   if (ended.task == CalcTask::kConfirmAndClose) InsertAndClose();
 }
 
-void CalcSession::CancelConfirm() {
-  DropWork();
-  PreviewLine();
-}
+/// Drops the confirmation. The line is previewed again.
+void CalcSession::CancelConfirm() { PreviewLine(); }
 
 void CalcSession::InsertAndClose() {
   ZCVariable result(Context().cnc.Vars(), kResultVariable);

@@ -26,7 +26,8 @@ class CalcView : public ToolView {
   /// Asks the top-level window of the panel to close.
   virtual void ClosePanel() = 0;
   virtual void SetTitle(TextView title) = 0;
-  /// Shows the menu as a bar on the window, or removes the bar if menu is 0. Its commands come to OnMenuCommand.
+  /// Shows the menu as a bar on the window, or removes the bar if menu is 0. Its commands come to OnMenuCommand. The
+  /// client area has its height only after the next call of SetClientHeight.
   virtual void AttachMenu(MenuHandle menu) = 0;
 
   // The controls, by id. Their rectangles are in the client area, which begins below an attached menu bar.

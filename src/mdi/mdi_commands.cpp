@@ -151,9 +151,8 @@ std::intptr_t MdiSession::ReshowChannel(std::intptr_t channel) {
   if (record == nullptr) return PNL_REFUSED;
   if (record->Opened == 0) return PNL_DONE;
   if (!Outlives([&] { AnnounceOpening(); })) return PNL_REFUSED;
+  // The lists and pins were read when the channel was opened.
   screen_.SetSelection({0, 0});
-  history_.LoadLists(*record);
-  pins_.Load(*record);
   screen_.LayOut(record->LowRole(), record);
   screen_.FillList(*record);
   TakeAndShow(*record);

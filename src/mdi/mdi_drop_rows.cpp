@@ -31,7 +31,6 @@ MdiDropRows HistoryRows(const MDIDATA_ST& record) {
   rows.items = record.History;
   rows.selected = rows.items.empty() ? -1 : 0;
   if (!record.Refused && record.Pins.empty()) return rows;
-  rows.marks.reserve(rows.items.size());
   for (const Text& block : rows.items) rows.marks.push_back(MarkOf(record, block));
   return rows;
 }

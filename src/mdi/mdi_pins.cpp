@@ -59,7 +59,6 @@ bool MdiPins::Store(MDIDATA_ST& record) {
   if (read.known != FileKnown::kWhole) return true;
   record.Pins = PinsOf(read.rows);
   record.PinsKnown = FileKnown::kWhole;
-  record.PinsAdded.clear();
   return true;
 }
 

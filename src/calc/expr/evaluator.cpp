@@ -12,13 +12,6 @@ namespace {
 /// A result that is nearer to 0 than this becomes 0.
 constexpr double kZeroResult = 1E-14;
 
-bool IsLongerThan(const char16_t* text, std::size_t units) {
-  for (std::size_t i = 0; i <= units; ++i) {
-    if (text[i] == u'\0') return false;
-  }
-  return true;
-}
-
 int CountSolvers(const Token* head) {
   int count = 0;
   for (const Token* token = head; token != nullptr; token = token->next.get()) {
@@ -44,10 +37,6 @@ int CEvaluator::Compile(const char16_t* text, const char16_t*& errorPointer) {
   machine_->Drop();
   machine_->program.code.clear();
   CParser::FreeTree(tree_);
-  if (IsLongerThan(text, kLongestExpression)) {
-    errorPointer = text + kLongestExpression;
-    return 0;
-  }
   std::unique_ptr<Token> tokens;
   errorPointer = scanner_.ScanExpression(text, tokens);
   if (errorPointer == nullptr) {

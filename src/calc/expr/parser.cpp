@@ -25,12 +25,7 @@ int CParser::ParseTokens(const Token* head, std::int32_t& errorPosition, std::un
   return 0;
 }
 
-void CParser::FreeTree(std::unique_ptr<ExprNode>& root) {
-  if (root == nullptr) return;
-  FreeTree(root->left);
-  FreeTree(root->right);
-  root.reset();
-}
+void CParser::FreeTree(std::unique_ptr<ExprNode>& root) { root.reset(); }
 
 const Token& CParser::Next() {
   current_ = current_->next.get();

@@ -36,10 +36,7 @@ int CScaner::ScanNumber(double& number) {
     default:
       UngetChar();
   }
-  if (ScanDigits(text, 0) == 0) {
-    cursor_ = tokenStart_;
-    return 0;
-  }
+  if (ScanDigits(text, 0) == 0) return 0;
   // If a fraction or an exponent has no digits, the cursor goes back to here. The result is then 1 and the number has
   // no meaning, because the rest makes the expression fail: "." in the scanner, "E" in the parser.
   const char16_t* fallback = cursor_;
@@ -55,7 +52,7 @@ int CScaner::ScanNumber(double& number) {
   }
   if (c != u'E') {
     UngetChar();
-  } else if (ScanExponent(text) == 0) {
+  } else if (!ScanExponent(text)) {
     cursor_ = fallback;
     return 1;
   }
@@ -71,10 +68,7 @@ int CScaner::ScanRadix(unsigned radix, int mostDigits, double& number) {
     ++digits;
   }
   UngetChar();
-  if (digits == 0) {
-    cursor_ = tokenStart_;
-    return 0;
-  }
+  if (digits == 0) return 0;
   number = value;
   return 1;
 }
@@ -89,19 +83,19 @@ int CScaner::ScanDigits(Text& digits, int kept) {
   return appended;
 }
 
-/// Reads an exponent after its "E" and appends it. Returns 0 if it begins with a sign and has no digit. If no exponent
-/// begins here, puts the cursor back to the "E" and returns 1.
-int CScaner::ScanExponent(Text& exponent) {
+/// Reads an exponent after its "E" and appends it. Returns false if it begins with a sign and has no digit. If no
+/// exponent begins here, puts the cursor back to the "E" and returns true.
+bool CScaner::ScanExponent(Text& exponent) {
   const char16_t c = GetChar();
   if (c != u'+' && c != u'-' && !IsDigit(c)) {
     UngetChar();
     UngetChar();
-    return 1;
+    return true;
   }
   exponent += u'E';
   if (IsDigit(c)) UngetChar();
   if (c == u'-') exponent += c;
-  return ScanDigits(exponent, c == u'-' ? 1 : 0) > 0 ? 1 : 0;
+  return ScanDigits(exponent, c == u'-' ? 1 : 0) > 0;
 }
 
 }  // namespace pnl

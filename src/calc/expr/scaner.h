@@ -28,7 +28,7 @@ class CScaner {
   TokenKind ScanToken(TokenValue& value);
   [[nodiscard]] std::int32_t CursorIndex() const { return static_cast<std::int32_t>(cursor_ - buffer_.data()); }
 
-  // Each of these leaves the cursor after the characters that it has read.
+  // Each of these leaves the cursor after the characters that it has read, even if they are no such token.
   int ScanNumber(double& number);
   int ScanKeyword(std::int32_t& index);
   int ScanDelimiter(std::int32_t& index);
@@ -40,7 +40,7 @@ class CScaner {
   /// Reads all digits that follow and appends the first of them. kept and the appended ones are kMostDigits at most.
   /// Returns how many were appended.
   int ScanDigits(Text& digits, int kept);
-  int ScanExponent(Text& exponent);
+  bool ScanExponent(Text& exponent);
 
   const char16_t* tokenStart_ = nullptr;
   const char16_t* cursor_ = nullptr;

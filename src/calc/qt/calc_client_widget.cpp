@@ -57,7 +57,6 @@ CalcClientWidget::CalcClientWidget(const Language& language, double scale, QWidg
   }
   for (QWidget* list : {history_->viewport(), variables_->viewport()}) list->installEventFilter(this);
   setFocusProxy(line_);
-  MakeFonts(0, calc_look::kNormalWeight, 0, calc_look::kNormalWeight);
   Connect();
 }
 
@@ -145,11 +144,7 @@ void CalcClientWidget::SelectRow(int index) {
   quiet_ = false;
 }
 
-void CalcClientWidget::FillHistory(const TextRows& rows) {
-  quiet_ = true;
-  history_->SetItems(rows);
-  quiet_ = false;
-}
+void CalcClientWidget::FillHistory(const TextRows& rows) { history_->SetItems(rows); }
 
 bool CalcClientWidget::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseButtonPress) pressed_ = static_cast<QWidget*>(watched);
@@ -159,9 +154,8 @@ bool CalcClientWidget::eventFilter(QObject* watched, QEvent* event) {
   return pressed_ != nullptr && !pressed_->isVisible();
 }
 
-void CalcClientWidget::mousePressEvent(QMouseEvent* event) {
+void CalcClientWidget::mousePressEvent(QMouseEvent* /*event*/) {
   // A press between the controls means that the operator wants to type here.
-  event->accept();
   if (!history_->isVisible() && !variables_->isVisible()) line_->setFocus(Qt::MouseFocusReason);
 }
 

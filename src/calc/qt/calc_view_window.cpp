@@ -31,7 +31,6 @@ void ZCCalc7340::BringToTop() {
 }
 
 void ZCCalc7340::Destroy() {
-  work_.stop();
   EndMessages();
   const QPointer<ZCCalc7340> alive(this);
   Hide();
@@ -54,7 +53,6 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
     bar_->deleteLater();
     bar_ = nullptr;
   }
-  const int client = client_->height();
   if (menu != 0) {
     bar_ = new CalcMenuWidget(context_.language.Menus(), menu, client_->Scaled(calc_look::kItemHeight), this);
     // Queued, because the command may destroy the window. The menu is closed by then.
@@ -64,7 +62,6 @@ void ZCCalc7340::AttachMenu(MenuHandle menu) {
     bar_->show();
   }
   setProperty(property::kMenuAttached, bar_ != nullptr);
-  SetClientHeight(client);
 }
 
 void ZCCalc7340::MoveControl(int id, const Rect& rect) {
