@@ -35,8 +35,9 @@ std::optional<Text> DecodePercent(TextView text) {
       i = end - 1;
       continue;
     }
-    const int high = i + 2 < text.size() ? HexDigit(text[i + 1]) : -1;
-    const int low = i + 2 < text.size() ? HexDigit(text[i + 2]) : -1;
+    if (i + 2 >= text.size()) return std::nullopt;
+    const int high = HexDigit(text[i + 1]);
+    const int low = HexDigit(text[i + 2]);
     if (high < 0 || low < 0) return std::nullopt;
     bytes.push_back(static_cast<char>(high * 16 + low));
     i += 2;

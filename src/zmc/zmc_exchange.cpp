@@ -115,7 +115,6 @@ void ZmcExchange::OnExplorerEnded(bool accepted) {
 void ZmcExchange::ExportTo(const Text& path) {
   const CuttingRecords records = UserRecords();
   const std::string bytes = std::string(kMark) + ToUtf8(WriteCuttingCsv(records));
-  (void)desk_.View();  // nothing is written for a tool that has ended
   if (desk_.Context().files.Replace(path, bytes) != FileStatus::kOk) {
     return ShowNotSaved(desk_.Context(), kTool, {Text(FileNameOf(path))});
   }

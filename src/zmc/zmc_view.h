@@ -69,7 +69,8 @@ class ZmcGrid {
 
 class ZmcView : public ToolView {
  public:
-  /// Destroys the frame once the present operation is over. Nothing may be asked of the view after it.
+  /// Destroys the frame, which is hidden already, once the present operation is over. Nothing may be asked of the view
+  /// after it.
   virtual void Destroy() = 0;
   /// Posts a key-down of Tab to the window that has the focus.
   virtual void PostTab() = 0;

@@ -33,8 +33,9 @@ void ForEachPart(TextView name, Take take) {
 
 bool IsForbidden(char16_t c) { return c < 0x20 || c == 0x7F || c == u'\\' || c == u':'; }
 
+/// Below 0 for what is no digit.
 int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
+  if (c <= '9') return c - '0';
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
 }
@@ -45,7 +46,8 @@ Text DecodePercent(TextView text) {
   const std::string bytes = ToUtf8(text);
   std::string decoded;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    const int high = bytes[i] == '%' && i + 2 < bytes.size() ? HexDigit(bytes[i + 1]) : -1;
+    // The null at the end of a string is no digit either.
+    const int high = bytes[i] == '%' ? HexDigit(bytes[i + 1]) : -1;
     const int low = high >= 0 ? HexDigit(bytes[i + 2]) : -1;
     if (low >= 0) {
       decoded.push_back(static_cast<char>(high * 16 + low));

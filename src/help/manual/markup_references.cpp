@@ -56,11 +56,11 @@ void AppendCharacter(std::uint32_t code, Text& text) {
   }
 }
 
+/// At least 16 for what is no digit.
 int DigitOf(char16_t c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  return 16;
+  if (c >= u'a') return c - u'a' + 10;
+  if (c >= u'A') return c - u'A' + 10;
+  return c >= u'0' && c <= u'9' ? c - u'0' : 16;
 }
 
 /// Replaces the number after "&#". Returns how much of the text it took; 0 when there is no number.

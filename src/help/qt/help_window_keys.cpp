@@ -123,10 +123,7 @@ bool ZCHelpHTML::event(QEvent* event) {
   // A key that was sent to a control, and which the control doesn't need, goes no further.
   const bool sent = sending_ && event->type() == QEvent::KeyPress;
   if (event->type() == QEvent::ShortcutOverride && IsOurs(static_cast<QKeyEvent&>(*event))) event->accept();
-  if (sent || (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event)))) {
-    event->accept();
-    return true;
-  }
+  if (sent || (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event)))) return true;
   return ToolWindow::event(event);
 }
 

@@ -111,7 +111,6 @@ bool ZCListManuals::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ZCListManuals::keyPressEvent(QKeyEvent* event) {
-  event->accept();
   if (IsEnter(*event) || event->key() == Qt::Key_Escape) Finish(IsEnter(*event));
 }
 

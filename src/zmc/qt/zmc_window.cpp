@@ -233,9 +233,6 @@ void ZCZelorMacCalc::Show() {
 void ZCZelorMacCalc::Destroy() {
   EndMessages();
   LeaveTabs();
-  const QPointer<ZCZelorMacCalc> alive = this;
-  Hide();
-  if (!alive) return;
   // Nothing of a window that waits for its deletion reaches the logic any more.
   session_.End();
   deleteLater();

@@ -46,10 +46,9 @@ Occurrences Look(std::string_view bytes) {
   return seen;
 }
 
-/// Makes one LF of CR LF and of a lone CR.
+/// Makes one LF of CR LF and of a lone CR, of which the text has at least one.
 void NormalizeLineEnds(std::string& text) {
   std::size_t to = text.find('\r');
-  if (to == std::string::npos) return;
   for (std::size_t from = to; from < text.size(); ++from) {
     if (text[from] == '\r') {
       text[to++] = '\n';
@@ -88,12 +87,10 @@ bool HasForbiddenReferences(std::string_view text) {
   return false;
 }
 
-/// Writes a character of UTF-8 and returns the place after it.
+/// Writes a character beyond ASCII in UTF-8 and returns the place after it.
 char* Put(char32_t c, char* to) {
   const auto tail = [&](int shift) { *to++ = static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80) {
-    *to++ = static_cast<char>(c);
-  } else if (c < 0x800) {
+  if (c < 0x800) {
     *to++ = static_cast<char>(0xC0 | (c >> 6));
     tail(0);
   } else if (c < 0x10000) {
