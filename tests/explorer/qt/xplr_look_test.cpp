@@ -256,25 +256,6 @@ TEST_F(XplrListLookTest, ANameThatIsTooLongIsCutBeforeTheNextColumn) {
   EXPECT_GT(ink.right(), list->columnWidth(0) - 2 * space - 30) << "an ellipsis near the end";
 }
 
-TEST_F(XplrListLookTest, ADateWithoutRoomForItsTimeShowsTheDayAlone) {
-  const QString date = list->model()->index(1, 2).data().toString();
-  const QString day = date.section(' ', 0, 0);
-  ASSERT_GT(date.size(), day.size() + 3);
-  const QFontMetrics metrics(list->RowFont());
-  const auto end = [&] {
-    const QRect row = Row(1);
-    const QRect cell(list->columnViewportPosition(2), row.top(), list->columnWidth(2), row.height());
-    return Ink(Paint(*list->viewport()), 10595253, cell).translated(-cell.left(), 0).right();
-  };
-  const int whole = metrics.horizontalAdvance(date) + 4 * space;
-  list->resize(list->width() + 1 + (whole - list->columnWidth(2)) * 20 / 6 + 20, 300);
-  ASSERT_GE(list->columnWidth(2), whole);
-  EXPECT_NEAR(end(), 2 * space + metrics.horizontalAdvance(date), 4);
-  list->resize(list->width() - (list->columnWidth(2) - whole) * 20 / 6 - 20, 300);
-  ASSERT_LT(list->columnWidth(2), whole);
-  EXPECT_NEAR(end(), 2 * space + metrics.horizontalAdvance(day), 4);
-}
-
 TEST_F(XplrListLookTest, TheTypedLettersAreMarkedInTheSelectedRowAlone) {
   const QFontMetrics metrics(list->RowFont());
   list->SelectRow(1);
