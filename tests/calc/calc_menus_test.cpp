@@ -116,6 +116,17 @@ TEST_F(CalcMenusTest, WithoutMenuInTheLanguageTheBarsAreCleared) {
   Open();
   EXPECT_THAT(Asked(), ElementsAre("HostToolOpening(3)", "main menu none", "side menu none", "SWOption_IsZMCON()=1",
                                    "HostUpdateSideMenu(3)"));
+  EXPECT_EQ(mainMenu, 0u);
+  EXPECT_EQ(sideMenu, 0u);
+}
+
+TEST_F(CalcMenusTest, WithoutMenuThereIsNoMachiningItemToTakeAway) {
+  language.Use(LanguagePack());
+  cnc.Returns("SWOption_IsZMCON", {0});
+  MakeTool();
+  log.clear();
+  Open();
+  EXPECT_THAT(Asked(), testing::Contains("HostUpdateSideMenu(3)"));
 }
 
 }  // namespace

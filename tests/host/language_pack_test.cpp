@@ -193,6 +193,7 @@ TEST(LanguagePack, PayloadsThatLieAboutTheirCountsAreLeftOut) {
       {"bytes behind the menu", pack_format::kMenu, name + Numbers({0}) + "x"},
       {"a dialog of four billion controls", pack_format::kDialog, Numbers({1, 1, 0xFFFFFFFF})},
       {"an empty dialog entry", pack_format::kDialog, ""},
+      {"bytes behind a dialog without controls", pack_format::kDialog, Numbers({1, 1, 0}) + "x"},
       {"a kind of a later version", 99, "whatever"},
   };
   for (const PayloadCase& row : cases) {

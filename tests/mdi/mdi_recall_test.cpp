@@ -78,6 +78,26 @@ TEST_F(MdiRecallTest, TypingGoesInPlaceOfWhatIsSelectedInTheEdit) {
   EXPECT_EQ(view->selection, (TextSelection{5, 5})) << "the caret stays where the typing ended";
 }
 
+TEST_F(MdiRecallTest, ErasingTakesWhatIsSelectedInTheEdit) {
+  OpenWith(kHistory);
+  Type("G1 X9");
+  view->selection = {1, 4};
+  Drop();
+  Erase();
+  EXPECT_EQ(view->edit, u"G9");
+  EXPECT_EQ(view->selection, (TextSelection{1, 1}));
+}
+
+TEST_F(MdiRecallTest, ErasingAtTheStartTakesNothing) {
+  OpenWith(kHistory);
+  Type("G1");
+  Drop();
+  Forget();
+  Erase();
+  EXPECT_EQ(view->edit, u"G1");
+  EXPECT_EQ(All().front(), "view select 0,0");
+}
+
 TEST_F(MdiRecallTest, ErasingTakesACharacterOfTwoUnitsWhole) {
   OpenWith(kHistory);
   Drop();
@@ -219,6 +239,34 @@ TEST_F(MdiRecallTest, AnUnpinnedBlockDoesNotComeBackFromTheFile) {
   EXPECT_EQ(Disc("MDIP1.DAT"), "G0 X1\r\nG1 X100 F500\r\n");
   Pin();
   EXPECT_EQ(Disc("MDIP1.DAT"), "G1 X100 F500\r\n");
+}
+
+TEST_F(MdiRecallTest, PinsThatWereOutOfReachComeBackBehindTheNewOne) {
+  files.away = {"C:\\P108\\MDIP1.DAT"};
+  OpenWith(kHistory, "M9\r\nM8\r\n");
+  files.away.clear();
+  Drop();
+  Forget();
+  Pin();
+  EXPECT_THAT(Asked(), IsEmpty()) << "they are stored";
+  EXPECT_EQ(Disc("MDIP1.DAT"), "G1 X100 F500\r\nM9\r\nM8\r\n");
+  Switch();
+  EXPECT_EQ(Shown(), (Rows{"G1 X100 F500", "M9", "M8", "G0 X1", "g1 x2", "M3"}));
+  Select(1);
+  Pin();
+  EXPECT_EQ(Disc("MDIP1.DAT"), "G1 X100 F500\r\nM8\r\n") << "an unpinned block doesn't come back from the file";
+}
+
+TEST_F(MdiRecallTest, PinsThatCanBeWrittenAndNotReadAgainStayAsTheyAre) {
+  OpenWith(kHistory);
+  files.unreadable = {"C:\\P108\\MDIP1.DAT"};
+  Drop();
+  Forget();
+  Pin();
+  EXPECT_EQ(Disc("MDIP1.DAT"), "G1 X100 F500\r\n");
+  EXPECT_THAT(view->dropMarks,
+              ElementsAre(MdiRowMark::kPinned, MdiRowMark::kNone, MdiRowMark::kNone, MdiRowMark::kNone));
+  EXPECT_THAT(Asked(), IsEmpty()) << "nothing was lost that the operator should know of";
 }
 
 TEST_F(MdiRecallTest, WithoutAnOpenListNothingHappens) {

@@ -108,6 +108,16 @@ TEST_F(ZmcToolBlock, ATextThatNobodyHasSelectedIsInNoBlock) {
   EXPECT_EQ(ToUtf8(windows.clipboard), Padded("", 15) + " ;### ZMC #  #  # \r\n");
 }
 
+TEST_F(ZmcToolBlock, ANameThatStandsInABoxWithoutItsRecordIsInNoBlock) {
+  files.disc.erase(kFactoryPath);
+  Open();
+  Turn(id::kToolCheck, true);
+  view->controls.at(id::kMaterial).text = u"Steel";
+  view->controls.at(id::kOperation).text = u"Milling";
+  Menu(zmc_command::kCopy);
+  EXPECT_THAT(ToUtf8(windows.clipboard), HasSubstr(" ;### ZMC #  #  # "));
+}
+
 TEST_F(ZmcToolBlock, WhatTheOperatorHasTypedIsInTheBlockAsItStands) {
   Open();
   ComputeSteel();

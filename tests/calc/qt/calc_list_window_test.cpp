@@ -105,6 +105,14 @@ TEST_F(CalcListWindowTest, APressOnTheGroundLeavesTheFocusToTheListThatIsOpen) {
   other->setFocus();
   PressMouse(ground, edge, QEvent::MouseButtonPress);
   EXPECT_EQ(Focus(), Line());
+  Touch(calc_id::kShowVariables);
+  ASSERT_EQ(Focus(), Variables());
+  QMouseEvent press(QEvent::MouseButtonPress, edge, ground->mapToGlobal(edge), Qt::LeftButton, Qt::LeftButton,
+                    Qt::NoModifier);
+  press.ignore();
+  QApplication::sendEvent(ground, &press);
+  EXPECT_TRUE(press.isAccepted()) << "what is below doesn't get it";
+  EXPECT_EQ(Focus(), Variables());
 }
 
 TEST_F(CalcListWindowTest, RowsThatTheToolChangesAreNoChoiceOfTheOperator) {
@@ -144,6 +152,26 @@ TEST_F(CalcListWindowTest, DeleteTakesAllSelectedRowsAway) {
   EXPECT_THAT(List()->Selected(), IsEmpty()) << "no neighbour slips under the next Delete";
 }
 
+TEST_F(CalcListWindowTest, HomeAndEndCopyTheirRowAlsoAfterTheToolHasChangedRowsOrSelection) {
+  History(4);
+  Open();
+  Write("7*7");
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down);
+  ASSERT_EQ(LineText(), "7*7");
+  Key(Qt::Key_End);
+  EXPECT_EQ(LineText(), "3+1") << "after a row came";
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Home);
+  EXPECT_EQ(LineText(), "7*7") << "after a row went";
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Down);
+  ASSERT_EQ(LineText(), "0+1");
+  Key(Qt::Key_End);
+  EXPECT_EQ(LineText(), "2+1") << "after the tool selected a row";
+}
+
 TEST_F(CalcListWindowTest, AStretchIsSelectedWithShift) {
   OpenWith(5);
   TouchRow(List(), 1);
@@ -178,7 +206,7 @@ TEST_F(CalcListWindowTest, TheKeyOpensAndClosesIt) {
 TEST_F(CalcListWindowTest, RowsMoveFromTheLineToo) {
   OpenWith(3);
   Line()->setFocus();
-  Key(Qt::Key_Down);
+  EXPECT_TRUE(Key(Qt::Key_Down)) << "the panel doesn't get it";
   EXPECT_EQ(LineText(), "0+1");
 }
 

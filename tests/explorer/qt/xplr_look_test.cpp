@@ -338,8 +338,16 @@ TEST_F(XplrListLookTest, TheSignIsAtTheLowerEndOfTheRows) {
   EXPECT_TRUE(sign->isVisible());
   const QRect rows = list->viewport()->geometry();
   EXPECT_EQ(sign->geometry(), QRect(rows.left(), rows.bottom() + 1 - 24, rows.width(), 24));
+  EXPECT_EQ(list->childAt(sign->geometry().center()), list->viewport()) << "a finger presses the row under it";
   list->ShowMoreComing(false);
   EXPECT_FALSE(sign->isVisible());
+}
+
+TEST_F(XplrListLookTest, ThePreviewTakesNoPress) {
+  list->ShowPreview({true, u"A.NC", {u"G0"}});
+  const auto* pane = list->findChild<XplrPreviewPane*>();
+  ASSERT_TRUE(pane->isVisible());
+  EXPECT_NE(list->childAt(pane->geometry().center()), pane);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QScroller>
 #include <QStandardItemModel>
 #include <QStyleOptionViewItem>
 #include <QTextBlock>
@@ -633,10 +632,6 @@ TEST_F(EditorPictureTest, ALowProgramHasNoBarBelowItsLines) {
     QCoreApplication::processEvents();
     EXPECT_EQ(edit.horizontalScrollBarPolicy(), policy) << height;
   }
-}
-
-TEST_F(EditorPictureTest, AFingerPullsTheText) {
-  EXPECT_NE(QScroller::grabbedGesture(editor_.Edit().viewport()), Qt::GestureType());
 }
 
 TEST_F(EditorPictureTest, TheCaretsLineIsLitAndTheWordsHaveTheirColours) {

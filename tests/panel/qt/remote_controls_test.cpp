@@ -500,6 +500,12 @@ TEST_F(RemoteMethods, AMenuIsToldItemByItemAsTheToolHasIt) {
     EXPECT_EQ(row["visible"].toBool(), item.visible != 0);
     EXPECT_EQ(row["bitmap"].toInt(), item.bitmap);
     EXPECT_EQ(row["items"].toArray().size(), item.subMenu == 0 ? 0 : PnlMenuItemCount(item.subMenu));
+    EXPECT_EQ(row.contains("items"), item.subMenu != 0);
+    for (int sub = 0; sub < row["items"].toArray().size(); ++sub) {
+      PnlMenuItem below{};
+      ASSERT_NE(PnlMenuItemAt(item.subMenu, sub, &below), 0);
+      EXPECT_EQ(row["items"].toArray()[sub].toObject().contains("items"), below.subMenu != 0) << below.id;
+    }
     if (item.visible != 0) visible.append(item.id);
   }
   EXPECT_EQ(VisibleItemIds(menu), QJsonValue(visible));

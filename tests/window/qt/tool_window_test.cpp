@@ -32,6 +32,7 @@ class PlainTool : public ToolWindow {
   using ToolWindow::HideWithFocus;
   using ToolWindow::ParentArea;
   using ToolWindow::SetBackProperty;
+  using ToolWindow::SetRemovedProperty;
   using ToolWindow::SetTitleProperty;
   std::function<void()> onMessage;
 
@@ -60,6 +61,36 @@ TEST_F(ToolWindowTest, AToolIsHiddenUntilItShowsItself) {
   Activate(host_);
   EXPECT_FALSE(tool.isVisible());
   EXPECT_EQ(tool.ToolId(), 6);
+}
+
+TEST_F(ToolWindowTest, AToolHasAnEmptyTitleFromTheStart) {
+  const PlainTool tool(&host_);
+  EXPECT_TRUE(tool.property(property::kTitle).isValid());
+  EXPECT_EQ(tool.property(property::kTitle).toString(), "");
+}
+
+TEST_F(ToolWindowTest, ARemovalIsToldOnceByItsNumber) {
+  PlainTool tool(&host_);
+  int told = 0;
+  class Listener final : public QObject {
+   public:
+    explicit Listener(int& told) : told_(told) {}
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      if (event->type() == QEvent::DynamicPropertyChange) ++told_;
+      return false;
+    }
+
+   private:
+    int& told_;
+  } listener(told);
+  tool.installEventFilter(&listener);
+  tool.SetRemovedProperty(3);
+  tool.SetRemovedProperty(3);
+  EXPECT_EQ(tool.property(property::kRemoved).toInt(), 3);
+  EXPECT_EQ(told, 1);
+  tool.SetRemovedProperty(0);
+  EXPECT_EQ(tool.property(property::kRemoved).toInt(), 0);
+  EXPECT_EQ(told, 2);
 }
 
 TEST_F(ToolWindowTest, ToolsAreCountedUntilTheyAreDeleted) {
