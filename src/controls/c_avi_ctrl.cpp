@@ -12,7 +12,6 @@ namespace pnl {
 CAviCtrl::CAviCtrl(int id, MakeVideoPlayer make, QWidget* parent) : QWidget(parent), make_(std::move(make)) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 CAviCtrl::~CAviCtrl() = default;

@@ -21,7 +21,6 @@ CFColorStatic::CFColorStatic(int id, QWidget* parent, Color back)
     : QWidget(parent), face_(QStringLiteral("Arial")), m_Back(back), m_pBrush(ToQColor(back)) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 void CFColorStatic::SetTextW(const QString& text) {

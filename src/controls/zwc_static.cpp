@@ -29,7 +29,6 @@ ZWCStatic::ZWCStatic(int id, Timers& timers, const Files& files, QWidget* parent
     : QWidget(parent), files_(files), m_Timer(timers) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 ZWCStatic::~ZWCStatic() = default;
@@ -121,7 +120,6 @@ void ZWCStatic::paintEvent(QPaintEvent* /*event*/) {
 void ZWCStatic::resizeEvent(QResizeEvent* event) {
   // The format depends on whether the text fits in the width.
   if (event->size().width() != event->oldSize().width()) ChooseFormat();
-  QWidget::resizeEvent(event);
 }
 
 void ZWCStatic::PaintText(QPainter& painter) {

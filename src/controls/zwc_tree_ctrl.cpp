@@ -17,7 +17,6 @@ constexpr char16_t kMinusCharacter = 0x2DA1;
 
 ZWCTreeCtrl::ZWCTreeCtrl(int id, QWidget* parent) : QTreeWidget(parent) {
   MarkControl(this, id, "tree");
-  setColumnCount(1);
   header()->hide();
   setUniformRowHeights(true);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
