@@ -12,15 +12,13 @@ namespace pnl::test {
 namespace {
 
 class GridModelTest : public testing::Test {
-protected:
+ protected:
   GridModelTest() {
     grid.SetColumns(4);
     grid.SetRows(4);
   }
   ~GridModelTest() override { EXPECT_TRUE(grid.IsConsistent()); }
-  [[nodiscard]] QModelIndex At(int row, int column) const {
-    return grid.index(row - 1, column);
-  }
+  [[nodiscard]] QModelIndex At(int row, int column) const { return grid.index(row - 1, column); }
   GridModel grid;
 };
 
@@ -43,17 +41,14 @@ TEST_F(GridModelTest, KeepsEachTextAsItWasWritten) {
   grid.SetCellText(3, 0, "side");
   EXPECT_EQ(grid.CellText(1, 1), "0.0000000");
   EXPECT_EQ(At(1, 1).data().toString(), "0.0000000");
-  EXPECT_EQ(grid.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(),
-            "maximum");
-  EXPECT_EQ(grid.headerData(2, Qt::Vertical, Qt::DisplayRole).toString(),
-            "side");
+  EXPECT_EQ(grid.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), "maximum");
+  EXPECT_EQ(grid.headerData(2, Qt::Vertical, Qt::DisplayRole).toString(), "side");
   EXPECT_FALSE(grid.headerData(4, Qt::Horizontal, Qt::DisplayRole).isValid());
   EXPECT_FALSE(grid.headerData(3, Qt::Vertical, Qt::DisplayRole).isValid());
 }
 
 TEST_F(GridModelTest, CellsThatAreNotThereReadAsEmptyAndAreNotWritten) {
-  for (const auto &[row, column] :
-       {std::pair{-1, 1}, {4, 1}, {1, -1}, {1, 4}}) {
+  for (const auto& [row, column] : {std::pair{-1, 1}, {4, 1}, {1, -1}, {1, 4}}) {
     grid.SetCellText(row, column, "x");
     grid.SetKind(row, column, GridCellKind::kCheck);
     grid.SetList(row, column, {"a"});
@@ -121,17 +116,15 @@ TEST_F(GridModelTest, WhichCellsAcceptEdits) {
       {GridRowState::kFactory, GridCellKind::kCheck, false, true},
       {GridRowState::kFactory, GridCellKind::kCheck, true, false},
   };
-  for (const Row &row : rows) {
+  for (const Row& row : rows) {
     grid.SetRowState(1, row.state);
     grid.SetKind(1, 1, row.kind);
     grid.SetReadOnly(1, 1, row.readOnly);
     EXPECT_EQ(grid.AcceptsEdit(1, 1), row.accepts) << &row - rows;
     const auto flags = grid.flags(At(1, 1));
     const bool check = row.kind == GridCellKind::kCheck;
-    EXPECT_EQ(flags.testFlag(Qt::ItemIsEditable), row.accepts && !check)
-        << &row - rows;
-    EXPECT_EQ(flags.testFlag(Qt::ItemIsUserCheckable), row.accepts && check)
-        << &row - rows;
+    EXPECT_EQ(flags.testFlag(Qt::ItemIsEditable), row.accepts && !check) << &row - rows;
+    EXPECT_EQ(flags.testFlag(Qt::ItemIsUserCheckable), row.accepts && check) << &row - rows;
     EXPECT_TRUE(flags.testFlag(Qt::ItemIsEnabled));
   }
 }
@@ -168,9 +161,8 @@ TEST_F(GridModelTest, OnlyCheckCellsHaveAState) {
 TEST_F(GridModelTest, ATurnedCheckIsToldOnlyWhenTheOperatorChangesIt) {
   grid.SetKind(2, 3, GridCellKind::kCheck);
   std::vector<std::pair<int, int>> turned;
-  QObject::connect(
-      &grid, &GridModel::CheckTurned, &grid,
-      [&turned](int row, int column) { turned.emplace_back(row, column); });
+  QObject::connect(&grid, &GridModel::CheckTurned, &grid,
+                   [&turned](int row, int column) { turned.emplace_back(row, column); });
   grid.SetChecked(2, 3, true);
   EXPECT_TRUE(turned.empty());
   EXPECT_TRUE(grid.setData(At(2, 3), Qt::Checked, Qt::CheckStateRole));
@@ -180,8 +172,7 @@ TEST_F(GridModelTest, ATurnedCheckIsToldOnlyWhenTheOperatorChangesIt) {
   grid.SetReadOnly(2, 3, true);
   EXPECT_FALSE(grid.setData(At(2, 3), Qt::Checked, Qt::CheckStateRole));
   EXPECT_FALSE(grid.IsChecked(2, 3));
-  EXPECT_FALSE(grid.setData(At(1, 1), "x", Qt::EditRole))
-      << "edits are stored by the grid";
+  EXPECT_FALSE(grid.setData(At(1, 1), "x", Qt::EditRole)) << "edits are stored by the grid";
 }
 
 TEST_F(GridModelTest, TellsTheStateOfARowToItsHeader) {
@@ -197,29 +188,23 @@ TEST_F(GridModelTest, EachChangeIsToldForTheCellsThatItConcerns) {
   std::vector<std::pair<QModelIndex, QModelIndex>> cells;
   std::vector<int> headers;
   QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid,
-                   [&](const QModelIndex &first, const QModelIndex &last) {
-                     cells.emplace_back(first, last);
-                   });
-  QObject::connect(
-      &grid, &QAbstractItemModel::headerDataChanged, &grid,
-      [&](Qt::Orientation, int first) { headers.push_back(first); });
+                   [&](const QModelIndex& first, const QModelIndex& last) { cells.emplace_back(first, last); });
+  QObject::connect(&grid, &QAbstractItemModel::headerDataChanged, &grid,
+                   [&](Qt::Orientation, int first) { headers.push_back(first); });
   grid.SetCellText(2, 1, "x");
-  EXPECT_EQ(cells, (std::vector<std::pair<QModelIndex, QModelIndex>>{
-                       {At(2, 1), At(2, 1)}}));
+  EXPECT_EQ(cells, (std::vector<std::pair<QModelIndex, QModelIndex>>{{At(2, 1), At(2, 1)}}));
   EXPECT_TRUE(headers.empty());
   cells.clear();
   grid.SetCellText(0, 2, "h");
   EXPECT_TRUE(cells.empty());
   EXPECT_EQ(headers, std::vector<int>{2});
   grid.SetRowState(3, GridRowState::kFailed);
-  EXPECT_EQ(cells, (std::vector<std::pair<QModelIndex, QModelIndex>>{
-                       {At(3, 0), At(3, 3)}}));
+  EXPECT_EQ(cells, (std::vector<std::pair<QModelIndex, QModelIndex>>{{At(3, 0), At(3, 3)}}));
 }
 
 TEST_F(GridModelTest, ATintIsOfOneCellAndToldWhenItChanges) {
   int changes = 0;
-  QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid,
-                   [&changes] { ++changes; });
+  QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid, [&changes] { ++changes; });
   EXPECT_FALSE(grid.HasTint(1, 1));
   grid.SetTint(1, 1, true);
   grid.SetTint(1, 1, true);
@@ -229,26 +214,19 @@ TEST_F(GridModelTest, ATintIsOfOneCellAndToldWhenItChanges) {
   grid.SetTint(1, 1, false);
   EXPECT_FALSE(grid.HasTint(1, 1));
   EXPECT_EQ(changes, 2);
-  for (const auto &[row, column] : {std::pair{4, 1}, {1, 4}, {-1, 1}})
-    grid.SetTint(row, column, true);
+  for (const auto& [row, column] : {std::pair{4, 1}, {1, 4}, {-1, 1}}) grid.SetTint(row, column, true);
   EXPECT_EQ(changes, 2);
 }
 
 TEST_F(GridModelTest, EveryKindOfChangeIsTold) {
-  std::vector<std::array<int, 4>>
-      changed; // first row and column, last row and column
+  std::vector<std::array<int, 4>> changed;  // first row and column, last row and column
   std::vector<std::string> headers;
-  QObject::connect(
-      &grid, &QAbstractItemModel::dataChanged, &grid,
-      [&](const QModelIndex &a, const QModelIndex &b) {
-        changed.push_back({a.row() + 1, a.column(), b.row() + 1, b.column()});
-      });
-  QObject::connect(&grid, &QAbstractItemModel::headerDataChanged, &grid,
-                   [&](Qt::Orientation way, int a, int b) {
-                     headers.push_back(
-                         (way == Qt::Vertical ? "row " : "column ") +
-                         std::to_string(a) + "-" + std::to_string(b));
-                   });
+  QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid, [&](const QModelIndex& a, const QModelIndex& b) {
+    changed.push_back({a.row() + 1, a.column(), b.row() + 1, b.column()});
+  });
+  QObject::connect(&grid, &QAbstractItemModel::headerDataChanged, &grid, [&](Qt::Orientation way, int a, int b) {
+    headers.push_back((way == Qt::Vertical ? "row " : "column ") + std::to_string(a) + "-" + std::to_string(b));
+  });
   using Areas = std::vector<std::array<int, 4>>;
   grid.SetKind(1, 2, GridCellKind::kCheck);
   EXPECT_EQ(std::exchange(changed, {}), (Areas{{1, 2, 1, 2}}));
@@ -268,30 +246,25 @@ TEST_F(GridModelTest, EveryKindOfChangeIsTold) {
 
 TEST_F(GridModelTest, RowsThatComeAndGoAreTold) {
   std::vector<std::string> told;
-  const auto note = [&](const char *what) {
-    return [&told, what](const QModelIndex &, int first, int last) {
-      told.push_back(std::string(what) + std::to_string(first) + "-" +
-                     std::to_string(last));
+  const auto note = [&](const char* what) {
+    return [&told, what](const QModelIndex&, int first, int last) {
+      told.push_back(std::string(what) + std::to_string(first) + "-" + std::to_string(last));
     };
   };
-  QObject::connect(&grid, &QAbstractItemModel::rowsInserted, &grid,
-                   note("in "));
-  QObject::connect(&grid, &QAbstractItemModel::rowsRemoved, &grid,
-                   note("out "));
+  QObject::connect(&grid, &QAbstractItemModel::rowsInserted, &grid, note("in "));
+  QObject::connect(&grid, &QAbstractItemModel::rowsRemoved, &grid, note("out "));
   grid.SetRows(6);
   grid.SetRows(6);
   grid.SetRows(2);
   grid.AddRow();
   grid.DeleteRow(1);
-  EXPECT_EQ(told, (std::vector<std::string>{"in 3-4", "out 1-4", "in 1-1",
-                                            "out 0-0"}));
+  EXPECT_EQ(told, (std::vector<std::string>{"in 3-4", "out 1-4", "in 1-1", "out 0-0"}));
 }
 
 TEST_F(GridModelTest, ANewNumberOfColumnsIsToldBeforeAndAfterwards) {
   std::vector<int> columns;
   const auto note = [&] { columns.push_back(grid.columnCount()); };
-  QObject::connect(&grid, &QAbstractItemModel::modelAboutToBeReset, &grid,
-                   note);
+  QObject::connect(&grid, &QAbstractItemModel::modelAboutToBeReset, &grid, note);
   QObject::connect(&grid, &QAbstractItemModel::modelReset, &grid, note);
   grid.SetColumns(6);
   EXPECT_EQ(columns, (std::vector<int>{4, 6}));
@@ -315,10 +288,8 @@ TEST_F(GridModelTest, OnlyARowThatIsThereHasAState) {
   const auto note = [&told] { ++told; };
   QObject::connect(&grid, &QAbstractItemModel::headerDataChanged, &grid, note);
   QObject::connect(&grid, &QAbstractItemModel::dataChanged, &grid, note);
-  for (const int row : {-1, 0, 3})
-    grid.SetRowState(row, GridRowState::kFailed);
-  for (const int row : {-1, 3, 4000})
-    grid.SetRowFormat(row, {5, 4, 0, 1});
+  for (const int row : {-1, 0, 3}) grid.SetRowState(row, GridRowState::kFailed);
+  for (const int row : {-1, 3, 4000}) grid.SetRowFormat(row, {5, 4, 0, 1});
   EXPECT_EQ(told, 0);
 }
 
@@ -330,5 +301,5 @@ TEST_F(GridModelTest, AnUnknownRoleOfACellIsNothing) {
   EXPECT_FALSE(grid.headerData(1, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
-} // namespace
-} // namespace pnl::test
+}  // namespace
+}  // namespace pnl::test

@@ -15,7 +15,7 @@ constexpr std::uint32_t kRed = 0x0000FF;
 constexpr std::uint32_t kBlue = 0xFF0000;
 
 class PictureAreaTest : public testing::Test {
-protected:
+ protected:
   PictureAreaTest() {
     area_.resize(200, 100);
     Activate(area_);
@@ -24,7 +24,7 @@ protected:
 };
 
 TEST_F(PictureAreaTest, EveryKindIsPaintedOverTheWholeAreaOrInItsShape) {
-  for (const char *format : {"BMP", "PNG", "JPG"}) {
+  for (const char* format : {"BMP", "PNG", "JPG"}) {
     SCOPED_TRACE(format);
     const std::string bytes = PictureBytes({10, 10}, Qt::red, format);
     ASSERT_TRUE(area_.SetPicture(bytes, PictureFit::kStretch));
@@ -38,19 +38,16 @@ TEST_F(PictureAreaTest, EveryKindIsPaintedOverTheWholeAreaOrInItsShape) {
 }
 
 TEST_F(PictureAreaTest, ThePictureFollowsTheSizeOfTheArea) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
-                               PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"), PictureFit::kStretch));
   EXPECT_EQ(Count(Paint(area_), kBlue), 200 * 100);
   area_.resize(60, 40);
   EXPECT_EQ(Count(Paint(area_), kBlue), 60 * 40);
 }
 
 TEST_F(PictureAreaTest, BytesThatAreNoPictureShowNothing) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
-                               PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"), PictureFit::kStretch));
   const std::string whole = PictureBytes({10, 10}, Qt::blue, "PNG");
-  for (const std::string &bytes :
-       {std::string("no picture"), std::string(), whole.substr(0, 30)}) {
+  for (const std::string& bytes : {std::string("no picture"), std::string(), whole.substr(0, 30)}) {
     EXPECT_FALSE(area_.SetPicture(bytes, PictureFit::kStretch));
     EXPECT_TRUE(area_.IsEmpty());
     EXPECT_EQ(Count(Paint(area_), kBlue), 0);
@@ -64,11 +61,10 @@ TEST_F(PictureAreaTest, AnAnimatedPictureMovesWhileItIsSeen) {
   EXPECT_TRUE(RunUntil([this] { return Count(Paint(area_), kRed) > 0; }));
 }
 
-TEST_F(PictureAreaTest,
-       AnAnimatedPictureRestsWhileItIsHiddenAndGoesOnAfterwards) {
+TEST_F(PictureAreaTest, AnAnimatedPictureRestsWhileItIsHiddenAndGoesOnAfterwards) {
   area_.hide();
   ASSERT_TRUE(area_.SetPicture(GifBytes(), PictureFit::kStretch));
-  const QMovie *const movie = area_.findChild<QMovie *>();
+  const QMovie* const movie = area_.findChild<QMovie*>();
   EXPECT_EQ(movie, nullptr) << "the area owns it itself";
   EXPECT_EQ(Count(Paint(area_), kRed), 200 * 100) << "the first frame";
   area_.show();
@@ -86,15 +82,13 @@ TEST_F(PictureAreaTest, AnAnimatedPictureThatWasHiddenInTheMiddleGoesOn) {
 
 TEST_F(PictureAreaTest, AStillPictureTakesThePlaceOfAnAnimatedOne) {
   ASSERT_TRUE(area_.SetPicture(GifBytes(), PictureFit::kStretch));
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::green, "PNG"),
-                               PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::green, "PNG"), PictureFit::kStretch));
   EXPECT_FALSE(area_.IsAnimated());
   EXPECT_EQ(Count(Paint(area_), 0x00FF00), 200 * 100);
 }
 
 TEST_F(PictureAreaTest, AClearedAreaIsPaintedAgain) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"),
-                               PictureFit::kStretch));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({10, 10}, Qt::blue, "PNG"), PictureFit::kStretch));
   Settle();
   PaintCounter paints(area_);
   area_.Clear();
@@ -110,10 +104,9 @@ TEST_F(PictureAreaTest, AGifOfOneFrameIsAPictureLikeOthers) {
 }
 
 TEST_F(PictureAreaTest, ALargePictureIsDecodedSmaller) {
-  ASSERT_TRUE(area_.SetPicture(PictureBytes({6000, 4000}, Qt::red, "JPG"),
-                               PictureFit::kKeepShape));
+  ASSERT_TRUE(area_.SetPicture(PictureBytes({6000, 4000}, Qt::red, "JPG"), PictureFit::kKeepShape));
   EXPECT_EQ(area_.PictureRect(), QRect(25, 0, 150, 100));
 }
 
-} // namespace
-} // namespace pnl::test
+}  // namespace
+}  // namespace pnl::test

@@ -13,13 +13,10 @@ namespace {
 
 /// Rows that know their number and take no memory.
 class CountingModel : public QAbstractListModel {
-public:
+ public:
   explicit CountingModel(int count) : count_(count) {}
-  [[nodiscard]] int rowCount(const QModelIndex &parent) const override {
-    return parent.isValid() ? 0 : count_;
-  }
-  [[nodiscard]] QVariant data(const QModelIndex &index,
-                              int role) const override {
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
     return role == Qt::DisplayRole ? QVariant(index.row()) : QVariant();
   }
   void Insert(int row) {
@@ -33,12 +30,12 @@ public:
     endRemoveRows();
   }
 
-private:
+ private:
   int count_;
 };
 
 class Rows10 : public RowView {
-public:
+ public:
   Rows10() : RowView(nullptr) {}
   [[nodiscard]] int RowHeight() const override { return height; }
   using RowView::CursorAction;
@@ -60,19 +57,17 @@ public:
 
 /// Fills a row with a colour that tells its number and whether it is selected.
 class NumberDelegate : public QStyledItemDelegate {
-public:
+ public:
   using QStyledItemDelegate::QStyledItemDelegate;
-  void paint(QPainter *painter, const QStyleOptionViewItem &option,
-             const QModelIndex &index) const override {
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool selected = (option.state & QStyle::State_Selected) != 0;
-    painter->fillRect(option.rect,
-                      QColor(index.row() % 200, selected ? 255 : 0, 7));
+    painter->fillRect(option.rect, QColor(index.row() % 200, selected ? 255 : 0, 7));
   }
 };
 
 /// 100 rows of 10 pixels in a view of 95.
 class RowViewTest : public testing::Test {
-protected:
+ protected:
   RowViewTest() {
     view.setFrameShape(QFrame::NoFrame);
     view.setModel(&model);
@@ -84,17 +79,13 @@ protected:
     QApplication::processEvents();
   }
   [[nodiscard]] int RowAt(int y) const { return view.indexAt({5, y}).row(); }
-  [[nodiscard]] int Top(int row) const {
-    return view.visualRect(model.index(row, 0)).top();
-  }
-  void Scroll(int row, QAbstractItemView::ScrollHint hint =
-                           QAbstractItemView::EnsureVisible) {
+  [[nodiscard]] int Top(int row) const { return view.visualRect(model.index(row, 0)).top(); }
+  void Scroll(int row, QAbstractItemView::ScrollHint hint = QAbstractItemView::EnsureVisible) {
     view.scrollTo(model.index(row, 0), hint);
   }
   [[nodiscard]] std::vector<int> Selected() const {
     std::vector<int> rows;
-    for (const QModelIndex &index : view.selectionModel()->selectedIndexes())
-      rows.push_back(index.row());
+    for (const QModelIndex& index : view.selectionModel()->selectedIndexes()) rows.push_back(index.row());
     std::sort(rows.begin(), rows.end());
     return rows;
   }
@@ -104,8 +95,7 @@ protected:
 };
 
 TEST_F(RowViewTest, ARowLiesWhereItsNumberSays) {
-  EXPECT_EQ(view.visualRect(model.index(3, 0)),
-            QRect(0, 30, view.viewport()->width(), 10));
+  EXPECT_EQ(view.visualRect(model.index(3, 0)), QRect(0, 30, view.viewport()->width(), 10));
   EXPECT_EQ(RowAt(0), 0);
   EXPECT_EQ(RowAt(9), 0);
   EXPECT_EQ(RowAt(10), 1);
@@ -122,15 +112,13 @@ TEST_F(RowViewTest, ScrollingToNoRowStaysWhereItIs) {
 }
 
 TEST_F(RowViewTest, ARowThatHasJustComeCanBeScrolledTo) {
-  for (int i = 0; i < 20; ++i)
-    model.Insert(100);
+  for (int i = 0; i < 20; ++i) model.Insert(100);
   Scroll(119);
   EXPECT_EQ(view.visualRect(model.index(119, 0)).bottom(), 94);
 }
 
 TEST_F(RowViewTest, WithoutAPresentRowAKeyGoesToTheFirst) {
-  for (const auto action : {Rows10::MoveUp, Rows10::MoveDown,
-                            Rows10::MovePageDown, Rows10::MoveEnd}) {
+  for (const auto action : {Rows10::MoveUp, Rows10::MoveDown, Rows10::MovePageDown, Rows10::MoveEnd}) {
     view.setCurrentIndex({});
     EXPECT_EQ(view.moveCursor(action, Qt::NoModifier).row(), 0) << action;
   }
@@ -142,7 +130,7 @@ TEST_F(RowViewTest, MovesByPixelsAndNeverSideways) {
 }
 
 TEST_F(RowViewTest, TheBarGoesFromTheFirstRowToTheLast) {
-  const QScrollBar &bar = *view.verticalScrollBar();
+  const QScrollBar& bar = *view.verticalScrollBar();
   EXPECT_EQ(bar.minimum(), 0);
   EXPECT_EQ(bar.maximum(), 1000 - 95);
   EXPECT_EQ(bar.pageStep(), 95);
@@ -169,20 +157,14 @@ TEST_F(RowViewTest, ScrollsNoFurtherThanARowNeeds) {
     QAbstractItemView::ScrollHint hint;
     int value;
   } rows[] = {
-      {9, QAbstractItemView::EnsureVisible, 5},
-      {0, QAbstractItemView::EnsureVisible, 0},
-      {8, QAbstractItemView::EnsureVisible, 0},
-      {50, QAbstractItemView::EnsureVisible, 415},
-      {45, QAbstractItemView::EnsureVisible, 415},
-      {41, QAbstractItemView::EnsureVisible, 410},
-      {70, QAbstractItemView::PositionAtTop, 700},
-      {70, QAbstractItemView::PositionAtBottom, 615},
-      {70, QAbstractItemView::PositionAtCenter, 658},
-      {99, QAbstractItemView::PositionAtTop, 905},
-      {0, QAbstractItemView::PositionAtBottom, 0},
-      {1, QAbstractItemView::PositionAtCenter, 0},
+      {9, QAbstractItemView::EnsureVisible, 5},       {0, QAbstractItemView::EnsureVisible, 0},
+      {8, QAbstractItemView::EnsureVisible, 0},       {50, QAbstractItemView::EnsureVisible, 415},
+      {45, QAbstractItemView::EnsureVisible, 415},    {41, QAbstractItemView::EnsureVisible, 410},
+      {70, QAbstractItemView::PositionAtTop, 700},    {70, QAbstractItemView::PositionAtBottom, 615},
+      {70, QAbstractItemView::PositionAtCenter, 658}, {99, QAbstractItemView::PositionAtTop, 905},
+      {0, QAbstractItemView::PositionAtBottom, 0},    {1, QAbstractItemView::PositionAtCenter, 0},
   };
-  for (const auto &row : rows) {
+  for (const auto& row : rows) {
     Scroll(row.row, row.hint);
     EXPECT_EQ(view.verticalScrollBar()->value(), row.value) << row.row;
   }
@@ -203,21 +185,17 @@ TEST_F(RowViewTest, KeysMoveByOneByAPageAndToBothEnds) {
     int from;
     int to;
   } rows[] = {
-      {Rows10::MoveUp, 5, 4},         {Rows10::MoveUp, 0, 0},
-      {Rows10::MoveDown, 5, 6},       {Rows10::MoveDown, 99, 99},
-      {Rows10::MovePrevious, 5, 4},   {Rows10::MoveNext, 5, 6},
-      {Rows10::MovePageUp, 50, 41},   {Rows10::MovePageUp, 3, 0},
-      {Rows10::MovePageDown, 50, 59}, {Rows10::MovePageDown, 97, 99},
-      {Rows10::MoveHome, 50, 0},      {Rows10::MoveEnd, 50, 99},
+      {Rows10::MoveUp, 5, 4},         {Rows10::MoveUp, 0, 0},       {Rows10::MoveDown, 5, 6},
+      {Rows10::MoveDown, 99, 99},     {Rows10::MovePrevious, 5, 4}, {Rows10::MoveNext, 5, 6},
+      {Rows10::MovePageUp, 50, 41},   {Rows10::MovePageUp, 3, 0},   {Rows10::MovePageDown, 50, 59},
+      {Rows10::MovePageDown, 97, 99}, {Rows10::MoveHome, 50, 0},    {Rows10::MoveEnd, 50, 99},
       {Rows10::MoveLeft, 50, 50},     {Rows10::MoveRight, 50, 50},
   };
   view.setCurrentIndex({});
-  EXPECT_EQ(view.moveCursor(Rows10::MoveDown, {}).row(), 0)
-      << "without a current row";
-  for (const auto &row : rows) {
+  EXPECT_EQ(view.moveCursor(Rows10::MoveDown, {}).row(), 0) << "without a current row";
+  for (const auto& row : rows) {
     view.setCurrentIndex(model.index(row.from, 0));
-    EXPECT_EQ(view.moveCursor(row.action, {}).row(), row.to)
-        << row.action << " from " << row.from;
+    EXPECT_EQ(view.moveCursor(row.action, {}).row(), row.to) << row.action << " from " << row.from;
   }
 }
 
@@ -242,35 +220,29 @@ TEST_F(RowViewTest, AStretchSelectsTheRowsThatItTouches) {
     QRect rect;
     std::vector<int> rows;
   } rows[] = {
-      {{5, 12, 1, 1}, {1}},
-      {{5, 19, 1, 2}, {1, 2}},
-      {QRect(QPoint(5, 35), QPoint(5, 12)), {1, 2, 3}},
-      {{5, -50, 1, 51}, {0}},
-      {{5, -50, 1, 10}, {}},
+      {{5, 12, 1, 1}, {1}},   {{5, 19, 1, 2}, {1, 2}}, {QRect(QPoint(5, 35), QPoint(5, 12)), {1, 2, 3}},
+      {{5, -50, 1, 51}, {0}}, {{5, -50, 1, 10}, {}},
   };
-  for (const auto &row : rows) {
+  for (const auto& row : rows) {
     view.setSelection(row.rect, QItemSelectionModel::ClearAndSelect);
     EXPECT_EQ(Selected(), row.rows);
   }
   Scroll(99);
   view.setSelection({5, 80, 1, 500}, QItemSelectionModel::ClearAndSelect);
-  EXPECT_EQ(Selected(), (std::vector<int>{98, 99}))
-      << "below the last row there is none";
+  EXPECT_EQ(Selected(), (std::vector<int>{98, 99})) << "below the last row there is none";
 }
 
 TEST_F(RowViewTest, ASelectionCoversItsRowsAsFarAsTheyAreSeen) {
   QItemSelection selection(model.index(2, 0), model.index(3, 0));
   selection.select(model.index(8, 0), model.index(50, 0));
   const int width = view.viewport()->width();
-  EXPECT_EQ(view.visualRegionForSelection(selection),
-            QRegion(0, 20, width, 20) + QRegion(0, 80, width, 15));
+  EXPECT_EQ(view.visualRegionForSelection(selection), QRegion(0, 20, width, 20) + QRegion(0, 80, width, 15));
 }
 
 TEST_F(RowViewTest, EachRowIsPaintedInItsPlaceAndSelectedOnesAsSuch) {
   view.setItemDelegate(new NumberDelegate(&view));
   Scroll(40, QAbstractItemView::PositionAtTop);
-  view.selectionModel()->select(model.index(42, 0),
-                                QItemSelectionModel::Select);
+  view.selectionModel()->select(model.index(42, 0), QItemSelectionModel::Select);
   const QImage image = view.viewport()->grab().toImage();
   for (int y = 0; y < 95; ++y) {
     const int row = 40 + y / 10;
@@ -285,8 +257,7 @@ TEST_F(RowViewTest, TheLastOfMoreRowsThanABarHasStepsIsReached) {
   QApplication::processEvents();
   const auto index = [&](int row) { return many.index(row, 0); };
   view.scrollTo(index(kRows - 1), QAbstractItemView::EnsureVisible);
-  EXPECT_EQ(view.visualRect(index(kRows - 1)).bottom(), 89)
-      << "whole; the view moves by rows here";
+  EXPECT_EQ(view.visualRect(index(kRows - 1)).bottom(), 89) << "whole; the view moves by rows here";
   EXPECT_EQ(RowAt(85), kRows - 1);
   EXPECT_EQ(RowAt(94), -1);
   view.scrollTo(index(234'567'890), QAbstractItemView::PositionAtTop);
@@ -300,5 +271,5 @@ TEST_F(RowViewTest, TheLastOfMoreRowsThanABarHasStepsIsReached) {
   view.setModel(&model);
 }
 
-} // namespace
-} // namespace pnl::test
+}  // namespace
+}  // namespace pnl::test

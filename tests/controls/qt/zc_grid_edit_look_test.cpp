@@ -18,12 +18,12 @@ const QColor kInk(0x14, 0x1A, 0x21);
 const QColor kMarked(0x00, 0x74, 0xD0);
 
 class GridEditLookTest : public testing::Test {
-protected:
+ protected:
   GridEditLookTest() {
     window.resize(600, 400);
     grid = new ZCGridXWrap(3028, &window);
     grid->setGeometry(0, 0, 500, 300);
-    GridModel &cells = grid->Cells();
+    GridModel& cells = grid->Cells();
     cells.SetColumns(4);
     cells.SetRows(30);
     cells.SetKind(1, 2, GridCellKind::kNumber);
@@ -33,23 +33,22 @@ protected:
     grid->setFocus();
     grid->Select(1, 1);
   }
-  template <typename Editor> Editor *Open(int row, int column) {
+  template <typename Editor>
+  Editor* Open(int row, int column) {
     grid->Select(row, column);
     EXPECT_TRUE(grid->BeginEdit());
-    const auto editors =
-        grid->viewport()->findChildren<Editor *>(Qt::FindDirectChildrenOnly);
+    const auto editors = grid->viewport()->findChildren<Editor*>(Qt::FindDirectChildrenOnly);
     return editors.isEmpty() ? nullptr : editors.last();
   }
   [[nodiscard]] QRect Cell(int row, int column) const {
     return grid->visualRect(grid->model()->index(row - 1, column));
   }
   QWidget window;
-  ZCGridXWrap *grid;
+  ZCGridXWrap* grid;
 };
 
-TEST_F(GridEditLookTest,
-       ALineIsInsideTheCellsFrameInItsFontWithDarkTextOnWhite) {
-  auto *line = Open<QLineEdit>(1, 1);
+TEST_F(GridEditLookTest, ALineIsInsideTheCellsFrameInItsFontWithDarkTextOnWhite) {
+  auto* line = Open<QLineEdit>(1, 1);
   ASSERT_NE(line, nullptr);
   EXPECT_EQ(line->geometry(), Cell(1, 1).adjusted(3, 3, -4, -4));
   EXPECT_EQ(line->font(), grid->font());
@@ -59,10 +58,9 @@ TEST_F(GridEditLookTest,
   EXPECT_EQ(line->palette().color(QPalette::Base), QColor(Qt::white));
   EXPECT_EQ(line->palette().color(QPalette::Text), kInk);
   EXPECT_EQ(line->palette().color(QPalette::Highlight), kMarked);
-  EXPECT_EQ(line->palette().color(QPalette::HighlightedText),
-            QColor(Qt::white));
+  EXPECT_EQ(line->palette().color(QPalette::HighlightedText), QColor(Qt::white));
   grid->CancelEdit();
-  auto *number = Open<QLineEdit>(1, 2);
+  auto* number = Open<QLineEdit>(1, 2);
   EXPECT_EQ(number->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
 }
 
@@ -70,15 +68,14 @@ TEST_F(GridEditLookTest, ASelectedTextIsWhiteWhateverThePaletteSays) {
   QPalette colors = grid->palette();
   colors.setColor(QPalette::HighlightedText, Qt::green);
   grid->setPalette(colors);
-  auto *line = Open<QLineEdit>(1, 1);
+  auto* line = Open<QLineEdit>(1, 1);
   ASSERT_NE(line, nullptr);
-  EXPECT_EQ(line->palette().color(QPalette::HighlightedText),
-            QColor(Qt::white));
+  EXPECT_EQ(line->palette().color(QPalette::HighlightedText), QColor(Qt::white));
 }
 
 TEST_F(GridEditLookTest, ANumberThatItsFormatForbidsTakesNoLetterEither) {
   grid->Cells().SetCellText(1, 2, "123456");
-  auto *line = Open<QLineEdit>(1, 2);
+  auto* line = Open<QLineEdit>(1, 2);
   ASSERT_NE(line, nullptr);
   const QString start = line->text();
   line->deselect();
@@ -91,20 +88,15 @@ TEST_F(GridEditLookTest, AnEditThatHasEndedLeavesNothingInTheGrid) {
   Open<QLineEdit>(1, 1);
   grid->CancelEdit();
   Settle();
-  EXPECT_EQ(grid->viewport()->findChild<QLineEdit *>(), nullptr);
+  EXPECT_EQ(grid->viewport()->findChild<QLineEdit*>(), nullptr);
 }
 
 TEST_F(GridEditLookTest, EachKindOfCellIsPaintedAsItIs) {
   grid->Select(5, 1);
-  const auto cell = [this](int row, int column) {
-    return Paint(*grid->viewport()).copy(Cell(row, column));
-  };
+  const auto cell = [this](int row, int column) { return Paint(*grid->viewport()).copy(Cell(row, column)); };
   grid->Cells().SetCellText(1, 2, "8");
-  EXPECT_GT(
-      Ink(cell(1, 2), 0xFFFFFF,
-          Cell(1, 2).adjusted(0, 2, -2, -2).translated(-Cell(1, 2).topLeft()))
-          .left(),
-      Cell(1, 2).width() / 2)
+  EXPECT_GT(Ink(cell(1, 2), 0xFFFFFF, Cell(1, 2).adjusted(0, 2, -2, -2).translated(-Cell(1, 2).topLeft())).left(),
+            Cell(1, 2).width() / 2)
       << "a number is at the right";
   grid->Cells().SetKind(3, 1, GridCellKind::kCheck);
   const QImage off = cell(3, 1);
@@ -116,15 +108,14 @@ TEST_F(GridEditLookTest, ThePresentCellAloneHasAFrame) {
   grid->Select(5, 2);
   const QImage image = Paint(*grid->viewport());
   const QColor frame(0x0A, 0x6E, 0xC8);
-  for (const auto &[row, column] : {std::pair{5, 1}, {4, 2}, {5, 3}}) {
-    EXPECT_NE(image.pixelColor(Cell(row, column).topLeft() + QPoint(1, 1)),
-              frame);
+  for (const auto& [row, column] : {std::pair{5, 1}, {4, 2}, {5, 3}}) {
+    EXPECT_NE(image.pixelColor(Cell(row, column).topLeft() + QPoint(1, 1)), frame);
   }
   EXPECT_EQ(image.pixelColor(Cell(5, 2).topLeft() + QPoint(1, 1)), frame);
 }
 
 TEST_F(GridEditLookTest, ARefusedNumberIsRedUntilItIsTypedOn) {
-  auto *line = Open<QLineEdit>(1, 2);
+  auto* line = Open<QLineEdit>(1, 2);
   Type(line, "101");
   EXPECT_EQ(line->palette().color(QPalette::Text), kInk);
   EXPECT_FALSE(grid->CommitEdit());
@@ -134,13 +125,12 @@ TEST_F(GridEditLookTest, ARefusedNumberIsRedUntilItIsTypedOn) {
   EXPECT_EQ(line->palette().color(QPalette::Text), kInk);
   EXPECT_EQ(line->palette().color(QPalette::Highlight), kMarked);
   EXPECT_TRUE(grid->CommitEdit());
-  EXPECT_TRUE(grid->CommitEdit())
-      << "without an edit there is nothing to refuse";
+  EXPECT_TRUE(grid->CommitEdit()) << "without an edit there is nothing to refuse";
 }
 
 TEST_F(GridEditLookTest, AListLiesRightBelowItsCellAsHighAsItsItems) {
   grid->Cells().SetList(2, 3, {"mill", "drill", "tap"});
-  auto *list = Open<ListBox>(2, 3);
+  auto* list = Open<ListBox>(2, 3);
   ASSERT_NE(list, nullptr);
   const QRect cell = Cell(2, 3);
   EXPECT_EQ(list->geometry().topLeft(), QPoint(cell.left(), cell.bottom() + 1));
@@ -152,8 +142,7 @@ TEST_F(GridEditLookTest, AListLiesRightBelowItsCellAsHighAsItsItems) {
   EXPECT_EQ(list->TextColor(), 0xF7F3EEu);
   EXPECT_EQ(list->SelectedBackColor(), 0xB26F1Fu);
   EXPECT_EQ(list->SelectedTextColor(), 0xF7F3EEu);
-  EXPECT_EQ(list->property(property::kId).toInt(), -1)
-      << "no control of the window";
+  EXPECT_EQ(list->property(property::kId).toInt(), -1) << "no control of the window";
   EXPECT_EQ(list->Selection(), -1) << "the cell's text is none of the items";
   list->Select(0);
   grid->CancelEdit();
@@ -161,10 +150,9 @@ TEST_F(GridEditLookTest, AListLiesRightBelowItsCellAsHighAsItsItems) {
 }
 
 TEST_F(GridEditLookTest, AListThatFitsOnlyAboveEndsAtItsCell) {
-  const int row = grid->viewport()->height() / grid->rowHeight(0) -
-                  1; // one row below is free
+  const int row = grid->viewport()->height() / grid->rowHeight(0) - 1;  // one row below is free
   grid->Cells().SetList(row, 3, {"a", "b", "c"});
-  auto *list = Open<ListBox>(row, 3);
+  auto* list = Open<ListBox>(row, 3);
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->geometry().bottom(), Cell(row, 3).top() - 1);
   EXPECT_EQ(list->height(), 3 * list->RowHeight() + 2 * list->frameWidth());
@@ -172,10 +160,9 @@ TEST_F(GridEditLookTest, AListThatFitsOnlyAboveEndsAtItsCell) {
 
 TEST_F(GridEditLookTest, AListTooLongForEitherSideTakesTheLargerOne) {
   QStringList many;
-  for (int i = 0; i < 50; ++i)
-    many << QString::number(i);
+  for (int i = 0; i < 50; ++i) many << QString::number(i);
   grid->Cells().SetList(2, 3, many);
-  auto *list = Open<ListBox>(2, 3);
+  auto* list = Open<ListBox>(2, 3);
   const int bottom = grid->viewport()->rect().bottom();
   EXPECT_EQ(list->geometry().top(), Cell(2, 3).bottom() + 1);
   EXPECT_EQ(list->geometry().bottom(), bottom);
@@ -183,7 +170,7 @@ TEST_F(GridEditLookTest, AListTooLongForEitherSideTakesTheLargerOne) {
 
 TEST_F(GridEditLookTest, APressBesideTheItemsChoosesNone) {
   grid->Cells().SetList(1, 3, {"mill", "drill"});
-  auto *list = Open<ListBox>(1, 3);
+  auto* list = Open<ListBox>(1, 3);
   list->resize(list->width(), list->height() + 60);
   const QPoint below(5, list->viewport()->height() - 10);
   PressMouse(list->viewport(), below);
@@ -195,9 +182,8 @@ TEST_F(GridEditLookTest, APressBesideTheItemsChoosesNone) {
 }
 
 TEST_F(GridEditLookTest, AnOpenEditKeepsEscapeFromShortcuts) {
-  auto *line = Open<QLineEdit>(1, 1);
-  for (const auto &[key, kept] :
-       {std::pair{Qt::Key_Escape, true}, {Qt::Key_F9, false}}) {
+  auto* line = Open<QLineEdit>(1, 1);
+  for (const auto& [key, kept] : {std::pair{Qt::Key_Escape, true}, {Qt::Key_F9, false}}) {
     QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
     event.ignore();
     QApplication::sendEvent(line, &event);
@@ -205,16 +191,12 @@ TEST_F(GridEditLookTest, AnOpenEditKeepsEscapeFromShortcuts) {
   }
 }
 
-TEST_F(GridEditLookTest,
-       RowsAndHeadersAreAsHighAsAFingerOrAsTheFontWithItsMargin) {
-  const auto heights = [this] {
-    return std::pair(grid->rowHeight(3), grid->horizontalHeader()->height());
-  };
+TEST_F(GridEditLookTest, RowsAndHeadersAreAsHighAsAFingerOrAsTheFontWithItsMargin) {
+  const auto heights = [this] { return std::pair(grid->rowHeight(3), grid->horizontalHeader()->height()); };
   EXPECT_EQ(heights(), std::pair(FingerPixels(*grid), FingerPixels(*grid)));
   for (const int cell : {22, 24, 40}) {
     grid->SetFont("Arial", cell, 400);
-    const int wanted = std::max(FingerPixels(*grid),
-                                CellHeight(QFontMetrics(grid->font())) + 12);
+    const int wanted = std::max(FingerPixels(*grid), CellHeight(QFontMetrics(grid->font())) + 12);
     EXPECT_EQ(heights(), std::pair(wanted, wanted)) << cell;
     EXPECT_EQ(grid->itemDelegate()->sizeHint({}, {}).height(), wanted);
   }
@@ -223,21 +205,18 @@ TEST_F(GridEditLookTest,
 TEST_F(GridEditLookTest, TheGridsMeasuresAreThoseOfATouchPanel) {
   EXPECT_EQ(grid->verticalHeader()->width(), 24);
   EXPECT_EQ(grid->verticalScrollBar()->sizeHint().width(), FingerPixels(*grid));
-  EXPECT_EQ(grid->horizontalScrollBar()->sizeHint().height(),
-            FingerPixels(*grid));
+  EXPECT_EQ(grid->horizontalScrollBar()->sizeHint().height(), FingerPixels(*grid));
   EXPECT_EQ(grid->frameWidth(), 0);
   EXPECT_FALSE(grid->showGrid());
   EXPECT_EQ(grid->contextMenuPolicy(), Qt::NoContextMenu);
   EXPECT_EQ(grid->horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
-  EXPECT_EQ(grid->palette().color(QPalette::Base),
-            QColor(0xC0, 0xC0, 0xC0).lighter(108));
+  EXPECT_EQ(grid->palette().color(QPalette::Base), QColor(0xC0, 0xC0, 0xC0).lighter(108));
   EXPECT_EQ(grid->BackColor(), 0xFFFFFFu);
 }
 
 TEST_F(GridEditLookTest, SizesOfRowsAndColumnsThatAreNotThereAreIgnored) {
   grid->SetColumnWidth(3, 70);
-  for (const auto &[column, width] : {std::pair{4, 50}, {-1, 50}})
-    grid->SetColumnWidth(column, width);
+  for (const auto& [column, width] : {std::pair{4, 50}, {-1, 50}}) grid->SetColumnWidth(column, width);
   EXPECT_EQ(grid->columnWidth(3), 70);
   grid->SetColumnWidth(1, 1);
   EXPECT_EQ(grid->columnWidth(1), 1);
@@ -254,11 +233,9 @@ TEST_F(GridEditLookTest, SizesOfRowsAndColumnsThatAreNotThereAreIgnored) {
   grid->SetRowHeight(2, 1);
   EXPECT_EQ(grid->rowHeight(1), 1);
   grid->SetFixed(1, 0);
-  EXPECT_EQ(std::pair(grid->FixedRows(), grid->FixedColumns()),
-            std::pair(1, 0));
+  EXPECT_EQ(std::pair(grid->FixedRows(), grid->FixedColumns()), std::pair(1, 0));
   grid->SetFixed(0, 1);
-  EXPECT_EQ(std::pair(grid->FixedRows(), grid->FixedColumns()),
-            std::pair(0, 1));
+  EXPECT_EQ(std::pair(grid->FixedRows(), grid->FixedColumns()), std::pair(0, 1));
 }
 
 TEST_F(GridEditLookTest, CellsArePaintedByTheirRowTheirTintAndTheGridsState) {
@@ -276,7 +253,7 @@ TEST_F(GridEditLookTest, CellsArePaintedByTheirRowTheirTintAndTheGridsState) {
   EXPECT_EQ(ground(3, 1), 0x83CEFAu);
   EXPECT_EQ(ground(3, 2), 0xFFFFFFu) << "the cell alone";
   EXPECT_EQ(ground(5, 2), 0xE2C8AAu) << "selected, with the focus";
-  auto *line = Open<QLineEdit>(5, 1);
+  auto* line = Open<QLineEdit>(5, 1);
   ASSERT_TRUE(line->hasFocus());
   EXPECT_EQ(ground(5, 2), 0xE2C8AAu) << "its edit's focus is its own";
   grid->CancelEdit();
@@ -286,9 +263,7 @@ TEST_F(GridEditLookTest, CellsArePaintedByTheirRowTheirTintAndTheGridsState) {
 
 TEST_F(GridEditLookTest, NumbersArePaintedByTheirFormatAndTextsAsTheyAre) {
   grid->Select(5, 1);
-  const auto cell = [this](int column) {
-    return Paint(*grid->viewport()).copy(Cell(1, column));
-  };
+  const auto cell = [this](int column) { return Paint(*grid->viewport()).copy(Cell(1, column)); };
   grid->Cells().SetCellText(1, 2, "12.3456");
   const QImage rounded = cell(2);
   grid->Cells().SetCellText(1, 2, "12.35");
@@ -305,12 +280,10 @@ TEST_F(GridEditLookTest, ADisabledGridIsPale) {
   grid->Cells().SetCellText(1, 1, "HHHHHHHH");
   grid->Select(5, 1);
   const auto darkest = [this] {
-    const QImage image =
-        Paint(*grid->viewport()).copy(Cell(1, 1).adjusted(1, 1, -2, -2));
+    const QImage image = Paint(*grid->viewport()).copy(Cell(1, 1).adjusted(1, 1, -2, -2));
     int least = 255;
     for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x)
-        least = std::min(least, image.pixelColor(x, y).lightness());
+      for (int x = 0; x < image.width(); ++x) least = std::min(least, image.pixelColor(x, y).lightness());
     }
     return least;
   };
@@ -322,11 +295,9 @@ TEST_F(GridEditLookTest, ADisabledGridIsPale) {
 // Presses and keys that look like an edit and are none.
 
 TEST_F(GridEditLookTest, OtherButtonsAndCellsOpenNoEdit) {
-  const auto press = [this](int row, Qt::MouseButton button,
-                            QEvent::Type type) {
+  const auto press = [this](int row, Qt::MouseButton button, QEvent::Type type) {
     PressMouse(grid->viewport(), Cell(row, 1).center(), type, button);
-    PressMouse(grid->viewport(), Cell(row, 1).center(),
-               QEvent::MouseButtonRelease, button);
+    PressMouse(grid->viewport(), Cell(row, 1).center(), QEvent::MouseButtonRelease, button);
   };
   press(2, Qt::RightButton, QEvent::MouseButtonPress);
   EXPECT_EQ(grid->Row(), 1) << "another button moves nothing";
@@ -336,8 +307,7 @@ TEST_F(GridEditLookTest, OtherButtonsAndCellsOpenNoEdit) {
   EXPECT_FALSE(grid->IsEditing());
   EXPECT_EQ(grid->Row(), 1);
   const QPoint place = Cell(1, 1).center();
-  QMouseEvent shift(QEvent::MouseButtonPress, place,
-                    grid->viewport()->mapToGlobal(place), Qt::LeftButton,
+  QMouseEvent shift(QEvent::MouseButtonPress, place, grid->viewport()->mapToGlobal(place), Qt::LeftButton,
                     Qt::LeftButton, Qt::ShiftModifier);
   QApplication::sendEvent(grid->viewport(), &shift);
   PressMouse(grid->viewport(), place, QEvent::MouseButtonRelease);
@@ -347,8 +317,7 @@ TEST_F(GridEditLookTest, OtherButtonsAndCellsOpenNoEdit) {
 }
 
 TEST_F(GridEditLookTest, WhatIsTypedIsTextAndNotAControlCharacter) {
-  for (const auto modifier :
-       {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+  for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
     EXPECT_FALSE(PressKey(grid, Qt::Key_A, "a", modifier));
     EXPECT_FALSE(grid->IsEditing());
   }
@@ -357,13 +326,12 @@ TEST_F(GridEditLookTest, WhatIsTypedIsTextAndNotAControlCharacter) {
   const QString beyond = QString::fromUcs4(U"\U0001F600");
   EXPECT_TRUE(PressKey(grid, 0, beyond));
   ASSERT_TRUE(grid->IsEditing());
-  EXPECT_EQ(qobject_cast<QLineEdit *>(QApplication::focusWidget())->text(),
-            beyond);
+  EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), beyond);
   EXPECT_TRUE(grid->BeginEdit()) << "it is open already";
   grid->CancelEdit();
   EXPECT_TRUE(PressKey(grid, Qt::Key_Space, " "));
   EXPECT_TRUE(grid->IsEditing()) << "a blank begins a text";
 }
 
-} // namespace
-} // namespace pnl::test
+}  // namespace
+}  // namespace pnl::test
