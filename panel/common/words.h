@@ -136,6 +136,8 @@ enum class Word {
   kCannotSave,
   kNotAText,
   kTooBig,
+  kTooBigOnNetwork,
+  kNotOnNetwork,
   kNoMachineHere,
   kErrorNumber,
   kNoRequest,
