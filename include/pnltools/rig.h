@@ -262,6 +262,11 @@ class Rig {
   [[nodiscard]] virtual CncControl& Cnc() = 0;
   [[nodiscard]] virtual MachineControl* Machine() = 0;
   [[nodiscard]] virtual Storage& Files() = 0;
+  /// Gives the first bytes of a file, at most so many; nothing when it can't be read. May be called on any thread, and
+  /// may take as long as the file's server needs.
+  using FileStart = std::function<std::optional<std::string>(std::size_t most)>;
+  /// The way to a file of the network, "\\server\share\folder\file", by which the explorer reads it.
+  [[nodiscard]] virtual FileStart NetworkFile(std::u16string_view path) = 0;
   /// False when the explorer walks the drives of this machine, by the drive file: then SetDrive sets only the folder of
   /// a drive, and SetDriveMasks does nothing.
   [[nodiscard]] virtual bool SimulatesDrives() const = 0;

@@ -13,6 +13,11 @@ namespace panel {
 /// Turns a panel path into a host path; empty when the drive isn't mapped.
 using PathResolver = std::function<QString(const QString& panelPath)>;
 
+/// Whether the path leads to the network, "\\server\share\file", and not to a drive.
+[[nodiscard]] inline bool IsNetworkPath(const QString& panelPath) {
+  return panelPath.startsWith(QLatin1String("\\\\"));
+}
+
 struct FileRequest {
   QString title;  // empty: the explorer's own
   QString folder;

@@ -74,7 +74,9 @@ void ProgramDesk::CancelOpening() {
 FileRequest ProgramDesk::RequestFor(const QString& title, quint32 flags) const {
   FileRequest request;
   request.title = title;
-  request.folder = path_.isEmpty() ? programsFolder_ : FolderAbove(path_);
+  const bool saves = (flags & XPLR_CONFIRMOVERWRITE) != 0;
+  const bool elsewhere = path_.isEmpty() || (saves && IsNetworkPath(path_));
+  request.folder = elsewhere ? programsFolder_ : FolderAbove(path_);
   request.flags = flags;
   return request;
 }
@@ -134,7 +136,9 @@ void ProgramDesk::Browse() {
 }
 
 void ProgramDesk::Save() {
-  if (path_.isEmpty()) return SaveAs();
+  const bool onNetwork = IsNetworkPath(path_);
+  if (onNetwork) emit Said(Say(Word::kNotOnNetwork, path_), true);
+  if (path_.isEmpty() || onNetwork) return SaveAs();
   Store(path_);
 }
 
@@ -151,14 +155,22 @@ void ProgramDesk::SaveAs() {
       [] {});
 }
 
+std::function<ProgramText(const ReadTell& tell)> ProgramDesk::SourceOf(const QString& panelPath) const {
+  if (!IsNetworkPath(panelPath)) {
+    return [host = resolve_(panelPath)](const ReadTell& tell) { return ReadProgram(host, tell); };
+  }
+  pnl::rig::Rig* rig = PnlRig();
+  const auto file = rig == nullptr ? pnl::rig::Rig::FileStart() : rig->NetworkFile(panelPath.toStdU16String());
+  return [file](const ReadTell& /*tell*/) { return ReadProgram(file); };
+}
+
 void ProgramDesk::Load(const QString& panelPath) {
   DropReading();
   spot_.reset();
   opening_ = panelPath;
   editor_.BeginOpening(panelPath);
   reader_.Run<ProgramText, ReadNews>(
-      [host = resolve_(panelPath)](const ReadTell& tell) { return ReadProgram(host, tell); },
-      [this](const ReadNews& news) { OnNews(news); },
+      SourceOf(panelPath), [this](const ReadNews& news) { OnNews(news); },
       [this, panelPath](ProgramText program) { OnRead(panelPath, std::move(program)); });
 }
 
@@ -175,8 +187,8 @@ void ProgramDesk::ShowSpot(const pnl::rig::ProgramSpot& spot) {
 void ProgramDesk::Locate(const pnl::rig::ProgramSpot& spot) {
   // The file is what the control has read, and counting the bytes of a big one takes its time.
   locator_.Run<int>(
-      [host = resolve_(path_), position = spot.position] {
-        const ProgramText program = ReadProgram(host);
+      [read = SourceOf(path_), position = spot.position] {
+        const ProgramText program = read({});
         return program.outcome == FileOutcome::kDone ? LineAt(program, position) : -1;
       },
       [this, path = path_, column = spot.span](int line) {
@@ -194,11 +206,13 @@ void ProgramDesk::OnNews(const ReadNews& news) {
 
 void ProgramDesk::Refuse(const QString& panelPath, const ProgramText& program) {
   editor_.CancelOpening();
-  QString why = Say(WordFor(program.outcome));
-  why = program.outcome == FileOutcome::kTooBig
-            ? why.arg(panelPath, Megabytes(program.bytes), Megabytes(kMostProgramBytes))
-            : why.arg(panelPath);
-  emit Said(why, true);
+  if (program.outcome != FileOutcome::kTooBig) {
+    emit Said(Say(WordFor(program.outcome)).arg(panelPath), true);
+  } else if (IsNetworkPath(panelPath)) {
+    emit Said(Say(Word::kTooBigOnNetwork).arg(panelPath, Megabytes(kMostProgramBytes)), true);
+  } else {
+    emit Said(Say(Word::kTooBig).arg(panelPath, Megabytes(program.bytes), Megabytes(kMostProgramBytes)), true);
+  }
   Rest();
 }
 
@@ -215,6 +229,10 @@ void ProgramDesk::OnRead(const QString& panelPath, ProgramText program) {
 }
 
 void ProgramDesk::Store(const QString& panelPath) {
+  if (IsNetworkPath(panelPath)) {
+    emit Said(Say(Word::kNotOnNetwork, panelPath), true);
+    return;
+  }
   if (reader_.Working() || editor_.Opening()) {
     emit Said(Say(Word::kStillOpening), true);
     return;

@@ -35,7 +35,7 @@ class ProgramDesk : public QObject {
   void Open();
   /// Shows the files. A file that the operator accepts is opened.
   void Browse();
-  /// Saves to the program's file; asks for a name when it has none.
+  /// Saves to the program's file; asks for a name when it has none, or one on the network.
   void Save();
   void SaveAs();
   /// Calls go at once when there are no unsaved changes, else once the operator has agreed to lose them. Waits first
@@ -44,7 +44,7 @@ class ProgramDesk : public QObject {
 
   /// Load and Store don't ask. The result is reported through Said at the end: opened, saved, or why not. Load drops a
   /// program that is still being opened. Store refuses while one is being opened; while one is being written, it writes
-  /// the new file after it.
+  /// the new file after it. Load reads from the network too, but Store refuses a path that leads there.
   void Load(const QString& panelPath);
   void Store(const QString& panelPath);
   /// Shows a text that wasn't saved, under the name that it had, as one with unsaved changes. shown is called when all
@@ -74,6 +74,8 @@ class ProgramDesk : public QObject {
   void Refuse(const QString& panelPath, const ProgramText& program);
   void OnWritten(const QString& panelPath, int revision, FileOutcome outcome);
   void DropReading();
+  /// Reads that program, on any thread.
+  [[nodiscard]] std::function<ProgramText(const ReadTell& tell)> SourceOf(const QString& panelPath) const;
   void Locate(const pnl::rig::ProgramSpot& spot);
   void StartNew(const QString& panelPath);
   [[nodiscard]] FileRequest RequestFor(const QString& title, quint32 flags) const;

@@ -6,6 +6,8 @@
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace panel {
@@ -91,6 +93,16 @@ QByteArray ReadBytes(QFile& file, qint64 size, const ReadTell& tell) {
   return bytes;
 }
 
+ProgramText TextOf(const QByteArray& bytes) {
+  ProgramText program;
+  program.bytes = bytes.size();
+  program.text = Decode(bytes, program.layout);
+  if (program.text.contains(QChar(u'\0')) || !TakeLines(program.text, program.layout)) {
+    return Refused(FileOutcome::kNotAText);
+  }
+  return program;
+}
+
 }  // namespace
 
 qint64 ProgramLayout::BytesOf(QStringView text) const {
@@ -117,13 +129,15 @@ ProgramText ReadProgram(const QString& path, const ReadTell& tell) {
   if (size > kMostProgramBytes) return Refused(FileOutcome::kTooBig, size);
   const QByteArray bytes = ReadBytes(file, size, tell);
   if (file.error() != QFileDevice::NoError) return Refused(FileOutcome::kCannotOpen);
-  ProgramText program;
-  program.bytes = bytes.size();
-  program.text = Decode(bytes, program.layout);
-  if (program.text.contains(QChar(u'\0')) || !TakeLines(program.text, program.layout)) {
-    return Refused(FileOutcome::kNotAText);
-  }
-  return program;
+  return TextOf(bytes);
+}
+
+ProgramText ReadProgram(const pnl::rig::Rig::FileStart& file) {
+  constexpr auto kMost = static_cast<std::size_t>(kMostProgramBytes);
+  const std::optional<std::string> bytes = file ? file(kMost + 1) : std::nullopt;
+  if (!bytes) return Refused(FileOutcome::kCannotOpen);
+  if (bytes->size() > kMost) return Refused(FileOutcome::kTooBig, static_cast<qint64>(bytes->size()));
+  return TextOf(QByteArray::fromStdString(*bytes));
 }
 
 int LineAt(const ProgramText& program, qint64 position) {

@@ -55,6 +55,9 @@ inline constexpr qsizetype kLongestProgramLine = 100'000;
 /// A file with a NUL or with a line that is too long is not a text. The news of a big file tell its first page before
 /// the rest is read. Once tell returns false, reading ends and the result means nothing.
 [[nodiscard]] ProgramText ReadProgram(const QString& path, const ReadTell& tell = {});
+/// Does the same with the bytes of a file of the network, which come at once. A file that is too big reads as one byte
+/// bigger than it may be.
+[[nodiscard]] ProgramText ReadProgram(const pnl::rig::Rig::FileStart& file);
 /// The line, counted from 0, in which a byte of the program's file lies. The first line for a negative position, the
 /// last one for a position past the end.
 [[nodiscard]] int LineAt(const ProgramText& program, qint64 position);

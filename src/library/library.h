@@ -65,6 +65,8 @@ class Library {
   [[nodiscard]] CredentialsDesk& Credentials() { return *credentials_; }
   [[nodiscard]] Files& FileSystem() { return files_; }
   [[nodiscard]] Language& Texts() { return tools_->language; }
+  /// A reader of the drives and the network that the tools see, as they are now.
+  [[nodiscard]] std::shared_ptr<const FolderReader> Folders() { return tools_->context.places.Reader(); }
   /// The simulated CNC; null when a backend library has taken its place.
   [[nodiscard]] sim::SimulatedCnc* Simulation() { return backend_ == nullptr ? simulation_.get() : nullptr; }
   /// False when the drives are those of this machine, by the drive file.

@@ -121,6 +121,10 @@ void LibraryRig::SetSink(rig::EventSink* sink) {
   };
 }
 
+rig::Rig::FileStart LibraryRig::NetworkFile(std::u16string_view path) {
+  return [reader = library_.Folders(), path = Text(path)](std::size_t most) { return reader->ReadStart(path, most); };
+}
+
 std::u16string LibraryRig::ClipboardText() const { return library_.Windows().ClipboardText(); }
 
 rig::Rig::Counts LibraryRig::Open() const {

@@ -19,6 +19,7 @@ class LibraryRig final : public rig::Rig {
   [[nodiscard]] rig::MachineControl* Machine() override { return library_.Machine(); }
   [[nodiscard]] rig::Storage& Files() override { return library_.Simulation()->Storage(); }
   [[nodiscard]] bool SimulatesDrives() const override { return library_.SimulatesDrives(); }
+  [[nodiscard]] FileStart NetworkFile(std::u16string_view path) override;
   void UseManualTime() override;
   void Advance(std::int64_t milliseconds) override;
   void SetText(std::int32_t id, std::u16string_view text) override;

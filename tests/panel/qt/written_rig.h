@@ -127,6 +127,7 @@ class WrittenRig : public pnl::rig::Rig, public pnl::rig::CncControl, public pnl
   }
   bool Replace(const std::string&, std::string_view) const override { return false; }
 
+  FileStart NetworkFile(std::u16string_view) override { return {}; }
   bool StartBare() override { return true; }
   bool StartMachine(std::string_view) override { return false; }
   pnl::rig::CncControl& Cnc() override { return *this; }
