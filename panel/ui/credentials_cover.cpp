@@ -3,6 +3,7 @@
 
 #include <pnltools/pnltools.h>
 
+#include <QEvent>
 #include <QPainter>
 #include <algorithm>
 #include <utility>

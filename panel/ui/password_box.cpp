@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/password_box.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
