@@ -33,14 +33,10 @@ UndoOffer::UndoOffer(HostSession& session, QWidget* parent) : PanelKey(parent), 
 void UndoOffer::WatchTools() {
   for (const int tool : {PNL_TOOL_MDI, PNL_TOOL_CALCULATOR}) {
     auto* widget = static_cast<QWidget*>(PnlWidgetOf(session_.ToolWindow(tool)));
-    if (widget == nullptr) continue;
-    widget->installEventFilter(this);
-    connect(widget, &QObject::destroyed, this, &UndoOffer::CloseWithTool, Qt::UniqueConnection);
+    if (widget != nullptr) widget->installEventFilter(this);
   }
-}
-
-void UndoOffer::CloseWithTool() {
-  if (IsOpen() && session_.ToolWindow(tool_) == 0) Close();
+  // A tool that has closed may keep its window, but puts nothing back.
+  if (IsOpen() && !session_.IsToolOpen(tool_)) Close();
 }
 
 bool UndoOffer::eventFilter(QObject* watched, QEvent* event) {

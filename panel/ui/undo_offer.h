@@ -37,10 +37,8 @@ class UndoOffer : public PanelKey {
   void changeEvent(QEvent* event) override;
 
  private:
+  /// Ends the offer, too, when its tool has closed.
   void WatchTools();
-  /// Ends the offer when the window of its tool is gone. A tool reports that it has closed while its window is still
-  /// there, so the end of the window counts.
-  void CloseWithTool();
   /// Looks at the tool's removals and offers the last one, or ends the offer.
   void Look(int tool);
   void Offer(int tool, int number);

@@ -76,7 +76,7 @@ TEST_F(XplrSessionTest, InFolderModeTheTreeHasTheFocus) {
 
 TEST_F(XplrSessionTest, AGrownPanelHasLargerHeadings) {
   Open();
-  EXPECT_EQ(view->fonts, (XplrFonts{18, 16, 14}));
+  EXPECT_EQ(view->fonts, (XplrFonts{18, 16, 15}));
   windows.panelRect = {0, 0, 1024, 768};
   Open();
   EXPECT_EQ(view->fonts.caption, 30);

@@ -102,7 +102,8 @@ TEST_F(UndoOfferTest, IsAKeyInTheColourOfWhatCanBeDone) {
 
 TEST_F(UndoOfferTest, EachRemovalIsOfferedForTenSecondsOfItsOwn) {
   int changes = 0;
-  QObject::connect(&Offered(), &UndoOffer::Changed, [&changes] { ++changes; });
+  const QObject here;
+  QObject::connect(&Offered(), &UndoOffer::Changed, &here, [&changes] { ++changes; });
   Command(kDelete);
   EXPECT_EQ(changes, 1);
   window_->TimeAdvanced(6000);
@@ -122,7 +123,8 @@ TEST_F(UndoOfferTest, EachRemovalIsOfferedForTenSecondsOfItsOwn) {
 
 TEST_F(UndoOfferTest, RemovalsThatComeTogetherAreOneOffer) {
   int changes = 0;
-  QObject::connect(&Offered(), &UndoOffer::Changed, [&changes] { ++changes; });
+  const QObject here;
+  QObject::connect(&Offered(), &UndoOffer::Changed, &here, [&changes] { ++changes; });
   for (int i = 0; i < 2; ++i) PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_COMMAND, kDelete, 0);
   Settle();
   ASSERT_EQ(Rows(), 1);
@@ -155,12 +157,11 @@ TEST_F(UndoOfferTest, ATouchPutsItBackAndLeavesTheKeyboardWhereItWas) {
   EXPECT_EQ(QApplication::focusWidget(), focus);
 }
 
-// The key stayed after the tool had reported its end, and said that the row can't be put back now.
+// The key stayed after the tool had closed, and said that the row can't be put back now.
 TEST_F(UndoOfferTest, ItGoesWithAToolThatCloses) {
   Command(kClear);
   op_->CloseTool(PNL_TOOL_MDI);
   Settle();
-  ASSERT_EQ(Tool(PNL_TOOL_MDI), nullptr);
   EXPECT_FALSE(Offered().isVisible());
   EXPECT_FALSE(Offered().IsOpen());
 }
@@ -228,7 +229,8 @@ TEST_F(UndoOfferTest, TheOfferOfEitherToolHasATimeOfItsOwn) {
 
 TEST_F(UndoOfferTest, WhatWasPutBackIsOverAndTheNextRemovalIsOfferedAnew) {
   int changes = 0;
-  QObject::connect(&Offered(), &UndoOffer::Changed, [&changes] { ++changes; });
+  const QObject here;
+  QObject::connect(&Offered(), &UndoOffer::Changed, &here, [&changes] { ++changes; });
   Command(kDelete);
   TouchIt();
   EXPECT_EQ(changes, 2);
@@ -267,7 +269,8 @@ class UndoOfferClockTest : public UndoOfferTest {
 TEST_F(UndoOfferClockTest, AfterTenSecondsItGoesOnceAndTheToolForgets) {
   EXPECT_FALSE(Clock().isActive()) << "an idle panel has no timer";
   int changes = 0;
-  QObject::connect(offer_.get(), &UndoOffer::Changed, [&changes] { ++changes; });
+  const QObject here;
+  QObject::connect(offer_.get(), &UndoOffer::Changed, &here, [&changes] { ++changes; });
   Command(kDelete);
   ASSERT_TRUE(offer_->IsOpen());
   EXPECT_TRUE(Clock().isActive());
