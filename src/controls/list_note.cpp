@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kGap = 12;
 constexpr int kSignSize = 16;
+constexpr int kLeastShare = 6;     // of the row, for the item beside words that lead
+constexpr int kLeastLetters = 12;  // pixels
 constexpr std::uint32_t kWordsFormat =
     draw::kSingleLine | draw::kVCenter | draw::kRight | draw::kNoPrefix | draw::kEndEllipsis;
 
@@ -53,11 +55,21 @@ void DrawSign(QPainter& painter, const QRect& square, ListSign sign) {
   painter.restore();
 }
 
+/// The font, smaller if the words need it, but never so small that they can't be read.
+QFont Fitting(QFont font, const QString& words, int width) {
+  for (int size = QFontInfo(font).pixelSize(); size > kLeastLetters; --size) {
+    if (QFontMetrics(font).horizontalAdvance(words) <= width) break;
+    font.setPixelSize(size - 1);
+  }
+  return font;
+}
+
 }  // namespace
 
 QRect DrawNote(QPainter& painter, const QRect& row, const ListNote& note) {
+  const int least = note.leads ? row.left() + row.width() / kLeastShare : row.center().x();
   QRect room = row;
-  room.setLeft(row.center().x() + 1);
+  room.setLeft(least + 1);
   if (note.sign != ListSign::kNone) {
     const int size = std::min({kSignSize, room.width(), room.height()});
     const QRect square(room.right() - size + 1, room.center().y() - size / 2, size, size);
@@ -66,10 +78,14 @@ QRect DrawNote(QPainter& painter, const QRect& row, const ListNote& note) {
   }
   int left = note.sign == ListSign::kNone ? row.right() + 1 : room.right() - kGap / 2;
   if (!note.words.empty() && room.width() > 0) {
-    left = room.right() + 1 - DrawText(painter, room, ToQString(note.words), kWordsFormat).width() - kGap;
+    const QFont font = painter.font();
+    const QString words = ToQString(note.words);
+    if (note.leads) painter.setFont(Fitting(font, words, room.width()));
+    left = room.right() + 1 - DrawText(painter, room, words, kWordsFormat).width() - kGap;
+    painter.setFont(font);
   }
   QRect rest = row;
-  rest.setRight(std::max(left - 1, row.center().x()));
+  rest.setRight(std::max(left - 1, least - (note.leads ? kGap : 0)));
   return rest;
 }
 

@@ -136,6 +136,8 @@ void ZCCalc7340::Connect() {
           [this] { Tell([](CalcSession& session) { session.OnListDoubleClick(); }); });
   client_->History().SetNotes([this](int row) {
     ListNote note;
+    // A value without its last digits is a wrong one.
+    note.leads = true;
     // Painting isn't an event of the operator: only the session is asked, and nothing follows from it.
     session_.Tell([&](CalcSession& session) { note.words = session.RowValue(row, client_->History().Item(row)); });
     return note;

@@ -10,6 +10,7 @@
 #include "support/widget_probe.h"
 #include "window/qt/control_properties.h"
 #include "window/qt/finger.h"
+#include "window/qt/qt_text.h"
 
 namespace pnl::test {
 namespace {
@@ -65,6 +66,34 @@ TEST_F(ListBoxTest, ALongItemLeavesTheNoteItsRoom) {
       << "nothing is drawn between item and sign";
   const QRect sign(row.right() - 22, row.top(), 16, row.height());
   EXPECT_LT(Count(painted, 0x3C6478, sign), sign.width() * sign.height() - 20) << "its edges are soft";
+}
+
+TEST_F(ListBoxTest, ANoteThatLeadsIsWholeAndItsItemGivesWay) {
+  const Text words = u"= 8888888888";
+  const int needed = QFontMetrics(box.font()).horizontalAdvance(ToQString(words));
+  box.resize(needed * 4 / 3 + 12, 200);
+  box.SetItems({Text(200, u'8'), u""});
+  const auto ink = [this](int index, bool leads, const Text& text) {
+    box.SetNotes([=](int) { return ListNote{text, ListSign::kNone, leads}; });
+    const QRect row = box.visualRect(box.model()->index(index, 0));
+    return Ink(Paint(*box.viewport()), box.BackColor(), row);
+  };
+  const QRect whole = ink(1, true, words);
+  EXPECT_NEAR(whole.width(), needed, 4) << "beyond the middle of the row";
+  EXPECT_GT(ink(1, false, words).left(), box.width() / 2 - 2) << "one that doesn't lead is cut";
+  // The item has what is left, and a gap.
+  const QImage both = [&] {
+    box.SetNotes([&](int) { return ListNote{words, ListSign::kNone, true}; });
+    return Paint(*box.viewport());
+  }();
+  const QRect first = box.visualRect(box.model()->index(0, 0));
+  EXPECT_TRUE(Ink(both, box.BackColor(), QRect(whole.left() - 10, first.top(), 8, first.height())).isEmpty());
+  EXPECT_FALSE(Ink(both, box.BackColor(), QRect(0, first.top(), whole.left() - 10, first.height())).isEmpty());
+  // Longer words have smaller letters, which still can be read.
+  const QRect smaller = ink(1, true, u"= 888888888888");
+  EXPECT_LT(smaller.height(), whole.height());
+  EXPECT_LE(smaller.width(), box.width() - 12);
+  EXPECT_GE(ink(1, true, Text(300, u'8')).height(), 8);
 }
 
 TEST_F(ListBoxTest, ItemsHaveNoItemsBelowThem) {
