@@ -159,9 +159,11 @@ TEST_F(UndoOfferTest, ATouchPutsItBackAndLeavesTheKeyboardWhereItWas) {
 
 // The key stayed after the tool had closed, and said that the row can't be put back now.
 TEST_F(UndoOfferTest, ItGoesWithAToolThatCloses) {
+  constexpr int kChannel = 1;
   Command(kClear);
-  op_->CloseTool(PNL_TOOL_MDI);
+  PnlSendMessage(session_.ToolWindow(PNL_TOOL_MDI), PNL_MSG_TOOL_COMMAND, PNL_COMMAND_CLOSE, kChannel);
   Settle();
+  EXPECT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
   EXPECT_FALSE(Offered().isVisible());
   EXPECT_FALSE(Offered().IsOpen());
 }
