@@ -58,7 +58,8 @@ void EditPieces::JoinWithFormer(std::size_t index) {
   EditPiece& former = pieces_[index - 1];
   EditPiece& piece = pieces_[index];
   if (former.IsKept() != piece.IsKept()) return;
-  if (former.IsKept() && former.from + former.length != piece.from) return;
+  // Typed pieces have no place, and always belong together.
+  if (former.from + former.length != piece.from) return;
   former.length += piece.length;
   former.text += piece.text;
   pieces_.erase(pieces_.begin() + static_cast<std::ptrdiff_t>(index));

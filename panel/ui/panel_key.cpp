@@ -93,15 +93,9 @@ QSize PanelKey::sizeHint() const {
   return {2 * side, side};
 }
 
-void PanelKey::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
+void PanelKey::enterEvent(QEnterEvent* /*event*/) { update(); }
 
-void PanelKey::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
+void PanelKey::leaveEvent(QEvent* /*event*/) { update(); }
 
 bool PanelKey::event(QEvent* event) {
   // A disabled button takes touches and does nothing with them.

@@ -8,6 +8,7 @@ namespace pnl::test {
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
 
@@ -116,6 +117,18 @@ TEST_F(ErrorEnd, AWindowThatGoesWhileItWaitsGivesTheCursorBack) {
   Key(ErrorKey::kEscape);
   EXPECT_EQ(tool, nullptr);
   EXPECT_FALSE(view->waits);
+}
+
+TEST_F(ErrorEnd, TheHelpOfAWindowThatGoesMeanwhileIsNotShown) {
+  MakeTool();
+  Push(RecordBuilder().Number(2000));
+  onHostCall = [this](const std::string& call) {
+    if (call.starts_with("HostToolClosed")) DestroyTool();
+  };
+  All();
+  Click(error_id::kHelp);
+  EXPECT_EQ(tool, nullptr);
+  EXPECT_THAT(All(), ElementsAre("view hide", "HostToolClosed(0,2)"));
 }
 
 TEST_F(ErrorEnd, ALineThatIsReadWhenTheWindowIsGoneIsNotWaitedFor) {
