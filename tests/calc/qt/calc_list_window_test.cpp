@@ -56,8 +56,8 @@ TEST_F(CalcListWindowTest, WalksByKeysAndShowsTheRowInTheLine) {
 
 TEST_F(CalcListWindowTest, ShowsTheValueBesideEachExpression) {
   OpenWith(5);
-  EXPECT_EQ(List()->Note(0), (ListNote{u"1", ListSign::kNone}));
-  EXPECT_EQ(List()->Note(4), (ListNote{u"5", ListSign::kNone}));
+  EXPECT_EQ(List()->Note(0), (ListNote{u"1", ListSign::kNone, true}));
+  EXPECT_EQ(List()->Note(4), (ListNote{u"5", ListSign::kNone, true}));
   EXPECT_EQ(List()->Item(4), u"4+1");
   const QRect row = List()->visualRect(List()->model()->index(0, 0));
   const QImage painted = Paint(*List()->viewport());
