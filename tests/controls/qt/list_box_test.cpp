@@ -69,15 +69,15 @@ TEST_F(ListBoxTest, ALongItemLeavesTheNoteItsRoom) {
 }
 
 TEST_F(ListBoxTest, ANoteThatLeadsIsWholeAndItsItemGivesWay) {
-  constexpr std::uint32_t kGround = 0x3C6478;
+  const std::uint32_t ground = box.BackColor();
   const Text words = u"= 8888888888";
   const int needed = QFontMetrics(box.font()).horizontalAdvance(ToQString(words));
   box.resize(needed * 4 / 3 + 12, 200);
   box.SetItems({Text(200, u'8'), u""});
-  const auto ink = [this](int index, bool leads, const Text& text) {
+  const auto ink = [this, ground](int index, bool leads, const Text& text) {
     box.SetNotes([=](int) { return ListNote{text, ListSign::kNone, leads}; });
     const QImage painted = Paint(*box.viewport());
-    return Ink(painted, kGround, box.visualRect(box.model()->index(index, 0)));
+    return Ink(painted, ground, box.visualRect(box.model()->index(index, 0)));
   };
   const QRect whole = ink(1, true, words);
   EXPECT_NEAR(whole.width(), needed, 4) << "beyond the middle of the row";
@@ -88,8 +88,8 @@ TEST_F(ListBoxTest, ANoteThatLeadsIsWholeAndItsItemGivesWay) {
     return Paint(*box.viewport());
   }();
   const QRect first = box.visualRect(box.model()->index(0, 0));
-  EXPECT_TRUE(Ink(both, kGround, QRect(whole.left() - 10, first.top(), 8, first.height())).isEmpty());
-  EXPECT_FALSE(Ink(both, kGround, QRect(0, first.top(), whole.left() - 10, first.height())).isEmpty());
+  EXPECT_TRUE(Ink(both, ground, QRect(whole.left() - 10, first.top(), 8, first.height())).isEmpty());
+  EXPECT_FALSE(Ink(both, ground, QRect(0, first.top(), whole.left() - 10, first.height())).isEmpty());
   // Longer words have smaller letters, which still can be read.
   const QRect smaller = ink(1, true, u"= 888888888888");
   EXPECT_LT(smaller.height(), whole.height());
