@@ -42,7 +42,7 @@ void ErrorTextWidget::SetCentred(bool centred) {
 }
 
 int ErrorTextWidget::HeightOf(const QString& text, int width) const {
-  return MeasureText(QFontMetrics(font_), std::max(width - 2 * kPadding, 1), text, kLines).height();
+  return MeasureText(QFontMetrics(font_), width - 2 * kPadding, text, kLines).height();
 }
 
 int ErrorTextWidget::WidthOf(const QString& text) const {
@@ -84,7 +84,6 @@ void ErrorPictureWidget::paintEvent(QPaintEvent* /*event*/) {
   QSvgRenderer picture(svg_);
   if (picture.isValid()) {
     picture.setAspectRatioMode(Qt::KeepAspectRatio);
-    painter.setRenderHint(QPainter::Antialiasing);
     return picture.render(&painter, QRectF(rect()));
   }
   painter.setPen(Qt::white);

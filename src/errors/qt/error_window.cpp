@@ -102,7 +102,6 @@ void ZCErrorManager::MakeControls() {
   description_ = static_cast<ErrorTextWidget*>(controls_[error_id::kDescription]);
   titleBox_ = static_cast<ZC3DText*>(controls_[error_id::kTitleBox]);
   channelBox_ = static_cast<ZC3DText*>(controls_[error_id::kChannelBox]);
-  ScaleDialog(1);
 }
 
 void ZCErrorManager::ScaleDialog(double scale) {
@@ -150,8 +149,7 @@ bool ZCErrorManager::focusNextPrevChild(bool next) {
   return isVisible() ? true : ToolWindow::focusNextPrevChild(next);
 }
 
-void ZCErrorManager::resizeEvent(QResizeEvent* event) {
-  ToolWindow::resizeEvent(event);
+void ZCErrorManager::resizeEvent(QResizeEvent* /*event*/) {
   session_.Tell([](ErrorSession& session) { session.OnResized(); });
 }
 
@@ -167,14 +165,12 @@ int ZCErrorManager::PictureAt(const QPoint& place) const {
 }
 
 void ZCErrorManager::mousePressEvent(QMouseEvent* event) {
-  event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int id = PictureAt(event->position().toPoint());
   session_.Tell([id](ErrorSession& session) { session.OnClick(id); });
 }
 
 void ZCErrorManager::mouseDoubleClickEvent(QMouseEvent* event) {
-  event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int id = PictureAt(event->position().toPoint());
   session_.Tell([id](ErrorSession& session) { session.OnDoubleClick(id); });
@@ -226,7 +222,6 @@ void ZCErrorManager::SetControlText(int id, TextView text) {
   const QString shown = ToQString(text);
   if (ZC3DText* box = BoxOf(id)) {
     box->SetWindowTextW(shown, false);
-    box->update();
   } else if (id == error_id::kTitleLine || id == error_id::kDescription) {
     static_cast<ErrorTextWidget*>(controls_.at(id))->SetText(shown);
   } else {
@@ -244,7 +239,6 @@ void ZCErrorManager::SetClassColor(std::uint32_t color) {
       static_cast<ErrorPictureWidget*>(controls_[control.id])->SetBack(color);
     }
   }
-  update();
 }
 
 ZC3DText* ZCErrorManager::BoxOf(int id) const {

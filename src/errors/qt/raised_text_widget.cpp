@@ -68,7 +68,6 @@ void ZC3DText::SetFont(const QString& face, int height, const QFont& style) {
 }
 
 void ZC3DText::paintEvent(QPaintEvent* /*event*/) {
-  if (rect().isEmpty()) return;
   // The window system has a buffer already, so this paints at once.
   QPainter painter(this);
   painter.fillRect(rect(), palette().color(backgroundRole()));

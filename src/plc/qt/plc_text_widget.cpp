@@ -38,7 +38,6 @@ QFont TitleFont() {
 PlcTitleWidget::PlcTitleWidget(QWidget* parent) : QWidget(parent), font_(TitleFont()) {
   MarkControl(this, plc_id::kTitle, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
   auto* const count = new QLabel(this);
   count->setTextFormat(Qt::PlainText);
   count->setFont(font_);
@@ -74,10 +73,7 @@ void PlcTitleWidget::PlaceCount() {
   count_->setGeometry(this->width() - width - kPadding, 0, width, height());
 }
 
-void PlcTitleWidget::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  PlaceCount();
-}
+void PlcTitleWidget::resizeEvent(QResizeEvent* /*event*/) { PlaceCount(); }
 
 void PlcTitleWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
