@@ -42,7 +42,7 @@ void ErrorTextWidget::SetCentred(bool centred) {
 }
 
 int ErrorTextWidget::HeightOf(const QString& text, int width) const {
-  return MeasureText(QFontMetrics(font_), width - 2 * kPadding, text, kLines).height();
+  return MeasureText(QFontMetrics(font_), std::max(width - 2 * kPadding, 1), text, kLines).height();
 }
 
 int ErrorTextWidget::WidthOf(const QString& text) const {

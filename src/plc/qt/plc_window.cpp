@@ -102,6 +102,7 @@ ZCPLCMsgView::~ZCPLCMsgView() {
   EndMessages();
   // The controls are destroyed after this object, and lose the focus then.
   for (QWidget* child : findChildren<QWidget*>()) child->removeEventFilter(this);
+  page_->disconnect(this);
   session_.End();
 }
 
@@ -136,11 +137,11 @@ std::intptr_t ZCPLCMsgView::OnMessage(const Message& message) {
 bool ZCPLCMsgView::OnKeyDown(QKeyEvent& event) {
   const auto key = LogicKey(event);
   if (!key) return false;
-  // When the tool ends in the call, the key was its last.
-  bool taken = true;
-  session_.Tell([&](PlcSession& session) { taken = session.OnKey(*key); });
-  if (taken) event.accept();
-  return taken;
+  bool taken = false;
+  // When the tool has ended in the call, the key was its last.
+  const bool there = session_.Tell([&](PlcSession& session) { taken = session.OnKey(*key); });
+  if (!there || taken) event.accept();
+  return !there || taken;
 }
 
 bool ZCPLCMsgView::IsEscape(const QKeyEvent& event) const { return LogicKey(event) == PlcKey::kEscape; }
@@ -210,6 +211,7 @@ void ZCPLCMsgView::SetText(TextView text) { text_->SetText(ToQString(text)); }
 
 PageRefusal ZCPLCMsgView::Navigate(TextView folder, TextView name, TextView anchor) {
   page_->Clear();
+  refusal_ = PageRefusal::kUnreadable;
   navigating_ = true;
   pages_ = std::make_shared<FolderPages>(context_.files, Text(folder));
   page_->SetFolder(folder);
