@@ -88,7 +88,6 @@ class ZmcView : public ToolView {
   [[nodiscard]] virtual Text ControlText(int id) const = 0;
   virtual void SetControlText(int id, TextView text) = 0;
   virtual void ShowControl(int id, bool on) = 0;
-  [[nodiscard]] virtual bool IsControlShown(int id) const = 0;
   virtual void EnableControl(int id, bool on) = 0;
   virtual void SetLabelColor(int id, std::uint32_t color) = 0;
   virtual void SetDigits(int id, const ZmcDigits& digits) = 0;

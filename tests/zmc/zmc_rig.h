@@ -216,7 +216,6 @@ class FakeZmcView final : public FakeView<ZmcView> {
   [[nodiscard]] Text ControlText(int id) const override { return Asked(), At(id).text; }
   void SetControlText(int id, TextView text) override { Asked(), controls.at(id).text = Text(text); }
   void ShowControl(int id, bool on) override { Asked(), controls.at(id).shown = on; }
-  [[nodiscard]] bool IsControlShown(int id) const override { return Asked(), At(id).shown; }
   void EnableControl(int id, bool on) override { Asked(), controls.at(id).enabled = on; }
   void SetLabelColor(int id, std::uint32_t color) override { Asked(), controls.at(id).color = color; }
   void SetDigits(int id, const ZmcDigits& digits) override { Asked(), controls.at(id).digits = digits; }

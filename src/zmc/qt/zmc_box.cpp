@@ -117,8 +117,11 @@ void ZmcBox::PlaceLine() {
     lineEdit()->setGeometry(kBorder, kBorder, width() - ArrowWidth() - kBorder, height() - 2 * kBorder);
 }
 
-void ZmcBox::resizeEvent(QResizeEvent* event) {
-  QComboBox::resizeEvent(event);
+void ZmcBox::resizeEvent(QResizeEvent* /*event*/) { PlaceLine(); }
+
+/// The base places the line anew when the font changes.
+void ZmcBox::changeEvent(QEvent* event) {
+  QComboBox::changeEvent(event);
   PlaceLine();
 }
 

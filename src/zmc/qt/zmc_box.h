@@ -38,6 +38,7 @@ class ZmcBox : public QComboBox {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:

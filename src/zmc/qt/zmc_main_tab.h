@@ -44,7 +44,6 @@ class ZCTabZMCMain : public MessageWindow {
   [[nodiscard]] Text ControlText(int id) const;
   void SetControlText(int id, TextView text);
   void ShowControl(int id, bool on);
-  [[nodiscard]] bool IsControlShown(int id) const;
   void EnableControl(int id, bool on);
   void SetLabelColor(int id, std::uint32_t color);
   void SetDigits(int id, const ZmcDigits& digits);

@@ -64,11 +64,6 @@ void ZCTabZMCMain::ShowControl(int control, bool on) {
   if (QWidget* widget = Control(control)) widget->setVisible(on);
 }
 
-bool ZCTabZMCMain::IsControlShown(int control) const {
-  const QWidget* widget = Control(control);
-  return widget != nullptr && !widget->isHidden();
-}
-
 void ZCTabZMCMain::EnableControl(int control, bool on) {
   QWidget* widget = Control(control);
   if (widget == nullptr) return;

@@ -44,7 +44,6 @@ class ZCZelorMacCalc final : public ToolWindowWith<ZmcView> {
   [[nodiscard]] Text ControlText(int id) const override { return main_->ControlText(id); }
   void SetControlText(int id, TextView text) override { main_->SetControlText(id, text); }
   void ShowControl(int id, bool on) override { main_->ShowControl(id, on); }
-  [[nodiscard]] bool IsControlShown(int id) const override { return main_->IsControlShown(id); }
   void EnableControl(int id, bool on) override { main_->EnableControl(id, on); }
   void SetLabelColor(int id, std::uint32_t color) override { main_->SetLabelColor(id, color); }
   void SetDigits(int id, const ZmcDigits& digits) override { main_->SetDigits(id, digits); }

@@ -164,6 +164,8 @@ TEST_F(ZmcBoxTest, TheLineOfATypedToolFillsTheBoxUpToTheTriangle) {
   typed->resize(200, 40);
   EXPECT_EQ(typed->lineEdit()->geometry(), QRect(2, 2, 200 - 24 - 2, 40 - 4));
   EXPECT_GE(200 - typed->lineEdit()->width(), free);
+  typed->setFont(*MakeFont("Arial", 15, 500));
+  EXPECT_EQ(typed->lineEdit()->geometry(), QRect(2, 2, 200 - 24 - 2, 40 - 4)) << "with another font";
   EXPECT_FALSE(typed->lineEdit()->hasFrame());
   EXPECT_EQ(typed->completer(), nullptr);
   EXPECT_EQ(box->lineEdit(), nullptr);
