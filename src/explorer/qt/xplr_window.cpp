@@ -176,9 +176,9 @@ WindowHandle ZCExplorer::HandleOf(XplrWindow window) const {
     case XplrWindow::kFind:
       return find_ ? find_->Handle() : 0;
     case XplrWindow::kFolder:
-      return folder_ ? folder_->Handle() : 0;
+      break;
   }
-  return 0;
+  return folder_ ? folder_->Handle() : 0;
 }
 
 void ZCExplorer::Destroy() {
