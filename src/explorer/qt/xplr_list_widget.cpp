@@ -144,11 +144,9 @@ void ZCXPLRList::keyPressEvent(QKeyEvent* event) {
   constexpr Qt::KeyboardModifiers kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   const QString text = event->text();
   if (event->key() == Qt::Key_Backspace) {
-    event->accept();
     emit BackspaceTyped();
   } else if (!text.isEmpty() && text[0].unicode() >= u' ' && text[0].unicode() != 0x7F &&
              (event->modifiers() & kCommands) == 0) {
-    event->accept();
     emit Typed(text);
   } else {
     MessageControl::keyPressEvent(event);
@@ -165,7 +163,6 @@ void ZCXPLRList::mousePressEvent(QMouseEvent* event) {
 }
 
 void ZCXPLRList::mouseDoubleClickEvent(QMouseEvent* event) {
-  event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int row = indexAt(event->position().toPoint()).row();
   // The first press may have brought other rows under the finger.
@@ -199,14 +196,12 @@ void ZCXPLRList::focusInEvent(QFocusEvent* event) {
   const QPointer<ZCXPLRList> alive = this;
   ZWCListCtrl::focusInEvent(event);
   if (alive) emit Focused(true);
-  if (alive) viewport()->update();
 }
 
 void ZCXPLRList::focusOutEvent(QFocusEvent* event) {
   const QPointer<ZCXPLRList> alive = this;
   ZWCListCtrl::focusOutEvent(event);
   if (alive) emit Focused(false);
-  if (alive) viewport()->update();
 }
 
 void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) const {
@@ -219,7 +214,6 @@ void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) 
     back = !hasFocus() ? kPaleBack : content->IsSelectable() ? SelectedBack() : kRefusedBack;
   }
   painter.fillRect(bounds, ToQColor(back));
-  painter.setFont(RowFont());
   painter.setPen(ToQColor(text));
   DrawCells(painter, bounds, row, *content);
 }
@@ -241,7 +235,6 @@ void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, cons
   const ImageList& icons = SmallImages();
   for (int column = 0; column < model_.columnCount(); ++column) {
     QRect cell = CellRect(bounds, column);
-    if (cell.width() <= 0) continue;
     std::uint32_t format = kCellFormat;
     painter.save();
     painter.setClipRect(cell, Qt::IntersectClip);
