@@ -34,15 +34,7 @@ ZCEdit::ZCEdit(int id, WindowSystem& windows, WindowHandle form, QWidget* parent
 void ZCEdit::focusInEvent(QFocusEvent* event) {
   const QPointer<ZCEdit> alive = this;
   ZWCEdit::focusInEvent(event);
-  if (alive) emit Focused(true);
-}
-
-void ZCEdit::focusOutEvent(QFocusEvent* event) {
-  const QPointer<ZCEdit> alive = this;
-  ZWCEdit::focusOutEvent(event);
-  if (!alive) return;
-  update();
-  emit Focused(false);
+  if (alive) emit Focused();
 }
 
 ZCXPLRView::ZCXPLRView(const ToolContext& context, QWidget* frame)

@@ -85,7 +85,8 @@ void ZCExplorer::Connect() {
   };
   connect(form_->tree, &ZCFolderTree::Focused, this, focus(xplr_control::kTree));
   connect(form_->list, &ZCXPLRList::Focused, this, focus(xplr_control::kList));
-  connect(form_->name, &ZCEdit::Focused, this, focus(xplr_control::kName));
+  connect(form_->name, &ZCEdit::Focused, this,
+          [this] { session_.Tell([](XplrSession& session) { session.OnFocus(xplr_control::kName, true); }); });
   connect(form_, &ZCXPLRView::Resized, this, [this](int width, int height) {
     session_.Tell([=](XplrSession& session) { session.OnResized(width, height); });
   });
