@@ -105,9 +105,6 @@ void ZCXPLRView::End() {
   list->EndMessages();
 }
 
-void ZCXPLRView::resizeEvent(QResizeEvent* event) {
-  MessageWindow::resizeEvent(event);
-  emit Resized(width(), height());
-}
+void ZCXPLRView::resizeEvent(QResizeEvent* /*event*/) { emit Resized(width(), height()); }
 
 }  // namespace pnl

@@ -137,7 +137,6 @@ std::intptr_t ZCExplorer::TellMessage(XplrWindow window, const Message& message)
 bool ZCExplorer::OnKeyDown(QKeyEvent& event) {
   const auto key = FrameKey(event.key());
   if (!key) return false;
-  event.accept();
   session_.Tell([key](XplrSession& session) { session.OnKey(*key); });
   return true;
 }
@@ -185,9 +184,6 @@ WindowHandle ZCExplorer::HandleOf(XplrWindow window) const {
 void ZCExplorer::Destroy() {
   EndMessages();
   form_->End();
-  const QPointer<ZCExplorer> alive = this;
-  Hide();
-  if (!alive) return;
   // Nothing of a window that waits for its deletion reaches the logic any more.
   session_.End();
   deleteLater();
