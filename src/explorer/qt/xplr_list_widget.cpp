@@ -115,11 +115,7 @@ void ZCXPLRList::ShowPreview(const XplrPreviewFace& preview) {
   PlaceAll();
 }
 
-void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) {
-  const bool before = std::exchange(silent_, true);
-  model_.SetRows(std::move(rows));
-  silent_ = before;
-}
+void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) { model_.SetRows(std::move(rows)); }
 
 void ZCXPLRList::SelectRow(int row) {
   const bool before = std::exchange(silent_, true);
@@ -205,17 +201,16 @@ void ZCXPLRList::focusOutEvent(QFocusEvent* event) {
 }
 
 void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) const {
-  const XplrRow* content = model_.Row(row);
-  if (content == nullptr) return;
+  const XplrRow& content = (*model_.AllRows())[static_cast<std::size_t>(row)];
   Color text = TextColor();
   Color back = BackColor();
   if (selectionModel()->isSelected(model_.index(row, 0))) {
     text = hasFocus() ? SelectedText() : kPaleText;
-    back = !hasFocus() ? kPaleBack : content->IsSelectable() ? SelectedBack() : kRefusedBack;
+    back = !hasFocus() ? kPaleBack : content.IsSelectable() ? SelectedBack() : kRefusedBack;
   }
   painter.fillRect(bounds, ToQColor(back));
   painter.setPen(ToQColor(text));
-  DrawCells(painter, bounds, row, *content);
+  DrawCells(painter, bounds, row, content);
 }
 
 void ZCXPLRList::DrawMark(QPainter& painter, const QRect& cell, const QString& name) const {

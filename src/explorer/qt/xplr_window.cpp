@@ -64,7 +64,6 @@ ZCExplorer::~ZCExplorer() {
        {static_cast<QObject*>(form_->tree), static_cast<QObject*>(form_->list), static_cast<QObject*>(form_->name),
         static_cast<QObject*>(form_->path), static_cast<QObject*>(form_)}) {
     control->disconnect(this);
-    control->removeEventFilter(this);
   }
   for (XplrDialog* dialog : {static_cast<XplrDialog*>(find_), static_cast<XplrDialog*>(folder_)}) {
     if (dialog != nullptr) dialog->disconnect(this);
