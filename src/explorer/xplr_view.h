@@ -40,7 +40,8 @@ class XplrView : public ToolView {
  public:
   [[nodiscard]] virtual WindowHandle HandleOf(XplrWindow window) const = 0;
 
-  /// Destroys the frame once the present operation is over. Nothing may be asked of the view after it.
+  /// Destroys the frame, which is hidden already, once the present operation is over. Nothing may be asked of the view
+  /// after it.
   virtual void Destroy() = 0;
   /// Posts a key-down of Tab to the window that has the focus.
   virtual void PostTab() = 0;

@@ -106,22 +106,11 @@ bool XplrDialog::eventFilter(QObject* watched, QEvent* event) {
     Close();
     return false;
   }
-  if (event->type() == QEvent::ShortcutOverride) {
-    event->accept();
-    return true;
-  }
+  if (event->type() == QEvent::ShortcutOverride) event->accept();
   if (event->type() != QEvent::KeyPress) return ToolDialog::eventFilter(watched, event);
-  auto* key = static_cast<QKeyEvent*>(event);
-  const QPointer<XplrDialog> alive = this;
-  if (OnKey(key->key())) {
-    event->accept();
-    return true;
-  }
+  if (OnKey(static_cast<QKeyEvent*>(event)->key())) return true;
   // The edit takes the key first; then the text is what it has become.
-  edit_->removeEventFilter(this);
   edit_->event(event);
-  if (!alive) return true;
-  edit_->installEventFilter(this);
   emit Typed();
   return true;
 }

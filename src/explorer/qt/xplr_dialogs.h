@@ -40,6 +40,8 @@ class XplrDialog : public ToolDialog {
   std::intptr_t OnMessage(const Message& message) override { return handler_ ? handler_(message) : 0; }
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// Tab stays in the edit, which is all that the dialog has.
+  bool focusNextPrevChild(bool /*next*/) override { return true; }
   void SetText(const QString& text);
 
  private:

@@ -34,15 +34,7 @@ ZCEdit::ZCEdit(int id, WindowSystem& windows, WindowHandle form, QWidget* parent
 void ZCEdit::focusInEvent(QFocusEvent* event) {
   const QPointer<ZCEdit> alive = this;
   ZWCEdit::focusInEvent(event);
-  if (alive) emit Focused(true);
-}
-
-void ZCEdit::focusOutEvent(QFocusEvent* event) {
-  const QPointer<ZCEdit> alive = this;
-  ZWCEdit::focusOutEvent(event);
-  if (!alive) return;
-  update();
-  emit Focused(false);
+  if (alive) emit Focused();
 }
 
 ZCXPLRView::ZCXPLRView(const ToolContext& context, QWidget* frame)
@@ -113,9 +105,6 @@ void ZCXPLRView::End() {
   list->EndMessages();
 }
 
-void ZCXPLRView::resizeEvent(QResizeEvent* event) {
-  MessageWindow::resizeEvent(event);
-  emit Resized(width(), height());
-}
+void ZCXPLRView::resizeEvent(QResizeEvent* /*event*/) { emit Resized(width(), height()); }
 
 }  // namespace pnl

@@ -24,11 +24,11 @@ class ZCEdit : public ZWCEdit {
   ZCEdit(int id, WindowSystem& windows, WindowHandle form, QWidget* parent);
 
  signals:
-  void Focused(bool focused);
+  /// It has got the focus.
+  void Focused();
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
 };
 
 class ZCXPLRView : public MessageWindow {

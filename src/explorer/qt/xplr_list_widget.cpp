@@ -115,11 +115,7 @@ void ZCXPLRList::ShowPreview(const XplrPreviewFace& preview) {
   PlaceAll();
 }
 
-void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) {
-  const bool before = std::exchange(silent_, true);
-  model_.SetRows(std::move(rows));
-  silent_ = before;
-}
+void ZCXPLRList::SetRows(XplrRowsModel::Rows rows) { model_.SetRows(std::move(rows)); }
 
 void ZCXPLRList::SelectRow(int row) {
   const bool before = std::exchange(silent_, true);
@@ -144,11 +140,9 @@ void ZCXPLRList::keyPressEvent(QKeyEvent* event) {
   constexpr Qt::KeyboardModifiers kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   const QString text = event->text();
   if (event->key() == Qt::Key_Backspace) {
-    event->accept();
     emit BackspaceTyped();
   } else if (!text.isEmpty() && text[0].unicode() >= u' ' && text[0].unicode() != 0x7F &&
              (event->modifiers() & kCommands) == 0) {
-    event->accept();
     emit Typed(text);
   } else {
     MessageControl::keyPressEvent(event);
@@ -165,7 +159,6 @@ void ZCXPLRList::mousePressEvent(QMouseEvent* event) {
 }
 
 void ZCXPLRList::mouseDoubleClickEvent(QMouseEvent* event) {
-  event->accept();
   if (event->button() != Qt::LeftButton) return;
   const int row = indexAt(event->position().toPoint()).row();
   // The first press may have brought other rows under the finger.
@@ -199,29 +192,25 @@ void ZCXPLRList::focusInEvent(QFocusEvent* event) {
   const QPointer<ZCXPLRList> alive = this;
   ZWCListCtrl::focusInEvent(event);
   if (alive) emit Focused(true);
-  if (alive) viewport()->update();
 }
 
 void ZCXPLRList::focusOutEvent(QFocusEvent* event) {
   const QPointer<ZCXPLRList> alive = this;
   ZWCListCtrl::focusOutEvent(event);
   if (alive) emit Focused(false);
-  if (alive) viewport()->update();
 }
 
 void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) const {
-  const XplrRow* content = model_.Row(row);
-  if (content == nullptr) return;
+  const XplrRow& content = (*model_.AllRows())[static_cast<std::size_t>(row)];
   Color text = TextColor();
   Color back = BackColor();
   if (selectionModel()->isSelected(model_.index(row, 0))) {
     text = hasFocus() ? SelectedText() : kPaleText;
-    back = !hasFocus() ? kPaleBack : content->IsSelectable() ? SelectedBack() : kRefusedBack;
+    back = !hasFocus() ? kPaleBack : content.IsSelectable() ? SelectedBack() : kRefusedBack;
   }
   painter.fillRect(bounds, ToQColor(back));
-  painter.setFont(RowFont());
   painter.setPen(ToQColor(text));
-  DrawCells(painter, bounds, row, *content);
+  DrawCells(painter, bounds, row, content);
 }
 
 void ZCXPLRList::DrawMark(QPainter& painter, const QRect& cell, const QString& name) const {
@@ -241,10 +230,8 @@ void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, cons
   const ImageList& icons = SmallImages();
   for (int column = 0; column < model_.columnCount(); ++column) {
     QRect cell = CellRect(bounds, column);
-    if (cell.width() <= 0) continue;
     std::uint32_t format = kCellFormat;
     painter.save();
-    painter.setClipRect(cell, Qt::IntersectClip);
     if (column == 0) {
       if (const QPixmap* icon = icons.At(content.IsFolder() ? kFolderIcon : kFileIcon)) {
         const QPoint corner(cell.left(), cell.top() + (cell.height() - icons.size.height()) / 2);

@@ -100,13 +100,11 @@ void ZCFolderTree::AddNodes(const XplrNodes& nodes, NodeId parent, std::size_t i
     items_[id] = item;
     added.append(item);
   }
-  const bool before = std::exchange(silent_, true);
   if (QTreeWidgetItem* above = ItemOf(parent)) {
     above->insertChildren(static_cast<int>(index), added);
   } else {
     insertTopLevelItems(static_cast<int>(index), added);
   }
-  silent_ = before;
 }
 
 void ZCFolderTree::UpdateNode(const XplrNodes& nodes, NodeId node) {
@@ -156,9 +154,7 @@ void ZCFolderTree::OpenNode(NodeId node) {
 void ZCFolderTree::OnExpanded(QTreeWidgetItem* item) {
   if (silent_ || item->childCount() != 0) return;
   // It opens when its children are there.
-  silent_ = true;
   item->setExpanded(false);
-  silent_ = false;
   emit NodeOpening(NodeOf(item), walking_);
 }
 

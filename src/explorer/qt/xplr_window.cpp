@@ -64,7 +64,6 @@ ZCExplorer::~ZCExplorer() {
        {static_cast<QObject*>(form_->tree), static_cast<QObject*>(form_->list), static_cast<QObject*>(form_->name),
         static_cast<QObject*>(form_->path), static_cast<QObject*>(form_)}) {
     control->disconnect(this);
-    control->removeEventFilter(this);
   }
   for (XplrDialog* dialog : {static_cast<XplrDialog*>(find_), static_cast<XplrDialog*>(folder_)}) {
     if (dialog != nullptr) dialog->disconnect(this);
@@ -85,7 +84,8 @@ void ZCExplorer::Connect() {
   };
   connect(form_->tree, &ZCFolderTree::Focused, this, focus(xplr_control::kTree));
   connect(form_->list, &ZCXPLRList::Focused, this, focus(xplr_control::kList));
-  connect(form_->name, &ZCEdit::Focused, this, focus(xplr_control::kName));
+  connect(form_->name, &ZCEdit::Focused, this,
+          [this] { session_.Tell([](XplrSession& session) { session.OnFocus(xplr_control::kName, true); }); });
   connect(form_, &ZCXPLRView::Resized, this, [this](int width, int height) {
     session_.Tell([=](XplrSession& session) { session.OnResized(width, height); });
   });
@@ -136,7 +136,6 @@ std::intptr_t ZCExplorer::TellMessage(XplrWindow window, const Message& message)
 bool ZCExplorer::OnKeyDown(QKeyEvent& event) {
   const auto key = FrameKey(event.key());
   if (!key) return false;
-  event.accept();
   session_.Tell([key](XplrSession& session) { session.OnKey(*key); });
   return true;
 }
@@ -176,17 +175,14 @@ WindowHandle ZCExplorer::HandleOf(XplrWindow window) const {
     case XplrWindow::kFind:
       return find_ ? find_->Handle() : 0;
     case XplrWindow::kFolder:
-      return folder_ ? folder_->Handle() : 0;
+      break;
   }
-  return 0;
+  return folder_ ? folder_->Handle() : 0;
 }
 
 void ZCExplorer::Destroy() {
   EndMessages();
   form_->End();
-  const QPointer<ZCExplorer> alive = this;
-  Hide();
-  if (!alive) return;
   // Nothing of a window that waits for its deletion reaches the logic any more.
   session_.End();
   deleteLater();

@@ -137,6 +137,16 @@ TEST_F(XplrDialogPartTest, KeysThatSearchAreNotTyped) {
   EXPECT_EQ(closing, 0);
 }
 
+TEST_F(XplrDialogPartTest, TabStaysInItsLine) {
+  // It took the focus to the panel and left an open dialog without keys.
+  Open<ZCFind>(16, "ab");
+  for (const int key : {Qt::Key_Tab, Qt::Key_Backtab}) EXPECT_TRUE(PressKey(edit, key)) << key;
+  EXPECT_EQ(QApplication::focusWidget(), edit);
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_EQ(dialog->Text(), "ab");
+  EXPECT_EQ(closing, 0);
+}
+
 TEST_F(XplrDialogPartTest, EscapeEndsTheSearchOnce) {
   Open<ZCFind>();
   EXPECT_TRUE(PressKey(edit, Qt::Key_Escape));
