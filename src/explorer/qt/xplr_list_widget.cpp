@@ -232,6 +232,7 @@ void ZCXPLRList::DrawCells(QPainter& painter, const QRect& bounds, int row, cons
     QRect cell = CellRect(bounds, column);
     std::uint32_t format = kCellFormat;
     painter.save();
+    painter.setClipRect(cell, Qt::IntersectClip);
     if (column == 0) {
       if (const QPixmap* icon = icons.At(content.IsFolder() ? kFolderIcon : kFileIcon)) {
         const QPoint corner(cell.left(), cell.top() + (cell.height() - icons.size.height()) / 2);
