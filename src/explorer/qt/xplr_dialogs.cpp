@@ -110,8 +110,9 @@ bool XplrDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return ToolDialog::eventFilter(watched, event);
   if (OnKey(static_cast<QKeyEvent*>(event)->key())) return true;
   // The edit takes the key first; then the text is what it has become.
+  const QPointer<XplrDialog> alive = this;
   edit_->event(event);
-  emit Typed();
+  if (alive) emit Typed();
   return true;
 }
 
