@@ -287,23 +287,13 @@ void ZCCalc7340::timerEvent(QTimerEvent* event) {
 
 void ZCCalc7340::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
-void ZCCalc7340::hideEvent(QHideEvent* event) {
-  ToolWindow::hideEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::hideEvent(QHideEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::showEvent(QShowEvent* event) {
-  ToolWindow::showEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::showEvent(QShowEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::moveEvent(QMoveEvent* event) {
-  ToolWindow::moveEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::moveEvent(QMoveEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::resizeEvent(QResizeEvent* event) {
-  ToolWindow::resizeEvent(event);
+void ZCCalc7340::resizeEvent(QResizeEvent* /*event*/) {
   LayOut();
   PlaceNote();
 }

@@ -36,7 +36,6 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
   setFocusProxy(list_);
   list_->SetFont(QStringLiteral("Arial"), 18, 600);
   list_->setFrameStyle(QFrame::Box | QFrame::Plain);
-  list_->setFocusPolicy(Qt::StrongFocus);
   list_->installEventFilter(this);
   // Queued, so that the list still gets the release of the button.
   connect(list_, &ListBox::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
@@ -207,8 +206,7 @@ bool ZCMDIList::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-void ZCMDIList::resizeEvent(QResizeEvent* event) {
-  ToolDialog::resizeEvent(event);
+void ZCMDIList::resizeEvent(QResizeEvent* /*event*/) {
   if (width() > 0 && height() > 0) list_->setGeometry(0, 0, width(), height());
 }
 

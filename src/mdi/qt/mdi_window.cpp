@@ -180,8 +180,7 @@ void ZCMDIWindow::SettleFocusLater() {
   if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
 }
 
-void ZCMDIWindow::hideEvent(QHideEvent* event) {
-  ToolWindow::hideEvent(event);
+void ZCMDIWindow::hideEvent(QHideEvent* /*event*/) {
   // The drop list is a child of the panel and would stay on the screen.
   Tell([](MdiSession& session) { session.OnHidden(); });
 }
