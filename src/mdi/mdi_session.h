@@ -77,8 +77,9 @@ class MdiSession final : public ToolSession<MdiView> {
   /// The number of the last removal from the list that can be put back, or 0.
   [[nodiscard]] int RemovalNumber() const { return list_.Removed().Number(); }
 
-  /// The colours of text and background of a control, or nothing if it keeps its own.
-  [[nodiscard]] std::optional<MdiColorPair> ControlColors(MdiControl control, bool focused) const;
+  /// The colours of text and background of a control, or nothing if it keeps its own. focused counts for the edit
+  /// alone.
+  [[nodiscard]] std::optional<MdiColorPair> ControlColors(MdiControl control, bool focused = false) const;
 
  private:
   // Messages.

@@ -43,7 +43,6 @@ int FormatFor(const QFontMetrics& metrics, const QString& text, int width) {
 ZCResultWnd::ZCResultWnd(int id, QWidget* parent) : QWidget(parent) {
   MarkControl(this, id, control_kind::kStatic);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);
   font_ = calc_look::Font(calc_look::kDialogHeight, calc_look::kNormalWeight);
 }
 
@@ -97,7 +96,6 @@ void ZCResultWnd::mouseDoubleClickEvent(QMouseEvent* event) { event->accept(); }
 
 CalcLabelWidget::CalcLabelWidget(int id, int height, QWidget* parent) : QWidget(parent), height_(height) {
   MarkControl(this, id, control_kind::kStatic);
-  setFocusPolicy(Qt::NoFocus);
 }
 
 void CalcLabelWidget::SetText(const QString& text) {
@@ -139,7 +137,6 @@ CalcNoteWidget::CalcNoteWidget(int id, WindowHandle owner, int height, QWidget* 
   setProperty(property::kOwner, owner);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setFocusPolicy(Qt::NoFocus);
   setFont(calc_look::Font(height, calc_look::kNormalWeight));
   hide();
 }

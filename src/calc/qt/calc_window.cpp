@@ -165,11 +165,7 @@ bool ZCCalc7340::Tell(const std::function<void(CalcSession&)>& intention) {
 }
 
 bool ZCCalc7340::ShowRemoval() {
-  int number = 0;
-  if (!session_.Tell([&number](const CalcSession& session) { number = session.RemovalNumber(); })) return false;
-  const QPointer<ZCCalc7340> alive(this);
-  SetRemovedProperty(number);
-  return !alive.isNull();
+  return session_.Tell([this](const CalcSession& session) { SetRemovedProperty(session.RemovalNumber()); });
 }
 
 bool ZCCalc7340::Compute(int milliseconds) {
@@ -203,10 +199,10 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   const bool typing = watched == &client_->Line() && (event.modifiers() & kCommandKeys) == 0;
   const auto key = LogicKey(event);
   if (!key) {
-    const Taken taken = typing ? OnCharacter(event.text()) : Taken::kNo;
+    const bool taken = typing && OnCharacter(event.text());
     // Qt passes a key that isn't accepted to the parents.
-    if (taken != Taken::kNo) event.accept();
-    return taken != Taken::kNo;
+    if (taken) event.accept();
+    return taken;
   }
   const bool ctrl = (event.modifiers() & Qt::ControlModifier) != 0 && PlainKey(event.key(), false).has_value();
   bool consumed = false;
@@ -226,12 +222,11 @@ bool ZCCalc7340::OnKeyDown(QObject* watched, QKeyEvent& event) {
   return true;
 }
 
-ZCCalc7340::Taken ZCCalc7340::OnCharacter(const QString& typed) {
-  if (typed.size() != 1) return Taken::kNo;
+bool ZCCalc7340::OnCharacter(const QString& typed) {
+  if (typed.size() != 1) return false;
   bool taken = false;
   const bool there = Tell([&](CalcSession& session) { taken = session.OnCharacter(typed.front().unicode()); });
-  if (!there) return Taken::kWithTheWindow;
-  return taken ? Taken::kYes : Taken::kNo;
+  return taken || !there;
 }
 
 bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
@@ -239,10 +234,9 @@ bool ZCCalc7340::OnCommitted(QInputMethodEvent& event) {
   if (event.commitString().size() != 1 || !event.preeditString().isEmpty() || event.replacementLength() != 0) {
     return false;
   }
-  const Taken taken = OnCharacter(event.commitString());
-  if (taken == Taken::kNo) return false;
+  if (!OnCharacter(event.commitString())) return false;
   event.accept();
-  if (taken == Taken::kYes) QApplication::inputMethod()->reset();
+  QApplication::inputMethod()->reset();
   return true;
 }
 
@@ -287,23 +281,13 @@ void ZCCalc7340::timerEvent(QTimerEvent* event) {
 
 void ZCCalc7340::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
-void ZCCalc7340::hideEvent(QHideEvent* event) {
-  ToolWindow::hideEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::hideEvent(QHideEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::showEvent(QShowEvent* event) {
-  ToolWindow::showEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::showEvent(QShowEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::moveEvent(QMoveEvent* event) {
-  ToolWindow::moveEvent(event);
-  PlaceNote();
-}
+void ZCCalc7340::moveEvent(QMoveEvent* /*event*/) { PlaceNote(); }
 
-void ZCCalc7340::resizeEvent(QResizeEvent* event) {
-  ToolWindow::resizeEvent(event);
+void ZCCalc7340::resizeEvent(QResizeEvent* /*event*/) {
   LayOut();
   PlaceNote();
 }

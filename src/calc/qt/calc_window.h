@@ -98,9 +98,8 @@ class ZCCalc7340 final : public ToolWindowWith<CalcView> {
   void Connect();
   [[nodiscard]] bool OnKeyDown(QObject* watched, QKeyEvent& event);
   [[nodiscard]] bool OnCommitted(QInputMethodEvent& event);
-  /// Whether the calculator took a character. With kWithTheWindow the character has ended the window.
-  enum class Taken { kNo, kYes, kWithTheWindow };
-  [[nodiscard]] Taken OnCharacter(const QString& typed);
+  /// Returns whether the calculator took a character. It also did if the character has ended the window.
+  [[nodiscard]] bool OnCharacter(const QString& typed);
   void LayOut();
   void PlaceNote();
 

@@ -29,7 +29,7 @@ void MdiEdit::Select(TextSelection selection) {
   const int length = static_cast<int>(text().size());
   const int start = std::min(selection.start, length);
   const int end = selection.end < 0 ? length : std::min(selection.end, length);
-  deselect();
+  // This also removes the selection.
   setCursorPosition(start);
   if (start != end) setSelection(start, end - start);
   chosen_ = Selection();
@@ -38,15 +38,13 @@ void MdiEdit::Select(TextSelection selection) {
 void MdiEdit::ReplaceSelection(const QString& text) { insert(text); }
 
 void MdiEdit::SetColors(const MdiColorPair& colors) {
-  // This is called after every message. If nothing has changed, it must cost nothing.
-  if (colors_ == colors) return;
-  colors_ = colors;
+  // This is called after every message. Qt compares the palettes and does nothing if they are the same.
   SetColorProperty(this, property::kBack, colors.back);
   SetColorProperty(this, property::kFore, colors.text);
   QPalette wanted = palette();
   wanted.setColor(QPalette::Base, ToQColor(colors.back));
   wanted.setColor(QPalette::Text, ToQColor(colors.text));
-  if (wanted != palette()) setPalette(wanted);
+  setPalette(wanted);
 }
 
 bool MdiEdit::event(QEvent* event) {

@@ -31,8 +31,7 @@ class MdiEdit : public LimitedEdit {
   bool event(QEvent* event) override;
 
  private:
-  TextSelection chosen_;                // the last one that Select has set
-  std::optional<MdiColorPair> colors_;  // nothing until they are set
+  TextSelection chosen_;  // the last one that Select has set
 };
 
 }  // namespace pnl

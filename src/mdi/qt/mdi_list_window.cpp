@@ -36,7 +36,6 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
   setFocusProxy(list_);
   list_->SetFont(QStringLiteral("Arial"), 18, 600);
   list_->setFrameStyle(QFrame::Box | QFrame::Plain);
-  list_->setFocusPolicy(Qt::StrongFocus);
   list_->installEventFilter(this);
   // Queued, so that the list still gets the release of the button.
   connect(list_, &ListBox::doubleClicked, this, &ZCMDIList::OnOK, Qt::QueuedConnection);
@@ -53,14 +52,11 @@ ZCMDIList::ZCMDIList(WindowSystem& windows, const MessageWindow& owner, QWidget*
 ZCMDIList::~ZCMDIList() {
   // The list box loses its focus after this destructor, when this object can't handle the signal any more.
   disconnect(qApp, nullptr, this, nullptr);
-  list_->selectionModel()->disconnect(this);
   delete arrangeKey_;
   delete pinKey_;
 }
 
 void ZCMDIList::SetColors(Color background, Color text) { list_->SetColors(background, text); }
-
-void ZCMDIList::SetSelectedColors(Color background, Color text) { list_->SetSelectedColors(background, text); }
 
 void ZCMDIList::Fill(const TextRows* items) {
   const QScopedValueRollback quiet(quiet_, true);
@@ -89,7 +85,6 @@ void ZCMDIList::ShowKeys(const MdiDropKeys& keys) {
 /// they are over that end.
 void ZCMDIList::PlaceKeys() {
   const QWidget* panel = parentWidget();
-  if (panel == nullptr) return;
   const int height = FingerPixels(*arrangeKey_);
   const int wanted = keysAbove_ ? y() - height : y() + this->height();
   const int top = std::clamp(wanted, 0, std::max(0, panel->height() - height));
@@ -129,7 +124,7 @@ void ZCMDIList::Dismiss() {
   dismissed_ = true;
   EndMessages();
   // If the widget were hidden with the focus, Qt would give it to the next widget of the panel.
-  if (list_->hasFocus()) list_->clearFocus();
+  list_->clearFocus();
   hide();
   // A key may be handling the press that ends the list, so it goes with the list and not before.
   for (MdiListKey* key : {arrangeKey_.data(), pinKey_.data()}) {
@@ -207,8 +202,7 @@ bool ZCMDIList::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-void ZCMDIList::resizeEvent(QResizeEvent* event) {
-  ToolDialog::resizeEvent(event);
+void ZCMDIList::resizeEvent(QResizeEvent* /*event*/) {
   if (width() > 0 && height() > 0) list_->setGeometry(0, 0, width(), height());
 }
 

@@ -32,7 +32,6 @@ class ZCMDIList : public ToolDialog {
   ~ZCMDIList() override;
 
   void SetColors(Color background, Color text);
-  void SetSelectedColors(Color background, Color text);
   /// Fills the list with the items in order and selects the first one. With null the list is empty.
   void Fill(const TextRows* items);
   /// Copies the selected text and returns true. Without a selection the text is empty and the result false.

@@ -3,7 +3,6 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
 #include <optional>
 #include <utility>
 
@@ -73,10 +72,7 @@ ZCMDIWindow::ZCMDIWindow(const ToolContext& context, QWidget* parent)
 ZCMDIWindow::~ZCMDIWindow() {
   EndMessages();
   // The controls are destroyed after this object and may lose the focus then.
-  for (QObject* control : {static_cast<QObject*>(edit_), static_cast<QObject*>(list_)}) {
-    control->disconnect(this);
-    control->removeEventFilter(this);
-  }
+  for (QObject* control : {static_cast<QObject*>(edit_), static_cast<QObject*>(list_)}) control->disconnect(this);
   if (dropList_) dropList_->Dismiss();
   session_.End();
 }
@@ -94,11 +90,7 @@ bool ZCMDIWindow::Tell(Intention intention) {
 
 /// Tells a host through a property what was removed. A listener may destroy the window; then it returns false.
 bool ZCMDIWindow::ShowRemoval() {
-  int number = 0;
-  if (!session_.Tell([&number](const MdiSession& session) { number = session.RemovalNumber(); })) return false;
-  const QPointer<ZCMDIWindow> alive(this);
-  SetRemovedProperty(number);
-  return !alive.isNull();
+  return session_.Tell([this](const MdiSession& session) { SetRemovedProperty(session.RemovalNumber()); });
 }
 
 std::intptr_t ZCMDIWindow::OnMessage(const Message& message) {
@@ -162,7 +154,8 @@ void ZCMDIWindow::MoveFocus(QWidget* taker) {
 void ZCMDIWindow::OnListFocus() {
   if (!Tell([](MdiSession& session) { session.OnListFocus(); })) return;
   listGotFocus_ = true;
-  if (focusMoves_ == 0) SettleFocusLater();
+  // If MoveFocus settles the focus before, the later call finds nothing to do.
+  SettleFocusLater();
 }
 
 void ZCMDIWindow::OnWindowFocus() {
@@ -180,8 +173,7 @@ void ZCMDIWindow::SettleFocusLater() {
   if (listGotFocus_) QMetaObject::invokeMethod(this, &ZCMDIWindow::SettleFocus, Qt::QueuedConnection);
 }
 
-void ZCMDIWindow::hideEvent(QHideEvent* event) {
-  ToolWindow::hideEvent(event);
+void ZCMDIWindow::hideEvent(QHideEvent* /*event*/) {
   // The drop list is a child of the panel and would stay on the screen.
   Tell([](MdiSession& session) { session.OnHidden(); });
 }
@@ -213,8 +205,8 @@ void ZCMDIWindow::SetTitle(TextView title) {
 void ZCMDIWindow::SetTitleBlinking(int period) { title_->SetBlink(period != 0, period); }
 
 void ZCMDIWindow::SetSignColors(std::uint32_t fore, std::uint32_t back) {
+  // Tell uses them at the end of the intention.
   signColors_ = {fore, back};
-  UseColors();
 }
 
 Text ZCMDIWindow::EditText() const { return FromQString(edit_->text()); }
@@ -225,23 +217,21 @@ void ZCMDIWindow::ReplaceEditSelection(TextView text) { edit_->ReplaceSelection(
 
 void ZCMDIWindow::SetEditReadOnly(bool readOnly) { edit_->setReadOnly(readOnly); }
 
-void ZCMDIWindow::RedrawEdit() {
-  UseColors();
-  edit_->update();
-}
+void ZCMDIWindow::RedrawEdit() { UseColors(); }
 
 void ZCMDIWindow::UseColors() {
   std::optional<MdiColorPair> edit;
   std::optional<MdiColorPair> list;
   std::optional<MdiColorPair> others;
-  const bool there = session_.Tell([&](const MdiSession& session) {
+  session_.Tell([&](const MdiSession& session) {
     edit = session.ControlColors(MdiControl::kEdit, edit_->hasFocus());
-    list = session.ControlColors(MdiControl::kList, false);
-    others = session.ControlColors(MdiControl::kOther, false);
+    list = session.ControlColors(MdiControl::kList);
+    others = session.ControlColors(MdiControl::kOther);
   });
-  if (!there) return;
   if (edit) edit_->SetColors(*edit);
-  if (list && *list != MdiColorPair{list_->TextColor(), list_->BackColor()}) list_->SetColors(list->back, list->text);
+  const MdiColorPair listNow{list_->TextColor(), list_->BackColor()};
+  const MdiColorPair listWanted = list.value_or(listNow);
+  if (listWanted != listNow) list_->SetColors(listWanted.back, listWanted.text);
   const MdiColorPair title = others.value_or(titleColors_);
   const MdiColorPair sign = others.value_or(signColors_);
   if (title != MdiColorPair{title_->TextColor(), title_->BackColor()}) title_->SetColors(title.back, title.text, true);
@@ -254,12 +244,10 @@ Rect ZCMDIWindow::EditScreenRect() const {
 }
 
 void ZCMDIWindow::OpenDropList(const MdiDropListSpec& spec) {
-  CloseDropList();
   QWidget* panel = window();
   dropList_ = new ZCMDIList(context_.windows, *this, panel);
   ConnectDropList();
   dropList_->SetColors(spec.back, spec.text);
-  dropList_->SetSelectedColors(list_->SelectedBackColor(), list_->SelectedTextColor());
   dropList_->Fill(spec.items);
   const QPoint corner = panel->mapFromGlobal(QPoint(spec.screenRect.left, spec.screenRect.top));
   dropList_->Open({corner, QSize(spec.screenRect.Width(), spec.screenRect.Height())}, spec.above);
@@ -292,11 +280,9 @@ void ZCMDIWindow::CloseDropList() {
   // dropList_ is cleared first, so that no list is open for everything that follows from its end.
   ZCMDIList* closing = std::exchange(dropList_, nullptr);
   if (closing == nullptr) return;
-  const QWidget* focused = QApplication::focusWidget();
-  const bool hadFocus = focused != nullptr && closing->isAncestorOf(focused);
   closing->Dismiss();
-  // The window of the list gets the keyboard back.
-  if (hadFocus && isVisible()) FocusEdit();
+  // The window of the list gets the keyboard back. The focus was in the list, or is in the edit already.
+  if (isVisible()) FocusEdit();
 }
 
 void ZCMDIWindow::NoteEndedDropList() {
