@@ -182,8 +182,7 @@ void HelpTree::SelectRow(int row) {
   const bool there = row >= 0 && row < static_cast<int>(items_.size());
   QTreeWidgetItem* item = there ? items_[static_cast<std::size_t>(row)] : nullptr;
   setCurrentItem(item);
-  if (item == nullptr) return clearSelection();
-  scrollToItem(item);
+  scrollTo(currentIndex());
 }
 
 int HelpTree::SelectedRow() const {

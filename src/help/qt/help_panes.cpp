@@ -73,9 +73,6 @@ HelpPanes::HelpPanes(const Language& language, const HelpScale& scale, QWidget* 
   status_->setTextFormat(Qt::PlainText);
   status_->setWordWrap(true);
   status_->setFont(scale.MakeText());
-  QPalette colors = status_->palette();
-  colors.setColor(QPalette::WindowText, ToQColor(help_look::kMissingText));
-  status_->setPalette(colors);
   SetStatus({});
   ShowPane(HelpPane::kContents);
 }

@@ -74,10 +74,7 @@ ZCHelpHTML::ZCHelpHTML(const ToolContext& context, std::unique_ptr<HelpShelf> sh
 ZCHelpHTML::~ZCHelpHTML() {
   EndMessages();
   // The controls are destroyed after this object, and some of them report then.
-  for (QObject* child : findChildren<QObject*>()) {
-    child->disconnect(this);
-    child->removeEventFilter(this);
-  }
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
   session_.End();
 }
 
@@ -131,7 +128,6 @@ QWidget* ZCHelpHTML::MakeFindBar() {
   connect(add(help_id::kFindNext, HelpKeyButton::Sign::kDown, {}), &QAbstractButton::clicked, this, find(false));
   connect(add(help_id::kFindClose, HelpKeyButton::Sign::kNone, QStringLiteral("\u00d7")), &QAbstractButton::clicked,
           this, [this] { session_.Tell([](HelpSession& session) { session.OnFindClosed(); }); });
-  bar->hide();
   return bar;
 }
 
@@ -181,8 +177,7 @@ std::intptr_t ZCHelpHTML::OnMessage(const Message& message) {
   return answer;
 }
 
-void ZCHelpHTML::resizeEvent(QResizeEvent* event) {
-  ToolWindow::resizeEvent(event);
+void ZCHelpHTML::resizeEvent(QResizeEvent* /*event*/) {
   book_->setGeometry(rect());
   missing_->setGeometry(rect());
   panes_->setFixedWidth(std::clamp(width() * kPanesPercent / 100, help_look::kLeastPanes, help_look::kMostPanes));

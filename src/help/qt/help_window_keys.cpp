@@ -122,6 +122,7 @@ bool ZCHelpHTML::OnKeyDown(const QKeyEvent& event) {
 bool ZCHelpHTML::event(QEvent* event) {
   // A key that was sent to a control, and which the control doesn't need, goes no further.
   const bool sent = sending_ && event->type() == QEvent::KeyPress;
+  // The controls leave the question whose key it is to the window around them.
   if (event->type() == QEvent::ShortcutOverride && IsOurs(static_cast<QKeyEvent&>(*event))) event->accept();
   if (sent || (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event)))) return true;
   return ToolWindow::event(event);
@@ -132,15 +133,7 @@ bool ZCHelpHTML::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize) session_.Tell([](HelpSession& session) { session.OnParentResized(); });
     return false;
   }
-  if (event->type() == QEvent::ShortcutOverride && IsOurs(static_cast<QKeyEvent&>(*event))) {
-    event->accept();
-    return true;
-  }
-  if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) {
-    event->accept();
-    return true;
-  }
-  return false;
+  return event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event));
 }
 
 bool ZCHelpHTML::focusNextPrevChild(bool next) {
@@ -182,7 +175,6 @@ void ZCHelpHTML::SendTo(QWidget* control, int key) {
 }
 
 void ZCHelpHTML::OpenPicker(const ManualPicker& picker) {
-  ClosePicker();
   picker_ = new ZCListManuals(context_.language, scale_, picker, this);
   connect(picker_, &ZCListManuals::Finished, this, [this](bool accepted) {
     const std::optional<ManualChoice> choice = accepted ? picker_->Choice() : std::nullopt;

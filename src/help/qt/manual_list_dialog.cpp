@@ -87,7 +87,7 @@ void ZCListManuals::LayOut(const Language& language, const HelpScale& scale, con
     keys->addWidget(key);
     return key;
   };
-  keys->addStretch(1);
+  keys->addStretch();
   connect(add(help_id::kPickerOk, help_text::kOk), &QAbstractButton::clicked, this, [this] { Finish(true); });
   connect(add(help_id::kPickerCancel, help_text::kCancel), &QAbstractButton::clicked, this, [this] { Finish(false); });
   column->addLayout(keys);
@@ -131,10 +131,7 @@ void ZCListManuals::Place() {
   move(around->mapToGlobal(QPoint((around->width() - width()) / 2, (around->height() - height()) / 2)));
 }
 
-void ZCListManuals::showEvent(QShowEvent* event) {
-  Place();
-  ToolDialog::showEvent(event);
-}
+void ZCListManuals::showEvent(QShowEvent* /*event*/) { Place(); }
 
 void ZCListManuals::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

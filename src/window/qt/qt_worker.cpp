@@ -31,7 +31,7 @@ QEvent::Type StepsWait() {
 
 /// A step on its way to the window's thread. The last one of a job is empty: the job has ended.
 struct Step {
-  JobId job = 0;
+  JobId job;
   std::function<void()> run;
 };
 
@@ -163,18 +163,19 @@ class QtWorker::Inbox final : public QObject {
       deleteLater();
     }
   }
-  bool event(QEvent* event) override {
-    if (event->type() != StepsWait()) return QObject::event(event);
+
+ protected:
+  /// The only event of the library's own that comes here is that steps wait.
+  void customEvent(QEvent* /*event*/) override {
     const auto step = worker_ != nullptr ? worker_->pool_->TakeStep() : std::nullopt;
-    if (!step || worker_->jobs_.count(step->job) == 0) return true;
+    if (!step || worker_->jobs_.count(step->job) == 0) return;
     if (!step->run) {
       worker_->jobs_.erase(step->job);
-      return true;
+      return;
     }
     ++running_;
     step->run();
     --running_;
-    return true;
   }
 
  private:
