@@ -129,7 +129,6 @@ inline constexpr int kNoFactoryFile = 285;
 namespace zmc_color {
 inline constexpr std::uint32_t kMessages[] = {0x2C8064, 0x648064, 0xA0};
 inline constexpr std::uint32_t kNoMessage = 0x646E78;
-inline constexpr std::uint32_t kGrid[] = {0xFFFFFF, 0xC0C0C0, 0xF0F0F0};
 inline constexpr std::uint32_t kLine = 0x808080;
 inline constexpr std::uint32_t kBand = 0x646E78;
 inline constexpr std::uint32_t kInnerBand = 0x838D97;

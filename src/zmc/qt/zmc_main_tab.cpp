@@ -164,7 +164,6 @@ QWidget* ZCTabZMCMain::MakeGrid(int control) {
   grid_ = new ZCGridXWrap(control, sheet_);
   grid_->Cells().SetRows(kZmcGridRows + 1);
   grid_->Cells().SetColumns(kZmcGridColumns + 1);
-  grid_->SetColors(zmc_color::kGrid[0], zmc_color::kGrid[1], zmc_color::kGrid[2]);
   return grid_;
 }
 

@@ -45,7 +45,6 @@ ZmcTableTab::ZmcTableTab(const ToolContext& context, ZmcTab tab, std::vector<int
     if (own != nullptr && place.kind == ZmcControlKind::kLabel) title_->SetTextW(ToQString(own->text), false);
   }
   grid_->Cells().SetColumns(static_cast<int>(shares_.size()) + 1);
-  grid_->SetColors(zmc_color::kGrid[0], zmc_color::kGrid[1], zmc_color::kGrid[2]);
   grid_->SetTextCheck([](const QString& text) { return CanHoldCuttingText(FromQString(text)); });
   cells_ = std::make_unique<ZmcGridAdapter>(*grid_);
 }
