@@ -83,7 +83,7 @@ class MdiView : public ToolView {
   // The drop list, a ZCMDIList that exists from OpenDropList to CloseDropList.
   [[nodiscard]] virtual Rect EditScreenRect() const = 0;
   [[nodiscard]] virtual bool IsDropListOpen() const = 0;
-  /// Makes, fills and shows the drop list and gives it the focus. None may be open.
+  /// Makes, fills and shows the drop list and gives it the focus.
   virtual void OpenDropList(const MdiDropListSpec& spec) = 0;
   /// Replaces the rows of the open drop list and their marks, and selects the row that rows names. If the rows are the
   /// same as before, only marks and selection change. Calls nobody outside.

@@ -128,6 +128,7 @@ QWidget* ZCHelpHTML::MakeFindBar() {
   connect(add(help_id::kFindNext, HelpKeyButton::Sign::kDown, {}), &QAbstractButton::clicked, this, find(false));
   connect(add(help_id::kFindClose, HelpKeyButton::Sign::kNone, QStringLiteral("\u00d7")), &QAbstractButton::clicked,
           this, [this] { session_.Tell([](HelpSession& session) { session.OnFindClosed(); }); });
+  bar->hide();
   return bar;
 }
 

@@ -175,6 +175,7 @@ void ZCHelpHTML::SendTo(QWidget* control, int key) {
 }
 
 void ZCHelpHTML::OpenPicker(const ManualPicker& picker) {
+  ClosePicker();
   picker_ = new ZCListManuals(context_.language, scale_, picker, this);
   connect(picker_, &ZCListManuals::Finished, this, [this](bool accepted) {
     const std::optional<ManualChoice> choice = accepted ? picker_->Choice() : std::nullopt;

@@ -3,6 +3,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 #include <optional>
 #include <utility>
 
@@ -244,6 +245,7 @@ Rect ZCMDIWindow::EditScreenRect() const {
 }
 
 void ZCMDIWindow::OpenDropList(const MdiDropListSpec& spec) {
+  CloseDropList();
   QWidget* panel = window();
   dropList_ = new ZCMDIList(context_.windows, *this, panel);
   ConnectDropList();
@@ -280,9 +282,11 @@ void ZCMDIWindow::CloseDropList() {
   // dropList_ is cleared first, so that no list is open for everything that follows from its end.
   ZCMDIList* closing = std::exchange(dropList_, nullptr);
   if (closing == nullptr) return;
+  const QWidget* focused = QApplication::focusWidget();
+  const bool hadFocus = focused != nullptr && closing->isAncestorOf(focused);
   closing->Dismiss();
-  // The window of the list gets the keyboard back. The focus was in the list, or is in the edit already.
-  if (isVisible()) FocusEdit();
+  // The window of the list gets the keyboard back.
+  if (hadFocus && isVisible()) FocusEdit();
 }
 
 void ZCMDIWindow::NoteEndedDropList() {

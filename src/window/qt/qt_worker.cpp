@@ -31,7 +31,7 @@ QEvent::Type StepsWait() {
 
 /// A step on its way to the window's thread. The last one of a job is empty: the job has ended.
 struct Step {
-  JobId job;
+  JobId job = 0;
   std::function<void()> run;
 };
 
