@@ -132,7 +132,6 @@ void ErrorListCover::Open() {
 }
 
 void ErrorListCover::Leave() {
-  if (!open_) return;
   open_ = false;
   floodEnd_.stop();
   hide();

@@ -74,8 +74,8 @@ void OperatorKeys::changeEvent(QEvent* event) {
 void OperatorKeys::Show(const std::function<bool(Action)>& can, const std::function<bool(Action)>& latched) {
   for (const auto& [action, key] : keys_) {
     key->setEnabled(can(action));
-    // The lamp shows the state of the machine, not of the key.
-    if (key->isCheckable()) key->setChecked(latched(action));
+    // The lamp shows the state of the machine, not of the key. A key without a lamp takes no notice.
+    key->setChecked(latched(action));
   }
 }
 

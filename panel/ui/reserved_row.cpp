@@ -58,7 +58,8 @@ void ReservedRow::Show(const std::function<RowKeyLook(RowKey)>& look) {
     const RowKeyLook shown = look(row.key);
     Key(row.key)->setVisible(shown.there);
     Key(row.key)->setEnabled(shown.enabled);
-    if (Key(row.key)->isCheckable()) Key(row.key)->setChecked(shown.lit);
+    // A key that opens nothing can't be checked and takes no notice.
+    Key(row.key)->setChecked(shown.lit);
   }
 }
 
