@@ -257,6 +257,18 @@ TEST_F(XplrDialogsTest, ADoubleClickWhileASearchIsOpenGivesTheDialogTheKeys) {
   EXPECT_FALSE(explorer.isNull()) << "nothing is accepted";
 }
 
+TEST_F(XplrDialogsTest, ADialogThatWasDeletedTakesNoFocus) {
+  Open();
+  PressRow(1);
+  Command(xplr_command::kFind);
+  delete explorer->findChild<ZCFind*>();
+  List()->setFocus();
+  emit List()->RowDoubleClicked(1);
+  Idle();
+  EXPECT_EQ(Focus(), List());
+  EXPECT_FALSE(explorer.isNull());
+}
+
 // ---------------------------------------------------------------- the rest of the window
 
 TEST_F(XplrWindowTest, ADoubleClickOnAFileAcceptsIt) {

@@ -93,6 +93,8 @@ TEST(XplrComingSignTest, IsThreeDotsInTheMiddleOfAPaleStripBelowTheRows) {
   for (int y = 1; y < 24; ++y) {
     for (int x = 0; x < 200; ++x) ASSERT_GE(image.pixelColor(x, y).red(), 0x30) << "no outline at " << x << " " << y;
   }
+  const auto plain = Count(image, 4608090) + Count(image, 0x303030) + Count(image, ColorAt(image, 20, 12));
+  EXPECT_LT(plain, 200 * 24) << "the dots have smooth edges";
   const QColor back = image.pixelColor(20, 12);
   EXPECT_NEAR(back.red(), 215, 3) << "the ground is seen a little";
   EXPECT_NEAR(back.green(), 170, 3);
