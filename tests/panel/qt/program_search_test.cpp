@@ -318,6 +318,25 @@ TEST_F(SearchTest, WithoutANumberTheBarForALineWaitsForOne) {
   EXPECT_TRUE(said_.isEmpty());
 }
 
+TEST_F(SearchTest, AKeyThatTheEditorDoesNotKnowIsLeftForThePanel) {
+  for (const int key : {static_cast<int>(Qt::Key_F20), static_cast<int>(Qt::Key_Escape)}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&editor_, &press);
+    EXPECT_FALSE(press.isAccepted()) << key;
+  }
+}
+
+TEST_F(SearchTest, AWordThatWasNotFoundIsNotGoneToWhenItComesLater) {
+  editor_.SetProgram("G0\n", "P");
+  Find("X1");
+  ASSERT_EQ(Bar().CountText(), "not found");
+  // So much text is searched from its beginning.
+  editor_.Insert(QString("G1 X1\n").repeated(20'000));
+  Rest();
+  EXPECT_EQ(Bar().CountText(), "20000 found");
+  EXPECT_FALSE(editor_.Edit().textCursor().hasSelection()) << "the caret is where the operator types";
+}
+
 TEST_F(SearchTest, InLittleRoomTheGapsAroundABarGoFirst) {
   LineBar bar(nullptr);
   bar.resize(400, bar.Height());

@@ -126,6 +126,18 @@ TEST_F(SoftKeyBarTest, AnUpdateKeepsTheOpenSubMenuAndADeadOneCloses) {
   EXPECT_EQ(bar_.Key(0)->text(), "Sub");
 }
 
+TEST_F(SoftKeyBarTest, ASubMenuOfTheSameItemsHasItsKeyBackToo) {
+  menus_[7] = Items(8);
+  menus_[7][7].subMenu = 8;
+  menus_[8] = menus_[7];
+  bar_.ShowMenu(7);
+  bar_.NextPage();
+  bar_.Press(0);
+  ASSERT_TRUE(bar_.InSubMenu());
+  EXPECT_EQ(bar_.Key(0)->text(), "0") << "it begins at its first page";
+  EXPECT_TRUE(bar_.BackKey()->isEnabled());
+}
+
 TEST_F(SoftKeyBarTest, MoreItemsThanKeysArePaged) {
   menus_[7] = Items(8);
   bar_.ShowMenu(7);
