@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
+#include <set>
 
 #include "common/words.h"
 #include "panel/qt/picture.h"
@@ -231,6 +232,27 @@ TEST_F(KeyPictureTest, ACaptionOfTwoLinesLosesNoLetter) {
       }
     }
   }
+}
+
+TEST_F(KeyPictureTest, TwoLinesAreAsBigAsAllTheirWordsAllow) {
+  const QString words = "Go to it or go on to the end";
+  key_.SetKeyName("");
+  key_.SetFontPixels(30);
+  key_.setText(words);
+  std::set<int> sizes;
+  const int whole = QFontMetrics(Font(30)).horizontalAdvance(words);
+  for (int width = whole / 3; width < whole * 2 / 3; width += 2) {
+    key_.resize(width, 120);
+    const QRect body(5, 4, width - 10, 112);
+    int pixels = 30;
+    while (pixels > 11 && theme::ParagraphIn(words, Font(pixels), body.size()) != words) --pixels;
+    sizes.insert(pixels);
+    EXPECT_EQ(StrokesOf(key_).back(), Pictured([&](Picture& picture) {
+                                        picture.Paragraph(body, Qt::AlignCenter, words, Font(pixels), theme::kText);
+                                      }).back())
+        << width;
+  }
+  EXPECT_GT(sizes.size(), 3u) << "a wider key has bigger letters";
 }
 
 TEST_F(KeyPictureTest, TheLongestWordDecidesHowBigTwoLinesAre) {
