@@ -324,9 +324,14 @@ TEST_F(ZmcEndTest, CommandSixInACallOfTheHostThatAKeyInTheGridHasCaused) {
 
 TEST_F(ZmcEndTest, AWindowThatWasLeftIsOneNoMoreBeforeItIsDeleted) {
   Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kOperationsTab);
+  std::vector<WindowHandle> pages;
+  for (const ZmcTab tab : kZmcTabs) pages.push_back(static_cast<MessageWindow*>(Page(tab))->Handle());
   Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_LEAVE);
   ASSERT_FALSE(tool.isNull());
   EXPECT_FALSE(windows.IsAlive(handle));
+  for (const WindowHandle page : pages) EXPECT_FALSE(windows.IsAlive(page));
   EXPECT_EQ(menus.Count(), 0u);
   Settle();
   EXPECT_TRUE(tool.isNull());

@@ -3,6 +3,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 
+#include "controls/fonts.h"
 #include "controls/qt/paint_counter.h"
 #include "zmc/qt/zmc_look.h"
 #include "zmc_window_stage.h"
@@ -83,6 +84,24 @@ TEST_F(ZmcLookTest, TitlesAreBoldAndThoseOfThePagesCentred) {
   EXPECT_EQ(WeightOf(*title), 700);
   EXPECT_EQ(title->Format(), 0x8865u);
   EXPECT_EQ(Fore(title), zmc_look::kTitleText);
+}
+
+TEST_F(ZmcLookTest, TheControlsHaveOneFontThatGrowsWithThePage) {
+  Open();
+  const auto letters = [this](int control) { return Main(control)->font().pixelSize(); };
+  for (const QSize size : {QSize(800, 600), QSize(1600, 1200)}) {
+    Resize(size);
+    for (const int control : {id::kRemark, id::kMaterial, id::kTool, id::kF, id::kGrid}) {
+      EXPECT_EQ(Main(control)->font().family(), MakeFont("Arial", 20, 500)->family()) << control;
+      EXPECT_EQ(Main(control)->font().weight(), 500) << control;
+    }
+    for (const int control : {id::kRemark, id::kMaterial, id::kTool}) EXPECT_EQ(letters(control), letters(id::kF));
+  }
+  const int large = letters(id::kF);
+  const int largeInTheGrid = letters(id::kGrid);
+  Resize({800, 600});
+  EXPECT_NEAR(large, 2 * letters(id::kF), 1);
+  EXPECT_GT(largeInTheGrid, letters(id::kGrid));
 }
 
 TEST_F(ZmcLookTest, TheConditionsFillTheirGridAndTheNamesHaveTwoFifths) {
@@ -166,6 +185,44 @@ TEST_F(ZmcLookTest, TheBarIsPaintedAnewWhenThePowerChanges) {
   bar.SetPercent(50);
   Settle();
   EXPECT_EQ(paints.Count(), 1) << "and only then";
+}
+
+TEST_F(ZmcLookTest, ThePageUnderTheBarIsNotPaintedWithIt) {
+  QWidget page;
+  auto* bar = new ZmcPowerBar(1, &page);
+  bar->setGeometry(10, 10, 50, 10);
+  Activate(page);
+  const PaintCounter under(page);
+  bar->SetPercent(50);
+  Settle();
+  EXPECT_EQ(under.Count(), 0);
+}
+
+TEST_F(ZmcLookTest, TheFrameHasTheGroundOfItsPagesWhereNoneIsShown) {
+  Open();
+  QImage image(tool->size(), QImage::Format_RGB32);
+  image.fill(Qt::magenta);
+  tool->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  EXPECT_EQ(Count(image, zmc_look::kPage), image.width() * image.height());
+}
+
+TEST_F(ZmcLookTest, NothingThatAPageOrTheFrameCoversIsPainted) {
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMain, zmc_command::kMainTab),
+                                     {ZmcTab::kMaterials, zmc_command::kMaterialsTab},
+                                     {ZmcTab::kOperations, zmc_command::kOperationsTab}}) {
+    Menu(command);
+    const PaintCounter frame(*tool);
+    Page(tab)->update();
+    Settle();
+    EXPECT_EQ(frame.Count(), 0) << command;
+  }
+  Page(ZmcTab::kOperations)->hide();
+  Settle();
+  const PaintCounter behind(*area);
+  tool->update();
+  Settle();
+  EXPECT_EQ(behind.Count(), 0);
 }
 
 TEST_F(ZmcLookTest, TheBarIsEmptyWithoutAPowerAndShowsTheSmallest) {
