@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "explorer/qt/xplr_path_heading.h"
 #include "explorer/qt/xplr_preview_pane.h"
 #include "support/memory_files.h"
@@ -145,8 +146,17 @@ TEST_F(XplrPathHeadingTest, ThePiecesThatLeadSomewhereAreUnderlined) {
   EXPECT_TRUE(columns.contains(LeftOf(2) - 1));
   EXPECT_TRUE(columns.contains(LeftOf(3)));
   EXPECT_FALSE(columns.contains((LeftOf(2) + LeftOf(3)) / 2)) << "nor a backslash";
+  EXPECT_NEAR(leads.pixelColor(LeftOf(0), changed.top()).red(), 128, 3) << "half as strong as the letters";
   heading.SetLeads(false);
   EXPECT_EQ(Paint(heading), plain);
+}
+
+TEST_F(XplrPathHeadingTest, ItIsPaintedAnewWhenItLeadsSomewhere) {
+  Activate(heading);
+  const PaintCounter paints(heading);
+  heading.SetLeads(true);
+  Settle();
+  EXPECT_GT(paints.Count(), 0);
 }
 
 TEST_F(XplrPathHeadingTest, APressTellsTheCharacterUnderTheFinger) {
