@@ -76,6 +76,17 @@ TEST_F(CalcWorkTest, WhatTakesLongerThanAMomentIsShownWhenItIsDone) {
   EXPECT_THAT(Status(), HasSubstr("Result : 30.5"));
 }
 
+TEST_F(CalcWorkTest, AfterALongOneAnOrdinaryIntegralIsStillDoneBeforeTheKeyIsOver) {
+  SharedCalcStore().Variables = {0, 1};
+  SharedCalcStore().Variables['N' - 'A'] = 60000;
+  Line()->SetText(kLong);
+  ASSERT_THAT(Status(), HasSubstr("Computing"));
+  WaitForComputing();
+  SharedCalcStore().Variables['N' - 'A'] = 1000;
+  Line()->SetText(QStringLiteral("INTEGRAL X"));
+  EXPECT_THAT(Status(), HasSubstr("Result : 0.5"));
+}
+
 TEST_F(CalcWorkTest, MayBeDestroyedWhileItComputes) {
   Line()->SetText(kLong);
   ASSERT_THAT(Status(), HasSubstr("Computing"));
