@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "plc_stage.h"
-#include "support/deleting_host.h"
 #include "support/event_wait.h"
 
 namespace pnl::test {
@@ -321,27 +320,6 @@ TEST_F(PlcWindow, AThousandDocumentsOfEveryKindLeaveNothingBehind) {
   EXPECT_LE(objects(), before + 2);
   EXPECT_EQ(openFiles(), openBefore);
   EXPECT_FALSE(Page().CanGoBack());
-}
-
-TEST_F(PlcWindow, TheWindowMayGoInEveryCallOfTheHost) {
-  delete area;
-  DeletingHost killer(table);
-  const auto calls = PlayWithEachCallFatal(
-      killer, {[this] {
-                 MakeArea();
-                 Open();
-               },
-               {[this] { Report(5); }, [this] { Page().Follow(u"http://example.com"); }, [this] { Help(u"film.avi"); },
-                [this] { Key(Qt::Key_Escape), Settle(); }, [this] { File(u"plan.bmp"); },
-                [this] { Key(Qt::Key_Escape), Settle(); }, [this] { Key(Qt::Key_Escape), Settle(); }},
-               [this] { delete area; },
-               [this] {
-                 Settle();
-                 delete area;
-                 EXPECT_EQ(cnc.OpenReports(), 0u);
-               }});
-  EXPECT_THAT(calls, testing::IsSupersetOf({"HostMayOpenTool", "HostToolOpening", "HostToolClosed", "HostForwardKey",
-                                            "HostShowMessage"}));
 }
 
 }  // namespace
