@@ -231,5 +231,16 @@ TEST_F(KeptTexts, WhatIsPutBackLaterGoesIntoItsToolOnceThatOpens) {
   EXPECT_EQ(InLine(), "G0 X7");
 }
 
+TEST_F(KeptTexts, WhatNeverReachedItsToolStaysForTheNextStart) {
+  constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
+  rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+  Leave("G0 X7", "");
+  TakeBack();
+  rig_.Cnc().Undefine(kEnabled);
+  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  window_.reset();
+  EXPECT_EQ(Journal(2), "G0 X7|");
+}
+
 }  // namespace
 }  // namespace panel
