@@ -110,6 +110,30 @@ TEST_F(HelpFocus, APlainArrowMovesInALine) {
   EXPECT_EQ(Line(help_id::kIndexLine)->cursorPosition(), 2);
 }
 
+TEST_F(HelpFocus, ItsKeysComeBeforeThePanelsShortcutsInEachOfItsControls) {
+  Make();
+  OpenAt();
+  Menu(40002);
+  struct Row {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    bool taken;
+  };
+  for (const int id : {help_id::kContents, help_id::kIndexLine, help_id::kIndexList, help_id::kSearchLine,
+                       help_id::kResults, help_id::kPage, help_id::kFindLine}) {
+    for (const Row& row : {Row{Qt::Key_Escape, {}, true}, Row{Qt::Key_Tab, {}, true},
+                           Row{Qt::Key_Backtab, Qt::ShiftModifier, true}, Row{Qt::Key_Return, {}, true},
+                           Row{Qt::Key_Enter, {}, true}, Row{Qt::Key_Up, {}, true}, Row{Qt::Key_Down, {}, true},
+                           Row{Qt::Key_F, Qt::ControlModifier, true}, Row{Qt::Key_Left, Qt::AltModifier, true},
+                           Row{Qt::Key_Right, Qt::AltModifier, true}, Row{Qt::Key_F5, {}, false}}) {
+      QWidget* const control = Control(id);
+      QKeyEvent asked(QEvent::ShortcutOverride, row.key, row.modifiers);
+      QApplication::sendEvent(control->focusProxy() == nullptr ? control : control->focusProxy(), &asked);
+      EXPECT_EQ(asked.isAccepted(), row.taken) << id << ": " << row.key;
+    }
+  }
+}
+
 TEST_F(HelpFocus, TheHostLearnsOfItsWidgetsNewSizeToo) {
   class Sizes final : public QObject {
    public:
