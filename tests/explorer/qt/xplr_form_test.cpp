@@ -135,7 +135,7 @@ TEST_F(XplrWindowTest, GivingTheFocusBackWithoutAFocusDoesNothing) {
 TEST_F(XplrWindowTest, AMessageThatDestroysItIsAnsweredByZero) {
   Open();
   onHostCall = [this](const std::string&) { delete area; };
-  EXPECT_EQ(Send(PNL_MSG_COMMAND, xplr_command::kSortBySize), 0);
+  EXPECT_EQ(windows.Send(List()->Handle(), {RegisterMessage("XPLR_END_FIND"), 0, 0}), 0);
   onHostCall = nullptr;
   EXPECT_TRUE(explorer.isNull());
 }

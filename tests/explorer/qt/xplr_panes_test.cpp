@@ -34,6 +34,7 @@ class XplrTreePaneTest : public testing::Test {
   XplrTreePaneTest() {
     window.resize(300, 240);
     tree->resize(300, 200);
+    other->setGeometry(0, 210, 50, 20);
     other->setFocusPolicy(Qt::StrongFocus);
     QPalette odd = window.palette();
     odd.setColor(QPalette::Text, Qt::red);
@@ -46,8 +47,8 @@ class XplrTreePaneTest : public testing::Test {
       nodes.Add(kNoNode, node);
     }
     tree->AddNodes(nodes, kNoNode, 0, 40);
-    Activate(window);
     other->setFocus();
+    Activate(window);
   }
   [[nodiscard]] QRect Row(int row) const { return tree->visualItemRect(tree->topLevelItem(row)); }
 
@@ -74,6 +75,13 @@ TEST_F(XplrTreePaneTest, ItScrollsToTheNodeThatIsOpened) {
   EXPECT_LT(Row(39).center().y(), tree->viewport()->height());
 }
 
+TEST_F(XplrTreePaneTest, TheFirstNodeIsTheCurrentOneOnceItHasTheFocus) {
+  EXPECT_EQ(tree->currentItem(), nullptr);
+  tree->setFocus();
+  EXPECT_EQ(tree->currentItem(), tree->topLevelItem(0));
+  EXPECT_EQ(tree->SelectedNode(), nullptr);
+}
+
 TEST_F(XplrTreePaneTest, ItScrollsByPixels) {
   tree->verticalScrollBar()->setValue(1);
   EXPECT_EQ(Row(0).top(), -1);
@@ -91,6 +99,7 @@ class XplrListPaneTest : public testing::Test {
   XplrListPaneTest() {
     window.resize(640, 400);
     list->resize(640, 300);
+    other->setGeometry(0, 360, 50, 20);
     other->setFocusPolicy(Qt::StrongFocus);
     list->SetLook(18, {});
     list->SetTitles({"Name", "Size", "Date"});
@@ -100,8 +109,8 @@ class XplrListPaneTest : public testing::Test {
       row.flags = item_flag::kSelectable;
     }
     list->SetRows(std::make_shared<const std::vector<XplrRow>>(rows));
-    Activate(window);
     other->setFocus();
+    Activate(window);
   }
   [[nodiscard]] QRect Row(int row) const { return list->visualRect(list->model()->index(row, 0)); }
   [[nodiscard]] std::vector<int> Selected() const {
@@ -120,6 +129,13 @@ TEST_F(XplrListPaneTest, OneRowAtATimeIsSelected) {
   list->SelectRow(1);
   PressKey(list, Qt::Key_Down, {}, Qt::ShiftModifier);
   EXPECT_EQ(Selected(), std::vector{2});
+}
+
+TEST_F(XplrListPaneTest, TheFirstRowIsTheCurrentOneOnceItHasTheFocus) {
+  EXPECT_FALSE(list->currentIndex().isValid());
+  list->setFocus();
+  EXPECT_EQ(list->currentIndex().row(), 0);
+  EXPECT_TRUE(Selected().empty());
 }
 
 TEST_F(XplrListPaneTest, APressSelectsItsRowBeforeItIsReported) {
@@ -177,12 +193,15 @@ TEST_F(XplrListPaneTest, TheLettersAfterTheTypedOnesKeepTheirColour) {
   EXPECT_GT(Count(image, 0xffffff, rest), 0);
 }
 
-TEST_F(XplrListPaneTest, NoTextLeavesItsColumnHoweverNarrowItIs) {
+TEST_F(XplrListPaneTest, NothingLeavesItsColumnHoweverNarrowItIs) {
   XplrRow folder;
   folder.name = u"HHHHHHHH";
   folder.flags = item_flag::kFolder;
   list->SetRows(std::make_shared<const std::vector<XplrRow>>(std::vector{folder}));
-  for (const int width : {150, 120, 100, 90, 80, 70, 60}) {
+  QPixmap icon(16, 16);
+  icon.fill(Qt::blue);
+  list->SetLook(18, {icon.size(), {icon, icon, icon}});
+  for (const int width : {150, 120, 100, 80, 60, 50, 45, 40}) {
     list->resize(width, 300);
     const QImage image = Paint(*list->viewport());
     const QRect size(list->columnViewportPosition(1), Row(0).top(), list->columnWidth(1), Row(0).height());
