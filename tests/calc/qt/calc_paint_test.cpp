@@ -190,15 +190,85 @@ TEST_F(CalcPaintTest, ControlsAndNoteFollowASizeThatTheHostGivesIt) {
 
 TEST_F(CalcPaintTest, AKeyThatEndsTheWindowIsTaken) {
   Open();
+  Write("1");
   onHostCall = [this](const std::string& call) {
-    if (call == "HostToolWantsClose(3)") delete tool;
+    if (call == "HostToolClosed(3,1)") delete tool;
   };
-  QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Insert, Qt::NoModifier);
   press.ignore();
   QApplication::sendEvent(Line(), &press);
   onHostCall = nullptr;
   EXPECT_TRUE(tool.isNull());
   EXPECT_TRUE(press.isAccepted());
+}
+
+TEST_F(CalcPaintTest, SelectedRowsHaveAGroundOfTheirOwn) {
+  Open();
+  for (const ListBox* list : {List(), Variables()}) {
+    EXPECT_EQ(list->SelectedBackColor(), calc_look::kListSelected);
+    EXPECT_EQ(list->SelectedTextColor(), calc_look::kListText);
+  }
+}
+
+TEST_F(CalcPaintTest, AResultIsPaintedInItsTurnAndNothingBelowIt) {
+  Open();
+  auto* result = static_cast<ZCResultWnd*>(Control(calc_id::kResult));
+  Settle();
+  const PaintCounter own(*result);
+  const PaintCounter below(*tool->findChild<CalcClientWidget*>());
+  result->SetText("12", false);
+  EXPECT_EQ(own.Count(), 0) << "not at once";
+  Settle();
+  EXPECT_EQ(own.Count(), 1);
+  EXPECT_EQ(below.Count(), 0);
+}
+
+TEST_F(CalcPaintTest, NewWordsOfTheStatusArePainted) {
+  Open();
+  Settle();
+  auto* status = static_cast<CalcLabelWidget*>(Control(calc_id::kStatus));
+  const PaintCounter own(*status);
+  status->SetText("other words");
+  Settle();
+  EXPECT_GT(own.Count(), 0);
+}
+
+TEST_F(CalcPaintTest, APressGoesThroughTheNote) {
+  Open();
+  Touch(calc_id::kShowSolver);
+  ASSERT_TRUE(Note()->isVisible());
+  EXPECT_EQ(area->childAt(Note()->geometry().center()), nullptr);
+}
+
+TEST_F(CalcPaintTest, OpensAlsoIfTheHostDestroysItsNote) {
+  onHostCall = [this](const std::string& call) {
+    if (call == "HostToolOpening(3)") delete area->findChild<CalcNoteWidget*>();
+  };
+  Open();
+  onHostCall = nullptr;
+  EXPECT_EQ(Note(), nullptr);
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_EQ(tool->windowTitle(), "Calculator");
+}
+
+TEST_F(CalcPaintTest, AClosedWindowIsHiddenAtOnce) {
+  Open();
+  EXPECT_EQ(Command(20), 2);
+  ASSERT_FALSE(tool.isNull());
+  EXPECT_FALSE(tool->isVisible());
+}
+
+TEST_F(CalcPaintTest, ACommandOfTheMenuAnswersNothing) {
+  Open();
+  EXPECT_EQ(Send(PNL_MSG_COMMAND, calc_id::kMenuCompact), 0);
+}
+
+TEST_F(CalcPaintTest, EditingKeysComeBeforeTheShortcutsOfThePanel) {
+  Open();
+  QKeyEvent event(QEvent::ShortcutOverride, Qt::Key_7, Qt::NoModifier, "7");
+  event.ignore();
+  QApplication::sendEvent(Line(), &event);
+  EXPECT_TRUE(event.isAccepted());
 }
 
 TEST_F(CalcPaintTest, ItsClockCountsFromItsMaking) {

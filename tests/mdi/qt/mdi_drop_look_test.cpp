@@ -264,7 +264,7 @@ TEST_F(MdiDropLook, TheFocusGoesToNoWidgetThatTheVerdictHasHidden) {
   Open();
   auto* mine = new QLineEdit(owner);
   owner->setGeometry(300, 0, 50, 50);
-  owner->show();
+  mine->show();
   owner->onVerdict = [this, mine] {
     list->Dismiss();
     other->hide();

@@ -88,11 +88,21 @@ TEST_F(MdiPaintTest, DeleteTakesTheItemOutAlsoFromTheEditThatCantBeWritten) {
 }
 
 TEST_F(MdiPaintTest, AMessageInWhichItIsDestroyedAnswersNothing) {
-  Open();
-  onHostCall = [this](const std::string&) { delete tool; };
-  EXPECT_EQ(Send(PNL_MSG_COMMAND, 40005), 0);
-  onHostCall = nullptr;
-  EXPECT_TRUE(tool.isNull());
+  struct Row {
+    std::uint32_t number;
+    std::intptr_t first;
+    std::intptr_t second;
+  };
+  for (const Row& row :
+       {Row{PNL_MSG_TOOL_COMMAND, 3, 1}, Row{PNL_MSG_TOOL_COMMAND, 5, 1}, Row{PNL_MSG_TOOL_COMMAND, 8, 0},
+        Row{PNL_MSG_COMMAND, 40005, 0}, Row{PNL_MSG_COMMAND, 32773, 0}, Row{PNL_MSG_COMMAND, 40003, 0}}) {
+    Make();
+    OpenMda();
+    onHostCall = [this](const std::string&) { delete tool; };
+    EXPECT_EQ(Send(row.number, row.first, row.second), 0) << row.number << " " << row.first;
+    onHostCall = nullptr;
+    delete tool;
+  }
 }
 
 TEST_F(MdiPaintTest, GetsNoMessagesAnyMoreWhileItIsDestroyed) {
