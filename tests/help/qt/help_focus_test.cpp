@@ -23,12 +23,14 @@ class KeyNotes final : public QWidget {
  public:
   explicit KeyNotes(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
   std::vector<std::pair<int, Qt::KeyboardModifiers>> keys;
+  std::function<void()> onKey;
 
  protected:
   bool event(QEvent* event) override {
     if (event->type() != QEvent::KeyPress) return QWidget::event(event);
     const auto& key = static_cast<QKeyEvent&>(*event);
     keys.emplace_back(key.key(), key.modifiers());
+    if (onKey) onKey();
     return true;
   }
 };
@@ -88,6 +90,19 @@ TEST_F(HelpFocus, AKeyIsHandedOnToWhoHasTheFocusAsItWasPressed) {
     EXPECT_TRUE(PressKey(tool, key, {}, modifiers)) << key;
     EXPECT_THAT(std::exchange(notes.keys, {}), ElementsAre(std::pair(key, modifiers)));
   }
+}
+
+TEST_F(HelpFocus, AControlMayEndTheViewerWithTheKeyThatItIsHanded) {
+  Make();
+  OpenAt();
+  KeyNotes notes(&panel);
+  notes.onKey = [this] { delete area; };
+  notes.show();
+  notes.setFocus();
+  EXPECT_TRUE(PressKey(tool, Qt::Key_Return));
+  EXPECT_EQ(tool, nullptr);
+  EXPECT_EQ(notes.keys.size(), 1u);
+  EXPECT_EQ(Focus(), &notes) << "it is given to nobody else";
 }
 
 TEST_F(HelpFocus, AKeyForNobodyIsConsumed) {
