@@ -251,8 +251,11 @@ TEST_F(CalcPaintTest, OpensAlsoIfTheHostDestroysItsNote) {
   EXPECT_EQ(tool->windowTitle(), "Calculator");
 }
 
-TEST_F(CalcPaintTest, AClosedWindowIsHiddenAtOnce) {
+TEST_F(CalcPaintTest, AClosedWindowIsHiddenAtOnceAlsoIfTheHostShowsItMeanwhile) {
   Open();
+  onHostCall = [this](const std::string& call) {
+    if (call == "HostToolClosed(3,2)") tool->show();
+  };
   EXPECT_EQ(Command(20), 2);
   ASSERT_FALSE(tool.isNull());
   EXPECT_FALSE(tool->isVisible());
