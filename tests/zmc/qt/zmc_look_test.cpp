@@ -5,6 +5,7 @@
 
 #include "controls/fonts.h"
 #include "controls/qt/paint_counter.h"
+#include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 #include "zmc_window_stage.h"
 
@@ -58,6 +59,8 @@ TEST_F(ZmcLookTest, TheThreeGridsHaveTheirThreeColours) {
     EXPECT_EQ(colors.window, 0xFFFFFFu);
     EXPECT_EQ(colors.fixed, 0xC0C0C0u);
     EXPECT_EQ(colors.alternate, 0xF0F0F0u);
+    const QColor bar = Grid(tab)->verticalScrollBar()->palette().color(QPalette::Base);
+    EXPECT_EQ(bar, ToQColor(0xC0C0C0).lighter(108)) << "its scroll bar is a shade of the fixed cells";
   }
 }
 
@@ -136,6 +139,26 @@ TEST_F(ZmcLookTest, ATableOfManyRowsScrollsDownOnly) {
   }
 }
 
+TEST_F(ZmcLookTest, TheLettersOfATableGrowWithItsPageAndItsColumnsFillIt) {
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMaterials, zmc_command::kMaterialsTab),
+                                     {ZmcTab::kOperations, zmc_command::kOperationsTab}}) {
+    Menu(command);
+    const ZCGridXWrap& grid = *Grid(tab);
+    int letters = 0;
+    for (const QSize size : {QSize(800, 600), kLarge}) {
+      Resize(size);
+      EXPECT_EQ(grid.font().weight(), 500) << command;
+      EXPECT_EQ(grid.font().family(), MakeFont("Arial", 20, 500)->family()) << command;
+      EXPECT_GT(grid.font().pixelSize(), letters) << command;
+      letters = grid.font().pixelSize();
+      // A pixel less in each column, and the place of the scroll bar.
+      const int free = grid.viewport()->width() - grid.horizontalHeader()->length();
+      EXPECT_LE(free, grid.verticalScrollBar()->sizeHint().width() + 7) << command << " at " << size.width();
+    }
+  }
+}
+
 TEST_F(ZmcLookTest, TheTextOfAUnitBeginsBesideTheFieldThatCoversIt) {
   Open();
   Resize(kLarge);
@@ -146,7 +169,9 @@ TEST_F(ZmcLookTest, TheTextOfAUnitBeginsBesideTheFieldThatCoversIt) {
     const QRect inside = box.rect().adjusted(2, 2, -2, -2);
     EXPECT_TRUE(
         Ink(box, zmc_look::kFieldBack, QRect(inside.left(), inside.top(), covered - 2, inside.height())).isEmpty());
-    EXPECT_FALSE(Ink(box, zmc_look::kFieldBack, inside).isEmpty());
+    const int triangle = box.width() - box.height() / 2 - 4;
+    EXPECT_FALSE(
+        Ink(box, zmc_look::kFieldBack, QRect(covered, inside.top(), triangle - covered, inside.height())).isEmpty());
   }
 }
 
@@ -204,6 +229,7 @@ TEST_F(ZmcLookTest, TheFrameHasTheGroundOfItsPagesWhereNoneIsShown) {
   image.fill(Qt::magenta);
   tool->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
   EXPECT_EQ(Count(image, zmc_look::kPage), image.width() * image.height());
+  EXPECT_EQ(Back(tool), zmc_look::kPage) << "for those outside";
 }
 
 TEST_F(ZmcLookTest, NothingThatAPageOrTheFrameCoversIsPainted) {

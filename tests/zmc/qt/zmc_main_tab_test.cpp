@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The orders that the main tab takes, given to it directly: what they do to a control of another kind, and what they
 // leave alone when nothing changes.
+#include <QtGui/QShortcut>
+
 #include "controls/qt/paint_counter.h"
+#include "support/sim_fixture.h"
 #include "zmc_window_stage.h"
 
 namespace pnl::test {
@@ -10,6 +13,20 @@ namespace {
 namespace id = zmc_control;
 
 constexpr int kNoControl = 9999;
+
+/// The font of a label, which its class keeps to itself.
+struct LabelFont : ZWCStatic {
+  using ZWCStatic::Font;
+};
+
+/// Counts what a window has left for later.
+struct LaterCounter : QObject {
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    count += event->type() == QEvent::MetaCall ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+};
 
 class ZmcMainTabTest : public ZmcWindowStage {
  protected:
@@ -81,6 +98,84 @@ TEST_F(ZmcMainTabTest, NoControlHasTheFocusWhenItIsElsewhereOrThePageIsHidden) {
   EXPECT_EQ(Tab().FocusedControl(), id::kF);
   Tab().hide();
   EXPECT_EQ(Tab().FocusedControl(), 0);
+}
+
+TEST_F(ZmcMainTabTest, ALabelHasTheLargestLettersInWhichItsTextFitsButNoneThatCannotBeRead) {
+  Open();
+  auto* label = static_cast<ZWCStatic*>(Main(id::kDiameterUnit));
+  const auto height = [label] { return QFontMetrics((label->*&LabelFont::Font)()).height(); };
+  const int whole = height();
+  const int letters = label->width() / label->fontMetrics().horizontalAdvance('H');
+  Tab().SetControlText(id::kDiameterUnit, Text(static_cast<std::size_t>(letters) + 2, u'H'));
+  EXPECT_LT(height(), whole);
+  Tab().SetControlText(id::kDiameterUnit, Text(200, u'H'));
+  EXPECT_GE(height(), 10);
+  Tab().SetControlText(id::kDiameterUnit, u"mm");
+  EXPECT_EQ(height(), whole);
+}
+
+TEST_F(ZmcMainTabTest, OnlyTheFocusMakesTheFrameAskWhereItIs) {
+  Open();
+  LaterCounter later;
+  tool->installEventFilter(&later);
+  for (QWidget* control : Tab().KeyReceivers()) control->update();
+  Settle();
+  EXPECT_EQ(later.count, 0);
+  Focus(id::kFCheck);
+  EXPECT_GT(later.count, 0);
+}
+
+TEST_F(ZmcMainTabTest, TheAreaOfTheToolGetsItsOwnEvents) {
+  const PaintCounter paints(*area);  // asked after the tool's own filter
+  Open();
+  Key(Qt::Key_Escape);
+  ASSERT_FALSE(tool->isVisible());
+  const int before = paints.Count();
+  area->update();
+  Settle();
+  EXPECT_EQ(paints.Count(), before + 1);
+}
+
+TEST_F(ZmcMainTabTest, TheBlockIsCopiedWithThePagesOwnWindow) {
+  Open();
+  RecordingSink sink;
+  cnc.SetSink(&sink);
+  Menu(zmc_command::kCopy);
+  cnc.SetSink(nullptr);
+  EXPECT_THAT(sink.Take(), testing::Contains(testing::StartsWith("UTIL7340_CopyToClipboard_Text(" +
+                                                                 std::to_string(Tab().Handle()) + ",")));
+}
+
+TEST_F(ZmcMainTabTest, AKeyThatIsNotTheToolsIsLeftToThePanelAndItsShortcuts) {
+  Open();
+  int shots = 0;
+  QShortcut shortcut(QKeySequence(Qt::Key_F6), &panel);
+  QObject::connect(&shortcut, &QShortcut::activated, [&shots] { ++shots; });
+  for (const int control : {id::kFCheck, id::kMaterial, id::kGrid, id::kTool}) {
+    Focus(control);
+    EXPECT_FALSE(Key(Qt::Key_F5)) << control;
+    shots = 0;
+    Key(Qt::Key_F6);
+    EXPECT_EQ(shots, 1) << control;
+  }
+}
+
+TEST_F(ZmcMainTabTest, NoPageIsAWindowOfItsOwnToAScript) {
+  Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kOperationsTab);
+  for (const ZmcTab tab : kZmcTabs) EXPECT_FALSE(Page(tab)->property("pnlWindow").isValid());
+  EXPECT_EQ(tool->property("pnlWindow").toLongLong(), static_cast<qlonglong>(handle));
+}
+
+TEST_F(ZmcMainTabTest, ATableTakesTheFocusFromWhateverHasIt) {
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMaterials, zmc_command::kMaterialsTab),
+                                     {ZmcTab::kOperations, zmc_command::kOperationsTab}}) {
+    other->setFocus();
+    Menu(command);
+    EXPECT_TRUE(Grid(tab)->hasFocus()) << command;
+  }
 }
 
 // What the window system complains of, nobody sees but in the log of a machine.
