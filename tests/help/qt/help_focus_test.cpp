@@ -7,6 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 class HelpFocus : public HelpStage {
  protected:
@@ -147,6 +148,22 @@ TEST_F(HelpFocus, ItsKeysComeBeforeThePanelsShortcutsInEachOfItsControls) {
       EXPECT_EQ(asked.isAccepted(), row.taken) << id << ": " << row.key;
     }
   }
+}
+
+TEST_F(HelpFocus, ToAskWhoseKeyItIsPressesNothing) {
+  Make();
+  OpenAt();
+  KeyNotes notes(&panel);
+  notes.show();
+  notes.setFocus();
+  TakeHostCalls();
+  for (const int key : {Qt::Key_Tab, Qt::Key_Up, Qt::Key_Escape}) {
+    QKeyEvent asked(QEvent::ShortcutOverride, key, Qt::NoModifier);
+    QApplication::sendEvent(tool, &asked);
+    EXPECT_TRUE(asked.isAccepted()) << key;
+  }
+  EXPECT_TRUE(notes.keys.empty());
+  EXPECT_THAT(TakeHostCalls(), IsEmpty());
 }
 
 TEST_F(HelpFocus, TheHostLearnsOfItsWidgetsNewSizeToo) {
