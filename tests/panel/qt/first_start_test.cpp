@@ -299,6 +299,16 @@ TEST_F(FirstStartTest, ABarThatIsHeldIsLetGoWithTheAnswer) {
   EXPECT_EQ(cover_.accessibleDescription(), said);
 }
 
+TEST_F(FirstStartTest, NoKeyReachesWhatIsUnderIt) {
+  cover_.Ask(Page::kLanguage, false);
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_F9, Qt::NoModifier);
+  // As somebody has left it who didn't want it.
+  key.ignore();
+  QCoreApplication::sendEvent(&cover_, &key);
+  EXPECT_TRUE(key.isAccepted());
+  EXPECT_TRUE(cover_.IsOpen());
+}
+
 TEST_F(FirstStartTest, TheOtherButtonsOfAMouseDoNotPullTheBar) {
   cover_.Ask(Page::kScreen, false);
   const QRect bar = cover_.Bar();
