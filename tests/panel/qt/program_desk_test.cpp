@@ -413,6 +413,21 @@ TEST_F(DeskTest, APlaceIsNotMarkedInAProgramThatWasShownMeanwhile) {
   EXPECT_EQ(editor_.Edit().textCursor().position(), 0);
 }
 
+TEST_F(DeskTest, WhatIsTakenBackTakesThePlaceOfAProgramOnItsWayAndHasNoFileYet) {
+  Load("PROGRAMS\\a.nc");
+  ASSERT_TRUE(desk_->CaretSpot());
+  said_.clear();
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  desk_->TakeBack("C:\\PROGRAMS\\b.nc", "M3\n", [] {});
+  Rest();
+  for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(editor_.Text(), "M3\n");
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\b.nc");
+  EXPECT_TRUE(said_.isEmpty()) << said_.join('|').toStdString();
+  editor_.SetSaved();
+  EXPECT_FALSE(desk_->CaretSpot()) << "the control has no such text";
+}
+
 /// A save that was asked for while another one ran, and that an opening refuses, says nothing at its end to whoever
 /// waits for it. The end of the opening does.
 class HeldUpTest : public DeskTest {
@@ -506,6 +521,20 @@ TEST_F(DeskTest, AChangedProgramHasNoSpotUntilItIsSaved) {
   Rest();
   ASSERT_TRUE(desk_->CaretSpot());
   EXPECT_EQ(desk_->CaretSpot()->position, static_cast<int>(folder_.Read("PROGRAMS/a.nc").find("G0")));
+}
+
+TEST_F(HeldUpTest, ATextThatIsTakenBackLetsThoseWhoWaitGoOn) {
+  WriteBig("big.nc", "");
+  HoldUp("big.nc");
+  ASSERT_TRUE(WaitWhile([this] { return said_.size() < 2; }, kPatience));
+  EXPECT_FALSE(went_);
+  bool shown = false;
+  desk_->TakeBack("C:\\b.nc", "M3\n", [this, &shown] {
+    shown = true;
+    editor_.SetSaved();
+  });
+  EXPECT_TRUE(shown);
+  EXPECT_TRUE(went_);
 }
 
 /// A program of so many lines, each with its number.
