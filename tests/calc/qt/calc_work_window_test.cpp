@@ -76,6 +76,32 @@ TEST_F(CalcWorkTest, WhatTakesLongerThanAMomentIsShownWhenItIsDone) {
   EXPECT_THAT(Status(), HasSubstr("Result : 30.5"));
 }
 
+TEST_F(CalcWorkTest, AfterALongOneAnOrdinaryIntegralIsStillDoneBeforeTheKeyIsOver) {
+  SharedCalcStore().Variables = {0, 1};
+  SharedCalcStore().Variables['N' - 'A'] = 60000;
+  Line()->SetText(kLong);
+  ASSERT_THAT(Status(), HasSubstr("Computing"));
+  WaitForComputing();
+  SharedCalcStore().Variables['N' - 'A'] = 1000;
+  Line()->SetText(QStringLiteral("INTEGRAL X"));
+  EXPECT_THAT(Status(), HasSubstr("Result : 0.5"));
+  // What was removed is told, too.
+  Line()->SetText(QStringLiteral("1+1"));
+  for (const int key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Down, Qt::Key_Delete}) Key(key);
+  EXPECT_EQ(List()->Count(), 0);
+  EXPECT_NE(tool->property(property::kRemoved).toInt(), 0);
+}
+
+TEST_F(CalcWorkTest, AnotherTimersEventComputesNothing) {
+  Line()->SetText(kLong);
+  ASSERT_THAT(Status(), HasSubstr("Computing"));
+  constexpr int kForeign = 987654;
+  QTimerEvent event(kForeign);
+  const std::int64_t before = now;
+  QApplication::sendEvent(tool, &event);
+  EXPECT_EQ(now, before);
+}
+
 TEST_F(CalcWorkTest, MayBeDestroyedWhileItComputes) {
   Line()->SetText(kLong);
   ASSERT_THAT(Status(), HasSubstr("Computing"));

@@ -5,6 +5,7 @@
 #include <QtWidgets/QApplication>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "error_stage.h"
 #include "errors/qt/error_counter_widget.h"
 #include "errors/qt/error_text_widget.h"
@@ -160,6 +161,45 @@ TEST_F(ErrorControlsTest, TabStaysInTheWindowWhileItIsShown) {
   EXPECT_TRUE(tool->hasFocus());
   Key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_TRUE(tool->hasFocus());
+}
+
+TEST_F(ErrorControlsTest, APressOnItTakesTheKeysBack) {
+  Open();
+  Push(RecordBuilder());
+  other->setFocus();
+  PressMouse(tool, PlaceOf(error_id::kDescription).center());
+  EXPECT_TRUE(tool->hasFocus());
+}
+
+// It has to see a second press at a place from which the first one has taken the picture.
+TEST_F(ErrorControlsTest, EveryPressIsTheWindowsOwn) {
+  Open();
+  for (const int number : {1000, 1001, 1002}) Push(RecordBuilder().Number(number));
+  Key(Qt::Key_Right);
+  for (const int id : {error_id::kTitleBox, error_id::kTitleLine, error_id::kDescription, error_id::kPrevious,
+                       error_id::kBefore, error_id::kNext, error_id::kAfter, error_id::kAcknowledge}) {
+    ASSERT_TRUE(Control(id)->isVisible()) << id;
+    EXPECT_EQ(area->childAt(tool->mapTo(area, PlaceOf(id).center())), tool) << id;
+  }
+}
+
+TEST_F(ErrorControlsTest, WhatLiesBehindAControlIsNotPaintedWithIt) {
+  Open();
+  Push(RecordBuilder());
+  const auto paintsOf = [](QWidget& behind, QWidget* shown) {
+    Settle();
+    const PaintCounter own(*shown);
+    const PaintCounter paints(behind);
+    shown->update();
+    Settle();
+    EXPECT_EQ(own.Count(), 1);
+    return paints.Count();
+  };
+  for (const int id : {error_id::kTitleBox, error_id::kTitleLine, error_id::kDescription, error_id::kAcknowledge}) {
+    ASSERT_TRUE(Control(id)->isVisible()) << id;
+    EXPECT_EQ(paintsOf(*tool, Control(id)), 0) << id;
+  }
+  EXPECT_EQ(paintsOf(*area, tool), 0);
 }
 
 TEST_F(ErrorControlsTest, TheHotKeyIsOneForTheWholePanelHoweverOftenItIsAskedFor) {

@@ -109,6 +109,17 @@ TEST_F(ErrorWindowEnd, ADeadWindowGetsNoReport) {
   EXPECT_TRUE(listener.Calls().empty());
 }
 
+TEST_F(ErrorWindowEnd, NoMessageReachesAWindowThatIsGivingBackWhatItHad) {
+  Open();
+  int told = 0;
+  QObject::connect(panel.findChild<QShortcut*>(), &QObject::destroyed, &panel, [&] {
+    ++told;
+    EXPECT_FALSE(windows.IsAlive(handle));
+  });
+  delete tool;
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(ErrorWindowEnd, TheHotKeyGoesWithTheWindow) {
   Open();
   ASSERT_NE(panel.findChild<QShortcut*>(), nullptr);

@@ -77,8 +77,13 @@ TEST_F(ErrorTextWidgetTest, ATextOfSeveralLinesIsHigherInANarrowWindow) {
 
 TEST_F(ErrorTextWidgetTest, TheTextKeepsSixPixelsFromBothSidesAndIsDrawnAsItIs) {
   constexpr std::uint32_t kFlags = draw::kWordBreak | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
-  for (const bool centred : {false, true}) {
+  struct Row {
+    bool centred;
+    int height;
+  };
+  for (const auto& [centred, height] : {Row{false, 120}, Row{true, 120}, Row{true, 121}}) {
     for (const char* text : {"HHHH", "A&B\tC && D", "HHHHHHHHHHHHHH HHHHHHHHHHHHHH\nHH"}) {
+      widget.resize(300, height);
       widget.SetCentred(centred);
       widget.SetText(text);
       QImage expected(widget.size(), QImage::Format_RGB32);
@@ -86,8 +91,8 @@ TEST_F(ErrorTextWidgetTest, TheTextKeepsSixPixelsFromBothSidesAndIsDrawnAsItIs) 
       QPainter painter(&expected);
       painter.setFont(font);
       painter.setPen(Qt::black);
-      QRect area(6, 0, 300 - 12, 120);
-      if (centred) area.setTop((120 - MeasureText(QFontMetrics(font), area.width(), text, kFlags).height()) / 2);
+      QRect area(6, 0, 300 - 12, height);
+      if (centred) area.setTop((height - MeasureText(QFontMetrics(font), area.width(), text, kFlags).height()) / 2);
       DrawText(painter, area, QString(text), centred ? kFlags | draw::kCenter : kFlags);
       painter.end();
       EXPECT_EQ(Paint(widget), expected) << text;
@@ -168,6 +173,27 @@ TEST_F(ErrorTextWidgetTest, EachChangeOfTextFontOrPlaceIsPainted) {
   EXPECT_EQ(paintsAfter([this] { widget.SetCentred(false); }), 1);
   EXPECT_EQ(paintsAfter([this] { widget.SetTextFont(QFont()); }), 1);
   EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 0) << "the same text again";
+}
+
+TEST(ErrorCounterWidgetTest, ANewNumberIsPainted) {
+  ErrorCounterWidget counter(1006, nullptr);
+  counter.resize(30, 16);
+  counter.SetText("1");
+  Activate(counter);
+  const PaintCounter paints(counter);
+  counter.SetText("2");
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
+}
+
+TEST(ErrorPictureWidgetTest, AnotherClasssColourIsPainted) {
+  ErrorPictureWidget picture(1043, nullptr, "Esc", nullptr);
+  picture.resize(30, 30);
+  Activate(picture);
+  const PaintCounter paints(picture);
+  picture.SetBack(0x648064);
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
 }
 
 TEST_F(ErrorTextWidgetTest, IsReadAloudAndTold) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "controls/qt/paint_counter.h"
 #include "error_stage.h"
 #include "support/event_wait.h"
 
@@ -190,7 +191,10 @@ TEST_F(ErrorStage, TheBoxesFlash) {
   Open();
   Push(RecordBuilder());
   EXPECT_EQ(BackOf(error_id::kTitleBox), 0xFFFFFFu);
+  const PaintCounter paints(*Control(error_id::kTitleBox));
   timers.Advance(500);
+  Settle();
+  EXPECT_EQ(paints.Count(), 1);
   EXPECT_EQ(BackOf(error_id::kTitleBox), 0x0000A0u);
   EXPECT_EQ(Control(error_id::kTitleBox)->property("pnlFore").toUInt(), 0xFFFFFFu);
 }
@@ -284,6 +288,25 @@ TEST_F(ErrorStage, TheHelpKeyIsAnsweredByWhetherThereIsHelp) {
   EXPECT_EQ(WindowStage::Send(PNL_MSG_HELP_KEY, 0), 0) << "no error";
   Push(RecordBuilder());
   EXPECT_EQ(WindowStage::Send(PNL_MSG_HELP_KEY, 0), 1);
+}
+
+TEST_F(ErrorStage, OnlyTheHelpKeyHasAnAnswer) {
+  Open();
+  Push(RecordBuilder());
+  const std::uint32_t helpEnded = RegisterMessage("ZM_END_ERRORHELP");
+  for (const std::uint32_t number :
+       {std::uint32_t{PNL_MSG_VARIABLE_REPORT}, std::uint32_t{PNL_MSG_TOOL_NOTIFY}, helpEnded, helpEnded + 1000}) {
+    EXPECT_EQ(WindowStage::Send(number, 0), 0) << number;
+  }
+}
+
+TEST_F(ErrorStage, TheHostSeesThePlaceOfTheShownErrorInTheQueue) {
+  Open();
+  for (const int number : {1000, 1001, 1002}) Push(RecordBuilder().Number(number));
+  EXPECT_EQ(tool->property(property::kErrorPlace).toInt(), 0);
+  Key(Qt::Key_Right);
+  Key(Qt::Key_Right);
+  EXPECT_EQ(tool->property(property::kErrorPlace).toInt(), 2);
 }
 
 TEST_F(ErrorStage, TheKernelsTextIsNeverReadAsRichText) {

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QtGui/QPainter>
+#include <functional>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "support/widget_probe.h"
 #include "window/qt/qt_text.h"
 
@@ -190,8 +192,29 @@ TEST_F(RaisedText, ARedrawPaintsAtOnce) {
   box.SetWindowTextW(QStringLiteral("now"), true);
   EXPECT_EQ(watch.paints, 3);
   box.SetTextColor(0x0000FF, false);
+  box.SetBkgndColor(0x00FF00, false);
+  box.SetWindowTextW(QStringLiteral("later"), false);
   EXPECT_EQ(watch.paints, 3);
   box.removeEventFilter(&watch);
+}
+
+TEST_F(RaisedText, AnotherLookOrFontIsPaintedSoon) {
+  Activate(box);
+  const auto paintsAfter = [this](const std::function<void()>& change) {
+    const PaintCounter paints(box);
+    change();
+    EXPECT_EQ(paints.Count(), 0) << "at once";
+    Settle();
+    return paints.Count();
+  };
+  EXPECT_EQ(paintsAfter([] {}), 0);
+  EXPECT_EQ(paintsAfter([this] { box.Use3D(false); }), 1);
+  EXPECT_EQ(paintsAfter([this] { box.SetFont(QStringLiteral("Arial"), 30, QFont()); }), 1);
+}
+
+TEST_F(RaisedText, IsReadAloud) {
+  box.SetWindowTextW(QStringLiteral("ERROR <b>1000</b>"), false);
+  EXPECT_EQ(box.accessibleName(), "ERROR <b>1000</b>");
 }
 
 TEST_F(RaisedText, SurvivesAnySize) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "explorer/qt/xplr_window_stage.h"
 #include "host/pack_files.h"
 #include "window/qt/qt_text.h"
@@ -176,6 +177,59 @@ TEST_F(XplrDialogPartTest, NoShortcutOfThePanelTakesItsKeys) {
   }
 }
 
+TEST_F(XplrDialogPartTest, ComesBeforeWhateverIsInTheFrameAlready) {
+  ZCFind find("Seek", 16, frame);
+  QWidget cover(frame);
+  cover.resize(frame->size());
+  cover.show();
+  find.Open({});
+  EXPECT_EQ(frame->childAt(find.geometry().topLeft()), &find);
+}
+
+TEST_F(XplrDialogPartTest, NothingUnderItIsPaintedWithIt) {
+  Open<ZCFind>();
+  Settle();
+  const PaintCounter paints(*frame);
+  dialog->update();
+  Settle();
+  EXPECT_EQ(paints.Count(), 0);
+}
+
+TEST_F(XplrDialogPartTest, NoMessageReachesItAfterItsEnd) {
+  QtWindowSystem windows(WindowRegistry::Instance());
+  int messages = 0;
+  Open<ZCFind>()->SetMessageHandler([&](const Message&) { return ++messages; });
+  const WindowHandle handle = dialog->Handle();
+  EXPECT_EQ(windows.Send(handle, {1, 0, 0}), 1);
+  dialog->Close();
+  EXPECT_EQ(windows.Send(handle, {1, 0, 0}), 0);
+  EXPECT_EQ(messages, 1);
+}
+
+TEST_F(XplrDialogPartTest, NoKeySearchesAfterItsEnd) {
+  int searched = 0;
+  QObject::connect(Open<ZCFind>(), &ZCFind::SearchKey, frame, [&] { ++searched; });
+  PressKey(edit, Qt::Key_Escape);
+  PressKey(edit, Qt::Key_Down);
+  PressKey(edit, Qt::Key_B, "b");
+  EXPECT_EQ(searched, 0);
+  EXPECT_EQ(typed, 0);
+}
+
+TEST_F(XplrDialogPartTest, ItsLineHearsThatItHasLostTheFocus) {
+  Open<ZCFind>();
+  int left = 0;
+  QObject::connect(edit, &QLineEdit::editingFinished, frame, [&] { ++left; });
+  other->setFocus();
+  EXPECT_EQ(left, 1);
+}
+
+TEST_F(XplrDialogPartTest, AFontThatCannotBeMadeLeavesTheOrdinaryOne) {
+  Open<ZCFind>(4001);
+  EXPECT_EQ(edit->font(), frame->font());
+  EXPECT_EQ(dialog->findChild<QLabel*>()->font(), frame->font());
+}
+
 TEST_F(XplrDialogPartTest, EnterTakesThePathAndEscapeNone) {
   for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
     closing = 0;
@@ -267,95 +321,26 @@ TEST_F(XplrDialogsTest, ADoubleClickWhileASearchIsOpenGivesTheDialogTheKeys) {
   EXPECT_FALSE(explorer.isNull()) << "nothing is accepted";
 }
 
-// ---------------------------------------------------------------- the rest of the window
+TEST_F(XplrDialogsTest, EachGivesTheLanguageLibraryBack) {
+  Open();
+  for (const int dialog : {xplr_command::kFind, xplr_command::kFindFolder}) {
+    Command(dialog);
+    ASSERT_EQ(explorer->findChildren<XplrDialog*>().size(), 1) << dialog;
+    EXPECT_EQ(language.CountModules(), 0u) << dialog;
+    PressKeyAndIdle(Qt::Key_Escape);
+  }
+}
 
-TEST_F(XplrWindowTest, ADoubleClickOnAFileAcceptsIt) {
+TEST_F(XplrDialogsTest, ADialogThatWasDeletedTakesNoFocus) {
   Open();
   PressRow(1);
-  PressRow(1, QEvent::MouseButtonRelease);
-  PressRow(1, QEvent::MouseButtonDblClick);
-  EXPECT_TRUE(FieldText(request.File) == u"B.TXT");
-  EXPECT_THAT(TakeHostCalls(), testing::IsSupersetOf({"HostToolClosed(5,1)", "HostExplorerAccepted"}));
-  EXPECT_TRUE(explorer.isNull());
-}
-
-TEST_F(XplrWindowTest, TheNameFieldChangesItsColoursWithTheFocus) {
-  Open();
-  EXPECT_EQ(Back(Name()), 10595253u);
-  EXPECT_EQ(Fore(Name()), 0u);
-  Name()->setFocus();
-  EXPECT_EQ(Back(Name()), 660510u);
-  EXPECT_EQ(Fore(Name()), 0xffffffu);
+  Command(xplr_command::kFind);
+  delete explorer->findChild<ZCFind*>();
   List()->setFocus();
-  EXPECT_EQ(Back(Name()), 10595253u);
-}
-
-TEST_F(XplrWindowTest, TheHeadingsHaveTheirColoursAndSides) {
-  Open();
-  auto* caption = qobject_cast<ZWCStatic*>(Control(xplr_control::kCaption));
-  EXPECT_EQ(caption->FrameColor(), 12569043u);
-  EXPECT_EQ(caption->BackColor(), 8621463u);
-  EXPECT_EQ(caption->TextColor(), 0xffffffu);
-  EXPECT_EQ(caption->Format(), 0x8864u);
-  auto* label = qobject_cast<ZWCStatic*>(Control(xplr_control::kLabel));
-  EXPECT_EQ(label->FrameColor(), 12569043u);
-  EXPECT_EQ(label->BackColor(), 8621463u);
-  EXPECT_EQ(label->TextColor(), 0u);
-  EXPECT_EQ(label->Format(), 0x8864u);
-  EXPECT_EQ(qobject_cast<ZWCStatic*>(Control(xplr_control::kFilter))->Format(), 0x8866u);
-  EXPECT_EQ(qobject_cast<ZWCStatic*>(Control(xplr_control::kFolder))->Format(), 0x8864u);
-  EXPECT_EQ(TextOf(xplr_control::kFilter), "*");
-  for (int column = 0; column < 3; ++column) {
-    EXPECT_EQ(List()->model()->headerData(column, Qt::Horizontal).toString().toStdString(),
-              ToUtf8(language.LoadToolText(13 + column)));
-  }
-  // A gap between label and name shows the frame.
-  EXPECT_EQ(ColorAt(Paint(*explorer), 100, 590), 4608090u);
-}
-
-TEST_F(XplrWindowTest, ThePinTakesTheFilterAwayToo) {
-  Open();
-  for (const bool shown : {false, true}) {
-    Send(PNL_MSG_COMMAND, xplr_command::kTogglePin);
-    Idle();
-    EXPECT_EQ(Control(xplr_control::kFilter)->isVisible(), shown);
-    EXPECT_EQ(Tree()->isVisible(), shown);
-    EXPECT_EQ(Tree()->isEnabled(), shown) << "Tab passes a tree that isn't shown";
-  }
-}
-
-TEST_F(XplrWindowTest, EnterAndEscapeComeBeforeTheShortcutsOfThePanel) {
-  Open();
-  for (QWidget* control :
-       {static_cast<QWidget*>(List()), static_cast<QWidget*>(Tree()), static_cast<QWidget*>(Name())}) {
-    for (const auto& [key, taken] :
-         {std::pair(Qt::Key_Return, true), {Qt::Key_Enter, true}, {Qt::Key_Escape, true}, {Qt::Key_F5, false}}) {
-      QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
-      event.ignore();
-      QApplication::sendEvent(control, &event);
-      EXPECT_EQ(event.isAccepted(), taken) << key;
-    }
-  }
-}
-
-TEST_F(XplrWindowTest, GivingTheFocusBackMovesOnByATab) {
-  Open();
-  Name()->setFocus();
-  QWidget* before = Focus();
-  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_RESTORE_FOCUS);
-  EXPECT_EQ(Focus(), before) << "the key is posted";
+  emit List()->RowDoubleClicked(1);
   Idle();
-  EXPECT_NE(Focus(), before);
-}
-
-TEST_F(XplrWindowTest, ItFillsItsParentWhateverItsSize) {
-  Open();
-  for (const QSize size : {QSize(700, 500), QSize(900, 650)}) {
-    area->resize(size);
-    Idle();
-    EXPECT_EQ(explorer->geometry(), QRect(QPoint(0, 0), size));
-    EXPECT_EQ(List()->parentWidget()->geometry(), QRect(QPoint(0, 0), size)) << "the form";
-  }
+  EXPECT_EQ(Focus(), List());
+  EXPECT_FALSE(explorer.isNull());
 }
 
 }  // namespace

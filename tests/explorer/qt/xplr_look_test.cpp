@@ -22,6 +22,10 @@ constexpr int kIcons = 13;
 /// The colour of an icon of the strip.
 QColor IconColor(int icon) { return {10 + 15 * icon, 200 - 10 * icon, 90}; }
 
+std::uint32_t Bgr(const QColor& color) {
+  return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 std::string Strip() {
   std::string strip = "<svg xmlns='http://www.w3.org/2000/svg' width='208' height='16' viewBox='0 0 208 16'>";
   for (int icon = 0; icon < kIcons; ++icon) {
@@ -113,6 +117,8 @@ TEST_F(XplrTreeLookTest, APlaceThatHasFailedHasARedCrossWithAWhiteEdgeInItsCorne
       EXPECT_EQ(image.pixel(i, 2), IconColor(icon).rgb()) << i;
       EXPECT_EQ(image.pixel(2, i), IconColor(icon).rgb()) << i;
     }
+    EXPECT_LT(Count(image, Bgr(IconColor(icon))) + Count(image, 0xffffff) + Count(image, 0x0000D0), 16 * 16)
+        << "smooth edges";
     EXPECT_NE(image.pixel(8, 8), IconColor(icon).rgb());
     EXPECT_NE(image.pixel(14, 14), IconColor(icon).rgb());
     EXPECT_NE(image.pixel(14, 8), IconColor(icon).rgb());
@@ -182,6 +188,26 @@ TEST_F(XplrTreeLookTest, WhatTheLogicDoesIsNotReportedAndWhatTheOperatorDoesIs) 
   EXPECT_EQ(selected, (std::vector<std::pair<NodeId, bool>>{{second, false}})) << "after a key, too";
 }
 
+TEST_F(XplrTreeLookTest, ANodeThatHasGoneWithItsChildrenIsNoneAnyMore) {
+  Add();
+  Add();
+  const NodeId above = nodes.Children(kNoNode)[0];
+  const NodeId child = nodes.Add(above, node);
+  tree->AddNodes(nodes, above, 0, 1);
+  ASSERT_EQ(tree->topLevelItem(0)->childCount(), 1);
+  tree->RemoveNode(above);
+  for (const NodeId gone : {child, above}) {
+    tree->RemoveNode(gone);
+    tree->OpenNode(gone);
+    tree->UpdateNode(nodes, gone);
+    tree->SelectNode(gone);
+    EXPECT_EQ(tree->SelectedNode(), nullptr);
+  }
+  ASSERT_EQ(tree->topLevelItemCount(), 1);
+  tree->SelectNode(nodes.Children(kNoNode)[1]);
+  EXPECT_EQ(tree->SelectedNode(), tree->topLevelItem(0));
+}
+
 // ---------------------------------------------------------------- the list
 
 class XplrListLookTest : public testing::Test {
@@ -212,9 +238,6 @@ class XplrListLookTest : public testing::Test {
       }
     }
     return around;
-  }
-  static std::uint32_t Bgr(const QColor& color) {
-    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
   }
 
   QWidget window;

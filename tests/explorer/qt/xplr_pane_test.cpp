@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/fonts.h"
+#include "controls/qt/paint_counter.h"
 #include "explorer/qt/xplr_path_heading.h"
 #include "explorer/qt/xplr_preview_pane.h"
 #include "support/memory_files.h"
@@ -93,6 +94,8 @@ TEST(XplrComingSignTest, IsThreeDotsInTheMiddleOfAPaleStripBelowTheRows) {
   for (int y = 1; y < 24; ++y) {
     for (int x = 0; x < 200; ++x) ASSERT_GE(image.pixelColor(x, y).red(), 0x30) << "no outline at " << x << " " << y;
   }
+  const auto plain = Count(image, 4608090) + Count(image, 0x303030) + Count(image, ColorAt(image, 20, 12));
+  EXPECT_LT(plain, 200 * 24) << "the dots have smooth edges";
   const QColor back = image.pixelColor(20, 12);
   EXPECT_NEAR(back.red(), 215, 3) << "the ground is seen a little";
   EXPECT_NEAR(back.green(), 170, 3);
@@ -143,8 +146,17 @@ TEST_F(XplrPathHeadingTest, ThePiecesThatLeadSomewhereAreUnderlined) {
   EXPECT_TRUE(columns.contains(LeftOf(2) - 1));
   EXPECT_TRUE(columns.contains(LeftOf(3)));
   EXPECT_FALSE(columns.contains((LeftOf(2) + LeftOf(3)) / 2)) << "nor a backslash";
+  EXPECT_NEAR(leads.pixelColor(LeftOf(0), changed.top()).red(), 128, 3) << "half as strong as the letters";
   heading.SetLeads(false);
   EXPECT_EQ(Paint(heading), plain);
+}
+
+TEST_F(XplrPathHeadingTest, ItIsPaintedAnewWhenItLeadsSomewhere) {
+  Activate(heading);
+  const PaintCounter paints(heading);
+  heading.SetLeads(true);
+  Settle();
+  EXPECT_GT(paints.Count(), 0);
 }
 
 TEST_F(XplrPathHeadingTest, APressTellsTheCharacterUnderTheFinger) {

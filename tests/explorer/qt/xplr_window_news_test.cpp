@@ -99,6 +99,7 @@ TEST_F(XplrWindowTest, ThePreviewIsBesideTheListFrom1200PixelsOn) {
   EXPECT_EQ(List()->geometry(), QRect(300, 69, 900, 502)) << "the list has its place";
   EXPECT_EQ(List()->viewport()->geometry().right(), List()->Preview()->geometry().right());
   EXPECT_EQ(List()->viewport()->x() + List()->header()->length(), List()->Preview()->geometry().left());
+  EXPECT_NEAR(List()->Preview()->width(), XplrPreviewPane::WidthIn(List()->viewport()->width()), 19);
   PressRow(0);
   EXPECT_EQ(List()->Preview()->Lines(), QStringList()) << "a folder has none";
   area->resize(1199, 600);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The modal picker, and the ends of the viewer's window in the middle of an operation.
 #include "help/qt/manual_list_dialog.h"
+
+#include <algorithm>
+
 #include "help_stage.h"
 #include "support/deleting_host.h"
 
@@ -22,6 +25,17 @@ class HelpPicker : public HelpStage {
     if (dialog) dialog->Cancel();
     Settle();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  }
+  /// The texts of its labels from top to bottom. A long one is broken into lines.
+  static std::vector<std::string> CaptionsOf(ZCListManuals& dialog) {
+    QList<QLabel*> labels = dialog.findChildren<QLabel*>();
+    std::sort(labels.begin(), labels.end(), [](const QLabel* a, const QLabel* b) { return a->y() < b->y(); });
+    std::vector<std::string> texts;
+    for (const QLabel* label : labels) {
+      texts.push_back(label->text().toStdString());
+      EXPECT_TRUE(label->wordWrap()) << texts.back();
+    }
+    return texts;
   }
   static ListBox* ListIn(ZCListManuals& dialog, int id) { return static_cast<ListBox*>(FindControl(&dialog, id)); }
   static void DoubleClick(ListBox* list, int row) {
@@ -47,6 +61,7 @@ TEST_F(HelpPicker, ItListsTheManualsAndTheLastPages) {
     EXPECT_EQ(manuals->Selection(), -1);
     EXPECT_EQ(ListIn(dialog, help_id::kRecent)->Item(0), u"Command line - Operating");
     EXPECT_EQ(FindControl(&dialog, help_id::kPickerNote), nullptr);
+    EXPECT_THAT(CaptionsOf(dialog), ElementsAre("Manuals", "Last pages read"));
   });
 }
 
@@ -157,6 +172,7 @@ TEST_F(HelpPicker, WithoutAListItSaysWhy) {
     EXPECT_EQ(note->property("pnlText").toString(), "There is no list of manuals: Cnc7340.helps (1).");
     EXPECT_GT(note->y(), ListIn(dialog, help_id::kManuals)->geometry().bottom());
     EXPECT_LT(note->geometry().bottom(), ListIn(dialog, help_id::kRecent)->y());
+    EXPECT_EQ(CaptionsOf(dialog)[1], "There is no list of manuals: Cnc7340.helps (1).");
   });
 }
 
@@ -168,6 +184,69 @@ TEST_F(HelpPicker, ItLiesInsideAWindowThatIsSmallerThanIt) {
     const QRect around(tool->mapToGlobal(QPoint(0, 0)), tool->size());
     EXPECT_TRUE(around.contains(dialog.geometry())) << dialog.width() << "x" << dialog.height();
   });
+}
+
+TEST_F(HelpPicker, ItTakesTheRoomOfASmallWindowButForAnEdge) {
+  Make();
+  area->resize(400, 360);
+  OpenAt();
+  Pick([](ZCListManuals& dialog) { EXPECT_EQ(dialog.size(), QSize(400 - 2 * 8, 360 - 2 * 8)); });
+}
+
+TEST_F(HelpPicker, TheManualsHaveTheKeysFromTheStart) {
+  Make();
+  const HelpScale scale(context.cnc.Util());
+  const ZCListManuals dialog(language, scale, {0, {}, {u"oper.chm"}, {}}, area);
+  EXPECT_EQ(dialog.focusWidget(), FindControl(&dialog, help_id::kManuals));
+}
+
+TEST_F(HelpPicker, ItsKeysAreAsWideAsTheirWordsAndAtTheRight) {
+  Make();
+  OpenAt();
+  Pick([](ZCListManuals& dialog) {
+    const QWidget* ok = FindControl(&dialog, help_id::kPickerOk);
+    const QWidget* cancel = FindControl(&dialog, help_id::kPickerCancel);
+    for (const QWidget* key : {ok, cancel}) {
+      EXPECT_EQ(key->width(), std::max(key->minimumWidth(), key->sizeHint().width())) << ControlId(key);
+    }
+    EXPECT_EQ(cancel->geometry().right(), ListIn(dialog, help_id::kManuals)->geometry().right());
+    EXPECT_LT(ok->geometry().right(), cancel->x());
+  });
+}
+
+TEST_F(HelpPicker, OnceLeftItChoosesNothingMoreAndGoes) {
+  Make();
+  OpenAt();
+  world.asked.clear();
+  Menu(2004);
+  const QPointer<ZCListManuals> dialog = qobject_cast<ZCListManuals*>(QApplication::activeModalWidget());
+  ASSERT_NE(dialog, nullptr);
+  ListIn(*dialog, help_id::kManuals)->Select(1);
+  Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_HIDE);
+  ASSERT_NE(dialog, nullptr) << "it may be in the middle of an event";
+  PressKey(dialog, Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(world.asked, "");
+  EXPECT_EQ(dialog, nullptr);
+}
+
+TEST_F(HelpPicker, TheEnterThatLeavesItIsNotItsListsEnter) {
+  Make();
+  OpenAt();
+  int activated = 0;
+  Pick([&activated](ZCListManuals& dialog) {
+    ListBox* const manuals = ListIn(dialog, help_id::kManuals);
+    manuals->Select(1);
+    QObject::connect(manuals, &QAbstractItemView::activated, [&activated] { ++activated; });
+    PressKey(manuals, Qt::Key_Return);
+  });
+  EXPECT_EQ(activated, 0);
+}
+
+TEST_F(HelpPicker, ClosingItLeavesItToItsOwner) {
+  Make();
+  OpenAt();
+  Pick([](ZCListManuals& dialog) { EXPECT_FALSE(dialog.close()); });
 }
 
 TEST_F(HelpPicker, TheWindowMayGoWhileItIsOpen) {

@@ -6,18 +6,27 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QXmlStreamReader>
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
 
 #include "common/shortcuts.h"
 #include "common/words.h"
 #include "support/text_catcher.h"
+#include "ui/editor_bars.h"
+#include "ui/error_indicator.h"
+#include "ui/first_start.h"
 #include "ui/operator_keys.h"
 #include "ui/panel_key.h"
 #include "ui/panel_layout.h"
 #include "ui/panel_menu.h"
+#include "ui/password_box.h"
+#include "ui/program_editor.h"
+#include "ui/reserved_row.h"
 #include "ui/soft_key_bar.h"
 #include "ui/theme.h"
+#include "ui/touch_keyboard.h"
 
 namespace panel {
 namespace {
@@ -250,6 +259,50 @@ TEST_P(CaptionsAtTest, EveryKeyOfThePanelIsReadWhole) {
       bar.NextPage();
     }
   }
+}
+
+/// A part of the panel with words, and what it says.
+struct Speaker {
+  const char* name;
+  std::function<QWidget*()> make;
+};
+
+QStringList SaidBy(const QWidget& part) {
+  QStringList said{part.accessibleName(), part.toolTip()};
+  for (const QWidget* child : part.findChildren<QWidget*>()) said << child->accessibleName() << child->toolTip();
+  return said;
+}
+
+const Speaker kSpeakers[] = {
+    {"main bar", [] { return new SoftKeyBar(Qt::Horizontal, kMainKeys, &MainKey, nullptr); }},
+    {"side bar", [] { return new SoftKeyBar(Qt::Vertical, kSideKeys, &SideKey, nullptr); }},
+    {"operator keys", [] { return new OperatorKeys(nullptr); }},
+    {"row", [] { return new ReservedRow(nullptr); }},
+    {"password", [] { return new PasswordBox(nullptr); }},
+    {"first start", [] { return new FirstStart(nullptr); }},
+    {"line bar", [] { return new LineBar(nullptr); }},
+    {"opening bar", [] { return new OpeningBar(nullptr); }},
+    {"touch keyboard", [] { return new TouchKeyboard(nullptr); }},
+    {"indicator", [] { return new ErrorIndicator(nullptr); }},
+    {"editor", [] { return new ProgramEditor(nullptr); }},
+};
+
+TEST(SpeakersTest, EachPartChangesItsWordsWithTheLanguageAndWithNothingElse) {
+  for (const Speaker& speaker : kSpeakers) {
+    UseWords("en");
+    const std::unique_ptr<QWidget> part(speaker.make());
+    const QStringList english = SaidBy(*part);
+    UseWords("es");
+    QEvent font(QEvent::FontChange);
+    QCoreApplication::sendEvent(part.get(), &font);
+    EXPECT_EQ(SaidBy(*part), english) << speaker.name;
+    QEvent language(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(part.get(), &language);
+    EXPECT_NE(SaidBy(*part), english) << speaker.name;
+    const std::unique_ptr<QWidget> fresh(speaker.make());
+    EXPECT_EQ(SaidBy(*part), SaidBy(*fresh)) << speaker.name;
+  }
+  UseWords("en");
 }
 
 }  // namespace

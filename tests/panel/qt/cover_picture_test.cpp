@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QScroller>
 #include <QStandardItemModel>
 #include <QStyleOptionViewItem>
 #include <QTextBlock>
@@ -15,6 +16,7 @@
 #include "panel/qt/picture.h"
 #include "panel/qt/repaint.h"
 #include "support/widget_probe.h"
+#include "ui/editor_bars.h"
 #include "ui/error_list.h"
 #include "ui/panel_key.h"
 #include "ui/password_box.h"
@@ -31,6 +33,14 @@ using theme::Font;
 /// Whether the widget took the key.
 bool Press(QWidget& widget, int key) {
   QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+  QCoreApplication::sendEvent(&widget, &event);
+  return event.isAccepted();
+}
+
+/// The same for a key that somebody before it has refused.
+bool PressIgnored(QWidget& widget, int key) {
+  QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+  event.ignore();
   QCoreApplication::sendEvent(&widget, &event);
   return event.isAccepted();
 }
@@ -132,6 +142,7 @@ TEST_F(CoverPictureTest, TheCarefulAnswerIsInFrontAndTheArrowsMoveOn) {
   expectFocus(Qt::Key_Left, 0);
   expectFocus(Qt::Key_Left, 2);
   expectFocus(Qt::Key_A, 2);
+  EXPECT_TRUE(PressIgnored(question, Qt::Key_A)) << "nothing behind it hears a key";
   EXPECT_TRUE(question.IsOpen());
   question.FocusCareful();
   question.Answer(-1);
@@ -160,9 +171,14 @@ TEST_F(CoverPictureTest, ThePasswordBoxHasItsLineAboveItsKeypad) {
   EXPECT_EQ(box.Edit().font().pixelSize(), 24);
   EXPECT_EQ(box.Edit().echoMode(), QLineEdit::Password);
   for (PanelKey* key : box.Keys()) {
+    EXPECT_EQ(key->Fill() == QColor(theme::kGreen), key == box.Keys()[11]) << "only OK is filled";
+  }
+  for (PanelKey* key : box.Keys()) {
     EXPECT_FALSE(key->accessibleName().isEmpty());
     EXPECT_GE(std::min(key->width(), key->height()), theme::TouchPixels(box));
   }
+  box.SetFontPixels(20);
+  EXPECT_EQ(box.Edit().geometry().topLeft(), QPoint(180, 100)) << "bigger letters have more room at once";
 }
 
 TEST_F(CoverPictureTest, ThePasswordBoxFitsTheRoomThatItHas) {
@@ -287,7 +303,7 @@ TEST_F(CoverPictureTest, ThePasswordBoxAnswersByTouchByKeyboardAndWhenItIsLeft) 
   EXPECT_FALSE(AnswerTo(box, [&box] { box.Keys()[12]->click(); }));
   EXPECT_FALSE(AnswerTo(box, [&box] { EXPECT_TRUE(Press(box, Qt::Key_Escape)); }));
   EXPECT_FALSE(AnswerTo(box, [&box] {
-    EXPECT_TRUE(Press(box, Qt::Key_F9)) << "no key reaches what is under it";
+    EXPECT_TRUE(PressIgnored(box, Qt::Key_F9)) << "no key reaches what is under it";
     box.Leave();
   }));
 }
@@ -330,6 +346,23 @@ TEST_F(CoverPictureTest, ARowOfTheErrorListHasTimeNameTextAndWhatBecameOfIt) {
   }
 }
 
+TEST_F(CoverPictureTest, ALongErrorGetsSmallerLettersBeforeItIsCut) {
+  QStandardItemModel model(1, 1);
+  const QModelIndex index = model.index(0, 0);
+  model.setData(index, QString(200, 'W'), Qt::DisplayRole);
+  model.setData(index, QString(200, 'M'), ErrorListModel::kDetailsRole);
+  for (const auto& [pixels, least] : {std::pair(20, 12), std::pair(13, 11), std::pair(10, 9)}) {
+    ErrorRowDelegate delegate;
+    delegate.SetSizes(pixels, 60);
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 700, 60);
+    const auto drawn = pnl::test::Drawn([&](QPainter& painter) { delegate.paint(&painter, option, index); });
+    const std::string size = " " + std::to_string(least) + " px";
+    EXPECT_THAT(drawn, ::testing::Contains(::testing::AllOf(::testing::HasSubstr("WWW"), ::testing::HasSubstr(size))));
+    EXPECT_THAT(drawn, ::testing::Contains(::testing::AllOf(::testing::HasSubstr("MMM"), ::testing::HasSubstr(size))));
+  }
+}
+
 class ErrorListTest : public CoverPictureTest {
  protected:
   ErrorListTest() : desk_(session_, nullptr), cover_(desk_, &window_) { Show(cover_); }
@@ -362,6 +395,9 @@ TEST_F(ErrorListTest, TheListStandsAboveTheDetailsAndTheKey) {
   cover_.resize(500, 100);
   QCoreApplication::processEvents();
   EXPECT_EQ(cover_.List().height(), 0) << "no less than nothing";
+  cover_.resize(800, 1000);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(details->geometry(), QRect(10, 740, 445, 250)) << "a high panel has room for a quarter of details";
 }
 
 TEST_F(ErrorListTest, AnEmptyListSaysSoAndItsKeysLeadAway) {
@@ -383,6 +419,7 @@ TEST_F(ErrorListTest, AnEmptyListSaysSoAndItsKeysLeadAway) {
   cover_.Open();
   Press(cover_.List(), Qt::Key_Down);
   EXPECT_TRUE(Press(cover_, Qt::Key_A)) << "nothing behind it hears a key";
+  EXPECT_TRUE(PressIgnored(cover_, Qt::Key_A)) << "whatever became of it before";
   EXPECT_TRUE(cover_.IsOpen());
   Press(cover_, Qt::Key_Escape);
   EXPECT_FALSE(cover_.IsOpen());
@@ -404,6 +441,9 @@ TEST_F(ErrorListTest, ItIsMadeForAFingerAndForTab) {
   EXPECT_EQ(cover_.List().verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_EQ(cover_.List().frameShape(), QFrame::NoFrame);
   const auto* details = cover_.findChild<QPlainTextEdit*>();
+  for (QWidget* pulled : {cover_.List().viewport(), details->viewport()}) {
+    EXPECT_TRUE(QScroller::hasScroller(pulled)) << "a finger pulls it";
+  }
   EXPECT_TRUE(details->isReadOnly());
   EXPECT_EQ(details->focusPolicy(), Qt::NoFocus);
   EXPECT_EQ(details->frameShape(), QFrame::NoFrame);
@@ -475,6 +515,33 @@ TEST_F(EditorPictureTest, TheHeadTellsHowMuchOfABigProgramIsThere) {
   EXPECT_NEAR(static_cast<double>(there) * 100 / static_cast<double>(text.size()), percent, 1);
   ExpectHead(Say(Word::kOpening, "BIG"), right, false);
   editor_.SetProgram("", "");
+}
+
+TEST_F(EditorPictureTest, TheBarOfAnOpeningIsFilledAsFarAsItIsThere) {
+  OpeningBar bar(nullptr);
+  bar.SetFontPixels(16);
+  bar.resize(400, bar.Height());
+  bar.show();
+  QCoreApplication::processEvents();
+  const int row = bar.Height() - 8;
+  const int beside = 400 - (bar.CancelKey()->x() - 8);
+  // In the second one a hundredth is a single pixel.
+  for (const auto& [wide, percent] :
+       {std::pair(400 - beside, 0), std::pair(152, 1), std::pair(400 - beside, 50), std::pair(400 - beside, 100)}) {
+    bar.resize(wide + beside, bar.Height());
+    QCoreApplication::processEvents();
+    bar.Show(percent);
+    const int width = wide;
+    const int part = percent;
+    EXPECT_EQ(StrokesOf(bar), Pictured([&](Picture& picture) {
+                picture.Fill({0, 0, width + beside, row + 8}, theme::kBackground)
+                    .Field({4, 4, width, row}, theme::kRaised, theme::kBorder, 4);
+                const int done = (width - 2) * part / 100;
+                if (done > 0) picture.Field({5, 5, done, row - 2}, theme::kSteel, theme::kSteel, 3);
+                picture.Middle({12, 4, width - 16, row}, QString("%1 %").arg(part), Font(16, true), theme::kText);
+              }))
+        << percent;
+  }
 }
 
 TEST_F(EditorPictureTest, TheTextHasTheRoomBelowTheHead) {

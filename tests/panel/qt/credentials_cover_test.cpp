@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <cmath>
 
 #include "common/words.h"
 #include "panel/qt/picture.h"
@@ -259,6 +260,12 @@ TEST_F(CredentialsCoverTest, TheKeysStandBelowTheFieldsAndThoseBesideTheirNames)
   }
 }
 
+TEST_F(CredentialsCoverTest, OtherLettersHaveTheirRoomAtOnce) {
+  cover_.Ask(7, "OFFICE", false);
+  cover_.SetFontPixels(20);
+  EXPECT_EQ(cover_.Edit(CredentialsCover::kUser).geometry(), QRect(220, 120, 540, 50));
+}
+
 TEST_F(CredentialsCoverTest, TheServerStandsAboveTheProblemAndEachNameBesideItsField) {
   cover_.SetFontPixels(16);
   cover_.Ask(7, "OFFICE", true);
@@ -281,6 +288,17 @@ TEST_F(CredentialsCoverTest, TheServerStandsAboveTheProblemAndEachNameBesideItsF
   cover_.Leave();
   cover_.Ask(8, "OFFICE", false);
   EXPECT_EQ(pnl::test::StrokesOf(cover_), expected(""));
+}
+
+TEST_F(CredentialsCoverTest, TheServersNameHasAllTheWidthOfTheFields) {
+  cover_.SetFontPixels(16);
+  cover_.Ask(7, "OFFICE", false);
+  const qreal width = QFontMetricsF(theme::Font(18, true)).horizontalAdvance(cover_.Title());
+  const int box = static_cast<int>(std::ceil(width)) + 1;
+  ASSERT_LT(box, 16 * 36);
+  cover_.resize(box + 20, 600);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(pnl::test::TextsOf(cover_).contains(cover_.Title()));
 }
 
 TEST_F(CredentialsCoverTest, ItLiesOverEverythingAndHearsEveryKey) {

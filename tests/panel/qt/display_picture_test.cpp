@@ -575,6 +575,8 @@ TEST_F(PictureTest, EveryChangeShowsAtOnceAndNothingElseIsDrawnAnew) {
   EXPECT_FALSE(ofAxes.After(show(2, true, true)));
   EXPECT_TRUE(ofAxes.After([&] { axes.SetFontPixels(18); }));
   EXPECT_TRUE(ofAxes.After([&] { axes.ShowMachinePositions(true); }));
+  EXPECT_TRUE(ofAxes.After([&] { axes.SetFrame("G55"); }));
+  EXPECT_FALSE(ofAxes.After([&] { axes.SetFrame("G55"); }));
   EXPECT_TRUE(ofZone.After([&] { zone.Show({{"a", Qt::red, Qt::white}}); }));
   EXPECT_FALSE(ofZone.After([&] { zone.Show({{"a", Qt::red, Qt::white}}); }));
   EXPECT_TRUE(ofZone.After([&] { zone.SetFontPixels(18); }));

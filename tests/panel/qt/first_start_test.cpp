@@ -287,6 +287,28 @@ TEST_F(FirstStartTest, ABarThatIsHeldIsLetGoWithItsPage) {
   EXPECT_EQ(cover_.Bar(), bar);
 }
 
+TEST_F(FirstStartTest, ABarThatIsHeldIsLetGoWithTheAnswer) {
+  cover_.Ask(Page::kScreen, false);
+  const QRect bar = cover_.Bar();
+  Mouse(cover_, QEvent::MouseButtonPress, QPoint(bar.right(), bar.center().y()));
+  cover_.KeyOf(FirstStart::kOk)->click();
+  ASSERT_EQ(answers_.size(), 1u);
+  const QString said = cover_.accessibleDescription();
+  Mouse(cover_, QEvent::MouseMove, QPoint(bar.right() + 90, bar.center().y()));
+  EXPECT_EQ(cover_.Bar(), bar);
+  EXPECT_EQ(cover_.accessibleDescription(), said);
+}
+
+TEST_F(FirstStartTest, NoKeyReachesWhatIsUnderIt) {
+  cover_.Ask(Page::kLanguage, false);
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_F9, Qt::NoModifier);
+  // As somebody has left it who didn't want it.
+  key.ignore();
+  QCoreApplication::sendEvent(&cover_, &key);
+  EXPECT_TRUE(key.isAccepted());
+  EXPECT_TRUE(cover_.IsOpen());
+}
+
 TEST_F(FirstStartTest, TheOtherButtonsOfAMouseDoNotPullTheBar) {
   cover_.Ask(Page::kScreen, false);
   const QRect bar = cover_.Bar();

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
+#include <set>
 
 #include "common/words.h"
 #include "panel/qt/picture.h"
@@ -233,6 +234,27 @@ TEST_F(KeyPictureTest, ACaptionOfTwoLinesLosesNoLetter) {
   }
 }
 
+TEST_F(KeyPictureTest, TwoLinesAreAsBigAsAllTheirWordsAllow) {
+  const QString words = "Go to it or go on to the end";
+  key_.SetKeyName("");
+  key_.SetFontPixels(30);
+  key_.setText(words);
+  std::set<int> sizes;
+  const int whole = QFontMetrics(Font(30)).horizontalAdvance(words);
+  for (int width = whole / 3; width < whole * 2 / 3; width += 2) {
+    key_.resize(width, 120);
+    const QRect body(5, 4, width - 10, 112);
+    int pixels = 30;
+    while (pixels > 11 && theme::ParagraphIn(words, Font(pixels), body.size()) != words) --pixels;
+    sizes.insert(pixels);
+    EXPECT_EQ(StrokesOf(key_).back(), Pictured([&](Picture& picture) {
+                                        picture.Paragraph(body, Qt::AlignCenter, words, Font(pixels), theme::kText);
+                                      }).back())
+        << width;
+  }
+  EXPECT_GT(sizes.size(), 3u) << "a wider key has bigger letters";
+}
+
 TEST_F(KeyPictureTest, TheLongestWordDecidesHowBigTwoLinesAre) {
   key_.setText("a WWWWWWWWW of");
   key_.resize(120, 90);
@@ -361,6 +383,8 @@ TEST_F(KeyPictureTest, EveryChangeOfAKeyShowsAtOnce) {
   EXPECT_TRUE(count.After([this] { key_.SetTint(QColor(theme::kRed)); }));
   EXPECT_FALSE(count.After([this] { key_.SetTint(QColor(theme::kRed)); }));
   EXPECT_TRUE(count.After([this] { key_.SetFilled(true); }));
+  EXPECT_TRUE(count.After([this] { key_.SetNote("No block"); }));
+  EXPECT_FALSE(count.After([this] { key_.SetNote("No block"); }));
   EXPECT_TRUE(count.After([this] { key_.SetFontPixels(20); }));
   EXPECT_TRUE(count.After([this] { key_.SetLeadsOn(true); }));
   EXPECT_FALSE(count.After([this] { key_.SetLeadsOn(true); }));
@@ -372,6 +396,28 @@ TEST_F(KeyPictureTest, EveryChangeOfAKeyShowsAtOnce) {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&key_, &leave);
   }));
+}
+
+TEST_F(KeyPictureTest, ANoteIsAtTheLowerEdgeAndTakesNoMoreThanAThird) {
+  const QString note = "Nothing to start";
+  const auto fitting = [&note](int width) { return theme::FittingFont(note, width, 12, 8); };
+  // The narrowest field for letters of 12 pixels.
+  int full = 1;
+  while (fitting(full).pixelSize() < 12) ++full;
+  key_.SetNote(note);
+  for (const int height : {30, 60, 120}) {
+    for (const int width : {full + 6, full, full / 2}) {
+      key_.resize(width, height);
+      const QFont font = fitting(width - 6);
+      const int high = std::min(QFontMetrics(font).height(), height / 3);
+      EXPECT_THAT(StrokesOf(key_),
+                  ::testing::Contains(
+                      Pictured([&](Picture& picture) {
+                        picture.Middle({3, height - 3 - high, width - 6, high}, note, font, QColor(theme::kAmber));
+                      }).at(0)))
+          << width << " x " << height;
+    }
+  }
 }
 
 TEST_F(KeyPictureTest, AKeyIsMadeForTabAndNotForATouch) {
@@ -626,6 +672,26 @@ TEST(OperatorKeysTest, EachKeyHasItsNameItsColourAndItsLamp) {
   keys.SetFontPixels(20);
   EXPECT_THAT(StrokesOf(*keys.Key(Action::kReset)), ::testing::Contains(::testing::HasSubstr("'Reset' at")));
   EXPECT_THAT(StrokesOf(*keys.Key(Action::kReset)), ::testing::Contains(::testing::HasSubstr(" 17 px")));
+}
+
+TEST(OperatorKeysTest, TheStartKeySaysWhyItIsDim) {
+  UseWords("en");
+  OperatorKeys keys(nullptr);
+  PanelKey* key = keys.Key(Action::kCycleStart);
+  const QString tip = key->toolTip();
+  const struct {
+    const char* note;
+    const char* reason;
+  } rows[] = {{"No block", "There is nothing to start"},
+              {"No block", "The door is open"},
+              {"Door", "The door is open"},
+              {"", ""}};
+  for (const auto& row : rows) {
+    keys.ShowStartReason(row.note, row.reason);
+    EXPECT_EQ(key->Note(), row.note);
+    EXPECT_EQ(key->accessibleDescription(), row.reason);
+    EXPECT_EQ(key->toolTip(), *row.reason == 0 ? tip : tip + '\n' + row.reason);
+  }
 }
 
 struct IndicatorRow {

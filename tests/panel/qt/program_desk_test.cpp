@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QTextBlock>
+#include <thread>
 
 #include "common/words.h"
 #include "panel/qt/files_fixture.h"
@@ -379,6 +380,94 @@ TEST_F(DeskTest, WhoDiscardsWhileAProgramIsWrittenIsNotAskedForIt) {
   EXPECT_EQ(folder_.Read("c.nc"), "G1\r\n");
 }
 
+TEST_F(DeskTest, AnErrorsPlaceInTheOpenProgramAsksNothingAndReadsNothingAnew) {
+  Load("PROGRAMS\\a.nc");
+  editor_.Edit().moveCursor(QTextCursor::End);
+  editor_.Insert("(mine)");
+  said_.clear();
+  pnl::rig::ProgramSpot spot;
+  spot.folder = u"C:\\PROGRAMS";
+  spot.file = u"A.NC";
+  spot.position = 0;
+  spot.span = 3;
+  desk_->ShowSpot(spot);
+  EXPECT_FALSE(question_.IsOpen());
+  Rest();
+  EXPECT_EQ(editor_.Edit().textCursor().selectedText(), "X1") << "in the first line, too";
+  EXPECT_EQ(editor_.Text(), "G0 X1\n(mine)");
+  EXPECT_TRUE(said_.isEmpty()) << said_.join('|').toStdString();
+}
+
+TEST_F(DeskTest, APlaceIsNotMarkedInAProgramThatWasShownMeanwhile) {
+  Load("PROGRAMS\\a.nc");
+  pnl::rig::ProgramSpot spot;
+  spot.folder = u"C:\\PROGRAMS";
+  spot.file = u"a.nc";
+  spot.position = 0;
+  spot.span = 3;
+  desk_->ShowSpot(spot);
+  desk_->TakeBack("C:\\PROGRAMS\\b.nc", "M3 M4\n", [] {});
+  ASSERT_EQ(editor_.Text(), "M3 M4\n");
+  Rest();
+  EXPECT_FALSE(editor_.Edit().textCursor().hasSelection());
+  EXPECT_EQ(editor_.Edit().textCursor().position(), 0);
+}
+
+TEST_F(DeskTest, WhatIsTakenBackTakesThePlaceOfAProgramOnItsWayAndHasNoFileYet) {
+  Load("PROGRAMS\\a.nc");
+  ASSERT_TRUE(desk_->CaretSpot());
+  said_.clear();
+  desk_->Load("C:\\PROGRAMS\\a.nc");
+  desk_->TakeBack("C:\\PROGRAMS\\b.nc", "M3\n", [] {});
+  Rest();
+  for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(editor_.Text(), "M3\n");
+  EXPECT_EQ(desk_->Path(), "C:\\PROGRAMS\\b.nc");
+  EXPECT_TRUE(said_.isEmpty()) << said_.join('|').toStdString();
+  editor_.SetSaved();
+  EXPECT_FALSE(desk_->CaretSpot()) << "the control has no such text";
+}
+
+/// A save that was asked for while another one ran, and that an opening refuses, says nothing at its end to whoever
+/// waits for it. The end of the opening does.
+class HeldUpTest : public DeskTest {
+ protected:
+  /// Has somebody wait for a save, and then opens a program.
+  void HoldUp(const char* name) {
+    editor_.Insert("G1");
+    desk_->Store("C:\\one.nc");
+    while (!folder_.Has("one.nc")) std::this_thread::yield();
+    desk_->Store("C:\\two.nc");
+    desk_->AskToDiscard([this] { went_ = true; });
+    desk_->Load(QString("C:\\") + name);
+  }
+  void WriteBig(const char* name, const std::string& end) {
+    std::string text;
+    for (int i = 0; i < 150'000; ++i) text += "N" + std::to_string(i) + " G1 X1 (big)\r\n";
+    folder_.Write(name, text + end);
+  }
+  bool went_ = false;
+};
+
+TEST_F(HeldUpTest, AnOpeningThatIsRefusedLetsThoseWhoWaitGoOn) {
+  WriteBig("bad.nc", std::string(1, '\0'));
+  HoldUp("bad.nc");
+  Rest();
+  EXPECT_TRUE(said_.contains("!Not a program text: C:\\bad.nc")) << said_.join('|').toStdString();
+  EXPECT_TRUE(went_);
+}
+
+TEST_F(HeldUpTest, ANewProgramInPlaceOfTheOneThatIsOpenedLetsThoseWhoWaitGoOn) {
+  WriteBig("big.nc", "");
+  HoldUp("big.nc");
+  ASSERT_TRUE(WaitWhile([this] { return said_.size() < 2; }, kPatience));
+  ASSERT_EQ(said_.last(), "!" + Say(Word::kStillOpening));
+  EXPECT_FALSE(went_);
+  desk_->New();
+  asker_.Accept("C:\\PROGRAMS", "n.nc");
+  EXPECT_TRUE(went_);
+}
+
 TEST_F(DeskTest, TheEndOfThePanelWaitsForAProgramThatIsBeingWritten) {
   editor_.Insert(QString("G1 X1\n").repeated(50'000));
   desk_->Store("C:\\c.nc");
@@ -432,6 +521,20 @@ TEST_F(DeskTest, AChangedProgramHasNoSpotUntilItIsSaved) {
   Rest();
   ASSERT_TRUE(desk_->CaretSpot());
   EXPECT_EQ(desk_->CaretSpot()->position, static_cast<int>(folder_.Read("PROGRAMS/a.nc").find("G0")));
+}
+
+TEST_F(HeldUpTest, ATextThatIsTakenBackLetsThoseWhoWaitGoOn) {
+  WriteBig("big.nc", "");
+  HoldUp("big.nc");
+  ASSERT_TRUE(WaitWhile([this] { return said_.size() < 2; }, kPatience));
+  EXPECT_FALSE(went_);
+  bool shown = false;
+  desk_->TakeBack("C:\\b.nc", "M3\n", [this, &shown] {
+    shown = true;
+    editor_.SetSaved();
+  });
+  EXPECT_TRUE(shown);
+  EXPECT_TRUE(went_);
 }
 
 /// A program of so many lines, each with its number.
@@ -524,6 +627,18 @@ TEST_F(FillTest, AnotherProgramDropsTheOneOnItsWay) {
   EXPECT_EQ(editor_.Name(), "OTHER");
   EXPECT_FALSE(first);
   EXPECT_TRUE(second);
+}
+
+TEST_F(FillTest, AProgramThatBeginsLikeTheOneItDropsIsShownFromItsBeginning) {
+  const QString text = LongProgram(150'000);
+  editor_.Fill(text, "BIG");
+  ASSERT_TRUE(editor_.Filling());
+  editor_.Edit().moveCursor(QTextCursor::End);
+  ASSERT_GT(editor_.Edit().textCursor().position(), 0);
+  editor_.Fill(text + "M30\n", "OTHER");
+  ASSERT_TRUE(Filled());
+  EXPECT_EQ(editor_.Edit().textCursor().position(), 0);
+  EXPECT_EQ(editor_.Edit().blockCount(), 150'002);
 }
 
 TEST_F(FillTest, OnlyTheLinesThatAreSeenAreColoured) {

@@ -219,6 +219,20 @@ TEST_F(OpeningTest, TheBarComesByATimerOfItsOwnAndOnce) {
   ExpectOldAsItWas();
 }
 
+TEST_F(OpeningTest, ABigOneGetsItsBarAtOnceAndASmallOneDoesNot) {
+  const auto timers = [this] { return QAbstractEventDispatcher::instance()->registeredTimers(&editor_).size(); };
+  editor_.BeginOpening("C:\\BIG.NC");
+  editor_.ShowReading(10, false);
+  EXPECT_FALSE(editor_.OpeningShown().isVisible());
+  EXPECT_EQ(timers(), 1);
+  editor_.ShowReading(20, true);
+  EXPECT_TRUE(editor_.OpeningShown().isVisible());
+  EXPECT_EQ(timers(), 0) << "nothing is left to wait for";
+  EXPECT_EQ(editor_.OpeningShown().Percent(), 10) << "reading is half of it";
+  editor_.CancelOpening();
+  ExpectOldAsItWas();
+}
+
 TEST_F(OpeningTest, WhatWaitsForASaveGoesOnAfterAnOpeningThatWasCancelled) {
   bool went = false;
   desk_->Store("C:\\one.nc");

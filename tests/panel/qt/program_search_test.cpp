@@ -200,6 +200,24 @@ TEST_F(SearchTest, AllPlacesAreReplacedInOneStep) {
   EXPECT_EQ(editor_.Text(), "X1 X1\nx1\nY\n");
 }
 
+TEST_F(SearchTest, AMarkStaysInItsLineAndTheTextHasTheKeyboard) {
+  editor_.SetProgram("G0 X10\nX20\n", "P");
+  const struct {
+    int line;
+    int column;
+    int length;
+    const char* marked;
+  } rows[] = {{0, 3, 3, "1:4 X10"}, {0, 3, 99, "1:4 X10"}, {0, 99, 1, "1:7 "}, {0, 3, -1, "1:4 "},
+              {0, -1, 2, "1:1 G0"}, {1, 0, 4, "2:1 X20"},  {99, 0, 1, "3:1 "}, {-1, 0, 2, "1:1 G0"}};
+  for (const auto& row : rows) {
+    editor_.Do(Action::kFind);
+    ASSERT_TRUE(Bar().What().hasFocus());
+    editor_.MarkInLine(row.line, row.column, row.length);
+    EXPECT_EQ(Marked(), row.marked) << row.line << ":" << row.column << " " << row.length;
+    EXPECT_TRUE(editor_.Edit().hasFocus());
+  }
+}
+
 TEST_F(SearchTest, AMarkedWordIsWhatIsLookedFor) {
   editor_.SetProgram("G0 X10\nX10\n", "P");
   editor_.MarkInLine(0, 3, 3);
@@ -318,6 +336,25 @@ TEST_F(SearchTest, WithoutANumberTheBarForALineWaitsForOne) {
   EXPECT_TRUE(said_.isEmpty());
 }
 
+TEST_F(SearchTest, AKeyThatTheEditorDoesNotKnowIsLeftForThePanel) {
+  for (const int key : {static_cast<int>(Qt::Key_F20), static_cast<int>(Qt::Key_Escape)}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&editor_, &press);
+    EXPECT_FALSE(press.isAccepted()) << key;
+  }
+}
+
+TEST_F(SearchTest, AWordThatWasNotFoundIsNotGoneToWhenItComesLater) {
+  editor_.SetProgram("G0\n", "P");
+  Find("X1");
+  ASSERT_EQ(Bar().CountText(), "not found");
+  // So much text is searched from its beginning.
+  QTextCursor(editor_.Edit().document()).insertText(QString("G1 X1\n").repeated(20'000));
+  Rest();
+  EXPECT_EQ(Bar().CountText(), "20000 found");
+  EXPECT_FALSE(editor_.Edit().textCursor().hasSelection()) << "the caret is where the operator types";
+}
+
 TEST_F(SearchTest, InLittleRoomTheGapsAroundABarGoFirst) {
   LineBar bar(nullptr);
   bar.resize(400, bar.Height());
@@ -422,6 +459,29 @@ TEST_F(BigSearchTest, ManyPlacesAreReplacedWhileThePanelHearsItsKeysAndAreOneSte
   editor_.Do(Action::kUndo);
   editor_.Do(Action::kUndo);
   EXPECT_TRUE(editor_.Text() == text_) << "the steps after a new change are single ones again";
+}
+
+TEST_F(BigSearchTest, ThePlaceBeforeTheCaretIsTheOneRightBeforeItAlsoWhenItIsNotKnownYet) {
+  editor_.GoToLine(140'000);
+  editor_.Do(Action::kFind);
+  Bar().What().setText("X1");
+  ASSERT_TRUE(editor_.Working());
+  Bar().PreviousKey()->click();
+  Rest();
+  EXPECT_EQ(Marked(), "139999:12 X1");
+}
+
+TEST_F(BigSearchTest, WhoReplacesEverythingWhileItIsSearchedStaysWhereHeIs) {
+  editor_.GoToLine(140'000);
+  editor_.Do(Action::kReplace);
+  Bar().What().setText("X1");
+  Bar().With().setText("Y22");
+  ASSERT_TRUE(editor_.Working());
+  ASSERT_TRUE(Bar().AllKey()->isEnabled());
+  Bar().AllKey()->click();
+  Rest();
+  EXPECT_EQ(said_, QStringList{Say(Word::kReplaced, "150000")});
+  EXPECT_EQ(Marked(), "140000:1 ");
 }
 
 }  // namespace

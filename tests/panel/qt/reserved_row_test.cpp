@@ -84,6 +84,12 @@ TEST_F(ReservedRowTest, EachKeySaysWhichItIs) {
   for (int i = 0; i < kRowKeys; ++i) EXPECT_EQ(pressed[static_cast<std::size_t>(i)], static_cast<RowKey>(i));
 }
 
+TEST_F(ReservedRowTest, EachKeyHasTheNameThatItHasOnAKeyboard) {
+  QStringList names;
+  for (int i = 0; i < kRowKeys; ++i) names << row.Key(static_cast<RowKey>(i))->KeyName();
+  EXPECT_EQ(names, (QStringList{"Ctrl+L", "Ctrl+K", "Ctrl+F1", "", "", "Ins", "Esc", ""}));
+}
+
 TEST_F(ReservedRowTest, ItsWordsChangeWithTheLanguage) {
   EXPECT_EQ(Captions(),
             (QStringList{"Errors", "Calculator", "Help", "Keyboard", "Español", "Insert", "Close", "Enter"}));

@@ -2,6 +2,7 @@
 // A bar of soft keys made from menu data.
 #include "ui/soft_key_bar.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "common/shortcuts.h"
+#include "support/text_catcher.h"
 #include "ui/panel_key.h"
 #include "ui/theme.h"
 
@@ -126,6 +128,18 @@ TEST_F(SoftKeyBarTest, AnUpdateKeepsTheOpenSubMenuAndADeadOneCloses) {
   EXPECT_EQ(bar_.Key(0)->text(), "Sub");
 }
 
+TEST_F(SoftKeyBarTest, ASubMenuOfTheSameItemsHasItsKeyBackToo) {
+  menus_[7] = Items(8);
+  menus_[7][7].subMenu = 8;
+  menus_[8] = menus_[7];
+  bar_.ShowMenu(7);
+  bar_.NextPage();
+  bar_.Press(0);
+  ASSERT_TRUE(bar_.InSubMenu());
+  EXPECT_EQ(bar_.Key(0)->text(), "0") << "it begins at its first page";
+  EXPECT_TRUE(bar_.BackKey()->isEnabled());
+}
+
 TEST_F(SoftKeyBarTest, MoreItemsThanKeysArePaged) {
   menus_[7] = Items(8);
   bar_.ShowMenu(7);
@@ -195,6 +209,24 @@ TEST_F(SoftKeyBarTest, KeysAreBigEnoughForAFingerAtEverySize) {
     EXPECT_EQ(bar_.MoreKey()->width(), bar_.BackKey()->width());
     EXPECT_GT(bar_.Key(0)->width(), bar_.BackKey()->width());
   }
+}
+
+TEST_F(SoftKeyBarTest, AllItsKeysHaveTheLettersAndTheSizeOfTheScreen) {
+  menus_[7] = Items(8);
+  bar_.ShowMenu(7);
+  bar_.SetFontPixels(13);
+  for (PanelKey* key : {bar_.Key(0), bar_.MoreKey()}) {
+    EXPECT_THAT(pnl::test::StrokesOf(*key), ::testing::Contains(::testing::HasSubstr(" 13 px"))) << key->width();
+  }
+  bar_.BackKey()->setText("1/2");
+  EXPECT_THAT(pnl::test::StrokesOf(*bar_.BackKey()), ::testing::Contains(::testing::HasSubstr(" 13 px")));
+  // Somebody says that the screen is narrower than it was thought to be.
+  theme::SetScreenWidth(100);
+  const int touch = theme::TouchPixels(bar_);
+  ASSERT_GT(touch, bar_.MoreKey()->width());
+  bar_.SetFontPixels(13);
+  EXPECT_EQ(bar_.MoreKey()->width(), touch);
+  theme::SetScreenWidth(0);
 }
 
 TEST(SideBarTest, PagingKeysShowOnlyWhenTheyAreNeeded) {

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QTimerEvent>
+#include <utility>
 
 #include "support/event_wait.h"
 
@@ -13,6 +15,18 @@ namespace {
 
 using test::RunUntil;
 using ::testing::ElementsAre;
+
+/// Keeps the thread busy until that time.
+void StayBusyUntil(const QtTimers& timers, std::int64_t time) {
+  while (timers.Now() < time) {
+  }
+}
+
+/// The event that the kit sends when the timers' source is due.
+void WakeUp(QtTimers& timers) {
+  QTimerEvent event(1);
+  QCoreApplication::sendEvent(&timers, &event);
+}
 
 TEST(QtTimers, TickInOrderOfTheirTime) {
   QtTimers timers;
@@ -64,6 +78,68 @@ TEST(QtTimers, ATimerThatFellBehindTicksOnceAndGoesOnFromThere) {
   ASSERT_TRUE(RunUntil([&] { return ticks.size() >= 3; }));
   // One period lies between the late tick and the next; the missed ones are not made up for.
   EXPECT_GE(ticks[2], ticks[0] + 11 * kPeriod);
+}
+
+// The clock counts whole milliseconds: some of these runs meet the very millisecond in which the timer is due.
+TEST(QtTimers, ATimerTicksInTheMillisecondInWhichItIsDue) {
+  for (int run = 0; run < 20; ++run) {
+    QtTimers timers;
+    int ticks = 0;
+    timers.Start(2, true, [&ticks] { ++ticks; });
+    StayBusyUntil(timers, timers.Now() + 2);
+    WakeUp(timers);
+    EXPECT_EQ(ticks, 1);
+  }
+}
+
+TEST(QtTimers, ATimerThatIsOnePeriodLateTicksOnceInOneWakeUp) {
+  for (int run = 0; run < 20; ++run) {
+    QtTimers timers;
+    int ticks = 0;
+    timers.Start(2, false, [&ticks] { ++ticks; });
+    StayBusyUntil(timers, timers.Now() + 4);
+    WakeUp(timers);
+    EXPECT_EQ(ticks, 1);
+  }
+}
+
+TEST(QtTimers, ATimerThatIsOverdueTicksWithoutAnotherWait) {
+  for (int run = 0; run < 20; ++run) {
+    QtTimers timers;
+    bool ticked = false;
+    timers.Start(1, true, [&ticked] { ticked = true; });
+    StayBusyUntil(timers, timers.Now() + 1);
+    // Another one makes the timers look again at what is due first.
+    timers.Start(100'000, true, nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(ticked);
+  }
+}
+
+TEST(QtTimers, ATickThatIsALittleLateDoesNotDelayTheNextOne) {
+  constexpr int kPeriod = 20;
+  constexpr int kLate = 6;
+  std::string order;
+  // A run counts whose first tick wasn't held up for a whole period by something else.
+  for (int run = 0; run < 100 && order.empty(); ++run) {
+    QtTimers timers;
+    std::string ticks;
+    const std::int64_t before = timers.Now();
+    bool first = true;
+    timers.Start(kPeriod, false, [&] {
+      if (!std::exchange(first, false)) ticks += "period ";
+    });
+    const std::int64_t start = timers.Now();
+    StayBusyUntil(timers, start + kPeriod + kLate);
+    WakeUp(timers);
+    const std::int64_t now = timers.Now();
+    if (now >= before + 2 * kPeriod) continue;
+    timers.Start(static_cast<int>(start + 2 * kPeriod + kLate / 2 - now), true, [&ticks] { ticks += "between "; });
+    StayBusyUntil(timers, start + 2 * kPeriod + 2 * kLate);
+    WakeUp(timers);
+    order = ticks;
+  }
+  EXPECT_EQ(order.substr(0, order.find(' ')), "period") << order;
 }
 
 TEST(QtTimers, ATickMayRunAnEventLoopInWhichOtherTimersGoOn) {

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -333,6 +334,25 @@ TEST(QtWorker, AJobWithoutAThreadOfItsOwnWaitsForOneThatIsThere) {
   threads.RunAll();
   EXPECT_THAT(ran, ElementsAre(1, 2));
   EXPECT_EQ(worker.Start([](Job&) {}), 0U);
+}
+
+// A stack for which no machine has the room.
+TEST(QtWorker, WithoutRoomForAThreadNoneIsStarted) {
+  pthread_attr_t usual;
+  pthread_attr_t huge;
+  ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
+  ASSERT_EQ(pthread_getattr_default_np(&huge), 0);
+  ASSERT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 60), 0);
+  ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
+  QtWorker worker;
+  const bool launched = QtWorker::LaunchThread([] {});
+  const JobId job = worker.Start([](Job&) {});
+  EXPECT_EQ(pthread_setattr_default_np(&usual), 0);
+  pthread_attr_destroy(&huge);
+  pthread_attr_destroy(&usual);
+  EXPECT_FALSE(launched);
+  EXPECT_EQ(job, 0U);
+  EXPECT_FALSE(worker.IsBusy());
 }
 
 TEST(QtWorker, NoWorkIsNoJob) {

@@ -130,6 +130,29 @@ TEST_F(MsgDisplayTest, IsInFrontAndHasTheKeys) {
   EXPECT_TRUE(box->isModal());
 }
 
+/// Counts how often a window is put in front of those beside it.
+struct FrontCounter : QObject {
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    count += event->type() == QEvent::ZOrderChange ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST_F(MsgDisplayTest, ComesToTheFrontWithTheKeysWhenItIsSeenAgain) {
+  Show("text");
+  QWidget elsewhere;
+  Activate(elsewhere);
+  ASSERT_FALSE(box->isActiveWindow());
+  FrontCounter front;
+  box->installEventFilter(&front);
+  QShowEvent restored;
+  QApplication::sendEvent(box, &restored);
+  Settle();
+  EXPECT_TRUE(box->isActiveWindow());
+  EXPECT_EQ(front.count, 1);
+}
+
 TEST_F(MsgDisplayTest, GrowsWithItsTextAndKeepsItsButtonsOnThePanel) {
   Show("short");
   const int shortBox = box->height();

@@ -134,6 +134,15 @@ TEST_F(ZmcBoxTest, HasAThinFrameAndABroadOneInTheMarksColourWithTheFocus) {
   EXPECT_EQ(frame(2), std::vector<std::uint32_t>(4, zmc_look::kFieldBack));
 }
 
+TEST_F(ZmcBoxTest, ALowBoxKeepsItsThinFrameWithTheFocus) {
+  box->setFocus();
+  for (const auto& [height, inner] : {std::pair(15, zmc_look::kFieldBack), {16, zmc_look::kMark}}) {
+    box->resize(160, height);
+    EXPECT_EQ(ColorAt(Paint(*box), 0, 8), zmc_look::kMark) << height;
+    EXPECT_EQ(ColorAt(Paint(*box), 1, 8), inner) << height;
+  }
+}
+
 TEST_F(ZmcBoxTest, ATextBeginsAtTheMarginAndIsCutBeforeTheTriangle) {
   typed->setFocus();
   const auto ink = [this](const QRect& area) { return Ink(Paint(*box), zmc_look::kFieldBack, area); };
@@ -278,6 +287,9 @@ TEST_F(ZmcBoxTest, WhatIsTypedIsNeverAnItemAndALongOneMakesNoWiderBox) {
   const int wide = other.sizeHint().width();
   other.Fill({Text(100, u'H')});
   EXPECT_EQ(other.sizeHint().width(), wide);
+  ZmcBox filled(4, false, nullptr);
+  filled.Fill({Text(100, u'H')});
+  EXPECT_EQ(filled.sizeHint().width(), wide);
 }
 
 TEST_F(ZmcBoxTest, ALineThatIsLeftShowsNoSelection) {

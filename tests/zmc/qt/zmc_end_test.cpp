@@ -324,11 +324,63 @@ TEST_F(ZmcEndTest, CommandSixInACallOfTheHostThatAKeyInTheGridHasCaused) {
 
 TEST_F(ZmcEndTest, AWindowThatWasLeftIsOneNoMoreBeforeItIsDeleted) {
   Open();
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kOperationsTab);
+  std::vector<WindowHandle> pages;
+  for (const ZmcTab tab : kZmcTabs) pages.push_back(static_cast<MessageWindow*>(Page(tab))->Handle());
   Send(PNL_MSG_TOOL_COMMAND, PNL_COMMAND_LEAVE);
   ASSERT_FALSE(tool.isNull());
   EXPECT_FALSE(windows.IsAlive(handle));
+  for (const WindowHandle page : pages) EXPECT_FALSE(windows.IsAlive(page));
   EXPECT_EQ(menus.Count(), 0u);
   Settle();
+  EXPECT_TRUE(tool.isNull());
+}
+
+// The settings can't be stored, so the host is called while the window ends.
+TEST_F(ZmcEndTest, NeitherTheFrameNorAPageTakesAMessageWhileItEnds) {
+  Open();
+  Touch(Main(id::kFCheck));
+  Menu(zmc_command::kMaterialsTab);
+  Menu(zmc_command::kOperationsTab);
+  std::vector<WindowHandle> ending = {handle};
+  for (const ZmcTab tab : kZmcTabs) ending.push_back(static_cast<MessageWindow*>(Page(tab))->Handle());
+  const QString path = QString::fromStdString(*DiscFiles(drives).HostPath(u"C:\\P52\\ZMC7340.ini"));
+  QFile::remove(path);
+  QDir().mkpath(path + "/folder");
+  int calls = 0;
+  onHostCall = [&](const std::string&) {
+    ++calls;
+    for (const WindowHandle window : ending) EXPECT_FALSE(windows.IsAlive(window));
+  };
+  delete tool;
+  onHostCall = nullptr;
+  EXPECT_EQ(calls, 1);
+}
+
+// The host handles events while it hears that the tool is closed, and the frame is still to be seen.
+TEST_F(ZmcEndTest, AToolThatIsClosedAsSoonAsItIsOpenStaysClosed) {
+  Use(tool = new ZCZelorMacCalc(context, area));
+  tool->Start();
+  TakeHostCalls();
+  onHostCall = [](const std::string& call) {
+    if (call == "HostToolClosed(4,2)") Settle();
+  };
+  Command(PNL_COMMAND_CLOSE_TOOL);
+  onHostCall = nullptr;
+  const Log calls = TakeHostCalls();
+  EXPECT_THAT(calls, Contains("HostToolClosed(4,2)"));
+  EXPECT_THAT(calls, testing::Not(Contains("HostToolOpening(4)")));
+  EXPECT_FALSE(tool->isVisible());
+}
+
+TEST_F(ZmcEndTest, AMessageInWhichTheWindowGoesIsAnsweredWithNothing) {
+  Open();
+  onHostCall = [this](const std::string& call) {
+    if (call == "HostUpdateMainMenu(4)") delete area;
+  };
+  EXPECT_EQ(Send(PNL_MSG_COMMAND, zmc_command::kMaterialsTab), 0);
+  onHostCall = nullptr;
   EXPECT_TRUE(tool.isNull());
 }
 

@@ -3,7 +3,9 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 
+#include "controls/fonts.h"
 #include "controls/qt/paint_counter.h"
+#include "window/qt/qt_text.h"
 #include "zmc/qt/zmc_look.h"
 #include "zmc_window_stage.h"
 
@@ -57,6 +59,8 @@ TEST_F(ZmcLookTest, TheThreeGridsHaveTheirThreeColours) {
     EXPECT_EQ(colors.window, 0xFFFFFFu);
     EXPECT_EQ(colors.fixed, 0xC0C0C0u);
     EXPECT_EQ(colors.alternate, 0xF0F0F0u);
+    const QColor bar = Grid(tab)->verticalScrollBar()->palette().color(QPalette::Base);
+    EXPECT_EQ(bar, ToQColor(0xC0C0C0).lighter(108)) << "its scroll bar is a shade of the fixed cells";
   }
 }
 
@@ -83,6 +87,24 @@ TEST_F(ZmcLookTest, TitlesAreBoldAndThoseOfThePagesCentred) {
   EXPECT_EQ(WeightOf(*title), 700);
   EXPECT_EQ(title->Format(), 0x8865u);
   EXPECT_EQ(Fore(title), zmc_look::kTitleText);
+}
+
+TEST_F(ZmcLookTest, TheControlsHaveOneFontThatGrowsWithThePage) {
+  Open();
+  const auto letters = [this](int control) { return Main(control)->font().pixelSize(); };
+  for (const QSize size : {QSize(800, 600), QSize(1600, 1200)}) {
+    Resize(size);
+    for (const int control : {id::kRemark, id::kMaterial, id::kTool, id::kF, id::kGrid}) {
+      EXPECT_EQ(Main(control)->font().family(), MakeFont("Arial", 20, 500)->family()) << control;
+      EXPECT_EQ(Main(control)->font().weight(), 500) << control;
+    }
+    for (const int control : {id::kRemark, id::kMaterial, id::kTool}) EXPECT_EQ(letters(control), letters(id::kF));
+  }
+  const int large = letters(id::kF);
+  const int largeInTheGrid = letters(id::kGrid);
+  Resize({800, 600});
+  EXPECT_NEAR(large, 2 * letters(id::kF), 1);
+  EXPECT_GT(largeInTheGrid, letters(id::kGrid));
 }
 
 TEST_F(ZmcLookTest, TheConditionsFillTheirGridAndTheNamesHaveTwoFifths) {
@@ -117,6 +139,26 @@ TEST_F(ZmcLookTest, ATableOfManyRowsScrollsDownOnly) {
   }
 }
 
+TEST_F(ZmcLookTest, TheLettersOfATableGrowWithItsPageAndItsColumnsFillIt) {
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMaterials, zmc_command::kMaterialsTab),
+                                     {ZmcTab::kOperations, zmc_command::kOperationsTab}}) {
+    Menu(command);
+    const ZCGridXWrap& grid = *Grid(tab);
+    int letters = 0;
+    for (const QSize size : {QSize(800, 600), kLarge}) {
+      Resize(size);
+      EXPECT_EQ(grid.font().weight(), 500) << command;
+      EXPECT_EQ(grid.font().family(), MakeFont("Arial", 20, 500)->family()) << command;
+      EXPECT_GT(grid.font().pixelSize(), letters) << command;
+      letters = grid.font().pixelSize();
+      // A pixel less in each column, and the place of the scroll bar.
+      const int free = grid.viewport()->width() - grid.horizontalHeader()->length();
+      EXPECT_LE(free, grid.verticalScrollBar()->sizeHint().width() + 7) << command << " at " << size.width();
+    }
+  }
+}
+
 TEST_F(ZmcLookTest, TheTextOfAUnitBeginsBesideTheFieldThatCoversIt) {
   Open();
   Resize(kLarge);
@@ -127,7 +169,9 @@ TEST_F(ZmcLookTest, TheTextOfAUnitBeginsBesideTheFieldThatCoversIt) {
     const QRect inside = box.rect().adjusted(2, 2, -2, -2);
     EXPECT_TRUE(
         Ink(box, zmc_look::kFieldBack, QRect(inside.left(), inside.top(), covered - 2, inside.height())).isEmpty());
-    EXPECT_FALSE(Ink(box, zmc_look::kFieldBack, inside).isEmpty());
+    const int triangle = box.width() - box.height() / 2 - 4;
+    EXPECT_FALSE(
+        Ink(box, zmc_look::kFieldBack, QRect(covered, inside.top(), triangle - covered, inside.height())).isEmpty());
   }
 }
 
@@ -166,6 +210,45 @@ TEST_F(ZmcLookTest, TheBarIsPaintedAnewWhenThePowerChanges) {
   bar.SetPercent(50);
   Settle();
   EXPECT_EQ(paints.Count(), 1) << "and only then";
+}
+
+TEST_F(ZmcLookTest, ThePageUnderTheBarIsNotPaintedWithIt) {
+  QWidget page;
+  auto* bar = new ZmcPowerBar(1, &page);
+  bar->setGeometry(10, 10, 50, 10);
+  Activate(page);
+  const PaintCounter under(page);
+  bar->SetPercent(50);
+  Settle();
+  EXPECT_EQ(under.Count(), 0);
+}
+
+TEST_F(ZmcLookTest, TheFrameHasTheGroundOfItsPagesWhereNoneIsShown) {
+  Open();
+  QImage image(tool->size(), QImage::Format_RGB32);
+  image.fill(Qt::magenta);
+  tool->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  EXPECT_EQ(Count(image, zmc_look::kPage), image.width() * image.height());
+  EXPECT_EQ(Back(tool), zmc_look::kPage) << "for those outside";
+}
+
+TEST_F(ZmcLookTest, NothingThatAPageOrTheFrameCoversIsPainted) {
+  Open();
+  for (const auto& [tab, command] : {std::pair(ZmcTab::kMain, zmc_command::kMainTab),
+                                     {ZmcTab::kMaterials, zmc_command::kMaterialsTab},
+                                     {ZmcTab::kOperations, zmc_command::kOperationsTab}}) {
+    Menu(command);
+    const PaintCounter frame(*tool);
+    Page(tab)->update();
+    Settle();
+    EXPECT_EQ(frame.Count(), 0) << command;
+  }
+  Page(ZmcTab::kOperations)->hide();
+  Settle();
+  const PaintCounter behind(*area);
+  tool->update();
+  Settle();
+  EXPECT_EQ(behind.Count(), 0);
 }
 
 TEST_F(ZmcLookTest, TheBarIsEmptyWithoutAPowerAndShowsTheSmallest) {

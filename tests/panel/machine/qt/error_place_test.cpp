@@ -86,6 +86,10 @@ TEST_F(ErrorPlaceTest, AnErrorOfNoProgramHasNoSuchKey) {
   ASSERT_TRUE(ErrorsShown());
   EXPECT_EQ(SlotOf(Word::kGoToError), -1);
   EXPECT_GE(SlotOf(Word::kGoToLine), 0);
+  // A key that was touched just before the error changed.
+  emit window_->SideBar().Pressed(kErrorPlaceItem, 0);
+  Rest();
+  EXPECT_TRUE(ErrorsShown()) << "there is no place to show";
 }
 
 TEST_F(ErrorPlaceTest, TheKeyBelongsToTheErrorThatIsShown) {

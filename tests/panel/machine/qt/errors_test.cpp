@@ -359,9 +359,12 @@ TEST_F(ErrorsTest, AQuestionStepsBackForAnErrorAndComesAgain) {
   EXPECT_TRUE(Shown());
   EXPECT_FALSE(window_->Asking().isVisible());
   EXPECT_TRUE(Tool()->hasFocus());
+  window_->ToolAreaWidget()->raise();
   Key(Qt::Key_Escape);
   EXPECT_EQ(Queue(), 0u);
   EXPECT_TRUE(window_->Asking().isVisible());
+  const QPoint middle = window_->Asking().geometry().center();
+  EXPECT_FALSE(window_->ToolAreaWidget()->isAncestorOf(window_->childAt(middle))) << "it is above the tools again";
   EXPECT_TRUE(window_->Asking().IsOpen());
   EXPECT_TRUE(window_->Asking().Key(1)->hasFocus());
 }

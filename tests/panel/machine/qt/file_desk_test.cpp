@@ -244,6 +244,21 @@ TEST_F(RequestTest, ASecondRequestLeavesTheFirst) {
   EXPECT_TRUE(StartIsFree()) << "the command line was told at once";
 }
 
+TEST_F(RequestTest, APanelThatClosesLeavesItsRequestBeforeItsToolsGo) {
+  Do(Action::kOpenMdi);
+  const PnlWindow mdi = session_.ToolWindow(PNL_TOOL_MDI);
+  FileRequest request;
+  request.folder = QString::fromStdU16String(rig_.Files().Path(101));
+  op_->Files().Ask(
+      request, [this](const QString&, const QString&) { got_ << "accepted"; },
+      [this, mdi] { got_ << (PnlIsAlive(mdi) != 0 ? "left" : "left alone"); });
+  Settle();
+  ASSERT_TRUE(ExplorerShown());
+  window_->close();
+  Settle();
+  EXPECT_EQ(got_, QStringList{"left"});
+}
+
 TEST_F(RequestTest, AnExplorerThatAScriptOpenedGivesWayToARequest) {
   session_.LoadTool(PNL_TOOL_EXPLORER, session_.ToolArea());
   Settle();

@@ -15,6 +15,7 @@
 
 #include "panel/machine/qt/demo_machine.h"
 #include "panel/qt/picture.h"
+#include "panel/qt/repaint.h"
 #include "support/text_catcher.h"
 #include "ui/axis_display.h"
 #include "ui/error_list.h"
@@ -329,8 +330,13 @@ TEST_F(PanelLookTest, ANoteOfTheListStandsAboveItsRows) {
   ASSERT_EQ(timers().size(), 1) << "the note goes when the flood is over, though nothing happens";
   EXPECT_GT(timers()[0].interval, 9 * 60'000);
   EXPECT_LE(timers()[0].interval, 10 * 60'000 + 1);
-  QTimerEvent tick(timers()[0].timerId);
-  QCoreApplication::sendEvent(&cover, &tick);
+  RepaintCount count(cover);
+  const auto tick = [&cover, &timers](int after) {
+    QTimerEvent event(timers()[0].timerId + after);
+    QCoreApplication::sendEvent(&cover, &event);
+  };
+  EXPECT_TRUE(count.After([&tick] { tick(0); })) << "the notes are read anew";
+  EXPECT_FALSE(count.After([&tick] { tick(1000); })) << "a timer of somebody else";
   EXPECT_EQ(timers().size(), 1) << "the flood isn't over yet";
   Do(Action::kErrorList);
   EXPECT_TRUE(timers().isEmpty());

@@ -286,6 +286,20 @@ TEST_F(PanelWindowTest, AnEditKeepsTheKeysThatAreNotThePanelsOwn) {
   EXPECT_FALSE(keeps(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier, "\r"));
 }
 
+TEST_F(PanelWindowTest, NoEditKeepsAKeyOfThePanel) {
+  Do(Action::kOpenMdi);
+  for (const ShortcutRow& row : ShortcutTable()) {
+    if (IsOfEditor(row.action)) continue;
+    for (const QKeySequence& keys : KeysOf(row.action)) {
+      QKeyEvent event(QEvent::ShortcutOverride, keys[0].key(), keys[0].keyboardModifiers());
+      // As an edit would have answered it that takes every key.
+      event.accept();
+      QCoreApplication::sendEvent(MdiEdit(), &event);
+      EXPECT_FALSE(event.isAccepted()) << keys.toString().toStdString();
+    }
+  }
+}
+
 TEST_F(PanelWindowTest, EscapeLeadsToTheToolFirstAndClearsAnErrorWithoutOne) {
   Do(Action::kOpenMdi);
   Type("G999");

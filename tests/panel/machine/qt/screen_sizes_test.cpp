@@ -3,6 +3,8 @@
 // the side keys are those of what is in front.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "panel/machine/qt/panel_fixture.h"
 #include "ui/editor_bars.h"
 #include "ui/find_bar.h"
@@ -110,6 +112,26 @@ TEST_F(ScreenSizesTest, AnErrorWindowThatLeavesMoreRoomKeepsIt) {
   Errors()->setGeometry(0, 0, 990, 300);
   Settle();
   EXPECT_EQ(Errors()->width(), 990) << "a script places it itself";
+}
+
+// At the right the error tool leaves 90 of 800 pixels for soft keys, which the panel has elsewhere.
+TEST_F(ScreenSizesTest, OnlyTheRoomForSoftKeysIsAddedToTheErrorWindow) {
+  Resize({1920, 1080});
+  Raise(pnl::rig::MachineControl::Fault::kDriveFault);
+  ASSERT_TRUE(ErrorsShown());
+  for (int width = 1600; width <= 1920; width += 20) {
+    Resize({width, 1080});
+    const int area = Area().width();
+    const int room = area * 90 / 800 + 1;
+    ASSERT_GT(room, 90);
+    for (const auto& [left, size, wide] :
+         {std::tuple(0, area - room - 1, area - room - 1), std::tuple(0, area - room, area),
+          std::tuple(-1, area - room, area), std::tuple(1, area - room, area - room)}) {
+      Errors()->setGeometry(left, 0, size, 300);
+      Settle();
+      EXPECT_EQ(Errors()->width(), wide) << area << " at " << left;
+    }
+  }
 }
 
 TEST_F(ScreenSizesTest, TheCalculatorGrowsWithTheToolArea) {

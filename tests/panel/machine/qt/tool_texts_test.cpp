@@ -218,5 +218,29 @@ TEST_F(KeptTexts, OnlyTheToolOfWhatWasLeftOpensAndItIsPutBackOnce) {
   EXPECT_EQ(TypedExpression(session_), "");
 }
 
+TEST_F(KeptTexts, WhatIsPutBackLaterGoesIntoItsToolOnceThatOpens) {
+  constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
+  rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+  Leave("G0 X7", "");
+  TakeBack();
+  rig_.Cnc().Undefine(kEnabled);
+  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  Wait(60'000);
+  EXPECT_EQ(Journal(2), "G0 X7|") << "it waits";
+  Do(Action::kOpenMdi);
+  EXPECT_EQ(InLine(), "G0 X7");
+}
+
+TEST_F(KeptTexts, WhatNeverReachedItsToolStaysForTheNextStart) {
+  constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
+  rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+  Leave("G0 X7", "");
+  TakeBack();
+  rig_.Cnc().Undefine(kEnabled);
+  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  window_.reset();
+  EXPECT_EQ(Journal(2), "G0 X7|");
+}
+
 }  // namespace
 }  // namespace panel
