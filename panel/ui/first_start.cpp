@@ -107,6 +107,7 @@ void FirstStart::Leave() {
 
 void FirstStart::Close() {
   open_ = false;
+  drag_.reset();
   hide();
 }
 

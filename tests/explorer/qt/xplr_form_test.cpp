@@ -46,7 +46,7 @@ TEST_F(XplrWindowTest, OnAHighPanelItsFontsAreLarger) {
   windows.SetMainWindow(WindowRegistry::Instance().Attach(&panel, nullptr, nullptr));
   Disc("C:\\P15\\LPNLTOOLS.DLL",
        *ReadPackFile(PackFolders(nullptr, QCoreApplication::applicationFilePath().toStdString()), "en"));
-  for (const FontsCase& row : {FontsCase{600, 18, 16, 14}, {900, 30, 24, 21}}) {
+  for (const FontsCase& row : {FontsCase{600, 18, 16, 15}, {900, 30, 24, 21}}) {
     panel.resize(912, row.panelHeight);
     Open();
     const std::pair<int, int> headings[] = {{xplr_control::kCaption, row.caption},
