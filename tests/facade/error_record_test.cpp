@@ -83,6 +83,13 @@ TEST(ErrorRecord, ATextEndsAtItsTerminator) {
   EXPECT_EQ(record.GetText(0, 12), u"abc");
 }
 
+TEST(ErrorRecord, AShorterTextTakesThePlaceOfALongerOne) {
+  ErrorRecord record{};
+  record.SetText(0, 12, u"abcde");
+  record.SetText(0, 12, u"xy");
+  EXPECT_EQ(record.GetText(0, 12), u"xy");
+}
+
 TEST(ErrorRecord, ATextWithoutTerminatorEndsWithItsField) {
   ErrorRecord record{};
   for (std::size_t at = 0; at < sizeof record.bytes; at += 2) record.Set(at, u'x');

@@ -42,6 +42,7 @@ TEST_F(MdiRecallTest, TheListOpensWithTheHistoryWhateverIsTyped) {
   EXPECT_EQ(Shown(), (Rows{"G1 X100 F500", "G0 X1", "g1 x2", "M3"}));
   EXPECT_EQ(view->dropSelected, 0);
   EXPECT_EQ(view->dropKeys.arrange, u"As typed");
+  EXPECT_EQ(view->dropKeys.refused, u"Refused");
 }
 
 TEST_F(MdiRecallTest, TypingOnNarrowsItAndErasingWidensIt) {

@@ -209,6 +209,20 @@ TEST_F(XplrListPaneTest, NothingLeavesItsColumnHoweverNarrowItIs) {
   }
 }
 
+TEST_F(XplrListPaneTest, ADateThatIsTooWideKeepsItsDay) {
+  XplrRow file;
+  file.name = u"A";
+  file.shownTime = 0;
+  list->SetRows(std::make_shared<const std::vector<XplrRow>>(std::vector{file}));
+  const QString whole = ToQString(DateText(file));
+  const auto drawn = [this] { return TextsOf(*list->viewport()); };
+  list->resize(640, 300);
+  EXPECT_TRUE(drawn().contains(whole));
+  int width = 640;
+  while (width > 100 && drawn().contains(whole)) list->resize(width -= 5, 300);
+  EXPECT_TRUE(drawn().contains(whole.section(u' ', 0, 0))) << drawn().join(" | ").toStdString();
+}
+
 TEST_F(XplrListPaneTest, ItsRowsHaveNoRowsBelowThem) {
   const QModelIndex row = list->model()->index(0, 0);
   EXPECT_EQ(list->model()->rowCount(row), 0);
