@@ -18,8 +18,8 @@ TREE = 1106
 class Panel:
     """A panel without a display."""
 
-    def __init__(self, program, root, size):
-        command = [program, "--headless", "--rpc", "--root", root, "--size", size]
+    def __init__(self, program, root):
+        command = [program, "--headless", "--rpc", "--root", root, "--size", "800x600"]
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
     def ask(self, method, **params):
@@ -60,16 +60,16 @@ def open_explorer(panel, file):
     return panel.ask("tool.load", tool=5)["window"]
 
 
-def take(program, out, size, prefix, root):
+def take(program, out, root):
     programs = make_files(root)
-    panel = Panel(program, str(root), size)
+    panel = Panel(program, str(root))
     panel.ask("drive.set", letter="C", dir=str(root), label="MACHINE")
     panel.ask("drive.set", letter="E", dir=str(root), type=2)
     panel.ask("network.set", roots=network(programs))
     window = open_explorer(panel, "POCKET.NC")
 
     def picture(name):
-        panel.ask("ui.capture", file=str(out / f"{prefix}explorer-{name}.png"))
+        panel.ask("ui.capture", file=str(out / f"explorer-{name}.png"))
 
     picture("1-tree")
     panel.ask("ui.type", window=window, text="pocket_")
@@ -94,9 +94,8 @@ def take(program, out, size, prefix, root):
 
 def main():
     program, out = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    for size, prefix in (("800x600", ""), ("1600x860", "large-")):
-        with tempfile.TemporaryDirectory() as root:
-            take(program, out, size, prefix, pathlib.Path(root))
+    with tempfile.TemporaryDirectory() as root:
+        take(program, out, pathlib.Path(root))
 
 
 main()
