@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "errors/qt/error_text_widget.h"
 
+#include <QtGui/QFontInfo>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
+#include <algorithm>
+#include <utility>
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
@@ -15,6 +18,12 @@ namespace {
 
 /// The margin to the left and the right of the text, in pixels.
 constexpr int kPadding = 6;
+/// Smaller letters can't be read from some distance, in pixels.
+constexpr int kLeastLetters = 13;
+/// The thumb is as wide as the padding allows, and so high that it can be seen, in pixels.
+constexpr int kThumbWidth = 4;
+constexpr int kLeastThumb = 12;
+constexpr std::uint32_t kThumbColor = 0x606060;
 constexpr std::uint32_t kLines = draw::kWordBreak | draw::kNoPrefix | draw::kExpandTabs | draw::kExternalLeading;
 
 }  // namespace
@@ -27,13 +36,14 @@ ErrorTextWidget::ErrorTextWidget(int id, bool centred, QWidget* parent) : QWidge
 void ErrorTextWidget::SetText(const QString& text) {
   if (text == text_) return;
   text_ = text;
+  pulled_ = 0;
   setAccessibleName(text);
-  update();
+  Fit();
 }
 
 void ErrorTextWidget::SetTextFont(const QFont& font) {
   font_ = font;
-  update();
+  Fit();
 }
 
 void ErrorTextWidget::SetCentred(bool centred) {
@@ -41,9 +51,40 @@ void ErrorTextWidget::SetCentred(bool centred) {
   update();
 }
 
-int ErrorTextWidget::HeightOf(const QString& text, int width) const {
-  return MeasureText(QFontMetrics(font_), std::max(width - 2 * kPadding, 1), text, kLines).height();
+int ErrorTextWidget::HeightIn(const QFont& font, const QString& text, int width) const {
+  return MeasureText(QFontMetrics(font), std::max(width - 2 * kPadding, 1), text, kLines).height();
 }
+
+int ErrorTextWidget::HeightOf(const QString& text, int width) const { return HeightIn(font_, text, width); }
+
+void ErrorTextWidget::Fit() {
+  const auto use = [this](const QFont& font) {
+    fitted_ = font;
+    textHeight_ = HeightIn(font, text_, width());
+    return textHeight_ <= height();
+  };
+  const int most = QFontInfo(font_).pixelSize();
+  QFont font = font_;
+  if (!use(font) && most > kLeastLetters) {
+    // A long text takes its time to be measured. If the least letters don't suffice, none in between does.
+    font.setPixelSize(kLeastLetters);
+    if (use(font)) {
+      int size = most;
+      do font.setPixelSize(--size);
+      while (!use(font));
+    }
+  }
+  PullBy(0);
+  update();
+}
+
+void ErrorTextWidget::PullBy(int pixels) {
+  const int most = std::max(textHeight_ - height(), 0);
+  const int before = std::exchange(pulled_, std::clamp(pulled_ + pixels, 0, most));
+  if (pulled_ != before) update();
+}
+
+void ErrorTextWidget::resizeEvent(QResizeEvent* /*event*/) { Fit(); }
 
 int ErrorTextWidget::WidthOf(const QString& text) const {
   return QFontMetrics(font_).horizontalAdvance(text) + 2 * kPadding;
@@ -54,16 +95,22 @@ uint ErrorTextWidget::Back() const { return kErrorPanelColor; }
 void ErrorTextWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(kErrorPanelColor));
-  painter.setFont(font_);
+  painter.setFont(fitted_);
   painter.setPen(ToQColor(Fore()));
-  QRect area = rect().adjusted(kPadding, 0, -kPadding, 0);
+  QRect area = rect().adjusted(kPadding, -pulled_, -kPadding, 0);
   std::uint32_t flags = kLines;
   if (centred_) {
     flags |= draw::kCenter;
-    const int height = HeightOf(text_, width());
-    area.setTop(area.top() + std::max((area.height() - height) / 2, 0));
+    area.setTop(area.top() + std::max((height() - textHeight_) / 2, 0));
   }
   DrawText(painter, area, text_, flags);
+  if (textHeight_ > height()) PaintThumb(painter);
+}
+
+void ErrorTextWidget::PaintThumb(QPainter& painter) const {
+  const int length = std::min(std::max(height() * height() / textHeight_, kLeastThumb), height());
+  const int top = (height() - length) * pulled_ / (textHeight_ - height());
+  painter.fillRect(width() - kThumbWidth - 1, top, kThumbWidth, length, ToQColor(kThumbColor));
 }
 
 ErrorPictureWidget::ErrorPictureWidget(int id, const std::string* svg, const QString& instead, QWidget* parent)

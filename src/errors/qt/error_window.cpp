@@ -3,6 +3,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 #include <optional>
 
@@ -21,11 +22,16 @@ namespace {
 constexpr int kBoldWeight = 700;
 /// A press this many pixels beside a picture still counts as a press on it. Fingers are not exact.
 constexpr int kReach = 4;
+/// How far one step of a wheel moves the description.
+constexpr int kWheelPixels = 60;
+
+/// Whether a key is held that makes another one a command.
+bool IsCommand(const QKeyEvent& event) {
+  return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier)) != 0;
+}
 
 std::optional<ErrorKey> LogicKey(const QKeyEvent& event) {
-  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier)) != 0) {
-    return std::nullopt;
-  }
+  if (IsCommand(event)) return std::nullopt;
   switch (event.key()) {
     case Qt::Key_Left:
       return ErrorKey::kLeft;
@@ -43,6 +49,12 @@ std::optional<ErrorKey> LogicKey(const QKeyEvent& event) {
     default:
       return std::nullopt;
   }
+}
+
+/// By how many pages the key moves the description.
+int PagesOf(const QKeyEvent& event) {
+  if (IsCommand(event)) return 0;
+  return event.key() == Qt::Key_PageDown ? 1 : event.key() == Qt::Key_PageUp ? -1 : 0;
 }
 
 QFont FontOf(const ErrorFont& font) {
@@ -130,6 +142,10 @@ std::intptr_t ZCErrorManager::OnMessage(const Message& message) {
 }
 
 bool ZCErrorManager::OnKeyDown(QKeyEvent& event) {
+  if (const int pages = PagesOf(event)) {
+    description_->PullBy(pages * description_->height());
+    return true;
+  }
   const auto key = LogicKey(event);
   if (!key) return false;
   event.accept();
@@ -140,7 +156,10 @@ bool ZCErrorManager::OnKeyDown(QKeyEvent& event) {
 bool ZCErrorManager::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress && OnKeyDown(static_cast<QKeyEvent&>(*event))) return true;
   // The keys of the window come before the panel's shortcuts.
-  if (event->type() == QEvent::ShortcutOverride && LogicKey(static_cast<QKeyEvent&>(*event))) event->accept();
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    if (LogicKey(key) || PagesOf(key) != 0) event->accept();
+  }
   return ToolWindow::event(event);
 }
 
@@ -166,8 +185,23 @@ int ZCErrorManager::PictureAt(const QPoint& place) const {
 
 void ZCErrorManager::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  const int id = PictureAt(event->position().toPoint());
+  const QPoint place = event->position().toPoint();
+  if (description_->geometry().contains(place)) pulledFrom_ = place.y();
+  const int id = PictureAt(place);
   session_.Tell([id](ErrorSession& session) { session.OnClick(id); });
+}
+
+void ZCErrorManager::mouseMoveEvent(QMouseEvent* event) {
+  if (!pulledFrom_) return;
+  const int y = event->position().toPoint().y();
+  description_->PullBy(*pulledFrom_ - y);
+  pulledFrom_ = y;
+}
+
+void ZCErrorManager::mouseReleaseEvent(QMouseEvent* /*event*/) { pulledFrom_.reset(); }
+
+void ZCErrorManager::wheelEvent(QWheelEvent* event) {
+  description_->PullBy(-event->angleDelta().y() * kWheelPixels / QWheelEvent::DefaultDeltasPerStep);
 }
 
 void ZCErrorManager::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QShortcut>
 #include <map>
+#include <optional>
 
 #include "errors/error_session.h"
 #include "errors/qt/error_text_widget.h"
@@ -31,7 +32,10 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   bool focusNextPrevChild(bool next) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -68,6 +72,7 @@ class ZCErrorManager final : public ToolWindowWith<ErrorView> {
   ZC3DText* channelBox_ = nullptr;
   QPointer<QShortcut> hotKey_;
   std::uint32_t classColor_;
+  std::optional<int> pulledFrom_;  // where the finger has hold of the description
   ToolLink<ErrorSession> session_;
 };
 

@@ -51,6 +51,94 @@ TEST_F(ErrorTextWidgetTest, MoreLinesThanFindRoomBeginAtTheTop) {
   EXPECT_LT(Written().top(), QFontMetrics(font).height());
 }
 
+QString Lines(int count) { return QStringList(count, "H").join('\n'); }
+
+TEST_F(ErrorTextWidgetTest, ATextThatDoesNotFitGetsTheLargestLettersThatDo) {
+  widget.SetCentred(false);
+  for (const bool textLast : {false, true}) {
+    if (!textLast) widget.SetText(Lines(6));
+    widget.resize(300, QFontMetrics(font).height() * 5);
+    if (textLast) widget.SetText(Lines(6));
+    // A hidden widget learns its size with the painting.
+    EXPECT_LT(Written().bottom(), widget.height() - 1) << "all of it is there";
+    const int chosen = widget.FittedFont().pixelSize();
+    EXPECT_LT(chosen, 20);
+    QFont larger = font;
+    larger.setPixelSize(chosen + 1);
+    EXPECT_GT(QFontMetrics(larger).height() * 6, widget.height()) << "a larger one doesn't fit";
+    EXPECT_EQ(widget.TextFont().pixelSize(), 20);
+    EXPECT_EQ(widget.HeightOf("H", 300), QFontMetrics(font).height()) << "measures are those of the told font";
+    widget.SetText("H");
+    EXPECT_EQ(widget.FittedFont().pixelSize(), 20) << "a short text is large again";
+    widget.resize(300, 120);
+  }
+}
+
+TEST_F(ErrorTextWidgetTest, LettersGetNoSmallerThanCanBeRead) {
+  widget.SetText(Lines(40));
+  EXPECT_EQ(widget.FittedFont().pixelSize(), 13);
+  font.setPixelSize(11);
+  widget.SetTextFont(font);
+  EXPECT_EQ(widget.FittedFont().pixelSize(), 11) << "nor larger than they are meant to be";
+}
+
+TEST_F(ErrorTextWidgetTest, ATextThatDoesNotFitCanBePulledToItsEndAndNotBeyond) {
+  widget.SetCentred(false);
+  widget.SetText("H\n" + Lines(39));
+  font.setPixelSize(13);
+  const int beyond = QFontMetrics(font).lineSpacing() * 40 - widget.height();
+  const int top = Written().top();
+  widget.PullBy(-5);
+  EXPECT_EQ(widget.Pulled(), 0);
+  widget.PullBy(3);
+  EXPECT_EQ(widget.Pulled(), 3);
+  EXPECT_EQ(Ink(Paint(widget).copy(0, 0, 290, 120), widget.Back()).top(), std::max(top - 3, 0));
+  widget.PullBy(10'000);
+  EXPECT_NEAR(widget.Pulled(), beyond, 2);
+  const int end = widget.Pulled();
+  const QImage last = Paint(widget).copy(0, 0, 290, 120);
+  EXPECT_LT(Ink(last, widget.Back()).bottom(), 119) << "the last line is whole";
+  widget.resize(300, 150);
+  (void)Paint(widget);  // a hidden widget learns its size with the next painting
+  EXPECT_EQ(widget.Pulled(), end - 30) << "more room shows more of it";
+  widget.SetText(Lines(41));
+  EXPECT_EQ(widget.Pulled(), 0) << "another text begins at its beginning";
+  widget.PullBy(50);
+  widget.SetText(Lines(2));
+  EXPECT_EQ(widget.Pulled(), 0);
+  widget.PullBy(5);
+  EXPECT_EQ(widget.Pulled(), 0) << "a text that fits stays";
+}
+
+TEST_F(ErrorTextWidgetTest, AThumbShowsWhichPartOfALongTextIsSeen) {
+  constexpr std::uint32_t kThumb = 0x606060;
+  const QRect column(295, 0, 4, 120);
+  const auto thumb = [&] { return Count(Paint(widget), kThumb, column) / column.width(); };
+  widget.SetText(Lines(2));
+  EXPECT_EQ(thumb(), 0);
+  widget.SetText(Lines(20));
+  const int half = thumb();
+  EXPECT_GT(half, 30);
+  EXPECT_LT(half, 80);
+  EXPECT_EQ(ColorAt(Paint(widget), 296, 0), kThumb);
+  widget.PullBy(10'000);
+  EXPECT_EQ(thumb(), half);
+  EXPECT_EQ(ColorAt(Paint(widget), 296, 119), kThumb);
+  EXPECT_NE(ColorAt(Paint(widget), 296, 0), kThumb);
+  font.setPixelSize(13);
+  widget.SetTextFont(font);
+  const int whole = widget.HeightOf(Lines(20), 300);
+  for (const int missing : {0, 1}) {
+    widget.resize(300, whole - missing);
+    EXPECT_EQ(Count(Paint(widget), kThumb, QRect(295, 0, 4, whole)) > 0, missing > 0);
+  }
+  widget.resize(300, 120);
+  widget.SetText(Lines(2000));
+  EXPECT_EQ(thumb(), 12) << "high enough to be seen";
+  widget.resize(300, 6);
+  EXPECT_EQ(Count(Paint(widget), kThumb, QRect(295, 0, 4, 6)), 24);
+}
+
 TEST_F(ErrorTextWidgetTest, ATextThatIsNotCentredBeginsAtTheTopLeft) {
   widget.SetCentred(false);
   widget.SetText("HHHH");
@@ -173,6 +261,10 @@ TEST_F(ErrorTextWidgetTest, EachChangeOfTextFontOrPlaceIsPainted) {
   EXPECT_EQ(paintsAfter([this] { widget.SetCentred(false); }), 1);
   EXPECT_EQ(paintsAfter([this] { widget.SetTextFont(QFont()); }), 1);
   EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 0) << "the same text again";
+  EXPECT_EQ(paintsAfter([this] { widget.SetText(Lines(50)); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.PullBy(10); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.PullBy(-10); }), 1);
+  EXPECT_EQ(paintsAfter([this] { widget.PullBy(-10); }), 0) << "it doesn't go further";
 }
 
 TEST(ErrorCounterWidgetTest, ANewNumberIsPainted) {

@@ -187,6 +187,100 @@ TEST_F(ErrorStage, TwoQuickTouchesOfAPictureThatTheFirstOneHidesKeepTheWindow) {
   EXPECT_THAT(Queue(), ElementsAre(1001)) << "the warning behind it is not acknowledged unseen";
 }
 
+/// An error whose description is longer than the window, which is low.
+class LongErrorStage : public ErrorStage {
+ protected:
+  LongErrorStage() {
+    Open();
+    tool->resize(500, 160);
+    Push(Long());
+    text = static_cast<ErrorTextWidget*>(Control(error_id::kDescription));
+  }
+  static RecordBuilder Long() {
+    RecordBuilder record;
+    for (std::size_t index = 0; index < 5; ++index) record.Parameter(index, TextParameter(11, u"words of the control"));
+    return record;
+  }
+  [[nodiscard]] QPoint Middle() const { return text->geometry().center(); }
+  void Move(QPoint to) { PressMouse(tool, to, QEvent::MouseMove); }
+  void Turn(int angle) {
+    QWheelEvent wheel(Middle(), tool->mapToGlobal(Middle()), {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(tool, &wheel);
+    EXPECT_TRUE(wheel.isAccepted());
+  }
+  ErrorTextWidget* text = nullptr;
+};
+
+TEST_F(LongErrorStage, AFingerPullsALongDescription) {
+  ASSERT_EQ(text->Pulled(), 0);
+  PressMouse(tool, Middle());
+  Move(Middle() - QPoint(0, 8));
+  EXPECT_EQ(text->Pulled(), 8);
+  Move(Middle() - QPoint(0, 12));
+  EXPECT_EQ(text->Pulled(), 12);
+  Move(Middle() - QPoint(0, 9));
+  EXPECT_EQ(text->Pulled(), 9);
+  PressMouse(tool, Middle(), QEvent::MouseButtonRelease);
+  Move(Middle());
+  EXPECT_EQ(text->Pulled(), 9) << "nothing has hold of it";
+  EXPECT_TRUE(tool->isVisible());
+  EXPECT_THAT(Queue(), ElementsAre(1000)) << "pulling acknowledges nothing";
+}
+
+TEST_F(LongErrorStage, AFingerBesideTheDescriptionPullsNothing) {
+  const QPoint beside(Middle().x(), text->geometry().top() - 1);
+  PressMouse(tool, beside);
+  Move(beside - QPoint(0, 8));
+  EXPECT_EQ(text->Pulled(), 0);
+  PressMouse(tool, Middle(), QEvent::MouseButtonPress, Qt::RightButton);
+  Move(Middle() - QPoint(0, 8));
+  EXPECT_EQ(text->Pulled(), 0) << "nor does the right button";
+}
+
+TEST_F(LongErrorStage, WheelAndPageKeysMoveALongDescription) {
+  text->PullBy(10'000);
+  const int end = text->Pulled();
+  ASSERT_GT(end, text->height());
+  Turn(120);
+  EXPECT_EQ(text->Pulled(), std::max(end - 60, 0));
+  Turn(-120);
+  EXPECT_EQ(text->Pulled(), end);
+  Key(Qt::Key_PageUp);
+  EXPECT_EQ(text->Pulled(), end - text->height());
+  Key(Qt::Key_PageDown);
+  EXPECT_EQ(text->Pulled(), end);
+  Key(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(text->Pulled(), end) << "a command is somebody else's";
+}
+
+TEST_F(LongErrorStage, ThePageKeysComeBeforeThePanelsShortcuts) {
+  for (const int key : {Qt::Key_PageUp, Qt::Key_PageDown}) {
+    QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
+    event.ignore();
+    QApplication::sendEvent(tool, &event);
+    EXPECT_TRUE(event.isAccepted()) << key;
+    EXPECT_TRUE(PressKey(tool, key)) << key;
+  }
+  QKeyEvent home(QEvent::ShortcutOverride, Qt::Key_Home, Qt::NoModifier);
+  home.ignore();
+  QApplication::sendEvent(tool, &home);
+  EXPECT_FALSE(home.isAccepted());
+}
+
+TEST_F(LongErrorStage, ADoubleClickOnALongDescriptionHidesTheWindow) {
+  TouchTwice(tool, Middle());
+  EXPECT_FALSE(tool->isVisible());
+}
+
+TEST_F(LongErrorStage, TheNextErrorBeginsAtItsBeginning) {
+  Push(Long().Number(1001).Int(error_field::kIdentifier, 78));
+  text->PullBy(20);
+  ASSERT_EQ(text->Pulled(), 20);
+  Key(Qt::Key_Right);
+  ASSERT_EQ(TextOf(error_id::kTitleBox), "ERROR 1001");
+  EXPECT_EQ(text->Pulled(), 0);
+}
+
 TEST_F(ErrorStage, TheBoxesFlash) {
   Open();
   Push(RecordBuilder());
