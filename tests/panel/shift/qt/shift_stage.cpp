@@ -86,12 +86,12 @@ void ShiftStage::SetUpDrives() {
 }
 
 void ShiftStage::RemoveOldWork() {
-  // What the tools remember, what was saved, and cutting data in another language.
+  // What the tools remember, cutting data in another language, the operator's own too, and what was saved.
   for (const QString& path :
        {QStringLiteral("C:\\CNC\\USER"), QString::fromStdU16String(rig_.Files().Path(kProgramsPath)),
         QString::fromStdU16String(rig_.Files().Path(kCuttingDataPath))}) {
     QDir folder(Host(path));
-    for (const QString& name : folder.entryList(QDir::Files)) folder.remove(name);
+    if (folder.exists() && !folder.removeRecursively()) problem_ = QStringLiteral("old work stays in ") + path;
   }
 }
 

@@ -108,6 +108,8 @@ void Choose(Hands& hands) {
   hands.Pick(operation, operation->itemText(0));
   hands.Pick(hands.Control<QComboBox>(kMachining, kToolBox), QStringLiteral("T3"));
   auto* grid = hands.Control<QTableView>(kMachining, kGrid);
+  hands.ExpectText(grid->model()->index(0, 1).data().toString(), QStringLiteral("150.0000000"),
+                   QStringLiteral("the least cutting speed of the pair"));
   hands.Item(grid, grid->model()->index(0, 3), true);
   hands.Expect(hands.Window().TouchKeys().isVisible(), QStringLiteral("no touch keyboard for the cell"));
   hands.Type(QStringLiteral("180"));
