@@ -33,13 +33,14 @@ QString Joined(const QStringList& parts) { return parts.join(QStringLiteral("  Â
 /// What became of a row's errors, with counts when there are several.
 QString FatesOf(const ErrorRow& row) {
   QStringList fates;
-  const auto add = [&](Word word, int count) {
-    if (count > 0) fates << (row.times > 1 ? QStringLiteral("%1 %2").arg(count).arg(Say(word)) : Say(word));
+  const auto add = [&](int count, Word one, Word several) {
+    if (count > 1) fates << Say(several, QString::number(count));
+    if (count == 1) fates << (row.times > 1 ? QStringLiteral("1 ") : QString()) + Say(one);
   };
-  add(Word::kErrorStanding, static_cast<int>(row.standing.size()));
-  add(Word::kErrorAcknowledged, row.acknowledged);
-  add(Word::kErrorConfirmed, row.confirmed);
-  add(Word::kErrorCleared, row.cleared);
+  add(static_cast<int>(row.standing.size()), Word::kErrorStanding, Word::kErrorsStanding);
+  add(row.acknowledged, Word::kErrorAcknowledged, Word::kErrorsAcknowledged);
+  add(row.confirmed, Word::kErrorConfirmed, Word::kErrorsConfirmed);
+  add(row.cleared, Word::kErrorCleared, Word::kErrorsCleared);
   return fates.join(QStringLiteral(", "));
 }
 

@@ -248,6 +248,38 @@ TEST_F(ErrorHistoryTest, ARowTellsHowOftenAndWhatBecameOfEach) {
   EXPECT_EQ(TextOfRow(Front(), now_).time, TextOfTime(now_, now_));
 }
 
+TEST_F(ErrorHistoryTest, SeveralOfOneFateAreSaidInThePlural) {
+  const struct {
+    Fate fate;
+    const char* several[2];
+    const char* one[2];
+  } rows[] = {
+      {Fate::kAcknowledged, {"2 acknowledged", "2 reconocidos"}, {"1 acknowledged", "1 reconocido"}},
+      {Fate::kConfirmed, {"2 confirmed", "2 confirmados"}, {"1 confirmed", "1 confirmado"}},
+      {Fate::kCleared, {"2 cleared", "2 borrados"}, {"1 cleared", "1 borrado"}},
+  };
+  const char* standing[2][2] = {{"2 standing", "1 standing, "}, {"2 pendientes", "1 pendiente, "}};
+  int number = 0;
+  for (const auto& row : rows) {
+    ++number;
+    const auto first = Raise(Error(number));
+    const auto second = Raise(Error(number));
+    const auto expectBoth = [&](const char* const(&words)[2]) {
+      for (const int language : {0, 1}) {
+        UseWords(language == 0 ? "en" : "es");
+        EXPECT_TRUE(TextOfRow(Front(), now_).details.endsWith(words[language])) << words[language];
+      }
+    };
+    expectBoth({standing[0][0], standing[1][0]});
+    Leave(Error(number), first, row.fate);
+    expectBoth(row.one);
+    EXPECT_TRUE(TextOfRow(Front(), now_).details.contains(standing[1][1]));
+    Leave(Error(number), second, row.fate);
+    expectBoth(row.several);
+  }
+  UseWords("en");
+}
+
 TEST_F(ErrorHistoryTest, TheSameErrorInTwoLinesIsTwoRowsThatNameTheProgram) {
   UseWords("en");
   auto error = Error(1);

@@ -143,7 +143,7 @@ TEST_F(UndoOfferTest, AKeyThatIsHeldComesUpWhenAQuestionDisablesIt) {
 TEST_F(UndoOfferTest, SaysItInTheOtherLanguageWhenThatIsChanged) {
   Command(kClear);
   window_->SwitchLanguage();
-  EXPECT_EQ(Offered().text(), "Lista borrada: deshacer");
+  EXPECT_EQ(Offered().text(), "Lista vaciada: deshacer");
   EXPECT_EQ(Offered().accessibleName(), Offered().text());
 }
 
