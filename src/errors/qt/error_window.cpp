@@ -186,6 +186,8 @@ int ZCErrorManager::PictureAt(const QPoint& place) const {
 void ZCErrorManager::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const QPoint place = event->position().toPoint();
+  // The window may have missed the release of the press before.
+  pulledFrom_.reset();
   if (description_->geometry().contains(place)) pulledFrom_ = place.y();
   const int id = PictureAt(place);
   session_.Tell([id](ErrorSession& session) { session.OnClick(id); });

@@ -229,6 +229,7 @@ TEST_F(LongErrorStage, AFingerPullsALongDescription) {
 
 TEST_F(LongErrorStage, AFingerBesideTheDescriptionPullsNothing) {
   const QPoint beside(Middle().x(), text->geometry().top() - 1);
+  PressMouse(tool, Middle());  // without a release
   PressMouse(tool, beside);
   Move(beside - QPoint(0, 8));
   EXPECT_EQ(text->Pulled(), 0);
