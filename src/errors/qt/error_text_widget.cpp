@@ -5,7 +5,6 @@
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
 #include <algorithm>
-#include <utility>
 
 #include "controls/draw_text.h"
 #include "controls/fonts.h"
@@ -80,8 +79,9 @@ void ErrorTextWidget::Fit() {
 
 void ErrorTextWidget::PullBy(int pixels) {
   const int most = std::max(textHeight_ - height(), 0);
-  const int before = std::exchange(pulled_, std::clamp(pulled_ + pixels, 0, most));
-  if (pulled_ != before) update();
+  const int moved = std::clamp(pixels, -pulled_, most - pulled_);
+  pulled_ += moved;
+  if (moved != 0) update();
 }
 
 void ErrorTextWidget::resizeEvent(QResizeEvent* /*event*/) { Fit(); }

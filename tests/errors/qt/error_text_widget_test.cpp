@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include <functional>
+#include <limits>
 
 #include "controls/draw_text.h"
 #include "controls/qt/paint_counter.h"
@@ -96,6 +97,8 @@ TEST_F(ErrorTextWidgetTest, ATextThatDoesNotFitCanBePulledToItsEndAndNotBeyond) 
   widget.PullBy(10'000);
   EXPECT_NEAR(widget.Pulled(), beyond, 2);
   const int end = widget.Pulled();
+  widget.PullBy(std::numeric_limits<int>::max());
+  EXPECT_EQ(widget.Pulled(), end);
   const QImage last = Paint(widget).copy(0, 0, 290, 120);
   EXPECT_LT(Ink(last, widget.Back()).bottom(), 119) << "the last line is whole";
   widget.resize(300, 150);
