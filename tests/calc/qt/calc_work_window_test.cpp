@@ -85,7 +85,7 @@ TEST_F(CalcWorkTest, AfterALongOneAnOrdinaryIntegralIsStillDoneBeforeTheKeyIsOve
   SharedCalcStore().Variables['N' - 'A'] = 1000;
   Line()->SetText(QStringLiteral("INTEGRAL X"));
   EXPECT_THAT(Status(), HasSubstr("Result : 0.5"));
-  // What was removed is told, too.
+  // The window also tells what was removed.
   Line()->SetText(QStringLiteral("1+1"));
   for (const int key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Down, Qt::Key_Delete}) Key(key);
   EXPECT_EQ(List()->Count(), 0);

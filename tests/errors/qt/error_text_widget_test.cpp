@@ -4,7 +4,6 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include <functional>
 #include <limits>
 
 #include "controls/draw_text.h"
@@ -253,21 +252,15 @@ TEST(ErrorCounterWidgetTest, TheDigitsAreAsLargeAsFitsIntoTheField) {
 TEST_F(ErrorTextWidgetTest, EachChangeOfTextFontOrPlaceIsPainted) {
   widget.SetText("HHHH");
   Activate(widget);
-  const auto paintsAfter = [this](const std::function<void()>& change) {
-    PaintCounter paints(widget);
-    change();
-    Settle();
-    return paints.Count();
-  };
-  EXPECT_EQ(paintsAfter([] {}), 0);
-  EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.SetCentred(false); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.SetTextFont(QFont()); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.SetText("MMMM"); }), 0) << "the same text again";
-  EXPECT_EQ(paintsAfter([this] { widget.SetText(Lines(50)); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.PullBy(10); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.PullBy(-10); }), 1);
-  EXPECT_EQ(paintsAfter([this] { widget.PullBy(-10); }), 0) << "it doesn't go further";
+  EXPECT_EQ(PaintsAfter(widget, [] {}), 0);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.SetText("MMMM"); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.SetCentred(false); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.SetTextFont(QFont()); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.SetText("MMMM"); }), 0) << "the same text again";
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.SetText(Lines(50)); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.PullBy(10); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.PullBy(-10); }), 1);
+  EXPECT_EQ(PaintsAfter(widget, [this] { widget.PullBy(-10); }), 0) << "it doesn't go further";
 }
 
 TEST(ErrorCounterWidgetTest, ANewNumberIsPainted) {

@@ -65,17 +65,9 @@ TEST_F(HelpLook, AKeyThatChangesIsPaintedAnew) {
   Make();
   OpenAt();
   HelpKeyButton* const key = KeyOf(help_id::kPanesKey);
-  const PaintCounter paints(*key);
-  const auto after = [&paints](const std::function<void()>& change) {
-    Settle();
-    const int before = paints.Count();
-    change();
-    Settle();
-    return paints.Count() - before;
-  };
-  EXPECT_GT(after([key] { key->SetSign(HelpKeyButton::Sign::kRight); }), 0);
-  EXPECT_GT(after([key] { key->SetChosen(true); }), 0);
-  EXPECT_EQ(after([] {}), 0);
+  EXPECT_GT(PaintsAfter(*key, [key] { key->SetSign(HelpKeyButton::Sign::kRight); }), 0);
+  EXPECT_GT(PaintsAfter(*key, [key] { key->SetChosen(true); }), 0);
+  EXPECT_EQ(PaintsAfter(*key, [] {}), 0);
 }
 
 TEST_F(HelpLook, LinesAndTheFieldForFindingHaveTheViewersFont) {

@@ -147,12 +147,7 @@ TEST_F(HelpPaint, WhileTheFirstManualIsBeingOpenedThePaneOfTheContentsIsChosen) 
 }
 
 TEST_F(HelpPaint, TheWordsAboutASearchAreThoseThatScriptsRead) {
-  book->found[u"axis"] = {{u"Start", u"start.htm"}};
-  Make();
-  OpenAt();
-  Touch(help_id::kSearchTab);
-  Line(help_id::kSearchLine)->setText("axis");
-  Touch(help_id::kSearchKey);
+  SearchForAxis();
   EXPECT_EQ(qobject_cast<QLabel*>(Control(help_id::kSearchStatus))->text(), "Pages found: 1");
   EXPECT_EQ(TextOf(help_id::kSearchStatus), "Pages found: 1");
 }

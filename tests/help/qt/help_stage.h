@@ -39,6 +39,15 @@ class HelpStage : public WindowStage {
     Settle();
     return answer;
   }
+  /// Opens the viewer with a manual that has the word in one page, and searches for it by touch.
+  void SearchForAxis() {
+    book->found[u"axis"] = {{u"Start", u"start.htm"}};
+    Make();
+    OpenAt();
+    Touch(help_id::kSearchTab);
+    Line(help_id::kSearchLine)->setText("axis");
+    Touch(help_id::kSearchKey);
+  }
   void Menu(int id) {
     Send(PNL_MSG_COMMAND, id);
     Settle();

@@ -176,12 +176,7 @@ TEST_F(HelpWindow, EnterInTheSearchsLineFindsAndTidies) {
 }
 
 TEST_F(HelpWindow, TheSearchsKeyAndATouchedResultWorkWithoutAKeyboard) {
-  book->found[u"axis"] = {{u"Start", u"start.htm"}};
-  Make();
-  OpenAt();
-  Touch(help_id::kSearchTab);
-  Line(help_id::kSearchLine)->setText("axis");
-  Touch(help_id::kSearchKey);
+  SearchForAxis();
   ListBox* results = List(help_id::kResults);
   ASSERT_EQ(results->Count(), 1);
   TouchRow(results, results->model()->index(0, 0));

@@ -50,13 +50,7 @@ TEST_F(MdiPaintTest, AMessageThatChangesNothingPaintsNothing) {
 
 TEST_F(MdiPaintTest, PaintsNothingOfThePanelBelow) {
   Open();
-  Settle();
-  const PaintCounter below(*area);
-  const PaintCounter own(*tool);
-  tool->update();
-  Settle();
-  EXPECT_EQ(own.Count(), 1);
-  EXPECT_EQ(below.Count(), 0);
+  ExpectPaintedAlone(*tool, *area);
 }
 
 TEST_F(MdiPaintTest, TheCaretStaysWhereItIsWhenTheFocusLeaves) {

@@ -72,6 +72,15 @@ class DeskTest : public FilesTest {
     desk_->Load(QString("C:\\") + name);
     Rest();
   }
+  /// Marks the first three bytes of a program in the folder of programs.
+  void ShowFirstWordOf(const char16_t* file) {
+    pnl::rig::ProgramSpot spot;
+    spot.folder = u"C:\\PROGRAMS";
+    spot.file = file;
+    spot.position = 0;
+    spot.span = 3;
+    desk_->ShowSpot(spot);
+  }
   void Store(const char* name) {
     desk_->Store(QString("C:\\") + name);
     Rest();
@@ -385,12 +394,7 @@ TEST_F(DeskTest, AnErrorsPlaceInTheOpenProgramAsksNothingAndReadsNothingAnew) {
   editor_.Edit().moveCursor(QTextCursor::End);
   editor_.Insert("(mine)");
   said_.clear();
-  pnl::rig::ProgramSpot spot;
-  spot.folder = u"C:\\PROGRAMS";
-  spot.file = u"A.NC";
-  spot.position = 0;
-  spot.span = 3;
-  desk_->ShowSpot(spot);
+  ShowFirstWordOf(u"A.NC");
   EXPECT_FALSE(question_.IsOpen());
   Rest();
   EXPECT_EQ(editor_.Edit().textCursor().selectedText(), "X1") << "in the first line, too";
@@ -400,12 +404,7 @@ TEST_F(DeskTest, AnErrorsPlaceInTheOpenProgramAsksNothingAndReadsNothingAnew) {
 
 TEST_F(DeskTest, APlaceIsNotMarkedInAProgramThatWasShownMeanwhile) {
   Load("PROGRAMS\\a.nc");
-  pnl::rig::ProgramSpot spot;
-  spot.folder = u"C:\\PROGRAMS";
-  spot.file = u"a.nc";
-  spot.position = 0;
-  spot.span = 3;
-  desk_->ShowSpot(spot);
+  ShowFirstWordOf(u"a.nc");
   desk_->TakeBack("C:\\PROGRAMS\\b.nc", "M3 M4\n", [] {});
   ASSERT_EQ(editor_.Text(), "M3 M4\n");
   Rest();

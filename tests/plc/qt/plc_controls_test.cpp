@@ -4,7 +4,6 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
-#include <functional>
 #include <utility>
 
 #include "controls/draw_text.h"
@@ -82,23 +81,12 @@ TEST_F(PlcControls, TheWindowsColourFillsAnEmptyArea) {
 
 TEST_F(PlcControls, WhatLiesBelowItIsNotPaintedWithIt) {
   Report(0);
-  const PaintCounter below(*area);
-  const PaintCounter own(*tool);
-  tool->update();
-  Settle();
-  EXPECT_EQ(own.Count(), 1);
-  EXPECT_EQ(below.Count(), 0);
+  ExpectPaintedAlone(*tool, *area);
 }
 
 TEST_F(PlcControls, WhatLiesBelowItsTitleIsNotPaintedWithIt) {
   Report(3);
-  Settle();
-  const PaintCounter below(*tool);
-  const PaintCounter own(*Control(plc_id::kTitle));
-  Control(plc_id::kTitle)->update();
-  Settle();
-  EXPECT_EQ(own.Count(), 1);
-  EXPECT_EQ(below.Count(), 0);
+  ExpectPaintedAlone(*Control(plc_id::kTitle), *tool);
 }
 
 TEST_F(PlcControls, TheCountIsInTheTitleLine) {
@@ -173,18 +161,10 @@ TEST_F(PlcControls, TheTitleLineShowsASignForShortcutsAsItIs) {
 TEST_F(PlcControls, ATitleLineThatChangesIsPaintedAnew) {
   Report(3);
   auto* const title = static_cast<PlcTitleWidget*>(Control(plc_id::kTitle));
-  const PaintCounter paints(*title);
-  const auto after = [&paints](const std::function<void()>& change) {
-    Settle();
-    const int before = paints.Count();
-    change();
-    Settle();
-    return paints.Count() - before;
-  };
-  EXPECT_GT(after([title] { title->SetText("another"); }), 0);
-  EXPECT_GT(after([title] { title->SetColors(0x123456, 0xFFFFFF); }), 0);
-  EXPECT_GT(after([title] { title->SetCount("1 of 2"); }), 0);
-  EXPECT_EQ(after([] {}), 0);
+  EXPECT_GT(PaintsAfter(*title, [title] { title->SetText("another"); }), 0);
+  EXPECT_GT(PaintsAfter(*title, [title] { title->SetColors(0x123456, 0xFFFFFF); }), 0);
+  EXPECT_GT(PaintsAfter(*title, [title] { title->SetCount("1 of 2"); }), 0);
+  EXPECT_EQ(PaintsAfter(*title, [] {}), 0);
 }
 
 // The room that a count gives back has a part of the title that was cut.

@@ -10,7 +10,7 @@ namespace {
 
 using PlcWindowEnd = PlcStage;
 
-/// The CNC's own variables, which tell when a report is closed.
+/// Passes everything on to the CNC's variables, and calls a function before a report is closed.
 class ToldVariables final : public Variables {
  public:
   ToldVariables(Variables& own, std::function<void(WindowHandle)> closing) : own_(own), closing_(std::move(closing)) {}

@@ -149,6 +149,15 @@ class KeptTexts : public PanelFixture {
     window_->Asking().Answer(1);
     Rest();
   }
+  /// Leaves a block and takes it back while the command line can't open, so that it waits.
+  void TakeBackWhileMdiIsRefused(const char* block) {
+    constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
+    rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
+    Leave(block, "");
+    TakeBack();
+    rig_.Cnc().Undefine(kEnabled);
+    ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  }
   [[nodiscard]] QString Folder() const { return QString::fromStdString(folder_.Folder("USER")); }
   /// What the journal of that number says: the block and the expression.
   [[nodiscard]] QString Journal(int number) const {
@@ -219,12 +228,7 @@ TEST_F(KeptTexts, OnlyTheToolOfWhatWasLeftOpensAndItIsPutBackOnce) {
 }
 
 TEST_F(KeptTexts, WhatIsPutBackLaterGoesIntoItsToolOnceThatOpens) {
-  constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
-  rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
-  Leave("G0 X7", "");
-  TakeBack();
-  rig_.Cnc().Undefine(kEnabled);
-  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  TakeBackWhileMdiIsRefused("G0 X7");
   Wait(60'000);
   EXPECT_EQ(Journal(2), "G0 X7|") << "it waits";
   Do(Action::kOpenMdi);
@@ -232,12 +236,7 @@ TEST_F(KeptTexts, WhatIsPutBackLaterGoesIntoItsToolOnceThatOpens) {
 }
 
 TEST_F(KeptTexts, WhatNeverReachedItsToolStaysForTheNextStart) {
-  constexpr const char16_t* kEnabled = u"DM.MDI.ENABLEC1";
-  rig_.Cnc().Define(kEnabled, pnl::rig::VariableType::kInt, std::int64_t{0}, true, true);
-  Leave("G0 X7", "");
-  TakeBack();
-  rig_.Cnc().Undefine(kEnabled);
-  ASSERT_FALSE(session_.IsToolOpen(PNL_TOOL_MDI));
+  TakeBackWhileMdiIsRefused("G0 X7");
   window_.reset();
   EXPECT_EQ(Journal(2), "G0 X7|");
 }
