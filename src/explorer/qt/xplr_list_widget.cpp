@@ -201,16 +201,18 @@ void ZCXPLRList::focusOutEvent(QFocusEvent* event) {
 }
 
 void ZCXPLRList::DrawReportRow(QPainter& painter, const QRect& bounds, int row) const {
-  const XplrRow& content = (*model_.AllRows())[static_cast<std::size_t>(row)];
+  const XplrRow* content = model_.Row(row);
+  // A view may still draw what its model has no more.
+  if (content == nullptr) return;
   Color text = TextColor();
   Color back = BackColor();
   if (selectionModel()->isSelected(model_.index(row, 0))) {
     text = hasFocus() ? SelectedText() : kPaleText;
-    back = !hasFocus() ? kPaleBack : content.IsSelectable() ? SelectedBack() : kRefusedBack;
+    back = !hasFocus() ? kPaleBack : content->IsSelectable() ? SelectedBack() : kRefusedBack;
   }
   painter.fillRect(bounds, ToQColor(back));
   painter.setPen(ToQColor(text));
-  DrawCells(painter, bounds, row, content);
+  DrawCells(painter, bounds, row, *content);
 }
 
 void ZCXPLRList::DrawMark(QPainter& painter, const QRect& cell, const QString& name) const {

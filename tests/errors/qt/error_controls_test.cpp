@@ -186,20 +186,12 @@ TEST_F(ErrorControlsTest, EveryPressIsTheWindowsOwn) {
 TEST_F(ErrorControlsTest, WhatLiesBehindAControlIsNotPaintedWithIt) {
   Open();
   Push(RecordBuilder());
-  const auto paintsOf = [](QWidget& behind, QWidget* shown) {
-    Settle();
-    const PaintCounter own(*shown);
-    const PaintCounter paints(behind);
-    shown->update();
-    Settle();
-    EXPECT_EQ(own.Count(), 1);
-    return paints.Count();
-  };
   for (const int id : {error_id::kTitleBox, error_id::kTitleLine, error_id::kDescription, error_id::kAcknowledge}) {
     ASSERT_TRUE(Control(id)->isVisible()) << id;
-    EXPECT_EQ(paintsOf(*tool, Control(id)), 0) << id;
+    SCOPED_TRACE(id);
+    ExpectPaintedAlone(*Control(id), *tool);
   }
-  EXPECT_EQ(paintsOf(*area, tool), 0);
+  ExpectPaintedAlone(*tool, *area);
 }
 
 TEST_F(ErrorControlsTest, TheHotKeyIsOneForTheWholePanelHoweverOftenItIsAskedFor) {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QPainter>
+#include <memory>
 #include <vector>
 
 #include "controls/fonts.h"
@@ -16,16 +18,6 @@
 
 namespace pnl::test {
 namespace {
-
-/// How often a widget paints itself because of what is done.
-template <typename Deed>
-int PaintsOf(QWidget& widget, Deed deed) {
-  Settle();
-  const PaintCounter paints(widget);
-  deed();
-  Settle();
-  return paints.Count();
-}
 
 // ---------------------------------------------------------------- the tree
 
@@ -88,8 +80,8 @@ TEST_F(XplrTreePaneTest, ItScrollsByPixels) {
 }
 
 TEST_F(XplrTreePaneTest, ItPaintsItsRowsAnewWhenTheFocusComesAndGoes) {
-  EXPECT_GT(PaintsOf(*tree->viewport(), [&] { tree->setFocus(); }), 0);
-  EXPECT_GT(PaintsOf(*tree->viewport(), [&] { other->setFocus(); }), 0);
+  EXPECT_GT(PaintsAfter(*tree->viewport(), [&] { tree->setFocus(); }), 0);
+  EXPECT_GT(PaintsAfter(*tree->viewport(), [&] { other->setFocus(); }), 0);
 }
 
 // ---------------------------------------------------------------- the list
@@ -159,11 +151,11 @@ TEST_F(XplrListPaneTest, ItsLastRowIsReachedWhateverItsHeight) {
 
 TEST_F(XplrListPaneTest, ItPaintsItsRowsAnewWhenTheyLookOtherwise) {
   QWidget& rows = *list->viewport();
-  EXPECT_GT(PaintsOf(rows, [&] { list->setFocus(); }), 0) << "the focus";
-  EXPECT_GT(PaintsOf(rows, [&] { list->SelectRow(1); }), 0);
-  EXPECT_GT(PaintsOf(rows, [&] { list->MarkTyped(2); }), 0) << "the letters that were typed";
-  EXPECT_GT(PaintsOf(rows, [&] { list->SelectRow(-1); }), 0) << "no row is selected any more";
-  EXPECT_GT(PaintsOf(rows, [&] { other->setFocus(); }), 0);
+  EXPECT_GT(PaintsAfter(rows, [&] { list->setFocus(); }), 0) << "the focus";
+  EXPECT_GT(PaintsAfter(rows, [&] { list->SelectRow(1); }), 0);
+  EXPECT_GT(PaintsAfter(rows, [&] { list->MarkTyped(2); }), 0) << "the letters that were typed";
+  EXPECT_GT(PaintsAfter(rows, [&] { list->SelectRow(-1); }), 0) << "no row is selected any more";
+  EXPECT_GT(PaintsAfter(rows, [&] { other->setFocus(); }), 0);
 }
 
 TEST_F(XplrListPaneTest, ItsModelAnnouncesThatItsRowsChange) {
@@ -223,6 +215,28 @@ TEST_F(XplrListPaneTest, ADateThatIsTooWideKeepsItsDay) {
   EXPECT_TRUE(drawn().contains(whole.section(u' ', 0, 0))) << drawn().join(" | ").toStdString();
 }
 
+/// Lets a test draw as the view does that is the list's base.
+class DrawnList final : public ZCXPLRList {
+ public:
+  using ZCXPLRList::DrawReportRow;
+  using ZCXPLRList::ZCXPLRList;
+};
+
+TEST(XplrListRowTest, ARowThatHasGoneIsNotDrawn) {
+  DrawnList list(1, nullptr);
+  list.SetLook(18, {});
+  list.SetRows(std::make_shared<const std::vector<XplrRow>>(2));
+  for (const int row : {-1, 0, 1, 2, 1'000'000}) {
+    QImage image(100, 20, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    list.DrawReportRow(painter, image.rect(), row);
+    painter.end();
+    const bool there = row == 0 || row == 1;
+    EXPECT_EQ(Ink(image, 0xFF00FF).isEmpty(), !there) << row;
+  }
+}
+
 TEST_F(XplrListPaneTest, ItsRowsHaveNoRowsBelowThem) {
   const QModelIndex row = list->model()->index(0, 0);
   EXPECT_EQ(list->model()->rowCount(row), 0);
@@ -240,8 +254,8 @@ TEST_F(XplrListPaneTest, ThePreviewHasTheFontOfTheRows) {
 TEST_F(XplrListPaneTest, NothingUnderThePreviewIsPaintedWithIt) {
   list->ShowPreview({true, u"A.NC", {u"G0"}});
   auto* pane = list->findChild<XplrPreviewPane*>();
-  EXPECT_EQ(PaintsOf(*list->viewport(), [&] { pane->update(); }), 0);
-  EXPECT_GT(PaintsOf(*pane, [&] { list->ShowPreview({true, u"A.NC", {u"G1"}}); }), 0);
+  EXPECT_EQ(PaintsAfter(*list->viewport(), [&] { pane->update(); }), 0);
+  EXPECT_GT(PaintsAfter(*pane, [&] { list->ShowPreview({true, u"A.NC", {u"G1"}}); }), 0);
 }
 
 TEST(XplrPreviewTextTest, NameAndLinesAreCutAtTheirMargins) {
